@@ -1,0 +1,61 @@
+#include "cli/Console.h"
+
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <cstdio>
+
+#include "platform/modFiles.h"
+
+namespace dorvik {
+
+namespace modConsole {
+
+namespace {
+
+constexpr std::size_t kDefaultWidth = 80;
+
+void Write(std::FILE* stream, std::string_view text) {
+    std::fwrite(text.data(), 1, text.size(), stream);
+    std::fflush(stream);
+}
+
+}  // namespace
+
+void Print(std::string_view text) {
+    Write(stdout, text);
+}
+
+void PrintError(std::string_view sentence) {
+    Write(stderr, "dorvik: " + std::string(sentence) + "\n");
+}
+
+bool OutputIsTerminal() {
+    return ::isatty(STDOUT_FILENO) == 1;
+}
+
+bool ErrorIsTerminal() {
+    return ::isatty(STDERR_FILENO) == 1;
+}
+
+std::size_t ErrorWidth() {
+    winsize size{};
+    if (::ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) {
+        return size.ws_col;
+    }
+    return kDefaultWidth;
+}
+
+std::string ShownPath(std::string_view path) {
+    const std::filesystem::path host = modFiles::HostPath(path);
+    // A Windows path that cannot exist here is shown as the project file has it.
+    return host.empty() ? std::string(path) : host.string();
+}
+
+}  // namespace modConsole
+
+void ConsoleMessageBox::Show(const MessageText& message) {
+    modConsole::PrintError(message.Text);
+}
+
+}  // namespace dorvik

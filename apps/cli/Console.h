@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "platform/IMessageBox.h"
+
+namespace dorvik {
+
+/// The two streams of a command line program. Findings and results go to standard output; errors,
+/// progress and everything else to standard error.
+namespace modConsole {
+
+void Print(std::string_view text);
+/// One sentence on standard error, behind the program's name.
+void PrintError(std::string_view sentence);
+
+bool OutputIsTerminal();
+bool ErrorIsTerminal();
+/// Columns of the terminal behind standard error; 80 where there is none.
+std::size_t ErrorWidth();
+
+/// A path of this machine for the eyes of a person.
+std::string ShownPath(std::string_view path);
+
+}  // namespace modConsole
+
+/// Shows the engine's message boxes as lines on standard error; nothing waits for an answer.
+class ConsoleMessageBox final : public IMessageBox {
+public:
+    void Show(const MessageText& message) override;
+};
+
+}  // namespace dorvik

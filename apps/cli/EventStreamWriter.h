@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "cli/Interrupt.h"
+#include "parser/VB6ParserState.h"
+#include "review/IProjectEventListener.h"
+
+namespace dorvik {
+
+class VirtualObject;
+
+/// Writes each parser event as one JSON object on a line of standard output.
+class EventStreamWriter final : public IProjectEventListener {
+public:
+    /// REQUIRES: `interrupt` outlives this object.
+    explicit EventStreamWriter(const Interrupt& interrupt) : m_interrupt(interrupt) {}
+    ~EventStreamWriter() override;
+
+    void EventFired(
+        dorvik::ParserEvent event,
+        const VB6ParserState& state,
+        const VirtualSourceFile* file) override;
+    void FileFailed(const VirtualSourceFile& file) override;
+    bool StopRequested() override;
+
+    int FailedFiles() const { return m_failedFiles; }
+
+private:
+    void Flush();
+
+    const Interrupt& m_interrupt;
+    std::string m_pending;  // lines not yet written
+    const VirtualSourceFile* m_file = nullptr;
+    std::string m_shownFile;
+    int m_failedFiles = 0;
+};
+
+}  // namespace dorvik

@@ -1,0 +1,41 @@
+#include "cli/EventsCommand.h"
+
+#include "cli/Console.h"
+#include "cli/EventStreamWriter.h"
+#include "cli/Interrupt.h"
+#include "cli/ProjectFinder.h"
+#include "cli/ProjectStatusText.h"
+#include "platform/modFiles.h"
+#include "review/ProjectEventWalk.h"
+#include "source/modDorvikUtils.h"
+
+namespace dorvik {
+
+ExitCode RunEvents(const EventsOptions& options) {
+    modFiles::SetNameCodePage(options.CodePage);
+    if (!modDorvikUtils::IsVBPFile(options.Path)) {
+        modConsole::PrintError("'" + options.Path + "' is no project file (.vbp)");
+        return ExitCode::NothingDone;
+    }
+    const FoundProjects found = modProjectFinder::FindProjects({options.Path}, options.CodePage);
+    for (const std::string& error : found.Errors) {
+        modConsole::PrintError(error);
+    }
+    if (found.Filenames.empty()) {
+        return ExitCode::NothingDone;
+    }
+    VirtualProject project(options.CodePage);
+    const ProjectLoadStatus status = project.LoadProject(found.Filenames.front());
+    if (status != ProjectLoadStatus::Good) {
+        modConsole::PrintError(ProjectStatusText(found.Filenames.front(), status));
+        return ExitCode::Incomplete;
+    }
+    const Interrupt interrupt;
+    EventStreamWriter writer(interrupt);
+    if (!ProjectEventWalk(project, writer).Run()) {
+        return ExitCode::Interrupted;
+    }
+    return writer.FailedFiles() == 0 ? ExitCode::Passed : ExitCode::Incomplete;
+}
+
+}  // namespace dorvik

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+#include "cli/ExitCode.h"
+#include "platform/modEncoding.h"
+
+namespace dorvik {
+
+struct EventsOptions {
+    std::string Path;
+    int CodePage = modEncoding::kDefaultCodePage;
+};
+
+/// Prints the event stream of a project, without rules and without results.
+ExitCode RunEvents(const EventsOptions& options);
+
+}  // namespace dorvik

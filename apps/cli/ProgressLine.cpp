@@ -1,0 +1,61 @@
+#include "cli/ProgressLine.h"
+
+#include <array>
+#include <cstdio>
+
+#include "base/modUtf8.h"
+#include "cli/Console.h"
+#include "foundation/modUtilFunctions.h"
+
+namespace dorvik {
+
+namespace {
+
+std::string Figures(const ProgressInfo& progress) {
+    std::array<char, 64> buffer{};
+    const int length = std::snprintf(
+        buffer.data(),
+        buffer.size(),
+        " file %3d%%  project %3d%%  review %3d%%",
+        progress.SourceFilePercentage(),
+        progress.ProjectPercentage(),
+        progress.ReviewPercentage());
+    return {buffer.data(), static_cast<std::size_t>(length)};
+}
+
+}  // namespace
+
+ProgressLine::~ProgressLine() {
+    Clear();
+}
+
+void ProgressLine::Show(const ProgressInfo& progress) {
+    if (!m_shown) {
+        return;
+    }
+    const std::string figures = Figures(progress);
+    // The last column stays free: a line that fills the terminal would wrap.
+    const std::size_t width = modConsole::ErrorWidth() - 1;
+    const std::size_t room = width > figures.size() ? width - figures.size() : 0;
+    std::string names = progress.ProjectName() + "  " +
+                        modUtilFunctions::FilenameFromFullPathName(progress.SourceFilePath());
+    names = std::string(modUtf8::Left(names, room));
+    names.append(room - modUtf8::Length(names), ' ');
+    const std::string line = names + figures;
+    if (line == m_line) {
+        return;
+    }
+    m_line = line;
+    std::fputs(("\r" + m_line).c_str(), stderr);
+    std::fflush(stderr);
+}
+
+void ProgressLine::Clear() {
+    if (!m_line.empty()) {
+        std::fputs(("\r" + std::string(modUtf8::Length(m_line), ' ') + "\r").c_str(), stderr);
+        std::fflush(stderr);
+        m_line.clear();
+    }
+}
+
+}  // namespace dorvik

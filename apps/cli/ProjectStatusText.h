@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "source/VirtualProject.h"
+#include "source/VirtualSourceFile.h"
+
+namespace dorvik {
+
+/// The sentence for a project file that could not be loaded.
+std::string ProjectStatusText(std::string_view filename, ProjectLoadStatus status);
+
+/// The sentence for a source file that was not, or not wholly, reviewed.
+std::string SourceFileStatusText(std::string_view filename, SourceFileStatus status);
+
+}  // namespace dorvik

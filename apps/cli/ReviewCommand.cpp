@@ -1,0 +1,153 @@
+#include "cli/ReviewCommand.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+
+#include "cli/Console.h"
+#include "cli/Interrupt.h"
+#include "cli/ProgressLine.h"
+#include "cli/ProjectFinder.h"
+#include "cli/ProjectStatusText.h"
+#include "cli/ReviewSummary.h"
+#include "criteria/ReviewCriteria.h"
+#include "platform/modFiles.h"
+#include "review/ReviewManager.h"
+#include "rulebase/Rulebase.h"
+#include "settings/modGlobal.h"
+
+namespace dorvik {
+
+namespace {
+
+/// Steps between two looks at the interrupt flag; a step is about one source line.
+constexpr std::int32_t kStepsASlice = 500;
+
+std::string InnerPath(const std::string& hostPath, int codePage) {
+    return modFiles::FromHostPath(std::filesystem::absolute(hostPath).lexically_normal(), codePage);
+}
+
+std::string RulebaseFile(const ReviewOptions& options) {
+    return options.RulebaseFile.empty() ? modGlobal::WorkData().LastRulebase()
+                                        : InnerPath(options.RulebaseFile, options.CodePage);
+}
+
+bool Wants(const ReviewOptions& options, const char* convention) {
+    return options.Conventions.empty() ||
+           std::find(options.Conventions.begin(), options.Conventions.end(), convention) !=
+               options.Conventions.end();
+}
+
+void FillLoadCriteria(RulebaseLoadCriteria& load, const ReviewOptions& options) {
+    load.SetRulebaseFile(RulebaseFile(options));
+    load.SetAuthorisedComponents(Wants(options, "ac"));
+    load.SetAuthorisedReferences(Wants(options, "ar"));
+    load.SetCodingConventions(Wants(options, "cc"));
+    load.SetNamingConventions(Wants(options, "nc"));
+    load.SetUnauthorisedKeywords(Wants(options, "uk"));
+    for (std::int32_t level = 1; level <= 5; ++level) {
+        const auto& wanted = options.Severities;
+        load.SetSeverityLevel(
+            level,
+            wanted.empty() || std::find(wanted.begin(), wanted.end(), level) != wanted.end());
+    }
+}
+
+std::shared_ptr<ReviewCriteria> MakeCriteria(
+    const ReviewOptions& options,
+    const std::vector<std::string>& filenames) {
+    auto criteria = std::make_shared<ReviewCriteria>();
+    criteria->SetReviewType(ReviewType_Batch);
+    criteria->SetReportOption(0);
+    criteria->SetClearLogBeforeReview(options.ClearLog);
+    criteria->SetUseProjectFolderResults(options.ResultsFolder.empty());
+    if (!options.ResultsFolder.empty()) {
+        criteria->SetFixedFolderResults(InnerPath(options.ResultsFolder, options.CodePage));
+    }
+    FillLoadCriteria(criteria->LoadCriteria(), options);
+    for (const std::string& filename : filenames) {
+        const auto project = std::make_shared<VirtualProject>(options.CodePage);
+        project->SetFilename(filename);
+        criteria->ProjectList().Add(filename, project, true, false);
+    }
+    return criteria;
+}
+
+/// Runs the review to its end, or until the user gives up.
+SliceResult Drive(ReviewManager& manager, const ReviewOptions& options) {
+    const Interrupt interrupt;
+    ProgressLine line(!options.Quiet && (options.Progress || modConsole::ErrorIsTerminal()));
+    manager.SetProgressHandler([&](const ProgressInfo& progress, bool& cancel) {
+        line.Show(progress);
+        cancel = cancel || interrupt.Requested();
+    });
+    auto result = SliceResult::Continue;
+    while (result == SliceResult::Continue) {
+        result = manager.ReviewTimeSlice(kStepsASlice);
+    }
+    return result;
+}
+
+/// Says what could not be reviewed. False if there was anything.
+bool TellFailures(ReviewCriteria& criteria) {
+    bool complete = true;
+    auto& projects = criteria.ProjectList();
+    for (std::int32_t index = 1; index <= projects.Count(); ++index) {
+        const VirtualProject& project = *projects.Item(index);
+        if (project.LoadStatus() != ProjectLoadStatus::Good) {
+            modConsole::PrintError(ProjectStatusText(project.Filename(), project.LoadStatus()));
+            complete = false;
+        }
+        for (const UnreviewedFile& file : project.UnreviewedFiles()) {
+            modConsole::PrintError(SourceFileStatusText(file.Filename, file.Status));
+            complete = false;
+        }
+    }
+    return complete;
+}
+
+}  // namespace
+
+ExitCode RunReview(const ReviewOptions& options) {
+    modFiles::SetNameCodePage(options.CodePage);
+    const FoundProjects found = modProjectFinder::FindProjects(options.Paths, options.CodePage);
+    for (const std::string& error : found.Errors) {
+        modConsole::PrintError(error);
+    }
+    if (found.Filenames.empty()) {
+        return ExitCode::NothingDone;
+    }
+    const std::string rulebase = RulebaseFile(options);
+    if (!modFiles::FileExists(rulebase)) {
+        modConsole::PrintError("the rulebase '" + modConsole::ShownPath(rulebase) + "' does not exist");
+        return ExitCode::NothingDone;
+    }
+
+    const std::shared_ptr<ReviewCriteria> criteria = MakeCriteria(options, found.Filenames);
+    ReviewManager manager;
+    manager.InitialiseReview(criteria);
+    const SliceResult result = Drive(manager, options);
+    if (result == SliceResult::Aborted) {
+        modConsole::PrintError("interrupted; the project at hand has no results");
+        return ExitCode::Interrupted;
+    }
+    if (result == SliceResult::Failed) {
+        modConsole::PrintError("the rulebase '" + modConsole::ShownPath(rulebase) + "' cannot be read");
+        return ExitCode::NothingDone;
+    }
+
+    ReviewSummary summary(*criteria);
+    if (!options.Quiet) {
+        summary.Print();
+    }
+    const bool complete = TellFailures(*criteria) && summary.AllReviewed() && found.Errors.empty();
+    if (summary.ReviewedProjects() == 0) {
+        return ExitCode::NothingDone;
+    }
+    if (!complete) {
+        return ExitCode::Incomplete;
+    }
+    return summary.AllPassed() ? ExitCode::Passed : ExitCode::Failed;
+}
+
+}  // namespace dorvik

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "cli/ExitCode.h"
+#include "platform/modEncoding.h"
+
+namespace dorvik {
+
+struct ReviewOptions {
+    std::vector<std::string> Paths;
+    std::string RulebaseFile;              // empty: the sample rulebase
+    std::string ResultsFolder;             // empty: beside each project
+    std::vector<std::string> Conventions;  // empty: all kinds
+    std::vector<std::int32_t> Severities;  // empty: all levels
+    int CodePage = modEncoding::kDefaultCodePage;
+    bool ClearLog = false;
+    bool Progress = false;
+    bool Quiet = false;
+};
+
+/// Reviews all projects that the paths stand for, as one review, and prints what came out.
+ExitCode RunReview(const ReviewOptions& options);
+
+}  // namespace dorvik

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "results/Finding.h"
+#include "source/ViolationStatistics.h"
+
+namespace dorvik {
+
+class ReviewCriteria;
+class ResultsDB;
+
+/// What a review found, project by project, read back from the results databases.
+class ReviewSummary {
+public:
+    /// Reads the results of every project of a finished review.
+    explicit ReviewSummary(ReviewCriteria& criteria);
+
+    /// Prints the summary of each reviewed project, worst findings first, to standard output.
+    void Print() const;
+
+    std::size_t ReviewedProjects() const { return m_projects.size(); }
+    /// True if every project left results behind.
+    bool AllReviewed() const { return m_allReviewed; }
+    /// True if the verdict of every reviewed project is a pass.
+    bool AllPassed() const;
+
+private:
+    struct ProjectResults {
+        std::string Filename;      // of the project
+        std::string ResultsFile;
+        std::int32_t Files = 0;    // reviewed source files
+        std::int32_t Lines = 0;    // counted source lines
+        ViolationStatistics Violations;
+        std::vector<Finding> Worst;
+        std::vector<std::string> FailedMeasures;
+        bool Passed = true;
+    };
+
+    static bool Read(ProjectResults& results);
+    static std::string Describe(const ProjectResults& results);
+
+    std::vector<ProjectResults> m_projects;
+    bool m_allReviewed = true;
+};
+
+}  // namespace dorvik

@@ -1,0 +1,28 @@
+# One place for the language level, the warnings and the sanitizers of the project's own code.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+option(DORVIK_TESTS "Build the tests" ON)
+option(DORVIK_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+
+add_library(dorvik_compiler INTERFACE)
+target_compile_options(dorvik_compiler INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wswitch-enum -Wnon-virtual-dtor -Woverloaded-virtual
+    -Wimplicit-fallthrough -Wsuggest-override -Werror)
+
+if(DORVIK_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+
+find_program(DORVIK_CCACHE ccache)
+if(DORVIK_CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${DORVIK_CCACHE}")
+endif()
+
+find_program(DORVIK_MOLD mold)
+if(DORVIK_MOLD)
+    add_link_options(-fuse-ld=mold)
+endif()

@@ -1,0 +1,10 @@
+# The libraries from outside; docs/dependencies.md gives the reason for each.
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(sqlite3 REQUIRED IMPORTED_TARGET sqlite3)
+pkg_check_modules(pcre2 REQUIRED IMPORTED_TARGET libpcre2-8)
+pkg_check_modules(libxml2 REQUIRED IMPORTED_TARGET libxml-2.0)
+find_package(Iconv REQUIRED)
+if(DORVIK_TESTS)
+    find_package(GTest REQUIRED)
+    include(GoogleTest)
+endif()

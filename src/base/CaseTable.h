@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+namespace dorvik {
+
+/// A run of characters that lie equally far from their other case: `First`, every `Step`-th one
+/// behind it, to `Last`. `Distance` is what to add for the other case.
+struct CaseRun {
+    std::uint32_t First;
+    std::uint32_t Last;
+    std::uint32_t Step;
+    std::int32_t Distance;
+};
+
+/// The simple case mappings of all characters outside ASCII, rising. Only `modTextCase` reads them.
+std::span<const CaseRun> LowerRuns();
+std::span<const CaseRun> UpperRuns();
+
+}  // namespace dorvik

@@ -1,0 +1,292 @@
+#include "parser/ScopeName.h"
+#include "enforcement/ResultsManager.h"
+
+#include <exception>
+
+#include "base/BasicError.h"
+#include "base/modTextCase.h"
+#include "criteria/ReviewCriteria.h"
+#include "foundation/Trap.h"
+#include "foundation/modLog.h"
+#include "foundation/modUtilFunctions.h"
+#include "parser/VBParserEvents.h"
+#include "platform/modFiles.h"
+#include "platform/modHost.h"
+#include "results/modResultsFilename.h"
+#include "rulebase/ViolationDefinition.h"
+#include "settings/modGlobal.h"
+#include "source/VirtualProject.h"
+#include "source/VirtualSourceFile.h"
+
+namespace dorvik {
+
+namespace {
+
+constexpr std::string_view kModule = "C_ResultsManager";
+
+/// The object that owns the violations of a location; empty for a location without one.
+std::string_view OwnerName(Location location) {
+    switch (location) {
+        case Location::File: return scopename::kProjectFile;
+        case Location::Layout:
+        case Location::Control: return scopename::kLayout;
+        case Location::Declarations: return scopename::kDeclarations;
+        case Location::Procedure:
+        case Location::PropertyGet:
+        case Location::PropertyLet:
+        case Location::PropertySet: return scopename::kProcedure;
+        case Location::None: return {};
+    }
+    return {};
+}
+
+/// Project, layout and control have no source line of their own.
+bool HasSourceLine(Location location) {
+    const std::string_view owner = OwnerName(location);
+    return owner == scopename::kDeclarations || owner == scopename::kProcedure;
+}
+
+void ShowLockedDatabase(const std::string& filename) {
+    modHost::ShowMessage(
+        {MessageIcon::Exclamation,
+         "Dorvik",
+         "Unable to replace the existing results database '" + filename +
+             "', because it is locked by another process."});
+}
+
+}  // namespace
+
+ResultsManager::ResultsManager() : m_resultsDB(std::make_unique<dorvik::ResultsDB>()) {}
+
+ResultsManager::~ResultsManager() {
+    modLog::Log().CloseReview();
+}
+
+bool ResultsManager::BeginReview(
+    std::string_view projectFile,
+    const ReviewCriteria& criteria,
+    const Rulebase& rulebase) {
+    bool started = false;
+    Trap({kModule, "BeginReview"}, [&] {
+        m_resultsDB = std::make_unique<dorvik::ResultsDB>();
+        const std::string altPath =
+            criteria.UseProjectFolderResults() ? std::string() : criteria.FixedFolderResults();
+        const std::string target = modDorvikUtils::CreateResultsFilename(projectFile, altPath);
+        // The log is opened before the results file, so its folder has to be there first.
+        if (!modUtilFunctions::CreateFullPath(modUtilFunctions::PathFromFilename(target))) {
+            return;
+        }
+        modLog::Log().SetReviewLog(
+            modDorvikUtils::CreateProjectLogFilename(projectFile, altPath),
+            criteria.ClearLogBeforeReview());
+        started = PrepareResultsFile(target) && m_resultsDB->StartReview(target, rulebase, criteria);
+    });
+    return started;
+}
+
+bool ResultsManager::PrepareResultsFile(const std::string& target) const {
+    const std::string& templateFile = modGlobal::Data().ProjectResultsDB();
+    if (modFiles::FileExists(target) && !modFiles::TryDeleteUnlocked(target)) {
+        ShowLockedDatabase(target);
+        return false;
+    }
+    if (!modFiles::FileExists(templateFile)) {
+        modLog::Log().LogSetupError(
+            "Template results database file '" + templateFile + "' not found.", "BeginReview", kModule);
+        return false;
+    }
+    modFiles::CopyFile(templateFile, target);
+    return true;
+}
+
+void ResultsManager::EndReview(std::int32_t ruleExecutionCount) {
+    m_resultsDB->EndReview(ruleExecutionCount);
+    modLog::Log().CloseReview();
+}
+
+void ResultsManager::AbortReview() {
+    m_resultsDB->AbortReview();
+    modLog::Log().CloseReview();
+}
+
+Violation ResultsManager::MakeViolation(const ViolationDefinition& definition, const Origin& origin) const {
+    Violation violation;
+    violation.Location = static_cast<std::int32_t>(origin.Place);
+    violation.LocationMember = origin.LocationMember;
+    violation.Title = definition.Title();
+    violation.Impact = definition.Impact();
+    violation.Severity = definition.Severity();
+    violation.CategoryID = definition.CategoryID();
+    violation.RuleID = origin.RuleID;
+    violation.RuleType = static_cast<std::int32_t>(origin.RuleType);
+    return violation;
+}
+
+void ResultsManager::RaiseViolation(
+    const ViolationDefinition& definition,
+    const Origin& origin,
+    std::string_view advice) {
+    Trap({kModule, "RaiseViolation"}, [&] {
+        Violation violation = MakeViolation(definition, origin);
+        if (HasSourceLine(origin.Place)) {
+            violation.SourceLineNumber = m_parserState.SourceLineNumber();
+            violation.SourceLine = m_parserState.PhysicalSourceLine();
+        }
+        // The marks make a failed tag in the log say which text it stood in.
+        MarkCurrentRule(origin.RuleID, " - Violation");
+        violation.Description = ChangeTagsToValues(definition.Description());
+        MarkCurrentRule(origin.RuleID, " - Advice");
+        violation.Advice = ChangeTagsToValues(advice.empty() ? std::string_view(definition.Advice()) : advice);
+        MarkCurrentRule(origin.RuleID, "");
+        LogViolation(violation);
+    });
+}
+
+void ResultsManager::MarkCurrentRule(std::int32_t ruleId, std::string_view mark) {
+    if (ruleId > 0) {
+        m_parserState.SetCurrentRuleID(std::to_string(ruleId).append(mark));
+    }
+}
+
+void ResultsManager::RaiseEndEventViolation(
+    const ViolationDefinition& definition,
+    const Origin& origin,
+    ParserEvent event) {
+    Trap({kModule, "RaiseEndEventViolation"}, [&] {
+        Violation violation = MakeViolation(definition, origin);
+        if (event == ParserEvent::EndEnum || event == ParserEvent::EndType || event == ParserEvent::EndProcedure) {
+            violation.SourceLineNumber = m_parserState.ObjectStartLineNumber();
+            violation.SourceLine = m_parserState.ObjectStartSourceLine();
+        } else if (event == ParserEvent::EndDeclarations) {
+            violation.SourceLineNumber = 1;
+        }
+        violation.Description = ChangeTagsToValues(definition.Description());
+        violation.Advice = ChangeTagsToValues(definition.Advice());
+        LogViolation(violation);
+    });
+}
+
+void ResultsManager::LogViolation(const Violation& violation) {
+    Trap({kModule, "LogViolation"}, [&] {
+        std::shared_ptr<VirtualObject> object =
+            m_parserState.GetVirtualObject(OwnerName(static_cast<Location>(violation.Location)));
+        if (!object) {
+            RaiseRuntimeError(runtimeerror::kObjectNotSet);
+        }
+        m_resultsDB->LogViolation(object->ObjectID(), object->ObjectType(), violation);
+        while (true) {
+            object->ViolationStats().IncrementCount(violation.Severity, violation.Impact);
+            if (object->ParentViolations().empty()) {
+                return;
+            }
+            object = m_parserState.GetVirtualObject(object->ParentViolations());
+            if (!object) {
+                RaiseRuntimeError(runtimeerror::kObjectNotSet);
+            }
+        }
+    });
+}
+
+std::string ResultsManager::ChangeTagsToValues(std::string_view text) {
+    constexpr char kMark = '%';
+    std::string working(text);
+    std::string result(text);
+    while (true) {
+        const std::size_t first = working.find(kMark);
+        const std::size_t second = first == std::string::npos ? first : working.find(kMark, first + 1);
+        if (second == std::string::npos) {
+            return result;
+        }
+        const std::string tag = working.substr(first, second - first + 1);
+        const std::size_t dot = tag.find('.');
+        // Required: a malformed tag ends the expansion; whatever stands behind it stays as it is.
+        if (tag.find(' ') != std::string::npos || dot == std::string::npos || dot < 2) {
+            return result;
+        }
+        const std::string value = TagValue(tag);
+        // The search runs on a copy in which a handled tag leaves no "%", so that a percent sign
+        // inside a value is never taken for a tag.
+        working = modTextCase::ReplaceAll(working, tag, "@");
+        result = modTextCase::ReplaceAll(result, tag, value);
+    }
+}
+
+std::string ResultsManager::TagValue(std::string_view tag) {
+    const std::size_t dot = tag.find('.');
+    const std::string_view object = tag.substr(1, dot - 1);
+    const std::string_view property = tag.substr(dot + 1, tag.size() - dot - 2);
+    bool found = false;
+    std::string errorText;
+    const Variant value = m_parserState.GetObjectProperty(object, property, found, errorText);
+    if (!found) {
+        DumpDebugPrint(errorText, true);
+    }
+    return value.AsText();
+}
+
+void ResultsManager::LogVirtualObjectResults(std::string_view objectName) {
+    Trap({kModule, "LogVirtualObjectResults"}, [&] {
+        const std::shared_ptr<VirtualObject> object = m_parserState.GetVirtualObject(objectName);
+        if (!object || object->ObjectID() == 0) {
+            return;
+        }
+        m_resultsDB->LogVirtualObjectProperties(*object);
+        m_resultsDB->LogVirtualObjectViolationStats(*object);
+        if (object->HasLSTATS()) {
+            m_resultsDB->LogVirtualObjectLineStats(*object);
+        }
+    });
+}
+
+void ResultsManager::DumpDebugPrint(std::string_view message, bool withPrefix) {
+    std::string line;
+    if (withPrefix) {
+        line = "[Event:" + GetParserEvent() + "]";
+        if (!m_parserState.CurrentRuleID().empty()) {
+            line += "[Rule:" + m_parserState.CurrentRuleID() + "] ";
+        }
+    }
+    modLog::Log().LogMessage(line.append(message));
+}
+
+void ResultsManager::DumpVirtualObject(std::string_view objectName) {
+    Trap({kModule, "DumpVirtualObject"}, [&] {
+        LogFile& log = modLog::Log();
+        const std::string name(objectName);
+        const auto dump = [&log](KeyedArrayList& values) {
+            for (std::int32_t index = 1; index <= values.Count(); ++index) {
+                log.LogMessage("   " + values.Key(index) + "=" + values.Item(index).AsText());
+            }
+        };
+        log.LogMessage(
+            "[Event:" + GetParserEvent() + "][Rule:" + m_parserState.CurrentRuleID() + "][Object:" + name + "]");
+        log.LogMessage("=== " + name + " Properties ===");
+        const std::shared_ptr<VirtualObject> object = m_parserState.GetVirtualObject(objectName);
+        if (!object) {
+            RaiseRuntimeError(runtimeerror::kObjectNotSet);
+        }
+        dump(object->Properties());
+        if (object->Workfields().Count() > 0) {
+            log.LogMessage("=== " + name + " Workfields ===");
+            dump(object->Workfields());
+        }
+        log.LogMessage("===");
+    });
+}
+
+std::string ResultsManager::GetParserEvent() const {
+    return std::string(VBParserEvents::ParserEventText(static_cast<std::int32_t>(m_parserState.ParserEvent())));
+}
+
+bool ResultsManager::IsClassName(std::string_view name) const {
+    const auto* file = m_project->SourceFiles().Find(name);
+    return file != nullptr && (*file)->FileType() == FileType::Class;
+}
+
+bool ResultsManager::IsFormName(std::string_view name) const {
+    const auto* file = m_project->SourceFiles().Find(name);
+    return file != nullptr &&
+           ((*file)->FileType() == FileType::Form || (*file)->FileType() == FileType::MDIForm);
+}
+
+}  // namespace dorvik

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "foundation/modLog.h"
+
+#include <exception>
+#include <string_view>
+#include <utility>
+
+namespace dorvik {
+
+/// Where a failure is trapped, as a line of the log names it: the class (or the tag of a module of
+/// functions) and the operation.
+struct Place {
+    std::string_view Module;
+    std::string_view Procedure;
+};
+
+/// Runs the body of an operation. A failure inside is logged under `place` and goes no further.
+/// True if the body ran to its end. What the body assigned before a failure stays assigned, so the
+/// caller gives its result the default first. Costs nothing as long as nothing fails.
+///
+/// A log that cannot be written to raises out of here, to whoever traps around the caller.
+template <typename Body>
+bool Trap(const Place& place, Body&& body) {
+    try {
+        std::forward<Body>(body)();
+        return true;
+    } catch (const std::exception& failure) {
+        modLog::LogFailure(failure, place.Procedure, place.Module);
+        return false;
+    }
+}
+
+}  // namespace dorvik

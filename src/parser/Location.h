@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstdint>
+
+namespace dorvik {
+
+/// Where in a source file the parser stands, as rules and the violation log read it.
+enum class Location : std::int32_t {
+    None = 0,  // before the first file
+    File = 1,  // at the end of a file: file level
+    Layout = 2,
+    Declarations = 3,  // declarations, and anything between procedures
+    Procedure = 4,     // in a Sub or Function
+    Control = 5,
+    PropertyGet = 6,
+    PropertyLet = 7,
+    PropertySet = 8,
+};
+
+}  // namespace dorvik

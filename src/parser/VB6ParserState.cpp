@@ -1,0 +1,314 @@
+#include "parser/VB6ParserState.h"
+
+#include "base/modKyErrors.h"
+#include "base/modTextCase.h"
+#include "foundation/Trap.h"
+#include "parser/ScopeName.h"
+#include "parser/VBParserEvents.h"
+#include "source/VirtualObject.h"
+#include "source/modSource.h"
+
+#include <algorithm>
+#include <array>
+
+namespace dorvik {
+
+namespace {
+
+constexpr std::string_view kModule = "C_VB6ParserState";
+constexpr std::string_view kWorkfieldPrefix = "WF.";
+
+/// Whether line statistics answer for properties that the bag of the object lacks.
+bool AnswersWithLineStatistics(std::string_view objectName) {
+    constexpr std::array kNames = {
+        scopename::kEnum,
+        scopename::kFile,
+        scopename::kProcedure,
+        scopename::kProject,
+        scopename::kType,
+    };
+    return std::any_of(kNames.begin(), kNames.end(), [&](std::string_view name) {
+        return modTextCase::Equal(name, objectName);
+    });
+}
+
+std::string Concatenate(std::initializer_list<std::string_view> parts) {
+    std::string text;
+    for (const std::string_view part : parts) {
+        text += part;
+    }
+    return text;
+}
+
+/// The value of an entry of the object's lists; null if it has none of that name.
+const Variant* FindEntryOf(VirtualObject& object, std::string_view propertyName) {
+    if (modTextCase::StartsWith(propertyName, kWorkfieldPrefix)) {
+        return object.Workfields().Find(propertyName.substr(kWorkfieldPrefix.size()));
+    }
+    return object.Properties().Find(propertyName);
+}
+
+}  // namespace
+
+void VB6ParserState::SetSourceStatement(std::string_view statement) {
+    m_statement = statement;
+    m_isStatementStripped = false;
+}
+
+const std::string& VB6ParserState::StrippedSourceStatement() const {
+    if (!m_isStatementStripped) {
+        m_strippedStatement = modSource::StripSourceLine(m_statement);
+        m_isStatementStripped = true;
+    }
+    return m_strippedStatement;
+}
+
+const std::string& VB6ParserState::StrippedLine() const {
+    if (!m_isLineStripped) {
+        m_strippedLine = modSource::StripSourceLine(m_line);
+        m_isLineStripped = true;
+    }
+    return m_strippedLine;
+}
+
+std::string_view VB6ParserState::CommentBlock() const {
+    if (m_commentBlock == nullptr) {
+        return {};
+    }
+    return std::string_view(*m_commentBlock).substr(0, m_commentBlockSize);
+}
+
+void VB6ParserState::SetCurrentSourceLine(const CurrentSourceLine& line) {
+    m_physicalLine = line.PhysicalText;
+    m_physicalLineCount = line.PhysicalLineCount;
+    m_line = line.LogicalText;
+    m_sourceLineNumber = line.LineNumber;
+    m_lineType = line.Type;
+    m_isMultiStatement = line.IsMultiStatement;
+    if (m_commentBlock != line.CommentBlock) {
+        m_commentBlock = line.CommentBlock;
+    }
+    m_commentBlockSize = m_commentBlock == nullptr ? 0 : m_commentBlock->size();
+    m_statement.clear();
+    m_isLineStripped = false;
+    m_isStatementStripped = false;
+}
+
+void VB6ParserState::ResetCurrentSourceLine() {
+    SetCurrentSourceLine({});
+}
+
+void VB6ParserState::SetObjectStartLine(std::int32_t lineNumber, std::string_view physicalText) {
+    m_objectStartLineNumber = lineNumber;
+    m_objectStartSourceLine = physicalText;
+}
+
+void VB6ParserState::ResetCurrentProcedure() {
+    m_currentProcedureName.clear();
+    m_objectStartLineNumber = 0;
+}
+
+std::string_view VB6ParserState::GetParserEventText() const {
+    return VBParserEvents::ParserEventText(static_cast<std::int32_t>(m_parserEvent));
+}
+
+const VB6ParserState::ScopeEntry* VB6ParserState::FindEntry(std::string_view name) const {
+    // The system's own names come in their own spelling: that pass needs no folding.
+    for (const ScopeEntry& entry : m_scope) {
+        if (entry.Name == name) {
+            return &entry;
+        }
+    }
+    for (const ScopeEntry& entry : m_scope) {
+        if (modTextCase::Equal(entry.Name, name)) {
+            return &entry;
+        }
+    }
+    return nullptr;
+}
+
+void VB6ParserState::Attach(std::shared_ptr<VirtualObject> object, std::string_view name) {
+    if (FindEntry(name) != nullptr) {
+        modKyErrors::RaiseError(modKyErrors::kyErrKeyInUse, "KeyedArrayList::Add", name);
+    }
+    m_scope.push_back({std::string(name), std::move(object)});
+}
+
+void VB6ParserState::Detach(std::string_view name) {
+    Trap({kModule, "Detach"}, [&] {
+        const ScopeEntry* entry = FindEntry(name);
+        if (entry == nullptr) {
+            modKyErrors::RaiseError(modKyErrors::kyErrNoSuchItem, "KeyedArrayList::Remove");
+        }
+        m_scope.erase(m_scope.begin() + (entry - m_scope.data()));
+    });
+}
+
+std::shared_ptr<VirtualObject> VB6ParserState::GetVirtualObject(std::string_view name) const {
+    const ScopeEntry* entry = FindEntry(name);
+    return entry == nullptr ? nullptr : entry->Object;
+}
+
+VirtualObject* VB6ParserState::FindVirtualObject(std::string_view name) const {
+    const ScopeEntry* entry = FindEntry(name);
+    return entry == nullptr ? nullptr : entry->Object.get();
+}
+
+std::vector<std::string> VB6ParserState::ScopeNames() const {
+    std::vector<std::string> names;
+    names.reserve(m_scope.size());
+    for (const ScopeEntry& entry : m_scope) {
+        names.push_back(entry.Name);
+    }
+    return names;
+}
+
+void VB6ParserState::IncrementLineStats(LineType lineType) {
+    for (const ScopeEntry& entry : m_scope) {
+        if (entry.Object->HasLSTATS()) {
+            entry.Object->LineStats().IncrementCount(lineType);
+        }
+    }
+}
+
+void VB6ParserState::IncrementMemberStats(
+    std::string_view objectName, std::string_view memberName) {
+    VirtualObject* object = FindVirtualObject(objectName);
+    if (object == nullptr) {
+        modKyErrors::RaiseError(modKyErrors::kyErrNoSuchItem, "KeyedArrayList::Item");
+    }
+    object->IncrementMemberCount(memberName);
+}
+
+Variant VB6ParserState::GetObjectProperty(
+    std::string_view objectName,
+    std::string_view propertyName,
+    bool& ok,
+    std::string& errorText) const {
+    ok = true;
+    errorText.clear();
+    if (modTextCase::Equal(objectName, scopename::kNamingConvention)) {
+        return NamingConventionProperty(propertyName, ok, errorText);
+    }
+    if (modTextCase::Equal(objectName, scopename::kSource)) {
+        return SourceProperty(propertyName, ok, errorText);
+    }
+    VirtualObject* object = FindVirtualObject(objectName);
+    if (object == nullptr) {
+        ok = false;
+        errorText =
+            Concatenate({"Unknown virtual object '", objectName, "' or object not in scope."});
+        return std::string();
+    }
+    if (const Variant* value = FindEntryOf(*object, propertyName)) {
+        return *value;
+    }
+    const bool isWorkfield = modTextCase::StartsWith(propertyName, kWorkfieldPrefix);
+    std::int32_t count = 0;
+    if (!isWorkfield && AnswersWithLineStatistics(objectName) &&
+        object->LineStats().SourceLineStatByName(propertyName, count)) {
+        return count;
+    }
+    ok = false;
+    errorText = Concatenate(
+        {"Virtual object ",
+         isWorkfield ? "workfield" : "property",
+         " '",
+         objectName,
+         ".",
+         propertyName,
+         "' not found."});
+    return std::string();
+}
+
+Variant VB6ParserState::NamingConventionProperty(
+    std::string_view propertyName, bool& ok, std::string& errorText) const {
+    struct Row {
+        std::string_view Name;
+        std::string VB6ParserState::*Tag;
+    };
+    static constexpr std::array kTags = {
+        Row{"ArrayTag", &VB6ParserState::m_arrayTag},
+        Row{"ControlTag", &VB6ParserState::m_controlTag},
+        Row{"ScopeTag", &VB6ParserState::m_scopeTag},
+        Row{"DataTypeTag", &VB6ParserState::m_dataTypeTag},
+    };
+    for (const Row& row : kTags) {
+        if (modTextCase::Equal(row.Name, propertyName)) {
+            return this->*row.Tag;
+        }
+    }
+    ok = false;
+    errorText = Concatenate({"Invalid NamingConvention property '", propertyName, "' specified."});
+    return std::string();
+}
+
+Variant VB6ParserState::SourceProperty(
+    std::string_view propertyName, bool& ok, std::string& errorText) const {
+    using State = VB6ParserState;
+    struct Row {
+        std::string_view Name;
+        Variant (*Value)(const State&);
+    };
+    static constexpr std::array kProperties = {
+        Row{"IsBlank",
+            [](const State& s) {
+                return Variant(s.m_lineType == LineType::Blank);
+            }},
+        Row{"IsCode",
+            [](const State& s) {
+                return Variant(
+                    s.m_lineType == LineType::Code || s.m_lineType == LineType::CodeWithComment);
+            }},
+        Row{"IsComment",
+            [](const State& s) {
+                return Variant(s.m_lineType == LineType::CommentOnly);
+            }},
+        Row{"IsMultiStatement",
+            [](const State& s) {
+                return Variant(s.m_isMultiStatement);
+            }},
+        Row{"PhysicalLine",
+            [](const State& s) {
+                return Variant(s.m_physicalLine);
+            }},
+        Row{"PhysicalLineCount",
+            [](const State& s) {
+                return Variant(s.m_physicalLineCount);
+            }},
+        Row{"Line",
+            [](const State& s) {
+                return Variant(s.m_line);
+            }},
+        Row{"LineNumber",
+            [](const State& s) {
+                return Variant(s.m_sourceLineNumber);
+            }},
+        Row{"StrippedLine",
+            [](const State& s) {
+                return Variant(s.StrippedLine());
+            }},
+        Row{"Statement",
+            [](const State& s) {
+                return Variant(s.m_statement);
+            }},
+        Row{"StrippedStatement",
+            [](const State& s) {
+                return Variant(s.StrippedSourceStatement());
+            }},
+        Row{"CommentBlock",
+            [](const State& s) {
+                return Variant(s.CommentBlock());
+            }},
+    };
+    for (const Row& row : kProperties) {
+        if (modTextCase::Equal(row.Name, propertyName)) {
+            return row.Value(*this);
+        }
+    }
+    ok = false;
+    errorText = Concatenate({"Invalid Source property '", propertyName, "' specified."});
+    return {};
+}
+
+}  // namespace dorvik

@@ -1,0 +1,245 @@
+#include "base/BasicError.h"
+#include "base/modText.h"
+#include "base/modTextCase.h"
+#include "parser/ScopeName.h"
+#include "parser/VB6Parser.h"
+#include "parser/VB6ParserState.h"
+#include "source/VirtualObject.h"
+#include "source/modKeyword.h"
+
+// The parser's states from the begin of a file to the end of its layout, and the end of the file.
+
+namespace dorvik {
+
+namespace {
+
+struct LayoutStart {
+    FileType Type;
+    std::string_view Text;
+};
+
+constexpr LayoutStart kLayoutStarts[] = {
+    {FileType::Form, "Begin VB.Form "},
+    {FileType::Form, "Begin VB.MDIForm "},
+    {FileType::Designer, "Begin {"},
+    {FileType::PropertyPage, "Begin VB.PropertyPage "},
+    {FileType::UserDocument, "Begin VB.UserDocument "},
+    {FileType::UserControl, "Begin VB.UserControl "},
+    {FileType::MDIForm, "Begin VB.MDIForm "},
+};
+
+std::string_view ClassOf(std::string_view controlType) {
+    const std::size_t point = controlType.find('.');
+    return point == std::string_view::npos ? controlType : controlType.substr(point + 1);
+}
+
+/// Required: a type without "." is an error, which ends the file.
+std::string_view LibraryOf(std::string_view controlType) {
+    const std::size_t point = controlType.find('.');
+    if (point == std::string_view::npos) {
+        RaiseRuntimeError(runtimeerror::kInvalidProcedureCall);
+    }
+    return controlType.substr(0, point);
+}
+
+}  // namespace
+
+FileParserState VB6Parser::State_BeginSourceFile() {
+    m_parserState->SetCurrentLocation(Location::Declarations);
+    m_line.PhysicalLines = 0;
+    m_sourceLineNumber = 1;
+    if (m_sourceFile->FileType() == FileType::Form) {
+        m_sourceFile->AddEventItem("Form");
+    } else if (m_sourceFile->FileType() == FileType::MDIForm) {
+        m_sourceFile->AddEventItem("MDIForm");
+    }
+    auto declarations = std::make_shared<VirtualObject>();
+    declarations->SetParentViolations(scopename::kFile);
+    declarations->SetHasVLIST(true);
+    m_parserState->Attach(std::move(declarations), scopename::kDeclarations);
+    FireParserEvent(ParserEvent::BeginFile);
+    if (!m_sourceFile->HasHeader() && !m_sourceFile->HasLayout()) {
+        return State_BeginDeclarations();
+    }
+    return FileParserState::SourceFileHeader;
+}
+
+FileParserState VB6Parser::State_SourceFileHeader() {
+    m_parserState->SetCurrentLocation(Location::Declarations);
+    if (IsLayoutDefinitionStart(m_line.Logical, m_sourceFile->FileType())) {
+        return State_BeginLayout();
+    }
+    if (modSource::IsOCXObjectDefinition(m_line.Logical)) {
+        State_Component();
+    }
+    return FileParserState::SourceFileHeader;
+}
+
+bool VB6Parser::IsLayoutDefinitionStart(std::string_view line, FileType fileType) {
+    for (const LayoutStart& start : kLayoutStarts) {
+        if (start.Type == fileType && modKeyword::StartsWith(line, start.Text)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool VB6Parser::IsMDIParentFormDefinition(std::string_view line) {
+    return IsLayoutDefinitionStart(line, FileType::MDIForm);
+}
+
+bool VB6Parser::IsLayoutDefinitionEnd(std::string_view line) {
+    return modKeyword::Equal(line, "End");
+}
+
+void VB6Parser::State_Component() {
+    auto component = std::make_shared<VirtualObject>();
+    if (!modVOSource::ComponentFromObjectDefinition(m_line.Logical, *component)) {
+        return;
+    }
+    LayoutObject();
+    m_parserState->SetCurrentLocation(Location::Layout);
+    component->SetParentViolations(scopename::kLayout);
+    m_parserState->Attach(std::move(component), scopename::kComponent);
+    m_parserState->IncrementMemberStats(scopename::kFile, "ComponentCount");
+    FireParserEvent(ParserEvent::Component);
+    m_parserState->Detach(scopename::kComponent);
+}
+
+VirtualObject& VB6Parser::LayoutObject() {
+    if (VirtualObject* layout = m_parserState->FindVirtualObject(scopename::kLayout)) {
+        return *layout;
+    }
+    auto layout = std::make_shared<VirtualObject>();
+    layout->SetHasVLIST(true);
+    layout->SetParentViolations(scopename::kFile);
+    m_parserState->Attach(layout, scopename::kLayout);
+    return *layout;
+}
+
+FileParserState VB6Parser::State_BeginLayout() {
+    GatherLayoutLines();
+    VirtualObject& layout = LayoutObject();
+    auto layoutProperties = std::make_shared<VirtualObject>();
+    layoutProperties->SetParentViolations(scopename::kFile);
+    m_parserState->Attach(layoutProperties, scopename::kLayoutProperties);
+    AnnounceLayout(*layoutProperties, layout);
+    m_controlOrdinal = 1;
+    return FileParserState::Layout;
+}
+
+void VB6Parser::GatherLayoutLines() {
+    m_layoutReader.reset();
+    m_layoutLines.assign(1, m_line.Logical);
+    m_controlOrdinal = 0;
+    if (IsMDIParentFormDefinition(m_line.Logical)) {
+        m_sourceFile->SetFileType(FileType::MDIForm);
+    }
+    std::int32_t nesting = 1;
+    m_layoutCharacters = 0;
+    bool isLineRead = true;
+    while (isLineRead) {
+        std::int32_t characters = 0;
+        isLineRead = ReadLineFromSourceFile(characters);
+        m_layoutCharacters += characters;
+        // Required: at the end of the file the last line is appended, and judged, once more.
+        m_layoutLines.push_back(m_line.Logical);
+        if (modKeyword::StartsWith(modText::TrimLeft(m_line.Logical), "Begin ")) {
+            ++nesting;
+        }
+        if (modKeyword::Equal(modText::Trim(m_line.Logical), "End")) {
+            ++m_objectCount;
+            --nesting;
+        }
+        if (nesting == 0 && IsLayoutDefinitionEnd(m_line.Logical)) {
+            break;
+        }
+    }
+    m_layoutReader.emplace(m_layoutLines);
+}
+
+void VB6Parser::AnnounceLayout(VirtualObject& layoutProperties, VirtualObject& layout) {
+    modVOSource::LayoutControl found;
+    if (m_layoutReader->Extract(1, layoutProperties, found)) {
+        layoutProperties.Properties().Add("Name", found.Name, false);
+    }
+    KeyedArrayList& bag = layout.Properties();
+    bag.Add("ControlCount", m_objectCount - 1, false);
+    bag.Add("Name", found.Name, false);
+    bag.Add("IsMDIParent", m_sourceFile->FileType() == FileType::MDIForm, false);
+    bag.Add("IsMDIChild", layoutProperties.Properties().Contains("MDIChild"), false);
+    m_layoutName = found.Name;
+    m_parserState->SetCurrentControlName(found.Name);
+    m_parserState->SetCurrentLocation(Location::Layout);
+    FireParserEvent(ParserEvent::BeginLayout);
+}
+
+FileParserState VB6Parser::State_Layout() {
+    ++m_controlOrdinal;
+    if (m_controlOrdinal > m_objectCount) {
+        return State_EndLayout();
+    }
+    auto control = std::make_shared<VirtualObject>();
+    control->SetParentViolations(scopename::kLayout);
+    m_parserState->Attach(control, scopename::kControl);
+    auto properties = std::make_shared<VirtualObject>();
+    modVOSource::LayoutControl found;
+    if (!m_layoutReader->Extract(m_controlOrdinal, *properties, found)) {
+        // Required: "Control" stays in scope, also in the next file.
+        return State_EndLayout();
+    }
+    AnnounceControl(*control, std::move(properties), found);
+    return FileParserState::Layout;
+}
+
+void VB6Parser::AnnounceControl(
+    VirtualObject& control,
+    std::shared_ptr<VirtualObject> properties,
+    const modVOSource::LayoutControl& found) {
+    KeyedArrayList& bag = control.Properties();
+    bag.Add("Name", found.Name, false);
+    bag.Add("ProgID", found.ControlType, false);
+    bag.Add("Class", ClassOf(found.ControlType), false);
+    bag.Add("Library", LibraryOf(found.ControlType), false);
+    bag.Add("Container", found.Container, false);
+    bag.Add("Index", found.Index, false);
+    m_sourceFile->AddEventItem(found.Name);
+    properties->SetParentViolations(scopename::kControl);
+    m_parserState->Attach(std::move(properties), scopename::kControlProperties);
+    m_parserState->SetCurrentControlName(
+        found.Index.empty() ? found.Name : found.Name + "(" + found.Index + ")");
+    m_parserState->SetCurrentLocation(Location::Control);
+    FireParserEvent(ParserEvent::Control);
+    m_parserState->Detach(scopename::kControlProperties);
+    m_parserState->Detach(scopename::kControl);
+}
+
+FileParserState VB6Parser::State_EndLayout() {
+    m_parserState->SetCurrentControlName(m_layoutName);
+    m_parserState->SetCurrentLocation(Location::Layout);
+    FireParserEvent(ParserEvent::EndLayout);
+    m_parserState->Detach(scopename::kLayout);
+    m_parserState->Detach(scopename::kLayoutProperties);
+    m_layoutReader.reset();
+    m_layoutLines = {};
+    m_controlOrdinal = 0;
+    m_objectCount = 0;
+    return State_BeginDeclarations();
+}
+
+FileParserState VB6Parser::State_EndSourceFile() {
+    const std::int32_t average =
+        m_procedureCount == 0
+            ? 0
+            : modText::RoundToLong(static_cast<double>(m_complexityTotal) / m_procedureCount);
+    VirtualObject& file = ObjectInScope(scopename::kFile);
+    file.IncrementMemberCount("AverageCyclomatic", average);
+    file.IncrementMemberCount("MaximumCyclomatic", m_complexityMaximum);
+    file.Properties().Add(
+        "ReviewStatus", static_cast<std::int32_t>(m_sourceFile->ReviewStatus()), false);
+    FireParserEvent(ParserEvent::EndFile);
+    m_parserState->SetCurrentLocation(Location::File);
+    return FileParserState::Finished;
+}
+
+}  // namespace dorvik

@@ -1,0 +1,168 @@
+#include "base/BasicError.h"
+#include "base/modText.h"
+#include "base/modTextCase.h"
+#include "foundation/LogFile.h"
+#include "foundation/modLog.h"
+#include "parser/ScopeName.h"
+#include "parser/VB6Parser.h"
+#include "parser/VB6ParserState.h"
+#include "source/VirtualObject.h"
+#include "source/modKeyword.h"
+#include "source/modMemberStats.h"
+
+#include <algorithm>
+
+// The parser's states of procedures, and their cyclomatic complexity.
+
+namespace dorvik {
+
+namespace {
+
+constexpr std::string_view kModule = "C_VB6Parser";
+
+Location LocationOf(std::string_view procedureType) {
+    struct Row {
+        std::string_view ProcedureType;
+        Location Where;
+    };
+    static constexpr Row kRows[] = {
+        {"Property Get", Location::PropertyGet},
+        {"Property Let", Location::PropertyLet},
+        {"Property Set", Location::PropertySet},
+    };
+    for (const Row& row : kRows) {
+        if (modTextCase::Equal(row.ProcedureType, procedureType)) {
+            return row.Where;
+        }
+    }
+    return Location::Procedure;
+}
+
+/// A text that opens a further way through a procedure, unless the statement begins with `Exception`.
+struct Branch {
+    std::string_view Text;
+    std::string_view Exception;
+};
+
+constexpr Branch kBranches[] = {
+    {"Case ", "Case Else"},
+    {"If ", ""},
+    {"For ", ""},
+    {"ElseIf ", ""},
+    {"While ", ""},
+    {"Do While ", ""},
+    {"Do Until ", ""},
+    {"On ", "On Error "},
+};
+
+/// A statement opens one way at most, however many conditions it holds.
+bool IsBranch(std::string_view statement) {
+    const std::string_view text = modText::Trim(statement);
+    return std::any_of(std::begin(kBranches), std::end(kBranches), [&](const Branch& branch) {
+        return modKeyword::StartsWith(text, branch.Text) &&
+               (branch.Exception.empty() || !modKeyword::StartsWith(text, branch.Exception));
+    });
+}
+
+}  // namespace
+
+FileParserState VB6Parser::State_ProcedureHeader() {
+    if (const auto procedure = modSource::IsProcedureDefinition(m_parserState->SourceStatement())) {
+        return State_BeginProcedure(*procedure);
+    }
+    return FileParserState::ProcedureHeader;
+}
+
+FileParserState VB6Parser::State_BeginProcedure(const modSource::ProcedureDefinition& procedure) {
+    m_parserState->SetCurrentLocation(LocationOf(procedure.ProcedureType));
+    m_parserState->SetCurrentProcedureName(procedure.Name);
+    m_complexity = 1;
+    m_parserState->SetObjectStartLine(m_sourceLineNumber, m_line.Raw);
+    auto object = std::make_shared<VirtualObject>();
+    object->SetHasLSTATS(true);
+    object->SetHasVLIST(true);
+    object->SetParentViolations(scopename::kFile);
+    KeyedArrayList& bag = object->Properties();
+    bag.Add("Name", procedure.Name, false);
+    bag.Add("ProcedureType", procedure.ProcedureType, false);
+    bag.Add("Scope", procedure.Scope, false);
+    bag.Add("IsStatic", procedure.IsStatic, false);
+    bag.Add("IsEventProcedure", IsEventProcedure(procedure.Name), false);
+    modSource::ArgumentInfo info;
+    modSource::ExtractArgumentInfoFromDef(m_parserState->SourceStatement(), info);
+    bag.Add("ArgumentCount", info.ArgumentCount, false);
+    bag.Add("ArgumentList", info.ArgumentList, false);
+    bag.Add("DataType", info.ReturnType, false);
+    m_parserState->Attach(object, scopename::kProcedure);
+    modMemberStats::InitialiseProcedureMemberStats(*object);
+    // The header came before the object was in scope, and is a line of it all the same.
+    object->LineStats().IncrementCount(m_lineType);
+    m_sourceFile->FileStats()->IncrementMemberCount("ProcedureCount");
+    FireParserEvent(ParserEvent::BeginProcedure);
+    ProcessProcedureArguments(info);
+    return FileParserState::ProcedureBodyLine;
+}
+
+bool VB6Parser::IsEventProcedure(std::string_view name) const {
+    const std::size_t underscore = name.rfind('_');
+    return underscore != std::string_view::npos &&
+           m_sourceFile->HasEventItem(name.substr(0, underscore));
+}
+
+void VB6Parser::ProcessProcedureArguments(const modSource::ArgumentInfo& info) {
+    if (info.ArgumentCount < 1) {
+        return;
+    }
+    VirtualObjects arguments;
+    if (!modVOSource::ExtractArgsFromArgumentList(
+            info.ArgumentList, scopename::kProcedure, arguments)) {
+        modLog::Log().LogDebugTrace(
+            "Error extracting procedure arguments.", "State_BeginProcedure", kModule);
+        return;
+    }
+    for (std::size_t i = 0; i < static_cast<std::size_t>(info.ArgumentCount); ++i) {
+        // Required: a list that gives fewer arguments than its commas promise ends the file.
+        if (i >= arguments.size()) {
+            RaiseRuntimeError(runtimeerror::kSubscriptOutOfRange);
+        }
+        arguments[i]->SetParentViolations(scopename::kProcedure);
+        Announce(arguments[i], scopename::kArgument, ParserEvent::ProcedureArgument);
+    }
+}
+
+FileParserState VB6Parser::State_ProcedureBodyLine() {
+    const std::string_view statement = m_parserState->SourceStatement();
+    if (modSource::IsProcedureDefinitionEnd(statement)) {
+        return EndProcedure();
+    }
+    FireParserEvent(ParserEvent::ProcedureBody);
+    if (modSource::IsConstDef(statement)) {
+        ProcessConstDeclaration(statement, scopename::kProcedure, ParserEvent::LocalConst);
+    } else if (modSource::IsVariableDef(statement)) {
+        ProcessVariableDeclaration(statement, scopename::kProcedure, ParserEvent::LocalVariable);
+    } else if (IsBranch(statement)) {
+        ++m_complexity;
+    }
+    return FileParserState::ProcedureBodyLine;
+}
+
+FileParserState VB6Parser::EndProcedure() {
+    ObjectInScope(scopename::kProcedure).IncrementMemberCount("CyclomaticComplexity", m_complexity);
+    m_complexityTotal += m_complexity;
+    ++m_procedureCount;
+    m_complexityMaximum = std::max(m_complexityMaximum, m_complexity);
+    FireParserEvent(ParserEvent::EndProcedure);
+    m_parserState->Detach(scopename::kProcedure);
+    m_parserState->SetCurrentLocation(Location::Declarations);
+    m_parserState->ResetCurrentProcedure();
+    return FileParserState::ProcedureHeader;
+}
+
+void VB6Parser::ProcessLineLabel(std::string_view line) {
+    auto label = std::make_shared<VirtualObject>();
+    label->SetParentViolations(scopename::kProcedure);
+    label->Properties().Add("Name", line.substr(0, line.find(':')), false);
+    Announce(std::move(label), scopename::kLineLabel, ParserEvent::LineLabel);
+}
+
+}  // namespace dorvik

@@ -1,0 +1,96 @@
+#pragma once
+
+#include "platform/FileInUseMark.h"
+#include "platform/JetSql.h"
+#include "platform/PreparedStatement.h"
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+struct sqlite3;
+
+namespace dorvik {
+
+/// The columns of a table, and the INSERT texts that were needed so far.
+struct TableInfo {
+    std::string Name;
+    std::vector<std::string> Columns;
+    std::vector<bool> IsYesNo;                               // by column
+    std::unordered_map<std::string, std::string> InsertSql;  // by the positions of the columns set
+};
+
+/// An SQL text as it is understood, with the table whose rows it can edit, if any.
+struct UnderstoodText {
+    JetTranslation Translation;
+    TableInfo* Table = nullptr;
+};
+
+/// A prepared statement and whether somebody is using it.
+struct StatementSlot {
+    PreparedStatement Statement;
+    bool InUse = false;
+};
+
+class Connection;
+
+/// The use of a prepared statement until this is dropped. It keeps the connection object alive, but a
+/// closed connection takes the statement away: ask `Connection::IsOpen` first.
+class StatementLease {
+public:
+    StatementLease() = default;
+    StatementLease(std::shared_ptr<Connection> connection, StatementSlot& slot);
+    StatementLease(StatementLease&& other) noexcept;
+    StatementLease& operator=(StatementLease&& other) noexcept;
+    ~StatementLease() { GiveBack(); }
+
+    void GiveBack();
+    PreparedStatement* operator->() const { return &m_slot->Statement; }
+
+private:
+    std::shared_ptr<Connection> m_connection;
+    StatementSlot* m_slot = nullptr;
+};
+
+/// One open database file with its prepared statements. `Database` and its recordsets share it; closing
+/// takes all statements away at once.
+class Connection : public std::enable_shared_from_this<Connection> {
+public:
+    explicit Connection(const std::filesystem::path& file);
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    bool IsOpen() const { return m_engine != nullptr; }
+    /// Raises `databaseerror::kObjectInvalid` once it is closed.
+    void NeedOpen() const;
+    /// Folds the log into the file, so that it stands alone again.
+    void Close();
+
+    /// Both caches are keyed by what stays the same: the shape of a text, and the text in the engine's
+    /// spelling, which has no literals.
+    std::shared_ptr<const UnderstoodText>
+    Understand(const JetTokens& tokens, std::string_view text);
+    StatementLease Lease(const std::string& sql);
+
+    /// To be called before each write: the first one turns write-ahead logging on.
+    void BeginWriting();
+    std::int64_t LastInsertedKey() const;
+
+private:
+    void Configure();
+    TableInfo& Table(const std::string& name);
+    void RunUnprepared(const char* sql);
+
+    sqlite3* m_engine = nullptr;
+    std::shared_ptr<FileInUseMark> m_mark;
+    bool m_isLogging = false;
+    std::unordered_map<std::string, std::shared_ptr<const UnderstoodText>> m_texts;
+    std::unordered_map<std::string, std::vector<std::unique_ptr<StatementSlot>>> m_statements;
+    std::unordered_map<std::string, std::unique_ptr<TableInfo>> m_tables;  // by lower-case name
+};
+
+}  // namespace dorvik

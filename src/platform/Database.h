@@ -1,0 +1,65 @@
+#pragma once
+
+#include "platform/Recordset.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace dorvik {
+
+/// Numbers of the failures of a store.
+namespace databaseerror {
+inline constexpr std::int32_t kNoCurrentRecord = 3021;
+inline constexpr std::int32_t kUpdateWithoutEdit = 3020;
+inline constexpr std::int32_t kFileNotFound = 3024;
+inline constexpr std::int32_t kReadOnly = 3027;
+inline constexpr std::int32_t kSyntax = 3075;
+inline constexpr std::int32_t kUnknownName = 3061;
+inline constexpr std::int32_t kLocked = 3260;
+inline constexpr std::int32_t kUnknownField = 3265;
+inline constexpr std::int32_t kNotADatabase = 3343;
+inline constexpr std::int32_t kObjectInvalid = 3420;
+inline constexpr std::int32_t kWrongType = 3421;
+inline constexpr std::int32_t kStoreFailed =
+    3146;  // anything else; the description has the store's text
+}  // namespace databaseerror
+
+/// One database file, open for reading and writing. SQL texts are in the Jet spelling (`modJetSql`).
+/// Each shape of text (texts alike but for literals and blanks) is understood and prepared once.
+///
+/// Durability. Every `Execute` and `Update` is a transaction of its own. A process that ends in any way
+/// leaves a file that opens with every row written before. After a crash of the whole machine the file
+/// still opens and is consistent, but the last rows may be missing.
+///
+/// The first write puts the file into write-ahead logging, with two companions beside it; `Close` makes it
+/// one file again. A database that is only read is never changed. Texts compare without regard to case.
+class Database {
+public:
+    Database();
+    ~Database();
+    Database(Database&&) noexcept;
+    Database& operator=(Database&&) noexcept;
+
+    /// Opens an existing file, which nobody can `DeleteFile` until `Close`. Raises `kFileNotFound`,
+    /// `kNotADatabase`, or `runtimeerror::kPermissionDenied` (70) where the system refuses the file.
+    void Open(std::string_view path);
+    bool IsOpen() const;
+    void Close();
+
+    Recordset OpenRecordset(std::string_view sql, RecordsetType type = RecordsetType::Dynaset);
+    /// Runs an UPDATE.
+    void Execute(std::string_view sql);
+
+    /// Deletes a database file, read-only or not, and its companions. A file that does not exist is no
+    /// failure. Raises `runtimeerror::kPermissionDenied` (70) while this or another process has it open.
+    static void DeleteFile(std::string_view path);
+
+private:
+    Connection& Store() const;
+
+    std::shared_ptr<Connection> m_connection;
+};
+
+}  // namespace dorvik

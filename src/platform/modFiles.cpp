@@ -1,0 +1,261 @@
+#include "platform/modFiles.h"
+
+#include "base/BasicError.h"
+#include "base/modText.h"
+#include "base/modTextCase.h"
+#include "base/modUtf8.h"
+#include "platform/HostFile.h"
+#include "platform/HostPathSearch.h"
+#include "platform/modEncoding.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <system_error>
+
+#include <unistd.h>
+
+namespace dorvik::modFiles {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+int g_nameCodePage = modEncoding::kDefaultCodePage;
+
+int EffectiveCodePage(int codePage) {
+    return codePage == kNameCodePage ? g_nameCodePage : codePage;
+}
+
+/// The host path of something that must be possible here; raises 76 otherwise.
+fs::path PossibleHostPath(std::string_view path, int codePage = kNameCodePage) {
+    fs::path host = HostPath(path, codePage);
+    if (host.empty()) {
+        RaiseHostError(ENOENT, host, path);
+    }
+    return host;
+}
+
+/// As above, and an ordinary file must be there.
+fs::path HostPathOfFile(std::string_view path) {
+    fs::path host = PossibleHostPath(path);
+    std::error_code error;
+    const fs::file_status status = fs::status(host, error);
+    if (status.type() == fs::file_type::not_found) {
+        RaiseHostError(ENOENT, host, path);
+    }
+    if (error) {
+        RaiseHostError(error.value(), host, path);
+    }
+    if (!fs::is_regular_file(status)) {
+        RaiseHostError(EISDIR, host, path);
+    }
+    return host;
+}
+
+void MakeWritable(const fs::path& host, std::error_code& error) {
+    fs::permissions(host, fs::perms::owner_write, fs::perm_options::add, error);
+}
+
+std::string TextOfName(std::string name, int codePage) {
+    return modUtf8::IsValid(name) ? name : modEncoding::DecodeByPage(name, codePage);
+}
+
+/// Where a write to `host` really goes: links are followed, so that they stay links.
+fs::path WithoutLinks(const fs::path& host) {
+    std::error_code error;
+    fs::path real = fs::canonical(host, error);
+    return error ? host : real;
+}
+
+/// Raises unless the file may be replaced: a rename alone would replace a read-only file.
+void CheckReplaceable(const fs::path& host, std::string_view path) {
+    std::error_code ignored;
+    const fs::file_status status = fs::status(host, ignored);
+    if (!fs::exists(status)) {
+        return;
+    }
+    if (!fs::is_regular_file(status) || ::access(host.c_str(), W_OK) != 0) {
+        RaiseHostError(EISDIR, host, path);
+    }
+}
+
+/// A file beside another, deleted again unless it has taken the other's place.
+class Replacement {
+public:
+    explicit Replacement(const fs::path& target)
+        : m_target(target),
+          m_place(target.parent_path() / UniqueName()) {}
+    ~Replacement() {
+        std::error_code ignored;
+        fs::remove(m_place, ignored);
+    }
+    Replacement(const Replacement&) = delete;
+    Replacement& operator=(const Replacement&) = delete;
+
+    void Write(std::string_view bytes, std::string_view path) const {
+        HostFile file(m_place, FileUse::CreateNew, path);
+        std::error_code error;
+        const fs::file_status old = fs::status(m_target, error);
+        if (fs::exists(old)) {
+            file.SetPermissions(static_cast<std::uint32_t>(old.permissions()));
+        }
+        file.Write(bytes);
+        file.Synchronise();
+        file.Close();
+    }
+
+    void TakeThePlace(std::string_view path) const {
+        std::error_code error;
+        fs::rename(m_place, m_target, error);
+        if (error) {
+            RaiseHostError(error.value(), m_target, path);
+        }
+    }
+
+private:
+    static std::string UniqueName() {
+        static int counter = 0;
+        return ".dorvik-" + std::to_string(::getpid()) + "-" + std::to_string(++counter) + ".tmp";
+    }
+
+    fs::path m_target;
+    fs::path m_place;
+};
+
+}  // namespace
+
+void SetNameCodePage(int codePage) {
+    g_nameCodePage = codePage;
+}
+
+fs::path HostPath(std::string_view path, int codePage) {
+    thread_local HostPathSearch search;
+    const std::optional<PathParts> parts = CutPath(path);
+    return parts ? search.Find(*parts, EffectiveCodePage(codePage)) : fs::path();
+}
+
+std::string FromHostPath(const fs::path& path, int codePage) {
+    std::string text;
+    std::string_view rest = path.native();
+    while (!rest.empty()) {
+        const std::size_t size = std::min(rest.find('/'), rest.size());
+        text += TextOfName(std::string(rest.substr(0, size)), EffectiveCodePage(codePage));
+        rest.remove_prefix(size);
+        if (!rest.empty()) {
+            text += '\\';
+            rest.remove_prefix(1);
+        }
+    }
+    return text;
+}
+
+bool FileExists(std::string_view path) {
+    std::error_code ignored;
+    return fs::is_regular_file(HostPath(path), ignored);
+}
+
+bool FolderExists(std::string_view path) {
+    std::error_code ignored;
+    return fs::is_directory(HostPath(path), ignored);
+}
+
+std::vector<FolderEntry> FolderEntries(std::string_view folder, int codePage) {
+    const fs::path host = PossibleHostPath(folder, codePage);
+    std::vector<FolderEntry> entries;
+    std::error_code error;
+    fs::directory_iterator entry(host, error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        std::string name = entry->path().filename().string();
+        std::error_code ignored;
+        const bool isHidden = name.starts_with('.');
+        entries.push_back(
+            {TextOfName(std::move(name), EffectiveCodePage(codePage)),
+             entry->is_directory(ignored),
+             isHidden});
+    }
+    if (error) {
+        const bool isMissing = error.value() == ENOENT;
+        RaiseHostError(isMissing ? ENOTDIR : error.value(), host, folder);
+    }
+    std::ranges::sort(entries, [](const FolderEntry& left, const FolderEntry& right) {
+        const int order = modTextCase::Compare(left.Name, right.Name);
+        return order != 0 ? order < 0 : left.Name < right.Name;
+    });
+    return entries;
+}
+
+void DeleteFile(std::string_view path) {
+    const fs::path host = HostPathOfFile(path);
+    std::error_code error;
+    if (!fs::is_symlink(host, error)) {
+        MakeWritable(host, error);  // some file systems do not delete a read-only file
+    }
+    fs::remove(host, error);
+    if (error) {
+        RaiseHostError(error.value(), host, path);
+    }
+}
+
+void CreateFolder(std::string_view path) {
+    const fs::path host = PossibleHostPath(path);
+    std::error_code error;
+    const bool created = fs::create_directory(host, error);
+    if (error) {
+        const bool isParentMissing = error.value() == ENOENT;
+        RaiseHostError(isParentMissing ? ENOTDIR : error.value(), host, path);
+    }
+    if (!created) {
+        RaiseHostError(EEXIST, host, path);
+    }
+}
+
+void CopyFile(std::string_view from, std::string_view to) {
+    const fs::path source = HostPathOfFile(from);
+    const fs::path target = PossibleHostPath(to);
+    std::error_code error;
+    fs::copy_file(source, target, fs::copy_options::overwrite_existing, error);
+    if (error) {
+        RaiseHostError(error.value(), target, to);
+    }
+    MakeWritable(target, error);
+    if (error) {
+        RaiseHostError(error.value(), target, to);
+    }
+}
+
+std::string ReadBytes(std::string_view path, int codePage) {
+    return HostFile(HostPath(path, codePage), FileUse::Read, path).ReadAll();
+}
+
+std::int64_t FileSize(std::string_view path) {
+    const fs::path host = HostPathOfFile(path);
+    std::error_code error;
+    const std::uintmax_t size = fs::file_size(host, error);
+    if (error) {
+        RaiseHostError(error.value(), host, path);
+    }
+    return static_cast<std::int64_t>(size);
+}
+
+void AppendLine(std::string_view path, std::string_view line) {
+    HostFile file(HostPath(path), FileUse::Append, path);
+    std::string bytes;
+    bytes.reserve(line.size() + modText::kLineEnd.size());
+    bytes.append(line).append(modText::kLineEnd);
+    file.Write(bytes);  // in one piece, so that lines of two programs do not mix
+    file.Close();
+}
+
+void EmptyFile(std::string_view path) {
+    HostFile(HostPath(path), FileUse::Replace, path).Close();
+}
+
+void WriteBytesAtomically(std::string_view path, std::string_view bytes) {
+    const fs::path target = WithoutLinks(PossibleHostPath(path));
+    CheckReplaceable(target, path);
+    const Replacement replacement(target);
+    replacement.Write(bytes, path);
+    replacement.TakeThePlace(path);
+}
+
+}  // namespace dorvik::modFiles

@@ -1,0 +1,187 @@
+#include "results/ResultsDB.h"
+
+#include "base/BasicError.h"
+#include "base/DateTime.h"
+#include "base/modTextCase.h"
+#include "criteria/ReviewCriteria.h"
+#include "foundation/Trap.h"
+#include "platform/modHost.h"
+#include "rulebase/Rulebase.h"
+
+namespace dorvik {
+
+namespace {
+
+constexpr std::string_view kSchemaVersion = "6.02.0000";
+constexpr std::int32_t kLastTolerance = 6;
+
+void SetConventions(Recordset& rows, const RulebaseLoadCriteria& criteria) {
+    rows.SetValue("CodingConventions", criteria.CodingConventions());
+    rows.SetValue("NamingConventions", criteria.NamingConventions());
+    rows.SetValue("DocumentationConventions", criteria.DocumentationConventions());
+    rows.SetValue("AuthorisedComponents", criteria.AuthorisedComponents());
+    rows.SetValue("AuthorisedReferences", criteria.AuthorisedReferences());
+    rows.SetValue("UnauthorisedKeywords", criteria.UnauthorisedKeywords());
+    rows.SetValue("NumCodingConventions", criteria.NumCodingConventions);
+    rows.SetValue("NumNamingConventions", criteria.NumNamingConventions);
+    rows.SetValue("NumDocConventions", criteria.NumDocConventions);
+    rows.SetValue("NumAuthComps", criteria.NumAuthComps);
+    rows.SetValue("NumAuthRefs", criteria.NumAuthRefs);
+    rows.SetValue("NumUnauthKeywords", criteria.NumUnauthKeywords);
+}
+
+void SetTolerances(Recordset& rows, const ReviewCriteria& criteria) {
+    for (std::int32_t index = 1; index <= kLastTolerance; ++index) {
+        const std::string number = std::to_string(index);
+        rows.SetValue("ToleranceCount" + number, criteria.ToleranceCount(index));
+        rows.SetValue("ToleranceImpact" + number, criteria.ToleranceImpact(index));
+    }
+    rows.SetValue("ToleranceCyclomaticComplexity", criteria.ToleranceCyclomaticComplexity());
+    rows.SetValue("TolerancePercentageComments", criteria.TolerancePercentageComments());
+}
+
+}  // namespace
+
+ResultsDB::ResultsDB() = default;
+
+ResultsDB::~ResultsDB() {
+    CloseDatabase();
+}
+
+bool ResultsDB::OpenDatabase(const std::string& filename) {
+    bool isRightVersion = false;
+    Trap({kModule, "OpenDatabase"}, [&] {
+        m_database.Open(filename);
+        m_databaseOpen = true;
+        if (auto rows = GetReadOnlyRecordset("SELECT Version FROM SystemInfo"); rows && !rows->EOF_()) {
+            isRightVersion = modTextCase::Equal(rows->Value("Version").AsText(), kSchemaVersion);
+        }
+    });
+    if (!isRightVersion) {
+        CloseDatabase();
+    }
+    return isRightVersion;
+}
+
+void ResultsDB::CloseDatabase() {
+    m_database.Close();
+    m_databaseOpen = false;
+}
+
+std::optional<Recordset> ResultsDB::GetEditableRecordset(std::string_view sql) {
+    std::optional<Recordset> rows;
+    Trap({kModule, "GetEditableRecordset"}, [&] {
+        rows = m_database.OpenRecordset(sql, RecordsetType::Dynaset);
+    });
+    return rows;
+}
+
+std::optional<Recordset> ResultsDB::GetReadOnlyRecordset(std::string_view sql) {
+    std::optional<Recordset> rows;
+    Trap({kModule, "GetReadOnlyRecordset"}, [&] {
+        rows = m_database.OpenRecordset(sql, RecordsetType::Snapshot);
+    });
+    return rows;
+}
+
+/// Goes on with the rows, or fails in the calling operation's name too.
+Recordset ResultsDB::NeedRows(std::optional<Recordset> rows) {
+    if (!rows) {
+        RaiseRuntimeError(runtimeerror::kObjectNotSet);
+    }
+    return std::move(*rows);
+}
+
+// ---- the review itself ----
+
+bool ResultsDB::StartReview(
+    const std::string& filename,
+    const Rulebase& rulebase,
+    const ReviewCriteria& criteria) {
+    bool started = false;
+    Trap({kModule, "StartReview"}, [&] {
+        m_filename = filename;
+        if (!OpenDatabase(filename)) {
+            return;
+        }
+        WriteReview(rulebase, criteria);
+        WriteCategoryList(rulebase, criteria);
+        WriteSeverityList(rulebase, criteria);
+        started = true;
+    });
+    return started;
+}
+
+void ResultsDB::WriteReview(const Rulebase& rulebase, const ReviewCriteria& criteria) {
+    auto rows = NeedRows(GetEditableRecordset("SELECT * FROM Review WHERE ReviewID = 0"));
+    rows.AddNew();
+    rows.SetValue("Start", modDateText::DatabaseStamp(modHost::Now()));
+    rows.SetValue("Type", static_cast<std::int32_t>(criteria.ReviewType()));
+    rows.SetValue("RulebaseTitle", rulebase.Title());
+    rows.SetValue("RulebaseVersion", rulebase.Version());
+    rows.SetValue("Reviewer", modHost::LogonName());
+    rows.SetValue("ActiveRules", rulebase.RuleCount());
+    SetConventions(rows, criteria.LoadCriteria());
+    SetTolerances(rows, criteria);
+    rows.Update();
+    rows.MoveFirst();
+    m_reviewId = rows.Value("ReviewID").AsLong();
+}
+
+void ResultsDB::WriteCategoryList(const Rulebase& rulebase, const ReviewCriteria& criteria) {
+    auto rows = NeedRows(GetEditableRecordset("SELECT * FROM CategoryList WHERE CategoryListID = 0"));
+    const auto& categories = rulebase.CategoryList();
+    for (std::int32_t index = 1; index <= categories.Count(); ++index) {
+        const auto& category = *categories.Item(index);
+        if (criteria.LoadCriteria().IsExcludedCategoryID(category.ID())) {
+            continue;
+        }
+        rows.AddNew();
+        rows.SetValue("ReviewID", m_reviewId);
+        rows.SetValue("CategoryID", category.ID());
+        rows.SetValue("Category", category.Title());
+        rows.Update();
+    }
+}
+
+/// Required: a level that is left out of the review has its row too.
+void ResultsDB::WriteSeverityList(const Rulebase& rulebase, const ReviewCriteria& criteria) {
+    auto rows = NeedRows(GetEditableRecordset("SELECT * FROM SeverityList WHERE SeverityRecordID = 0"));
+    const auto& severities = rulebase.SeverityList();
+    for (std::int32_t index = 1; index <= severities.Count(); ++index) {
+        const auto& severity = *severities.Item(index);
+        rows.AddNew();
+        rows.SetValue("ReviewID", m_reviewId);
+        rows.SetValue("SeverityColour", severity.Colour());
+        rows.SetValue("SeverityLevel", severity.SeverityLevel());
+        rows.SetValue("SeverityText", severity.Title());
+        rows.SetValue("Included", criteria.LoadCriteria().SeverityLevel(severity.SeverityLevel()));
+        rows.Update();
+    }
+}
+
+void ResultsDB::EndReview(std::int32_t ruleExecutions) {
+    Trap({kModule, "EndReview"}, [&] {
+        auto rows = NeedRows(GetEditableRecordset(
+            "SELECT RuleExecutions, [End] FROM Review WHERE ReviewID = " + std::to_string(m_reviewId)));
+        if (rows.EOF_()) {
+            return;
+        }
+        rows.MoveFirst();
+        rows.Edit();
+        rows.SetValue("End", modDateText::DatabaseStamp(modHost::Now()));
+        rows.SetValue("RuleExecutions", ruleExecutions);
+        rows.Update();
+    });
+}
+
+void ResultsDB::AbortReview() {
+    Trap({kModule, "AbortReview"}, [&] {
+        CloseDatabase();
+        if (!m_filename.empty()) {
+            Database::DeleteFile(m_filename);
+        }
+    });
+}
+
+}  // namespace dorvik

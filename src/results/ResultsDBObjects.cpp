@@ -1,0 +1,276 @@
+// The rows of the reviewed objects: their set-up, their violations and their figures.
+
+#include "base/modTextCase.h"
+#include "foundation/Trap.h"
+#include "results/ResultsDB.h"
+#include "results/modTolerances.h"
+#include "source/VirtualObject.h"
+
+namespace dorvik {
+
+namespace {
+
+enum ItemType : std::int32_t { kProjectItem = 1, kFileItem = 2, kProcedureItem = 3 };
+
+std::string TextOf(const VirtualObject& object, std::string_view property) {
+    return object.Properties().Item(property).AsText();
+}
+
+/// Required: names stand in SQL texts as they are; a quote in one costs the row.
+std::string Quoted(std::string_view text) {
+    std::string result = "'";
+    result += text;
+    result += '\'';
+    return result;
+}
+
+std::string BoolToInt(bool value) {
+    return value ? "-1" : "0";
+}
+
+void SetProcedureFields(Recordset& rows, const VirtualObject& object) {
+    rows.SetValue("Scope", TextOf(object, "Scope"));
+    rows.SetValue("IsStatic", object.Properties().Item("IsStatic"));
+    rows.SetValue("ReturnType", TextOf(object, "DataType"));
+}
+
+/// ", CVC = 3, CVCLimit = 2, CVCPass = 0" and so on for the measures that the object has.
+std::string MeasureAssignments(const VirtualObject& object) {
+    const auto& properties = object.Properties();
+    std::string list;
+    for (const auto& measure : modTolerances::kMeasures) {
+        const Variant* const value = properties.Find(measure.Name);
+        if (value == nullptr) {
+            continue;
+        }
+        const std::string name(measure.Name);
+        list += ", " + name + " = " + value->AsText();
+        list += ", " + name + "Limit = " + TextOf(object, name + "Limit");
+        list += ", " + name + "Pass = " + BoolToInt(properties.Item(name + "Pass").AsBoolean());
+    }
+    return list;
+}
+
+}  // namespace
+
+// ---- set-up ----
+
+void ResultsDB::SetupVObjectResults(std::string_view kind, VirtualObject& object) {
+    std::int32_t id = 0;
+    std::int32_t type = 0;
+    if (modTextCase::Equal(kind, "Project")) {
+        m_projectId = id = SetupProject(object);
+        type = kProjectItem;
+    } else if (modTextCase::Equal(kind, "VBP") || modTextCase::Equal(kind, "File")) {
+        m_sourceId = id = SetupSourceFile(object);
+        type = kFileItem;
+    } else if (modTextCase::Equal(kind, "Layout") || modTextCase::Equal(kind, "Declarations")) {
+        id = SetupLayoutDeclarations(kind);
+        type = kProcedureItem;
+    } else if (modTextCase::Equal(kind, "Procedure")) {
+        id = SetupProcedure(object);
+        type = kProcedureItem;
+    } else {
+        return;
+    }
+    object.SetObjectID(id);
+    object.SetObjectType(type);
+}
+
+std::int32_t ResultsDB::SetupProject(VirtualObject& object) {
+    std::int32_t id = 0;
+    Trap({kModule, "SetupProject"}, [&] {
+        auto rows = NeedRows(GetEditableRecordset("SELECT * FROM Projects"));
+        rows.AddNew();
+        rows.SetValue("Name", TextOf(object, "Name"));
+        rows.SetValue("Path", TextOf(object, "Path"));
+        rows.SetValue("Filename", TextOf(object, "Filename"));
+        rows.SetValue("Type", TextOf(object, "Type"));
+        rows.Update();
+        rows.MoveFirst();
+        id = rows.Value("ProjectID").AsLong();
+        rows.Close();
+        m_database.Execute(
+            "UPDATE Review Set ProjectID = " + std::to_string(id) +
+            " WHERE ReviewID = " + std::to_string(m_reviewId));
+    });
+    return id;
+}
+
+std::int32_t ResultsDB::SetupSourceFile(VirtualObject& object) {
+    std::int32_t id = 0;
+    Trap({kModule, "SetupSourceFile"}, [&] {
+        const std::string filename = TextOf(object, "Filename");
+        const std::string path = TextOf(object, "Path");
+        auto rows = NeedRows(GetEditableRecordset(
+            "SELECT * FROM SourceFiles WHERE Filename=" + Quoted(filename) +
+            " AND Path=" + Quoted(path)));
+        const bool isNew = rows.BOF() && rows.EOF_();
+        if (isNew) {
+            rows.AddNew();
+            rows.SetValue("ProjectID", m_projectId);
+        } else {
+            rows.MoveFirst();
+            rows.Edit();
+        }
+        rows.SetValue("Name", TextOf(object, "Name"));
+        if (isNew) {
+            rows.SetValue("Path", path);
+            rows.SetValue("Filename", filename);
+        }
+        rows.SetValue("Type", TextOf(object, "Type"));
+        rows.Update();
+        if (isNew) {
+            rows.MoveFirst();
+        }
+        id = rows.Value("SourceID").AsLong();
+    });
+    return id;
+}
+
+std::int32_t ResultsDB::SetupProcedure(VirtualObject& object) {
+    std::int32_t id = 0;
+    Trap({kModule, "SetupProcedure"}, [&] {
+        const std::string name = TextOf(object, "Name");
+        const std::string type = TextOf(object, "ProcedureType");
+        auto rows = NeedRows(GetEditableRecordset(
+            "SELECT * FROM Procedures WHERE Name = " + Quoted(name) + " AND SourceID = " +
+            std::to_string(m_sourceId) + " AND Type = " + Quoted(type)));
+        const bool isNew = rows.BOF() && rows.EOF_();
+        if (isNew) {
+            rows.AddNew();
+            rows.SetValue("SourceID", m_sourceId);
+            rows.SetValue("Name", name);
+            rows.SetValue("Type", type);
+        } else {
+            rows.MoveFirst();
+            rows.Edit();
+        }
+        SetProcedureFields(rows, object);
+        rows.Update();
+        if (isNew) {
+            rows.MoveFirst();
+        }
+        id = rows.Value("ProcID").AsLong();
+    });
+    return id;
+}
+
+std::int32_t ResultsDB::SetupLayoutDeclarations(std::string_view kind) {
+    std::int32_t id = 0;
+    Trap({kModule, "SetupLayoutDeclarations"}, [&] {
+        auto rows = NeedRows(GetEditableRecordset(
+            "SELECT * FROM Procedures WHERE Name = " + Quoted(kind) + " AND SourceID = " +
+            std::to_string(m_sourceId)));
+        if (rows.BOF() && rows.EOF_()) {
+            rows.AddNew();
+            rows.SetValue("SourceID", m_sourceId);
+            rows.SetValue("Name", kind);
+            rows.SetValue("Type", "");
+            rows.SetValue("Scope", "");
+            rows.SetValue("IsStatic", false);
+            rows.SetValue("ReturnType", "");
+            rows.Update();
+        }
+        rows.MoveFirst();
+        id = rows.Value("ProcID").AsLong();
+    });
+    return id;
+}
+
+// ---- violations and figures ----
+
+void ResultsDB::LogViolation(std::int32_t itemId, std::int32_t itemType, const Violation& violation) {
+    Trap({kModule, "LogViolation"}, [&] {
+        auto rows = NeedRows(GetEditableRecordset("SELECT * FROM Violations WHERE ViolationID = 0"));
+        rows.AddNew();
+        rows.SetValue("ItemID", itemId);
+        rows.SetValue("ItemType", itemType);
+        rows.SetValue("RuleID", violation.RuleID);
+        rows.SetValue("RuleType", violation.RuleType);
+        rows.SetValue("Title", violation.Title);
+        rows.SetValue("Description", violation.Description);
+        rows.SetValue("Advice", violation.Advice);
+        rows.SetValue("Severity", violation.Severity);
+        rows.SetValue("Impact", static_cast<std::int32_t>(violation.Impact));
+        rows.SetValue("CategoryID", violation.CategoryID);
+        rows.SetValue("LineNum", violation.SourceLineNumber);
+        rows.SetValue("Loc", violation.Location);
+        rows.SetValue("LocMember", violation.LocationMember);
+        rows.SetValue("SourceLine", violation.SourceLine);
+        rows.SetValue("BottomOffset", violation.LineBottomOffset);
+        rows.Update();
+    });
+}
+
+void ResultsDB::LogVirtualObjectProperties(const VirtualObject& object) {
+    Trap({kModule, "LogVirtualObjectProperties"}, [&] {
+        const auto& properties = object.Properties();
+        const std::string id = std::to_string(object.ObjectID());
+        if (object.ObjectType() == kProjectItem) {
+            if (const Variant* const name = properties.Find("ExeName32")) {
+                m_database.Execute(
+                    "UPDATE Projects SET ExeName32 = " + Quoted(name->AsText()) +
+                    " WHERE ProjectID = " + id);
+            }
+        } else if (object.ObjectType() == kFileItem) {
+            // Required: the average here, while the measure CC holds the maximum.
+            if (const Variant* const average = properties.Find("AverageCyclomatic")) {
+                m_database.Execute(
+                    "UPDATE SourceFiles SET CyclomaticComplexity = " + average->AsText() +
+                    " WHERE SourceID = " + id);
+            }
+            if (const std::string list = MeasureAssignments(object); !list.empty()) {
+                m_database.Execute(
+                    "UPDATE SourceFiles SET " + list.substr(2) + " WHERE SourceID = " + id);
+            }
+        } else if (object.ObjectType() == kProcedureItem) {
+            if (const Variant* const complexity = properties.Find("CyclomaticComplexity")) {
+                m_database.Execute(
+                    "UPDATE Procedures SET CyclomaticComplexity = " + complexity->AsText() +
+                    " WHERE ProcID = " + id);
+            }
+        }
+    });
+}
+
+void ResultsDB::LogVirtualObjectLineStats(const VirtualObject& object) {
+    Trap({kModule, "LogVirtualObjectLineStats"}, [&] {
+        auto rows = NeedRows(GetEditableRecordset("SELECT * FROM LineCountStats WHERE StatsID = 0"));
+        const SourceLineStatistics& stats = object.LineStats();
+        rows.AddNew();
+        rows.SetValue("ItemID", object.ObjectID());
+        rows.SetValue("ItemType", object.ObjectType());
+        rows.SetValue("TotalCount", stats.TotalLines());
+        rows.SetValue("CodeCount", stats.CodeLines());
+        rows.SetValue("InlineCommentCount", stats.InLineCommentLines());
+        rows.SetValue("CommentCount", stats.CommentOnlyLines());
+        rows.SetValue("BlankCount", stats.BlankLines());
+        rows.Update();
+    });
+}
+
+void ResultsDB::LogVirtualObjectViolationStats(const VirtualObject& object) {
+    Trap({kModule, "LogVirtualObjectViolationStats"}, [&] {
+        auto rows = NeedRows(GetEditableRecordset("SELECT * FROM ViolationStats WHERE StatsID = 0"));
+        const ViolationStatistics& stats = object.ViolationStats();
+        rows.AddNew();
+        rows.SetValue("ItemID", object.ObjectID());
+        rows.SetValue("ItemType", object.ObjectType());
+        rows.SetValue("TotalCount", stats.TotalViolations());
+        rows.SetValue("CriticalCount", stats.CriticalViolations());
+        rows.SetValue("HighCount", stats.HighViolations());
+        rows.SetValue("MediumCount", stats.MediumViolations());
+        rows.SetValue("LowCount", stats.LowViolations());
+        rows.SetValue("InformationCount", stats.InfoViolations());
+        rows.SetValue("TotalImpact", stats.TotalImpact());
+        rows.SetValue("CriticalImpact", stats.CriticalImpact());
+        rows.SetValue("HighImpact", stats.HighImpact());
+        rows.SetValue("MediumImpact", stats.MediumImpact());
+        rows.SetValue("LowImpact", stats.LowImpact());
+        rows.SetValue("InformationImpact", stats.InfoImpact());
+        rows.Update();
+    });
+}
+
+}  // namespace dorvik

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "review/ReviewStatus.h"
+
+namespace dorvik {
+
+class IProjectReviewEvents;
+class ProgressInfo;
+class ReviewCriteria;
+class RuleEngine;
+class Rulebase;
+
+/// The review of one project, as the driver sees it. The operations are called in this order, the
+/// last three at the end of the project.
+class IProjectReview {
+public:
+    virtual ~IProjectReview() = default;
+
+    /// REQUIRES: the callback stays until `UnhookCallback`.
+    virtual void HookupCallback(IProjectReviewEvents* callback) = 0;
+    /// Takes what the project shares with the rest of the review. Returns 0.
+    virtual std::int32_t InitialiseReview(
+        std::shared_ptr<ReviewCriteria> criteria,
+        ProgressInfo& progress,
+        std::shared_ptr<Rulebase> rulebase,
+        RuleEngine& ruleEngine) = 0;
+    /// Opens the project at that 1-based place of the criteria's list. 0 for success.
+    virtual std::int32_t LoadProject(std::int32_t projectIndex) = 0;
+    /// Runs `ticks` steps: 0 and 1 both mean one step, `kWholeReview` all of them.
+    virtual SliceResult ReviewTimeSlice(std::int32_t ticks) = 0;
+    /// Gives up; no results stay behind. May be called twice.
+    virtual void AbortReview() = 0;
+    virtual void UnhookCallback() = 0;
+    virtual void Dispose() = 0;
+};
+
+}  // namespace dorvik

@@ -1,0 +1,82 @@
+#include "review/ProjectEventWalk.h"
+
+#include "parser/ScopeName.h"
+#include "parser/VB6Parser.h"
+#include "review/IProjectEventListener.h"
+#include "review/modProjectScope.h"
+#include "source/VirtualSourceFile.h"
+
+namespace dorvik {
+
+ProjectEventWalk::ProjectEventWalk(VirtualProject& project, IProjectEventListener& listener)
+    : m_project(project), m_listener(listener) {}
+
+bool ProjectEventWalk::Run() {
+    modProjectScope::AttachProject(m_state, m_project);
+    Fire(dorvik::ParserEvent::BeginProject);
+    WalkReferences();
+    Fire(dorvik::ParserEvent::BeginSourceFiles);
+    for (std::int32_t index = 1; index <= m_project.SourceFiles().Count() && !m_stopped; ++index) {
+        WalkFile(*m_project.SourceFiles().Item(index));
+    }
+    if (m_stopped) {
+        return false;
+    }
+    Fire(dorvik::ParserEvent::EndSourceFiles);
+    Fire(dorvik::ParserEvent::EndProject);
+    modProjectScope::DetachProject(m_state);
+    return true;
+}
+
+void ProjectEventWalk::WalkReferences() {
+    for (std::int32_t index = 1; index <= m_project.References().Count(); ++index) {
+        // Nothing is authorised where there is no rulebase.
+        modProjectScope::AttachReference(m_state, *m_project.References().Item(index), false);
+        Fire(dorvik::ParserEvent::Reference);
+        modProjectScope::DetachReference(m_state);
+    }
+}
+
+void ProjectEventWalk::WalkFile(VirtualSourceFile& file) {
+    modProjectScope::AttachFile(m_state, file);
+    const SourceFileStatus status = file.Connect();
+    m_file = &file;
+    const bool complete = status == SourceFileStatus::Good && ParseFile(file);
+    m_file = nullptr;
+    if (!complete) {
+        if (status != SourceFileStatus::Good) {
+            file.SetReviewStatus(status);
+        }
+        m_listener.FileFailed(file);
+        modProjectScope::DetachOpenObjects(m_state);
+    }
+    m_state.Detach(scopename::kDeclarations);
+    m_state.Detach(scopename::kFile);
+    file.Disconnect();
+}
+
+bool ProjectEventWalk::ParseFile(VirtualSourceFile& file) {
+    VB6Parser parser;
+    parser.InitialiseSourceFileReview(file, m_state);
+    parser.HookupCallback(*this);
+    auto result = TickResult::GoesOn;
+    while (result == TickResult::GoesOn && !m_stopped) {
+        std::int32_t characters = 0;
+        parser.ReviewTick(characters, result);
+        m_stopped = m_listener.StopRequested();
+    }
+    parser.UnhookCallback();
+    parser.Dispose();
+    return m_stopped || result == TickResult::EndOfFile;
+}
+
+void ProjectEventWalk::ParserEvent(dorvik::ParserEvent event) {
+    m_listener.EventFired(event, m_state, m_file);
+}
+
+void ProjectEventWalk::Fire(dorvik::ParserEvent event) {
+    m_state.SetParserEvent(event);
+    m_listener.EventFired(event, m_state, nullptr);
+}
+
+}  // namespace dorvik

@@ -1,0 +1,209 @@
+#include "review/ReviewManager.h"
+
+#include "foundation/Trap.h"
+#include "platform/modHost.h"
+#include "review/VB6ProjectReview.h"
+#include "rulebase/Rulebase.h"
+#include "rulebase/RulebaseManager.h"
+#include "source/VirtualProject.h"
+
+namespace dorvik {
+
+namespace {
+
+constexpr std::string_view kModule = "C_ReviewManager";
+
+/// The action codes that the driver sets; the progress window words them.
+constexpr std::int32_t kActionLoadingRulebase = 1;
+constexpr std::int32_t kActionInitialisingReview = 6;
+
+}  // namespace
+
+ReviewManager::ReviewManager() : ReviewManager([] { return std::make_unique<VB6ProjectReview>(); }) {}
+
+ReviewManager::ReviewManager(ProjectReviewFactory factory) : m_factory(std::move(factory)) {}
+
+ReviewManager::~ReviewManager() = default;
+
+std::int32_t ReviewManager::InitialiseReview(std::shared_ptr<ReviewCriteria> criteria) {
+    if (!criteria) {
+        return 1;
+    }
+    m_criteria = std::move(criteria);
+    return 0;
+}
+
+SliceResult ReviewManager::ReviewTimeSlice(std::int32_t ticks) {
+    auto result = SliceResult::Failed;
+    Trap({kModule, "ReviewTimeSlice"}, [&] {
+        auto slice = SliceResult::Continue;
+        std::int32_t stepsLeft = ticks;
+        do {
+            slice = ReviewStep();
+            --stepsLeft;
+        } while (slice == SliceResult::Continue && (ticks == kWholeReview || stepsLeft > 0));
+        if (slice != SliceResult::Continue) {
+            ClearProjects();
+        }
+        result = slice;
+    });
+    return result;
+}
+
+SliceResult ReviewManager::ReviewStep() {
+    ReviewStatus status = DetermineReviewStatus();
+    if (status == ReviewStatus::IsReviewComplete) {
+        return SliceResult::Complete;
+    }
+    if (status == ReviewStatus::IsAbort) {
+        if (m_projectReview) {
+            m_projectReview->AbortReview();
+            ReleaseProjectReview();
+        }
+        return SliceResult::Aborted;
+    }
+    if (status == ReviewStatus::IsError) {
+        status = RecoverFromError(m_state);
+        if (status == ReviewStatus::IsError) {
+            return SliceResult::Failed;
+        }
+    }
+    m_state = status;
+    modHost::YieldToInput();
+    return SliceResult::Continue;
+}
+
+ReviewStatus ReviewManager::DetermineReviewStatus() {
+    // The numbers are shared with the project review, so most of them are no state of this machine.
+    switch (static_cast<std::int32_t>(m_state)) {
+        case 1: return ReviewStatus::ShowLoadingRulebase;
+        case 2: return State_ShowLoadingRulebase();
+        case 3: return State_LoadRulebase();
+        case 4: return SignalProgress(ReviewStatus::BeginProjects);
+        case 5: return State_BeginProjects();
+        case 6: return State_OpenProject();
+        case 17: return State_ProjectTimeSlice();
+        case 26: return State_CloseProject();
+        case 27: return State_BatchReport();
+        default: return ReviewStatus::IsError;
+    }
+}
+
+ReviewStatus ReviewManager::RecoverFromError(ReviewStatus state) {
+    if (state == ReviewStatus::OpenProject || state == ReviewStatus::ProjectTimeSlice ||
+        state == ReviewStatus::CloseProject) {
+        return MoveToNextProject(true);
+    }
+    return ReviewStatus::IsError;
+}
+
+ReviewStatus ReviewManager::MoveToNextProject(bool releaseCurrent) {
+    if (releaseCurrent && m_projectReview) {
+        ReleaseProjectReview();
+    }
+    m_projectIndex = FindNextSelectedProject(m_projectIndex);
+    const bool pastTheEnd = m_projectIndex > m_criteria->ProjectList().Count() || m_projectIndex < 1;
+    return pastTheEnd ? ReviewStatus::BatchReport : ReviewStatus::OpenProject;
+}
+
+std::int32_t ReviewManager::FindNextSelectedProject(std::int32_t from) const {
+    std::int32_t index = from + 1;
+    while (index <= m_criteria->ProjectList().Count() && !m_criteria->ProjectList().Selected(index)) {
+        ++index;
+    }
+    return index;
+}
+
+void ReviewManager::ReleaseProjectReview() {
+    m_projectReview->UnhookCallback();
+    m_projectReview->Dispose();
+    m_projectReview.reset();
+}
+
+void ReviewManager::ClearProjects() {
+    auto& projects = m_criteria->ProjectList();
+    for (std::int32_t index = 1; index <= projects.Count(); ++index) {
+        projects.Item(index)->ClearListProperties();
+    }
+}
+
+ReviewStatus ReviewManager::SignalProgress(ReviewStatus status) {
+    m_progress.RecalcPercentages();
+    if (!m_progress.HasChanged()) {
+        return status;
+    }
+    bool cancel = false;
+    SignalReviewProgress(cancel);
+    return cancel ? ReviewStatus::IsAbort : status;
+}
+
+void ReviewManager::SignalReviewProgress(bool& cancel) {
+    if (m_progressHandler) {
+        m_progressHandler(m_progress, cancel);
+    }
+}
+
+ReviewStatus ReviewManager::State_ShowLoadingRulebase() {
+    m_progress.SetAction(kActionLoadingRulebase);
+    return SignalProgress(ReviewStatus::LoadRulebase);
+}
+
+ReviewStatus ReviewManager::State_LoadRulebase() {
+    auto status = ReviewStatus::IsError;
+    Trap({kModule, "State_LoadRulebase"}, [&] {
+        RulebaseManager manager;
+        m_rulebase = manager.LoadRulebase(m_criteria->LoadCriteria());
+        if (m_rulebase) {
+            m_criteria->LoadCriteria().SetRulebaseTitle(m_rulebase->Title());
+            m_criteria->LoadCriteria().SetRulebaseVersion(m_rulebase->Version());
+            status = ReviewStatus::InitialiseReports;
+        }
+    });
+    return status;
+}
+
+ReviewStatus ReviewManager::State_BeginProjects() {
+    m_progress.SetAction(kActionInitialisingReview);
+    m_progress.BeginReview(m_criteria->ProjectList().SelectedCount());
+    const ReviewStatus status = SignalProgress(ReviewStatus::BeginProjects);
+    if (status != ReviewStatus::BeginProjects) {
+        return status;
+    }
+    m_projectIndex = 0;
+    return MoveToNextProject(false);
+}
+
+ReviewStatus ReviewManager::State_OpenProject() {
+    auto status = ReviewStatus::IsError;
+    Trap({kModule, "State_OpenProject"}, [&] {
+        m_projectReview = m_factory();
+        m_projectReview->HookupCallback(this);
+        if (m_projectReview->InitialiseReview(m_criteria, m_progress, m_rulebase, m_ruleEngine) == 0 &&
+            m_projectReview->LoadProject(m_projectIndex) == 0) {
+            status = ReviewStatus::ProjectTimeSlice;
+        }
+    });
+    return status;
+}
+
+ReviewStatus ReviewManager::State_ProjectTimeSlice() {
+    switch (m_projectReview->ReviewTimeSlice(1)) {
+        case SliceResult::Continue: return SignalProgress(ReviewStatus::ProjectTimeSlice);
+        case SliceResult::Failed: return ReviewStatus::IsError;
+        case SliceResult::Aborted: return ReviewStatus::IsAbort;
+        case SliceResult::Complete: return ReviewStatus::CloseProject;
+    }
+    return ReviewStatus::CloseProject;
+}
+
+ReviewStatus ReviewManager::State_CloseProject() {
+    ReleaseProjectReview();
+    return MoveToNextProject(false);
+}
+
+ReviewStatus ReviewManager::State_BatchReport() {
+    const ReviewStatus status = SignalProgress(ReviewStatus::BatchReport);
+    return status == ReviewStatus::BatchReport ? ReviewStatus::IsReviewComplete : status;
+}
+
+}  // namespace dorvik

@@ -1,0 +1,91 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+#include "criteria/ProgressInfo.h"
+#include "criteria/ReviewCriteria.h"
+#include "enforcement/RuleEngine.h"
+#include "review/IProjectReview.h"
+#include "review/IProjectReviewEvents.h"
+#include "review/ReviewStatus.h"
+
+namespace dorvik {
+
+class Rulebase;
+
+/// Drives one review: loads the rulebase, then hands each selected project to a project review.
+/// All work is cut into steps of a state machine, and the caller decides how many run at a time.
+/// A manager serves one review only.
+///
+/// | state | the step                                               | next          |
+/// |-------|--------------------------------------------------------|---------------|
+/// | 1     | nothing                                                | 2             |
+/// | 2     | tells that the rulebase is being loaded                | 3, 30         |
+/// | 3     | loads the rulebase                                     | 4, 29         |
+/// | 4     | makes the reports ready                                | 5, 30         |
+/// | 5     | finds the first selected project                       | 6, 27, 30     |
+/// | 6     | opens a project                                        | 17, 29        |
+/// | 17    | one step of the project review                         | 17, 26, 29, 30|
+/// | 26    | closes the project, finds the next                     | 6, 27         |
+/// | 27    | the end of the batch                                   | 28, 29, 30    |
+///
+/// 28 is the complete review, 29 an error and 30 a cancelled review. An error in 6, 17 or 26 costs
+/// only that project.
+class ReviewManager final : private IProjectReviewEvents {
+public:
+    /// A handler that sets `cancel` to true ends the review as aborted.
+    using ProgressHandler = std::function<void(const ProgressInfo& progress, bool& cancel)>;
+    using ProjectReviewFactory = std::function<std::unique_ptr<IProjectReview>()>;
+
+    /// Reviews projects with `VB6ProjectReview`.
+    ReviewManager();
+    /// Reviews projects with what the factory makes.
+    explicit ReviewManager(ProjectReviewFactory factory);
+    ~ReviewManager() override;
+
+    /// 0, or 1 if there are no criteria; the manager is then of no use.
+    std::int32_t InitialiseReview(std::shared_ptr<ReviewCriteria> criteria);
+    void SetProgressHandler(ProgressHandler handler) { m_progressHandler = std::move(handler); }
+
+    /// Runs `ticks` steps: 0 and 1 both mean one step, `kWholeReview` all of them. Stops early at
+    /// the first step whose result is not `Continue`.
+    SliceResult ReviewTimeSlice(std::int32_t ticks);
+
+    /// The rulebase of this review once it is loaded, otherwise null.
+    const dorvik::Rulebase* LoadedRulebase() const { return m_rulebase.get(); }
+
+private:
+    void SignalReviewProgress(bool& cancel) override;
+
+    SliceResult ReviewStep();
+    ReviewStatus DetermineReviewStatus();
+    ReviewStatus RecoverFromError(ReviewStatus state);
+    ReviewStatus MoveToNextProject(bool releaseCurrent);
+    std::int32_t FindNextSelectedProject(std::int32_t from) const;
+    ReviewStatus SignalProgress(ReviewStatus status);
+    void ReleaseProjectReview();
+    void ClearProjects();
+
+    ReviewStatus State_ShowLoadingRulebase();
+    ReviewStatus State_LoadRulebase();
+    ReviewStatus State_BeginProjects();
+    ReviewStatus State_OpenProject();
+    ReviewStatus State_ProjectTimeSlice();
+    ReviewStatus State_CloseProject();
+    ReviewStatus State_BatchReport();
+
+    ProjectReviewFactory m_factory;
+    ProgressHandler m_progressHandler;
+    ReviewStatus m_state = ReviewStatus::Start;
+    std::int32_t m_projectIndex = 0;
+    // Declared so that the progress goes first and the engine last.
+    RuleEngine m_ruleEngine;
+    std::shared_ptr<dorvik::Rulebase> m_rulebase;
+    std::shared_ptr<ReviewCriteria> m_criteria;
+    std::unique_ptr<IProjectReview> m_projectReview;
+    ProgressInfo m_progress;
+};
+
+}  // namespace dorvik

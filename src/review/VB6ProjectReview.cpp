@@ -1,0 +1,182 @@
+#include "review/VB6ProjectReview.h"
+
+#include "criteria/ProgressInfo.h"
+#include "criteria/ReviewCriteria.h"
+#include "enforcement/RuleEngine.h"
+#include "foundation/Trap.h"
+#include "platform/modHost.h"
+#include "review/IProjectReviewEvents.h"
+#include "rulebase/Rulebase.h"
+
+namespace dorvik {
+
+namespace {
+
+constexpr std::string_view kModule = "C_VB6ProjectReview";
+
+}  // namespace
+
+VB6ProjectReview::VB6ProjectReview() = default;
+VB6ProjectReview::~VB6ProjectReview() = default;
+
+void VB6ProjectReview::HookupCallback(IProjectReviewEvents* callback) {
+    m_callback = callback;
+}
+
+void VB6ProjectReview::UnhookCallback() {
+    m_callback = nullptr;
+}
+
+std::int32_t VB6ProjectReview::InitialiseReview(
+    std::shared_ptr<ReviewCriteria> criteria,
+    ProgressInfo& progress,
+    std::shared_ptr<Rulebase> rulebase,
+    RuleEngine& ruleEngine) {
+    m_criteria = std::move(criteria);
+    m_progress = &progress;
+    m_rulebase = std::move(rulebase);
+    m_ruleEngine = &ruleEngine;
+    return 0;
+}
+
+void VB6ProjectReview::Dispose() {
+    if (m_fileParser) {
+        m_fileParser->UnhookCallback();
+        m_fileParser->Dispose();
+        m_fileParser.reset();
+    }
+    if (m_project) {
+        m_project->ClearListProperties();
+    }
+}
+
+void VB6ProjectReview::AbortReview() {
+    if (m_resultsManager) {
+        LogLine("Review aborted by user.");
+        m_resultsManager->AbortReview();
+    }
+}
+
+SliceResult VB6ProjectReview::ReviewTimeSlice(std::int32_t ticks) {
+    auto result = SliceResult::Failed;
+    Trap({kModule, "ReviewTimeSlice"}, [&] {
+        auto slice = SliceResult::Continue;
+        std::int32_t stepsLeft = ticks;
+        do {
+            slice = ProjectReviewStep();
+            --stepsLeft;
+        } while (slice == SliceResult::Continue && (ticks == kWholeReview || stepsLeft > 0));
+        if (slice != SliceResult::Continue && m_resultsManager) {
+            LogLine(
+                slice == SliceResult::Aborted ? "Review aborted by user."
+                                              : "Review terminated due to unexpected error.");
+            m_resultsManager->AbortReview();
+        }
+        result = slice;
+    });
+    return result;
+}
+
+SliceResult VB6ProjectReview::ProjectReviewStep() {
+    ReviewStatus status = DetermineProjectParserStatus();
+    if (status == ReviewStatus::IsProjectComplete) {
+        return SliceResult::Complete;
+    }
+    if (status == ReviewStatus::IsAbort) {
+        return SliceResult::Aborted;
+    }
+    if (status == ReviewStatus::IsError) {
+        status = RecoverFromProjectError(m_state);
+        if (status == ReviewStatus::IsError) {
+            return SliceResult::Failed;
+        }
+    }
+    m_state = status;
+    modHost::YieldToInput();
+    return SliceResult::Continue;
+}
+
+ReviewStatus VB6ProjectReview::DetermineProjectParserStatus() {
+    // The numbers are shared with the driver, so some of them are no state of this machine.
+    switch (static_cast<std::int32_t>(m_state)) {
+        case 7: return State_BeginLoadReferences();
+        case 8: return State_LoadTypeLib_Reference();
+        case 9: return State_BeginLoadComponents();
+        case 10: return State_LoadTypeLib_Component();
+        case 11: return State_BeginPrescan();
+        case 12: return State_PrescanFile();
+        case 13: return State_BeginProject();
+        case 34: return State_Reference();
+        case 14: return State_BeginSourceFiles();
+        case 17: return State_LoadSourceFile();
+        case 25: return State_EndSourceFiles();
+        case 26: return State_EndProject();
+        case 35: return State_SourceFileTick();
+        case 36: return State_EndSourceFile(false);
+        default: return ReviewStatus::IsError;
+    }
+}
+
+ReviewStatus VB6ProjectReview::RecoverFromProjectError(ReviewStatus state) {
+    const auto number = static_cast<std::int32_t>(state);
+    if (number == 7 || number == 8) {
+        m_project->SetReferenceErrors(m_project->ReferenceErrors() + 1);
+        return ReviewStatus::LoadTypeLibReference;
+    }
+    if (number == 9 || number == 10) {
+        m_project->SetComponentErrors(m_project->ComponentErrors() + 1);
+        return ReviewStatus::LoadTypeLibComponent;
+    }
+    if (number == 11 || number == 12) {
+        m_project->SetScanErrors(m_project->ScanErrors() + 1);
+        return ReviewStatus::PrescanFile;
+    }
+    if ((number >= 15 && number <= 24) || state == ReviewStatus::SourceFileTick) {
+        return State_EndSourceFile(true);
+    }
+    return state == ReviewStatus::Reference ? ReviewStatus::BeginSourceFiles : ReviewStatus::IsError;
+}
+
+ReviewStatus VB6ProjectReview::SignalProjectProgress(ReviewStatus status) {
+    if (!m_progress->HasChanged()) {
+        return status;
+    }
+    bool cancel = false;
+    if (m_callback != nullptr) {
+        m_callback->SignalReviewProgress(cancel);
+    }
+    return cancel ? ReviewStatus::IsAbort : status;
+}
+
+ReviewStatus VB6ProjectReview::MoveToNextSourceFile() {
+    while (true) {
+        ++m_sourceFileIndex;
+        if (m_sourceFileIndex > m_project->SourceFiles().Count()) {
+            return ReviewStatus::EndSourceFiles;
+        }
+        if (m_project->SourceFiles().Selected(m_sourceFileIndex)) {
+            ++m_reviewedFileCount;
+            return ReviewStatus::LoadSourceFile;
+        }
+    }
+}
+
+void VB6ProjectReview::ParserEvent(dorvik::ParserEvent event) {
+    ExecuteEventActions(event);
+}
+
+void VB6ProjectReview::ExecuteEventActions(dorvik::ParserEvent event) {
+    Trap({kModule, "ExecuteEventActions"}, [&] {
+        m_eventActions->Execute(event, m_fileParser != nullptr);
+        if (event == dorvik::ParserEvent::EndFile) {
+            LogLine(m_sourceFile->Filename() + " successfully reviewed.");
+            LogFileResults();
+        }
+    });
+}
+
+void VB6ProjectReview::LogLine(std::string_view line) {
+    m_resultsManager->DumpDebugPrint(line, false);
+}
+
+}  // namespace dorvik

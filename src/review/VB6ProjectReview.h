@@ -1,0 +1,112 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "enforcement/EventActions.h"
+#include "enforcement/NamingConventionHelper.h"
+#include "enforcement/ResultsManager.h"
+#include "parser/IFileParser.h"
+#include "parser/IFileParserEvents.h"
+#include "review/IProjectReview.h"
+#include "source/VirtualProject.h"
+#include "source/VirtualSourceFile.h"
+
+namespace dorvik {
+
+/// Reviews one project from end to end: opens its results store, loads the type libraries of its
+/// references and components, scans all files for global names, fires the project's own parser
+/// events, drives one file parser for each selected file, and closes everything in the right order.
+///
+/// | state | the step                                          | next               |
+/// |-------|---------------------------------------------------|--------------------|
+/// | 7, 8  | loads the type library of the next reference      | 8, 9, 30           |
+/// | 9, 10 | loads the type library of the next component      | 10, 11, 30         |
+/// | 11, 12| scans the next file for global names              | 12, 13, 29, 30     |
+/// | 13    | begins the project (event 1)                      | 34, 30             |
+/// | 34    | all references (event 26 each)                    | 14                 |
+/// | 14    | begins the source files (event 2)                 | 17, 25             |
+/// | 17    | opens a source file                               | 35, 17, 25, 30     |
+/// | 35    | one tick of the file parser                       | 35, 36, 30, 17, 25 |
+/// | 36    | closes the source file                            | 17, 25, 30         |
+/// | 25    | ends the source files (event 36)                  | 26                 |
+/// | 26    | ends the project (event 37)                       | 27                 |
+///
+/// 27 is the complete project, 29 an error, 30 a cancelled review. An error of a reference, a
+/// component, a scan or a file costs only that one.
+class VB6ProjectReview final : public IProjectReview, private IFileParserEvents {
+public:
+    VB6ProjectReview();
+    ~VB6ProjectReview() override;
+
+    void HookupCallback(IProjectReviewEvents* callback) override;
+    std::int32_t InitialiseReview(
+        std::shared_ptr<ReviewCriteria> criteria,
+        ProgressInfo& progress,
+        std::shared_ptr<Rulebase> rulebase,
+        RuleEngine& ruleEngine) override;
+    std::int32_t LoadProject(std::int32_t projectIndex) override;
+    SliceResult ReviewTimeSlice(std::int32_t ticks) override;
+    void AbortReview() override;
+    void UnhookCallback() override;
+    void Dispose() override;
+
+    /// The state of the machine, as in the table above.
+    ReviewStatus State() const { return m_state; }
+
+private:
+    void ParserEvent(dorvik::ParserEvent event) override;
+    void ExecuteEventActions(dorvik::ParserEvent event);
+
+    SliceResult ProjectReviewStep();
+    ReviewStatus DetermineProjectParserStatus();
+    ReviewStatus RecoverFromProjectError(ReviewStatus state);
+    ReviewStatus SignalProjectProgress(ReviewStatus status);
+    ReviewStatus MoveToNextSourceFile();
+
+    ReviewStatus State_BeginLoadReferences();
+    ReviewStatus State_LoadTypeLib_Reference();
+    ReviewStatus State_BeginLoadComponents();
+    ReviewStatus State_LoadTypeLib_Component();
+    ReviewStatus State_BeginPrescan();
+    ReviewStatus State_PrescanFile();
+    ReviewStatus State_BeginProject();
+    ReviewStatus State_Reference();
+    ReviewStatus State_BeginSourceFiles();
+    ReviewStatus State_LoadSourceFile();
+    ReviewStatus State_SourceFileTick();
+    ReviewStatus State_EndSourceFile(bool incomplete);
+    ReviewStatus State_EndSourceFiles();
+    ReviewStatus State_EndProject();
+
+    bool OpenProject(std::int32_t projectIndex);
+    ReviewStatus FailToConnect(SourceFileStatus status);
+    void CloseIncompleteFile();
+    void LogFileResults();
+    void LogVerdict();
+    void LogLine(std::string_view line);
+    bool IsAuthorised(VirtualReference& reference) const;
+    VB6ParserState& ParserState() { return m_resultsManager->ParserState(); }
+
+    IProjectReviewEvents* m_callback = nullptr;
+    std::unique_ptr<IFileParser> m_fileParser;         // null between files
+    std::shared_ptr<VirtualSourceFile> m_sourceFile;   // null between files
+    std::shared_ptr<VirtualProject> m_project;
+    std::unique_ptr<ResultsManager> m_resultsManager;  // null when nothing is left to abort
+    std::unique_ptr<EventActions> m_eventActions;      // lives and goes with the results manager
+    std::int32_t m_reviewedFileCount = 0;
+    std::int32_t m_sourceFileIndex = 0;
+    std::int32_t m_typeLibIndex = 0;
+    ReviewStatus m_state = ReviewStatus::BeginLoadReferences;
+    std::shared_ptr<ReviewCriteria> m_criteria;
+    std::shared_ptr<Rulebase> m_rulebase;
+    ProgressInfo* m_progress = nullptr;
+    RuleEngine* m_ruleEngine = nullptr;
+    const ITypeLibraries* m_typeLibraries = nullptr;  // none on this machine yet
+    std::unique_ptr<NamingConventionHelper> m_namingHelper;  // only with naming conventions
+};
+
+}  // namespace dorvik

@@ -1,0 +1,129 @@
+// The files' part of the review: opening, ticking and closing one source file after another.
+#include "parser/ScopeName.h"
+#include "criteria/ProgressInfo.h"
+#include "criteria/ReviewCriteria.h"
+#include "foundation/Trap.h"
+#include "parser/VB6Parser.h"
+#include "results/modTolerances.h"
+#include "review/VB6ProjectReview.h"
+#include "review/modProjectScope.h"
+
+namespace dorvik {
+
+namespace {
+
+constexpr std::string_view kModule = "C_VB6ProjectReview";
+constexpr std::int32_t kReportsForEveryFile = 2;
+
+}  // namespace
+
+ReviewStatus VB6ProjectReview::State_BeginSourceFiles() {
+    auto status = ReviewStatus::IsError;
+    Trap({kModule, "State_BeginSourceFiles"}, [&] {
+        ExecuteEventActions(dorvik::ParserEvent::BeginSourceFiles);
+        const std::int32_t selected = m_project->SourceFiles().SelectedCount();
+        m_progress->BeginSourceFiles(selected);
+        // One report for each file, and the project report itself.
+        m_progress->BeginSourceFileReports(m_criteria->ReportOption() == kReportsForEveryFile ? selected + 1 : 0);
+        m_sourceFileIndex = 0;
+        m_reviewedFileCount = 0;
+        status = MoveToNextSourceFile();
+    });
+    return status;
+}
+
+ReviewStatus VB6ProjectReview::State_LoadSourceFile() {
+    auto status = ReviewStatus::IsError;
+    Trap({kModule, "State_LoadSourceFile"}, [&] {
+        m_sourceFile = m_project->SourceFiles().Item(m_sourceFileIndex);
+        modProjectScope::AttachFile(ParserState(), *m_sourceFile);
+        const SourceFileStatus connected = m_sourceFile->Connect();
+        if (connected != SourceFileStatus::Good) {
+            status = FailToConnect(connected);
+            return;
+        }
+        m_progress->BeginSourceFile(m_sourceFile->Name(), m_sourceFile->Filename(), m_sourceFile->Size());
+        status = SignalProjectProgress(ReviewStatus::IsSourceFileOpened);
+        if (status != ReviewStatus::IsSourceFileOpened) {
+            return;
+        }
+        m_fileParser = std::make_unique<VB6Parser>();
+        m_fileParser->InitialiseSourceFileReview(*m_sourceFile, ParserState());
+        m_fileParser->HookupCallback(*this);
+        status = ReviewStatus::SourceFileTick;
+    });
+    return status;
+}
+
+ReviewStatus VB6ProjectReview::FailToConnect(SourceFileStatus status) {
+    m_project->SetFileErrors(m_project->FileErrors() + 1);
+    m_sourceFile->SetReviewStatus(status);
+    return State_EndSourceFile(true);
+}
+
+ReviewStatus VB6ProjectReview::State_SourceFileTick() {
+    std::int32_t charactersDone = 0;
+    auto result = TickResult::Failed;
+    m_fileParser->ReviewTick(charactersDone, result);
+    switch (result) {
+        case TickResult::GoesOn:
+            m_progress->UpdateSourceFileProgress(charactersDone);
+            return ReviewStatus::SourceFileTick;
+        case TickResult::Stopped: return ReviewStatus::IsAbort;
+        case TickResult::EndOfFile: return ReviewStatus::EndSourceFile;
+        case TickResult::Failed: break;
+    }
+    return RecoverFromProjectError(ReviewStatus::SourceFileTick);
+}
+
+ReviewStatus VB6ProjectReview::State_EndSourceFile(bool incomplete) {
+    auto status = ReviewStatus::IsError;
+    Trap({kModule, "State_EndSourceFile"}, [&] {
+        if (incomplete) {
+            CloseIncompleteFile();
+        }
+        ParserState().Detach(scopename::kDeclarations);
+        ParserState().Detach(scopename::kFile);
+        if (m_fileParser) {
+            m_fileParser->UnhookCallback();
+            m_fileParser->Dispose();
+            m_fileParser.reset();
+        }
+        m_sourceFile->Disconnect();
+        m_sourceFile->SetProject(nullptr);
+        m_sourceFile.reset();
+        m_progress->EndSourceFile();
+        status = SignalProjectProgress(ReviewStatus::IsSourceFileClosed);
+        if (status == ReviewStatus::IsSourceFileClosed) {
+            status = MoveToNextSourceFile();
+        }
+    });
+    return status;
+}
+
+void VB6ProjectReview::CloseIncompleteFile() {
+    LogLine(m_sourceFile->Filename() + " review incomplete due to unexpected error.");
+    m_project->AddUnreviewedFile({m_sourceFile->Filename(), m_sourceFile->ReviewStatus()});
+    m_resultsManager->ResultsDB().SetupVObjectResults(scopename::kFile, *m_sourceFile->FileStats());
+    LogFileResults();
+    modProjectScope::DetachOpenObjects(ParserState());
+}
+
+void VB6ProjectReview::LogFileResults() {
+    if (const auto file = ParserState().GetVirtualObject(scopename::kFile)) {
+        modTolerances::SetTolerancePassValue(*file, *m_criteria, false);
+    }
+    m_resultsManager->LogVirtualObjectResults(scopename::kDeclarations);
+    m_resultsManager->LogVirtualObjectResults(scopename::kFile);
+}
+
+ReviewStatus VB6ProjectReview::State_EndSourceFiles() {
+    auto status = ReviewStatus::IsError;
+    Trap({kModule, "State_EndSourceFiles"}, [&] {
+        ExecuteEventActions(dorvik::ParserEvent::EndSourceFiles);
+        status = ReviewStatus::EndProject;
+    });
+    return status;
+}
+
+}  // namespace dorvik

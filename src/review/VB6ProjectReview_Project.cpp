@@ -1,0 +1,253 @@
+// The project's part of the review: opening, type libraries, global names, references, closing.
+#include "parser/ScopeName.h"
+#include "base/DateTime.h"
+#include "base/modTextCase.h"
+#include "base/modText.h"
+#include "criteria/ProgressInfo.h"
+#include "criteria/ReviewCriteria.h"
+#include "enforcement/RuleEngine.h"
+#include "enforcement/VirtualTypeLibrary.h"
+#include "foundation/Trap.h"
+#include "platform/modHost.h"
+#include "results/modTolerances.h"
+#include "review/VB6ProjectReview.h"
+#include "review/modProjectScope.h"
+#include "rulebase/Rulebase.h"
+
+namespace dorvik {
+
+namespace {
+
+constexpr std::string_view kModule = "C_VB6ProjectReview";
+
+/// The action codes that a project review sets; the progress window words them.
+constexpr std::int32_t kActionReviewing = 2;
+constexpr std::int32_t kActionExtractingNames = 4;
+constexpr std::int32_t kActionLoadingReferences = 5;
+constexpr std::int32_t kActionLoadingComponents = 7;
+
+std::string DateAndTime() {
+    const DateTime now = modHost::Now();
+    return modDateText::LongDate(now) + " " + modDateText::LongTime(now);
+}
+
+}  // namespace
+
+std::int32_t VB6ProjectReview::LoadProject(std::int32_t projectIndex) {
+    bool opened = false;
+    Trap({kModule, "LoadProject"}, [&] { opened = OpenProject(projectIndex); });
+    return opened ? 0 : 1;
+}
+
+bool VB6ProjectReview::OpenProject(std::int32_t projectIndex) {
+    m_resultsManager = std::make_unique<ResultsManager>();
+    m_project = m_criteria->ProjectList().Item(projectIndex);
+    const std::string filename = m_project->Filename();
+    m_resultsManager->SetProject(m_project.get());
+    m_eventActions =
+        std::make_unique<EventActions>(*m_criteria, *m_rulebase, *m_ruleEngine, *m_resultsManager);
+    if (m_criteria->ReviewType() == ReviewType_Batch) {
+        const ProjectLoadStatus status = m_project->LoadProject(filename);
+        if (status != ProjectLoadStatus::Good) {
+            m_project->SetReviewStatus(static_cast<std::int32_t>(status));
+            return false;
+        }
+        for (std::int32_t index = 1; index <= m_project->SourceFiles().Count(); ++index) {
+            m_project->SourceFiles().SetSelected(index, true);
+        }
+    }
+    if (!m_resultsManager->BeginReview(filename, *m_criteria, *m_rulebase)) {
+        m_project->SetReviewStatus(1);
+        return false;
+    }
+    LogLine("Project: " + filename);
+    LogLine("Review start date: " + DateAndTime());
+    const auto& files = m_project->SourceFiles();
+    m_progress->LoadProject(m_project->Name(), filename, files.Count());
+    LogLine(files.SelectedCount() < files.Count() ? "Review: Selected files." : "Review: All files.");
+    if (m_criteria->LoadCriteria().NamingConventions()) {
+        m_namingHelper = std::make_unique<NamingConventionHelper>();
+        m_state = ReviewStatus::BeginLoadReferences;
+    } else {
+        m_state = ReviewStatus::BeginProject;
+    }
+    return true;
+}
+
+ReviewStatus VB6ProjectReview::State_BeginLoadReferences() {
+    m_progress->SetAction(kActionLoadingReferences);
+    m_typeLibIndex = 0;
+    return State_LoadTypeLib_Reference();
+}
+
+ReviewStatus VB6ProjectReview::State_LoadTypeLib_Reference() {
+    auto status = ReviewStatus::IsError;
+    Trap({kModule, "State_LoadTypeLib_Reference"}, [&] {
+        ++m_typeLibIndex;
+        if (m_typeLibIndex > m_project->References().Count()) {
+            status = SignalProjectProgress(ReviewStatus::BeginLoadComponents);
+            return;
+        }
+        status = SignalProjectProgress(ReviewStatus::LoadTypeLibReference);
+        if (status != ReviewStatus::LoadTypeLibReference) {
+            return;
+        }
+        const VirtualReference& reference = *m_project->References().Item(m_typeLibIndex);
+        const auto library = std::make_shared<VirtualTypeLibrary>(m_typeLibraries);
+        if (library->LoadVirtualReferenceTypeLib(reference)) {
+            m_namingHelper->AddTypeLibrary(library->Name(), library);
+            LogLine("Successfully loaded reference '" + reference.Description + "'");
+        } else {
+            LogLine("Failed to load reference '" + reference.Description + "'");
+            m_project->SetReferenceErrors(m_project->ReferenceErrors() + 1);
+        }
+    });
+    return status;
+}
+
+ReviewStatus VB6ProjectReview::State_BeginLoadComponents() {
+    m_progress->SetAction(kActionLoadingComponents);
+    m_typeLibIndex = 0;
+    return State_LoadTypeLib_Component();
+}
+
+ReviewStatus VB6ProjectReview::State_LoadTypeLib_Component() {
+    auto status = ReviewStatus::IsError;
+    Trap({kModule, "State_LoadTypeLib_Component"}, [&] {
+        ++m_typeLibIndex;
+        if (m_typeLibIndex > m_project->Components().Count()) {
+            m_progress->BeginPreScan();
+            status = SignalProjectProgress(ReviewStatus::BeginPrescan);
+            return;
+        }
+        status = SignalProjectProgress(ReviewStatus::LoadTypeLibComponent);
+        if (status != ReviewStatus::LoadTypeLibComponent) {
+            return;
+        }
+        const VirtualComponent& component = *m_project->Components().Item(m_typeLibIndex);
+        const auto library = std::make_shared<VirtualTypeLibrary>(m_typeLibraries);
+        if (library->LoadVirtualComponentTypeLib(component)) {
+            m_namingHelper->AddTypeLibrary(library->Name(), library);
+            LogLine("Successfully loaded component '" + component.Filename + "'");
+        } else {
+            LogLine("Failed to load component '" + component.Filename + "'");
+            m_project->SetComponentErrors(m_project->ComponentErrors() + 1);
+        }
+    });
+    return status;
+}
+
+ReviewStatus VB6ProjectReview::State_BeginPrescan() {
+    m_progress->SetAction(kActionExtractingNames);
+    m_sourceFileIndex = 0;
+    return State_PrescanFile();
+}
+
+ReviewStatus VB6ProjectReview::State_PrescanFile() {
+    auto status = ReviewStatus::IsError;
+    Trap({kModule, "State_PrescanFile"}, [&] {
+        ++m_sourceFileIndex;
+        if (m_sourceFileIndex > m_project->SourceFiles().Count()) {
+            status = ReviewStatus::BeginProject;
+            return;
+        }
+        VirtualSourceFile& file = *m_project->SourceFiles().Item(m_sourceFileIndex);
+        m_progress->PreScanFile(file.Name(), file.Filename());
+        const ReviewStatus signalled = SignalProjectProgress(ReviewStatus::PrescanFile);
+        if (signalled == ReviewStatus::PrescanFile && m_namingHelper->ExtractGlobalNames(file) != 0) {
+            LogLine("Failed to extract global names for source file " + file.Filename());
+            return;
+        }
+        status = signalled;
+    });
+    return status;
+}
+
+ReviewStatus VB6ProjectReview::State_BeginProject() {
+    auto status = ReviewStatus::IsError;
+    Trap({kModule, "State_BeginProject"}, [&] {
+        modProjectScope::AttachProject(ParserState(), *m_project);
+        m_progress->SetAction(kActionReviewing);
+        m_progress->BeginProject();
+        status = SignalProjectProgress(ReviewStatus::BeginProject);
+        if (status == ReviewStatus::BeginProject) {
+            ExecuteEventActions(dorvik::ParserEvent::BeginProject);
+            status = ReviewStatus::Reference;
+        }
+    });
+    return status;
+}
+
+bool VB6ProjectReview::IsAuthorised(VirtualReference& reference) const {
+    const AuthorisedReferences& list = m_rulebase->AuthorisedReferences();
+    const std::int32_t position = reference.DesignTime ? -1 : list.FindByLibID(reference.GUID);
+    if (position == -1) {
+        return false;
+    }
+    const std::string& versions = list.Item(position)->VersionList();
+    if (modText::Trim(versions).empty()) {
+        return true;
+    }
+    reference.AuthorisedVersions = versions;
+    // Required: a version counts as listed wherever its text occurs in the list.
+    return modTextCase::Find(versions, reference.Version) != std::string_view::npos;
+}
+
+ReviewStatus VB6ProjectReview::State_Reference() {
+    auto status = ReviewStatus::IsError;
+    Trap({kModule, "State_Reference"}, [&] {
+        for (std::int32_t index = 1; index <= m_project->References().Count(); ++index) {
+            VirtualReference& reference = *m_project->References().Item(index);
+            const bool authorised = IsAuthorised(reference);
+            modProjectScope::AttachReference(ParserState(), reference, authorised);
+            ExecuteEventActions(dorvik::ParserEvent::Reference);
+            modProjectScope::DetachReference(ParserState());
+        }
+        status = ReviewStatus::BeginSourceFiles;
+    });
+    return status;
+}
+
+ReviewStatus VB6ProjectReview::State_EndProject() {
+    auto status = ReviewStatus::IsError;
+    Trap({kModule, "State_EndProject"}, [&] {
+        if (const auto projectFile = ParserState().GetVirtualObject(scopename::kProjectFile)) {
+            modTolerances::SetTolerancePassValue(*projectFile, *m_criteria, true);
+        }
+        if (m_project->ComponentErrors() > 0 || m_project->FileErrors() > 0 ||
+            m_project->ReferenceErrors() > 0 || m_project->ScanErrors() > 0) {
+            m_project->SetReviewStatus(1);
+        }
+        ExecuteEventActions(dorvik::ParserEvent::EndProject);
+        modProjectScope::DetachProject(ParserState());
+        LogLine("Review end date: " + DateAndTime());
+        LogLine("Review complete.");
+        LogVerdict();
+        m_resultsManager->EndReview(m_ruleEngine->RuleExecutionCount());
+        m_resultsManager->SetProject(nullptr);
+        m_eventActions.reset();
+        m_resultsManager.reset();
+        m_project.reset();
+        status = ReviewStatus::IsProjectComplete;
+    });
+    return status;
+}
+
+void VB6ProjectReview::LogVerdict() {
+    if (m_project->ReviewStatus() == 0) {
+        LogLine("Project reviewed successfully.");
+        return;
+    }
+    LogLine("Unexpected error(s) encountered during review.");
+    const auto tell = [this](std::int32_t count, std::string_view text) {
+        if (count > 0) {
+            LogLine(std::to_string(count).append(text));
+        }
+    };
+    tell(m_project->ComponentErrors(), " error(s) loading components.");
+    tell(m_project->ReferenceErrors(), " error(s) loading references.");
+    tell(m_project->ScanErrors(), " error(s) extracting global names.");
+    tell(m_project->FileErrors(), " error(s) reviewing source files.");
+}
+
+}  // namespace dorvik

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "parser/VB6ParserState.h"
+#include "source/VirtualProject.h"
+#include "source/VirtualReference.h"
+#include "source/VirtualSourceFile.h"
+
+/// The virtual objects that stand in scope from outside the file parser: project, project file,
+/// references and files. Whoever walks a project attaches them through these functions, so that a
+/// review and a bare event stream show the same objects.
+namespace dorvik::modProjectScope {
+
+/// Attaches "Project" with its member counts and "VBP" with the names of the project file.
+void AttachProject(VB6ParserState& state, VirtualProject& project);
+void DetachProject(VB6ParserState& state);
+
+/// Attaches "Reference".
+void AttachReference(VB6ParserState& state, const VirtualReference& reference, bool isAuthorised);
+void DetachReference(VB6ParserState& state);
+
+/// Attaches "File" with its member counts at zero.
+void AttachFile(VB6ParserState& state, VirtualSourceFile& file);
+
+/// Detaches whatever a file that ended too early may have left attached.
+void DetachOpenObjects(VB6ParserState& state);
+
+}  // namespace dorvik::modProjectScope

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "foundation/IListItem.h"
+#include "foundation/ObjectArrayList.h"
+#include "rulebase/IRule.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace dorvik {
+
+/// A category of rules. Its key follows its ID: category 7 has the key "7K".
+class CategoryItem final : public IListItem {
+public:
+    const std::string& Key() const override { return m_key; }
+    const std::string& Title() const override { return m_title; }
+    void SetTitle(std::string title) { m_title = std::move(title); }
+    const std::string& Description() const override { return m_description; }
+    void SetDescription(std::string description) { m_description = std::move(description); }
+    std::int32_t ID() const override { return m_id; }
+    /// Also sets the key.
+    void SetID(std::int32_t id);
+    /// A hidden category is shown only where the administrator's program is installed.
+    bool Hidden() const { return m_hidden; }
+    void SetHidden(bool hidden) { m_hidden = hidden; }
+    /// Created when first read. Only the copies of categories in a report definition fill it.
+    ObjectArrayList<IRule>& CategoryRules();
+
+private:
+    void SetKey(std::string key) override { m_key = std::move(key); }
+
+    std::string m_key;
+    std::string m_title;
+    std::string m_description;
+    std::unique_ptr<ObjectArrayList<IRule>> m_categoryRules;
+    std::int32_t m_id = 0;
+    bool m_hidden = false;
+};
+
+}  // namespace dorvik

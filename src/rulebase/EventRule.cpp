@@ -1,0 +1,62 @@
+#include "rulebase/EventRule.h"
+
+#include "base/BasicError.h"
+#include "foundation/Trap.h"
+
+#include <algorithm>
+
+namespace dorvik {
+
+std::int32_t EventRule::ParserEventID(std::int32_t index) const {
+    if (index < 0 || index >= EventCount()) {
+        RaiseRuntimeError(runtimeerror::kSubscriptOutOfRange);
+    }
+    return m_events[static_cast<std::size_t>(index)];
+}
+
+std::string EventRule::ParserEventList() const {
+    std::string list;
+    for (const std::int32_t event : m_events) {
+        if (!list.empty()) {
+            list += '|';
+        }
+        list += std::to_string(event);
+    }
+    return list;
+}
+
+bool EventRule::AddParserEventID(std::int32_t eventID) {
+    return Trap({ModuleName(), "AddParserEventID"}, [&] {
+        if (!IsAssignedToEvent(eventID)) {
+            m_events.push_back(eventID);
+            MarkDirty();
+        }
+    });
+}
+
+bool EventRule::RemoveParserEventID(std::int32_t eventID) {
+    MarkDirty();
+    if (eventID == -1) {
+        m_events.clear();
+        return true;
+    }
+    const auto place = std::find(m_events.begin(), m_events.end(), eventID);
+    if (place != m_events.end()) {
+        // Required: a swap with the last event, not a shift.
+        *place = m_events.back();
+        m_events.pop_back();
+    }
+    return true;
+}
+
+bool EventRule::IsAssignedToEvent(std::int32_t eventID) const {
+    return std::find(m_events.begin(), m_events.end(), eventID) != m_events.end();
+}
+
+void EventRule::CopyEvents(const EventRule& other) {
+    for (const std::int32_t event : other.m_events) {
+        AddParserEventID(event);
+    }
+}
+
+}  // namespace dorvik

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "source/modVOSource.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+
+namespace dorvik {
+
+/// Reads the objects of a layout one after the other. It gives what
+/// `modVOSource::ExtractControlFromLayout` gives for the same ordinal, but goes on from the object
+/// before instead of from the first line; an ordinal that lies behind starts anew.
+/// REQUIRES: the lines outlive the reader and do not change.
+class LayoutReader {
+public:
+    explicit LayoutReader(std::span<const std::string> lines) : m_lines(lines) {}
+
+    /// An unexpected error is logged and gives false; properties found by then stay in the bag.
+    bool Extract(std::int32_t ordinal, VirtualObject& object, modVOSource::LayoutControl& control);
+
+private:
+    void WalkTo(std::int32_t ordinal);
+    std::string Container(std::int32_t ordinal) const;
+    void ReadProperties(VirtualObject& object, std::string& index) const;
+
+    std::span<const std::string> m_lines;
+    std::size_t m_next = 0;    // the line behind the one walked last
+    std::int32_t m_count = 0;  // `Begin ` lines so far
+    std::string
+        m_containerPath;  // the names of the open objects, as the walk sees them, with "." between
+};
+
+}  // namespace dorvik

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/TextFileReader.h"
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+namespace dorvik {
+
+/// What came of an attempt to open a text file: either a reader, or the number of the error.
+struct TextFileOpening {
+    std::unique_ptr<TextFileReader> Reader;  // null after a failure
+    std::int32_t ErrorNumber = 0;            // 0 after success
+
+    /// The file, or a folder on its path, does not exist.
+    bool IsMissing() const;
+};
+
+/// Opens a text file. A failure is no error here: its number is the answer, and nothing is logged.
+TextFileOpening OpenTextFile(std::string_view filename, int codePage);
+
+}  // namespace dorvik

@@ -1,0 +1,204 @@
+#include "source/VirtualSourceFile.h"
+
+#include "base/BasicError.h"
+#include "base/modText.h"
+#include "base/modTextCase.h"
+#include "base/modUtf8.h"
+#include "foundation/LogFile.h"
+#include "foundation/Trap.h"
+#include "foundation/modLog.h"
+#include "source/TextFileOpening.h"
+#include "source/modSource.h"
+
+#include <algorithm>
+#include <limits>
+#include <unordered_set>
+
+namespace dorvik {
+
+namespace {
+
+constexpr std::string_view kDigits = "0123456789";
+
+struct CaseBlindHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view text) const { return modTextCase::Hash(text); }
+};
+
+struct CaseBlindEqual {
+    using is_transparent = void;
+    bool operator()(std::string_view left, std::string_view right) const {
+        return modTextCase::Equal(left, right);
+    }
+};
+
+/// Whether the line goes on in the next one. Most lines are done with by their last character.
+bool IsContinued(std::string_view physicalLine) {
+    const std::size_t last = physicalLine.find_last_not_of(' ');
+    return last != std::string_view::npos && physicalLine[last] == '_' &&
+           modSource::SourceLineType(physicalLine) == LineType::Continued;
+}
+
+std::string_view WithoutContinuation(std::string_view continuedLine) {
+    std::string_view text = modText::TrimRight(continuedLine);
+    text.remove_suffix(1);
+    return modText::TrimRight(text);
+}
+
+void AppendJoined(std::string& logical, std::string_view text) {
+    if (!logical.empty()) {
+        logical += ' ';
+        text = modText::Trim(text);
+    }
+    logical += text;
+}
+
+bool IsAttributeLine(std::string_view raw) {
+    return !raw.empty() && (raw.front() == 'A' || raw.front() == 'a') &&
+           modTextCase::StartsWith(raw, "Attribute");
+}
+
+}  // namespace
+
+/// The list that the outside sees, and a set of the same names, since the list can only be scanned.
+struct VirtualSourceFile::EventNames {
+    struct NameList : StringKeyedArrayList {
+        /// REQUIRES: the name is not in the list.
+        void AddNew(std::string_view name) { AddEntry(name, std::string(name), false, false); }
+    };
+
+    NameList List;
+    std::unordered_set<std::string, CaseBlindHash, CaseBlindEqual> Names;
+};
+
+VirtualSourceFile::VirtualSourceFile(int codePage)
+    : m_codePage(codePage), m_fileStats(std::make_shared<VirtualObject>()) {}
+
+VirtualSourceFile::~VirtualSourceFile() = default;
+
+SourceFileStatus VirtualSourceFile::Connect() {
+    SourceFileStatus status = SourceFileStatus::UnexpectedError;
+    Trap({"VirtualSourceFile", "Connect"}, [&] {
+        TextFileOpening opening = OpenTextFile(m_filename, m_codePage);
+        if (opening.IsMissing()) {
+            status = SourceFileStatus::NotFound;
+            modLog::Log().LogMessage(
+                "Failed to open file " + m_filename + " - Error " +
+                std::to_string(opening.ErrorNumber) + " " + RuntimeErrorText(opening.ErrorNumber));
+            return;
+        }
+        if (opening.Reader == nullptr) {
+            RaiseRuntimeError(opening.ErrorNumber, m_filename);
+        }
+        constexpr std::int64_t kLargest = std::numeric_limits<std::int32_t>::max();
+        m_size = static_cast<std::int32_t>(std::min(opening.Reader->Size(), kLargest));
+        m_reader = std::move(opening.Reader);
+        status = SourceFileStatus::Good;
+    });
+    return status;
+}
+
+void VirtualSourceFile::Disconnect() {
+    m_reader.reset();
+    m_lineCountingEnabled = false;
+    m_nameAttributeSeen = false;
+}
+
+bool VirtualSourceFile::HasLayout() const {
+    switch (m_fileType) {
+        case dorvik::FileType::Form:
+        case dorvik::FileType::Designer:
+        case dorvik::FileType::PropertyPage:
+        case dorvik::FileType::UserDocument:
+        case dorvik::FileType::UserControl:
+        case dorvik::FileType::MDIForm: return true;
+        case dorvik::FileType::None:
+        case dorvik::FileType::Class:
+        case dorvik::FileType::Module: return false;
+    }
+    return false;
+}
+
+bool VirtualSourceFile::GetNextSourceLine(SourceLine& line) {
+    bool got = false;
+    Trap({"VirtualSourceFile", "GetNextSourceLine"}, [&] {
+        if (m_reader == nullptr) {
+            RaiseRuntimeError(runtimeerror::kObjectNotSet);
+        }
+        if (m_reader->AtEnd()) {
+            return;
+        }
+        ReadPhysicalLines(line);
+        JudgeAttributeOrCode(line);
+        got = true;
+    });
+    return got;
+}
+
+void VirtualSourceFile::ReadPhysicalLines(SourceLine& line) {
+    const std::string_view physical = m_reader->ReadLine();
+    line.Raw.assign(physical);
+    line.PhysicalLines = 1;
+    if (IsContinued(physical)) {
+        line.Logical.assign(WithoutContinuation(physical));
+        ReadContinuations(line);
+    } else {
+        line.Logical.assign(physical);
+    }
+    line.RawLength = static_cast<std::int32_t>(modUtf8::Length(line.Raw));
+}
+
+void VirtualSourceFile::ReadContinuations(SourceLine& line) {
+    bool continued = true;
+    while (continued && !m_reader->AtEnd()) {
+        const std::string_view physical = m_reader->ReadLine();
+        ++line.PhysicalLines;
+        line.Raw += modText::kLineEnd;
+        line.Raw += physical;
+        continued = IsContinued(physical);
+        AppendJoined(line.Logical, continued ? WithoutContinuation(physical) : physical);
+    }
+}
+
+void VirtualSourceFile::JudgeAttributeOrCode(SourceLine& line) {
+    // Required: an attribute line is one wherever it stands, also in a procedure.
+    if (IsAttributeLine(line.Raw)) {
+        line.PhysicalLines = 0;
+        if (modTextCase::StartsWith(line.Raw, "Attribute VB_Name =")) {
+            m_nameAttributeSeen = true;
+        }
+        return;
+    }
+    if (m_nameAttributeSeen) {
+        m_lineCountingEnabled = true;
+    }
+    // Required: only digits at the very first column go; the raw text keeps its number.
+    if (!line.Logical.empty() && kDigits.find(line.Logical.front()) != std::string_view::npos) {
+        line.Logical.erase(0, line.Logical.find_first_not_of(kDigits));
+    }
+}
+
+const StringKeyedArrayList& VirtualSourceFile::EventItems() const {
+    return EventNamesAtFirstUse().List;
+}
+
+void VirtualSourceFile::AddEventItem(std::string_view name) {
+    EventNames& names = EventNamesAtFirstUse();
+    // A name already there is not added again, and nothing is raised.
+    if (names.Names.emplace(name).second) {
+        names.List.AddNew(name);
+    }
+}
+
+bool VirtualSourceFile::HasEventItem(std::string_view name) const {
+    return m_eventNames && m_eventNames->Names.contains(name);
+}
+
+VirtualSourceFile::EventNames& VirtualSourceFile::EventNamesAtFirstUse() const {
+    if (!m_eventNames) {
+        m_eventNames = std::make_unique<EventNames>();
+    }
+    return *m_eventNames;
+}
+
+}  // namespace dorvik

@@ -1,0 +1,68 @@
+#include "source/modVOSource.h"
+
+#include "base/BasicError.h"
+#include "base/modUtf8.h"
+#include "foundation/Trap.h"
+#include "foundation/modUtilFunctions.h"
+#include "source/LayoutReader.h"
+#include "source/VirtualObject.h"
+#include "source/modKeyword.h"
+
+namespace dorvik::modVOSource {
+
+namespace {
+
+constexpr std::string_view kModule = "C_VOSource";
+
+/// The text before `character`. Raises where there is none.
+std::string_view TextBefore(std::string_view text, char character) {
+    const std::size_t found = text.find(character);
+    if (found == std::string_view::npos) {
+        RaiseRuntimeError(runtimeerror::kInvalidProcedureCall);
+    }
+    return text.substr(0, found);
+}
+
+void AddComponentProperties(std::string_view line, KeyedArrayList& properties) {
+    // Another project of the environment stands in the place of a compiled component.
+    if (modKeyword::StartsWith(line, "Object = \"*\\")) {
+        properties.Add("DesignTime", Variant(true), false);
+        properties.Add("Filename", modUtf8::WithoutLast(modUtf8::Mid(line, 13), 1), false);
+        return;
+    }
+    // By columns: `Object = "{GUID}#version#locale"; "filename"`.
+    properties.Add("DesignTime", Variant(false), false);
+    properties.Add("GUID", modUtf8::Mid(line, 11, 38), false);
+    properties.Add("Version", TextBefore(modUtf8::Mid(line, 50), '#'), false);
+    const std::string_view behind = line.substr(TextBefore(line, ';').size());
+    properties.Add("Filename", modUtf8::WithoutLast(modUtf8::Mid(behind, 4), 1), false);
+}
+
+}  // namespace
+
+bool ComponentFromObjectDefinition(std::string_view line, VirtualObject& component) {
+    return Trap({kModule, "ComponentFromObjectDefinition"}, [&] {
+        AddComponentProperties(line, component.Properties());
+    });
+}
+
+bool ExtractControlFromLayout(
+    std::span<const std::string> lines,
+    VirtualObject& object,
+    std::int32_t ordinal,
+    LayoutControl& control) {
+    return LayoutReader(lines).Extract(ordinal, object, control);
+}
+
+void AddFilenameRelatedProperties(VirtualObject& object, std::string_view filename) {
+    const std::string name = modUtilFunctions::FilenameFromFullPathName(filename);
+    const std::size_t point = name.rfind('.');
+    KeyedArrayList& properties = object.Properties();
+    properties.Add("FullFilename", filename, false);
+    properties.Add("Path", modUtilFunctions::PathFromFilename(filename), false);
+    properties.Add("Filename", name, false);
+    properties.Add(
+        "Extension", point == std::string::npos ? std::string() : name.substr(point), false);
+}
+
+}  // namespace dorvik::modVOSource

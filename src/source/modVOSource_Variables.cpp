@@ -1,0 +1,193 @@
+// The variables of a declaration and the elements of a type, which are walked alike.
+
+#include "base/BasicError.h"
+#include "base/modText.h"
+#include "base/modTextCase.h"
+#include "base/modUtf8.h"
+#include "foundation/Trap.h"
+#include "source/DeclarationTokens.h"
+#include "source/VirtualObject.h"
+#include "source/modKeyword.h"
+#include "source/modSource.h"
+#include "source/modVOSource.h"
+
+namespace dorvik::modVOSource {
+
+namespace {
+
+enum class Mode { Name, DataType, MoreOfDataType };
+enum class Walk { Variables, TypeElement };
+
+struct Variable {
+    std::string Name;
+    std::string ArraySize;
+    std::string DataType;
+    bool IsArray = false;
+    bool IsAsNew = false;
+    Mode CurrentMode = Mode::Name;
+};
+
+struct Declaration {
+    std::string_view Scope;
+    bool IsStatic = false;
+    bool IsWithEvents = false;
+    bool IsLocal = false;
+    bool IsMultiItem = false;  // stays once it is set, so the last of several has it too
+};
+
+std::shared_ptr<VirtualObject>
+MakeObject(const Variable& variable, const Declaration& declaration) {
+    auto object = std::make_shared<VirtualObject>();
+    KeyedArrayList& properties = object->Properties();
+    properties.Add("Scope", declaration.Scope, false);
+    properties.Add("IsStatic", declaration.IsStatic, false);
+    properties.Add("IsWithEvents", declaration.IsWithEvents, false);
+    properties.Add("Name", variable.Name, false);
+    properties.Add("IsArray", variable.IsArray, false);
+    properties.Add("IsMultiItem", declaration.IsMultiItem, false);
+    properties.Add("ArraySize", variable.ArraySize, false);
+    properties.Add("DataType", variable.DataType, false);
+    properties.Add("IsLocal", declaration.IsLocal, false);
+    properties.Add("IsAsNew", variable.IsAsNew, false);
+    return object;
+}
+
+/// Reads on to the token that holds the closing bracket. True if a comma ends the variable there.
+bool TakeArraySize(std::string_view behindBracket, DeclarationTokens& tokens, Variable& variable) {
+    std::string size(behindBracket);
+    std::size_t closing = size.find(')');
+    DeclarationTokens::Token token;
+    while (closing == std::string::npos) {
+        if (!tokens.Next(token)) {
+            RaiseRuntimeError(runtimeerror::kSubscriptOutOfRange);
+        }
+        size += ' ';
+        closing = token.Text.find(')');
+        closing = closing == std::string_view::npos ? closing : closing + size.size();
+        size += token.Text;
+    }
+    const bool complete = size.ends_with(',');
+    size.resize(closing);
+    variable.ArraySize = std::move(size);
+    return complete;
+}
+
+bool TakeName(std::string_view token, Walk walk, DeclarationTokens& tokens, Variable& variable) {
+    bool complete = false;
+    const std::size_t bracket = token.find('(');
+    std::string_view name = token.substr(0, bracket);
+    if (bracket != std::string_view::npos) {
+        variable.IsArray = true;
+        complete = TakeArraySize(token.substr(bracket + 1), tokens, variable);
+    }
+    if (walk == Walk::Variables) {
+        complete = DropTrailingComma(name) || complete;
+    }
+    variable.Name = name;
+    if (const std::string_view suffix = TypeSuffix(name); !suffix.empty()) {
+        variable.DataType = suffix;
+    }
+    return complete && walk == Walk::Variables;
+}
+
+/// True if the token completes the variable.
+bool TakeToken(std::string_view token, Walk walk, DeclarationTokens& tokens, Variable& variable) {
+    if (token.empty()) {
+        return false;
+    }
+    if (walk == Walk::Variables && modKeyword::Equal(token, "New")) {
+        variable.IsAsNew = true;
+        return false;
+    }
+    if (modKeyword::Equal(token, "As")) {
+        variable.CurrentMode = Mode::DataType;
+        return false;
+    }
+    if (token == "*") {
+        variable.DataType += " * ";
+        variable.CurrentMode = Mode::MoreOfDataType;
+        return false;
+    }
+    if (variable.CurrentMode == Mode::Name) {
+        return TakeName(token, walk, tokens, variable);
+    }
+    const bool complete = walk == Walk::Variables && DropTrailingComma(token);
+    if (variable.CurrentMode == Mode::DataType) {
+        variable.DataType.clear();
+        // A token behind the data type is appended to it, with a "*" before it or not.
+        variable.CurrentMode = Mode::MoreOfDataType;
+    }
+    variable.DataType += token;
+    return complete;
+}
+
+bool DropPrefix(std::string_view& text, std::string_view prefix) {
+    const std::size_t matched = modKeyword::Match(text, prefix);
+    text.remove_prefix(matched);
+    return matched != 0;
+}
+
+/// Takes the words in front of the first name off the text.
+Declaration TakeDeclaration(std::string_view& text, std::string_view parent) {
+    Declaration declaration;
+    declaration.Scope = modSource::ScopeFromDef(text);
+    if (!declaration.Scope.empty()) {
+        // Required: a `Static` behind the scope word stays and is read as a name.
+        text = modUtf8::Mid(text, declaration.Scope.size() + 2);
+    } else if (!DropPrefix(text, "Dim ")) {
+        declaration.IsStatic = DropPrefix(text, "Static ");
+    }
+    declaration.IsWithEvents = DropPrefix(text, "WithEvents ");
+    declaration.IsLocal = modTextCase::Equal(parent, "Procedure");
+    return declaration;
+}
+
+void WalkVariables(std::string_view statement, std::string_view parent, VirtualObjects& objects) {
+    Declaration declaration = TakeDeclaration(statement, parent);
+    const std::string text = std::string(statement) + ',';
+    DeclarationTokens tokens(text, DeclarationTokens::Strings::Kept);
+    DeclarationTokens::Token token;
+    Variable variable;
+    while (tokens.Next(token)) {
+        if (TakeToken(token.Text, Walk::Variables, tokens, variable)) {
+            declaration.IsMultiItem = declaration.IsMultiItem || !tokens.AtEnd();
+            objects.push_back(MakeObject(variable, declaration));
+            variable = Variable();
+        }
+    }
+}
+
+void WalkTypeElement(std::string_view text, VirtualObject& element) {
+    DeclarationTokens tokens(text, DeclarationTokens::Strings::Kept);
+    DeclarationTokens::Token token;
+    Variable variable;
+    while (tokens.Next(token)) {
+        TakeToken(token.Text, Walk::TypeElement, tokens, variable);
+    }
+    KeyedArrayList& properties = element.Properties();
+    properties.Add("Name", variable.Name, false);
+    properties.Add("IsArray", variable.IsArray, false);
+    properties.Add("ArraySize", variable.ArraySize, false);
+    properties.Add("DataType", variable.DataType, false);
+}
+
+std::string_view TextToWalk(std::string_view statement) {
+    return modText::Trim(modSource::StripInLineComment(statement));
+}
+
+}  // namespace
+
+bool ExtractVariablesFromDeclaration(
+    std::string_view declaration, std::string_view parent, VirtualObjects& objects) {
+    return Trap({"C_VOSource", "ExtractVariablesFromDeclaration"}, [&] {
+        WalkVariables(TextToWalk(declaration), parent, objects);
+    });
+}
+
+bool ExtractTypeElementFromDeclaration(std::string_view text, VirtualObject& element) {
+    return Trap({"C_VOSource", "ExtractTypeElementFromDeclaration"}, [&] {
+        WalkTypeElement(TextToWalk(text), element);
+    });
+}
+
+}  // namespace dorvik::modVOSource

@@ -1,0 +1,34 @@
+#!/usr/bin/env python3
+"""Compares the place that each Trap names with the function that it stands in, so that a copied trap
+does not tell a lie in the log; and finds catch clauses outside the places that may hold one."""
+import pathlib
+import re
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+MAY_CATCH = {"src/foundation/Trap.h"}
+MAY_CATCH_FOLDERS = {"platform"}
+FUNCTION = re.compile(r"^[A-Za-z].*?(?:\b([A-Za-z_]\w*)::)?([A-Za-z_]\w*)\((?!.*;$)", re.MULTILINE)
+TRAP = re.compile(r"Trap\(\s*\{\s*([\w:\"]+),\s*\"([^\"]+)\"\s*\}")
+
+
+def faults_of(path):
+    text = path.read_text(encoding="utf-8")
+    name = path.relative_to(ROOT).as_posix()
+    if name not in MAY_CATCH and path.parent.name not in MAY_CATCH_FOLDERS and re.search(r"\bcatch\s*\(", text):
+        yield f"{name}: a catch clause; use Trap"
+    for trap in TRAP.finditer(text):
+        before = [m for m in FUNCTION.finditer(text, 0, trap.start())]
+        function = before[-1].group(2) if before else "(none)"
+        if trap.group(2) not in (function, f"Class_{function}"):
+            line = text.count("\n", 0, trap.start()) + 1
+            yield f"{name}:{line}: the trap names '{trap.group(2)}' but stands in '{function}'"
+
+
+def main():
+    faults = [f for p in sorted((ROOT / "src").rglob("*")) if p.suffix in (".h", ".cpp") for f in faults_of(p)]
+    print("\n".join(faults) if faults else "traps: no faults")
+    return 1 if faults else 0
+
+
+sys.exit(main())
