@@ -14,6 +14,7 @@
 #include "platform/modFiles.h"
 #include "review/ReviewManager.h"
 #include "rulebase/Rulebase.h"
+#include "settings/DVKWorkData.h"
 #include "settings/modGlobal.h"
 
 namespace dorvik {

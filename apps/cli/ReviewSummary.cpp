@@ -41,12 +41,12 @@ std::string SeverityWord(std::int32_t level) {
 
 std::string Violations(const ViolationStatistics& stats) {
     const std::array<std::int32_t, 5> counts{
-        stats.CriticalViolations,
-        stats.HighViolations,
-        stats.MediumViolations,
-        stats.LowViolations,
-        stats.InfoViolations};
-    std::string text = Grouped(stats.TotalViolations);
+        stats.CriticalViolations(),
+        stats.HighViolations(),
+        stats.MediumViolations(),
+        stats.LowViolations(),
+        stats.InfoViolations()};
+    std::string text = Grouped(stats.TotalViolations());
     std::string separator = "  (";
     for (std::size_t level = 0; level < counts.size(); ++level) {
         text += separator + Grouped(counts.at(level)) + " " + std::string(kSeverities.at(level));
@@ -93,7 +93,7 @@ bool ReviewSummary::Read(ProjectResults& results) {
         return false;
     }
     results.Files = database.GetSourceFileCount("") - 1;  // the project file has a row there, too
-    results.Lines = database.GetLineStats(kProjectItem, database.ProjectID()).TotalLines;
+    results.Lines = database.GetLineStats(kProjectItem, database.ProjectID()).TotalLines();
     results.Violations = database.GetViolationStats(kProjectItem, database.ProjectID());
     results.Worst = database.GetWorstFindings(kShownFindings);
     std::vector<ToleranceFailure> failures;
@@ -119,7 +119,7 @@ std::string ReviewSummary::Describe(const ProjectResults& results) {
         text += dorvik::Describe(finding);
     }
     const std::int32_t hidden =
-        results.Violations.TotalViolations - static_cast<std::int32_t>(results.Worst.size());
+        results.Violations.TotalViolations() - static_cast<std::int32_t>(results.Worst.size());
     if (hidden > 0) {
         text += "    and " + Grouped(hidden) + " more\n";
     }

@@ -149,8 +149,8 @@ Agreement Agree(std::string_view left, std::string_view right) {
 
 enum class Answer { No, Yes, Open };
 
-/// Whether both texts are the same as far as ASCII can tell: open from a byte outside ASCII on.
-/// REQUIRES: the sizes are equal, or what stands behind the shorter one does not matter.
+/// Whether one text begins with the other, as far as ASCII can tell: open if a byte outside ASCII
+/// comes before the first difference.
 Answer SameAscii(std::string_view left, std::string_view right) {
     const std::size_t shorter = std::min(left.size(), right.size());
     for (std::size_t position = 0; position < shorter; ++position) {
@@ -194,11 +194,10 @@ public:
     bool AmongEight(const char* bytes) const {
         const std::uint64_t first = EightBytes(bytes);
         const std::uint64_t second = EightBytes(bytes + 1);
-        const std::uint64_t firsts =
-            SameBytes(LowerEight(first), EightTimes(m_first)) | (first & m_foreignFirst);
+        const std::uint64_t firsts = SameBytes(LowerEight(first), EightTimes(m_first));
         const std::uint64_t seconds = SameBytes(LowerEight(second), EightTimes(m_second)) |
                                       (second & m_foreignSecond) | m_anySecond;
-        return (firsts & seconds) != 0;
+        return ((firsts & seconds) | (first & m_foreignFirst)) != 0;
     }
 
     bool IsOne(unsigned char byte) const {
@@ -254,7 +253,11 @@ Place FindPlace(std::string_view text, std::string_view sought, std::size_t from
     if (from >= text.size()) {
         return {};
     }
-    const bool isAscii = ByteAt(sought, 0) < 0x80;
+    const unsigned char first = ByteAt(sought, 0);
+    const bool isAscii = first < 0x80;
+    if (sought.size() == 1 && isAscii && (kLowerBytes[first] < 'a' || kLowerBytes[first] > 'z')) {
+        return {text.find(sought[0], from), 1};
+    }
     return isAscii ? FindFromAscii(text, sought, from) : FindByCharacters(text, sought, from);
 }
 
@@ -314,11 +317,20 @@ bool StartsWith(std::string_view text, std::string_view prefix) {
 }
 
 bool EndsWith(std::string_view text, std::string_view suffix) {
-    if (suffix.size() <= text.size()) {
-        const Answer answer = SameAscii(text.substr(text.size() - suffix.size()), suffix);
-        if (answer != Answer::Open) {
-            return answer == Answer::Yes;
+    std::size_t checked = 0;  // from the end, where both texts are still aligned
+    for (const std::size_t shorter = std::min(text.size(), suffix.size()); checked < shorter;
+         ++checked) {
+        const unsigned char textByte = ByteAt(text, text.size() - checked - 1);
+        const unsigned char suffixByte = ByteAt(suffix, suffix.size() - checked - 1);
+        if ((textByte | suffixByte) >= 0x80) {
+            break;
         }
+        if (kLowerBytes[textByte] != kLowerBytes[suffixByte]) {
+            return false;
+        }
+    }
+    if (checked == suffix.size() || checked == text.size()) {
+        return checked == suffix.size();
     }
     const std::size_t textLength = modUtf8::Length(text);
     const std::size_t suffixLength = modUtf8::Length(suffix);

@@ -70,8 +70,8 @@ public:
     const std::string& LogMessage() const { return m_logMessage; }
     void SetLogMessage(std::string_view message);
 
-    std::int16_t ReviewPercentage() const { return m_reviewPercentage; }    // 0 to 100
-    std::int16_t ProjectPercentage() const { return m_projectPercentage; }  // 0 to 100
+    std::int16_t ReviewPercentage() const { return m_reviewPercentage; }          // 0 to 100
+    std::int16_t ProjectPercentage() const { return m_projectPercentage; }        // 0 to 100
     std::int16_t SourceFilePercentage() const { return m_sourceFilePercentage; }  // not capped
 
 private:

@@ -26,8 +26,8 @@ using enum ReviewType;
 /// written by nobody during it; it outlives the review. Every write of a scalar sets the own flag.
 class ReviewCriteria {
 public:
-    /// The workstation settings give some defaults. Without an argument those of the process are
-    /// taken, or plain ones where the process has none.
+    /// The workstation settings give some of the defaults. Without an argument those of the process
+    /// are taken; that raises `kObjectNotSet` while nobody uses the objects of `modGlobal`.
     explicit ReviewCriteria(const DVKWorkData& settings);
     ReviewCriteria();
     ReviewCriteria(const ReviewCriteria&) = delete;
@@ -66,7 +66,9 @@ public:
     void SetToleranceCount(std::int32_t index, std::int32_t limit);
     LongArrayList& ToleranceCountObject() { return m_tolerances.Count; }
     const LongArrayList& ToleranceCountObject() const { return m_tolerances.Count; }
-    std::int32_t ToleranceImpact(std::int32_t index) const { return m_tolerances.Impact.Item(index); }
+    std::int32_t ToleranceImpact(std::int32_t index) const {
+        return m_tolerances.Impact.Item(index);
+    }
     void SetToleranceImpact(std::int32_t index, std::int32_t limit);
     LongArrayList& ToleranceImpactObject() { return m_tolerances.Impact; }
     const LongArrayList& ToleranceImpactObject() const { return m_tolerances.Impact; }
@@ -94,17 +96,15 @@ public:
     }
 
 private:
-    void TakeDefaultsFrom(const DVKWorkData& settings);
-
     dorvik::ReviewType m_reviewType = ReviewType_Batch;
     RulebaseLoadCriteria m_loadCriteria;
     bool m_backgroundReview = false;
     ObjectKeyedArrayList<VirtualProject> m_projectList;
-    bool m_useProjectFolderResults = true;
+    bool m_useProjectFolderResults;
     std::string m_fixedFolderResults;
-    std::int32_t m_reportOption = 1;
+    std::int32_t m_reportOption;
     bool m_clearLogBeforeReview = false;
-    bool m_useProjectFolderReports = true;
+    bool m_useProjectFolderReports;
     std::string m_fixedFolderReports;
     bool m_dirty = false;
     ToleranceSettings m_tolerances;

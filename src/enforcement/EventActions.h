@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "parser/Location.h"
 #include "parser/ParserEvent.h"
 #include "platform/RegularExpression.h"
 
@@ -16,6 +17,7 @@ class ResultsManager;
 class ReviewCriteria;
 class RuleEngine;
 class Rulebase;
+class VB6ParserState;
 class ViolationDefinition;
 
 /// What happens at a parser event: which object gets its results record, which kinds of rule run in
@@ -66,6 +68,6 @@ private:
 };
 
 /// The display name of the place where the parser stands: "(Project)", "(Layout)", a procedure name ...
-std::string_view LocationMember(const class VB6ParserState& state, Location location);
+std::string_view LocationMember(const VB6ParserState& state, Location location);
 
 }  // namespace dorvik

@@ -7,13 +7,16 @@
 #include "base/modTextCase.h"
 #include "criteria/ReviewCriteria.h"
 #include "foundation/Trap.h"
+#include "foundation/LogFile.h"
 #include "foundation/modLog.h"
 #include "foundation/modUtilFunctions.h"
 #include "parser/VBParserEvents.h"
+#include "platform/Database.h"
 #include "platform/modFiles.h"
 #include "platform/modHost.h"
 #include "results/modResultsFilename.h"
 #include "rulebase/ViolationDefinition.h"
+#include "settings/DorvikData.h"
 #include "settings/modGlobal.h"
 #include "source/VirtualProject.h"
 #include "source/VirtualSourceFile.h"
@@ -67,12 +70,13 @@ bool ResultsManager::BeginReview(
     const ReviewCriteria& criteria,
     const Rulebase& rulebase) {
     bool started = false;
-    Trap({kModule, "BeginReview"}, [&] {
+    std::string target;
+    const auto start = [&] {
         m_resultsDB = std::make_unique<dorvik::ResultsDB>();
         const std::string altPath =
             criteria.UseProjectFolderResults() ? std::string() : criteria.FixedFolderResults();
-        const std::string target = modDorvikUtils::CreateResultsFilename(projectFile, altPath);
-        // The log is opened before the results file, so its folder has to be there first.
+        target = modDorvikUtils::CreateResultsFilename(projectFile, altPath);
+        // The log comes first and lies in the same folder, which a first review does not find there.
         if (!modUtilFunctions::CreateFullPath(modUtilFunctions::PathFromFilename(target))) {
             return;
         }
@@ -80,16 +84,20 @@ bool ResultsManager::BeginReview(
             modDorvikUtils::CreateProjectLogFilename(projectFile, altPath),
             criteria.ClearLogBeforeReview());
         started = PrepareResultsFile(target) && m_resultsDB->StartReview(target, rulebase, criteria);
+    };
+    Trap({kModule, "BeginReview"}, start, [&](const BasicError& failure) {
+        const bool locked = failure.Number() == runtimeerror::kPermissionDenied;
+        if (locked) {
+            ShowLockedDatabase(target);
+        }
+        return locked;
     });
     return started;
 }
 
 bool ResultsManager::PrepareResultsFile(const std::string& target) const {
     const std::string& templateFile = modGlobal::Data().ProjectResultsDB();
-    if (modFiles::FileExists(target) && !modFiles::TryDeleteUnlocked(target)) {
-        ShowLockedDatabase(target);
-        return false;
-    }
+    Database::DeleteFile(target);
     if (!modFiles::FileExists(templateFile)) {
         modLog::Log().LogSetupError(
             "Template results database file '" + templateFile + "' not found.", "BeginReview", kModule);

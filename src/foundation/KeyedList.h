@@ -169,8 +169,8 @@ void KeyedList<Values>::MoveItem(std::int32_t from, std::int32_t to) {
 }
 
 template <typename Values>
-std::int32_t KeyedList<Values>::AddEntry(
-    std::string_view key, Value item, bool selected, bool ensureUniqueKey) {
+std::int32_t
+KeyedList<Values>::AddEntry(std::string_view key, Value item, bool selected, bool ensureUniqueKey) {
     if (ensureUniqueKey && Contains(key)) {
         modKyErrors::RaiseError(modKyErrors::kyErrKeyInUse, kAdd, key);
     }

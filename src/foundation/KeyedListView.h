@@ -14,8 +14,12 @@ public:
     explicit KeyedListView(ObjectKeyedArrayList<Object>& list) : m_list(list) {}
 
     std::int32_t Count() const override { return m_list.Count(); }
-    std::shared_ptr<IListItem> Item(std::int32_t index) const override { return m_list.Item(index); }
-    std::shared_ptr<IListItem> Item(std::string_view key) const override { return m_list.Item(key); }
+    std::shared_ptr<IListItem> Item(std::int32_t index) const override {
+        return m_list.Item(index);
+    }
+    std::shared_ptr<IListItem> Item(std::string_view key) const override {
+        return m_list.Item(key);
+    }
     /// An item that is no `Object` raises `kTypeMismatch`.
     void Add(const std::shared_ptr<IListItem>& item, bool newItem) override;
     void Remove(std::int32_t index) override { m_list.Remove(index); }

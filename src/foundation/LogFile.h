@@ -48,9 +48,11 @@ public:
         const std::exception& failure, std::string_view procedure, std::string_view module);
 
     /// Category "Setup". Unless `Quiet`, the message is shown first in a box with the warning icon.
-    void LogSetupError(std::string_view message, std::string_view procedure, std::string_view module);
+    void
+    LogSetupError(std::string_view message, std::string_view procedure, std::string_view module);
     /// Category "Debug".
-    void LogDebugTrace(std::string_view message, std::string_view procedure, std::string_view module);
+    void
+    LogDebugTrace(std::string_view message, std::string_view procedure, std::string_view module);
     /// Category "Assert". Writes a line only when the condition is false.
     void LogAssert(
         bool condition,

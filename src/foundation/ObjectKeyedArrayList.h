@@ -11,8 +11,8 @@ class ObjectKeyedArrayList : public KeyedList<ObjectArrayList<Object>> {
 public:
     /// Returns the new position. The key is tested, and `kyErrKeyInUse` raised if it is there
     /// already, only with `ensureUniqueKey`. Of entries under one key, look-ups find the first.
-    std::int32_t Add(
-        std::string_view key,
+    std::int32_t
+    Add(std::string_view key,
         std::shared_ptr<Object> item,
         bool selected = false,
         bool ensureUniqueKey = true) {

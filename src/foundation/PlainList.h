@@ -121,27 +121,29 @@ void PlainList<T>::SetSelected(std::int32_t index, bool selected) {
 
 template <typename T>
 std::int32_t PlainList<T>::SelectedCount() const {
-    const auto used = static_cast<std::ptrdiff_t>(
-        std::min(m_selected.size(), static_cast<std::size_t>(m_count)));
+    const auto used =
+        static_cast<std::ptrdiff_t>(std::min(m_selected.size(), static_cast<std::size_t>(m_count)));
     return static_cast<std::int32_t>(
         std::count(m_selected.begin(), m_selected.begin() + used, true));
 }
 
 template <typename T>
 std::int32_t PlainList<T>::Add(T item) {
+    std::int32_t index = 0;
     Trap({ListElement<T>::kListName, "Add"}, [&] {
-        ++m_count;
-        if (m_count > m_capacity) {
-            m_capacity *= 2;
+        const std::int32_t next = m_count + 1;
+        const std::int32_t capacity = next > m_capacity ? m_capacity * 2 : m_capacity;
+        if (m_items.capacity() < static_cast<std::size_t>(next)) {
+            m_items.reserve(static_cast<std::size_t>(capacity));
         }
-        if (m_items.capacity() < static_cast<std::size_t>(m_count)) {
-            m_items.reserve(static_cast<std::size_t>(m_capacity));
-        }
-        StoreFlag(m_count, false);
-        StoreItem(m_count, std::move(item));
+        StoreItem(next, std::move(item));
+        StoreFlag(next, false);
+        m_capacity = capacity;
+        m_count = next;
         m_dirty = true;
+        index = next;
     });
-    return m_count;
+    return index;
 }
 
 template <typename T>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/BasicError.h"
 #include "foundation/modLog.h"
 
 #include <exception>
@@ -29,6 +30,21 @@ bool Trap(const Place& place, Body&& body) {
         modLog::LogFailure(failure, place.Procedure, place.Module);
         return false;
     }
+}
+
+/// The same for an operation that has words of its own for some failures: each `BasicError` goes to
+/// `handle` first, and one for which that returns true is not logged.
+template <typename Body, typename Handle>
+bool Trap(const Place& place, Body&& body, Handle&& handle) {
+    return Trap(place, [&] {
+        try {
+            std::forward<Body>(body)();
+        } catch (const BasicError& failure) {
+            if (!handle(failure)) {
+                throw;
+            }
+        }
+    });
 }
 
 }  // namespace dorvik

@@ -6,30 +6,36 @@
 
 namespace dorvik {
 
-/// A version of three numbers, written "6.2.0001".
+/// A version of three 16-bit numbers; reads "6.2.0001". Texts are converted as the reviewed language
+/// does it: `kTypeMismatch` for what is no number, `kOverflow` outside 16 bits.
 class VersionNumber {
 public:
     std::int16_t Major() const { return m_major; }
     void SetMajor(std::int16_t major) { m_major = major; }
+    /// Plain decimal. An empty text sets 0.
+    std::string MajorString() const;
+    void SetMajorString(std::string_view text);
+
     std::int16_t Minor() const { return m_minor; }
     void SetMinor(std::int16_t minor) { m_minor = minor; }
+    /// Plain decimal. An empty text sets 0.
+    std::string MinorString() const;
+    void SetMinorString(std::string_view text);
+
     std::int16_t Revision() const { return m_revision; }
     void SetRevision(std::int16_t revision) { m_revision = revision; }
-
-    std::string MajorString() const { return std::to_string(m_major); }
-    std::string MinorString() const { return std::to_string(m_minor); }
-    /// With at least four digits.
+    /// At least four digits. An empty text sets 0.
     std::string RevisionString() const;
-    /// An empty text sets 0; a text that is no 16-bit number raises "Type mismatch" or "Overflow".
-    void SetMajorString(std::string_view text);
-    void SetMinorString(std::string_view text);
     void SetRevisionString(std::string_view text);
 
+    /// Major, minor and revision with "." between them.
     std::string Version() const;
-    /// A text with fewer than three parts is logged; the numbers assigned before that stay.
-    void SetVersion(std::string_view text);
+    /// A text of fewer than three parts, or one part that is no number, is logged; the numbers
+    /// before the failure are set, the others keep their values.
+    void SetVersion(std::string_view version);
 
-    /// Adds 1 to the revision; 9999 carries into the minor number and that into the major one.
+    /// One revision on; from 9999 revision and minor go to 0 and carry over. `kOverflow` when major
+    /// leaves 16 bits.
     void Increment();
 
 private:

@@ -6,9 +6,8 @@
 
 #include <algorithm>
 #include <ctime>
-#include <system_error>
-
 #include <sys/stat.h>
+#include <system_error>
 
 namespace dorvik {
 
@@ -32,9 +31,7 @@ bool LiesBack(std::int64_t changed) {
 }  // namespace
 
 FolderNames::FolderNames(const std::filesystem::path& folder, int codePage)
-    : m_folder(folder),
-      m_version(VersionOf(folder)),
-      m_isSettled(LiesBack(m_version.Changed)) {
+    : m_folder(folder), m_version(VersionOf(folder)), m_isSettled(LiesBack(m_version.Changed)) {
     std::error_code error;
     std::filesystem::directory_iterator entry(folder, error);
     for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {

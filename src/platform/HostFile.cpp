@@ -4,10 +4,9 @@
 
 #include <cerrno>
 #include <cstddef>
-#include <system_error>
-
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace dorvik {
@@ -73,11 +72,9 @@ void RaiseHostError(int errorOfHost, const std::filesystem::path& host, std::str
 }
 
 HostFile::HostFile(const std::filesystem::path& host, FileUse use, std::string_view path)
-    : m_host(host),
-      m_path(path) {
+    : m_host(host), m_path(path) {
     constexpr mode_t kReadableByAll = 0666;  // less the user's mask
-    m_descriptor =
-        Repeated([&] { return ::open(m_host.c_str(), OpenFlags(use), kReadableByAll); });
+    m_descriptor = Repeated([&] { return ::open(m_host.c_str(), OpenFlags(use), kReadableByAll); });
     if (m_descriptor < 0) {
         Raise(errno);
     }

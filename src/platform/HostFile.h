@@ -16,8 +16,8 @@ enum class FileUse {
 
 /// Raises the `BasicError` for a failure of the host: 53, 76, 75, 70 or 61. `host` is where it
 /// failed (empty: a place that cannot exist here), `path` what the description names.
-[[noreturn]] void RaiseHostError(
-    int errorOfHost, const std::filesystem::path& host, std::string_view path);
+[[noreturn]] void
+RaiseHostError(int errorOfHost, const std::filesystem::path& host, std::string_view path);
 
 /// One ordinary file of the host, open as long as the object lives. Folders, devices and pipes are
 /// refused with 75, so that no reading waits or goes on for ever. Every failure raises.

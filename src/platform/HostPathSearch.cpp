@@ -11,7 +11,9 @@ namespace {
 constexpr std::string_view kSeparators = "\\/";
 
 bool HasDriveLetter(std::string_view path) {
-    const auto isLetter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
+    const auto isLetter = [](char c) {
+        return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+    };
     return path.size() >= 2 && path[1] == ':' && isLetter(path[0]);
 }
 
@@ -82,7 +84,7 @@ std::filesystem::path HostPathSearch::Find(const PathParts& path, int codePage) 
     if (Exists(asWritten)) {
         return asWritten;
     }
-    constexpr std::size_t kMostSteps = 1000;  // folders that differ only in case could multiply
+    constexpr std::size_t kMostSteps = 256;  // folders that differ only in case could multiply
     m_path = &path;
     m_codePage = codePage;
     m_stepsLeft = kMostSteps;
@@ -116,13 +118,11 @@ bool HostPathSearch::Walk(const std::filesystem::path& folder, std::size_t index
 std::vector<std::string>
 HostPathSearch::OtherSpellings(const std::filesystem::path& folder, std::string_view part) {
     const std::string_view bare = WithoutTrailingBlanksAndDots(part);
-    const std::vector<std::string>* names =
-        bare.empty() ? nullptr : NamesIn(folder).Matching(bare);
+    const std::vector<std::string>* names = bare.empty() ? nullptr : NamesIn(folder).Matching(bare);
     std::vector<std::string> others;
     if (names != nullptr) {
-        std::ranges::copy_if(*names, std::back_inserter(others), [part](const auto& name) {
-            return name != part;
-        });
+        std::ranges::copy_if(
+            *names, std::back_inserter(others), [part](const auto& name) { return name != part; });
     }
     return others;
 }

@@ -3,7 +3,7 @@
 #include "base/BasicError.h"
 #include "base/modUtf8.h"
 #include "platform/CodePageTables.h"
-#include "platform/DoubleByteDecoder.h"
+#include "platform/DoubleBytePage.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -95,8 +95,7 @@ std::string DecodeUtf8(std::string_view bytes) {
 class UnitSequence {
 public:
     UnitSequence(std::string_view bytes, bool isBigEndian)
-        : m_bytes(bytes),
-          m_highByte(isBigEndian ? 0 : 1) {}
+        : m_bytes(bytes), m_highByte(isBigEndian ? 0 : 1) {}
 
     std::size_t Count() const { return m_bytes.size() / 2; }
     char32_t Unit(std::size_t index) const {
@@ -130,7 +129,8 @@ std::string DecodeUtf16(std::string_view bytes, bool isBigEndian) {
             IsHighSurrogate(unit) && index + 1 < units.Count() &&
             IsLowSurrogate(units.Unit(index + 1))) {
             ++index;
-            modUtf8::Append(text, 0x10000 + ((unit & 0x3FFU) << 10U | (units.Unit(index) & 0x3FFU)));
+            modUtf8::Append(
+                text, 0x10000 + ((unit & 0x3FFU) << 10U | (units.Unit(index) & 0x3FFU)));
         } else {
             const bool isLone = IsHighSurrogate(unit) || IsLowSurrogate(unit);
             modUtf8::Append(text, isLone ? kReplacement : unit);
@@ -158,7 +158,7 @@ void CheckCodePage(int codePage) {
 
 bool IsKnownCodePage(int codePage) {
     return codePage == kUtf8CodePage || FindCodePageTable(codePage) != nullptr ||
-           DoubleByteDecoder::Offers(codePage);
+           DoubleBytePage::Find(codePage) != nullptr;
 }
 
 std::string DecodeByPage(std::string_view bytes, int codePage) {
@@ -172,7 +172,7 @@ std::string DecodeByPage(std::string_view bytes, int codePage) {
     if (const CodePageTable* table = FindCodePageTable(codePage)) {
         return DecodeSingleByte(bytes, *table);
     }
-    return DoubleByteDecoder(codePage).Decode(bytes);
+    return DoubleBytePage::Find(codePage)->Decode(bytes);
 }
 
 std::string Decode(std::string_view bytes, int codePage) {

@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <system_error>
-
 #include <unistd.h>
 
 namespace dorvik::modFiles {
@@ -83,8 +82,7 @@ void CheckReplaceable(const fs::path& host, std::string_view path) {
 class Replacement {
 public:
     explicit Replacement(const fs::path& target)
-        : m_target(target),
-          m_place(target.parent_path() / UniqueName()) {}
+        : m_target(target), m_place(target.parent_path() / UniqueName()) {}
     ~Replacement() {
         std::error_code ignored;
         fs::remove(m_place, ignored);

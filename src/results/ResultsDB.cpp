@@ -53,7 +53,8 @@ bool ResultsDB::OpenDatabase(const std::string& filename) {
     Trap({kModule, "OpenDatabase"}, [&] {
         m_database.Open(filename);
         m_databaseOpen = true;
-        if (auto rows = GetReadOnlyRecordset("SELECT Version FROM SystemInfo"); rows && !rows->EOF_()) {
+        if (auto rows = GetReadOnlyRecordset("SELECT Version FROM SystemInfo");
+            rows && !rows->EOF_()) {
             isRightVersion = modTextCase::Equal(rows->Value("Version").AsText(), kSchemaVersion);
         }
     });
@@ -95,9 +96,7 @@ Recordset ResultsDB::NeedRows(std::optional<Recordset> rows) {
 // ---- the review itself ----
 
 bool ResultsDB::StartReview(
-    const std::string& filename,
-    const Rulebase& rulebase,
-    const ReviewCriteria& criteria) {
+    const std::string& filename, const Rulebase& rulebase, const ReviewCriteria& criteria) {
     bool started = false;
     Trap({kModule, "StartReview"}, [&] {
         m_filename = filename;
@@ -129,7 +128,8 @@ void ResultsDB::WriteReview(const Rulebase& rulebase, const ReviewCriteria& crit
 }
 
 void ResultsDB::WriteCategoryList(const Rulebase& rulebase, const ReviewCriteria& criteria) {
-    auto rows = NeedRows(GetEditableRecordset("SELECT * FROM CategoryList WHERE CategoryListID = 0"));
+    auto rows =
+        NeedRows(GetEditableRecordset("SELECT * FROM CategoryList WHERE CategoryListID = 0"));
     const auto& categories = rulebase.CategoryList();
     for (std::int32_t index = 1; index <= categories.Count(); ++index) {
         const auto& category = *categories.Item(index);
@@ -146,7 +146,8 @@ void ResultsDB::WriteCategoryList(const Rulebase& rulebase, const ReviewCriteria
 
 /// Required: a level that is left out of the review has its row too.
 void ResultsDB::WriteSeverityList(const Rulebase& rulebase, const ReviewCriteria& criteria) {
-    auto rows = NeedRows(GetEditableRecordset("SELECT * FROM SeverityList WHERE SeverityRecordID = 0"));
+    auto rows =
+        NeedRows(GetEditableRecordset("SELECT * FROM SeverityList WHERE SeverityRecordID = 0"));
     const auto& severities = rulebase.SeverityList();
     for (std::int32_t index = 1; index <= severities.Count(); ++index) {
         const auto& severity = *severities.Item(index);
@@ -163,7 +164,8 @@ void ResultsDB::WriteSeverityList(const Rulebase& rulebase, const ReviewCriteria
 void ResultsDB::EndReview(std::int32_t ruleExecutions) {
     Trap({kModule, "EndReview"}, [&] {
         auto rows = NeedRows(GetEditableRecordset(
-            "SELECT RuleExecutions, [End] FROM Review WHERE ReviewID = " + std::to_string(m_reviewId)));
+            "SELECT RuleExecutions, [End] FROM Review WHERE ReviewID = " +
+            std::to_string(m_reviewId)));
         if (rows.EOF_()) {
             return;
         }

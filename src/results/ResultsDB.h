@@ -1,17 +1,17 @@
 #pragma once
 
-#include <cstdint>
-#include <optional>
-#include <string>
-#include <string_view>
-#include <vector>
-
 #include "platform/Database.h"
 #include "results/Finding.h"
 #include "results/ToleranceFailure.h"
 #include "results/Violation.h"
 #include "source/SourceLineStatistics.h"
 #include "source/ViolationStatistics.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace dorvik {
 
@@ -38,7 +38,8 @@ public:
 
     /// Opens the freshly copied database and writes the review, its categories and severities. False, and
     /// nothing written, where it cannot be opened or has another version.
-    bool StartReview(const std::string& filename, const Rulebase& rulebase, const ReviewCriteria& criteria);
+    bool StartReview(
+        const std::string& filename, const Rulebase& rulebase, const ReviewCriteria& criteria);
     /// Gives the object its row and its `ObjectID` and `ObjectType`. `kind` is "Project", "VBP", "File",
     /// "Layout", "Declarations" or "Procedure" in any case; any other does nothing. A set-up that fails
     /// leaves `ObjectID` and the current source file at 0.
@@ -71,7 +72,8 @@ public:
     std::vector<Finding> GetWorstFindings(std::int32_t count);
     /// The verdict of the project (`itemType` 1, any `sourceId`) or of a file (2). The measures that failed
     /// are appended to `failures`.
-    bool TolerancePass(std::int32_t itemType, std::int32_t sourceId, std::vector<ToleranceFailure>& failures);
+    bool TolerancePass(
+        std::int32_t itemType, std::int32_t sourceId, std::vector<ToleranceFailure>& failures);
     bool TolerancePass(std::int32_t itemType, std::int32_t sourceId);
     /// Whether the stored review has a tolerance set.
     bool TolerancesSet();

@@ -134,8 +134,8 @@ std::int32_t ResultsDB::SetupProcedure(VirtualObject& object) {
         const std::string name = TextOf(object, "Name");
         const std::string type = TextOf(object, "ProcedureType");
         auto rows = NeedRows(GetEditableRecordset(
-            "SELECT * FROM Procedures WHERE Name = " + Quoted(name) + " AND SourceID = " +
-            std::to_string(m_sourceId) + " AND Type = " + Quoted(type)));
+            "SELECT * FROM Procedures WHERE Name = " + Quoted(name) +
+            " AND SourceID = " + std::to_string(m_sourceId) + " AND Type = " + Quoted(type)));
         const bool isNew = rows.BOF() && rows.EOF_();
         if (isNew) {
             rows.AddNew();
@@ -160,8 +160,8 @@ std::int32_t ResultsDB::SetupLayoutDeclarations(std::string_view kind) {
     std::int32_t id = 0;
     Trap({kModule, "SetupLayoutDeclarations"}, [&] {
         auto rows = NeedRows(GetEditableRecordset(
-            "SELECT * FROM Procedures WHERE Name = " + Quoted(kind) + " AND SourceID = " +
-            std::to_string(m_sourceId)));
+            "SELECT * FROM Procedures WHERE Name = " + Quoted(kind) +
+            " AND SourceID = " + std::to_string(m_sourceId)));
         if (rows.BOF() && rows.EOF_()) {
             rows.AddNew();
             rows.SetValue("SourceID", m_sourceId);
@@ -180,9 +180,11 @@ std::int32_t ResultsDB::SetupLayoutDeclarations(std::string_view kind) {
 
 // ---- violations and figures ----
 
-void ResultsDB::LogViolation(std::int32_t itemId, std::int32_t itemType, const Violation& violation) {
+void ResultsDB::LogViolation(
+    std::int32_t itemId, std::int32_t itemType, const Violation& violation) {
     Trap({kModule, "LogViolation"}, [&] {
-        auto rows = NeedRows(GetEditableRecordset("SELECT * FROM Violations WHERE ViolationID = 0"));
+        auto rows =
+            NeedRows(GetEditableRecordset("SELECT * FROM Violations WHERE ViolationID = 0"));
         rows.AddNew();
         rows.SetValue("ItemID", itemId);
         rows.SetValue("ItemType", itemType);
@@ -236,7 +238,8 @@ void ResultsDB::LogVirtualObjectProperties(const VirtualObject& object) {
 
 void ResultsDB::LogVirtualObjectLineStats(const VirtualObject& object) {
     Trap({kModule, "LogVirtualObjectLineStats"}, [&] {
-        auto rows = NeedRows(GetEditableRecordset("SELECT * FROM LineCountStats WHERE StatsID = 0"));
+        auto rows =
+            NeedRows(GetEditableRecordset("SELECT * FROM LineCountStats WHERE StatsID = 0"));
         const SourceLineStatistics& stats = object.LineStats();
         rows.AddNew();
         rows.SetValue("ItemID", object.ObjectID());
@@ -252,7 +255,8 @@ void ResultsDB::LogVirtualObjectLineStats(const VirtualObject& object) {
 
 void ResultsDB::LogVirtualObjectViolationStats(const VirtualObject& object) {
     Trap({kModule, "LogVirtualObjectViolationStats"}, [&] {
-        auto rows = NeedRows(GetEditableRecordset("SELECT * FROM ViolationStats WHERE StatsID = 0"));
+        auto rows =
+            NeedRows(GetEditableRecordset("SELECT * FROM ViolationStats WHERE StatsID = 0"));
         const ViolationStatistics& stats = object.ViolationStats();
         rows.AddNew();
         rows.SetValue("ItemID", object.ObjectID());

@@ -13,7 +13,8 @@ constexpr std::int32_t kFileItem = 2;
 constexpr std::int32_t kNotSet = -1;
 
 std::string OfItem(std::int32_t itemType, std::int32_t itemId) {
-    return " WHERE ItemID = " + std::to_string(itemId) + " AND ItemType = " + std::to_string(itemType);
+    return " WHERE ItemID = " + std::to_string(itemId) +
+           " AND ItemType = " + std::to_string(itemType);
 }
 
 /// Three columns for each measure: result, value and limit. Over all files the result is the greatest
@@ -25,7 +26,8 @@ std::string ToleranceQuery(std::int32_t itemType, std::int32_t sourceId) {
         const std::string name(measure.Name);
         sql += sql.empty() ? "SELECT " : ", ";
         if (overAllFiles) {
-            sql += "MAX(" + name + "Pass) As " + name + "Result, 0 As " + name + "Value, 0 As " + name + "Tol";
+            sql += "MAX(" + name + "Pass) As " + name + "Result, 0 As " + name + "Value, 0 As " +
+                   name + "Tol";
         } else {
             sql += name + "Pass As " + name + "Result, " + name + " As " + name + "Value, " + name +
                    "Limit As " + name + "Tol";
@@ -137,7 +139,8 @@ std::vector<Finding> ResultsDB::GetWorstFindings(std::int32_t count) {
         auto rows = NeedRows(GetReadOnlyRecordset(
             "SELECT ItemID, ItemType, Severity, Title, LineNum, LocMember FROM Violations "
             "ORDER BY Severity, Impact DESC, ViolationID"));
-        for (; !rows.EOF_() && static_cast<std::int32_t>(findings.size()) < count; rows.MoveNext()) {
+        for (; !rows.EOF_() && static_cast<std::int32_t>(findings.size()) < count;
+             rows.MoveNext()) {
             Finding finding;
             finding.Filename =
                 FilenameOfItem(rows.Value("ItemType").AsLong(), rows.Value("ItemID").AsLong());
@@ -168,9 +171,7 @@ std::string ResultsDB::FilenameOfItem(std::int32_t itemType, std::int32_t itemId
 // ---- tolerances ----
 
 bool ResultsDB::TolerancePass(
-    std::int32_t itemType,
-    std::int32_t sourceId,
-    std::vector<ToleranceFailure>& failures) {
+    std::int32_t itemType, std::int32_t sourceId, std::vector<ToleranceFailure>& failures) {
     bool passed = true;
     Trap({kModule, "TolerancePass"}, [&] {
         auto rows = NeedRows(GetReadOnlyRecordset(ToleranceQuery(itemType, sourceId)));

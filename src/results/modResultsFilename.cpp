@@ -11,9 +11,7 @@ constexpr std::size_t kExtensionLength = 4;
 
 /// Required: the last four characters go, whatever they are.
 std::string InResultsFolder(
-    std::string_view projectFile,
-    std::string_view resultsFolder,
-    std::string_view ending) {
+    std::string_view projectFile, std::string_view resultsFolder, std::string_view ending) {
     std::string base;
     if (resultsFolder.empty()) {
         base = ConvertToDorvikSubFolderPath(projectFile);
@@ -43,7 +41,8 @@ std::string CreateProjectLogFilename(std::string_view projectFile, std::string_v
 std::string ConvertToDorvikSubFolderPath(std::string_view projectFile) {
     std::string result(modUtilFunctions::PathFromFilename(projectFile));
     result += "Dorvik\\";
-    result += modUtilFunctions::FilenameFromFullPathName(projectFile);  // empty for a name without "."
+    result +=
+        modUtilFunctions::FilenameFromFullPathName(projectFile);  // empty for a name without "."
     return result;
 }
 

@@ -79,7 +79,8 @@ void MeasureSource(VirtualObject& object, const ReviewCriteria& criteria) {
 
 }  // namespace
 
-void SetTolerancePassValue(VirtualObject& object, const ReviewCriteria& criteria, bool isProjectFile) {
+void SetTolerancePassValue(
+    VirtualObject& object, const ReviewCriteria& criteria, bool isProjectFile) {
     Trap({"C_VB6ProjectReview", "SetTolerancePassValue"}, [&] {
         MeasureViolations(object, criteria);
         if (isProjectFile) {

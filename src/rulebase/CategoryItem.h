@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace dorvik {
@@ -14,10 +15,10 @@ namespace dorvik {
 /// A category of rules. Its key follows its ID: category 7 has the key "7K".
 class CategoryItem final : public IListItem {
 public:
-    const std::string& Key() const override { return m_key; }
-    const std::string& Title() const override { return m_title; }
+    std::string Key() const override { return m_key; }
+    std::string Title() const override { return m_title; }
     void SetTitle(std::string title) { m_title = std::move(title); }
-    const std::string& Description() const override { return m_description; }
+    std::string Description() const override { return m_description; }
     void SetDescription(std::string description) { m_description = std::move(description); }
     std::int32_t ID() const override { return m_id; }
     /// Also sets the key.
@@ -29,7 +30,7 @@ public:
     ObjectArrayList<IRule>& CategoryRules();
 
 private:
-    void SetKey(std::string key) override { m_key = std::move(key); }
+    void SetKey(std::string_view key) override { m_key = key; }
 
     std::string m_key;
     std::string m_title;

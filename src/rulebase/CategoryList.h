@@ -18,8 +18,12 @@ public:
     void SetDirty(bool dirty) { m_items.SetDirty(dirty); }
     std::int32_t Count() const { return m_items.Count(); }
     /// Raise `kyErrNoSuchItem` for an unknown key or position.
-    const std::shared_ptr<CategoryItem>& Item(std::int32_t index) const { return m_items.Item(index); }
-    const std::shared_ptr<CategoryItem>& Item(std::string_view key) const { return m_items.Item(key); }
+    const std::shared_ptr<CategoryItem>& Item(std::int32_t index) const {
+        return m_items.Item(index);
+    }
+    const std::shared_ptr<CategoryItem>& Item(std::string_view key) const {
+        return m_items.Item(key);
+    }
     bool Selected(std::int32_t index) const { return m_items.Selected(index); }
     bool Selected(std::string_view key) const { return m_items.Selected(key); }
     void SetSelected(std::int32_t index, bool selected) { m_items.SetSelected(index, selected); }

@@ -15,8 +15,12 @@ public:
     explicit CategoryListView(CategoryList& list) : m_list(list) {}
 
     std::int32_t Count() const override { return m_list.Count(); }
-    std::shared_ptr<IListItem> Item(std::int32_t index) const override { return m_list.Item(index); }
-    std::shared_ptr<IListItem> Item(std::string_view key) const override { return m_list.Item(key); }
+    std::shared_ptr<IListItem> Item(std::int32_t index) const override {
+        return m_list.Item(index);
+    }
+    std::shared_ptr<IListItem> Item(std::string_view key) const override {
+        return m_list.Item(key);
+    }
     /// A new item gets its key with its ID.
     void Add(const std::shared_ptr<IListItem>& item, bool newItem) override {
         m_list.Add(std::dynamic_pointer_cast<CategoryItem>(item), newItem);

@@ -48,7 +48,8 @@ constexpr DefaultViolationRow kRows[] = {
     {"Unknown Control",
      "",
      "",
-     "Enter details of the violation to be raised when an unknown control ProgID is detected during "
+     "Enter details of the violation to be raised when an unknown control ProgID is detected "
+     "during "
      "enforcement of a naming convention which uses control tags."},
 };
 

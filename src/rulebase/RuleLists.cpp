@@ -97,8 +97,7 @@ const ObjectArrayList<CodingConvention>* RuleLists::ParserEventCCList(std::int32
     return m_parserEventCC.Find(event);
 }
 
-const ObjectArrayList<UnauthorisedKeyword>*
-RuleLists::ParserEventUKList(std::int32_t event) const {
+const ObjectArrayList<UnauthorisedKeyword>* RuleLists::ParserEventUKList(std::int32_t event) const {
     return m_parserEventUK.Find(event);
 }
 
@@ -106,8 +105,7 @@ const ObjectArrayList<NamingConvention>* RuleLists::ObjectNCList(std::int32_t ob
     return m_objectNC.Find(objectType);
 }
 
-const ObjectArrayList<CodingConvention>*
-RuleLists::PendingViolations(std::int32_t endEvent) const {
+const ObjectArrayList<CodingConvention>* RuleLists::PendingViolations(std::int32_t endEvent) const {
     return m_pending.Find(endEvent);
 }
 
@@ -139,8 +137,7 @@ void RuleLists::AddToListsOfItsKind(const std::shared_ptr<IRule>& rule) {
             AddNamingConvention(std::static_pointer_cast<NamingConvention>(rule));
             break;
         case ruleTypeComponent:
-        case ruleTypeReference:
-            break;  // no rule object is of these kinds
+        case ruleTypeReference: break;  // no rule object is of these kinds
     }
 }
 
@@ -195,8 +192,7 @@ void RuleLists::RemoveFromListsOfItsKind(const IRule& rule, std::string_view rul
                 rule.RuleID(), static_cast<const NamingConvention&>(rule).ObjectType());
             break;
         case ruleTypeComponent:
-        case ruleTypeReference:
-            break;  // no rule object is of these kinds
+        case ruleTypeReference: break;  // no rule object is of these kinds
     }
 }
 
@@ -223,8 +219,7 @@ void RuleLists::MoveNamingConvention(
     });
 }
 
-std::shared_ptr<IRule>
-RuleLists::RemoveRuleFromPECCList(std::int32_t ruleID, std::int32_t event) {
+std::shared_ptr<IRule> RuleLists::RemoveRuleFromPECCList(std::int32_t ruleID, std::int32_t event) {
     std::shared_ptr<IRule> rule;
     Trap({"RuleLists", "RemoveRuleFromPECCList"}, [&] {
         rule = TakeOut(m_parserEventCC.Find(event), ruleID);
@@ -232,8 +227,7 @@ RuleLists::RemoveRuleFromPECCList(std::int32_t ruleID, std::int32_t event) {
     return rule;
 }
 
-std::shared_ptr<IRule>
-RuleLists::RemoveRuleFromPEUKList(std::int32_t ruleID, std::int32_t event) {
+std::shared_ptr<IRule> RuleLists::RemoveRuleFromPEUKList(std::int32_t ruleID, std::int32_t event) {
     std::shared_ptr<IRule> rule;
     Trap({"RuleLists", "RemoveRuleFromPEUKList"}, [&] {
         rule = TakeOut(m_parserEventUK.Find(event), ruleID);
@@ -252,9 +246,8 @@ RuleLists::RemoveRuleFromObjectNCList(std::int32_t ruleID, std::int32_t objectTy
 
 void RuleLists::AddRuleToPendingList(
     const std::shared_ptr<CodingConvention>& rule, std::int32_t endEvent) {
-    Trap({"RuleLists", "AddRuleToPendingList"}, [&] {
-        m_pending.FindOrCreate(endEvent).Add(rule);
-    });
+    Trap(
+        {"RuleLists", "AddRuleToPendingList"}, [&] { m_pending.FindOrCreate(endEvent).Add(rule); });
 }
 
 void RuleLists::RemoveRuleFromPendingList(

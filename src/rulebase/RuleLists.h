@@ -86,8 +86,8 @@ public:
 
     /// Adds without a test for duplicates.
     void AddRuleToPendingList(const std::shared_ptr<CodingConvention>& rule, std::int32_t endEvent);
-    void RemoveRuleFromPendingList(
-        const std::shared_ptr<CodingConvention>& rule, std::int32_t endEvent);
+    void
+    RemoveRuleFromPendingList(const std::shared_ptr<CodingConvention>& rule, std::int32_t endEvent);
 
     /// Removes the rule from the list of its kind, the lists of the events ("|" joined) and the
     /// list of all rules.

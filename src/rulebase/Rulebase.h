@@ -30,9 +30,13 @@ public:
     Rulebase& operator=(const Rulebase&) = delete;
 
     dorvik::AuthorisedReferences& AuthorisedReferences() { return m_authorisedReferences; }
-    const dorvik::AuthorisedReferences& AuthorisedReferences() const { return m_authorisedReferences; }
+    const dorvik::AuthorisedReferences& AuthorisedReferences() const {
+        return m_authorisedReferences;
+    }
     dorvik::AuthorisedComponents& AuthorisedComponents() { return m_authorisedComponents; }
-    const dorvik::AuthorisedComponents& AuthorisedComponents() const { return m_authorisedComponents; }
+    const dorvik::AuthorisedComponents& AuthorisedComponents() const {
+        return m_authorisedComponents;
+    }
     dorvik::RuleLists& RuleLists() { return m_ruleLists; }
     const dorvik::RuleLists& RuleLists() const { return m_ruleLists; }
     /// The tag tables are keyed by `TagName`.
@@ -83,7 +87,9 @@ public:
 
     /// `index` is 1 to 6; -1 is "not set". The lists have dirty flags of their own.
     std::int32_t ToleranceCount(std::int32_t index) const { return m_tolerances.Count.Item(index); }
-    std::int32_t ToleranceImpact(std::int32_t index) const { return m_tolerances.Impact.Item(index); }
+    std::int32_t ToleranceImpact(std::int32_t index) const {
+        return m_tolerances.Impact.Item(index);
+    }
     LongArrayList& ToleranceCountObject() { return m_tolerances.Count; }
     const LongArrayList& ToleranceCountObject() const { return m_tolerances.Count; }
     LongArrayList& ToleranceImpactObject() { return m_tolerances.Impact; }
@@ -92,6 +98,9 @@ public:
     void SetTolerancePercentageComments(std::int32_t percentage);
     std::int32_t ToleranceCyclomaticComplexity() const { return m_tolerances.CyclomaticComplexity; }
     void SetToleranceCyclomaticComplexity(std::int32_t complexity);
+    /// All of them at once, for the rulebase file; a write here sets no flag but those of the lists.
+    ToleranceSettings& Tolerances() { return m_tolerances; }
+    const ToleranceSettings& Tolerances() const { return m_tolerances; }
 
 private:
     bool TagsDirty() const;

@@ -35,7 +35,9 @@ public:
     void SetNamingConventions(bool take) { SetFlag(Section::NamingConventions, take); }
     /// Nothing in a rulebase file belongs to this one.
     bool DocumentationConventions() const { return Flag(Section::DocumentationConventions); }
-    void SetDocumentationConventions(bool take) { SetFlag(Section::DocumentationConventions, take); }
+    void SetDocumentationConventions(bool take) {
+        SetFlag(Section::DocumentationConventions, take);
+    }
 
     /// Loads everything, unfiltered.
     bool LoadForEdit() const { return m_loadForEdit; }

@@ -3,11 +3,14 @@
 #include "rulebase/Rulebase.h"
 #include "rulebase/RulebaseLoadCriteria.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
 
 namespace dorvik {
+
+class KyXMLElement;
 
 /// The only reader and writer of rulebase files (".dvk"). Every section is read and written under
 /// its own trap: a failure costs the rest of that section, is logged under module
@@ -18,7 +21,8 @@ public:
     /// installed programs with its closing backslash; together they decide whether hidden
     /// categories are shown.
     RulebaseManager(std::string applicationName, std::string localAppPath);
-    /// For the running program and its installation as the settings tell them.
+    /// For the running program as its log names it and the installation as the settings tell it.
+    /// Raises `kObjectNotSet` while nobody uses the objects of `modGlobal`.
     RulebaseManager();
 
     /// The rulebase of `criteria.RulebaseFile`, filtered by the criteria unless `LoadForEdit` is
@@ -47,6 +51,47 @@ public:
     bool IsAdminInstalled() const;
 
 private:
+    static bool CheckSchemaVersion(const KyXMLElement& root);
+    static void LoadProperties(const KyXMLElement& root, Rulebase& rulebase);
+    static void LoadTolerances(const KyXMLElement& root, ToleranceSettings& tolerances);
+    static void LoadControlTags(const KyXMLElement& root, TagTable& table);
+    static void LoadDataTypeTags(const KyXMLElement& root, TagTable& table);
+    static void LoadScopeTags(const KyXMLElement& root, TagTable& table);
+    static void LoadDefaultViolations(const KyXMLElement& root, DefaultViolations& violations);
+    void LoadCategoryList(
+        const KyXMLElement& root, CategoryList& list, RulebaseLoadCriteria& criteria) const;
+    static void LoadSeverityList(const KyXMLElement& root, SeverityTable& table);
+    static void LoadCounts(const KyXMLElement& root, RulebaseLoadCriteria& criteria);
+    static void
+    LoadListedItems(const KyXMLElement& root, RulebaseLoadCriteria& criteria, Rulebase& rulebase);
+    static void
+    LoadRules(const KyXMLElement& root, RulebaseLoadCriteria& criteria, RuleLists& rules);
+    static void LoadAuthorisedComponents(const KyXMLElement& section, AuthorisedComponents& list);
+    static void LoadAuthorisedReferences(const KyXMLElement& section, AuthorisedReferences& list);
+    static void LoadUnauthorisedKeywords(
+        const KyXMLElement& section, const RulebaseLoadCriteria& criteria, RuleLists& rules);
+    static void LoadCodingConventions(
+        const KyXMLElement& section, const RulebaseLoadCriteria& criteria, RuleLists& rules);
+    static void LoadNamingConventions(
+        const KyXMLElement& section, const RulebaseLoadCriteria& criteria, RuleLists& rules);
+    static bool IsLoadableRule(const RulebaseLoadCriteria& criteria, const KyXMLElement& rule);
+    static void LoadViolationDefinition(const KyXMLElement& rule, ViolationDefinition& definition);
+    static void LoadReport(const KyXMLElement& root);
+
+    static void SaveProperties(KyXMLElement& root, Rulebase& rulebase);
+    static void SaveControlTags(KyXMLElement& root, const TagTable& table);
+    static void SaveDataTypeTags(KyXMLElement& root, const TagTable& table);
+    static void SaveScopeTags(KyXMLElement& root, const TagTable& table);
+    static void SaveDefaultViolations(KyXMLElement& root, const DefaultViolations& violations);
+    static void SaveCategoryList(KyXMLElement& root, const CategoryList& list);
+    static void SaveSeverityList(KyXMLElement& root, const SeverityTable& table);
+    static void SaveAuthorisedComponents(KyXMLElement& root, const AuthorisedComponents& list);
+    static void SaveAuthorisedReferences(KyXMLElement& root, const AuthorisedReferences& list);
+    static void SaveUnauthorisedKeywords(KyXMLElement& root, const RuleLists& rules);
+    static void SaveCodingConventions(KyXMLElement& rulesElement, const RuleLists& rules);
+    static void SaveNamingConventions(KyXMLElement& rulesElement, const RuleLists& rules);
+    static void SaveViolationDefintion(KyXMLElement& rule, const ViolationDefinition& definition);
+
     std::string m_applicationName;
     std::string m_localAppPath;
 };

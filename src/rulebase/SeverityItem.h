@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace dorvik {
@@ -11,11 +12,11 @@ namespace dorvik {
 /// One level of the severity scale. Its key is the level followed by "Key".
 class SeverityItem final : public IListItem {
 public:
-    const std::string& Key() const override { return m_key; }
-    void SetKey(std::string key) override { m_key = std::move(key); }
-    const std::string& Title() const override { return m_title; }
+    std::string Key() const override { return m_key; }
+    void SetKey(std::string_view key) override { m_key = key; }
+    std::string Title() const override { return m_title; }
     void SetTitle(std::string title) { m_title = std::move(title); }
-    const std::string& Description() const override { return m_description; }
+    std::string Description() const override { return m_description; }
     void SetDescription(std::string description) { m_description = std::move(description); }
     std::int32_t ID() const override { return m_severityLevel; }
 

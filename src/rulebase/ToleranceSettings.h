@@ -15,8 +15,8 @@ struct ToleranceSettings {
 
     ToleranceSettings();
 
-    LongArrayList Count;   // violations
-    LongArrayList Impact;  // points
+    LongArrayList Count;                          // violations
+    LongArrayList Impact;                         // points
     std::int32_t PercentageComments = kNotSet;    // least percentage
     std::int32_t CyclomaticComplexity = kNotSet;  // greatest complexity of a procedure
 };

@@ -104,7 +104,8 @@ constexpr SeverityRow kSeverities[] = {
      "High",
      16,
      750,
-     "Items flagged with 'High' severity are those items that make your code extremely difficult to "
+     "Items flagged with 'High' severity are those items that make your code extremely difficult "
+     "to "
      "modify and maintain in the future. They must be fixed."},
     {3,
      "Medium",
@@ -127,7 +128,8 @@ constexpr SeverityRow kSeverities[] = {
      15,
      0,
      "Items flagged with 'Information' severity, are not necessarily standards violations, they "
-     "could be just general information about projects, modules and methods, or they could be items "
+     "could be just general information about projects, modules and methods, or they could be "
+     "items "
      "that are flagged for close scrutiny during a manual code review."},
 };
 

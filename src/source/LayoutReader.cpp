@@ -75,7 +75,7 @@ void AddProperty(
         key = path;
     }
     const std::string_view value = modSource::RemoveQuotes(modText::Trim(text.substr(equals + 1)));
-    object.Properties().Add(key, value, false);
+    object.Properties().Add(key, value);
     if (modTextCase::Equal(key, "Index")) {
         index = value;
     }

@@ -8,10 +8,7 @@ void SourceLineStatistics::IncrementCount(LineType lineType) {
     switch (lineType) {
         case LineType::Blank: ++m_blankLines; break;
         case LineType::CommentOnly: ++m_commentOnlyLines; break;
-        case LineType::CodeWithComment:
-            ++m_codeLines;
-            ++m_inLineCommentLines;
-            break;
+        case LineType::CodeWithComment: ++m_inLineCommentLines; [[fallthrough]];
         case LineType::Code: ++m_codeLines; break;
         case LineType::Continued:
         case LineType::None: return;  // Required: not even in the total.

@@ -1,6 +1,7 @@
 #include "source/TextFileOpening.h"
 
 #include "base/BasicError.h"
+#include "foundation/Trap.h"
 
 namespace dorvik {
 
@@ -10,12 +11,17 @@ bool TextFileOpening::IsMissing() const {
 
 TextFileOpening OpenTextFile(std::string_view filename, int codePage) {
     TextFileOpening opening;
-    // Not a trap: nothing is hidden, the number is the answer, and the caller tells it.
-    try {
-        opening.Reader = std::make_unique<TextFileReader>(filename, codePage);
-    } catch (const BasicError& error) {
-        opening.ErrorNumber = error.Number();
-    }
+    opening.ErrorNumber = runtimeerror::kPathFileAccess;
+    Trap(
+        {"TextFileOpening", "OpenTextFile"},
+        [&] {
+            opening.Reader = std::make_unique<TextFileReader>(filename, codePage);
+            opening.ErrorNumber = 0;
+        },
+        [&](const BasicError& error) {
+            opening.ErrorNumber = error.Number();
+            return true;
+        });
     return opening;
 }
 

@@ -18,6 +18,8 @@ struct TextFileOpening {
 };
 
 /// Opens a text file. A failure is no error here: its number is the answer, and nothing is logged.
+/// Only a failure without a number of its own (memory runs out over a huge file) is logged, and counts
+/// as 75.
 TextFileOpening OpenTextFile(std::string_view filename, int codePage);
 
 }  // namespace dorvik

@@ -65,6 +65,7 @@ VirtualProject::~VirtualProject() {
 
 ProjectLoadStatus VirtualProject::LoadProject(std::string_view filename) {
     const ProjectLoadStatus status = LoadProjectFile(filename, false);
+    m_loadStatus = status;
     if (status == ProjectLoadStatus::Good) {
         // A file may hold a key of its own called "Path"; that costs these properties only.
         Trap({"VirtualProject", "LoadProject"}, [&] {

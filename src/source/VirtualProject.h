@@ -14,6 +14,8 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace dorvik {
 
@@ -25,6 +27,12 @@ enum class ProjectLoadStatus : std::int32_t {
     LineFailed = 1,  // a line could not be decoded; logged
     NotOpened = 2,
     NotFound = 3,  // the file or its path does not exist
+};
+
+/// A source file that a review could not take in to its end.
+struct UnreviewedFile {
+    std::string Filename;
+    SourceFileStatus Status;  // why it could not be opened; `Good` if it failed behind that
 };
 
 /// A Visual Basic project as its project file tells it, read as text. It owns its lists; each source
@@ -85,6 +93,12 @@ public:
     /// Review state of the project: 0 while nothing went wrong.
     std::int32_t ReviewStatus() const { return m_reviewStatus; }
     void SetReviewStatus(std::int32_t status) { m_reviewStatus = status; }
+    /// How the last reading of the project file ended.
+    ProjectLoadStatus LoadStatus() const { return m_loadStatus; }
+    /// The source files that a review could not take in to their end, in the order of the review. They
+    /// stay when the lists are dropped, for whoever tells the user afterwards.
+    const std::vector<UnreviewedFile>& UnreviewedFiles() const { return m_unreviewedFiles; }
+    void AddUnreviewedFile(UnreviewedFile file) { m_unreviewedFiles.push_back(std::move(file)); }
 
 private:
     /// Lines of the project file that name a source file, by kind.
@@ -144,6 +158,8 @@ private:
     std::string m_filename;
     std::string m_projectType;
     std::int32_t m_reviewStatus = 0;
+    ProjectLoadStatus m_loadStatus = ProjectLoadStatus::Good;
+    std::vector<UnreviewedFile> m_unreviewedFiles;
     int m_codePage;
 };
 

@@ -26,16 +26,16 @@ std::string_view TextBefore(std::string_view text, char character) {
 void AddComponentProperties(std::string_view line, KeyedArrayList& properties) {
     // Another project of the environment stands in the place of a compiled component.
     if (modKeyword::StartsWith(line, "Object = \"*\\")) {
-        properties.Add("DesignTime", Variant(true), false);
-        properties.Add("Filename", modUtf8::WithoutLast(modUtf8::Mid(line, 13), 1), false);
+        properties.Add("DesignTime", true);
+        properties.Add("Filename", modUtf8::WithoutLast(modUtf8::Mid(line, 13), 1));
         return;
     }
     // By columns: `Object = "{GUID}#version#locale"; "filename"`.
-    properties.Add("DesignTime", Variant(false), false);
-    properties.Add("GUID", modUtf8::Mid(line, 11, 38), false);
-    properties.Add("Version", TextBefore(modUtf8::Mid(line, 50), '#'), false);
+    properties.Add("DesignTime", false);
+    properties.Add("GUID", modUtf8::Mid(line, 11, 38));
+    properties.Add("Version", TextBefore(modUtf8::Mid(line, 50), '#'));
     const std::string_view behind = line.substr(TextBefore(line, ';').size());
-    properties.Add("Filename", modUtf8::WithoutLast(modUtf8::Mid(behind, 4), 1), false);
+    properties.Add("Filename", modUtf8::WithoutLast(modUtf8::Mid(behind, 4), 1));
 }
 
 }  // namespace
@@ -58,11 +58,10 @@ void AddFilenameRelatedProperties(VirtualObject& object, std::string_view filena
     const std::string name = modUtilFunctions::FilenameFromFullPathName(filename);
     const std::size_t point = name.rfind('.');
     KeyedArrayList& properties = object.Properties();
-    properties.Add("FullFilename", filename, false);
-    properties.Add("Path", modUtilFunctions::PathFromFilename(filename), false);
-    properties.Add("Filename", name, false);
-    properties.Add(
-        "Extension", point == std::string::npos ? std::string() : name.substr(point), false);
+    properties.Add("FullFilename", filename);
+    properties.Add("Path", modUtilFunctions::PathFromFilename(filename));
+    properties.Add("Filename", name);
+    properties.Add("Extension", point == std::string::npos ? std::string() : name.substr(point));
 }
 
 }  // namespace dorvik::modVOSource

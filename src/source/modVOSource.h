@@ -53,6 +53,7 @@ bool ExtractControlFromLayout(
     LayoutControl& control);
 
 /// Adds "FullFilename", "Path", "Filename" and "Extension" (with its dot) to the object's bag.
+/// Not trapped: raises `kyErrKeyInUse` where one of them is there.
 void AddFilenameRelatedProperties(VirtualObject& object, std::string_view filename);
 
 }  // namespace modVOSource

@@ -33,15 +33,15 @@ std::shared_ptr<VirtualObject>
 MakeObject(const Argument& argument, std::string_view parent, std::int32_t index) {
     auto object = std::make_shared<VirtualObject>();
     KeyedArrayList& properties = object->Properties();
-    properties.Add("Name", argument.Name, false);
-    properties.Add("DefaultValue", argument.DefaultValue, false);
-    properties.Add("DataType", argument.DataType, false);
-    properties.Add("IsOptional", argument.IsOptional, false);
-    properties.Add("IsParamArray", argument.IsParamArray, false);
-    properties.Add("IsArray", IsArrayName(argument.Name), false);
-    properties.Add("ParentObject", parent, false);
-    properties.Add("PassBy", argument.PassBy, false);
-    properties.Add("Index", index, false);
+    properties.Add("Name", argument.Name);
+    properties.Add("DefaultValue", argument.DefaultValue);
+    properties.Add("DataType", argument.DataType);
+    properties.Add("IsOptional", argument.IsOptional);
+    properties.Add("IsParamArray", argument.IsParamArray);
+    properties.Add("IsArray", IsArrayName(argument.Name));
+    properties.Add("ParentObject", parent);
+    properties.Add("PassBy", argument.PassBy);
+    properties.Add("Index", index);
     return object;
 }
 

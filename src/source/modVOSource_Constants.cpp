@@ -34,12 +34,12 @@ std::shared_ptr<VirtualObject>
 MakeObject(const Constant& constant, const Declaration& declaration) {
     auto object = std::make_shared<VirtualObject>();
     KeyedArrayList& properties = object->Properties();
-    properties.Add("Name", constant.Name, false);
-    properties.Add("Scope", declaration.Scope, false);
-    properties.Add("Value", constant.Value, false);
-    properties.Add("IsMultiItem", declaration.IsMultiItem, false);
-    properties.Add("DataType", constant.DataType, false);
-    properties.Add("IsLocal", declaration.IsLocal, false);
+    properties.Add("Name", constant.Name);
+    properties.Add("Scope", declaration.Scope);
+    properties.Add("Value", constant.Value);
+    properties.Add("IsMultiItem", declaration.IsMultiItem);
+    properties.Add("DataType", constant.DataType);
+    properties.Add("IsLocal", declaration.IsLocal);
     return object;
 }
 

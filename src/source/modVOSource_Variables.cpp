@@ -39,16 +39,16 @@ std::shared_ptr<VirtualObject>
 MakeObject(const Variable& variable, const Declaration& declaration) {
     auto object = std::make_shared<VirtualObject>();
     KeyedArrayList& properties = object->Properties();
-    properties.Add("Scope", declaration.Scope, false);
-    properties.Add("IsStatic", declaration.IsStatic, false);
-    properties.Add("IsWithEvents", declaration.IsWithEvents, false);
-    properties.Add("Name", variable.Name, false);
-    properties.Add("IsArray", variable.IsArray, false);
-    properties.Add("IsMultiItem", declaration.IsMultiItem, false);
-    properties.Add("ArraySize", variable.ArraySize, false);
-    properties.Add("DataType", variable.DataType, false);
-    properties.Add("IsLocal", declaration.IsLocal, false);
-    properties.Add("IsAsNew", variable.IsAsNew, false);
+    properties.Add("Scope", declaration.Scope);
+    properties.Add("IsStatic", declaration.IsStatic);
+    properties.Add("IsWithEvents", declaration.IsWithEvents);
+    properties.Add("Name", variable.Name);
+    properties.Add("IsArray", variable.IsArray);
+    properties.Add("IsMultiItem", declaration.IsMultiItem);
+    properties.Add("ArraySize", variable.ArraySize);
+    properties.Add("DataType", variable.DataType);
+    properties.Add("IsLocal", declaration.IsLocal);
+    properties.Add("IsAsNew", variable.IsAsNew);
     return object;
 }
 
@@ -165,10 +165,10 @@ void WalkTypeElement(std::string_view text, VirtualObject& element) {
         TakeToken(token.Text, Walk::TypeElement, tokens, variable);
     }
     KeyedArrayList& properties = element.Properties();
-    properties.Add("Name", variable.Name, false);
-    properties.Add("IsArray", variable.IsArray, false);
-    properties.Add("ArraySize", variable.ArraySize, false);
-    properties.Add("DataType", variable.DataType, false);
+    properties.Add("Name", variable.Name);
+    properties.Add("IsArray", variable.IsArray);
+    properties.Add("ArraySize", variable.ArraySize);
+    properties.Add("DataType", variable.DataType);
 }
 
 std::string_view TextToWalk(std::string_view statement) {

@@ -40,7 +40,7 @@ public:
     ValuesAt(ParserEvent event, std::string_view object, std::string_view property);
 
 private:
-    TemporaryFolder m_folder;
+    test::TemporaryFolder m_folder;
     std::shared_ptr<VB6ParserState> m_state;
     std::unique_ptr<VirtualSourceFile> m_file;
     std::unique_ptr<RecordingParserEvents> m_events;

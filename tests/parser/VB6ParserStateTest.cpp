@@ -292,7 +292,7 @@ TEST(VB6ParserState, ObjectIsFoundInAnyCaseOrNotAtAll) {
 }
 
 TEST(VB6ParserState, DetachingAnUnknownNameIsLoggedAndNoMore) {
-    CapturedLog log;
+    test::CapturedLog log;
     VB6ParserState state;
     AttachNew(state, "File");
     state.Detach("Enum");

@@ -10,7 +10,6 @@
 
 #include <filesystem>
 #include <functional>
-
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -90,7 +89,8 @@ TEST_F(DatabaseTest, AFileOfAnotherKindIsRefused) {
     m_folder.Write("Text.mdb", std::string(5000, 'x'));
     Database other;
     EXPECT_EQ(
-        ErrorNumberOf([&] { other.Open(m_folder.Path() + "Text.mdb"); }), databaseerror::kNotADatabase);
+        ErrorNumberOf([&] { other.Open(m_folder.Path() + "Text.mdb"); }),
+        databaseerror::kNotADatabase);
 }
 
 TEST_F(DatabaseTest, ADatabaseThatIsOnlyReadIsNotChanged) {
@@ -289,7 +289,8 @@ TEST_F(DatabaseTest, BooleansAreStoredAsMinusOneAndZero) {
     rows.Update();
     EXPECT_THAT(Texts("SELECT Size FROM Items"), testing::ElementsAre("-1", "0", ""));
     EXPECT_THAT(Texts("SELECT Done & '' FROM Items"), testing::ElementsAre("-1", "0", "-1"));
-    EXPECT_THAT(Texts("SELECT ItemID FROM Items WHERE Done = True"), testing::ElementsAre("1", "3"));
+    EXPECT_THAT(
+        Texts("SELECT ItemID FROM Items WHERE Done = True"), testing::ElementsAre("1", "3"));
     EXPECT_THAT(Texts("SELECT ItemID FROM Items WHERE Done = False"), testing::ElementsAre("2"));
 }
 
@@ -311,7 +312,8 @@ TEST_F(DatabaseTest, WrongUseIsANumberedError) {
 TEST_F(DatabaseTest, UnknownTablesAndColumnsFailOnOpening) {
     for (const auto type : {RecordsetType::Dynaset, RecordsetType::Snapshot}) {
         for (const std::string_view sql :
-             {"SELECT * FROM Nothing", "SELECT Nothing FROM Items",
+             {"SELECT * FROM Nothing",
+              "SELECT Nothing FROM Items",
               "SELECT * FROM Items WHERE Nothing = 1"}) {
             EXPECT_EQ(
                 ErrorNumberOf([&] { m_database.OpenRecordset(sql, type); }),
@@ -331,7 +333,8 @@ TEST_F(DatabaseTest, AJoinCannotBeOpenedForEditing) {
 }
 
 TEST_F(DatabaseTest, TextsOfAnyLengthAndKindComeBackAsTheyWere) {
-    const std::string text = std::string(20000, 'x') + "'\"[End] \xC3\xA4\xE6\xBC\xA2" + std::string("\0y", 2);
+    const std::string text =
+        std::string(20000, 'x') + "'\"[End] \xC3\xA4\xE6\xBC\xA2" + std::string("\0y", 2);
     Add(text, 1);
     EXPECT_THAT(Texts("SELECT Name FROM Items"), testing::ElementsAre(text));
 }
@@ -400,12 +403,14 @@ TEST_F(DatabaseTest, NothingCountsAsAnEmptyTextWhenTextsAreJoined) {
 }
 
 TEST_F(DatabaseTest, ASumOverNoRowsIsEmptyAndALargeOneIsADouble) {
-    auto none = m_database.OpenRecordset("SELECT Sum(Size) AS S FROM Items", RecordsetType::Snapshot);
+    auto none =
+        m_database.OpenRecordset("SELECT Sum(Size) AS S FROM Items", RecordsetType::Snapshot);
     EXPECT_TRUE(none.Value("S").IsEmpty());
     none.Close();
     Add("a", 2000000000);
     Add("b", 2000000000);
-    auto large = m_database.OpenRecordset("SELECT Sum(Size) AS S FROM Items", RecordsetType::Snapshot);
+    auto large =
+        m_database.OpenRecordset("SELECT Sum(Size) AS S FROM Items", RecordsetType::Snapshot);
     EXPECT_EQ(large.Value("S"), Variant(4000000000.0));
 }
 
@@ -414,13 +419,17 @@ TEST_F(DatabaseTest, JoinsInBracketsSubQueriesAndUnionsRun) {
     Add("b", 2);
     Run("INSERT INTO Parts (ItemID, Weight) VALUES (1, 10), (2, 20), (2, 30)");
     EXPECT_THAT(
-        Texts("SELECT Parts.ItemID & '_' & Parts.Weight As X, Parts.* FROM (Items INNER JOIN Parts ON "
-              "Items.ItemID = Parts.ItemID)  INNER JOIN Items AS I2 ON I2.ItemID = Parts.ItemID WHERE "
+        Texts("SELECT Parts.ItemID & '_' & Parts.Weight As X, Parts.* FROM (Items INNER JOIN Parts "
+              "ON "
+              "Items.ItemID = Parts.ItemID)  INNER JOIN Items AS I2 ON I2.ItemID = Parts.ItemID "
+              "WHERE "
               "(Items.ItemID = 2 AND Parts.Weight > 20)"),
         testing::ElementsAre("2_30"));
     EXPECT_THAT(
-        Texts("SELECT Count(Parts.PartID) AS N FROM (SELECT Parts.PartID, Parts.Weight FROM Items INNER "
-              "JOIN Parts ON Items.ItemID = Parts.ItemID WHERE Items.ItemID = 2) WHERE Weight = 20"),
+        Texts(
+            "SELECT Count(Parts.PartID) AS N FROM (SELECT Parts.PartID, Parts.Weight FROM Items "
+            "INNER "
+            "JOIN Parts ON Items.ItemID = Parts.ItemID WHERE Items.ItemID = 2) WHERE Weight = 20"),
         testing::ElementsAre("1"));
     EXPECT_THAT(
         Texts("SELECT Name As X FROM Items UNION SELECT Weight & '' FROM Parts"),
@@ -429,7 +438,8 @@ TEST_F(DatabaseTest, JoinsInBracketsSubQueriesAndUnionsRun) {
 
 TEST_F(DatabaseTest, AQuoteInATextFailsAndCostsOnlyThatStatement) {
     EXPECT_EQ(
-        ErrorNumberOf([&] { m_database.OpenRecordset("SELECT * FROM Items WHERE Name = 'O'Brien'"); }),
+        ErrorNumberOf(
+            [&] { m_database.OpenRecordset("SELECT * FROM Items WHERE Name = 'O'Brien'"); }),
         databaseerror::kSyntax);
     Add("O'Brien", 1);
     EXPECT_THAT(Texts("SELECT Name FROM Items"), testing::ElementsAre("O'Brien"));
@@ -440,7 +450,8 @@ TEST_F(DatabaseTest, MoreShapesThanAreKeptStillWork) {
     auto kept = m_database.OpenRecordset("SELECT * FROM Items", RecordsetType::Snapshot);
     for (int i = 0; i < 1000; ++i) {
         const std::string name = "N" + std::to_string(i);
-        auto rows = m_database.OpenRecordset("SELECT Size AS " + name + " FROM Items", RecordsetType::Snapshot);
+        auto rows = m_database.OpenRecordset(
+            "SELECT Size AS " + name + " FROM Items", RecordsetType::Snapshot);
         EXPECT_EQ(rows.Value(name), Variant(1));
     }
     EXPECT_EQ(kept.Value("Name").AsText(), "a");

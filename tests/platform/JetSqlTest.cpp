@@ -37,21 +37,24 @@ INSTANTIATE_TEST_SUITE_P(
     Constructs,
     JetSqlRows,
     testing::Values(
-        Row{"SELECT * FROM Review WHERE ReviewID = 0", "SELECT * FROM [Review] WHERE [ReviewID] = ?"},
+        Row{"SELECT * FROM Review WHERE ReviewID = 0",
+            "SELECT * FROM [Review] WHERE [ReviewID] = ?"},
         Row{"SELECT RuleExecutions, [End] FROM Review",
             "SELECT [RuleExecutions] AS [RuleExecutions], [End] AS [End] FROM [Review]"},
         Row{"select  Count(*)   from\tT", "SELECT Count(*) AS [Expr1000] FROM [T]"},
         Row{"SELECT Count(A), Max(B) FROM T",
             "SELECT Count([A]) AS [Expr1000], Max([B]) AS [Expr1001] FROM [T]"},
         Row{"SELECT A & '_' & B As C, * FROM T",
-            "SELECT (ifnull((ifnull([A], '') || ifnull(?, '')), '') || ifnull([B], '')) AS [C], * FROM [T]"},
+            "SELECT (ifnull((ifnull([A], '') || ifnull(?, '')), '') || ifnull([B], '')) AS [C], * "
+            "FROM [T]"},
         Row{"SELECT T.*, T.A FROM T", "SELECT [T].*, [T].[A] AS [A] FROM [T]"},
         Row{"SELECT * FROM T WHERE Completed = False AND A = True",
             "SELECT * FROM [T] WHERE [Completed] = 0 AND [A] = -1"},
         Row{"SELECT * FROM T WHERE A <> -1 OR NOT B >= 2.5 AND C IS NOT NULL",
             "SELECT * FROM [T] WHERE [A] <> -(?) OR NOT [B] >= ? AND [C] IS NOT NULL"},
         Row{"SELECT * FROM (A INNER JOIN B ON A.X = B.X)  INNER JOIN C ON B.Y = C.Y",
-            "SELECT * FROM ([A] INNER JOIN [B] ON [A].[X] = [B].[X]) INNER JOIN [C] ON [B].[Y] = [C].[Y]"},
+            "SELECT * FROM ([A] INNER JOIN [B] ON [A].[X] = [B].[X]) INNER JOIN [C] ON [B].[Y] = "
+            "[C].[Y]"},
         Row{"SELECT DISTINCT A FROM T GROUP BY A ORDER BY A DESC, B ASC",
             "SELECT DISTINCT [A] AS [A] FROM [T] GROUP BY [A] ORDER BY [A] DESC, [B] ASC"},
         Row{"SELECT A FROM T UNION SELECT B FROM U UNION ALL SELECT C FROM V",
@@ -77,9 +80,11 @@ TEST(JetSql, AComparisonAsAValueCountsMinusOneForTrue) {
 
 TEST(JetSql, ASubQueryWithoutANameAnswersToTheTableOfItsColumns) {
     EXPECT_EQ(
-        Translated("SELECT Count(V.ID) FROM (SELECT V.ID, V.X FROM S INNER JOIN V ON S.A = V.A) WHERE X = 1")
+        Translated("SELECT Count(V.ID) FROM (SELECT V.ID, V.X FROM S INNER JOIN V ON S.A = V.A) "
+                   "WHERE X = 1")
             .Sql,
-        "SELECT Count([V].[ID]) AS [Expr1000] FROM (SELECT [V].[ID] AS [ID], [V].[X] AS [X] FROM [S] "
+        "SELECT Count([V].[ID]) AS [Expr1000] FROM (SELECT [V].[ID] AS [ID], [V].[X] AS [X] FROM "
+        "[S] "
         "INNER JOIN [V] ON [S].[A] = [V].[A]) AS [V] WHERE [X] = ?");
 }
 
@@ -94,7 +99,12 @@ TEST(JetSql, LiteralsKeepTheirKind) {
     EXPECT_EQ(
         tokens.Literals,
         (std::vector<SqlLiteral>{
-            std::int64_t{1}, 2.5, std::string("a"), std::string("b"), std::int64_t{3000000000}, 1000.0}));
+            std::int64_t{1},
+            2.5,
+            std::string("a"),
+            std::string("b"),
+            std::int64_t{3000000000},
+            1000.0}));
 }
 
 TEST(JetSql, TextsThatDifferInLiteralsAndBlanksHaveOneShape) {
@@ -102,7 +112,8 @@ TEST(JetSql, TextsThatDifferInLiteralsAndBlanksHaveOneShape) {
     EXPECT_EQ(modJetSql::Tokenise("SELECT *  FROM T WHERE A=22 AND B='yy'").Shape, shape);
     EXPECT_NE(modJetSql::Tokenise("SELECT * FROM T WHERE A = 1 OR B = 'x'").Shape, shape);
     EXPECT_NE(
-        modJetSql::Tokenise("SELECT [A B] FROM T").Shape, modJetSql::Tokenise("SELECT A B FROM T").Shape);
+        modJetSql::Tokenise("SELECT [A B] FROM T").Shape,
+        modJetSql::Tokenise("SELECT A B FROM T").Shape);
 }
 
 TEST(JetSql, RowsOfOneTableWithPlainColumnsCanBeEdited) {
@@ -117,10 +128,17 @@ TEST(JetSql, RowsOfOneTableWithPlainColumnsCanBeEdited) {
 
 TEST(JetSql, RowsOfAnythingElseCannotBeEdited) {
     for (const std::string_view text :
-         {"SELECT Count(A) FROM T", "SELECT DISTINCT A FROM T", "SELECT A AS B FROM T",
-          "SELECT * FROM T, U", "SELECT * FROM T AS U", "SELECT A FROM T UNION SELECT A FROM U",
-          "SELECT A FROM T INNER JOIN U ON T.X = U.X", "SELECT *, A FROM T", "UPDATE T SET A = 1",
-          "SELECT A FROM T GROUP BY A", "SELECT * FROM (SELECT A FROM T)"}) {
+         {"SELECT Count(A) FROM T",
+          "SELECT DISTINCT A FROM T",
+          "SELECT A AS B FROM T",
+          "SELECT * FROM T, U",
+          "SELECT * FROM T AS U",
+          "SELECT A FROM T UNION SELECT A FROM U",
+          "SELECT A FROM T INNER JOIN U ON T.X = U.X",
+          "SELECT *, A FROM T",
+          "UPDATE T SET A = 1",
+          "SELECT A FROM T GROUP BY A",
+          "SELECT * FROM (SELECT A FROM T)"}) {
         EXPECT_EQ(Translated(text).EditableTable, "") << text;
     }
 }
@@ -134,10 +152,25 @@ TEST(JetSql, ATextNotUnderstoodIsAnErrorThatQuotesThePlace) {
 
 TEST(JetSql, WhatIsOutsideTheGrammarIsRefused) {
     for (const std::string_view text :
-         {"", "DELETE FROM T", "SELECT FROM T", "SELECT A, FROM T", "SELECT A FROM T WHERE", "UPDATE T SET A",
-          "UPDATE T SET A = ", "UPDATE T SET A = , B = 1", "SELECT Iif(A) FROM T", "SELECT A FROM (T", "x",
-          "SELECT A FROM T; DROP TABLE T", "SELECT A FROM T ORDER BY 1", "SELECT A FROM T -- x",
-          "SELECT 12ab FROM T", "SELECT [A FROM T", "SELECT [] FROM T", "SELECT 'a FROM T", "SELECT A FROM 'T'",
+         {"",
+          "DELETE FROM T",
+          "SELECT FROM T",
+          "SELECT A, FROM T",
+          "SELECT A FROM T WHERE",
+          "UPDATE T SET A",
+          "UPDATE T SET A = ",
+          "UPDATE T SET A = , B = 1",
+          "SELECT Iif(A) FROM T",
+          "SELECT A FROM (T",
+          "x",
+          "SELECT A FROM T; DROP TABLE T",
+          "SELECT A FROM T ORDER BY 1",
+          "SELECT A FROM T -- x",
+          "SELECT 12ab FROM T",
+          "SELECT [A FROM T",
+          "SELECT [] FROM T",
+          "SELECT 'a FROM T",
+          "SELECT A FROM 'T'",
           "SELECT A FROM T WHERE Name = 'O'Brien'"}) {
         EXPECT_NE(ErrorOf(text), "") << text;
     }

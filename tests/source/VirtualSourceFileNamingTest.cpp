@@ -208,7 +208,11 @@ TEST_F(VirtualSourceFileNaming, AFilePaddedWithNulsStillGivesItsName) {
     text.append(4096, '\0');
     EXPECT_EQ(InitFromText(text), SourceFileStatus::Good);
     EXPECT_EQ(m_file.Name(), "frmMain");
-    EXPECT_EQ(InitFromText(std::string(8192, '\0')), SourceFileStatus::NameUnknown);
+    m_folder.Write("y.frm", std::string(8192, '\0'));
+    VirtualSourceFile nulsOnly;
+    EXPECT_EQ(
+        nulsOnly.InitFileFromVBProjectFileLine("Form=y.frm", m_folder.Path()),
+        SourceFileStatus::NameUnknown);
 }
 
 TEST_F(VirtualSourceFileNaming, AByteOrderMarkBelongsToNoLine) {

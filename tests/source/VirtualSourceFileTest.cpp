@@ -82,7 +82,7 @@ TEST_F(VirtualSourceFileTest, ThreePhysicalLinesAreJoinedWithOneBlankAtEachJoin)
     EXPECT_EQ(line.PhysicalLines, 3);
     EXPECT_EQ(line.Logical, "  Call f(a, b, c)");
     EXPECT_EQ(line.Raw, "  Call f(a,  _\r\n      b, _   \r\n   c)  ");
-    EXPECT_EQ(line.RawLength, 14 + 2 + 12 + 2 + 7);
+    EXPECT_EQ(line.RawLength, 14 + 2 + 13 + 2 + 7);
 }
 
 TEST_F(VirtualSourceFileTest, AContinuedLastLineEndsTheLogicalLineThere) {

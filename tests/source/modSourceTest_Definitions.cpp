@@ -149,7 +149,7 @@ TEST(modSourceDefinitions, RecognisersAgreeWithTheirPlainFormOnLinesOfChance) {
 }
 
 TEST(modSourceDefinitions, DefinitionsOfChanceAreCutWithoutHarm) {
-    const CapturedLog log;
+    const test::CapturedLog log;
     RandomText random;
     for (int i = 0; i < 400; ++i) {
         const std::string line =
@@ -162,7 +162,7 @@ TEST(modSourceDefinitions, DefinitionsOfChanceAreCutWithoutHarm) {
 }
 
 TEST(modSourceDefinitions, TruncatedDefinitionsAreCutWithoutHarm) {
-    const CapturedLog log;
+    const test::CapturedLog log;
     const std::string line =
         "Public Declare Function F Lib \"k\" Alias \"G\" (ByVal a As Long) As Long()";
     for (std::size_t length = 0; length <= line.size(); ++length) {
@@ -239,7 +239,7 @@ TEST(modSourceDefinitions, ScopeIsTheFirstWord) {
 }
 
 TEST(modSourceDefinitions, ScopeOfATextWithoutABlankIsLoggedAndEmpty) {
-    CapturedLog log;
+    test::CapturedLog log;
     EXPECT_EQ(modSource::ScopeFromDef("Private"), "");
     ASSERT_EQ(log.Lines().size(), 1U);
     EXPECT_NE(log.Lines()[0].find("C_Source::ScopeFromDef"), std::string::npos) << log.Lines()[0];
@@ -294,7 +294,7 @@ TEST(modSourceDefinitions, DeclareStatementThatCannotBeCutIsLoggedAndIsNone) {
         "Declare Sub S Lib \"k32\" Alias \"G\"",
     };
     for (const std::string_view line : lines) {
-        CapturedLog log;
+        test::CapturedLog log;
         EXPECT_EQ(DeclareText(line), "none") << line;
         ASSERT_EQ(log.Lines().size(), 1U) << line;
         EXPECT_NE(log.Lines()[0].find("C_Source::IsDeclareStatement"), std::string::npos);
@@ -347,7 +347,7 @@ TEST(modSourceDefinitions, CommaInADefaultValueIsNotCounted) {
 }
 
 TEST(modSourceDefinitions, DefinitionWithoutABracketIsLoggedAndLeavesTheOutputs) {
-    CapturedLog log;
+    test::CapturedLog log;
     EXPECT_EQ(ArgumentText("Event Changed"), "as|77|it was");
     ASSERT_EQ(log.Lines().size(), 1U);
     EXPECT_NE(log.Lines()[0].find("C_Source::ExtractArgumentInfoFromDef"), std::string::npos);

@@ -71,7 +71,7 @@ TEST(modVOSource, ComponentColumnsCountCharacters) {
 }
 
 TEST(modVOSource, ComponentLineThatIsTooShortIsLoggedAndFails) {
-    CapturedLog log;
+    test::CapturedLog log;
     EXPECT_EQ(ComponentText("Object = \"{831FDD16}#2.1#0\"; \"A.OCX\""), "failed");
     ASSERT_EQ(log.Lines().size(), 1U);
     EXPECT_NE(log.Lines()[0].find("C_VOSource::ComponentFromObjectDefinition"), std::string::npos);
@@ -144,7 +144,7 @@ TEST(modVOSource, TabInFrontOfAConstantNameStays) {
 
 TEST(modVOSource, ConstantThatCannotBeCutIsLoggedAndFails) {
     for (const std::string_view line : {"Const A = \"x", "Const A = 1 ' n: Rem y", "Const"}) {
-        CapturedLog log;
+        test::CapturedLog log;
         EXPECT_EQ(ConstantsText(line), "failed") << line;
         ASSERT_EQ(log.Lines().size(), 1U) << line;
         EXPECT_NE(
@@ -153,7 +153,7 @@ TEST(modVOSource, ConstantThatCannotBeCutIsLoggedAndFails) {
 }
 
 TEST(modVOSource, DeclarationsOfChanceAreWalkedToTheirEnd) {
-    const CapturedLog log;
+    const test::CapturedLog log;
     RandomText random;
     for (int i = 0; i < 600; ++i) {
         const std::string text = i % 4 == 0 ? random.Bytes(random.Number(40))

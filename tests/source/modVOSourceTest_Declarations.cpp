@@ -210,7 +210,7 @@ TEST(modVOSourceVariables, TabInFrontOfADeclarationIsNotTrimmed) {
 }
 
 TEST(modVOSourceVariables, BracketThatNeverClosesIsLoggedAndFails) {
-    CapturedLog log;
+    test::CapturedLog log;
     EXPECT_EQ(VariablesText("Dim a(1 To"), "failed");
     ASSERT_EQ(log.Lines().size(), 1U);
     EXPECT_NE(
@@ -229,7 +229,7 @@ TEST(modVOSourceTypeElements, ElementIsWalkedLikeAVariableWithoutNewAndComma) {
         {"x(1 To", "failed"},
     };
     for (const Row& row : rows) {
-        const CapturedLog log;
+        const test::CapturedLog log;
         EXPECT_EQ(ElementText(row.Text), row.Expected) << row.Text;
     }
 }

@@ -91,6 +91,12 @@ TEST(modVOSourceLayout, OnlyTheLineEndAloneEndsAnObject) {
     EXPECT_EQ(Extract(lines, 1), "F,VB.Form,,; EndColour=3");
 }
 
+TEST(modVOSourceLayout, TabInFrontOfALayoutLineIsNotTrimmed) {
+    const Lines lines = {"Begin VB.Form F", "\tEnd = 1", " Begin VB.Label L", "End", "End"};
+    EXPECT_EQ(Extract(lines, 1), "F,VB.Form,,; \tEnd=1");
+    EXPECT_EQ(Extract(lines, 2), "L,VB.Label,F,; ");
+}
+
 TEST(modVOSourceLayout, NestedPropertyBlocksMakeAPath) {
     const Lines lines = {
         "Begin MSComctl.ListView L",
@@ -108,7 +114,7 @@ TEST(modVOSourceLayout, NestedPropertyBlocksMakeAPath) {
 }
 
 TEST(modVOSourceLayout, PropertyLineWithoutAnEqualsSignFails) {
-    CapturedLog log;
+    test::CapturedLog log;
     EXPECT_EQ(
         Extract({"Begin VB.Form F", "A = 1", "nonsense", "End"}, 1), "failed: F,VB.Form,,; A=1");
     ASSERT_EQ(log.Lines().size(), 1U);
@@ -116,14 +122,14 @@ TEST(modVOSourceLayout, PropertyLineWithoutAnEqualsSignFails) {
 }
 
 TEST(modVOSourceLayout, PropertyThatStandsTwiceFails) {
-    CapturedLog log;
+    test::CapturedLog log;
     EXPECT_EQ(Extract({"Begin VB.Form F", "A = 1", "a = 2", "End"}, 1), "failed: F,VB.Form,,; A=1");
     ASSERT_EQ(log.Lines().size(), 1U);
     EXPECT_NE(log.Lines()[0].find("C_VOSource::ExtractControlFromLayout"), std::string::npos);
 }
 
 TEST(modVOSourceLayout, LayoutThatBreaksOffFails) {
-    const CapturedLog log;
+    const test::CapturedLog log;
     EXPECT_EQ(Extract({"Begin VB.Form F", "A = 1"}, 1), "failed: F,VB.Form,,; A=1");
     EXPECT_EQ(Extract({"Begin VB.Form F", "End"}, 2), "failed: ,,,; ");
     EXPECT_EQ(Extract({"Begin VB.Form F", "End"}, 0), "failed: ,,,; ");
@@ -132,7 +138,7 @@ TEST(modVOSourceLayout, LayoutThatBreaksOffFails) {
 }
 
 TEST(modVOSourceLayout, ReaderGivesWhatThePlainFunctionGivesOnLayoutsOfChance) {
-    const CapturedLog log;
+    const test::CapturedLog log;
     const std::vector<std::string_view> pieces = {
         "Begin VB.Label a",
         "  Begin X.Y b c",
@@ -156,7 +162,10 @@ TEST(modVOSourceLayout, ReaderGivesWhatThePlainFunctionGivesOnLayoutsOfChance) {
     for (int layout = 0; layout < 150; ++layout) {
         Lines lines = {"Begin VB.Form F"};
         for (std::size_t i = random.Number(30); i > 0; --i) {
-            lines.emplace_back(pieces[random.Number(pieces.size())]);
+            const bool ofBytes = random.Number(20) == 0;
+            lines.emplace_back(
+                ofBytes ? random.Bytes(random.Number(20))
+                        : std::string(pieces[random.Number(pieces.size())]));
         }
         LayoutReader reader(lines);
         std::int32_t ordinal = 1;

@@ -1,0 +1,68 @@
+#include "platform/XmlTree.h"
+
+#include <libxml/tree.h>
+#include <libxml/xmlsave.h>
+#include <memory>
+
+namespace dorvik {
+
+namespace {
+
+const xmlChar* AsXml(const std::string& text) {
+    return reinterpret_cast<const xmlChar*>(text.c_str());
+}
+
+}  // namespace
+
+XmlTree::XmlTree(_xmlDoc* document) : m_document(document) {}
+
+XmlTree::~XmlTree() {
+    for (_xmlNode* node : m_removed) {
+        xmlFreeNode(node);
+    }
+    xmlFreeDoc(m_document);
+}
+
+_xmlNode* XmlTree::Root() const {
+    return xmlDocGetRootElement(m_document);
+}
+
+const std::vector<_xmlNode*>& XmlTree::ChildrenOf(_xmlNode* parent) {
+    const auto [entry, isNew] = m_children.try_emplace(parent);
+    // Only elements have children of their own kind; for text the field means something else.
+    if (isNew && parent->type == XML_ELEMENT_NODE) {
+        for (_xmlNode* child = parent->children; child != nullptr; child = child->next) {
+            entry->second.push_back(child);
+        }
+    }
+    return entry->second;
+}
+
+_xmlNode* XmlTree::AddElement(_xmlNode* parent, _xmlNode* before, const std::string& name) {
+    m_children.erase(parent);
+    _xmlNode* node = xmlNewDocNode(m_document, nullptr, AsXml(name), nullptr);
+    return before != nullptr ? xmlAddPrevSibling(before, node) : xmlAddChild(parent, node);
+}
+
+void XmlTree::Remove(_xmlNode* node) {
+    m_children.erase(node->parent);
+    xmlUnlinkNode(node);
+    m_removed.insert(node);
+}
+
+std::string XmlTree::TextOf(_xmlNode* node, bool indented) const {
+    if (node == nullptr) {
+        return {};
+    }
+    const std::unique_ptr<xmlBuffer, decltype(&xmlBufferFree)> buffer(
+        xmlBufferCreate(), &xmlBufferFree);
+    const int options = XML_SAVE_NO_DECL | XML_SAVE_AS_XML | (indented ? XML_SAVE_FORMAT : 0);
+    xmlSaveCtxt* saving = xmlSaveToBuffer(buffer.get(), "UTF-8", options);
+    xmlSaveTree(saving, node);
+    xmlSaveClose(saving);
+    return {
+        reinterpret_cast<const char*>(xmlBufferContent(buffer.get())),
+        static_cast<std::size_t>(xmlBufferLength(buffer.get()))};
+}
+
+}  // namespace dorvik

@@ -1,0 +1,33 @@
+#include "rulebase/AttributeRow.h"
+
+#include "base/BasicError.h"
+#include "base/Variant.h"
+#include "base/modText.h"
+
+#include <limits>
+#include <optional>
+
+namespace dorvik::modAttributeText {
+
+bool ToBoolean(std::string_view text) {
+    return Variant(text).AsBoolean();
+}
+
+std::int32_t ToLong(std::string_view text) {
+    const std::optional<std::int32_t> number = modText::WholeNumber(text);
+    if (!number.has_value()) {
+        RaiseRuntimeError(runtimeerror::kTypeMismatch);
+    }
+    return *number;
+}
+
+std::int16_t ToInteger(std::string_view text) {
+    const std::int32_t number = ToLong(text);
+    if (number < std::numeric_limits<std::int16_t>::min() ||
+        number > std::numeric_limits<std::int16_t>::max()) {
+        RaiseRuntimeError(runtimeerror::kOverflow);
+    }
+    return static_cast<std::int16_t>(number);
+}
+
+}  // namespace dorvik::modAttributeText

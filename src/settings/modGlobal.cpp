@@ -1,0 +1,83 @@
+#include "settings/modGlobal.h"
+
+#include "base/BasicError.h"
+#include "foundation/LogFile.h"
+#include "foundation/Trap.h"
+#include "foundation/modUtilFunctions.h"
+#include "platform/modHost.h"
+#include "settings/ComponentVersion.h"
+#include "settings/DVKWorkData.h"
+#include "settings/DorvikData.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace dorvik::modGlobal {
+
+namespace {
+
+constexpr std::string_view kComponentName = "DVKWork";
+constexpr std::string_view kErrorLogName = "Error.log";
+
+struct GlobalObjects {
+    DorvikData Data;
+    DVKWorkData WorkData;
+    LogFile Log;
+};
+
+std::unique_ptr<GlobalObjects> g_objects;
+std::int32_t g_useCount = 0;
+
+/// A log that cannot be opened would turn every failure into a second one.
+void MakeRoomForTheLog(DorvikData& data) {
+    if (!modUtilFunctions::CreateFullPath(data.LocalDataPath())) {
+        data.SetErrorLogFile(modHost::TemporaryFolder() + std::string(kErrorLogName));
+    }
+}
+
+GlobalObjects& Existing() {
+    if (!g_objects) {
+        RaiseRuntimeError(runtimeerror::kObjectNotSet);
+    }
+    return *g_objects;
+}
+
+}  // namespace
+
+void CreateGlobalObjects() {
+    Trap({"modGlobal", "CreateGlobalObjects"}, [] {
+        if (g_useCount == 0) {
+            g_objects = std::make_unique<GlobalObjects>();
+            MakeRoomForTheLog(g_objects->Data);
+            g_objects->Log.SetLogFilePath(g_objects->Data.ErrorLogFile());
+            g_objects->Log.SetComponent(kComponentName);
+            g_objects->Log.SetComponentVersion(ComponentVersion());
+            modLog::Install(&g_objects->Log);
+        }
+        ++g_useCount;
+    });
+}
+
+void DestroyGlobalObjects() {
+    Trap({"modGlobal", "DestroyGlobalObjects"}, [] {
+        if (g_useCount == 1) {
+            // Somebody may have installed a log of his own since.
+            if (&modLog::Log() == &Existing().Log) {
+                modLog::Install(nullptr);
+            }
+            g_objects.reset();
+        }
+        --g_useCount;
+    });
+}
+
+DorvikData& Data() {
+    return Existing().Data;
+}
+
+DVKWorkData& WorkData() {
+    return Existing().WorkData;
+}
+
+}  // namespace dorvik::modGlobal

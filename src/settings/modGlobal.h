@@ -1,0 +1,27 @@
+#pragma once
+
+namespace dorvik {
+
+class DorvikData;
+class DVKWorkData;
+
+/// The objects that the whole process shares: the facts of the installation, the user's settings and
+/// the log. They live as long as somebody uses them, and all on the one thread of the program.
+namespace modGlobal {
+
+/// The first user creates the three objects and makes the log the installed one of `modLog`: its path
+/// is `ErrorLogFile`, its component "DVKWork" with the version of this component. The folder of the
+/// data files is created; where that cannot be done, the error log goes to the folder of temporary
+/// files instead. Every user is counted.
+void CreateGlobalObjects();
+
+/// The last user releases the objects; from then on the log is the quiet one of `modLog` again.
+void DestroyGlobalObjects();
+
+/// These raise `kObjectNotSet` while nobody uses the objects.
+DorvikData& Data();
+DVKWorkData& WorkData();
+
+}  // namespace modGlobal
+
+}  // namespace dorvik

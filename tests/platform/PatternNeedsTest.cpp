@@ -1,0 +1,103 @@
+#include "platform/PatternNeeds.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace dorvik {
+namespace {
+
+struct Row {
+    const char* Pattern;
+    const char* Bytes;
+    const char* Literal;
+};
+
+void PrintTo(const Row& row, std::ostream* stream) {
+    *stream << row.Pattern;
+}
+
+class PatternNeedsTest : public testing::TestWithParam<Row> {};
+
+TEST_P(PatternNeedsTest, AreWhatEveryMatchHolds) {
+    const PatternNeeds needs = NeedsOfPattern(GetParam().Pattern, false);
+    EXPECT_EQ(needs.Bytes, ByteSet(GetParam().Bytes));
+    EXPECT_EQ(needs.Literal, GetParam().Literal);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Understood,
+    PatternNeedsTest,
+    testing::Values(
+        Row{"", "", ""},
+        Row{"\\bGoTo\\b", "GoTo", "GoTo"},
+        Row{"On Error Resume Next", "On Error Resume Next", "On Error Resume Next"},
+        Row{"^Stop$", "Stop", "Stop"},
+        Row{"Debug\\.Print", "Debug.Print", "Debug.Print"},
+        Row{"Debug[.]Print", "Debug.Print", "Debug.Print"},
+        Row{"abc?de", "abde", "ab"},
+        Row{"abc*", "ab", "ab"},
+        Row{"ab+cd", "abcd", "ab"},
+        Row{"a{0}b", "b", "b"},
+        Row{"a{0,3}b", "b", "b"},
+        Row{"a{2}bc", "abc", "bc"},
+        Row{"a{2}{0}b", "b", "b"},
+        Row{"a+?b", "ab", "a"},
+        Row{"a+??b", "b", "b"},
+        Row{"a??b", "b", "b"},
+        Row{"ab|cd", "", ""},
+        Row{"GoTo|GoSub", "Go", ""},
+        Row{"ab|ab", "ab", "ab"},
+        Row{"ab|", "", ""},
+        Row{"a(bc)d", "abcd", "bc"},
+        Row{"a(?:bc)*d", "ad", "a"},
+        Row{"a(bc|bd)e", "abe", "a"},
+        Row{"x(ab(cde)?f)y", "xabfy", "ab"},
+        Row{"a(?=bcd)", "a", "a"},
+        Row{"Error (?!GoTo)", "Error ", "Error "},
+        Row{"a[bc]d", "ad", "a"},
+        Row{"[]a]b", "ab]", "a]b"},  // an empty class, then text: it matches nothing at all
+        Row{"[^]]b", "b]", "]b"},
+        Row{"[\\]x]yz", "yz", "yz"},
+        Row{"a\\sb\\d", "ab", "a"},
+        Row{"a.b", "ab", "a"},
+        Row{"Stra\xC3\x9F"
+            "e",
+            "Strae",
+            "Stra"},
+        Row{"\xC3\xA9?ab", "ab", "ab"},
+        Row{"]}", "]}", "]}"}));
+
+INSTANTIATE_TEST_SUITE_P(
+    NotUnderstood,
+    PatternNeedsTest,
+    testing::Values(
+        Row{"(?i)abc", "", ""},
+        Row{"(?i:abc)", "", ""},
+        Row{"(*UTF)abc", "", ""},
+        Row{"\\Qa?\\Eb", "", ""},
+        Row{"abc\\x41", "", ""},
+        Row{"abc\\u0041", "", ""},
+        Row{"(a)b\\1", "", ""},
+        Row{"a{,3}b", "", ""},
+        Row{"a{b", "", ""},
+        Row{"{a", "", ""},
+        Row{"[[:alpha:]]b", "", ""},
+        Row{"(?<name>a)b", "", ""},
+        Row{"(?#a)b", "", ""},
+        Row{"[\\cA]b", "", ""},
+        Row{"\\p{L}b", "", ""}));
+
+TEST(PatternNeeds, LettersAreNeededOnlyWhereCaseCounts) {
+    const PatternNeeds needs = NeedsOfPattern("Debug\\.Print = 12", true);
+    EXPECT_EQ(needs.Bytes, ByteSet(". =12"));
+    EXPECT_EQ(needs.Literal, " = 12");
+}
+
+TEST(PatternNeeds, DeepNestingIsNotLookedInto) {
+    const std::string pattern = std::string(5000, '(') + "a" + std::string(5000, ')');
+    EXPECT_EQ(NeedsOfPattern(pattern, false).Literal, "");
+}
+
+}  // namespace
+}  // namespace dorvik

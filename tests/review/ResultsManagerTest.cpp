@@ -1,0 +1,229 @@
+#include "enforcement/ResultsManager.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "ReviewRun.h"
+#include "platform/Database.h"
+#include "platform/IMessageBox.h"
+#include "rulebase/ViolationDefinition.h"
+#include "settings/modGlobal.h"
+#include "support/CapturedLog.h"
+
+namespace dorvik {
+
+namespace {
+
+using test::CapturedLog;
+using test::ModuleWith;
+using test::ReviewRun;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+/// A results manager with a procedure in scope, and a log that can be read.
+class TagTest : public testing::Test {
+protected:
+    TagTest() {
+        const auto procedure = std::make_shared<VirtualObject>();
+        procedure->Properties().Add("Name", "Work", false);
+        procedure->Properties().Add("Odd.Key", "dotted", false);
+        procedure->Properties().Add("Share", "50%", false);
+        m_manager.ParserState().Attach(procedure, "Procedure");
+    }
+
+    std::string Expand(std::string_view text) { return m_manager.ChangeTagsToValues(text); }
+
+    CapturedLog m_log;
+    ResultsManager m_manager;
+};
+
+TEST_F(TagTest, TextWithoutTagsIsUnchanged) {
+    EXPECT_EQ(Expand("nothing here"), "nothing here");
+    EXPECT_EQ(Expand(""), "");
+}
+
+TEST_F(TagTest, OneLonePercentSignLeavesTheTextUnchanged) {
+    EXPECT_EQ(Expand("100% sure"), "100% sure");
+}
+
+TEST_F(TagTest, TagThatAppearsTwiceIsReplacedInBothPlaces) {
+    EXPECT_EQ(Expand("%Procedure.Name% calls %Procedure.Name%"), "Work calls Work");
+}
+
+TEST_F(TagTest, TheFirstDotSeparatesObjectAndProperty) {
+    EXPECT_EQ(Expand("%Procedure.Odd.Key%"), "dotted");
+}
+
+TEST_F(TagTest, TagInOtherCaseWorks) {
+    EXPECT_EQ(Expand("%procedure.NAME% and %Procedure.Name%"), "Work and Work");
+}
+
+TEST_F(TagTest, MalformedTagEndsTheExpansion) {
+    EXPECT_EQ(Expand("100% of %Procedure.Name%"), "100% of %Procedure.Name%");
+    EXPECT_EQ(Expand("%Procedure.Name% %NoDot% %Procedure.Name%"), "Work %NoDot% Work");
+    EXPECT_EQ(Expand("%.Name% %Procedure.Name%"), "%.Name% %Procedure.Name%");
+}
+
+TEST_F(TagTest, PercentSignInsideAValueIsNoTag) {
+    EXPECT_EQ(Expand("%Procedure.Share% of %Procedure.Name%"), "50% of Work");
+}
+
+TEST_F(TagTest, UnknownPropertyCostsALineInTheLogAndIsReplacedByNothing) {
+    EXPECT_EQ(Expand("[%Procedure.Nothing%][%Nobody.Name%]"), "[][]");
+    EXPECT_TRUE(m_log.Contains("Virtual object property 'Procedure.Nothing' not found."));
+    EXPECT_TRUE(m_log.Contains("Unknown virtual object 'Nobody' or object not in scope."));
+}
+
+TEST_F(TagTest, DebugPrintWithPrefixNamesEventAndRule) {
+    m_manager.ParserState().SetParserEvent(ParserEvent::ProcedureBody);
+    m_manager.DumpDebugPrint("one", true);
+    m_manager.ParserState().SetCurrentRuleID("5000");
+    m_manager.DumpDebugPrint("two", true);
+    m_manager.DumpDebugPrint("three", false);
+    EXPECT_THAT(
+        m_log.Lines(),
+        ElementsAre("[Event:Procedure <body>]one", "[Event:Procedure <body>][Rule:5000] two", "three"));
+}
+
+TEST_F(TagTest, DumpVirtualObjectWritesPropertiesAndWorkfields) {
+    const auto type = std::make_shared<VirtualObject>();
+    type->Properties().Add("Name", "T", false);
+    type->Properties().Add("ElementCount", 3, false);
+    type->Workfields().Add("seen", true, false);
+    m_manager.ParserState().Attach(type, "Type");
+    m_manager.ParserState().SetParserEvent(ParserEvent::EndType);
+    m_manager.ParserState().SetCurrentRuleID("5001");
+    m_manager.DumpVirtualObject("Type");
+    EXPECT_THAT(
+        m_log.Lines(),
+        ElementsAre(
+            "[Event:end Type][Rule:5001][Object:Type]",
+            "=== Type Properties ===",
+            "   Name=T",
+            "   ElementCount=3",
+            "=== Type Workfields ===",
+            "   seen=True",
+            "==="));
+}
+
+TEST_F(TagTest, DumpOfANameThatIsNotInScopeWritesTwoLinesAndIsLogged) {
+    m_manager.DumpVirtualObject("Nobody");
+    EXPECT_EQ(m_log.Lines().size(), 3U);
+    EXPECT_TRUE(m_log.Contains("C_ResultsManager::DumpVirtualObject"));
+}
+
+TEST_F(TagTest, RuleZeroNeverMarksTheCurrentRule) {
+    m_manager.ParserState().SetCurrentRuleID("before");
+    const ViolationDefinition definition;
+    m_manager.RaiseViolation(definition, {Location::Procedure, 0, ruleTypeComponent, ""}, "");
+    EXPECT_EQ(m_manager.ParserState().CurrentRuleID(), "before");
+    m_manager.RaiseViolation(definition, {Location::Procedure, 7, ruleTypeKeyword, ""}, "");
+    EXPECT_EQ(m_manager.ParserState().CurrentRuleID(), "7");
+}
+
+TEST_F(TagTest, FailedTagInATextIsToldWithTheMarkOfThatText) {
+    ViolationDefinition definition;
+    definition.SetDescription("%Procedure.No%");
+    definition.SetAdvice("%Procedure.Nor%");
+    m_manager.RaiseViolation(definition, {Location::Procedure, 7, ruleTypeKeyword, ""}, "");
+    EXPECT_TRUE(m_log.Contains("[Rule:7 - Violation] Virtual object property 'Procedure.No' not found."));
+    EXPECT_TRUE(m_log.Contains("[Rule:7 - Advice] Virtual object property 'Procedure.Nor' not found."));
+}
+
+TEST_F(TagTest, LocationWithoutOwnerIsLoggedAndLost) {
+    m_manager.RaiseViolation(ViolationDefinition(), {Location::None, 7, ruleTypeKeyword, ""}, "");
+    EXPECT_TRUE(m_log.Contains("C_ResultsManager::LogViolation"));
+}
+
+class RecordingMessageBox final : public IMessageBox {
+public:
+    void Show(const MessageText& message) override { Texts.push_back(message.Text); }
+    std::vector<std::string> Texts;
+};
+
+void AddOneModule(ReviewRun& run) {
+    run.AddProject("P.vbp", "Module=modA; modA.bas\nName=\"P\"\n");
+    run.AddFile("modA.bas", ModuleWith("modA", "Stop\n"));
+    run.SetRules({{"No Stop", "Stop"}});
+}
+
+TEST(ResultsManager, SecondReviewReplacesTheWholeFile) {
+    ReviewRun run;
+    AddOneModule(run);
+    run.Run();
+    run.AddFile("modA.bas", ModuleWith("modA", ""));
+    run.Run();
+    EXPECT_TRUE(run.Query("P", "SELECT Title FROM Violations").empty());
+    EXPECT_EQ(run.Query("P", "SELECT ReviewID FROM Review").size(), 1U);
+}
+
+TEST(ResultsManager, ReadOnlyOldDatabaseIsReplaced) {
+    ReviewRun run;
+    AddOneModule(run);
+    run.Run();
+    std::filesystem::permissions(
+        run.Folder().HostPath() / "Dorvik" / "P_DORVIK.mdb", std::filesystem::perms::owner_read);
+    EXPECT_EQ(run.Run(), SliceResult::Complete);
+    EXPECT_EQ(run.Query("P", "SELECT Title FROM Violations").size(), 1U);
+}
+
+TEST(ResultsManager, LockedOldDatabaseIsToldAndTheProjectIsNotReviewed) {
+    ReviewRun run;
+    AddOneModule(run);
+    run.Run();
+    Database other;
+    other.Open(run.Folder().Path("Dorvik\\P_DORVIK.mdb"));
+    RecordingMessageBox box;
+    const ScopedInstall<IMessageBox> installed(box);
+    run.Run();
+    EXPECT_THAT(
+        box.Texts,
+        ElementsAre(
+            "Unable to replace the existing results database '" +
+            run.Folder().Path("Dorvik\\P_DORVIK.mdb") + "', because it is locked by another process."));
+    EXPECT_EQ(run.Criteria().ProjectList().Item(1)->ReviewStatus(), 1);
+    other.Close();
+    EXPECT_EQ(run.Query("P", "SELECT Title FROM Violations").size(), 1U);  // the old results are whole
+}
+
+TEST(ResultsManager, MissingTemplateIsASetupErrorAndFailsTheProject) {
+    ReviewRun run;
+    AddOneModule(run);
+    modGlobal::Data().SetProjectResultsDB(run.Folder().Path("Nowhere.mdb"));
+    run.Run();
+    EXPECT_EQ(run.Criteria().ProjectList().Item(1)->ReviewStatus(), 1);
+    EXPECT_THAT(
+        run.Log("P"),
+        Contains(HasSubstr(
+            "#Setup #Template results database file '" + run.Folder().Path("Nowhere.mdb") +
+            "' not found.#C_ResultsManager::BeginReview")));
+}
+
+TEST(ResultsManager, ResultsAndLogGoToTheFixedFolder) {
+    ReviewRun run;
+    AddOneModule(run);
+    run.Criteria().SetUseProjectFolderResults(false);
+    run.Criteria().SetFixedFolderResults(run.Folder().Path("out\\deep"));
+    run.Run();
+    EXPECT_NE(run.Folder().Read("out\\deep\\P_DORVIK.mdb"), "");
+    EXPECT_NE(run.Folder().Read("out\\deep\\P_DORVIK.txt"), "");
+}
+
+TEST(ResultsManager, ReviewLogGrowsUnlessItIsToBeCleared) {
+    ReviewRun run;
+    AddOneModule(run);
+    run.Run();
+    const std::size_t lines = run.Log("P").size();
+    run.Run();
+    EXPECT_EQ(run.Log("P").size(), 2 * lines);
+    run.Criteria().SetClearLogBeforeReview(true);
+    run.Run();
+    EXPECT_EQ(run.Log("P").size(), lines);
+}
+
+}  // namespace
+
+}  // namespace dorvik

@@ -1,0 +1,233 @@
+#include "review/VB6ProjectReview.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "ReviewRun.h"
+#include "enforcement/RuleEngine.h"
+#include "platform/modFiles.h"
+#include "review/IProjectReviewEvents.h"
+#include "rulebase/Rulebase.h"
+
+namespace dorvik {
+
+namespace {
+
+using test::ModuleWith;
+using test::ReviewRun;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+
+constexpr const char* kOneModule = "Module=modA; modA.bas\nName=\"P\"\n";
+
+/// A project review stepped by hand, with a callback that can cancel.
+class SteppedReview : private IProjectReviewEvents {
+public:
+    explicit SteppedReview(ReviewRun& run) {
+        m_review.HookupCallback(this);
+        m_review.InitialiseReview(run.SharedCriteria(), m_progress, std::make_shared<Rulebase>(), m_engine);
+        m_loadResult = m_review.LoadProject(1);
+    }
+
+    SliceResult Step() { return m_review.ReviewTimeSlice(1); }
+    int State() const { return static_cast<int>(m_review.State()); }
+    std::vector<int> StatesToTheEnd() {
+        std::vector<int> states{State()};
+        while (Step() == SliceResult::Continue) {
+            if (states.back() != State()) {
+                states.push_back(State());
+            }
+        }
+        return states;
+    }
+    std::int32_t LoadResult() const { return m_loadResult; }
+    const ProgressInfo& Progress() const { return m_progress; }
+    VB6ProjectReview& Review() { return m_review; }
+
+    bool Cancel = false;
+
+private:
+    void SignalReviewProgress(bool& cancel) override { cancel = cancel || Cancel; }
+
+    ProgressInfo m_progress;
+    RuleEngine m_engine;
+    VB6ProjectReview m_review;
+    std::int32_t m_loadResult = 0;
+};
+
+TEST(VB6ProjectReview, StatesOfAProjectWithNamingConventionsInTheirOrder) {
+    ReviewRun run;
+    run.AddProject("P.vbp", kOneModule);
+    run.AddFile("modA.bas", ModuleWith("modA", ""));
+    run.Criteria().LoadCriteria().SetNamingConventions(true);
+    SteppedReview review(run);
+    EXPECT_THAT(review.StatesToTheEnd(), ElementsAre(7, 8, 9, 11, 12, 13, 34, 14, 17, 35, 36, 25, 26));
+}
+
+TEST(VB6ProjectReview, WithoutNamingConventionsNoTypeLibraryIsTouched) {
+    ReviewRun run;
+    run.AddProject("P.vbp", kOneModule);
+    run.AddFile("modA.bas", ModuleWith("modA", ""));
+    SteppedReview review(run);
+    EXPECT_EQ(review.State(), 13);
+    EXPECT_THAT(review.StatesToTheEnd(), ElementsAre(13, 34, 14, 17, 35, 36, 25, 26));
+    const VirtualProject& project = *run.Criteria().ProjectList().Item(1);
+    EXPECT_EQ(project.ScanErrors() + project.ReferenceErrors() + project.ComponentErrors(), 0);
+    EXPECT_EQ(project.ReviewStatus(), 0);
+}
+
+TEST(VB6ProjectReview, ProjectWithoutReferencesOrComponentsPassesTheTypeLibrariesInTwoSteps) {
+    ReviewRun run;
+    run.AddProject("P.vbp", kOneModule);
+    run.AddFile("modA.bas", ModuleWith("modA", ""));
+    run.Criteria().LoadCriteria().SetNamingConventions(true);
+    SteppedReview review(run);
+    run.Criteria().ProjectList().Item(1)->References().Clear();  // the three that every project has
+    EXPECT_EQ(review.State(), 7);
+    review.Step();
+    EXPECT_EQ(review.State(), 9);
+    review.Step();
+    EXPECT_EQ(review.State(), 11);
+}
+
+TEST(VB6ProjectReview, ProjectWithoutSelectedFileFiresProjectEventsOnly) {
+    ReviewRun run;
+    run.AddProject("P.vbp", "Name=\"P\"\n");
+    SteppedReview review(run);
+    EXPECT_THAT(review.StatesToTheEnd(), ElementsAre(13, 34, 14, 25, 26));
+    EXPECT_THAT(run.Query("P", "SELECT Type FROM SourceFiles"), ElementsAre("Project"));
+}
+
+TEST(VB6ProjectReview, FileThatCannotBeConnectedIsToldAndTheNextFileFollows) {
+    ReviewRun run;
+    run.AddProject("P.vbp", "Module=modGone; modGone.bas\nModule=modA; modA.bas\nName=\"P\"\n");
+    run.AddFile("modA.bas", ModuleWith("modA", ""));
+    EXPECT_EQ(run.Run(), SliceResult::Complete);
+    const VirtualProject& project = *run.Criteria().ProjectList().Item(1);
+    EXPECT_EQ(project.FileErrors(), 1);
+    EXPECT_EQ(project.ReviewStatus(), 1);
+    ASSERT_EQ(project.UnreviewedFiles().size(), 1U);
+    EXPECT_THAT(project.UnreviewedFiles().front().Filename, EndsWith("modGone.bas"));
+    EXPECT_EQ(project.UnreviewedFiles().front().Status, SourceFileStatus::NotFound);
+    const std::vector<std::string> log = run.Log("P");
+    EXPECT_THAT(log, Contains(EndsWith("modGone.bas review incomplete due to unexpected error.")));
+    EXPECT_THAT(log, Contains(EndsWith("modA.bas successfully reviewed.")));
+    EXPECT_THAT(log, Contains("1 error(s) reviewing source files."));
+    // The file is known to the results, but nothing in it was seen.
+    EXPECT_THAT(run.Query("P", "SELECT Name FROM SourceFiles"), ElementsAre("P", "modGone", "modA"));
+    EXPECT_THAT(run.Query("P", "SELECT Name FROM Procedures"), ElementsAre("Declarations", "Work"));
+}
+
+TEST(VB6ProjectReview, CancelWhenAFileHasJustBeenOpenedMakesNoParser) {
+    ReviewRun run;
+    run.AddProject("P.vbp", kOneModule);
+    run.AddFile("modA.bas", ModuleWith("modA", ""));
+    SteppedReview review(run);
+    while (review.State() != 17) {
+        review.Step();
+    }
+    review.Cancel = true;
+    EXPECT_EQ(review.Step(), SliceResult::Aborted);
+    EXPECT_FALSE(run.HasResults("P"));
+    EXPECT_THAT(run.Log("P"), Contains("Review aborted by user."));
+    review.Review().AbortReview();  // the driver does so once more
+    EXPECT_FALSE(run.HasResults("P"));
+}
+
+TEST(VB6ProjectReview, ReportsOfEveryFileCountOneMoreForTheProjectReport) {
+    ReviewRun run;
+    run.AddProject("P.vbp", kOneModule);
+    run.AddFile("modA.bas", ModuleWith("modA", ""));
+    run.Criteria().SetReportOption(2);
+    SteppedReview review(run);
+    while (review.State() != 17) {
+        review.Step();
+    }
+    EXPECT_EQ(review.Progress().NumReports(), 2);
+}
+
+TEST(VB6ProjectReview, ReviewLogOfACleanReview) {
+    ReviewRun run;
+    run.AddProject("P.vbp", kOneModule);
+    run.AddFile("modA.bas", ModuleWith("modA", ""));
+    run.Run();
+    EXPECT_THAT(
+        run.Log("P"),
+        ElementsAre(
+            "Project: " + run.Folder().Path("P.vbp"),
+            "Review start date: Saturday, 21 November 2026 14:05:09",
+            "Review: All files.",
+            run.Folder().Path("modA.bas") + " successfully reviewed.",
+            "Review end date: Saturday, 21 November 2026 14:05:09",
+            "Review complete.",
+            "Project reviewed successfully."));
+}
+
+TEST(VB6ProjectReview, LibrariesThatCannotBeLoadedAreToldAndCounted) {
+    ReviewRun run;
+    run.AddProject("P.vbp", "Object={831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0#0; MSCOMCTL.OCX\nReference=*\\AOther.vbp\nName=\"P\"\n");
+    run.Criteria().LoadCriteria().SetNamingConventions(true);
+    run.Run();
+    const std::vector<std::string> log = run.Log("P");
+    EXPECT_THAT(log, Contains("Failed to load reference 'Visual Basic For Applications'"));
+    EXPECT_THAT(log, Contains("Failed to load component 'MSCOMCTL.OCX'"));
+    EXPECT_THAT(log, Contains("Unexpected error(s) encountered during review."));
+    EXPECT_THAT(log, Contains("1 error(s) loading components."));
+    EXPECT_THAT(log, Contains("4 error(s) loading references."));
+}
+
+TEST(VB6ProjectReview, FileThatCannotBeScannedIsCountedAndTheScanGoesOn) {
+    ReviewRun run;
+    run.AddProject("P.vbp", "Module=modGone; modGone.bas\nModule=modA; modA.bas\nName=\"P\"\n");
+    run.AddFile("modA.bas", ModuleWith("modA", ""));
+    run.Criteria().LoadCriteria().SetNamingConventions(true);
+    run.Run();
+    EXPECT_EQ(run.Criteria().ProjectList().Item(1)->ScanErrors(), 1);
+    EXPECT_THAT(
+        run.Log("P"),
+        Contains("Failed to extract global names for source file " + run.Folder().Path("modGone.bas")));
+}
+
+TEST(VB6ProjectReview, MissingProjectKeepsItsStatusAndLeavesNoResults) {
+    ReviewRun run;
+    run.AddProject("P.vbp", "");
+    modFiles::DeleteFile(run.Folder().Path("P.vbp"));
+    EXPECT_EQ(run.Run(), SliceResult::Complete);
+    EXPECT_EQ(run.Criteria().ProjectList().Item(1)->ReviewStatus(), 3);
+    EXPECT_FALSE(run.HasResults("P"));
+}
+
+TEST(VB6ProjectReview, TwoProjectsEachHaveTheirOwnResults) {
+    ReviewRun run;
+    run.SetRules({{"No Stop", "\\bStop\\b"}});
+    run.AddProject("P.vbp", kOneModule);
+    run.AddProject("Q.vbp", "Module=modB; modB.bas\nName=\"Q\"\n");
+    run.AddFile("modA.bas", ModuleWith("modA", "Stop\n"));
+    run.AddFile("modB.bas", ModuleWith("modB", "Stop: Stop\n"));
+    run.Run();
+    EXPECT_EQ(run.Query("P", "SELECT Title FROM Violations").size(), 1U);
+    EXPECT_EQ(run.Query("Q", "SELECT Title FROM Violations").size(), 2U);
+}
+
+TEST(VB6ProjectReview, CancelInTheMiddleOfAFileLeavesNoResults) {
+    ReviewRun run;
+    run.AddProject("P.vbp", kOneModule);
+    std::string body;
+    for (int line = 0; line < 500; ++line) {
+        body += "x = 1\n";
+    }
+    run.AddFile("modA.bas", ModuleWith("modA", body));
+    const SliceResult result = run.Run([](const ProgressInfo& progress, bool& cancel) {
+        cancel = progress.SourceFilePercentage() >= 50;
+    });
+    EXPECT_EQ(result, SliceResult::Aborted);
+    EXPECT_FALSE(run.HasResults("P"));
+    EXPECT_FALSE(modFiles::FileExists(run.Folder().Path("Dorvik\\P_DORVIK.mdb-wal")));
+}
+
+}  // namespace
+
+}  // namespace dorvik
