@@ -7,6 +7,7 @@
 #include "platform/modFiles.h"
 #include "results/ResultsDB.h"
 #include "rulebase/Rulebase.h"
+#include "settings/DVKWorkData.h"
 
 #include <sqlite3.h>
 
@@ -67,7 +68,7 @@ Violation Sample(int number) {
 
 void LogThroughResultsDB(const std::string& file, int rows) {
     const dorvik::Rulebase rulebase;
-    const dorvik::ReviewCriteria criteria;
+    const dorvik::ReviewCriteria criteria{dorvik::DVKWorkData()};
     ResultsDB results;
     if (!results.StartReview(file, rulebase, criteria)) {
         std::fputs("the review did not start\n", stderr);

@@ -10,12 +10,14 @@
 #include "MeasuredProcess.h"
 #include "ProjectGenerator.h"
 #include "criteria/ReviewCriteria.h"
+#include "foundation/LogFile.h"
 #include "foundation/modLog.h"
 #include "platform/modFiles.h"
 #include "review/IProjectEventListener.h"
 #include "review/ProjectEventWalk.h"
 #include "review/ReviewManager.h"
 #include "rulebase/Rulebase.h"
+#include "settings/DVKWorkData.h"
 #include "settings/modGlobal.h"
 
 namespace dorvik {

@@ -26,7 +26,7 @@ inline constexpr DeclarationCounts kDeclareCounts{
 
 /// Enums, types and declare statements are public without a scope word.
 bool IsPublicWithoutScope(std::string_view scope);
-/// Required: constants and variables, other than those, are private without a scope word.
+/// Required: constants and variables are private without a scope word.
 bool IsPublicOnlyByScope(std::string_view scope);
 
 }  // namespace dorvik

@@ -1,6 +1,4 @@
-#include "base/BasicError.h"
 #include "base/modText.h"
-#include "base/modTextCase.h"
 #include "foundation/LogFile.h"
 #include "foundation/modLog.h"
 #include "parser/DeclarationCounts.h"

@@ -1,6 +1,5 @@
 #include "base/BasicError.h"
 #include "base/modText.h"
-#include "base/modTextCase.h"
 #include "parser/ScopeName.h"
 #include "parser/VB6Parser.h"
 #include "parser/VB6ParserState.h"

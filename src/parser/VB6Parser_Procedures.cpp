@@ -55,9 +55,16 @@ constexpr Branch kBranches[] = {
     {"On ", "On Error "},
 };
 
+constexpr std::string_view kFirstLettersOfBranches = "cifewdo";
+
 /// A statement opens one way at most, however many conditions it holds.
 bool IsBranch(std::string_view statement) {
     const std::string_view text = modText::Trim(statement);
+    if (text.empty() || (modKeyword::IsAscii(text.front()) &&
+                         kFirstLettersOfBranches.find(modKeyword::FoldAscii(text.front())) ==
+                             std::string_view::npos)) {
+        return false;
+    }
     return std::any_of(std::begin(kBranches), std::end(kBranches), [&](const Branch& branch) {
         return modKeyword::StartsWith(text, branch.Text) &&
                (branch.Exception.empty() || !modKeyword::StartsWith(text, branch.Exception));

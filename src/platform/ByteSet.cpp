@@ -3,9 +3,21 @@
 namespace dorvik {
 
 ByteSet::ByteSet(std::string_view text) {
+    // Kept in registers: neighbouring characters mostly fall into one word, and through memory each
+    // would wait for the one before.
+    std::uint64_t first = 0;
+    std::uint64_t second = 0;
     for (const char character : text) {
-        Add(static_cast<unsigned char>(character));
+        const auto byte = static_cast<unsigned char>(character);
+        const std::uint64_t bit = std::uint64_t{1} << (byte & 63U);
+        first |= byte < 64 ? bit : 0;
+        second |= byte >= 64 && byte < 128 ? bit : 0;
+        if (byte >= 128) {
+            Add(byte);
+        }
     }
+    m_words[0] = first;
+    m_words[1] = second;
 }
 
 void ByteSet::Add(unsigned char byte) {

@@ -120,12 +120,9 @@ CompiledPattern::Of(std::string_view pattern, bool ignoreCase) {
     return compiled;
 }
 
-void CompiledPattern::RequireValid() const {
-    if (!m_code) {
-        throw BasicError(
-            kRegularExpressionSyntax,
-            "Malformed regular expression '" + m_pattern + "': " + m_fault);
-    }
+void CompiledPattern::RaiseFault() const {
+    throw BasicError(
+        kRegularExpressionSyntax, "Malformed regular expression '" + m_pattern + "': " + m_fault);
 }
 
 int CompiledPattern::Run(std::string_view text, std::size_t from) const {

@@ -29,7 +29,11 @@ public:
     static std::shared_ptr<const CompiledPattern> Of(std::string_view pattern, bool ignoreCase);
 
     /// Raises `kRegularExpressionSyntax` if the pattern is malformed.
-    void RequireValid() const;
+    void RequireValid() const {
+        if (!m_code) {
+            RaiseFault();
+        }
+    }
 
     /// The first match that begins at or behind `from`. REQUIRES: the pattern is valid, from is at
     /// most the size of the text. Raises `kRegularExpressionTooComplex`.
@@ -40,6 +44,7 @@ public:
 private:
     struct Code;
 
+    [[noreturn]] void RaiseFault() const;
     int Run(std::string_view text, std::size_t from) const;
 
     std::string m_pattern;

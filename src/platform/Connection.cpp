@@ -149,7 +149,7 @@ TableInfo& Connection::Table(const std::string& name) {
         read->Name = name;
         const auto lease = Lease("SELECT name, type FROM pragma_table_info(?)");
         const Variant tableName(name);
-    lease->Bind(0, tableName);
+        lease->Bind(0, tableName);
         while (lease->Step()) {
             read->Columns.push_back(lease->Column(0).AsText());
             read->IsYesNo.push_back(modTextCase::Equal(lease->Column(1).AsText(), "YESNO"));

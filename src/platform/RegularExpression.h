@@ -32,7 +32,8 @@ struct Match {
 /// are the ends of the text.
 ///
 /// Setting a pattern is cheap: it is compiled at its first use and kept for the whole process, so an
-/// object may serve many patterns in turn. A malformed pattern raises `kRegularExpressionSyntax` at
+/// object may serve many patterns in turn. Whoever tests the same patterns over and over keeps an
+/// object for each, which spares the look-up as well. A malformed pattern raises `kRegularExpressionSyntax` at
 /// every `Test` and `Execute`, not when it is set. Any bytes may stand in the text; those that are not
 /// UTF-8 match nothing.
 ///

@@ -14,7 +14,12 @@ const xmlChar* AsXml(const std::string& text) {
 
 }  // namespace
 
-XmlTree::XmlTree(_xmlDoc* document) : m_document(document) {}
+XmlTree::XmlTree(_xmlDoc* document) : m_document(document) {
+    // Text goes out as UTF-8, whatever the file was in; without an encoding the library writes
+    // letters beyond ASCII as numbers.
+    xmlFree(const_cast<xmlChar*>(m_document->encoding));
+    m_document->encoding = xmlStrdup(BAD_CAST "UTF-8");
+}
 
 XmlTree::~XmlTree() {
     for (_xmlNode* node : m_removed) {

@@ -75,6 +75,13 @@ TEST(VB6ParserLayout, LabelNestedInAFrameMakesTwoObjects) {
     EXPECT_EQ(FormValues(controls, ParserEvent::Control, "Control", "Name"), (Values{"Fr", "L"}));
 }
 
+TEST(VB6ParserLayout, LayoutWithoutIndentationEndsAtTheFormsOwnEndOnly) {
+    EXPECT_EQ(
+        EventsOf(
+            FileType::Form, FormText("Begin VB.Frame Fr\nBegin VB.Label L\nEnd\nEnd\n", "Dim x\n")),
+        "3 4 4 6 7 7 8 9 4 10 4 10 25 27 35");
+}
+
 TEST(VB6ParserLayout, ControlTellsItsClassItsLibraryAndItsPlace) {
     const std::string controls =
         "   Begin MSComctlLib.TreeView tvw.x\n      Index           =   3\n   End\n";

@@ -154,6 +154,17 @@ TEST_F(DatabaseTest, RecordsetsOfAClosedDatabaseAreInvalid) {
         databaseerror::kObjectInvalid);
 }
 
+TEST_F(DatabaseTest, AWriteThatAnotherConnectionKeepsOutIsToldAsLocked) {
+    Add("a", 1);
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(modFiles::HostPath(m_path).c_str(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
+    EXPECT_EQ(ErrorNumberOf([&] { Add("b", 2); }), databaseerror::kLocked);
+    sqlite3_close(other);
+    Add("c", 3);
+    EXPECT_THAT(Texts("SELECT Name FROM Items"), testing::ElementsAre("a", "c"));
+}
+
 // ---- deleting ----
 
 TEST_F(DatabaseTest, AnOpenDatabaseCannotBeDeleted) {

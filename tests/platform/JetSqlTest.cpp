@@ -27,6 +27,10 @@ struct Row {
     std::string_view Sqlite;
 };
 
+void PrintTo(const Row& row, std::ostream* out) {
+    *out << row.Jet;
+}
+
 class JetSqlRows : public testing::TestWithParam<Row> {};
 
 TEST_P(JetSqlRows, IsTranslated) {

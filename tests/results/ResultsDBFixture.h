@@ -6,6 +6,7 @@
 #include "platform/modFiles.h"
 #include "results/ResultsDB.h"
 #include "rulebase/Rulebase.h"
+#include "settings/DVKWorkData.h"
 #include "source/VirtualObject.h"
 #include "support/CapturedLog.h"
 #include "support/TemporaryFolder.h"
@@ -122,7 +123,7 @@ protected:
     ScopedInstall<StoppedClock> m_clockInstalled{m_clock};
     ScopedInstall<HostFacts> m_factsInstalled{m_facts};
     Rulebase m_rulebase;
-    ReviewCriteria m_criteria;
+    ReviewCriteria m_criteria{DVKWorkData()};
     ResultsDB m_results;
 };
 

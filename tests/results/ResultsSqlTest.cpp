@@ -12,6 +12,10 @@ struct Query {
     std::string_view Expected;
 };
 
+void PrintTo(const Query& query, std::ostream* out) {
+    *out << query.Sql;
+}
+
 class ResultsSql : public test::ResultsDBFixture, public testing::WithParamInterface<Query> {
 protected:
     /// Project Billing with the project file (1 violation) and modA (2 in procedure Total, 1 in its

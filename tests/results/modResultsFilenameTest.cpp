@@ -12,6 +12,10 @@ struct Row {
     std::string_view Log;
 };
 
+void PrintTo(const Row& row, std::ostream* out) {
+    *out << row.ProjectFile << " in " << row.Folder;
+}
+
 class ResultsFilenames : public testing::TestWithParam<Row> {};
 
 TEST_P(ResultsFilenames, FollowTheProjectFile) {

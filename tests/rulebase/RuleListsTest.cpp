@@ -1,9 +1,10 @@
 #include "rulebase/RuleLists.h"
+
 #include "support/CapturedLog.h"
 
 #include <gtest/gtest.h>
 
-#include <chrono>
+#include <ctime>
 #include <memory>
 #include <string>
 #include <vector>
@@ -262,8 +263,8 @@ TEST(RuleLists, ARuleUnderANumberInUseIsLoggedAndStaysOutOfAllLists) {
     EXPECT_EQ(lists.UnauthorisedKeywords().Count(), 1);
     EXPECT_EQ(lists.ParserEventUKList(30, false)->Count(), 1);
     EXPECT_EQ(log.Entries().size(), 1U);
-    EXPECT_TRUE(log.Contains(
-        "The item cannot be added, because the key '5000Key' is already in use."));
+    EXPECT_TRUE(
+        log.Contains("The item cannot be added, because the key '5000Key' is already in use."));
     EXPECT_TRUE(log.Contains("RuleLists::AddConvention"));
 }
 
@@ -283,16 +284,17 @@ TEST(RuleLists, DirtyIsReadFromTheRulesAndWrittenToThem) {
     EXPECT_TRUE(lists.Dirty());
 }
 
-TEST(RuleLists, TwentyThousandRulesAreAddedWithoutComparingKeys) {
+TEST(RuleLists, SixtyThousandRulesAreAddedWithoutComparingKeys) {
+    constexpr std::int32_t kRules = 60000;
     RuleLists lists;
-    const auto start = std::chrono::steady_clock::now();
-    for (std::int32_t id = 1; id <= 20000; ++id) {
+    const std::clock_t start = std::clock();
+    for (std::int32_t id = 1; id <= kRules; ++id) {
         lists.AddConvention(Keyword({30}, id), false);
     }
-    const auto passed = std::chrono::steady_clock::now() - start;
-    EXPECT_EQ(lists.ParserEventUKList(30, false)->Count(), 20000);
-    // Two hundred million comparisons of keys would take many times as long, also on a slow machine.
-    EXPECT_LT(passed, std::chrono::seconds(2));
+    const double cpuSeconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+    EXPECT_EQ(lists.ParserEventUKList(30, false)->Count(), kRules);
+    // Billions of comparisons of keys would take longer on any machine and in any build.
+    EXPECT_LT(cpuSeconds, 4.0);
 }
 
 }  // namespace

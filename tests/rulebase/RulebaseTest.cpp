@@ -1,7 +1,8 @@
+#include "rulebase/Rulebase.h"
+
 #include "base/BasicError.h"
 #include "base/modKyErrors.h"
 #include "rulebase/CategoryListView.h"
-#include "rulebase/Rulebase.h"
 
 #include <gtest/gtest.h>
 
