@@ -12,7 +12,7 @@ target_compile_options(dorvik_compiler INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wswitch-enum -Wnon-virtual-dtor -Woverloaded-virtual
     -Wimplicit-fallthrough -Wsuggest-override -Werror
     # In optimised builds g++ 12 sees these two inside its own std::string and std::variant, wrongly.
-    $<$<CONFIG:Release>:-Wno-restrict> $<$<CONFIG:Release>:-Wno-maybe-uninitialized>)
+    "$<$<OR:$<CONFIG:Release>,$<BOOL:${DORVIK_SANITIZE}>>:-Wno-restrict;-Wno-maybe-uninitialized>")
 
 if(DORVIK_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "base/modTextCase.h"
 #include "cli/Console.h"
 #include "cli/Interrupt.h"
 #include "cli/ProgressLine.h"
@@ -12,8 +13,10 @@
 #include "cli/ReviewSummary.h"
 #include "criteria/ReviewCriteria.h"
 #include "platform/modFiles.h"
+#include "results/modResultsFilename.h"
 #include "review/ReviewManager.h"
 #include "rulebase/Rulebase.h"
+#include "rulebase/RulebaseManager.h"
 #include "settings/DVKWorkData.h"
 #include "settings/modGlobal.h"
 
@@ -56,15 +59,14 @@ void FillLoadCriteria(RulebaseLoadCriteria& load, const ReviewOptions& options) 
 
 std::shared_ptr<ReviewCriteria> MakeCriteria(
     const ReviewOptions& options,
-    const std::vector<std::string>& filenames) {
+    const std::vector<std::string>& filenames,
+    const std::string& resultsFolder) {
     auto criteria = std::make_shared<ReviewCriteria>();
     criteria->SetReviewType(ReviewType_Batch);
     criteria->SetReportOption(0);
     criteria->SetClearLogBeforeReview(options.ClearLog);
-    criteria->SetUseProjectFolderResults(options.ResultsFolder.empty());
-    if (!options.ResultsFolder.empty()) {
-        criteria->SetFixedFolderResults(InnerPath(options.ResultsFolder, options.CodePage));
-    }
+    criteria->SetUseProjectFolderResults(resultsFolder.empty());
+    criteria->SetFixedFolderResults(resultsFolder);
     FillLoadCriteria(criteria->LoadCriteria(), options);
     for (const std::string& filename : filenames) {
         const auto project = std::make_shared<VirtualProject>(options.CodePage);
@@ -72,6 +74,38 @@ std::shared_ptr<ReviewCriteria> MakeCriteria(
         criteria->ProjectList().Add(filename, project, true, false);
     }
     return criteria;
+}
+
+/// Two projects of one name cannot share a results folder: the second would replace the first one's
+/// results. Such projects are told and left out.
+std::vector<std::string> WithoutNameClashes(FoundProjects& found, const std::string& resultsFolder) {
+    std::vector<std::string> kept;
+    std::vector<std::string> resultsFiles;
+    for (const std::string& filename : found.Filenames) {
+        const std::string results = modDorvikUtils::CreateResultsFilename(filename, resultsFolder);
+        const auto same = std::find_if(resultsFiles.begin(), resultsFiles.end(), [&](const std::string& other) {
+            return modTextCase::Equal(other, results);
+        });
+        if (same == resultsFiles.end()) {
+            kept.push_back(filename);
+            resultsFiles.push_back(results);
+        } else {
+            const auto& first = kept.at(static_cast<std::size_t>(same - resultsFiles.begin()));
+            found.Errors.push_back(
+                "'" + modConsole::ShownPath(filename) + "' is left out, because its results would replace those of '" +
+                modConsole::ShownPath(first) + "'; review it into another folder");
+        }
+    }
+    return kept;
+}
+
+/// Takes the tolerances from the rulebase. False if it cannot be read, which has been told.
+bool LoadTolerances(ReviewCriteria& criteria) {
+    CategoryList categories;
+    SeverityTable severities;
+    RulebaseLoadCriteria& load = criteria.LoadCriteria();
+    return RulebaseManager().LoadReviewOptions(
+        load.RulebaseFile(), categories, severities, load, &criteria.Tolerances());
 }
 
 /// Runs the review to its end, or until the user gives up.
@@ -111,11 +145,14 @@ bool TellFailures(ReviewCriteria& criteria) {
 
 ExitCode RunReview(const ReviewOptions& options) {
     modFiles::SetNameCodePage(options.CodePage);
-    const FoundProjects found = modProjectFinder::FindProjects(options.Paths, options.CodePage);
+    FoundProjects found = modProjectFinder::FindProjects(options.Paths, options.CodePage);
+    const std::string resultsFolder =
+        options.ResultsFolder.empty() ? std::string() : InnerPath(options.ResultsFolder, options.CodePage);
+    const std::vector<std::string> filenames = WithoutNameClashes(found, resultsFolder);
     for (const std::string& error : found.Errors) {
         modConsole::PrintError(error);
     }
-    if (found.Filenames.empty()) {
+    if (filenames.empty()) {
         return ExitCode::NothingDone;
     }
     const std::string rulebase = RulebaseFile(options);
@@ -124,10 +161,10 @@ ExitCode RunReview(const ReviewOptions& options) {
         return ExitCode::NothingDone;
     }
 
-    const std::shared_ptr<ReviewCriteria> criteria = MakeCriteria(options, found.Filenames);
+    const std::shared_ptr<ReviewCriteria> criteria = MakeCriteria(options, filenames, resultsFolder);
     ReviewManager manager;
     manager.InitialiseReview(criteria);
-    const SliceResult result = Drive(manager, options);
+    const SliceResult result = LoadTolerances(*criteria) ? Drive(manager, options) : SliceResult::Failed;
     if (result == SliceResult::Aborted) {
         modConsole::PrintError("interrupted; the project at hand has no results");
         return ExitCode::Interrupted;

@@ -46,8 +46,8 @@ public:
 
     const std::string& Key(std::int32_t index) const { return m_keys.Item(Tested(index, kKey)); }
 
-    void Remove(std::int32_t index) { RemoveAt(Tested(index, kRemove)); }
-    void Remove(std::string_view key) { RemoveAt(Found(key, kRemove)); }
+    void Remove(std::int32_t index);
+    void Remove(std::string_view key) { Remove(Found(key, kRemove)); }
     /// Removes the first entry with that value, if there is one.
     void RemoveByValue(Sought value);
 
@@ -68,7 +68,9 @@ public:
 protected:
     /// Returns the new position. Raises `kyErrKeyInUse` to the caller if the key is to be tested
     /// and there already.
-    std::int32_t AddEntry(std::string_view key, Value item, bool selected, bool ensureUniqueKey);
+    std::int32_t AddEntry(std::string_view key, Value item, bool selected, bool ensureUniqueKey) {
+        return Add(key, std::move(item), selected, ensureUniqueKey);
+    }
 
     /// The new key is not tested.
     void ReplaceKey(std::int32_t index, std::string_view key);
@@ -87,7 +89,8 @@ private:
     std::int32_t Found(std::string_view key, std::string_view source) const {
         return Tested(FindIndexByKey(key), source);
     }
-    void RemoveAt(std::int32_t index);
+
+    std::int32_t Add(std::string_view key, Value item, bool selected, bool ensureUniqueKey);
 
     StringArrayList m_keys;
     Values m_values;
@@ -130,7 +133,8 @@ auto KeyedList<Values>::Find(std::string_view key) const -> const Value* {
 }
 
 template <typename Values>
-void KeyedList<Values>::RemoveAt(std::int32_t index) {
+void KeyedList<Values>::Remove(std::int32_t index) {
+    Tested(index, kRemove);
     Trap({kClassName, "Remove"}, [&] {
         m_values.Remove(index);
         m_keys.Remove(index);
@@ -170,7 +174,7 @@ void KeyedList<Values>::MoveItem(std::int32_t from, std::int32_t to) {
 
 template <typename Values>
 std::int32_t
-KeyedList<Values>::AddEntry(std::string_view key, Value item, bool selected, bool ensureUniqueKey) {
+KeyedList<Values>::Add(std::string_view key, Value item, bool selected, bool ensureUniqueKey) {
     if (ensureUniqueKey && Contains(key)) {
         modKyErrors::RaiseError(modKyErrors::kyErrKeyInUse, kAdd, key);
     }

@@ -23,7 +23,8 @@ struct ListElement<std::string> {
     static constexpr std::string_view kKeyedListName = "StringKeyedArrayList";
 
     static bool Equal(std::string_view element, Sought sought) {
-        return !DiffersAtAnEnd(element, sought) && modTextCase::Equal(element, sought);
+        return !DiffersAtAnEnd(element, sought) &&
+               (element == sought || modTextCase::Equal(element, sought));
     }
 
     /// True if an ASCII character at the begin or the end tells the texts apart already. Most keys
@@ -37,12 +38,14 @@ struct ListElement<std::string> {
 
 private:
     static bool Differs(char left, char right) {
-        const unsigned char a = static_cast<unsigned char>(left);
-        const unsigned char b = static_cast<unsigned char>(right);
-        return ((a | b) & 0x80U) == 0 && Lower(a) != Lower(b);
-    }
-    static unsigned Lower(unsigned char letter) {
-        return letter - unsigned{'A'} < 26U ? letter | 0x20U : letter;
+        constexpr unsigned kCaseBit = 0x20;
+        const unsigned a = static_cast<unsigned char>(left);
+        const unsigned b = static_cast<unsigned char>(right);
+        if (a == b || ((a | b) & 0x80U) != 0) {
+            return false;
+        }
+        const bool isLetter = (a | kCaseBit) - unsigned{'a'} < 26U;
+        return (a ^ b) != kCaseBit || !isLetter;
     }
 };
 

@@ -191,7 +191,9 @@ void VB6Parser::SetFirstStatement(bool isLabelProcessed) {
         m_more = false;
         return;
     }
-    m_rest = m_line.Logical;
+    // A copy, because the line that opens a layout is followed by lines that take the buffer's place.
+    m_restText = m_line.Logical;
+    m_rest = m_restText;
     TakeNextStatement();
     if (isLabelProcessed) {
         TakeNextStatement();

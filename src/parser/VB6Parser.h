@@ -176,7 +176,8 @@ private:
     LineType m_previousLineType = LineType::CommentOnly;  // of the last line that was not blank
     std::int32_t m_sourceLineNumber = 0;                  // 1-based, physical
     bool m_isMultiStatement = false;
-    std::string_view m_rest;  // of the line, behind the current statement
+    std::string m_restText;   // the line of several statements
+    std::string_view m_rest;  // of that text, behind the current statement
     bool m_more = false;      // the line has a further statement
 
     std::string m_layoutName;

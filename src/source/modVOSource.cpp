@@ -23,11 +23,19 @@ std::string_view TextBefore(std::string_view text, char character) {
     return text.substr(0, found);
 }
 
+/// The text without the quote at its end. Raises where there is no text.
+std::string_view TextBeforeLastQuote(std::string_view text) {
+    if (text.empty()) {
+        RaiseRuntimeError(runtimeerror::kInvalidProcedureCall);
+    }
+    return modUtf8::WithoutLast(text, 1);
+}
+
 void AddComponentProperties(std::string_view line, KeyedArrayList& properties) {
     // Another project of the environment stands in the place of a compiled component.
     if (modKeyword::StartsWith(line, "Object = \"*\\")) {
         properties.Add("DesignTime", true);
-        properties.Add("Filename", modUtf8::WithoutLast(modUtf8::Mid(line, 13), 1));
+        properties.Add("Filename", TextBeforeLastQuote(modUtf8::Mid(line, 13)));
         return;
     }
     // By columns: `Object = "{GUID}#version#locale"; "filename"`.
@@ -35,7 +43,7 @@ void AddComponentProperties(std::string_view line, KeyedArrayList& properties) {
     properties.Add("GUID", modUtf8::Mid(line, 11, 38));
     properties.Add("Version", TextBefore(modUtf8::Mid(line, 50), '#'));
     const std::string_view behind = line.substr(TextBefore(line, ';').size());
-    properties.Add("Filename", modUtf8::WithoutLast(modUtf8::Mid(behind, 4), 1));
+    properties.Add("Filename", TextBeforeLastQuote(modUtf8::Mid(behind, 4)));
 }
 
 }  // namespace

@@ -29,6 +29,21 @@ TEST(VB6ParserLayout, FormWithoutControlsHasNoControlEvent) {
     EXPECT_EQ(FormValues("", ParserEvent::BeginLayout, "Layout", "ControlCount"), Values{"0"});
 }
 
+TEST(VB6ParserLayout, StatementsBehindTheBeginOfALayoutOutliveItsLines) {
+    SourceFileReview review(
+        FileType::Form,
+        "Begin VB.Form F: the second: the third\n"
+        "   Caption = \"longer than the line that opens the layout\"\nEnd\n");
+    EXPECT_EQ(
+        review.ValuesAt(ParserEvent::EndLayout, "Source", "Statement"), Values{"the second"});
+    SourceFileReview again(
+        FileType::Form,
+        "Begin VB.Form F: the second: the third\n"
+        "   Caption = \"longer than the line that opens the layout\"\nEnd\n");
+    EXPECT_EQ(
+        again.ValuesAt(ParserEvent::Declaration, "Source", "Statement"), Values{"the third"});
+}
+
 TEST(VB6ParserLayout, LinesOfALayoutFireNoLineEventAndTellTheirCharactersTogether) {
     SourceFileReview review(
         FileType::Form, "VERSION 5.00\nBegin VB.Form F\n   Caption = \"x\"\nEnd\n");

@@ -20,7 +20,7 @@ using testing::IsEmpty;
 /// Reviews one module of that text against the rules.
 void ReviewModule(ReviewRun& run, const std::string& text, const std::vector<KeywordRule>& rules) {
     run.SetRules(rules);
-    run.AddProject("P.vbp", "Module=modA; modA.bas\nName=\"P\"\n");
+    run.AddProject("P.vbp", "Module=modA; modA.bas\nType=Exe\nName=\"P\"\n");
     run.AddFile("modA.bas", text);
     run.Run();
 }
@@ -160,7 +160,7 @@ TEST(EventActions, SeverityThatIsNotWantedIsNotFlagged) {
 
 TEST(EventActions, AFileHasOneLayoutRecordWhetherAComponentOrTheLayoutComesFirst) {
     ReviewRun run;
-    run.AddProject("P.vbp", "Form=frmA.frm\nName=\"P\"\n");
+    run.AddProject("P.vbp", "Form=frmA.frm\nType=Exe\nName=\"P\"\n");
     run.AddFile(
         "frmA.frm",
         "VERSION 5.00\n"

@@ -9,6 +9,7 @@
 #include "platform/Database.h"
 #include "platform/IMessageBox.h"
 #include "rulebase/ViolationDefinition.h"
+#include "settings/DorvikData.h"
 #include "settings/modGlobal.h"
 #include "support/CapturedLog.h"
 
@@ -145,7 +146,7 @@ public:
 };
 
 void AddOneModule(ReviewRun& run) {
-    run.AddProject("P.vbp", "Module=modA; modA.bas\nName=\"P\"\n");
+    run.AddProject("P.vbp", "Module=modA; modA.bas\nType=Exe\nName=\"P\"\n");
     run.AddFile("modA.bas", ModuleWith("modA", "Stop\n"));
     run.SetRules({{"No Stop", "Stop"}});
 }

@@ -1,6 +1,7 @@
 #include "ReviewRun.h"
 
 #include "base/modTextCase.h"
+#include "foundation/LogFile.h"
 #include "foundation/modLog.h"
 #include "platform/Database.h"
 #include "platform/modFiles.h"

@@ -19,7 +19,7 @@ namespace dorvik::test {
 /// A clock that stands still at 21 November 2026, 14:05:09.
 class StandingClock final : public IClock {
 public:
-    DateTime Now() const override { return {2026, 11, 21, 14, 5, 9}; }
+    DateTime Now() override { return {2026, 11, 21, 14, 5, 9}; }
 };
 
 /// A keyword rule of a rulebase made for a test.
@@ -28,8 +28,8 @@ struct KeywordRule {
     std::string Pattern;
     std::vector<std::int32_t> Events{10, 28, 30};
     std::int32_t Severity = 3;
-    std::string Description;
-    std::string Advice;
+    std::string Description{};
+    std::string Advice{};
 };
 
 /// A whole review in a folder of its own: sources, a rulebase of keyword rules, criteria of a batch

@@ -21,7 +21,7 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 
-constexpr const char* kOneModule = "Module=modA; modA.bas\nName=\"P\"\n";
+constexpr const char* kOneModule = "Module=modA; modA.bas\nType=Exe\nName=\"P\"\n";
 
 /// A project review stepped by hand, with a callback that can cancel.
 class SteppedReview : private IProjectReviewEvents {
@@ -95,7 +95,7 @@ TEST(VB6ProjectReview, ProjectWithoutReferencesOrComponentsPassesTheTypeLibrarie
 
 TEST(VB6ProjectReview, ProjectWithoutSelectedFileFiresProjectEventsOnly) {
     ReviewRun run;
-    run.AddProject("P.vbp", "Name=\"P\"\n");
+    run.AddProject("P.vbp", "Type=Exe\nName=\"P\"\n");
     SteppedReview review(run);
     EXPECT_THAT(review.StatesToTheEnd(), ElementsAre(13, 34, 14, 25, 26));
     EXPECT_THAT(run.Query("P", "SELECT Type FROM SourceFiles"), ElementsAre("Project"));
@@ -103,7 +103,7 @@ TEST(VB6ProjectReview, ProjectWithoutSelectedFileFiresProjectEventsOnly) {
 
 TEST(VB6ProjectReview, FileThatCannotBeConnectedIsToldAndTheNextFileFollows) {
     ReviewRun run;
-    run.AddProject("P.vbp", "Module=modGone; modGone.bas\nModule=modA; modA.bas\nName=\"P\"\n");
+    run.AddProject("P.vbp", "Module=modGone; modGone.bas\nModule=modA; modA.bas\nType=Exe\nName=\"P\"\n");
     run.AddFile("modA.bas", ModuleWith("modA", ""));
     EXPECT_EQ(run.Run(), SliceResult::Complete);
     const VirtualProject& project = *run.Criteria().ProjectList().Item(1);
@@ -168,7 +168,7 @@ TEST(VB6ProjectReview, ReviewLogOfACleanReview) {
 
 TEST(VB6ProjectReview, LibrariesThatCannotBeLoadedAreToldAndCounted) {
     ReviewRun run;
-    run.AddProject("P.vbp", "Object={831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0#0; MSCOMCTL.OCX\nReference=*\\AOther.vbp\nName=\"P\"\n");
+    run.AddProject("P.vbp", "Object={831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0#0; MSCOMCTL.OCX\nReference=*\\AOther.vbp\nType=Exe\nName=\"P\"\n");
     run.Criteria().LoadCriteria().SetNamingConventions(true);
     run.Run();
     const std::vector<std::string> log = run.Log("P");
@@ -181,7 +181,7 @@ TEST(VB6ProjectReview, LibrariesThatCannotBeLoadedAreToldAndCounted) {
 
 TEST(VB6ProjectReview, FileThatCannotBeScannedIsCountedAndTheScanGoesOn) {
     ReviewRun run;
-    run.AddProject("P.vbp", "Module=modGone; modGone.bas\nModule=modA; modA.bas\nName=\"P\"\n");
+    run.AddProject("P.vbp", "Module=modGone; modGone.bas\nModule=modA; modA.bas\nType=Exe\nName=\"P\"\n");
     run.AddFile("modA.bas", ModuleWith("modA", ""));
     run.Criteria().LoadCriteria().SetNamingConventions(true);
     run.Run();
@@ -204,9 +204,9 @@ TEST(VB6ProjectReview, TwoProjectsEachHaveTheirOwnResults) {
     ReviewRun run;
     run.SetRules({{"No Stop", "\\bStop\\b"}});
     run.AddProject("P.vbp", kOneModule);
-    run.AddProject("Q.vbp", "Module=modB; modB.bas\nName=\"Q\"\n");
+    run.AddProject("Q.vbp", "Module=modB; modB.bas\nType=Exe\nName=\"Q\"\n");
     run.AddFile("modA.bas", ModuleWith("modA", "Stop\n"));
-    run.AddFile("modB.bas", ModuleWith("modB", "Stop: Stop\n"));
+    run.AddFile("modB.bas", ModuleWith("modB", "    Stop: Stop\n"));
     run.Run();
     EXPECT_EQ(run.Query("P", "SELECT Title FROM Violations").size(), 1U);
     EXPECT_EQ(run.Query("Q", "SELECT Title FROM Violations").size(), 2U);

@@ -77,6 +77,18 @@ TEST(modVOSource, ComponentLineThatIsTooShortIsLoggedAndFails) {
     EXPECT_NE(log.Lines()[0].find("C_VOSource::ComponentFromObjectDefinition"), std::string::npos);
 }
 
+TEST(modVOSource, ComponentLineThatEndsInFrontOfItsFilenameIsLoggedAndFails) {
+    for (const std::string_view line : {
+             "Object = \"{831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.1#0\";",
+             "Object = \"{831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.1#0\"; ",
+             "Object = \"*\\",
+         }) {
+        test::CapturedLog log;
+        EXPECT_EQ(ComponentText(line), "failed") << line;
+        EXPECT_EQ(log.Lines().size(), 1U) << line;
+    }
+}
+
 TEST(modVOSource, FilenameIsKeptWholeAndInParts) {
     EXPECT_EQ(
         FilenameText("C:\\a\\frm.Main.frm"),
