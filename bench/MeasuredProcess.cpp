@@ -1,11 +1,10 @@
 #include "MeasuredProcess.h"
 
+#include <chrono>
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#include <chrono>
 
 namespace dorvik {
 
@@ -31,7 +30,8 @@ Measurement MeasureWork(const std::function<bool()>& work) {
         measurement.Succeeded = WIFEXITED(status) && WEXITSTATUS(status) == 0;
         measurement.CpuSeconds = Seconds(usage.ru_utime) + Seconds(usage.ru_stime);
         measurement.WallSeconds = wall.count();
-        measurement.PeakMegabytes = static_cast<double>(usage.ru_maxrss) / 1024;  // kilobytes on Linux
+        measurement.PeakMegabytes =
+            static_cast<double>(usage.ru_maxrss) / 1024;  // kilobytes on Linux
     }
     return measurement;
 }

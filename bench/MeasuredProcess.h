@@ -9,7 +9,7 @@ namespace dorvik {
 /// What a piece of work cost, measured as a process of its own.
 struct Measurement {
     bool Succeeded = false;
-    double CpuSeconds = 0;   // user and system
+    double CpuSeconds = 0;  // user and system
     double WallSeconds = 0;
     double PeakMegabytes = 0;
 };

@@ -16,7 +16,12 @@ constexpr std::array<const char*, 10> kVerbs{
 constexpr std::array<const char*, 8> kTypes{
     "Long", "String", "Integer", "Boolean", "Variant", "Currency", "Date", "Object"};
 constexpr std::array<const char*, 6> kControls{
-    "VB.Label lbl", "VB.TextBox txt", "VB.CommandButton cmd", "VB.CheckBox chk", "VB.ComboBox cbo", "VB.ListBox lst"};
+    "VB.Label lbl",
+    "VB.TextBox txt",
+    "VB.CommandButton cmd",
+    "VB.CheckBox chk",
+    "VB.ComboBox cbo",
+    "VB.ListBox lst"};
 
 std::string Indent(int depth) {
     return std::string(static_cast<std::size_t>(depth) * 4, ' ');
@@ -37,7 +42,8 @@ std::filesystem::path ProjectGenerator::Write(const std::filesystem::path& folde
     const std::filesystem::path project = folder / "Generated.vbp";
     std::ofstream(project, std::ios::binary)
         << "Type=Exe\r\n"
-        << m_projectLines << "Startup=\"Sub Main\"\r\nName=\"Generated\"\r\nExeName32=\"Generated.exe\"\r\n";
+        << m_projectLines
+        << "Startup=\"Sub Main\"\r\nName=\"Generated\"\r\nExeName32=\"Generated.exe\"\r\n";
     return project;
 }
 
@@ -77,7 +83,8 @@ void ProjectGenerator::WriteForm(const std::filesystem::path& folder, int number
         Line("      Height          =   1575");
         const int controls = Pick(2, 8);
         for (int control = 1; control <= controls; ++control) {
-            const std::string type = kControls.at(static_cast<std::size_t>(Pick(0, kControls.size() - 1)));
+            const std::string type =
+                kControls.at(static_cast<std::size_t>(Pick(0, kControls.size() - 1)));
             Line("      Begin " + type + std::to_string(frame * 100 + control) + " ");
             Line("         BeginProperty Font ");
             Line("            Name            =   \"Tahoma\"");
@@ -122,7 +129,8 @@ void ProjectGenerator::WriteModule(const std::filesystem::path& folder, int numb
     Attributes(name);
     Line("Option Explicit");
     Line("Private Declare Function GetTickCount Lib \"kernel32\" () As Long");
-    Line("Private Declare Function FindWindow Lib \"user32\" Alias \"FindWindowA\" (ByVal lpClassName As String, ByVal lpWindowName As String) As Long");
+    Line("Private Declare Function FindWindow Lib \"user32\" Alias \"FindWindowA\" (ByVal "
+         "lpClassName As String, ByVal lpWindowName As String) As Long");
     Declarations();
     Procedures(Pick(20, 60), false);
     WriteFile(folder / (name + ".bas"));
@@ -135,7 +143,9 @@ void ProjectGenerator::Declarations() {
     for (int count = Pick(5, 25); count > 0; --count) {
         const std::string type = kTypes.at(static_cast<std::size_t>(Pick(0, kTypes.size() - 1)));
         if (Chance(20)) {
-            Line("Private Const " + Name("MAX_") + std::to_string(count) + " As Long = " + std::to_string(Pick(1, 999)));
+            Line(
+                "Private Const " + Name("MAX_") + std::to_string(count) +
+                " As Long = " + std::to_string(Pick(1, 999)));
         } else {
             Line("Private m_" + Name("") + std::to_string(count) + " As " + type);
         }
@@ -165,11 +175,14 @@ void ProjectGenerator::Procedure(int number, bool isForm) {
     }
     const bool isFunction = Chance(35);
     const std::string kind = isFunction ? "Function" : "Sub";
-    const std::string name = isForm && Chance(50)
-                                 ? "cmd" + std::to_string(number) + "_Click()"
-                                 : std::string(kVerbs.at(static_cast<std::size_t>(Pick(0, kVerbs.size() - 1)))) + Name("") +
-                                       std::to_string(number) + "(ByVal lngIndex As Long, Optional strText As String = \"\")";
-    Line((Chance(60) ? "Private " : "Public ") + kind + " " + name + (isFunction ? " As Long" : ""));
+    const std::string name =
+        isForm && Chance(50)
+            ? "cmd" + std::to_string(number) + "_Click()"
+            : std::string(kVerbs.at(static_cast<std::size_t>(Pick(0, kVerbs.size() - 1)))) +
+                  Name("") + std::to_string(number) +
+                  "(ByVal lngIndex As Long, Optional strText As String = \"\")";
+    Line(
+        (Chance(60) ? "Private " : "Public ") + kind + " " + name + (isFunction ? " As Long" : ""));
     Line("    Dim i As Long, strLine As String");
     if (Chance(50)) {
         Line("    On Error GoTo ErrHandler");
@@ -201,7 +214,9 @@ void ProjectGenerator::Body(int lines, int depth) {
         if (depth < 4 && lines > 4 && Chance(20)) {
             const int inner = Pick(1, lines - 2);
             if (Chance(70)) {
-                Line(Indent(depth) + "If " + Expression() + " > " + std::to_string(Pick(0, 99)) + " Then");
+                Line(
+                    Indent(depth) + "If " + Expression() + " > " + std::to_string(Pick(0, 99)) +
+                    " Then");
                 Body(inner, depth + 1);
                 Line(Indent(depth) + "End If");
             } else {
@@ -229,19 +244,24 @@ void ProjectGenerator::Statement(int depth) {
     } else if (kind <= 20) {
         Line("");
     } else if (kind <= 24) {
-        Line(indent + Name("str") + " = \"a \"\"quoted\"\" text: \" & " + Expression() + "   ' and why");
+        Line(
+            indent + Name("str") + " = \"a \"\"quoted\"\" text: \" & " + Expression() +
+            "   ' and why");
     } else if (kind <= 27) {
         Line(indent + "Call " + Name("Update") + "(" + Expression() + ", _");
         Line(indent + "    " + Expression() + ")");
     } else if (kind <= 30) {
         Line(indent + Name("lng") + " = 0: " + Name("str") + " = vbNullString");
     } else if (kind <= 33) {
-        Line(indent + "Dim " + Name("obj") + std::to_string(m_lines) + " As " +
-             kTypes.at(static_cast<std::size_t>(Pick(0, kTypes.size() - 1))));
+        Line(
+            indent + "Dim " + Name("obj") + std::to_string(m_lines) + " As " +
+            kTypes.at(static_cast<std::size_t>(Pick(0, kTypes.size() - 1))));
     } else if (kind <= 34) {
         Line(indent + (Chance(50) ? "DoEvents" : "GoTo ErrHandler"));
     } else {
-        Line(indent + "m_" + Name("") + std::to_string(Pick(1, 25)) + " = " + Expression() + " + " + std::to_string(Pick(0, 999)));
+        Line(
+            indent + "m_" + Name("") + std::to_string(Pick(1, 25)) + " = " + Expression() + " + " +
+            std::to_string(Pick(0, 999)));
     }
 }
 

@@ -1,12 +1,5 @@
 // Reviews a generated project and prints what that costs, beside well-known programs that read the
 // same files in the same run: wc (counts line ends), cloc (classifies lines), ctags (finds definitions).
-#include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "MeasuredProcess.h"
 #include "ProjectGenerator.h"
 #include "criteria/ReviewCriteria.h"
@@ -20,6 +13,13 @@
 #include "settings/DVKWorkData.h"
 #include "settings/modGlobal.h"
 
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
 namespace dorvik {
 
 namespace {
@@ -29,7 +29,9 @@ constexpr std::uint32_t kSeed = 6;
 
 class EventCounter final : public IProjectEventListener {
 public:
-    void EventFired(dorvik::ParserEvent, const VB6ParserState&, const VirtualSourceFile*) override { ++m_events; }
+    void EventFired(dorvik::ParserEvent, const VB6ParserState&, const VirtualSourceFile*) override {
+        ++m_events;
+    }
     void FileFailed(const VirtualSourceFile&) override { m_failed = true; }
     bool StopRequested() override { return false; }
     bool Succeeded() const { return !m_failed && m_events > 0; }
@@ -67,7 +69,8 @@ bool ReviewKeywords(const std::string& projectFile) {
     return manager.ReviewTimeSlice(kWholeReview) == SliceResult::Complete;
 }
 
-void PrintRow(const char* name, const Measurement& measurement, long lines, const Measurement& reference) {
+void PrintRow(
+    const char* name, const Measurement& measurement, long lines, const Measurement& reference) {
     if (!measurement.Succeeded) {
         std::printf("%-26s failed or not installed\n", name);
         return;
@@ -82,7 +85,8 @@ void PrintRow(const char* name, const Measurement& measurement, long lines, cons
         measurement.CpuSeconds / reference.CpuSeconds);
 }
 
-std::vector<std::string> WithFiles(std::vector<std::string> command, const ProjectGenerator& generator) {
+std::vector<std::string>
+WithFiles(std::vector<std::string> command, const ProjectGenerator& generator) {
     for (const std::filesystem::path& file : generator.SourceFiles()) {
         command.push_back(file.string());
     }
@@ -107,14 +111,16 @@ int Run(int lineCount) {
     const std::string project = modFiles::FromHostPath(generator.Write(folder, lineCount));
     const long lines = CountLines(generator);
     std::printf("%ld lines in %zu files\n\n", lines, generator.SourceFiles().size());
-    std::printf("%-26s %12s %8s %8s %8s %9s\n", "", "lines/CPU s", "CPU s", "wall s", "peak MB", "x wc -l");
+    std::printf(
+        "%-26s %12s %8s %8s %8s %9s\n", "", "lines/CPU s", "CPU s", "wall s", "peak MB", "x wc -l");
 
     const Measurement wc = MeasureProgram(WithFiles({"wc", "-l"}, generator));
     PrintRow("wc -l", wc, lines, wc);
     PrintRow("ctags", MeasureProgram(WithFiles({"ctags", "-f", "-"}, generator)), lines, wc);
     PrintRow("cloc", MeasureProgram(WithFiles({"cloc", "--quiet"}, generator)), lines, wc);
     PrintRow("dorvik, all events", MeasureWork([&] { return WalkEvents(project); }), lines, wc);
-    PrintRow("dorvik, keyword rules", MeasureWork([&] { return ReviewKeywords(project); }), lines, wc);
+    PrintRow(
+        "dorvik, keyword rules", MeasureWork([&] { return ReviewKeywords(project); }), lines, wc);
     std::filesystem::remove_all(folder);
     return 0;
 }

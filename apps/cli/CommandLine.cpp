@@ -1,10 +1,5 @@
 #include "cli/CommandLine.h"
 
-#include <CLI/CLI.hpp>
-
-#include <functional>
-#include <string>
-
 #include "cli/Console.h"
 #include "cli/EventsCommand.h"
 #include "cli/ExitCode.h"
@@ -15,6 +10,10 @@
 #include "platform/modEncoding.h"
 #include "platform/modHost.h"
 #include "settings/modGlobal.h"
+
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <string>
 
 namespace dorvik {
 
@@ -33,46 +32,50 @@ public:
     GlobalObjects& operator=(const GlobalObjects&) = delete;
 };
 
-void AddCodePage(CLI::App& command, int& codePage) {
-    command
-        .add_option(
-            "--code-page",
-            codePage,
-            "Code page of files without a byte order mark (1252 unless given)")
-        ->type_name("NUMBER")
-        ->check([](const std::string& text) {
-            const bool known = !text.empty() && text.size() < 6 &&
-                               text.find_first_not_of("0123456789") == std::string::npos &&
-                               modEncoding::IsKnownCodePage(std::stoi(text));
-            return known ? std::string() : "'" + text + "' is no code page that dorvik knows";
-        });
+std::string CheckCodePage(const std::string& text) {
+    const bool known = !text.empty() && text.size() < 6 &&
+                       text.find_first_not_of("0123456789") == std::string::npos &&
+                       modEncoding::IsKnownCodePage(std::stoi(text));
+    return known ? std::string() : "'" + text + "' is no code page that dorvik knows";
 }
 
+void AddCodePage(CLI::App& command, int& codePage) {
+    command.add_option("--code-page", codePage, "Of files without a byte order mark (1252)")
+        ->type_name("NUMBER")
+        ->check(CheckCodePage);
+}
+
+// The texts fit a terminal of 80 columns: at most 49 characters behind the column of names.
 void AddReview(CLI::App& app, ReviewOptions& options) {
     CLI::App& review = *app.add_subcommand("review", "Review projects against a rulebase");
-    review.add_option("PATH", options.Paths, "Project files, project groups, or folders to search for project files")
-        ->required();
-    review.add_option("--rulebase", options.RulebaseFile, "The rulebase file (the sample rulebase unless given)")
+    review.add_option("PATH", options.Paths, "Project files, project groups, folders to search")
+        ->required()
+        ->type_name("");
+    review.add_option("--rulebase", options.RulebaseFile, "The rulebase (the sample rulebase)")
         ->type_name("FILE");
-    review.add_option("--results", options.ResultsFolder, "Folder for results (a folder 'Dorvik' beside each project unless given)")
-        ->type_name("DIR");
-    review.add_flag("--clear-log", options.ClearLog, "Empty the review log of each project first");
-    review.add_option("--conventions", options.Conventions, "Kinds of rule to apply, of ac, ar, cc, nc, uk (all unless given)")
+    review
+        .add_option(
+            "--results", options.ResultsFolder, "For results ('Dorvik' beside each project)")
+        ->type_name("FOLDER");
+    review.add_flag("--clear-log", options.ClearLog, "Empty each project's review log first");
+    review.add_option("--conventions", options.Conventions, "Kinds of rule: ac,ar,cc,nc,uk (all)")
         ->type_name("LIST")
         ->delimiter(',')
-        ->check(CLI::IsMember({"ac", "ar", "cc", "nc", "uk"}));
-    review.add_option("--severity", options.Severities, "Severities to report, of 1 to 5 (all unless given)")
+        ->allow_extra_args(false)
+        ->check(CLI::IsMember({"ac", "ar", "cc", "nc", "uk"}).description(""));
+    review.add_option("--severity", options.Severities, "1 (critical) to 5 (information) (all)")
         ->type_name("LIST")
         ->delimiter(',')
-        ->check(CLI::Range(1, 5));
+        ->allow_extra_args(false)
+        ->check(CLI::Range(1, 5).description(""));
     AddCodePage(review, options.CodePage);
-    review.add_flag("--progress", options.Progress, "Show progress even where standard error is no terminal");
+    review.add_flag("--progress", options.Progress, "Show progress also without a terminal");
     review.add_flag("--quiet", options.Quiet, "Print nothing but errors");
 }
 
 void AddEvents(CLI::App& app, EventsOptions& options) {
-    CLI::App& events = *app.add_subcommand("events", "Print what the parser sees: one JSON object for each event");
-    events.add_option("PROJECT", options.Path, "The project file")->required();
+    CLI::App& events = *app.add_subcommand("events", "Print what the parser sees, as JSON");
+    events.add_option("PROJECT", options.Path, "The project file")->required()->type_name("");
     AddCodePage(events, options.CodePage);
 }
 
@@ -98,7 +101,7 @@ int RunCommandLine(int argc, char** argv) {
     } catch (const CLI::Success& help) {
         return app.exit(help);
     } catch (const CLI::ParseError& error) {
-        modConsole::PrintError(std::string(error.what()) + " (see dorvik --help)");
+        modConsole::PrintError(std::string(error.what()) + " (see 'dorvik --help')");
         return static_cast<int>(ExitCode::NothingDone);
     }
     return static_cast<int>(RunChosen(app, review, events));

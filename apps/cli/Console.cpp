@@ -1,11 +1,10 @@
 #include "cli/Console.h"
 
-#include <sys/ioctl.h>
-#include <unistd.h>
+#include "platform/modFiles.h"
 
 #include <cstdio>
-
-#include "platform/modFiles.h"
+#include <sys/ioctl.h>
+#include <unistd.h>
 
 namespace dorvik {
 

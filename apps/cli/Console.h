@@ -1,10 +1,10 @@
 #pragma once
 
+#include "platform/IMessageBox.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
-
-#include "platform/IMessageBox.h"
 
 namespace dorvik {
 

@@ -1,17 +1,16 @@
 #include "cli/EventStreamWriter.h"
 
-#include <rapidjson/stringbuffer.h>
-#include <rapidjson/writer.h>
-
-#include <array>
-#include <memory>
-#include <vector>
-
 #include "cli/Console.h"
 #include "parser/ScopeName.h"
 #include "parser/VBParserEvents.h"
 #include "source/VirtualObject.h"
 #include "source/VirtualSourceFile.h"
+
+#include <array>
+#include <memory>
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
+#include <vector>
 
 namespace dorvik {
 
@@ -144,7 +143,8 @@ void WritePosition(Writer& writer, const VB6ParserState& state, const std::strin
     PutKey(writer, "physicalLines");
     bool found = false;
     std::string errorText;
-    writer.Int(state.GetObjectProperty(scopename::kSource, "PhysicalLineCount", found, errorText).AsLong());
+    writer.Int(state.GetObjectProperty(scopename::kSource, "PhysicalLineCount", found, errorText)
+                   .AsLong());
     PutKey(writer, "lineType");
     writer.Int(static_cast<int>(state.CurrentLineType()));
     PutKey(writer, "statement");
@@ -164,9 +164,7 @@ EventStreamWriter::~EventStreamWriter() {
 }
 
 void EventStreamWriter::EventFired(
-    dorvik::ParserEvent event,
-    const VB6ParserState& state,
-    const VirtualSourceFile* file) {
+    dorvik::ParserEvent event, const VB6ParserState& state, const VirtualSourceFile* file) {
     if (file != m_file) {
         m_file = file;
         m_shownFile = file != nullptr ? modConsole::ShownPath(file->Filename()) : std::string();

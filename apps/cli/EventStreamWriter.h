@@ -1,11 +1,11 @@
 #pragma once
 
-#include <string>
-#include <string_view>
-
 #include "cli/Interrupt.h"
 #include "parser/VB6ParserState.h"
 #include "review/IProjectEventListener.h"
+
+#include <string>
+#include <string_view>
 
 namespace dorvik {
 

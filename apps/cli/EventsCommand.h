@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string>
-
 #include "cli/ExitCode.h"
 #include "platform/modEncoding.h"
+
+#include <string>
 
 namespace dorvik {
 

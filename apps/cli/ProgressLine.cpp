@@ -1,11 +1,11 @@
 #include "cli/ProgressLine.h"
 
-#include <array>
-#include <cstdio>
-
 #include "base/modUtf8.h"
 #include "cli/Console.h"
 #include "foundation/modUtilFunctions.h"
+
+#include <array>
+#include <cstdio>
 
 namespace dorvik {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string>
-
 #include "criteria/ProgressInfo.h"
+
+#include <string>
 
 namespace dorvik {
 

@@ -1,14 +1,14 @@
 #include "cli/ProjectFinder.h"
 
-#include <algorithm>
-#include <filesystem>
-#include <system_error>
-
 #include "base/modTextCase.h"
 #include "foundation/Trap.h"
 #include "platform/modFiles.h"
 #include "source/VirtualProjectGroup.h"
 #include "source/modDorvikUtils.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 namespace dorvik::modProjectFinder {
 
@@ -17,7 +17,8 @@ namespace {
 namespace fs = std::filesystem;
 
 void AddProject(FoundProjects& found, const std::string& filename) {
-    if (std::find(found.Filenames.begin(), found.Filenames.end(), filename) == found.Filenames.end()) {
+    if (std::find(found.Filenames.begin(), found.Filenames.end(), filename) ==
+        found.Filenames.end()) {
         found.Filenames.push_back(filename);
     }
 }
@@ -25,15 +26,19 @@ void AddProject(FoundProjects& found, const std::string& filename) {
 void AddFolder(FoundProjects& found, const fs::path& folder, int codePage) {
     std::vector<std::string> names;
     std::error_code error;
-    fs::recursive_directory_iterator entry(folder, fs::directory_options::skip_permission_denied, error);
-    for (const fs::recursive_directory_iterator end; !error && entry != end; entry.increment(error)) {
+    fs::recursive_directory_iterator entry(
+        folder, fs::directory_options::skip_permission_denied, error);
+    for (const fs::recursive_directory_iterator end; !error && entry != end;
+         entry.increment(error)) {
         std::error_code unreadable;
-        if (modTextCase::EndsWith(entry->path().native(), ".vbp") && entry->is_regular_file(unreadable)) {
+        if (modTextCase::EndsWith(entry->path().native(), ".vbp") &&
+            entry->is_regular_file(unreadable)) {
             names.push_back(modFiles::FromHostPath(entry->path(), codePage));
         }
     }
     if (error) {
-        found.Errors.push_back("cannot read the folder '" + folder.string() + "': " + error.message());
+        found.Errors.push_back(
+            "cannot read the folder '" + folder.string() + "': " + error.message());
     } else if (names.empty()) {
         found.Errors.push_back("there is no project file below '" + folder.string() + "'");
     }
@@ -48,7 +53,8 @@ void AddFolder(FoundProjects& found, const fs::path& folder, int codePage) {
 void AddGroup(FoundProjects& found, const fs::path& group, int codePage) {
     std::vector<std::string> projects;
     const bool read = Trap({"modProjectFinder", "AddGroup"}, [&] {
-        projects = VirtualProjectGroup(modFiles::FromHostPath(group, codePage), codePage).ProjectFilenames();
+        projects = VirtualProjectGroup(modFiles::FromHostPath(group, codePage), codePage)
+                       .ProjectFilenames();
     });
     if (!read) {
         found.Errors.push_back("cannot read the project group '" + group.string() + "'");
@@ -73,7 +79,8 @@ void AddPath(FoundProjects& found, const std::string& hostPath, int codePage) {
     } else if (modDorvikUtils::IsVBPFile(path.native())) {
         AddProject(found, modFiles::FromHostPath(path, codePage));
     } else {
-        found.Errors.push_back("'" + hostPath + "' is no project file (.vbp) and no project group (.vbg)");
+        found.Errors.push_back(
+            "'" + hostPath + "' is no project file (.vbp) and no project group (.vbg)");
     }
 }
 

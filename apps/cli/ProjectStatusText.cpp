@@ -11,7 +11,8 @@ std::string ProjectStatusText(std::string_view filename, ProjectLoadStatus statu
         case ProjectLoadStatus::NotOpened: return "the project file " + name + " cannot be opened";
         case ProjectLoadStatus::LineFailed:
             return "the project file " + name +
-                   " holds a line that cannot be understood, such as a key or a source file named twice";
+                   " holds a line that cannot be understood, such as a key or a source file named "
+                   "twice";
         case ProjectLoadStatus::Good: break;
     }
     return "the project " + name + " could not be reviewed";
@@ -21,7 +22,8 @@ std::string SourceFileStatusText(std::string_view filename, SourceFileStatus sta
     const std::string name = "'" + modConsole::ShownPath(filename) + "'";
     switch (status) {
         case SourceFileStatus::NotFound: return "the source file " + name + " does not exist";
-        case SourceFileStatus::UnexpectedError: return "the source file " + name + " cannot be opened";
+        case SourceFileStatus::UnexpectedError:
+            return "the source file " + name + " cannot be opened";
         case SourceFileStatus::NameUnknown:
         case SourceFileStatus::TypeUnknown:
         case SourceFileStatus::Good: break;

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <string>
-#include <string_view>
-
 #include "source/VirtualProject.h"
 #include "source/VirtualSourceFile.h"
+
+#include <string>
+#include <string_view>
 
 namespace dorvik {
 

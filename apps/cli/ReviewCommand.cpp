@@ -1,9 +1,5 @@
 #include "cli/ReviewCommand.h"
 
-#include <algorithm>
-#include <filesystem>
-#include <memory>
-
 #include "base/modTextCase.h"
 #include "cli/Console.h"
 #include "cli/Interrupt.h"
@@ -19,6 +15,10 @@
 #include "rulebase/RulebaseManager.h"
 #include "settings/DVKWorkData.h"
 #include "settings/modGlobal.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
 
 namespace dorvik {
 
@@ -78,21 +78,24 @@ std::shared_ptr<ReviewCriteria> MakeCriteria(
 
 /// Two projects of one name cannot share a results folder: the second would replace the first one's
 /// results. Such projects are told and left out.
-std::vector<std::string> WithoutNameClashes(FoundProjects& found, const std::string& resultsFolder) {
+std::vector<std::string>
+WithoutNameClashes(FoundProjects& found, const std::string& resultsFolder) {
     std::vector<std::string> kept;
     std::vector<std::string> resultsFiles;
     for (const std::string& filename : found.Filenames) {
         const std::string results = modDorvikUtils::CreateResultsFilename(filename, resultsFolder);
-        const auto same = std::find_if(resultsFiles.begin(), resultsFiles.end(), [&](const std::string& other) {
-            return modTextCase::Equal(other, results);
-        });
+        const auto same =
+            std::find_if(resultsFiles.begin(), resultsFiles.end(), [&](const std::string& other) {
+                return modTextCase::Equal(other, results);
+            });
         if (same == resultsFiles.end()) {
             kept.push_back(filename);
             resultsFiles.push_back(results);
         } else {
             const auto& first = kept.at(static_cast<std::size_t>(same - resultsFiles.begin()));
             found.Errors.push_back(
-                "'" + modConsole::ShownPath(filename) + "' is left out, because its results would replace those of '" +
+                "'" + modConsole::ShownPath(filename) +
+                "' is left out, because its results would replace those of '" +
                 modConsole::ShownPath(first) + "'; review it into another folder");
         }
     }
@@ -146,8 +149,9 @@ bool TellFailures(ReviewCriteria& criteria) {
 ExitCode RunReview(const ReviewOptions& options) {
     modFiles::SetNameCodePage(options.CodePage);
     FoundProjects found = modProjectFinder::FindProjects(options.Paths, options.CodePage);
-    const std::string resultsFolder =
-        options.ResultsFolder.empty() ? std::string() : InnerPath(options.ResultsFolder, options.CodePage);
+    const std::string resultsFolder = options.ResultsFolder.empty()
+                                          ? std::string()
+                                          : InnerPath(options.ResultsFolder, options.CodePage);
     const std::vector<std::string> filenames = WithoutNameClashes(found, resultsFolder);
     for (const std::string& error : found.Errors) {
         modConsole::PrintError(error);
@@ -157,20 +161,24 @@ ExitCode RunReview(const ReviewOptions& options) {
     }
     const std::string rulebase = RulebaseFile(options);
     if (!modFiles::FileExists(rulebase)) {
-        modConsole::PrintError("the rulebase '" + modConsole::ShownPath(rulebase) + "' does not exist");
+        modConsole::PrintError(
+            "the rulebase '" + modConsole::ShownPath(rulebase) + "' does not exist");
         return ExitCode::NothingDone;
     }
 
-    const std::shared_ptr<ReviewCriteria> criteria = MakeCriteria(options, filenames, resultsFolder);
+    const std::shared_ptr<ReviewCriteria> criteria =
+        MakeCriteria(options, filenames, resultsFolder);
     ReviewManager manager;
     manager.InitialiseReview(criteria);
-    const SliceResult result = LoadTolerances(*criteria) ? Drive(manager, options) : SliceResult::Failed;
+    const SliceResult result =
+        LoadTolerances(*criteria) ? Drive(manager, options) : SliceResult::Failed;
     if (result == SliceResult::Aborted) {
         modConsole::PrintError("interrupted; the project at hand has no results");
         return ExitCode::Interrupted;
     }
     if (result == SliceResult::Failed) {
-        modConsole::PrintError("the rulebase '" + modConsole::ShownPath(rulebase) + "' cannot be read");
+        modConsole::PrintError(
+            "the rulebase '" + modConsole::ShownPath(rulebase) + "' cannot be read");
         return ExitCode::NothingDone;
     }
 

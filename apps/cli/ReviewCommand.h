@@ -1,11 +1,11 @@
 #pragma once
 
+#include "cli/ExitCode.h"
+#include "platform/modEncoding.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
-
-#include "cli/ExitCode.h"
-#include "platform/modEncoding.h"
 
 namespace dorvik {
 

@@ -1,14 +1,14 @@
 #include "cli/ReviewSummary.h"
 
-#include <algorithm>
-#include <array>
-
 #include "cli/Console.h"
 #include "criteria/ReviewCriteria.h"
 #include "platform/modFiles.h"
 #include "results/ResultsDB.h"
 #include "results/modResultsFilename.h"
 #include "source/VirtualProject.h"
+
+#include <algorithm>
+#include <array>
 
 namespace dorvik {
 
@@ -60,7 +60,8 @@ std::string Describe(const Finding& finding) {
     if (finding.LineNumber > 0) {
         place += ":" + std::to_string(finding.LineNumber);
     }
-    std::string text = "    " + place + ": " + SeverityWord(finding.Severity) + ": " + finding.Title;
+    std::string text =
+        "    " + place + ": " + SeverityWord(finding.Severity) + ": " + finding.Title;
     if (!finding.LocationMember.empty()) {
         text += " in " + finding.LocationMember;
     }
@@ -70,7 +71,8 @@ std::string Describe(const Finding& finding) {
 }  // namespace
 
 ReviewSummary::ReviewSummary(ReviewCriteria& criteria) {
-    const std::string folder = criteria.UseProjectFolderResults() ? "" : criteria.FixedFolderResults();
+    const std::string folder =
+        criteria.UseProjectFolderResults() ? "" : criteria.FixedFolderResults();
     auto& projects = criteria.ProjectList();
     for (std::int32_t index = 1; index <= projects.Count(); ++index) {
         ProjectResults results;
@@ -106,8 +108,9 @@ bool ReviewSummary::Read(ProjectResults& results) {
 }
 
 bool ReviewSummary::AllPassed() const {
-    return std::all_of(
-        m_projects.begin(), m_projects.end(), [](const ProjectResults& project) { return project.Passed; });
+    return std::all_of(m_projects.begin(), m_projects.end(), [](const ProjectResults& project) {
+        return project.Passed;
+    });
 }
 
 std::string ReviewSummary::Describe(const ProjectResults& results) {

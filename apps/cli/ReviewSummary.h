@@ -1,12 +1,12 @@
 #pragma once
 
+#include "results/Finding.h"
+#include "source/ViolationStatistics.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "results/Finding.h"
-#include "source/ViolationStatistics.h"
 
 namespace dorvik {
 
@@ -30,10 +30,10 @@ public:
 
 private:
     struct ProjectResults {
-        std::string Filename;      // of the project
+        std::string Filename;  // of the project
         std::string ResultsFile;
-        std::int32_t Files = 0;    // reviewed source files
-        std::int32_t Lines = 0;    // counted source lines
+        std::int32_t Files = 0;  // reviewed source files
+        std::int32_t Lines = 0;  // counted source lines
         ViolationStatistics Violations;
         std::vector<Finding> Worst;
         std::vector<std::string> FailedMeasures;

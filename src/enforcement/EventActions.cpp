@@ -1,15 +1,15 @@
-#include "parser/ScopeName.h"
 #include "enforcement/EventActions.h"
-
-#include <utility>
 
 #include "base/modText.h"
 #include "criteria/ReviewCriteria.h"
 #include "enforcement/ResultsManager.h"
 #include "enforcement/RuleEngine.h"
+#include "parser/ScopeName.h"
 #include "rulebase/IRule.h"
 #include "rulebase/Rulebase.h"
 #include "source/LineType.h"
+
+#include <utility>
 
 namespace dorvik {
 
@@ -43,7 +43,10 @@ EventActions::EventActions(
     Rulebase& rulebase,
     RuleEngine& ruleEngine,
     ResultsManager& resultsManager)
-    : m_criteria(criteria), m_rulebase(rulebase), m_ruleEngine(ruleEngine), m_resultsManager(resultsManager) {}
+    : m_criteria(criteria),
+      m_rulebase(rulebase),
+      m_ruleEngine(ruleEngine),
+      m_resultsManager(resultsManager) {}
 
 void EventActions::Execute(ParserEvent event, bool parserActive) {
     m_resultsManager.ParserState().SetParserEvent(event);
@@ -125,11 +128,15 @@ void EventActions::EnforceUnauthorisedKeywords(ParserEvent event, bool parserAct
     }
 }
 
-void EventActions::RaiseKeywordViolation(const KeywordTest& keyword, ParserEvent event, bool parserActive) {
+void EventActions::RaiseKeywordViolation(
+    const KeywordTest& keyword, ParserEvent event, bool parserActive) {
     const VB6ParserState& state = m_resultsManager.ParserState();
     const Location location = parserActive ? state.CurrentLocation() : Location::File;
     const ResultsManager::Origin origin{
-        location, keyword.Rule->RuleID(), keyword.Rule->RuleType(), LocationMember(state, location)};
+        location,
+        keyword.Rule->RuleID(),
+        keyword.Rule->RuleType(),
+        LocationMember(state, location)};
     if (event == ParserEvent::EndProcedure) {
         m_resultsManager.RaiseEndEventViolation(keyword.Rule->ViolationDefinition(), origin, event);
     } else {

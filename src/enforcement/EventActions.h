@@ -1,14 +1,14 @@
 #pragma once
 
+#include "parser/Location.h"
+#include "parser/ParserEvent.h"
+#include "platform/RegularExpression.h"
+
 #include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "parser/Location.h"
-#include "parser/ParserEvent.h"
-#include "platform/RegularExpression.h"
 
 namespace dorvik {
 

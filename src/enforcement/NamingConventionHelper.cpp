@@ -40,9 +40,11 @@ std::int32_t NamingConventionHelper::ExtractGlobalNames(VirtualSourceFile& file)
         SourceLine line;
         while (file.GetNextSourceLine(line)) {
             if (const auto type = modSource::IsTypeDef(line.Logical)) {
-                m_nameTable.AddName(type->Name, NameKind::UserDefinedType, file.Name(), type->Scope);
+                m_nameTable.AddName(
+                    type->Name, NameKind::UserDefinedType, file.Name(), type->Scope);
             } else if (const auto enumeration = modSource::IsEnumDef(line.Logical)) {
-                m_nameTable.AddName(enumeration->Name, NameKind::Enumeration, file.Name(), enumeration->Scope);
+                m_nameTable.AddName(
+                    enumeration->Name, NameKind::Enumeration, file.Name(), enumeration->Scope);
             } else if (modSource::IsProcedureDefinition(line.Logical)) {
                 break;
             }
@@ -53,7 +55,8 @@ std::int32_t NamingConventionHelper::ExtractGlobalNames(VirtualSourceFile& file)
     return status;
 }
 
-void NamingConventionHelper::AddTypeLibrary(std::string_view key, std::shared_ptr<VirtualTypeLibrary> library) {
+void NamingConventionHelper::AddTypeLibrary(
+    std::string_view key, std::shared_ptr<VirtualTypeLibrary> library) {
     m_typeLibraries.Add(key, std::move(library), false, true);
 }
 

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <cstdint>
-#include <memory>
-#include <string_view>
-
 #include "enforcement/VirtualNameTable.h"
 #include "enforcement/VirtualTypeLibrary.h"
 #include "foundation/ObjectKeyedArrayList.h"
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
 
 namespace dorvik {
 

@@ -1,15 +1,13 @@
-#include "parser/ScopeName.h"
 #include "enforcement/ResultsManager.h"
-
-#include <exception>
 
 #include "base/BasicError.h"
 #include "base/modTextCase.h"
 #include "criteria/ReviewCriteria.h"
-#include "foundation/Trap.h"
 #include "foundation/LogFile.h"
+#include "foundation/Trap.h"
 #include "foundation/modLog.h"
 #include "foundation/modUtilFunctions.h"
+#include "parser/ScopeName.h"
 #include "parser/VBParserEvents.h"
 #include "platform/Database.h"
 #include "platform/modFiles.h"
@@ -20,6 +18,8 @@
 #include "settings/modGlobal.h"
 #include "source/VirtualProject.h"
 #include "source/VirtualSourceFile.h"
+
+#include <exception>
 
 namespace dorvik {
 
@@ -66,9 +66,7 @@ ResultsManager::~ResultsManager() {
 }
 
 bool ResultsManager::BeginReview(
-    std::string_view projectFile,
-    const ReviewCriteria& criteria,
-    const Rulebase& rulebase) {
+    std::string_view projectFile, const ReviewCriteria& criteria, const Rulebase& rulebase) {
     bool started = false;
     std::string target;
     const auto start = [&] {
@@ -83,7 +81,8 @@ bool ResultsManager::BeginReview(
         modLog::Log().SetReviewLog(
             modDorvikUtils::CreateProjectLogFilename(projectFile, altPath),
             criteria.ClearLogBeforeReview());
-        started = PrepareResultsFile(target) && m_resultsDB->StartReview(target, rulebase, criteria);
+        started =
+            PrepareResultsFile(target) && m_resultsDB->StartReview(target, rulebase, criteria);
     };
     Trap({kModule, "BeginReview"}, start, [&](const BasicError& failure) {
         const bool locked = failure.Number() == runtimeerror::kPermissionDenied;
@@ -100,7 +99,9 @@ bool ResultsManager::PrepareResultsFile(const std::string& target) const {
     Database::DeleteFile(target);
     if (!modFiles::FileExists(templateFile)) {
         modLog::Log().LogSetupError(
-            "Template results database file '" + templateFile + "' not found.", "BeginReview", kModule);
+            "Template results database file '" + templateFile + "' not found.",
+            "BeginReview",
+            kModule);
         return false;
     }
     modFiles::CopyFile(templateFile, target);
@@ -117,7 +118,8 @@ void ResultsManager::AbortReview() {
     modLog::Log().CloseReview();
 }
 
-Violation ResultsManager::MakeViolation(const ViolationDefinition& definition, const Origin& origin) const {
+Violation
+ResultsManager::MakeViolation(const ViolationDefinition& definition, const Origin& origin) const {
     Violation violation;
     violation.Location = static_cast<std::int32_t>(origin.Place);
     violation.LocationMember = origin.LocationMember;
@@ -131,9 +133,7 @@ Violation ResultsManager::MakeViolation(const ViolationDefinition& definition, c
 }
 
 void ResultsManager::RaiseViolation(
-    const ViolationDefinition& definition,
-    const Origin& origin,
-    std::string_view advice) {
+    const ViolationDefinition& definition, const Origin& origin, std::string_view advice) {
     Trap({kModule, "RaiseViolation"}, [&] {
         Violation violation = MakeViolation(definition, origin);
         if (HasSourceLine(origin.Place)) {
@@ -144,7 +144,8 @@ void ResultsManager::RaiseViolation(
         MarkCurrentRule(origin.RuleID, " - Violation");
         violation.Description = ChangeTagsToValues(definition.Description());
         MarkCurrentRule(origin.RuleID, " - Advice");
-        violation.Advice = ChangeTagsToValues(advice.empty() ? std::string_view(definition.Advice()) : advice);
+        violation.Advice =
+            ChangeTagsToValues(advice.empty() ? std::string_view(definition.Advice()) : advice);
         MarkCurrentRule(origin.RuleID, "");
         LogViolation(violation);
     });
@@ -157,12 +158,11 @@ void ResultsManager::MarkCurrentRule(std::int32_t ruleId, std::string_view mark)
 }
 
 void ResultsManager::RaiseEndEventViolation(
-    const ViolationDefinition& definition,
-    const Origin& origin,
-    ParserEvent event) {
+    const ViolationDefinition& definition, const Origin& origin, ParserEvent event) {
     Trap({kModule, "RaiseEndEventViolation"}, [&] {
         Violation violation = MakeViolation(definition, origin);
-        if (event == ParserEvent::EndEnum || event == ParserEvent::EndType || event == ParserEvent::EndProcedure) {
+        if (event == ParserEvent::EndEnum || event == ParserEvent::EndType ||
+            event == ParserEvent::EndProcedure) {
             violation.SourceLineNumber = m_parserState.ObjectStartLineNumber();
             violation.SourceLine = m_parserState.ObjectStartSourceLine();
         } else if (event == ParserEvent::EndDeclarations) {
@@ -201,7 +201,8 @@ std::string ResultsManager::ChangeTagsToValues(std::string_view text) {
     std::string result(text);
     while (true) {
         const std::size_t first = working.find(kMark);
-        const std::size_t second = first == std::string::npos ? first : working.find(kMark, first + 1);
+        const std::size_t second =
+            first == std::string::npos ? first : working.find(kMark, first + 1);
         if (second == std::string::npos) {
             return result;
         }
@@ -267,7 +268,8 @@ void ResultsManager::DumpVirtualObject(std::string_view objectName) {
             }
         };
         log.LogMessage(
-            "[Event:" + GetParserEvent() + "][Rule:" + m_parserState.CurrentRuleID() + "][Object:" + name + "]");
+            "[Event:" + GetParserEvent() + "][Rule:" + m_parserState.CurrentRuleID() +
+            "][Object:" + name + "]");
         log.LogMessage("=== " + name + " Properties ===");
         const std::shared_ptr<VirtualObject> object = m_parserState.GetVirtualObject(objectName);
         if (!object) {
@@ -283,7 +285,8 @@ void ResultsManager::DumpVirtualObject(std::string_view objectName) {
 }
 
 std::string ResultsManager::GetParserEvent() const {
-    return std::string(VBParserEvents::ParserEventText(static_cast<std::int32_t>(m_parserState.ParserEvent())));
+    return std::string(
+        VBParserEvents::ParserEventText(static_cast<std::int32_t>(m_parserState.ParserEvent())));
 }
 
 bool ResultsManager::IsClassName(std::string_view name) const {

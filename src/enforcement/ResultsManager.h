@@ -1,15 +1,15 @@
 #pragma once
 
-#include <cstdint>
-#include <memory>
-#include <string>
-#include <string_view>
-
 #include "parser/ParserEvent.h"
 #include "parser/VB6ParserState.h"
 #include "results/ResultsDB.h"
 #include "results/Violation.h"
 #include "rulebase/RuleType.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
 
 namespace dorvik {
 
@@ -29,7 +29,7 @@ public:
     /// Where and by which rule a violation is raised.
     struct Origin {
         Location Place;
-        std::int32_t RuleID;    // 0 for the violations that belong to no rule
+        std::int32_t RuleID;  // 0 for the violations that belong to no rule
         dorvik::RuleType RuleType;
         std::string_view LocationMember;
     };
@@ -47,15 +47,18 @@ public:
 
     /// Prepares the results file and the review log of a project and starts its review. False if
     /// that failed; the reason is logged, and shown where the user can do something about it.
-    bool BeginReview(std::string_view projectFile, const ReviewCriteria& criteria, const Rulebase& rulebase);
+    bool BeginReview(
+        std::string_view projectFile, const ReviewCriteria& criteria, const Rulebase& rulebase);
     void EndReview(std::int32_t ruleExecutionCount);
     /// Leaves no results file behind. May be called again without harm.
     void AbortReview();
 
     /// Raises a violation at the current source line. `advice` replaces the definition's unless empty.
-    void RaiseViolation(const ViolationDefinition& definition, const Origin& origin, std::string_view advice);
+    void RaiseViolation(
+        const ViolationDefinition& definition, const Origin& origin, std::string_view advice);
     /// Raises a violation at the end event of an object; it is told at the line where the object starts.
-    void RaiseEndEventViolation(const ViolationDefinition& definition, const Origin& origin, ParserEvent event);
+    void RaiseEndEventViolation(
+        const ViolationDefinition& definition, const Origin& origin, ParserEvent event);
 
     /// Stores properties and statistics of the object in scope of that name, if it was given an `ObjectID`.
     void LogVirtualObjectResults(std::string_view objectName);

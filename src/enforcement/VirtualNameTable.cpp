@@ -1,16 +1,13 @@
 #include "enforcement/VirtualNameTable.h"
 
-#include <algorithm>
-
 #include "base/modTextCase.h"
+
+#include <algorithm>
 
 namespace dorvik {
 
 void VirtualNameTable::AddName(
-    std::string_view name,
-    NameKind kind,
-    std::string_view module,
-    std::string_view scope) {
+    std::string_view name, NameKind kind, std::string_view module, std::string_view scope) {
     const bool isPrivate = modTextCase::Equal(scope, "Private");
     Entries* list = &m_sourceFiles;
     if (kind == NameKind::Enumeration) {
@@ -21,13 +18,17 @@ void VirtualNameTable::AddName(
     list->push_back({std::string(name), std::string(module), kind});
 }
 
-std::optional<NameKind> VirtualNameTable::FindName(std::string_view typeName, std::string_view module) const {
+std::optional<NameKind>
+VirtualNameTable::FindName(std::string_view typeName, std::string_view module) const {
     const std::size_t dot = typeName.find('.');
     const bool qualified = dot != std::string_view::npos && dot > 0;
     const std::string_view qualifier = qualified ? typeName.substr(0, dot) : std::string_view();
-    const std::string_view bare = dot == std::string_view::npos ? typeName : typeName.substr(dot + 1);
+    const std::string_view bare =
+        dot == std::string_view::npos ? typeName : typeName.substr(dot + 1);
     const auto named = [](std::string_view name) {
-        return [name](const Entry& entry) { return modTextCase::Equal(entry.Name, name); };
+        return [name](const Entry& entry) {
+            return modTextCase::Equal(entry.Name, name);
+        };
     };
     const auto inModule = [bare](std::string_view wanted) {
         return [bare, wanted](const Entry& entry) {

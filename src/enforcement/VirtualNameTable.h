@@ -28,7 +28,8 @@ class VirtualNameTable {
 public:
     /// An enumeration or a type is private with the scope "Private", otherwise public; any other
     /// kind is a source file, for which module and scope mean nothing.
-    void AddName(std::string_view name, NameKind kind, std::string_view module, std::string_view scope);
+    void
+    AddName(std::string_view name, NameKind kind, std::string_view module, std::string_view scope);
 
     /// What `typeName` ("Name" or "Module.Name") stands for in the module named; nothing if the
     /// project does not declare it, or only privately in another module.

@@ -1,10 +1,10 @@
 #include "enforcement/VirtualTypeLibrary.h"
 
-#include <vector>
-
 #include "base/BasicError.h"
 #include "base/modText.h"
 #include "foundation/Trap.h"
+
+#include <vector>
 
 namespace dorvik {
 
@@ -25,7 +25,8 @@ bool VirtualTypeLibrary::LoadVirtualReferenceTypeLib(const VirtualReference& ref
     bool loaded = false;
     Trap({kModule, "LoadVirtualReferenceTypeLib"}, [&] {
         m_type = Source::Reference;
-        loaded = !reference.DesignTime && LoadVersion(reference.GUID, reference.Version, reference.LCID);
+        loaded =
+            !reference.DesignTime && LoadVersion(reference.GUID, reference.Version, reference.LCID);
     });
     return loaded;
 }
@@ -34,25 +35,26 @@ bool VirtualTypeLibrary::LoadVirtualComponentTypeLib(const VirtualComponent& com
     bool loaded = false;
     Trap({kModule, "LoadVirtualComponentTypeLib"}, [&] {
         m_type = Source::Component;
-        loaded = !component.DesignTime && LoadVersion(component.GUID, component.Version, component.LCID);
+        loaded =
+            !component.DesignTime && LoadVersion(component.GUID, component.Version, component.LCID);
     });
     return loaded;
 }
 
-bool VirtualTypeLibrary::LoadVersion(std::string_view guid, std::string_view version, std::int32_t lcid) {
+bool VirtualTypeLibrary::LoadVersion(
+    std::string_view guid, std::string_view version, std::int32_t lcid) {
     const std::vector<std::string_view> parts = modText::Split(version, '.');
     if (parts.size() < 2) {
         RaiseRuntimeError(runtimeerror::kSubscriptOutOfRange);
     }
-    const auto number = [](std::string_view part) { return modText::RoundToLong(modText::LeadingNumber(part)); };
+    const auto number = [](std::string_view part) {
+        return modText::RoundToLong(modText::LeadingNumber(part));
+    };
     return LoadTypeLibrary(guid, number(parts[0]), number(parts[1]), lcid);
 }
 
 bool VirtualTypeLibrary::LoadTypeLibrary(
-    std::string_view guid,
-    std::int32_t major,
-    std::int32_t minor,
-    std::int32_t lcid) {
+    std::string_view guid, std::int32_t major, std::int32_t minor, std::int32_t lcid) {
     if (m_libraries == nullptr) {
         return false;
     }

@@ -1,13 +1,13 @@
 #pragma once
 
-#include <cstdint>
-#include <string>
-#include <string_view>
-
 #include "foundation/StringArrayList.h"
 #include "platform/ITypeLibraries.h"
 #include "source/VirtualComponent.h"
 #include "source/VirtualReference.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
 
 namespace dorvik {
 
@@ -28,16 +28,23 @@ public:
     const std::string& Name() const { return m_name; }
     Source TLType() const { return m_type; }
 
-    bool IsEnumItem(std::string_view name) const { return m_enumerations.ContainsValue(std::string(name)); }
-    bool IsClassItem(std::string_view name) const { return m_classes.ContainsValue(std::string(name)); }
-    bool IsUDTItem(std::string_view name) const { return m_userDefinedTypes.ContainsValue(std::string(name)); }
+    bool IsEnumItem(std::string_view name) const {
+        return m_enumerations.ContainsValue(std::string(name));
+    }
+    bool IsClassItem(std::string_view name) const {
+        return m_classes.ContainsValue(std::string(name));
+    }
+    bool IsUDTItem(std::string_view name) const {
+        return m_userDefinedTypes.ContainsValue(std::string(name));
+    }
 
     /// Takes a type of the library in; kinds that no naming convention asks for are dropped.
     void AddTypeKind(std::string_view name, std::int32_t typeKind);
 
 private:
     bool LoadVersion(std::string_view guid, std::string_view version, std::int32_t lcid);
-    bool LoadTypeLibrary(std::string_view guid, std::int32_t major, std::int32_t minor, std::int32_t lcid);
+    bool LoadTypeLibrary(
+        std::string_view guid, std::int32_t major, std::int32_t minor, std::int32_t lcid);
 
     const ITypeLibraries* m_libraries;
     std::string m_name;

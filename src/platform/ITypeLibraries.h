@@ -12,7 +12,8 @@ namespace dorvik {
 struct TypeLibraryContents {
     struct TypeEntry {
         std::string Name;
-        std::int32_t Kind;  // as TYPEKIND of OLE Automation: 0 enumeration, 1 record, 3 interface, 5 class ...
+        std::int32_t
+            Kind;  // as TYPEKIND of OLE Automation: 0 enumeration, 1 record, 3 interface, 5 class ...
     };
     std::string Name;
     std::vector<TypeEntry> Types;
@@ -25,8 +26,11 @@ public:
     virtual ~ITypeLibraries() = default;
 
     /// The library registered under that GUID and version; nothing if it cannot be had.
-    virtual std::optional<TypeLibraryContents>
-    Open(std::string_view guid, std::int32_t majorVersion, std::int32_t minorVersion, std::int32_t lcid) const = 0;
+    virtual std::optional<TypeLibraryContents> Open(
+        std::string_view guid,
+        std::int32_t majorVersion,
+        std::int32_t minorVersion,
+        std::int32_t lcid) const = 0;
 };
 
 }  // namespace dorvik

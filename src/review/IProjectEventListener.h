@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string>
-
 #include "parser/ParserEvent.h"
+
+#include <string>
 
 namespace dorvik {
 
@@ -17,9 +17,7 @@ public:
     /// An event has been fired; the objects that it promises are in scope during the call. `file` is
     /// null at the project's own events.
     virtual void EventFired(
-        dorvik::ParserEvent event,
-        const VB6ParserState& state,
-        const VirtualSourceFile* file) = 0;
+        dorvik::ParserEvent event, const VB6ParserState& state, const VirtualSourceFile* file) = 0;
     /// A file could not be opened, or the parser gave up in the middle of it. The walk goes on.
     virtual void FileFailed(const VirtualSourceFile& file) = 0;
     /// Asked after every line; true ends the walk.

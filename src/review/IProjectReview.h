@@ -1,9 +1,9 @@
 #pragma once
 
+#include "review/ReviewStatus.h"
+
 #include <cstdint>
 #include <memory>
-
-#include "review/ReviewStatus.h"
 
 namespace dorvik {
 

@@ -19,7 +19,8 @@ constexpr std::int32_t kActionInitialisingReview = 6;
 
 }  // namespace
 
-ReviewManager::ReviewManager() : ReviewManager([] { return std::make_unique<VB6ProjectReview>(); }) {}
+ReviewManager::ReviewManager()
+    : ReviewManager([] { return std::make_unique<VB6ProjectReview>(); }) {}
 
 ReviewManager::ReviewManager(ProjectReviewFactory factory) : m_factory(std::move(factory)) {}
 
@@ -102,13 +103,15 @@ ReviewStatus ReviewManager::MoveToNextProject(bool releaseCurrent) {
         ReleaseProjectReview();
     }
     m_projectIndex = FindNextSelectedProject(m_projectIndex);
-    const bool pastTheEnd = m_projectIndex > m_criteria->ProjectList().Count() || m_projectIndex < 1;
+    const bool pastTheEnd =
+        m_projectIndex > m_criteria->ProjectList().Count() || m_projectIndex < 1;
     return pastTheEnd ? ReviewStatus::BatchReport : ReviewStatus::OpenProject;
 }
 
 std::int32_t ReviewManager::FindNextSelectedProject(std::int32_t from) const {
     std::int32_t index = from + 1;
-    while (index <= m_criteria->ProjectList().Count() && !m_criteria->ProjectList().Selected(index)) {
+    while (index <= m_criteria->ProjectList().Count() &&
+           !m_criteria->ProjectList().Selected(index)) {
         ++index;
     }
     return index;
@@ -178,7 +181,8 @@ ReviewStatus ReviewManager::State_OpenProject() {
     Trap({kModule, "State_OpenProject"}, [&] {
         m_projectReview = m_factory();
         m_projectReview->HookupCallback(this);
-        if (m_projectReview->InitialiseReview(m_criteria, m_progress, m_rulebase, m_ruleEngine) == 0 &&
+        if (m_projectReview->InitialiseReview(m_criteria, m_progress, m_rulebase, m_ruleEngine) ==
+                0 &&
             m_projectReview->LoadProject(m_projectIndex) == 0) {
             status = ReviewStatus::ProjectTimeSlice;
         }

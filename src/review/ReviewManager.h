@@ -1,15 +1,15 @@
 #pragma once
 
-#include <cstdint>
-#include <functional>
-#include <memory>
-
 #include "criteria/ProgressInfo.h"
 #include "criteria/ReviewCriteria.h"
 #include "enforcement/RuleEngine.h"
 #include "review/IProjectReview.h"
 #include "review/IProjectReviewEvents.h"
 #include "review/ReviewStatus.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
 
 namespace dorvik {
 

@@ -134,7 +134,8 @@ ReviewStatus VB6ProjectReview::RecoverFromProjectError(ReviewStatus state) {
     if ((number >= 15 && number <= 24) || state == ReviewStatus::SourceFileTick) {
         return State_EndSourceFile(true);
     }
-    return state == ReviewStatus::Reference ? ReviewStatus::BeginSourceFiles : ReviewStatus::IsError;
+    return state == ReviewStatus::Reference ? ReviewStatus::BeginSourceFiles
+                                            : ReviewStatus::IsError;
 }
 
 ReviewStatus VB6ProjectReview::SignalProjectProgress(ReviewStatus status) {

@@ -1,11 +1,5 @@
 #pragma once
 
-#include <cstdint>
-#include <memory>
-#include <optional>
-#include <string>
-#include <string_view>
-
 #include "enforcement/EventActions.h"
 #include "enforcement/NamingConventionHelper.h"
 #include "enforcement/ResultsManager.h"
@@ -14,6 +8,12 @@
 #include "review/IProjectReview.h"
 #include "source/VirtualProject.h"
 #include "source/VirtualSourceFile.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
 
 namespace dorvik {
 
@@ -92,8 +92,8 @@ private:
     VB6ParserState& ParserState() { return m_resultsManager->ParserState(); }
 
     IProjectReviewEvents* m_callback = nullptr;
-    std::unique_ptr<IFileParser> m_fileParser;         // null between files
-    std::shared_ptr<VirtualSourceFile> m_sourceFile;   // null between files
+    std::unique_ptr<IFileParser> m_fileParser;        // null between files
+    std::shared_ptr<VirtualSourceFile> m_sourceFile;  // null between files
     std::shared_ptr<VirtualProject> m_project;
     std::unique_ptr<ResultsManager> m_resultsManager;  // null when nothing is left to abort
     std::unique_ptr<EventActions> m_eventActions;      // lives and goes with the results manager
@@ -105,7 +105,7 @@ private:
     std::shared_ptr<Rulebase> m_rulebase;
     ProgressInfo* m_progress = nullptr;
     RuleEngine* m_ruleEngine = nullptr;
-    const ITypeLibraries* m_typeLibraries = nullptr;  // none on this machine yet
+    const ITypeLibraries* m_typeLibraries = nullptr;         // none on this machine yet
     std::unique_ptr<NamingConventionHelper> m_namingHelper;  // only with naming conventions
 };
 

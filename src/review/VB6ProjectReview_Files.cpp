@@ -1,8 +1,8 @@
 // The files' part of the review: opening, ticking and closing one source file after another.
-#include "parser/ScopeName.h"
 #include "criteria/ProgressInfo.h"
 #include "criteria/ReviewCriteria.h"
 #include "foundation/Trap.h"
+#include "parser/ScopeName.h"
 #include "parser/VB6Parser.h"
 #include "results/modTolerances.h"
 #include "review/VB6ProjectReview.h"
@@ -24,7 +24,8 @@ ReviewStatus VB6ProjectReview::State_BeginSourceFiles() {
         const std::int32_t selected = m_project->SourceFiles().SelectedCount();
         m_progress->BeginSourceFiles(selected);
         // One report for each file, and the project report itself.
-        m_progress->BeginSourceFileReports(m_criteria->ReportOption() == kReportsForEveryFile ? selected + 1 : 0);
+        m_progress->BeginSourceFileReports(
+            m_criteria->ReportOption() == kReportsForEveryFile ? selected + 1 : 0);
         m_sourceFileIndex = 0;
         m_reviewedFileCount = 0;
         status = MoveToNextSourceFile();
@@ -42,7 +43,8 @@ ReviewStatus VB6ProjectReview::State_LoadSourceFile() {
             status = FailToConnect(connected);
             return;
         }
-        m_progress->BeginSourceFile(m_sourceFile->Name(), m_sourceFile->Filename(), m_sourceFile->Size());
+        m_progress->BeginSourceFile(
+            m_sourceFile->Name(), m_sourceFile->Filename(), m_sourceFile->Size());
         status = SignalProjectProgress(ReviewStatus::IsSourceFileOpened);
         if (status != ReviewStatus::IsSourceFileOpened) {
             return;

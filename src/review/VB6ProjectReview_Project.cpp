@@ -1,13 +1,13 @@
 // The project's part of the review: opening, type libraries, global names, references, closing.
-#include "parser/ScopeName.h"
 #include "base/DateTime.h"
-#include "base/modTextCase.h"
 #include "base/modText.h"
+#include "base/modTextCase.h"
 #include "criteria/ProgressInfo.h"
 #include "criteria/ReviewCriteria.h"
 #include "enforcement/RuleEngine.h"
 #include "enforcement/VirtualTypeLibrary.h"
 #include "foundation/Trap.h"
+#include "parser/ScopeName.h"
 #include "platform/modHost.h"
 #include "results/modTolerances.h"
 #include "review/VB6ProjectReview.h"
@@ -64,7 +64,8 @@ bool VB6ProjectReview::OpenProject(std::int32_t projectIndex) {
     LogLine("Review start date: " + DateAndTime());
     const auto& files = m_project->SourceFiles();
     m_progress->LoadProject(m_project->Name(), filename, files.Count());
-    LogLine(files.SelectedCount() < files.Count() ? "Review: Selected files." : "Review: All files.");
+    LogLine(
+        files.SelectedCount() < files.Count() ? "Review: Selected files." : "Review: All files.");
     if (m_criteria->LoadCriteria().NamingConventions()) {
         m_namingHelper = std::make_unique<NamingConventionHelper>();
         m_state = ReviewStatus::BeginLoadReferences;
@@ -154,7 +155,8 @@ ReviewStatus VB6ProjectReview::State_PrescanFile() {
         VirtualSourceFile& file = *m_project->SourceFiles().Item(m_sourceFileIndex);
         m_progress->PreScanFile(file.Name(), file.Filename());
         const ReviewStatus signalled = SignalProjectProgress(ReviewStatus::PrescanFile);
-        if (signalled == ReviewStatus::PrescanFile && m_namingHelper->ExtractGlobalNames(file) != 0) {
+        if (signalled == ReviewStatus::PrescanFile &&
+            m_namingHelper->ExtractGlobalNames(file) != 0) {
             LogLine("Failed to extract global names for source file " + file.Filename());
             return;
         }

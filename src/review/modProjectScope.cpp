@@ -1,20 +1,34 @@
-#include "parser/ScopeName.h"
 #include "review/modProjectScope.h"
+
+#include "parser/ScopeName.h"
+#include "source/modMemberStats.h"
+#include "source/modVOSource.h"
 
 #include <memory>
 #include <string_view>
-
-#include "source/modMemberStats.h"
-#include "source/modVOSource.h"
 
 namespace dorvik::modProjectScope {
 
 namespace {
 
 constexpr std::string_view kObjectsOfAFile[] = {
-    scopename::kLayout, scopename::kComponent, scopename::kLayoutProperties, scopename::kControl, scopename::kControlProperties, scopename::kEnum,
-    scopename::kEnumElement, scopename::kType, scopename::kTypeElement, scopename::kDeclare, scopename::kEvent, scopename::kArgument,
-    scopename::kImplements, scopename::kLineLabel, scopename::kProcedure, scopename::kConst, scopename::kVariable};
+    scopename::kLayout,
+    scopename::kComponent,
+    scopename::kLayoutProperties,
+    scopename::kControl,
+    scopename::kControlProperties,
+    scopename::kEnum,
+    scopename::kEnumElement,
+    scopename::kType,
+    scopename::kTypeElement,
+    scopename::kDeclare,
+    scopename::kEvent,
+    scopename::kArgument,
+    scopename::kImplements,
+    scopename::kLineLabel,
+    scopename::kProcedure,
+    scopename::kConst,
+    scopename::kVariable};
 
 }  // namespace
 

@@ -1,9 +1,9 @@
 #include "enforcement/EventActions.h"
 
+#include "ReviewRun.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include "ReviewRun.h"
 
 namespace dorvik {
 
@@ -40,8 +40,10 @@ TEST(EventActions, RoadOfAViolationFromStatementToRow) {
     rule.Advice = "Take it out of line %Source.LineNumber%.";
     ReviewModule(run, ModuleWith("modA", "    x = 1\n    If x Then Stop ' here\n"), {rule});
     EXPECT_THAT(run.Query("P", "SELECT Title FROM Violations"), ElementsAre("No Stop"));
-    EXPECT_THAT(run.Query("P", "SELECT Description FROM Violations"), ElementsAre("Work in modA stops."));
-    EXPECT_THAT(run.Query("P", "SELECT Advice FROM Violations"), ElementsAre("Take it out of line 4."));
+    EXPECT_THAT(
+        run.Query("P", "SELECT Description FROM Violations"), ElementsAre("Work in modA stops."));
+    EXPECT_THAT(
+        run.Query("P", "SELECT Advice FROM Violations"), ElementsAre("Take it out of line 4."));
     EXPECT_THAT(run.Query("P", "SELECT Severity FROM Violations"), ElementsAre("2"));
     EXPECT_THAT(run.Query("P", "SELECT Impact FROM Violations"), ElementsAre("500"));
     EXPECT_THAT(run.Query("P", "SELECT RuleType FROM Violations"), ElementsAre("3"));
@@ -50,7 +52,8 @@ TEST(EventActions, RoadOfAViolationFromStatementToRow) {
     EXPECT_THAT(run.Query("P", "SELECT Loc FROM Violations"), ElementsAre("4"));
     EXPECT_THAT(run.Query("P", "SELECT LocMember FROM Violations"), ElementsAre("Work"));
     EXPECT_THAT(
-        run.Query("P", "SELECT SourceLine FROM Violations"), ElementsAre("    If x Then Stop ' here"));
+        run.Query("P", "SELECT SourceLine FROM Violations"),
+        ElementsAre("    If x Then Stop ' here"));
     EXPECT_THAT(run.Query("P", "SELECT CategoryID FROM Violations"), ElementsAre("-1"));
 }
 
@@ -58,15 +61,19 @@ TEST(EventActions, ViolationCountsRollUpFromProcedureToFileToProject) {
     ReviewRun run;
     ReviewModule(run, ModuleWith("modA", "Stop\nStop\n"), {Rule("No Stop", "\\bStop\\b")});
     EXPECT_THAT(
-        run.Query("P", "SELECT TotalCount FROM ViolationStats WHERE ItemType = 1"), ElementsAre("2"));
+        run.Query("P", "SELECT TotalCount FROM ViolationStats WHERE ItemType = 1"),
+        ElementsAre("2"));
     EXPECT_THAT(
-        run.Query("P", "SELECT MediumImpact FROM ViolationStats WHERE ItemType = 1"), ElementsAre("1000"));
+        run.Query("P", "SELECT MediumImpact FROM ViolationStats WHERE ItemType = 1"),
+        ElementsAre("1000"));
     // The module, and the project file, whose own count is not touched by a module's violation.
     EXPECT_THAT(
-        run.Query("P", "SELECT TotalCount FROM ViolationStats WHERE ItemType = 2"), ElementsAre("2", "0"));
+        run.Query("P", "SELECT TotalCount FROM ViolationStats WHERE ItemType = 2"),
+        ElementsAre("2", "0"));
     // The procedure, and the declarations section.
     EXPECT_THAT(
-        run.Query("P", "SELECT TotalCount FROM ViolationStats WHERE ItemType = 3"), ElementsAre("2", "0"));
+        run.Query("P", "SELECT TotalCount FROM ViolationStats WHERE ItemType = 3"),
+        ElementsAre("2", "0"));
 }
 
 TEST(EventActions, CommentOnlyLineInAProcedureRunsNoKeyword) {
@@ -96,7 +103,9 @@ TEST(EventActions, LeadingBlanksAreGoneBeforeAKeywordIsTested) {
 TEST(EventActions, AMatchDoesNotStopTheList) {
     ReviewRun run;
     ReviewModule(
-        run, ModuleWith("modA", "Stop\n"), {Rule("First", "Stop"), Rule("Second", "St"), Rule("No", "Go")});
+        run,
+        ModuleWith("modA", "Stop\n"),
+        {Rule("First", "Stop"), Rule("Second", "St"), Rule("No", "Go")});
     EXPECT_THAT(run.Query("P", "SELECT Title FROM Violations"), ElementsAre("First", "Second"));
 }
 
@@ -111,7 +120,8 @@ TEST(EventActions, KeywordsRunOnlyAtDeclarationProcedureStartAndBodyWhateverThei
         "Attribute VB_Name = \"modA\"\nPublic gStop As Long\nSub Work()\nStop\nEnd Sub\n",
         {everywhere, elsewhere});
     EXPECT_THAT(
-        run.Query("P", "SELECT LocMember FROM Violations"), ElementsAre("(Declarations)", "Work", "Work"));
+        run.Query("P", "SELECT LocMember FROM Violations"),
+        ElementsAre("(Declarations)", "Work", "Work"));
 }
 
 TEST(EventActions, EachStatementOfALineIsTestedByItself) {
@@ -168,18 +178,25 @@ TEST(EventActions, AFileHasOneLayoutRecordWhetherAComponentOrTheLayoutComesFirst
         "Object = \"{F9043C88-F6F2-101A-A3C9-08002B2F49FB}#1.2#0\"; \"COMDLG32.OCX\"\n"
         "Begin VB.Form frmA \n   Caption = \"A\"\nEnd\nAttribute VB_Name = \"frmA\"\n");
     run.Run();
-    EXPECT_THAT(run.Query("P", "SELECT Name FROM Procedures"), ElementsAre("Declarations", "Layout"));
+    EXPECT_THAT(
+        run.Query("P", "SELECT Name FROM Procedures"), ElementsAre("Declarations", "Layout"));
 }
 
 TEST(EventActions, FiguresOfAFinishedProcedureAreStored) {
     ReviewRun run;
     ReviewModule(run, ModuleWith("modA", "If a Then\nEnd If\n' why\n\n"), {});
     EXPECT_THAT(
-        run.Query("P", "SELECT CyclomaticComplexity FROM Procedures WHERE Name = 'Work'"), ElementsAre("2"));
+        run.Query("P", "SELECT CyclomaticComplexity FROM Procedures WHERE Name = 'Work'"),
+        ElementsAre("2"));
     EXPECT_THAT(
-        run.Query("P", "SELECT CyclomaticComplexity FROM SourceFiles WHERE Name = 'modA'"), ElementsAre("2"));
-    EXPECT_THAT(run.Query("P", "SELECT TotalCount FROM LineCountStats WHERE ItemType = 3"), ElementsAre("6"));
-    EXPECT_THAT(run.Query("P", "SELECT CommentCount FROM LineCountStats WHERE ItemType = 3"), ElementsAre("1"));
+        run.Query("P", "SELECT CyclomaticComplexity FROM SourceFiles WHERE Name = 'modA'"),
+        ElementsAre("2"));
+    EXPECT_THAT(
+        run.Query("P", "SELECT TotalCount FROM LineCountStats WHERE ItemType = 3"),
+        ElementsAre("6"));
+    EXPECT_THAT(
+        run.Query("P", "SELECT CommentCount FROM LineCountStats WHERE ItemType = 3"),
+        ElementsAre("1"));
 }
 
 }  // namespace

@@ -1,10 +1,5 @@
 #include "enforcement/ResultsManager.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <filesystem>
-
 #include "ReviewRun.h"
 #include "platform/Database.h"
 #include "platform/IMessageBox.h"
@@ -12,6 +7,11 @@
 #include "settings/DorvikData.h"
 #include "settings/modGlobal.h"
 #include "support/CapturedLog.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
 
 namespace dorvik {
 
@@ -86,7 +86,8 @@ TEST_F(TagTest, DebugPrintWithPrefixNamesEventAndRule) {
     m_manager.DumpDebugPrint("three", false);
     EXPECT_THAT(
         m_log.Lines(),
-        ElementsAre("[Event:Procedure <body>]one", "[Event:Procedure <body>][Rule:5000] two", "three"));
+        ElementsAre(
+            "[Event:Procedure <body>]one", "[Event:Procedure <body>][Rule:5000] two", "three"));
 }
 
 TEST_F(TagTest, DumpVirtualObjectWritesPropertiesAndWorkfields) {
@@ -130,8 +131,10 @@ TEST_F(TagTest, FailedTagInATextIsToldWithTheMarkOfThatText) {
     definition.SetDescription("%Procedure.No%");
     definition.SetAdvice("%Procedure.Nor%");
     m_manager.RaiseViolation(definition, {Location::Procedure, 7, ruleTypeKeyword, ""}, "");
-    EXPECT_TRUE(m_log.Contains("[Rule:7 - Violation] Virtual object property 'Procedure.No' not found."));
-    EXPECT_TRUE(m_log.Contains("[Rule:7 - Advice] Virtual object property 'Procedure.Nor' not found."));
+    EXPECT_TRUE(
+        m_log.Contains("[Rule:7 - Violation] Virtual object property 'Procedure.No' not found."));
+    EXPECT_TRUE(
+        m_log.Contains("[Rule:7 - Advice] Virtual object property 'Procedure.Nor' not found."));
 }
 
 TEST_F(TagTest, LocationWithoutOwnerIsLoggedAndLost) {
@@ -184,10 +187,12 @@ TEST(ResultsManager, LockedOldDatabaseIsToldAndTheProjectIsNotReviewed) {
         box.Texts,
         ElementsAre(
             "Unable to replace the existing results database '" +
-            run.Folder().Path("Dorvik\\P_DORVIK.mdb") + "', because it is locked by another process."));
+            run.Folder().Path("Dorvik\\P_DORVIK.mdb") +
+            "', because it is locked by another process."));
     EXPECT_EQ(run.Criteria().ProjectList().Item(1)->ReviewStatus(), 1);
     other.Close();
-    EXPECT_EQ(run.Query("P", "SELECT Title FROM Violations").size(), 1U);  // the old results are whole
+    EXPECT_EQ(
+        run.Query("P", "SELECT Title FROM Violations").size(), 1U);  // the old results are whole
 }
 
 TEST(ResultsManager, MissingTemplateIsASetupErrorAndFailsTheProject) {

@@ -1,11 +1,11 @@
 #include "review/ReviewManager.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "ReviewRun.h"
 #include "base/BasicError.h"
 #include "platform/modFiles.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace dorvik {
 
@@ -98,7 +98,15 @@ TEST_F(ReviewManagerTest, ReviewTimeSlice_WithoutLimitComesBackOnlyWithAResult) 
     EXPECT_EQ(m_manager.ReviewTimeSlice(kWholeReview), SliceResult::Complete);
     EXPECT_THAT(
         m_script.Calls,
-        ElementsAre("Hookup", "Initialise", "Load 1", "Slice 1", "Slice 1", "Slice 1", "Unhook", "Dispose"));
+        ElementsAre(
+            "Hookup",
+            "Initialise",
+            "Load 1",
+            "Slice 1",
+            "Slice 1",
+            "Slice 1",
+            "Unhook",
+            "Dispose"));
 }
 
 TEST_F(ReviewManagerTest, NoProjectSelected_TheReviewIsCompleteWithoutAProjectReview) {
@@ -108,9 +116,8 @@ TEST_F(ReviewManagerTest, NoProjectSelected_TheReviewIsCompleteWithoutAProjectRe
 }
 
 TEST_F(ReviewManagerTest, CancelWhileTheRulebaseIsAnnounced_LoadsNoRulebase) {
-    m_manager.SetProgressHandler([](const ProgressInfo& progress, bool& cancel) {
-        cancel = progress.Action() == 1;
-    });
+    m_manager.SetProgressHandler(
+        [](const ProgressInfo& progress, bool& cancel) { cancel = progress.Action() == 1; });
     EXPECT_EQ(m_manager.ReviewTimeSlice(kWholeReview), SliceResult::Aborted);
     EXPECT_EQ(m_manager.LoadedRulebase(), nullptr);
 }
@@ -133,8 +140,16 @@ TEST_F(ReviewManagerTest, ProjectThatCannotBeLoaded_CostsOnlyItself) {
     EXPECT_THAT(
         m_script.Calls,
         ElementsAre(
-            "Hookup", "Initialise", "Load 1", "Unhook", "Dispose",
-            "Hookup", "Initialise", "Load 2", "Unhook", "Dispose"));
+            "Hookup",
+            "Initialise",
+            "Load 1",
+            "Unhook",
+            "Dispose",
+            "Hookup",
+            "Initialise",
+            "Load 2",
+            "Unhook",
+            "Dispose"));
 }
 
 TEST_F(ReviewManagerTest, ProjectThatFailsInTheMiddle_IsNotAbortedByTheDriver) {

@@ -99,7 +99,8 @@ std::vector<std::string> ReviewRun::Query(const std::string& project, const std:
     std::vector<std::string> values;
     Database database;
     database.Open(ResultsPath(project, ".mdb"));
-    for (Recordset rows = database.OpenRecordset(sql, RecordsetType::Snapshot); !rows.EOF_(); rows.MoveNext()) {
+    for (Recordset rows = database.OpenRecordset(sql, RecordsetType::Snapshot); !rows.EOF_();
+         rows.MoveNext()) {
         values.push_back(rows.Value(0).AsText());
     }
     database.Close();
@@ -118,7 +119,8 @@ std::vector<std::string> ReviewRun::Log(const std::string& project) {
 }
 
 std::string ModuleWith(const std::string& name, const std::string& body) {
-    return "Attribute VB_Name = \"" + name + "\"\nOption Explicit\nPublic Sub Work()\n" + body + "End Sub\n";
+    return "Attribute VB_Name = \"" + name + "\"\nOption Explicit\nPublic Sub Work()\n" + body +
+           "End Sub\n";
 }
 
 }  // namespace dorvik::test

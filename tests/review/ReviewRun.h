@@ -1,11 +1,5 @@
 #pragma once
 
-#include <functional>
-#include <memory>
-#include <string>
-#include <string_view>
-#include <vector>
-
 #include "base/Variant.h"
 #include "criteria/ReviewCriteria.h"
 #include "platform/HostFacts.h"
@@ -13,6 +7,12 @@
 #include "platform/ScopedInstall.h"
 #include "review/ReviewManager.h"
 #include "support/TemporaryFolder.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace dorvik::test {
 

@@ -1,13 +1,13 @@
 #include "review/VB6ProjectReview.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "ReviewRun.h"
 #include "enforcement/RuleEngine.h"
 #include "platform/modFiles.h"
 #include "review/IProjectReviewEvents.h"
 #include "rulebase/Rulebase.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace dorvik {
 
@@ -28,7 +28,8 @@ class SteppedReview : private IProjectReviewEvents {
 public:
     explicit SteppedReview(ReviewRun& run) {
         m_review.HookupCallback(this);
-        m_review.InitialiseReview(run.SharedCriteria(), m_progress, std::make_shared<Rulebase>(), m_engine);
+        m_review.InitialiseReview(
+            run.SharedCriteria(), m_progress, std::make_shared<Rulebase>(), m_engine);
         m_loadResult = m_review.LoadProject(1);
     }
 
@@ -64,7 +65,8 @@ TEST(VB6ProjectReview, StatesOfAProjectWithNamingConventionsInTheirOrder) {
     run.AddFile("modA.bas", ModuleWith("modA", ""));
     run.Criteria().LoadCriteria().SetNamingConventions(true);
     SteppedReview review(run);
-    EXPECT_THAT(review.StatesToTheEnd(), ElementsAre(7, 8, 9, 11, 12, 13, 34, 14, 17, 35, 36, 25, 26));
+    EXPECT_THAT(
+        review.StatesToTheEnd(), ElementsAre(7, 8, 9, 11, 12, 13, 34, 14, 17, 35, 36, 25, 26));
 }
 
 TEST(VB6ProjectReview, WithoutNamingConventionsNoTypeLibraryIsTouched) {
@@ -103,7 +105,8 @@ TEST(VB6ProjectReview, ProjectWithoutSelectedFileFiresProjectEventsOnly) {
 
 TEST(VB6ProjectReview, FileThatCannotBeConnectedIsToldAndTheNextFileFollows) {
     ReviewRun run;
-    run.AddProject("P.vbp", "Module=modGone; modGone.bas\nModule=modA; modA.bas\nType=Exe\nName=\"P\"\n");
+    run.AddProject(
+        "P.vbp", "Module=modGone; modGone.bas\nModule=modA; modA.bas\nType=Exe\nName=\"P\"\n");
     run.AddFile("modA.bas", ModuleWith("modA", ""));
     EXPECT_EQ(run.Run(), SliceResult::Complete);
     const VirtualProject& project = *run.Criteria().ProjectList().Item(1);
@@ -117,7 +120,8 @@ TEST(VB6ProjectReview, FileThatCannotBeConnectedIsToldAndTheNextFileFollows) {
     EXPECT_THAT(log, Contains(EndsWith("modA.bas successfully reviewed.")));
     EXPECT_THAT(log, Contains("1 error(s) reviewing source files."));
     // The file is known to the results, but nothing in it was seen.
-    EXPECT_THAT(run.Query("P", "SELECT Name FROM SourceFiles"), ElementsAre("P", "modGone", "modA"));
+    EXPECT_THAT(
+        run.Query("P", "SELECT Name FROM SourceFiles"), ElementsAre("P", "modGone", "modA"));
     EXPECT_THAT(run.Query("P", "SELECT Name FROM Procedures"), ElementsAre("Declarations", "Work"));
 }
 
@@ -168,7 +172,10 @@ TEST(VB6ProjectReview, ReviewLogOfACleanReview) {
 
 TEST(VB6ProjectReview, LibrariesThatCannotBeLoadedAreToldAndCounted) {
     ReviewRun run;
-    run.AddProject("P.vbp", "Object={831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0#0; MSCOMCTL.OCX\nReference=*\\AOther.vbp\nType=Exe\nName=\"P\"\n");
+    run.AddProject(
+        "P.vbp",
+        "Object={831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0#0; "
+        "MSCOMCTL.OCX\nReference=*\\AOther.vbp\nType=Exe\nName=\"P\"\n");
     run.Criteria().LoadCriteria().SetNamingConventions(true);
     run.Run();
     const std::vector<std::string> log = run.Log("P");
@@ -181,14 +188,16 @@ TEST(VB6ProjectReview, LibrariesThatCannotBeLoadedAreToldAndCounted) {
 
 TEST(VB6ProjectReview, FileThatCannotBeScannedIsCountedAndTheScanGoesOn) {
     ReviewRun run;
-    run.AddProject("P.vbp", "Module=modGone; modGone.bas\nModule=modA; modA.bas\nType=Exe\nName=\"P\"\n");
+    run.AddProject(
+        "P.vbp", "Module=modGone; modGone.bas\nModule=modA; modA.bas\nType=Exe\nName=\"P\"\n");
     run.AddFile("modA.bas", ModuleWith("modA", ""));
     run.Criteria().LoadCriteria().SetNamingConventions(true);
     run.Run();
     EXPECT_EQ(run.Criteria().ProjectList().Item(1)->ScanErrors(), 1);
     EXPECT_THAT(
         run.Log("P"),
-        Contains("Failed to extract global names for source file " + run.Folder().Path("modGone.bas")));
+        Contains(
+            "Failed to extract global names for source file " + run.Folder().Path("modGone.bas")));
 }
 
 TEST(VB6ProjectReview, MissingProjectKeepsItsStatusAndLeavesNoResults) {
