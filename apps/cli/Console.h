@@ -32,4 +32,15 @@ public:
     void Show(const MessageText& message) override;
 };
 
+/// Keeps the text of the last message box, for a command that puts it into a sentence of its own.
+class KeptMessage final : public IMessageBox {
+public:
+    void Show(const MessageText& message) override { m_text = message.Text; }
+    /// Empty while there was none.
+    const std::string& Text() const { return m_text; }
+
+private:
+    std::string m_text;
+};
+
 }  // namespace dorvik

@@ -8,6 +8,7 @@
 #include "cli/ProjectStatusText.h"
 #include "cli/ReviewSummary.h"
 #include "criteria/ReviewCriteria.h"
+#include "platform/ScopedInstall.h"
 #include "platform/modFiles.h"
 #include "results/modResultsFilename.h"
 #include "review/ReviewManager.h"
@@ -102,13 +103,36 @@ WithoutNameClashes(FoundProjects& found, const std::string& resultsFolder) {
     return kept;
 }
 
-/// Takes the tolerances from the rulebase. False if it cannot be read, which has been told.
+/// Takes the tolerances from the rulebase. False if it cannot be read, which is told.
 bool LoadTolerances(ReviewCriteria& criteria) {
     CategoryList categories;
     SeverityTable severities;
     RulebaseLoadCriteria& load = criteria.LoadCriteria();
-    return RulebaseManager().LoadReviewOptions(
+    KeptMessage message;
+    const ScopedInstall<IMessageBox> installed(message);
+    const bool loaded = RulebaseManager().LoadReviewOptions(
         load.RulebaseFile(), categories, severities, load, &criteria.Tolerances());
+    if (!loaded) {
+        modConsole::PrintError(
+            "the rulebase '" + modConsole::ShownPath(load.RulebaseFile()) + "' cannot be used" +
+            (message.Text().empty() ? std::string() : ": " + message.Text()));
+    }
+    return loaded;
+}
+
+/// Says which rules of the rulebase are of a kind that is read, but does not act yet.
+void TellIdleRules(const RulebaseLoadCriteria& load) {
+    const auto tell = [](bool wanted, std::int32_t count, const std::string& kind) {
+        if (wanted && count > 0) {
+            modConsole::PrintError(
+                "note: " + std::to_string(count) + " " + kind +
+                " of the rulebase are not applied yet");
+        }
+    };
+    tell(load.CodingConventions(), load.NumCodingConventions, "coding conventions");
+    tell(load.NamingConventions(), load.NumNamingConventions, "naming conventions");
+    tell(load.AuthorisedComponents(), load.NumAuthComps, "authorised components");
+    tell(load.AuthorisedReferences(), load.NumAuthRefs, "authorised references");
 }
 
 /// Runs the review to its end, or until the user gives up.
@@ -127,8 +151,13 @@ SliceResult Drive(ReviewManager& manager, const ReviewOptions& options) {
 }
 
 /// Says what could not be reviewed. False if there was anything.
-bool TellFailures(ReviewCriteria& criteria) {
-    bool complete = true;
+bool TellFailures(ReviewCriteria& criteria, const ReviewSummary& summary) {
+    bool complete = summary.WithoutResults().empty();
+    for (const std::string& filename : summary.WithoutResults()) {
+        modConsole::PrintError(
+            "the project '" + modConsole::ShownPath(filename) +
+            "' was not reviewed, because its results could not be written");
+    }
     auto& projects = criteria.ProjectList();
     for (std::int32_t index = 1; index <= projects.Count(); ++index) {
         const VirtualProject& project = *projects.Item(index);
@@ -170,8 +199,10 @@ ExitCode RunReview(const ReviewOptions& options) {
         MakeCriteria(options, filenames, resultsFolder);
     ReviewManager manager;
     manager.InitialiseReview(criteria);
-    const SliceResult result =
-        LoadTolerances(*criteria) ? Drive(manager, options) : SliceResult::Failed;
+    if (!LoadTolerances(*criteria)) {
+        return ExitCode::NothingDone;
+    }
+    const SliceResult result = Drive(manager, options);
     if (result == SliceResult::Aborted) {
         modConsole::PrintError("interrupted; the project at hand has no results");
         return ExitCode::Interrupted;
@@ -185,8 +216,9 @@ ExitCode RunReview(const ReviewOptions& options) {
     ReviewSummary summary(*criteria);
     if (!options.Quiet) {
         summary.Print();
+        TellIdleRules(criteria->LoadCriteria());
     }
-    const bool complete = TellFailures(*criteria) && summary.AllReviewed() && found.Errors.empty();
+    const bool complete = TellFailures(*criteria, summary) && found.Errors.empty();
     if (summary.ReviewedProjects() == 0) {
         return ExitCode::NothingDone;
     }

@@ -78,10 +78,13 @@ ReviewSummary::ReviewSummary(ReviewCriteria& criteria) {
         ProjectResults results;
         results.Filename = projects.Item(index)->Filename();
         results.ResultsFile = modDorvikUtils::CreateResultsFilename(results.Filename, folder);
-        if (projects.Item(index)->LoadStatus() == ProjectLoadStatus::Good && Read(results)) {
+        if (projects.Item(index)->LoadStatus() != ProjectLoadStatus::Good) {
+            continue;
+        }
+        if (Read(results)) {
             m_projects.push_back(std::move(results));
         } else {
-            m_allReviewed = false;
+            m_withoutResults.push_back(results.Filename);
         }
     }
 }

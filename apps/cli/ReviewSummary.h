@@ -23,8 +23,8 @@ public:
     void Print() const;
 
     std::size_t ReviewedProjects() const { return m_projects.size(); }
-    /// True if every project left results behind.
-    bool AllReviewed() const { return m_allReviewed; }
+    /// The projects that could be loaded but left no results behind: their full paths.
+    const std::vector<std::string>& WithoutResults() const { return m_withoutResults; }
     /// True if the verdict of every reviewed project is a pass.
     bool AllPassed() const;
 
@@ -44,7 +44,7 @@ private:
     static std::string Describe(const ProjectResults& results);
 
     std::vector<ProjectResults> m_projects;
-    bool m_allReviewed = true;
+    std::vector<std::string> m_withoutResults;
 };
 
 }  // namespace dorvik

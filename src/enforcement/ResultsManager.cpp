@@ -49,7 +49,9 @@ bool HasSourceLine(Location location) {
     return owner == scopename::kDeclarations || owner == scopename::kProcedure;
 }
 
-void ShowLockedDatabase(const std::string& filename) {
+void ShowLockedDatabase(const std::string& target) {
+    // A person reads this: the path is one of this machine.
+    const std::string filename = modFiles::HostPath(target).string();
     modHost::ShowMessage(
         {MessageIcon::Exclamation,
          "Dorvik",

@@ -187,7 +187,7 @@ TEST(ResultsManager, LockedOldDatabaseIsToldAndTheProjectIsNotReviewed) {
         box.Texts,
         ElementsAre(
             "Unable to replace the existing results database '" +
-            run.Folder().Path("Dorvik\\P_DORVIK.mdb") +
+            (run.Folder().HostPath() / "Dorvik" / "P_DORVIK.mdb").string() +
             "', because it is locked by another process."));
     EXPECT_EQ(run.Criteria().ProjectList().Item(1)->ReviewStatus(), 1);
     other.Close();
