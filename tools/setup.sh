@@ -9,6 +9,9 @@ readonly kBuildPackages=(
 # What the tests need on top.
 readonly kTestPackages=(libgtest-dev libgmock-dev ccache mold python3)
 
+# Objects that ccache holds serve every checkout of the project, wherever it lies.
+export CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=1
+
 # True when every package named is installed.
 packages_installed() {
     local package

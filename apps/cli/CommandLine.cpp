@@ -14,6 +14,7 @@
 #include <CLI/CLI.hpp>
 #include <functional>
 #include <string>
+#include <string_view>
 
 namespace dorvik {
 
@@ -96,6 +97,15 @@ int RunCommandLine(int argc, char** argv) {
     EventsOptions events;
     AddReview(app, review);
     AddEvents(app, events);
+    const std::string_view command = argc > 1 ? argv[1] : "";
+    if (!command.empty() && command.front() != '-' &&
+        app.get_subcommands(
+               [&](const CLI::App* known) { return known->check_name(std::string(command)); })
+            .empty()) {
+        modConsole::PrintError(
+            "'" + std::string(command) + "' is no command (see 'dorvik --help')");
+        return static_cast<int>(ExitCode::NothingDone);
+    }
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& help) {

@@ -28,7 +28,7 @@ ExitCode RunEvents(const EventsOptions& options) {
     const ProjectLoadStatus status = project.LoadProject(found.Filenames.front());
     if (status != ProjectLoadStatus::Good) {
         modConsole::PrintError(ProjectStatusText(found.Filenames.front(), status));
-        return ExitCode::Incomplete;
+        return ExitCode::NothingDone;
     }
     const Interrupt interrupt;
     EventStreamWriter writer(interrupt);

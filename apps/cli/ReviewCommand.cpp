@@ -153,10 +153,11 @@ SliceResult Drive(ReviewManager& manager, const ReviewOptions& options) {
 /// Says what could not be reviewed. False if there was anything.
 bool TellFailures(ReviewCriteria& criteria, const ReviewSummary& summary) {
     bool complete = summary.WithoutResults().empty();
-    for (const std::string& filename : summary.WithoutResults()) {
+    for (const ReviewSummary::MissingResults& missing : summary.WithoutResults()) {
         modConsole::PrintError(
-            "the project '" + modConsole::ShownPath(filename) +
-            "' was not reviewed, because its results could not be written");
+            "the project '" + modConsole::ShownPath(missing.ProjectFile) +
+            "' was not reviewed, because its results could not be written to '" +
+            modConsole::ShownPath(missing.ResultsFile) + "'");
     }
     auto& projects = criteria.ProjectList();
     for (std::int32_t index = 1; index <= projects.Count(); ++index) {

@@ -55,6 +55,13 @@ std::string Violations(const ViolationStatistics& stats) {
     return text + ")";
 }
 
+/// False where the results file could not be made ready: what lies in its place is of an older
+/// review. A review that began and has a status counted an error as well.
+bool HasBegun(const VirtualProject& project) {
+    return project.ReviewStatus() == 0 || project.ComponentErrors() > 0 ||
+           project.ReferenceErrors() > 0 || project.ScanErrors() > 0 || project.FileErrors() > 0;
+}
+
 std::string Describe(const Finding& finding) {
     std::string place = finding.Filename;
     if (finding.LineNumber > 0) {
@@ -81,10 +88,10 @@ ReviewSummary::ReviewSummary(ReviewCriteria& criteria) {
         if (projects.Item(index)->LoadStatus() != ProjectLoadStatus::Good) {
             continue;
         }
-        if (Read(results)) {
+        if (HasBegun(*projects.Item(index)) && Read(results)) {
             m_projects.push_back(std::move(results));
         } else {
-            m_withoutResults.push_back(results.Filename);
+            m_withoutResults.push_back({results.Filename, results.ResultsFile});
         }
     }
 }

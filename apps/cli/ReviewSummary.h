@@ -23,8 +23,12 @@ public:
     void Print() const;
 
     std::size_t ReviewedProjects() const { return m_projects.size(); }
-    /// The projects that could be loaded but left no results behind: their full paths.
-    const std::vector<std::string>& WithoutResults() const { return m_withoutResults; }
+    /// A project that could be loaded but left no results behind, and where they were to lie.
+    struct MissingResults {
+        std::string ProjectFile;
+        std::string ResultsFile;
+    };
+    const std::vector<MissingResults>& WithoutResults() const { return m_withoutResults; }
     /// True if the verdict of every reviewed project is a pass.
     bool AllPassed() const;
 
@@ -44,7 +48,7 @@ private:
     static std::string Describe(const ProjectResults& results);
 
     std::vector<ProjectResults> m_projects;
-    std::vector<std::string> m_withoutResults;
+    std::vector<MissingResults> m_withoutResults;
 };
 
 }  // namespace dorvik

@@ -6,6 +6,16 @@
 
 namespace dorvik {
 
+namespace {
+
+/// The module that must have declared a name; any will do where `IsAny` is set.
+struct Owner {
+    std::string_view Module;
+    bool IsAny;
+};
+
+}  // namespace
+
 void VirtualNameTable::AddName(
     std::string_view name, NameKind kind, std::string_view module, std::string_view scope) {
     const bool isPrivate = modTextCase::Equal(scope, "Private");
@@ -30,10 +40,10 @@ VirtualNameTable::FindName(std::string_view typeName, std::string_view module) c
             return modTextCase::Equal(entry.Name, name);
         };
     };
-    const auto inModule = [bare](std::string_view wanted) {
-        return [bare, wanted](const Entry& entry) {
+    const auto ownedBy = [bare](const Owner& owner) {
+        return [bare, owner](const Entry& entry) {
             return modTextCase::Equal(entry.Name, bare) &&
-                   (wanted.empty() || modTextCase::Equal(entry.Module, wanted));
+                   (owner.IsAny || modTextCase::Equal(entry.Module, owner.Module));
         };
     };
     if (!qualified) {
@@ -42,20 +52,20 @@ VirtualNameTable::FindName(std::string_view typeName, std::string_view module) c
             return file->Kind;
         }
     }
-    const auto has = [&](const Entries& entries, std::string_view wanted) {
-        return std::any_of(entries.begin(), entries.end(), inModule(wanted));
+    const auto has = [&](const Entries& entries, const Owner& owner) {
+        return std::any_of(entries.begin(), entries.end(), ownedBy(owner));
     };
-    // A file without a name has no private names that anybody could ask for.
-    if (!module.empty() && has(m_privateEnumerations, module)) {
+    // Required: the qualifier of a private name is not looked at.
+    if (has(m_privateEnumerations, Owner{module, false})) {
         return NameKind::Enumeration;
     }
-    if (!module.empty() && has(m_privateTypes, module)) {
+    if (has(m_privateTypes, Owner{module, false})) {
         return NameKind::UserDefinedType;
     }
-    if (has(m_publicEnumerations, qualifier)) {
+    if (has(m_publicEnumerations, Owner{qualifier, !qualified})) {
         return NameKind::Enumeration;
     }
-    if (has(m_publicTypes, qualifier)) {
+    if (has(m_publicTypes, Owner{qualifier, !qualified})) {
         return NameKind::UserDefinedType;
     }
     return std::nullopt;

@@ -1,4 +1,5 @@
 // The files' part of the review: opening, ticking and closing one source file after another.
+#include "base/BasicError.h"
 #include "criteria/ProgressInfo.h"
 #include "criteria/ReviewCriteria.h"
 #include "foundation/Trap.h"
@@ -81,6 +82,10 @@ ReviewStatus VB6ProjectReview::State_SourceFileTick() {
 ReviewStatus VB6ProjectReview::State_EndSourceFile(bool incomplete) {
     auto status = ReviewStatus::IsError;
     Trap({kModule, "State_EndSourceFile"}, [&] {
+        if (!m_sourceFile) {
+            // A first attempt failed when the file was closed already; the project ends here.
+            RaiseRuntimeError(runtimeerror::kObjectNotSet);
+        }
         if (incomplete) {
             CloseIncompleteFile();
         }

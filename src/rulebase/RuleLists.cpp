@@ -20,6 +20,17 @@ std::int32_t LeadingLong(std::string_view text) {
     return modText::RoundToLong(modText::LeadingNumber(text));
 }
 
+/// The events of a list joined with "|"; an empty text names none.
+std::vector<std::int32_t> EventsOf(std::string_view eventList) {
+    std::vector<std::int32_t> events;
+    if (!eventList.empty()) {
+        for (const std::string_view part : modText::Split(eventList, '|')) {
+            events.push_back(LeadingLong(part));
+        }
+    }
+    return events;
+}
+
 /// Takes the first entry with that ID out of the list; null if there is none. A missing list is a failure.
 template <class Rule>
 std::shared_ptr<IRule> TakeOut(ObjectArrayList<Rule>* list, std::int32_t ruleID) {
@@ -262,8 +273,8 @@ void RuleLists::RemoveRuleFromPendingList(
 void RuleLists::RemoveRuleFromAllPECCLists(std::int32_t ruleID, std::string_view eventList) {
     Trap({"RuleLists", "RemoveRuleFromAllPECCLists"}, [&] {
         m_codingConventions.Remove(RuleKeyOf(ruleID));
-        for (const std::string_view part : modText::Split(eventList, '|')) {
-            RemoveRuleFromPECCList(ruleID, LeadingLong(part));
+        for (const std::int32_t event : EventsOf(eventList)) {
+            RemoveRuleFromPECCList(ruleID, event);
         }
         RemoveFromAll(RuleKeyOf(ruleID));
     });
@@ -272,8 +283,8 @@ void RuleLists::RemoveRuleFromAllPECCLists(std::int32_t ruleID, std::string_view
 void RuleLists::RemoveRuleFromAllPEUKLists(std::int32_t ruleID, std::string_view eventList) {
     Trap({"RuleLists", "RemoveRuleFromAllPEUKLists"}, [&] {
         m_unauthorisedKeywords.Remove(RuleKeyOf(ruleID));
-        for (const std::string_view part : modText::Split(eventList, '|')) {
-            RemoveRuleFromPEUKList(ruleID, LeadingLong(part));
+        for (const std::int32_t event : EventsOf(eventList)) {
+            RemoveRuleFromPEUKList(ruleID, event);
         }
         RemoveFromAll(RuleKeyOf(ruleID));
     });

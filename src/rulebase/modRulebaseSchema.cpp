@@ -8,7 +8,11 @@ namespace {
 
 /// Lenient, unlike every other number of the file: a part without a number is 0. Required: parts
 /// beyond the sixth are stored behind the places of the list.
+/// An empty text has no parts, so that all places stay as they are.
 void ReadTolerances(LongArrayList& list, const std::string& text) {
+    if (text.empty()) {
+        return;
+    }
     std::int32_t place = 0;
     for (const std::string_view part : modText::Split(text, '|')) {
         ++place;

@@ -78,6 +78,11 @@ TEST_F(TagTest, UnknownPropertyCostsALineInTheLogAndIsReplacedByNothing) {
     EXPECT_TRUE(m_log.Contains("Unknown virtual object 'Nobody' or object not in scope."));
 }
 
+TEST_F(TagTest, TagThatAppearsTwiceIsLookedUpOnce) {
+    EXPECT_EQ(Expand("%Nobody.Name%, %NOBODY.name%"), ", ");
+    EXPECT_EQ(m_log.Lines().size(), 1U);
+}
+
 TEST_F(TagTest, DebugPrintWithPrefixNamesEventAndRule) {
     m_manager.ParserState().SetParserEvent(ParserEvent::ProcedureBody);
     m_manager.DumpDebugPrint("one", true);

@@ -1,6 +1,7 @@
 #include "review/VB6ProjectReview.h"
 
 #include "ReviewRun.h"
+#include "base/BasicError.h"
 #include "enforcement/RuleEngine.h"
 #include "platform/modFiles.h"
 #include "review/IProjectReviewEvents.h"
@@ -49,9 +50,15 @@ public:
     VB6ProjectReview& Review() { return m_review; }
 
     bool Cancel = false;
+    bool Fail = false;
 
 private:
-    void SignalReviewProgress(bool& cancel) override { cancel = cancel || Cancel; }
+    void SignalReviewProgress(bool& cancel) override {
+        if (Fail) {
+            throw BasicError(5, "The listener failed");
+        }
+        cancel = cancel || Cancel;
+    }
 
     ProgressInfo m_progress;
     RuleEngine m_engine;
@@ -123,6 +130,23 @@ TEST(VB6ProjectReview, FileThatCannotBeConnectedIsToldAndTheNextFileFollows) {
     EXPECT_THAT(
         run.Query("P", "SELECT Name FROM SourceFiles"), ElementsAre("P", "modGone", "modA"));
     EXPECT_THAT(run.Query("P", "SELECT Name FROM Procedures"), ElementsAre("Declarations", "Work"));
+}
+
+// What a file leaves open stays in scope until a file that fails by it is closed as incomplete.
+TEST(VB6ProjectReview, ObjectThatAFileLeavesOpenCostsTheNextFileThatOpensOneAndNoOther) {
+    ReviewRun run;
+    run.AddProject(
+        "P.vbp",
+        "Module=modA; modA.bas\nModule=modB; modB.bas\nModule=modC; "
+        "modC.bas\nType=Exe\nName=\"P\"\n");
+    run.AddFile("modA.bas", "Attribute VB_Name = \"modA\"\nPublic Sub NeverEnds()\n");
+    run.AddFile("modB.bas", ModuleWith("modB", ""));
+    run.AddFile("modC.bas", ModuleWith("modC", ""));
+    EXPECT_EQ(run.Run(), SliceResult::Complete);
+    const std::vector<std::string> log = run.Log("P");
+    EXPECT_THAT(log, Contains(EndsWith("modA.bas successfully reviewed.")));
+    EXPECT_THAT(log, Contains(EndsWith("modB.bas review incomplete due to unexpected error.")));
+    EXPECT_THAT(log, Contains(EndsWith("modC.bas successfully reviewed.")));
 }
 
 TEST(VB6ProjectReview, CancelWhenAFileHasJustBeenOpenedMakesNoParser) {
@@ -235,6 +259,59 @@ TEST(VB6ProjectReview, CancelInTheMiddleOfAFileLeavesNoResults) {
     EXPECT_EQ(result, SliceResult::Aborted);
     EXPECT_FALSE(run.HasResults("P"));
     EXPECT_FALSE(modFiles::FileExists(run.Folder().Path("Dorvik\\P_DORVIK.mdb-wal")));
+}
+
+TEST(VB6ProjectReview, ProjectWithFilesOfWhichNoneIsSelectedFiresProjectEventsOnly) {
+    ReviewRun run;
+    run.AddProject("P.vbp", kOneModule);
+    run.AddFile("modA.bas", ModuleWith("modA", ""));
+    VirtualProject& project = *run.Criteria().ProjectList().Item(1);
+    ASSERT_EQ(project.LoadProject(project.Filename()), ProjectLoadStatus::Good);
+    run.Criteria().SetReviewType(ReviewType_IDE);
+    SteppedReview review(run);
+    EXPECT_THAT(review.StatesToTheEnd(), ElementsAre(13, 34, 14, 25, 26));
+    EXPECT_THAT(run.Query("P", "SELECT Type FROM SourceFiles"), ElementsAre("Project"));
+    EXPECT_THAT(run.Log("P"), Contains("Review: Selected files."));
+}
+
+TEST(VB6ProjectReview, OpenProjectsAreTakenAsTheyAreWithTheFilesSelected) {
+    ReviewRun run;
+    run.AddProject("P.vbp", "Module=modA; modA.bas\nModule=modB; modB.bas\nName=\"P\"\n");
+    run.AddFile("modA.bas", ModuleWith("modA", ""));
+    run.AddFile("modB.bas", ModuleWith("modB", ""));
+    VirtualProject& project = *run.Criteria().ProjectList().Item(1);
+    project.LoadProject(project.Filename());
+    project.SourceFiles().SetSelected(2, true);
+    run.Criteria().SetReviewType(ReviewType_IDE);
+    run.Run();
+    EXPECT_THAT(run.Query("P", "SELECT Name FROM SourceFiles"), ElementsAre("P", "modB"));
+}
+
+TEST(VB6ProjectReview, AllFilesAreScannedNotOnlyTheSelectedOnes) {
+    ReviewRun run;
+    run.AddProject("P.vbp", "Module=modA; modA.bas\nModule=modGone; modGone.bas\nName=\"P\"\n");
+    run.AddFile("modA.bas", ModuleWith("modA", ""));
+    VirtualProject& project = *run.Criteria().ProjectList().Item(1);
+    project.LoadProject(project.Filename());
+    project.SourceFiles().SetSelected(1, true);
+    run.Criteria().SetReviewType(ReviewType_IDE);
+    run.Criteria().LoadCriteria().SetNamingConventions(true);
+    run.Run();
+    EXPECT_EQ(project.ScanErrors(), 1);
+    EXPECT_EQ(project.FileErrors(), 0);
+}
+
+TEST(VB6ProjectReview, ListenerThatFailsWhileAFileIsClosedEndsTheProjectOnly) {
+    ReviewRun run;
+    run.AddProject("P.vbp", "Module=modGone; modGone.bas\nType=Exe\nName=\"P\"\n");
+    SteppedReview review(run);
+    while (review.State() != 17) {
+        review.Step();
+    }
+    review.Fail = true;
+    EXPECT_EQ(review.Step(), SliceResult::Failed);
+    EXPECT_THAT(run.Log("P"), Contains("Review terminated due to unexpected error."));
+    EXPECT_FALSE(run.HasResults("P"));
 }
 
 }  // namespace

@@ -229,6 +229,17 @@ TEST(RuleLists, RemovingFromAllEventListsTakesTheEventsFromText) {
     EXPECT_TRUE(log.Entries().empty());
 }
 
+TEST(RuleLists, RemovingARuleWithoutEventsFromAllEventListsLogsNothing) {
+    const test::CapturedLog log;
+    RuleLists lists;
+    lists.AddConvention(Coding({}, 1), false);
+    lists.AddConvention(Keyword({}, 2), false);
+    lists.RemoveRuleFromAllPECCLists(1, "");
+    lists.RemoveRuleFromAllPEUKLists(2, "");
+    EXPECT_EQ(lists.AllConventions().Count(), 0);
+    EXPECT_TRUE(log.Entries().empty());
+}
+
 TEST(RuleLists, ACategoryWithoutRulesGivesAnEmptyList) {
     RuleLists lists;
     lists.AddConvention(Coding({5}, 1), false);

@@ -430,6 +430,15 @@ TEST_F(RulebaseManagerTest, TolerancesAreReadLeniently) {
     EXPECT_TRUE(m_log.Entries().empty());
 }
 
+TEST_F(RulebaseManagerTest, AnEmptyListOfTolerancesSetsNone) {
+    RulebaseText text;
+    const std::string sought = R"(ToleranceCount="-1|-1|-1|-1|-1|-1")";
+    text.Properties.replace(text.Properties.find(sought), sought.size(), R"(ToleranceCount="")");
+    const auto rulebase = Load(text);
+    ASSERT_NE(rulebase, nullptr);
+    EXPECT_EQ(rulebase->ToleranceCount(1), -1);
+}
+
 TEST_F(RulebaseManagerTest, ASixthDefaultViolationFailsAndTheFiveAreRead) {
     RulebaseText text;
     std::string items;
