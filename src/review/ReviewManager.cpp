@@ -2,6 +2,7 @@
 
 #include "foundation/Trap.h"
 #include "platform/modHost.h"
+#include "review/TimeSlice.h"
 #include "review/VB6ProjectReview.h"
 #include "rulebase/Rulebase.h"
 #include "rulebase/RulebaseManager.h"
@@ -37,12 +38,7 @@ std::int32_t ReviewManager::InitialiseReview(std::shared_ptr<ReviewCriteria> cri
 SliceResult ReviewManager::ReviewTimeSlice(std::int32_t ticks) {
     auto result = SliceResult::Failed;
     Trap({kModule, "ReviewTimeSlice"}, [&] {
-        auto slice = SliceResult::Continue;
-        std::int32_t stepsLeft = ticks;
-        do {
-            slice = ReviewStep();
-            --stepsLeft;
-        } while (slice == SliceResult::Continue && (ticks == kWholeReview || stepsLeft > 0));
+        const SliceResult slice = RunSteps(ticks, [this] { return ReviewStep(); });
         if (slice != SliceResult::Continue) {
             ClearProjects();
         }

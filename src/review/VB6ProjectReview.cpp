@@ -6,6 +6,7 @@
 #include "foundation/Trap.h"
 #include "platform/modHost.h"
 #include "review/IProjectReviewEvents.h"
+#include "review/TimeSlice.h"
 #include "rulebase/Rulebase.h"
 
 namespace dorvik {
@@ -60,12 +61,7 @@ void VB6ProjectReview::AbortReview() {
 SliceResult VB6ProjectReview::ReviewTimeSlice(std::int32_t ticks) {
     auto result = SliceResult::Failed;
     Trap({kModule, "ReviewTimeSlice"}, [&] {
-        auto slice = SliceResult::Continue;
-        std::int32_t stepsLeft = ticks;
-        do {
-            slice = ProjectReviewStep();
-            --stepsLeft;
-        } while (slice == SliceResult::Continue && (ticks == kWholeReview || stepsLeft > 0));
+        const SliceResult slice = RunSteps(ticks, [this] { return ProjectReviewStep(); });
         if (slice != SliceResult::Continue && m_resultsManager) {
             LogLine(
                 slice == SliceResult::Aborted ? "Review aborted by user."

@@ -83,6 +83,9 @@ private:
     ReviewStatus State_EndProject();
 
     bool OpenProject(std::int32_t projectIndex);
+    /// Takes a library that was loaded in, and logs how the loading of what `name` tells ended.
+    bool TakeTypeLibrary(
+        const std::shared_ptr<VirtualTypeLibrary>& library, bool loaded, const std::string& name);
     ReviewStatus FailToConnect(SourceFileStatus status);
     void CloseIncompleteFile();
     void LogFileResults();

@@ -90,20 +90,25 @@ ReviewStatus VB6ProjectReview::State_LoadTypeLib_Reference() {
             return;
         }
         status = SignalProjectProgress(ReviewStatus::LoadTypeLibReference);
-        if (status != ReviewStatus::LoadTypeLibReference) {
-            return;
-        }
-        const VirtualReference& reference = *m_project->References().Item(m_typeLibIndex);
-        const auto library = std::make_shared<VirtualTypeLibrary>(m_typeLibraries);
-        if (library->LoadVirtualReferenceTypeLib(reference)) {
-            m_namingHelper->AddTypeLibrary(library->Name(), library);
-            LogLine("Successfully loaded reference '" + reference.Description + "'");
-        } else {
-            LogLine("Failed to load reference '" + reference.Description + "'");
-            m_project->SetReferenceErrors(m_project->ReferenceErrors() + 1);
+        if (status == ReviewStatus::LoadTypeLibReference) {
+            const VirtualReference& reference = *m_project->References().Item(m_typeLibIndex);
+            const auto library = std::make_shared<VirtualTypeLibrary>(m_typeLibraries);
+            const bool loaded = library->LoadVirtualReferenceTypeLib(reference);
+            if (!TakeTypeLibrary(library, loaded, "reference '" + reference.Description + "'")) {
+                m_project->SetReferenceErrors(m_project->ReferenceErrors() + 1);
+            }
         }
     });
     return status;
+}
+
+bool VB6ProjectReview::TakeTypeLibrary(
+    const std::shared_ptr<VirtualTypeLibrary>& library, bool loaded, const std::string& name) {
+    if (loaded) {
+        m_namingHelper->AddTypeLibrary(library->Name(), library);
+    }
+    LogLine((loaded ? "Successfully loaded " : "Failed to load ") + name);
+    return loaded;
 }
 
 ReviewStatus VB6ProjectReview::State_BeginLoadComponents() {
@@ -122,17 +127,13 @@ ReviewStatus VB6ProjectReview::State_LoadTypeLib_Component() {
             return;
         }
         status = SignalProjectProgress(ReviewStatus::LoadTypeLibComponent);
-        if (status != ReviewStatus::LoadTypeLibComponent) {
-            return;
-        }
-        const VirtualComponent& component = *m_project->Components().Item(m_typeLibIndex);
-        const auto library = std::make_shared<VirtualTypeLibrary>(m_typeLibraries);
-        if (library->LoadVirtualComponentTypeLib(component)) {
-            m_namingHelper->AddTypeLibrary(library->Name(), library);
-            LogLine("Successfully loaded component '" + component.Filename + "'");
-        } else {
-            LogLine("Failed to load component '" + component.Filename + "'");
-            m_project->SetComponentErrors(m_project->ComponentErrors() + 1);
+        if (status == ReviewStatus::LoadTypeLibComponent) {
+            const VirtualComponent& component = *m_project->Components().Item(m_typeLibIndex);
+            const auto library = std::make_shared<VirtualTypeLibrary>(m_typeLibraries);
+            const bool loaded = library->LoadVirtualComponentTypeLib(component);
+            if (!TakeTypeLibrary(library, loaded, "component '" + component.Filename + "'")) {
+                m_project->SetComponentErrors(m_project->ComponentErrors() + 1);
+            }
         }
     });
     return status;
