@@ -34,14 +34,12 @@ TEST(VB6ParserLayout, StatementsBehindTheBeginOfALayoutOutliveItsLines) {
         FileType::Form,
         "Begin VB.Form F: the second: the third\n"
         "   Caption = \"longer than the line that opens the layout\"\nEnd\n");
-    EXPECT_EQ(
-        review.ValuesAt(ParserEvent::EndLayout, "Source", "Statement"), Values{"the second"});
+    EXPECT_EQ(review.ValuesAt(ParserEvent::EndLayout, "Source", "Statement"), Values{"the second"});
     SourceFileReview again(
         FileType::Form,
         "Begin VB.Form F: the second: the third\n"
         "   Caption = \"longer than the line that opens the layout\"\nEnd\n");
-    EXPECT_EQ(
-        again.ValuesAt(ParserEvent::Declaration, "Source", "Statement"), Values{"the third"});
+    EXPECT_EQ(again.ValuesAt(ParserEvent::Declaration, "Source", "Statement"), Values{"the third"});
 }
 
 TEST(VB6ParserLayout, LinesOfALayoutFireNoLineEventAndTellTheirCharactersTogether) {
@@ -315,6 +313,13 @@ TEST(VB6ParserLayout, LayoutLeftOpenByAHeaderWithoutBeginStaysInScope) {
         "Object = \"{831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0#0\"; \"MSCOMCTL.OCX\"\n");
     EXPECT_EQ(review.Run(), TickResult::EndOfFile);
     EXPECT_NE(review.State().FindVirtualObject("Layout"), nullptr);
+}
+
+// Required: only an `End` in column 1 ends the layout, so that one that is indented swallows the file.
+TEST(VB6ParserLayout, LayoutWhoseLastEndIsIndentedGoesOnToTheEndOfTheFile) {
+    EXPECT_EQ(
+        EventsOf(FileType::Form, "Begin VB.Form F\n End\nAttribute VB_Name = \"F\"\nSub S()\n"),
+        "3 4 6 8 9 27 35");
 }
 
 TEST(VB6ParserLayout, LayoutThatIsCutOffEndsWithTheFile) {

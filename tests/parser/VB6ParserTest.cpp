@@ -108,6 +108,13 @@ TEST(VB6Parser, MultiStatementLineFiresItsLineOnceAndItsStatementsOneByOne) {
         (Values{"x = 1: y = 2", "x = 1: y = 2", "z = 3"}));
 }
 
+TEST(VB6Parser, CommentLineWithColonsIsOneStatementAndNoLabel) {
+    for (const std::string_view comment : {"Rem x: y = 1", "'note: z", "'note:"}) {
+        const std::string text = ModuleText("Sub A()\n" + std::string(comment) + "\nEnd Sub\n");
+        EXPECT_EQ(EventsOf(FileType::Module, text), "3 9 4 10 4 27 28 4 30 4 34 35") << comment;
+    }
+}
+
 TEST(VB6Parser, LastStatementOfAMultiStatementLineIsLeftEmptyUntilTheNextLine) {
     SourceFileReview review(FileType::Module, "Dim x: Dim y\n");
     review.Tick();

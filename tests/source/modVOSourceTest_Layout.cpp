@@ -87,8 +87,9 @@ TEST(modVOSourceLayout, EndOfAPropertyBlockLeavesTheContainerToo) {
 }
 
 TEST(modVOSourceLayout, OnlyTheLineEndAloneEndsAnObject) {
-    const Lines lines = {"Begin VB.Form F", "EndColour = 3", "  eND  ", "Other = 4", "End"};
-    EXPECT_EQ(Extract(lines, 1), "F,VB.Form,,; EndColour=3");
+    const Lines lines = {
+        "Begin VB.Form F", "EndColour = 3", "End Of = 5", "  eND  ", "Other = 4", "End"};
+    EXPECT_EQ(Extract(lines, 1), "F,VB.Form,,; EndColour=3|End Of=5");
 }
 
 TEST(modVOSourceLayout, TabInFrontOfALayoutLineIsNotTrimmed) {

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <chrono>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace dorvik::test {
+
+/// Runs the program as a child process, the way a person at a shell does, and keeps what it says.
+class ProgramRun {
+public:
+    struct Settings {
+        std::vector<std::string> Arguments;
+        std::filesystem::path WorkingFolder;
+        /// A folder for the program's own state and for what it prints; it must exist.
+        std::filesystem::path StateFolder;
+        std::chrono::seconds Patience{120};
+    };
+
+    /// Starts the program.
+    explicit ProgramRun(Settings settings);
+    /// Ends the program if nobody has waited for it.
+    ~ProgramRun();
+    ProgramRun(const ProgramRun&) = delete;
+    ProgramRun& operator=(const ProgramRun&) = delete;
+
+    /// True while the program has not come to its end.
+    bool IsRunning();
+    /// What Ctrl-C in a terminal does.
+    void Interrupt();
+    /// Waits for the end. A program that takes longer than the patience of the settings is killed;
+    /// its exit code is then `kKilled`.
+    void Wait();
+
+    /// REQUIRES: the run has been waited for, as for the two streams.
+    int ExitCode() const { return m_exitCode; }
+    const std::string& Output() const { return m_output; }
+    const std::string& Error() const { return m_error; }
+
+    /// Exit codes for a program that was ended by a signal of its own, and for one that hung.
+    static constexpr int kCrashed = -1;
+    static constexpr int kKilled = -2;
+
+private:
+    std::filesystem::path StreamFile(const char* name) const;
+    void Finish(int status);
+
+    Settings m_settings;
+    std::chrono::steady_clock::time_point m_deadline;
+    int m_process = 0;  // 0 behind its end
+    bool m_timedOut = false;
+    int m_exitCode = 0;
+    std::string m_output;
+    std::string m_error;
+};
+
+}  // namespace dorvik::test
