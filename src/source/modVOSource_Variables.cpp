@@ -15,7 +15,7 @@ namespace dorvik::modVOSource {
 
 namespace {
 
-enum class Mode { Name, DataType, MoreOfDataType };
+enum class Mode { Name, DataType };
 enum class Walk { Variables, TypeElement };
 
 struct Variable {
@@ -24,6 +24,7 @@ struct Variable {
     std::string DataType;
     bool IsArray = false;
     bool IsAsNew = false;
+    bool HasWrittenType = false;
     Mode CurrentMode = Mode::Name;
 };
 
@@ -105,18 +106,19 @@ bool TakeToken(std::string_view token, Walk walk, DeclarationTokens& tokens, Var
     }
     if (token == "*") {
         variable.DataType += " * ";
-        variable.CurrentMode = Mode::MoreOfDataType;
+        variable.CurrentMode = Mode::DataType;
+        variable.HasWrittenType = true;
         return false;
     }
     if (variable.CurrentMode == Mode::Name) {
         return TakeName(token, walk, tokens, variable);
     }
     const bool complete = walk == Walk::Variables && DropTrailingComma(token);
-    if (variable.CurrentMode == Mode::DataType) {
-        variable.DataType.clear();
-        // A token behind the data type is appended to it, with a "*" before it or not.
-        variable.CurrentMode = Mode::MoreOfDataType;
+    if (!variable.HasWrittenType) {
+        variable.DataType.clear();  // a suffix gives way to the type that is written
+        variable.HasWrittenType = true;
     }
+    // Required: a token behind the data type is appended to it, also behind a second "As".
     variable.DataType += token;
     return complete;
 }

@@ -72,6 +72,10 @@ struct WrongUseRow {
     const char* Says;
 };
 
+void PrintTo(const WrongUseRow& row, std::ostream* out) {
+    *out << row.Name;
+}
+
 class WrongUse : public CommandLineFixture, public ::testing::WithParamInterface<WrongUseRow> {};
 
 TEST_P(WrongUse, EndsWithTwoAndOneSentenceOnStandardError) {
@@ -255,7 +259,8 @@ TEST_F(ReviewCommand, AResultsFolderThatCannotBeMadeIsToldAndNothingIsReviewed) 
     const ProgramResult result = Run({"review", "Good.vbp", "--results", "blocked/out"});
     EXPECT_EQ(result.ExitCode, 2);
     ExpectClearSentences(result);
-    EXPECT_THAT(result.Error, HasSubstr("blocked"));
+    EXPECT_THAT(
+        result.Error, AllOf(HasSubstr("Good.vbp"), HasSubstr("results could not be written")));
 }
 
 TEST_F(ReviewCommand, ASecondReviewReplacesTheResultsAndAppendsToTheLog) {

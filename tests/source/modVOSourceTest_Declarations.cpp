@@ -202,6 +202,11 @@ TEST(modVOSourceVariables, StaticBehindAScopeWordIsReadAsANameAndReplaced) {
 TEST(modVOSourceVariables, TokenBehindTheDataTypeIsAppended) {
     EXPECT_EQ(VariablesText("Dim s As String *10"), "s:String*10::;");
     EXPECT_EQ(VariablesText("Dim s As String * 10 x"), "s:String * 10x::;");
+    EXPECT_EQ(VariablesText("Dim x As Foo Bar, y As Long"), "x:FooBar::;y:Long::;");
+    // A procedure's first line where none is expected.
+    EXPECT_EQ(
+        VariablesText("Public Function F(v) As Variant) As Long"),
+        "F:Variant)Long:v:Public:IsArray;");
 }
 
 TEST(modVOSourceVariables, TabInFrontOfADeclarationIsNotTrimmed) {
