@@ -192,7 +192,8 @@ ExitCode RunReview(const ReviewOptions& options) {
     const std::string rulebase = RulebaseFile(options);
     if (!modFiles::FileExists(rulebase)) {
         modConsole::PrintError(
-            "the rulebase '" + modConsole::ShownPath(rulebase) + "' does not exist");
+            "the rulebase '" + modConsole::ShownPath(rulebase) +
+            (modFiles::FolderExists(rulebase) ? "' is a folder" : "' does not exist"));
         return ExitCode::NothingDone;
     }
 
