@@ -3,6 +3,7 @@
 #include "platform/modFiles.h"
 
 #include <cstdio>
+#include <cstdlib>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -17,6 +18,14 @@ constexpr std::size_t kDefaultWidth = 80;
 void Write(std::FILE* stream, std::string_view text) {
     std::fwrite(text.data(), 1, text.size(), stream);
     std::fflush(stream);
+}
+
+std::size_t WidthOf(int descriptor) {
+    winsize size{};
+    if (::ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) {
+        return size.ws_col;
+    }
+    return kDefaultWidth;
 }
 
 }  // namespace
@@ -37,12 +46,17 @@ bool ErrorIsTerminal() {
     return ::isatty(STDERR_FILENO) == 1;
 }
 
+std::size_t OutputWidth() {
+    return WidthOf(STDOUT_FILENO);
+}
+
+bool OutputIsColoured() {
+    const char* refused = std::getenv("NO_COLOR");
+    return OutputIsTerminal() && (refused == nullptr || *refused == '\0');
+}
+
 std::size_t ErrorWidth() {
-    winsize size{};
-    if (::ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) {
-        return size.ws_col;
-    }
-    return kDefaultWidth;
+    return WidthOf(STDERR_FILENO);
 }
 
 std::string ShownPath(std::string_view path) {

@@ -17,6 +17,10 @@ void Print(std::string_view text);
 void PrintError(std::string_view sentence);
 
 bool OutputIsTerminal();
+/// Columns of the terminal behind standard output; 80 where there is none.
+std::size_t OutputWidth();
+/// Whether standard output takes colours: a terminal, unless NO_COLOR is set.
+bool OutputIsColoured();
 bool ErrorIsTerminal();
 /// Columns of the terminal behind standard error; 80 where there is none.
 std::size_t ErrorWidth();

@@ -7,6 +7,8 @@
 #include "foundation/Trap.h"
 #include "platform/modHost.h"
 #include "rulebase/Rulebase.h"
+#include "settings/DVKWorkData.h"
+#include "settings/modGlobal.h"
 
 namespace dorvik {
 
@@ -42,10 +44,44 @@ void SetTolerances(Recordset& rows, const ReviewCriteria& criteria) {
 
 }  // namespace
 
-ResultsDB::ResultsDB() = default;
+ResultsDB::ResultsDB(DVKWorkData& settings) : m_ownSettings(&settings) {
+    LoadSortFields();
+}
+
+ResultsDB::ResultsDB() {
+    LoadSortFields();
+}
 
 ResultsDB::~ResultsDB() {
     CloseDatabase();
+    StoreSortFields();
+}
+
+const DVKWorkData& ResultsDB::Settings() const {
+    static const DVKWorkData kDefaults;
+    if (m_ownSettings != nullptr) {
+        return *m_ownSettings;
+    }
+    return modGlobal::IsInUse() ? modGlobal::WorkData() : kDefaults;
+}
+
+void ResultsDB::LoadSortFields() {
+    const DVKWorkData& settings = Settings();
+    m_fileSortKey = settings.RVFileSortKey();
+    m_fileSortAscending = settings.RVFileSortAscending();
+    m_procSortKey = settings.RVProcSortKey();
+    m_procSortAscending = settings.RVProcSortAscending();
+}
+
+void ResultsDB::StoreSortFields() {
+    if (m_ownSettings == nullptr && !modGlobal::IsInUse()) {
+        return;
+    }
+    DVKWorkData& settings = m_ownSettings != nullptr ? *m_ownSettings : modGlobal::WorkData();
+    settings.SetRVFileSortKey(m_fileSortKey);
+    settings.SetRVFileSortAscending(m_fileSortAscending);
+    settings.SetRVProcSortKey(m_procSortKey);
+    settings.SetRVProcSortAscending(m_procSortAscending);
 }
 
 bool ResultsDB::OpenDatabase(const std::string& filename) {

@@ -1,9 +1,18 @@
 #pragma once
 
+#include "base/Variant.h"
+#include "foundation/ObjectKeyedArrayList.h"
 #include "platform/Database.h"
+#include "results/CategoryStatistics.h"
 #include "results/Finding.h"
+#include "results/ReviewData.h"
+#include "results/StoredReviewCriteria.h"
 #include "results/ToleranceFailure.h"
 #include "results/Violation.h"
+#include "results/ViolationSourceLocation.h"
+#include "results/ViolationTally.h"
+#include "rulebase/RulebaseLoadCriteria.h"
+#include "source/BasicObject.h"
 #include "source/SourceLineStatistics.h"
 #include "source/ViolationStatistics.h"
 
@@ -15,6 +24,7 @@
 
 namespace dorvik {
 
+class DVKWorkData;
 class ReviewCriteria;
 class Rulebase;
 class VirtualObject;
@@ -25,16 +35,33 @@ class VirtualObject;
 /// its procedures; violations and the figures of each object; last `EndReview` or `AbortReview`.
 /// Reading: `OpenReview`, queries, `CloseReview`.
 ///
-/// A failure of any operation is logged under the module "C_ResultsDB" and costs only that row or answer.
+/// Item types: 1 project, 2 source file or project file, 3 procedure, layout or declarations section.
+///
+/// A failure of any operation is logged under the module "C_ResultsDB" and costs only that row or answer:
+/// the operation returns what it held, which is an empty list, zeros or false at first.
 class ResultsDB {
 public:
     /// Module of the log lines.
     static constexpr std::string_view kModule = "C_ResultsDB";
 
+    /// What the lists of files and procedures are sorted by.
+    static constexpr std::int32_t kSortByName = 1;
+    static constexpr std::int32_t kSortByCount = 2;
+    static constexpr std::int32_t kSortByImpact = 3;
+    static constexpr std::int32_t kSortByComplexity = 4;
+
+    using ViolationList = ObjectKeyedArrayList<Violation>;
+
+    /// The sort fields come from these settings and go back to them at the end of this object.
+    /// REQUIRES: `settings` outlives this.
+    explicit ResultsDB(DVKWorkData& settings);
+    /// The same with the settings of the process; with defaults that go nowhere while nobody uses those.
     ResultsDB();
     ~ResultsDB();
     ResultsDB(const ResultsDB&) = delete;
     ResultsDB& operator=(const ResultsDB&) = delete;
+
+    // ---- writing ----
 
     /// Opens the freshly copied database and writes the review, its categories and severities. False, and
     /// nothing written, where it cannot be opened or has another version.
@@ -44,7 +71,6 @@ public:
     /// "Layout", "Declarations" or "Procedure" in any case; any other does nothing. A set-up that fails
     /// leaves `ObjectID` and the current source file at 0.
     void SetupVObjectResults(std::string_view kind, VirtualObject& object);
-    /// `itemType`: 1 project, 2 source file or project file, 3 procedure, layout or declarations section.
     void LogViolation(std::int32_t itemId, std::int32_t itemType, const Violation& violation);
     void LogVirtualObjectProperties(const VirtualObject& object);
     void LogVirtualObjectViolationStats(const VirtualObject& object);
@@ -54,8 +80,11 @@ public:
     /// Closes and deletes the database.
     void AbortReview();
 
+    // ---- the review ----
+
     /// Opens a finished database for reading; false where it has no review or another version.
     bool OpenReview(const std::string& filename);
+    /// Also empties `FilterString`.
     void CloseReview();
     bool ReviewOpen() const { return m_reviewOpen; }
     std::int32_t ReviewID() const { return m_reviewId; }
@@ -63,37 +92,143 @@ public:
     /// Full path of the database file.
     const std::string& Filename() const { return m_filename; }
 
+    ReviewData GetReviewData();
+    StoredReviewCriteria GetReviewCriteria();
+    CategorySeverityLists GetCategorySeverityLists();
+
+    // ---- filter and order of lists ----
+
+    /// To be changed by the caller. What it leaves out counts in no filtered figure: a kind of rule or a
+    /// severity that is not set, an excluded category. It leaves out nothing while it is not `Dirty` for
+    /// the first time.
+    RulebaseLoadCriteria& Filter() { return m_filter; }
+    /// The filter as a clause without "WHERE"; begins with a blank, is empty without a filter.
+    const std::string& FilterString();
+    /// True with a filter, and where files or procedures without violations are hidden.
+    bool FilterApplied();
+
+    std::int32_t FileSortKey() const { return m_fileSortKey; }
+    void SetFileSortKey(std::int32_t key) { m_fileSortKey = key; }
+    bool FileSortAscending() const { return m_fileSortAscending; }
+    void SetFileSortAscending(bool ascending) { m_fileSortAscending = ascending; }
+    std::int32_t ProcSortKey() const { return m_procSortKey; }
+    void SetProcSortKey(std::int32_t key) { m_procSortKey = key; }
+    bool ProcSortAscending() const { return m_procSortAscending; }
+    void SetProcSortAscending(bool ascending) { m_procSortAscending = ascending; }
+
+    // ---- items ----
+
+    BasicObject GetProjectDetails(bool ignoreFilter);
+    /// The source files and the project file. Those without violations are left out where the settings
+    /// hide them, unless `includeAll`. In the order of the sort fields or, with `sortByFilename`, of the
+    /// file names.
+    std::vector<BasicObject> GetProjectSourceFileList(bool includeAll, bool sortByFilename);
+    /// The procedures and sections of a file, likewise. Without `withStats` the violations and lines
+    /// of each stay 0.
+    std::vector<BasicObject>
+    GetSourceFileProcList(std::int32_t sourceId, bool includeAll, bool withStats);
+    bool SourceFileHasProcs(std::int32_t sourceId, bool realProcsOnly);
+    /// Number of source files of one type, or of all, the project file included, where `type` is empty.
+    std::int32_t GetSourceFileCount(std::string_view type);
+    BasicObject GetProcedureDetails(std::int32_t procId);
+    /// What a list of files (`itemType` 2) or procedures (3) shows beside the item under the present sort
+    /// key: the violations for keys 1 and 2, the impact for 3, nothing for any other.
+    Variant GetObjectStatValue(const BasicObject& object, std::int32_t itemType) const;
+    /// Sorts in place by a sort key; of equal keys the one found first stays best. Key 1 goes by
+    /// file name with `byFilename`, else by name, both without regard to case.
+    static void SortBasicObjectList(
+        std::vector<BasicObject>& list, std::int32_t key, bool ascending, bool byFilename);
+
+    /// The text of a field of the project, of a file or of a procedure; empty where there is none.
+    std::string GetProjectData(std::string_view field);
+    std::string GetSourceFileData(std::string_view field, std::int32_t sourceId);
+    std::string GetProcedureData(std::string_view field, std::int32_t procId);
+    void UpdateProjectName(std::string_view name);
+    void UpdateFileName(std::string_view name, std::int32_t sourceId);
+
+    // ---- figures ----
+
+    /// The violations of an item and all below it: stored figures, or those that pass the filter.
+    // Required: filtered, the violations of a source file are those of its procedures and sections.
+    ViolationTally GetProjectViolationStats(std::int32_t projectId, bool ignoreFilter);
+    ViolationTally GetVBPFileViolationStats(std::int32_t sourceId, bool ignoreFilter);
+    ViolationTally GetSourceFileViolationStats(std::int32_t sourceId, bool ignoreFilter);
+    ViolationTally GetProcedureViolationStats(std::int32_t procId, bool ignoreFilter);
     /// Zeros where the item has no row.
     ViolationStatistics GetViolationStats(std::int32_t itemType, std::int32_t itemId);
     SourceLineStatistics GetLineStats(std::int32_t itemType, std::int32_t itemId);
-    /// Number of source files of one type, or of all, the project file included, where `type` is empty.
-    std::int32_t GetSourceFileCount(std::string_view type);
+    /// All categories of the review by title, then "Unallocated". `sourceId` -1 counts the whole database;
+    /// `fileLevel` counts the violations of the (project) file itself, otherwise those of its procedures
+    /// and sections. The filter takes no part.
+    std::vector<CategoryStatistics>
+    GetViolationStatsByCategory(std::int32_t sourceId, bool fileLevel);
+
+    // ---- violations ----
+
+    /// The violations under the key of their ID followed by "KEY", by severity and impact.
+    // Required: the filter only changes the order, no violation is left out.
+    ViolationList GetVBPFileViolationsList(std::int32_t sourceId);
+    ViolationList GetSourceFileViolationsList(std::int32_t sourceId);
+    ViolationList GetProcedureViolationList(std::int32_t procId);
+    Violation GetViolationDetail(std::int32_t violationId);
+    ViolationSourceLocation
+    GetViolationSourceLocation(std::int32_t violationId, bool fullFileNames);
     /// The `count` violations of the highest severity and impact, in their order of raising where alike.
     std::vector<Finding> GetWorstFindings(std::int32_t count);
+    /// Marks a violation as dealt with, or not. False where there is no such violation.
+    bool SetViolationCompleted(std::int32_t violationId, bool completed);
+    /// Rows of `SFName` and `ItemIDType`: the file of each item that has violations.
+    std::optional<Recordset> GetSourceFileValueList();
+    /// The rows of an SQL text of the caller's, for a list that is bound to the database.
+    std::optional<Recordset> OpenRecordSource(std::string_view sql);
+
+    // ---- tolerances ----
+
     /// The verdict of the project (`itemType` 1, any `sourceId`) or of a file (2). The measures that failed
     /// are appended to `failures`.
     bool TolerancePass(
         std::int32_t itemType, std::int32_t sourceId, std::vector<ToleranceFailure>& failures);
     bool TolerancePass(std::int32_t itemType, std::int32_t sourceId);
     /// Whether the stored review has a tolerance set.
+    // Required: the totals over all severities are not looked at.
     bool TolerancesSet();
 
 private:
+    /// How the filtered violations of an item are counted.
+    enum class TallyForm : int { Project, SourceFile, Item };
+    struct Item {
+        std::int32_t Type;
+        std::int32_t ID;
+    };
+
+    const DVKWorkData& Settings() const;
+    void LoadSortFields();
+    void StoreSortFields();
+
     bool OpenDatabase(const std::string& filename);
     void CloseDatabase();
     std::optional<Recordset> GetEditableRecordset(std::string_view sql);
     std::optional<Recordset> GetReadOnlyRecordset(std::string_view sql);
-
     static Recordset NeedRows(std::optional<Recordset> rows);
 
     void WriteReview(const Rulebase& rulebase, const ReviewCriteria& criteria);
     void WriteCategoryList(const Rulebase& rulebase, const ReviewCriteria& criteria);
     void WriteSeverityList(const Rulebase& rulebase, const ReviewCriteria& criteria);
-    std::string FilenameOfItem(std::int32_t itemType, std::int32_t itemId);
     std::int32_t SetupProject(VirtualObject& object);
     std::int32_t SetupSourceFile(VirtualObject& object);
     std::int32_t SetupProcedure(VirtualObject& object);
     std::int32_t SetupLayoutDeclarations(std::string_view kind);
+
+    void RefreshFilter();
+    ViolationTally Tally(TallyForm form, Item item, bool ignoreFilter);
+    void GetObjectLineStats(Item item, BasicObject& object);
+    BasicObject ReadSourceFile(Recordset& rows);
+    BasicObject ReadProcedure(Recordset& rows, bool withStats);
+    void AddViolations(Item item, ViolationList& list);
+    ViolationStatistics CountBySeverity(const std::string& source, std::int32_t categoryId);
+    std::string FirstValue(const std::string& sql);
+    void WriteName(const std::string& sql, std::string_view name);
+    std::string FilenameOfItem(std::int32_t itemType, std::int32_t itemId);
 
     Database m_database;
     bool m_databaseOpen = false;
@@ -102,6 +237,14 @@ private:
     std::int32_t m_reviewId = 0;
     std::int32_t m_projectId = 0;
     std::int32_t m_sourceId = 0;  // the file that is being written
+
+    DVKWorkData* m_ownSettings = nullptr;  // those of the constructor, if any
+    RulebaseLoadCriteria m_filter;
+    std::string m_filterString;
+    std::int32_t m_fileSortKey = kSortByName;
+    bool m_fileSortAscending = true;
+    std::int32_t m_procSortKey = kSortByName;
+    bool m_procSortAscending = true;
 };
 
 }  // namespace dorvik

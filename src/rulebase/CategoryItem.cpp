@@ -9,11 +9,4 @@ void CategoryItem::SetID(std::int32_t id) {
     m_key = CategoryList::CategoryIDToKey(id);
 }
 
-ObjectArrayList<IRule>& CategoryItem::CategoryRules() {
-    if (m_categoryRules == nullptr) {
-        m_categoryRules = std::make_unique<ObjectArrayList<IRule>>();
-    }
-    return *m_categoryRules;
-}
-
 }  // namespace dorvik

@@ -5,7 +5,6 @@
 #include "rulebase/IRule.h"
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -26,8 +25,9 @@ public:
     /// A hidden category is shown only where the administrator's program is installed.
     bool Hidden() const { return m_hidden; }
     void SetHidden(bool hidden) { m_hidden = hidden; }
-    /// Created when first read. Only the copies of categories in a report definition fill it.
-    ObjectArrayList<IRule>& CategoryRules();
+    /// The rules of a section. Only the copies of categories in a report definition have any.
+    const ObjectArrayList<IRule>& CategoryRules() const { return m_categoryRules; }
+    ObjectArrayList<IRule>& CategoryRules() { return m_categoryRules; }
 
 private:
     void SetKey(std::string_view key) override { m_key = key; }
@@ -35,7 +35,7 @@ private:
     std::string m_key;
     std::string m_title;
     std::string m_description;
-    std::unique_ptr<ObjectArrayList<IRule>> m_categoryRules;
+    ObjectArrayList<IRule> m_categoryRules;
     std::int32_t m_id = 0;
     bool m_hidden = false;
 };

@@ -47,7 +47,8 @@ std::string Rulebase::FileTitle() const {
 bool Rulebase::Dirty() const {
     return m_dirty || m_authorisedComponents.Dirty() || m_authorisedReferences.Dirty() ||
            m_ruleLists.Dirty() || m_categoryList.Dirty() || m_severityList.Dirty() ||
-           m_tolerances.Count.Dirty() || m_tolerances.Impact.Dirty() || TagsDirty();
+           m_tolerances.Count.Dirty() || m_tolerances.Impact.Dirty() || m_report.Dirty() ||
+           TagsDirty();
 }
 
 void Rulebase::SetDirty(bool dirty) {
@@ -60,6 +61,7 @@ void Rulebase::SetDirty(bool dirty) {
     m_severityList.SetDirty(dirty);
     m_tolerances.Count.SetDirty(dirty);
     m_tolerances.Impact.SetDirty(dirty);
+    m_report.SetDirty(dirty);
     SetTagsDirty(m_controlTags, dirty);
     SetTagsDirty(m_dataTypeTags, dirty);
     SetTagsDirty(m_scopeTags, dirty);

@@ -5,6 +5,7 @@
 #include "rulebase/AuthorisedReferences.h"
 #include "rulebase/CategoryList.h"
 #include "rulebase/DefaultViolations.h"
+#include "rulebase/Report.h"
 #include "rulebase/RuleLists.h"
 #include "rulebase/SeverityItem.h"
 #include "rulebase/TagItem.h"
@@ -84,6 +85,9 @@ public:
     /// Keyed by `SeverityKeyOf`.
     SeverityTable& SeverityList() { return m_severityList; }
     const SeverityTable& SeverityList() const { return m_severityList; }
+    /// Filled by a load for an edit only.
+    dorvik::Report& Report() { return m_report; }
+    const dorvik::Report& Report() const { return m_report; }
 
     /// `index` is 1 to 6; -1 is "not set". The lists have dirty flags of their own.
     std::int32_t ToleranceCount(std::int32_t index) const { return m_tolerances.Count.Item(index); }
@@ -123,6 +127,7 @@ private:
     std::string m_arrayTag;
     dorvik::CategoryList m_categoryList;
     SeverityTable m_severityList;
+    dorvik::Report m_report;
     ToleranceSettings m_tolerances;
 };
 

@@ -72,6 +72,10 @@ void DestroyGlobalObjects() {
     });
 }
 
+bool IsInUse() {
+    return g_objects != nullptr;
+}
+
 DorvikData& Data() {
     return Existing().Data;
 }

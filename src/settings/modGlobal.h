@@ -18,6 +18,9 @@ void CreateGlobalObjects();
 /// The last user releases the objects; from then on the log is the quiet one of `modLog` again.
 void DestroyGlobalObjects();
 
+/// Whether somebody uses the objects.
+bool IsInUse();
+
 /// These raise `kObjectNotSet` while nobody uses the objects.
 DorvikData& Data();
 DVKWorkData& WorkData();

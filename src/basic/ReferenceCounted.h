@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstdint>
+#include <utility>
+
+namespace dorvik::basic {
+
+/// What a `Ref` points to: a body that lives as long as somebody refers to it. Scripts run on one
+/// thread, so the count is a plain number.
+class ReferenceCounted {
+public:
+    ReferenceCounted() = default;
+    ReferenceCounted(const ReferenceCounted&) = delete;
+    ReferenceCounted& operator=(const ReferenceCounted&) = delete;
+    virtual ~ReferenceCounted() = default;
+
+    void AddReference() const { ++m_references; }
+    /// True when that was the last reference; the caller then destroys the body.
+    bool DropReference() const { return --m_references == 0; }
+    bool IsShared() const { return m_references > 1; }
+
+private:
+    mutable std::uint32_t m_references = 0;
+};
+
+/// Shared ownership of a body; null by default.
+template <class T>
+class Ref {
+public:
+    Ref() = default;
+    explicit Ref(T* body) : m_body(body) {
+        if (m_body)
+            m_body->AddReference();
+    }
+    Ref(const Ref& other) : Ref(other.m_body) {}
+    Ref(Ref&& other) noexcept : m_body(std::exchange(other.m_body, nullptr)) {}
+    template <class Derived>
+    Ref(const Ref<Derived>& other) : Ref(other.Get()) {}  // NOLINT(google-explicit-constructor)
+    Ref& operator=(Ref other) noexcept {
+        std::swap(m_body, other.m_body);
+        return *this;
+    }
+    ~Ref() {
+        if (m_body && m_body->DropReference())
+            delete m_body;
+    }
+
+    T* Get() const { return m_body; }
+    T* operator->() const { return m_body; }
+    T& operator*() const { return *m_body; }
+    explicit operator bool() const { return m_body != nullptr; }
+
+private:
+    T* m_body = nullptr;
+};
+
+template <class T, class... Arguments>
+Ref<T> MakeRef(Arguments&&... arguments) {
+    return Ref<T>(new T(std::forward<Arguments>(arguments)...));
+}
+
+}  // namespace dorvik::basic

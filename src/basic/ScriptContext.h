@@ -1,0 +1,44 @@
+#pragma once
+
+#include "basic/Value.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace dorvik::basic {
+
+/// The state of `Err`.
+struct ErrorState {
+    std::int32_t Number = 0;
+    std::string Description;
+    std::string Source;
+    std::string HelpFile;
+    std::int32_t HelpContext = 0;
+
+    void Clear() { *this = {}; }
+};
+
+/// What the built-in functions and objects ask of the machine that runs them.
+class ScriptContext {
+public:
+    virtual ~ScriptContext() = default;
+
+    /// Whether the module says `Option Compare Text`.
+    virtual bool ComparesText() const = 0;
+    /// The error object's state; built-in `Error` and `Err` read it.
+    virtual ErrorState& CurrentError() = 0;
+    /// Called inside long work (a search through a long text, a big loop of a function); raises the
+    /// uncatchable stop when the host cancels or a limit is passed.
+    virtual void Breathe() = 0;
+    /// The last value and the state of `Rnd` (24 bits).
+    virtual std::uint32_t& RandomState() = 0;
+    /// Local time in days since 30 Dec 1899.
+    virtual double NowInDays() = 0;
+    /// The line number label passed last, for `Erl`.
+    virtual std::int32_t LastLineNumber() const = 0;
+    /// `Shell`, `MsgBox` and their like: tells the host the text it would have shown, then raises 70.
+    [[noreturn]] virtual void Refuse(std::string_view what) = 0;
+};
+
+}  // namespace dorvik::basic

@@ -1,0 +1,176 @@
+// Opening a finished review, and what it tells of itself.
+
+#include "foundation/Trap.h"
+#include "foundation/modUtilFunctions.h"
+#include "results/ResultsDB.h"
+
+#include <array>
+
+namespace dorvik {
+
+namespace {
+
+using SetFlag = void (RulebaseLoadCriteria::*)(bool);
+using Number = std::int32_t RulebaseLoadCriteria::*;
+
+struct Convention {
+    std::string_view FlagColumn;
+    SetFlag Flag;
+    std::string_view NumberColumn;
+    Number Count;
+};
+
+constexpr std::array<Convention, 6> kConventions = {{
+    {"CodingConventions",
+     &RulebaseLoadCriteria::SetCodingConventions,
+     "NumCodingConventions",
+     &RulebaseLoadCriteria::NumCodingConventions},
+    {"NamingConventions",
+     &RulebaseLoadCriteria::SetNamingConventions,
+     "NumNamingConventions",
+     &RulebaseLoadCriteria::NumNamingConventions},
+    {"DocumentationConventions",
+     &RulebaseLoadCriteria::SetDocumentationConventions,
+     "NumDocConventions",
+     &RulebaseLoadCriteria::NumDocConventions},
+    {"AuthorisedComponents",
+     &RulebaseLoadCriteria::SetAuthorisedComponents,
+     "NumAuthComps",
+     &RulebaseLoadCriteria::NumAuthComps},
+    {"AuthorisedReferences",
+     &RulebaseLoadCriteria::SetAuthorisedReferences,
+     "NumAuthRefs",
+     &RulebaseLoadCriteria::NumAuthRefs},
+    {"UnauthorisedKeywords",
+     &RulebaseLoadCriteria::SetUnauthorisedKeywords,
+     "NumUnauthKeywords",
+     &RulebaseLoadCriteria::NumUnauthKeywords},
+}};
+
+void ReadTolerances(Recordset& rows, ToleranceSettings& tolerances) {
+    tolerances.Count.Clear();
+    tolerances.Impact.Clear();
+    for (std::int32_t index = 1; index <= ToleranceSettings::kPlaces; ++index) {
+        const std::string number = std::to_string(index);
+        tolerances.Count.Add(rows.Value("ToleranceCount" + number).AsLong());
+        tolerances.Impact.Add(rows.Value("ToleranceImpact" + number).AsLong());
+    }
+    tolerances.CyclomaticComplexity = rows.Value("ToleranceCyclomaticComplexity").AsLong();
+    tolerances.PercentageComments = rows.Value("TolerancePercentageComments").AsLong();
+}
+
+void ReadCategories(Recordset& rows, CategoryList& categories) {
+    for (; !rows.EOF_(); rows.MoveNext()) {
+        const auto category = std::make_shared<CategoryItem>();
+        category->SetID(rows.Value("CategoryID").AsLong());
+        category->SetTitle(rows.Value("Category").AsText());
+        categories.Add(category, /*newItem=*/false);
+    }
+    categories.Sort();
+}
+
+void ReadSeverities(Recordset& rows, SeverityTable& severities) {
+    for (; !rows.EOF_(); rows.MoveNext()) {
+        const auto severity = std::make_shared<SeverityItem>();
+        severity->SetSeverityLevel(rows.Value("SeverityLevel").AsLong());
+        severity->SetColour(rows.Value("SeverityColour").AsLong());
+        severity->SetTitle(rows.Value("SeverityText").AsText());
+        severity->SetKey(SeverityKeyOf(severity->SeverityLevel()));
+        const Variant included = rows.Value("Included");
+        severities.Add(
+            severity->Key(),
+            severity,
+            !included.IsEmpty() && included.AsBoolean(),
+            /*ensureUniqueKey=*/false);
+    }
+}
+
+}  // namespace
+
+bool ResultsDB::OpenReview(const std::string& filename) {
+    m_reviewOpen = false;
+    m_reviewId = m_projectId = m_sourceId = 0;
+    m_filename = filename;
+    Trap({kModule, "OpenReview"}, [&] {
+        if (!OpenDatabase(filename)) {
+            return;
+        }
+        auto rows = NeedRows(GetReadOnlyRecordset("SELECT ReviewID, ProjectID FROM Review"));
+        if (!rows.EOF_()) {
+            rows.MoveFirst();
+            m_reviewId = rows.Value("ReviewID").AsLong();
+            m_projectId = rows.Value("ProjectID").AsLong();
+            m_reviewOpen = true;
+        }
+    });
+    if (!m_reviewOpen) {
+        CloseReview();
+    }
+    return m_reviewOpen;
+}
+
+void ResultsDB::CloseReview() {
+    m_reviewOpen = false;
+    m_filterString.clear();
+    CloseDatabase();
+}
+
+ReviewData ResultsDB::GetReviewData() {
+    ReviewData data;
+    Trap({kModule, "GetReviewData"}, [&] {
+        auto rows = NeedRows(
+            GetReadOnlyRecordset("SELECT RulebaseTitle, RulebaseVersion, Reviewer, Start, [End], "
+                                 "ActiveRules, RuleExecutions FROM Review"));
+        if (rows.EOF_()) {
+            return;
+        }
+        data.RulebaseTitle = rows.Value("RulebaseTitle").AsText();
+        data.RulebaseVersion = rows.Value("RulebaseVersion").AsText();
+        data.Reviewer = rows.Value("Reviewer").AsText();
+        data.ActiveRules = rows.Value("ActiveRules").AsLong();
+        data.RuleExecutions = rows.Value("RuleExecutions").AsLong();
+        data.Start = modUtilFunctions::KyDBDateToDate(rows.Value("Start").AsText());
+        if (const std::string end = rows.Value("End").AsText(); !end.empty()) {
+            data.End = modUtilFunctions::KyDBDateToDate(end);
+        }
+    });
+    return data;
+}
+
+StoredReviewCriteria ResultsDB::GetReviewCriteria() {
+    StoredReviewCriteria result;
+    Trap({kModule, "GetReviewCriteria"}, [&] {
+        RulebaseLoadCriteria& criteria = result.LoadCriteria;
+        auto rows = NeedRows(GetReadOnlyRecordset("SELECT * FROM Review"));
+        if (!rows.EOF_()) {
+            rows.MoveFirst();
+            for (const Convention& convention : kConventions) {
+                (criteria.*convention.Flag)(rows.Value(convention.FlagColumn).AsBoolean());
+                criteria.*convention.Count = rows.Value(convention.NumberColumn).AsLong();
+            }
+            ReadTolerances(rows, result.Tolerances);
+        }
+        result.Lists = GetCategorySeverityLists();
+        const SeverityTable& severities = result.Lists.Severities;
+        for (std::int32_t index = 1; index <= severities.Count(); ++index) {
+            criteria.SetSeverityLevel(
+                severities.Item(index)->SeverityLevel(), severities.Selected(index));
+        }
+    });
+    return result;
+}
+
+CategorySeverityLists ResultsDB::GetCategorySeverityLists() {
+    CategorySeverityLists lists;
+    Trap({kModule, "GetCategorySeverityLists"}, [&] {
+        auto categories =
+            NeedRows(GetReadOnlyRecordset("SELECT CategoryID, Category FROM CategoryList"));
+        ReadCategories(categories, lists.Categories);
+        auto severities = NeedRows(GetReadOnlyRecordset(
+            "SELECT SeverityColour, SeverityLevel, SeverityText, Included FROM SeverityList"));
+        ReadSeverities(severities, lists.Severities);
+    });
+    return lists;
+}
+
+}  // namespace dorvik

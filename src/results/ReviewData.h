@@ -1,0 +1,21 @@
+#pragma once
+
+#include "base/DateTime.h"
+
+#include <cstdint>
+#include <string>
+
+namespace dorvik {
+
+/// What the review row tells of a review: with what, by whom and when it was done.
+struct ReviewData {
+    std::string RulebaseTitle;
+    std::string RulebaseVersion;
+    std::string Reviewer;  // logon name; empty where the system did not tell
+    DateTime Start;
+    DateTime End;  // no date where the review did not end
+    std::int32_t ActiveRules = 0;
+    std::int32_t RuleExecutions = 0;
+};
+
+}  // namespace dorvik

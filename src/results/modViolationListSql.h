@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/// The SQL text behind a list of violations, for `ResultsDB::OpenRecordSource`. Its first column is
+/// `ItemIDType`, the key that `ResultsDB::GetSourceFileValueList` translates into a file name; all
+/// columns of the violations follow.
+namespace dorvik::modViolationListSql {
+
+/// Whose violations are listed.
+enum class Scope : int {
+    All,          // of the whole database; the ID plays no part
+    ProjectFile,  // of the project file, by its SourceID
+    SourceFile,   // of the sections and procedures of a file, by its SourceID, not of the file itself
+    Procedure,    // of a procedure or section, by its ProcID
+};
+
+/// `filter` is a clause as of `ResultsDB::FilterString`, or empty.
+std::string
+ViolationListSql(Scope scope, std::int32_t id, std::string_view filter, bool withoutCompleted);
+
+}  // namespace dorvik::modViolationListSql
