@@ -14,7 +14,7 @@ struct CaseRun {
     std::int32_t Distance;
 };
 
-/// The simple case mappings of all characters outside ASCII, rising. Only `modTextCase` reads them.
+/// The simple case mappings of all characters outside ASCII, rising. Only `modTextCase` and `modPatternCase` read them.
 std::span<const CaseRun> LowerRuns();
 std::span<const CaseRun> UpperRuns();
 

@@ -1,112 +1,72 @@
-#define PCRE2_CODE_UNIT_WIDTH 8
 #include "platform/CompiledPattern.h"
 
 #include "base/BasicError.h"
+#include "base/modUtf8.h"
+#include "platform/LibraryPattern.h"
+#include "platform/PatternRewriter.h"
 #include "platform/RegularExpression.h"
+#include "platform/modPatternTraits.h"
 
-#include <array>
-#include <cstdint>
-#include <mutex>
-#include <pcre2.h>
 #include <unordered_map>
 
 namespace dorvik {
 
 namespace {
 
-/// As near to ECMAScript as the library comes; the header of `RegularExpression` tells the rest.
-constexpr std::uint32_t kOptions = PCRE2_UTF | PCRE2_MATCH_INVALID_UTF | PCRE2_ALT_BSUX |
-                                   PCRE2_MATCH_UNSET_BACKREF | PCRE2_ALLOW_EMPTY_CLASS |
-                                   PCRE2_DOLLAR_ENDONLY | PCRE2_NEVER_BACKSLASH_C;
-
-/// Far above what a sane pattern needs on a line of source, and reached in well under a second.
-constexpr std::uint32_t kMatchLimit = 1'000'000;
-constexpr std::uint32_t kHeapLimit = 64 * 1024;  // KiB
-constexpr std::size_t kLeastJitStack = 32 * 1024;
-constexpr std::size_t kGreatestJitStack = 1024 * 1024;
-
 /// Rulebases hold some hundred patterns. The bound is there for a process that reviews for days.
 constexpr std::size_t kMostPatterns = 4096;
 
-template <auto Free>
-struct Release {
-    template <typename Pointer>
-    void operator()(Pointer* pointer) const {
-        Free(pointer);
+const char* FaultText(std::int32_t number) {
+    switch (number) {
+        case kRegularExpressionQuantifier: return "Unexpected quantifier in regular expression";
+        case kRegularExpressionBracket: return "Expected ']' in regular expression";
+        case kRegularExpressionParenthesis: return "Expected ')' in regular expression";
+        default: return "Syntax error in regular expression";
     }
-};
-
-using CompileContext = std::unique_ptr<pcre2_compile_context, Release<pcre2_compile_context_free>>;
-using MatchContext = std::unique_ptr<pcre2_match_context, Release<pcre2_match_context_free>>;
-using MatchData = std::unique_ptr<pcre2_match_data, Release<pcre2_match_data_free>>;
-using JitStack = std::unique_ptr<pcre2_jit_stack, Release<pcre2_jit_stack_free>>;
-
-/// What a search writes to; one a thread.
-struct Workspace {
-    JitStack Stack{pcre2_jit_stack_create(kLeastJitStack, kGreatestJitStack, nullptr)};
-    MatchContext Context{pcre2_match_context_create(nullptr)};
-    MatchData Data{pcre2_match_data_create(1, nullptr)};
-
-    Workspace() {
-        pcre2_set_match_limit(Context.get(), kMatchLimit);
-        pcre2_set_depth_limit(Context.get(), kMatchLimit);
-        pcre2_set_heap_limit(Context.get(), kHeapLimit);
-        pcre2_jit_stack_assign(Context.get(), nullptr, Stack.get());
-    }
-};
-
-Workspace& ThreadWorkspace() {
-    static thread_local Workspace workspace;
-    return workspace;
-}
-
-std::string LibraryMessage(int number) {
-    std::array<PCRE2_UCHAR, 256> buffer{};
-    pcre2_get_error_message(number, buffer.data(), buffer.size());
-    return reinterpret_cast<const char*>(buffer.data());
-}
-
-PCRE2_SPTR Bytes(std::string_view text) {
-    return reinterpret_cast<PCRE2_SPTR>(text.empty() ? "" : text.data());
 }
 
 }  // namespace
 
-struct CompiledPattern::Code {
-    std::unique_ptr<pcre2_code, Release<pcre2_code_free>> Handle;
-};
-
-CompiledPattern::CompiledPattern(std::string_view pattern, bool ignoreCase) : m_pattern(pattern) {
-    const CompileContext context(pcre2_compile_context_create(nullptr));
-    pcre2_set_newline(context.get(), PCRE2_NEWLINE_LF);  // what "." does not match
-    int fault = 0;
-    std::size_t offset = 0;
-    m_code = std::make_unique<Code>();
-    m_code->Handle.reset(pcre2_compile(
-        Bytes(pattern),
-        pattern.size(),
-        kOptions | (ignoreCase ? PCRE2_CASELESS : 0),
-        &fault,
-        &offset,
-        context.get()));
-    if (!m_code->Handle) {
-        m_code.reset();
-        m_fault = LibraryMessage(fault) + " at offset " + std::to_string(offset);
-        return;
+CompiledPattern::CompiledPattern(std::string_view pattern, PatternFlags flags)
+    : m_pattern(pattern) {
+    PatternReader reader(pattern, flags);
+    if (reader.Read(m_tree)) {
+        MakeReady();
+    } else {
+        m_fault = reader.Fault();
     }
-    // Without the just-in-time compiler, the library's interpreter gives the same answers.
-    pcre2_jit_compile(m_code->Handle.get(), PCRE2_JIT_COMPLETE);
-    m_needs = NeedsOfPattern(pattern, ignoreCase);
 }
 
 CompiledPattern::~CompiledPattern() = default;
 
+void CompiledPattern::MakeReady() {
+    m_needs = NeedsOfPattern(m_tree);
+    m_program = std::make_unique<PatternProgram>(m_tree);
+    m_hasOtherSpans = modPatternTraits::RepeatsEmptyText(m_tree.Root);
+    m_hasOtherGroups = m_hasOtherSpans || modPatternTraits::MayKeepStaleGroups(m_tree.Root);
+    m_takesLongestFirst =
+        m_tree.HasBackReference || modPatternTraits::TakesLongestFirst(m_tree.Root);
+    // A text that a group has taken would be compared by the library's own rules for case.
+    const bool comparesCase = m_tree.HasBackReference && m_tree.Flags.IgnoreCase;
+    const bool comparesGroups = m_tree.HasBackReference && m_hasOtherGroups;
+    PatternRewriter rewriter;
+    if (comparesCase || comparesGroups || !rewriter.Rewrite(m_tree)) {
+        return;
+    }
+    m_rewritten = rewriter.Text();
+    m_library = std::make_unique<LibraryPattern>(m_rewritten, LibraryPattern::Use::Search);
+    if (!m_library->IsUsable()) {
+        m_library.reset();
+    }
+}
+
 std::shared_ptr<const CompiledPattern>
-CompiledPattern::Of(std::string_view pattern, bool ignoreCase) {
+CompiledPattern::Of(std::string_view pattern, PatternFlags flags) {
     static std::mutex mutex;
     static std::unordered_map<std::string, std::shared_ptr<const CompiledPattern>> store;
 
-    std::string key(1, ignoreCase ? 'i' : 'c');
+    std::string key(1, flags.IgnoreCase ? 'i' : 'c');
+    key += flags.Multiline ? 'm' : 's';
     key += pattern;
     const std::lock_guard guard(mutex);
     if (const auto found = store.find(key); found != store.end()) {
@@ -115,46 +75,129 @@ CompiledPattern::Of(std::string_view pattern, bool ignoreCase) {
     if (store.size() >= kMostPatterns) {
         store.clear();
     }
-    auto compiled = std::make_shared<const CompiledPattern>(pattern, ignoreCase);
+    auto compiled = std::make_shared<const CompiledPattern>(pattern, flags);
     store.emplace(std::move(key), compiled);
     return compiled;
 }
 
 void CompiledPattern::RaiseFault() const {
+    std::string description = std::string(FaultText(m_fault.Number)) + " '" + m_pattern +
+                              "' at position " + std::to_string(m_fault.Position);
+    if (!m_fault.Detail.empty()) {
+        description += ": " + m_fault.Detail;
+    }
+    throw BasicError(m_fault.Number, description);
+}
+
+void CompiledPattern::RaiseTooComplex(const std::string& limit) const {
     throw BasicError(
-        kRegularExpressionSyntax, "Malformed regular expression '" + m_pattern + "': " + m_fault);
+        kRegularExpressionTooComplex,
+        "Expression too complex: the search for regular expression '" + m_pattern +
+            "' was given up, " + limit);
 }
 
-int CompiledPattern::Run(std::string_view text, std::size_t from) const {
-    const Workspace& workspace = ThreadWorkspace();
-    const auto run = [&](std::uint32_t options) {
-        return pcre2_match(
-            m_code->Handle.get(),
-            Bytes(text),
-            text.size(),
-            from,
-            options,
-            workspace.Data.get(),
-            workspace.Context.get());
-    };
-    const int result = run(0);
-    // The interpreter keeps its stack on the heap, where there is more room.
-    return result == PCRE2_ERROR_JIT_STACKLIMIT ? run(PCRE2_NO_JIT) : result;
+bool CompiledPattern::Require(PatternMachine::Outcome outcome) const {
+    switch (outcome) {
+        case PatternMachine::Outcome::NoMatch: return false;
+        case PatternMachine::Outcome::Match: return true;
+        case PatternMachine::Outcome::TooManySteps: RaiseTooComplex("match limit exceeded");
+        case PatternMachine::Outcome::TooMuchMemory: RaiseTooComplex("heap limit exceeded");
+    }
+    return false;
 }
 
-std::optional<CompiledPattern::Span>
-CompiledPattern::Find(std::string_view text, std::size_t from) const {
-    const int result = Run(text, from);
-    if (result == PCRE2_ERROR_NOMATCH) {
+/// Repetitions of empty text can keep the library busy where the dialect has an answer at once.
+std::optional<PatternSpan>
+CompiledPattern::FindInLibrary(std::string_view text, std::size_t from) const {
+    PatternSpan span;
+    switch (m_library->Find(text, from, span)) {
+        case LibraryPattern::Outcome::NoMatch: return std::nullopt;
+        case LibraryPattern::Outcome::Match: return span;
+        case LibraryPattern::Outcome::GivenUp: break;
+    }
+    if (!m_hasOtherSpans) {
+        RaiseTooComplex(LibraryPattern::Limit());
+    }
+    PatternMachine machine(*m_program, text);
+    return Require(machine.Search(from)) ? std::optional(machine.Groups()[0]) : std::nullopt;
+}
+
+bool CompiledPattern::IsIn(std::string_view text) const {
+    if (m_library) {
+        return FindInLibrary(text, 0).has_value();
+    }
+    PatternMachine machine(*m_program, text);
+    return Require(machine.Search(0));
+}
+
+bool CompiledPattern::Find(
+    std::string_view text, std::size_t from, std::vector<PatternSpan>& groups) const {
+    if (!m_library || m_hasOtherGroups) {
+        return FindByMachine(text, from, groups);
+    }
+    switch (m_library->Find(text, from, m_tree.GroupCount, groups)) {
+        case LibraryPattern::Outcome::NoMatch: return false;
+        case LibraryPattern::Outcome::Match: return true;
+        case LibraryPattern::Outcome::GivenUp: RaiseTooComplex(LibraryPattern::Limit());
+    }
+    return false;
+}
+
+/// The library tells the place faster, even where it would take another text there.
+bool CompiledPattern::FindByMachine(
+    std::string_view text, std::size_t from, std::vector<PatternSpan>& groups) const {
+    PatternMachine machine(*m_program, text);
+    if (m_library) {
+        const std::optional<PatternSpan> span = FindInLibrary(text, from);
+        if (!span) {
+            return false;
+        }
+        from = span->Start;
+    }
+    const bool isFound = Require(machine.Search(from));
+    groups = machine.Groups();
+    return isFound;
+}
+
+// ---- The longest match ----
+
+std::optional<PatternSpan> CompiledPattern::FindLongest(std::string_view text) const {
+    const bool isPlain = m_library && m_takesLongestFirst && !m_hasOtherSpans;
+    if (isPlain) {
+        return FindInLibrary(text, 0);
+    }
+    if (m_tree.HasBackReference || !m_library) {
+        std::vector<PatternSpan> groups;
+        if (!Find(text, 0, groups)) {
+            return std::nullopt;
+        }
+        return m_tree.HasBackReference ? groups[0] : LongestByMachine(text, groups[0].Start);
+    }
+    std::optional<PatternSpan> span = FindInLibrary(text, 0);
+    if (!span) {
         return std::nullopt;
     }
-    if (result < 0) {
-        throw BasicError(
-            kRegularExpressionTooComplex,
-            "Regular expression '" + m_pattern + "' was given up: " + LibraryMessage(result));
+    const LibraryPattern& longest = ValidTextPattern();
+    if (!longest.IsUsable() || !modUtf8::IsValid(text)) {
+        return LongestByMachine(text, span->Start);
     }
-    const std::size_t* bounds = pcre2_get_ovector_pointer(ThreadWorkspace().Data.get());
-    return Span{bounds[0], bounds[1]};
+    if (longest.FindLongest(text, span->Start, *span) == LibraryPattern::Outcome::GivenUp) {
+        RaiseTooComplex(LibraryPattern::Limit());
+    }
+    return span;
+}
+
+PatternSpan CompiledPattern::LongestByMachine(std::string_view text, std::size_t start) const {
+    PatternMachine machine(*m_program, text);
+    Require(machine.MatchAt(start, PatternMachine::Wanted::Longest));
+    return machine.Groups().at(0);
+}
+
+const LibraryPattern& CompiledPattern::ValidTextPattern() const {
+    std::call_once(m_longestMade, [this] {
+        m_longest = std::make_unique<LibraryPattern>(m_rewritten, LibraryPattern::Use::Longest);
+    });
+    return *m_longest;
 }
 
 }  // namespace dorvik

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/ByteSet.h"
+#include "platform/PatternTree.h"
 
 #include <string>
-#include <string_view>
 
 namespace dorvik {
 
@@ -13,9 +13,8 @@ struct PatternNeeds {
     std::string Literal;  // one piece of text, the longest that is known
 };
 
-/// Reads the needs from a pattern that compiles. Only literal ASCII characters contribute that can
-/// be neither skipped nor passed by on another branch, without regard to case only those that have
-/// no case. A pattern with anything in it that is not understood needs nothing.
-PatternNeeds NeedsOfPattern(std::string_view pattern, bool ignoreCase);
+/// Only literal characters contribute that can be neither skipped nor passed by on another branch,
+/// without regard to case only those that have no case.
+PatternNeeds NeedsOfPattern(const PatternTree& tree);
 
 }  // namespace dorvik

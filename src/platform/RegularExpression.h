@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -13,13 +14,13 @@
 namespace dorvik {
 
 class CompiledPattern;
-struct MatchBounds;
 
 /// The numbers of the dialect's own errors for a malformed pattern. The description names the pattern,
 /// what is wrong, and the character (counted from 1) where it is.
 inline constexpr std::int32_t kRegularExpressionSyntax = 5017;
-inline constexpr std::int32_t kRegularExpressionQuantifier = 5018;   // nothing to be repeated before it
-inline constexpr std::int32_t kRegularExpressionBracket = 5019;      // expected ']'
+inline constexpr std::int32_t kRegularExpressionQuantifier =
+    5018;                                                        // nothing to be repeated before it
+inline constexpr std::int32_t kRegularExpressionBracket = 5019;  // expected ']'
 inline constexpr std::int32_t kRegularExpressionParenthesis = 5020;  // expected ')'
 /// "Expression too complex": the search was given up, because it took more steps or memory than a sane
 /// pattern ever needs. This says nothing about whether the text matches.
@@ -45,8 +46,9 @@ struct Match {
 /// Searches text for a pattern in the dialect of VBScript, which is that of ECMAScript's third edition:
 /// alternation, groups, classes, greedy and lazy repetition, anchors, `\b`, lookahead, back references.
 /// What that edition forbids or leaves open is read as VBScript documents it: an escaped letter without
-/// a meaning is that letter, a brace that begins no count is a brace, `\12` without twelve groups is an
-/// octal number. Anything of other dialects ("(?i)", "(?<name>", "a++") is refused.
+/// a meaning is that letter, a brace that begins no count is a brace, `\12` without twelve groups is the
+/// first group and a "2", and without any an octal number. Anything of other dialects ("(?i)",
+/// "(?<name>", "a++") is refused.
 ///
 /// Characters are Unicode characters, also those that that edition would see as two halves. `\w`, `\d` and
 /// `\b` know ASCII only, `\s` knows all spaces and line ends, "." is any character but a line end (line
@@ -83,13 +85,18 @@ public:
     /// raises `kRegularExpressionTooComplex`. REQUIRES: present == ByteSet(text).
     bool Test(std::string_view text, const ByteSet& present);
 
+    /// Is told after each step of a long piece of work how many bytes its result takes so far, and may
+    /// end the work by raising an error.
+    using Progress = std::function<void(std::size_t bytes)>;
+
     /// The matches from left to right, none overlapping; at most one unless `Global`.
-    std::vector<Match> Execute(std::string_view text);
+    std::vector<Match> Execute(std::string_view text, const Progress& progress = {});
 
     /// The text with the first match, or with all of them if `Global`, replaced. In the replacement, "$&" is
     /// the match, "$`" what stands before it, "$'" what stands behind it, "$1" to "$99" a group (empty
     /// if it took no part), and "$$" a "$". Any other "$" stands for itself.
-    std::string Replace(std::string_view text, std::string_view replacement);
+    std::string
+    Replace(std::string_view text, std::string_view replacement, const Progress& progress = {});
 
     /// The longest match at the first place where the pattern matches, whereas `Execute` takes the
     /// alternative that stands first: "a|ab" on "ab" gives "ab". A pattern with a back reference
