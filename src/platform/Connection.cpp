@@ -3,10 +3,12 @@
 #include "base/BasicError.h"
 #include "base/modTextCase.h"
 #include "platform/Database.h"
+#include "platform/JetFunctions.h"
 
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <cctype>
 #include <utility>
 
 namespace dorvik {
@@ -18,10 +20,27 @@ constexpr std::size_t kMaxCached = 400;
 
 constexpr int kBusyMilliseconds = 1000;
 
-int CompareTexts(void*, int leftSize, const void* left, int rightSize, const void* right) {
-    return modTextCase::Compare(
-        {static_cast<const char*>(left), static_cast<std::size_t>(leftSize)},
-        {static_cast<const char*>(right), static_cast<std::size_t>(rightSize)});
+/// The log is folded into the file whenever it has grown by so many pages.
+constexpr int kFoldPages = 1000;
+
+int NoteLogPages(void* logPages, sqlite3*, const char*, int pages) {
+    *static_cast<int*>(logPages) = pages;
+    return SQLITE_OK;
+}
+
+/// The engine's address of a file that it is to take for one that never changes.
+std::string UntouchedAddress(const std::filesystem::path& file) {
+    constexpr std::string_view kHex = "0123456789ABCDEF";
+    std::string address = "file:";
+    for (const char character : std::filesystem::absolute(file).string()) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (std::isalnum(byte) != 0 || character == '/') {
+            address += character;
+        } else {
+            address.append({'%', kHex[byte >> 4U], kHex[byte & 0xFU]});
+        }
+    }
+    return address + "?immutable=1";
 }
 
 }  // namespace
@@ -52,14 +71,24 @@ void StatementLease::GiveBack() {
     m_connection.reset();
 }
 
-Connection::Connection(const std::filesystem::path& file) {
-    const int code = sqlite3_open_v2(
-        file.c_str(), &m_engine, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+Connection::Connection(const std::filesystem::path& file, ConnectionMode mode) : m_mode(mode) {
+    const bool untouched = mode == ConnectionMode::Untouched;
+    const int code =
+        untouched
+            ? sqlite3_open_v2(
+                  UntouchedAddress(file).c_str(),
+                  &m_engine,
+                  SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX,
+                  nullptr)
+            : sqlite3_open_v2(
+                  file.c_str(), &m_engine, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     try {
         if (code != SQLITE_OK) {
             RaiseStoreError(m_engine, code, file.string());
         }
-        m_mark = FileInUseMark::Set(file);
+        if (!untouched) {
+            m_mark = FileInUseMark::Set(file);
+        }
         Configure();
     } catch (...) {  // a constructor that fails has no destructor: the engine must not leak
         sqlite3_close(m_engine);
@@ -75,7 +104,8 @@ void Connection::Configure() {
     sqlite3_busy_timeout(m_engine, kBusyMilliseconds);
     // Without this a misspelt column in double quotes would count as a text.
     sqlite3_db_config(m_engine, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-    sqlite3_create_collation_v2(m_engine, "NOCASE", SQLITE_UTF8, nullptr, &CompareTexts, nullptr);
+    modJetFunctions::Register(m_engine);
+    sqlite3_wal_hook(m_engine, &NoteLogPages, &m_logPages);  // instead of the engine's own folding
     RunUnprepared("PRAGMA synchronous = NORMAL");
     RunUnprepared("SELECT count(*) FROM sqlite_master");  // a file of another kind fails here
 }
@@ -90,11 +120,15 @@ void Connection::Close() {
     if (!IsOpen()) {
         return;
     }
+    m_snapshot.reset();
+    m_isHolding = false;
     m_statements.clear();
     m_texts.clear();
     // A file that a killed process left with its log is put together here too. It stays as it is where
     // that is not possible now: on a read-only disk, or with another reader, who will do it.
-    sqlite3_exec(m_engine, "PRAGMA journal_mode = DELETE", nullptr, nullptr, nullptr);
+    if (m_mode == ConnectionMode::ReadWrite) {
+        sqlite3_exec(m_engine, "PRAGMA journal_mode = DELETE", nullptr, nullptr, nullptr);
+    }
     sqlite3_close_v2(std::exchange(m_engine, nullptr));
     m_mark.reset();  // after the engine: see FileInUseMark
 }
@@ -147,10 +181,14 @@ TableInfo& Connection::Table(const std::string& name) {
     if (table == nullptr) {
         auto read = std::make_unique<TableInfo>();
         read->Name = name;
-        const auto lease = Lease("SELECT name, type FROM pragma_table_info(?)");
+        const auto lease = Lease("SELECT name, type, pk FROM pragma_table_info(?)");
         const Variant tableName(name);
         lease->Bind(0, tableName);
         while (lease->Step()) {
+            if (lease->WholeColumn(2) == 1 &&
+                modTextCase::Equal(lease->Column(1).AsText(), "INTEGER")) {
+                read->KeyColumn = read->Columns.size();
+            }
             read->Columns.push_back(lease->Column(0).AsText());
             read->IsYesNo.push_back(modTextCase::Equal(lease->Column(1).AsText(), "YESNO"));
         }
@@ -159,11 +197,54 @@ TableInfo& Connection::Table(const std::string& name) {
     return *table;
 }
 
-void Connection::BeginWriting() {
-    NeedOpen();
-    if (m_isLogging) {
-        return;
+void Connection::BeginReading() {
+    m_hasJustWritten = false;
+    ReleaseSnapshot();
+}
+
+void Connection::Write(PreparedStatement& statement) {
+    if (!m_isLogging) {
+        TurnLoggingOn();
+    } else if (m_hasJustWritten && !m_isHolding) {
+        HoldSnapshot();
     }
+    // Another writer in between makes the held state an old one.
+    const bool isDone = m_isHolding && statement.RunUnlessBusy();
+    if (!isDone) {
+        ReleaseSnapshot();
+        statement.Run();
+    }
+    m_hasJustWritten = true;
+    FoldLongLog();
+}
+
+void Connection::HoldSnapshot() {
+    if (m_snapshot == nullptr) {
+        m_snapshot =
+            std::make_unique<PreparedStatement>(m_engine, "SELECT 1 FROM sqlite_master LIMIT 1");
+    }
+    m_isHolding = m_snapshot->Step();
+}
+
+void Connection::ReleaseSnapshot() {
+    if (m_isHolding) {
+        m_snapshot->Reset();
+        m_isHolding = false;
+    }
+}
+
+/// A failure is no failure of the write: the log just grows on, and is folded later or on closing.
+void Connection::FoldLongLog() {
+    if (m_logPages < kFoldPages) {
+        m_foldAtPages = kFoldPages;
+    } else if (m_logPages >= m_foldAtPages) {
+        ReleaseSnapshot();
+        sqlite3_wal_checkpoint_v2(m_engine, nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
+        m_foldAtPages = m_logPages + kFoldPages;
+    }
+}
+
+void Connection::TurnLoggingOn() {
     // Where it cannot be turned on now (a read-only file, a row of this file being read), the write that
     // follows goes its own way: it works without the log or tells why it cannot.
     const auto noteMode = [](void* isLogging, int, char** values, char**) {

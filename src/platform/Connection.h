@@ -17,8 +17,11 @@ namespace dorvik {
 
 /// The columns of a table, and the INSERT texts that were needed so far.
 struct TableInfo {
+    static constexpr std::size_t kNoColumn = static_cast<std::size_t>(-1);
+
     std::string Name;
     std::vector<std::string> Columns;
+    std::size_t KeyColumn = kNoColumn;                       // the counter
     std::vector<bool> IsYesNo;                               // by column
     std::unordered_map<std::string, std::string> InsertSql;  // by the positions of the columns set
 };
@@ -49,22 +52,31 @@ public:
 
     void GiveBack();
     PreparedStatement* operator->() const { return &m_slot->Statement; }
+    PreparedStatement& operator*() const { return m_slot->Statement; }
 
 private:
     std::shared_ptr<Connection> m_connection;
     StatementSlot* m_slot = nullptr;
 };
 
+/// What a connection may do with its file.
+enum class ConnectionMode : int {
+    ReadWrite,
+    Untouched,  // reads the file as if nobody ever wrote to it: no lock, no companion, no change
+};
+
 /// One open database file with its prepared statements. `Database` and its recordsets share it; closing
 /// takes all statements away at once.
 class Connection : public std::enable_shared_from_this<Connection> {
 public:
-    explicit Connection(const std::filesystem::path& file);
+    explicit Connection(
+        const std::filesystem::path& file, ConnectionMode mode = ConnectionMode::ReadWrite);
     ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
     bool IsOpen() const { return m_engine != nullptr; }
+    sqlite3* Engine() const { return m_engine; }
     /// Raises `databaseerror::kObjectInvalid` once it is closed.
     void NeedOpen() const;
     /// Folds the log into the file, so that it stands alone again.
@@ -76,18 +88,33 @@ public:
     Understand(const JetTokens& tokens, std::string_view text);
     StatementLease Lease(const std::string& sql);
 
-    /// To be called before each write: the first one turns write-ahead logging on.
-    void BeginWriting();
+    /// To be called before rows are read, so that they are those of this moment.
+    void BeginReading();
+    /// Runs a statement that writes, as a transaction of its own. The first one turns write-ahead logging
+    /// on.
+    void Write(PreparedStatement& statement);
     std::int64_t LastInsertedKey() const;
 
 private:
     void Configure();
+    void TurnLoggingOn();
+    void HoldSnapshot();
+    void ReleaseSnapshot();
+    void FoldLongLog();
     TableInfo& Table(const std::string& name);
     void RunUnprepared(const char* sql);
 
     sqlite3* m_engine = nullptr;
+    ConnectionMode m_mode;
     std::shared_ptr<FileInUseMark> m_mark;
     bool m_isLogging = false;
+    // A write that follows another one at once finds the state of the file still held by this query and so
+    // needs no locks but the one for writing. Whoever reads lets go of it first.
+    std::unique_ptr<PreparedStatement> m_snapshot;
+    bool m_isHolding = false;
+    bool m_hasJustWritten = false;
+    int m_logPages = 0;  // in the write-ahead log, after the last write
+    int m_foldAtPages = 0;
     std::unordered_map<std::string, std::shared_ptr<const UnderstoodText>> m_texts;
     std::unordered_map<std::string, std::vector<std::unique_ptr<StatementSlot>>> m_statements;
     std::unordered_map<std::string, std::unique_ptr<TableInfo>> m_tables;  // by lower-case name

@@ -3,10 +3,18 @@
 #include "base/BasicError.h"
 #include "platform/Connection.h"
 #include "platform/FileInUseMark.h"
+#include "platform/JetReader.h"
 #include "platform/RecordsetState.h"
 #include "platform/modFiles.h"
 
+#include <array>
+
 namespace dorvik {
+
+namespace {
+/// Behind the name of a file while it is being copied.
+constexpr std::string_view kNewCopy = "-new";
+}  // namespace
 
 Database::Database() = default;
 Database::Database(Database&&) noexcept = default;
@@ -22,12 +30,20 @@ Database::~Database() {
 }
 
 void Database::Open(std::string_view path) {
+    OpenAs(path, ConnectionMode::ReadWrite);
+}
+
+void Database::OpenUntouched(std::string_view path) {
+    OpenAs(path, ConnectionMode::Untouched);
+}
+
+void Database::OpenAs(std::string_view path, ConnectionMode mode) {
     Close();
     if (!modFiles::FileExists(path)) {
         throw BasicError(
             databaseerror::kFileNotFound, "Could not find file '" + std::string(path) + "'.");
     }
-    m_connection = std::make_shared<Connection>(modFiles::HostPath(path));
+    m_connection = std::make_shared<Connection>(modFiles::HostPath(path), mode);
 }
 
 bool Database::IsOpen() const {
@@ -72,17 +88,53 @@ void Database::Execute(std::string_view sql) {
     if (text->Translation.IsQuery) {
         throw BasicError(databaseerror::kSyntax, "SQL text changes nothing: " + std::string(sql));
     }
-    Store().BeginWriting();
     const auto statement = Store().Lease(text->Translation.Sql);
     statement->BindAll(tokens.Literals);
-    statement->Run();
+    Store().Write(*statement);
+}
+
+void Database::EnsureIndex(
+    std::string_view name, std::string_view table, const std::vector<std::string>& columns) {
+    std::string sql = "CREATE INDEX IF NOT EXISTS " + modJetSql::Bracketed(name) + " ON " +
+                      modJetSql::Bracketed(table);
+    std::string separator = " (";
+    for (const std::string& column : columns) {
+        sql += separator + modJetSql::Bracketed(column);
+        separator = ", ";
+    }
+    Store().BeginReading();  // the state held between two writes would keep the index out
+    PreparedStatement statement(Store().Engine(), sql + ')');
+    Store().Write(statement);
+}
+
+void Database::AnalyseIndexes() {
+    Store().BeginReading();
+    // So many entries of an index are looked at, whatever its size.
+    PreparedStatement(Store().Engine(), "PRAGMA analysis_limit = 1000").Run();
+    PreparedStatement statement(Store().Engine(), "ANALYZE");
+    Store().Write(statement);
+}
+
+void Database::CopyFile(std::string_view from, std::string_view to) {
+    const std::string copy = std::string(to) + std::string(kNewCopy);
+    modFiles::CopyFile(from, copy);
+    std::error_code error;
+    std::filesystem::rename(modFiles::HostPath(copy), modFiles::HostPath(to), error);
+    if (error) {
+        modFiles::DeleteFile(copy);
+        RaiseRuntimeError(runtimeerror::kPathFileAccess, std::string(to));
+    }
 }
 
 void Database::DeleteFile(std::string_view path) {
     if (modFiles::FileExists(path) && FileInUseMark::IsInUse(modFiles::HostPath(path))) {
         RaiseRuntimeError(runtimeerror::kPermissionDenied, std::string(path));
     }
-    for (const std::string_view companion : {"", "-wal", "-shm", "-journal"}) {
+    // In this order a process killed in between leaves a file that opens, and never a log that the next file
+    // of this name would take for its own: the journal, which only a file being changed has, goes last.
+    constexpr std::array<std::string_view, 5> kCompanions = {
+        kNewCopy, "-wal", "-shm", "", "-journal"};
+    for (const std::string_view companion : kCompanions) {
         const std::string file = std::string(path) + std::string(companion);
         if (modFiles::FileExists(file)) {
             modFiles::DeleteFile(file);

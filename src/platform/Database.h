@@ -6,8 +6,11 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace dorvik {
+
+enum class ConnectionMode : int;
 
 /// Numbers of the failures of a store.
 namespace databaseerror {
@@ -45,6 +48,10 @@ public:
     /// Opens an existing file, which nobody can `DeleteFile` until `Close`. Raises `kFileNotFound`,
     /// `kNotADatabase`, or `runtimeerror::kPermissionDenied` (70) where the system refuses the file.
     void Open(std::string_view path);
+    /// Opens an existing file only to look what it is: whatever database it turns out to be, neither it
+    /// nor its folder is changed, and nobody is kept out. Rows that are still in a log beside the file are
+    /// not seen. Raises as `Open`.
+    void OpenUntouched(std::string_view path);
     bool IsOpen() const;
     void Close();
 
@@ -52,11 +59,22 @@ public:
     /// Runs an UPDATE.
     void Execute(std::string_view sql);
 
+    /// Adds an index where there is none of that name. It changes how fast rows are found and nothing else.
+    void EnsureIndex(
+        std::string_view name, std::string_view table, const std::vector<std::string>& columns);
+
+    /// Notes how the values of the indexes are spread, so that the best one is taken for each query.
+    void AnalyseIndexes();
+
+    /// Copies a database file that nobody has open. Whenever the process ends, the copy is either whole or
+    /// not there.
+    static void CopyFile(std::string_view from, std::string_view to);
     /// Deletes a database file, read-only or not, and its companions. A file that does not exist is no
     /// failure. Raises `runtimeerror::kPermissionDenied` (70) while this or another process has it open.
     static void DeleteFile(std::string_view path);
 
 private:
+    void OpenAs(std::string_view path, ConnectionMode mode);
     Connection& Store() const;
 
     std::shared_ptr<Connection> m_connection;

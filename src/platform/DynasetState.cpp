@@ -58,6 +58,7 @@ void DynasetState::LoadKeys() {
     if (m_isLoaded) {
         return;
     }
+    Store()->BeginReading();
     const auto query = Store()->Lease(m_text->Translation.KeySql);
     query->BindAll(m_literals);
     while (query->Step()) {
@@ -106,14 +107,20 @@ std::int64_t DynasetState::CurrentKey() {
     return m_position < m_keys.size() ? m_keys[m_position] : m_added[m_position - m_keys.size()];
 }
 
+bool DynasetState::CurrentIsAdded() const {
+    return m_position >= m_keys.size() && m_position < m_keys.size() + m_added.size();
+}
+
 void DynasetState::ReadRow() {
     std::string sql = "SELECT ";
     for (int field = 0; field < FieldCount(); ++field) {
         sql += (field == 0 ? "[" : ", [") + std::string(FieldName(field)) + ']';
     }
     sql += " FROM " + modJetSql::Bracketed(m_table.Name) + " WHERE rowid = ?";
+    const auto key = CurrentKey();
+    Store()->BeginReading();
     const auto query = Store()->Lease(sql);
-    query->Bind(0, CurrentKey());
+    query->Bind(0, key);
     if (!query->Step()) {
         RaiseNoCurrentRecord();  // deleted in the meantime
     }
@@ -132,6 +139,9 @@ Variant DynasetState::Value(int position) {
         return {};
     }
     if (m_row.empty()) {
+        if (TableColumn(position) == m_table.KeyColumn && CurrentIsAdded()) {
+            return static_cast<std::int32_t>(CurrentKey());  // known without a look at the row
+        }
         ReadRow();
     }
     return m_row[static_cast<std::size_t>(position)];
@@ -175,7 +185,6 @@ void DynasetState::Update() {
         throw BasicError(
             databaseerror::kUpdateWithoutEdit, "Update or CancelUpdate without AddNew or Edit.");
     }
-    Store()->BeginWriting();
     if (change == Change::NewRow) {
         InsertRow();
     } else if (!m_pending.empty()) {
@@ -190,7 +199,7 @@ void DynasetState::InsertRow() {
     for (const auto& [field, value] : m_pending) {
         insert->Bind(parameter++, value);
     }
-    insert->Run();
+    Store()->Write(*insert);
     m_added.push_back(Store()->LastInsertedKey());
 }
 
@@ -201,7 +210,7 @@ void DynasetState::ChangeRow() {
         update->Bind(parameter++, value);
     }
     update->Bind(parameter, CurrentKey());
-    update->Run();
+    Store()->Write(*update);
     m_row.clear();
 }
 

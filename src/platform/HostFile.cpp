@@ -1,6 +1,6 @@
 #include "platform/HostFile.h"
 
-#include "base/BasicError.h"
+#include "platform/HostError.h"
 
 #include <cerrno>
 #include <cstddef>
@@ -68,7 +68,9 @@ auto Repeated(const Call& call) {
 }  // namespace
 
 void RaiseHostError(int errorOfHost, const std::filesystem::path& host, std::string_view path) {
-    RaiseRuntimeError(ErrorNumber(errorOfHost, host), std::string(path));
+    const std::int32_t number = ErrorNumber(errorOfHost, host);
+    throw HostError(
+        errorOfHost, number, RuntimeErrorText(number) + ": '" + std::string(path) + "'");
 }
 
 HostFile::HostFile(const std::filesystem::path& host, FileUse use, std::string_view path)

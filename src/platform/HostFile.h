@@ -14,7 +14,7 @@ enum class FileUse {
     CreateNew  // fails where something is already there
 };
 
-/// Raises the `BasicError` for a failure of the host: 53, 76, 75, 70 or 61. `host` is where it
+/// Raises the `HostError` for a failure of the host: 53, 76, 75, 70 or 61. `host` is where it
 /// failed (empty: a place that cannot exist here), `path` what the description names.
 [[noreturn]] void
 RaiseHostError(int errorOfHost, const std::filesystem::path& host, std::string_view path);

@@ -32,6 +32,17 @@ JetExpression Condition(std::string sql) {
     return {std::move(sql), true, false, {}, {}};
 }
 
+/// Between two conditions the operator is a logical one; with a number on either side it works bit by
+/// bit, on -1 and 0 for the condition.
+JetExpression
+Combined(const JetExpression& left, std::string_view sign, const JetExpression& right) {
+    if (left.IsCondition && right.IsCondition) {
+        return Condition(left.Sql + ' ' + std::string(sign) + ' ' + right.Sql);
+    }
+    const std::string function = sign == "AND" ? "JetAnd(" : "JetOr(";
+    return Value(function + left.AsValue() + ", " + right.AsValue() + ')');
+}
+
 }  // namespace
 
 std::string modJetSql::Bracketed(std::string_view name) {
@@ -105,7 +116,7 @@ JetExpression JetReader::Expression() {
     const auto nesting = EnterNesting();
     JetExpression left = And();
     while (TakeWord("OR")) {
-        left = Condition(left.Sql + " OR " + And().Sql);
+        left = Combined(left, "OR", And());
     }
     return left;
 }
@@ -113,7 +124,7 @@ JetExpression JetReader::Expression() {
 JetExpression JetReader::And() {
     JetExpression left = Not();
     while (TakeWord("AND")) {
-        left = Condition(left.Sql + " AND " + Not().Sql);
+        left = Combined(left, "AND", Not());
     }
     return left;
 }
@@ -121,7 +132,9 @@ JetExpression JetReader::And() {
 JetExpression JetReader::Not() {
     if (TakeWord("NOT")) {
         const auto nesting = EnterNesting();
-        return Condition("NOT " + Not().Sql);
+        const JetExpression operand = Not();
+        return operand.IsCondition ? Condition("NOT " + operand.Sql)
+                                   : Value("~(" + operand.Sql + ")");
     }
     return Comparison();
 }

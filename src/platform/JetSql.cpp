@@ -26,7 +26,9 @@
 //   sign        "-" sign | primary
 //   primary     literal | TRUE | FALSE | NULL | function "(" ... ")" | name ["." name] | "(" or ")"
 //
-// A sort term takes a whole "or": an AND behind ORDER BY belongs to the last sort term.
+// A sort term takes a whole "or": an AND behind ORDER BY belongs to the last sort term. AND, OR and NOT
+// work bit by bit where an operand is a number: "Impact AND Severity <> 1" is the impact where the
+// comparison holds (-1, all bits) and 0 where it does not.
 
 namespace dorvik::modJetSql {
 

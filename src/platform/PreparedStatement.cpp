@@ -83,6 +83,10 @@ void PreparedStatement::Bind(int position, const Variant& value) {
             m_statement, index, text.data(), static_cast<int>(text.size()), SQLITE_STATIC));
     } else if (value.IsDouble()) {
         Check(sqlite3_bind_double(m_statement, index, modText::LeadingNumber(value.AsText())));
+    } else if (value.IsHeld()) {
+        const std::string text = value.AsText();
+        Check(sqlite3_bind_text(
+            m_statement, index, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT));
     } else if (value.IsEmpty()) {
         Check(sqlite3_bind_null(m_statement, index));
     } else {
@@ -124,20 +128,41 @@ bool PreparedStatement::Step() {
     return false;
 }
 
-void PreparedStatement::Run() {
+int PreparedStatement::StepToEnd() {
     int code = SQLITE_ROW;
     while (code == SQLITE_ROW) {
         code = sqlite3_step(m_statement);
     }
-    if (code != SQLITE_DONE) {
-        // The text of the failure is the engine's only until the reset.
-        const BasicError failure(
-            ErrorNumber(code),
-            std::string(sqlite3_errmsg(m_engine)) + ": " + sqlite3_sql(m_statement));
-        Reset();
-        throw failure;
+    return code;
+}
+
+/// The text of the failure is the engine's only until the reset.
+void PreparedStatement::FailAfterReset(int code) {
+    const BasicError failure(
+        ErrorNumber(code), std::string(sqlite3_errmsg(m_engine)) + ": " + sqlite3_sql(m_statement));
+    Reset();
+    throw failure;
+}
+
+void PreparedStatement::Run() {
+    if (const int code = StepToEnd(); code != SQLITE_DONE) {
+        FailAfterReset(code);
     }
     Reset();
+}
+
+bool PreparedStatement::RunUnlessBusy() {
+    const int code = StepToEnd();
+    constexpr int kPlainCode = 0xFF;
+    if ((code & kPlainCode) == SQLITE_BUSY) {
+        sqlite3_reset(m_statement);
+        return false;
+    }
+    if (code != SQLITE_DONE) {
+        FailAfterReset(code);
+    }
+    Reset();
+    return true;
 }
 
 void PreparedStatement::Reset() {

@@ -37,6 +37,9 @@ public:
     bool Step();
     /// Steps to the end and makes it ready for new values, also where it fails.
     void Run();
+    /// The same, except that it does nothing, and can be run again with the same values, where the engine
+    /// is busy. False then.
+    bool RunUnlessBusy();
     void Reset();
 
     int ColumnCount() const;
@@ -47,6 +50,8 @@ public:
 
 private:
     void Check(int code);
+    int StepToEnd();
+    [[noreturn]] void FailAfterReset(int code);
 
     sqlite3* m_engine;
     sqlite3_stmt* m_statement = nullptr;

@@ -109,6 +109,7 @@ private:
 
     void LoadKeys();
     std::int64_t CurrentKey();
+    bool CurrentIsAdded() const;
     void ReadRow();
     void InsertRow();
     void ChangeRow();

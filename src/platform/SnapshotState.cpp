@@ -24,6 +24,7 @@ SnapshotState::SnapshotState(
 
 void SnapshotState::RunQuery() {
     m_statement->Reset();
+    Store()->BeginReading();
     m_statement->BindAll(m_literals);
     m_isAtEnd = !m_statement->Step();
     m_isOnFirst = true;

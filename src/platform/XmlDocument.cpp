@@ -1,46 +1,26 @@
 #include "platform/XmlDocument.h"
 
-#include "base/BasicError.h"
 #include "base/modText.h"
+#include "platform/HostError.h"
 #include "platform/XmlTree.h"
 #include "platform/modFiles.h"
+#include "platform/modXmlTransformation.h"
 
+#include <algorithm>
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
 #include <libxml/tree.h>
+#include <libxml/xmlerror.h>
+#include <utility>
 #include <vector>
 
 namespace dorvik {
 
 namespace {
 
-/// The system's codes for a failing disk.
-constexpr std::int32_t SystemCode(std::uint32_t code) {
-    return static_cast<std::int32_t>(code);
-}
-constexpr std::int32_t kUnspecifiedFailure = SystemCode(0x80004005);
-
-struct CodeRow {
-    std::int32_t Number;  // of the run-time error
-    std::int32_t Code;    // of the system
-};
-
-constexpr CodeRow kCodes[] = {
-    {runtimeerror::kFileNotFound, SystemCode(0x80070002)},
-    {runtimeerror::kPathNotFound, SystemCode(0x80070003)},
-    {runtimeerror::kPermissionDenied, SystemCode(0x80070005)},
-    {runtimeerror::kPathFileAccess, SystemCode(0x80070005)},
-    {runtimeerror::kDiskFull, SystemCode(0x80070070)},
-};
-
-XmlError ErrorOf(const BasicError& failure) {
-    for (const CodeRow& row : kCodes) {
-        if (row.Number == failure.Number()) {
-            return {row.Code, failure.what()};
-        }
-    }
-    return {kUnspecifiedFailure, failure.what()};
-}
+constexpr std::string_view kTooLong = "The document is longer than 64 MB.";
+constexpr std::string_view kTooManyAttributes = "An element has more than 10,000 attributes.";
+constexpr std::int32_t kUnspecifiedFailure = static_cast<std::int32_t>(0x80004005);
 
 struct FreeContext {
     void operator()(xmlParserCtxt* context) const {
@@ -57,8 +37,57 @@ void RefuseDocumentType(void* context, const xmlChar*, const xmlChar*, const xml
     xmlStopParser(parser);
 }
 
+std::string OnOneLine(std::string text) {
+    while (text.ends_with('\n')) {
+        text.pop_back();
+    }
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    return text;
+}
+
+/// Listens to the library for as long as it lives, and keeps what made a text unreadable: the first
+/// fatal error, because others only follow from it, or else the first of all. Nothing goes to the
+/// standard error.
+class ErrorRecord {
+public:
+    ErrorRecord() { xmlSetStructuredErrorFunc(this, &Note); }
+    ~ErrorRecord() { xmlSetStructuredErrorFunc(nullptr, nullptr); }
+    ErrorRecord(const ErrorRecord&) = delete;
+    ErrorRecord& operator=(const ErrorRecord&) = delete;
+
+    std::int32_t Code() const { return m_code != 0 ? m_code : kUnspecifiedFailure; }
+    std::string Reason() const {
+        return m_message.empty() ? "The text is not well-formed." : OnOneLine(m_message);
+    }
+    int Line() const { return m_line; }
+
+private:
+    static void Note(void* record, xmlError* error) {
+        auto* self = static_cast<ErrorRecord*>(record);
+        const bool isFatal = error->level == XML_ERR_FATAL;
+        if (error->level < XML_ERR_ERROR || self->m_isFatal || (self->m_code != 0 && !isFatal)) {
+            return;
+        }
+        self->m_isFatal = isFatal;
+        self->m_code = error->code;
+        self->m_line = error->line;
+        self->m_message = error->message == nullptr ? "" : error->message;
+    }
+
+    std::string m_message;
+    std::int32_t m_code = 0;
+    int m_line = 0;
+    bool m_isFatal = false;
+};
+
 std::shared_ptr<XmlTree> EmptyTree() {
     return std::make_shared<XmlTree>(xmlNewDoc(BAD_CAST "1.0"));
+}
+
+/// What stands in there is text as it is, white space too.
+bool IsTextOfAStyleSheet(const xmlNode* element) {
+    return element->ns != nullptr && xmlStrEqual(element->name, BAD_CAST "text") != 0 &&
+           xmlStrEqual(element->ns->href, BAD_CAST "http://www.w3.org/1999/XSL/Transform") != 0;
 }
 
 /// Takes out the text between elements that is nothing but white space.
@@ -70,7 +99,9 @@ void RemoveWhiteSpace(xmlNode* root) {
         for (xmlNode* child = parent->children; child != nullptr;) {
             xmlNode* const next = child->next;
             if (child->type == XML_ELEMENT_NODE) {
-                open.push_back(child);
+                if (!IsTextOfAStyleSheet(child)) {
+                    open.push_back(child);
+                }
             } else if (xmlIsBlankNode(child) != 0) {
                 xmlUnlinkNode(child);
                 xmlFreeNode(child);
@@ -80,19 +111,58 @@ void RemoveWhiteSpace(xmlNode* root) {
     }
 }
 
-XmlError ErrorOf(const xmlParserCtxt& parser, bool documentTypeRefused) {
-    if (documentTypeRefused) {
-        return {XML_ERR_USER_STOP, std::string(XmlDocument::kDocumentTypeRefused)};
+/// UTF-16 shows in its first character, which is "<" in every document without a byte order mark;
+/// the library knows it by itself only where a declaration follows.
+const char* EncodingOf(std::string_view bytes) {
+    constexpr std::string_view kLittleEndian("<\0", 2);
+    constexpr std::string_view kBigEndian("\0<", 2);
+    if (bytes.starts_with(kLittleEndian)) {
+        return "UTF-16LE";
     }
-    const xmlError& last = parser.lastError;
-    std::string reason = last.message == nullptr ? "The text is not well-formed." : last.message;
-    while (reason.ends_with('\n')) {
-        reason.pop_back();
+    return bytes.starts_with(kBigEndian) ? "UTF-16BE" : nullptr;
+}
+
+/// What no attribute can do without: a "=" before a quotation mark, and white space or the zeros of
+/// a wider encoding at most between them.
+std::size_t CountOfAttributes(std::string_view bytes) {
+    std::size_t count = 0;
+    char before = 0;
+    for (const char byte : bytes) {
+        const bool isQuote = byte == '"' || byte == '\'';
+        count += isQuote && before == '=' ? 1 : 0;
+        const bool isSpace = byte == ' ' || byte == '\t' || byte == '\r' || byte == '\n';
+        if (byte != '\0' && !isSpace) {
+            before = byte;
+        }
     }
-    if (last.line > 0) {
-        reason += " (line " + std::to_string(last.line) + ")";
+    return count;
+}
+
+/// Whether an element has more attributes than anybody writes, so many that the library would hang.
+/// Works on the bytes of any encoding, because no value of an attribute holds a "<".
+bool HasTooManyAttributes(std::string_view bytes) {
+    constexpr std::size_t kShortest = 4;  // of a name, "=" and two quotation marks
+    while (!bytes.empty()) {
+        const std::size_t end = std::min(bytes.find('<', 1), bytes.size());
+        if (end > XmlDocument::kMaximumAttributes * kShortest &&
+            CountOfAttributes(bytes.substr(0, end)) > XmlDocument::kMaximumAttributes) {
+            return true;
+        }
+        bytes.remove_prefix(end);
     }
-    return {last.code != 0 ? last.code : kUnspecifiedFailure, reason};
+    return false;
+}
+
+/// " (line 3 of \team\rules.dvk)", or as much of it as is known.
+std::string PlaceText(int line, const std::string& path) {
+    if (line <= 0 && path.empty()) {
+        return {};
+    }
+    std::string text = line > 0 ? "line " + std::to_string(line) : std::string();
+    if (!path.empty()) {
+        text.append(text.empty() ? "" : " of ").append(path);
+    }
+    return " (" + text + ")";
 }
 
 }  // namespace
@@ -106,32 +176,40 @@ XmlDocument::XmlDocument() : m_tree(EmptyTree()) {}
 XmlDocument::~XmlDocument() = default;
 
 bool XmlDocument::Load(std::string_view path) {
+    m_path = path;
     try {
         // The size first: what is too long is not even read.
         if (modFiles::FileSize(path) > static_cast<std::int64_t>(kMaximumSize)) {
-            m_tree = EmptyTree();
-            m_error = {XML_ERR_NO_MEMORY, "The file is too long."};
-            return false;
+            return Refuse(XML_ERR_NO_MEMORY, std::string(kTooLong) + PlaceText(0, m_path));
         }
-        return Parse(modFiles::ReadBytes(path), nullptr);
+        const std::string bytes = modFiles::ReadBytes(path);
+        return Parse(bytes, EncodingOf(bytes));
+    } catch (const HostError& failure) {
+        return Refuse(failure.SystemCode(), failure.what());
     } catch (const BasicError& failure) {
-        m_tree = EmptyTree();
-        m_error = ErrorOf(failure);
-        return false;
+        return Refuse(kUnspecifiedFailure, failure.what());
     }
 }
 
 bool XmlDocument::LoadText(std::string_view text) {
+    m_path.clear();
     return Parse(text, "UTF-8");
 }
 
-bool XmlDocument::Parse(std::string_view bytes, const char* encoding) {
+bool XmlDocument::Refuse(std::int32_t code, std::string reason) {
     m_tree = EmptyTree();
-    m_error = {};
+    m_error = {code, std::move(reason)};
+    return false;
+}
+
+bool XmlDocument::Parse(std::string_view bytes, const char* encoding) {
     if (bytes.size() > kMaximumSize) {
-        m_error = {XML_ERR_NO_MEMORY, "The text is too long."};
-        return false;
+        return Refuse(XML_ERR_NO_MEMORY, std::string(kTooLong) + PlaceText(0, m_path));
     }
+    if (HasTooManyAttributes(bytes)) {
+        return Refuse(XML_ERR_NO_MEMORY, std::string(kTooManyAttributes) + PlaceText(0, m_path));
+    }
+    const ErrorRecord errors;
     const ParserContext parser(xmlNewParserCtxt());
     bool documentTypeRefused = false;
     parser->_private = &documentTypeRefused;
@@ -144,25 +222,35 @@ bool XmlDocument::Parse(std::string_view bytes, const char* encoding) {
         XML_PARSE_NONET | XML_PARSE_NOCDATA | XML_PARSE_NOERROR | XML_PARSE_NOWARNING;
     xmlDoc* document = xmlCtxtReadMemory(
         parser.get(), bytes.data(), static_cast<int>(bytes.size()), nullptr, encoding, kOptions);
-    if (document == nullptr || documentTypeRefused || parser->wellFormed == 0) {
+    if (documentTypeRefused) {
+        // The parser was stopped, but can hand back what it has as if that were all.
         xmlFreeDoc(document);
-        m_error = ErrorOf(*parser, documentTypeRefused);
-        return false;
+        return Refuse(XML_ERR_USER_STOP, std::string(kDocumentTypeRefused) + PlaceText(0, m_path));
+    }
+    if (document == nullptr || parser->wellFormed == 0) {
+        xmlFreeDoc(document);
+        return Refuse(errors.Code(), errors.Reason() + PlaceText(errors.Line(), m_path));
     }
     m_tree = std::make_shared<XmlTree>(document);
+    m_error = {};
     RemoveWhiteSpace(m_tree->Root());
     return true;
 }
 
 bool XmlDocument::Save(std::string_view path) {
+    m_error = {};
     try {
         modFiles::WriteBytesAtomically(path, IndentedText());
-        m_error = {};
-        return true;
+    } catch (const HostError& failure) {
+        m_error = {failure.SystemCode(), failure.what()};
     } catch (const BasicError& failure) {
-        m_error = ErrorOf(failure);
-        return false;
+        m_error = {kUnspecifiedFailure, failure.what()};
     }
+    return m_error.Code == 0;
+}
+
+std::string XmlDocument::Transform(const XmlDocument& styleSheet) {
+    return modXmlTransformation::Transform(*m_tree, *styleSheet.m_tree, m_error);
 }
 
 std::string XmlDocument::IndentedText() const {

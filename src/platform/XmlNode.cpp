@@ -3,6 +3,7 @@
 #include "base/modUtf8.h"
 #include "platform/XmlTree.h"
 
+#include <algorithm>
 #include <libxml/tree.h>
 #include <utility>
 
@@ -65,11 +66,26 @@ bool IsXmlCharacter(char32_t character) {
                              : character == '\t' || character == '\n' || character == '\r';
 }
 
+/// How many ordinary ASCII characters a text begins with.
+std::size_t PlainRun(std::string_view text) {
+    const auto isPlain = [](char c) {
+        return static_cast<unsigned char>(c) - 0x20U < 0x60U;
+    };
+    const auto end = std::find_if_not(text.begin(), text.end(), isPlain);
+    return static_cast<std::size_t>(end - text.begin());
+}
+
 /// The text with a replacement for every character that an XML file cannot hold.
 std::string Storable(std::string_view text) {
     std::string storable;
     storable.reserve(text.size());
     for (std::size_t at = 0; at < text.size();) {
+        const std::size_t plain = PlainRun(text.substr(at));
+        if (plain > 0) {
+            storable += text.substr(at, plain);
+            at += plain;
+            continue;
+        }
         const std::size_t size = modUtf8::CharacterSize(text, at);
         const bool kept = IsXmlCharacter(modUtf8::CodePoint(text, at));
         const std::string_view character = text.substr(at, size);
@@ -94,6 +110,13 @@ std::int32_t XmlNode::Type() const {
 
 std::string XmlNode::BaseName() const {
     return m_node->type == XML_ELEMENT_NODE ? std::string(View(m_node->name)) : std::string();
+}
+
+std::int32_t XmlNode::Line() const {
+    // The library counts in 16 bits and stays at the largest number.
+    constexpr long kUnknown = 65535;
+    const long line = xmlGetLineNo(m_node);
+    return line < 1 || line >= kUnknown ? 0 : static_cast<std::int32_t>(line);
 }
 
 std::string XmlNode::Xml() const {
@@ -167,7 +190,8 @@ void XmlNode::SetAttribute(std::string_view name, std::string_view value) {
 }
 
 XmlNode XmlNode::AddElement(std::string_view name, std::int32_t position) {
-    return {m_tree, m_tree->AddElement(m_node, Child(position).m_node, std::string(name))};
+    _xmlNode* const before = Child(position).m_node;
+    return {m_tree, m_tree->AddElement(m_node, before, std::string(name))};
 }
 
 bool XmlNode::RemoveChild(const XmlNode& child) {

@@ -27,6 +27,8 @@ public:
     std::int32_t Type() const;
     /// The name without its prefix; empty for text.
     std::string BaseName() const;
+    /// The line of the text that the node was read from; 0 where it is not known.
+    std::int32_t Line() const;
     /// The node as XML text, on one line where the values allow it.
     std::string Xml() const;
 

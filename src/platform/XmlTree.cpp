@@ -44,9 +44,16 @@ const std::vector<_xmlNode*>& XmlTree::ChildrenOf(_xmlNode* parent) {
 }
 
 _xmlNode* XmlTree::AddElement(_xmlNode* parent, _xmlNode* before, const std::string& name) {
-    m_children.erase(parent);
     _xmlNode* node = xmlNewDocNode(m_document, nullptr, AsXml(name), nullptr);
-    return before != nullptr ? xmlAddPrevSibling(before, node) : xmlAddChild(parent, node);
+    if (before != nullptr) {
+        m_children.erase(parent);
+        return xmlAddPrevSibling(before, node);
+    }
+    // A child at the end joins the others, so that a long list is not walked for each of them.
+    if (const auto known = m_children.find(parent); known != m_children.end()) {
+        known->second.push_back(node);
+    }
+    return xmlAddChild(parent, node);
 }
 
 void XmlTree::Remove(_xmlNode* node) {

@@ -73,8 +73,11 @@ void CheckReplaceable(const fs::path& host, std::string_view path) {
     if (!fs::exists(status)) {
         return;
     }
-    if (!fs::is_regular_file(status) || ::access(host.c_str(), W_OK) != 0) {
+    if (!fs::is_regular_file(status)) {
         RaiseHostError(EISDIR, host, path);
+    }
+    if (::access(host.c_str(), W_OK) != 0) {
+        RaiseHostError(errno == EROFS ? EROFS : EISDIR, host, path);
     }
 }
 
@@ -204,6 +207,22 @@ void CreateFolder(std::string_view path) {
     }
     if (!created) {
         RaiseHostError(EEXIST, host, path);
+    }
+}
+
+std::string CreatePrivateFolder(std::string_view parent, std::string_view prefix) {
+    const fs::path folder = PossibleHostPath(parent);
+    std::string name = (folder / prefix).string() + "XXXXXX";
+    if (mkdtemp(name.data()) == nullptr) {
+        RaiseHostError(errno == ENOENT ? ENOTDIR : errno, folder, parent);
+    }
+    return FromHostPath(name) + "\\";
+}
+
+void DeleteFolder(std::string_view path) {
+    const fs::path host = PossibleHostPath(path);
+    if (::rmdir(host.c_str()) != 0) {
+        RaiseHostError(errno == ENOENT ? ENOTDIR : errno, host, path);
     }
 }
 

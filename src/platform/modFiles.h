@@ -48,6 +48,11 @@ std::vector<FolderEntry> FolderEntries(std::string_view folder, int codePage = k
 void DeleteFile(std::string_view path);
 /// Creates one folder; the folder above it must exist.
 void CreateFolder(std::string_view path);
+/// Creates a folder below `parent` that no other program can read and whose name, `prefix` and
+/// something behind it, nobody has. Its path ends in a backslash.
+std::string CreatePrivateFolder(std::string_view parent, std::string_view prefix);
+/// Deletes a folder that is empty.
+void DeleteFolder(std::string_view path);
 /// Copies a file over whatever file is there. The copy can be written to, even if the original cannot.
 void CopyFile(std::string_view from, std::string_view to);
 

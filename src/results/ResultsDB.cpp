@@ -14,7 +14,6 @@ namespace dorvik {
 
 namespace {
 
-constexpr std::string_view kSchemaVersion = "6.02.0000";
 constexpr std::int32_t kLastTolerance = 6;
 
 void SetConventions(Recordset& rows, const RulebaseLoadCriteria& criteria) {
@@ -210,7 +209,23 @@ void ResultsDB::EndReview(std::int32_t ruleExecutions) {
         rows.SetValue("End", modDateText::DatabaseStamp(modHost::Now()));
         rows.SetValue("RuleExecutions", ruleExecutions);
         rows.Update();
+        rows.Close();
+        AddIndexes();
     });
+}
+
+/// Made at the end in one go they cost little, while kept up to date they would slow every row down. The
+/// first one holds all that a filtered count needs, and keeps the violations of an item in their order of
+/// raising.
+void ResultsDB::AddIndexes() {
+    m_database.EnsureIndex(
+        "ViolationsByItem",
+        "Violations",
+        {"ItemID", "ItemType", "ViolationID", "CategoryID", "Severity", "RuleType", "Impact"});
+    m_database.EnsureIndex("ViolationsByCategory", "Violations", {"CategoryID", "Severity"});
+    m_database.EnsureIndex("ViolationStatsByItem", "ViolationStats", {"ItemID", "ItemType"});
+    m_database.EnsureIndex("LineCountStatsByItem", "LineCountStats", {"ItemID", "ItemType"});
+    m_database.AnalyseIndexes();
 }
 
 void ResultsDB::AbortReview() {

@@ -43,6 +43,8 @@ class ResultsDB {
 public:
     /// Module of the log lines.
     static constexpr std::string_view kModule = "C_ResultsDB";
+    /// The only version of a database that is opened.
+    static constexpr std::string_view kSchemaVersion = "6.02.0000";
 
     /// What the lists of files and procedures are sorted by.
     static constexpr std::int32_t kSortByName = 1;
@@ -214,6 +216,7 @@ private:
     void WriteReview(const Rulebase& rulebase, const ReviewCriteria& criteria);
     void WriteCategoryList(const Rulebase& rulebase, const ReviewCriteria& criteria);
     void WriteSeverityList(const Rulebase& rulebase, const ReviewCriteria& criteria);
+    void AddIndexes();
     std::int32_t SetupProject(VirtualObject& object);
     std::int32_t SetupSourceFile(VirtualObject& object);
     std::int32_t SetupProcedure(VirtualObject& object);

@@ -22,25 +22,6 @@ bool IsAboveZero(const Variant& value) {
     return !value.IsEmpty() && value.AsLong() > 0;
 }
 
-/// Below 0, 0 or above 0 as `left` comes before, beside or behind `right`.
-int Compare(std::int32_t left, std::int32_t right) {
-    return static_cast<int>(left > right) - static_cast<int>(left < right);
-}
-
-int CompareByKey(
-    const BasicObject& left, const BasicObject& right, std::int32_t key, bool byFilename) {
-    switch (key) {
-        case ResultsDB::kSortByName:
-            return byFilename ? modTextCase::Compare(left.Filename, right.Filename)
-                              : modTextCase::Compare(left.Name, right.Name);
-        case ResultsDB::kSortByCount: return Compare(left.ViolationCount, right.ViolationCount);
-        case ResultsDB::kSortByImpact: return Compare(left.ViolationImpact, right.ViolationImpact);
-        case ResultsDB::kSortByComplexity:
-            return Compare(left.CyclomaticComplexity, right.CyclomaticComplexity);
-        default: return 0;
-    }
-}
-
 }  // namespace
 
 BasicObject ResultsDB::GetProjectDetails(bool ignoreFilter) {
@@ -185,7 +166,7 @@ BasicObject ResultsDB::GetProcedureDetails(std::int32_t procId) {
     return procedure;
 }
 
-// ---- figures and order of a list ----
+// ---- lines ----
 
 /// The ratio has the code lines alone as its base.
 void ResultsDB::GetObjectLineStats(Item item, BasicObject& object) {
@@ -204,36 +185,6 @@ void ResultsDB::GetObjectLineStats(Item item, BasicObject& object) {
         object.CodeCommentRatio =
             code > 0 ? static_cast<float>(comments) / static_cast<float>(code) * kPercent : 0;
     });
-}
-
-Variant ResultsDB::GetObjectStatValue(const BasicObject& object, std::int32_t itemType) const {
-    std::int32_t key = 0;
-    if (itemType == kFileItem) {
-        key = m_fileSortKey;
-    } else if (itemType == kProcedureItem) {
-        key = m_procSortKey;
-    }
-    switch (key) {
-        case kSortByName:
-        case kSortByCount: return object.ViolationCount;
-        case kSortByImpact: return object.ViolationImpact;
-        default: return {};
-    }
-}
-
-// Required: a selection sort, which tells in what order items of equal keys end up.
-void ResultsDB::SortBasicObjectList(
-    std::vector<BasicObject>& list, std::int32_t key, bool ascending, bool byFilename) {
-    for (std::size_t place = 0; place + 1 < list.size(); ++place) {
-        std::size_t best = place;
-        for (std::size_t other = place + 1; other < list.size(); ++other) {
-            const int order = CompareByKey(list[other], list[best], key, byFilename);
-            if (ascending ? order < 0 : order > 0) {
-                best = other;
-            }
-        }
-        std::swap(list[place], list[best]);
-    }
 }
 
 // ---- single fields ----

@@ -9,8 +9,8 @@ struct ViolationSourceLocation {
     std::string Project;
     std::string File;  // empty for a violation of the project itself
 
-    friend bool operator==(
-        const ViolationSourceLocation&, const ViolationSourceLocation&) = default;
+    friend bool
+    operator==(const ViolationSourceLocation&, const ViolationSourceLocation&) = default;
 };
 
 }  // namespace dorvik

@@ -13,8 +13,8 @@ namespace dorvik::modViolationListSql {
 enum class Scope : int {
     All,          // of the whole database; the ID plays no part
     ProjectFile,  // of the project file, by its SourceID
-    SourceFile,   // of the sections and procedures of a file, by its SourceID, not of the file itself
-    Procedure,    // of a procedure or section, by its ProcID
+    SourceFile,  // of the sections and procedures of a file, by its SourceID, not of the file itself
+    Procedure,   // of a procedure or section, by its ProcID
 };
 
 /// `filter` is a clause as of `ResultsDB::FilterString`, or empty.

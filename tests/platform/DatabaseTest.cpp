@@ -1,15 +1,8 @@
 #include "platform/Database.h"
 
-#include "base/BasicError.h"
-#include "platform/modFiles.h"
-#include "support/TemporaryFolder.h"
+#include "platform/DatabaseFixture.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <sqlite3.h>
-
-#include <filesystem>
-#include <functional>
+#include <algorithm>
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -17,63 +10,9 @@
 namespace dorvik {
 namespace {
 
-std::int32_t ErrorNumberOf(const std::function<void()>& body) {
-    try {
-        body();
-    } catch (const BasicError& error) {
-        return error.Number();
-    }
-    return 0;
-}
+using test::ErrorNumberOf;
 
-/// A small database of the kinds of column that a results database has, opened.
-class DatabaseTest : public testing::Test {
-protected:
-    void SetUp() override {
-        Run("CREATE TABLE Items (ItemID INTEGER PRIMARY KEY, Name TEXT COLLATE NOCASE, Size LONG,"
-            " Done YESNO NOT NULL DEFAULT 0, [End] TEXT COLLATE NOCASE);"
-            "CREATE TABLE Parts (PartID INTEGER PRIMARY KEY, ItemID LONG, Weight LONG);");
-        m_database.Open(m_path);
-    }
-
-    /// Runs plain statements on the file through the engine itself.
-    void Run(const std::string& sql) const {
-        sqlite3* engine = nullptr;
-        ASSERT_EQ(sqlite3_open(modFiles::HostPath(m_path).c_str(), &engine), SQLITE_OK);
-        EXPECT_EQ(sqlite3_exec(engine, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK)
-            << sqlite3_errmsg(engine);
-        sqlite3_close(engine);
-    }
-
-    void Add(std::string_view name, std::int32_t size) {
-        auto rows = m_database.OpenRecordset("SELECT * FROM Items WHERE ItemID = 0");
-        rows.AddNew();
-        rows.SetValue("Name", name);
-        rows.SetValue("Size", size);
-        rows.Update();
-    }
-
-    std::vector<std::string> Texts(std::string_view sql) {
-        std::vector<std::string> result;
-        for (auto rows = m_database.OpenRecordset(sql, RecordsetType::Snapshot); !rows.EOF_();
-             rows.MoveNext()) {
-            result.push_back(rows.Value(0).AsText());
-        }
-        return result;
-    }
-
-    std::vector<std::string> FilesInFolder() const {
-        std::vector<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(m_folder.HostPath())) {
-            names.push_back(entry.path().filename().string());
-        }
-        return names;
-    }
-
-    test::TemporaryFolder m_folder;
-    std::string m_path = m_folder.Path() + "Test.mdb";
-    Database m_database;
-};
+class DatabaseTest : public test::DatabaseFixture {};
 
 // ---- opening and closing ----
 
@@ -99,6 +38,34 @@ TEST_F(DatabaseTest, ADatabaseThatIsOnlyReadIsNotChanged) {
     EXPECT_THAT(FilesInFolder(), testing::ElementsAre("Test.mdb"));
     m_database.Close();
     EXPECT_EQ(modFiles::ReadBytes(m_path), before);
+}
+
+TEST_F(DatabaseTest, ADatabaseOpenedUntouchedShowsWhatTheFileItselfHoldsAndChangesNothing) {
+    Add("a", 1);
+    m_database.Close();
+    m_database.Open(m_path);
+    Add("b", 2);  // stands in the log beside the file
+    const std::string before = modFiles::ReadBytes(m_path);
+    Database other;
+    other.OpenUntouched(m_path);
+    auto rows = other.OpenRecordset("SELECT Name FROM Items", RecordsetType::Snapshot);
+    EXPECT_EQ(rows.Value(0).AsText(), "a");
+    rows.MoveNext();
+    EXPECT_TRUE(rows.EOF_());
+    other.Close();
+    EXPECT_EQ(modFiles::ReadBytes(m_path), before);
+}
+
+TEST_F(DatabaseTest, OpenUntouchedTakesAnyNameAFileCanHave) {
+    const std::string odd = m_folder.Path() + "100% odd?name#1;x=\"y\".mdb";
+    m_database.Close();
+    modFiles::CopyFile(m_path, odd);
+    Database other;
+    other.OpenUntouched(odd);
+    EXPECT_TRUE(other.OpenRecordset("SELECT Name FROM Items", RecordsetType::Snapshot).EOF_());
+    EXPECT_EQ(
+        ErrorNumberOf([&] { other.OpenUntouched(m_folder.Path() + "None.mdb"); }),
+        databaseerror::kFileNotFound);
 }
 
 TEST_F(DatabaseTest, AfterClosingItIsOneFileAgain) {
@@ -165,7 +132,83 @@ TEST_F(DatabaseTest, AWriteThatAnotherConnectionKeepsOutIsToldAsLocked) {
     EXPECT_THAT(Texts("SELECT Name FROM Items"), testing::ElementsAre("a", "c"));
 }
 
-// ---- deleting ----
+// A write that follows another one at once stands on the state that this left.
+TEST_F(DatabaseTest, WritersThatTakeTurnsLoseNothing) {
+    Database other;
+    other.Open(m_path);
+    const auto addTo = [](Database& database, std::string_view name) {
+        auto rows = database.OpenRecordset("SELECT * FROM Items WHERE ItemID = 0");
+        rows.AddNew();
+        rows.SetValue("Name", name);
+        rows.Update();
+    };
+    for (int turn = 0; turn < 3; ++turn) {
+        for (Database* const database : {&m_database, &other}) {
+            addTo(*database, "a");
+            addTo(*database, "b");
+            addTo(*database, "c");
+        }
+    }
+    EXPECT_THAT(Texts("SELECT Count(ItemID) FROM Items"), testing::ElementsAre("18"));
+}
+
+TEST_F(DatabaseTest, ReadingAfterWritingSeesWhatOthersWrote) {
+    Add("a", 1);
+    Add("b", 2);
+    Add("c", 3);
+    Run("UPDATE Items SET Size = 30 WHERE Name = 'c'");
+    EXPECT_THAT(Texts("SELECT Size FROM Items WHERE ItemID = 3"), testing::ElementsAre("30"));
+    Add("d", 4);
+    Add("e", 5);
+    Run("DELETE FROM Items WHERE ItemID = 1");
+    auto rows = m_database.OpenRecordset("SELECT * FROM Items");
+    EXPECT_EQ(rows.Value("Name").AsText(), "b");
+}
+
+TEST_F(DatabaseTest, TheLogDoesNotGrowWithTheRows) {
+    std::uintmax_t largest = 0;
+    const auto log = modFiles::HostPath(m_path + "-wal");
+    for (int i = 0; i < 6000; ++i) {
+        Add("row", i);
+        largest = std::max(largest, std::filesystem::file_size(log));
+    }
+    EXPECT_LT(largest, 6U * 1024 * 1024);  // a thousand pages of 4 KB and a little
+}
+
+TEST_F(DatabaseTest, AnIndexChangesNothingButSpeed) {
+    Add("b", 2);
+    Add("a", 1);
+    Add("c", 2);
+    m_database.EnsureIndex("ItemsBySize", "Items", {"Size", "Done"});
+    m_database.EnsureIndex("ItemsBySize", "Items", {"Size", "Done"});  // there already
+    m_database.AnalyseIndexes();
+    EXPECT_THAT(Texts("SELECT Name FROM Items WHERE Size = 2"), testing::ElementsAre("b", "c"));
+    Add("d", 2);
+    EXPECT_THAT(
+        Texts("SELECT Name FROM Items WHERE Size = 2"), testing::ElementsAre("b", "c", "d"));
+    EXPECT_EQ(
+        ErrorNumberOf([&] { m_database.EnsureIndex("Wrong", "Items", {"Nothing"}); }),
+        databaseerror::kUnknownName);
+}
+
+// ---- copying and deleting ----
+
+TEST_F(DatabaseTest, ACopyIsAWholeDatabase) {
+    Add("a", 1);
+    m_database.Close();
+    const std::string copy = m_folder.Path("Copy.mdb");
+    Database::CopyFile(m_path, copy);
+    m_database.Open(copy);
+    EXPECT_THAT(Texts("SELECT Name FROM Items"), testing::ElementsAre("a"));
+    EXPECT_THAT(FilesInFolder(), testing::UnorderedElementsAre("Copy.mdb", "Test.mdb"));
+}
+
+TEST_F(DatabaseTest, ACopyThatWasNotFinishedGoesWithTheFile) {
+    m_database.Close();
+    m_folder.Write("Test.mdb-new", "x");
+    Database::DeleteFile(m_path);
+    EXPECT_THAT(FilesInFolder(), testing::IsEmpty());
+}
 
 TEST_F(DatabaseTest, AnOpenDatabaseCannotBeDeleted) {
     EXPECT_EQ(
@@ -210,262 +253,6 @@ TEST_F(DatabaseTest, DeletingTakesTheCompanionsAlong) {
     Database::DeleteFile(m_path);
     EXPECT_THAT(FilesInFolder(), testing::IsEmpty());
     Database::DeleteFile(m_path);  // nothing there is no failure
-}
-
-// ---- dynasets ----
-
-TEST_F(DatabaseTest, MoveFirstOnAnEmptySetGoesToTheRowJustAdded) {
-    Add("earlier", 1);
-    auto rows = m_database.OpenRecordset("SELECT * FROM Items WHERE ItemID = 0");
-    rows.AddNew();
-    rows.SetValue("Name", "new");
-    rows.SetValue("Done", true);
-    rows.Update();
-    rows.MoveFirst();
-    EXPECT_EQ(rows.Value("ItemID"), Variant(2));
-    EXPECT_EQ(rows.Value("name"), Variant("new"));
-    EXPECT_EQ(rows.Value("Done"), Variant(true));
-    EXPECT_TRUE(rows.Value("Size").IsEmpty());
-    rows.MoveNext();
-    EXPECT_TRUE(rows.EOF_());
-    EXPECT_FALSE(rows.BOF());
-}
-
-TEST_F(DatabaseTest, AddedRowsStandOnceBehindThoseOfTheQuery) {
-    Add("b", 1);
-    Add("a", 2);
-    auto rows = m_database.OpenRecordset("SELECT * FROM Items ORDER BY Name");
-    rows.AddNew();
-    rows.SetValue("Name", "aa");
-    rows.Update();
-    std::vector<std::string> names;
-    for (rows.MoveFirst(); !rows.EOF_(); rows.MoveNext()) {
-        names.push_back(rows.Value("Name").AsText());
-    }
-    EXPECT_THAT(names, testing::ElementsAre("a", "b", "aa"));
-}
-
-TEST_F(DatabaseTest, AddingLeavesTheCurrentRowWhereItWas) {
-    Add("a", 1);
-    auto rows = m_database.OpenRecordset("SELECT * FROM Items");
-    EXPECT_EQ(rows.Value("Name").AsText(), "a");
-    rows.AddNew();
-    rows.SetValue("Name", "b");
-    rows.Update();
-    EXPECT_EQ(rows.Value("Name").AsText(), "a");
-}
-
-TEST_F(DatabaseTest, EditWritesOnlyTheFieldsSet) {
-    Add("a", 1);
-    Add("b", 2);
-    auto rows = m_database.OpenRecordset("SELECT Size, [End] FROM Items WHERE ItemID = 2");
-    ASSERT_FALSE(rows.EOF_());
-    rows.Edit();
-    rows.SetValue("End", "later");
-    EXPECT_EQ(rows.Value("End").AsText(), "later");
-    rows.Update();
-    EXPECT_EQ(rows.Value("End").AsText(), "later");
-    EXPECT_EQ(rows.Value("Size"), Variant(2));
-    EXPECT_THAT(Texts("SELECT [End] FROM Items"), testing::ElementsAre("", "later"));
-}
-
-TEST_F(DatabaseTest, ANewRowThatWasNotWrittenIsDropped) {
-    {
-        auto rows = m_database.OpenRecordset("SELECT * FROM Items");
-        rows.AddNew();
-        rows.SetValue("Name", "a");
-    }
-    EXPECT_THAT(Texts("SELECT Name FROM Items"), testing::IsEmpty());
-}
-
-TEST_F(DatabaseTest, ARowWithoutFieldsTakesTheDefaults) {
-    auto rows = m_database.OpenRecordset("SELECT * FROM Items");
-    rows.AddNew();
-    rows.Update();
-    rows.MoveFirst();
-    EXPECT_TRUE(rows.Value("Name").IsEmpty());
-    EXPECT_EQ(rows.Value("Done"), Variant(false));
-}
-
-TEST_F(DatabaseTest, BooleansAreStoredAsMinusOneAndZero) {
-    auto rows = m_database.OpenRecordset("SELECT * FROM Items");
-    for (const bool flag : {true, false}) {
-        rows.AddNew();
-        rows.SetValue("Done", flag);
-        rows.SetValue("Size", flag);
-        rows.Update();
-    }
-    rows.AddNew();
-    rows.SetValue("Done", "True");  // a property can hold it as a text
-    rows.Update();
-    EXPECT_THAT(Texts("SELECT Size FROM Items"), testing::ElementsAre("-1", "0", ""));
-    EXPECT_THAT(Texts("SELECT Done & '' FROM Items"), testing::ElementsAre("-1", "0", "-1"));
-    EXPECT_THAT(
-        Texts("SELECT ItemID FROM Items WHERE Done = True"), testing::ElementsAre("1", "3"));
-    EXPECT_THAT(Texts("SELECT ItemID FROM Items WHERE Done = False"), testing::ElementsAre("2"));
-}
-
-TEST_F(DatabaseTest, WrongUseIsANumberedError) {
-    auto rows = m_database.OpenRecordset("SELECT Name FROM Items");
-    EXPECT_EQ(ErrorNumberOf([&] { rows.MoveFirst(); }), databaseerror::kNoCurrentRecord);
-    EXPECT_EQ(ErrorNumberOf([&] { rows.MoveNext(); }), databaseerror::kNoCurrentRecord);
-    EXPECT_EQ(ErrorNumberOf([&] { rows.Edit(); }), databaseerror::kNoCurrentRecord);
-    EXPECT_EQ(ErrorNumberOf([&] { rows.Value("Name"); }), databaseerror::kNoCurrentRecord);
-    EXPECT_EQ(ErrorNumberOf([&] { rows.Update(); }), databaseerror::kUpdateWithoutEdit);
-    EXPECT_EQ(
-        ErrorNumberOf([&] { rows.SetValue("Name", "a"); }), databaseerror::kUpdateWithoutEdit);
-    EXPECT_EQ(ErrorNumberOf([&] { rows.Value("Size"); }), databaseerror::kUnknownField);
-    EXPECT_EQ(ErrorNumberOf([&] { rows.Value(1); }), databaseerror::kUnknownField);
-    rows.Close();
-    EXPECT_EQ(ErrorNumberOf([&] { rows.EOF_(); }), databaseerror::kObjectInvalid);
-}
-
-TEST_F(DatabaseTest, UnknownTablesAndColumnsFailOnOpening) {
-    for (const auto type : {RecordsetType::Dynaset, RecordsetType::Snapshot}) {
-        for (const std::string_view sql :
-             {"SELECT * FROM Nothing",
-              "SELECT Nothing FROM Items",
-              "SELECT * FROM Items WHERE Nothing = 1"}) {
-            EXPECT_EQ(
-                ErrorNumberOf([&] { m_database.OpenRecordset(sql, type); }),
-                databaseerror::kUnknownName)
-                << sql;
-        }
-    }
-}
-
-TEST_F(DatabaseTest, AJoinCannotBeOpenedForEditing) {
-    EXPECT_EQ(
-        ErrorNumberOf([&] {
-            m_database.OpenRecordset(
-                "SELECT Items.Name FROM Items INNER JOIN Parts ON Items.ItemID = Parts.ItemID");
-        }),
-        databaseerror::kReadOnly);
-}
-
-TEST_F(DatabaseTest, TextsOfAnyLengthAndKindComeBackAsTheyWere) {
-    const std::string text =
-        std::string(20000, 'x') + "'\"[End] \xC3\xA4\xE6\xBC\xA2" + std::string("\0y", 2);
-    Add(text, 1);
-    EXPECT_THAT(Texts("SELECT Name FROM Items"), testing::ElementsAre(text));
-}
-
-// ---- snapshots and statements ----
-
-TEST_F(DatabaseTest, ASnapshotCannotBeWritten) {
-    Add("a", 1);
-    auto rows = m_database.OpenRecordset("SELECT * FROM Items", RecordsetType::Snapshot);
-    EXPECT_EQ(ErrorNumberOf([&] { rows.AddNew(); }), databaseerror::kReadOnly);
-    EXPECT_EQ(ErrorNumberOf([&] { rows.Edit(); }), databaseerror::kReadOnly);
-}
-
-TEST_F(DatabaseTest, ASnapshotCanBeReadAgainFromTheFirstRow) {
-    Add("a", 1);
-    Add("b", 2);
-    auto rows = m_database.OpenRecordset("SELECT * FROM Items", RecordsetType::Snapshot);
-    rows.MoveNext();
-    rows.MoveNext();
-    EXPECT_TRUE(rows.EOF_());
-    EXPECT_EQ(ErrorNumberOf([&] { rows.Value("Name"); }), databaseerror::kNoCurrentRecord);
-    rows.MoveFirst();
-    EXPECT_EQ(rows.Value("Name").AsText(), "a");
-}
-
-TEST_F(DatabaseTest, TwoRecordsetsOfOneTextDoNotDisturbEachOther) {
-    Add("a", 1);
-    Add("b", 2);
-    auto outer = m_database.OpenRecordset("SELECT * FROM Items", RecordsetType::Snapshot);
-    auto inner = m_database.OpenRecordset("SELECT * FROM Items", RecordsetType::Snapshot);
-    inner.MoveNext();
-    EXPECT_EQ(outer.Value("Name").AsText(), "a");
-    EXPECT_EQ(inner.Value("Name").AsText(), "b");
-}
-
-TEST_F(DatabaseTest, WritingGoesOnWhileASnapshotIsOpen) {
-    Run("INSERT INTO Items (Name) VALUES ('a'), ('b')");
-    auto rows = m_database.OpenRecordset("SELECT * FROM Items", RecordsetType::Snapshot);
-    Add("c", 3);
-    EXPECT_EQ(rows.Value("Name").AsText(), "a");
-    rows.Close();
-    EXPECT_THAT(Texts("SELECT Count(ItemID) FROM Items"), testing::ElementsAre("3"));
-}
-
-TEST_F(DatabaseTest, ExecuteUpdatesTheRowsThatMatch) {
-    Add("a", 1);
-    Add("b", 2);
-    m_database.Execute("UPDATE Items Set Size = 7, Name = 'x' WHERE ItemID = 2");
-    EXPECT_THAT(Texts("SELECT Size FROM Items"), testing::ElementsAre("1", "7"));
-    EXPECT_EQ(
-        ErrorNumberOf([&] { m_database.Execute("SELECT * FROM Items"); }), databaseerror::kSyntax);
-}
-
-TEST_F(DatabaseTest, TextsCompareAndSortWithoutRegardToCase) {
-    Add("\xC3\x84rger", 1);  // A with two dots
-    Add("zebra", 2);
-    Add("Apfel", 3);
-    EXPECT_THAT(
-        Texts("SELECT Size FROM Items WHERE Name = '\xC3\xA4RGER'"), testing::ElementsAre("1"));
-    EXPECT_THAT(Texts("SELECT Size FROM Items ORDER BY Name"), testing::ElementsAre("3", "2", "1"));
-}
-
-TEST_F(DatabaseTest, NothingCountsAsAnEmptyTextWhenTextsAreJoined) {
-    Add("a", 1);
-    EXPECT_THAT(Texts("SELECT Name & '_' & [End] & Size FROM Items"), testing::ElementsAre("a_1"));
-}
-
-TEST_F(DatabaseTest, ASumOverNoRowsIsEmptyAndALargeOneIsADouble) {
-    auto none =
-        m_database.OpenRecordset("SELECT Sum(Size) AS S FROM Items", RecordsetType::Snapshot);
-    EXPECT_TRUE(none.Value("S").IsEmpty());
-    none.Close();
-    Add("a", 2000000000);
-    Add("b", 2000000000);
-    auto large =
-        m_database.OpenRecordset("SELECT Sum(Size) AS S FROM Items", RecordsetType::Snapshot);
-    EXPECT_EQ(large.Value("S"), Variant(4000000000.0));
-}
-
-TEST_F(DatabaseTest, JoinsInBracketsSubQueriesAndUnionsRun) {
-    Add("a", 1);
-    Add("b", 2);
-    Run("INSERT INTO Parts (ItemID, Weight) VALUES (1, 10), (2, 20), (2, 30)");
-    EXPECT_THAT(
-        Texts("SELECT Parts.ItemID & '_' & Parts.Weight As X, Parts.* FROM (Items INNER JOIN Parts "
-              "ON "
-              "Items.ItemID = Parts.ItemID)  INNER JOIN Items AS I2 ON I2.ItemID = Parts.ItemID "
-              "WHERE "
-              "(Items.ItemID = 2 AND Parts.Weight > 20)"),
-        testing::ElementsAre("2_30"));
-    EXPECT_THAT(
-        Texts(
-            "SELECT Count(Parts.PartID) AS N FROM (SELECT Parts.PartID, Parts.Weight FROM Items "
-            "INNER "
-            "JOIN Parts ON Items.ItemID = Parts.ItemID WHERE Items.ItemID = 2) WHERE Weight = 20"),
-        testing::ElementsAre("1"));
-    EXPECT_THAT(
-        Texts("SELECT Name As X FROM Items UNION SELECT Weight & '' FROM Parts"),
-        testing::UnorderedElementsAre("a", "b", "10", "20", "30"));
-}
-
-TEST_F(DatabaseTest, AQuoteInATextFailsAndCostsOnlyThatStatement) {
-    EXPECT_EQ(
-        ErrorNumberOf(
-            [&] { m_database.OpenRecordset("SELECT * FROM Items WHERE Name = 'O'Brien'"); }),
-        databaseerror::kSyntax);
-    Add("O'Brien", 1);
-    EXPECT_THAT(Texts("SELECT Name FROM Items"), testing::ElementsAre("O'Brien"));
-}
-
-TEST_F(DatabaseTest, MoreShapesThanAreKeptStillWork) {
-    Add("a", 1);
-    auto kept = m_database.OpenRecordset("SELECT * FROM Items", RecordsetType::Snapshot);
-    for (int i = 0; i < 1000; ++i) {
-        const std::string name = "N" + std::to_string(i);
-        auto rows = m_database.OpenRecordset(
-            "SELECT Size AS " + name + " FROM Items", RecordsetType::Snapshot);
-        EXPECT_EQ(rows.Value(name), Variant(1));
-    }
-    EXPECT_EQ(kept.Value("Name").AsText(), "a");
 }
 
 }  // namespace

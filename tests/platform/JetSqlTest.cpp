@@ -73,7 +73,20 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(JetSql, AndBehindOrderByBelongsToTheLastSortExpression) {
     EXPECT_EQ(
         Translated("SELECT * FROM V WHERE A = 1 ORDER BY Severity, Impact AND  RuleType <> 1").Sql,
-        "SELECT * FROM [V] WHERE [A] = ? ORDER BY [Severity], (-([Impact] AND [RuleType] <> ?))");
+        "SELECT * FROM [V] WHERE [A] = ? ORDER BY [Severity], "
+        "JetAnd([Impact], (-([RuleType] <> ?)))");
+}
+
+TEST(JetSql, LogicalOperatorsWorkBitByBitWhereAnOperandIsANumber) {
+    EXPECT_EQ(
+        Translated("SELECT A FROM T WHERE A = 1 AND B = 2 OR C = 3").Sql,
+        "SELECT [A] AS [A] FROM [T] WHERE [A] = ? AND [B] = ? OR [C] = ?");
+    EXPECT_EQ(
+        Translated("SELECT A FROM T WHERE Done AND B = 2").Sql,
+        "SELECT [A] AS [A] FROM [T] WHERE JetAnd([Done], (-([B] = ?)))");
+    EXPECT_EQ(
+        Translated("SELECT A OR 4 AS X FROM T WHERE NOT Done").Sql,
+        "SELECT JetOr([A], ?) AS [X] FROM [T] WHERE ~([Done])");
 }
 
 TEST(JetSql, AComparisonAsAValueCountsMinusOneForTrue) {

@@ -5,6 +5,7 @@
 #include "platform/ScopedInstall.h"
 #include "platform/modFiles.h"
 #include "results/ResultsDB.h"
+#include "results/modTolerances.h"
 #include "rulebase/Rulebase.h"
 #include "settings/DVKWorkData.h"
 #include "source/VirtualObject.h"

@@ -1,17 +1,32 @@
 // What is read back from a review; the texts themselves are in ResultsSqlTest.cpp.
 
-#include "results/ResultsDBFixture.h"
+#include "results/FilledResultsFixture.h"
 
 namespace dorvik {
 namespace {
 
-class ResultsDBQueries : public test::ResultsDBFixture {};
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class ResultsDBQueries : public test::FilledResultsFixture {
+protected:
+    static std::vector<std::string> Names(const std::vector<BasicObject>& list) {
+        std::vector<std::string> names;
+        for (const BasicObject& object : list) {
+            names.push_back(object.Name);
+        }
+        return names;
+    }
+
+    /// A reader on the same file with settings of its own.
+    DVKWorkData m_settings;
+};
+
+class EmptyResultsDB : public test::ResultsDBFixture {};
+
+// ---- opening ----
 
 TEST_F(ResultsDBQueries, OpenReviewKeepsBothKeys) {
-    Start();
-    SetUpProject();
-    m_results.EndReview(1);
-    m_results.CloseReview();
     ResultsDB reader;
     EXPECT_TRUE(reader.OpenReview(m_path));
     EXPECT_TRUE(reader.ReviewOpen());
@@ -21,44 +36,446 @@ TEST_F(ResultsDBQueries, OpenReviewKeepsBothKeys) {
     EXPECT_FALSE(reader.ReviewOpen());
 }
 
-TEST_F(ResultsDBQueries, ADatabaseWithoutAReviewDoesNotOpen) {
+TEST_F(EmptyResultsDB, ADatabaseWithoutAReviewDoesNotOpen) {
     EXPECT_FALSE(m_results.OpenReview(m_path));
     EXPECT_FALSE(m_results.ReviewOpen());
     Database::DeleteFile(m_path);  // it was closed again
 }
 
-TEST_F(ResultsDBQueries, ADatabaseOfAnotherVersionDoesNotOpen) {
-    Start();
+TEST_F(ResultsDBQueries, ADatabaseOfAnyOtherVersionDoesNotOpen) {
     m_results.CloseReview();
-    Database database;
-    database.Open(m_path);
-    database.Execute("UPDATE SystemInfo SET Version = '6.02.0001'");
-    database.Close();
-    EXPECT_FALSE(m_results.OpenReview(m_path));
+    for (const std::string_view version : {"6.02.0001", "6.01.0000", "6.2", ""}) {
+        Database database;
+        database.Open(m_path);
+        database.Execute("UPDATE SystemInfo SET Version = '" + std::string(version) + "'");
+        database.Close();
+        EXPECT_FALSE(m_results.OpenReview(m_path)) << version;
+    }
+}
+
+TEST_F(ResultsDBQueries, QueriesWithoutAnOpenReviewAreLoggedAndAnswerWithNothing) {
+    m_results.CloseReview();
+    EXPECT_THAT(m_results.GetProjectSourceFileList(true, false), IsEmpty());
+    EXPECT_TRUE(m_log.Contains("#C_ResultsDB::GetProjectSourceFileList"));
+    EXPECT_EQ(m_results.GetProjectViolationStats(1, true), ViolationTally());
+    EXPECT_TRUE(m_log.Contains("#C_ResultsDB::GetProjectViolationStats"));
+    EXPECT_FALSE(m_results.GetSourceFileValueList());
+    EXPECT_EQ(m_results.GetSourceFileViolationsList(2).Count(), 0);
+    EXPECT_EQ(m_results.GetProjectData("Name"), "");
+    EXPECT_TRUE(m_results.GetReviewData().Start.IsZero());
+    EXPECT_FALSE(m_results.SourceFileHasProcs(2, false));
+}
+
+// ---- the review ----
+
+TEST_F(ResultsDBQueries, TheReviewTellsOfItself) {
+    const ReviewData data = m_results.GetReviewData();
+    EXPECT_EQ(data.RulebaseTitle, "House rules");
+    EXPECT_EQ(data.RulebaseVersion, "1.0.0");
+    EXPECT_EQ(data.Reviewer, "ann");
+    EXPECT_EQ(data.Start, (DateTime{2026, 11, 21, 14, 5, 9}));
+    EXPECT_EQ(data.End, data.Start);
+    EXPECT_EQ(data.ActiveRules, 0);
+    EXPECT_EQ(data.RuleExecutions, 12);
+}
+
+TEST_F(EmptyResultsDB, AReviewThatDidNotEndHasNoEndDate) {
+    Start();
+    const ReviewData data = m_results.GetReviewData();
+    EXPECT_EQ(data.Start, (DateTime{2026, 11, 21, 14, 5, 9}));
+    EXPECT_TRUE(data.End.IsZero());
+    EXPECT_EQ(data.RuleExecutions, 0);
+    EXPECT_THAT(m_log.Entries(), IsEmpty());
+}
+
+TEST_F(EmptyResultsDB, TheCriteriaComeBackAsTheyWereStored) {
+    m_criteria.LoadCriteria().SetNamingConventions(true);
+    m_criteria.LoadCriteria().SetAuthorisedReferences(true);
+    m_criteria.LoadCriteria().SetSeverityLevel(1, true);
+    m_criteria.LoadCriteria().SetSeverityLevel(4, true);
+    m_criteria.LoadCriteria().NumNamingConventions = 21;
+    m_criteria.LoadCriteria().NumAuthRefs = 3;
+    m_criteria.SetToleranceCount(6, 40);
+    m_criteria.SetToleranceImpact(2, 0);
+    m_criteria.SetTolerancePercentageComments(15);
+    Start();
+    const StoredReviewCriteria stored = m_results.GetReviewCriteria();
+    EXPECT_TRUE(stored.LoadCriteria.NamingConventions());
+    EXPECT_TRUE(stored.LoadCriteria.AuthorisedReferences());
+    EXPECT_FALSE(stored.LoadCriteria.CodingConventions());
+    EXPECT_FALSE(stored.LoadCriteria.DocumentationConventions());
+    EXPECT_FALSE(stored.LoadCriteria.AuthorisedComponents());
+    EXPECT_FALSE(stored.LoadCriteria.UnauthorisedKeywords());
+    EXPECT_EQ(stored.LoadCriteria.NumNamingConventions, 21);
+    EXPECT_EQ(stored.LoadCriteria.NumAuthRefs, 3);
+    for (std::int32_t level = 1; level <= 5; ++level) {
+        EXPECT_EQ(stored.LoadCriteria.SeverityLevel(level), level == 1 || level == 4) << level;
+    }
+    for (std::int32_t index = 1; index <= 6; ++index) {
+        EXPECT_EQ(stored.Tolerances.Count.Item(index), index == 6 ? 40 : -1) << index;
+        EXPECT_EQ(stored.Tolerances.Impact.Item(index), index == 2 ? 0 : -1) << index;
+    }
+    EXPECT_EQ(stored.Tolerances.Count.Count(), 6);
+    EXPECT_EQ(stored.Tolerances.CyclomaticComplexity, -1);
+    EXPECT_EQ(stored.Tolerances.PercentageComments, 15);
+}
+
+TEST_F(ResultsDBQueries, CategoriesAreSortedAndSeveritiesKeyedByLevel) {
+    const CategorySeverityLists lists = m_results.GetCategorySeverityLists();
+    ASSERT_EQ(lists.Categories.Count(), 2);
+    EXPECT_EQ(lists.Categories.Item(1)->Title(), "Clarity");
+    EXPECT_EQ(lists.Categories.Item(1)->ID(), 8);
+    EXPECT_EQ(lists.Categories.Item(2)->Title(), "Jumps");
+    ASSERT_EQ(lists.Severities.Count(), 5);
+    EXPECT_EQ(lists.Severities.Item("2Key")->Title(), "High");
+    EXPECT_EQ(lists.Severities.Item("2Key")->Colour(), 16);
+    EXPECT_TRUE(lists.Severities.Selected("2Key"));
+    EXPECT_FALSE(lists.Severities.Selected("1Key"));
+}
+
+// ---- items ----
+
+TEST_F(ResultsDBQueries, TheProjectComesWithItsViolations) {
+    const BasicObject project = m_results.GetProjectDetails(false);
+    EXPECT_EQ(project.ObjectID, 1);
+    EXPECT_EQ(project.Name, "Billing");
+    EXPECT_EQ(project.Filename, "Billing.vbp");
+    EXPECT_EQ(project.ObjectType, "Exe");
+    EXPECT_EQ(project.ViolationCount, 6);
+    EXPECT_EQ(project.ViolationImpact, 2310);
+    FilterOfAll().SetSeverityLevel(1, false);
+    EXPECT_EQ(m_results.GetProjectDetails(false).ViolationCount, 5);
+    EXPECT_EQ(m_results.GetProjectDetails(true).ViolationCount, 6);
+}
+
+TEST_F(ResultsDBQueries, FilesComeByNameWithTheirFigures) {
+    const auto files = m_results.GetProjectSourceFileList(true, false);
+    ASSERT_THAT(Names(files), ElementsAre("Billing", "frmB", "modA"));
+    const BasicObject& module = files[2];
+    EXPECT_EQ(module.ObjectID, 2);
+    EXPECT_EQ(module.Filename, "modA.bas");
+    EXPECT_EQ(module.Path, "C:\\Src\\");
+    EXPECT_EQ(module.ObjectType, "Module");
+    EXPECT_EQ(module.CyclomaticComplexity, 9);
+    EXPECT_EQ(module.ViolationCount, 4);
+    EXPECT_EQ(module.ViolationImpact, 1360);
+    EXPECT_EQ(module.SourceLines, 100);
+    EXPECT_FLOAT_EQ(module.CodeCommentRatio, 25.0F);  // 20 of 80 code lines
+    EXPECT_EQ(files[0].ViolationCount, 1);
+    EXPECT_EQ(files[1].SourceLines, 0);
+    EXPECT_EQ(files[1].CodeCommentRatio, 0.0F);
+    EXPECT_EQ(files[1].CyclomaticComplexity, 0);
+}
+
+TEST_F(ResultsDBQueries, FilesFollowTheSortFieldsOrTheirFileNames) {
+    m_results.SetFileSortKey(ResultsDB::kSortByCount);
+    m_results.SetFileSortAscending(false);
+    EXPECT_THAT(
+        Names(m_results.GetProjectSourceFileList(true, false)),
+        ElementsAre("modA", "Billing", "frmB"));
+    m_results.SetFileSortAscending(true);
+    m_results.SetFileSortKey(ResultsDB::kSortByImpact);
+    EXPECT_THAT(
+        Names(m_results.GetProjectSourceFileList(true, false)),
+        ElementsAre("frmB", "Billing", "modA"));
+    m_results.SetFileSortAscending(false);
+    EXPECT_THAT(
+        Names(m_results.GetProjectSourceFileList(true, true)),
+        ElementsAre("Billing", "frmB", "modA"));  // always ascending
+}
+
+TEST_F(ResultsDBQueries, FilesWithoutViolationsAreHiddenWhereTheSettingsSaySo) {
+    m_settings.SetRVFileShowZeroItems(false);
+    ResultsDB reader(m_settings);
+    ASSERT_TRUE(reader.OpenReview(m_path));
+    EXPECT_THAT(
+        Names(reader.GetProjectSourceFileList(false, false)), ElementsAre("Billing", "modA"));
+    EXPECT_THAT(
+        Names(reader.GetProjectSourceFileList(true, false)),
+        ElementsAre("Billing", "frmB", "modA"));
+    // Sorted by complexity there is no figure that could be above 0.
+    reader.SetFileSortKey(ResultsDB::kSortByComplexity);
+    EXPECT_THAT(reader.GetProjectSourceFileList(false, false), IsEmpty());
+}
+
+TEST_F(ResultsDBQueries, ProceduresComeWithOrWithoutTheirFigures) {
+    const auto procedures = m_results.GetSourceFileProcList(2, true, true);
+    ASSERT_THAT(Names(procedures), ElementsAre("Declarations", "Total"));
+    EXPECT_EQ(procedures[1].ObjectID, 2);
+    EXPECT_EQ(procedures[1].ObjectType, "Function");
+    EXPECT_EQ(procedures[1].Scope, "Public");
+    EXPECT_EQ(procedures[1].CyclomaticComplexity, 9);
+    EXPECT_EQ(procedures[1].ViolationCount, 2);
+    EXPECT_EQ(procedures[1].ViolationImpact, 850);
+    EXPECT_EQ(procedures[1].SourceLines, 20);
+    EXPECT_FLOAT_EQ(procedures[1].CodeCommentRatio, 25.0F);
+    const auto plain = m_results.GetSourceFileProcList(2, true, false);
+    EXPECT_EQ(plain[1].ViolationCount, 0);
+    EXPECT_EQ(plain[1].SourceLines, 0);
+    EXPECT_EQ(plain[1].CyclomaticComplexity, 9);
+}
+
+TEST_F(ResultsDBQueries, ProceduresFollowTheirOwnSortFieldsAndZeroSetting) {
+    m_settings.SetRVProcShowZeroItems(false);
+    m_settings.SetRVProcSortKey(ResultsDB::kSortByImpact);
+    m_settings.SetRVProcSortAscending(false);
+    ResultsDB reader(m_settings);
+    ASSERT_TRUE(reader.OpenReview(m_path));
+    EXPECT_THAT(
+        Names(reader.GetSourceFileProcList(2, false, true)), ElementsAre("Total", "Declarations"));
+    EXPECT_THAT(reader.GetSourceFileProcList(3, false, true), IsEmpty());
+    EXPECT_THAT(Names(reader.GetSourceFileProcList(3, true, true)), ElementsAre("Layout", "Total"));
+}
+
+TEST_F(ResultsDBQueries, TheStatValueFollowsTheSortKeyOfItsKind) {
+    BasicObject object;
+    object.ViolationCount = 3;
+    object.ViolationImpact = 900;
+    object.CyclomaticComplexity = 7;
+    const std::vector<Variant> expected = {Variant(3), Variant(3), Variant(900), Variant()};
+    for (std::int32_t key = 1; key <= 4; ++key) {
+        m_results.SetFileSortKey(key);
+        m_results.SetProcSortKey(5 - key);
+        EXPECT_EQ(
+            m_results.GetObjectStatValue(object, 2), expected[static_cast<std::size_t>(key - 1)]);
+        EXPECT_EQ(
+            m_results.GetObjectStatValue(object, 3), expected[static_cast<std::size_t>(4 - key)]);
+    }
+    EXPECT_TRUE(m_results.GetObjectStatValue(object, 1).IsEmpty());
+}
+
+TEST_F(ResultsDBQueries, CountsAndSingleItemsAreFound) {
+    EXPECT_TRUE(m_results.SourceFileHasProcs(3, true));
+    EXPECT_TRUE(m_results.SourceFileHasProcs(2, true));
+    EXPECT_FALSE(m_results.SourceFileHasProcs(1, false));
+    EXPECT_EQ(m_results.GetSourceFileCount(""), 3);
+    EXPECT_EQ(m_results.GetSourceFileCount("Form"), 1);
+    EXPECT_EQ(m_results.GetSourceFileCount("Class"), 0);
+    const BasicObject procedure = m_results.GetProcedureDetails(4);
+    EXPECT_EQ(procedure.ObjectID, 4);
+    EXPECT_EQ(procedure.Name, "Total");
+    EXPECT_EQ(procedure.ObjectType, "Sub");
+    EXPECT_EQ(procedure.Scope, "Private");
+    EXPECT_EQ(m_results.GetProcedureDetails(99).ObjectID, 0);
+}
+
+TEST_F(EmptyResultsDB, AFileWithSectionsOnlyHasNoRealProcedures) {
+    Start();
+    SetUpProject();
+    SetUpFile("modA");
+    VirtualObject section;
+    m_results.SetupVObjectResults("Declarations", section);
+    m_results.SetupVObjectResults("Layout", section);
+    EXPECT_TRUE(m_results.SourceFileHasProcs(1, false));
+    EXPECT_FALSE(m_results.SourceFileHasProcs(1, true));
+}
+
+// Required: the value stands in the text as it is; a quote costs the answer.
+TEST_F(ResultsDBQueries, AQuoteInATypeIsLoggedAndCountsNothing) {
+    EXPECT_EQ(m_results.GetSourceFileCount("Mod'ule"), 0);
+    EXPECT_TRUE(m_log.Contains("#C_ResultsDB::GetReadOnlyRecordset"));
+    EXPECT_TRUE(m_log.Contains("#C_ResultsDB::GetSourceFileCount"));
+}
+
+TEST_F(ResultsDBQueries, SingleFieldsComeAsTexts) {
+    EXPECT_EQ(m_results.GetProjectData("Type"), "Exe");
+    EXPECT_EQ(m_results.GetProjectData("ExeName32"), "");  // null
+    EXPECT_EQ(m_results.GetSourceFileData("Filename", 3), "frmB.frm");
+    EXPECT_EQ(m_results.GetSourceFileData("Filename", 99), "");
+    EXPECT_EQ(m_results.GetProcedureData("CyclomaticComplexity", 2), "9");
+    EXPECT_EQ(m_results.GetProcedureData("IsStatic", 2), "True");
+    EXPECT_THAT(m_log.Entries(), IsEmpty());
+    EXPECT_EQ(m_results.GetProcedureData("Colour", 2), "");
+    EXPECT_TRUE(m_log.Contains("#C_ResultsDB::GetProcedureData"));
+}
+
+TEST_F(ResultsDBQueries, ProjectAndFilesCanBeRenamed) {
+    m_results.UpdateProjectName("O'Brien & Co");
+    m_results.UpdateFileName("modRenamed", 2);
+    m_results.UpdateFileName("modNowhere", 99);
+    EXPECT_THAT(Rows("SELECT Name FROM Projects"), ElementsAre("O'Brien & Co"));
+    EXPECT_THAT(Rows("SELECT Name FROM SourceFiles"), ElementsAre("Billing", "modRenamed", "frmB"));
+    EXPECT_THAT(m_log.Entries(), IsEmpty());
+}
+
+// ---- sorting ----
+
+BasicObject Item(std::int32_t id, std::string_view name, std::int32_t count = 0) {
+    BasicObject object;
+    object.ObjectID = id;
+    object.Name = name;
+    object.Filename = std::to_string(9 - id);
+    object.ViolationCount = count;
+    object.CyclomaticComplexity = -count;
+    return object;
+}
+
+std::vector<std::int32_t>
+Sorted(std::vector<BasicObject> list, std::int32_t key, bool ascending, bool byFilename = false) {
+    ResultsDB::SortBasicObjectList(list, key, ascending, byFilename);
+    std::vector<std::int32_t> ids;
+    for (const BasicObject& object : list) {
+        ids.push_back(object.ObjectID);
+    }
+    return ids;
+}
+
+TEST(SortBasicObjectList, AnEmptyListAndASingleItemStayAsTheyAre) {
+    EXPECT_THAT(Sorted({}, 1, true), IsEmpty());
+    EXPECT_THAT(Sorted({Item(1, "a")}, 1, true), ElementsAre(1));
+}
+
+TEST(SortBasicObjectList, TextsSortWithoutRegardToCase) {
+    const std::vector<BasicObject> list = {Item(1, "b"), Item(2, "C"), Item(3, "A")};
+    EXPECT_THAT(Sorted(list, 1, true), ElementsAre(3, 1, 2));
+    EXPECT_THAT(Sorted(list, 1, false), ElementsAre(2, 1, 3));
+    EXPECT_THAT(Sorted(list, 1, true, true), ElementsAre(3, 2, 1));  // by file name
+}
+
+TEST(SortBasicObjectList, NumbersSortByTheirKey) {
+    const std::vector<BasicObject> list = {Item(1, "a", 10), Item(2, "a", 9), Item(3, "a", 100)};
+    EXPECT_THAT(Sorted(list, ResultsDB::kSortByCount, true), ElementsAre(2, 1, 3));
+    EXPECT_THAT(Sorted(list, ResultsDB::kSortByCount, false), ElementsAre(3, 1, 2));
+    EXPECT_THAT(Sorted(list, ResultsDB::kSortByComplexity, true), ElementsAre(3, 1, 2));
+}
+
+TEST(SortBasicObjectList, OfTwoFilesWithTheSameNameTheEarlierStaysBest) {
+    EXPECT_THAT(
+        Sorted({Item(1, "same"), Item(2, "SAME"), Item(3, "same")}, 1, true), ElementsAre(1, 2, 3));
+    EXPECT_THAT(
+        Sorted({Item(1, "same"), Item(2, "SAME"), Item(3, "same")}, 1, false),
+        ElementsAre(1, 2, 3));
+}
+
+// Required: what is swapped out of the way of a better item can land behind one of its own key.
+TEST(SortBasicObjectList, ASwapCanMoveAnItemBehindAnotherOfItsKey) {
+    EXPECT_THAT(Sorted({Item(1, "b"), Item(2, "b"), Item(3, "a")}, 1, true), ElementsAre(3, 2, 1));
+}
+
+// ---- violations ----
+
+TEST_F(ResultsDBQueries, ViolationListsAreKeyedAndInOrderOfSeverityAndImpact) {
+    const auto list = m_results.GetProcedureViolationList(2);
+    ASSERT_EQ(list.Count(), 2);
+    EXPECT_EQ(list.Key(1), "5KEY");
+    EXPECT_EQ(list.Key(2), "4KEY");
+    const Violation& violation = *list.Item("4KEY");
+    EXPECT_EQ(violation.RuleID, 5000);
+    EXPECT_EQ(violation.RuleType, 3);
+    EXPECT_EQ(violation.Title, "Title 2");
+    EXPECT_EQ(violation.Severity, 2);
+    EXPECT_EQ(violation.Impact, 750);
+    EXPECT_EQ(violation.CategoryID, 7);
+    EXPECT_FALSE(violation.Completed);
+    EXPECT_EQ(violation.SourceLine, "    GoTo Failed");
+    EXPECT_EQ(violation.SourceLineNumber, 12);
+    EXPECT_EQ(violation.Description, "Description");
+    EXPECT_EQ(violation.Advice, "Advice");
+    EXPECT_EQ(violation.LocationMember, "");  // no part of a list
+}
+
+TEST_F(ResultsDBQueries, AFileListsTheViolationsOfItsProceduresOnly) {
+    const auto list = m_results.GetSourceFileViolationsList(2);
+    ASSERT_EQ(list.Count(), 3);
+    EXPECT_EQ(list.Key(1), "3KEY");  // procedure by procedure
+    EXPECT_EQ(list.Key(2), "5KEY");
+    EXPECT_EQ(list.Key(3), "4KEY");
+    const auto projectFile = m_results.GetVBPFileViolationsList(1);
+    ASSERT_EQ(projectFile.Count(), 1);
+    EXPECT_EQ(projectFile.Key(1), "2KEY");
+}
+
+TEST_F(ResultsDBQueries, AFilterLeavesNoViolationOutOfAList) {
+    FilterOfAll().AddExcludedCategoryID(7);
+    EXPECT_EQ(m_results.GetProcedureViolationList(2).Count(), 2);
+    m_results.Filter().SetUnauthorisedKeywords(false);
+    EXPECT_EQ(m_results.GetSourceFileViolationsList(2).Count(), 3);
+    EXPECT_THAT(m_log.Entries(), IsEmpty());
+}
+
+TEST_F(ResultsDBQueries, TheDetailOfAViolationHasEveryField) {
+    const Violation violation = m_results.GetViolationDetail(4);
+    EXPECT_EQ(violation.RuleID, 5000);
+    EXPECT_EQ(violation.Severity, 2);
+    EXPECT_EQ(violation.Impact, 750);
+    EXPECT_EQ(violation.Location, 4);
+    EXPECT_EQ(violation.LocationMember, "Member");
+    EXPECT_EQ(violation.SourceLineNumber, 12);
+    EXPECT_EQ(violation.LineBottomOffset, 0);
+    EXPECT_EQ(m_results.GetViolationDetail(99).RuleID, 0);
+}
+
+TEST_F(ResultsDBQueries, TheSourceOfAViolationFollowsItsItem) {
+    using Location = ViolationSourceLocation;
+    EXPECT_EQ(m_results.GetViolationSourceLocation(1, false), (Location{"Billing", ""}));
+    EXPECT_EQ(m_results.GetViolationSourceLocation(2, false), (Location{"Billing", "Billing"}));
+    EXPECT_EQ(m_results.GetViolationSourceLocation(4, false), (Location{"Billing", "modA"}));
+    EXPECT_EQ(m_results.GetViolationSourceLocation(4, true), (Location{"Billing.vbp", "modA.bas"}));
+    EXPECT_EQ(m_results.GetViolationSourceLocation(99, true), Location());
+    m_results.LogViolation(0, 3, Breach(1, 100));
+    EXPECT_EQ(m_results.GetViolationSourceLocation(7, true), Location());
+}
+
+TEST_F(ResultsDBQueries, AViolationCanBeMarkedAsCompletedAndReopened) {
+    EXPECT_TRUE(m_results.SetViolationCompleted(4, true));
+    EXPECT_THAT(Rows("SELECT ViolationID FROM Violations WHERE Completed"), ElementsAre("4"));
+    EXPECT_TRUE(m_results.GetProcedureViolationList(2).Item("4KEY")->Completed);
+    EXPECT_TRUE(m_results.SetViolationCompleted(4, false));
+    EXPECT_THAT(Rows("SELECT ViolationID FROM Violations WHERE Completed"), IsEmpty());
+    EXPECT_FALSE(m_results.SetViolationCompleted(99, true));
+    EXPECT_THAT(m_log.Entries(), IsEmpty());
+}
+
+TEST_F(ResultsDBQueries, TheValueListTranslatesItemKeysToFileNames) {
+    auto rows = m_results.GetSourceFileValueList();
+    ASSERT_TRUE(rows);
+    std::vector<std::string> found;
+    for (; !rows->EOF_(); rows->MoveNext()) {
+        found.push_back(rows->Value("ItemIDType").AsText() + " " + rows->Value("SFName").AsText());
+    }
+    EXPECT_THAT(
+        found, testing::UnorderedElementsAre("1_2 Billing", "2_2 modA", "1_3 modA", "2_3 modA"));
 }
 
 TEST_F(ResultsDBQueries, TheWorstFindingsComeFirstWithTheirFile) {
-    Start();
-    SetUpProject();
-    SetUpFile("Billing", "VBP");
-    SetUpFile("modA");
-    const auto procedure = SetUpProcedure("Total", "Sub");
-    m_results.LogViolation(1, 1, Breach(3, 500));
-    m_results.LogViolation(1, 2, Breach(1, 100));
-    m_results.LogViolation(procedure->ObjectID(), 3, Breach(1, 900));
-    m_results.LogViolation(procedure->ObjectID(), 3, Breach(5, 0));
-    const auto findings = m_results.GetWorstFindings(3);
-    ASSERT_EQ(findings.size(), 3U);
-    EXPECT_EQ(findings[0].Filename, "modA.bas");
-    EXPECT_EQ(findings[0].LineNumber, 12);
-    EXPECT_EQ(findings[0].Title, "Title 1");
-    EXPECT_EQ(findings[0].LocationMember, "Member");
-    EXPECT_EQ(findings[1].Filename, "Billing.bas");
-    EXPECT_EQ(findings[2].Filename, "Billing.vbp");
-    EXPECT_EQ(findings[2].Severity, 3);
-    EXPECT_EQ(m_results.GetSourceFileCount(""), 2);
-    EXPECT_EQ(m_results.GetSourceFileCount("Module"), 2);
-    EXPECT_EQ(m_results.GetSourceFileCount("Form"), 0);
+    const auto findings = m_results.GetWorstFindings(4);
+    ASSERT_EQ(findings.size(), 4U);
+    EXPECT_EQ(findings[0].Filename, "Billing.vbp");
+    EXPECT_EQ(findings[1].Filename, "modA.bas");
+    EXPECT_EQ(findings[1].LineNumber, 12);
+    EXPECT_EQ(findings[1].Title, "Title 2");
+    EXPECT_EQ(findings[1].LocationMember, "Member");
+    EXPECT_EQ(findings[3].Severity, 3);
+}
+
+// ---- by category ----
+
+TEST_F(ResultsDBQueries, ViolationsAreCountedByCategoryAndTheRestIsUnallocated) {
+    const auto rows = m_results.GetViolationStatsByCategory(-1, false);
+    ASSERT_EQ(rows.size(), 3U);
+    EXPECT_EQ(rows[0].Category, "Clarity");
+    EXPECT_EQ(rows[0].Statistics.MediumViolations(), 1);
+    EXPECT_EQ(rows[0].Statistics.InfoViolations(), 1);
+    EXPECT_EQ(rows[0].Statistics.TotalViolations(), 0);  // not filled
+    EXPECT_EQ(rows[0].Statistics.MediumImpact(), 0);
+    EXPECT_EQ(rows[1].Category, "Jumps");
+    EXPECT_EQ(rows[1].Statistics.HighViolations(), 2);
+    EXPECT_EQ(rows[2].Category, "Unallocated");
+    EXPECT_EQ(rows[2].Statistics.CriticalViolations(), 1);
+    EXPECT_EQ(rows[2].Statistics.LowViolations(), 1);
+}
+
+TEST_F(ResultsDBQueries, ByCategoryAFileCountsItsProceduresOrItself) {
+    FilterOfAll().AddExcludedCategoryID(7);  // takes no part
+    const auto procedures = m_results.GetViolationStatsByCategory(2, false);
+    EXPECT_EQ(procedures[0].Statistics.MediumViolations(), 1);
+    EXPECT_EQ(procedures[0].Statistics.InfoViolations(), 0);
+    EXPECT_EQ(procedures[1].Statistics.HighViolations(), 2);
+    const auto file = m_results.GetViolationStatsByCategory(2, true);
+    EXPECT_EQ(file[0].Statistics.MediumViolations(), 0);
+    EXPECT_EQ(file[0].Statistics.InfoViolations(), 1);
+    EXPECT_EQ(file[1].Statistics.HighViolations(), 0);
+    EXPECT_EQ(m_results.GetViolationStatsByCategory(1, true)[2].Statistics.CriticalViolations(), 1);
 }
 
 }  // namespace

@@ -257,6 +257,28 @@ TEST_F(ResultsDBTest, AQuoteInAFileNameCostsOnlyThatFile) {
     EXPECT_THAT(Rows("SELECT Name FROM SourceFiles"), ElementsAre("modA", "modC"));
 }
 
+TEST_F(ResultsDBTest, AQuoteInAProcedureNameCostsOnlyThatProcedure) {
+    Start();
+    SetUpProject();
+    SetUpFile("modA");
+    EXPECT_EQ(SetUpProcedure("To'tal", "Sub")->ObjectID(), 0);
+    EXPECT_TRUE(m_log.Contains("#C_ResultsDB::SetupProcedure"));
+    EXPECT_EQ(SetUpProcedure("Total", "Sub")->ObjectID(), 1);
+    EXPECT_THAT(Rows("SELECT Name FROM Procedures"), ElementsAre("Total"));
+}
+
+TEST_F(ResultsDBTest, AQuoteInAPathCostsTheFilesOfThatPath) {
+    Start();
+    SetUpProject();
+    auto file = Named("modA");
+    file->Properties().Add("Path", "C:\\O'Brien\\");
+    file->Properties().Add("Filename", "modA.bas");
+    file->Properties().Add("Type", "Module");
+    m_results.SetupVObjectResults("File", *file);
+    EXPECT_EQ(file->ObjectID(), 0);
+    EXPECT_THAT(Rows("SELECT Name FROM SourceFiles"), IsEmpty());
+}
+
 TEST_F(ResultsDBTest, AnObjectWithoutAPropertyThatItsRowNeedsIsLoggedAndHasNoRow) {
     Start();
     VirtualObject object;

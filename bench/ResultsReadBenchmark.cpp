@@ -1,0 +1,347 @@
+// How fast a finished results database is read: the operations of ResultsDB on a review of 200,000
+// violations, each beside the nearest bare query on the same file in the same run.
+//
+// usage: ResultsReadBenchmark [VIOLATIONS]
+
+#include "criteria/ReviewCriteria.h"
+#include "platform/modFiles.h"
+#include "results/ResultsDB.h"
+#include "results/modViolationListSql.h"
+#include "rulebase/Rulebase.h"
+#include "settings/DVKWorkData.h"
+#include "source/VirtualObject.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <string>
+
+namespace {
+
+using dorvik::BasicObject;
+using dorvik::ResultsDB;
+using dorvik::Violation;
+using dorvik::VirtualObject;
+
+constexpr int kFiles = 500;
+constexpr int kProceduresOfAFile = 20;
+constexpr int kRuns = 7;
+
+/// The least wall time of some runs, in milliseconds. Each run returns how many things it read.
+double Milliseconds(const std::function<long()>& run, long& count, int runs = kRuns) {
+    double best = 1e9;
+    for (int number = 0; number < runs; ++number) {
+        const auto start = std::chrono::steady_clock::now();
+        count = run();
+        const std::chrono::duration<double, std::milli> spent =
+            std::chrono::steady_clock::now() - start;
+        best = std::min(best, spent.count());
+    }
+    return best;
+}
+
+void Compare(
+    const char* name, const std::function<long()>& run, const std::function<long()>& bareQuery) {
+    long count = 0;
+    long bareCount = 0;
+    const double bare = Milliseconds(bareQuery, bareCount);
+    const double ours = Milliseconds(run, count);
+    std::printf("%-46s %8ld %9.2f ms %8ld %9.2f ms\n", name, count, ours, bareCount, bare);
+}
+
+// ---- the review ----
+
+VirtualObject* Fill(VirtualObject& object, const std::string& name, const char* type) {
+    object.Properties().Add("Name", name);
+    object.Properties().Add("Path", "C:\\Src\\");
+    object.Properties().Add("Filename", name + ".bas");
+    object.Properties().Add("Type", type);
+    return &object;
+}
+
+void LogFigures(ResultsDB& results, VirtualObject& object, int lines) {
+    object.LineStats().SetTotalLines(lines);
+    object.LineStats().SetCodeLines(lines);
+    results.LogVirtualObjectViolationStats(object);
+    results.LogVirtualObjectLineStats(object);
+}
+
+Violation Sample(int number) {
+    Violation violation;
+    violation.Severity = number % 5 + 1;
+    violation.Impact = static_cast<std::int16_t>(number % 900);
+    violation.CategoryID = number % 13;
+    violation.RuleID = 5000 + number % 60;
+    violation.RuleType = number % 6 + 1;
+    violation.Location = 4;
+    violation.SourceLineNumber = number;
+    violation.Title = "Unauthorised keyword";
+    violation.Description = "The keyword GoTo has been found in Calculate_Total of frmBilling.frm.";
+    violation.Advice =
+        "Rewrite the procedure with structured statements, so that it needs no jump.";
+    violation.LocationMember = "Calculate_Total";
+    violation.SourceLine = "        If lngTotal > 0 Then GoTo ErrorHandler";
+    return violation;
+}
+
+void WriteReview(ResultsDB& results, int violations) {
+    VirtualObject project;
+    results.SetupVObjectResults("Project", *Fill(project, "Generated", "Exe"));
+    int logged = 0;
+    for (int file = 0; file < kFiles; ++file) {
+        VirtualObject object;
+        results.SetupVObjectResults(
+            "File", *Fill(object, "modFile" + std::to_string(file), "Module"));
+        for (int number = 0; number < kProceduresOfAFile; ++number) {
+            VirtualObject procedure;
+            procedure.Properties().Add("Name", "Procedure" + std::to_string(number));
+            procedure.Properties().Add("ProcedureType", "Sub");
+            procedure.Properties().Add("Scope", "Public");
+            procedure.Properties().Add("IsStatic", false);
+            procedure.Properties().Add("DataType", "");
+            results.SetupVObjectResults("Procedure", procedure);
+            const int place = file * kProceduresOfAFile + number + 1;
+            for (const long end = 1L * violations * place / (kFiles * kProceduresOfAFile);
+                 logged < end;
+                 ++logged) {
+                const Violation violation = Sample(logged);
+                results.LogViolation(procedure.ObjectID(), 3, violation);
+                procedure.ViolationStats().IncrementCount(violation.Severity, violation.Impact);
+            }
+            LogFigures(results, procedure, 30);
+        }
+        LogFigures(results, object, 600);
+    }
+}
+
+void Create(const std::string& file, int violations) {
+    dorvik::Rulebase rulebase;
+    for (int id = 0; id < 13; ++id) {
+        const auto category = std::make_shared<dorvik::CategoryItem>();
+        category->SetID(id);
+        category->SetTitle("Category " + std::to_string(id));
+        rulebase.CategoryList().Add(category, false);
+    }
+    const dorvik::ReviewCriteria criteria{dorvik::DVKWorkData()};
+    ResultsDB results;
+    if (!results.StartReview(file, rulebase, criteria)) {
+        std::fputs("the review did not start\n", stderr);
+        std::exit(1);
+    }
+    long ignored = 0;
+    const double writing = Milliseconds(
+        [&] {
+            WriteReview(results, violations);
+            return 0L;
+        },
+        ignored,
+        1);
+    const double ending = Milliseconds(
+        [&] {
+            results.EndReview(violations);
+            return 0L;
+        },
+        ignored,
+        1);
+    const double closing = Milliseconds(
+        [&] {
+            results.CloseReview();
+            return 0L;
+        },
+        ignored,
+        1);
+    std::printf(
+        "%d violations of %d procedures: %.0f ms to write, %.0f ms to end (indexes), %.0f ms to "
+        "close\n\n",
+        violations,
+        kFiles * kProceduresOfAFile,
+        writing,
+        ending,
+        closing);
+}
+
+// ---- reading ----
+
+/// Opens the file with the engine alone, steps through a query and closes it.
+long RunBareQuery(const std::string& file, const char* sql) {
+    sqlite3* engine = nullptr;
+    sqlite3_stmt* query = nullptr;
+    sqlite3_open(file.c_str(), &engine);
+    if (sqlite3_prepare_v2(engine, sql, -1, &query, nullptr) != SQLITE_OK) {
+        std::fprintf(stderr, "%s\n", sqlite3_errmsg(engine));
+        std::exit(1);
+    }
+    long rows = 0;
+    long bytes = 0;
+    while (sqlite3_step(query) == SQLITE_ROW) {
+        for (int column = 0; column < sqlite3_column_count(query); ++column) {
+            bytes += reinterpret_cast<const char*>(sqlite3_column_text(query, column)) != nullptr
+                         ? sqlite3_column_bytes(query, column)
+                         : 0;
+        }
+        ++rows;
+    }
+    sqlite3_finalize(query);
+    sqlite3_close(engine);
+    return bytes >= 0 ? rows : 0;
+}
+
+/// Opens the review, and with `isFiltered` a filter that leaves out a kind of rule, a severity and a
+/// category.
+long WithReview(
+    const std::string& file, bool isFiltered, const std::function<long(ResultsDB&)>& work) {
+    ResultsDB results;
+    if (!results.OpenReview(file)) {
+        std::fputs("the review did not open\n", stderr);
+        std::exit(1);
+    }
+    if (isFiltered) {
+        auto& filter = results.Filter();
+        filter.SetAuthorisedComponents(true);
+        filter.SetAuthorisedReferences(true);
+        filter.SetCodingConventions(true);
+        filter.SetDocumentationConventions(true);
+        filter.SetNamingConventions(true);
+        for (int level = 1; level <= 4; ++level) {
+            filter.SetSeverityLevel(level, true);
+        }
+        filter.AddExcludedCategoryID(7);
+    }
+    return work(results);
+}
+
+long WalkRows(ResultsDB& results, std::int32_t id, dorvik::modViolationListSql::Scope scope) {
+    const std::string sql = dorvik::modViolationListSql::ViolationListSql(
+        scope, id, results.FilterString(), /*withoutCompleted=*/true);
+    long rows = 0;
+    auto list = results.OpenRecordSource(sql);
+    for (; list && !list->EOF_(); list->MoveNext()) {
+        for (const char* const column :
+             {"Completed", "Severity", "Title", "Impact", "ItemIDType"}) {
+            rows += list->Value(column).IsHeld() ? 1 : 0;
+        }
+        ++rows;
+    }
+    return rows;
+}
+
+void Read(const std::string& path, const std::string& file) {
+    using dorvik::modViolationListSql::Scope;
+    std::printf("%-46s %8s %12s %8s %12s\n", "opened, read and closed", "rows", "", "rows", "bare");
+    Compare(
+        "violations of one file",
+        [&] {
+            return WithReview(path, false, [](ResultsDB& results) {
+                return static_cast<long>(results.GetSourceFileViolationsList(250).Count());
+            });
+        },
+        [&] {
+            return RunBareQuery(
+                file,
+                "SELECT Violations.* FROM Procedures JOIN Violations ON ItemID = ProcID AND "
+                "ItemType = 3 WHERE SourceID = 250");
+        });
+    Compare(
+        "violations of one file, as the view lists them",
+        [&] {
+            return WithReview(path, true, [](ResultsDB& results) {
+                return WalkRows(results, 250, Scope::SourceFile);
+            });
+        },
+        [&] {
+            return RunBareQuery(
+                file,
+                "SELECT Violations.* FROM Procedures JOIN Violations ON ItemID = ProcID AND "
+                "ItemType = 3 WHERE SourceID = 250 AND RuleType <> 3 AND Severity <> 5 AND "
+                "CategoryID <> 7");
+        });
+    Compare(
+        "all files, filtered",
+        [&] {
+            return WithReview(path, true, [](ResultsDB& results) {
+                return static_cast<long>(results.GetProjectSourceFileList(true, false).size());
+            });
+        },
+        [&] {
+            return RunBareQuery(
+                file,
+                "SELECT SourceID, count(*), sum(Impact) FROM Procedures JOIN Violations ON ItemID "
+                "= ProcID AND ItemType = 3 WHERE RuleType <> 3 AND Severity <> 5 AND CategoryID "
+                "<> 7 GROUP BY SourceID");
+        });
+    Compare(
+        "all violations, filtered, as the view lists them",
+        [&] {
+            return WithReview(
+                path, true, [](ResultsDB& results) { return WalkRows(results, 0, Scope::All); });
+        },
+        [&] {
+            return RunBareQuery(
+                file,
+                "SELECT * FROM Violations WHERE RuleType <> 3 AND Severity <> 5 AND CategoryID <> "
+                "7 AND Completed = 0");
+        });
+    Compare(
+        "the project by category",
+        [&] {
+            return WithReview(path, false, [](ResultsDB& results) {
+                return static_cast<long>(results.GetViolationStatsByCategory(-1, false).size());
+            });
+        },
+        [&] {
+            return RunBareQuery(
+                file,
+                "SELECT CategoryID, Severity, count(*) FROM Violations GROUP BY CategoryID, "
+                "Severity");
+        });
+    Compare(
+        "one file by category",
+        [&] {
+            return WithReview(path, false, [](ResultsDB& results) {
+                return static_cast<long>(results.GetViolationStatsByCategory(250, false).size());
+            });
+        },
+        [&] {
+            return RunBareQuery(
+                file,
+                "SELECT CategoryID, Severity, count(*) FROM Procedures JOIN Violations ON ItemID = "
+                "ProcID AND ItemType = 3 WHERE SourceID = 250 GROUP BY CategoryID, Severity");
+        });
+    Compare(
+        "procedures of one file, filtered",
+        [&] {
+            return WithReview(path, true, [](ResultsDB& results) {
+                return static_cast<long>(results.GetSourceFileProcList(250, true, true).size());
+            });
+        },
+        [&] {
+            return RunBareQuery(
+                file,
+                "SELECT ItemID, count(*), sum(Impact) FROM Procedures JOIN Violations ON ItemID = "
+                "ProcID AND ItemType = 3 WHERE SourceID = 250 AND RuleType <> 3 AND Severity <> 5 "
+                "AND CategoryID <> 7 GROUP BY ItemID");
+        });
+}
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) {
+    constexpr int kViolations = 200000;
+    const int violations = argumentCount > 1 ? std::atoi(arguments[1]) : kViolations;
+    const auto program = std::filesystem::canonical("/proc/self/exe").parent_path();
+    const auto folder = std::filesystem::temp_directory_path() / "ResultsReadBenchmark";
+    std::filesystem::remove_all(folder);
+    std::filesystem::create_directories(folder);
+    const auto file = folder / "Test.mdb";
+    std::filesystem::copy_file(program / "Data" / "DVKProject.mdb", file);
+    const std::string path = dorvik::modFiles::FromHostPath(file);
+    Create(path, violations);
+    Read(path, file.string());
+    std::filesystem::remove_all(folder);
+    return 0;
+}
