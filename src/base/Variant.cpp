@@ -74,10 +74,13 @@ std::string Variant::AsText() const {
         return std::to_string(std::get<std::int32_t>(m_value));
     }
     if (IsDouble()) {
-        return DoubleText(std::get<double>(m_value));
+        return DoubleText(Double());
     }
     if (IsBoolean()) {
         return std::get<bool>(m_value) ? "True" : "False";
+    }
+    if (IsHeld()) {
+        return Held().AsText();
     }
     return {};
 }
@@ -92,21 +95,22 @@ std::int32_t Variant::AsLong() const {
     if (IsEmpty()) {
         return 0;
     }
-    return modText::RoundToLong(IsDouble() ? std::get<double>(m_value) : NumberOrRaise(Text()));
+    return modText::RoundToLong(IsDouble() ? Double() : NumberOrRaise(AsText()));
 }
 
 bool Variant::AsBoolean() const {
     if (IsBoolean()) {
         return std::get<bool>(m_value);
     }
-    if (IsText()) {
-        if (modTextCase::Equal(Text(), "True")) {
+    if (IsText() || IsHeld()) {
+        const std::string text = AsText();
+        if (modTextCase::Equal(text, "True")) {
             return true;
         }
-        return !modTextCase::Equal(Text(), "False") && NumberOrRaise(Text()) != 0;
+        return !modTextCase::Equal(text, "False") && NumberOrRaise(text) != 0;
     }
     if (IsDouble()) {
-        return std::get<double>(m_value) != 0;
+        return Double() != 0;
     }
     return AsLong() != 0;
 }

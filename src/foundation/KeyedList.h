@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/modKyErrors.h"
+#include "foundation/KeyIndex.h"
 #include "foundation/StringArrayList.h"
 
 #include <cstdint>
@@ -11,8 +12,8 @@
 namespace dorvik {
 
 /// A list of keys and a plain list of values in lockstep: the base of `KeyedArrayList`,
-/// `ObjectKeyedArrayList` and `StringKeyedArrayList`, which add the way to `Add`. Nothing is hashed:
-/// a key is found by a scan without regard to case, and the first one counts.
+/// `ObjectKeyedArrayList` and `StringKeyedArrayList`, which add the way to `Add`. A key is found as by
+/// a scan without regard to case: the first one counts. `KeyIndex` spares long lists the scan.
 ///
 /// An entry is named by its position from 1 or by its key. A text of digits is a key, never a
 /// position. An unknown key, or a position outside 1 to `Count`, raises `kyErrNoSuchItem` to the
@@ -53,7 +54,7 @@ public:
 
     bool Contains(std::string_view key) const { return FindIndexByKey(key) != -1; }
     /// The first position under that key; -1 if there is none.
-    std::int32_t FindIndexByKey(std::string_view key) const { return m_keys.IndexOfValue(key); }
+    std::int32_t FindIndexByKey(std::string_view key) const { return m_index.Find(m_keys, key); }
 
     /// "Item1", "Item2" and so on. The list itself is not looked at: a key of that form that a caller
     /// chose may come again. `Clear` does not begin the numbers anew.
@@ -93,6 +94,7 @@ private:
     std::int32_t Add(std::string_view key, Value item, bool selected, bool ensureUniqueKey);
 
     StringArrayList m_keys;
+    mutable KeyIndex m_index;  // of m_keys
     Values m_values;
     std::string m_uniqueKeyPrefix;
     std::int32_t m_uniqueKeyCounter = 0;
@@ -136,6 +138,7 @@ template <typename Values>
 void KeyedList<Values>::Remove(std::int32_t index) {
     Tested(index, kRemove);
     Trap({kClassName, "Remove"}, [&] {
+        m_index.Forget();
         m_values.Remove(index);
         m_keys.Remove(index);
     });
@@ -160,6 +163,7 @@ std::string KeyedList<Values>::NewUniqueKey() {
 
 template <typename Values>
 void KeyedList<Values>::Clear() {
+    m_index.Forget();
     m_keys.Clear();
     m_values.Clear();
 }
@@ -167,6 +171,7 @@ void KeyedList<Values>::Clear() {
 template <typename Values>
 void KeyedList<Values>::MoveItem(std::int32_t from, std::int32_t to) {
     if (from != to) {
+        m_index.Forget();
         m_values.MoveItem(from, to);
         m_keys.MoveItem(from, to);
     }
@@ -183,6 +188,7 @@ KeyedList<Values>::Add(std::string_view key, Value item, bool selected, bool ens
         index = m_values.Add(std::move(item));
         m_values.SetSelected(index, selected);
         m_keys.Add(std::string(key));
+        m_index.Appended(m_keys);
     });
     return index;
 }
@@ -191,6 +197,7 @@ template <typename Values>
 void KeyedList<Values>::ReplaceKey(std::int32_t index, std::string_view key) {
     // Required: the keys alone become dirty by this, so the list itself does not.
     m_keys.SetItem(Tested(index, kKey), std::string(key));
+    m_index.Forget();
 }
 
 }  // namespace dorvik

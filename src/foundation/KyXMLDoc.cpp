@@ -83,4 +83,16 @@ bool KyXMLDoc::SaveToFile(std::string_view filename) {
     return saved;
 }
 
+std::string KyXMLDoc::TransformDocument(const KyXMLDoc& styleSheet) const {
+    std::string text;
+    Trap({"KyXMLDoc", "TransformDocument"}, [&] {
+        text = m_document->Transform(*styleSheet.m_document);
+        if (m_document->Error().Code != 0) {
+            text.clear();
+            LogParserError(m_document->Error(), "TransformDocument");
+        }
+    });
+    return text;
+}
+
 }  // namespace dorvik

@@ -14,16 +14,15 @@ class XmlDocument;
 /// An XML document: the thin layer through which the rulebase code reads and writes its file.
 /// Failures are logged, never raised. Elements that were handed out keep the tree that they stand
 /// in alive, also when this object is gone or has loaded another text.
-///
-/// The transformation by a style sheet is not here yet; it comes with the first code that needs it.
 class KyXMLDoc {
 public:
     KyXMLDoc();
 
     XmlDocument& Document() const { return *m_document; }
 
-    /// The code of the last failed `SaveToFile`, 0 before there was one: 0x80070002 no such file,
-    /// 0x80070003 no such folder, 0x80070005 access denied, 0x80070070 disk full, 0x80004005 otherwise.
+    /// The code of the last failed `SaveToFile`, 0 before there was one: 0x80070003 no such folder,
+    /// 0x80070005 access denied, 0x80070013 write-protected, 0x80070015 device not ready, 0x80070070
+    /// disk full, 0x80004005 otherwise.
     std::int32_t LastError() const { return m_lastError; }
 
     /// The root; a document without one is given "Root_Element" first. No object on a failure.
@@ -47,6 +46,10 @@ public:
     /// An empty name takes that of the last `LoadFromFile`. The old file stays if the new one
     /// cannot be written.
     bool SaveToFile(std::string_view filename = {});
+
+    /// The document in the form that the style sheet gives it, as UTF-8 text. The style sheet
+    /// reaches no file, no network and no other style sheet. Empty after a failure, which is logged.
+    std::string TransformDocument(const KyXMLDoc& styleSheet) const;
 
 private:
     std::string m_filename;

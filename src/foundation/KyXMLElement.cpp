@@ -39,6 +39,13 @@ std::string ValueOrRaise(const std::optional<std::string>& value) {
     return *value;
 }
 
+[[noreturn]] void RaiseMissingAttribute(const KyXMLElement& element, std::string_view name) {
+    throw BasicError(
+        runtimeerror::kObjectNotSet,
+        RuntimeErrorText(runtimeerror::kObjectNotSet) + ": " + element.PlaceText() +
+            " has no attribute " + std::string(name));
+}
+
 }  // namespace
 
 KyXMLElement::KyXMLElement(std::shared_ptr<XmlDocument> document, const XmlNode& node)
@@ -51,6 +58,19 @@ KyXMLElement::Bind(const std::shared_ptr<XmlDocument>& document, const XmlNode& 
 
 std::string KyXMLElement::XMLString() const {
     return m_node.Xml();
+}
+
+std::string KyXMLElement::PlaceText() const {
+    const std::string name = ElementName();
+    std::string text = name.empty() ? "a piece of text" : "the element " + name;
+    const std::int32_t line = m_node.Line();
+    const std::string& path = m_document->Path();
+    if (line == 0 && path.empty()) {
+        return text;
+    }
+    text += " (";
+    text += line == 0 ? path : "line " + std::to_string(line) + (path.empty() ? "" : " of " + path);
+    return text + ")";
 }
 
 std::int32_t KyXMLElement::ElementCount() const {
@@ -86,7 +106,11 @@ void KyXMLElement::SetAttributeValue(std::int32_t index, std::string_view value)
 }
 
 std::string KyXMLElement::AttributeValueByName(std::string_view name) const {
-    return RestoreIllegalChars(ValueOrRaise(m_node.Attribute(name)));
+    const std::optional<std::string> value = m_node.Attribute(name);
+    if (!value) {
+        RaiseMissingAttribute(*this, name);
+    }
+    return RestoreIllegalChars(*value);
 }
 
 void KyXMLElement::SetAttributeValueByName(std::string_view name, std::string_view value) {
@@ -260,6 +284,9 @@ std::string KyXMLElement::ReplaceIllegalChars(std::string_view text) {
 
 std::string KyXMLElement::RestoreIllegalChars(std::string_view text) {
     std::string restored(text);
+    if (text.find('%') == std::string_view::npos) {
+        return restored;
+    }
     for (const Substitution& row : kSubstitutions) {
         restored = modTextCase::ReplaceAll(restored, row.Tag, row.Characters);
     }

@@ -25,6 +25,9 @@ class KyXMLElement {
 public:
     const XmlNode& XMLNode() const { return m_node; }
     std::string XMLString() const;
+    /// Where it stands, for messages: "the element Rules (line 4 of \team\rules.dvk)". Line and file
+    /// are left out where they are not known.
+    std::string PlaceText() const;
 
     /// Number of children of every kind.
     std::int32_t ElementCount() const;

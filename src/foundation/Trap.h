@@ -4,6 +4,7 @@
 #include "foundation/modLog.h"
 
 #include <exception>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -45,6 +46,18 @@ bool Trap(const Place& place, Body&& body, Handle&& handle) {
             }
         }
     });
+}
+
+/// Runs a part of an operation. A `BasicError` inside goes on to whoever traps around, with the text
+/// that `detail` returns appended to its description: what the part was about.
+template <typename Body, typename Detail>
+void Explain(Body&& body, Detail&& detail) {
+    try {
+        std::forward<Body>(body)();
+    } catch (const BasicError& failure) {
+        throw BasicError(
+            failure.Number(), failure.what() + std::string(detail()), failure.Source());
+    }
 }
 
 }  // namespace dorvik

@@ -4,10 +4,23 @@
 #include "base/Variant.h"
 #include "base/modText.h"
 
+#include <algorithm>
 #include <limits>
 #include <optional>
 
-namespace dorvik::modAttributeText {
+namespace dorvik {
+
+std::string
+UnreadableText(const KyXMLElement& element, std::string_view attribute, std::string_view value) {
+    constexpr std::size_t kLongest = 40;
+    std::string shown(value.substr(0, kLongest));
+    std::ranges::replace_if(
+        shown, [](unsigned char c) { return c < ' '; }, ' ');
+    return ": the attribute " + std::string(attribute) + " of " + element.PlaceText() + " is '" +
+           shown + (value.size() > kLongest ? "...'" : "'");
+}
+
+namespace modAttributeText {
 
 bool ToBoolean(std::string_view text) {
     return Variant(text).AsBoolean();
@@ -30,4 +43,6 @@ std::int16_t ToInteger(std::string_view text) {
     return static_cast<std::int16_t>(number);
 }
 
-}  // namespace dorvik::modAttributeText
+}  // namespace modAttributeText
+
+}  // namespace dorvik

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/KyXMLElement.h"
+#include "foundation/Trap.h"
 
 #include <cstdint>
 #include <functional>
@@ -84,15 +85,22 @@ constexpr AttributeRow<Owner> FieldAttribute(const char* name) {
         }};
 }
 
+/// For messages: ": the attribute RuleID of the element CodingConvention (line 4 of ...) is '12x'".
+std::string
+UnreadableText(const KyXMLElement& element, std::string_view attribute, std::string_view value);
+
 /// Reads the attributes in the order of the rows. Raises `kObjectNotSet` for one that is not there;
-/// what was read before it stays.
+/// what was read before it stays. The description of a failure names attribute, element and file.
 template <class Owner>
 void ReadAttributes(
     const KyXMLElement& element,
     std::type_identity_t<std::span<const AttributeRow<Owner>>> rows,
     Owner& owner) {
     for (const AttributeRow<Owner>& row : rows) {
-        row.Read(owner, element.AttributeValueByName(row.Name));
+        const std::string value = element.AttributeValueByName(row.Name);
+        Explain(
+            [&] { row.Read(owner, value); },
+            [&] { return UnreadableText(element, row.Name, value); });
     }
 }
 

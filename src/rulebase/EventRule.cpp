@@ -29,6 +29,7 @@ bool EventRule::AddParserEventID(std::int32_t eventID) {
     return Trap({ModuleName(), "AddParserEventID"}, [&] {
         if (!IsAssignedToEvent(eventID)) {
             m_events.push_back(eventID);
+            Remember(eventID);
             MarkDirty();
         }
     });
@@ -36,6 +37,7 @@ bool EventRule::AddParserEventID(std::int32_t eventID) {
 
 bool EventRule::RemoveParserEventID(std::int32_t eventID) {
     MarkDirty();
+    m_known.clear();
     if (eventID == -1) {
         m_events.clear();
         return true;
@@ -50,7 +52,19 @@ bool EventRule::RemoveParserEventID(std::int32_t eventID) {
 }
 
 bool EventRule::IsAssignedToEvent(std::int32_t eventID) const {
+    if (!m_known.empty()) {
+        return m_known.contains(eventID);
+    }
     return std::find(m_events.begin(), m_events.end(), eventID) != m_events.end();
+}
+
+void EventRule::Remember(std::int32_t eventID) {
+    constexpr std::size_t kMany = 64;
+    if (!m_known.empty()) {
+        m_known.insert(eventID);
+    } else if (m_events.size() > kMany) {
+        m_known.insert(m_events.begin(), m_events.end());
+    }
 }
 
 void EventRule::CopyEvents(const EventRule& other) {

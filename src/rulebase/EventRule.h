@@ -3,6 +3,7 @@
 #include "rulebase/BasicRule.h"
 
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace dorvik {
@@ -29,7 +30,10 @@ protected:
     void CopyEvents(const EventRule& other);
 
 private:
+    void Remember(std::int32_t eventID);
+
     std::vector<std::int32_t> m_events;
+    std::unordered_set<std::int32_t> m_known;  // the same, once they are too many for a scan
 };
 
 }  // namespace dorvik

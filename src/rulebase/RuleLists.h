@@ -1,5 +1,6 @@
 #pragma once
 
+#include "basic/ScriptOrigin.h"
 #include "foundation/ObjectArrayList.h"
 #include "foundation/ObjectKeyedArrayList.h"
 #include "rulebase/CodingConvention.h"
@@ -12,6 +13,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_set>
+#include <vector>
 
 namespace dorvik {
 
@@ -98,6 +100,12 @@ public:
     std::int16_t GetNCObjectRuleCount(std::int32_t objectType) const;
     /// The rules of a category in a new list, sorted by title without case.
     ObjectArrayList<IRule> ConventionsListByCatID(std::int32_t categoryID) const;
+
+    /// Writes the module of all rule scripts, of coding conventions first, then of naming
+    /// conventions, each in list order, and gives its file name; empty if that failed. `origins`
+    /// receives where each script stands in it. The caller removes the file when its work is done
+    /// (`ScriptFile::RemoveScriptFile`).
+    std::string CreateScriptFile(std::vector<basic::ScriptOrigin>* origins = nullptr) const;
 
 private:
     void AddCodingConvention(const std::shared_ptr<CodingConvention>& rule);

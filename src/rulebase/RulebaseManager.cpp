@@ -106,7 +106,7 @@ std::unique_ptr<Rulebase> RulebaseManager::LoadRulebase(RulebaseLoadCriteria& cr
             return;
         }
         const std::shared_ptr<KyXMLElement> rootElement = document.RootElement();
-        const KyXMLElement& root = ExistingElement(rootElement);
+        KyXMLElement& root = ExistingElement(rootElement);
         if (!CheckSchemaVersion(root)) {
             Warn(kWrongSchema);
             return;
@@ -123,7 +123,7 @@ std::unique_ptr<Rulebase> RulebaseManager::LoadRulebase(RulebaseLoadCriteria& cr
         LoadListedItems(root, criteria, *rulebase);
         LoadRules(root, criteria, rulebase->RuleLists());
         if (criteria.LoadForEdit()) {
-            LoadReport(root);
+            LoadReport(root, *rulebase);
         }
         rulebase->SetDirty(false);
         result = std::move(rulebase);
@@ -145,7 +145,7 @@ bool RulebaseManager::LoadReviewOptions(
             return;
         }
         const std::shared_ptr<KyXMLElement> rootElement = document.RootElement();
-        const KyXMLElement& root = ExistingElement(rootElement);
+        KyXMLElement& root = ExistingElement(rootElement);
         if (!CheckSchemaVersion(root)) {
             Warn(kWrongSchemaForOptions);
             return;
@@ -190,6 +190,7 @@ bool RulebaseManager::Save(Rulebase& rulebase, std::string_view filename) {
         const auto rules = root.ElementByName(modRulebaseSchema::kRules);
         SaveCodingConventions(ExistingElement(rules), rulebase.RuleLists());
         SaveNamingConventions(ExistingElement(rules), rulebase.RuleLists());
+        SaveReport(root, rulebase.Report());
         if (!document.SaveToFile(target)) {
             Warn("Error during save: " + SaveErrorText(document.LastError()));
             return;

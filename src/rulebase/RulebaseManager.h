@@ -50,8 +50,16 @@ public:
     /// Whether hidden categories are shown: in the administrator's program, and where it is installed.
     bool IsAdminInstalled() const;
 
+    /// Brings a document of an older schema up to the current one, in memory, so that a reader finds
+    /// every attribute that it expects. Returns the version reached: empty, and nothing changed, for
+    /// a version that is not known, newer ones included. `SchemaVersion` in the document stays.
+    static std::string UpdateSchema(KyXMLElement& root, std::string_view fromVersion);
+    /// One step each. A failure, as of a section that is not there, is logged and ends the step.
+    static void Apply_6_1_SchemaUpdates(KyXMLElement& root);
+    static void Apply_6_2_SchemaUpdates(KyXMLElement& root);
+
 private:
-    static bool CheckSchemaVersion(const KyXMLElement& root);
+    static bool CheckSchemaVersion(KyXMLElement& root);
     static void LoadProperties(const KyXMLElement& root, Rulebase& rulebase);
     static void LoadTolerances(const KyXMLElement& root, ToleranceSettings& tolerances);
     static void LoadControlTags(const KyXMLElement& root, TagTable& table);
@@ -76,7 +84,7 @@ private:
         const KyXMLElement& section, const RulebaseLoadCriteria& criteria, RuleLists& rules);
     static bool IsLoadableRule(const RulebaseLoadCriteria& criteria, const KyXMLElement& rule);
     static void LoadViolationDefinition(const KyXMLElement& rule, ViolationDefinition& definition);
-    static void LoadReport(const KyXMLElement& root);
+    static void LoadReport(const KyXMLElement& root, Rulebase& rulebase);
 
     static void SaveProperties(KyXMLElement& root, Rulebase& rulebase);
     static void SaveControlTags(KyXMLElement& root, const TagTable& table);
@@ -90,6 +98,7 @@ private:
     static void SaveUnauthorisedKeywords(KyXMLElement& root, const RuleLists& rules);
     static void SaveCodingConventions(KyXMLElement& rulesElement, const RuleLists& rules);
     static void SaveNamingConventions(KyXMLElement& rulesElement, const RuleLists& rules);
+    static void SaveReport(KyXMLElement& root, const Report& report);
     static void SaveViolationDefintion(KyXMLElement& rule, const ViolationDefinition& definition);
 
     std::string m_applicationName;

@@ -1,8 +1,6 @@
 #include "base/modTextCase.h"
 #include "foundation/KyXMLElement.h"
-#include "foundation/LogFile.h"
 #include "foundation/Trap.h"
-#include "foundation/modLog.h"
 #include "rulebase/RulebaseManager.h"
 #include "rulebase/modRulebaseSchema.h"
 #include "rulebase/modSectionReading.h"
@@ -10,6 +8,7 @@
 namespace dorvik {
 
 namespace schema = modRulebaseSchema;
+using modSectionReading::BooleanAttribute;
 using modSectionReading::Children;
 using modSectionReading::LongAttribute;
 using modSectionReading::Section;
@@ -57,12 +56,14 @@ std::int32_t CountIn(const KyXMLElement& parent, std::string_view name) {
 
 }  // namespace
 
-bool RulebaseManager::CheckSchemaVersion(const KyXMLElement& root) {
+bool RulebaseManager::CheckSchemaVersion(KyXMLElement& root) {
     bool current = false;
     Trap({"RulebaseManager", "CheckSchemaVersion"}, [&] {
-        // A file of an older schema is refused: bringing it up to date in memory is not written yet.
-        current = modTextCase::Equal(
-            root.AttributeValueByName(schema::kVersionAttribute), schema::kVersion);
+        std::string version = root.AttributeValueByName(schema::kVersionAttribute);
+        if (!modTextCase::Equal(version, schema::kVersion)) {
+            version = UpdateSchema(root, version);
+        }
+        current = modTextCase::Equal(version, schema::kVersion);
     });
     return current;
 }
@@ -118,8 +119,7 @@ void RulebaseManager::LoadCategoryList(
         const bool showHidden = IsAdminInstalled();
         list.SetLastID(LongAttribute(*section, schema::kLastID));
         for (const auto& element : Children(*section)) {
-            const bool hidden =
-                modAttributeText::ToBoolean(element->AttributeValueByName(schema::kHidden));
+            const bool hidden = BooleanAttribute(*element, schema::kHidden);
             const std::int32_t id = LongAttribute(*element, schema::kID);
             if (hidden && !showHidden) {
                 criteria.AddExcludedCategoryID(id);
@@ -151,21 +151,6 @@ void RulebaseManager::LoadCounts(const KyXMLElement& root, RulebaseLoadCriteria&
     const auto rules = Section(root, schema::kRules);
     criteria.NumCodingConventions = CountIn(*rules, schema::kCodingConventions);
     criteria.NumNamingConventions = CountIn(*rules, schema::kNamingConventions);
-}
-
-/// The place of the report definition in a load. It is not read yet, and a save would drop it,
-/// so whoever loads for an edit is told in the log.
-void RulebaseManager::LoadReport(const KyXMLElement& root) {
-    Trap({"RulebaseManager", "LoadReport"}, [&] {
-        const std::int32_t sections = Section(root, schema::kReport)->ElementCount();
-        if (sections > 0) {
-            modLog::Log().LogEvent(
-                "The report definition of the rulebase was not read; a save drops its " +
-                    std::to_string(sections) + " sections.",
-                "LoadReport",
-                "RulebaseManager");
-        }
-    });
 }
 
 }  // namespace dorvik

@@ -9,6 +9,7 @@
 namespace dorvik {
 
 namespace schema = modRulebaseSchema;
+using modSectionReading::BooleanAttribute;
 using modSectionReading::Children;
 using modSectionReading::LongAttribute;
 using modSectionReading::Section;
@@ -24,7 +25,10 @@ void ReadNameItems(
     for (const auto& element : Children(*Section(rule, sectionName))) {
         ++slot;
         if (slot > NamingConvention::kItemCount) {
-            RaiseRuntimeError(runtimeerror::kSubscriptOutOfRange);
+            throw BasicError(
+                runtimeerror::kSubscriptOutOfRange,
+                RuntimeErrorText(runtimeerror::kSubscriptOutOfRange) + ": " + element->PlaceText() +
+                    " is more than the four that a name can have");
         }
         ReadAttributes(*element, schema::NameItem(), *items.Item(slot));
     }
@@ -156,7 +160,7 @@ bool RulebaseManager::IsLoadableRule(
     }
     bool loadable = false;
     Trap({"RulebaseManager", "IsLoadableRule"}, [&] {
-        if (!modAttributeText::ToBoolean(rule.AttributeValueByName(schema::kRuleActive))) {
+        if (!BooleanAttribute(rule, schema::kRuleActive)) {
             return;
         }
         const auto definition = Section(rule, schema::kViolationDefinition);

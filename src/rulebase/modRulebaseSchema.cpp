@@ -201,6 +201,14 @@ constexpr AttributeRow<PS> kNameItemRows[] = {
     FieldAttribute<PS, &PS::Value>("PSValue"),
 };
 
+using TI = TableItem;
+constexpr AttributeRow<TI> kTableRows[] = {
+    Attribute<TI, &TI::TableKey, &TI::SetTableKey>("TableKey"),
+    Attribute<TI, &TI::TableText, &TI::SetTableText>("TableText"),
+    Attribute<TI, &TI::TableTitle, &TI::SetTableTitle>("TableTitle"),
+    Attribute<TI, &TI::TableType, &TI::SetTableType>("TableType"),
+};
+
 }  // namespace
 
 // clang-format off
@@ -221,6 +229,7 @@ std::span<const AttributeRow<CodingConvention>> Coding() { return kCodingRows; }
 std::span<const AttributeRow<NamingConvention>> Naming() { return kNamingRows; }
 std::span<const AttributeRow<PrefixSuffixItem>> NameItem() { return kNameItemRows; }
 std::span<const AttributeRow<ViolationDefinition>> Violation() { return kViolationRows; }
+std::span<const AttributeRow<TableItem>> Table() { return kTableRows; }
 // clang-format on
 
 }  // namespace dorvik::modRulebaseSchema

@@ -2,6 +2,7 @@
 
 #include "rulebase/AttributeRow.h"
 #include "rulebase/Rulebase.h"
+#include "rulebase/TableItem.h"
 
 #include <span>
 #include <string_view>
@@ -44,6 +45,7 @@ inline constexpr std::string_view kSuffixItems = "SuffixItems";
 inline constexpr std::string_view kSuffixItem = "SuffixItem";
 inline constexpr std::string_view kViolationDefinition = "ViolationDefinition";
 inline constexpr std::string_view kReport = "Report";
+inline constexpr std::string_view kSection = "Section";
 
 /// Attributes that the code reads or writes by themselves.
 inline constexpr std::string_view kTagName = "TagName";
@@ -54,6 +56,12 @@ inline constexpr std::string_view kLastRuleID = "LastRuleID";
 inline constexpr std::string_view kSeverityLevel = "SeverityLevel";
 inline constexpr std::string_view kRuleActive = "RuleActive";
 inline constexpr std::string_view kCategoryID = "CategoryID";
+inline constexpr std::string_view kSectionType = "SectionType";
+inline constexpr std::string_view kCategoryRuleList = "CategoryRuleList";
+
+/// Values of `SectionType`.
+inline constexpr std::string_view kCategorySection = "Category";
+inline constexpr std::string_view kTableSection = "Table";
 
 /// The tables of `RulebaseProperties`, which follow each other in the element.
 std::span<const AttributeRow<Rulebase>> Properties();
@@ -78,5 +86,7 @@ std::span<const AttributeRow<CodingConvention>> Coding();
 std::span<const AttributeRow<NamingConvention>> Naming();
 std::span<const AttributeRow<PrefixSuffixItem>> NameItem();
 std::span<const AttributeRow<ViolationDefinition>> Violation();
+/// What a section of a report definition holds behind its `SectionType` if it is a table.
+std::span<const AttributeRow<TableItem>> Table();
 
 }  // namespace dorvik::modRulebaseSchema

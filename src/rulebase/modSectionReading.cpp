@@ -1,12 +1,18 @@
 #include "rulebase/modSectionReading.h"
 
+#include "base/BasicError.h"
 #include "rulebase/AttributeRow.h"
 
 namespace dorvik::modSectionReading {
 
 std::shared_ptr<KyXMLElement> Section(const KyXMLElement& parent, std::string_view name) {
     std::shared_ptr<KyXMLElement> section = parent.ElementByName(name);
-    ExistingElement(section);
+    if (section == nullptr) {
+        throw BasicError(
+            runtimeerror::kObjectNotSet,
+            RuntimeErrorText(runtimeerror::kObjectNotSet) + ": " + parent.PlaceText() +
+                " has no element " + std::string(name));
+    }
     return section;
 }
 
@@ -21,7 +27,21 @@ std::vector<std::shared_ptr<KyXMLElement>> Children(const KyXMLElement& section)
 }
 
 std::int32_t LongAttribute(const KyXMLElement& element, std::string_view name) {
-    return modAttributeText::ToLong(element.AttributeValueByName(name));
+    const std::string value = element.AttributeValueByName(name);
+    std::int32_t number = 0;
+    Explain(
+        [&] { number = modAttributeText::ToLong(value); },
+        [&] { return UnreadableText(element, name, value); });
+    return number;
+}
+
+bool BooleanAttribute(const KyXMLElement& element, std::string_view name) {
+    const std::string value = element.AttributeValueByName(name);
+    bool flag = false;
+    Explain(
+        [&] { flag = modAttributeText::ToBoolean(value); },
+        [&] { return UnreadableText(element, name, value); });
+    return flag;
 }
 
 }  // namespace dorvik::modSectionReading

@@ -10,7 +10,7 @@
 /// How the loader of rulebase files walks its elements.
 namespace dorvik::modSectionReading {
 
-/// The first child of that name; raises `kObjectNotSet` where there is none.
+/// The first child of that name; raises `kObjectNotSet`, with the place, where there is none.
 std::shared_ptr<KyXMLElement> Section(const KyXMLElement& parent, std::string_view name);
 
 /// All children, in order.
@@ -18,5 +18,6 @@ std::vector<std::shared_ptr<KyXMLElement>> Children(const KyXMLElement& section)
 
 /// Raises `kObjectNotSet` for an attribute that is not there, `kTypeMismatch` for any other text.
 std::int32_t LongAttribute(const KyXMLElement& element, std::string_view name);
+bool BooleanAttribute(const KyXMLElement& element, std::string_view name);
 
 }  // namespace dorvik::modSectionReading

@@ -397,5 +397,31 @@ TEST_F(KyXMLDocTest, ElementsByPositionOfAWideDocumentTakeLinearTime) {
     EXPECT_EQ(length, static_cast<std::size_t>(kCount));
 }
 
+TEST_F(KyXMLElementTest, ElementsAddedAtTheEndTakeLinearTimeAndStandAtTheirPositions) {
+    constexpr int kCount = 50000;
+    const auto root = RootOf("<r><first/></r>");
+    for (int number = 1; number <= kCount; ++number) {
+        root->AddElement("a")->AddAttribute("n", std::to_string(number));
+    }
+    ASSERT_EQ(root->ElementCount(), kCount + 1);
+    EXPECT_EQ(root->ElementAtPosition(kCount)->AttributeValueByName("n"), "50000");
+    root->AddElement("b", 0);
+    EXPECT_EQ(root->ElementAtPosition(0)->ElementName(), "b");
+    EXPECT_EQ(root->ElementAtPosition(1)->ElementName(), "first");
+}
+
+TEST_F(KyXMLElementTest, ThePlaceTellsNameLineAndFileAsFarAsTheyAreKnown) {
+    const auto root = RootOf("<r>\n<Rules/></r>");
+    EXPECT_EQ(root->ElementAtPosition(0)->PlaceText(), "the element Rules (line 2)");
+    EXPECT_EQ(root->AddElement("New")->PlaceText(), "the element New");
+    const std::string path = m_folder.Write("in.xml", "<r>text</r>");
+    ASSERT_TRUE(m_doc.LoadFromFile(path));
+    EXPECT_EQ(m_doc.RootElement()->PlaceText(), "the element r (line 1 of " + path + ")");
+    EXPECT_EQ(
+        m_doc.RootElement()->ElementAtPosition(0)->PlaceText(),
+        "a piece of text (line 1 of " + path + ")");
+    EXPECT_EQ(m_doc.RootElement()->AddElement("x")->PlaceText(), "the element x (" + path + ")");
+}
+
 }  // namespace
 }  // namespace dorvik

@@ -67,5 +67,24 @@ TEST(modLog, QuietLogWithoutAFileStandsInUntilOneIsInstalled) {
     EXPECT_EQ(modLog::Install(before), &own);
 }
 
+TEST(Explain, AFailureGoesOnWithMoreToSay) {
+    try {
+        Explain(
+            [] { throw BasicError(13, "Type mismatch", "Here::There"); },
+            [] { return std::string(": of the first kind"); });
+        FAIL() << "nothing was raised";
+    } catch (const BasicError& failure) {
+        EXPECT_EQ(failure.Number(), 13);
+        EXPECT_STREQ(failure.what(), "Type mismatch: of the first kind");
+        EXPECT_EQ(failure.Source(), "Here::There");
+    }
+}
+
+TEST(Explain, WithoutAFailureNothingIsSaid) {
+    int runs = 0;
+    Explain([&] { ++runs; }, [&] { return std::to_string(++runs); });
+    EXPECT_EQ(runs, 1);
+}
+
 }  // namespace
 }  // namespace dorvik

@@ -218,5 +218,26 @@ TEST(UnauthorisedKeyword, ACloneIsAKeywordWithTheSameEvents) {
     EXPECT_EQ(clone->ParserEventList(), "30");
 }
 
+TEST(EventRule, ManyEventsBehaveAsFewDo) {
+    CodingConvention rule;
+    for (std::int32_t event = 1; event <= 500; ++event) {
+        EXPECT_TRUE(rule.AddParserEventID(event));
+        EXPECT_TRUE(rule.AddParserEventID(event));
+    }
+    EXPECT_EQ(rule.EventCount(), 500);
+    EXPECT_TRUE(rule.RemoveParserEventID(1));
+    EXPECT_EQ(rule.ParserEventID(0), 500);
+    EXPECT_FALSE(rule.IsAssignedToEvent(1));
+    EXPECT_TRUE(rule.IsAssignedToEvent(500));
+    EXPECT_TRUE(rule.AddParserEventID(1));
+    EXPECT_TRUE(rule.IsAssignedToEvent(1));
+    EXPECT_TRUE(rule.IsAssignedToEvent(2));
+    EXPECT_FALSE(rule.IsAssignedToEvent(501));
+    EXPECT_EQ(rule.EventCount(), 500);
+    EXPECT_TRUE(rule.RemoveParserEventID(-1));
+    EXPECT_FALSE(rule.IsAssignedToEvent(2));
+    EXPECT_EQ(rule.ParserEventList(), "");
+}
+
 }  // namespace
 }  // namespace dorvik

@@ -70,4 +70,46 @@ inline std::string NamingElement(
            "</NamingConvention>";
 }
 
+/// A file with something in every section, one element a line. All of its numbers and flags are
+/// such that only the rows meant to be numbers and flags look like them.
+inline RulebaseText FullRulebaseText() {
+    RulebaseText text;
+    text.ControlTags =
+        "<ControlTags>\n"
+        R"(<ControlTag TagName="My.Grid" TagValue="grd" TagDescription="d" TagExample="e"/>)"
+        "\n</ControlTags>\n";
+    text.DataTypeTags = "<DataTypeTags>\n"
+                        R"(<DataTypeTag TagName="String" TagValue="str" TagExample="e"/>)"
+                        "\n</DataTypeTags>\n";
+    text.ScopeTags = "<ScopeTags>\n"
+                     R"(<ScopeTag TagName="Local" TagValue="l" TagExample="e"/>)"
+                     "\n</ScopeTags>\n";
+    text.Severities =
+        "<SeverityList>\n"
+        R"(<SeverityItem Colour="255" Description="" Impact="900" SeverityLevel="6" SeverityLevelText="Top" Title="Fatal"/>)"
+        "\n</SeverityList>\n";
+    text.Components =
+        "<AuthorisedComponents>\n"
+        R"(<AuthorisedComponent Advice="a" Filename="a.ocx" LibID="{A}" VersionList="1.0"/>)"
+        "\n</AuthorisedComponents>\n";
+    text.References =
+        "<AuthorisedReferences>\n"
+        R"(<AuthorisedReference Advice="a" Description="d" Filename="b.dll" LibID="{B}" VersionList="2.0"/>)"
+        "\n</AuthorisedReferences>\n";
+    text.Keywords =
+        "<UnauthorisedKeywords>\n" + KeywordElement("5000") + "\n</UnauthorisedKeywords>\n";
+    text.LastRuleID = "5002";
+    text.Coding = "<CodingConventions>\n" + CodingElement("5001") + "\n</CodingConventions>\n";
+    text.Naming = "<NamingConventions>\n" +
+                  NamingElement("5002", R"(<PrefixItem PSType="1" PSValue="txt"/>)", "True") +
+                  "\n</NamingConventions>\n";
+    text.Report =
+        "<Report>\n"
+        R"(<Section SectionType="Category" CategoryID="1" CategoryRuleList="5000|5001"/>)"
+        "\n"
+        R"(<Section SectionType="Table" TableKey="k" TableText="t" TableTitle="h" TableType="3"/>)"
+        "\n</Report>\n";
+    return text;
+}
+
 }  // namespace dorvik::test

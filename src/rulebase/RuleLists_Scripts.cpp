@@ -1,0 +1,43 @@
+#include "foundation/Trap.h"
+#include "rulebase/RuleLists.h"
+#include "rulebase/ScriptFile.h"
+
+namespace dorvik {
+
+namespace {
+
+/// How errors name the rule: "rule 12 (No GoTo)".
+std::string NameOf(const IRule& rule) {
+    return "rule " + std::to_string(rule.RuleID()) + " (" + rule.Title() + ")";
+}
+
+template <class Rules>
+void AddScripts(ScriptFile& file, const Rules& rules) {
+    for (std::int32_t index = 1; index <= rules.Count(); ++index) {
+        file.AddScript(rules.Item(index)->RuleID(), rules.Item(index)->Condition());
+    }
+}
+
+}  // namespace
+
+std::string RuleLists::CreateScriptFile(std::vector<basic::ScriptOrigin>* origins) const {
+    std::string filename;
+    Trap({"RuleLists", "CreateScriptFile"}, [&] {
+        ScriptFile file;
+        AddScripts(file, m_codingConventions);
+        AddScripts(file, m_namingConventions);
+        file.CreateScriptFile();
+        filename = file.FullFilename();
+        if (origins == nullptr) {
+            return;
+        }
+        origins->clear();
+        for (const ScriptFile::ScriptLines& lines : file.Lines()) {
+            const auto& rule = m_allConventions.Item(RuleKeyOf(lines.RuleID));
+            origins->push_back({lines.First, lines.Last, NameOf(*rule), lines.RuleID});
+        }
+    });
+    return filename;
+}
+
+}  // namespace dorvik

@@ -1,0 +1,92 @@
+#include "rulebase/modEventScope.h"
+
+#include "parser/ParserEventTable.h"
+#include "rulebase/ObjectCatalogue.h"
+#include "rulebase/ObjectHelper.h"
+#include "rulebase/modNamingEvents.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace dorvik {
+
+TEST(modEventScope, EveryEventPromisesTheProjectLast) {
+    for (const ParserEventRow& row : kParserEvents) {
+        const auto promised = modEventScope::Promised(static_cast<std::int32_t>(row.Event));
+        ASSERT_FALSE(promised.empty()) << row.Text;
+        EXPECT_EQ(promised.back(), "Project") << row.Text;
+    }
+}
+
+TEST(modEventScope, TheNoteAtTheSourceLineIsNoObject) {
+    EXPECT_EQ(
+        modEventScope::Promised(4), (std::vector<std::string_view>{"Source", "File", "Project"}));
+}
+
+TEST(modEventScope, ANumberThatIsNoEventHoldsNothing) {
+    for (const std::int32_t event : {-1, 0, 38}) {
+        EXPECT_TRUE(modEventScope::Promised(event).empty());
+        EXPECT_FALSE(modEventScope::MayHold(event, "Project"));
+    }
+}
+
+struct HoldRow {
+    std::int32_t Event;
+    const char* Object;
+    bool Holds;
+};
+
+TEST(modEventScope, KnowsWhatARuleMayAskWhere) {
+    constexpr HoldRow kRows[] = {
+        {30, "Procedure", true},
+        {30, "procedure", true},
+        {10, "Procedure", false},
+        {4, "Procedure", true},  // the line may stand in one
+        {4, "Layout", true},
+        {4, "Variable", false},  // fires behind its line
+        {1, "VBP", true},
+        {1, "Declarations", false},
+        {3, "Declarations", true},
+        {37, "NamingConvention", true},
+        {35, "Source", false},
+        {26, "Reference", true},
+        {26, "File", false},
+    };
+    for (const HoldRow& row : kRows) {
+        EXPECT_EQ(modEventScope::MayHold(row.Event, row.Object), row.Holds)
+            << row.Event << " " << row.Object;
+    }
+}
+
+TEST(modNamingEvents, TheObjectOfEachRowIsInScopeAndNamesTheFamily) {
+    for (const NamingEventRow& row : modNamingEvents::Rows()) {
+        EXPECT_TRUE(modEventScope::MayHold(static_cast<std::int32_t>(row.Event), row.ObjectName));
+        const ObjectRow* type = modObjectCatalogue::Find(static_cast<std::int32_t>(row.Type));
+        ASSERT_NE(type, nullptr);
+        EXPECT_EQ(
+            row.ObjectName, modObjectCatalogue::Find(static_cast<std::int32_t>(type->Root))->Name);
+    }
+}
+
+TEST(modNamingEvents, OnlyTheseObjectsAreNeverTested) {
+    std::set<std::string_view> never;
+    for (std::int32_t type = kFirstObjectType; type <= kLastObjectType; ++type) {
+        if (modNamingEvents::Of(type).empty()) {
+            never.insert(ObjectHelper::ObjectName(type));
+        }
+    }
+    EXPECT_EQ(
+        never,
+        (std::set<std::string_view>{
+            "Layout",
+            "ControlProperties",
+            "Component",
+            "LayoutProperties",
+            "Implements",
+            "NamingConvention",
+            "Reference",
+            "Source"}));
+}
+
+}  // namespace dorvik
