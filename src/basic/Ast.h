@@ -81,6 +81,8 @@ struct Expression {
         NewNode,
         TypeOfNode>
         Node;
+    /// Levels of the tree from here down, 1 for a leaf; the parser keeps it at most `kTallestExpression`.
+    std::int32_t Height = 1;
 };
 
 /// What stands behind `As`, before names are looked up.
@@ -89,6 +91,7 @@ struct TypeName {
     std::string Name;  // empty: no As
     bool IsNew = false;
     ExpressionPointer FixedLength;  // of `String * n`
+    bool IsArray = false;           // `As Long()`, of a function's result only
 };
 
 struct BoundsNode {
@@ -265,6 +268,9 @@ struct DebugAssertStatement {
 /// A statement that must not act (Open, Kill, Print #, ...): raises 70 when reached.
 struct RefusedStatement {
     std::string Name;
+    /// The same words as an ordinary call, null where they make none (`Print #1`): a procedure or
+    /// variable of the module with this name goes before the statement.
+    std::unique_ptr<CallStatement> Call;
 };
 
 struct Statement {

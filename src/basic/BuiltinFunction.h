@@ -35,8 +35,8 @@ std::span<const BuiltinFunction> AllBuiltins();
 const Value* FindBuiltinConstant(std::string_view name);
 
 /// Makes an object by its programmatic identifier ("Scripting.Dictionary", any case) or raises 429.
-Value CreateScriptObject(std::string_view programId, ScriptContext& context);
+Value CreateScriptObject(std::string_view programId);
 /// Makes an object by its class name in `New` (Collection, Dictionary, RegExp); null value if unknown.
-Value NewScriptObject(ObjectClass which, ScriptContext& context);
+Value NewScriptObject(ObjectClass which);
 
 }  // namespace dorvik::basic

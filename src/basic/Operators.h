@@ -43,6 +43,14 @@ struct OperandFacts {
 Value Apply(BinaryOperator operation, const Value& left, const Value& right, OperandFacts facts);
 Value Apply(UnaryOperator operation, const Value& operand, bool isVariant);
 
+/// Whether a comparison (Equal to GreaterOrEqual) holds, Null counting as False: for a branch, without
+/// making a value of it.
+bool Holds(BinaryOperator comparison, const Value& left, const Value& right, OperandFacts facts);
+
+/// target = target & addition. A text that nobody shares grows in place, so that building a long text
+/// takes time by its length.
+void ConcatenateTo(Value& target, const Value& addition);
+
 /// Whether a condition holds: Null counts as False. Raises 13 for a text that is no truth value or number.
 bool IsTrue(const Value& condition);
 

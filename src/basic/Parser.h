@@ -18,6 +18,15 @@ struct ParsedModule {
 /// than `kDeepestNesting`, of blocks or in one expression, is an error of its own.
 ParsedModule ParseModule(std::string_view source);
 
+/// Blocks within blocks; and, counted apart, parentheses, argument lists and prefix operators within
+/// each other in one expression.
 inline constexpr int kDeepestNesting = 400;
+/// Levels of an expression's tree. A chain (`a + b + c`, `a.b.c`) has a level for each term, so it may
+/// have about this many. Whoever walks or destroys the tree may recurse.
+inline constexpr int kTallestExpression = 1'200;
+/// Words and signs of one statement line with its continuations.
+inline constexpr int kLongestLine = 1'000'000;
+/// Dimensions of an array.
+inline constexpr int kMostDimensions = 60;
 
 }  // namespace dorvik::basic

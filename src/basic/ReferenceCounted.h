@@ -18,6 +18,11 @@ public:
     /// True when that was the last reference; the caller then destroys the body.
     bool DropReference() const { return --m_references == 0; }
     bool IsShared() const { return m_references > 1; }
+    std::uint32_t References() const { return m_references; }
+
+    /// Destroys a body that nobody refers to. A chain of bodies (a collection in a collection in ...)
+    /// is taken apart link by link, so that no script can exhaust the stack of the program with one.
+    static void Destroy(const ReferenceCounted* body) noexcept;
 
 private:
     mutable std::uint32_t m_references = 0;
@@ -42,13 +47,16 @@ public:
     }
     ~Ref() {
         if (m_body && m_body->DropReference())
-            delete m_body;
+            ReferenceCounted::Destroy(m_body);
     }
 
     T* Get() const { return m_body; }
     T* operator->() const { return m_body; }
     T& operator*() const { return *m_body; }
     explicit operator bool() const { return m_body != nullptr; }
+
+    /// Gives the reference away: the count stays, and the caller drops it some day.
+    T* Detach() noexcept { return std::exchange(m_body, nullptr); }
 
 private:
     T* m_body = nullptr;

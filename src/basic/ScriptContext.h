@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace dorvik::basic {
 
@@ -24,6 +25,9 @@ class ScriptContext {
 public:
     virtual ~ScriptContext() = default;
 
+    /// The machine that runs on this thread, the innermost if one runs within another; null if none.
+    static ScriptContext* Running() { return t_running; }
+
     /// Whether the module says `Option Compare Text`.
     virtual bool ComparesText() const = 0;
     /// The error object's state; built-in `Error` and `Err` read it.
@@ -39,6 +43,24 @@ public:
     virtual std::int32_t LastLineNumber() const = 0;
     /// `Shell`, `MsgBox` and their like: tells the host the text it would have shown, then raises 70.
     [[noreturn]] virtual void Refuse(std::string_view what) = 0;
+
+private:
+    friend class RunningScope;
+    inline static constinit thread_local ScriptContext* t_running = nullptr;
+};
+
+/// Makes a context the running one as long as it lives. Objects outlive the machine that made them and may
+/// be used by another one, so they ask for the running one whenever they need it.
+class RunningScope {
+public:
+    explicit RunningScope(ScriptContext& context)
+        : m_outer(std::exchange(ScriptContext::t_running, &context)) {}
+    RunningScope(const RunningScope&) = delete;
+    RunningScope& operator=(const RunningScope&) = delete;
+    ~RunningScope() { ScriptContext::t_running = m_outer; }
+
+private:
+    ScriptContext* m_outer;
 };
 
 }  // namespace dorvik::basic

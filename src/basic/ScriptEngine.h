@@ -2,6 +2,7 @@
 
 #include "basic/CompileError.h"
 #include "basic/ScriptHost.h"
+#include "basic/ScriptOrigin.h"
 
 #include <cstdint>
 #include <memory>
@@ -12,9 +13,8 @@
 
 namespace dorvik::basic {
 
-class Program;
-class Machine;
 class ScriptEngine;
+struct EngineParts;
 
 /// Stands for one procedure of the loaded module, found by its prototype.
 class ScriptHandler {
@@ -31,14 +31,6 @@ private:
     struct State;
     explicit ScriptHandler(std::shared_ptr<State> state);
     std::shared_ptr<State> m_state;  // shared with the engine, which binds it at each load
-};
-
-/// Which script of a rulebase a range of the module's lines came from, so that errors can name it.
-struct ScriptOrigin {
-    std::int32_t FirstLine = 0;  // in the module, from 1
-    std::int32_t LastLine = 0;
-    std::string Name;  // "rule 12 (No GoTo)"
-    std::int32_t Rule = 0;
 };
 
 /// Compiles one module of scripts and runs its procedures. Not to be used from two threads.
@@ -73,7 +65,9 @@ public:
     /// The first of them as text: "file(line, column): text", with the script's name and its own line when known.
     std::string ErrorText() const;
     const std::vector<CompileWarning>& Warnings() const;
+    /// Null where none was given.
     const ScriptOrigin* OriginOfLine(std::int32_t line) const;
+    const ScriptOrigin* OriginOfRule(std::int32_t rule) const;
     /// Runs a Sub without arguments by its name. False as for a handler; 35 if there is none.
     bool RunSub(std::string_view name);
     /// The bytecode beside the source, for people.
@@ -81,6 +75,9 @@ public:
 
 private:
     struct Parts;
+    void Discard(std::string_view file);
+    EngineParts& PartsForHandlers();
+
     std::unique_ptr<Parts> m_parts;
 };
 

@@ -16,6 +16,9 @@ struct ErrorAlert {
     std::int32_t Line = 0;  // from 1, in the module
     std::int32_t Number = 0;
     std::string Description;
+    /// The script was stopped because it used up its instructions, its time, its call depth or its
+    /// memory, whether or not it could have trapped that.
+    bool IsLimit = false;
 };
 
 /// Receives the engine's events. All have a default, so a host answers those it cares for.

@@ -22,9 +22,14 @@ enum class ValueType : std::uint8_t {
     Decimal = 14,
     Byte = 17,
     Record = 36,
-    Array = 64,
-    Reference = 65,  // only in a frame: stands for a variable elsewhere (ByRef)
+    Array = 37,
+    Reference = 38,  // only in a frame: stands for a variable elsewhere (ByRef)
 };
+
+/// One bit for each type, so that a set of types is a number.
+constexpr std::uint64_t TypeBit(ValueType type) {
+    return std::uint64_t{1} << static_cast<unsigned>(type);
+}
 
 /// What a variable, an array element, a parameter or a function result may hold.
 enum class DeclaredKind : std::uint8_t {

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstddef>
+
+namespace dorvik::basic {
+
+/// The bytes that one object has told the memory meter; given back with the object.
+class ContainerMemory {
+public:
+    ContainerMemory() = default;
+    ContainerMemory(const ContainerMemory&) = delete;
+    ContainerMemory& operator=(const ContainerMemory&) = delete;
+    ~ContainerMemory();
+
+    std::size_t Bytes() const { return m_bytes; }
+    /// Raises 7, and changes nothing, when the memory limit would be passed.
+    void SetBytes(std::size_t bytes);
+
+private:
+    std::size_t m_bytes = 0;
+};
+
+}  // namespace dorvik::basic

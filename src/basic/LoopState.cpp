@@ -1,0 +1,36 @@
+#include "basic/LoopState.h"
+
+#include "basic/RuntimeErrors.h"
+
+namespace dorvik::basic {
+
+Value ArrayPin::Invoke(int, InvokeKind, std::span<const Value>) {
+    RaiseError(runtimeerror::kNoSuchMember);
+}
+
+LoopState::LoopState(Ref<ArrayBody> array) : m_array(std::move(array)) {
+    m_array->Lock();
+}
+
+LoopState::LoopState(Ref<ScriptObject> collection, std::unique_ptr<ScriptIterator> iterator)
+    : m_collection(std::move(collection)), m_iterator(std::move(iterator)) {}
+
+LoopState::~LoopState() {
+    if (m_array)
+        m_array->Unlock();
+}
+
+bool LoopState::Next(Value& element) {
+    if (!m_array)
+        return m_iterator->Next(element);
+    if (m_position >= m_array->Elements().size())
+        return false;
+    element = m_array->Elements()[m_position++].DeepCopy();
+    return true;
+}
+
+Value LoopState::Invoke(int, InvokeKind, std::span<const Value>) {
+    RaiseError(runtimeerror::kNoSuchMember);
+}
+
+}  // namespace dorvik::basic

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "basic/ArrayBody.h"
+#include "basic/ScriptObject.h"
+
+#include <memory>
+
+namespace dorvik::basic {
+
+/// Keeps an array alive and locked while a reference to one of its elements is out. Stands in a slot of
+/// the caller, so that it goes whichever way the call ends.
+class ArrayPin final : public ScriptObject {
+public:
+    explicit ArrayPin(Ref<ArrayBody> array) : m_array(std::move(array)) { m_array->Lock(); }
+    ~ArrayPin() override { m_array->Unlock(); }
+
+    ObjectClass Class() const override { return ObjectClass::Any; }
+    std::string_view ClassName() const override { return "Object"; }
+    int FindMember(std::string_view) const override { return kNoMember; }
+    bool HasDefaultMember() const override { return false; }
+    int FindParameter(int, std::string_view) const override { return -1; }
+    Value Invoke(int member, InvokeKind kind, std::span<const Value> arguments) override;
+
+private:
+    Ref<ArrayBody> m_array;
+};
+
+/// Where a For Each stands: in an array, which is locked meanwhile, or in a collection.
+class LoopState final : public ScriptObject {
+public:
+    explicit LoopState(Ref<ArrayBody> array);
+    LoopState(Ref<ScriptObject> collection, std::unique_ptr<ScriptIterator> iterator);
+    ~LoopState() override;
+
+    /// False at the end; otherwise `element` is a copy of the next one.
+    bool Next(Value& element);
+
+    ObjectClass Class() const override { return ObjectClass::Any; }
+    std::string_view ClassName() const override { return "Object"; }
+    int FindMember(std::string_view) const override { return kNoMember; }
+    bool HasDefaultMember() const override { return false; }
+    int FindParameter(int, std::string_view) const override { return -1; }
+    Value Invoke(int member, InvokeKind kind, std::span<const Value> arguments) override;
+
+private:
+    Ref<ArrayBody> m_array;
+    std::size_t m_position = 0;
+    Ref<ScriptObject> m_collection;
+    std::unique_ptr<ScriptIterator> m_iterator;
+};
+
+}  // namespace dorvik::basic

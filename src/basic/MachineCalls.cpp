@@ -1,0 +1,66 @@
+#include "basic/Coercion.h"
+#include "basic/Machine.h"
+#include "basic/RuntimeErrors.h"
+#include "basic/ValueKinds.h"
+
+namespace dorvik::basic {
+
+namespace {
+
+constexpr std::uint8_t kCountFollows = 255;
+
+void Release(Value* first, std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i)
+        first[i] = Value();
+}
+
+/// What the host gave must be something that a script can hold.
+void CheckFromHost(const Value& value) {
+    if (value.Type() == ValueType::Record || value.Type() == ValueType::Reference)
+        RaiseError(runtimeerror::kTypeNotSupported);
+}
+
+}  // namespace
+
+void Machine::RunBuiltin(Instruction in, Value* base) {
+    const BuiltinFunction& function = *m_program->Builtins[in.B];
+    const std::size_t count =
+        in.Flags == kCountFollows ? static_cast<std::size_t>(m_at[1].Wide()) : in.Flags;
+    Value* const first = base + in.C;
+    Value result = function.Call(*this, {first, count});
+    Release(first, count);
+    if (in.A == kNoSlot)
+        return;
+    const bool isAsDeclared =
+        function.Result == DeclaredKind::Variant || result.Type() == ValueTypeOf(function.Result);
+    base[in.A] = isAsDeclared ? std::move(result) : CoerceTo(result, function.Result);
+}
+
+void Machine::RunExtension(Instruction in, Value* base) {
+    const ExtensionCall& call = m_program->ExtensionCalls[in.Target()];
+    Value* const first = base + in.C;
+    call.Extension->Call(call.Member, {first, call.Parameters});
+    for (std::uint32_t i = 0; i < call.Parameters; ++i)
+        CheckFromHost(first[i]);
+    Value result;
+    if (in.A != kNoSlot)
+        result = std::move(first[call.Result]);
+    if (!call.KeepsArguments)
+        Release(first, call.Parameters);
+    if (in.A != kNoSlot)
+        base[in.A] = std::move(result);
+}
+
+void Machine::ReleaseArguments(Instruction in, Value* base) {
+    Release(base + in.A, in.B);
+}
+
+void Machine::Raise(Instruction in, Value*) {
+    RaiseError(in.A);
+}
+
+void Machine::RefuseStatement(Instruction in, Value*) {
+    Refuse(m_program->Constants[static_cast<std::size_t>(in.Wide())].AsText());
+}
+
+}  // namespace dorvik::basic

@@ -1,0 +1,219 @@
+#include "base/BasicError.h"
+#include "basic/Coercion.h"
+#include "basic/ContainerObject.h"
+#include "basic/LoopState.h"
+#include "basic/Machine.h"
+#include "basic/MemoryMeter.h"
+#include "basic/RuntimeErrors.h"
+#include "basic/ValueKinds.h"
+
+#include <cstdlib>
+#include <new>
+#include <stdexcept>
+
+namespace dorvik::basic {
+
+namespace {
+
+constexpr std::size_t kStackSlots = std::size_t{1} << 20;
+/// Behind the stack: an instruction may name a slot that it does not use.
+constexpr std::size_t kBeyond = std::size_t{1} << 16;
+constexpr std::int32_t kMostFrames = 100'000;
+constexpr std::size_t kMemoryWorthASearch = std::size_t{16} << 20;  // for cycles of containers
+
+bool NamesLimit(std::int32_t number, const std::string& text) {
+    const bool isLimitNumber = number == runtimeerror::kOutOfMemory ||
+                               number == runtimeerror::kOutOfStringSpace ||
+                               number == runtimeerror::kOutOfStackSpace;
+    return isLimitNumber && text.find("limit") != std::string::npos;
+}
+
+}  // namespace
+
+Machine::Machine(IScriptHost& host) : m_host(host) {
+    // Zeroed memory is a row of Empty values; the system gives pages only as they are used.
+    m_stack = static_cast<Value*>(std::calloc(kStackSlots + kBeyond, sizeof(Value)));
+    if (m_stack == nullptr)
+        throw std::bad_alloc();
+    m_stackEnd = m_stack + kStackSlots;
+    SetLimits({});
+}
+
+Machine::~Machine() {
+    Load(nullptr);
+    std::free(m_stack);
+}
+
+void Machine::SetLimits(const ScriptLimits& limits) {
+    m_limits = limits;
+    const std::int32_t depth =
+        limits.CallDepth > 0 ? std::min(limits.CallDepth, kMostFrames) : kMostFrames;
+    m_frames.resize(static_cast<std::size_t>(depth));
+}
+
+/// A search costs as much as there are values, so it waits until their memory has doubled.
+void Machine::SetCycleSearch() {
+    const MemoryMeter& meter = MemoryMeter::Current();
+    m_searchCyclesAt =
+        std::max(2 * meter.Used(), std::min(kMemoryWorthASearch, m_limits.MemoryBytes / 2));
+}
+
+void Machine::Load(const Program* program) {
+    m_globals.clear();
+    m_hostArguments.clear();
+    m_errObject = Value();
+    m_error.Clear();
+    ContainerObject::ReleaseCycles();
+    SetCycleSearch();
+    m_program = program;
+    m_hasGlobals = false;
+    m_lineNumber = 0;
+    m_random = 327'680;
+}
+
+void Machine::MakeGlobals() {
+    m_globals.resize(m_program->Globals.size());
+    for (std::size_t i = 0; i < m_globals.size(); ++i)
+        m_globals[i] = InitialOf(m_program->Shapes[m_program->Globals[i]]);
+    m_hasGlobals = true;
+}
+
+bool Machine::Run(std::size_t procedure, std::span<const Value> arguments, ErrorAlert& alert) {
+    MemoryMeter::Current().SetLimit(m_limits.MemoryBytes);
+    MemoryMeter::Current().SetStringLimit(m_limits.StringBytes);
+    const RunningScope scope(*this);
+    m_isRunning = true;
+    m_error.Clear();
+    m_goSubs.clear();
+    m_depth = 0;
+    StartClock();
+    const bool isDone = Guarded(procedure, arguments, alert);
+    while (m_depth > 0)
+        Unwind();
+    m_hostArguments.clear();
+    if (!m_printLine.empty())
+        PrintEnd({}, nullptr);
+    m_isRunning = false;
+    if (MemoryMeter::Current().Used() > m_searchCyclesAt) {
+        ContainerObject::ReleaseCycles();
+        SetCycleSearch();
+    }
+    return isDone;
+}
+
+/// The one place where the errors of scripts are caught. An error that a procedure handles goes on in the
+/// loop; every other ends here.
+bool Machine::Guarded(std::size_t procedure, std::span<const Value> arguments, ErrorAlert& alert) {
+    bool isBegun = false;
+    for (;;) {
+        try {
+            if (!isBegun)
+                Begin(procedure, arguments);
+            isBegun = true;
+            Loop();
+            return true;
+        } catch (const ScriptStop& stop) {
+            const std::int32_t line =
+                m_depth > 0 && m_at != nullptr ? Top().Procedure->MarkOf(Position()).Line : 0;
+            alert = {{}, m_program->Name, line, stop.Number, stop.Text, stop.IsLimit};
+            return stop.Number == 0;
+        } catch (const BasicError& error) {
+            if (!Recover(error.Number(), error.what(), error.Source(), alert))
+                return false;
+        } catch (const std::bad_alloc&) {
+            const std::int32_t number = runtimeerror::kOutOfMemory;
+            if (!Recover(number, RuntimeErrorText(number), {}, alert))
+                return false;
+        } catch (const std::exception& error) {
+            if (!Recover(runtimeerror::kInternalError, error.what(), {}, alert))
+                return false;
+        }
+    }
+}
+
+void Machine::Begin(std::size_t index, std::span<const Value> arguments) {
+    const Procedure& procedure = m_program->Procedures[index];
+    m_at = nullptr;
+    if (!m_hasGlobals)
+        MakeGlobals();
+    m_hostArguments.clear();
+    m_hostArguments.reserve(arguments.size());
+    Value* const base = m_stack;
+    if (base + procedure.Slots + procedure.ArgumentSlots > m_stackEnd)
+        StopForDepth();
+    for (std::size_t i = 0; i < arguments.size(); ++i)
+        m_hostArguments.push_back(CoerceTo(arguments[i], procedure.Parameters[i].Type));
+    Enter(procedure, base, nullptr, nullptr);
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const bool isVariant = procedure.Parameters[i].Type.Kind == DeclaredKind::Variant;
+        base[i] =
+            procedure.Parameters[i].IsByVal
+                ? m_hostArguments[i]
+                : TaggedReference(
+                      &m_hostArguments[i], isVariant ? ReferenceTag::Variant : ReferenceTag::Typed);
+    }
+    m_at = m_next = procedure.Code.data();
+}
+
+void Machine::StopForDepth() {
+    RaiseLimit(
+        runtimeerror::kOutOfStackSpace,
+        m_depth >= m_frames.size()
+            ? "the limit of " + std::to_string(m_frames.size()) + " procedure calls was reached"
+            : "the limit of " + std::to_string(kStackSlots) + " variables of calls was reached");
+}
+
+void Machine::RaiseAt(const Instruction* at, std::int32_t number) {
+    m_at = at;
+    RaiseError(number);
+}
+
+void Machine::ClearArguments(const Frame& frame) {
+    Value* const first = frame.Base + frame.Procedure->Slots;
+    for (Value* slot = first; slot != first + frame.Procedure->ArgumentSlots; ++slot)
+        *slot = Value();
+}
+
+/// References of the failed statement are gone, so arrays need not stay locked for them.
+void Machine::ClearPins(const Frame& frame) {
+    for (Value* slot = frame.Base; slot != frame.Base + frame.Procedure->GenericSlots; ++slot)
+        if (slot->Type() == ValueType::Object && slot->AsObject() != nullptr &&
+            dynamic_cast<const ArrayPin*>(slot->AsObject()) != nullptr)
+            *slot = Value();
+}
+
+void Machine::Unwind() {
+    ClearArguments(Top());
+    m_at = Top().ReturnTo == nullptr ? nullptr : Top().ReturnTo - 1;
+    Leave();
+}
+
+/// Finds who handles an error at `m_at`: false if nobody does; all frames are gone then.
+bool Machine::Recover(
+    std::int32_t number, const std::string& text, const std::string& source, ErrorAlert& alert) {
+    constexpr std::int64_t kCost = 50;
+    m_budget -= kCost;  // looked at by the next jump
+    m_error.Number = number;
+    m_error.Description = text;
+    m_error.Source = source.empty() ? m_program->Name : source;
+    const std::int32_t line =
+        m_depth > 0 && m_at != nullptr ? Top().Procedure->MarkOf(Position()).Line : 0;
+    while (m_depth > 0) {
+        Frame& frame = Top();
+        ClearArguments(frame);
+        ClearPins(frame);
+        if (frame.Handler != kNoHandler && !frame.IsHandling && m_at != nullptr) {
+            frame.ErrorPosition = Position();
+            const Instruction* const code = CodeOfTop();
+            frame.IsHandling = frame.Handler != kResumeNext;
+            m_next = frame.IsHandling ? code + frame.Handler
+                                      : code + frame.Procedure->MarkOf(frame.ErrorPosition).Next;
+            return true;
+        }
+        Unwind();
+    }
+    alert = {{}, m_error.Source, line, number, text, NamesLimit(number, text)};
+    return false;
+}
+
+}  // namespace dorvik::basic

@@ -1,0 +1,109 @@
+#include "basic/Characters.h"
+#include "basic/Coercion.h"
+#include "basic/Machine.h"
+#include "basic/MemoryMeter.h"
+#include "basic/RuntimeErrors.h"
+
+#include <algorithm>
+
+namespace dorvik::basic {
+
+namespace {
+
+constexpr std::size_t kZone = 14;
+constexpr std::int32_t kWidestGap = 32'767;
+
+/// What Debug.Print shows of a value.
+std::string ShownText(const Value& value) {
+    if (value.IsMissing())
+        RaiseError(runtimeerror::kTypeMismatch);
+    if (value.Type() == ValueType::Object)
+        return ShownText(LetValue(value));
+    if (value.Type() == ValueType::Null)
+        return "Null";
+    if (value.Type() == ValueType::Error)
+        return ErrorText(value);
+    std::string text = ToText(value);
+    const bool isShownAsNumber =
+        value.IsNumber() && value.Type() != ValueType::Boolean && value.Type() != ValueType::Date;
+    if (!isShownAsNumber)
+        return text;
+    // Required: a number has a place for its sign in front and a blank behind.
+    return (text.starts_with('-') ? "" : " ") + text + " ";
+}
+
+}  // namespace
+
+void Machine::MidAssign(Instruction in, Value* base) {
+    Value& text = base[in.A];
+    const std::int32_t start = base[in.A + 1].AsLong();
+    const Value& length = base[in.A + 2];
+    const std::string_view old = text.AsText();
+    const std::string_view part = base[in.A + 3].AsText();
+    const bool hasLength = !length.IsMissing();
+    const auto begin = static_cast<std::size_t>(start - 1);
+    if (start < 1 || begin >= modCharacters::Count(old) || (hasLength && length.AsLong() < 0))
+        RaiseError(runtimeerror::kInvalidProcedureCall);
+    std::size_t count = std::min(modCharacters::Count(part), modCharacters::Count(old) - begin);
+    if (hasLength)
+        count = std::min(count, static_cast<std::size_t>(length.AsLong()));
+    const std::size_t from = modCharacters::Skip(old, begin);
+    const std::size_t to = modCharacters::Skip(old, count, from);
+    std::string changed(old.substr(0, from));
+    changed += part.substr(0, modCharacters::Skip(part, count));
+    changed += old.substr(to);
+    Spend(changed.size() / 64);
+    text = Value::Text(std::move(changed));
+}
+
+void Machine::AlignText(Instruction in, Value* base) {
+    Value& text = base[in.A];
+    const std::string_view part = base[in.A + 1].AsText();
+    const std::size_t width = modCharacters::Count(text.AsText());
+    const std::size_t count = modCharacters::Count(part);
+    const std::string blanks(width > count ? width - count : 0, ' ');
+    const std::string shown(part.substr(0, modCharacters::Skip(part, width)));
+    text = Value::Text(in.C == 0 ? shown + blanks : blanks + shown);
+}
+
+void Machine::PrintText(std::string_view text) {
+    MemoryMeter::Current().CheckString(m_printLine.size() + text.size());
+    m_printLine += text;
+    const std::size_t lineEnd = text.rfind('\n');
+    if (lineEnd == std::string_view::npos)
+        m_printColumn += modCharacters::Count(text);
+    else
+        m_printColumn = modCharacters::Count(text.substr(lineEnd + 1));
+}
+
+void Machine::PrintValue(Instruction in, Value* base) {
+    if (base[in.A].Type() == ValueType::String)
+        PrintText(base[in.A].AsText());
+    else
+        PrintText(ShownText(base[in.A]));
+}
+
+void Machine::PrintPlace(Instruction in, Value* base) {
+    if (in.Code == Opcode::PrintZone) {
+        PrintText(std::string(kZone - m_printColumn % kZone, ' '));
+        return;
+    }
+    const std::int32_t asked = std::min(base[in.A].AsLong(), kWidestGap);
+    if (in.Code == Opcode::PrintSpaces) {
+        PrintText(std::string(static_cast<std::size_t>(std::max(asked, 0)), ' '));
+        return;
+    }
+    const auto column = static_cast<std::size_t>(std::max(asked, 1) - 1);
+    if (column < m_printColumn)
+        PrintEnd(in, base);
+    PrintText(std::string(column - m_printColumn, ' '));
+}
+
+void Machine::PrintEnd(Instruction, Value*) {
+    std::string line;
+    line.swap(m_printLine);
+    m_printColumn = 0;
+    m_host.OnDebugPrint(line);
+}
+
+}  // namespace dorvik::basic

@@ -1,0 +1,121 @@
+#pragma once
+
+#include "basic/Ast.h"
+#include "basic/BuiltinFunction.h"
+#include "basic/CompileError.h"
+#include "basic/Instruction.h"
+#include "basic/ScriptHost.h"
+#include "basic/ScriptObject.h"
+#include "basic/ValueBodies.h"
+
+#include <string>
+#include <vector>
+
+namespace dorvik::basic {
+
+/// How a variable is made: its type and, for a fixed array, its bounds.
+struct VariableShape {
+    DeclaredType Type;
+    bool IsFixedArray = false;
+    bool IsNew = false;
+    std::vector<Bounds> Dimensions;
+};
+
+struct RecordMember {
+    std::string Name;
+    VariableShape Shape;
+};
+/// A `Type` of the module.
+struct RecordType {
+    std::string Name;
+    std::vector<RecordMember> Members;
+};
+
+struct Parameter {
+    std::string Name;
+    DeclaredType Type;
+    bool IsByVal = false;
+    bool IsOptional = false;
+    bool IsParamArray = false;
+    Value Default;  // of an optional one: Missing for a Variant without a default
+};
+
+/// Tells, from a mark's start to the next mark's, which statement the code belongs to.
+struct StatementMark {
+    std::uint32_t Start = 0;
+    std::uint32_t Again = 0;  // where `Resume` goes on
+    std::uint32_t Next = 0;   // where `Resume Next` goes on
+    std::int32_t Line = 0;    // physical, in the module, from 1
+};
+
+/// One compiled procedure. Its slots: parameters, generic ones, then plain ones; arguments of the
+/// procedures that it calls are built behind them and become the first slots of the callee.
+struct Procedure {
+    std::string Name;
+    ProcedureKind Kind = ProcedureKind::Sub;
+    std::vector<Parameter> Parameters;
+    DeclaredType Result;
+    bool IsPrivate = false;
+    SourcePlace Place;
+    std::vector<Instruction> Code;
+    std::vector<StatementMark> Marks;  // by rising starts
+    std::vector<Value> Initial;        // of the slots behind the parameters; no bodies
+    std::uint32_t GenericSlots = 0;    // with the parameters; only these are released at the end
+    std::uint32_t Slots = 0;
+    std::uint32_t ArgumentSlots = 0;  // the most that are built behind `Slots`
+
+    /// REQUIRES: Marks is not empty.
+    const StatementMark& MarkOf(std::uint32_t position) const;
+};
+
+/// `Select Case` over whole numbers. Dense: `Targets[value - First]`; sparse: `Keys` rise, and
+/// `Targets` runs beside them.
+struct SwitchTable {
+    std::int32_t First = 0;
+    std::vector<std::int32_t> Keys;
+    std::vector<std::uint32_t> Targets;
+    std::uint32_t Else = 0;
+};
+
+/// A use of an object's member, with the class that was seen there last.
+struct CallSite {
+    std::string Name;  // empty: the default member
+    InvokeKind Kind = InvokeKind::Get;
+    std::uint32_t Arguments = 0;
+    std::vector<std::string> ArgumentNames;  // of the last arguments
+    mutable ObjectClass SeenClass = ObjectClass::Any;
+    mutable int SeenMember = kNoMember;
+};
+
+/// A use of an extension's callback.
+struct ExtensionCall {
+    IScriptExtension* Extension = nullptr;
+    std::uint32_t Member = 0;
+    std::uint32_t Parameters = 0;
+    std::uint32_t Result = 0;     // the out argument that is the value of the function form
+    bool KeepsArguments = false;  // the code behind the call reads the out arguments
+};
+
+/// A compiled module. Immutable while it runs, but for the caches of its call sites.
+class Program {
+public:
+    std::string Name;  // from Attribute VB_Name
+    bool ComparesText = false;
+    std::vector<std::string> Lines;
+    std::vector<Procedure> Procedures;
+    std::vector<Value> Constants;
+    std::vector<DeclaredType> Types;
+    std::vector<VariableShape> Shapes;
+    std::vector<std::uint32_t> Globals;  // the shape of each module variable and Static
+    std::vector<RecordType> Records;
+    std::vector<SwitchTable> Switches;
+    std::vector<CallSite> Sites;
+    std::vector<ExtensionCall> ExtensionCalls;
+    std::vector<const BuiltinFunction*> Builtins;
+    std::vector<CompileWarning> Warnings;
+
+    /// The index of a procedure by its name in any case and its kind, or -1.
+    int FindProcedure(std::string_view name, ProcedureKind kind) const;
+};
+
+}  // namespace dorvik::basic

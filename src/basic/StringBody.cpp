@@ -1,0 +1,86 @@
+#include "basic/StringBody.h"
+
+#include "basic/Characters.h"
+#include "basic/MemoryMeter.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace dorvik::basic {
+
+namespace {
+
+/// What a string holds without memory of its own.
+const std::size_t kInPlace = std::string().capacity();
+
+/// The texts of one ASCII character. They belong to nobody's script and are charged to none.
+class CharacterBodies {
+public:
+    CharacterBodies() {
+        const std::size_t before = MemoryMeter::Current().Used();
+        for (std::size_t code = 0; code < m_bodies.size(); ++code) {
+            m_bodies[code] = MakeRef<StringBody>(std::string(1, static_cast<char>(code)));
+        }
+        MemoryMeter::Current().Refund(MemoryMeter::Current().Used() - before);
+    }
+    StringBody* operator[](char character) const {
+        return m_bodies[static_cast<unsigned char>(character)].Get();
+    }
+
+private:
+    std::array<Ref<StringBody>, 128> m_bodies;
+};
+
+}  // namespace
+
+StringBody::StringBody(std::string text) : m_text(std::move(text)) {
+    MemoryMeter& meter = MemoryMeter::Current();
+    meter.CheckString(m_text.size());
+    meter.Charge(Cost());
+}
+
+StringBody::~StringBody() {
+    MemoryMeter::Current().Refund(Cost());
+}
+
+Ref<StringBody> StringBody::Joined(std::string_view left, std::string_view right) {
+    MemoryMeter::Current().CheckString(left.size() + right.size());
+    std::string text;
+    text.reserve(left.size() + right.size());
+    text.append(left).append(right);
+    return MakeRef<StringBody>(std::move(text));
+}
+
+StringBody* StringBody::OfCharacter(char character) {
+    thread_local const CharacterBodies t_bodies;
+    return t_bodies[character];
+}
+
+void StringBody::Append(std::string_view text) {
+    MemoryMeter& meter = MemoryMeter::Current();
+    const std::size_t size = m_text.size() + text.size();
+    meter.CheckString(size);
+    if (size > m_text.capacity()) {
+        const std::size_t before = Cost();
+        const std::size_t grown = std::max(size, 2 * m_text.capacity());
+        meter.Charge(sizeof(StringBody) + grown - before);
+        m_text.reserve(grown);
+    }
+    m_text.append(text);
+    if (m_length >= 0) {
+        m_length += static_cast<std::int32_t>(modCharacters::Count(text));
+    }
+}
+
+std::int32_t StringBody::CountCharacters() const {
+    m_length = static_cast<std::int32_t>(modCharacters::Count(m_text));
+    return m_length;
+}
+
+std::size_t StringBody::Cost() const {
+    const std::size_t capacity = m_text.capacity();
+    return sizeof(StringBody) + (capacity > kInPlace ? capacity : 0);
+}
+
+}  // namespace dorvik::basic
