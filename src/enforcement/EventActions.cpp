@@ -1,15 +1,11 @@
 #include "enforcement/EventActions.h"
 
-#include "base/modText.h"
 #include "criteria/ReviewCriteria.h"
 #include "enforcement/ResultsManager.h"
 #include "enforcement/RuleEngine.h"
 #include "parser/ScopeName.h"
-#include "rulebase/IRule.h"
 #include "rulebase/Rulebase.h"
 #include "source/LineType.h"
-
-#include <utility>
 
 namespace dorvik {
 
@@ -46,16 +42,41 @@ EventActions::EventActions(
     : m_criteria(criteria),
       m_rulebase(rulebase),
       m_ruleEngine(ruleEngine),
-      m_resultsManager(resultsManager) {}
+      m_resultsManager(resultsManager),
+      m_authorisation(rulebase, resultsManager),
+      m_coding(rulebase, ruleEngine, resultsManager),
+      m_keywords(rulebase, ruleEngine, resultsManager) {}
+
+void EventActions::SetNamingHelper(NamingConventionHelper& helper) {
+    m_naming.emplace(m_rulebase, m_ruleEngine, m_resultsManager, helper);
+}
 
 void EventActions::Execute(ParserEvent event, bool parserActive) {
-    m_resultsManager.ParserState().SetParserEvent(event);
+    VB6ParserState& state = m_resultsManager.ParserState();
+    state.SetParserEvent(event);
+    const Location location = parserActive ? state.CurrentLocation() : Location::File;
+    const EventPlace place{event, location, LocationMember(state, location)};
     SetupResults(event);
-    if (IsKeywordEvent(event) && m_criteria.LoadCriteria().UnauthorisedKeywords() &&
-        m_resultsManager.ParserState().CurrentLineType() != LineType::CommentOnly) {
-        EnforceUnauthorisedKeywords(event, parserActive);
-    }
+    EnforceRules(place);
     LogFinishedObjects(event);
+}
+
+void EventActions::EnforceRules(const EventPlace& place) {
+    const RulebaseLoadCriteria& active = m_criteria.LoadCriteria();
+    if (place.Event == ParserEvent::Component) {
+        if (active.AuthorisedComponents()) {
+            m_authorisation.EnforceAuthorisedComponents();
+        }
+    } else if (active.NamingConventions() && m_naming) {
+        m_naming->EnforceNamingConventions(place);
+    }
+    if (active.CodingConventions()) {
+        m_coding.EnforceCodingConventions(place);
+    }
+    if (IsKeywordEvent(place.Event) && active.UnauthorisedKeywords() &&
+        m_resultsManager.ParserState().CurrentLineType() != LineType::CommentOnly) {
+        m_keywords.EnforceUnauthorisedKeywords(place);
+    }
 }
 
 void EventActions::SetupResults(ParserEvent event) {
@@ -90,57 +111,6 @@ void EventActions::LogFinishedObjects(ParserEvent event) {
     } else if (event == ParserEvent::EndProject) {
         m_resultsManager.LogVirtualObjectResults(scopename::kProject);
         m_resultsManager.LogVirtualObjectResults(scopename::kProjectFile);
-    }
-}
-
-std::vector<EventActions::KeywordTest>& EventActions::KeywordsOf(ParserEvent event) {
-    const auto number = static_cast<std::int32_t>(event);
-    EventKeywords& keywords = m_keywords.at(static_cast<std::size_t>(number));
-    if (!keywords.Prepared) {
-        keywords.Prepared = true;
-        if (const auto* rules = std::as_const(m_rulebase).RuleLists().ParserEventUKList(number)) {
-            for (std::int32_t index = 1; index <= rules->Count(); ++index) {
-                const IRule& rule = *rules->Item(index);
-                KeywordTest& test = keywords.Tests.emplace_back();
-                test.Rule = &rule;
-                test.RuleID = std::to_string(rule.RuleID());
-                test.Expression.SetPattern(rule.Condition());
-            }
-        }
-    }
-    return keywords.Tests;
-}
-
-void EventActions::EnforceUnauthorisedKeywords(ParserEvent event, bool parserActive) {
-    std::vector<KeywordTest>& keywords = KeywordsOf(event);
-    if (keywords.empty()) {
-        return;
-    }
-    VB6ParserState& state = m_resultsManager.ParserState();
-    const std::string_view statement = modText::TrimLeft(state.StrippedSourceStatement());
-    const ByteSet bytes(statement);
-    for (KeywordTest& keyword : keywords) {
-        state.SetCurrentRuleID(keyword.RuleID);
-        m_ruleEngine.IncrementRuleExecutionCount();
-        if (keyword.Expression.Test(statement, bytes)) {
-            RaiseKeywordViolation(keyword, event, parserActive);
-        }
-    }
-}
-
-void EventActions::RaiseKeywordViolation(
-    const KeywordTest& keyword, ParserEvent event, bool parserActive) {
-    const VB6ParserState& state = m_resultsManager.ParserState();
-    const Location location = parserActive ? state.CurrentLocation() : Location::File;
-    const ResultsManager::Origin origin{
-        location,
-        keyword.Rule->RuleID(),
-        keyword.Rule->RuleType(),
-        LocationMember(state, location)};
-    if (event == ParserEvent::EndProcedure) {
-        m_resultsManager.RaiseEndEventViolation(keyword.Rule->ViolationDefinition(), origin, event);
-    } else {
-        m_resultsManager.RaiseViolation(keyword.Rule->ViolationDefinition(), origin, "");
     }
 }
 

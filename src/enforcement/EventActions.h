@@ -1,31 +1,28 @@
 #pragma once
 
+#include "enforcement/AuthorisationEnforcement.h"
+#include "enforcement/CodingEnforcement.h"
+#include "enforcement/KeywordEnforcement.h"
+#include "enforcement/NamingEnforcement.h"
 #include "parser/Location.h"
 #include "parser/ParserEvent.h"
-#include "platform/RegularExpression.h"
 
-#include <array>
-#include <cstdint>
-#include <string>
+#include <optional>
 #include <string_view>
-#include <vector>
 
 namespace dorvik {
 
-class IRule;
 class ResultsManager;
 class ReviewCriteria;
 class RuleEngine;
 class Rulebase;
 class VB6ParserState;
-class ViolationDefinition;
 
 /// What happens at a parser event: which object gets its results record, which kinds of rule run in
 /// which order, and when a finished object goes to the results store. One per project review.
 ///
 /// The order at one event is fixed: results records first, then the rules (naming or component
 /// authorisation, coding conventions, unauthorised keywords), then the results of what has ended.
-/// At present unauthorised keywords are the kind of rule that acts.
 class EventActions {
 public:
     /// REQUIRES: all four outlive this object.
@@ -35,36 +32,29 @@ public:
         RuleEngine& ruleEngine,
         ResultsManager& resultsManager);
 
-    /// Runs everything that belongs to the event, but for what needs the project review itself:
-    /// see `FinishEvent`. An error is raised to the caller.
+    /// Names are tested from now on. REQUIRES: the helper outlives this object.
+    void SetNamingHelper(NamingConventionHelper& helper);
+
+    /// Runs everything that belongs to the event, but for what needs the project review itself.
+    /// `parserActive` is false at the events of the project. An error is raised to the caller.
     void Execute(ParserEvent event, bool parserActive);
 
-    /// Tests the unauthorised keywords assigned to the event against the current statement.
-    /// A malformed pattern raises its error and ends the list.
-    void EnforceUnauthorisedKeywords(ParserEvent event, bool parserActive);
+    /// The lists of authorised references, for which the project review asks before event 26.
+    AuthorisationEnforcement& Authorisation() { return m_authorisation; }
 
 private:
-    /// A keyword rule, ready for the test.
-    struct KeywordTest {
-        const IRule* Rule;
-        std::string RuleID;
-        RegularExpression Expression;
-    };
-    struct EventKeywords {
-        bool Prepared = false;
-        std::vector<KeywordTest> Tests;
-    };
-
     void SetupResults(ParserEvent event);
+    void EnforceRules(const EventPlace& place);
     void LogFinishedObjects(ParserEvent event);
-    std::vector<KeywordTest>& KeywordsOf(ParserEvent event);
-    void RaiseKeywordViolation(const KeywordTest& keyword, ParserEvent event, bool parserActive);
 
     const ReviewCriteria& m_criteria;
     Rulebase& m_rulebase;
     RuleEngine& m_ruleEngine;
     ResultsManager& m_resultsManager;
-    std::array<EventKeywords, kLastParserEvent + 1> m_keywords;  // by event number
+    AuthorisationEnforcement m_authorisation;
+    std::optional<NamingEnforcement> m_naming;
+    CodingEnforcement m_coding;
+    KeywordEnforcement m_keywords;
 };
 
 /// The display name of the place where the parser stands: "(Project)", "(Layout)", a procedure name ...

@@ -1,6 +1,7 @@
 #include "enforcement/NamingConventionHelper.h"
 
 #include "base/BasicError.h"
+#include "base/modTextCase.h"
 #include "foundation/Trap.h"
 #include "platform/modHost.h"
 #include "source/VirtualSourceFile.h"
@@ -11,6 +12,7 @@ namespace dorvik {
 namespace {
 
 constexpr std::string_view kModule = "C_NCHelper";
+constexpr std::string_view kBasicLibrary = "VB";
 
 NameKind KindOfFile(FileType type) {
     switch (type) {
@@ -58,6 +60,61 @@ std::int32_t NamingConventionHelper::ExtractGlobalNames(VirtualSourceFile& file)
 void NamingConventionHelper::AddTypeLibrary(
     std::string_view key, std::shared_ptr<VirtualTypeLibrary> library) {
     m_typeLibraries.Add(key, std::move(library), false, true);
+}
+
+TypeKind NamingConventionHelper::KindInLibrary(
+    const VirtualTypeLibrary& library, std::string_view name) const {
+    if (library.IsEnumItem(name)) {
+        return TypeKind::Enumeration;
+    }
+    if (library.IsClassItem(name)) {
+        const bool isControl =
+            library.TLType() == VirtualTypeLibrary::Source::Component ||
+            (modTextCase::Equal(library.Name(), kBasicLibrary) && IsIntrinsicVBControl(name));
+        return isControl ? TypeKind::Control : TypeKind::Class;
+    }
+    return library.IsUDTItem(name) ? TypeKind::UserDefinedType : TypeKind::Unknown;
+}
+
+TypeKind NamingConventionHelper::DetermineTypeKind(
+    std::string_view typeName, std::string& qualifiedName) const {
+    const std::size_t dot = typeName.find('.');
+    const bool isQualified = dot != std::string_view::npos;
+    const std::string_view name = isQualified ? typeName.substr(dot + 1) : typeName;
+    if (isQualified) {
+        qualifiedName = typeName;
+        if (const auto* library = m_typeLibraries.Find(typeName.substr(0, dot))) {
+            return KindInLibrary(**library, name);
+        }
+    }
+    for (std::int32_t index = 1; index <= m_typeLibraries.Count(); ++index) {
+        const VirtualTypeLibrary& library = *m_typeLibraries.Item(index);
+        const TypeKind kind = KindInLibrary(library, name);
+        if (kind == TypeKind::Class || kind == TypeKind::Control) {
+            qualifiedName = library.Name() + "." + std::string(name);
+        }
+        if (kind != TypeKind::Unknown) {
+            return kind;
+        }
+    }
+    return TypeKind::Unknown;
+}
+
+NamingResult NamingConventionHelper::TestPattern(
+    std::string_view text, std::string_view pattern, bool caseSensitive, std::string* match) {
+    auto result = NamingResult::NoMatch;
+    const bool tested = Trap({kModule, "TestPattern"}, [&] {
+        m_expression.SetPattern(pattern);
+        m_expression.SetIgnoreCase(!caseSensitive);
+        if (match == nullptr) {
+            result = m_expression.Test(text) ? NamingResult::Success : NamingResult::NoMatch;
+        } else if (std::optional<Match> found = m_expression.LongestMatch(text)) {
+            *match = std::move(found->Value);
+            result = NamingResult::Success;
+        }
+        m_expression.SetIgnoreCase(false);
+    });
+    return tested ? result : NamingResult::TestFailed;
 }
 
 }  // namespace dorvik

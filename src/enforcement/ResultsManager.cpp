@@ -106,7 +106,7 @@ bool ResultsManager::PrepareResultsFile(const std::string& target) const {
             kModule);
         return false;
     }
-    modFiles::CopyFile(templateFile, target);
+    Database::CopyFile(templateFile, target);
     return true;
 }
 

@@ -1,22 +1,119 @@
 #pragma once
 
+#include "basic/ScriptEngine.h"
+#include "enforcement/DVKSaxInterface.h"
+#include "enforcement/IDVKSaxEvents.h"
+
 #include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace dorvik {
 
+class ResultsManager;
+
+/// What a rule's script asked for. If it asks twice, the last one counts.
+enum class ScriptResult : std::int32_t {
+    Nothing = 1,
+    CancelPendingViolation = 2,
+    RaiseViolation = 3,
+    ApplyConvention = 5,
+};
+
 /// Runs rules on behalf of a review and counts them. One per review, owned by the driver.
+///
+/// All scripts of a rulebase are loaded as one generated module; afterwards a rule runs by its
+/// number. A script reaches the objects in scope through the prefix "Dorvik.". It does not raise a
+/// violation itself: it leaves a `ScriptResult`, on which the caller acts.
+///
+/// A script that uses up its limits is stopped and logged like any run-time error. After the third
+/// such stop its rule is switched off for the rest of the review.
 ///
 /// Unauthorised keywords are the rules without a script: whoever tests one says so through
 /// `IncrementRuleExecutionCount`. The total goes into the results database at the end of a project
 /// and runs on from project to project.
-class RuleEngine {
+class RuleEngine final : private basic::IScriptHost, private IDVKSaxEvents {
 public:
+    static constexpr int kStopsUntilSwitchedOff = 3;
+
+    RuleEngine();
+    /// Removes the module that was loaded from disk.
+    ~RuleEngine() override;
+    RuleEngine(const RuleEngine&) = delete;
+    RuleEngine& operator=(const RuleEngine&) = delete;
+
+    /// Whom scripts talk to; null between projects. REQUIRES: it outlives its time here.
+    void SetResultsManager(ResultsManager* resultsManager) { m_resultsManager = resultsManager; }
+
     void IncrementRuleExecutionCount() { ++m_ruleExecutionCount; }
     std::int32_t RuleExecutionCount() const { return m_ruleExecutionCount; }
     void SetRuleExecutionCount(std::int32_t count) { m_ruleExecutionCount = count; }
 
+    /// What a script may use up in one call.
+    void SetLimits(const basic::ScriptLimits& limits) { m_engine.SetLimits(limits); }
+    /// Asked while a script runs: true stops it.
+    void SetStopRequest(std::function<bool()> isStopRequested) {
+        m_isStopRequested = std::move(isStopRequested);
+    }
+
+    /// Loads the generated module, which this object removes at its end. `origins` tells which of its
+    /// lines are which rule's. False if it does not compile; the reason is logged.
+    bool LoadScript(std::string_view filename, std::vector<basic::ScriptOrigin> origins = {});
+    /// Why the module did not load, with the rule and the line in its script; empty if it did.
+    const std::string& LoadError() const { return m_loadError; }
+    /// Runs the script of a rule. A rule without one gives `Nothing`; a script that fails, what it had
+    /// asked for until then.
+    ScriptResult ExecuteRuleCondition(std::int32_t ruleId);
+
+    /// The rules that were switched off, as errors name them: "rule 12 (No GoTo)".
+    const std::vector<std::string>& SwitchedOffRules() const { return m_switchedOff; }
+
 private:
+    void OnErrorAlert(const basic::ErrorAlert& alert) override;
+    bool OnDoEvents() override;
+    void OnDebugPrint(std::string_view line) override;
+    void OnRefusedText(std::string_view text) override;
+
+    void ApplyConvention() override { m_result = ScriptResult::ApplyConvention; }
+    void CancelPendingViolation() override { m_result = ScriptResult::CancelPendingViolation; }
+    void RaiseViolation() override { m_result = ScriptResult::RaiseViolation; }
+    void DebugPrint(std::string_view text) override;
+    void DumpObject(std::string_view objectName) override;
+    void GetObjectProperty(
+        std::string_view objectName, std::string_view propertyName, basic::Value& value) override;
+    std::string GetParserEvent() override;
+    void GetObjectWorkField(
+        std::string_view objectName, std::string_view workfieldName, basic::Value& value) override;
+    bool IsClassName(std::string_view name) override;
+    bool IsFormName(std::string_view name) override;
+    bool ObjectHasProperty(std::string_view objectName, std::string_view propertyName) override;
+    bool ObjectHasWorkfield(std::string_view objectName, std::string_view workfieldName) override;
+    void SetObjectWorkField(
+        std::string_view objectName,
+        std::string_view workfieldName,
+        const basic::Value& value) override;
+
+    ResultsManager& Results() const;
+    /// Tells the log which rule failed, and where in its own script.
+    void LogRuleOfAlert(const basic::ErrorAlert& alert);
+    void CountLimitStop();
+
+    basic::ScriptEngine m_engine;
+    DVKSaxInterface m_dorvik;
+    std::optional<basic::ScriptHandler> m_handler;
+    ResultsManager* m_resultsManager = nullptr;
+    ScriptResult m_result = ScriptResult::Nothing;
     std::int32_t m_ruleExecutionCount = 0;
+    std::string m_scriptFilename;  // empty until loaded
+    std::string m_loadError;
+    std::function<bool()> m_isStopRequested;
+    std::int32_t m_runningRule = 0;
+    std::map<std::int32_t, int> m_limitStops;  // by rule number
+    std::vector<std::string> m_switchedOff;
 };
 
 }  // namespace dorvik

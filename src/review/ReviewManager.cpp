@@ -155,7 +155,11 @@ ReviewStatus ReviewManager::State_LoadRulebase() {
         if (m_rulebase) {
             m_criteria->LoadCriteria().SetRulebaseTitle(m_rulebase->Title());
             m_criteria->LoadCriteria().SetRulebaseVersion(m_rulebase->Version());
-            status = ReviewStatus::InitialiseReports;
+            std::vector<basic::ScriptOrigin> origins;
+            const std::string script = m_rulebase->RuleLists().CreateScriptFile(&origins);
+            if (m_ruleEngine.LoadScript(script, std::move(origins))) {
+                status = ReviewStatus::InitialiseReports;
+            }
         }
     });
     return status;

@@ -53,6 +53,8 @@ public:
     /// the first step whose result is not `Continue`.
     SliceResult ReviewTimeSlice(std::int32_t ticks);
 
+    /// The rule engine of this review, for its limits and for what it tells afterwards.
+    dorvik::RuleEngine& RuleEngine() { return m_ruleEngine; }
     /// The rulebase of this review once it is loaded, otherwise null.
     const dorvik::Rulebase* LoadedRulebase() const { return m_rulebase.get(); }
 
@@ -81,7 +83,7 @@ private:
     ReviewStatus m_state = ReviewStatus::Start;
     std::int32_t m_projectIndex = 0;
     // Declared so that the progress goes first and the engine last.
-    RuleEngine m_ruleEngine;
+    dorvik::RuleEngine m_ruleEngine;
     std::shared_ptr<dorvik::Rulebase> m_rulebase;
     std::shared_ptr<ReviewCriteria> m_criteria;
     std::unique_ptr<IProjectReview> m_projectReview;

@@ -46,6 +46,9 @@ void VB6ProjectReview::Dispose() {
         m_fileParser->Dispose();
         m_fileParser.reset();
     }
+    if (m_ruleEngine != nullptr) {
+        ReleaseFromRules();
+    }
     if (m_project) {
         m_project->ClearListProperties();
     }

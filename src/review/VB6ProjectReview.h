@@ -91,7 +91,7 @@ private:
     void LogFileResults();
     void LogVerdict();
     void LogLine(std::string_view line);
-    bool IsAuthorised(VirtualReference& reference) const;
+    void ReleaseFromRules();
     VB6ParserState& ParserState() { return m_resultsManager->ParserState(); }
 
     IProjectReviewEvents* m_callback = nullptr;

@@ -62,12 +62,17 @@ bool VB6ProjectReview::OpenProject(std::int32_t projectIndex) {
     }
     LogLine("Project: " + filename);
     LogLine("Review start date: " + DateAndTime());
+    m_ruleEngine->SetResultsManager(m_resultsManager.get());
     const auto& files = m_project->SourceFiles();
     m_progress->LoadProject(m_project->Name(), filename, files.Count());
     LogLine(
         files.SelectedCount() < files.Count() ? "Review: Selected files." : "Review: All files.");
     if (m_criteria->LoadCriteria().NamingConventions()) {
         m_namingHelper = std::make_unique<NamingConventionHelper>();
+        m_namingHelper->SetRulebase(m_rulebase.get());
+        m_namingHelper->SetResultsManager(m_resultsManager.get());
+        m_namingHelper->SetProjectName(m_project->Name());
+        m_eventActions->SetNamingHelper(*m_namingHelper);
         m_state = ReviewStatus::BeginLoadReferences;
     } else {
         m_state = ReviewStatus::BeginProject;
@@ -181,28 +186,17 @@ ReviewStatus VB6ProjectReview::State_BeginProject() {
     return status;
 }
 
-bool VB6ProjectReview::IsAuthorised(VirtualReference& reference) const {
-    const AuthorisedReferences& list = m_rulebase->AuthorisedReferences();
-    const std::int32_t position = reference.DesignTime ? -1 : list.FindByLibID(reference.GUID);
-    if (position == -1) {
-        return false;
-    }
-    const std::string& versions = list.Item(position)->VersionList();
-    if (modText::Trim(versions).empty()) {
-        return true;
-    }
-    reference.AuthorisedVersions = versions;
-    // Required: a version counts as listed wherever its text occurs in the list.
-    return modTextCase::Find(versions, reference.Version) != std::string_view::npos;
-}
-
 ReviewStatus VB6ProjectReview::State_Reference() {
     auto status = ReviewStatus::IsError;
     Trap({kModule, "State_Reference"}, [&] {
         for (std::int32_t index = 1; index <= m_project->References().Count(); ++index) {
             VirtualReference& reference = *m_project->References().Item(index);
-            const bool authorised = IsAuthorised(reference);
-            modProjectScope::AttachReference(ParserState(), reference, authorised);
+            AuthorisationEnforcement& authorisation = m_eventActions->Authorisation();
+            const auto verdict = authorisation.FindReference(reference);
+            modProjectScope::AttachReference(ParserState(), reference, verdict.Authorised);
+            if (m_criteria->LoadCriteria().AuthorisedReferences()) {
+                authorisation.EnforceAuthorisedReference(reference, verdict);
+            }
             ExecuteEventActions(dorvik::ParserEvent::Reference);
             modProjectScope::DetachReference(ParserState());
         }
@@ -227,6 +221,7 @@ ReviewStatus VB6ProjectReview::State_EndProject() {
         LogLine("Review complete.");
         LogVerdict();
         m_resultsManager->EndReview(m_ruleEngine->RuleExecutionCount());
+        ReleaseFromRules();
         m_resultsManager->SetProject(nullptr);
         m_eventActions.reset();
         m_resultsManager.reset();
@@ -234,6 +229,13 @@ ReviewStatus VB6ProjectReview::State_EndProject() {
         status = ReviewStatus::IsProjectComplete;
     });
     return status;
+}
+
+void VB6ProjectReview::ReleaseFromRules() {
+    m_ruleEngine->SetResultsManager(nullptr);
+    if (m_namingHelper) {
+        m_namingHelper->SetResultsManager(nullptr);
+    }
 }
 
 void VB6ProjectReview::LogVerdict() {

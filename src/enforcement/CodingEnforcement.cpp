@@ -1,0 +1,64 @@
+#include "enforcement/CodingEnforcement.h"
+
+#include "enforcement/RuleEngine.h"
+#include "rulebase/Rulebase.h"
+
+namespace dorvik {
+
+namespace {
+
+/// At the end of something a violation is told at its start.
+bool IsTellingTheStart(ParserEvent event) {
+    return event == ParserEvent::EndEnum || event == ParserEvent::EndType ||
+           event == ParserEvent::EndDeclarations || event == ParserEvent::EndProcedure;
+}
+
+}  // namespace
+
+void CodingEnforcement::EnforceCodingConventions(const EventPlace& place) {
+    RuleLists& rules = m_rulebase.RuleLists();
+    const auto event = static_cast<std::int32_t>(place.Event);
+    if (const auto* assigned = rules.ParserEventCCList(event, false)) {
+        for (std::int32_t index = 1; index <= assigned->Count(); ++index) {
+            RunRule(*assigned->Item(index), place);
+        }
+    }
+    if (const auto* pending = rules.PendingViolations(event)) {
+        for (std::int32_t index = 1; index <= pending->Count(); ++index) {
+            SettlePendingViolation(*pending->Item(index), place);
+        }
+    }
+}
+
+void CodingEnforcement::RunRule(CodingConvention& rule, const EventPlace& place) {
+    if (rule.Cancelled()) {
+        return;  // silent until its end event
+    }
+    if (rule.PendingViolation()) {
+        rule.SetTriggered(true);
+    }
+    m_resultsManager.ParserState().SetCurrentRuleID(std::to_string(rule.RuleID()));
+    const ScriptResult result = m_ruleEngine.ExecuteRuleCondition(rule.RuleID());
+    if (result == ScriptResult::CancelPendingViolation) {
+        rule.SetCancelled(true);
+    } else if (result == ScriptResult::RaiseViolation) {
+        if (IsTellingTheStart(place.Event)) {
+            m_resultsManager.RaiseEndEventViolation(
+                rule.ViolationDefinition(), place.OriginOf(rule), place.Event);
+        } else {
+            m_resultsManager.RaiseViolation(rule.ViolationDefinition(), place.OriginOf(rule), "");
+        }
+    }
+}
+
+void CodingEnforcement::SettlePendingViolation(CodingConvention& rule, const EventPlace& place) {
+    if (!rule.Cancelled() && rule.Triggered()) {
+        m_resultsManager.RaiseEndEventViolation(
+            rule.ViolationDefinition(), place.OriginOf(rule), place.Event);
+    } else {
+        rule.SetCancelled(false);
+    }
+    rule.SetTriggered(false);
+}
+
+}  // namespace dorvik

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "basic/ScriptHost.h"
+#include "enforcement/IDVKSaxEvents.h"
+
+namespace dorvik {
+
+/// The object that rule scripts know as "Dorvik": the table of its callbacks, each handed on to the
+/// receiver of the events.
+class DVKSaxInterface final : public basic::IScriptExtension {
+public:
+    /// The prefix under which scripts call it.
+    static constexpr std::string_view kPrefix = "Dorvik.";
+
+    /// REQUIRES: the receiver outlives this object.
+    explicit DVKSaxInterface(IDVKSaxEvents& events) : m_events(events) {}
+
+    std::span<const basic::ExtensionMember> Members() const override;
+    void Call(std::size_t member, std::span<basic::Value> arguments) override;
+
+private:
+    IDVKSaxEvents& m_events;
+};
+
+}  // namespace dorvik

@@ -1,0 +1,53 @@
+#include "enforcement/KeywordEnforcement.h"
+
+#include "base/modText.h"
+#include "enforcement/RuleEngine.h"
+#include "rulebase/Rulebase.h"
+
+namespace dorvik {
+
+std::vector<KeywordEnforcement::KeywordTest>& KeywordEnforcement::KeywordsOf(ParserEvent event) {
+    const auto number = static_cast<std::int32_t>(event);
+    EventKeywords& keywords = m_keywords.at(static_cast<std::size_t>(number));
+    if (!keywords.Prepared) {
+        keywords.Prepared = true;
+        if (const auto* rules = m_rulebase.RuleLists().ParserEventUKList(number)) {
+            for (std::int32_t index = 1; index <= rules->Count(); ++index) {
+                const IRule& rule = *rules->Item(index);
+                KeywordTest& test = keywords.Tests.emplace_back();
+                test.Rule = &rule;
+                test.RuleID = std::to_string(rule.RuleID());
+                test.Expression.SetPattern(rule.Condition());
+            }
+        }
+    }
+    return keywords.Tests;
+}
+
+void KeywordEnforcement::EnforceUnauthorisedKeywords(const EventPlace& place) {
+    std::vector<KeywordTest>& keywords = KeywordsOf(place.Event);
+    if (keywords.empty()) {
+        return;
+    }
+    VB6ParserState& state = m_resultsManager.ParserState();
+    const std::string_view statement = modText::TrimLeft(state.StrippedSourceStatement());
+    const ByteSet bytes(statement);
+    for (KeywordTest& keyword : keywords) {
+        state.SetCurrentRuleID(keyword.RuleID);
+        m_ruleEngine.IncrementRuleExecutionCount();
+        if (keyword.Expression.Test(statement, bytes)) {
+            Raise(*keyword.Rule, place);
+        }
+    }
+}
+
+void KeywordEnforcement::Raise(const IRule& rule, const EventPlace& place) {
+    if (place.Event == ParserEvent::EndProcedure) {
+        m_resultsManager.RaiseEndEventViolation(
+            rule.ViolationDefinition(), place.OriginOf(rule), place.Event);
+    } else {
+        m_resultsManager.RaiseViolation(rule.ViolationDefinition(), place.OriginOf(rule), "");
+    }
+}
+
+}  // namespace dorvik

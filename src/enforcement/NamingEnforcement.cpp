@@ -1,0 +1,167 @@
+#include "enforcement/NamingEnforcement.h"
+
+#include "base/modTextCase.h"
+#include "base/modUtf8.h"
+#include "enforcement/RuleEngine.h"
+#include "foundation/Trap.h"
+#include "rulebase/Rulebase.h"
+
+namespace dorvik {
+
+namespace {
+
+constexpr std::string_view kModule = "C_VB6ProjectReview";
+
+/// The list has a separator at both ends; without any entry it is two of them.
+bool IsExcluded(std::string_view name, std::string_view exclusionList) {
+    if (exclusionList.size() <= 2) {
+        return false;
+    }
+    const std::string entry = ";" + std::string(name) + ";";
+    return modTextCase::Find(exclusionList, entry) != std::string_view::npos;
+}
+
+}  // namespace
+
+bool NamingEnforcement::FindProperty(
+    std::string_view objectName, std::string_view propertyName, std::string& text) {
+    bool found = false;
+    std::string errorText;
+    const Variant value = m_resultsManager.ParserState().GetObjectProperty(
+        objectName, propertyName, found, errorText);
+    if (found) {
+        text = value.AsText();
+    } else {
+        m_resultsManager.DumpDebugPrint(errorText, true);
+    }
+    return found;
+}
+
+std::string
+NamingEnforcement::PropertyText(std::string_view objectName, std::string_view propertyName) {
+    std::string text;
+    FindProperty(objectName, propertyName, text);
+    return text;
+}
+
+void NamingEnforcement::ApplyObjectNamingConventions(
+    const EventPlace& place, std::string_view objectName, ObjectType type, bool endEvent) {
+    auto* rules = m_rulebase.RuleLists().ObjectNCList(static_cast<std::int32_t>(type), false);
+    if (rules == nullptr) {
+        return;
+    }
+    for (std::int32_t index = 1; index <= rules->Count(); ++index) {
+        Trap({kModule, "ApplyObjectNamingConventions"}, [&] {
+            NamingConvention& rule = *rules->Item(index);
+            m_resultsManager.ParserState().SetCurrentRuleID(std::to_string(rule.RuleID()));
+            if (rule.Condition().empty() ||
+                m_ruleEngine.ExecuteRuleCondition(rule.RuleID()) == ScriptResult::ApplyConvention) {
+                ApplyNamingConvention(place, objectName, rule, endEvent);
+            }
+        });
+    }
+}
+
+void NamingEnforcement::ApplyNamingConvention(
+    const EventPlace& place, std::string_view objectName, NamingConvention& rule, bool endEvent) {
+    Trap({kModule, "ApplyNamingConvention"}, [&] {
+        std::string name;
+        if (!FindProperty(objectName, rule.PropertyName(), name) ||
+            IsExcluded(name, rule.ExclusionList())) {
+            return;
+        }
+        const ViolationDefinition* definition = FailedTest(place, objectName, name, rule);
+        if (definition == nullptr) {
+            return;
+        }
+        const ResultsManager::Origin origin = place.OriginOf(rule);
+        if (endEvent) {
+            m_resultsManager.RaiseEndEventViolation(*definition, origin, place.Event);
+        } else {
+            m_resultsManager.RaiseViolation(*definition, origin, "");
+        }
+    });
+}
+
+const ViolationDefinition* NamingEnforcement::FailedTest(
+    const EventPlace& place,
+    std::string_view objectName,
+    std::string_view name,
+    NamingConvention& rule) {
+    const ViolationDefinition& unknownControl = m_rulebase.DefaultViolations().Item(
+        static_cast<std::int32_t>(DefaultViolationType::UnknownControl));
+    // Required: the advice is written into the rule's own definition, where it stays for the review.
+    const auto failWith = [&rule](const std::string& advice) {
+        rule.ViolationDefinition().SetAdvice(advice);
+        return &std::as_const(rule).ViolationDefinition();
+    };
+    std::string prefixMatch;
+    if (rule.PrefixActive()) {
+        const NamingResult result = TestAffix(
+            place,
+            objectName,
+            name,
+            {rule.PrefixItems(), "^", "", rule.CaseSensitive()},
+            prefixMatch);
+        if (result != NamingResult::Success) {
+            return result == NamingResult::UnknownControl ? &unknownControl
+                                                          : failWith(rule.PrefixAdvice());
+        }
+    }
+    std::string suffixMatch;
+    if (rule.SuffixActive()) {
+        const NamingResult result = TestAffix(
+            place,
+            objectName,
+            name,
+            {rule.SuffixItems(), "", "$", rule.CaseSensitive()},
+            suffixMatch);
+        if (result != NamingResult::Success) {
+            return result == NamingResult::UnknownControl ? &unknownControl
+                                                          : failWith(rule.SuffixAdvice());
+        }
+    }
+    if (!rule.BodyActive()) {
+        return nullptr;
+    }
+    std::string_view body = modUtf8::Mid(name, modUtf8::Length(prefixMatch) + 1);
+    if (modUtf8::Length(body) >= modUtf8::Length(suffixMatch)) {
+        body = modUtf8::WithoutLast(body, modUtf8::Length(suffixMatch));
+    }
+    return BodyPasses(body, rule) ? nullptr : failWith(rule.BodyAdvice());
+}
+
+NamingResult NamingEnforcement::TestAffix(
+    const EventPlace& place,
+    std::string_view objectName,
+    std::string_view name,
+    const Affix& affix,
+    std::string& match) {
+    std::string pattern;
+    const NamingResult computed =
+        m_helper.ComputePrefixSuffixPattern(affix.Items, place.Event, objectName, pattern);
+    if (computed == NamingResult::UnknownControl) {
+        return computed;
+    }
+    // A tag that cannot be had, and a pattern that cannot be tested, let the name pass.
+    if (computed != NamingResult::Success || pattern.empty()) {
+        return NamingResult::Success;
+    }
+    pattern.insert(0, affix.Before).append(affix.Behind);
+    const NamingResult tested = m_helper.TestPattern(name, pattern, affix.CaseSensitive, &match);
+    return tested == NamingResult::NoMatch ? tested : NamingResult::Success;
+}
+
+bool NamingEnforcement::BodyPasses(std::string_view body, const NamingConvention& rule) {
+    const auto length = static_cast<std::int32_t>(modUtf8::Length(body));
+    if ((rule.MinBodyLength() >= 1 && length < rule.MinBodyLength()) ||
+        (rule.MaxBodyLength() >= 1 && length > rule.MaxBodyLength())) {
+        return false;
+    }
+    // The pattern stands as it is, without anchors: it may match anywhere.
+    return body.empty() || rule.BodyPattern().empty() ||
+           m_helper.TestPattern(body, rule.BodyPattern(), rule.CaseSensitive(), nullptr) !=
+               NamingResult::NoMatch;
+}
+
+}  // namespace dorvik

@@ -1,0 +1,66 @@
+#include "RulesInReview.h"
+
+#include "rulebase/RulebaseManager.h"
+
+namespace dorvik::test {
+
+RulesInReview::RulesInReview() {
+    RulebaseLoadCriteria& load = m_run.Criteria().LoadCriteria();
+    load.SetCodingConventions(true);
+    load.SetNamingConventions(true);
+    m_rulebase.SetTitle("Test rules");
+}
+
+CodingConvention& RulesInReview::AddCoding(
+    const std::string& title,
+    const std::vector<std::int32_t>& events,
+    const std::string& script,
+    std::int32_t endEvent) {
+    const auto rule = std::make_shared<CodingConvention>();
+    rule->SetTitle(title);
+    rule->SetCondition(script);
+    for (const std::int32_t event : events) {
+        rule->AddParserEventID(event);
+    }
+    rule->SetPendingViolation(endEvent != -1);
+    rule->SetEndEventID(endEvent);
+    rule->ViolationDefinition().SetTitle(title);
+    rule->ViolationDefinition().SetSeverity(3);
+    m_rulebase.RuleLists().AddConvention(rule, true);
+    return *rule;
+}
+
+NamingConvention& RulesInReview::AddNaming(const std::string& title, ObjectType object) {
+    const auto rule = std::make_shared<NamingConvention>();
+    rule->SetTitle(title);
+    rule->SetObjectType(static_cast<std::int32_t>(object));
+    rule->SetPropertyName("Name");
+    rule->ViolationDefinition().SetTitle(title);
+    rule->ViolationDefinition().SetSeverity(3);
+    m_rulebase.RuleLists().AddConvention(rule, true);
+    return *rule;
+}
+
+SliceResult RulesInReview::Run(const std::vector<std::string>& modules) {
+    std::string project = "Type=Exe\nName=\"P\"\n";
+    for (const std::string& module : modules) {
+        const std::size_t equals = module.find('=');
+        const std::string name = module.substr(0, equals);
+        project += "Module=" + name + "; " + name + ".bas\n";
+        m_run.AddFile(
+            name + ".bas", "Attribute VB_Name = \"" + name + "\"\n" + module.substr(equals + 1));
+    }
+    return RunProject(project);
+}
+
+SliceResult RulesInReview::RunProject(const std::string& projectLines) {
+    RulebaseManager().Save(m_rulebase, m_run.Folder().Path("Rules.dvk"));
+    m_run.AddProject("P.vbp", projectLines);
+    return m_run.Run();
+}
+
+std::string Script(const std::string& body) {
+    return "Sub Main\r\n" + body + "\r\nEnd Sub\r\n";
+}
+
+}  // namespace dorvik::test

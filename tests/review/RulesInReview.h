@@ -1,0 +1,48 @@
+#pragma once
+
+#include "ReviewRun.h"
+#include "rulebase/CodingConvention.h"
+#include "rulebase/NamingConvention.h"
+#include "rulebase/ObjectType.h"
+#include "rulebase/Rulebase.h"
+
+#include <string>
+#include <vector>
+
+namespace dorvik::test {
+
+/// A whole review of one project with a rulebase that the test fills in. All kinds of rule are on.
+class RulesInReview {
+public:
+    RulesInReview();
+
+    ReviewRun& Review() { return m_run; }
+    dorvik::Rulebase& Rules() { return m_rulebase; }
+
+    /// A coding convention for those events; its number is 5000 and up.
+    CodingConvention& AddCoding(
+        const std::string& title,
+        const std::vector<std::int32_t>& events,
+        const std::string& script,
+        std::int32_t endEvent = -1);
+    /// A naming convention on "Name" for that kind of object.
+    NamingConvention& AddNaming(const std::string& title, ObjectType object);
+
+    /// Reviews the modules, given as "name=text", in their order.
+    SliceResult Run(const std::vector<std::string>& modules);
+    /// The same for a project file of the test's own, named P.
+    SliceResult RunProject(const std::string& projectLines);
+
+    std::vector<std::string> Titles() { return m_run.Query("P", "SELECT Title FROM Violations"); }
+    std::vector<std::string> Query(const std::string& sql) { return m_run.Query("P", sql); }
+    std::vector<std::string> Log() { return m_run.Log("P"); }
+
+private:
+    ReviewRun m_run;
+    dorvik::Rulebase m_rulebase;
+};
+
+/// A script whose main procedure has these lines.
+std::string Script(const std::string& body);
+
+}  // namespace dorvik::test
