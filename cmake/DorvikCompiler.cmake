@@ -19,6 +19,13 @@ if(DORVIK_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
+option(DORVIK_FUZZ "Build the fuzzers (Clang only)" OFF)
+if(DORVIK_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+    target_compile_options(dorvik_compiler INTERFACE -Wno-error)  # the warnings that count are those of g++
+endif()
+
 find_program(DORVIK_CCACHE ccache)
 if(DORVIK_CCACHE)
     set(CMAKE_CXX_COMPILER_LAUNCHER "${DORVIK_CCACHE}")

@@ -6,7 +6,12 @@ import re
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-MAY_CATCH = {"src/foundation/Trap.h"}
+MAY_CATCH = {
+    "src/foundation/Trap.h",
+    # The script engine: run-time errors of scripts, those of constant expressions (errors of the compiler
+    # then), and a module that cannot be read.
+    "src/basic/MachineRun.cpp", "src/basic/ConstantEvaluator.cpp", "src/basic/ScriptEngine.cpp",
+}
 MAY_CATCH_FOLDERS = {"platform"}
 # A part of an operation that logs under the operation's own name.
 SPEAKS_FOR_ANOTHER = {("src/source/LayoutReader.cpp", "Extract")}

@@ -4,7 +4,7 @@
 # The Debian packages that a build needs; docs/dependencies.md gives the reason for each.
 readonly kBuildPackages=(
     g++ cmake ninja-build pkg-config
-    libsqlite3-dev libpcre2-dev libxml2-dev rapidjson-dev libcli11-dev
+    libsqlite3-dev libpcre2-dev libxml2-dev libxslt1-dev rapidjson-dev libcli11-dev
 )
 # What the tests need on top.
 readonly kTestPackages=(libgtest-dev libgmock-dev ccache mold python3)

@@ -3,7 +3,11 @@
 #include "cli/Console.h"
 #include "cli/EventsCommand.h"
 #include "cli/ExitCode.h"
+#include "cli/ResultsCommands.h"
 #include "cli/ReviewCommand.h"
+#include "cli/RuleAuthorCommands.h"
+#include "cli/ScriptCommands.h"
+#include "cli/ToleranceLimits.h"
 #include "foundation/LogFile.h"
 #include "foundation/modLog.h"
 #include "platform/ScopedInstall.h"
@@ -14,7 +18,7 @@
 #include <CLI/CLI.hpp>
 #include <functional>
 #include <string>
-#include <string_view>
+#include <vector>
 
 namespace dorvik {
 
@@ -47,7 +51,7 @@ void AddCodePage(CLI::App& command, int& codePage) {
 }
 
 // The texts fit a terminal of 80 columns: at most 49 characters behind the column of names.
-void AddReview(CLI::App& app, ReviewOptions& options) {
+void AddReview(CLI::App& app, ReviewOptions& options, std::function<ExitCode()>& chosen) {
     CLI::App& review = *app.add_subcommand("review", "Review projects against a rulebase");
     review.add_option("PATH", options.Paths, "Project files, project groups, folders to search")
         ->required()
@@ -69,22 +73,91 @@ void AddReview(CLI::App& app, ReviewOptions& options) {
         ->delimiter(',')
         ->allow_extra_args(false)
         ->check(CLI::Range(1, 5).description(""));
+    review
+        .add_option("--script-seconds", options.ScriptSeconds, "Stop a script that runs longer (5)")
+        ->type_name("NUMBER")
+        ->check(CLI::Range(0.0, 2'000'000.0).description(""));
+    review.add_option("--tolerance", options.Tolerances, "Set (CVC=0) or clear (CVC=none) a limit")
+        ->type_name("NAME=N")
+        ->delimiter(',')
+        ->allow_extra_args(false)
+        ->check(modToleranceLimits::Check);
     AddCodePage(review, options.CodePage);
     review.add_flag("--progress", options.Progress, "Show progress also without a terminal");
     review.add_flag("--quiet", options.Quiet, "Print nothing but errors");
+    review.callback([&] {
+        chosen = [&options] {
+            return RunReview(options);
+        };
+    });
 }
 
-void AddEvents(CLI::App& app, EventsOptions& options) {
+void AddEvents(CLI::App& app, EventsOptions& options, std::function<ExitCode()>& chosen) {
     CLI::App& events = *app.add_subcommand("events", "Print what the parser sees, as JSON");
     events.add_option("PROJECT", options.Path, "The project file")->required()->type_name("");
     AddCodePage(events, options.CodePage);
+    events.callback([&] {
+        chosen = [&options] {
+            return RunEvents(options);
+        };
+    });
 }
 
-ExitCode RunChosen(const CLI::App& app, const ReviewOptions& review, const EventsOptions& events) {
+ExitCode RunChosen(const std::function<ExitCode()>& chosen) {
     const GlobalObjects globals;
     ConsoleMessageBox messageBox;
     const ScopedInstall<IMessageBox> installed(messageBox);
-    return app.got_subcommand("review") ? RunReview(review) : RunEvents(events);
+    return chosen();
+}
+
+const CLI::App* FindCommand(const CLI::App& app, const std::string& name) {
+    const std::vector<const CLI::App*> found =
+        app.get_subcommands([&](const CLI::App* known) { return known->check_name(name); });
+    return found.empty() ? nullptr : found.front();
+}
+
+/// How many words a command takes before the command within it.
+std::size_t CountPositionals(const CLI::App& app) {
+    return app.get_options([](const CLI::Option* option) { return option->get_positional(); })
+        .size();
+}
+
+/// The commands that the user names, as far as they are commands.
+struct NamedCommand {
+    std::string Path = "dorvik";
+    std::string Wrong;  // the word behind them that should be a command and is none
+};
+
+NamedCommand ReadCommand(const CLI::App& app, int argc, char** argv) {
+    NamedCommand named;
+    const CLI::App* within = &app;
+    std::size_t positionals = CountPositionals(app);
+    for (int index = 1; index < argc; ++index) {
+        const std::string word = argv[index];
+        const bool hasCommands =
+            !within->get_subcommands([](const CLI::App*) { return true; }).empty();
+        if (!hasCommands || word.empty() || word.front() == '-') {
+            break;
+        }
+        const CLI::App* const command = FindCommand(*within, word);
+        if (command == nullptr && positionals > 0) {
+            --positionals;
+            continue;
+        }
+        if (command == nullptr) {
+            named.Wrong = word;
+            break;
+        }
+        within = command;
+        positionals = CountPositionals(*within);
+        named.Path += " " + word;
+    }
+    return named;
+}
+
+ExitCode TellWrongUse(const NamedCommand& named, const std::string& sentence) {
+    modConsole::PrintError(sentence + " (see '" + named.Path + " --help')");
+    return ExitCode::NothingDone;
 }
 
 }  // namespace
@@ -93,28 +166,32 @@ int RunCommandLine(int argc, char** argv) {
     CLI::App app("Reviews Visual Basic 6 projects against a written coding standard.", "dorvik");
     app.require_subcommand(1);
     app.set_version_flag("--version", "dorvik " DORVIK_VERSION);
+    std::function<ExitCode()> chosen;
     ReviewOptions review;
     EventsOptions events;
-    AddReview(app, review);
-    AddEvents(app, events);
-    const std::string_view command = argc > 1 ? argv[1] : "";
-    if (!command.empty() && command.front() != '-' &&
-        app.get_subcommands(
-               [&](const CLI::App* known) { return known->check_name(std::string(command)); })
-            .empty()) {
-        modConsole::PrintError(
-            "'" + std::string(command) + "' is no command (see 'dorvik --help')");
-        return static_cast<int>(ExitCode::NothingDone);
+    RuleAuthorCommands ruleAuthor;
+    ResultsCommands results;
+    ScriptCommands scripts;
+    AddReview(app, review, chosen);
+    results.AddTo(app, chosen);
+    AddEvents(app, events, chosen);
+    ruleAuthor.AddTo(app, chosen);
+    scripts.AddTo(app, chosen);
+    const NamedCommand named = ReadCommand(app, argc, argv);
+    if (!named.Wrong.empty()) {
+        const bool atTop = named.Path == app.get_name();
+        return static_cast<int>(TellWrongUse(
+            named,
+            "'" + named.Wrong + "' is no command" + (atTop ? "" : " of '" + named.Path + "'")));
     }
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& help) {
         return app.exit(help);
     } catch (const CLI::ParseError& error) {
-        modConsole::PrintError(std::string(error.what()) + " (see 'dorvik --help')");
-        return static_cast<int>(ExitCode::NothingDone);
+        return static_cast<int>(TellWrongUse(named, error.what()));
     }
-    return static_cast<int>(RunChosen(app, review, events));
+    return static_cast<int>(RunChosen(chosen));
 }
 
 }  // namespace dorvik

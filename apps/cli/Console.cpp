@@ -35,7 +35,11 @@ void Print(std::string_view text) {
 }
 
 void PrintError(std::string_view sentence) {
-    Write(stderr, "dorvik: " + std::string(sentence) + "\n");
+    PrintErrorLine("dorvik: " + std::string(sentence));
+}
+
+void PrintErrorLine(std::string_view line) {
+    Write(stderr, std::string(line) + "\n");
 }
 
 bool OutputIsTerminal() {

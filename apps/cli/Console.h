@@ -15,6 +15,8 @@ namespace modConsole {
 void Print(std::string_view text);
 /// One sentence on standard error, behind the program's name.
 void PrintError(std::string_view sentence);
+/// One line on standard error as it stands, for what programs read: "file:line:column: text".
+void PrintErrorLine(std::string_view line);
 
 bool OutputIsTerminal();
 /// Columns of the terminal behind standard output; 80 where there is none.

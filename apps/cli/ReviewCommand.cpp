@@ -7,6 +7,7 @@
 #include "cli/ProjectFinder.h"
 #include "cli/ProjectStatusText.h"
 #include "cli/ReviewSummary.h"
+#include "cli/ToleranceLimits.h"
 #include "criteria/ReviewCriteria.h"
 #include "platform/ScopedInstall.h"
 #include "platform/modFiles.h"
@@ -120,19 +121,23 @@ bool LoadTolerances(ReviewCriteria& criteria) {
     return loaded;
 }
 
-/// Says which rules of the rulebase are of a kind that is read, but does not act yet.
-void TellIdleRules(const RulebaseLoadCriteria& load) {
-    const auto tell = [](bool wanted, std::int32_t count, const std::string& kind) {
-        if (wanted && count > 0) {
-            modConsole::PrintError(
-                "note: " + std::to_string(count) + " " + kind +
-                " of the rulebase are not applied yet");
-        }
-    };
-    tell(load.CodingConventions(), load.NumCodingConventions, "coding conventions");
-    tell(load.NamingConventions(), load.NumNamingConventions, "naming conventions");
-    tell(load.AuthorisedComponents(), load.NumAuthComps, "authorised components");
-    tell(load.AuthorisedReferences(), load.NumAuthRefs, "authorised references");
+/// Says which rules were given up on the way.
+void TellSwitchedOffRules(const RuleEngine& ruleEngine) {
+    for (const std::string& rule : ruleEngine.SwitchedOffRules()) {
+        modConsole::PrintError(
+            rule + " was switched off, because its script was stopped " +
+            std::to_string(RuleEngine::kStopsUntilSwitchedOff) +
+            " times at a limit; the review log says where");
+    }
+}
+
+/// Says why the review could not begin: nothing but its rulebase can be the reason.
+void TellUnusableRulebase(const std::string& rulebase, const RuleEngine& ruleEngine) {
+    const std::string shown = modConsole::ShownPath(rulebase);
+    modConsole::PrintError(
+        ruleEngine.LoadError().empty() ? "the rulebase '" + shown + "' cannot be read"
+                                       : "a script of the rulebase '" + shown +
+                                             "' does not compile: " + ruleEngine.LoadError());
 }
 
 /// Runs the review to its end, or until the user gives up.
@@ -143,10 +148,12 @@ SliceResult Drive(ReviewManager& manager, const ReviewOptions& options) {
         line.Show(progress);
         cancel = cancel || interrupt.Requested();
     });
+    manager.RuleEngine().SetStopRequest([&interrupt] { return interrupt.Requested(); });
     auto result = SliceResult::Continue;
     while (result == SliceResult::Continue) {
         result = manager.ReviewTimeSlice(kStepsASlice);
     }
+    manager.RuleEngine().SetStopRequest({});
     return result;
 }
 
@@ -201,25 +208,28 @@ ExitCode RunReview(const ReviewOptions& options) {
         MakeCriteria(options, filenames, resultsFolder);
     ReviewManager manager;
     manager.InitialiseReview(criteria);
+    basic::ScriptLimits limits;
+    limits.Milliseconds = static_cast<std::int32_t>(options.ScriptSeconds * 1000);
+    manager.RuleEngine().SetLimits(limits);
     if (!LoadTolerances(*criteria)) {
         return ExitCode::NothingDone;
     }
+    modToleranceLimits::Apply(options.Tolerances, criteria->Tolerances());
     const SliceResult result = Drive(manager, options);
     if (result == SliceResult::Aborted) {
         modConsole::PrintError("interrupted; the project at hand has no results");
         return ExitCode::Interrupted;
     }
     if (result == SliceResult::Failed) {
-        modConsole::PrintError(
-            "the rulebase '" + modConsole::ShownPath(rulebase) + "' cannot be read");
+        TellUnusableRulebase(rulebase, manager.RuleEngine());
         return ExitCode::NothingDone;
     }
 
     ReviewSummary summary(*criteria);
     if (!options.Quiet) {
         summary.Print();
-        TellIdleRules(criteria->LoadCriteria());
     }
+    TellSwitchedOffRules(manager.RuleEngine());
     const bool complete = TellFailures(*criteria, summary) && found.Errors.empty();
     if (summary.ReviewedProjects() == 0) {
         return ExitCode::NothingDone;

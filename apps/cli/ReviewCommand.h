@@ -15,6 +15,8 @@ struct ReviewOptions {
     std::string ResultsFolder;             // empty: beside each project
     std::vector<std::string> Conventions;  // empty: all kinds
     std::vector<std::int32_t> Severities;  // empty: all levels
+    double ScriptSeconds = 5;              // a script that runs longer is stopped; 0: no limit
+    std::vector<std::string> Tolerances;   // "CVC=0", "PC=none", over those of the rulebase
     int CodePage = modEncoding::kDefaultCodePage;
     bool ClearLog = false;
     bool Progress = false;

@@ -1,17 +1,13 @@
 #pragma once
 
-#include "results/Finding.h"
-#include "source/ViolationStatistics.h"
+#include "cli/ProjectResults.h"
 
-#include <cstdint>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace dorvik {
 
 class ReviewCriteria;
-class ResultsDB;
 
 /// What a review found, project by project, read back from the results databases.
 class ReviewSummary {
@@ -33,19 +29,7 @@ public:
     bool AllPassed() const;
 
 private:
-    struct ProjectResults {
-        std::string Filename;  // of the project
-        std::string ResultsFile;
-        std::int32_t Files = 0;  // reviewed source files
-        std::int32_t Lines = 0;  // counted source lines
-        ViolationStatistics Violations;
-        std::vector<Finding> Worst;
-        std::vector<std::string> FailedMeasures;
-        bool Passed = true;
-    };
-
     static bool Read(ProjectResults& results);
-    static std::string Describe(const ProjectResults& results);
 
     std::vector<ProjectResults> m_projects;
     std::vector<MissingResults> m_withoutResults;

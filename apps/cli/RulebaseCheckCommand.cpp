@@ -1,0 +1,73 @@
+#include "cli/RulebaseCheckCommand.h"
+
+#include "cli/Console.h"
+#include "cli/JsonOutput.h"
+#include "cli/RulebaseFile.h"
+#include "cli/TablePrinter.h"
+#include "rulebase/RulebaseCheck.h"
+
+#include <algorithm>
+
+namespace dorvik {
+
+namespace {
+
+/// One line a finding, so that other programs can take it.
+void PrintFaults(const std::string& file, const std::vector<RulebaseFault>& faults) {
+    const bool coloured = modConsole::OutputIsColoured();
+    std::string text;
+    for (const RulebaseFault& fault : faults) {
+        const std::string place =
+            fault.Element + (fault.Attribute.empty() ? "" : ", " + fault.Attribute);
+        text +=
+            file + ": " +
+            modTerminalText::Shaded(modTerminalText::Harmless(place), Shade::Heading, coloured) +
+            ": " + modTerminalText::Harmless(fault.Sentence) + "\n";
+    }
+    modConsole::Print(text);
+}
+
+void WriteFaults(
+    JsonOutput& json, const std::string& file, const std::vector<RulebaseFault>& faults) {
+    for (const RulebaseFault& fault : faults) {
+        json.BeginObject();
+        json.Text("file", file);
+        json.Text("kind", FaultKindName(fault.Kind));
+        fault.RuleID == 0 ? json.Null("rule") : json.Number("rule", fault.RuleID);
+        json.Text("element", fault.Element);
+        json.Text("attribute", fault.Attribute);
+        json.Text("sentence", fault.Sentence);
+        json.EndObject();
+    }
+}
+
+}  // namespace
+
+ExitCode RunRulebaseCheck(const RulebaseCheckOptions& options) {
+    auto worst = ExitCode::Passed;
+    JsonOutput json;
+    json.BeginArray();
+    for (const std::string& file : options.Files) {
+        if (!modRulebaseFile::Exists(file)) {
+            worst = ExitCode::NothingDone;
+            continue;
+        }
+        RulebaseCheck check;
+        if (!check.Run(modRulebaseFile::InnerPath(file))) {
+            modConsole::PrintError(modRulebaseFile::CannotBeRead(file, check.Problem()));
+            worst = ExitCode::NothingDone;
+            continue;
+        }
+        if (!check.Faults().empty()) {
+            worst = std::max(worst, ExitCode::Failed);
+        }
+        options.Json ? WriteFaults(json, file, check.Faults()) : PrintFaults(file, check.Faults());
+    }
+    json.EndArray();
+    if (options.Json) {
+        json.Print();
+    }
+    return worst;
+}
+
+}  // namespace dorvik
