@@ -14,7 +14,8 @@ MAY_CATCH = {
 }
 MAY_CATCH_FOLDERS = {"platform"}
 # A part of an operation that logs under the operation's own name.
-SPEAKS_FOR_ANOTHER = {("src/source/LayoutReader.cpp", "Extract")}
+# So does a constructor or destructor, which the log knows under a name of its own.
+SPEAKS_FOR_ANOTHER = {("src/source/LayoutReader.cpp", "Extract"), ("src/enforcement/RuleEngine.cpp", "RuleEngine")}
 FUNCTION = re.compile(r"^[A-Za-z].*?(?:\b([A-Za-z_]\w*)::)?([A-Za-z_]\w*)\((?!.*;$)", re.MULTILINE)
 TRAP = re.compile(r"Trap\(\s*\{\s*([\w:\"]+),\s*\"([^\"]+)\"\s*\}")
 

@@ -116,10 +116,9 @@ const CLI::App* FindCommand(const CLI::App& app, const std::string& name) {
     return found.empty() ? nullptr : found.front();
 }
 
-/// How many words a command takes before the command within it.
-std::size_t CountPositionals(const CLI::App& app) {
-    return app.get_options([](const CLI::Option* option) { return option->get_positional(); })
-        .size();
+/// The words that a command takes before the command within it.
+std::vector<const CLI::Option*> Positionals(const CLI::App& app) {
+    return app.get_options([](const CLI::Option* option) { return option->get_positional(); });
 }
 
 /// The commands that the user names, as far as they are commands.
@@ -131,7 +130,7 @@ struct NamedCommand {
 NamedCommand ReadCommand(const CLI::App& app, int argc, char** argv) {
     NamedCommand named;
     const CLI::App* within = &app;
-    std::size_t positionals = CountPositionals(app);
+    std::vector<const CLI::Option*> positionals = Positionals(app);
     for (int index = 1; index < argc; ++index) {
         const std::string word = argv[index];
         const bool hasCommands =
@@ -139,17 +138,18 @@ NamedCommand ReadCommand(const CLI::App& app, int argc, char** argv) {
         if (!hasCommands || word.empty() || word.front() == '-') {
             break;
         }
-        const CLI::App* const command = FindCommand(*within, word);
-        if (command == nullptr && positionals > 0) {
-            --positionals;
+        if (!positionals.empty()) {
+            named.Path += " " + positionals.front()->get_name(/*positional=*/true);
+            positionals.erase(positionals.begin());
             continue;
         }
+        const CLI::App* const command = FindCommand(*within, word);
         if (command == nullptr) {
             named.Wrong = word;
             break;
         }
         within = command;
-        positionals = CountPositionals(*within);
+        positionals = Positionals(*within);
         named.Path += " " + word;
     }
     return named;

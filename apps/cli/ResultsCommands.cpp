@@ -7,12 +7,28 @@
 #include "cli/ResultsSummaryCommand.h"
 
 #include <CLI/CLI.hpp>
+#include <memory>
 
 namespace dorvik {
 
 namespace {
 
+constexpr const char* kResults = "results";
+
+/// Help texts that name the database, which stands between the two words of a command.
+class UsageWithDatabase final : public CLI::Formatter {
+public:
+    std::string make_usage(const CLI::App* app, std::string name) const override {
+        const std::string own = app->get_name();
+        const bool isWithin = own != kResults && name.ends_with(own);
+        return CLI::Formatter::make_usage(
+            app, isWithin ? name.insert(name.size() - own.size(), "DATABASE ") : name);
+    }
+};
+
 // The texts fit a terminal of 80 columns: at most 49 characters behind the column of names.
+
+constexpr std::size_t kHelpWidth = 48;
 
 void AddForm(CLI::App& command, ResultsForm& form) {
     CLI::Option* const json = command.add_flag("--json", form.Json, "Print JSON");
@@ -25,7 +41,12 @@ void AddFilter(CLI::App& command, ResultsFilterOptions& filter) {
         ->type_name("LIST")
         ->delimiter(',')
         ->allow_extra_args(false);
-    command.add_option("--kind", filter.Kinds, "Only of these kinds of rule: keyword,naming,...")
+    command
+        .add_option(
+            "--kind",
+            filter.Kinds,
+            "Only of these kinds: component,reference,keyword,\n"
+            "coding,naming,documentation")
         ->type_name("LIST")
         ->delimiter(',')
         ->allow_extra_args(false)
@@ -41,9 +62,11 @@ void AddSort(
     CLI::App& command, const std::vector<std::string>& keys, std::string& key, bool& descending) {
     std::string text;
     for (const std::string& known : keys) {
-        text += (text.empty() ? "" : ",") + known;
+        text += text.empty() ? "By " : ",";
+        text += text.size() - (text.rfind('\n') + 1) + known.size() > kHelpWidth ? "\n" : "";
+        text += known;
     }
-    command.add_option("--sort", key, "By " + text)
+    command.add_option("--sort", key, text)
         ->type_name("KEY")
         ->check(CLI::IsMember(keys).description(""));
     command.add_flag("--descending", descending, "Turn that order");
@@ -52,7 +75,8 @@ void AddSort(
 }  // namespace
 
 void ResultsCommands::AddTo(CLI::App& app, std::function<ExitCode()>& chosen) {
-    CLI::App& results = *app.add_subcommand("results", "Show what a review stored, and mark it");
+    CLI::App& results = *app.add_subcommand(kResults, "Show what a review stored, and mark it");
+    results.formatter(std::make_shared<UsageWithDatabase>());
     results.add_option("DATABASE", m_database, "The results database of a project")
         ->required()
         ->type_name("");

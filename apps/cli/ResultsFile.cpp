@@ -57,7 +57,11 @@ std::string Objection(const std::string& path, const std::string& hostPath) {
         database.OpenUntouched(path);
         auto rows =
             database.OpenRecordset("SELECT Version FROM SystemInfo", RecordsetType::Snapshot);
-        const std::string version = rows.EOF_() ? "" : rows.Value("Version").AsText();
+        if (rows.EOF_()) {
+            objection = Quoted(hostPath) + " is no results database";
+            return;
+        }
+        const std::string version = rows.Value("Version").AsText();
         objection = modTextCase::Equal(version, ResultsDB::kSchemaVersion)
                         ? ""
                         : Quoted(hostPath) + " is a results database of version '" + version +
@@ -76,12 +80,19 @@ ExitCode Refuse(const std::string& sentence) {
     return ExitCode::NothingDone;
 }
 
+std::string SeeLog() {
+    return " (see the log " + Quoted(modConsole::ShownPath(modLog::Log().LogFilePath())) + ")";
+}
+
 ExitCode
 Use(const std::string& hostPath,
     const std::function<ExitCode(ResultsDB&)>& body,
     const std::string& failure) {
+    // Nothing is the name of no file, and has no absolute form.
     const std::string path =
-        modFiles::FromHostPath(std::filesystem::absolute(hostPath).lexically_normal());
+        hostPath.empty()
+            ? hostPath
+            : modFiles::FromHostPath(std::filesystem::absolute(hostPath).lexically_normal());
     if (const std::string objection = Objection(path, hostPath); !objection.empty()) {
         return Refuse(objection);
     }
@@ -90,7 +101,8 @@ Use(const std::string& hostPath,
     ResultsDB database(settings);
     if (!database.OpenReview(path)) {
         return Refuse(
-            "the results database " + Quoted(hostPath) + " holds no review that can be read");
+            "the results database " + Quoted(hostPath) +
+            (watch.HasSeenFailure() ? " cannot be read" + SeeLog() : " holds no review"));
     }
     if (database.GetReviewData().End.IsZero()) {
         modConsole::PrintError(
@@ -99,9 +111,7 @@ Use(const std::string& hostPath,
     }
     const ExitCode code = body(database);
     if (watch.HasSeenFailure()) {
-        return Refuse(
-            failure + " (see the log " +
-            Quoted(modConsole::ShownPath(modLog::Log().LogFilePath())) + ")");
+        return Refuse(failure + SeeLog());
     }
     return code;
 }

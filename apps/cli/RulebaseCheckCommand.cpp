@@ -4,6 +4,7 @@
 #include "cli/JsonOutput.h"
 #include "cli/RulebaseFile.h"
 #include "cli/TablePrinter.h"
+#include "enforcement/RuleScriptChecker.h"
 #include "rulebase/RulebaseCheck.h"
 
 #include <algorithm>
@@ -52,7 +53,8 @@ ExitCode RunRulebaseCheck(const RulebaseCheckOptions& options) {
             worst = ExitCode::NothingDone;
             continue;
         }
-        RulebaseCheck check;
+        RuleScriptChecker scripts;
+        RulebaseCheck check(&scripts);
         if (!check.Run(modRulebaseFile::InnerPath(file))) {
             modConsole::PrintError(modRulebaseFile::CannotBeRead(file, check.Problem()));
             worst = ExitCode::NothingDone;

@@ -6,8 +6,11 @@
 #include "cli/Interrupt.h"
 #include "cli/ScriptFacts.h"
 #include "enforcement/DVKSaxInterface.h"
+#include "enforcement/DVKSaxOutline.h"
+#include "platform/modEncoding.h"
 #include "platform/modFiles.h"
 
+#include <cmath>
 #include <filesystem>
 
 namespace dorvik {
@@ -17,6 +20,9 @@ namespace {
 /// A script's errors are those of a program under test: they have exit codes of their own.
 constexpr ExitCode kRuntimeError = ExitCode::Failed;
 constexpr ExitCode kCompileError = ExitCode::NothingDone;
+
+constexpr int kUtf8 = 65001;
+constexpr std::int32_t kObjectRequired = 424;
 
 /// Prints what a script prints, and keeps its error.
 class ConsoleHost final : public basic::IScriptHost {
@@ -28,28 +34,38 @@ public:
         modConsole::PrintError("the script would have shown: " + std::string(text));
     }
     void OnErrorAlert(const basic::ErrorAlert& alert) override {
+        const std::string line = alert.Line > 0 ? ", line " + std::to_string(alert.Line) : "";
         modConsole::PrintErrorLine(
             "Run-time error '" + std::to_string(alert.Number) + "': " + alert.Description + " (" +
-            alert.File + ", line " + std::to_string(alert.Line) + ")");
+            alert.File + line + ")");
+        m_errorNumber = alert.Number;
     }
     bool OnDoEvents() override { return !m_interrupt.Requested(); }
 
+    std::int32_t ErrorNumber() const { return m_errorNumber; }
+    bool IsInterrupted() const { return m_interrupt.Requested(); }
+
 private:
     Interrupt m_interrupt;
+    std::int32_t m_errorNumber = 0;
 };
 
-/// Stands for the review while a script is only compiled; nothing is ever called.
-ScriptFacts& NoFacts() {
-    static ScriptFacts facts;
-    return facts;
-}
-
-bool ReadFile(const std::string& file, std::string& text) {
+bool ReadFile(const std::string& file, std::string_view what, std::string& bytes) {
+    const std::string inner = modFiles::FromHostPath(std::filesystem::absolute(file));
+    const std::string named = std::string(what) + " '" + file + "' ";
+    if (modFiles::FolderExists(inner)) {
+        modConsole::PrintError(named + "is a folder");
+        return false;
+    }
+    if (!modFiles::FileExists(inner)) {
+        modConsole::PrintError(named + "does not exist");
+        return false;
+    }
     try {
-        text = modFiles::ReadBytes(modFiles::FromHostPath(std::filesystem::absolute(file)));
+        bytes = modFiles::ReadBytes(inner);
         return true;
     } catch (const BasicError& error) {
-        modConsole::PrintError("'" + file + "' cannot be read: " + error.what());
+        modConsole::PrintError(named + "cannot be read: " + RuntimeErrorText(error.Number()));
         return false;
     }
 }
@@ -61,9 +77,10 @@ std::string PlaceText(const std::string& file, const basic::SourcePlace& place) 
 /// Compiles the file. False: what is wrong has been told.
 bool Load(basic::ScriptEngine& engine, const std::string& file) {
     std::string text;
-    if (!ReadFile(file, text)) {
+    if (!ReadFile(file, "the script", text)) {
         return false;
     }
+    modEncoding::DecodeInPlace(text, modEncoding::kDefaultCodePage);
     engine.SetAcceptsModules(true);
     if (engine.LoadText(file, text)) {
         return true;
@@ -77,14 +94,35 @@ bool Load(basic::ScriptEngine& engine, const std::string& file) {
 bool LoadFacts(const std::string& file, ScriptFacts& facts) {
     std::string text;
     std::string error;
-    if (!ReadFile(file, text)) {
+    if (!ReadFile(file, "the file of facts", text)) {
         return false;
     }
-    if (!facts.Read(text, error)) {
-        modConsole::PrintError("'" + file + "' holds no facts: " + error);
+    if (!facts.Read(modEncoding::Decode(text, kUtf8), error)) {
+        modConsole::PrintError("the file of facts '" + file + "' cannot be used: " + error);
         return false;
     }
     return true;
+}
+
+/// Compiles the file with the extension object known, though nothing is called.
+bool LoadOnly(basic::ScriptEngine& engine, DVKSaxOutline& outline, const std::string& file) {
+    engine.AddExtension(DVKSaxInterface::kPrefix, outline);
+    return Load(engine, file);
+}
+
+/// Up, so that a limit is never rounded to none.
+std::int32_t MillisecondsOf(double seconds) {
+    return static_cast<std::int32_t>(std::ceil(seconds * 1000));
+}
+
+ExitCode Run(basic::ScriptEngine& engine, const ConsoleHost& host, const ScriptRunOptions& options) {
+    if (engine.RunSub(options.SubName)) {
+        return ExitCode::Passed;
+    }
+    if (options.FactsFile.empty() && host.ErrorNumber() == kObjectRequired) {
+        modConsole::PrintError("without --facts there is no object 'Dorvik'");
+    }
+    return host.IsInterrupted() ? ExitCode::Interrupted : kRuntimeError;
 }
 
 }  // namespace
@@ -102,23 +140,22 @@ ExitCode RunScript(const ScriptRunOptions& options) {
     }
     basic::ScriptLimits limits;
     limits.Instructions = 0;
-    limits.Milliseconds = static_cast<std::int32_t>(options.Seconds * 1000);
+    limits.Milliseconds = MillisecondsOf(options.Seconds);
     engine.SetLimits(limits);
     if (!Load(engine, options.File)) {
         return kCompileError;
     }
     engine.SetReady(true);
-    return engine.RunSub(options.SubName) ? ExitCode::Passed : kRuntimeError;
+    return Run(engine, host, options);
 }
 
 ExitCode CheckScripts(const std::vector<std::string>& files) {
     auto code = ExitCode::Passed;
     for (const std::string& file : files) {
         basic::IScriptHost host;
-        DVKSaxInterface extension(NoFacts());
+        DVKSaxOutline outline;
         basic::ScriptEngine engine(host);
-        engine.AddExtension(DVKSaxInterface::kPrefix, extension);
-        if (!Load(engine, file)) {
+        if (!LoadOnly(engine, outline, file)) {
             code = kCompileError;
             continue;
         }
@@ -131,10 +168,9 @@ ExitCode CheckScripts(const std::vector<std::string>& files) {
 
 ExitCode DisassembleScript(const std::string& file) {
     basic::IScriptHost host;
-    DVKSaxInterface extension(NoFacts());
+    DVKSaxOutline outline;
     basic::ScriptEngine engine(host);
-    engine.AddExtension(DVKSaxInterface::kPrefix, extension);
-    if (!Load(engine, file)) {
+    if (!LoadOnly(engine, outline, file)) {
         return kCompileError;
     }
     modConsole::Print(engine.Disassemble());

@@ -1,8 +1,24 @@
 #include "cli/ScriptCommands.h"
 
 #include <CLI/CLI.hpp>
+#include <charconv>
 
 namespace dorvik {
+
+namespace {
+
+/// Why a text is no time limit; empty if it is one.
+std::string WhyNoSeconds(const std::string& text) {
+    constexpr double kLongest = 2'000'000;
+    double seconds = 0;
+    const char* const end = text.data() + text.size();
+    const auto [read, fault] = std::from_chars(text.data(), end, seconds);
+    const bool isNumber = fault == std::errc() && read == end;
+    const bool isLimit = isNumber && seconds >= 0 && seconds <= kLongest;
+    return isLimit ? "" : "'" + text + "' is no number of seconds from 0 to 2000000";
+}
+
+}  // namespace
 
 // The texts fit a terminal of 80 columns: at most 49 characters behind the column of names.
 
@@ -17,7 +33,7 @@ void ScriptCommands::AddTo(CLI::App& app, std::function<ExitCode()>& chosen) {
         ->type_name("FILE");
     run.add_option("--seconds", m_run.Seconds, "Stop a script that runs longer (no limit)")
         ->type_name("NUMBER")
-        ->check(CLI::Range(0.0, 2'000'000.0).description(""));
+        ->check(CLI::Validator(WhyNoSeconds, ""));
     run.callback([&] {
         chosen = [this] {
             return RunScript(m_run);

@@ -4,6 +4,7 @@
 #include "enforcement/IDVKSaxEvents.h"
 
 #include <map>
+#include <rapidjson/fwd.h>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +25,8 @@ namespace dorvik {
 ///       "classes": ["clsOrder"],
 ///       "forms": ["frmMain"]
 ///     }
+///
+/// A member "expect" is left to whoever keeps facts as tests.
 class ScriptFacts final : public IDVKSaxEvents {
 public:
     /// Reads the facts. False if the text is not of that form; `error` says what is wrong and where.
@@ -55,7 +58,10 @@ private:
         Values Workfields;
     };
 
+    bool ReadObjects(const rapidjson::Value& objects, std::string& error);
     Object* Find(std::string_view objectName);
+    /// As `Find`, without those that have properties only: what can be asked for work fields.
+    Object* FindInScope(std::string_view objectName);
     /// Why a property could not be had, as a review would log it.
     static std::string
     MissingText(std::string_view objectName, std::string_view propertyName, bool isObjectKnown);

@@ -35,15 +35,21 @@ bool SteersTerminal(const modUtf8::Character& character) {
            (character.CodePoint >= kDelete && character.CodePoint <= kLastControl);
 }
 
+/// Where to cut a word that fills the line: behind the last sign that joins names, else at the end.
+std::size_t PlaceInWord(std::string_view head, std::size_t start) {
+    const std::size_t sign = head.find_last_of("._:/\\");
+    return sign == std::string_view::npos || sign <= start ? head.size() : sign + 1;
+}
+
 /// One line of text, without line ends, in lines of `width`.
 void WrapLine(std::string_view line, std::size_t width, std::vector<std::string>& lines) {
     while (modUtf8::Length(line) > width) {
         const std::string_view head = modUtf8::Left(line, width);
         // A blank right behind the head is as good a place as one in it.
         std::size_t cut = line.at(head.size()) == ' ' ? head.size() : head.rfind(' ');
-        const bool onlyIndent = head.find_first_not_of(' ') >= cut;
-        if (cut == std::string_view::npos || onlyIndent) {
-            cut = head.size();
+        const std::size_t indent = head.find_first_not_of(' ');
+        if (cut == std::string_view::npos || indent >= cut) {
+            cut = PlaceInWord(head, indent);
         }
         lines.emplace_back(line.substr(0, cut));
         lines.back().erase(lines.back().find_last_not_of(' ') + 1);

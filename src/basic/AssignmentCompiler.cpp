@@ -56,12 +56,23 @@ void ProcedureCompiler::AssignVariable(
         InvokeMember(Load(variable), {}, InvokeKind::Let, {}, &operand, false);
         return;
     }
+    if (variable.Where == Storage::Local)
+        RefuseLocked(static_cast<Register>(variable.Index));
     if (TryAppend(variable, value))
         return;
     if (variable.Where == Storage::Local)
         EvaluateInto(value, static_cast<Register>(variable.Index), type);
     else
         StoreVariable(variable, Evaluate(value), false);
+}
+
+/// The array that a For Each walks stays in its variable.
+void ProcedureCompiler::RefuseLocked(Register variable) {
+    for (const HeldBlock& block : m_held)
+        if (block.Variable == variable) {
+            m_code.Emit(Opcode::RefuseLocked, variable);
+            return;
+        }
 }
 
 /// `s = s & a & b` grows the text of s in place when nobody else has it.
@@ -107,6 +118,11 @@ Operand ProcedureCompiler::Converted(const Operand& value, const DeclaredType& t
     Operand result = value;
     if (!isSet && value.Constant == nullptr && (isSame || (IsVariant(type) && isScalar)))
         return result;
+    if (!isSet && value.Constant != nullptr && isSame && IsPlain(type)) {
+        result.Slot = SlotOf(value);
+        result.Constant = nullptr;
+        return result;
+    }
     result = {};
     result.Type = type;
     result.IsTyped = !IsVariant(type) || !isSet;
@@ -129,6 +145,7 @@ void ProcedureCompiler::StoreVariable(const Variable& variable, const Operand& v
     CheckSet(type, isSet);
     const auto index = static_cast<Register>(variable.Index);
     if (variable.Where == Storage::Local) {
+        RefuseLocked(index);
         if (isSet)
             SetInto(value, index, type);
         else

@@ -213,6 +213,13 @@ Operand ProcedureCompiler::CallProcedure(
     if (wantsResult)
         result.Slot = TemporaryFor(result.Type);
     m_code.EmitTarget(Opcode::Call, result.Slot, index, first);
+    for (const AfterCall& entry : after)
+        if (entry.What != AfterCall::Kind::Unpin)
+            m_code.AddCopyBack(
+                entry.Reference,
+                entry.Slot,
+                entry.What == AfterCall::Kind::CopyElement ? entry.Element
+                                                           : ArgumentCopy::kNoElement);
     m_code.PopArguments(callee.Parameters.size());
     FinishArguments(after);
     return result;

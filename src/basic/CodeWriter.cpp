@@ -120,6 +120,11 @@ void CodeWriter::Mark(std::int32_t line, Label again, Label next) {
     m_marks.push_back({static_cast<std::uint32_t>(m_procedure.Code.size()), again, next, line});
 }
 
+void CodeWriter::AddCopyBack(Register reference, Register slot, std::uint16_t element) {
+    const auto call = static_cast<std::uint32_t>(m_procedure.Code.size() - 1);
+    m_procedure.CopyBacks.push_back({call, reference, slot, element});
+}
+
 std::size_t CodeWriter::AddSwitch(SwitchTable table) {
     m_program.Switches.push_back(std::move(table));
     m_switches.push_back(m_program.Switches.size() - 1);
@@ -160,6 +165,10 @@ bool CodeWriter::Finish() {
         return false;
     for (Instruction& instruction : m_procedure.Code)
         PlaceOperands(instruction);
+    for (ArgumentCopy& copy : m_procedure.CopyBacks) {
+        copy.Reference = Place(copy.Reference);
+        copy.Slot = Place(copy.Slot);
+    }
     for (const auto& [position, label] : m_jumps)
         m_procedure.Code[position].SetWide(static_cast<std::int32_t>(PositionOf(label)));
     for (const std::size_t index : m_switches) {
@@ -175,6 +184,9 @@ bool CodeWriter::Finish() {
     m_procedure.GenericSlots = static_cast<std::uint32_t>(m_generic);
     m_procedure.Slots = static_cast<std::uint32_t>(m_generic + m_plain);
     m_procedure.ArgumentSlots = static_cast<std::uint32_t>(m_mostArguments);
+    m_procedure.ParameterCount = static_cast<std::uint32_t>(m_procedure.Parameters.size());
+    m_procedure.CallSlots = m_procedure.Slots + m_procedure.ArgumentSlots;
+    m_procedure.CallCost = static_cast<std::int32_t>(4 + m_procedure.Code.size() / 8);
     return true;
 }
 

@@ -53,6 +53,8 @@ public:
     void EmitTarget(Opcode code, Register a, std::size_t target, Register c);
     /// What follows belongs to a statement of that line.
     void Mark(std::int32_t line, Label again, Label next);
+    /// Tells of an argument of the call just written that goes back to its variable.
+    void AddCopyBack(Register reference, Register slot, std::uint16_t element);
     /// A switch whose targets are labels until the end.
     std::size_t AddSwitch(SwitchTable table);
 

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <functional>
 
 namespace dorvik::basic {
 
@@ -50,6 +49,12 @@ double NumberOf(const Value& key) {
     return ToDouble(key);
 }
 
+/// Whether both are texts with the same body, which is to be seen at once.
+bool IsSameText(const Value& left, const Value& right) {
+    return left.Type() == ValueType::String && right.Type() == ValueType::String &&
+           left.TextBody() == right.TextBody();
+}
+
 bool IsNumberKey(const Value& key) {
     return key.IsNumber() || key.Type() == ValueType::Decimal;
 }
@@ -72,9 +77,10 @@ std::uint32_t HashOfNumber(double number) {
 std::uint32_t HashOfKey(const Value& key, bool ignoresCase) {
     switch (key.Type()) {
         case ValueType::String:
-            return static_cast<std::uint32_t>(
-                ignoresCase ? modTextCase::Hash(key.AsText())
-                            : std::hash<std::string_view>()(key.AsText()));
+            if (ignoresCase) {
+                return static_cast<std::uint32_t>(modTextCase::Hash(key.AsText()));
+            }
+            return key.TextBody() != nullptr ? key.TextBody()->Hash() : 0;
         case ValueType::Integer:
         case ValueType::Long:
         case ValueType::Boolean:
@@ -119,14 +125,22 @@ std::size_t DictionaryKeys::Find(const Value& key, std::uint32_t hash) const {
     if (m_slots.empty()) {
         return kNone;
     }
+    // What was read is often written next.
+    if (m_lastFound < m_entries.size() && IsSameText(m_entries[m_lastFound].Key, key)) {
+        return m_lastFound;
+    }
     const std::size_t mask = m_slots.size() - 1;
     for (std::size_t index = hash & mask;; index = (index + 1) & mask) {
         const Slot& slot = m_slots[index];
         if (slot.Place == kFree) {
             return kNone;
         }
-        if (slot.Hash == hash && slot.Place != kRemoved &&
-            IsSameKey(m_entries[slot.Place].Key, key, m_ignoresCase)) {
+        if (slot.Hash != hash || slot.Place == kRemoved) {
+            continue;
+        }
+        const Value& present = m_entries[slot.Place].Key;
+        if (IsSameText(present, key) || IsSameKey(present, key, m_ignoresCase)) {
+            m_lastFound = slot.Place;
             return slot.Place;
         }
     }

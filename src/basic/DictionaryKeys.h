@@ -64,6 +64,7 @@ private:
     std::vector<Slot> m_slots;  // a power of two
     std::size_t m_count = 0;
     std::size_t m_used = 0;  // slots that are not free
+    mutable std::size_t m_lastFound = kNone;
     bool m_ignoresCase = false;
 };
 

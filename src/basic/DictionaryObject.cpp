@@ -84,7 +84,7 @@ Value DictionaryObject::Invoke(int member, InvokeKind kind, std::span<const Valu
             if (!IsAssignment(kind)) {
                 return Item(arguments[0]);
             }
-            SetItem(arguments[0], arguments[1], kind);
+            SetItem(arguments[0], StoredValue(arguments[1], kind));
             break;
         case Member::Add: Add(arguments[0], arguments[1]); break;
         case Member::Exists: {
@@ -118,7 +118,7 @@ void DictionaryObject::ForEachValue(const Visitor& visit) const {
     }
 }
 
-Value DictionaryObject::Item(const Value& key) {
+const Value& DictionaryObject::Item(const Value& key) {
     const std::uint32_t hash = HashOfKey(key, m_keys.IgnoresCase());
     std::size_t place = m_keys.Find(key, hash);
     if (place == DictionaryKeys::kNone) {
@@ -127,16 +127,14 @@ Value DictionaryObject::Item(const Value& key) {
     return m_keys.Entries()[place].Item;
 }
 
-void DictionaryObject::SetItem(const Value& key, const Value& item, InvokeKind kind) {
-    Value stored = StoredValue(item, kind);
+void DictionaryObject::SetItem(const Value& key, Value item) {
     const std::uint32_t hash = HashOfKey(key, m_keys.IgnoresCase());
     std::size_t place = m_keys.Find(key, hash);
     if (place == DictionaryKeys::kNone) {
         place = Append(key, hash);
     }
     // The old item leaves last, when the entry is whole again.
-    const Value old = std::move(m_keys.Entries()[place].Item);
-    m_keys.Entries()[place].Item = std::move(stored);
+    m_keys.Entries()[place].Item = std::move(item);
 }
 
 void DictionaryObject::Add(const Value& key, const Value& item) {

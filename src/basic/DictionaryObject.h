@@ -22,14 +22,15 @@ public:
     void Empty() noexcept override { RemoveAll(); }
 
     std::size_t Count() const { return m_keys.Count(); }
+    /// The item of a key, which is added if it is not there. Good until the dictionary changes.
+    const Value& Item(const Value& key);
+    /// Stores a value as it is.
+    void SetItem(const Value& key, Value item);
 
 private:
     class Walker;
 
-    Value Item(const Value& key);
-    void SetItem(const Value& key, const Value& item, InvokeKind kind);
     void Add(const Value& key, const Value& item);
-    std::size_t PlaceOf(const Value& key, std::int32_t errorIfUnknown) const;
     std::size_t Append(const Value& key, std::uint32_t hash);
     void Remove(const Value& key);
     void RemoveAll();

@@ -72,6 +72,7 @@ std::string InstructionText(const Program& program, const Instruction& in) {
         text += OperandText(in, row.Operands[i], values[i]);
     if (const std::string note = NoteOf(program, in); !note.empty())
         text += "  ; " + note;
+    text.resize(text.find_last_not_of(' ') + 1);
     return text;
 }
 

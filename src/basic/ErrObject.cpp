@@ -73,13 +73,13 @@ Value ErrObject::Invoke(int member, InvokeKind kind, std::span<const Value> argu
         case Member::HelpFile: return TextProperty(state.HelpFile, kind, arguments);
         case Member::HelpContext: return NumberProperty(state.HelpContext, kind, arguments);
         case Member::LastDllError: return Value::Long(0);
-        case Member::Raise: RaiseGiven(state, arguments);
+        case Member::Raise: RaiseGiven(arguments);
         case Member::Clear: state.Clear(); break;
     }
     return Value();
 }
 
-void ErrObject::RaiseGiven(ErrorState& state, std::span<const Value> arguments) {
+void ErrObject::RaiseGiven(std::span<const Value> arguments) {
     const std::int32_t number = LongAt(arguments, 0);
     if (number == 0) {
         RaiseError(runtimeerror::kInvalidProcedureCall);
@@ -87,11 +87,12 @@ void ErrObject::RaiseGiven(ErrorState& state, std::span<const Value> arguments) 
     const TextArgument source(arguments, 1, "");
     const TextArgument description(arguments, 2, "");
     const TextArgument helpFile(arguments, 3, "");
-    state.HelpContext = LongAt(arguments, 4, 0);
-    state.HelpFile = helpFile.View();
     const std::string text =
         IsGiven(arguments, 2) ? std::string(description.View()) : RuntimeErrorText(number);
-    throw BasicError(number, text, std::string(source.View()));
+    RaisedError error(number, text, std::string(source.View()));
+    error.HelpContext = LongAt(arguments, 4, 0);
+    error.HelpFile = helpFile.View();
+    throw error;
 }
 
 }  // namespace dorvik::basic

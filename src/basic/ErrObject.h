@@ -1,10 +1,21 @@
 #pragma once
 
+#include "base/BasicError.h"
 #include "basic/ScriptObject.h"
+
+#include <string>
 
 namespace dorvik::basic {
 
 struct ErrorState;
+
+/// An error of `Err.Raise`, with all that this was told.
+class RaisedError final : public BasicError {
+public:
+    using BasicError::BasicError;
+    std::string HelpFile;
+    std::int32_t HelpContext = 0;
+};
 
 /// `Err`: the state of the last error of the machine that runs. Where none runs, its members raise 91.
 class ErrObject final : public ScriptObject {
@@ -16,7 +27,7 @@ public:
     Value Invoke(int member, InvokeKind kind, std::span<const Value> arguments) override;
 
 private:
-    [[noreturn]] static void RaiseGiven(ErrorState& state, std::span<const Value> arguments);
+    [[noreturn]] static void RaiseGiven(std::span<const Value> arguments);
 };
 
 }  // namespace dorvik::basic

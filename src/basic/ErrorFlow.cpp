@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <utility>
 
 namespace dorvik::basic {
 
@@ -28,7 +29,8 @@ void ProcedureCompiler::CollectLabels(const Block& block) {
                     "The label '" + label->Label + "' stands in line " +
                         std::to_string(entry->second.Place.Line) + " already");
             else
-                entry->second = {m_code.NewLabel(), statement.Place, false, label->Label};
+                entry->second = {
+                    m_code.NewLabel(), statement.Place, false, label->Label, m_around};
         } else if (std::holds_alternative<OnErrorStatement>(statement.Node)) {
             m_mayJumpIntoLoops = true;
         } else if (const auto* choice = std::get_if<IfStatement>(&statement.Node)) {
@@ -41,12 +43,38 @@ void ProcedureCompiler::CollectLabels(const Block& block) {
         } else if (const auto* loop = std::get_if<ForStatement>(&statement.Node)) {
             CollectLabels(loop->Body);
         } else if (const auto* each = std::get_if<ForEachStatement>(&statement.Node)) {
-            CollectLabels(each->Body);
+            CollectLabelsIn(each, each->Body);
         } else if (const auto* repeat = std::get_if<LoopStatement>(&statement.Node)) {
             CollectLabels(repeat->Body);
         } else if (const auto* with = std::get_if<WithStatement>(&statement.Node)) {
-            CollectLabels(with->Body);
+            CollectLabelsIn(with, with->Body);
         }
+    }
+}
+
+void ProcedureCompiler::CollectLabelsIn(const void* node, const Block& body) {
+    m_outer.emplace(node, m_around);
+    const void* const around = std::exchange(m_around, node);
+    CollectLabels(body);
+    m_around = around;
+}
+
+void ProcedureCompiler::LeaveBlock(const HeldBlock& block) {
+    m_code.Emit(Opcode::LeaveBlock, block.State);
+}
+
+/// A jump lets go of the arrays that the blocks it leaves keep locked.
+void ProcedureCompiler::LeaveBlocksFor(const std::string& label) {
+    const auto found = m_labels.find(modTextCase::ToLower(label));
+    if (m_held.empty() || found == m_labels.end())
+        return;
+    std::vector<const void*> around;
+    for (const void* node = found->second.Around; node != nullptr; node = m_outer[node])
+        around.push_back(node);
+    for (auto block = m_held.rbegin(); block != m_held.rend(); ++block) {
+        if (std::find(around.begin(), around.end(), block->Node) != around.end())
+            return;
+        LeaveBlock(*block);
     }
 }
 
@@ -79,6 +107,7 @@ void ProcedureCompiler::On(const LabelStatement& node, SourcePlace place) {
 }
 
 void ProcedureCompiler::On(const GoToStatement& node, SourcePlace place) {
+    LeaveBlocksFor(node.Label);
     m_code.EmitJump(Opcode::JumpCounted, LabelOf(node.Label, place));
 }
 
@@ -121,6 +150,7 @@ void ProcedureCompiler::On(const ResumeStatement& node, SourcePlace place) {
         case ResumeKind::Same: m_code.Emit(Opcode::ResumeSame); break;
         case ResumeKind::Next: m_code.Emit(Opcode::ResumeNext); break;
         case ResumeKind::Label:
+            LeaveBlocksFor(node.Label);
             m_code.EmitJump(Opcode::ResumeLabel, LabelOf(node.Label, place));
             break;
     }

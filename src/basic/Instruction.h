@@ -8,13 +8,17 @@ namespace dorvik::basic {
 /// What an instruction does; `Opcodes.def` says it for each.
 enum class Opcode : std::uint8_t {
 #define OPCODE(name, operands) name,
+#define OPERATION(name, operands) name,
 #include "basic/Opcodes.def"
+#undef OPERATION
 #undef OPCODE
 };
 
 inline constexpr int kOpcodeCount = 0
 #define OPCODE(name, operands) +1
+#define OPERATION(name, operands) +1
 #include "basic/Opcodes.def"
+#undef OPERATION
 #undef OPCODE
     ;
 

@@ -166,6 +166,14 @@ void ProcedureCompiler::On(const ForEachStatement& node, SourcePlace place) {
     const Label body = m_code.NewLabel();
     const std::size_t mark = m_code.TemporaryMark();
     m_code.Mark(place.Line, m_code.Here(), body);
+    HeldBlock held{&node, state, m_loops.size()};
+    if (const auto* array = std::get_if<NameNode>(&node.Collection->Node)) {
+        const NameMeaning meaning = VariableOrImplicit(*array, node.Collection->Place);
+        if (meaning.What == NameMeaning::Kind::Variable &&
+            meaning.Variable.Where == Storage::Local && !meaning.Variable.Type.IsArray &&
+            meaning.Variable.Type.Kind == DeclaredKind::Variant)
+            held.Variable = static_cast<Register>(meaning.Variable.Index);
+    }
     const Operand collection = Evaluate(*node.Collection);
     m_code.Emit(Opcode::ForEachBegin, state, SlotOf(collection));
     m_code.ReleaseTemporaries(mark);
@@ -181,9 +189,11 @@ void ProcedureCompiler::On(const ForEachStatement& node, SourcePlace place) {
         StoreVariable(variable, element, isObject);
     m_code.ReleaseTemporaries(mark);
     m_code.Bind(body);
+    m_held.push_back(held);
     m_loops.push_back({ExitKind::For, exit, name});
     CompileBlock(node.Body);
     m_loops.pop_back();
+    m_held.pop_back();
     // After a failed header the loop was entered without a state: the Next tells.
     const Label next = m_code.Here();
     m_code.Mark(node.NextPlace.Line, next, exit);

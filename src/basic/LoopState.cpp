@@ -10,19 +10,28 @@ Value ArrayPin::Invoke(int, InvokeKind, std::span<const Value>) {
 
 LoopState::LoopState(Ref<ArrayBody> array) : m_array(std::move(array)) {
     m_array->Lock();
+    m_isLocked = true;
 }
 
 LoopState::LoopState(Ref<ScriptObject> collection, std::unique_ptr<ScriptIterator> iterator)
     : m_collection(std::move(collection)), m_iterator(std::move(iterator)) {}
 
 LoopState::~LoopState() {
-    if (m_array)
+    Leave();
+}
+
+void LoopState::Leave() {
+    if (m_isLocked)
         m_array->Unlock();
+    m_isLocked = false;
 }
 
 bool LoopState::Next(Value& element) {
     if (!m_array)
         return m_iterator->Next(element);
+    if (!m_isLocked)
+        m_array->Lock();
+    m_isLocked = true;
     if (m_position >= m_array->Elements().size())
         return false;
     element = m_array->Elements()[m_position++].DeepCopy();

@@ -25,7 +25,8 @@ private:
     Ref<ArrayBody> m_array;
 };
 
-/// Where a For Each stands: in an array, which is locked meanwhile, or in a collection.
+/// Where a For Each stands: in an array, which is locked meanwhile, or in a collection. A With that
+/// works on an element of an array keeps the array locked with one, too.
 class LoopState final : public ScriptObject {
 public:
     explicit LoopState(Ref<ArrayBody> array);
@@ -34,6 +35,8 @@ public:
 
     /// False at the end; otherwise `element` is a copy of the next one.
     bool Next(Value& element);
+    /// The loop was left by a jump. The array is free, until a jump back into the loop asks for more.
+    void Leave();
 
     ObjectClass Class() const override { return ObjectClass::Any; }
     std::string_view ClassName() const override { return "Object"; }
@@ -44,6 +47,7 @@ public:
 
 private:
     Ref<ArrayBody> m_array;
+    bool m_isLocked = false;
     std::size_t m_position = 0;
     Ref<ScriptObject> m_collection;
     std::unique_ptr<ScriptIterator> m_iterator;

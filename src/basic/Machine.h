@@ -63,7 +63,7 @@ private:
         std::int32_t Handler = kNoHandler;      // where On Error jumps
         bool IsHandling = false;                // an error is being handled
         std::uint32_t ErrorPosition = 0;        // of that error
-        std::size_t GoSubs = 0;                 // of m_goSubs, that belong to the callers
+        std::uint32_t GoSubs = 0;               // of m_goSubs, that belong to the callers
     };
     static constexpr std::int32_t kNoHandler = -1;
     static constexpr std::int32_t kResumeNext = -2;
@@ -87,6 +87,7 @@ private:
     [[noreturn]] void RaiseAt(const Instruction* at, std::int32_t number);
     bool Recover(
         std::int32_t number, const std::string& text, const std::string& source, ErrorAlert& alert);
+    void CopyBackAfterError();
     void Unwind();
     void ClearArguments(const Frame& frame);
     void ClearPins(const Frame& frame);
@@ -128,8 +129,10 @@ private:
     void Operate(Instruction in, Value* base);
     void OperateUnary(Instruction in, Value* base);
     void CompareKnown(Instruction in, Value* base);
-    void ForTestGuard(Instruction in, Value* base);
     void ForEachBegin(Instruction in, Value* base);
+    void HoldArray(Instruction in, Value* base);
+    void LeaveBlock(Instruction in, Value* base);
+    void RefuseLocked(Instruction in, Value* base);
     void ReleaseArguments(Instruction in, Value* base);
     void ArgumentsToArray(Instruction in, Value* base);
     void CopyBack(Instruction in, Value* base);
@@ -201,16 +204,19 @@ private:
     bool m_isRunning = false;
 };
 
+/// The number of a value goes into a slot that holds no body, type and all.
+inline void CopyPlain(Value& target, const Value& source) {
+    std::memcpy(static_cast<void*>(&target), &source, sizeof(Value));
+}
+
 inline void Machine::Enter(
     const Procedure& procedure, Value* base, Value* result, const Instruction* returnTo) {
     m_frames[m_depth++] = {
-        &procedure, base, result, returnTo, kNoHandler, false, 0, m_goSubs.size()};
+        &procedure, base, result, returnTo, kNoHandler, false, 0, static_cast<std::uint32_t>(m_goSubs.size())};
     // No slot from here on holds a body, nor do the initial values, so that they can be copied as bytes.
-    if (const std::size_t count = procedure.Initial.size(); count != 0)
-        std::memcpy(
-            static_cast<void*>(base + procedure.Parameters.size()),
-            procedure.Initial.data(),
-            count * sizeof(Value));
+    Value* target = base + procedure.ParameterCount;
+    for (const Value& value : procedure.Initial)
+        CopyPlain(*target++, value);
 }
 
 /// Takes the frame off; what its slots held is released.
@@ -244,11 +250,6 @@ inline ReferenceTag TagOf(const Value& reference) {
 inline Value TaggedReference(Value* target, ReferenceTag tag) {
     const auto bits = reinterpret_cast<std::uintptr_t>(target) | static_cast<std::uintptr_t>(tag);
     return Value::Reference(reinterpret_cast<Value*>(bits));
-}
-
-/// The number of a value goes into a slot that holds no body, type and all.
-inline void CopyPlain(Value& target, const Value& source) {
-    std::memcpy(static_cast<void*>(&target), &source, sizeof(Value));
 }
 
 /// Copies the members of one record into those of another of the same type.

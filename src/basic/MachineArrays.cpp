@@ -230,6 +230,22 @@ void Machine::ForEachBegin(Instruction in, Value* base) {
         MakeRef<LoopState>(Ref<ScriptObject>(collection.AsObject()), std::move(iterator)));
 }
 
+void Machine::HoldArray(Instruction in, Value* base) {
+    if (base[in.B].Type() == ValueType::Array)
+        base[in.A] = Value::Object(MakeRef<LoopState>(Ref<ArrayBody>(base[in.B].AsArray())));
+}
+
+void Machine::LeaveBlock(Instruction in, Value* base) {
+    const Value& state = base[in.A];
+    if (state.Type() == ValueType::Object && state.AsObject() != nullptr)
+        static_cast<LoopState*>(state.AsObject())->Leave();
+}
+
+void Machine::RefuseLocked(Instruction in, Value* base) {
+    if (base[in.A].Type() == ValueType::Array)
+        CheckFree(*base[in.A].AsArray());
+}
+
 bool Machine::NextElement(Instruction in, Value* base) {
     const Value& state = base[in.B];
     if (state.Type() != ValueType::Object || state.AsObject() == nullptr)

@@ -94,11 +94,6 @@ void Machine::JumpByTable(Instruction in, Value* base) {
     m_next = code + table.Targets[static_cast<std::size_t>(key) - 1];
 }
 
-void Machine::ForTestGuard(Instruction in, Value* base) {
-    if (base[in.A].Type() == ValueType::Empty)
-        RaiseError(runtimeerror::kForLoopNotInitialised);
-}
-
 void Machine::End(Instruction, Value*) {
     throw ScriptStop{};
 }

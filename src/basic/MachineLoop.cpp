@@ -1,4 +1,5 @@
 #include "basic/Coercion.h"
+#include "basic/DictionaryObject.h"
 #include "basic/Machine.h"
 #include "basic/Operators.h"
 #include "basic/RuntimeErrors.h"
@@ -10,8 +11,9 @@
 // One function with one case for each frequent instruction: the price of speed. Cases are short; what takes
 // more than a few lines, or is rare, is an operation of its own.
 
-// The loop names only the instructions that it carries out itself; all others share its last case.
-#pragma GCC diagnostic ignored "-Wswitch-enum"
+// Each instruction ends with a jump of its own to the next one, so that the processor learns which instruction
+// follows which. The compilers that build this know labels as values; the language does not.
+#pragma GCC diagnostic ignored "-Wpedantic"
 
 namespace dorvik::basic {
 
@@ -31,6 +33,10 @@ bool AreLongs(const Value& left, const Value& right) {
 
 bool AreWhole(const Value& left, const Value& right) {
     return IsOneOf(left, kWholeTypes) && IsOneOf(right, kWholeTypes);
+}
+
+bool AreBooleans(const Value& left, const Value& right) {
+    return left.Type() == ValueType::Boolean && right.Type() == ValueType::Boolean;
 }
 
 bool AreDoubles(const Value& left, const Value& right) {
@@ -58,18 +64,41 @@ bool SameText(const Value& left, const Value& right) {
     return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size()) == 0;
 }
 
-void PutWhole(Value& target, std::int32_t number, bool asLong) {
-    if (target.HoldsBody())
-        target = Value();
-    if (asLong)
-        target.PutLong(number);
-    else
-        target.PutInteger(static_cast<std::int16_t>(number));
-}
-
 bool FitsInteger(std::int32_t number) {
     return number == static_cast<std::int16_t>(number);
 }
+
+/// The result of two whole numbers, if it fits the wider type of both.
+bool PutWhole(Value& target, std::int64_t result, const Value& left, const Value& right) {
+    const bool isLong = left.Type() == ValueType::Long || right.Type() == ValueType::Long;
+    const auto number = static_cast<std::int32_t>(result);
+    if (number != result || (!isLong && !FitsInteger(number))) [[unlikely]]
+        return false;
+    if (target.HoldsBody())
+        target = Value();
+    if (isLong)
+        target.PutLong(number);
+    else
+        target.PutInteger(static_cast<std::int16_t>(number));
+    return true;
+}
+
+/// REQUIRES: the divisor is not 0.
+std::int32_t RemainderOf(std::int32_t dividend, std::int32_t divisor) {
+    return divisor == -1 ? 0 : dividend % divisor;
+}
+
+/// The dictionary that a value holds, or null.
+DictionaryObject* DictionaryIn(const Value& value) {
+    if (value.Type() != ValueType::Object || value.AsObject() == nullptr ||
+        value.AsObject()->Class() != ObjectClass::Dictionary)
+        return nullptr;
+    return static_cast<DictionaryObject*>(value.AsObject());
+}
+
+/// Whoever stores one of these asks more questions than the loop does.
+constexpr std::uint64_t kKeptApart =
+    TypeBit(ValueType::Object) | TypeBit(ValueType::Array) | TypeBit(ValueType::Record);
 
 Relation RelationOfFlags(const Instruction& in) {
     return static_cast<Relation>(in.Flags >> kOperatorShift);
@@ -85,6 +114,14 @@ void Machine::Loop() {
     const Value* const constants = m_program->Constants.data();
     Value* const globals = m_globals.data();
     const Instruction* code = CodeOfTop();
+
+    static const void* const kLabels[] = {
+#define OPCODE(name, operands) &&name,
+#define OPERATION(name, operands) &&CarryOutOperation,
+#include "basic/Opcodes.def"
+#undef OPCODE
+#undef OPERATION
+    };
 
     // The names below stand for lines that many cases share. They must be inlined, or else the position
     // and the frame would live in memory and not in registers.
@@ -121,418 +158,467 @@ void Machine::Loop() {
             fail(runtimeerror::kOverflow);
         target.PutDouble(number);
     };
+    const auto putInteger = [&](Value & target, std::int32_t number)
+        __attribute__((always_inline)) {
+        if (!FitsInteger(number)) [[unlikely]]
+            fail(runtimeerror::kOverflow);
+        target.PutInteger(static_cast<std::int16_t>(number));
+    };
+    const auto leave = [&]() __attribute__((always_inline)) {
+        pc = Top().ReturnTo;
+        Leave();
+        if (m_depth != 0) {
+            base = Top().Base;
+            code = CodeOfTop();
+        }
+    };
 
     for (;;) {
         const Instruction in = *pc++;
         Value& a = base[in.A];
-        switch (in.Code) {
-            case Opcode::Move: a = base[in.B]; break;
-            case Opcode::MovePlain: CopyPlain(a, base[in.B]); break;
-            case Opcode::LoadConstant: a = constants[in.Wide()]; break;
-            case Opcode::LoadLong: a.PutLong(in.Wide()); break;
-            case Opcode::Clear: a = Value(); break;
-            case Opcode::LoadGlobal: a = globals[in.Wide()]; break;
-            case Opcode::LoadGlobalPlain: CopyPlain(a, globals[in.Wide()]); break;
-            case Opcode::StoreGlobal: globals[in.Wide()] = a; break;
-            case Opcode::StoreGlobalPlain: CopyPlain(globals[in.Wide()], a); break;
-            case Opcode::LoadReference: a = *TargetOf(base[in.B]); break;
-            case Opcode::LoadReferencePlain: CopyPlain(a, *TargetOf(base[in.B])); break;
-            case Opcode::StoreReference: *TargetOf(a) = base[in.B]; break;
-            case Opcode::StoreReferencePlain: CopyPlain(*TargetOf(a), base[in.B]); break;
-            case Opcode::MakeReference:
-                a = TaggedReference(&base[in.B], static_cast<ReferenceTag>(in.Flags));
-                break;
-            case Opcode::AssignVariant: {
-                constexpr std::uint64_t kSlow =
-                    TypeBit(ValueType::Object) | TypeBit(ValueType::Array) |
-                    TypeBit(ValueType::Record) | TypeBit(ValueType::Error);
-                const Value& source = base[in.B];
-                if (IsOneOf(source, kSlow) || a.Type() == ValueType::Array) [[unlikely]]
-                    call(&Machine::AssignVariantSlow, in);
-                else
-                    a = source;
-                break;
-            }
-            case Opcode::CoerceLong:
-                if (IsOneOf(base[in.B], kWholeTypes)) [[likely]]
-                    a.PutLong(base[in.B].AsLong());
-                else
-                    call(&Machine::CoerceKnown, in);
-                break;
-            case Opcode::CoerceInteger:
-                if (IsOneOf(base[in.B], kWholeTypes) && FitsInteger(base[in.B].AsLong())) [[likely]]
-                    a.PutInteger(base[in.B].AsInteger());
-                else
-                    call(&Machine::CoerceKnown, in);
-                break;
-            case Opcode::CoerceDouble:
-                if (base[in.B].Type() == ValueType::Double)
-                    CopyPlain(a, base[in.B]);
-                else if (IsOneOf(base[in.B], kWholeTypes))
-                    a.PutDouble(base[in.B].AsLong());
-                else
-                    call(&Machine::CoerceKnown, in);
-                break;
-            case Opcode::CoerceBoolean:
-                if (base[in.B].Type() == ValueType::Boolean) [[likely]]
-                    CopyPlain(a, base[in.B]);
-                else
-                    call(&Machine::CoerceKnown, in);
-                break;
-            case Opcode::CoerceString:
-                if (base[in.B].Type() == ValueType::String) [[likely]]
-                    a = base[in.B];
-                else
-                    call(&Machine::CoerceKnown, in);
-                break;
+        goto* kLabels[static_cast<std::size_t>(in.Code)];
 
-            case Opcode::AddLong: {
-                std::int32_t sum = 0;
-                if (__builtin_add_overflow(base[in.B].AsLong(), base[in.C].AsLong(), &sum))
-                    fail(runtimeerror::kOverflow);
-                a.PutLong(sum);
-                break;
-            }
-            case Opcode::SubtractLong: {
-                std::int32_t difference = 0;
-                if (__builtin_sub_overflow(base[in.B].AsLong(), base[in.C].AsLong(), &difference))
-                    fail(runtimeerror::kOverflow);
-                a.PutLong(difference);
-                break;
-            }
-            case Opcode::MultiplyLong: {
-                std::int32_t product = 0;
-                if (__builtin_mul_overflow(base[in.B].AsLong(), base[in.C].AsLong(), &product))
-                    fail(runtimeerror::kOverflow);
-                a.PutLong(product);
-                break;
-            }
-            case Opcode::AddLongImmediate: {
-                std::int32_t sum = 0;
-                if (__builtin_add_overflow(base[in.B].AsLong(), std::int32_t{in.SmallC()}, &sum))
-                    fail(runtimeerror::kOverflow);
-                a.PutLong(sum);
-                break;
-            }
-            case Opcode::DivideLong:
-            case Opcode::ModuloLong: {
-                const std::int32_t dividend = base[in.B].AsLong();
-                const std::int32_t divisor = base[in.C].AsLong();
-                if (divisor == 0) [[unlikely]]
-                    fail(runtimeerror::kDivisionByZero);
-                if (divisor == -1) [[unlikely]] {
-                    if (in.Code == Opcode::DivideLong && dividend == INT32_MIN)
-                        fail(runtimeerror::kOverflow);
-                    a.PutLong(in.Code == Opcode::DivideLong ? -dividend : 0);
-                    break;
-                }
-                a.PutLong(in.Code == Opcode::DivideLong ? dividend / divisor : dividend % divisor);
-                break;
-            }
-            case Opcode::AndLong: a.PutLong(base[in.B].AsLong() & base[in.C].AsLong()); break;
-            case Opcode::OrLong: a.PutLong(base[in.B].AsLong() | base[in.C].AsLong()); break;
-            case Opcode::XorLong: a.PutLong(base[in.B].AsLong() ^ base[in.C].AsLong()); break;
-            case Opcode::AddInteger:
-            case Opcode::SubtractInteger:
-            case Opcode::MultiplyInteger: {
-                const std::int32_t left = base[in.B].AsLong();
-                const std::int32_t right = base[in.C].AsLong();
-                const std::int32_t result = in.Code == Opcode::AddInteger        ? left + right
-                                            : in.Code == Opcode::SubtractInteger ? left - right
-                                                                                 : left * right;
-                if (!FitsInteger(result))
-                    fail(runtimeerror::kOverflow);
-                a.PutInteger(static_cast<std::int16_t>(result));
-                break;
-            }
-            case Opcode::AddDouble:
-                putDouble(a, base[in.B].AsDouble() + base[in.C].AsDouble());
-                break;
-            case Opcode::SubtractDouble:
-                putDouble(a, base[in.B].AsDouble() - base[in.C].AsDouble());
-                break;
-            case Opcode::MultiplyDouble:
-                putDouble(a, base[in.B].AsDouble() * base[in.C].AsDouble());
-                break;
-            case Opcode::DivideDouble: {
-                const double divisor = base[in.C].AsDouble();
-                if (divisor == 0) [[unlikely]]
-                    fail(
-                        base[in.B].AsDouble() == 0 ? runtimeerror::kOverflow
-                                                   : runtimeerror::kDivisionByZero);
-                putDouble(a, base[in.B].AsDouble() / divisor);
-                break;
-            }
-            case Opcode::LongToDouble: a.PutDouble(base[in.B].AsLong()); break;
-            case Opcode::CompareLong:
-                a.PutBoolean(Holds(
-                    static_cast<Relation>(in.Flags), base[in.B].AsLong(), base[in.C].AsLong()));
-                break;
-            case Opcode::CompareDouble:
-                a.PutBoolean(Holds(
-                    static_cast<Relation>(in.Flags), base[in.B].AsDouble(), base[in.C].AsDouble()));
-                break;
-            case Opcode::CompareText:
-                a.PutBoolean(Holds(
-                    static_cast<Relation>(in.Flags), base[in.B].AsText(), base[in.C].AsText()));
-                break;
-            case Opcode::NotBoolean: a.PutBoolean(!base[in.B].AsBoolean()); break;
-            case Opcode::AndBoolean:
-                a.PutBoolean(base[in.B].AsBoolean() && base[in.C].AsBoolean());
-                break;
-            case Opcode::OrBoolean:
-                a.PutBoolean(base[in.B].AsBoolean() || base[in.C].AsBoolean());
-                break;
-
-            case Opcode::Add:
-            case Opcode::Subtract: {
-                const Value& left = base[in.B];
-                const Value& right = base[in.C];
-                if (AreWhole(left, right)) {
-                    const bool isLong =
-                        left.Type() == ValueType::Long || right.Type() == ValueType::Long;
-                    const std::int64_t sum = in.Code == Opcode::Add
-                                                 ? std::int64_t{left.AsLong()} + right.AsLong()
-                                                 : std::int64_t{left.AsLong()} - right.AsLong();
-                    const auto number = static_cast<std::int32_t>(sum);
-                    if (number == sum && (isLong || FitsInteger(number))) {
-                        PutWhole(a, number, isLong);
-                        break;
-                    }
-                } else if (AreDoubles(left, right) && !a.HoldsBody()) {
-                    const double sum = in.Code == Opcode::Add ? left.AsDouble() + right.AsDouble()
-                                                              : left.AsDouble() - right.AsDouble();
-                    putDouble(a, sum);
-                    break;
-                }
-                call(&Machine::SlowOperator, in);
-                break;
-            }
-            case Opcode::Multiply: {
-                const Value& left = base[in.B];
-                const Value& right = base[in.C];
-                std::int32_t product = 0;
-                if (AreLongs(left, right) &&
-                    !__builtin_mul_overflow(left.AsLong(), right.AsLong(), &product))
-                    PutWhole(a, product, true);
-                else if (AreDoubles(left, right) && !a.HoldsBody())
-                    putDouble(a, left.AsDouble() * right.AsDouble());
-                else
-                    call(&Machine::SlowOperator, in);
-                break;
-            }
-            case Opcode::Compare: {
-                const Value& left = base[in.B];
-                const Value& right = base[in.C];
-                if (AreWhole(left, right) && !a.HoldsBody())
-                    a.PutBoolean(Holds(RelationOfFlags(in), left.AsLong(), right.AsLong()));
-                else if (areTexts(in, left, right) && !a.HoldsBody())
-                    a.PutBoolean(SameText(left, right) == (RelationOfFlags(in) == Relation::Equal));
-                else
-                    call(&Machine::Operate, in);
-                break;
-            }
-            case Opcode::AppendText: call(&Machine::SlowAppend, in); break;
-            case Opcode::Concatenate: call(&Machine::SlowOperator, in); break;
-
-            case Opcode::Jump: pc = code + in.Wide(); break;
-            case Opcode::JumpCounted: jumpBack(code + in.Wide()); break;
-            case Opcode::JumpIf:
-                if (a.AsBoolean())
-                    pc = code + in.Wide();
-                break;
-            case Opcode::JumpUnless:
-                if (!a.AsBoolean())
-                    pc = code + in.Wide();
-                break;
-            case Opcode::JumpIfTrue:
-            case Opcode::JumpUnlessTrue: {
-                bool condition = false;
-                if (a.Type() == ValueType::Boolean) {
-                    condition = a.AsBoolean();
-                } else {
-                    m_at = pc - 1;
-                    condition = IsTrue(a);
-                }
-                if (condition == (in.Code == Opcode::JumpIfTrue))
-                    pc = code + in.Wide();
-                break;
-            }
-            case Opcode::JumpLongEqual: jumpWhen(a.AsLong() == base[in.B].AsLong()); break;
-            case Opcode::JumpLongNotEqual: jumpWhen(a.AsLong() != base[in.B].AsLong()); break;
-            case Opcode::JumpLongLess: jumpWhen(a.AsLong() < base[in.B].AsLong()); break;
-            case Opcode::JumpLongLessOrEqual: jumpWhen(a.AsLong() <= base[in.B].AsLong()); break;
-            case Opcode::JumpLongEqualTo: jumpWhen(a.AsLong() == in.SmallB()); break;
-            case Opcode::JumpLongNotEqualTo: jumpWhen(a.AsLong() != in.SmallB()); break;
-            case Opcode::JumpLongLessThan: jumpWhen(a.AsLong() < in.SmallB()); break;
-            case Opcode::JumpLongAtMost: jumpWhen(a.AsLong() <= in.SmallB()); break;
-            case Opcode::JumpLongGreaterThan: jumpWhen(a.AsLong() > in.SmallB()); break;
-            case Opcode::JumpLongAtLeast: jumpWhen(a.AsLong() >= in.SmallB()); break;
-            case Opcode::JumpDoubleEqual: jumpWhen(a.AsDouble() == base[in.B].AsDouble()); break;
-            case Opcode::JumpDoubleNotEqual: jumpWhen(a.AsDouble() != base[in.B].AsDouble()); break;
-            case Opcode::JumpDoubleLess: jumpWhen(a.AsDouble() < base[in.B].AsDouble()); break;
-            case Opcode::JumpDoubleLessOrEqual:
-                jumpWhen(a.AsDouble() <= base[in.B].AsDouble());
-                break;
-            case Opcode::JumpTextEqual: jumpWhen(SameText(a, base[in.B])); break;
-            case Opcode::JumpTextNotEqual: jumpWhen(!SameText(a, base[in.B])); break;
-            case Opcode::JumpCompare: {
-                const Value& right = base[in.B];
-                bool holds = false;
-                if (AreWhole(a, right)) {
-                    holds = Holds(RelationOfFlags(in), a.AsLong(), right.AsLong());
-                } else if (areTexts(in, a, right)) {
-                    holds = SameText(a, right) == (RelationOfFlags(in) == Relation::Equal);
-                } else {
-                    m_at = pc - 1;
-                    holds = SlowCompare(in, base);
-                }
-                jumpWhen(holds == (in.C != 0));
-                break;
-            }
-            case Opcode::SwitchDense: {
-                const SwitchTable& table = m_program->Switches[static_cast<std::size_t>(in.Wide())];
-                const std::int64_t key = std::int64_t{a.AsLong()} - table.First;
-                const bool isInside = static_cast<std::uint64_t>(key) <
-                                      static_cast<std::uint64_t>(table.Targets.size());
-                pc = code + (isInside ? table.Targets[static_cast<std::size_t>(key)] : table.Else);
-                break;
-            }
-            case Opcode::ForLoopLong: {
-                std::int32_t counter = 0;
-                if (__builtin_add_overflow(a.AsLong(), std::int32_t{in.SmallC()}, &counter))
-                    fail(runtimeerror::kOverflow);
-                a.PutLong(counter);
-                const std::int32_t limit = base[in.B].AsLong();
-                if (in.SmallC() >= 0 ? counter <= limit : counter >= limit)
-                    jumpBack(code + pc->Wide());
-                else
-                    ++pc;
-                break;
-            }
-            case Opcode::ForLoopInteger: {
-                const std::int32_t counter = a.AsLong() + in.SmallC();
-                if (!FitsInteger(counter))
-                    fail(runtimeerror::kOverflow);
-                a.PutInteger(static_cast<std::int16_t>(counter));
-                const std::int32_t limit = base[in.B].AsLong();
-                if (in.SmallC() >= 0 ? counter <= limit : counter >= limit)
-                    jumpBack(code + pc->Wide());
-                else
-                    ++pc;
-                break;
-            }
-            case Opcode::ForLoop: {
-                m_at = pc - 1;
-                if (SlowForLoop(in, base))
-                    jumpBack(code + pc->Wide());
-                else
-                    ++pc;
-                break;
-            }
-            case Opcode::ForTest:
-                m_at = pc - 1;
-                jumpWhen(ForContinues(a, base[in.B], base[in.C]));
-                break;
-            case Opcode::ForEachNext:
-                m_at = pc - 1;
-                jumpWhen(!NextElement(in, base));
-                break;
-
-            case Opcode::Call: {
-                const Procedure& callee = procedures[in.Target()];
-                Value* const newBase = base + in.C;
-                if (m_depth >= m_frames.size() ||
-                    newBase + callee.Slots + callee.ArgumentSlots > m_stackEnd) [[unlikely]] {
-                    m_at = pc - 1;
-                    StopForDepth();
-                }
-                m_budget -= static_cast<std::int64_t>(4 + callee.Code.size() / 8);
-                if (m_budget < 0) [[unlikely]] {
-                    m_at = pc - 1;
-                    CheckBudget();
-                }
-                Enter(callee, newBase, in.A == kNoSlot ? nullptr : &a, pc);
-                base = newBase;
-                pc = code = callee.Code.data();
-                break;
-            }
-            case Opcode::Return:
-            case Opcode::ReturnValue:
-            case Opcode::ReturnPlain: {
-                Frame& frame = Top();
-                if (frame.Result != nullptr && in.Code == Opcode::ReturnPlain)
-                    CopyPlain(*frame.Result, a);
-                Value kept;
-                if (frame.Result != nullptr && in.Code == Opcode::ReturnValue)
-                    kept = std::move(a);
-                Value* const target = in.Code == Opcode::ReturnValue ? frame.Result : nullptr;
-                pc = frame.ReturnTo;
-                Leave();
-                if (target != nullptr)
-                    *target = std::move(kept);
-                if (m_depth == 0)
-                    return;
-                base = Top().Base;
-                code = CodeOfTop();
-                break;
-            }
-            case Opcode::CallBuiltin:
-                m_at = pc - 1;
-                RunBuiltin(in, base);
-                if (in.Flags == 255)
-                    ++pc;
-                break;
-            case Opcode::CallExtension:
-                m_at = pc - 1;
-                RunExtension(in, base);
-                break;
-
-            case Opcode::ArrayGetPlain: {
-                const ArrayBody& array = *base[in.B].AsArray();
-                const std::int32_t index = base[in.C].AsLong();
-                m_at = pc - 1;
-                CopyPlain(a, array.Elements()[array.Offset(&index, 1)]);
-                break;
-            }
-            case Opcode::ArraySetPlain: {
-                ArrayBody& array = *a.AsArray();
-                const std::int32_t index = base[in.B].AsLong();
-                m_at = pc - 1;
-                CopyPlain(array.Elements()[array.Offset(&index, 1)], base[in.C]);
-                break;
-            }
-            case Opcode::ArrayGet: {
-                const Value& index = base[in.C];
-                m_at = pc - 1;
-                if (base[in.B].Type() == ValueType::Array && IsOneOf(index, kWholeTypes)) {
-                    const ArrayBody& array = *base[in.B].AsArray();
-                    const std::int32_t number = index.AsLong();
-                    a = array.Elements()[array.Offset(&number, 1)];
-                } else {
-                    SlowIndexGet(in, base);
-                }
-                break;
-            }
-            case Opcode::ArraySet: {
-                const Value& index = base[in.B];
-                m_at = pc - 1;
-                if (a.Type() == ValueType::Array && IsOneOf(index, kWholeTypes) &&
-                    a.AsArray()->Element().Kind == DeclaredKind::Variant) {
-                    ArrayBody& array = *a.AsArray();
-                    const std::int32_t number = index.AsLong();
-                    array.Elements()[array.Offset(&number, 1)] = base[in.C];
-                } else {
-                    SlowIndexSet(in, base);
-                }
-                break;
-            }
-            case Opcode::ClearError:
-                if (m_error.Number != 0)
-                    m_error.Clear();
-                break;
-            default: call(operations[static_cast<std::size_t>(in.Code)], in); break;
+        Move: a = base[in.B]; continue;
+        MovePlain: CopyPlain(a, base[in.B]); continue;
+        LoadConstant: a = constants[in.Wide()]; continue;
+        LoadLong: a.PutLong(in.Wide()); continue;
+        Clear: a = Value(); continue;
+        LoadGlobal: a = globals[in.Wide()]; continue;
+        LoadGlobalPlain: CopyPlain(a, globals[in.Wide()]); continue;
+        StoreGlobal: {
+            Value& target = globals[in.Wide()];
+            if (target.Type() == ValueType::Array && target.AsArray()->IsLocked()) [[unlikely]]
+                fail(runtimeerror::kArrayFixedOrLocked);
+            target = a;
+            continue;
         }
+        StoreGlobalPlain: CopyPlain(globals[in.Wide()], a); continue;
+        LoadReference: a = *TargetOf(base[in.B]); continue;
+        LoadReferencePlain: CopyPlain(a, *TargetOf(base[in.B])); continue;
+        StoreReference: *TargetOf(a) = base[in.B]; continue;
+        StoreReferencePlain: CopyPlain(*TargetOf(a), base[in.B]); continue;
+        MakeReference:
+            a = TaggedReference(&base[in.B], static_cast<ReferenceTag>(in.Flags));
+            continue;
+        AssignVariant: {
+            constexpr std::uint64_t kSlow =
+                TypeBit(ValueType::Object) | TypeBit(ValueType::Array) |
+                TypeBit(ValueType::Record) | TypeBit(ValueType::Error);
+            const Value& source = base[in.B];
+            if (IsOneOf(source, kSlow) || a.Type() == ValueType::Array) [[unlikely]]
+                call(&Machine::AssignVariantSlow, in);
+            else
+                a = source;
+            continue;
+        }
+        CoerceLong:
+            if (IsOneOf(base[in.B], kWholeTypes)) [[likely]]
+                a.PutLong(base[in.B].AsLong());
+            else
+                call(&Machine::CoerceKnown, in);
+            continue;
+        CoerceInteger:
+            if (IsOneOf(base[in.B], kWholeTypes) && FitsInteger(base[in.B].AsLong())) [[likely]]
+                a.PutInteger(base[in.B].AsInteger());
+            else
+                call(&Machine::CoerceKnown, in);
+            continue;
+        CoerceDouble:
+            if (base[in.B].Type() == ValueType::Double)
+                CopyPlain(a, base[in.B]);
+            else if (IsOneOf(base[in.B], kWholeTypes))
+                a.PutDouble(base[in.B].AsLong());
+            else
+                call(&Machine::CoerceKnown, in);
+            continue;
+        CoerceBoolean:
+            if (base[in.B].Type() == ValueType::Boolean) [[likely]]
+                CopyPlain(a, base[in.B]);
+            else
+                call(&Machine::CoerceKnown, in);
+            continue;
+        CoerceString:
+            if (base[in.B].Type() == ValueType::String) [[likely]]
+                a = base[in.B];
+            else
+                call(&Machine::CoerceKnown, in);
+            continue;
+
+        AddLong: {
+            std::int32_t sum = 0;
+            if (__builtin_add_overflow(base[in.B].AsLong(), base[in.C].AsLong(), &sum))
+                fail(runtimeerror::kOverflow);
+            a.PutLong(sum);
+            continue;
+        }
+        SubtractLong: {
+            std::int32_t difference = 0;
+            if (__builtin_sub_overflow(base[in.B].AsLong(), base[in.C].AsLong(), &difference))
+                fail(runtimeerror::kOverflow);
+            a.PutLong(difference);
+            continue;
+        }
+        MultiplyLong: {
+            std::int32_t product = 0;
+            if (__builtin_mul_overflow(base[in.B].AsLong(), base[in.C].AsLong(), &product))
+                fail(runtimeerror::kOverflow);
+            a.PutLong(product);
+            continue;
+        }
+        AddLongImmediate: {
+            std::int32_t sum = 0;
+            if (__builtin_add_overflow(base[in.B].AsLong(), std::int32_t{in.SmallC()}, &sum))
+                fail(runtimeerror::kOverflow);
+            a.PutLong(sum);
+            continue;
+        }
+        DivideLong: {
+            const std::int32_t divisor = base[in.C].AsLong();
+            if (divisor == 0) [[unlikely]]
+                fail(runtimeerror::kDivisionByZero);
+            if (divisor == -1 && base[in.B].AsLong() == INT32_MIN) [[unlikely]]
+                fail(runtimeerror::kOverflow);
+            a.PutLong(base[in.B].AsLong() / divisor);
+            continue;
+        }
+        ModuloLong: {
+            const std::int32_t divisor = base[in.C].AsLong();
+            if (divisor == 0) [[unlikely]]
+                fail(runtimeerror::kDivisionByZero);
+            a.PutLong(RemainderOf(base[in.B].AsLong(), divisor));
+            continue;
+        }
+        AndLong: a.PutLong(base[in.B].AsLong() & base[in.C].AsLong()); continue;
+        OrLong: a.PutLong(base[in.B].AsLong() | base[in.C].AsLong()); continue;
+        XorLong: a.PutLong(base[in.B].AsLong() ^ base[in.C].AsLong()); continue;
+        AddInteger: putInteger(a, base[in.B].AsLong() + base[in.C].AsLong()); continue;
+        SubtractInteger: putInteger(a, base[in.B].AsLong() - base[in.C].AsLong()); continue;
+        MultiplyInteger: putInteger(a, base[in.B].AsLong() * base[in.C].AsLong()); continue;
+        AddDouble:
+            putDouble(a, base[in.B].AsDouble() + base[in.C].AsDouble());
+            continue;
+        SubtractDouble:
+            putDouble(a, base[in.B].AsDouble() - base[in.C].AsDouble());
+            continue;
+        MultiplyDouble:
+            putDouble(a, base[in.B].AsDouble() * base[in.C].AsDouble());
+            continue;
+        DivideDouble: {
+            const double divisor = base[in.C].AsDouble();
+            if (divisor == 0) [[unlikely]]
+                fail(
+                    base[in.B].AsDouble() == 0 ? runtimeerror::kOverflow
+                                               : runtimeerror::kDivisionByZero);
+            putDouble(a, base[in.B].AsDouble() / divisor);
+            continue;
+        }
+        LongToDouble: a.PutDouble(base[in.B].AsLong()); continue;
+        CompareLong:
+            a.PutBoolean(Holds(
+                static_cast<Relation>(in.Flags), base[in.B].AsLong(), base[in.C].AsLong()));
+            continue;
+        CompareDouble:
+            a.PutBoolean(Holds(
+                static_cast<Relation>(in.Flags), base[in.B].AsDouble(), base[in.C].AsDouble()));
+            continue;
+        CompareText:
+            a.PutBoolean(Holds(
+                static_cast<Relation>(in.Flags), base[in.B].AsText(), base[in.C].AsText()));
+            continue;
+        NotBoolean: a.PutBoolean(!base[in.B].AsBoolean()); continue;
+        AndBoolean:
+            a.PutBoolean(base[in.B].AsBoolean() && base[in.C].AsBoolean());
+            continue;
+        OrBoolean:
+            a.PutBoolean(base[in.B].AsBoolean() || base[in.C].AsBoolean());
+            continue;
+
+        Add: {
+            const Value& left = base[in.B];
+            const Value& right = base[in.C];
+            if (AreWhole(left, right) &&
+                PutWhole(a, std::int64_t{left.AsLong()} + right.AsLong(), left, right)) [[likely]]
+                continue;
+            if (AreDoubles(left, right) && !a.HoldsBody())
+                putDouble(a, left.AsDouble() + right.AsDouble());
+            else
+                call(&Machine::SlowOperator, in);
+            continue;
+        }
+        Subtract: {
+            const Value& left = base[in.B];
+            const Value& right = base[in.C];
+            if (AreWhole(left, right) &&
+                PutWhole(a, std::int64_t{left.AsLong()} - right.AsLong(), left, right)) [[likely]]
+                continue;
+            if (AreDoubles(left, right) && !a.HoldsBody())
+                putDouble(a, left.AsDouble() - right.AsDouble());
+            else
+                call(&Machine::SlowOperator, in);
+            continue;
+        }
+        Multiply: {
+            const Value& left = base[in.B];
+            const Value& right = base[in.C];
+            std::int32_t product = 0;
+            if (AreLongs(left, right) &&
+                !__builtin_mul_overflow(left.AsLong(), right.AsLong(), &product))
+                PutWhole(a, product, left, right);
+            else if (AreDoubles(left, right) && !a.HoldsBody())
+                putDouble(a, left.AsDouble() * right.AsDouble());
+            else
+                call(&Machine::SlowOperator, in);
+            continue;
+        }
+        Compare: {
+            const Value& left = base[in.B];
+            const Value& right = base[in.C];
+            if (AreWhole(left, right) && !a.HoldsBody())
+                a.PutBoolean(Holds(RelationOfFlags(in), left.AsLong(), right.AsLong()));
+            else if (areTexts(in, left, right) && !a.HoldsBody())
+                a.PutBoolean(SameText(left, right) == (RelationOfFlags(in) == Relation::Equal));
+            else
+                call(&Machine::Operate, in);
+            continue;
+        }
+        AppendText: call(&Machine::SlowAppend, in); continue;
+        Concatenate: call(&Machine::SlowOperator, in); continue;
+        Operate: {
+            const Value& left = base[in.B];
+            const Value& right = base[in.C];
+            const auto which = static_cast<BinaryOperator>(in.Flags >> kOperatorShift);
+            if (AreBooleans(left, right) && !a.HoldsBody() && which == BinaryOperator::And)
+                a.PutBoolean(left.AsBoolean() && right.AsBoolean());
+            else if (AreBooleans(left, right) && !a.HoldsBody() && which == BinaryOperator::Or)
+                a.PutBoolean(left.AsBoolean() || right.AsBoolean());
+            else if (
+                AreLongs(left, right) && !a.HoldsBody() && which == BinaryOperator::Modulo &&
+                right.AsLong() != 0)
+                a.PutLong(RemainderOf(left.AsLong(), right.AsLong()));
+            else
+                call(&Machine::Operate, in);
+            continue;
+        }
+
+        Jump: pc = code + in.Wide(); continue;
+        JumpCounted: jumpBack(code + in.Wide()); continue;
+        JumpIf:
+            if (a.AsBoolean())
+                pc = code + in.Wide();
+            continue;
+        JumpUnless:
+            if (!a.AsBoolean())
+                pc = code + in.Wide();
+            continue;
+        JumpIfTrue:
+            m_at = pc - 1;
+            if (a.Type() == ValueType::Boolean ? a.AsBoolean() : IsTrue(a))
+                pc = code + in.Wide();
+            continue;
+        JumpUnlessTrue:
+            m_at = pc - 1;
+            if (!(a.Type() == ValueType::Boolean ? a.AsBoolean() : IsTrue(a)))
+                pc = code + in.Wide();
+            continue;
+        JumpLongEqual: jumpWhen(a.AsLong() == base[in.B].AsLong()); continue;
+        JumpLongNotEqual: jumpWhen(a.AsLong() != base[in.B].AsLong()); continue;
+        JumpLongLess: jumpWhen(a.AsLong() < base[in.B].AsLong()); continue;
+        JumpLongLessOrEqual: jumpWhen(a.AsLong() <= base[in.B].AsLong()); continue;
+        JumpLongEqualTo: jumpWhen(a.AsLong() == in.SmallB()); continue;
+        JumpLongNotEqualTo: jumpWhen(a.AsLong() != in.SmallB()); continue;
+        JumpLongLessThan: jumpWhen(a.AsLong() < in.SmallB()); continue;
+        JumpLongAtMost: jumpWhen(a.AsLong() <= in.SmallB()); continue;
+        JumpLongGreaterThan: jumpWhen(a.AsLong() > in.SmallB()); continue;
+        JumpLongAtLeast: jumpWhen(a.AsLong() >= in.SmallB()); continue;
+        JumpDoubleEqual: jumpWhen(a.AsDouble() == base[in.B].AsDouble()); continue;
+        JumpDoubleNotEqual: jumpWhen(a.AsDouble() != base[in.B].AsDouble()); continue;
+        JumpDoubleLess: jumpWhen(a.AsDouble() < base[in.B].AsDouble()); continue;
+        JumpDoubleLessOrEqual:
+            jumpWhen(a.AsDouble() <= base[in.B].AsDouble());
+            continue;
+        JumpTextEqual: jumpWhen(SameText(a, base[in.B])); continue;
+        JumpTextNotEqual: jumpWhen(!SameText(a, base[in.B])); continue;
+        JumpCompare: {
+            const Value& right = base[in.B];
+            bool holds = false;
+            if (AreWhole(a, right)) {
+                holds = Holds(RelationOfFlags(in), a.AsLong(), right.AsLong());
+            } else if (areTexts(in, a, right)) {
+                holds = SameText(a, right) == (RelationOfFlags(in) == Relation::Equal);
+            } else {
+                m_at = pc - 1;
+                holds = SlowCompare(in, base);
+            }
+            jumpWhen(holds == (in.C != 0));
+            continue;
+        }
+        SwitchDense: {
+            const SwitchTable& table = m_program->Switches[static_cast<std::size_t>(in.Wide())];
+            const std::int64_t key = std::int64_t{a.AsLong()} - table.First;
+            const bool isInside = static_cast<std::uint64_t>(key) <
+                                  static_cast<std::uint64_t>(table.Targets.size());
+            pc = code + (isInside ? table.Targets[static_cast<std::size_t>(key)] : table.Else);
+            continue;
+        }
+        ForLoopLong: {
+            std::int32_t counter = 0;
+            if (__builtin_add_overflow(a.AsLong(), std::int32_t{in.SmallC()}, &counter))
+                [[unlikely]]
+                fail(runtimeerror::kOverflow);
+            a.PutLong(counter);
+            const std::int32_t limit = base[in.B].AsLong();
+            if (in.SmallC() >= 0 ? counter <= limit : counter >= limit)
+                jumpBack(code + pc->Wide());
+            else
+                ++pc;
+            continue;
+        }
+        ForLoopInteger: {
+            putInteger(a, a.AsLong() + in.SmallC());
+            const std::int32_t limit = base[in.B].AsLong();
+            if (in.SmallC() >= 0 ? a.AsLong() <= limit : a.AsLong() >= limit)
+                jumpBack(code + pc->Wide());
+            else
+                ++pc;
+            continue;
+        }
+        ForLoop: {
+            const Value& limit = base[in.B];
+            const Value& step = base[in.C];
+            std::int32_t counter = 0;
+            bool goesOn = false;
+            if (a.Type() == ValueType::Long && AreWhole(limit, step) &&
+                !__builtin_add_overflow(a.AsLong(), step.AsLong(), &counter)) {
+                a.PutLong(counter);
+                goesOn = step.AsLong() >= 0 ? counter <= limit.AsLong() : counter >= limit.AsLong();
+            } else {
+                m_at = pc - 1;
+                goesOn = SlowForLoop(in, base);
+            }
+            if (goesOn)
+                jumpBack(code + pc->Wide());
+            else
+                ++pc;
+            continue;
+        }
+        ForGuard:
+            if (a.Type() == ValueType::Empty) [[unlikely]]
+                fail(runtimeerror::kForLoopNotInitialised);
+            continue;
+        ForTest:
+            m_at = pc - 1;
+            jumpWhen(ForContinues(a, base[in.B], base[in.C]));
+            continue;
+        ForEachNext:
+            m_at = pc - 1;
+            jumpWhen(!NextElement(in, base));
+            continue;
+
+        Call: {
+            const Procedure& callee = procedures[in.Target()];
+            Value* const newBase = base + in.C;
+            if (m_depth >= m_frames.size() || newBase + callee.CallSlots > m_stackEnd)
+                [[unlikely]] {
+                m_at = pc - 1;
+                StopForDepth();
+            }
+            m_budget -= callee.CallCost;
+            if (m_budget < 0) [[unlikely]] {
+                m_at = pc - 1;
+                CheckBudget();
+            }
+            Enter(callee, newBase, in.A == kNoSlot ? nullptr : &a, pc);
+            base = newBase;
+            pc = code = callee.Code.data();
+            continue;
+        }
+        ReturnPlain:
+            if (Value* const target = Top().Result; target != nullptr)
+                CopyPlain(*target, a);
+            goto Return;
+        ReturnValue:
+            if (Value* const target = Top().Result; target != nullptr) {
+                Value kept = std::move(a);
+                leave();
+                *target = std::move(kept);
+            } else {
+                leave();
+            }
+            if (m_depth == 0)
+                return;
+            continue;
+        Return:
+            leave();
+            if (m_depth == 0)
+                return;
+            continue;
+        CallBuiltin:
+            m_at = pc - 1;
+            RunBuiltin(in, base);
+            if (in.Flags == 255)
+                ++pc;
+            continue;
+        CallExtension:
+            m_at = pc - 1;
+            RunExtension(in, base);
+            continue;
+
+        ArrayGetPlain: {
+            const ArrayBody& array = *base[in.B].AsArray();
+            const std::int32_t index = base[in.C].AsLong();
+            m_at = pc - 1;
+            CopyPlain(a, array.Elements()[array.Offset(&index, 1)]);
+            continue;
+        }
+        ArraySetPlain: {
+            ArrayBody& array = *a.AsArray();
+            const std::int32_t index = base[in.B].AsLong();
+            m_at = pc - 1;
+            CopyPlain(array.Elements()[array.Offset(&index, 1)], base[in.C]);
+            continue;
+        }
+        ArrayGet: {
+            const Value& index = base[in.C];
+            m_at = pc - 1;
+            if (base[in.B].Type() == ValueType::Array && IsOneOf(index, kWholeTypes)) {
+                const ArrayBody& array = *base[in.B].AsArray();
+                const std::int32_t number = index.AsLong();
+                a = array.Elements()[array.Offset(&number, 1)];
+            } else if (DictionaryObject* const dictionary = DictionaryIn(base[in.B]);
+                       dictionary != nullptr && index.Type() != ValueType::Error) {
+                a = dictionary->Item(index);
+            } else {
+                SlowIndexGet(in, base);
+            }
+            continue;
+        }
+        ArraySet: {
+            const Value& index = base[in.B];
+            const Value& value = base[in.C];
+            m_at = pc - 1;
+            if (a.Type() == ValueType::Array && IsOneOf(index, kWholeTypes) &&
+                a.AsArray()->Element().Kind == DeclaredKind::Variant) {
+                ArrayBody& array = *a.AsArray();
+                const std::int32_t number = index.AsLong();
+                Value& element = array.Elements()[array.Offset(&number, 1)];
+                if (element.Type() == ValueType::Array) [[unlikely]]
+                    SlowIndexSet(in, base);
+                else
+                    element = value;
+            } else if (DictionaryObject* const dictionary = DictionaryIn(a);
+                       dictionary != nullptr && index.Type() != ValueType::Error &&
+                       !IsOneOf(value, kKeptApart)) {
+                dictionary->SetItem(index, value);
+            } else {
+                SlowIndexSet(in, base);
+            }
+            continue;
+        }
+        ClearError:
+            if (m_error.Number != 0)
+                m_error.Clear();
+            continue;
+        CarryOutOperation: call(operations[static_cast<std::size_t>(in.Code)], in);
     }
 }
 

@@ -1,5 +1,6 @@
 #include "base/BasicError.h"
 #include "basic/Coercion.h"
+#include "basic/ErrObject.h"
 #include "basic/ContainerObject.h"
 #include "basic/LoopState.h"
 #include "basic/Machine.h"
@@ -7,6 +8,7 @@
 #include "basic/RuntimeErrors.h"
 #include "basic/ValueKinds.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <new>
 #include <stdexcept>
@@ -20,6 +22,26 @@ constexpr std::size_t kStackSlots = std::size_t{1} << 20;
 constexpr std::size_t kBeyond = std::size_t{1} << 16;
 constexpr std::int32_t kMostFrames = 100'000;
 constexpr std::size_t kMemoryWorthASearch = std::size_t{16} << 20;  // for cycles of containers
+
+/// The limits of a script hold while it runs; whoever ran it gets his own back.
+class MeterLimits {
+public:
+    explicit MeterLimits(const ScriptLimits& limits) {
+        m_meter.SetLimit(limits.MemoryBytes);
+        m_meter.SetStringLimit(limits.StringBytes);
+    }
+    MeterLimits(const MeterLimits&) = delete;
+    MeterLimits& operator=(const MeterLimits&) = delete;
+    ~MeterLimits() {
+        m_meter.SetLimit(m_memory);
+        m_meter.SetStringLimit(m_string);
+    }
+
+private:
+    MemoryMeter& m_meter = MemoryMeter::Current();
+    std::size_t m_memory = m_meter.Limit();
+    std::size_t m_string = m_meter.StringLimit();
+};
 
 bool NamesLimit(std::int32_t number, const std::string& text) {
     const bool isLimitNumber = number == runtimeerror::kOutOfMemory ||
@@ -79,8 +101,7 @@ void Machine::MakeGlobals() {
 }
 
 bool Machine::Run(std::size_t procedure, std::span<const Value> arguments, ErrorAlert& alert) {
-    MemoryMeter::Current().SetLimit(m_limits.MemoryBytes);
-    MemoryMeter::Current().SetStringLimit(m_limits.StringBytes);
+    const MeterLimits limits(m_limits);
     const RunningScope scope(*this);
     m_isRunning = true;
     m_error.Clear();
@@ -120,6 +141,10 @@ bool Machine::Guarded(std::size_t procedure, std::span<const Value> arguments, E
         } catch (const BasicError& error) {
             if (!Recover(error.Number(), error.what(), error.Source(), alert))
                 return false;
+            if (const auto* raised = dynamic_cast<const RaisedError*>(&error)) {
+                m_error.HelpFile = raised->HelpFile;
+                m_error.HelpContext = raised->HelpContext;
+            }
         } catch (const std::bad_alloc&) {
             const std::int32_t number = runtimeerror::kOutOfMemory;
             if (!Recover(number, RuntimeErrorText(number), {}, alert))
@@ -182,6 +207,28 @@ void Machine::ClearPins(const Frame& frame) {
             *slot = Value();
 }
 
+/// What a procedure did to its arguments before it failed stays done, as it does where a reference went in.
+void Machine::CopyBackAfterError() {
+    if (m_at == nullptr)
+        return;
+    const Frame& frame = Top();
+    const std::uint32_t position = Position();
+    const auto& all = frame.Procedure->CopyBacks;
+    auto entry = std::lower_bound(
+        all.begin(), all.end(), position, [](const ArgumentCopy& left, std::uint32_t right) {
+            return left.Call < right;
+        });
+    for (; entry != all.end() && entry->Call == position; ++entry)
+        try {
+            if (entry->Element != ArgumentCopy::kNoElement)
+                CopyBack({Opcode::CopyBack, 0, entry->Reference, entry->Slot, entry->Element}, frame.Base);
+            else
+                StoreThrough(frame.Base[entry->Reference], frame.Base[entry->Slot]);
+        } catch (const BasicError&) {
+            continue;  // the first error is the one to tell
+        }
+}
+
 void Machine::Unwind() {
     ClearArguments(Top());
     m_at = Top().ReturnTo == nullptr ? nullptr : Top().ReturnTo - 1;
@@ -193,13 +240,17 @@ bool Machine::Recover(
     std::int32_t number, const std::string& text, const std::string& source, ErrorAlert& alert) {
     constexpr std::int64_t kCost = 50;
     m_budget -= kCost;  // looked at by the next jump
+    m_error.Clear();
     m_error.Number = number;
     m_error.Description = text;
     m_error.Source = source.empty() ? m_program->Name : source;
     const std::int32_t line =
         m_depth > 0 && m_at != nullptr ? Top().Procedure->MarkOf(Position()).Line : 0;
-    while (m_depth > 0) {
+    for (bool isCaller = false; m_depth > 0;) {
         Frame& frame = Top();
+        if (isCaller)
+            CopyBackAfterError();
+        isCaller = true;
         ClearArguments(frame);
         ClearPins(frame);
         if (frame.Handler != kNoHandler && !frame.IsHandling && m_at != nullptr) {

@@ -41,7 +41,7 @@ void Machine::MidAssign(Instruction in, Value* base) {
     const std::string_view old = text.AsText();
     const std::string_view part = base[in.A + 3].AsText();
     const bool hasLength = !length.IsMissing();
-    const auto begin = static_cast<std::size_t>(start - 1);
+    const auto begin = static_cast<std::size_t>(std::int64_t{start} - 1);
     if (start < 1 || begin >= modCharacters::Count(old) || (hasLength && length.AsLong() < 0))
         RaiseError(runtimeerror::kInvalidProcedureCall);
     std::size_t count = std::min(modCharacters::Count(part), modCharacters::Count(old) - begin);

@@ -84,6 +84,14 @@ private:
         SourcePlace Place;
         bool IsUsed = false;
         std::string Name;
+        const void* Around = nullptr;  // the innermost For Each or With that the label stands in
+    };
+    /// A For Each or a With that is open and may keep an array locked.
+    struct HeldBlock {
+        const void* Node = nullptr;
+        Register State = 0;
+        std::size_t Loops = 0;         // how many loops are open around it
+        Register Variable = kNoSlot;   // a local Variant whose array is walked
     };
     struct LoopContext {
         ExitKind Kind = ExitKind::Do;
@@ -356,6 +364,8 @@ private:
 
     // Statements
     void CompileBlock(const Block& block);
+    void HoldArraysOf(const Expression& target, const WithStatement& node);
+    void RefuseLocked(Register variable);
     void CompileStatement(const Statement& statement);
     void On(const DeclareStatement&, SourcePlace) {}
     void On(const ConstStatement&, SourcePlace) {}
@@ -397,7 +407,10 @@ private:
 
     // Errors and jumps
     void CollectLabels(const Block& block);
+    void CollectLabelsIn(const void* node, const Block& body);
     Label LabelOf(const std::string& name, SourcePlace place);
+    void LeaveBlocksFor(const std::string& label);
+    void LeaveBlock(const HeldBlock& block);
     void On(const LabelStatement& node, SourcePlace place);
     void On(const GoToStatement& node, SourcePlace place);
     void On(const GoSubStatement& node, SourcePlace place);
@@ -421,6 +434,9 @@ private:
     std::unordered_map<std::string, LabelEntry> m_labels;
     std::vector<LoopContext> m_loops;
     std::vector<WithContext> m_withs;
+    std::vector<HeldBlock> m_held;
+    const void* m_around = nullptr;  // while labels are collected
+    std::unordered_map<const void*, const void*> m_outer;  // of a For Each or a With: the next one around
     std::deque<Value> m_folded;
     std::optional<Variable> m_result;
     SourcePlace m_place;              // of the statement being compiled

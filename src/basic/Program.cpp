@@ -9,7 +9,9 @@ namespace dorvik::basic {
 const OpcodeRow& RowOf(Opcode code) {
     static constexpr OpcodeRow kRows[] = {
 #define OPCODE(name, operands) {#name, operands},
+#define OPERATION(name, operands) {#name, operands},
 #include "basic/Opcodes.def"
+#undef OPERATION
 #undef OPCODE
     };
     return kRows[static_cast<std::size_t>(code)];

@@ -48,6 +48,17 @@ struct StatementMark {
     std::int32_t Line = 0;    // physical, in the module, from 1
 };
 
+/// An argument that a call passes as a copy, and where the new value goes: done by the code behind the
+/// call, and by the machine when the call ends with an error.
+struct ArgumentCopy {
+    static constexpr std::uint16_t kNoElement = 0xFFFF;
+
+    std::uint32_t Call = 0;       // the position of the call
+    std::uint16_t Reference = 0;  // to the variable
+    std::uint16_t Slot = 0;       // of the copy, or of the array with it
+    std::uint16_t Element = kNoElement;
+};
+
 /// One compiled procedure. Its slots: parameters, generic ones, then plain ones; arguments of the
 /// procedures that it calls are built behind them and become the first slots of the callee.
 struct Procedure {
@@ -59,10 +70,14 @@ struct Procedure {
     SourcePlace Place;
     std::vector<Instruction> Code;
     std::vector<StatementMark> Marks;  // by rising starts
+    std::vector<ArgumentCopy> CopyBacks;  // by rising calls
     std::vector<Value> Initial;        // of the slots behind the parameters; no bodies
     std::uint32_t GenericSlots = 0;    // with the parameters; only these are released at the end
     std::uint32_t Slots = 0;
     std::uint32_t ArgumentSlots = 0;  // the most that are built behind `Slots`
+    std::uint32_t ParameterCount = 0;
+    std::uint32_t CallSlots = 0;      // what a call needs: both
+    std::int32_t CallCost = 0;        // of the budget
 
     /// REQUIRES: Marks is not empty.
     const StatementMark& MarkOf(std::uint32_t position) const;

@@ -22,6 +22,11 @@ enum class Member : std::uint8_t {
     Replace
 };
 
+/// Compiling cannot be interrupted, so it must not take long.
+constexpr std::size_t kLongestPattern = std::size_t{64} << 10;
+/// What a compiled pattern takes, roughly.
+constexpr std::size_t kBytesPerPatternByte = 32;
+
 constexpr ObjectMember kMembers[] = {
     {"", ""},  // there is no default member
     {"Pattern", "", 0, MemberUse::ReadAndWrite},
@@ -80,7 +85,12 @@ Value RegExpObject::Invoke(int member, InvokeKind kind, std::span<const Value> a
 }
 
 void RegExpObject::SetPattern(std::string_view pattern) {
-    m_memory.SetBytes(sizeof(RegExpObject) + pattern.size());
+    if (pattern.size() > kLongestPattern) {
+        RaiseLimit(
+            kRegularExpressionTooComplex,
+            "the limit of " + std::to_string(kLongestPattern) + " bytes for a pattern was reached");
+    }
+    m_memory.SetBytes(sizeof(RegExpObject) + pattern.size() * kBytesPerPatternByte);
     m_expression.SetPattern(pattern);
 }
 

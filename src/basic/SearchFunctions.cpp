@@ -49,7 +49,7 @@ Value InStr(ScriptContext& context, Arguments arguments) {
     if (sought.View().empty()) {
         return Value::Long(start);
     }
-    const auto place = TextSearch(context, text.View(), sought.View(), ignoresCase).Next(from);
+    const auto place = TextSearch::First(context, text.View(), sought.View(), ignoresCase, from);
     return place.IsFound() ? PositionOf(text, place.Start) : Value::Long(0);
 }
 

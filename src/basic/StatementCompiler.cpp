@@ -105,6 +105,8 @@ void ProcedureCompiler::On(const IfStatement& node, SourcePlace) {
 
 void ProcedureCompiler::On(const WithStatement& node, SourcePlace) {
     WithContext context;
+    const std::size_t held = m_held.size();
+    HoldArraysOf(*node.Target, node);
     const Operand target = Evaluate(*node.Target);
     context.Target = target;
     context.Target.Constant = nullptr;
@@ -122,6 +124,28 @@ void ProcedureCompiler::On(const WithStatement& node, SourcePlace) {
     CompileBlock(node.Body);
     m_withs.pop_back();
     m_code.Emit(Opcode::Clear, context.Target.Slot);
+    for (; m_held.size() > held; m_held.pop_back())
+        m_code.Emit(Opcode::Clear, m_held.back().State);
+}
+
+/// An array keeps its elements while a With works on one of them: a `ReDim` would leave that to nobody.
+void ProcedureCompiler::HoldArraysOf(const Expression& target, const WithStatement& node) {
+    if (const auto* member = std::get_if<MemberNode>(&target.Node); member && member->Target) {
+        HoldArraysOf(*member->Target, node);
+        return;
+    }
+    const auto* index = std::get_if<IndexNode>(&target.Node);
+    if (index == nullptr)
+        return;
+    HoldArraysOf(*index->Target, node);
+    const bool isElement = PlaceOf(target).IsPlace && !MayRunCode(*index->Target);
+    const DeclaredType type = isElement ? PlaceOf(*index->Target).Type : DeclaredType{};
+    if (!type.IsArray || type.Kind != DeclaredKind::Record)
+        return;
+    const std::size_t mark = m_code.TemporaryMark();
+    m_held.push_back({&node, m_code.NewGeneric(), m_loops.size()});
+    m_code.Emit(Opcode::HoldArray, m_held.back().State, SlotOf(Evaluate(*index->Target)));
+    m_code.ReleaseTemporaries(mark);
 }
 
 void ProcedureCompiler::On(const ExitStatement& node, SourcePlace place) {
@@ -143,6 +167,8 @@ void ProcedureCompiler::On(const ExitStatement& node, SourcePlace place) {
     }
     for (std::size_t i = m_loops.size(); i-- > 0;)
         if (m_loops[i].Kind == node.Kind) {
+            for (auto block = m_held.rbegin(); block != m_held.rend() && block->Loops > i; ++block)
+                LeaveBlock(*block);
             m_code.EmitJump(Opcode::Jump, m_loops[i].Exit);
             return;
         }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <utility>
 
 namespace dorvik::basic {
@@ -68,6 +69,7 @@ void StringBody::Append(std::string_view text) {
         m_text.reserve(grown);
     }
     m_text.append(text);
+    m_hash = 0;
     if (m_length >= 0) {
         m_length += static_cast<std::int32_t>(modCharacters::Count(text));
     }
@@ -76,6 +78,11 @@ void StringBody::Append(std::string_view text) {
 std::int32_t StringBody::CountCharacters() const {
     m_length = static_cast<std::int32_t>(modCharacters::Count(m_text));
     return m_length;
+}
+
+std::uint32_t StringBody::MakeHash() const {
+    m_hash = std::max(1U, static_cast<std::uint32_t>(std::hash<std::string_view>()(m_text)));
+    return m_hash;
 }
 
 std::size_t StringBody::Cost() const {

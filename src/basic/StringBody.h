@@ -32,12 +32,17 @@ public:
     /// a part of this one. REQUIRES: !IsShared(). Raises 14 beyond the string limit, 7 beyond the memory limit.
     void Append(std::string_view text);
 
+    /// Never 0; kept, since texts that are keys are asked again and again.
+    std::uint32_t Hash() const { return m_hash != 0 ? m_hash : MakeHash(); }
+
 private:
     std::int32_t CountCharacters() const;
+    std::uint32_t MakeHash() const;
     std::size_t Cost() const;
 
     mutable std::int32_t m_length = -1;  // characters, -1 until asked
     std::string m_text;
+    mutable std::uint32_t m_hash = 0;  // 0 until asked
 };
 
 }  // namespace dorvik::basic

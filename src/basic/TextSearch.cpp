@@ -5,6 +5,7 @@
 #include "basic/ScriptContext.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace dorvik::basic {
 
@@ -130,6 +131,25 @@ TextSearch::Place TextSearch::FindLowered(std::size_t from) {
     advance([&] { return m_loweredAt >= found; });
     const std::size_t characters = modCharacters::Count(m_loweredSought);
     return {m_textAt, modCharacters::Skip(m_text, characters, m_textAt) - m_textAt};
+}
+
+TextSearch::Place TextSearch::First(
+    ScriptContext& context,
+    std::string_view text,
+    std::string_view sought,
+    bool ignoreCase,
+    std::size_t from) {
+    const bool isEasy =
+        !ignoreCase && sought.size() <= kLongestTried && text.size() - from <= kWindow;
+    if (!isEasy) {
+        return TextSearch(context, text, sought, ignoreCase).Next(from);
+    }
+    const void* const found =
+        memmem(text.data() + from, text.size() - from, sought.data(), sought.size());
+    if (found == nullptr) {
+        return {};
+    }
+    return {static_cast<std::size_t>(static_cast<const char*>(found) - text.data()), sought.size()};
 }
 
 TextSearch::Place TextSearch::Last(

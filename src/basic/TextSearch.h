@@ -29,6 +29,14 @@ public:
     /// The first place at or behind `from`. REQUIRES: no call with a smaller `from` came before.
     Place Next(std::size_t from);
 
+    /// The first place at or behind `from`, for one who asks once.
+    static Place First(
+        ScriptContext& context,
+        std::string_view text,
+        std::string_view sought,
+        bool ignoreCase,
+        std::size_t from);
+
     /// The last place that ends at or before `end`.
     static Place Last(
         ScriptContext& context,

@@ -110,7 +110,7 @@ constexpr auto kMembers = [] {
 
 }  // namespace
 
-std::span<const basic::ExtensionMember> DVKSaxInterface::Members() const {
+std::span<const basic::ExtensionMember> DVKSaxInterface::MemberTable() {
     return kMembers;
 }
 

@@ -15,7 +15,10 @@ public:
     /// REQUIRES: the receiver outlives this object.
     explicit DVKSaxInterface(IDVKSaxEvents& events) : m_events(events) {}
 
-    std::span<const basic::ExtensionMember> Members() const override;
+    /// The callbacks, also for those who compile scripts and never run them.
+    static std::span<const basic::ExtensionMember> MemberTable();
+
+    std::span<const basic::ExtensionMember> Members() const override { return MemberTable(); }
     void Call(std::size_t member, std::span<basic::Value> arguments) override;
 
 private:

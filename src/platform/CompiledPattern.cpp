@@ -15,6 +15,8 @@ namespace {
 
 /// Rulebases hold some hundred patterns. The bound is there for a process that reviews for days.
 constexpr std::size_t kMostPatterns = 4096;
+/// Of all their texts together; compiled they take some thirty times as much.
+constexpr std::size_t kMostPatternBytes = std::size_t{4} << 20;
 
 const char* FaultText(std::int32_t number) {
     switch (number) {
@@ -64,6 +66,7 @@ std::shared_ptr<const CompiledPattern>
 CompiledPattern::Of(std::string_view pattern, PatternFlags flags) {
     static std::mutex mutex;
     static std::unordered_map<std::string, std::shared_ptr<const CompiledPattern>> store;
+    static std::size_t bytes = 0;
 
     std::string key(1, flags.IgnoreCase ? 'i' : 'c');
     key += flags.Multiline ? 'm' : 's';
@@ -72,10 +75,12 @@ CompiledPattern::Of(std::string_view pattern, PatternFlags flags) {
     if (const auto found = store.find(key); found != store.end()) {
         return found->second;
     }
-    if (store.size() >= kMostPatterns) {
-        store.clear();
-    }
     auto compiled = std::make_shared<const CompiledPattern>(pattern, flags);
+    if (store.size() >= kMostPatterns || bytes + key.size() > kMostPatternBytes) {
+        store.clear();
+        bytes = 0;
+    }
+    bytes += key.size();
     store.emplace(std::move(key), compiled);
     return compiled;
 }

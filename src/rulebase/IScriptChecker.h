@@ -1,16 +1,24 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace dorvik {
+
+/// A rule's script as the rulebase has it.
+struct RuleScript {
+    std::int32_t RuleID = 0;
+    std::string RuleName;  // how a sentence about another rule names this one
+    std::string Text;
+};
 
 /// What a compiler found wrong in a rule's script.
 struct ScriptFault {
     std::int32_t Line = 0;  // 1-based, within the rule's own script
     std::string Sentence;
+    std::int32_t Column = 0;  // 1-based, in characters; 0 where it is not known
 };
 
 /// Compiles the scripts of a rulebase without running them. The check of a rulebase takes one; the
@@ -18,9 +26,10 @@ struct ScriptFault {
 class IScriptChecker {
 public:
     virtual ~IScriptChecker() = default;
-    /// Nothing if the script compiles. The scripts of one rulebase come in the order in which a
-    /// review would put them into one module, so that names which two scripts share can be told.
-    virtual std::vector<ScriptFault> Check(std::int32_t ruleID, std::string_view script) = 0;
+    /// The faults of each script, at its position in the list; none if it compiles. The scripts come
+    /// in the order in which a review puts them into one module, so that they can use each other's
+    /// procedures and must not share a name. No two have the same number.
+    virtual std::vector<std::vector<ScriptFault>> Check(std::span<const RuleScript> scripts) = 0;
 };
 
 }  // namespace dorvik

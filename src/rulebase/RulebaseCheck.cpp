@@ -121,6 +121,7 @@ void RulebaseCheck::CheckContents() {
     CheckUnique(m_contents.Components, "LibID", "this one is not loaded");
     CheckUnique(m_contents.References, "LibID", "this one is not loaded");
     CheckRuleNumbers();
+    CompileScripts();
     for (const Rule& rule : m_contents.Rules) {
         CheckRule(rule);
     }

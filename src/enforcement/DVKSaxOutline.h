@@ -1,0 +1,16 @@
+#pragma once
+
+#include "enforcement/DVKSaxInterface.h"
+
+namespace dorvik {
+
+/// The callbacks under "Dorvik." for a compiler: their names and arguments, and nothing behind them.
+class DVKSaxOutline final : public basic::IScriptExtension {
+public:
+    std::span<const basic::ExtensionMember> Members() const override {
+        return DVKSaxInterface::MemberTable();
+    }
+    void Call(std::size_t, std::span<basic::Value>) override {}
+};
+
+}  // namespace dorvik
