@@ -4,10 +4,7 @@
 // usage: ScriptBenchmark [NAME-PART]
 
 #include "ScriptPrograms.h"
-
 #include "basic/ScriptEngine.h"
-
-#include <lua.hpp>
 
 #include <algorithm>
 #include <array>
@@ -16,6 +13,7 @@
 #include <ctime>
 #include <functional>
 #include <limits>
+#include <lua.hpp>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -214,7 +212,9 @@ void CompareDispatchers() {
         Fail("the dispatcher was not found");
     Pair dispatched;
     Pair direct;
-    const auto numberOf = [](int call) { return call % kDispatcherCases + 1; };
+    const auto numberOf = [](int call) {
+        return call % kDispatcherCases + 1;
+    };
     for (int round = 0; round < kRounds; ++round) {
         ours.Run("Reset");
         lua.Run("Reset");
@@ -231,8 +231,7 @@ void CompareDispatchers() {
             }));
         if (WithoutBlanks(ours.Run("Hits")) != lua.Run("Hits"))
             Fail("the dispatchers do not agree");
-        direct.Add(
-            SecondsOf([&] { ours.Run("Direct"); }), SecondsOf([&] { lua.Run("Direct"); }));
+        direct.Add(SecondsOf([&] { ours.Run("Direct"); }), SecondsOf([&] { lua.Run("Direct"); }));
     }
     Print("RunScript, 1,000,000 calls", dispatched);
     Print("the same work without a dispatcher", direct);

@@ -212,8 +212,7 @@ std::string CaseInLua(int number, std::string_view indent) {
     const std::string in(indent);
     return in + "local kind = Dorvik.GetProperty(\"Type\")\n" + in +
            "local name = Dorvik.GetProperty(\"Name\")\n" + in + "if kind == \"" + TypeOf(number) +
-           "\" and name ~= \"strName" + std::to_string(number) +
-           "\" then count = count + 1 end\n";
+           "\" and name ~= \"strName" + std::to_string(number) + "\" then count = count + 1 end\n";
 }
 
 }  // namespace
@@ -226,7 +225,8 @@ std::string DispatcherInBasic(int calls) {
                        "    Dim kind, name\n"
                        "    Select Case Number\n";
     for (int number = 1; number <= kDispatcherCases; ++number)
-        text += "        Case " + std::to_string(number) + "\n" + CaseInBasic(number, "            ");
+        text +=
+            "        Case " + std::to_string(number) + "\n" + CaseInBasic(number, "            ");
     text += "    End Select\n"
             "End Sub\n"
             "Sub Direct()\n"

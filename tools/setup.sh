@@ -8,6 +8,8 @@ readonly kBuildPackages=(
 )
 # What the tests need on top.
 readonly kTestPackages=(libgtest-dev libgmock-dev ccache mold python3)
+# What the benchmarks measure against; a build works without.
+readonly kBenchPackages=(cloc universal-ctags liblua5.4-dev)
 
 # Objects that ccache holds serve every checkout of the project, wherever it lies.
 export CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=1

@@ -1,6 +1,8 @@
 #include "cli/ListedViolations.h"
 
 #include "base/modTextCase.h"
+#include "cli/Console.h"
+#include "cli/ResultsNames.h"
 #include "foundation/Trap.h"
 #include "results/ResultsDB.h"
 #include "results/modViolationListSql.h"
@@ -16,13 +18,8 @@ int CompareNumbers(std::int32_t left, std::int32_t right) {
     return left < right ? -1 : left > right ? 1 : 0;
 }
 
-/// Two files of one name are told apart by their folders.
 int CompareFiles(const ListedViolation& left, const ListedViolation& right) {
-    if (left.Path == right.Path) {
-        return 0;
-    }
-    const int names = modTextCase::Compare(left.Filename, right.Filename);
-    return names != 0 ? names : modTextCase::Compare(left.Path, right.Path);
+    return CompareNumbers(left.File->Order, right.File->Order);
 }
 
 struct SortRow {
@@ -66,6 +63,9 @@ constexpr std::array<SortRow, 9> kSortRows = {{
      }},
 }};
 
+/// The place of the project among its files; no file has this ID.
+constexpr std::int32_t kProjectItself = 0;
+
 constexpr std::size_t kDefaultRows = 4;  // the first ones decide where the key leaves it open
 
 const SortRow& RowOf(std::string_view key) {
@@ -102,17 +102,16 @@ void ReadFacts(Recordset& rows, Violation& facts) {
 }  // namespace
 
 std::string ListedViolation::Place() const {
-    return Facts.SourceLineNumber > 0 ? Filename + ":" + std::to_string(Facts.SourceLineNumber)
-                                      : Filename;
+    return Facts.SourceLineNumber > 0
+               ? File->Filename + ":" + std::to_string(Facts.SourceLineNumber)
+               : File->Filename;
 }
 
 ListedViolations::ListedViolations(
     ResultsDB& database, const ResultsItems& items, const ListedScope& scope)
-    : m_items(items), m_names(database.GetCategorySeverityLists()) {
+    : m_items(items) {
     using modViolationListSql::Scope;
-    m_ofProject.Filename = database.GetProjectData("Filename");
-    m_ofProject.Path =
-        ResultsItems::FullPath(database.GetProjectData("Path"), m_ofProject.Filename);
+    ListFiles(database);
     const auto read = [&](Scope of, std::int32_t id) {
         Read(
             database,
@@ -132,21 +131,51 @@ ListedViolations::ListedViolations(
     }
 }
 
+/// Names and order are made once for each file, for the violations may be many.
+void ListedViolations::ListFiles(ResultsDB& database) {
+    const auto add = [this](std::int32_t id, const std::string& folder, const std::string& name) {
+        m_files[id] = {name, modConsole::ShownPath(ResultsItems::FullPath(folder, name)), 0};
+    };
+    add(kProjectItself, database.GetProjectData("Path"), database.GetProjectData("Filename"));
+    for (const auto& [id, file] : m_items.Files()) {
+        add(id, file.Path, file.Filename);
+    }
+    std::vector<ListedFile*> files;
+    for (auto& [id, file] : m_files) {
+        files.push_back(&file);
+    }
+    const auto compare = [](const ListedFile& left, const ListedFile& right) {
+        const int names = modTextCase::Compare(left.Filename, right.Filename);
+        return names != 0 ? names : modTextCase::Compare(left.ShownPath, right.ShownPath);
+    };
+    std::sort(files.begin(), files.end(), [&](const auto* left, const auto* right) {
+        return compare(*left, *right) < 0;
+    });
+    // The project itself and its file are of one name and of one order.
+    for (std::size_t place = 1; place < files.size(); ++place) {
+        const bool isNext = compare(*files[place - 1], *files[place]) != 0;
+        files[place]->Order = files[place - 1]->Order + (isNext ? 1 : 0);
+    }
+}
+
+const ListedFile& ListedViolations::FileOf(std::int32_t itemType, std::int32_t itemId) const {
+    const BasicObject* const file = m_items.FileOf(itemType, itemId);
+    return m_files.at(file == nullptr ? kProjectItself : file->ObjectID);
+}
+
 void ListedViolations::Read(ResultsDB& database, const std::string& sql) {
+    const ResultsNames names(database.GetCategorySeverityLists());
     Trap({"ListedViolations", "Read"}, [&] {
         auto rows = database.OpenRecordSource(sql);
         for (; rows && !rows->EOF_(); rows->MoveNext()) {
             const std::int32_t itemType = rows->Value("ItemType").AsLong();
             const std::int32_t itemId = rows->Value("ItemID").AsLong();
-            ListedViolation& violation = m_rows.emplace_back(m_ofProject);
+            ListedViolation& violation = m_rows.emplace_back();
             violation.ID = rows->Value("ViolationID").AsLong();
+            violation.File = &FileOf(itemType, itemId);
             ReadFacts(*rows, violation.Facts);
-            violation.Severity = m_names.Severity(violation.Facts.Severity);
-            violation.Category = m_names.Category(violation.Facts.CategoryID);
-            if (const BasicObject* const file = m_items.FileOf(itemType, itemId)) {
-                violation.Filename = file->Filename;
-                violation.Path = ResultsItems::FullPath(file->Path, file->Filename);
-            }
+            violation.Severity = names.Severity(violation.Facts.Severity);
+            violation.Category = names.Category(violation.Facts.CategoryID);
             if (const auto* const procedure = m_items.ProcedureOf(itemType, itemId)) {
                 violation.Procedure = ResultsItems::ShownName(procedure->Name, procedure->Type);
             }

@@ -99,6 +99,7 @@ void PrintTolerances(const ToleranceSettings& tolerances, const std::vector<Judg
     }
     if (table.RowCount() == 0) {
         modConsole::Print("No tolerance is set.\n");
+        return;
     }
     table.Print();
 }

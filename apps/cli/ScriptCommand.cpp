@@ -115,7 +115,8 @@ std::int32_t MillisecondsOf(double seconds) {
     return static_cast<std::int32_t>(std::ceil(seconds * 1000));
 }
 
-ExitCode Run(basic::ScriptEngine& engine, const ConsoleHost& host, const ScriptRunOptions& options) {
+ExitCode
+Run(basic::ScriptEngine& engine, const ConsoleHost& host, const ScriptRunOptions& options) {
     if (engine.RunSub(options.SubName)) {
         return ExitCode::Passed;
     }

@@ -69,7 +69,11 @@ bool KnowsAllMembers(
 
 template <class Values>
 bool ReadValues(
-    const Json& object, const std::string& name, const char* key, Values& values, std::string& error) {
+    const Json& object,
+    const std::string& name,
+    const char* key,
+    Values& values,
+    std::string& error) {
     if (!object.HasMember(key)) {
         return true;
     }
@@ -235,8 +239,7 @@ std::string ScriptFacts::MissingText(
                "' specified.";
     }
     if (!isObjectKnown) {
-        return "Unknown virtual object '" + std::string(objectName) +
-               "' or object not in scope.";
+        return "Unknown virtual object '" + std::string(objectName) + "' or object not in scope.";
     }
     const bool isWorkfield = modTextCase::StartsWith(propertyName, kWorkfieldPrefix);
     return std::string("Virtual object ") + (isWorkfield ? "workfield" : "property") + " '" +

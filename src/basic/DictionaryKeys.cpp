@@ -49,12 +49,6 @@ double NumberOf(const Value& key) {
     return ToDouble(key);
 }
 
-/// Whether both are texts with the same body, which is to be seen at once.
-bool IsSameText(const Value& left, const Value& right) {
-    return left.Type() == ValueType::String && right.Type() == ValueType::String &&
-           left.TextBody() == right.TextBody();
-}
-
 bool IsNumberKey(const Value& key) {
     return key.IsNumber() || key.Type() == ValueType::Decimal;
 }
@@ -124,10 +118,6 @@ bool IsSameKey(const Value& left, const Value& right, bool ignoresCase) {
 std::size_t DictionaryKeys::Find(const Value& key, std::uint32_t hash) const {
     if (m_slots.empty()) {
         return kNone;
-    }
-    // What was read is often written next.
-    if (m_lastFound < m_entries.size() && IsSameText(m_entries[m_lastFound].Key, key)) {
-        return m_lastFound;
     }
     const std::size_t mask = m_slots.size() - 1;
     for (std::size_t index = hash & mask;; index = (index + 1) & mask) {

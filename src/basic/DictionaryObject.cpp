@@ -119,22 +119,20 @@ void DictionaryObject::ForEachValue(const Visitor& visit) const {
 }
 
 const Value& DictionaryObject::Item(const Value& key) {
-    const std::uint32_t hash = HashOfKey(key, m_keys.IgnoresCase());
-    std::size_t place = m_keys.Find(key, hash);
+    std::size_t place = m_keys.FindAgain(key);
     if (place == DictionaryKeys::kNone) {
-        place = Append(key, hash);  // Required: reading an unknown key adds it
+        place = Append(key, m_keys.HashOf(key));  // Required: reading an unknown key adds it
     }
     return m_keys.Entries()[place].Item;
 }
 
-void DictionaryObject::SetItem(const Value& key, Value item) {
-    const std::uint32_t hash = HashOfKey(key, m_keys.IgnoresCase());
-    std::size_t place = m_keys.Find(key, hash);
+void DictionaryObject::SetItem(const Value& key, const Value& item) {
+    std::size_t place = m_keys.FindAgain(key);
     if (place == DictionaryKeys::kNone) {
-        place = Append(key, hash);
+        place = Append(key, m_keys.HashOf(key));
     }
     // The old item leaves last, when the entry is whole again.
-    m_keys.Entries()[place].Item = std::move(item);
+    m_keys.Entries()[place].Item = item;
 }
 
 void DictionaryObject::Add(const Value& key, const Value& item) {

@@ -25,7 +25,7 @@ public:
     /// The item of a key, which is added if it is not there. Good until the dictionary changes.
     const Value& Item(const Value& key);
     /// Stores a value as it is.
-    void SetItem(const Value& key, Value item);
+    void SetItem(const Value& key, const Value& item);
 
 private:
     class Walker;

@@ -40,6 +40,10 @@ std::string ConstantText(const Value& value) {
 std::string NoteOf(const Program& program, const Instruction& in) {
     if (in.Code == Opcode::LoadConstant || in.Code == Opcode::Refuse)
         return ConstantText(program.Constants[static_cast<std::size_t>(in.Wide())]);
+    if (in.Code == Opcode::CompareConstant)
+        return ConstantText(program.Constants[in.C]);
+    if (in.Code == Opcode::JumpCompareConstant)
+        return ConstantText(program.Constants[in.B]);
     if (in.Code == Opcode::Call)
         return program.Procedures[in.Target()].Name;
     if (in.Code == Opcode::CallBuiltin)

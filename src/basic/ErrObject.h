@@ -7,8 +7,6 @@
 
 namespace dorvik::basic {
 
-struct ErrorState;
-
 /// An error of `Err.Raise`, with all that this was told.
 class RaisedError final : public BasicError {
 public:

@@ -29,8 +29,7 @@ void ProcedureCompiler::CollectLabels(const Block& block) {
                     "The label '" + label->Label + "' stands in line " +
                         std::to_string(entry->second.Place.Line) + " already");
             else
-                entry->second = {
-                    m_code.NewLabel(), statement.Place, false, label->Label, m_around};
+                entry->second = {m_code.NewLabel(), statement.Place, false, label->Label, m_around};
         } else if (std::holds_alternative<OnErrorStatement>(statement.Node)) {
             m_mayJumpIntoLoops = true;
         } else if (const auto* choice = std::get_if<IfStatement>(&statement.Node)) {

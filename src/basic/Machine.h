@@ -108,6 +108,8 @@ private:
     // Slow halves of instructions of the loop
     void SlowOperator(Instruction in, Value* base);
     bool SlowCompare(Instruction in, Value* base);
+    bool SlowCompareConstant(Instruction in, const Value& left);
+    void CompareConstant(Instruction in, Value* base);
     void SlowIndexGet(Instruction in, Value* base);
     void SlowIndexSet(Instruction in, Value* base);
     bool SlowForLoop(Instruction in, Value* base);
@@ -212,7 +214,14 @@ inline void CopyPlain(Value& target, const Value& source) {
 inline void Machine::Enter(
     const Procedure& procedure, Value* base, Value* result, const Instruction* returnTo) {
     m_frames[m_depth++] = {
-        &procedure, base, result, returnTo, kNoHandler, false, 0, static_cast<std::uint32_t>(m_goSubs.size())};
+        &procedure,
+        base,
+        result,
+        returnTo,
+        kNoHandler,
+        false,
+        0,
+        static_cast<std::uint32_t>(m_goSubs.size())};
     // No slot from here on holds a body, nor do the initial values, so that they can be copied as bytes.
     Value* target = base + procedure.ParameterCount;
     for (const Value& value : procedure.Initial)

@@ -59,8 +59,8 @@ void Machine::Raise(Instruction in, Value*) {
     RaiseError(in.A);
 }
 
-void Machine::RefuseStatement(Instruction in, Value*) {
-    Refuse(m_program->Constants[static_cast<std::size_t>(in.Wide())].AsText());
+void Machine::RefuseStatement(Instruction, Value*) {
+    RaiseError(runtimeerror::kPermissionDenied);  // its name is there for the disassembly
 }
 
 }  // namespace dorvik::basic

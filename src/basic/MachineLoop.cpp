@@ -56,6 +56,18 @@ bool Holds(Relation relation, Number left, Number right) {
     return false;
 }
 
+/// Without a branch for the relation, which nobody can foretell.
+[[gnu::always_inline]] inline bool
+HoldsOfWhole(Relation relation, std::int32_t left, std::int32_t right) {
+    constexpr unsigned kLess = 1;
+    constexpr unsigned kSame = 2;
+    constexpr unsigned kGreater = 4;
+    static constexpr std::uint8_t kAllowed[] = {
+        kSame, kLess | kGreater, kLess, kGreater, kLess | kSame, kGreater | kSame};
+    const unsigned order = left < right ? kLess : left == right ? kSame : kGreater;
+    return (kAllowed[static_cast<std::size_t>(relation)] & order) != 0;
+}
+
 bool SameText(const Value& left, const Value& right) {
     if (left.TextBody() == right.TextBody())
         return true;
@@ -69,7 +81,8 @@ bool FitsInteger(std::int32_t number) {
 }
 
 /// The result of two whole numbers, if it fits the wider type of both.
-bool PutWhole(Value& target, std::int64_t result, const Value& left, const Value& right) {
+[[gnu::always_inline]] inline bool
+PutWhole(Value& target, std::int64_t result, const Value& left, const Value& right) {
     const bool isLong = left.Type() == ValueType::Long || right.Type() == ValueType::Long;
     const auto number = static_cast<std::int32_t>(result);
     if (number != result || (!isLong && !FitsInteger(number))) [[unlikely]]
@@ -81,6 +94,13 @@ bool PutWhole(Value& target, std::int64_t result, const Value& left, const Value
     else
         target.PutInteger(static_cast<std::int16_t>(number));
     return true;
+}
+
+/// Whatever the slot held.
+[[gnu::always_inline]] inline void PutFlag(Value& target, bool flag) {
+    if (target.HoldsBody())
+        target = Value();
+    target.PutBoolean(flag);
 }
 
 /// REQUIRES: the divisor is not 0.
@@ -173,10 +193,12 @@ void Machine::Loop() {
         }
     };
 
+    // Short instructions have one line each.
+    // clang-format off
     for (;;) {
         const Instruction in = *pc++;
         Value& a = base[in.A];
-        goto* kLabels[static_cast<std::size_t>(in.Code)];
+        goto *kLabels[static_cast<std::size_t>(in.Code)];
 
         Move: a = base[in.B]; continue;
         MovePlain: CopyPlain(a, base[in.B]); continue;
@@ -204,9 +226,11 @@ void Machine::Loop() {
             constexpr std::uint64_t kSlow =
                 TypeBit(ValueType::Object) | TypeBit(ValueType::Array) |
                 TypeBit(ValueType::Record) | TypeBit(ValueType::Error);
-            const Value& source = base[in.B];
+            Value& source = base[in.B];
             if (IsOneOf(source, kSlow) || a.Type() == ValueType::Array) [[unlikely]]
                 call(&Machine::AssignVariantSlow, in);
+            else if (in.Flags != 0)
+                a = std::move(source);  // nobody reads it again
             else
                 a = source;
             continue;
@@ -373,12 +397,21 @@ void Machine::Loop() {
         Compare: {
             const Value& left = base[in.B];
             const Value& right = base[in.C];
-            if (AreWhole(left, right) && !a.HoldsBody())
-                a.PutBoolean(Holds(RelationOfFlags(in), left.AsLong(), right.AsLong()));
-            else if (areTexts(in, left, right) && !a.HoldsBody())
-                a.PutBoolean(SameText(left, right) == (RelationOfFlags(in) == Relation::Equal));
+            if (AreWhole(left, right))
+                PutFlag(a, HoldsOfWhole(RelationOfFlags(in), left.AsLong(), right.AsLong()));
+            else if (areTexts(in, left, right))
+                PutFlag(a, SameText(left, right) == (RelationOfFlags(in) == Relation::Equal));
             else
                 call(&Machine::Operate, in);
+            continue;
+        }
+        CompareConstant: {
+            const Value& left = base[in.B];
+            const Value& right = constants[in.C];
+            if (areTexts(in, left, right))
+                PutFlag(a, SameText(left, right) == (RelationOfFlags(in) == Relation::Equal));
+            else
+                call(&Machine::CompareConstant, in);
             continue;
         }
         AppendText: call(&Machine::SlowAppend, in); continue;
@@ -387,10 +420,10 @@ void Machine::Loop() {
             const Value& left = base[in.B];
             const Value& right = base[in.C];
             const auto which = static_cast<BinaryOperator>(in.Flags >> kOperatorShift);
-            if (AreBooleans(left, right) && !a.HoldsBody() && which == BinaryOperator::And)
-                a.PutBoolean(left.AsBoolean() && right.AsBoolean());
-            else if (AreBooleans(left, right) && !a.HoldsBody() && which == BinaryOperator::Or)
-                a.PutBoolean(left.AsBoolean() || right.AsBoolean());
+            if (AreBooleans(left, right) && which == BinaryOperator::And)
+                PutFlag(a, left.AsBoolean() && right.AsBoolean());
+            else if (AreBooleans(left, right) && which == BinaryOperator::Or)
+                PutFlag(a, left.AsBoolean() || right.AsBoolean());
             else if (
                 AreLongs(left, right) && !a.HoldsBody() && which == BinaryOperator::Modulo &&
                 right.AsLong() != 0)
@@ -442,12 +475,24 @@ void Machine::Loop() {
             const Value& right = base[in.B];
             bool holds = false;
             if (AreWhole(a, right)) {
-                holds = Holds(RelationOfFlags(in), a.AsLong(), right.AsLong());
+                holds = HoldsOfWhole(RelationOfFlags(in), a.AsLong(), right.AsLong());
             } else if (areTexts(in, a, right)) {
                 holds = SameText(a, right) == (RelationOfFlags(in) == Relation::Equal);
             } else {
                 m_at = pc - 1;
                 holds = SlowCompare(in, base);
+            }
+            jumpWhen(holds == (in.C != 0));
+            continue;
+        }
+        JumpCompareConstant: {
+            const Value& right = constants[in.B];
+            bool holds = false;
+            if (areTexts(in, a, right)) {
+                holds = SameText(a, right) == (RelationOfFlags(in) == Relation::Equal);
+            } else {
+                m_at = pc - 1;
+                holds = SlowCompareConstant(in, a);
             }
             jumpWhen(holds == (in.C != 0));
             continue;
@@ -620,6 +665,7 @@ void Machine::Loop() {
             continue;
         CarryOutOperation: call(operations[static_cast<std::size_t>(in.Code)], in);
     }
+    // clang-format on
 }
 
 }  // namespace dorvik::basic

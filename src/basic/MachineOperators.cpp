@@ -18,7 +18,9 @@ BinaryOperator OperatorOf(const Instruction& in) {
         return BinaryOperator::Multiply;
     if (in.Code == Opcode::Concatenate)
         return BinaryOperator::Concatenate;
-    const bool isRelation = in.Code == Opcode::Compare || in.Code == Opcode::JumpCompare;
+    const bool isRelation = in.Code == Opcode::Compare || in.Code == Opcode::JumpCompare ||
+                            in.Code == Opcode::CompareConstant ||
+                            in.Code == Opcode::JumpCompareConstant;
     const int first = isRelation ? static_cast<int>(BinaryOperator::Equal) : 0;
     return static_cast<BinaryOperator>(first + (in.Flags >> kOperatorShift));
 }
@@ -85,6 +87,16 @@ bool Machine::SlowCompare(Instruction in, Value* base) {
         (in.Flags & kRightIsVariant) != 0,
         m_program->ComparesText};
     return Holds(OperatorOf(in), base[in.A], base[in.B], facts);
+}
+
+bool Machine::SlowCompareConstant(Instruction in, const Value& left) {
+    const OperandFacts facts{(in.Flags & kLeftIsVariant) != 0, false, m_program->ComparesText};
+    return Holds(OperatorOf(in), left, m_program->Constants[in.B], facts);
+}
+
+void Machine::CompareConstant(Instruction in, Value* base) {
+    const OperandFacts facts{(in.Flags & kLeftIsVariant) != 0, false, m_program->ComparesText};
+    base[in.A] = Apply(OperatorOf(in), base[in.B], m_program->Constants[in.C], facts);
 }
 
 void Machine::SlowAppend(Instruction in, Value* base) {

@@ -1,7 +1,7 @@
 #include "base/BasicError.h"
 #include "basic/Coercion.h"
-#include "basic/ErrObject.h"
 #include "basic/ContainerObject.h"
+#include "basic/ErrObject.h"
 #include "basic/LoopState.h"
 #include "basic/Machine.h"
 #include "basic/MemoryMeter.h"
@@ -42,6 +42,11 @@ private:
     std::size_t m_memory = m_meter.Limit();
     std::size_t m_string = m_meter.StringLimit();
 };
+
+bool IsClear(const ErrorState& state) {
+    return state.Number == 0 && state.HelpContext == 0 && state.Description.empty() &&
+           state.Source.empty() && state.HelpFile.empty();
+}
 
 bool NamesLimit(std::int32_t number, const std::string& text) {
     const bool isLimitNumber = number == runtimeerror::kOutOfMemory ||
@@ -104,7 +109,8 @@ bool Machine::Run(std::size_t procedure, std::span<const Value> arguments, Error
     const MeterLimits limits(m_limits);
     const RunningScope scope(*this);
     m_isRunning = true;
-    m_error.Clear();
+    if (!IsClear(m_error))
+        m_error.Clear();
     m_goSubs.clear();
     m_depth = 0;
     StartClock();
@@ -221,7 +227,9 @@ void Machine::CopyBackAfterError() {
     for (; entry != all.end() && entry->Call == position; ++entry)
         try {
             if (entry->Element != ArgumentCopy::kNoElement)
-                CopyBack({Opcode::CopyBack, 0, entry->Reference, entry->Slot, entry->Element}, frame.Base);
+                CopyBack(
+                    {Opcode::CopyBack, 0, entry->Reference, entry->Slot, entry->Element},
+                    frame.Base);
             else
                 StoreThrough(frame.Base[entry->Reference], frame.Base[entry->Slot]);
         } catch (const BasicError&) {

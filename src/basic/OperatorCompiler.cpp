@@ -257,6 +257,16 @@ std::optional<Operand> ProcedureCompiler::TryTyped(
     return std::nullopt;
 }
 
+/// The index of a text that stands in the module, where an instruction can name it.
+std::optional<std::uint16_t> ProcedureCompiler::TextConstant(const Operand& operand) {
+    if (operand.Constant == nullptr || operand.Constant->Type() != ValueType::String)
+        return std::nullopt;
+    const auto index = m_scope.AddConstant(*operand.Constant);
+    if (static_cast<std::int64_t>(index) > UINT16_MAX)
+        return std::nullopt;
+    return static_cast<std::uint16_t>(index);
+}
+
 Operand ProcedureCompiler::GenericOperator(
     BinaryOperator which,
     const Operand& left,
@@ -268,8 +278,15 @@ Operand ProcedureCompiler::GenericOperator(
     result.IsScalar = true;
     result.IsFresh = true;
     const Register first = SlotOf(left);
-    const Register second = SlotOf(right);
     std::uint8_t flags = FactsOf(left, right);
+    if (const auto text = TextConstant(right); text && IsRelation(which)) {
+        result.Slot = ResultSlot(result.Type.Kind, hint, hintKind);
+        flags = static_cast<std::uint8_t>(
+            flags | static_cast<int>(RelationOf(which)) << kOperatorShift);
+        m_code.Emit(Opcode::CompareConstant, result.Slot, first, *text, flags);
+        return result;
+    }
+    const Register second = SlotOf(right);
     Opcode code = Opcode::Operate;
     if (which == BinaryOperator::Add)
         code = Opcode::Add;
@@ -367,8 +384,18 @@ void ProcedureCompiler::JumpOnRelation(
             wanted == Relation::Equal ? Opcode::JumpTextEqual : Opcode::JumpTextNotEqual, a, b);
     } else {
         const Register a = SlotOf(left);
-        const Register b = SlotOf(right);
         const int flags = FactsOf(left, right) | static_cast<int>(relation) << kOperatorShift;
+        if (const auto text = TextConstant(right)) {
+            m_code.Emit(
+                Opcode::JumpCompareConstant,
+                a,
+                *text,
+                when ? 1 : 0,
+                static_cast<std::uint8_t>(flags));
+            m_code.EmitJump(Opcode::Jump, target);
+            return;
+        }
+        const Register b = SlotOf(right);
         m_code.Emit(Opcode::JumpCompare, a, b, when ? 1 : 0, static_cast<std::uint8_t>(flags));
     }
     m_code.EmitJump(Opcode::Jump, target);

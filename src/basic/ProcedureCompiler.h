@@ -90,8 +90,8 @@ private:
     struct HeldBlock {
         const void* Node = nullptr;
         Register State = 0;
-        std::size_t Loops = 0;         // how many loops are open around it
-        Register Variable = kNoSlot;   // a local Variant whose array is walked
+        std::size_t Loops = 0;        // how many loops are open around it
+        Register Variable = kNoSlot;  // a local Variant whose array is walked
     };
     struct LoopContext {
         ExitKind Kind = ExitKind::Do;
@@ -188,6 +188,7 @@ private:
         DeclaredKind hintKind);
     std::optional<Operand>
     TryComparison(BinaryOperator which, const Operand& left, const Operand& right);
+    std::optional<std::uint16_t> TextConstant(const Operand& operand);
     Operand GenericOperator(
         BinaryOperator which,
         const Operand& left,
@@ -436,7 +437,8 @@ private:
     std::vector<WithContext> m_withs;
     std::vector<HeldBlock> m_held;
     const void* m_around = nullptr;  // while labels are collected
-    std::unordered_map<const void*, const void*> m_outer;  // of a For Each or a With: the next one around
+    std::unordered_map<const void*, const void*>
+        m_outer;  // of a For Each or a With: the next one around
     std::deque<Value> m_folded;
     std::optional<Variable> m_result;
     SourcePlace m_place;              // of the statement being compiled

@@ -69,15 +69,15 @@ struct Procedure {
     bool IsPrivate = false;
     SourcePlace Place;
     std::vector<Instruction> Code;
-    std::vector<StatementMark> Marks;  // by rising starts
+    std::vector<StatementMark> Marks;     // by rising starts
     std::vector<ArgumentCopy> CopyBacks;  // by rising calls
-    std::vector<Value> Initial;        // of the slots behind the parameters; no bodies
-    std::uint32_t GenericSlots = 0;    // with the parameters; only these are released at the end
+    std::vector<Value> Initial;           // of the slots behind the parameters; no bodies
+    std::uint32_t GenericSlots = 0;       // with the parameters; only these are released at the end
     std::uint32_t Slots = 0;
     std::uint32_t ArgumentSlots = 0;  // the most that are built behind `Slots`
     std::uint32_t ParameterCount = 0;
-    std::uint32_t CallSlots = 0;      // what a call needs: both
-    std::int32_t CallCost = 0;        // of the budget
+    std::uint32_t CallSlots = 0;  // what a call needs: both
+    std::int32_t CallCost = 0;    // of the budget
 
     /// REQUIRES: Marks is not empty.
     const StatementMark& MarkOf(std::uint32_t position) const;

@@ -25,8 +25,32 @@ std::size_t OffsetOf(const TextArgument& text, std::size_t characters) {
                           : modCharacters::Skip(text.View(), characters);
 }
 
+/// The usual question, between two texts and by their characters as they are. False: it is not that.
+bool AnswersInStr(ScriptContext& context, Arguments arguments, Value& answer) {
+    const bool hasStart = arguments.size() == 3 && arguments[0].Type() == ValueType::Long;
+    if ((!hasStart && arguments.size() != 2) || context.ComparesText()) {
+        return false;
+    }
+    const Value& text = arguments[hasStart ? 1 : 0];
+    const Value& sought = arguments[hasStart ? 2 : 1];
+    const std::int64_t start = hasStart ? arguments[0].AsLong() : 1;
+    if (text.Type() != ValueType::String || sought.Type() != ValueType::String || start < 1 ||
+        sought.AsText().empty() || text.AsText().empty() || !text.TextBody()->IsAscii()) {
+        return false;
+    }
+    const std::string_view all = text.AsText();
+    const std::size_t from = std::min(static_cast<std::size_t>(start - 1), all.size());
+    const auto place = TextSearch::First(context, all, sought.AsText(), false, from);
+    answer = Value::Long(place.IsFound() ? static_cast<std::int32_t>(place.Start) + 1 : 0);
+    return true;
+}
+
 /// Without a start the texts stand one place further in front.
 Value InStr(ScriptContext& context, Arguments arguments) {
+    Value answer;
+    if (AnswersInStr(context, arguments, answer)) {
+        return answer;
+    }
     const bool hasStart = IsGiven(arguments, 2);
     if (hasStart && !IsGiven(arguments, 1)) {
         RaiseError(runtimeerror::kArgumentNotOptional);

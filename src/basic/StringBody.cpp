@@ -36,9 +36,21 @@ private:
 }  // namespace
 
 StringBody::StringBody(std::string text) : m_text(std::move(text)) {
+    Charge();
+}
+
+StringBody::StringBody(const char* text, std::size_t size) : m_text(text, size) {
+    Charge();
+}
+
+void StringBody::Charge() {
     MemoryMeter& meter = MemoryMeter::Current();
     meter.CheckString(m_text.size());
     meter.Charge(Cost());
+}
+
+Ref<StringBody> StringBody::Of(std::string_view text) {
+    return Ref<StringBody>(new StringBody(text.data(), text.size()));
 }
 
 StringBody::~StringBody() {

@@ -18,6 +18,8 @@ public:
     explicit StringBody(std::string text);
     ~StringBody() override;
 
+    /// A body with a text of its own.
+    static Ref<StringBody> Of(std::string_view text);
     /// Both texts, one behind the other, with a single allocation.
     static Ref<StringBody> Joined(std::string_view left, std::string_view right);
     /// The body, shared by all who ask, of a text of one ASCII character.
@@ -36,6 +38,8 @@ public:
     std::uint32_t Hash() const { return m_hash != 0 ? m_hash : MakeHash(); }
 
 private:
+    StringBody(const char* text, std::size_t size);
+    void Charge();
     std::int32_t CountCharacters() const;
     std::uint32_t MakeHash() const;
     std::size_t Cost() const;

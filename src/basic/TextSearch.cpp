@@ -5,7 +5,6 @@
 #include "basic/ScriptContext.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace dorvik::basic {
 
@@ -144,12 +143,7 @@ TextSearch::Place TextSearch::First(
     if (!isEasy) {
         return TextSearch(context, text, sought, ignoreCase).Next(from);
     }
-    const void* const found =
-        memmem(text.data() + from, text.size() - from, sought.data(), sought.size());
-    if (found == nullptr) {
-        return {};
-    }
-    return {static_cast<std::size_t>(static_cast<const char*>(found) - text.data()), sought.size()};
+    return {text.find(sought, from), sought.size()};
 }
 
 TextSearch::Place TextSearch::Last(

@@ -53,7 +53,7 @@ Value Value::Text(std::string_view text) {
             return Text(Ref<StringBody>(StringBody::OfCharacter(text.front())));
         }
     }
-    return Text(MakeRef<StringBody>(std::string(text)));
+    return Text(StringBody::Of(text));
 }
 
 Value Value::Text(std::string&& text) {

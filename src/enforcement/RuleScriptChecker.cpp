@@ -29,22 +29,25 @@ struct ScriptPlace {
     std::int32_t Column = 1;
 };
 
-/// Where the name of a script's main procedure ends, which is a longer one in the module.
-ScriptPlace EndOfMain(std::string_view script) {
+/// Where a position in a text stands. Lines end by CR LF, LF or CR.
+ScriptPlace PlaceOf(std::string_view text, std::size_t position) {
     ScriptPlace place;
-    const std::size_t main = modTextCase::Find(script, kSubMain);
     std::size_t lineStart = 0;
-    for (std::size_t at = 0; at < main && at < script.size(); ++at) {
-        const bool firstOfPair =
-            script[at] == '\r' && at + 1 < script.size() && script[at + 1] == '\n';
-        if ((script[at] == '\n' || script[at] == '\r') && !firstOfPair) {
+    for (std::size_t at = 0; at < position; ++at) {
+        const bool firstOfPair = text[at] == '\r' && at + 1 < text.size() && text[at + 1] == '\n';
+        if ((text[at] == '\n' || text[at] == '\r') && !firstOfPair) {
             ++place.Line;
             lineStart = at + 1;
         }
     }
-    const std::string_view before = script.substr(lineStart, main + kSubMain.size() - lineStart);
-    place.Column = static_cast<std::int32_t>(modUtf8::Length(before)) + 1;
+    const std::size_t characters = modUtf8::Length(text.substr(lineStart, position - lineStart));
+    place.Column = static_cast<std::int32_t>(characters) + 1;
     return place;
+}
+
+/// Behind the name of a script's main procedure, which is a longer one in the module.
+ScriptPlace EndOfMain(std::string_view script) {
+    return PlaceOf(script, modTextCase::Find(script, kSubMain) + kSubMain.size());
 }
 
 /// A place of the module within the script that it came from.
@@ -60,8 +63,15 @@ ScriptPlace WithinScript(
     return within;
 }
 
-std::int32_t LineCount(std::string_view script) {
-    return EndOfMain(std::string(script) + "\n" + std::string(kSubMain)).Line - 1;
+std::vector<basic::CompileError> ReadingErrors(std::string_view script) {
+    std::vector<basic::CompileError> errors = basic::ParseModule(script).Errors;
+    if (errors.empty()) {
+        errors = basic::ParseModule(std::string(kBefore).append(script)).Errors;
+        for (basic::CompileError& error : errors) {
+            error.Place.Line -= kLinesBefore;
+        }
+    }
+    return errors;
 }
 
 }  // namespace
@@ -76,14 +86,8 @@ RuleScriptChecker::Check(std::span<const RuleScript> scripts) {
 
 void RuleScriptChecker::Read(std::span<const RuleScript> scripts) {
     for (std::size_t position = 0; position < scripts.size(); ++position) {
-        const std::string& text = scripts[position].Text;
-        // An error at the end of a script is told at its last line.
-        const std::int32_t last = std::max(1, LineCount(text));
-        for (const basic::CompileError& error :
-             basic::ParseModule(std::string(kBefore) + text).Errors) {
-            const std::int32_t line = std::clamp(error.Place.Line - kLinesBefore, 1, last);
-            const bool isThere = line == error.Place.Line - kLinesBefore;
-            m_faults[position].push_back({line, error.Text, isThere ? error.Place.Column : 0});
+        for (const basic::CompileError& error : ReadingErrors(scripts[position].Text)) {
+            m_faults[position].push_back({error.Place.Line, error.Text, error.Place.Column});
         }
     }
 }

@@ -21,8 +21,7 @@ private:
     /// What shows only when all of them stand in one module: names that two share, procedures that
     /// no script has, what the extension object does not know.
     void Compile(std::span<const RuleScript> scripts);
-    void Tell(
-        const basic::ScriptEngine& engine, std::span<const RuleScript> scripts, bool isWhole);
+    void Tell(const basic::ScriptEngine& engine, std::span<const RuleScript> scripts, bool isWhole);
 
     std::vector<std::vector<ScriptFault>> m_faults;
 };

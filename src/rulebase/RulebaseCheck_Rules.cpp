@@ -185,9 +185,9 @@ void RulebaseCheck::CompileScripts() {
             const BasicRule& content = *rule.Content;
             const bool isTurn =
                 isCoding == (dynamic_cast<const CodingConvention*>(&content) != nullptr);
-            const bool isScript =
-                isTurn && dynamic_cast<const UnauthorisedKeyword*>(&content) == nullptr &&
-                Mentions(content.Condition(), kMainProcedure);
+            const bool isScript = isTurn &&
+                                  dynamic_cast<const UnauthorisedKeyword*>(&content) == nullptr &&
+                                  Mentions(content.Condition(), kMainProcedure);
             if (isScript && numbers.insert(content.RuleID()).second) {
                 scripts.push_back({content.RuleID(), rule.Element, content.Condition()});
             }

@@ -52,9 +52,8 @@ std::vector<std::string> TextsOf(const rapidjson::Document& facts, const char* m
 }
 
 Value Known(const std::vector<std::string>& names, const Value& name) {
-    return Value::Boolean(std::ranges::any_of(names, [&](const std::string& known) {
-        return modTextCase::Equal(known, ToText(name));
-    }));
+    return Value::Boolean(std::ranges::any_of(
+        names, [&](const std::string& known) { return modTextCase::Equal(known, ToText(name)); }));
 }
 
 /// In the order in which `Call` knows them.
@@ -83,7 +82,8 @@ FactsExtension::FactsExtension(const std::string& file) {
     facts.Parse(text.c_str());
     if (facts.HasParseError() || !facts.IsObject() || !facts.HasMember("expect") ||
         !facts.HasMember("event") || !facts.HasMember("objects")) {
-        throw std::runtime_error(file + " is no file of facts with 'event', 'objects' and 'expect'");
+        throw std::runtime_error(
+            file + " is no file of facts with 'event', 'objects' and 'expect'");
     }
     m_event = facts["event"].GetString();
     for (const auto& [name, json] : facts["objects"].GetObject()) {
@@ -157,8 +157,7 @@ void FactsExtension::Call(std::size_t member, std::span<Value> a) {
         object->Workfields[Key(a[1])] = a[2];
     } else if (object != nullptr) {
         const auto found = object->Workfields.find(Key(a[1]));
-        a[2] = found != object->Workfields.end() ? found->second
-                                                 : Value::Text(std::string_view());
+        a[2] = found != object->Workfields.end() ? found->second : Value::Text(std::string_view());
     }
 }
 

@@ -59,8 +59,7 @@ void ExpectItDoesWhatTheFactsSay(const fs::path& script, const fs::path& factsFi
     ScriptEngine engine(facts);
     engine.AddExtension("Dorvik.", facts);
     engine.SetAcceptsModules(true);
-    ASSERT_TRUE(engine.LoadText(script.filename().string(), TextOf(script)))
-        << engine.ErrorText();
+    ASSERT_TRUE(engine.LoadText(script.filename().string(), TextOf(script))) << engine.ErrorText();
     EXPECT_TRUE(engine.Warnings().empty()) << script << ": " << engine.Warnings().front().Text;
     engine.SetReady(true);
     EXPECT_TRUE(engine.RunSub("Main")) << factsFile;

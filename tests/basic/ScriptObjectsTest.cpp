@@ -362,8 +362,13 @@ TEST_F(ErrObjects, RaisesErrors) {
     EXPECT_EQ(raised({I(1000), X("Mine"), X("Text")}), "1000|Mine|Text");
     EXPECT_EQ(
         raised({L(-2147221504 + 7), Missing(), X("Text"), X("a.hlp"), I(3)}), "-2147221497||Text");
-    EXPECT_EQ(m_context.Error.HelpFile, "a.hlp");
-    EXPECT_EQ(m_context.Error.HelpContext, 3);
+    try {
+        Use(err, "Raise", {I(7), Missing(), X("Text"), X("a.hlp"), I(3)}, InvokeKind::Call);
+        ADD_FAILURE() << "nothing was raised";
+    } catch (const RaisedError& error) {
+        EXPECT_EQ(error.HelpFile, "a.hlp");
+        EXPECT_EQ(error.HelpContext, 3);
+    }
     EXPECT_EQ(raised({I(0)}).substr(0, 2), "5|");
     EXPECT_EQ(raised({}).substr(0, 4), "449|");
 }

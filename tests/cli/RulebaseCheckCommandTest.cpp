@@ -3,6 +3,10 @@
 #include <gmock/gmock.h>
 
 #include <rapidjson/document.h>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 namespace dorvik::test {
 
@@ -18,6 +22,47 @@ protected:
         text.Keywords =
             "<UnauthorisedKeywords>" + KeywordElement("5000", 3, 9) + "</UnauthorisedKeywords>";
         WriteBytes(name, text.Text());
+    }
+
+    /// A rulebase of coding conventions 6001, 6002, ... with these scripts.
+    void WriteScripts(const std::string& name, const std::vector<std::string>& scripts) const {
+        RulebaseText text = Team();
+        text.LastRuleID = "6999";
+        text.Coding = "<CodingConventions>";
+        int number = 6001;
+        for (std::string script : scripts) {
+            for (const auto& [sign, token] :
+                 {std::pair("&", "&amp;"), std::pair("\"", "&quot;"), std::pair("\n", "%CRLF%")}) {
+                for (std::size_t at = 0; (at = script.find(sign, at)) != std::string::npos;) {
+                    script.replace(at, 1, token);
+                    at += std::string_view(token).size();
+                }
+            }
+            text.Coding +=
+                R"(<CodingConvention RuleID=")" + std::to_string(number) +
+                R"(" RuleActive="True" Title="R)" + std::to_string(number) +
+                R"(" Description="" PendingViolation="False" EndEventID="-1" Condition=")" +
+                script +
+                R"(" ParserEventID="30"><ViolationDefinition Name="C" Description="" SeverityLevel="3" Impact="1" CategoryID="-1" Advice=""/></CodingConvention>)";
+            ++number;
+        }
+        text.Coding += "</CodingConventions>";
+        WriteBytes(name, text.Text());
+    }
+
+    /// What is found in a rulebase of these scripts.
+    std::string FoundIn(const std::vector<std::string>& scripts) const {
+        WriteScripts("scripts.dvk", scripts);
+        const ProgramResult result = Run({"rulebase", "check", "scripts.dvk"});
+        EXPECT_EQ(result.ExitCode, result.Output.empty() ? 0 : 1) << result.Error;
+        EXPECT_THAT(result.Error, IsEmpty());
+        return result.Output;
+    }
+
+    static std::string Line(int rule, const std::string& sentence) {
+        const std::string number = std::to_string(rule);
+        return "scripts.dvk: CodingConvention " + number + " 'R" + number +
+               "', Condition: " + sentence + "\n";
     }
 };
 
@@ -81,6 +126,76 @@ TEST_F(RulebaseCheckCommand, AFileIsNotChanged) {
     WriteBytes("old.dvk", text.Text());
     Run({"rulebase", "check", "old.dvk"});
     EXPECT_EQ(Bytes("old.dvk"), text.Text());
+}
+
+TEST_F(RulebaseCheckCommand, AScriptThatDoesNotCompileIsToldWithItsOwnLineAndColumn) {
+    EXPECT_EQ(
+        FoundIn({"Sub Main()\nEnd Sub", "' two\nSub Main()\n  If x The\n  y = (1\nEnd Sub"}),
+        Line(6002, "line 3, column 8: Expected 'Then'") +
+            Line(6002, "line 4, column 9: Expected ')'"));
+}
+
+TEST_F(RulebaseCheckCommand, AScriptThatCannotBeReadHidesNothingInTheOthers) {
+    const std::string found = FoundIn(
+        {"Sub Main()\nIf x Then\nEnd Sub",
+         "Sub Main()\n  GoTo Nowhere\nEnd Sub",
+         "Sub Main()\n  Kill \"x\"\nEnd Sub"});
+    EXPECT_THAT(
+        found,
+        HasSubstr("'R6001', Condition: line 2, column 1: Expected 'End If': 'End Sub' in line 3 "
+                  "comes before it\n"));
+    EXPECT_THAT(
+        found,
+        HasSubstr(
+            Line(6002, "line 2, column 8: The label 'Nowhere' does not exist in this procedure")));
+    EXPECT_THAT(
+        found,
+        HasSubstr(Line(6003, "line 2, column 3: 'Kill' is refused: reaching it raises error 70")));
+}
+
+TEST_F(RulebaseCheckCommand, AScriptWithoutItsEndIsToldAtItsProcedure) {
+    EXPECT_EQ(
+        FoundIn({"Sub Main()\n  x = 1", "Sub Main()\nEnd Sub"}),
+        Line(6001, "line 1, column 5: Expected 'End Sub': the text ends"));
+}
+
+TEST_F(RulebaseCheckCommand, AColumnBehindTheNameOfTheMainProcedureIsThatOfTheScript) {
+    EXPECT_THAT(
+        FoundIn({"Sub Main(): Nowhere\nEnd Sub"}),
+        HasSubstr("'R6001', Condition: line 1, column 13: "));
+}
+
+TEST_F(RulebaseCheckCommand, ScriptsUseEachOthersProceduresAndMustNotShareAName) {
+    const std::string helper = "Function Twice(n)\nTwice = 2 * n\nEnd Function\n";
+    EXPECT_EQ(FoundIn({"Sub Main()\nx = Twice(2)\nEnd Sub", helper + "Sub Main()\nEnd Sub"}), "");
+    const std::string found =
+        FoundIn({helper + "Sub Main()\nEnd Sub", "Sub Main()\nEnd Sub\n" + helper});
+    EXPECT_THAT(found, HasSubstr("'R6002', Condition: line 3, column "));
+    EXPECT_THAT(
+        found, HasSubstr("Name redefined: 'Twice' stands in line 3 of CodingConvention 6002"));
+    EXPECT_THAT(found, HasSubstr("line 1 of CodingConvention 6001 'R6001'"));
+}
+
+TEST_F(RulebaseCheckCommand, AnOptionInAScriptIsToldBecauseItStandsBehindAProcedure) {
+    EXPECT_THAT(
+        FoundIn({"Option Explicit\nSub Main()\nEnd Sub"}),
+        HasSubstr("'R6001', Condition: line 1, column 1: "));
+}
+
+TEST_F(RulebaseCheckCommand, WhatWouldRaiseAnErrorWhenReachedIsTold) {
+    EXPECT_EQ(
+        FoundIn({"Sub Main()\n  Kill \"x\"\n  Dorvik.RaiseViolations\nEnd Sub"}),
+        Line(6001, "line 2, column 3: 'Kill' is refused: reaching it raises error 70") +
+            Line(
+                6001,
+                "line 3, column 10: 'Dorvik.RaiseViolations' does not exist: reaching it raises "
+                "error 438"));
+}
+
+TEST_F(RulebaseCheckCommand, AScriptWithoutSubMainIsToldAndDoesNotSpoilTheRest) {
+    EXPECT_EQ(
+        FoundIn({"Sub Other()\nEnd Sub", "Sub Main()\nEnd Sub"}),
+        Line(6001, "the script has no 'Sub Main'"));
 }
 
 }  // namespace dorvik::test

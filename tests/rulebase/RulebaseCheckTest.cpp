@@ -457,8 +457,7 @@ TEST(RulebaseCheck, AScriptHasASubMain) {
 TEST(RulebaseCheck, ScriptsGoToTheCheckerWithTheirNumbers) {
     class Checker final : public IScriptChecker {
     public:
-        std::vector<std::vector<ScriptFault>>
-        Check(std::span<const RuleScript> scripts) override {
+        std::vector<std::vector<ScriptFault>> Check(std::span<const RuleScript> scripts) override {
             for (const RuleScript& script : scripts) {
                 Seen.push_back(std::to_string(script.RuleID) + ":" + script.Text);
             }
@@ -470,7 +469,8 @@ TEST(RulebaseCheck, ScriptsGoToTheCheckerWithTheirNumbers) {
         CheckText(WithCoding({}), &checker),
         ElementsAre(
             "script CodingConvention 5000 'C', Condition: line 2: 'Fro' is not declared",
-            "script CodingConvention 5000 'C', Condition: line 3, column 5: 'Nope' is not defined"));
+            "script CodingConvention 5000 'C', Condition: line 3, column 5: 'Nope' is not "
+            "defined"));
     EXPECT_THAT(checker.Seen, ElementsAre("5000:Sub Main()\r\nEnd Sub"));
 }
 
