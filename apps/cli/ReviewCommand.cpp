@@ -121,15 +121,6 @@ bool LoadTolerances(ReviewCriteria& criteria) {
     return loaded;
 }
 
-/// A rulebase that lists no component at all has nothing to say about components, and the same goes for
-/// references: without this every one of them would be a finding. Whoever asks for the kind gets it.
-void LeaveOutEmptyLists(RulebaseLoadCriteria& load, const ReviewOptions& options) {
-    if (options.Conventions.empty()) {
-        load.SetAuthorisedComponents(load.NumAuthComps > 0);
-        load.SetAuthorisedReferences(load.NumAuthRefs > 0);
-    }
-}
-
 /// Says which rules were given up on the way.
 void TellSwitchedOffRules(const RuleEngine& ruleEngine) {
     for (const std::string& rule : ruleEngine.SwitchedOffRules()) {
@@ -223,7 +214,6 @@ ExitCode RunReview(const ReviewOptions& options) {
     if (!LoadTolerances(*criteria)) {
         return ExitCode::NothingDone;
     }
-    LeaveOutEmptyLists(criteria->LoadCriteria(), options);
     modToleranceLimits::Apply(options.Tolerances, criteria->Tolerances());
     const SliceResult result = Drive(manager, options);
     if (result == SliceResult::Aborted) {

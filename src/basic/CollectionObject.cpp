@@ -2,6 +2,7 @@
 
 #include "basic/Arguments.h"
 #include "basic/Coercion.h"
+#include "basic/LongWork.h"
 #include "basic/ObjectMembers.h"
 
 #include <algorithm>
@@ -92,6 +93,7 @@ void CollectionObject::Add(std::span<const Value> arguments) {
         }
     }
     const std::size_t place = PlaceForNew(arguments);
+    CountLongWork(std::min(place, m_order.size() - place));
     m_memory.SetBytes(m_memory.Bytes() + kBytesPerItem);
     node->Item = StoredValue(arguments[0], InvokeKind::Set);
     if (node->Key.Type() == ValueType::String) {
@@ -136,10 +138,13 @@ std::size_t CollectionObject::PlaceOf(const Value& indexOrKey) const {
     const auto found = std::find_if(m_order.begin(), m_order.end(), [&](const auto& candidate) {
         return candidate.get() == &node;
     });
-    return static_cast<std::size_t>(found - m_order.begin());
+    const auto place = static_cast<std::size_t>(found - m_order.begin());
+    CountLongWork(place);
+    return place;
 }
 
 void CollectionObject::Remove(std::size_t place) {
+    CountLongWork(std::min(place, m_order.size() - place));
     // The node dies last: what dies with it may come back here.
     const std::unique_ptr<Node> node = std::move(m_order[place]);
     m_order.erase(m_order.begin() + static_cast<std::ptrdiff_t>(place));

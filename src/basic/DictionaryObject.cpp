@@ -3,6 +3,7 @@
 #include "base/BasicError.h"
 #include "basic/Arguments.h"
 #include "basic/ArrayResult.h"
+#include "basic/LongWork.h"
 #include "basic/ObjectMembers.h"
 
 namespace dorvik::basic {
@@ -193,6 +194,7 @@ Value DictionaryObject::List(
         RaiseError(runtimeerror::kSubscriptOutOfRange);
     }
     Ref<ArrayBody> list = VariantArray(isIndexed ? 0 : Count());
+    CountLongWork(m_keys.Entries().size());
     std::size_t position = 0;
     for (const DictionaryKeys::Entry& entry : m_keys.Entries()) {
         if (!entry.IsAlive) {

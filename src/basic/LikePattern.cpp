@@ -3,6 +3,7 @@
 #include "base/modTextCase.h"
 #include "basic/Characters.h"
 #include "basic/RuntimeErrors.h"
+#include "basic/LongWork.h"
 
 #include <cstddef>
 #include <string>
@@ -127,6 +128,7 @@ private:
         if (m_behindStar == kNone || m_starEnd >= m_text.size()) {
             return false;
         }
+        CountLongWork(1 + m_patternAt - m_behindStar);
         Next(m_text, m_starEnd);
         m_textAt = m_starEnd;
         m_patternAt = m_behindStar;

@@ -1,3 +1,4 @@
+#include "basic/ArrayBody.h"
 #include "basic/Coercion.h"
 #include "basic/Machine.h"
 #include "basic/RuntimeErrors.h"
@@ -8,6 +9,24 @@ namespace dorvik::basic {
 namespace {
 
 constexpr std::uint8_t kCountFollows = 255;
+
+/// What the texts of a call add to its cost: most functions read them to their ends.
+std::size_t CostOfTexts(std::span<const Value> values) {
+    constexpr std::size_t kBytesOfAUnit = 64;
+    std::size_t bytes = 0;
+    for (const Value& value : values)
+        if (value.Type() == ValueType::String)
+            bytes += value.AsText().size();
+    return bytes / kBytesOfAUnit;
+}
+
+/// An array that was made for the result.
+std::size_t CostOfArray(const Value& result) {
+    constexpr std::size_t kElementsOfAUnit = 4;
+    return result.Type() == ValueType::Array
+               ? result.AsArray()->Elements().size() / kElementsOfAUnit
+               : 0;
+}
 
 void Release(Value* first, std::size_t count) {
     for (std::size_t i = 0; i < count; ++i)
@@ -27,7 +46,9 @@ void Machine::RunBuiltin(Instruction in, Value* base) {
     const std::size_t count =
         in.Flags == kCountFollows ? static_cast<std::size_t>(m_at[1].Wide()) : in.Flags;
     Value* const first = base + in.C;
+    const std::size_t cost = CostOfTexts({first, count});
     Value result = function.Call(*this, {first, count});
+    Spend(cost + CostOfTexts({&result, 1}) + CostOfArray(result));
     Release(first, count);
     if (in.A == kNoSlot)
         return;

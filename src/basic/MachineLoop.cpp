@@ -152,6 +152,14 @@ void Machine::Loop() {
         (this->*operation)(in, base);
         pc = m_next;
     };
+    // Equal texts are read to their ends; the next jump back looks at what that has cost.
+    const auto sameText = [&](const Value& left, const Value& right) {
+        constexpr std::size_t kLongText = 4096;
+        const std::size_t size = left.AsText().size();
+        if (size > kLongText && size == right.AsText().size()) [[unlikely]]
+            m_budget -= static_cast<std::int64_t>(size / 64);
+        return SameText(left, right);
+    };
     const auto jumpWhen = [&](bool condition) __attribute__((always_inline)) {
         pc = condition ? code + pc->Wide() : pc + 1;
     };
@@ -400,7 +408,7 @@ void Machine::Loop() {
             if (AreWhole(left, right))
                 PutFlag(a, HoldsOfWhole(RelationOfFlags(in), left.AsLong(), right.AsLong()));
             else if (areTexts(in, left, right))
-                PutFlag(a, SameText(left, right) == (RelationOfFlags(in) == Relation::Equal));
+                PutFlag(a, sameText(left, right) == (RelationOfFlags(in) == Relation::Equal));
             else
                 call(&Machine::Operate, in);
             continue;
@@ -409,7 +417,7 @@ void Machine::Loop() {
             const Value& left = base[in.B];
             const Value& right = constants[in.C];
             if (areTexts(in, left, right))
-                PutFlag(a, SameText(left, right) == (RelationOfFlags(in) == Relation::Equal));
+                PutFlag(a, sameText(left, right) == (RelationOfFlags(in) == Relation::Equal));
             else
                 call(&Machine::CompareConstant, in);
             continue;
@@ -469,15 +477,15 @@ void Machine::Loop() {
         JumpDoubleLessOrEqual:
             jumpWhen(a.AsDouble() <= base[in.B].AsDouble());
             continue;
-        JumpTextEqual: jumpWhen(SameText(a, base[in.B])); continue;
-        JumpTextNotEqual: jumpWhen(!SameText(a, base[in.B])); continue;
+        JumpTextEqual: jumpWhen(sameText(a, base[in.B])); continue;
+        JumpTextNotEqual: jumpWhen(!sameText(a, base[in.B])); continue;
         JumpCompare: {
             const Value& right = base[in.B];
             bool holds = false;
             if (AreWhole(a, right)) {
                 holds = HoldsOfWhole(RelationOfFlags(in), a.AsLong(), right.AsLong());
             } else if (areTexts(in, a, right)) {
-                holds = SameText(a, right) == (RelationOfFlags(in) == Relation::Equal);
+                holds = sameText(a, right) == (RelationOfFlags(in) == Relation::Equal);
             } else {
                 m_at = pc - 1;
                 holds = SlowCompare(in, base);
@@ -489,7 +497,7 @@ void Machine::Loop() {
             const Value& right = constants[in.B];
             bool holds = false;
             if (areTexts(in, a, right)) {
-                holds = SameText(a, right) == (RelationOfFlags(in) == Relation::Equal);
+                holds = sameText(a, right) == (RelationOfFlags(in) == Relation::Equal);
             } else {
                 m_at = pc - 1;
                 holds = SlowCompareConstant(in, a);

@@ -112,6 +112,8 @@ void Machine::Invoke(Instruction in, Value* base) {
         else
             result = object.Invoke(member, site.Kind, Sorted(object, member, site, given));
     }
+    if (result.Type() == ValueType::Array)
+        Spend(result.AsArray()->Elements().size() / 4);
     for (std::size_t i = 0; i <= site.Arguments; ++i)
         first[i] = Value();
     if (in.A != kNoSlot)

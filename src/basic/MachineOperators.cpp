@@ -3,6 +3,8 @@
 #include "basic/Operators.h"
 #include "basic/ValueKinds.h"
 
+#include <algorithm>
+
 namespace dorvik::basic {
 
 namespace {
@@ -31,6 +33,13 @@ bool IsWhole(const Value& value) {
 
 std::size_t SizeOf(const Value& value) {
     return value.Type() == ValueType::String ? value.AsText().size() : 0;
+}
+
+/// Two texts are compared to the end of the shorter one at most; one that meets a number is read whole.
+std::size_t CostOfTexts(const Value& left, const Value& right) {
+    const bool areBoth = left.Type() == ValueType::String && right.Type() == ValueType::String;
+    return (areBoth ? std::min(SizeOf(left), SizeOf(right)) : SizeOf(left) + SizeOf(right)) /
+           kBytesOfAUnit;
 }
 
 }  // namespace
@@ -71,6 +80,7 @@ void Machine::Operate(Instruction in, Value* base) {
         (in.Flags & kLeftIsVariant) != 0,
         (in.Flags & kRightIsVariant) != 0,
         m_program->ComparesText};
+    Spend(CostOfTexts(base[in.B], base[in.C]));
     base[in.A] = Apply(OperatorOf(in), base[in.B], base[in.C], facts);
 }
 
@@ -78,6 +88,7 @@ void Machine::OperateUnary(Instruction in, Value* base) {
     const UnaryOperator which = in.Code == Opcode::Negate ? UnaryOperator::Negate
                                 : in.Code == Opcode::Plus ? UnaryOperator::Plus
                                                           : UnaryOperator::Not;
+    Spend(SizeOf(base[in.B]) / kBytesOfAUnit);
     base[in.A] = Apply(which, base[in.B], in.Flags != 0);
 }
 
@@ -86,11 +97,13 @@ bool Machine::SlowCompare(Instruction in, Value* base) {
         (in.Flags & kLeftIsVariant) != 0,
         (in.Flags & kRightIsVariant) != 0,
         m_program->ComparesText};
+    Spend(CostOfTexts(base[in.A], base[in.B]));
     return Holds(OperatorOf(in), base[in.A], base[in.B], facts);
 }
 
 bool Machine::SlowCompareConstant(Instruction in, const Value& left) {
     const OperandFacts facts{(in.Flags & kLeftIsVariant) != 0, false, m_program->ComparesText};
+    Spend(CostOfTexts(left, m_program->Constants[in.B]));
     return Holds(OperatorOf(in), left, m_program->Constants[in.B], facts);
 }
 

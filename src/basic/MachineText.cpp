@@ -11,6 +11,7 @@ namespace dorvik::basic {
 namespace {
 
 constexpr std::size_t kZone = 14;
+constexpr std::size_t kBytesOfAUnit = 64;  // of text that is looked at and copied
 constexpr std::int32_t kWidestGap = 32'767;
 
 /// What Debug.Print shows of a value.
@@ -39,6 +40,7 @@ void Machine::MidAssign(Instruction in, Value* base) {
     const std::int32_t start = base[in.A + 1].AsLong();
     const Value& length = base[in.A + 2];
     const std::string_view old = text.AsText();
+    Spend(old.size() / kBytesOfAUnit);
     const std::string_view part = base[in.A + 3].AsText();
     const bool hasLength = !length.IsMissing();
     const auto begin = static_cast<std::size_t>(std::int64_t{start} - 1);
@@ -52,13 +54,13 @@ void Machine::MidAssign(Instruction in, Value* base) {
     std::string changed(old.substr(0, from));
     changed += part.substr(0, modCharacters::Skip(part, count));
     changed += old.substr(to);
-    Spend(changed.size() / 64);
     text = Value::Text(std::move(changed));
 }
 
 void Machine::AlignText(Instruction in, Value* base) {
     Value& text = base[in.A];
     const std::string_view part = base[in.A + 1].AsText();
+    Spend((text.AsText().size() + part.size()) / kBytesOfAUnit);
     const std::size_t width = modCharacters::Count(text.AsText());
     const std::size_t count = modCharacters::Count(part);
     const std::string blanks(width > count ? width - count : 0, ' ');

@@ -25,9 +25,11 @@ void CheckUnlocked(const Value& variable) {
         RaiseError(runtimeerror::kArrayFixedOrLocked);
 }
 
-/// Arrays that are copied take their time.
+/// Arrays that are copied and texts that are read take their time.
 std::size_t CostOf(const Value& value) {
-    return value.Type() == ValueType::Array ? value.AsArray()->Elements().size() / 4 : 1;
+    if (value.Type() == ValueType::String)
+        return 1 + value.AsText().size() / 64;
+    return value.Type() == ValueType::Array ? 1 + value.AsArray()->Elements().size() / 4 : 1;
 }
 
 }  // namespace
@@ -91,7 +93,8 @@ void Machine::AssignVariantSlow(Instruction in, Value* base) {
     CheckUnlocked(base[in.A]);
     if (source.Type() == ValueType::Record || source.IsMissing())
         RaiseError(runtimeerror::kTypeMismatch);
-    Spend(CostOf(source));
+    if (source.Type() == ValueType::Array)
+        Spend(CostOf(source));
     base[in.A] =
         source.Type() == ValueType::Object ? LetValue(source) : Kept(source, in.Flags != 0);
 }
@@ -114,6 +117,8 @@ void Machine::CoerceKnown(Instruction in, Value* base) {
                               : in.Code == Opcode::CoerceDouble  ? DeclaredKind::Double
                               : in.Code == Opcode::CoerceBoolean ? DeclaredKind::Boolean
                                                                  : DeclaredKind::String;
+    if (kind != DeclaredKind::String)
+        Spend(CostOf(base[in.B]) - 1);
     base[in.A] = CoerceTo(base[in.B], kind);
 }
 
@@ -123,7 +128,8 @@ void Machine::Coerce(Instruction in, Value* base) {
 }
 
 void Machine::DeepCopy(Instruction in, Value* base) {
-    Spend(CostOf(base[in.B]));
+    if (base[in.B].Type() == ValueType::Array)
+        Spend(CostOf(base[in.B]));
     base[in.A] = Kept(base[in.B], in.Flags != 0);
 }
 
