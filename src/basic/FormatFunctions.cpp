@@ -92,9 +92,17 @@ std::string Formatted(const Value& value, std::string_view pattern, Arguments ar
     return FormatTextByPattern(pattern, isNull ? std::string() : ToText(value));
 }
 
+/// Formatting cannot be interrupted, so it must not take long.
+constexpr std::size_t kLongestPattern = std::size_t{64} << 10;
+
 Value Format(ScriptContext&, Arguments arguments) {
     const Value value = LetValue(ArgumentAt(arguments, 0));
     const TextArgument pattern(arguments, 1, "");
+    if (pattern.View().size() > kLongestPattern) {
+        RaiseLimit(
+            runtimeerror::kInvalidProcedureCall,
+            "the limit of " + std::to_string(kLongestPattern) + " bytes for a format was reached");
+    }
     return TextResult(Formatted(value, pattern.View(), arguments));
 }
 

@@ -16,6 +16,13 @@ std::vector<Value>& MembersOf(const Value& record) {
     return record.AsRecord()->Members();
 }
 
+/// Members read texts to their ends and make arrays for their results.
+std::size_t CostOf(const Value& value) {
+    if (value.Type() == ValueType::String)
+        return value.AsText().size() / 64;
+    return value.Type() == ValueType::Array ? value.AsArray()->Elements().size() / 4 : 0;
+}
+
 ScriptObject& ObjectOf(const Value& value) {
     if (value.Type() != ValueType::Object)
         RaiseError(runtimeerror::kObjectRequired);
@@ -93,6 +100,9 @@ void Machine::Invoke(Instruction in, Value* base) {
     const CallSite& site = m_program->Sites[in.Target()];
     Value* const first = base + in.C;
     const std::span<Value> given(first + 1, site.Arguments);
+    for (const Value& argument : given)
+        if (argument.Type() == ValueType::String)
+            Spend(CostOf(argument));
     Value result;
     if (first->Type() == ValueType::Array && site.Name.empty()) {
         if (!site.ArgumentNames.empty())
@@ -112,8 +122,7 @@ void Machine::Invoke(Instruction in, Value* base) {
         else
             result = object.Invoke(member, site.Kind, Sorted(object, member, site, given));
     }
-    if (result.Type() == ValueType::Array)
-        Spend(result.AsArray()->Elements().size() / 4);
+    Spend(CostOf(result));
     for (std::size_t i = 0; i <= site.Arguments; ++i)
         first[i] = Value();
     if (in.A != kNoSlot)

@@ -14,7 +14,7 @@ constexpr std::size_t kNone = std::string_view::npos;
 /// The longest text that is sought by trying every place.
 constexpr std::size_t kLongestTried = 32;
 /// How much is searched before the host is asked.
-constexpr std::size_t kWindow = 256 * 1024;
+constexpr std::size_t kWindow = 16 * 1024;
 
 bool ContinuesCharacter(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80;

@@ -176,6 +176,14 @@ TEST(RegExpPattern, MayBeAsLongAsItsLimitAndNoLonger) {
         "reached)\n");
 }
 
+TEST(FormatFunction, RefusesAFormatThatWouldTakeLong) {
+    EXPECT_EQ(
+        OutputOf("Debug.Print Len(Format(1, String(65536, \" \"))): x = Format(1, Space(65537))"),
+        " 65536 \nError 5: Invalid procedure call or argument (the limit of 65536 bytes for a "
+        "format "
+        "was reached)\n");
+}
+
 TEST(MidStatement, RefusesTheSmallestStartThereIs) {
     EXPECT_EQ(
         OutputOf("s = \"abc\": n = CLng(-2147483648#): Mid(s, n) = \"x\""),

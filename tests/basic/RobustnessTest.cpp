@@ -92,6 +92,8 @@ TEST(TimeLimit, ReachesLoopsOfSlowStatements) {
         {kText, "x = z < s"},
         {kText, "x = UCase(s)"},
         {kText, "x = Len(s)"},
+        {kText, "Err.Description = s"},
+        {kText + "t = LCase(Replace(s, \" \", \"a\"))\n", "x = InStr(1, t, \"aaaaab\", 1)"},
         {kText, "x = s Like \"*a\""},
         {kText + "z = \"*\" & Space(1000) & \"a\"", "x = s Like z"},
         {kText, "x = String(4000000, \"a\")"},
