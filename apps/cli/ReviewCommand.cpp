@@ -136,8 +136,8 @@ void TellUnusableRulebase(const std::string& rulebase, const RuleEngine& ruleEng
     const std::string shown = modConsole::ShownPath(rulebase);
     modConsole::PrintError(
         ruleEngine.LoadError().empty() ? "the rulebase '" + shown + "' cannot be read"
-                                       : "a script of the rulebase '" + shown +
-                                             "' does not compile: " + ruleEngine.LoadError());
+                                       : "the scripts of the rulebase '" + shown +
+                                             "' cannot be used: " + ruleEngine.LoadError());
 }
 
 /// Runs the review to its end, or until the user gives up.
@@ -210,6 +210,9 @@ ExitCode RunReview(const ReviewOptions& options) {
     manager.InitialiseReview(criteria);
     basic::ScriptLimits limits;
     limits.Milliseconds = static_cast<std::int32_t>(options.ScriptSeconds * 1000);
+    if (options.ScriptSeconds == 0) {
+        limits.Instructions = 0;
+    }
     manager.RuleEngine().SetLimits(limits);
     if (!LoadTolerances(*criteria)) {
         return ExitCode::NothingDone;

@@ -31,8 +31,8 @@ void CodingEnforcement::EnforceCodingConventions(const EventPlace& place) {
 }
 
 void CodingEnforcement::RunRule(CodingConvention& rule, const EventPlace& place) {
-    if (rule.Cancelled()) {
-        return;  // silent until its end event
+    if (rule.Cancelled() || m_ruleEngine.IsSwitchedOff(rule.RuleID())) {
+        return;  // silent until its end event, or for good
     }
     if (rule.PendingViolation()) {
         rule.SetTriggered(true);
@@ -52,7 +52,8 @@ void CodingEnforcement::RunRule(CodingConvention& rule, const EventPlace& place)
 }
 
 void CodingEnforcement::SettlePendingViolation(CodingConvention& rule, const EventPlace& place) {
-    if (!rule.Cancelled() && rule.Triggered()) {
+    const bool isDue = rule.Triggered() && !m_ruleEngine.IsSwitchedOff(rule.RuleID());
+    if (!rule.Cancelled() && isDue) {
         m_resultsManager.RaiseEndEventViolation(
             rule.ViolationDefinition(), place.OriginOf(rule), place.Event);
     } else {

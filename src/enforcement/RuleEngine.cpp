@@ -40,6 +40,10 @@ RuleEngine::~RuleEngine() {
 }
 
 bool RuleEngine::LoadScript(std::string_view filename, std::vector<basic::ScriptOrigin> origins) {
+    if (filename.empty()) {
+        m_loadError = "the module of the scripts cannot be written to the temporary folder";
+        return false;
+    }
     m_scriptFilename = filename;
     m_engine.SetOrigins(std::move(origins));
     m_engine.SetAcceptsModules(true);
@@ -58,14 +62,14 @@ bool RuleEngine::LoadScript(std::string_view filename, std::vector<basic::Script
 }
 
 ScriptResult RuleEngine::ExecuteRuleCondition(std::int32_t ruleId) {
-    ++m_ruleExecutionCount;
     m_result = ScriptResult::Nothing;
+    if (IsSwitchedOff(ruleId) || IsStopRequested()) {
+        return m_result;
+    }
+    ++m_ruleExecutionCount;
     if (!m_handler || !m_handler->IsReady()) {
         modLog::Log().LogEvent(
             "Script handler object is not defined.", "ExecuteRuleCondition", kModule);
-        return m_result;
-    }
-    if (!m_switchedOff.empty() && m_limitStops[ruleId] >= kStopsUntilSwitchedOff) {
         return m_result;
     }
     m_runningRule = ruleId;
@@ -121,7 +125,7 @@ void RuleEngine::CountLimitStop() {
 
 bool RuleEngine::OnDoEvents() {
     modHost::YieldToInput();
-    return !m_isStopRequested || !m_isStopRequested();
+    return !IsStopRequested();
 }
 
 void RuleEngine::OnDebugPrint(std::string_view line) {

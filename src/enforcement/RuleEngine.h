@@ -69,6 +69,10 @@ public:
     /// asked for until then.
     ScriptResult ExecuteRuleCondition(std::int32_t ruleId);
 
+    bool IsSwitchedOff(std::int32_t ruleId) const {
+        const auto stops = m_limitStops.find(ruleId);
+        return stops != m_limitStops.end() && stops->second >= kStopsUntilSwitchedOff;
+    }
     /// The rules that were switched off, as errors name them: "rule 12 (No GoTo)".
     const std::vector<std::string>& SwitchedOffRules() const { return m_switchedOff; }
 
@@ -97,6 +101,7 @@ private:
         std::string_view workfieldName,
         const basic::Value& value) override;
 
+    bool IsStopRequested() const { return m_isStopRequested && m_isStopRequested(); }
     ResultsManager& Results() const;
     /// Tells the log which rule failed, and where in its own script.
     void LogRuleOfAlert(const basic::ErrorAlert& alert);

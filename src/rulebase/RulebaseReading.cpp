@@ -9,11 +9,34 @@
 #include "rulebase/modRulebaseSchema.h"
 #include "rulebase/modSectionReading.h"
 
+#include <charconv>
+#include <cmath>
+#include <optional>
+#include <system_error>
+
 namespace dorvik {
 
 namespace schema = modRulebaseSchema;
 
 namespace {
+
+/// The leading number of a part of a list, rounded; nothing if it is too large for 32 bits.
+std::optional<std::int32_t> LeadingLong(std::string_view part) {
+    std::string number;
+    for (const char character : part) {
+        if (character != ' ') {
+            number += character == 'D' || character == 'd' ? 'E' : character;
+        }
+    }
+    number.erase(0, number.starts_with('+') ? 1 : 0);
+    double value = 0;
+    const auto read = std::from_chars(number.data(), number.data() + number.size(), value);
+    constexpr double kLimit = 2147483647;
+    const bool isTooLarge = read.ec == std::errc::result_out_of_range || std::isnan(value) ||
+                            value > kLimit || value < -kLimit;
+    return isTooLarge ? std::nullopt
+                      : std::optional(modText::RoundToLong(modText::LeadingNumber(part)));
+}
 
 constexpr std::int32_t kTextNode = 3;
 
@@ -184,13 +207,16 @@ void RulebaseReading::ReadToleranceLists(const KyXMLElement& section) {
             Tell(where, attribute, "the list has more than six parts");
         }
         for (const std::string_view part : parts) {
-            if (!modText::WholeNumber(modText::Trim(part)).has_value()) {
-                Tell(
-                    where,
-                    attribute,
-                    "'" + std::string(part) + "' is no whole number and would count as " +
-                        std::to_string(modText::RoundToLong(modText::LeadingNumber(part))));
+            if (modText::WholeNumber(modText::Trim(part)).has_value()) {
+                continue;
             }
+            const std::optional<std::int32_t> value = LeadingLong(part);
+            Tell(
+                where,
+                attribute,
+                "'" + std::string(part) + "' is no whole number and " +
+                    (value ? "would count as " + std::to_string(*value)
+                           : "is too large to be read"));
         }
     }
 }
@@ -433,8 +459,9 @@ void RulebaseReading::ReadReport() {
             const std::string rules =
                 Text(*element, "CategoryRuleList", section.Element).value_or("");
             for (const std::string_view part : modText::Split(rules, '|')) {
-                if (!part.empty()) {
-                    section.RuleIDs.push_back(modText::RoundToLong(modText::LeadingNumber(part)));
+                const std::optional<std::int32_t> number = LeadingLong(part);
+                if (!part.empty() && number) {
+                    section.RuleIDs.push_back(*number);
                 }
             }
         } else {

@@ -83,6 +83,7 @@ void ReviewRun::SetRules(const std::vector<KeywordRule>& rules) {
 SliceResult ReviewRun::Run(ReviewManager::ProgressHandler handler) {
     ReviewManager manager;
     manager.SetProgressHandler(std::move(handler));
+    manager.RuleEngine().SetLimits(m_limits);
     manager.InitialiseReview(m_criteria);
     return manager.ReviewTimeSlice(kWholeReview);
 }

@@ -50,6 +50,8 @@ public:
     void AddFile(const std::string& name, const std::string& text);
     void SetRules(const std::vector<KeywordRule>& rules);
 
+    /// What the scripts of the review may use up; the usual limits unless told.
+    void SetScriptLimits(const basic::ScriptLimits& limits) { m_limits = limits; }
     /// Runs the whole review.
     SliceResult Run(ReviewManager::ProgressHandler handler = {});
 
@@ -68,6 +70,7 @@ private:
     StandingClock m_clock;
     ScopedInstall<IClock> m_installedClock;
     std::shared_ptr<ReviewCriteria> m_criteria;
+    basic::ScriptLimits m_limits;
 };
 
 /// A module with one procedure of those body lines.

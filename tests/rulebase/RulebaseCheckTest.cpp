@@ -119,6 +119,22 @@ TEST(RulebaseCheck, ARulebaseWithoutRulesIsClean) {
     EXPECT_THAT(CheckText({}), IsEmpty());
 }
 
+TEST(RulebaseCheck, TellsAPartOfATolerancesListThatIsTooLargeToBeRead) {
+    for (const char* part : {"99999999999", "1e999", "1D999", "-99999999999"}) {
+        std::string text = RulebaseText().Text();
+        const std::size_t place = text.find("ToleranceCount=\"");
+        ASSERT_NE(place, std::string::npos);
+        const std::size_t start = place + std::string("ToleranceCount=\"").size();
+        text.replace(start, text.find('"', start) - start, std::string(part) + "|-1|-1|-1|-1|-1");
+        const test::CapturedLog log;
+        const test::TemporaryFolder folder;
+        RulebaseCheck check;
+        EXPECT_TRUE(check.Run(folder.Write("a.dvk", text)));
+        EXPECT_THAT(
+            TextsOf(check), ::testing::Contains(HasSubstr("is no whole number and is too large")));
+    }
+}
+
 TEST(RulebaseCheck, SaysWhyAFileCannotBeChecked) {
     EXPECT_THAT(ProblemOf("no XML at all"), HasSubstr("Start tag expected"));
     EXPECT_THAT(ProblemOf(""), ::testing::Not(IsEmpty()));
