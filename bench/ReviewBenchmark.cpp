@@ -1,22 +1,15 @@
 // Reviews a generated project and prints what that costs, beside well-known programs that read the
 // same files in the same run: wc (counts line ends), cloc (classifies lines), ctags (finds definitions).
 #include "MeasuredProcess.h"
+#include "MeasuredReview.h"
 #include "ProjectGenerator.h"
-#include "criteria/ReviewCriteria.h"
-#include "foundation/LogFile.h"
-#include "foundation/modLog.h"
 #include "platform/modFiles.h"
 #include "review/IProjectEventListener.h"
 #include "review/ProjectEventWalk.h"
-#include "review/ReviewManager.h"
-#include "rulebase/Rulebase.h"
-#include "settings/DVKWorkData.h"
-#include "settings/modGlobal.h"
 
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -48,25 +41,6 @@ bool WalkEvents(const std::string& projectFile) {
     }
     EventCounter counter;
     return ProjectEventWalk(project, counter).Run() && counter.Succeeded();
-}
-
-bool ReviewKeywords(const std::string& projectFile) {
-    modGlobal::CreateGlobalObjects();
-    modLog::Log().SetQuiet(true);
-    auto criteria = std::make_shared<ReviewCriteria>();
-    criteria->SetReportOption(0);
-    criteria->SetUseProjectFolderResults(true);
-    criteria->LoadCriteria().SetRulebaseFile(modGlobal::WorkData().LastRulebase());
-    criteria->LoadCriteria().SetUnauthorisedKeywords(true);
-    for (std::int32_t level = 1; level <= 5; ++level) {
-        criteria->LoadCriteria().SetSeverityLevel(level, true);
-    }
-    const auto project = std::make_shared<VirtualProject>();
-    project->SetFilename(projectFile);
-    criteria->ProjectList().Add(projectFile, project, true, true);
-    ReviewManager manager;
-    manager.InitialiseReview(criteria);
-    return manager.ReviewTimeSlice(kWholeReview) == SliceResult::Complete;
 }
 
 void PrintRow(
@@ -120,7 +94,10 @@ int Run(int lineCount) {
     PrintRow("cloc", MeasureProgram(WithFiles({"cloc", "--quiet"}, generator)), lines, wc);
     PrintRow("dorvik, all events", MeasureWork([&] { return WalkEvents(project); }), lines, wc);
     PrintRow(
-        "dorvik, keyword rules", MeasureWork([&] { return ReviewKeywords(project); }), lines, wc);
+        "dorvik, sample rulebase",
+        MeasureWork([&] { return ReviewProject(project, InstalledRulebase()); }),
+        lines,
+        wc);
     std::filesystem::remove_all(folder);
     return 0;
 }

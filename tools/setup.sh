@@ -7,7 +7,10 @@ readonly kBuildPackages=(
     libsqlite3-dev libpcre2-dev libxml2-dev libxslt1-dev rapidjson-dev libcli11-dev
 )
 # What the tests need on top.
-readonly kTestPackages=(libgtest-dev libgmock-dev ccache mold python3)
+readonly kTestPackages=(
+    libgtest-dev libgmock-dev ccache mold python3
+    chromium chromium-driver python3-selenium
+)
 # What the benchmarks measure against; a build works without.
 readonly kBenchPackages=(cloc universal-ctags liblua5.4-dev)
 

@@ -3,11 +3,13 @@
 #include "cli/Console.h"
 #include "cli/EventsCommand.h"
 #include "cli/ExitCode.h"
+#include "cli/ReportCommand.h"
 #include "cli/ResultsCommands.h"
 #include "cli/ReviewCommand.h"
 #include "cli/RuleAuthorCommands.h"
 #include "cli/ScriptCommands.h"
 #include "cli/ToleranceLimits.h"
+#include "cli/TypelibCommands.h"
 #include "foundation/LogFile.h"
 #include "foundation/modLog.h"
 #include "platform/ScopedInstall.h"
@@ -16,6 +18,7 @@
 #include "settings/modGlobal.h"
 
 #include <CLI/CLI.hpp>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -51,6 +54,52 @@ void AddCodePage(CLI::App& command, int& codePage) {
 }
 
 // The texts fit a terminal of 80 columns: at most 49 characters behind the column of names.
+
+void AddReportStyle(CLI::App& command, std::string& style) {
+    command.add_option("--report-style", style, "Of the pages: classic or modern (classic)")
+        ->type_name("NAME")
+        ->check(CLI::IsMember({ReportOptions::kClassic, ReportOptions::kModern}).description(""));
+}
+
+void AddReports(CLI::App& review, ReportOptions& options) {
+    CLI::Option* const detail =
+        review.add_option("--report", options.Detail, "Pages: none, summary or detailed (none)")
+            ->type_name("NAME")
+            ->check(CLI::IsMember(
+                        {ReportOptions::kNone, ReportOptions::kSummary, ReportOptions::kDetailed})
+                        .description(""));
+    review.add_option("--reports", options.Folder, "For the pages ('Dorvik' beside each project)")
+        ->type_name("FOLDER")
+        ->needs(detail);
+    AddReportStyle(review, options.Style);
+    review.get_option("--report-style")->needs(detail);
+    review.add_option("--batch-title", options.BatchTitle, "Of the page of all projects")
+        ->type_name("TEXT")
+        ->needs(detail);
+}
+
+void AddReport(
+    CLI::App& app,
+    ReportCommandOptions& options,
+    std::string& style,
+    std::function<ExitCode()>& chosen) {
+    CLI::App& report = *app.add_subcommand("report", "Write reports again from results databases");
+    report.add_option("DATABASE", options.Databases, "Results databases of finished reviews")
+        ->required()
+        ->type_name("");
+    report.add_flag("--detailed", options.Detailed, "Also a page for each source file");
+    report.add_option("--reports", options.Folder, "For the pages (beside each database)")
+        ->type_name("FOLDER");
+    AddReportStyle(report, style);
+    report.add_flag("--quiet", options.Quiet, "Print nothing but errors");
+    report.callback([&] {
+        options.Modern = style == ReportOptions::kModern;
+        chosen = [&options] {
+            return RunReport(options);
+        };
+    });
+}
+
 void AddReview(CLI::App& app, ReviewOptions& options, std::function<ExitCode()>& chosen) {
     CLI::App& review = *app.add_subcommand("review", "Review projects against a rulebase");
     review.add_option("PATH", options.Paths, "Project files, project groups, folders to search")
@@ -62,6 +111,7 @@ void AddReview(CLI::App& app, ReviewOptions& options, std::function<ExitCode()>&
         .add_option(
             "--results", options.ResultsFolder, "For results ('Dorvik' beside each project)")
         ->type_name("FOLDER");
+    AddReports(review, options.Reports);
     review.add_flag("--clear-log", options.ClearLog, "Empty each project's review log first");
     review.add_option("--conventions", options.Conventions, "Kinds of rule: ac,ar,cc,nc,uk (all)")
         ->type_name("LIST")
@@ -77,11 +127,23 @@ void AddReview(CLI::App& app, ReviewOptions& options, std::function<ExitCode()>&
         .add_option("--script-seconds", options.ScriptSeconds, "Stop a script that runs longer (5)")
         ->type_name("NUMBER")
         ->check(CLI::Range(0.0, 2'000'000.0).description(""));
+    review
+        .add_option(
+            "--script-instructions",
+            options.ScriptInstructions,
+            "Stop a script that takes more (50000000)")
+        ->type_name("NUMBER")
+        ->check(CLI::Range(std::int64_t{0}, std::int64_t{1'000'000'000'000}).description(""));
     review.add_option("--tolerance", options.Tolerances, "Set (CVC=0) or clear (CVC=none) a limit")
         ->type_name("NAME=N")
         ->delimiter(',')
         ->allow_extra_args(false)
         ->check(modToleranceLimits::Check);
+    review
+        .add_option(
+            "--type-libraries", options.TypeLibraries, "Folders with type libraries (repeatable)")
+        ->type_name("DIR")
+        ->allow_extra_args(false);
     AddCodePage(review, options.CodePage);
     review.add_flag("--progress", options.Progress, "Show progress also without a terminal");
     review.add_flag("--quiet", options.Quiet, "Print nothing but errors");
@@ -169,14 +231,19 @@ int RunCommandLine(int argc, char** argv) {
     std::function<ExitCode()> chosen;
     ReviewOptions review;
     EventsOptions events;
+    ReportCommandOptions report;
+    std::string reportStyle = ReportOptions::kClassic;
     RuleAuthorCommands ruleAuthor;
     ResultsCommands results;
     ScriptCommands scripts;
+    TypelibCommands typelib;
     AddReview(app, review, chosen);
     results.AddTo(app, chosen);
+    AddReport(app, report, reportStyle, chosen);
     AddEvents(app, events, chosen);
     ruleAuthor.AddTo(app, chosen);
     scripts.AddTo(app, chosen);
+    typelib.AddTo(app, chosen);
     const NamedCommand named = ReadCommand(app, argc, argv);
     if (!named.Wrong.empty()) {
         const bool atTop = named.Path == app.get_name();

@@ -18,9 +18,13 @@ std::string ProjectStatusText(std::string_view filename, ProjectLoadStatus statu
     return "the project " + name + " could not be reviewed";
 }
 
-std::string SourceFileStatusText(std::string_view filename, SourceFileStatus status) {
-    const std::string name = "'" + modConsole::ShownPath(filename) + "'";
-    switch (status) {
+std::string SourceFileStatusText(const UnreviewedFile& file) {
+    const std::string name = "'" + modConsole::ShownPath(file.Filename) + "'";
+    if (!file.IsStored) {
+        return "the results of the source file " + name +
+               " could not be stored; the review log says why (a quote in a path is one reason)";
+    }
+    switch (file.Status) {
         case SourceFileStatus::NotFound: return "the source file " + name + " does not exist";
         case SourceFileStatus::UnexpectedError:
             return "the source file " + name + " cannot be opened";

@@ -12,6 +12,6 @@ namespace dorvik {
 std::string ProjectStatusText(std::string_view filename, ProjectLoadStatus status);
 
 /// The sentence for a source file that was not, or not wholly, reviewed.
-std::string SourceFileStatusText(std::string_view filename, SourceFileStatus status);
+std::string SourceFileStatusText(const UnreviewedFile& file);
 
 }  // namespace dorvik

@@ -6,9 +6,12 @@
 #include "cli/ProgressLine.h"
 #include "cli/ProjectFinder.h"
 #include "cli/ProjectStatusText.h"
+#include "cli/ReviewReports.h"
 #include "cli/ReviewSummary.h"
 #include "cli/ToleranceLimits.h"
+#include "cli/TypeLibrarySettings.h"
 #include "criteria/ReviewCriteria.h"
+#include "foundation/modLog.h"
 #include "platform/ScopedInstall.h"
 #include "platform/modFiles.h"
 #include "results/modResultsFilename.h"
@@ -19,6 +22,7 @@
 #include "settings/modGlobal.h"
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <memory>
 
@@ -65,7 +69,6 @@ std::shared_ptr<ReviewCriteria> MakeCriteria(
     const std::string& resultsFolder) {
     auto criteria = std::make_shared<ReviewCriteria>();
     criteria->SetReviewType(ReviewType_Batch);
-    criteria->SetReportOption(0);
     criteria->SetClearLogBeforeReview(options.ClearLog);
     criteria->SetUseProjectFolderResults(resultsFolder.empty());
     criteria->SetFixedFolderResults(resultsFolder);
@@ -123,12 +126,27 @@ bool LoadTolerances(ReviewCriteria& criteria) {
 
 /// Says which rules were given up on the way.
 void TellSwitchedOffRules(const RuleEngine& ruleEngine) {
-    for (const std::string& rule : ruleEngine.SwitchedOffRules()) {
+    for (const RuleEngine::SwitchedOffRule& rule : ruleEngine.SwitchedOffRules()) {
         modConsole::PrintError(
-            rule + " was switched off, because its script was stopped " +
-            std::to_string(RuleEngine::kStopsUntilSwitchedOff) +
+            rule.Name + " was switched off, because its " + std::string(rule.What) +
+            " was stopped " + std::to_string(RuleEngine::kStopsUntilSwitchedOff) +
             " times at a limit; the review log says where");
     }
+}
+
+/// Says that the log misses lines.
+void TellUnwrittenLog() {
+    std::string why = modLog::FirstUnwritten();
+    if (why.empty()) {
+        return;
+    }
+    // It ends in the path of the log, in the program's form.
+    const std::size_t quote = why.find('\'');
+    if (quote != std::string::npos && why.back() == '\'') {
+        const std::string path = why.substr(quote + 1, why.size() - quote - 2);
+        why.replace(quote + 1, path.size(), modConsole::ShownPath(path));
+    }
+    modConsole::PrintError("a log misses lines: " + why);
 }
 
 /// Says why the review could not begin: nothing but its rulebase can be the reason.
@@ -158,7 +176,8 @@ SliceResult Drive(ReviewManager& manager, const ReviewOptions& options) {
 }
 
 /// Says what could not be reviewed. False if there was anything.
-bool TellFailures(ReviewCriteria& criteria, const ReviewSummary& summary) {
+bool TellFailures(
+    ReviewCriteria& criteria, const ReviewSummary& summary, const ReviewReports& reports) {
     bool complete = summary.WithoutResults().empty();
     for (const ReviewSummary::MissingResults& missing : summary.WithoutResults()) {
         modConsole::PrintError(
@@ -174,16 +193,22 @@ bool TellFailures(ReviewCriteria& criteria, const ReviewSummary& summary) {
             complete = false;
         }
         for (const UnreviewedFile& file : project.UnreviewedFiles()) {
-            modConsole::PrintError(SourceFileStatusText(file.Filename, file.Status));
+            modConsole::PrintError(SourceFileStatusText(file));
             complete = false;
         }
     }
-    return complete;
+    return reports.TellFailures(criteria) && complete;
 }
 
 }  // namespace
 
 ExitCode RunReview(const ReviewOptions& options) {
+    if (options.Reports.IsModern() && !options.Reports.BatchTitle.empty()) {
+        modConsole::PrintError(
+            "--batch-title is about a page that only the classic style has (see 'dorvik review "
+            "--help')");
+        return ExitCode::NothingDone;
+    }
     modFiles::SetNameCodePage(options.CodePage);
     FoundProjects found = modProjectFinder::FindProjects(options.Paths, options.CodePage);
     const std::string resultsFolder = options.ResultsFolder.empty()
@@ -206,11 +231,21 @@ ExitCode RunReview(const ReviewOptions& options) {
 
     const std::shared_ptr<ReviewCriteria> criteria =
         MakeCriteria(options, filenames, resultsFolder);
+    ReviewReports reports(
+        options.Reports,
+        options.Reports.Folder.empty() ? std::string()
+                                       : InnerPath(options.Reports.Folder, options.CodePage));
+    reports.FillCriteria(*criteria, options.Paths, filenames);
+    TypeLibraryStore typeLibraries(modTypeLibrarySettings::Places(options.TypeLibraries));
     ReviewManager manager;
+    manager.SetTypeLibraries(&typeLibraries);
     manager.InitialiseReview(criteria);
     basic::ScriptLimits limits;
-    limits.Milliseconds = static_cast<std::int32_t>(options.ScriptSeconds * 1000);
-    if (options.ScriptSeconds == 0) {
+    // Up, so that a limit is never rounded to none.
+    limits.Milliseconds = static_cast<std::int32_t>(std::ceil(options.ScriptSeconds * 1000));
+    if (options.ScriptInstructions) {
+        limits.Instructions = *options.ScriptInstructions;
+    } else if (options.ScriptSeconds == 0) {
         limits.Instructions = 0;
     }
     manager.RuleEngine().SetLimits(limits);
@@ -220,7 +255,10 @@ ExitCode RunReview(const ReviewOptions& options) {
     modToleranceLimits::Apply(options.Tolerances, criteria->Tolerances());
     const SliceResult result = Drive(manager, options);
     if (result == SliceResult::Aborted) {
-        modConsole::PrintError("interrupted; the project at hand has no results");
+        modConsole::PrintError(
+            manager.ReportsCancelled()
+                ? "interrupted; the results are complete, but the report at hand was not written"
+                : "interrupted; the project at hand has no results");
         return ExitCode::Interrupted;
     }
     if (result == SliceResult::Failed) {
@@ -229,11 +267,17 @@ ExitCode RunReview(const ReviewOptions& options) {
     }
 
     ReviewSummary summary(*criteria);
+    reports.Finish(*criteria, manager.Reports());
     if (!options.Quiet) {
         summary.Print();
+        reports.Print();
     }
     TellSwitchedOffRules(manager.RuleEngine());
-    const bool complete = TellFailures(*criteria, summary) && found.Errors.empty();
+    TellUnwrittenLog();
+    if (const TypeCatalogue* const catalogue = typeLibraries.LoadedCatalogue()) {
+        modTypeLibrarySettings::TellFaults(*catalogue);
+    }
+    const bool complete = TellFailures(*criteria, summary, reports) && found.Errors.empty();
     if (summary.ReviewedProjects() == 0) {
         return ExitCode::NothingDone;
     }

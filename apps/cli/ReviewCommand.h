@@ -1,9 +1,11 @@
 #pragma once
 
 #include "cli/ExitCode.h"
+#include "cli/ReportOptions.h"
 #include "platform/modEncoding.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,12 +13,16 @@ namespace dorvik {
 
 struct ReviewOptions {
     std::vector<std::string> Paths;
-    std::string RulebaseFile;              // empty: the sample rulebase
-    std::string ResultsFolder;             // empty: beside each project
+    std::string RulebaseFile;   // empty: the sample rulebase
+    std::string ResultsFolder;  // empty: beside each project
+    ReportOptions Reports;
     std::vector<std::string> Conventions;  // empty: all kinds
     std::vector<std::int32_t> Severities;  // empty: all levels
     double ScriptSeconds = 5;              // a script that runs longer is stopped; 0: no limit
-    std::vector<std::string> Tolerances;   // "CVC=0", "PC=none", over those of the rulebase
+    /// A script that takes more is stopped; 0: no limit. Without: the engine's own, if seconds are limited.
+    std::optional<std::int64_t> ScriptInstructions;
+    std::vector<std::string> Tolerances;     // "CVC=0", "PC=none", over those of the rulebase
+    std::vector<std::string> TypeLibraries;  // folders to look for type libraries in
     int CodePage = modEncoding::kDefaultCodePage;
     bool ClearLog = false;
     bool Progress = false;

@@ -63,6 +63,7 @@ void EventActions::Execute(ParserEvent event, bool parserActive) {
 
 void EventActions::EnforceRules(const EventPlace& place) {
     const RulebaseLoadCriteria& active = m_criteria.LoadCriteria();
+    m_ruleEngine.BeginEvent();
     if (place.Event == ParserEvent::Component) {
         if (active.AuthorisedComponents()) {
             m_authorisation.EnforceAuthorisedComponents();

@@ -2,7 +2,9 @@
 
 #include "base/modText.h"
 #include "enforcement/RuleEngine.h"
+#include "foundation/Trap.h"
 #include "rulebase/Rulebase.h"
+#include "rulebase/modRuleFacts.h"
 
 namespace dorvik {
 
@@ -33,12 +35,29 @@ void KeywordEnforcement::EnforceUnauthorisedKeywords(const EventPlace& place) {
     const std::string_view statement = modText::TrimLeft(state.StrippedSourceStatement());
     const ByteSet bytes(statement);
     for (KeywordTest& keyword : keywords) {
+        if (m_ruleEngine.IsSwitchedOff(keyword.Rule->RuleID())) {
+            continue;
+        }
         state.SetCurrentRuleID(keyword.RuleID);
         m_ruleEngine.IncrementRuleExecutionCount();
-        if (keyword.Expression.Test(statement, bytes)) {
+        if (IsMatch(keyword, statement, bytes)) {
             Raise(*keyword.Rule, place);
         }
     }
+}
+
+bool KeywordEnforcement::IsMatch(
+    KeywordTest& keyword, std::string_view statement, const ByteSet& bytes) {
+    bool isMatch = false;
+    Explain(
+        [&] { isMatch = keyword.Expression.Test(statement, bytes); },
+        [&] {
+            if (!keyword.Expression.IsMalformed()) {
+                m_ruleEngine.CountPatternStop(*keyword.Rule);
+            }
+            return " in " + modRuleFacts::NameOf(*keyword.Rule);
+        });
+    return isMatch;
 }
 
 void KeywordEnforcement::Raise(const IRule& rule, const EventPlace& place) {

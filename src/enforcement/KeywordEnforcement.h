@@ -5,6 +5,7 @@
 
 #include <array>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace dorvik {
@@ -23,7 +24,7 @@ public:
         : m_rulebase(rulebase), m_ruleEngine(ruleEngine), m_resultsManager(resultsManager) {}
 
     /// Tests all keywords assigned to the event against the current statement. A malformed pattern
-    /// raises its error and ends the list.
+    /// raises its error and ends the list; so does one that takes too long, which the rule engine counts.
     void EnforceUnauthorisedKeywords(const EventPlace& place);
 
 private:
@@ -39,6 +40,7 @@ private:
     };
 
     std::vector<KeywordTest>& KeywordsOf(ParserEvent event);
+    bool IsMatch(KeywordTest& keyword, std::string_view statement, const ByteSet& bytes);
     void Raise(const IRule& rule, const EventPlace& place);
 
     const Rulebase& m_rulebase;

@@ -2,6 +2,7 @@
 
 #include "base/BasicError.h"
 #include "base/modTextCase.h"
+#include "enforcement/ResultsManager.h"
 #include "foundation/Trap.h"
 #include "platform/modHost.h"
 #include "source/VirtualSourceFile.h"
@@ -103,7 +104,8 @@ TypeKind NamingConventionHelper::DetermineTypeKind(
 NamingResult NamingConventionHelper::TestPattern(
     std::string_view text, std::string_view pattern, bool caseSensitive, std::string* match) {
     auto result = NamingResult::NoMatch;
-    const bool tested = Trap({kModule, "TestPattern"}, [&] {
+    m_wasGivenUp = false;
+    const auto test = [&] {
         m_expression.SetPattern(pattern);
         m_expression.SetIgnoreCase(!caseSensitive);
         if (match == nullptr) {
@@ -113,8 +115,17 @@ NamingResult NamingConventionHelper::TestPattern(
             result = NamingResult::Success;
         }
         m_expression.SetIgnoreCase(false);
-    });
+    };
+    const bool tested =
+        Trap({kModule, "TestPattern"}, [&] { Explain(test, [&] { return DetailOfFailure(); }); });
     return tested ? result : NamingResult::TestFailed;
+}
+
+std::string NamingConventionHelper::DetailOfFailure() {
+    m_wasGivenUp = !m_expression.IsMalformed();
+    const std::string rule =
+        m_resultsManager != nullptr ? m_resultsManager->ParserState().CurrentRuleID() : "";
+    return rule.empty() ? std::string() : " in rule " + rule;
 }
 
 }  // namespace dorvik

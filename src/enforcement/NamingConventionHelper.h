@@ -82,6 +82,8 @@ public:
     /// match is not wanted.
     NamingResult TestPattern(
         std::string_view text, std::string_view pattern, bool caseSensitive, std::string* match);
+    /// True if the last test took too long and was given up.
+    bool WasGivenUp() const { return m_wasGivenUp; }
 
     // Each leaves its tag readable as a property of "NamingConvention".
     NamingResult
@@ -104,6 +106,8 @@ private:
     const std::string* DataTypeTag(const std::string& dataType, std::string_view file) const;
     const std::string* TagOfKind(TypeKind kind, const std::string& programId) const;
     std::string PropertyText(std::string_view objectName, std::string_view propertyName);
+    /// Why a test failed, for the log: the rule at hand. Notes whether it was given up.
+    std::string DetailOfFailure();
     TypeKind KindInLibrary(const VirtualTypeLibrary& library, std::string_view name) const;
 
     VirtualNameTable m_nameTable;
@@ -112,6 +116,7 @@ private:
     const dorvik::Rulebase* m_rulebase = nullptr;
     std::string m_projectName;
     RegularExpression m_expression;
+    bool m_wasGivenUp = false;
 };
 
 }  // namespace dorvik

@@ -53,6 +53,9 @@ void NamingEnforcement::ApplyObjectNamingConventions(
     for (std::int32_t index = 1; index <= rules->Count(); ++index) {
         Trap({kModule, "ApplyObjectNamingConventions"}, [&] {
             NamingConvention& rule = *rules->Item(index);
+            if (m_ruleEngine.IsSwitchedOff(rule.RuleID())) {
+                return;
+            }
             m_resultsManager.ParserState().SetCurrentRuleID(std::to_string(rule.RuleID()));
             if (rule.Condition().empty() ||
                 m_ruleEngine.ExecuteRuleCondition(rule.RuleID()) == ScriptResult::ApplyConvention) {
@@ -97,12 +100,8 @@ const ViolationDefinition* NamingEnforcement::FailedTest(
     };
     std::string prefixMatch;
     if (rule.PrefixActive()) {
-        const NamingResult result = TestAffix(
-            place,
-            objectName,
-            name,
-            {rule.PrefixItems(), "^", "", rule.CaseSensitive()},
-            prefixMatch);
+        const NamingResult result =
+            TestAffix(place, objectName, name, rule, {rule.PrefixItems(), "^", ""}, prefixMatch);
         if (result != NamingResult::Success) {
             return result == NamingResult::UnknownControl ? &unknownControl
                                                           : failWith(rule.PrefixAdvice());
@@ -110,12 +109,8 @@ const ViolationDefinition* NamingEnforcement::FailedTest(
     }
     std::string suffixMatch;
     if (rule.SuffixActive()) {
-        const NamingResult result = TestAffix(
-            place,
-            objectName,
-            name,
-            {rule.SuffixItems(), "", "$", rule.CaseSensitive()},
-            suffixMatch);
+        const NamingResult result =
+            TestAffix(place, objectName, name, rule, {rule.SuffixItems(), "", "$"}, suffixMatch);
         if (result != NamingResult::Success) {
             return result == NamingResult::UnknownControl ? &unknownControl
                                                           : failWith(rule.SuffixAdvice());
@@ -135,6 +130,7 @@ NamingResult NamingEnforcement::TestAffix(
     const EventPlace& place,
     std::string_view objectName,
     std::string_view name,
+    const NamingConvention& rule,
     const Affix& affix,
     std::string& match) {
     std::string pattern;
@@ -148,7 +144,7 @@ NamingResult NamingEnforcement::TestAffix(
         return NamingResult::Success;
     }
     pattern.insert(0, affix.Before).append(affix.Behind);
-    const NamingResult tested = m_helper.TestPattern(name, pattern, affix.CaseSensitive, &match);
+    const NamingResult tested = Test(rule, name, pattern, &match);
     return tested == NamingResult::NoMatch ? tested : NamingResult::Success;
 }
 
@@ -160,8 +156,19 @@ bool NamingEnforcement::BodyPasses(std::string_view body, const NamingConvention
     }
     // The pattern stands as it is, without anchors: it may match anywhere.
     return body.empty() || rule.BodyPattern().empty() ||
-           m_helper.TestPattern(body, rule.BodyPattern(), rule.CaseSensitive(), nullptr) !=
-               NamingResult::NoMatch;
+           Test(rule, body, rule.BodyPattern(), nullptr) != NamingResult::NoMatch;
+}
+
+NamingResult NamingEnforcement::Test(
+    const NamingConvention& rule,
+    std::string_view text,
+    std::string_view pattern,
+    std::string* match) {
+    const NamingResult result = m_helper.TestPattern(text, pattern, rule.CaseSensitive(), match);
+    if (m_helper.WasGivenUp()) {
+        m_ruleEngine.CountPatternStop(rule);
+    }
+    return result;
 }
 
 }  // namespace dorvik

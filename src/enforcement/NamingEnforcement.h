@@ -56,7 +56,6 @@ private:
         const ObjectArrayList<PrefixSuffixItem>& Items;
         std::string_view Before;
         std::string_view Behind;
-        bool CaseSensitive;
     };
 
     /// `Success` also for what cannot be tested; otherwise `NoMatch` or `UnknownControl`.
@@ -64,8 +63,15 @@ private:
         const EventPlace& place,
         std::string_view objectName,
         std::string_view name,
+        const NamingConvention& rule,
         const Affix& affix,
         std::string& match);
+    /// Tests a text against a pattern of the rule; null for `match`: it is not wanted.
+    NamingResult Test(
+        const NamingConvention& rule,
+        std::string_view text,
+        std::string_view pattern,
+        std::string* match);
     bool BodyPasses(std::string_view body, const NamingConvention& rule);
     bool
     FindProperty(std::string_view objectName, std::string_view propertyName, std::string& text);
@@ -74,12 +80,14 @@ private:
     PropertyIs(std::string_view objectName, std::string_view propertyName, std::string_view text);
     bool IsPublic(std::string_view objectName);
 
-    void ApplyToConst(const EventPlace& place);
-    void ApplyToVariable(const EventPlace& place);
-    void ApplyToLocalVariable(const EventPlace& place);
-    void ApplyToProcedure(const EventPlace& place);
-    void ApplyToFile(const EventPlace& place);
-    void ApplyToForm(const EventPlace& place);
+    bool HasRulesFor(ObjectType type) const;
+    // Whether the object in scope is of that type, one of those that the event can stand for.
+    bool IsOfType(ParserEvent event, ObjectType type);
+    bool IsVariableOfType(ObjectType type);
+    bool IsLocalVariableOfType(ObjectType type);
+    bool IsProcedureOfType(ObjectType type);
+    bool IsFileOfType(ObjectType type);
+    bool IsFormOfType(ObjectType type);
 
     Rulebase& m_rulebase;
     RuleEngine& m_ruleEngine;

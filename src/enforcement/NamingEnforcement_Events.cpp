@@ -2,95 +2,80 @@
 #include "enforcement/NamingEnforcement.h"
 #include "foundation/Trap.h"
 #include "parser/ScopeName.h"
+#include "rulebase/Rulebase.h"
+#include "rulebase/modNamingEvents.h"
 
+#include <algorithm>
 #include <array>
-#include <span>
 
 namespace dorvik {
 
 namespace {
 
-/// An event that always stands for the same kinds of object.
-struct EventObjects {
-    ParserEvent Event;
-    std::string_view ObjectName;
-    ObjectType First;
-    ObjectType Second;  // the same as the first: there is no second
-    bool EndEvent;
-};
-
-constexpr EventObjects
-One(ParserEvent event, std::string_view name, ObjectType type, bool endEvent = false) {
-    return {event, name, type, type, endEvent};
-}
-
-constexpr EventObjects Argument(ParserEvent event, ObjectType second) {
-    return {event, scopename::kArgument, ObjectType::Argument, second, false};
-}
-
-constexpr std::array kPlainEvents{
-    One(ParserEvent::Control, scopename::kControl, ObjectType::Control),
-    One(ParserEvent::Declare, scopename::kDeclare, ObjectType::Declare),
-    Argument(ParserEvent::DeclareArgument, ObjectType::DeclareArgument),
-    One(ParserEvent::EnumElement, scopename::kEnumElement, ObjectType::EnumElement),
-    One(ParserEvent::EndEnum, scopename::kEnum, ObjectType::Enum, true),
-    One(ParserEvent::Event, scopename::kEvent, ObjectType::Event),
-    Argument(ParserEvent::EventArgument, ObjectType::EventArgument),
-    One(ParserEvent::TypeElement, scopename::kTypeElement, ObjectType::TypeElement),
-    One(ParserEvent::EndType, scopename::kType, ObjectType::Type, true),
-    Argument(ParserEvent::ProcedureArgument, ObjectType::ProcedureArgument),
-    EventObjects{
-        ParserEvent::LocalConst,
-        scopename::kConst,
-        ObjectType::Const,
-        ObjectType::LocalConst,
-        false},
-    One(ParserEvent::LineLabel, scopename::kLineLabel, ObjectType::LineLabel),
-    One(ParserEvent::EndProject, scopename::kProject, ObjectType::Project, true),
-};
-
-struct FileObjects {
+struct FileKind {
     std::string_view Type;
     ObjectType Object;
 };
 
-constexpr std::array kFileObjects{
-    FileObjects{"Form", ObjectType::FormFile},
-    FileObjects{"MDIForm", ObjectType::FormFile},
-    FileObjects{"MDIForm", ObjectType::MDIFormFile},
-    FileObjects{"Module", ObjectType::ModuleFile},
-    FileObjects{"Class", ObjectType::ClassFile},
-    FileObjects{"Designer", ObjectType::DesignerFile},
-    FileObjects{"UserControl", ObjectType::UserControlFile},
-    FileObjects{"PropertyPage", ObjectType::PropertyPageFile},
-    FileObjects{"UserDocument", ObjectType::UserDocumentFile},
+constexpr std::array kFileKinds{
+    FileKind{"Form", ObjectType::FormFile},
+    FileKind{"MDIForm", ObjectType::FormFile},
+    FileKind{"MDIForm", ObjectType::MDIFormFile},
+    FileKind{"Module", ObjectType::ModuleFile},
+    FileKind{"Class", ObjectType::ClassFile},
+    FileKind{"Designer", ObjectType::DesignerFile},
+    FileKind{"UserControl", ObjectType::UserControlFile},
+    FileKind{"PropertyPage", ObjectType::PropertyPageFile},
+    FileKind{"UserDocument", ObjectType::UserDocumentFile},
 };
+
+/// At the end of a whole object a violation is told at its start.
+bool IsEndOfObject(ParserEvent event) {
+    return event == ParserEvent::EndEnum || event == ParserEvent::EndType ||
+           event == ParserEvent::EndProcedure || event == ParserEvent::EndFile ||
+           event == ParserEvent::EndProject;
+}
 
 }  // namespace
 
 void NamingEnforcement::EnforceNamingConventions(const EventPlace& place) {
     Trap({"C_VB6ProjectReview", "EnforceNamingConventions"}, [&] {
+        EventPlace here = place;
         if (place.Event == ParserEvent::EndLayout) {
-            ApplyToForm(place);
-        } else if (place.Event == ParserEvent::Const) {
-            ApplyToConst(place);
-        } else if (place.Event == ParserEvent::Variable) {
-            ApplyToVariable(place);
-        } else if (place.Event == ParserEvent::LocalVariable) {
-            ApplyToLocalVariable(place);
-        } else if (place.Event == ParserEvent::EndProcedure) {
-            ApplyToProcedure(place);
-        } else if (place.Event == ParserEvent::EndFile) {
-            ApplyToFile(place);
-        } else if (const auto* row =
-                       std::ranges::find(kPlainEvents, place.Event, &EventObjects::Event);
-                   row != kPlainEvents.end()) {
-            ApplyObjectNamingConventions(place, row->ObjectName, row->First, row->EndEvent);
-            if (row->Second != row->First) {
-                ApplyObjectNamingConventions(place, row->ObjectName, row->Second, row->EndEvent);
+            here.LocationMember = "(Declarations)";
+        }
+        for (const NamingEventRow& row : modNamingEvents::At(place.Event)) {
+            if (HasRulesFor(row.Type) && IsOfType(place.Event, row.Type)) {
+                ApplyObjectNamingConventions(
+                    here, row.ObjectName, row.Type, IsEndOfObject(place.Event));
             }
         }
     });
+}
+
+bool NamingEnforcement::HasRulesFor(ObjectType type) const {
+    const RuleLists& rules = std::as_const(m_rulebase).RuleLists();
+    return rules.ObjectNCList(static_cast<std::int32_t>(type)) != nullptr;
+}
+
+bool NamingEnforcement::IsOfType(ParserEvent event, ObjectType type) {
+    if (event == ParserEvent::EndLayout) {
+        return IsFormOfType(type);
+    }
+    if (event == ParserEvent::Const) {
+        return type == ObjectType::Const ||
+               IsPublic(scopename::kConst) == (type == ObjectType::PublicConst);
+    }
+    if (event == ParserEvent::Variable) {
+        return IsVariableOfType(type);
+    }
+    if (event == ParserEvent::LocalVariable) {
+        return IsLocalVariableOfType(type);
+    }
+    if (event == ParserEvent::EndProcedure) {
+        return IsProcedureOfType(type);
+    }
+    return event != ParserEvent::EndFile || IsFileOfType(type);
 }
 
 bool NamingEnforcement::PropertyIs(
@@ -103,75 +88,60 @@ bool NamingEnforcement::IsPublic(std::string_view objectName) {
     return modTextCase::Equal(scope, "Global") || modTextCase::Equal(scope, "Public");
 }
 
-void NamingEnforcement::ApplyToConst(const EventPlace& place) {
-    ApplyObjectNamingConventions(place, scopename::kConst, ObjectType::Const, false);
-    const ObjectType second =
-        IsPublic(scopename::kConst) ? ObjectType::PublicConst : ObjectType::PrivateConst;
-    ApplyObjectNamingConventions(place, scopename::kConst, second, false);
-}
-
-void NamingEnforcement::ApplyToVariable(const EventPlace& place) {
+bool NamingEnforcement::IsVariableOfType(ObjectType type) {
+    if (type == ObjectType::Variable) {
+        return true;
+    }
     const bool withEvents = PropertyIs(scopename::kVariable, "IsWithEvents", "True");
-    const bool isPublic = IsPublic(scopename::kVariable);
-    const auto apply = [&](ObjectType type) {
-        ApplyObjectNamingConventions(place, scopename::kVariable, type, false);
-    };
-    apply(ObjectType::Variable);
-    if (withEvents) {
-        apply(ObjectType::WithEventsVariable);
-        apply(
-            isPublic ? ObjectType::PublicWithEventsVariable
-                     : ObjectType::PrivateWithEventsVariable);
-    } else {
-        apply(ObjectType::NoWithEventsVariable);
-        apply(isPublic ? ObjectType::PublicVariable : ObjectType::PrivateVariable);
+    const bool isOfEvents = type == ObjectType::WithEventsVariable ||
+                            type == ObjectType::PublicWithEventsVariable ||
+                            type == ObjectType::PrivateWithEventsVariable;
+    if (withEvents != isOfEvents || type == ObjectType::WithEventsVariable ||
+        type == ObjectType::NoWithEventsVariable) {
+        return withEvents == isOfEvents;
     }
+    const bool isOfPublic =
+        type == ObjectType::PublicVariable || type == ObjectType::PublicWithEventsVariable;
+    return IsPublic(scopename::kVariable) == isOfPublic;
 }
 
-void NamingEnforcement::ApplyToLocalVariable(const EventPlace& place) {
-    const bool isStatic = PropertyIs(scopename::kVariable, "IsStatic", "True");
-    for (const ObjectType type :
-         {ObjectType::Variable,
-          ObjectType::NoWithEventsVariable,
-          isStatic ? ObjectType::LocalStaticVariable : ObjectType::LocalVariable}) {
-        ApplyObjectNamingConventions(place, scopename::kVariable, type, false);
-    }
+bool NamingEnforcement::IsLocalVariableOfType(ObjectType type) {
+    const bool isOfScope =
+        type == ObjectType::LocalVariable || type == ObjectType::LocalStaticVariable;
+    return !isOfScope || PropertyIs(scopename::kVariable, "IsStatic", "True") ==
+                             (type == ObjectType::LocalStaticVariable);
 }
 
-void NamingEnforcement::ApplyToProcedure(const EventPlace& place) {
-    const std::string type = PropertyText(scopename::kProcedure, "ProcedureType");
-    ObjectType second = ObjectType::PropertyProcedure;
-    if (modTextCase::Equal(type, "Sub")) {
-        second = ObjectType::SubProcedure;
-    } else if (modTextCase::Equal(type, "Function")) {
-        second = ObjectType::FunctionProcedure;
+bool NamingEnforcement::IsProcedureOfType(ObjectType type) {
+    if (type == ObjectType::Procedure) {
+        return true;
     }
-    ApplyObjectNamingConventions(place, scopename::kProcedure, ObjectType::Procedure, true);
-    ApplyObjectNamingConventions(place, scopename::kProcedure, second, true);
+    const std::string text = PropertyText(scopename::kProcedure, "ProcedureType");
+    if (modTextCase::Equal(text, "Sub")) {
+        return type == ObjectType::SubProcedure;
+    }
+    return type == (modTextCase::Equal(text, "Function") ? ObjectType::FunctionProcedure
+                                                         : ObjectType::PropertyProcedure);
 }
 
-void NamingEnforcement::ApplyToFile(const EventPlace& place) {
-    ApplyObjectNamingConventions(place, scopename::kFile, ObjectType::File, true);
-    const std::string type = PropertyText(scopename::kFile, "Type");
-    for (const FileObjects& row : kFileObjects) {
-        if (modTextCase::Equal(row.Type, type)) {
-            ApplyObjectNamingConventions(place, scopename::kFile, row.Object, true);
-        }
+bool NamingEnforcement::IsFileOfType(ObjectType type) {
+    if (type == ObjectType::File) {
+        return true;
     }
+    const std::string text = PropertyText(scopename::kFile, "Type");
+    return std::ranges::any_of(kFileKinds, [&](const FileKind& row) {
+        return row.Object == type && modTextCase::Equal(row.Type, text);
+    });
 }
 
-void NamingEnforcement::ApplyToForm(const EventPlace& place) {
-    const std::string type = PropertyText(scopename::kFile, "Type");
-    const bool isForm = modTextCase::Equal(type, "Form") || modTextCase::Equal(type, "MDIForm");
+bool NamingEnforcement::IsFormOfType(ObjectType type) {
+    const std::string text = PropertyText(scopename::kFile, "Type");
+    const bool isForm = modTextCase::Equal(text, "Form") || modTextCase::Equal(text, "MDIForm");
     if (!isForm || PropertyIs(scopename::kLayout, "IsMDIParent", "True")) {
-        return;
+        return false;
     }
-    EventPlace ofTheFile = place;
-    ofTheFile.LocationMember = "(Declarations)";
-    const ObjectType object = PropertyIs(scopename::kLayout, "IsMDIChild", "True")
-                                  ? ObjectType::MDIChildFormFile
-                                  : ObjectType::NonMDIFormFile;
-    ApplyObjectNamingConventions(ofTheFile, scopename::kFile, object, false);
+    return PropertyIs(scopename::kLayout, "IsMDIChild", "True") ==
+           (type == ObjectType::MDIChildFormFile);
 }
 
 }  // namespace dorvik

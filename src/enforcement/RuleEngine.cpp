@@ -6,11 +6,15 @@
 #include "foundation/LogFile.h"
 #include "foundation/Trap.h"
 #include "foundation/modLog.h"
+#include "parser/ScopeName.h"
+#include "platform/modFiles.h"
 #include "platform/modHost.h"
 #include "rulebase/ScriptFile.h"
+#include "rulebase/modRuleFacts.h"
 #include "source/VirtualObject.h"
 
 #include <array>
+#include <charconv>
 #include <utility>
 
 namespace dorvik {
@@ -19,10 +23,26 @@ namespace {
 
 constexpr std::string_view kModule = "C_RuleEngine";
 
+/// The number of the rule whose main procedure an error of the entry procedure names; 0 if none.
+std::int32_t RuleOfMissingMain(std::string_view errorText) {
+    constexpr std::string_view kName = "Method_";
+    const std::size_t name = errorText.find(kName);
+    std::int32_t rule = 0;
+    if (name != std::string_view::npos) {
+        const std::string_view number = errorText.substr(name + kName.size());
+        std::from_chars(number.data(), number.data() + number.size(), rule);
+    }
+    return rule;
+}
+
 }  // namespace
 
 RuleEngine::RuleEngine() : m_engine(*this), m_dorvik(*this) {
-    if (!m_engine.AddExtension(DVKSaxInterface::kPrefix, m_dorvik)) {
+    AddExtension(m_engine, m_dorvik);
+}
+
+void RuleEngine::AddExtension(basic::ScriptEngine& engine, DVKSaxInterface& dorvik) {
+    if (!engine.AddExtension(DVKSaxInterface::kPrefix, dorvik)) {
         modLog::Log().LogEvent(
             "Failed to add an instance of the DVKSaxInterface class as an extension to Sax Basic.",
             "Class_Initialize",
@@ -32,19 +52,26 @@ RuleEngine::RuleEngine() : m_engine(*this), m_dorvik(*this) {
 
 RuleEngine::~RuleEngine() {
     // Scripts run on the calling thread, so none can be at work here.
-    Trap({kModule, "Class_Terminate"}, [&] {
-        if (!m_scriptFilename.empty()) {
-            ScriptFile::RemoveScriptFile(m_scriptFilename);
-        }
-    });
+    Trap({kModule, "Class_Terminate"}, [&] { RemoveScript(); });
+}
+
+void RuleEngine::RemoveScript() {
+    if (!m_scriptFilename.empty()) {
+        ScriptFile::RemoveScriptFile(m_scriptFilename);
+    }
 }
 
 bool RuleEngine::LoadScript(std::string_view filename, std::vector<basic::ScriptOrigin> origins) {
     if (filename.empty()) {
-        m_loadError = "the module of the scripts cannot be written to the temporary folder";
+        m_loadError = "their module cannot be written to the temporary folder '" +
+                      modFiles::HostPath(modHost::TemporaryFolder()).string() + "'";
         return false;
     }
-    m_scriptFilename = filename;
+    if (filename != m_scriptFilename) {
+        Trap({kModule, "LoadScript"}, [&] { RemoveScript(); });
+        m_scriptFilename = filename;
+    }
+    m_loadError.clear();
     m_engine.SetOrigins(std::move(origins));
     m_engine.SetAcceptsModules(true);
     m_handler = m_engine.CreateHandler(ScriptFile::ScriptPrototype());
@@ -52,13 +79,26 @@ bool RuleEngine::LoadScript(std::string_view filename, std::vector<basic::Script
         m_engine.SetReady(true);
         return true;
     }
-    m_loadError = m_engine.ErrorText();
+    m_loadError = TextOfLoadError();
     modLog::Log().LogEvent(
         "Failed to load the script file '" + m_scriptFilename +
             "' because of the following error: '" + m_loadError + "'",
         "LoadScript",
         kModule);
     return false;
+}
+
+std::string RuleEngine::TextOfLoadError() const {
+    std::string text = m_engine.ErrorText();
+    const auto& errors = m_engine.LoadErrors();
+    if (errors.empty() || m_engine.OriginOfLine(errors.front().Place.Line) != nullptr) {
+        return text;
+    }
+    // The entry procedure calls the main procedure of a script that has none.
+    if (const auto* origin = m_engine.OriginOfRule(RuleOfMissingMain(errors.front().Text))) {
+        text += " [" + origin->Name + " has no Sub Main]";
+    }
+    return text;
 }
 
 ScriptResult RuleEngine::ExecuteRuleCondition(std::int32_t ruleId) {
@@ -94,7 +134,7 @@ void RuleEngine::OnErrorAlert(const basic::ErrorAlert& alert) {
         LogRuleOfAlert(alert);
     }
     if (alert.IsLimit) {
-        CountLimitStop();
+        CountScriptStop();
     }
 }
 
@@ -108,17 +148,26 @@ void RuleEngine::LogRuleOfAlert(const basic::ErrorAlert& alert) {
     }
 }
 
-void RuleEngine::CountLimitStop() {
-    if (++m_limitStops[m_runningRule] != kStopsUntilSwitchedOff) {
+void RuleEngine::CountScriptStop() {
+    const basic::ScriptOrigin* origin = m_engine.OriginOfRule(m_runningRule);
+    CountStop(
+        m_runningRule,
+        {origin != nullptr ? origin->Name : "rule " + std::to_string(m_runningRule), "script"});
+}
+
+void RuleEngine::CountPatternStop(const IRule& rule) {
+    CountStop(rule.RuleID(), {modRuleFacts::NameOf(rule), "pattern"});
+}
+
+void RuleEngine::CountStop(std::int32_t ruleId, const SwitchedOffRule& rule) {
+    if (++m_limitStops[ruleId] != kStopsUntilSwitchedOff) {
         return;
     }
-    const basic::ScriptOrigin* origin = m_engine.OriginOfRule(m_runningRule);
-    m_switchedOff.push_back(
-        origin != nullptr ? origin->Name : "rule " + std::to_string(m_runningRule));
+    m_switchedOff.push_back(rule);
     if (m_resultsManager != nullptr) {
         m_resultsManager->DumpDebugPrint(
-            "Switched off for the rest of the review, because its script was stopped " +
-                std::to_string(kStopsUntilSwitchedOff) + " times: " + m_switchedOff.back(),
+            "Switched off for the rest of the review, because its " + std::string(rule.What) +
+                " was stopped " + std::to_string(kStopsUntilSwitchedOff) + " times: " + rule.Name,
             true);
     }
 }
@@ -146,14 +195,32 @@ void RuleEngine::DumpObject(std::string_view objectName) {
     Results().DumpVirtualObject(objectName);
 }
 
+const basic::Value* RuleEngine::KnownSourceValue(std::string_view propertyName) const {
+    for (const SourceValue& known : m_sourceValues) {
+        if (known.PropertyName == propertyName) {
+            return &known.Value;
+        }
+    }
+    return nullptr;
+}
+
 void RuleEngine::GetObjectProperty(
     std::string_view objectName, std::string_view propertyName, basic::Value& value) {
+    const bool isSource = objectName == scopename::kSource;
+    if (isSource) {
+        if (const basic::Value* known = KnownSourceValue(propertyName)) {
+            value = *known;
+            return;
+        }
+    }
     bool found = false;
     std::string errorText;
     value = modScriptValues::ToValue(
         Results().ParserState().GetObjectProperty(objectName, propertyName, found, errorText));
     if (!found) {
         Results().DumpDebugPrint(errorText, true);
+    } else if (isSource) {
+        m_sourceValues.push_back({std::string(propertyName), value});
     }
 }
 

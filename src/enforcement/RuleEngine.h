@@ -14,6 +14,7 @@
 
 namespace dorvik {
 
+class IRule;
 class ResultsManager;
 
 /// What a rule's script asked for. If it asks twice, the last one counts.
@@ -30,8 +31,9 @@ enum class ScriptResult : std::int32_t {
 /// number. A script reaches the objects in scope through the prefix "Dorvik.". It does not raise a
 /// violation itself: it leaves a `ScriptResult`, on which the caller acts.
 ///
-/// A script that uses up its limits is stopped and logged like any run-time error. After the third
-/// such stop its rule is switched off for the rest of the review.
+/// A script that uses up its limits is stopped and logged like any run-time error, and a pattern is given
+/// up that takes more steps than a sane one. After the third such stop the rule is switched off for
+/// the rest of the review.
 ///
 /// Unauthorised keywords are the rules without a script: whoever tests one says so through
 /// `IncrementRuleExecutionCount`. The total goes into the results database at the end of a project
@@ -45,6 +47,9 @@ public:
     ~RuleEngine() override;
     RuleEngine(const RuleEngine&) = delete;
     RuleEngine& operator=(const RuleEngine&) = delete;
+
+    /// Lets the engine's scripts reach the object. Where that fails, it is logged and the scripts do without.
+    static void AddExtension(basic::ScriptEngine& engine, DVKSaxInterface& dorvik);
 
     /// Whom scripts talk to; null between projects. REQUIRES: it outlives its time here.
     void SetResultsManager(ResultsManager* resultsManager) { m_resultsManager = resultsManager; }
@@ -60,11 +65,14 @@ public:
         m_isStopRequested = std::move(isStopRequested);
     }
 
-    /// Loads the generated module, which this object removes at its end. `origins` tells which of its
-    /// lines are which rule's. False if it does not compile; the reason is logged.
+    /// Loads the generated module, which this object removes at its end, or when it loads another one.
+    /// `origins` tells which of its lines are which rule's. False if it does not compile; the reason is
+    /// logged.
     bool LoadScript(std::string_view filename, std::vector<basic::ScriptOrigin> origins = {});
     /// Why the module did not load, with the rule and the line in its script; empty if it did.
     const std::string& LoadError() const { return m_loadError; }
+    /// A new event begins, and what `Source` has to tell is no longer what it was.
+    void BeginEvent() { m_sourceValues.clear(); }
     /// Runs the script of a rule. A rule without one gives `Nothing`; a script that fails, what it had
     /// asked for until then.
     ScriptResult ExecuteRuleCondition(std::int32_t ruleId);
@@ -73,8 +81,14 @@ public:
         const auto stops = m_limitStops.find(ruleId);
         return stops != m_limitStops.end() && stops->second >= kStopsUntilSwitchedOff;
     }
-    /// The rules that were switched off, as errors name them: "rule 12 (No GoTo)".
-    const std::vector<std::string>& SwitchedOffRules() const { return m_switchedOff; }
+    /// For whoever tests a rule's pattern: the test was given up.
+    void CountPatternStop(const IRule& rule);
+
+    struct SwitchedOffRule {
+        std::string Name;       // as errors name it: "rule 12 (No GoTo)"
+        std::string_view What;  // was stopped: its "script" or its "pattern"
+    };
+    const std::vector<SwitchedOffRule>& SwitchedOffRules() const { return m_switchedOff; }
 
 private:
     void OnErrorAlert(const basic::ErrorAlert& alert) override;
@@ -103,14 +117,26 @@ private:
 
     bool IsStopRequested() const { return m_isStopRequested && m_isStopRequested(); }
     ResultsManager& Results() const;
+    /// A property of `Source` that a script of this event has asked for already; null if none has.
+    const basic::Value* KnownSourceValue(std::string_view propertyName) const;
     /// Tells the log which rule failed, and where in its own script.
     void LogRuleOfAlert(const basic::ErrorAlert& alert);
-    void CountLimitStop();
+    void CountScriptStop();
+    void CountStop(std::int32_t ruleId, const SwitchedOffRule& rule);
+    /// Why the module did not load, and the rule that it is about.
+    std::string TextOfLoadError() const;
+    void RemoveScript();
 
     basic::ScriptEngine m_engine;
     DVKSaxInterface m_dorvik;
     std::optional<basic::ScriptHandler> m_handler;
+    struct SourceValue {
+        std::string PropertyName;
+        basic::Value Value;
+    };
+
     ResultsManager* m_resultsManager = nullptr;
+    std::vector<SourceValue> m_sourceValues;  // all scripts of an event share one copy of a line
     ScriptResult m_result = ScriptResult::Nothing;
     std::int32_t m_ruleExecutionCount = 0;
     std::string m_scriptFilename;  // empty until loaded
@@ -118,7 +144,7 @@ private:
     std::function<bool()> m_isStopRequested;
     std::int32_t m_runningRule = 0;
     std::map<std::int32_t, int> m_limitStops;  // by rule number
-    std::vector<std::string> m_switchedOff;
+    std::vector<SwitchedOffRule> m_switchedOff;
 };
 
 }  // namespace dorvik

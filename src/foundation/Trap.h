@@ -21,7 +21,7 @@ struct Place {
 /// True if the body ran to its end. What the body assigned before a failure stays assigned, so the
 /// caller gives its result the default first. Costs nothing as long as nothing fails.
 ///
-/// A log that cannot be written to raises out of here, to whoever traps around the caller.
+/// A log that cannot be written to does no more harm: `modLog::FirstUnwritten` tells of it.
 template <typename Body>
 bool Trap(const Place& place, Body&& body) {
     try {

@@ -9,6 +9,7 @@ namespace dorvik::modLog {
 namespace {
 
 LogFile* g_installed = nullptr;
+std::string g_firstUnwritten;
 
 LogFile& QuietLog() {
     static LogFile log = [] {
@@ -26,12 +27,23 @@ LogFile& Log() {
 }
 
 LogFile* Install(LogFile* log) {
+    g_firstUnwritten.clear();
     return std::exchange(g_installed, log);
 }
 
 void LogFailure(
     const std::exception& failure, std::string_view procedure, std::string_view module) {
-    Log().LogBasicError(failure, procedure, module);
+    try {
+        Log().LogBasicError(failure, procedure, module);
+    } catch (const std::exception& ofTheLog) {
+        if (g_firstUnwritten.empty()) {
+            g_firstUnwritten = ofTheLog.what();
+        }
+    }
+}
+
+const std::string& FirstUnwritten() {
+    return g_firstUnwritten;
 }
 
 }  // namespace dorvik::modLog

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <exception>
+#include <string>
 #include <string_view>
 
 namespace dorvik {
@@ -18,8 +19,13 @@ LogFile& Log();
 /// before, or null. REQUIRES: `log` outlives its installation; it is not owned.
 LogFile* Install(LogFile* log);
 
-/// `LogBasicError` on the installed log.
+/// `LogBasicError` on the installed log, for the one place that traps. The log itself raises when it
+/// cannot be written to; that ends here, for a program must not die of its own log.
 void LogFailure(const std::exception& failure, std::string_view procedure, std::string_view module);
+
+/// Why the first line that `LogFailure` could not write was not written; empty if all were, since the
+/// present log was installed.
+const std::string& FirstUnwritten();
 
 }  // namespace modLog
 

@@ -33,9 +33,10 @@ public:
     /// The compiled form of a pattern, from the store of the process.
     static std::shared_ptr<const CompiledPattern> Of(std::string_view pattern, PatternFlags flags);
 
+    bool IsValid() const { return m_fault.Number == 0; }
     /// Raises the error of a malformed pattern.
     void RequireValid() const {
-        if (m_fault.Number != 0) {
+        if (!IsValid()) {
             RaiseFault();
         }
     }

@@ -100,12 +100,21 @@ void RegularExpression::SetMultiline(bool multiline) {
     }
 }
 
-const CompiledPattern& RegularExpression::Compiled() {
+const CompiledPattern& RegularExpression::FromStore() {
     if (!m_compiled) {
         m_compiled = CompiledPattern::Of(m_pattern, {m_ignoreCase, m_multiline});
     }
-    m_compiled->RequireValid();
     return *m_compiled;
+}
+
+const CompiledPattern& RegularExpression::Compiled() {
+    const CompiledPattern& compiled = FromStore();
+    compiled.RequireValid();
+    return compiled;
+}
+
+bool RegularExpression::IsMalformed() {
+    return !FromStore().IsValid();
 }
 
 bool RegularExpression::Test(std::string_view text) {

@@ -76,6 +76,9 @@ public:
     /// Whether `Execute` and `Replace` deal with all matches or only with the first.
     void SetGlobal(bool global) { m_global = global; }
 
+    /// True if every use raises one of 5017 to 5020: the pattern is none of this dialect.
+    bool IsMalformed();
+
     /// True if the pattern matches anywhere in the text. Each operation raises one of 5017 to 5020 for
     /// a malformed pattern and `kRegularExpressionTooComplex` for a search that was given up.
     bool Test(std::string_view text);
@@ -104,6 +107,7 @@ public:
     std::optional<Match> LongestMatch(std::string_view text);
 
 private:
+    const CompiledPattern& FromStore();
     const CompiledPattern& Compiled();
     template <typename Visit>
     void ForEachMatch(std::string_view text, Visit&& visit);

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -122,6 +123,14 @@ private:
     fs::path m_target;
     fs::path m_place;
 };
+
+void ReplaceFile(const fs::path& host, std::string_view path, std::string_view bytes) {
+    const fs::path target = WithoutLinks(host);
+    CheckReplaceable(target, path);
+    const Replacement replacement(target);
+    replacement.Write(bytes, path);
+    replacement.TakeThePlace(path);
+}
 
 }  // namespace
 
@@ -254,6 +263,19 @@ std::int64_t FileSize(std::string_view path) {
     return static_cast<std::int64_t>(size);
 }
 
+FileStamp StampOf(std::string_view path) {
+    constexpr std::int64_t kNanosecondsInASecond = 1'000'000'000;
+    const fs::path host = HostPathOfFile(path);
+    struct stat status {};
+    if (::stat(host.c_str(), &status) != 0) {
+        RaiseHostError(errno, host, path);
+    }
+    return {
+        static_cast<std::int64_t>(status.st_size),
+        static_cast<std::int64_t>(status.st_mtim.tv_sec) * kNanosecondsInASecond +
+            static_cast<std::int64_t>(status.st_mtim.tv_nsec)};
+}
+
 void AppendLine(std::string_view path, std::string_view line) {
     HostFile file(HostPath(path), FileUse::Append, path);
     std::string bytes;
@@ -268,11 +290,13 @@ void EmptyFile(std::string_view path) {
 }
 
 void WriteBytesAtomically(std::string_view path, std::string_view bytes) {
-    const fs::path target = WithoutLinks(PossibleHostPath(path));
-    CheckReplaceable(target, path);
-    const Replacement replacement(target);
-    replacement.Write(bytes, path);
-    replacement.TakeThePlace(path);
+    ReplaceFile(PossibleHostPath(path), path, bytes);
+}
+
+void WriteBytesAtomicallyAsNamed(std::string_view path, std::string_view bytes) {
+    const std::size_t folderSize = path.find_last_of("\\/") + 1;  // 0 without a folder
+    const fs::path folder = folderSize == 0 ? "." : PossibleHostPath(path.substr(0, folderSize));
+    ReplaceFile(folder / path.substr(folderSize), path, bytes);
 }
 
 }  // namespace dorvik::modFiles

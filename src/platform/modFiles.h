@@ -60,6 +60,15 @@ std::string ReadBytes(std::string_view path, int codePage = kNameCodePage);
 /// Length in bytes.
 std::int64_t FileSize(std::string_view path);
 
+/// What tells whether a file is still the one that it was.
+struct FileStamp {
+    std::int64_t Size = 0;      // bytes
+    std::int64_t Modified = 0;  // nanoseconds since 1970
+
+    friend bool operator==(const FileStamp&, const FileStamp&) = default;
+};
+FileStamp StampOf(std::string_view path);
+
 /// Adds the line and CR LF to the file, which is created if need be and is open only for this call.
 void AppendLine(std::string_view path, std::string_view line);
 /// Leaves an empty file there, whether there was one before or not.
@@ -67,5 +76,9 @@ void EmptyFile(std::string_view path);
 /// Replaces the file's content or creates the file. A reader, or a failure on the way, sees either
 /// the old content or the new, never a part.
 void WriteBytesAtomically(std::string_view path, std::string_view bytes);
+/// The same under exactly this name in the folder, which is looked up as ever: a file whose name differs
+/// in case stays beside it. For files that others refer to by name. Costs the same however many files
+/// the folder holds, whereas a name that is not there yet is otherwise looked for among all of them.
+void WriteBytesAtomicallyAsNamed(std::string_view path, std::string_view bytes);
 
 }  // namespace dorvik::modFiles

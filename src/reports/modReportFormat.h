@@ -11,7 +11,7 @@ namespace dorvik::modReportFormat {
 /// digits, "." and 24 hours, so that the same review gives the same page everywhere.
 
 /// With that many decimals, halves rounded away from zero, and digit grouping; "-" for a zero
-/// unless `showZero`.
+/// unless `showZero`. Raises `kOverflow` for what is no number, as does `FormatPercent`.
 std::string FormatNumber(double value, std::int32_t decimals = 0, bool showZero = false);
 /// `ratio` 0.256 is "25.60%".
 std::string FormatPercent(double ratio);

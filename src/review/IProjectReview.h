@@ -9,6 +9,7 @@ namespace dorvik {
 
 class IProjectReviewEvents;
 class ProgressInfo;
+class ReportsEngine;
 class ReviewCriteria;
 class RuleEngine;
 class Rulebase;
@@ -26,7 +27,8 @@ public:
         std::shared_ptr<ReviewCriteria> criteria,
         ProgressInfo& progress,
         std::shared_ptr<Rulebase> rulebase,
-        RuleEngine& ruleEngine) = 0;
+        RuleEngine& ruleEngine,
+        ReportsEngine& reports) = 0;
     /// Opens the project at that 1-based place of the criteria's list. 0 for success.
     virtual std::int32_t LoadProject(std::int32_t projectIndex) = 0;
     /// Runs `ticks` steps: 0 and 1 both mean one step, `kWholeReview` all of them.

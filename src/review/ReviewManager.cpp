@@ -21,9 +21,11 @@ constexpr std::int32_t kActionInitialisingReview = 6;
 }  // namespace
 
 ReviewManager::ReviewManager()
-    : ReviewManager([] { return std::make_unique<VB6ProjectReview>(); }) {}
+    : ReviewManager([this] { return std::make_unique<VB6ProjectReview>(m_typeLibraries); }) {}
 
-ReviewManager::ReviewManager(ProjectReviewFactory factory) : m_factory(std::move(factory)) {}
+ReviewManager::ReviewManager(ProjectReviewFactory factory) : m_factory(std::move(factory)) {
+    m_reports.SetEvents(this);
+}
 
 ReviewManager::~ReviewManager() = default;
 
@@ -76,7 +78,7 @@ ReviewStatus ReviewManager::DetermineReviewStatus() {
         case 1: return ReviewStatus::ShowLoadingRulebase;
         case 2: return State_ShowLoadingRulebase();
         case 3: return State_LoadRulebase();
-        case 4: return SignalProgress(ReviewStatus::BeginProjects);
+        case 4: return State_InitialiseReports();
         case 5: return State_BeginProjects();
         case 6: return State_OpenProject();
         case 17: return State_ProjectTimeSlice();
@@ -142,6 +144,13 @@ void ReviewManager::SignalReviewProgress(bool& cancel) {
     }
 }
 
+void ReviewManager::ReportsProgress(ProgressInfo&, std::int32_t state, bool& cancel) {
+    if (SignalProgress(static_cast<ReviewStatus>(state)) == ReviewStatus::IsAbort) {
+        cancel = true;
+        m_reportsCancelled = true;
+    }
+}
+
 ReviewStatus ReviewManager::State_ShowLoadingRulebase() {
     m_progress.SetAction(kActionLoadingRulebase);
     return SignalProgress(ReviewStatus::LoadRulebase);
@@ -165,6 +174,11 @@ ReviewStatus ReviewManager::State_LoadRulebase() {
     return status;
 }
 
+ReviewStatus ReviewManager::State_InitialiseReports() {
+    m_reports.Initialise(m_rulebase->SeverityList(), m_rulebase->CategoryList());
+    return SignalProgress(ReviewStatus::BeginProjects);
+}
+
 ReviewStatus ReviewManager::State_BeginProjects() {
     m_progress.SetAction(kActionInitialisingReview);
     m_progress.BeginReview(m_criteria->ProjectList().SelectedCount());
@@ -181,8 +195,8 @@ ReviewStatus ReviewManager::State_OpenProject() {
     Trap({kModule, "State_OpenProject"}, [&] {
         m_projectReview = m_factory();
         m_projectReview->HookupCallback(this);
-        if (m_projectReview->InitialiseReview(m_criteria, m_progress, m_rulebase, m_ruleEngine) ==
-                0 &&
+        if (m_projectReview->InitialiseReview(
+                m_criteria, m_progress, m_rulebase, m_ruleEngine, m_reports) == 0 &&
             m_projectReview->LoadProject(m_projectIndex) == 0) {
             status = ReviewStatus::ProjectTimeSlice;
         }
@@ -195,9 +209,10 @@ ReviewStatus ReviewManager::State_ProjectTimeSlice() {
         case SliceResult::Continue: return SignalProgress(ReviewStatus::ProjectTimeSlice);
         case SliceResult::Failed: return ReviewStatus::IsError;
         case SliceResult::Aborted: return ReviewStatus::IsAbort;
-        case SliceResult::Complete: return ReviewStatus::CloseProject;
+        case SliceResult::Complete: break;
     }
-    return ReviewStatus::CloseProject;
+    // A cancel during the reports leaves the project complete, but ends the review.
+    return m_reportsCancelled ? ReviewStatus::IsAbort : ReviewStatus::CloseProject;
 }
 
 ReviewStatus ReviewManager::State_CloseProject() {
@@ -206,6 +221,10 @@ ReviewStatus ReviewManager::State_CloseProject() {
 }
 
 ReviewStatus ReviewManager::State_BatchReport() {
+    // A batch without a file name has no page: there is nothing to call it by.
+    if (m_criteria->ReviewType() == ReviewType_Batch && !m_criteria->BatchFilename().empty()) {
+        m_reports.CreateBatchReport(*m_criteria, m_progress);
+    }
     const ReviewStatus status = SignalProgress(ReviewStatus::BatchReport);
     return status == ReviewStatus::BatchReport ? ReviewStatus::IsReviewComplete : status;
 }

@@ -3,6 +3,7 @@
 #include "criteria/ProgressInfo.h"
 #include "criteria/ReviewCriteria.h"
 #include "enforcement/RuleEngine.h"
+#include "reports/ReportsEngine.h"
 #include "review/IProjectReview.h"
 #include "review/IProjectReviewEvents.h"
 #include "review/ReviewStatus.h"
@@ -13,6 +14,7 @@
 
 namespace dorvik {
 
+class ITypeLibrarySource;
 class Rulebase;
 
 /// Drives one review: loads the rulebase, then hands each selected project to a project review.
@@ -29,11 +31,11 @@ class Rulebase;
 /// | 6     | opens a project                                        | 17, 29        |
 /// | 17    | one step of the project review                         | 17, 26, 29, 30|
 /// | 26    | closes the project, finds the next                     | 6, 27         |
-/// | 27    | the end of the batch                                   | 28, 29, 30    |
+/// | 27    | writes the page of the batch                           | 28, 29, 30    |
 ///
 /// 28 is the complete review, 29 an error and 30 a cancelled review. An error in 6, 17 or 26 costs
 /// only that project.
-class ReviewManager final : private IProjectReviewEvents {
+class ReviewManager final : private IProjectReviewEvents, private IReportsEngineEvents {
 public:
     /// A handler that sets `cancel` to true ends the review as aborted.
     using ProgressHandler = std::function<void(const ProgressInfo& progress, bool& cancel)>;
@@ -47,6 +49,9 @@ public:
 
     /// 0, or 1 if there are no criteria; the manager is then of no use.
     std::int32_t InitialiseReview(std::shared_ptr<ReviewCriteria> criteria);
+    /// Where the projects' type libraries come from; null, as at first, for nowhere. REQUIRES: it outlives
+    /// the review.
+    void SetTypeLibraries(ITypeLibrarySource* typeLibraries) { m_typeLibraries = typeLibraries; }
     void SetProgressHandler(ProgressHandler handler) { m_progressHandler = std::move(handler); }
 
     /// Runs `ticks` steps: 0 and 1 both mean one step, `kWholeReview` all of them. Stops early at
@@ -55,11 +60,17 @@ public:
 
     /// The rule engine of this review, for its limits and for what it tells afterwards.
     dorvik::RuleEngine& RuleEngine() { return m_ruleEngine; }
+    /// The reports of this review, for what they wrote.
+    const ReportsEngine& Reports() const { return m_reports; }
+    /// True if the user gave up while reports were being written: the results are complete then, the pages
+    /// are not.
+    bool ReportsCancelled() const { return m_reportsCancelled; }
     /// The rulebase of this review once it is loaded, otherwise null.
     const dorvik::Rulebase* LoadedRulebase() const { return m_rulebase.get(); }
 
 private:
     void SignalReviewProgress(bool& cancel) override;
+    void ReportsProgress(ProgressInfo& progress, std::int32_t state, bool& cancel) override;
 
     SliceResult ReviewStep();
     ReviewStatus DetermineReviewStatus();
@@ -72,6 +83,7 @@ private:
 
     ReviewStatus State_ShowLoadingRulebase();
     ReviewStatus State_LoadRulebase();
+    ReviewStatus State_InitialiseReports();
     ReviewStatus State_BeginProjects();
     ReviewStatus State_OpenProject();
     ReviewStatus State_ProjectTimeSlice();
@@ -79,10 +91,13 @@ private:
     ReviewStatus State_BatchReport();
 
     ProjectReviewFactory m_factory;
+    ITypeLibrarySource* m_typeLibraries = nullptr;
     ProgressHandler m_progressHandler;
     ReviewStatus m_state = ReviewStatus::Start;
     std::int32_t m_projectIndex = 0;
-    // Declared so that the progress goes first and the engine last.
+    bool m_reportsCancelled = false;
+    // Declared so that the progress goes first and the engines last.
+    ReportsEngine m_reports;
     dorvik::RuleEngine m_ruleEngine;
     std::shared_ptr<dorvik::Rulebase> m_rulebase;
     std::shared_ptr<ReviewCriteria> m_criteria;

@@ -17,7 +17,8 @@ constexpr std::string_view kModule = "C_VB6ProjectReview";
 
 }  // namespace
 
-VB6ProjectReview::VB6ProjectReview() = default;
+VB6ProjectReview::VB6ProjectReview(ITypeLibrarySource* typeLibraries)
+    : m_typeLibrarySource(typeLibraries) {}
 VB6ProjectReview::~VB6ProjectReview() = default;
 
 void VB6ProjectReview::HookupCallback(IProjectReviewEvents* callback) {
@@ -32,11 +33,13 @@ std::int32_t VB6ProjectReview::InitialiseReview(
     std::shared_ptr<ReviewCriteria> criteria,
     ProgressInfo& progress,
     std::shared_ptr<Rulebase> rulebase,
-    RuleEngine& ruleEngine) {
+    RuleEngine& ruleEngine,
+    ReportsEngine& reports) {
     m_criteria = std::move(criteria);
     m_progress = &progress;
     m_rulebase = std::move(rulebase);
     m_ruleEngine = &ruleEngine;
+    m_reports = &reports;
     return 0;
 }
 

@@ -5,6 +5,7 @@
 #include "enforcement/ResultsManager.h"
 #include "parser/IFileParser.h"
 #include "parser/IFileParserEvents.h"
+#include "platform/ITypeLibrarySource.h"
 #include "review/IProjectReview.h"
 #include "source/VirtualProject.h"
 #include "source/VirtualSourceFile.h"
@@ -39,7 +40,9 @@ namespace dorvik {
 /// component, a scan or a file costs only that one.
 class VB6ProjectReview final : public IProjectReview, private IFileParserEvents {
 public:
-    VB6ProjectReview();
+    /// `typeLibraries` may be null: every library is then one that cannot be loaded. REQUIRES: it
+    /// outlives this object.
+    explicit VB6ProjectReview(ITypeLibrarySource* typeLibraries = nullptr);
     ~VB6ProjectReview() override;
 
     void HookupCallback(IProjectReviewEvents* callback) override;
@@ -47,7 +50,8 @@ public:
         std::shared_ptr<ReviewCriteria> criteria,
         ProgressInfo& progress,
         std::shared_ptr<Rulebase> rulebase,
-        RuleEngine& ruleEngine) override;
+        RuleEngine& ruleEngine,
+        ReportsEngine& reports) override;
     std::int32_t LoadProject(std::int32_t projectIndex) override;
     SliceResult ReviewTimeSlice(std::int32_t ticks) override;
     void AbortReview() override;
@@ -108,7 +112,9 @@ private:
     std::shared_ptr<Rulebase> m_rulebase;
     ProgressInfo* m_progress = nullptr;
     RuleEngine* m_ruleEngine = nullptr;
-    const ITypeLibraries* m_typeLibraries = nullptr;         // none on this machine yet
+    ReportsEngine* m_reports = nullptr;
+    ITypeLibrarySource* m_typeLibrarySource;
+    std::unique_ptr<ITypeLibraries> m_typeLibraries;         // null without a source
     std::unique_ptr<NamingConventionHelper> m_namingHelper;  // only with naming conventions
 };
 

@@ -88,6 +88,9 @@ ReviewStatus VB6ProjectReview::State_EndSourceFile(bool incomplete) {
         }
         if (incomplete) {
             CloseIncompleteFile();
+        } else if (m_sourceFile->FileStats()->ObjectID() == 0) {
+            m_project->AddUnreviewedFile(
+                {m_sourceFile->Filename(), m_sourceFile->ReviewStatus(), /*IsStored=*/false});
         }
         ParserState().Detach(scopename::kDeclarations);
         ParserState().Detach(scopename::kFile);

@@ -7,8 +7,10 @@
 #include "enforcement/RuleEngine.h"
 #include "enforcement/VirtualTypeLibrary.h"
 #include "foundation/Trap.h"
+#include "foundation/modUtilFunctions.h"
 #include "parser/ScopeName.h"
 #include "platform/modHost.h"
+#include "reports/ReportsEngine.h"
 #include "results/modTolerances.h"
 #include "review/VB6ProjectReview.h"
 #include "review/modProjectScope.h"
@@ -35,7 +37,11 @@ std::string DateAndTime() {
 
 std::int32_t VB6ProjectReview::LoadProject(std::int32_t projectIndex) {
     bool opened = false;
-    Trap({kModule, "LoadProject"}, [&] { opened = OpenProject(projectIndex); });
+    const bool ended = Trap({kModule, "LoadProject"}, [&] { opened = OpenProject(projectIndex); });
+    if (!ended && m_project) {
+        m_project->SetReviewStatus(1);
+        m_resultsManager->AbortReview();
+    }
     return opened ? 0 : 1;
 }
 
@@ -73,6 +79,10 @@ bool VB6ProjectReview::OpenProject(std::int32_t projectIndex) {
         m_namingHelper->SetResultsManager(m_resultsManager.get());
         m_namingHelper->SetProjectName(m_project->Name());
         m_eventActions->SetNamingHelper(*m_namingHelper);
+        if (m_typeLibrarySource != nullptr) {
+            m_typeLibraries =
+                m_typeLibrarySource->ForProject(modUtilFunctions::PathFromFilename(filename));
+        }
         m_state = ReviewStatus::BeginLoadReferences;
     } else {
         m_state = ReviewStatus::BeginProject;
@@ -97,7 +107,7 @@ ReviewStatus VB6ProjectReview::State_LoadTypeLib_Reference() {
         status = SignalProjectProgress(ReviewStatus::LoadTypeLibReference);
         if (status == ReviewStatus::LoadTypeLibReference) {
             const VirtualReference& reference = *m_project->References().Item(m_typeLibIndex);
-            const auto library = std::make_shared<VirtualTypeLibrary>(m_typeLibraries);
+            const auto library = std::make_shared<VirtualTypeLibrary>(m_typeLibraries.get());
             const bool loaded = library->LoadVirtualReferenceTypeLib(reference);
             if (!TakeTypeLibrary(library, loaded, "reference '" + reference.Description + "'")) {
                 m_project->SetReferenceErrors(m_project->ReferenceErrors() + 1);
@@ -134,7 +144,7 @@ ReviewStatus VB6ProjectReview::State_LoadTypeLib_Component() {
         status = SignalProjectProgress(ReviewStatus::LoadTypeLibComponent);
         if (status == ReviewStatus::LoadTypeLibComponent) {
             const VirtualComponent& component = *m_project->Components().Item(m_typeLibIndex);
-            const auto library = std::make_shared<VirtualTypeLibrary>(m_typeLibraries);
+            const auto library = std::make_shared<VirtualTypeLibrary>(m_typeLibraries.get());
             const bool loaded = library->LoadVirtualComponentTypeLib(component);
             if (!TakeTypeLibrary(library, loaded, "component '" + component.Filename + "'")) {
                 m_project->SetComponentErrors(m_project->ComponentErrors() + 1);
@@ -221,6 +231,9 @@ ReviewStatus VB6ProjectReview::State_EndProject() {
         LogLine("Review complete.");
         LogVerdict();
         m_resultsManager->EndReview(m_ruleEngine->RuleExecutionCount());
+        if (m_criteria->ReportOption() > 0) {
+            m_reports->CreateProjectReport(*m_project, *m_criteria, *m_progress);
+        }
         ReleaseFromRules();
         m_resultsManager->SetProject(nullptr);
         m_eventActions.reset();

@@ -1,15 +1,11 @@
 #include "foundation/Trap.h"
 #include "rulebase/RuleLists.h"
 #include "rulebase/ScriptFile.h"
+#include "rulebase/modRuleFacts.h"
 
 namespace dorvik {
 
 namespace {
-
-/// How errors name the rule: "rule 12 (No GoTo)".
-std::string NameOf(const IRule& rule) {
-    return "rule " + std::to_string(rule.RuleID()) + " (" + rule.Title() + ")";
-}
 
 template <class Rules>
 void AddScripts(ScriptFile& file, const Rules& rules) {
@@ -34,7 +30,8 @@ std::string RuleLists::CreateScriptFile(std::vector<basic::ScriptOrigin>* origin
         origins->clear();
         for (const ScriptFile::ScriptLines& lines : file.Lines()) {
             const auto& rule = m_allConventions.Item(RuleKeyOf(lines.RuleID));
-            origins->push_back({lines.First, lines.Last, NameOf(*rule), lines.RuleID});
+            origins->push_back(
+                {lines.First, lines.Last, modRuleFacts::NameOf(*rule), lines.RuleID});
         }
     });
     return filename;

@@ -5,6 +5,7 @@
 #include "foundation/modUtilFunctions.h"
 #include "platform/modFiles.h"
 #include "platform/modHost.h"
+#include "platform/modPrivateFolder.h"
 
 namespace dorvik {
 
@@ -12,6 +13,8 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kMainProcedure = "Sub Main";
+constexpr std::string_view kFolderPrefix = "Dorvik";
+constexpr std::string_view kFilename = "DorvikScripts.dvs";
 
 /// The script with its main procedure under the name by which the entry procedure calls it.
 std::string ScriptOfRule(std::string_view key, std::string_view script) {
@@ -40,7 +43,8 @@ ScriptFile::ScriptFile() {
     if (folder.empty()) {
         folder = modHost::ProgramFolder();
     }
-    m_fullFilename = modFiles::CreatePrivateFolder(folder, "Dorvik") + "DorvikScripts.dvs";
+    modPrivateFolder::RemoveAbandoned(folder, kFolderPrefix, kFilename);
+    m_fullFilename = modPrivateFolder::Create(folder, kFolderPrefix).append(kFilename);
 }
 
 std::string_view ScriptFile::ScriptPrototype() {

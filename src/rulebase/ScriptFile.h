@@ -13,7 +13,8 @@ namespace dorvik {
 /// is called with the number of the rule to run.
 ///
 /// Each object has a folder of its own below the temporary folder, so that two reviews at once do
-/// not meet. Whoever loads the module removes it with `RemoveScriptFile` when it is done.
+/// not meet. Whoever loads the module removes it with `RemoveScriptFile` when it is done; what a killed
+/// review left behind goes when the next object is made.
 class ScriptFile {
 public:
     /// The lines of the module (from 1) that hold the text of a rule's script.

@@ -3,6 +3,7 @@
 #include "parser/ScopeName.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 namespace dorvik::modNamingEvents {
@@ -62,7 +63,25 @@ constexpr NamingEventRow kRows[] = {
     {P::EndProject, O::Project, kProject},
 };
 
+/// The first row of each event, by number; one behind the last event has the end of the rows.
+constexpr auto kFirstRows = [] {
+    std::array<std::size_t, kLastParserEvent + 2> first{};
+    for (std::size_t event = 0; event < first.size(); ++event) {
+        while (first[event] < std::size(kRows) &&
+               static_cast<std::size_t>(kRows[first[event]].Event) < event) {
+            ++first[event];
+        }
+    }
+    return first;
+}();
+
 }  // namespace
+
+std::span<const NamingEventRow> At(ParserEvent event) {
+    const auto number = static_cast<std::size_t>(event);
+    const std::size_t first = kFirstRows.at(number);
+    return std::span(kRows).subspan(first, kFirstRows.at(number + 1) - first);
+}
 
 std::span<const NamingEventRow> Rows() {
     return kRows;

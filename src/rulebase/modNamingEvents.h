@@ -22,6 +22,8 @@ namespace modNamingEvents {
 
 /// Ordered by event. Which refinements an object really is, its properties decide.
 std::span<const NamingEventRow> Rows();
+/// The rows of one event, in the order in which its types are tried.
+std::span<const NamingEventRow> At(ParserEvent event);
 /// The rows of one object type; none where naming conventions of that type are never tried.
 std::vector<NamingEventRow> Of(std::int32_t objectType);
 

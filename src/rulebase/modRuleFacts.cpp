@@ -153,6 +153,10 @@ void AddTolerances(
 
 }  // namespace
 
+std::string NameOf(const IRule& rule) {
+    return "rule " + std::to_string(rule.RuleID()) + " (" + rule.Title() + ")";
+}
+
 std::string_view KindName(RuleType kind) {
     return RowOf(kind).Name;
 }

@@ -26,6 +26,9 @@ struct RuleFact {
 /// Rules in words, for whoever shows them.
 namespace modRuleFacts {
 
+/// How errors name the rule: "rule 12 (No GoTo)".
+std::string NameOf(const IRule& rule);
+
 /// "unauthorised keyword", "coding convention", "naming convention".
 std::string_view KindName(RuleType kind);
 /// "keyword", "coding", "naming".

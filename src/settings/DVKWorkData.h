@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace dorvik {
 
@@ -23,6 +25,12 @@ public:
     /// Steps for each tick of the timer in a background review.
     std::int16_t BackgroundTickCount() const { return m_backgroundTickCount; }
     void SetBackgroundTickCount(std::int16_t value) { m_backgroundTickCount = value; }
+
+    /// Folders where type libraries are looked for, the project's own folder behind them; none at first.
+    const std::vector<std::string>& TypeLibraryFolders() const { return m_typeLibraryFolders; }
+    void SetTypeLibraryFolders(std::vector<std::string> folders) {
+        m_typeLibraryFolders = std::move(folders);
+    }
 
     // Toolbar and menu.
     bool ToolbarVisible() const { return m_toolbarVisible; }
@@ -159,6 +167,7 @@ private:
     bool m_clearLog = true;
     bool m_backgroundReview = false;
     std::int16_t m_backgroundTickCount = 100;
+    std::vector<std::string> m_typeLibraryFolders;
     bool m_toolbarVisible = true;
     std::int32_t m_toolbarPosition = 1;
     std::int32_t m_toolbarRowIndex = 6;

@@ -25,6 +25,21 @@ public:
     const std::string& ProjectResultsDB() const { return m_projectResultsDB; }
     void SetProjectResultsDB(std::string_view path) { m_projectResultsDB = path; }
 
+    /// The type catalogue that comes with the program: "type-catalogue" in the folder "Data" of
+    /// `LocalAppPath`, unless set.
+    const std::string& TypeCataloguePath() const { return m_typeCataloguePath; }
+    void SetTypeCataloguePath(std::string_view folder) { m_typeCataloguePath = folder; }
+
+    /// The type catalogue of the user's own, which wins: "type-catalogue" in `LocalDataPath`, unless
+    /// set. It need not exist.
+    const std::string& UserTypeCataloguePath() const { return m_userTypeCataloguePath; }
+    void SetUserTypeCataloguePath(std::string_view folder) { m_userTypeCataloguePath = folder; }
+
+    /// Where the index of type libraries is kept between runs: "TypeLibraries.index" in
+    /// `LocalDataPath`, unless set; empty for nowhere.
+    const std::string& TypeLibraryIndexFile() const { return m_typeLibraryIndexFile; }
+    void SetTypeLibraryIndexFile(std::string_view path) { m_typeLibraryIndexFile = path; }
+
     /// Folder of the user's log and data files. It need not exist.
     const std::string& LocalDataPath() const { return m_localDataPath; }
     void SetLocalDataPath(std::string_view folder) { m_localDataPath = folder; }
@@ -44,6 +59,9 @@ private:
     std::string m_localAppPath;
     std::string m_errorLogFile;
     std::string m_projectResultsDB;
+    std::string m_typeCataloguePath;
+    std::string m_userTypeCataloguePath;
+    std::string m_typeLibraryIndexFile;
     std::string m_productVersion;
     std::string m_homePageURL;
     std::string m_techSupportPageURL;

@@ -33,6 +33,7 @@ enum class ProjectLoadStatus : std::int32_t {
 struct UnreviewedFile {
     std::string Filename;
     SourceFileStatus Status;  // why it could not be opened; `Good` if it failed behind that
+    bool IsStored = true;     // false: reviewed, but the results store took no row for it
 };
 
 /// A Visual Basic project as its project file tells it, read as text. It owns its lists; each source

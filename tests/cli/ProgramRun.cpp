@@ -49,6 +49,9 @@ ProgramRun::ProgramRun(Settings settings)
         Redirect(output, STDOUT_FILENO);
         Redirect(error, STDERR_FILENO);
         ::setenv("XDG_STATE_HOME", m_settings.StateFolder.c_str(), 1);
+        if (!m_settings.TemporaryFolder.empty()) {
+            ::setenv("TMPDIR", m_settings.TemporaryFolder.c_str(), 1);
+        }
         if (::chdir(m_settings.WorkingFolder.c_str()) == 0) {
             ::execv(DORVIK_PROGRAM, arguments.data());
         }

@@ -16,6 +16,8 @@ public:
         /// A folder for the program's own state and for what it prints; it must exist.
         std::filesystem::path StateFolder;
         std::chrono::seconds Patience{120};
+        /// Of temporary files; empty: where the machine has them.
+        std::string TemporaryFolder{};
     };
 
     /// Starts the program.

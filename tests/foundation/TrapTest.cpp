@@ -40,21 +40,39 @@ TEST(Trap, BodyThatEndsLogsNothing) {
     EXPECT_TRUE(log.Lines().empty());
 }
 
-TEST(Trap, LogThatCannotBeOpenedFailsInTheTrapAround) {
+TEST(Trap, LogThatCannotBeOpenedIsRememberedAndDoesNoMoreHarm) {
     test::CapturedLog log;
     const std::string path = log.Path();
+    EXPECT_EQ(modLog::FirstUnwritten(), "");
+    bool wentOn = false;
     const bool ended = Trap({"Outer", "Do"}, [&] {
         log.Log().SetLogFilePath("\\no\\such\\folder\\Error.log");
-        try {
-            Trap({"Inner", "Do"}, [] { throw BasicError(5, "first"); });
-        } catch (const BasicError&) {
-            log.Log().SetLogFilePath(path);
-            throw;
-        }
+        EXPECT_FALSE(Trap({"Inner", "Do"}, [] { throw BasicError(5, "first"); }));
+        wentOn = true;
+        log.Log().SetLogFilePath(path);
     });
-    EXPECT_FALSE(ended);
-    EXPECT_TRUE(log.Contains("Outer::Do"));
-    EXPECT_FALSE(log.Contains("Inner::Do"));
+    EXPECT_TRUE(ended);
+    EXPECT_TRUE(wentOn);
+    EXPECT_TRUE(log.Lines().empty());
+    EXPECT_NE(modLog::FirstUnwritten(), "");
+}
+
+TEST(Trap, LineThatItsBodyCannotWriteIsAFailureOfTheBody) {
+    test::CapturedLog log;
+    log.Log().SetLogFilePath("\\no\\such\\folder\\Error.log");
+    EXPECT_FALSE(Trap({"Outer", "Do"}, [&] { log.Log().LogMessage("a line"); }));
+    EXPECT_NE(modLog::FirstUnwritten(), "");
+}
+
+TEST(modLog, AnotherLogHasNothingUnwritten) {
+    LogFile broken;
+    broken.SetQuiet(true);
+    broken.SetLogFilePath("\\no\\such\\folder\\Error.log");
+    LogFile* const before = modLog::Install(&broken);
+    modLog::LogFailure(BasicError(5, "first"), "Do", "Reader");
+    EXPECT_NE(modLog::FirstUnwritten(), "");
+    modLog::Install(before);
+    EXPECT_EQ(modLog::FirstUnwritten(), "");
 }
 
 TEST(modLog, QuietLogWithoutAFileStandsInUntilOneIsInstalled) {

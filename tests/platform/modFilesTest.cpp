@@ -261,6 +261,22 @@ TEST_F(modFilesTest, ReadsWholeFilesAndTheirSizes) {
     EXPECT_EQ(modFiles::FileSize(Inside("empty.bin")), 0);
 }
 
+TEST_F(modFilesTest, StampChangesWithSizeAndTimeAndWithNothingElse) {
+    Put("a.bin", "123456");
+    const modFiles::FileStamp stamp = modFiles::StampOf(Inside("A.bin"));
+    EXPECT_EQ(stamp.Size, 6);
+    EXPECT_GT(stamp.Modified, 0);
+    modFiles::ReadBytes(Inside("a.bin"));
+    EXPECT_EQ(modFiles::StampOf(Inside("a.bin")), stamp);
+    const std::filesystem::path host = modFiles::HostPath(Inside("a.bin"));
+    const auto time = std::filesystem::last_write_time(host);
+    std::filesystem::last_write_time(host, time + std::chrono::microseconds(3));
+    const modFiles::FileStamp later = modFiles::StampOf(Inside("a.bin"));
+    EXPECT_EQ(later.Modified, stamp.Modified + 3000);
+    EXPECT_NE(later, stamp);
+    EXPECT_EQ(ErrorOf([&] { modFiles::StampOf(Inside("absent")); }), runtimeerror::kFileNotFound);
+}
+
 TEST_F(modFilesTest, MissingFileIsToldApartFromMissingFolder) {
     Put("a.bas");
     const std::vector<std::pair<std::string, std::int32_t>> rows = {
@@ -393,6 +409,18 @@ TEST_F(modFilesTest, EmptiesAFileOrCreatesAnEmptyOne) {
     modFiles::EmptyFile(Inside("new.txt"));
     EXPECT_EQ(modFiles::FileSize(Inside("log.txt")), 0);
     EXPECT_EQ(modFiles::FileSize(Inside("new.txt")), 0);
+}
+
+TEST_F(modFilesTest, WriteBytesAtomicallyAsNamed_TakesTheNameAsWrittenAndTheFolderInAnyCase) {
+    std::filesystem::create_directory(m_folder.HostPath() / "Pages");
+    modFiles::WriteBytesAtomicallyAsNamed(Inside("Pages\\a.html"), "first");
+    modFiles::WriteBytesAtomicallyAsNamed(Inside("pages\\A.html"), "second");
+    modFiles::WriteBytesAtomicallyAsNamed(Inside("PAGES\\A.html"), "third");
+    EXPECT_TRUE(std::filesystem::exists(m_folder.HostPath() / "Pages" / "a.html"));
+    EXPECT_EQ(modFiles::ReadBytes(Inside("Pages\\a.html")), "first");
+    EXPECT_EQ(modFiles::ReadBytes(Inside("Pages\\A.html")), "third");
+    EXPECT_EQ(modFiles::FolderEntries(Inside("Pages")).size(), 2U) << "nothing else is left there";
+    EXPECT_THROW(modFiles::WriteBytesAtomicallyAsNamed(Inside("nowhere\\A.html"), "x"), BasicError);
 }
 
 TEST_F(modFilesTest, AtomicWritingReplacesTheContentAndLeavesNothingBeside) {

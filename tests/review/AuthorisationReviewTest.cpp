@@ -103,6 +103,27 @@ TEST(AuthorisationReview, AVersionCountsAsListedWhereverItsTextOccursInTheList) 
     EXPECT_THAT(review.Titles(), IsEmpty());
 }
 
+TEST(AuthorisationReview, AnEmptyVersionOccursInEveryList) {
+    ReferenceReview review;
+    review.Review().Criteria().LoadCriteria().SetAuthorisedComponents(true);
+    review.Rules().AuthorisedReferences().Add(kGuid, "The Thing", "", "2.0;3.0", "");
+    review.Rules().AuthorisedComponents().Add(kGuid, "THING.OCX", "2.0", "");
+    AddFormWithComponent(review, "");
+    AddAsker(review, 5, "Component");
+    review.RunProject(ProjectWithReference("") + "Form=frmA.frm\n");
+    EXPECT_THAT(review.Titles(), IsEmpty());
+    EXPECT_THAT(review.Log(), Contains(HasSubstr("asked True [2.0]")));
+}
+
+TEST(AuthorisationReview, ABlankAdviceOfAnEntryLeavesThatOfTheViolation) {
+    ReferenceReview review;
+    review.Rules().AuthorisedReferences().Add(kGuid, "The Thing", "", "2.0;3.0", "  ");
+    review.Rules().DefaultViolations().Item(4).SetAdvice("Ask %Reference.Filename%.");
+    review.RunProject(ProjectWithReference("1.2"));
+    EXPECT_THAT(
+        review.Query("SELECT Advice FROM Violations"), ElementsAre("Ask C:\\Lib\\Thing.dll."));
+}
+
 TEST(AuthorisationReview, WithTheCheckOffAReferenceStillTellsTheTruthOfTheList) {
     RulesInReview review;
     AddAsker(review, 26, "Reference");
@@ -167,6 +188,37 @@ TEST(AuthorisationReview, WithTheCheckOffAComponentHasNoSuchProperties) {
     EXPECT_THAT(
         review.Log(),
         Contains(HasSubstr("Virtual object property 'Component.IsAuthorised' not found.")));
+}
+
+TEST(AuthorisationReview, WithTheCheckOffTheTagOfAComponentFindsNoSuchProperty) {
+    RulesInReview review;
+    AddFormWithComponent(review, "1.2");
+    review.AddCoding("Tells", {5}, Script("Dorvik.RaiseViolation"))
+        .ViolationDefinition()
+        .SetDescription("[%Component.IsAuthorised%] %Component.Version%");
+    review.RunProject(kFormProject);
+    EXPECT_THAT(review.Query("SELECT Description FROM Violations"), ElementsAre("[] 1.2"));
+    EXPECT_THAT(
+        review.Log(),
+        Contains("[Event:Component][Rule:5000 - Violation] Virtual object property "
+                 "'Component.IsAuthorised' not found."));
+}
+
+TEST(AuthorisationReview, AtAComponentOnlyCodingConventionsRunIfTheCheckIsOff) {
+    RulesInReview review;
+    AddFormWithComponent(review, "1.2");
+    review.AddCoding("Script", {5}, Script("Dorvik.RaiseViolation"));
+    review.AddKeyword("Keyword", ".", {5});
+    for (std::int32_t type = kFirstObjectType; type <= kLastObjectType; ++type) {
+        NamingConvention& rule = review.AddNaming("Name", static_cast<ObjectType>(type));
+        rule.SetPropertyName("Filename");  // which a component has
+        rule.SetCondition(Script("Dim e\r\nDorvik.GetParserEvent e\r\n"
+                                 "If e = \"Component\" Then Dorvik.ApplyConvention"));
+        rule.SetBodyActive(true);
+        rule.SetMinBodyLength(90);
+    }
+    review.RunProject(kFormProject);
+    EXPECT_THAT(review.Titles(), ElementsAre("Script"));
 }
 
 TEST(AuthorisationReview, TheFourViolationsAreTheDefaultOnesByNumber) {

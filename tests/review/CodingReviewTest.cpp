@@ -107,14 +107,7 @@ TEST(CodingReview, APendingRuleWhoseEndEventNeverCameStaysTriggeredIntoTheNextFi
 
 TEST(CodingReview, AtOneEventNamesComeBeforeScriptsAndScriptsBeforeKeywords) {
     RulesInReview review;
-    review.Review().Criteria().LoadCriteria().SetUnauthorisedKeywords(true);
-    const auto keyword = std::make_shared<UnauthorisedKeyword>();
-    keyword->SetTitle("Keyword");
-    keyword->SetCondition("Stop");
-    keyword->AddParserEventID(30);
-    keyword->ViolationDefinition().SetTitle("Keyword");
-    keyword->ViolationDefinition().SetSeverity(3);
-    review.Rules().RuleLists().AddConvention(keyword, true);
+    review.AddKeyword("Keyword", "Stop");
     review.AddCoding("Script", {25, 30}, kRaise);
     NamingConvention& naming = review.AddNaming("Name", ObjectType::Variable);
     naming.SetBodyActive(true);

@@ -12,6 +12,7 @@ namespace {
 using test::KeywordRule;
 using test::ModuleWith;
 using test::ReviewRun;
+using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -137,8 +138,32 @@ TEST(EventActions, MalformedPatternIsLoggedEndsItsListAndTheReviewGoesOn) {
         ModuleWith("modA", "Stop\n"),
         {Rule("First", "Stop"), Rule("Broken", "Stop("), Rule("Behind", "Stop")});
     EXPECT_THAT(run.Query("P", "SELECT Title FROM Violations"), ElementsAre("First"));
-    EXPECT_THAT(run.Log("P"), Contains(HasSubstr("C_VB6ProjectReview::ExecuteEventActions")));
+    EXPECT_THAT(
+        run.Log("P"),
+        Contains(HasSubstr("Expected ')' in regular expression 'Stop(' at position 6 in rule 5001 "
+                           "(Broken)#C_VB6ProjectReview::ExecuteEventActions")));
     EXPECT_THAT(run.Log("P"), Contains("Project reviewed successfully."));
+}
+
+TEST(EventActions, APatternThatTakesTooLongIsAnErrorOfItsRuleAndNoMatch) {
+    const std::string longLine = "Call Abcdefghijklmnopqrstuvwxyz\n";
+    ReviewRun run;
+    ReviewModule(
+        run,
+        ModuleWith("modA", longLine + longLine + longLine + longLine + "Stop\n"),
+        {Rule("Endless", "^(\\w+\\s?)+[!?]$"), Rule("Behind", "^Stop|^Call")});
+    // Each stop ends the list, as any error does; the third one switches the rule off.
+    EXPECT_THAT(run.Query("P", "SELECT Title FROM Violations"), ElementsAre("Behind", "Behind"));
+    EXPECT_THAT(run.Query("P", "SELECT LineNum FROM Violations"), ElementsAre("6", "7"));
+    EXPECT_THAT(
+        run.Log("P"),
+        Contains(AllOf(
+            HasSubstr("Error #16 - Expression too complex"),
+            HasSubstr("in rule 5000 (Endless)#C_VB6ProjectReview::ExecuteEventActions"))));
+    EXPECT_THAT(
+        run.Log("P"),
+        Contains("[Event:Procedure <body>][Rule:5000] Switched off for the rest of the review, "
+                 "because its pattern was stopped 3 times: rule 5000 (Endless)"));
 }
 
 TEST(EventActions, EveryTestOfARuleCountsAsAnExecution) {

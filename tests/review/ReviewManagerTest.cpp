@@ -34,7 +34,8 @@ public:
         std::shared_ptr<ReviewCriteria>,
         ProgressInfo& progress,
         std::shared_ptr<Rulebase>,
-        RuleEngine&) override {
+        RuleEngine&,
+        ReportsEngine&) override {
         m_progress = &progress;
         m_script.Calls.emplace_back("Initialise");
         return 0;

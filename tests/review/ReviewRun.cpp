@@ -84,6 +84,7 @@ SliceResult ReviewRun::Run(ReviewManager::ProgressHandler handler) {
     ReviewManager manager;
     manager.SetProgressHandler(std::move(handler));
     manager.RuleEngine().SetLimits(m_limits);
+    manager.SetTypeLibraries(m_typeLibraries);
     manager.InitialiseReview(m_criteria);
     return manager.ReviewTimeSlice(kWholeReview);
 }

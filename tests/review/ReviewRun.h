@@ -52,6 +52,8 @@ public:
 
     /// What the scripts of the review may use up; the usual limits unless told.
     void SetScriptLimits(const basic::ScriptLimits& limits) { m_limits = limits; }
+    /// Where the review takes type libraries from; nowhere unless told. REQUIRES: it outlives this object.
+    void SetTypeLibraries(ITypeLibrarySource& typeLibraries) { m_typeLibraries = &typeLibraries; }
     /// Runs the whole review.
     SliceResult Run(ReviewManager::ProgressHandler handler = {});
 
@@ -71,6 +73,7 @@ private:
     ScopedInstall<IClock> m_installedClock;
     std::shared_ptr<ReviewCriteria> m_criteria;
     basic::ScriptLimits m_limits;
+    ITypeLibrarySource* m_typeLibraries = nullptr;
 };
 
 /// A module with one procedure of those body lines.

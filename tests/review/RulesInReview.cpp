@@ -41,6 +41,20 @@ NamingConvention& RulesInReview::AddNaming(const std::string& title, ObjectType 
     return *rule;
 }
 
+UnauthorisedKeyword& RulesInReview::AddKeyword(
+    const std::string& title, const std::string& pattern, const std::vector<std::int32_t>& events) {
+    const auto rule = std::make_shared<UnauthorisedKeyword>();
+    rule->SetTitle(title);
+    rule->SetCondition(pattern);
+    for (const std::int32_t event : events) {
+        rule->AddParserEventID(event);
+    }
+    rule->ViolationDefinition().SetTitle(title);
+    rule->ViolationDefinition().SetSeverity(3);
+    m_rulebase.RuleLists().AddConvention(rule, true);
+    return *rule;
+}
+
 SliceResult RulesInReview::Run(const std::vector<std::string>& modules) {
     std::string project = "Type=Exe\nName=\"P\"\n";
     for (const std::string& module : modules) {

@@ -5,6 +5,7 @@
 #include "rulebase/NamingConvention.h"
 #include "rulebase/ObjectType.h"
 #include "rulebase/Rulebase.h"
+#include "rulebase/UnauthorisedKeyword.h"
 
 #include <string>
 #include <vector>
@@ -27,6 +28,12 @@ public:
         std::int32_t endEvent = -1);
     /// A naming convention on "Name" for that kind of object.
     NamingConvention& AddNaming(const std::string& title, ObjectType object);
+
+    /// An unauthorised keyword.
+    UnauthorisedKeyword& AddKeyword(
+        const std::string& title,
+        const std::string& pattern,
+        const std::vector<std::int32_t>& events = {10, 28, 30});
 
     /// Reviews the modules, given as "name=text", in their order.
     SliceResult Run(const std::vector<std::string>& modules);

@@ -4,6 +4,7 @@
 #include "base/BasicError.h"
 #include "enforcement/RuleEngine.h"
 #include "platform/modFiles.h"
+#include "reports/ReportsEngine.h"
 #include "review/IProjectReviewEvents.h"
 #include "rulebase/Rulebase.h"
 
@@ -30,7 +31,7 @@ public:
     explicit SteppedReview(ReviewRun& run) {
         m_review.HookupCallback(this);
         m_review.InitialiseReview(
-            run.SharedCriteria(), m_progress, std::make_shared<Rulebase>(), m_engine);
+            run.SharedCriteria(), m_progress, std::make_shared<Rulebase>(), m_engine, m_reports);
         m_loadResult = m_review.LoadProject(1);
     }
 
@@ -62,6 +63,7 @@ private:
 
     ProgressInfo m_progress;
     RuleEngine m_engine;
+    ReportsEngine m_reports;
     VB6ProjectReview m_review;
     std::int32_t m_loadResult = 0;
 };

@@ -28,6 +28,7 @@ TEST(DVKWorkData, FirstRunUsesTheDefaultChoices) {
     EXPECT_TRUE(data.ClearLog());
     EXPECT_FALSE(data.BackgroundReview());
     EXPECT_EQ(data.BackgroundTickCount(), 100);
+    EXPECT_TRUE(data.TypeLibraryFolders().empty());
     EXPECT_TRUE(data.ToolbarVisible());
     EXPECT_EQ(data.ToolbarPosition(), 1);
     EXPECT_EQ(data.ToolbarRowIndex(), 6);
@@ -105,9 +106,11 @@ TEST(DVKWorkData, WhatIsSetIsRead) {
     DVKWorkData data;
     data.SetLastRulebase("C:\\a.dvk");
     data.SetBackgroundTickCount(7);
+    data.SetTypeLibraryFolders({"C:\\Libs", "D:\\More"});
     data.RVVLColWidth().SetItem(2, 0.5);
     EXPECT_EQ(data.LastRulebase(), "C:\\a.dvk");
     EXPECT_EQ(data.BackgroundTickCount(), 7);
+    EXPECT_EQ(data.TypeLibraryFolders(), (std::vector<std::string>{"C:\\Libs", "D:\\More"}));
     EXPECT_DOUBLE_EQ(data.RVVLColWidth().Item(2), 0.5);
     EXPECT_THROW(data.RVVLColWidth().SetItem(4, 0.5), BasicError);
     EXPECT_THROW((void)data.RVVLColWidth().Item(0), BasicError);

@@ -83,6 +83,9 @@ TEST_F(modGlobalTest, InstallationFactsAreTheDefaultsOfTheMachine) {
     EXPECT_EQ(data.LocalDataPath(), m_folder.Path("User\\Data\\"));
     EXPECT_EQ(data.ErrorLogFile(), m_folder.Path("User\\Data\\Error.log"));
     EXPECT_EQ(data.ProjectResultsDB(), m_folder.Path("Program\\Data\\DVKProject.mdb"));
+    EXPECT_EQ(data.TypeCataloguePath(), m_folder.Path("Program\\Data\\type-catalogue\\"));
+    EXPECT_EQ(data.UserTypeCataloguePath(), m_folder.Path("User\\Data\\type-catalogue\\"));
+    EXPECT_EQ(data.TypeLibraryIndexFile(), m_folder.Path("User\\Data\\TypeLibraries.index"));
     EXPECT_EQ(data.ProductVersion(), "6.02.0001");
     EXPECT_TRUE(data.HomePageURL().starts_with("https://"));
     EXPECT_TRUE(data.TechSupportPageURL().starts_with("https://"));

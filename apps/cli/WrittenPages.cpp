@@ -1,0 +1,67 @@
+#include "cli/WrittenPages.h"
+
+#include "cli/Console.h"
+#include "foundation/modUtilFunctions.h"
+
+#include <map>
+
+namespace dorvik {
+
+namespace {
+
+/// As many pages are named one by one.
+constexpr std::size_t kNamedPages = 10;
+
+}  // namespace
+
+void WrittenPages::Add(const std::string& page) {
+    if (m_keys.insert(page).second) {
+        m_pages.push_back(page);
+    } else {
+        m_replaced.insert(page);
+    }
+}
+
+void WrittenPages::Add(const std::vector<std::string>& pages) {
+    for (const std::string& page : pages) {
+        Add(page);
+    }
+}
+
+bool WrittenPages::Contains(const std::string& page) const {
+    return m_keys.contains(page);
+}
+
+void WrittenPages::Print() const {
+    if (m_pages.size() <= kNamedPages) {
+        for (const std::string& page : m_pages) {
+            modConsole::Print("Wrote '" + modConsole::ShownPath(page) + "'\n");
+        }
+        return;
+    }
+    std::map<std::string, std::size_t> folders;
+    for (const std::string& page : m_pages) {
+        ++folders[modUtilFunctions::PathFromFilename(page)];
+    }
+    for (const auto& [folder, count] : folders) {
+        modConsole::Print(
+            "Wrote " + std::to_string(count) + (count == 1 ? " page" : " pages") + " into '" +
+            modConsole::ShownPath(modUtilFunctions::RemoveBackslash(folder)) + "'\n");
+    }
+}
+
+void WrittenPages::TellReplaced() const {
+    if (m_replaced.empty()) {
+        return;
+    }
+    const std::string first = "the page '" + modConsole::ShownPath(*m_replaced.begin()) + "'";
+    const std::size_t others = m_replaced.size() - 1;
+    modConsole::PrintError(
+        first +
+        (others == 0   ? " was"
+         : others == 1 ? " and 1 other were"
+                       : " and " + std::to_string(others) + " others were") +
+        " written more than once, because files of one name share a page; only the last is there");
+}
+
+}  // namespace dorvik

@@ -1,0 +1,42 @@
+#include "MeasuredReview.h"
+
+#include "criteria/ReviewCriteria.h"
+#include "foundation/LogFile.h"
+#include "foundation/modLog.h"
+#include "review/ReviewManager.h"
+#include "rulebase/Rulebase.h"
+#include "settings/DVKWorkData.h"
+#include "settings/modGlobal.h"
+
+#include <memory>
+
+namespace dorvik {
+
+std::string InstalledRulebase() {
+    modGlobal::CreateGlobalObjects();
+    return modGlobal::WorkData().LastRulebase();
+}
+
+bool ReviewProject(const std::string& projectFile, const std::string& rulebaseFile) {
+    modGlobal::CreateGlobalObjects();
+    modLog::Log().SetQuiet(true);
+    auto criteria = std::make_shared<ReviewCriteria>();
+    criteria->SetReportOption(0);
+    criteria->SetUseProjectFolderResults(true);
+    RulebaseLoadCriteria& load = criteria->LoadCriteria();
+    load.SetRulebaseFile(rulebaseFile);
+    load.SetUnauthorisedKeywords(true);
+    load.SetCodingConventions(true);
+    load.SetNamingConventions(true);
+    for (std::int32_t level = 1; level <= 5; ++level) {
+        load.SetSeverityLevel(level, true);
+    }
+    const auto project = std::make_shared<VirtualProject>();
+    project->SetFilename(projectFile);
+    criteria->ProjectList().Add(projectFile, project, true, true);
+    ReviewManager manager;
+    manager.InitialiseReview(criteria);
+    return manager.ReviewTimeSlice(kWholeReview) == SliceResult::Complete;
+}
+
+}  // namespace dorvik

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace dorvik {
+
+/// What texts have in common at both ends. Never cuts a character in two.
+class CommonEnds {
+public:
+    void Add(std::string_view text);
+
+    const std::string& Head() const { return m_head; }
+    const std::string& Tail() const { return m_tail; }
+    /// What stands between both ends. REQUIRES: `text` was added.
+    std::string_view MiddleOf(std::string_view text) const;
+
+private:
+    bool m_any = false;
+    bool m_alike = true;  // one text so far, maybe many times: it is the head
+    std::string m_head;
+    std::string m_tail;
+};
+
+}  // namespace dorvik

@@ -1,0 +1,70 @@
+// Set-up, and what all reports share.
+
+#include "reports/ReportsEngine.h"
+
+#include "foundation/Trap.h"
+#include "reports/modReportFile.h"
+#include "reports/modReportFormat.h"
+
+#include <utility>
+
+namespace dorvik {
+
+namespace {
+
+constexpr std::int32_t kNoCategory = -1;
+
+/// By status code from 1.
+constexpr std::array<std::string_view, 4> kStatusDescriptions{
+    "Unexpected Error",
+    "Unknown Source File Name",
+    "Unknown Source File Type",
+    "Failed To Open Source File"};
+
+}  // namespace
+
+void ReportsEngine::Initialise(const SeverityTable& severities, const CategoryList& categories) {
+    Trap({kModule, "Initialise"}, [&] {
+        TakeSeverities(severities);
+        m_categories.Clear();
+        for (std::int32_t index = 1; index <= categories.Count(); ++index) {
+            m_categories.Add(categories.Item(index), false);
+        }
+    });
+}
+
+std::string ReportsEngine::FormatNumber(double value, std::int32_t decimals, bool showZero) {
+    return modReportFormat::FormatNumber(value, decimals, showZero);
+}
+
+std::string ReportsEngine::GetCategoryText(std::int32_t categoryId) const {
+    if (categoryId == kNoCategory) {
+        return "Unallocated";
+    }
+    const std::string key = CategoryList::CategoryIDToKey(categoryId);
+    return m_categories.Contains(key) ? m_categories.Item(key)->Title() : std::string();
+}
+
+std::string_view ReportsEngine::GetReviewStatusDescription(std::int32_t status) {
+    const bool isKnown =
+        status >= 1 && static_cast<std::size_t>(status) <= kStatusDescriptions.size();
+    return isKnown ? kStatusDescriptions[static_cast<std::size_t>(status) - 1]
+                   : "Unknown Review Status Code";
+}
+
+void ReportsEngine::SaveReport(
+    const HTMLHelper2& html,
+    std::string_view projectFile,
+    ReportKind kind,
+    std::string_view folder,
+    std::string_view sourceFile,
+    std::string_view name) {
+    Trap({kModule, "SaveReport"}, [&] {
+        std::string path =
+            modDorvikUtils::CreateReportFilename(projectFile, kind, folder, sourceFile, name);
+        modReportFile::Write(path, html.DocumentText());
+        m_writtenReports.push_back(std::move(path));
+    });
+}
+
+}  // namespace dorvik

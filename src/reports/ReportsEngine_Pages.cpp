@@ -1,0 +1,102 @@
+// The pages of a project and of a batch: where their facts come from, progress and failures.
+
+#include "criteria/ProgressInfo.h"
+#include "criteria/ReviewCriteria.h"
+#include "foundation/Trap.h"
+#include "platform/modFiles.h"
+#include "platform/modHost.h"
+#include "reports/BatchReport.h"
+#include "reports/ProjectReport.h"
+#include "reports/ReportsEngine.h"
+#include "results/modResultsFilename.h"
+#include "source/VirtualProject.h"
+
+namespace dorvik {
+
+namespace {
+
+std::string ResultsFolder(const ReviewCriteria& criteria) {
+    return criteria.UseProjectFolderResults() ? std::string() : criteria.FixedFolderResults();
+}
+
+bool IsAnySet(const LongArrayList& limits) {
+    for (std::int32_t index = 1; index <= limits.Count(); ++index) {
+        if (limits.Item(index) > ToleranceSettings::kNotSet) {
+            return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace
+
+void ReportsEngine::CreateProjectReport(
+    VirtualProject& project, const ReviewCriteria& criteria, ProgressInfo& progress) {
+    Trap({kModule, "CreateProjectReport"}, [&] {
+        std::unique_ptr<ResultsDB> results;
+        if (!OpenResultsDatabase(project, criteria, results)) {
+            return;
+        }
+        ProjectReportOrder order;
+        order.ProjectFile = project.Filename();
+        order.ReportsFolder =
+            criteria.UseProjectFolderReports() ? std::string() : criteria.FixedFolderReports();
+        order.LogFile =
+            modDorvikUtils::CreateProjectLogFilename(project.Filename(), ResultsFolder(criteria));
+        order.RulebaseFile = criteria.LoadCriteria().RulebaseFile();
+        order.Detailed = criteria.ReportOption() == kDetailed;
+        order.Project = &project;
+        ProjectReport(*this, *results, progress, order).Write();
+    });
+}
+
+bool ReportsEngine::CreateReportsOfDatabase(
+    ResultsDB& results, const ProjectReportOrder& order, ProgressInfo& progress) {
+    bool written = false;
+    Trap({kModule, "CreateReportsOfDatabase"}, [&] {
+        const CategorySeverityLists lists = results.GetCategorySeverityLists();
+        Initialise(lists.Severities, lists.Categories);
+        const std::string page = modDorvikUtils::CreateReportFilename(
+            order.ProjectFile, ReportKind::Project, order.ReportsFolder);
+        const std::size_t before = m_writtenReports.size();
+        ProjectReport(*this, results, progress, order).Write();
+        // Its own page is the last one.
+        written = m_writtenReports.size() > before && m_writtenReports.back() == page;
+    });
+    return written;
+}
+
+void ReportsEngine::CreateBatchReport(const ReviewCriteria& criteria, ProgressInfo& progress) {
+    Trap({kModule, "CreateBatchReport"}, [&] { BatchReport(*this, criteria, progress).Write(); });
+}
+
+bool ReportsEngine::OpenResultsDatabase(
+    const VirtualProject& project,
+    const ReviewCriteria& criteria,
+    std::unique_ptr<ResultsDB>& results) {
+    bool opened = false;
+    Trap({kModule, "OpenResultsDatabase"}, [&] {
+        results = std::make_unique<ResultsDB>();
+        const std::string filename =
+            modDorvikUtils::CreateResultsFilename(project.Filename(), ResultsFolder(criteria));
+        opened = modFiles::FileExists(filename) && results->OpenReview(filename);
+    });
+    return opened;
+}
+
+bool ReportsEngine::TolerancesSet(const ToleranceSettings& tolerances) {
+    return IsAnySet(tolerances.Count) || IsAnySet(tolerances.Impact) ||
+           tolerances.CyclomaticComplexity != ToleranceSettings::kNotSet ||
+           tolerances.PercentageComments != ToleranceSettings::kNotSet;
+}
+
+bool ReportsEngine::UpdateProgressDisplay(ProgressInfo& progress, std::int32_t state) {
+    bool cancel = false;
+    if (m_events != nullptr) {
+        m_events->ReportsProgress(progress, state, cancel);
+    }
+    modHost::YieldToInput();
+    return cancel;
+}
+
+}  // namespace dorvik

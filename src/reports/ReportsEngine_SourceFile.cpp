@@ -1,0 +1,33 @@
+// The report of one source file.
+
+#include "foundation/Trap.h"
+#include "reports/ReportsEngine.h"
+#include "reports/SourceFileReport.h"
+
+namespace dorvik {
+
+void ReportsEngine::CreateSourceFileReport(
+    std::string_view projectFile,
+    const BasicObject& sourceFile,
+    ResultsDB& results,
+    ProgressInfo& progress,
+    std::string_view folder,
+    bool& cancel,
+    bool tolerancesSet) {
+    Trap({kModule, "CreateSourceFileReport"}, [&] {
+        SourceFileReport report(
+            *this, {projectFile, sourceFile, folder, tolerancesSet}, results, progress);
+        cancel = !report.Build();
+        if (!cancel) {
+            SaveReport(
+                report.Html(),
+                projectFile,
+                ReportKind::SourceFile,
+                folder,
+                sourceFile.Path + sourceFile.Filename,
+                sourceFile.Name);
+        }
+    });
+}
+
+}  // namespace dorvik

@@ -1,0 +1,57 @@
+#include "reports/modReportLinks.h"
+
+#include "base/modUtf8.h"
+#include "platform/modFiles.h"
+
+#include <cstddef>
+
+namespace dorvik::modReportLinks {
+
+namespace {
+
+constexpr std::string_view kEncoded = "%#?&:\"'<>\\";
+constexpr std::string_view kHexDigits = "0123456789ABCDEF";
+
+bool NeedsEncoding(char character) {
+    return static_cast<unsigned char>(character) < ' ' || character == '\x7f' ||
+           kEncoded.find(character) != std::string_view::npos;
+}
+
+void AppendEncoded(std::string& href, char character) {
+    const auto number = static_cast<unsigned char>(character);
+    href += '%';
+    href += kHexDigits[number / kHexDigits.size()];
+    href += kHexDigits[number % kHexDigits.size()];
+}
+
+std::string Encoded(std::string_view path) {
+    std::string href;
+    for (std::size_t index = 0; index < path.size();) {
+        const modUtf8::Character character = modUtf8::Decode(path, index);
+        const bool isBlankAtEnd = path[index] == ' ' && (index == 0 || index + 1 == path.size());
+        if (!character.Valid || NeedsEncoding(path[index]) || isBlankAtEnd) {
+            AppendEncoded(href, path[index]);
+        } else {
+            href += path.substr(index, character.Size);
+        }
+        index += character.Size;
+    }
+    return href;
+}
+
+}  // namespace
+
+std::string HrefOfFile(std::string_view filename) {
+    return Encoded(filename);
+}
+
+std::string HrefOfPath(std::string_view path) {
+    return Encoded(modFiles::HostPath(path).string());
+}
+
+std::string PathText(std::string_view path) {
+    const std::string host = modFiles::HostPath(path).string();
+    return host.empty() ? std::string(path) : host;
+}
+
+}  // namespace dorvik::modReportLinks

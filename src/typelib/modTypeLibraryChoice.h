@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace dorvik {
+
+/// Which library somebody asks for.
+struct TypeLibraryWish {
+    std::string_view Guid;  // compared without regard to case
+    std::int32_t MajorVersion = 0;
+    std::int32_t MinorVersion = 0;
+    std::int32_t Lcid = 0;
+};
+
+/// A library that there is, as far as the choice goes.
+struct TypeLibraryOffer {
+    std::string_view Guid;
+    std::int32_t MajorVersion = 0;
+    std::int32_t MinorVersion = 0;
+    std::int32_t Lcid = 0;
+};
+
+/// Which of several libraries answers a wish. The major version is always the one asked for. The minor
+/// version is decided first, the language within it: the very one, then the neutral form of its
+/// primary language, then no language, then any. Of equals the first one answers.
+namespace modTypeLibraryChoice {
+
+/// The position of the library that answers as a registered one does: the minor version asked for, or
+/// the highest one above it.
+std::optional<std::size_t>
+Registered(const std::vector<TypeLibraryOffer>& offers, const TypeLibraryWish& wish);
+
+/// As above, but any minor version will do: the one asked for, the nearest above it, the nearest below.
+std::optional<std::size_t>
+Nearest(const std::vector<TypeLibraryOffer>& offers, const TypeLibraryWish& wish);
+
+}  // namespace modTypeLibraryChoice
+
+}  // namespace dorvik

@@ -1,0 +1,159 @@
+#include "cli/CommandLineFixture.h"
+#include "platform/modFiles.h"
+
+#include <gmock/gmock.h>
+
+namespace dorvik::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using ::testing::AllOf;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+/// Reviews that meet with trouble on the machine or in a script.
+class ReviewTrouble : public CommandLineFixture {
+protected:
+    /// A rulebase whose only rule of consequence is a coding convention at "begin Procedure".
+    void WriteRulebase(const std::string& name, const std::string& script) const {
+        std::string text = modFiles::ReadBytes(modFiles::FromHostPath(DORVIK_RULEBASE));
+        const std::string empty = "<CodingConventions/>";
+        const std::size_t at = text.find(empty);
+        ASSERT_NE(at, std::string::npos);
+        text.replace(
+            at,
+            empty.size(),
+            R"(<CodingConventions><CodingConvention RuleID="6000" RuleActive="True" Title="Slow")"
+            R"( Description="" PendingViolation="False" EndEventID="-1" Condition=")" +
+                script +
+                R"(" ParserEventID="28"><ViolationDefinition Name="Slow" Description="")"
+                R"( SeverityLevel="5" Impact="0" CategoryID="-1" Advice=""/></CodingConvention>)"
+                "</CodingConventions>");
+        WriteBytes(name, text);
+    }
+
+    /// A project of one module with that many procedures.
+    void WriteProcedures(int count) const {
+        std::string module = "Attribute VB_Name = \"modA\"\r\nOption Explicit\r\n";
+        for (int index = 1; index <= count; ++index) {
+            module += "Sub Work" + std::to_string(index) + "()\r\nEnd Sub\r\n";
+        }
+        WriteBytes("A.bas", module);
+        WriteLines("A.vbp", {"Type=Exe", "Module=modA; A.bas", "Name=\"A\""});
+    }
+};
+
+const std::string kEndless = "Sub Main%CRLF%Do%CRLF%Loop%CRLF%End Sub";
+
+TEST_F(ReviewTrouble, AQuoteInAFolderNameLeavesTheFilesWithoutResultsWhichIsTold) {
+    WriteLines("it's/A.vbp", {"Type=Exe", "Module=A; A.bas", "Name=\"A\""});
+    WriteLines("it's/A.bas", {"Attribute VB_Name = \"A\"", "Option Explicit"});
+    const ProgramResult result = Run({"review", "it's/A.vbp", "--results", "out"});
+    EXPECT_EQ(result.ExitCode, 3) << result.Error;
+    ExpectClearSentences(result);
+    EXPECT_THAT(
+        result.Errors(),
+        ElementsAre(
+            AllOf(HasSubstr(Work("it's/A.bas").string()), HasSubstr("could not be stored"))));
+}
+
+TEST_F(ReviewTrouble, AReviewLogThatCannotBeWrittenCostsTheProjectAndNotTheProgram) {
+    WriteModuleProject("A", "    x = 1");
+    fs::create_directories(Work("out/A_DORVIK.txt"));
+    const ProgramResult result = Run({"review", "A.vbp", "--results", "out"});
+    EXPECT_EQ(result.ExitCode, 2) << result.Error;
+    ExpectClearSentences(result);
+    EXPECT_THAT(
+        result.Error,
+        AllOf(
+            HasSubstr("a log misses lines: "), HasSubstr(Work("out/A_DORVIK.txt").string() + "'")));
+    EXPECT_THAT(result.Error, HasSubstr("A.vbp' was not reviewed"));
+    EXPECT_THAT(result.Output, Not(HasSubstr("passed")));
+}
+
+TEST_F(ReviewTrouble, AnotherProjectIsReviewedAllTheSame) {
+    WriteModuleProject("A", "    x = 1");
+    WriteModuleProject("B", "    x = 1");
+    fs::create_directories(Work("out/A_DORVIK.txt"));
+    const ProgramResult result = Run({"review", "A.vbp", "B.vbp", "--results", "out"});
+    EXPECT_EQ(result.ExitCode, 3) << result.Error;
+    EXPECT_THAT(result.Output, AllOf(HasSubstr("B.vbp"), HasSubstr("passed")));
+}
+
+TEST_F(ReviewTrouble, AnInstructionLimitStopsAScriptAndTheSummaryNamesTheRuleSwitchedOff) {
+    WriteRulebase("Slow.dvk", kEndless);
+    WriteProcedures(4);
+    const ProgramResult result = Run(
+        {"review",
+         "A.vbp",
+         "--rulebase",
+         "Slow.dvk",
+         "--script-instructions",
+         "5000",
+         "--script-seconds",
+         "0"});
+    EXPECT_EQ(result.ExitCode, 0) << result.Error;
+    EXPECT_THAT(
+        result.Errors(),
+        ElementsAre("dorvik: rule 6000 (Slow) was switched off, because its script was stopped 3 "
+                    "times at a limit; the review log says where"));
+    EXPECT_THAT(
+        Bytes("Dorvik/A_DORVIK.txt"), HasSubstr("the limit of 5000 instructions was reached"));
+}
+
+TEST_F(ReviewTrouble, AFractionOfAMillisecondIsALimitToo) {
+    WriteRulebase("Slow.dvk", kEndless);
+    WriteProcedures(1);
+    const ProgramResult result = Run(
+        {"review",
+         "A.vbp",
+         "--rulebase",
+         "Slow.dvk",
+         "--script-seconds",
+         "0.0001",
+         "--script-instructions",
+         "0"});
+    EXPECT_EQ(result.ExitCode, 0) << result.Error;
+    EXPECT_THAT(Bytes("Dorvik/A_DORVIK.txt"), HasSubstr("Script of rule 6000 (Slow), line 3"));
+}
+
+TEST_F(ReviewTrouble, AScriptWithoutSubMainIsToldWithItsRule) {
+    WriteRulebase("Broken.dvk", "Sub Other%CRLF%End Sub");
+    WriteProcedures(1);
+    const ProgramResult result = Run({"review", "A.vbp", "--rulebase", "Broken.dvk"});
+    EXPECT_EQ(result.ExitCode, 2);
+    ExpectClearSentences(result);
+    EXPECT_THAT(result.Errors(), ElementsAre(HasSubstr("[rule 6000 (Slow) has no Sub Main]")));
+}
+
+TEST_F(ReviewTrouble, ATemporaryFolderThatCannotBeUsedIsNamedInOneSentence) {
+    WriteProcedures(1);
+    ProgramRun::Settings settings = Settings({"review", "A.vbp"});
+    settings.TemporaryFolder = "/proc";
+    ProgramRun run(settings);
+    run.Wait();
+    EXPECT_EQ(run.ExitCode(), 2);
+    const ProgramResult result{run.ExitCode(), run.Output(), run.Error()};
+    ExpectClearSentences(result);
+    EXPECT_THAT(
+        result.Errors(),
+        ElementsAre(HasSubstr("their module cannot be written to the temporary folder '/proc")));
+}
+
+TEST_F(ReviewTrouble, AReviewLeavesNothingInTheTemporaryFolder) {
+    WriteProcedures(1);
+    fs::create_directories(Work("temp"));
+    ProgramRun::Settings settings = Settings({"review", "A.vbp"});
+    settings.TemporaryFolder = Work("temp").string();
+    ProgramRun run(settings);
+    run.Wait();
+    EXPECT_EQ(run.ExitCode(), 0) << run.Error();
+    EXPECT_TRUE(fs::is_empty(Work("temp")));
+}
+
+}  // namespace
+
+}  // namespace dorvik::test

@@ -1,0 +1,173 @@
+#include "RulesInReview.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace dorvik {
+
+namespace {
+
+using test::RulesInReview;
+using test::Script;
+using testing::AllOf;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+
+/// A module, a class and a form, each with little in it.
+void RunThreeFiles(RulesInReview& review) {
+    review.Review().AddFile("modA.bas", "Attribute VB_Name = \"modA\"\nSub Work()\nEnd Sub\n");
+    review.Review().AddFile(
+        "clsA.cls", "VERSION 1.0 CLASS\nAttribute VB_Name = \"clsA\"\nSub Work()\nEnd Sub\n");
+    review.Review().AddFile(
+        "frmA.frm", "VERSION 5.00\nBegin VB.Form frmA\nEnd\nAttribute VB_Name = \"frmA\"\n");
+    review.Review().AddFile(
+        "mdiA.frm", "VERSION 5.00\nBegin VB.MDIForm mdiA\nEnd\nAttribute VB_Name = \"mdiA\"\n");
+    review.RunProject("Type=Exe\nName=\"P\"\nModule=modA; modA.bas\nClass=clsA; clsA.cls\n"
+                      "Form=frmA.frm\nForm=mdiA.frm\n");
+}
+
+TEST(ScriptReview, ClassesAndFormsOfTheProjectAreKnownByNameInAnyCase) {
+    RulesInReview review;
+    review.AddCoding(
+        "Asks",
+        {2},
+        Script("Dim n\r\nFor Each n In Array(\"CLSA\", \"frma\", \"mdiA\", \"modA\")\r\n"
+               "Dorvik.DebugPrint n & Dorvik.IsClassName(n) & Dorvik.IsFormName(n)\r\nNext"));
+    RunThreeFiles(review);
+    for (const char* line : {"CLSATrueFalse", "frmaFalseTrue", "modAFalseFalse"}) {
+        EXPECT_THAT(review.Log(), Contains(HasSubstr(line)));
+    }
+    // A form file is told apart from an MDI form when it is read, and that it is one all the same.
+    EXPECT_THAT(review.Log(), Contains(HasSubstr("mdiAFalseTrue")));
+}
+
+TEST(ScriptReview, ADumpTellsAllPropertiesAndWorkfieldsOfAnObject) {
+    RulesInReview review;
+    review.AddCoding(
+        "Dumps",
+        {32},
+        Script("Dorvik.SetObjectWorkField \"LineLabel\", \"Seen\", 7\r\n"
+               "Dorvik.DumpObject \"LineLabel\"\r\nDorvik.DumpObject \"Enum\""));
+    review.Run({"modA=Sub Work()\nDone:\nEnd Sub\n"});
+    const std::vector<std::string> log = review.Log();
+    const auto first =
+        std::find(log.begin(), log.end(), "[Event:Line Label][Rule:5000][Object:LineLabel]");
+    ASSERT_GE(std::distance(first, log.end()), 9);
+    EXPECT_THAT(
+        std::vector<std::string>(first, first + 8),
+        ElementsAre(
+            "[Event:Line Label][Rule:5000][Object:LineLabel]",
+            "=== LineLabel Properties ===",
+            "   Name=Done",
+            "=== LineLabel Workfields ===",
+            "   Seen=7",
+            "===",
+            "[Event:Line Label][Rule:5000][Object:Enum]",
+            "=== Enum Properties ==="));
+    EXPECT_THAT(*(first + 8), HasSubstr("C_ResultsManager::DumpVirtualObject"));
+}
+
+TEST(ScriptReview, AnObjectInAWorkfieldIsHandedOutByReferenceAndAnArrayByValue) {
+    RulesInReview review;
+    review.AddCoding(
+        "Fills",
+        {3},
+        Script("Dorvik.SetObjectWorkField \"File\", \"Names\", New Collection\r\n"
+               "Dorvik.SetObjectWorkField \"File\", \"Sizes\", Array(1, 2)"));
+    review.AddCoding(
+        "Adds",
+        {28},
+        Script("Dim c, a\r\nDorvik.GetObjectWorkField \"File\", \"Names\", c\r\n"
+               "c.Add \"one more\"\r\n"
+               "Dorvik.GetObjectWorkField \"File\", \"Sizes\", a\r\na(0) = 9"));
+    review.AddCoding(
+        "Tells",
+        {35},
+        Script("Dim c, a\r\nDorvik.GetObjectWorkField \"File\", \"Names\", c\r\n"
+               "Dorvik.GetObjectWorkField \"File\", \"Sizes\", a\r\n"
+               "Dorvik.DebugPrint \"told \" & c.Count & \" \" & a(0)"));
+    review.Run({"modA=Sub A()\nEnd Sub\nSub B()\nEnd Sub\n"});
+    EXPECT_THAT(review.Log(), Contains(HasSubstr("told 2 1")));
+}
+
+TEST(ScriptReview, AWorkfieldGoesWithItsObject) {
+    RulesInReview review;
+    review.AddCoding(
+        "Counts",
+        {28},
+        Script("Dim n\r\nDorvik.DebugPrint \"had \" & "
+               "Dorvik.ObjectHasWorkfield(\"Procedure\", \"Seen\") & "
+               "Dorvik.ObjectHasWorkfield(\"File\", \"Seen\")\r\n"
+               "Dorvik.SetObjectWorkField \"Procedure\", \"Seen\", 1\r\n"
+               "Dorvik.SetObjectWorkField \"File\", \"Seen\", 1"));
+    review.Run({"modA=Sub A()\nEnd Sub\nSub B()\nEnd Sub\n", "modB=Sub C()\nEnd Sub\n"});
+    std::vector<std::string> told;
+    for (const std::string& line : review.Log()) {
+        if (const std::size_t at = line.find("had "); at != std::string::npos) {
+            told.push_back(line.substr(at));
+        }
+    }
+    EXPECT_THAT(told, ElementsAre("had FalseFalse", "had FalseTrue", "had FalseFalse"));
+}
+
+TEST(ScriptReview, AtTheEndOfAnEnumATypeOrTheDeclarationsTheStartIsTold) {
+    RulesInReview review;
+    review.AddCoding("Ends", {17, 24, 27, 34}, Script("Dorvik.RaiseViolation"));
+    review.Run({"modA=\nEnum E\nOne = 1\nEnd Enum\nType T\nX As Long\nEnd Type\n"
+                "Sub Work()\nEnd Sub\n"});
+    EXPECT_THAT(review.Query("SELECT LineNum FROM Violations"), ElementsAre("2", "5", "1", "8"));
+    EXPECT_THAT(
+        review.Query("SELECT SourceLine FROM Violations"),
+        ElementsAre("Enum E", "Type T", "", "Sub Work()"));
+    EXPECT_THAT(
+        review.Query("SELECT LocMember FROM Violations"),
+        ElementsAre("(Declarations)", "(Declarations)", "(Declarations)", "Work"));
+}
+
+TEST(ScriptReview, AViolationRaisedAtTheEndMarksNoTextOfItInTheLog) {
+    RulesInReview review;
+    review.AddCoding("Ends", {34}, Script("Dorvik.RaiseViolation"))
+        .ViolationDefinition()
+        .SetDescription("%Procedure.Colour%");
+    review.Run({"modA=Sub Work()\nEnd Sub\n"});
+    EXPECT_THAT(
+        review.Log(),
+        Contains("[Event:end Procedure][Rule:5000] Virtual object property 'Procedure.Colour' not "
+                 "found."));
+}
+
+TEST(ScriptReview, AScriptWithASubMainInUpperCaseRuns) {
+    RulesInReview review;
+    review.AddCoding("Loud", {28}, "SUB MAIN\r\nDorvik.RaiseViolation\r\nEND SUB\r\n");
+    review.Run({"modA=Sub Work()\nEnd Sub\n"});
+    EXPECT_THAT(review.Titles(), ElementsAre("Loud"));
+}
+
+TEST(ScriptReview, AnInstructionLimitStopsAtTheSamePlaceEachTime) {
+    RulesInReview review;
+    basic::ScriptLimits limits;
+    limits.Instructions = 5'000;
+    review.Review().SetScriptLimits(limits);
+    review.AddCoding(
+        "Long",
+        {28},
+        Script("Dim n\r\nFor n = 1 To 100000\r\n"
+               "Dorvik.SetObjectWorkField \"File\", \"N\", n\r\nNext"));
+    review.AddCoding(
+        "Tells",
+        {34},
+        Script("Dim n\r\nDorvik.GetObjectWorkField \"File\", \"N\", n\r\n"
+               "Dorvik.DebugPrint \"came to \" & (n > 10 And n < 5000)"));
+    review.Run({"modA=Sub A()\nEnd Sub\n"});
+    EXPECT_THAT(
+        review.Log(),
+        Contains(HasSubstr("Script of rule 5000 (Long), line 4: The script was stopped: the limit "
+                           "of 5000 instructions was reached")));
+    EXPECT_THAT(review.Log(), Contains(HasSubstr("came to True")));
+}
+
+}  // namespace
+
+}  // namespace dorvik

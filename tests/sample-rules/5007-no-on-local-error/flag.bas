@@ -1,0 +1,7 @@
+Option Explicit
+
+Public Sub Save()
+    On Local Error GoTo Failed
+    Failed:
+    Beep
+End Sub

@@ -1,0 +1,7 @@
+Option Explicit
+
+Public Sub Save()
+    On Error GoTo Failed
+    Failed:
+    localError = 1
+End Sub

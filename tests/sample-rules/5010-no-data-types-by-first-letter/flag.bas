@@ -1,0 +1,6 @@
+Option Explicit
+DefInt A-Z
+DefStr S
+
+Public Sub Work()
+End Sub

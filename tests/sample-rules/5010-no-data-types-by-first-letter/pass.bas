@@ -1,0 +1,3 @@
+Option Explicit
+Private DefIntCount As Long
+Private DefaultName As String

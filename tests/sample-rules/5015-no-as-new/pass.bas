@@ -1,0 +1,6 @@
+Option Explicit
+Private items As Collection
+
+Public Sub Work()
+    Set items = New Collection
+End Sub

@@ -1,0 +1,6 @@
+Option Explicit
+
+Public Sub OpenIt(ByVal path As String)
+    Set folder = objShell.Shell("x")
+    ShellExecute 0, "open", path, "", "", 1
+End Sub

@@ -1,0 +1,6 @@
+Option Explicit
+
+Public Sub Remove(ByVal path As String)
+    Kill path
+    If found Then Kill path & "*.tmp"
+End Sub

@@ -1,0 +1,5 @@
+Option Explicit
+
+Public Sub Unlock(ByVal path As String)
+    SetAttr path, vbNormal
+End Sub

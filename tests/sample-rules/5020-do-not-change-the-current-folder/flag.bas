@@ -1,0 +1,6 @@
+Option Explicit
+
+Public Sub GoHome()
+    ChDrive "C"
+    ChDir App.Path
+End Sub

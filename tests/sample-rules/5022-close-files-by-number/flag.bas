@@ -1,0 +1,6 @@
+Option Explicit
+
+Public Sub Finish()
+    Close
+    If done Then Close
+End Sub

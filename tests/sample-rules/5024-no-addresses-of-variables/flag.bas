@@ -1,0 +1,6 @@
+Option Explicit
+
+Public Sub Peek()
+    address = VarPtr(n)
+    address = StrPtr(text)
+End Sub

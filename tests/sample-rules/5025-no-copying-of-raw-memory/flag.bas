@@ -1,0 +1,6 @@
+Option Explicit
+
+Public Sub CopyIt()
+    CopyMemory target, source, 4
+    ZeroMemory target, 4
+End Sub

@@ -1,0 +1,6 @@
+Option Explicit
+
+Public Sub CopyIt()
+    LSet target = source
+    MoveMemoryBlock target
+End Sub

@@ -1,0 +1,5 @@
+Option Explicit
+
+Public Sub StartTimer()
+    id = SetTimer(0, 0, 100, AddressOf OnTimer)
+End Sub

@@ -1,0 +1,6 @@
+Option Explicit
+
+Public Sub StartTimer()
+    text = "AddressOf"
+    addressOfOwner = 1
+End Sub

@@ -1,0 +1,6 @@
+Option Explicit
+
+Public Sub Wait()
+    engine.DoEvents
+    DoEventsLater
+End Sub

@@ -1,0 +1,6 @@
+Option Explicit
+
+Public Sub Tab()
+    SendKeys "{TAB}"
+    If moved Then SendKeys "{HOME}", True
+End Sub

@@ -1,0 +1,6 @@
+Option Explicit
+
+Public Sub Tab()
+    control.SendKeys "x"
+    SendKeysTo 1
+End Sub

@@ -1,0 +1,6 @@
+Option Explicit
+
+Public Sub Pause()
+    SleepUntil Now
+    thread.Sleep 5
+End Sub

@@ -1,0 +1,6 @@
+Option Explicit
+
+Public Sub Ask()
+    n = InputBox("How many?")
+    text = InputBox$("Name?")
+End Sub

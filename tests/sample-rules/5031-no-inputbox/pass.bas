@@ -1,0 +1,6 @@
+Option Explicit
+
+Public Sub Ask()
+    frmAsk.Show vbModal
+    text = ui.InputBox("x")
+End Sub

@@ -1,0 +1,5 @@
+Option Explicit
+
+Public Sub Sum()
+    Debug.Print total
+End Sub

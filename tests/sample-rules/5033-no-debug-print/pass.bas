@@ -1,0 +1,6 @@
+Option Explicit
+
+Public Sub Sum()
+    Debug.Assert total > 0
+    Print #n, total
+End Sub

@@ -1,0 +1,3 @@
+Option Explicit
+Global gstrUser As String
+Global Const MAX_USERS = 12

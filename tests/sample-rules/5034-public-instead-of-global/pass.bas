@@ -1,0 +1,3 @@
+Option Explicit
+Public gstrUser As String
+Private GlobalCount As Long

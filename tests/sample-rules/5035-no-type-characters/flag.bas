@@ -1,0 +1,8 @@
+Option Explicit
+Private total@
+
+Public Sub Work()
+    Dim text$
+    Dim i%
+    text = ""
+End Sub

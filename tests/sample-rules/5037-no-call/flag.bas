@@ -1,0 +1,6 @@
+Option Explicit
+
+Public Sub Start()
+    Call Finish(1)
+    If n = 0 Then Call Finish(2)
+End Sub

@@ -1,0 +1,7 @@
+Option Explicit
+
+Public Sub ReadAll()
+    While Not rs.EOF
+    rs.MoveNext
+    Wend
+End Sub

@@ -1,0 +1,5 @@
+Option Explicit
+
+Public Sub Work()
+    LSet target = source
+End Sub

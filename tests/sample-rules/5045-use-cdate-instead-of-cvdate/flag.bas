@@ -1,0 +1,5 @@
+Option Explicit
+
+Public Sub Work()
+    due = CVDate(text)
+End Sub

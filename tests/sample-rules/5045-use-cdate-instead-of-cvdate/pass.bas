@@ -1,0 +1,6 @@
+Option Explicit
+
+Public Sub Work()
+    due = CDate(text)
+    MsgBox "CVDate(x)"
+End Sub

@@ -1,0 +1,2 @@
+Option Explicit
+Dim count As Long

@@ -1,0 +1,6 @@
+Option Explicit
+Private count As Long
+
+Public Sub Work()
+    Dim n As Long
+End Sub

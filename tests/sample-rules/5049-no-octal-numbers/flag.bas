@@ -1,0 +1,6 @@
+Option Explicit
+
+Public Sub Work()
+    n = &O17
+    n = &17
+End Sub

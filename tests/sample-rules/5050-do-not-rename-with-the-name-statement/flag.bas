@@ -1,0 +1,5 @@
+Option Explicit
+
+Public Sub Work()
+    Name oldPath As newPath
+End Sub

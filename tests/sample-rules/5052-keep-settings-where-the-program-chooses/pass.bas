@@ -1,0 +1,6 @@
+Option Explicit
+
+Public Sub Work()
+    SaveSettings
+    settings.GetSetting "x"
+End Sub

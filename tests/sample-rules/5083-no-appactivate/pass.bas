@@ -1,0 +1,6 @@
+Attribute VB_Name = "Pass"
+Option Explicit
+
+Public Sub ShowEditor(ByVal editor As Object)
+    editor.AppActivate
+End Sub

@@ -1,0 +1,6 @@
+Attribute VB_Name = "Flag"
+Option Explicit
+
+Public Function SignOf(ByVal number As Double) As String
+    SignOf = IIf(number > 0, "+", IIf(number < 0, "-", ""))
+End Function

@@ -1,0 +1,2 @@
+Attribute VB_Name = "Dates"
+Option Explicit

@@ -1,0 +1,2 @@
+Attribute VB_Name = "Module1"
+Option Explicit

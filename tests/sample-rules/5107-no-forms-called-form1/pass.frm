@@ -1,0 +1,7 @@
+VERSION 5.00
+Begin VB.Form Form1040 
+   Caption         =   "Orders"
+   ClientHeight    =   3000
+End
+Attribute VB_Name = "Form1040"
+Option Explicit

@@ -1,0 +1,3 @@
+Option Explicit
+Private count As Long
+Dim total As Currency

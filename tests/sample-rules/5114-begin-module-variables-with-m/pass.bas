@@ -1,0 +1,3 @@
+Option Explicit
+Private mlngCount As Long
+Private m_Total As Currency

@@ -1,0 +1,2 @@
+Option Explicit
+Public UserName As String

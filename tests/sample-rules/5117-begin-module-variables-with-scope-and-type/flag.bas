@@ -1,0 +1,2 @@
+Option Explicit
+Private strName As String

@@ -1,0 +1,4 @@
+Option Explicit
+Private mstrName As String
+Private mlngCount As Long
+Private mastrNames() As String

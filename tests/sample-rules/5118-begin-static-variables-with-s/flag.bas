@@ -1,0 +1,5 @@
+Option Explicit
+
+Public Sub Work()
+    Static lngCalls As Long
+End Sub

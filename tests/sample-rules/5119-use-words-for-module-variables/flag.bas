@@ -1,0 +1,3 @@
+Option Explicit
+Private q As Long
+Private t2 As String

@@ -1,0 +1,3 @@
+Option Explicit
+Public st As Long
+Public d As Object

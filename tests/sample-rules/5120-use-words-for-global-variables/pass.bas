@@ -1,0 +1,3 @@
+Option Explicit
+Public OpenOrders As Long
+Private st As String

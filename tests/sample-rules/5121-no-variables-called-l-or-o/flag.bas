@@ -1,0 +1,7 @@
+Option Explicit
+
+Public Sub Work()
+    Dim l As Long
+    Dim O As Object
+    l = 1
+End Sub

@@ -1,0 +1,4 @@
+Option Explicit
+
+Public Sub Draw(ByVal leftEdge As Long, ByVal text As String)
+End Sub

@@ -1,0 +1,2 @@
+Option Explicit
+Public Const MaxUsers As Long = 12

@@ -1,0 +1,2 @@
+Option Explicit
+Private Const MaxUsers As Long = 12

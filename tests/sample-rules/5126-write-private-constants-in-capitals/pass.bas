@@ -1,0 +1,3 @@
+Option Explicit
+Private Const MAX_USERS As Long = 12
+Private Const WM_USER2& = 3

@@ -1,0 +1,3 @@
+Option Explicit
+Private Const TEN As Long = 10
+Public Const ONE_HUNDRED = 100

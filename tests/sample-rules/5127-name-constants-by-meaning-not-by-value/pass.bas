@@ -1,0 +1,3 @@
+Option Explicit
+Private Const MAX_USERS As Long = 10
+Private Const ONE_DAY As Long = 86400

@@ -1,0 +1,4 @@
+Option Explicit
+
+Public Sub saveOrder()
+End Sub

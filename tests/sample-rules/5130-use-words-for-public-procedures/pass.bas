@@ -1,0 +1,7 @@
+Option Explicit
+
+Public Sub DrawRow()
+End Sub
+
+Private Sub dr()
+End Sub

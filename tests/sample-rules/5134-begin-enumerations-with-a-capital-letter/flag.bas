@@ -1,0 +1,4 @@
+Option Explicit
+Public Enum orderState
+    osOpen
+End Enum

@@ -1,0 +1,4 @@
+Option Explicit
+Public Enum OrderState
+    osOpen
+End Enum

@@ -1,0 +1,5 @@
+Option Explicit
+Public Enum Side
+    L
+    R
+End Enum

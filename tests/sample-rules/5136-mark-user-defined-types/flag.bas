@@ -1,0 +1,4 @@
+Option Explicit
+Private Type Address
+    Street As String
+End Type

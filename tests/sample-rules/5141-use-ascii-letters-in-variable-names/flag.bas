@@ -1,0 +1,2 @@
+Option Explicit
+Private größe As Long

@@ -1,0 +1,3 @@
+Option Explicit
+Private size As Long
+' die Größe

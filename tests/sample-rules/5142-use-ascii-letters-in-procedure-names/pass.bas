@@ -1,0 +1,5 @@
+Option Explicit
+
+Public Sub Delete()
+    MsgBox "Löschen"
+End Sub

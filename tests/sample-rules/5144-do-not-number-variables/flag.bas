@@ -1,0 +1,6 @@
+Option Explicit
+
+Public Sub Work()
+    Dim text7 As String
+    Dim value12 As Long
+End Sub

@@ -1,0 +1,4 @@
+Option Explicit
+
+Public Sub Draw(ByVal q As String)
+End Sub

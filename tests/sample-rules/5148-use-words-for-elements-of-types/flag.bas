@@ -1,0 +1,4 @@
+Option Explicit
+Private Type Order
+    q As Long
+End Type

@@ -1,0 +1,5 @@
+Attribute VB_Name = "Other"
+Option Explicit
+
+Public Sub Start()
+End Sub

@@ -1,0 +1,7 @@
+' Totals of the month.
+  Option Explicit ' always
+Private total As Currency
+
+Public Sub Add(ByVal amount As Currency)
+    total = total + amount
+End Sub

@@ -1,0 +1,4 @@
+Option Explicit
+
+Public Sub Add(amount, ByVal text As String)
+End Sub

@@ -1,0 +1,2 @@
+Option Explicit
+Private Const MAX_USERS = 12

@@ -1,0 +1,3 @@
+Option Explicit
+Public OpenOrders As Long
+Global g_User As String

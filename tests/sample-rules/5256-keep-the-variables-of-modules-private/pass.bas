@@ -1,0 +1,6 @@
+Option Explicit
+Private openOrders As Long
+
+Public Property Get OrderCount() As Long
+    OrderCount = openOrders
+End Property

@@ -1,0 +1,2 @@
+Option Explicit
+Private code As String * 8

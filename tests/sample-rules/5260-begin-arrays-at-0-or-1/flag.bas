@@ -1,0 +1,2 @@
+Option Explicit
+Private sums(5 To 9) As Long

@@ -1,0 +1,6 @@
+Option Explicit
+Private total As Currency
+
+Public Sub SetTotal(ByVal total As Currency)
+    total = total
+End Sub

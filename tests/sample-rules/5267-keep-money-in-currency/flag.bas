@@ -1,0 +1,6 @@
+Option Explicit
+Private dblPrice As Double
+
+Public Sub Work()
+    Dim salary As Single
+End Sub

@@ -1,0 +1,4 @@
+Option Explicit
+Private curPrice As Currency
+Private priceFactor As Double
+Private width As Single

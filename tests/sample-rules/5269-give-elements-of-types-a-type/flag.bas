@@ -1,0 +1,5 @@
+Option Explicit
+Private Type Point
+    X As Long
+    Y
+End Type

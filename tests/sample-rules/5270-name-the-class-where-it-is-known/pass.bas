@@ -1,0 +1,3 @@
+Option Explicit
+Private excel As Excel.Application
+Private box As VB.TextBox

@@ -1,0 +1,3 @@
+Option Explicit
+Private RowCount As Long
+Private Country As Integer

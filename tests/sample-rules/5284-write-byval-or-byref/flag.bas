@@ -1,0 +1,4 @@
+Option Explicit
+
+Public Sub Add(amount As Currency)
+End Sub

@@ -1,0 +1,5 @@
+Option Explicit
+
+Public Sub Add(ByVal amount As Currency, ByVal note As String)
+    Debug.Print amount, "note"
+End Sub

@@ -1,0 +1,4 @@
+Option Explicit
+
+Sub Work()
+End Sub

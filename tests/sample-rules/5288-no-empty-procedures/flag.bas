@@ -1,0 +1,8 @@
+Option Explicit
+
+Private Sub Form_Load()
+
+End Sub
+
+Public Sub Work()
+End Sub

@@ -1,0 +1,4 @@
+Option Explicit
+
+Public Sub Draw(ByVal a As Boolean, ByVal b As Boolean, Optional ByVal c As Boolean = True)
+End Sub

@@ -1,0 +1,4 @@
+Option Explicit
+
+Public Sub Draw(Optional ByVal width As Long)
+End Sub

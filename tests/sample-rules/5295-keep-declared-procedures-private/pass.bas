@@ -1,0 +1,2 @@
+Option Explicit
+Private Declare Function GetTickCount Lib "kernel32" () As Long

@@ -1,0 +1,11 @@
+Attribute VB_Name = "Flag"
+Option Explicit
+
+Public Function Fee(ByVal zone As Long) As Currency
+    Select Case zone
+        Case 1
+            Fee = 5
+        Case 2
+            Fee = 9
+    End Select
+End Function

@@ -1,0 +1,8 @@
+Attribute VB_Name = "Flag2"
+Option Explicit
+
+Public Sub Wait(ByVal work As Object)
+    Do While work.Busy
+        DoEvents
+    Loop
+End Sub

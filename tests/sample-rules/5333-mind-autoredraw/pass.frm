@@ -1,0 +1,13 @@
+VERSION 5.00
+Begin VB.Form frmMain 
+   AutoRedraw      =   0   'False
+   Begin VB.Label lblRedraw 
+      Caption         =   "AutoRedraw"
+   End
+End
+Attribute VB_Name = "frmMain"
+Attribute VB_GlobalNameSpace = False
+Attribute VB_Creatable = False
+Attribute VB_PredeclaredId = True
+Attribute VB_Exposed = False
+Option Explicit

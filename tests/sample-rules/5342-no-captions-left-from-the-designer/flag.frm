@@ -1,0 +1,13 @@
+VERSION 5.00
+Begin VB.Form frmMain 
+   Caption         =   "Form1"
+   Begin VB.CommandButton cmdSave 
+      Caption         =   "&Save"
+   End
+End
+Attribute VB_Name = "frmMain"
+Attribute VB_GlobalNameSpace = False
+Attribute VB_Creatable = False
+Attribute VB_PredeclaredId = True
+Attribute VB_Exposed = False
+Option Explicit

@@ -1,0 +1,21 @@
+VERSION 5.00
+Begin VB.Form frmMain 
+   Begin VB.CommandButton cmdSave 
+      Caption         =   "&Save"
+   End
+   Begin VB.CommandButton cmdOK 
+      Caption         =   "OK"
+   End
+   Begin VB.CommandButton cmdMore 
+      Caption         =   ">>"
+   End
+   Begin VB.Label lblName 
+      Caption         =   "Name"
+   End
+End
+Attribute VB_Name = "frmMain"
+Attribute VB_GlobalNameSpace = False
+Attribute VB_Creatable = False
+Attribute VB_PredeclaredId = True
+Attribute VB_Exposed = False
+Option Explicit

@@ -1,0 +1,17 @@
+VERSION 5.00
+Begin VB.Form frmMain 
+   BorderStyle     =   3  'Fixed Dialog
+   Begin VB.CommandButton cmdOK 
+      Caption         =   "OK"
+   End
+   Begin VB.CommandButton cmdCancel 
+      Caption         =   "Cancel"
+      Cancel          =   -1  'True
+   End
+End
+Attribute VB_Name = "frmMain"
+Attribute VB_GlobalNameSpace = False
+Attribute VB_Creatable = False
+Attribute VB_PredeclaredId = True
+Attribute VB_Exposed = False
+Option Explicit

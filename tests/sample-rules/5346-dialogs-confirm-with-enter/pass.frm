@@ -1,0 +1,14 @@
+VERSION 5.00
+Begin VB.Form frmMain 
+   BorderStyle     =   3  'Fixed Dialog
+   Begin VB.CommandButton cmdOK 
+      Caption         =   "OK"
+      Default         =   -1  'True
+   End
+End
+Attribute VB_Name = "frmMain"
+Attribute VB_GlobalNameSpace = False
+Attribute VB_Creatable = False
+Attribute VB_PredeclaredId = True
+Attribute VB_Exposed = False
+Option Explicit

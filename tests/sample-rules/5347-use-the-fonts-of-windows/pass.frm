@@ -1,0 +1,19 @@
+VERSION 5.00
+Begin VB.Form frmMain 
+   Begin VB.Label lblTitle 
+      Caption         =   "Orders"
+      BeginProperty Font 
+         Name            =   "Tahoma"
+         Size            =   8.25
+      EndProperty
+   End
+   Begin VB.Label lblFrutiger 
+      Caption         =   "Frutiger"
+   End
+End
+Attribute VB_Name = "frmMain"
+Attribute VB_GlobalNameSpace = False
+Attribute VB_Creatable = False
+Attribute VB_PredeclaredId = True
+Attribute VB_Exposed = False
+Option Explicit

@@ -1,0 +1,11 @@
+VERSION 5.00
+Begin VB.Form frmMain 
+   Caption         =   "Orders"
+   Icon            =   "frmMain.frx":0000
+End
+Attribute VB_Name = "frmMain"
+Attribute VB_GlobalNameSpace = False
+Attribute VB_Creatable = False
+Attribute VB_PredeclaredId = True
+Attribute VB_Exposed = False
+Option Explicit

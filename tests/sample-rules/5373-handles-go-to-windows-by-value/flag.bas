@@ -1,0 +1,8 @@
+Attribute VB_Name = "Flag"
+Option Explicit
+
+Private Declare Function SetWindowText Lib "user32" Alias "SetWindowTextA" (hWnd As Long, ByVal lpString As String) As Long
+
+Public Sub Use()
+    Debug.Print 1
+End Sub

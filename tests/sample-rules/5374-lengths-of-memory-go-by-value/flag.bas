@@ -1,0 +1,8 @@
+Attribute VB_Name = "Flag"
+Option Explicit
+
+Private Declare Sub CopyMemory Lib "kernel32" Alias "RtlMoveMemory" (Destination As Any, Source As Any, Length As Long)
+
+Public Sub Use()
+    Debug.Print 1
+End Sub

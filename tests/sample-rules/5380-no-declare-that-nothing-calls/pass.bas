@@ -1,0 +1,12 @@
+Attribute VB_Name = "Pass"
+Option Explicit
+
+Private Declare Function SetWindowText Lib "user32" Alias "SetWindowTextA" (ByVal hWnd As Long, ByVal lpString As String) As Long
+
+Public Sub Use()
+    Debug.Print 1
+End Sub
+
+Public Sub Entitle(ByVal hWnd As Long)
+    SETWINDOWTEXT hWnd, "Declare"
+End Sub

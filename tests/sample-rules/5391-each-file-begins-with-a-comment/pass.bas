@@ -1,0 +1,66 @@
+Attribute VB_Name = "Pass"
+' Fills lists for trials.
+Option Explicit
+
+Public Sub Fill(ByVal list As Collection)
+    list.Add 0
+    list.Add 1
+    list.Add 2
+    list.Add 3
+    list.Add 4
+    list.Add 5
+    list.Add 6
+    list.Add 7
+    list.Add 8
+    list.Add 9
+    list.Add 10
+    list.Add 11
+    list.Add 12
+    list.Add 13
+    list.Add 14
+    list.Add 15
+    list.Add 16
+    list.Add 17
+    list.Add 18
+    list.Add 19
+    list.Add 20
+    list.Add 21
+    list.Add 22
+    list.Add 23
+    list.Add 24
+    list.Add 25
+    list.Add 26
+    list.Add 27
+    list.Add 28
+    list.Add 29
+    list.Add 30
+    list.Add 31
+    list.Add 32
+    list.Add 33
+    list.Add 34
+    list.Add 35
+    list.Add 36
+    list.Add 37
+    list.Add 38
+    list.Add 39
+    list.Add 40
+    list.Add 41
+    list.Add 42
+    list.Add 43
+    list.Add 44
+    list.Add 45
+    list.Add 46
+    list.Add 47
+    list.Add 48
+    list.Add 49
+    list.Add 50
+    list.Add 51
+    list.Add 52
+    list.Add 53
+    list.Add 54
+    list.Add 55
+    list.Add 56
+    list.Add 57
+    list.Add 58
+    list.Add 59
+End Sub

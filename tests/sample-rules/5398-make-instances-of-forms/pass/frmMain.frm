@@ -1,0 +1,12 @@
+VERSION 5.00
+Begin VB.Form frmMain 
+End
+Attribute VB_Name = "frmMain"
+Attribute VB_GlobalNameSpace = False
+Attribute VB_Creatable = False
+Attribute VB_PredeclaredId = True
+Attribute VB_Exposed = False
+Option Explicit
+
+Public Sub ShowHelp()
+End Sub
