@@ -56,7 +56,7 @@ void AddCodePage(CLI::App& command, int& codePage) {
 // The texts fit a terminal of 80 columns: at most 49 characters behind the column of names.
 
 void AddReportStyle(CLI::App& command, std::string& style) {
-    command.add_option("--report-style", style, "Of the pages: classic or modern (classic)")
+    command.add_option("--report-style", style, "'modern' adds a page for the screen (classic)")
         ->type_name("NAME")
         ->check(CLI::IsMember({ReportOptions::kClassic, ReportOptions::kModern}).description(""));
 }
@@ -134,6 +134,7 @@ void AddReview(CLI::App& app, ReviewOptions& options, std::function<ExitCode()>&
             "Stop a script that takes more (50000000)")
         ->type_name("NUMBER")
         ->check(CLI::Range(std::int64_t{0}, std::int64_t{1'000'000'000'000}).description(""));
+    review.add_flag("--rule-times", options.RuleTimes, "Tell which scripts took the most time");
     review.add_option("--tolerance", options.Tolerances, "Set (CVC=0) or clear (CVC=none) a limit")
         ->type_name("NAME=N")
         ->delimiter(',')

@@ -6,8 +6,6 @@
 #include "cli/ResultsItems.h"
 #include "cli/WrittenPages.h"
 #include "criteria/ProgressInfo.h"
-#include "foundation/LogFile.h"
-#include "foundation/modLog.h"
 #include "foundation/modUtilFunctions.h"
 #include "platform/modFiles.h"
 #include "reports/ModernReport.h"
@@ -65,9 +63,9 @@ public:
           m_folder(options.Folder.empty() ? std::string() : InnerPath(options.Folder)) {}
 
     ExitCode Run() {
-        std::size_t failed = 0;
+        bool complete = true;
         for (const std::string& database : m_options.Databases) {
-            failed += Write(database) ? 0 : 1;
+            complete = Write(database) && complete;
             if (m_events.Requested()) {
                 modConsole::PrintError("interrupted; the page at hand was not written");
                 return ExitCode::Interrupted;
@@ -77,13 +75,15 @@ public:
             m_pages.Print();
         }
         m_pages.TellReplaced();
-        if (failed == m_options.Databases.size()) {
+        m_pages.TellFailed();
+        if (m_pages.Empty()) {
             return ExitCode::NothingDone;
         }
-        return failed == 0 ? ExitCode::Passed : ExitCode::Incomplete;
+        return complete && m_pages.Complete() ? ExitCode::Passed : ExitCode::Incomplete;
     }
 
 private:
+    /// False where the database cannot be used, which is told.
     bool Write(const std::string& hostPath) {
         std::string projectFile;
         if (Examine(hostPath, projectFile) != ExitCode::Passed) {
@@ -94,30 +94,37 @@ private:
         const std::string database = InnerPath(hostPath);
         const std::string folder =
             m_folder.empty() ? modUtilFunctions::PathFromFilename(database) : m_folder;
-        const bool written = results.OpenReview(database) &&
-                             (m_options.Modern ? WriteModern(results, projectFile, folder)
-                                               : WriteClassic(results, projectFile, folder));
-        if (!written && !m_events.Requested()) {
+        const std::string what = "the report of '" + hostPath + "'";
+        if (!results.OpenReview(database)) {
             modConsole::PrintError(
-                "the report of '" + hostPath + "' was not written into '" +
-                modConsole::ShownPath(folder) + "' (see the log '" +
-                modConsole::ShownPath(modLog::Log().LogFilePath()) + "')");
+                what + " was not written, because the database cannot be opened any more");
+            return false;
         }
-        return written;
+        WriteClassic(results, projectFile, folder, what);
+        if (m_options.Modern && !m_events.Requested()) {
+            WriteModern(results, projectFile, folder, what);
+        }
+        return true;
     }
 
-    bool
-    WriteModern(ResultsDB& results, const std::string& projectFile, const std::string& folder) {
+    void WriteModern(
+        ResultsDB& results,
+        const std::string& projectFile,
+        const std::string& folder,
+        const std::string& what) {
         const std::string page = ModernReport::CreateFilename(projectFile, folder);
-        const bool written = ModernReport::Save(results, {}, page);
-        if (written) {
+        if (ModernReport::Save(results, {}, page)) {
             m_pages.Add(page);
+        } else {
+            m_pages.AddFailed(page, what);
         }
-        return written;
     }
 
-    bool
-    WriteClassic(ResultsDB& results, const std::string& projectFile, const std::string& folder) {
+    void WriteClassic(
+        ResultsDB& results,
+        const std::string& projectFile,
+        const std::string& folder,
+        const std::string& what) {
         ProjectReportOrder order;
         order.ProjectFile = projectFile;
         order.ReportsFolder = folder;
@@ -126,9 +133,13 @@ private:
         ReportsEngine engine;
         engine.SetEvents(&m_events);
         ProgressInfo progress;
-        const bool written = engine.CreateReportsOfDatabase(results, order, progress);
+        if (!engine.CreateReportsOfDatabase(results, order, progress)) {
+            m_pages.AddFailed(
+                modDorvikUtils::CreateReportFilename(projectFile, ReportKind::Project, folder),
+                what);
+        }
         m_pages.Add(engine.WrittenReports());
-        return written;
+        m_pages.AddFailed(engine);
     }
 
     const ReportCommandOptions& m_options;

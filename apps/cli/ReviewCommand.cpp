@@ -10,6 +10,7 @@
 #include "cli/ReviewSummary.h"
 #include "cli/ToleranceLimits.h"
 #include "cli/TypeLibrarySettings.h"
+#include "cli/modRuleTimes.h"
 #include "criteria/ReviewCriteria.h"
 #include "foundation/modLog.h"
 #include "platform/ScopedInstall.h"
@@ -134,6 +135,16 @@ void TellSwitchedOffRules(const RuleEngine& ruleEngine) {
     }
 }
 
+/// Says which rules did not find what they are for, because they failed.
+void TellFailedRules(const RuleEngine& ruleEngine) {
+    for (const auto& [number, rule] : ruleEngine.FailedRules()) {
+        modConsole::PrintError(
+            rule.Name + " is broken: its " + std::string(rule.What) + " failed " +
+            std::to_string(rule.Count) + (rule.Count == 1 ? " time" : " times") +
+            "; the review log says why");
+    }
+}
+
 /// Says that the log misses lines.
 void TellUnwrittenLog() {
     std::string why = modLog::FirstUnwritten();
@@ -197,18 +208,12 @@ bool TellFailures(
             complete = false;
         }
     }
-    return reports.TellFailures(criteria) && complete;
+    return reports.TellFailures() && complete;
 }
 
 }  // namespace
 
 ExitCode RunReview(const ReviewOptions& options) {
-    if (options.Reports.IsModern() && !options.Reports.BatchTitle.empty()) {
-        modConsole::PrintError(
-            "--batch-title is about a page that only the classic style has (see 'dorvik review "
-            "--help')");
-        return ExitCode::NothingDone;
-    }
     modFiles::SetNameCodePage(options.CodePage);
     FoundProjects found = modProjectFinder::FindProjects(options.Paths, options.CodePage);
     const std::string resultsFolder = options.ResultsFolder.empty()
@@ -249,6 +254,9 @@ ExitCode RunReview(const ReviewOptions& options) {
         limits.Instructions = 0;
     }
     manager.RuleEngine().SetLimits(limits);
+    if (options.RuleTimes) {
+        manager.RuleEngine().MeasureRules();
+    }
     if (!LoadTolerances(*criteria)) {
         return ExitCode::NothingDone;
     }
@@ -267,12 +275,16 @@ ExitCode RunReview(const ReviewOptions& options) {
     }
 
     ReviewSummary summary(*criteria);
-    reports.Finish(*criteria, manager.Reports());
+    reports.Finish(*criteria, manager.Reports(), summary);
     if (!options.Quiet) {
         summary.Print();
         reports.Print();
     }
+    if (options.RuleTimes) {
+        modRuleTimes::Print(manager.RuleEngine());
+    }
     TellSwitchedOffRules(manager.RuleEngine());
+    TellFailedRules(manager.RuleEngine());
     TellUnwrittenLog();
     if (const TypeCatalogue* const catalogue = typeLibraries.LoadedCatalogue()) {
         modTypeLibrarySettings::TellFaults(*catalogue);

@@ -24,6 +24,7 @@ struct ReviewOptions {
     std::vector<std::string> Tolerances;     // "CVC=0", "PC=none", over those of the rulebase
     std::vector<std::string> TypeLibraries;  // folders to look for type libraries in
     int CodePage = modEncoding::kDefaultCodePage;
+    bool RuleTimes = false;  // tell which scripts took the most time
     bool ClearLog = false;
     bool Progress = false;
     bool Quiet = false;

@@ -2,9 +2,8 @@
 
 #include "base/modTextCase.h"
 #include "cli/Console.h"
+#include "cli/ReviewSummary.h"
 #include "criteria/ReviewCriteria.h"
-#include "foundation/LogFile.h"
-#include "foundation/modLog.h"
 #include "foundation/modUtilFunctions.h"
 #include "platform/modFiles.h"
 #include "platform/modHost.h"
@@ -82,10 +81,18 @@ std::vector<UnreadFile> UnreadFiles(const VirtualProject& project) {
     return files;
 }
 
-void TellMissing(const std::string& what, const std::string& page) {
-    modConsole::PrintError(
-        what + " was not written to '" + modConsole::ShownPath(page) + "' (see the log '" +
-        modConsole::ShownPath(modLog::Log().LogFilePath()) + "')");
+std::string ReportOf(const VirtualProject& project) {
+    return "the report of '" + modConsole::ShownPath(project.Filename()) + "'";
+}
+
+/// False where nothing came of the review of a project; what lies in the place of its results is then of
+/// an earlier one.
+bool WasReviewed(const VirtualProject& project, const ReviewSummary& summary) {
+    const auto& missing = summary.WithoutResults();
+    return project.LoadStatus() == ProjectLoadStatus::Good &&
+           std::none_of(missing.begin(), missing.end(), [&](const auto& results) {
+               return results.ProjectFile == project.Filename();
+           });
 }
 
 }  // namespace
@@ -101,7 +108,7 @@ void ReviewReports::FillCriteria(
     criteria.SetUseProjectFolderReports(m_folder.empty());
     criteria.SetFixedFolderReports(m_folder);
     criteria.SetReportOption(kNoReports);
-    if (!m_options.Wanted() || m_options.IsModern()) {
+    if (!m_options.Wanted()) {
         return;
     }
     criteria.SetReportOption(
@@ -112,57 +119,70 @@ void ReviewReports::FillCriteria(
     }
 }
 
-void ReviewReports::Finish(const ReviewCriteria& criteria, const ReportsEngine& engine) {
+void ReviewReports::Finish(
+    const ReviewCriteria& criteria, const ReportsEngine& engine, const ReviewSummary& summary) {
     m_pages.Add(engine.WrittenReports());
-    const auto& projects = criteria.ProjectList();
-    for (std::int32_t index = 1; index <= projects.Count(); ++index) {
-        std::unique_ptr<ResultsDB> results;
-        const VirtualProject& project = *projects.Item(index);
-        if (project.LoadStatus() != ProjectLoadStatus::Good ||
-            !ReportsEngine::OpenResultsDatabase(project, criteria, results)) {
-            continue;
-        }
-        m_reviewed.push_back(project.Filename());
-        if (m_options.Wanted() && m_options.IsModern()) {
-            const std::string page = PageOf(project);
-            if (ModernReport::Save(*results, {UnreadFiles(project)}, page)) {
-                m_pages.Add(page);
-            }
-        }
-    }
-}
-
-std::string ReviewReports::PageOf(const VirtualProject& project) const {
-    return m_options.IsModern() ? ModernReport::CreateFilename(project.Filename(), m_folder)
-                                : modDorvikUtils::CreateReportFilename(
-                                      project.Filename(), ReportKind::Project, m_folder);
-}
-
-bool ReviewReports::TellFailures(const ReviewCriteria& criteria) const {
-    m_pages.TellReplaced();
     if (!m_options.Wanted()) {
-        return true;
+        return;
     }
-    bool complete = true;
     const auto& projects = criteria.ProjectList();
     for (std::int32_t index = 1; index <= projects.Count(); ++index) {
         const VirtualProject& project = *projects.Item(index);
-        const bool wasReviewed =
-            std::find(m_reviewed.begin(), m_reviewed.end(), project.Filename()) != m_reviewed.end();
-        if (const std::string page = PageOf(project); wasReviewed && !m_pages.Contains(page)) {
-            TellMissing("the report of '" + modConsole::ShownPath(project.Filename()) + "'", page);
-            complete = false;
+        std::unique_ptr<ResultsDB> results;
+        if (WasReviewed(project, summary)) {
+            FinishProject(criteria, project);
+        } else if (ReportsEngine::OpenResultsDatabase(project, criteria, results)) {
+            m_older.push_back(project.Filename());
         }
     }
-    if (const std::string& batch = criteria.BatchFilename(); !batch.empty()) {
-        const std::string page =
-            modDorvikUtils::CreateReportFilename(batch, ReportKind::BatchSummary, m_folder);
-        if (!m_pages.Contains(page)) {
-            TellMissing("the report of the batch", page);
-            complete = false;
+    if (!criteria.BatchFilename().empty()) {
+        FinishBatch(criteria.BatchFilename());
+    }
+    m_pages.AddFailed(engine);
+}
+
+void ReviewReports::FinishProject(const ReviewCriteria& criteria, const VirtualProject& project) {
+    const std::string page =
+        modDorvikUtils::CreateReportFilename(project.Filename(), ReportKind::Project, m_folder);
+    if (!m_pages.Contains(page)) {
+        m_pages.AddFailed(page, ReportOf(project));
+    }
+    if (m_options.IsModern()) {
+        WriteModern(criteria, project);
+    }
+}
+
+void ReviewReports::WriteModern(const ReviewCriteria& criteria, const VirtualProject& project) {
+    const std::string page = ModernReport::CreateFilename(project.Filename(), m_folder);
+    std::unique_ptr<ResultsDB> results;
+    if (ReportsEngine::OpenResultsDatabase(project, criteria, results) &&
+        ModernReport::Save(*results, {UnreadFiles(project)}, page)) {
+        m_pages.Add(page);
+    } else {
+        m_pages.AddFailed(page, ReportOf(project));
+    }
+}
+
+void ReviewReports::FinishBatch(const std::string& batch) {
+    const std::string page =
+        modDorvikUtils::CreateReportFilename(batch, ReportKind::BatchSummary, m_folder);
+    m_hasBatchPage = m_pages.Contains(page);
+    if (!m_hasBatchPage) {
+        m_pages.AddFailed(page, "the report of the batch");
+    }
+}
+
+bool ReviewReports::TellFailures() const {
+    m_pages.TellReplaced();
+    if (m_hasBatchPage) {
+        for (const std::string& project : m_older) {
+            modConsole::PrintError(
+                "the page of the batch shows the results of an earlier review of '" +
+                modConsole::ShownPath(project) + "', because it could not be reviewed this time");
         }
     }
-    return complete;
+    m_pages.TellFailed();
+    return m_pages.Complete();
 }
 
 }  // namespace dorvik

@@ -10,6 +10,7 @@ namespace dorvik {
 
 class ReportsEngine;
 class ReviewCriteria;
+class ReviewSummary;
 class VirtualProject;
 
 /// The report pages of one `dorvik review`: what the criteria say about them, and what came out.
@@ -26,21 +27,27 @@ public:
         const std::vector<std::string>& paths,
         const std::vector<std::string>& projectFiles) const;
 
-    /// Takes in what the review wrote, and writes the modern pages, which stand on its finished results.
-    void Finish(const ReviewCriteria& criteria, const ReportsEngine& engine);
+    /// Takes in what the review wrote and could not write, and writes the modern pages, which stand on its
+    /// finished results.
+    void Finish(
+        const ReviewCriteria& criteria, const ReportsEngine& engine, const ReviewSummary& summary);
 
     /// Says which pages there are.
     void Print() const { m_pages.Print(); }
-    /// Says which pages there should be and are not. False if there was any.
-    bool TellFailures(const ReviewCriteria& criteria) const;
+    /// Says which pages there should be and are not, and which tell of an older review. False if there
+    /// should be any that is not.
+    bool TellFailures() const;
 
 private:
-    std::string PageOf(const VirtualProject& project) const;
+    void FinishProject(const ReviewCriteria& criteria, const VirtualProject& project);
+    void FinishBatch(const std::string& batch);
+    void WriteModern(const ReviewCriteria& criteria, const VirtualProject& project);
 
     const ReportOptions& m_options;
     std::string m_folder;
     WrittenPages m_pages;
-    std::vector<std::string> m_reviewed;  // project files that have results
+    std::vector<std::string> m_older;  // project files with results of an earlier review only
+    bool m_hasBatchPage = false;
 };
 
 }  // namespace dorvik

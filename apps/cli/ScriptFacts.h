@@ -39,7 +39,7 @@ public:
     void DumpObject(std::string_view objectName) override;
     void GetObjectProperty(
         std::string_view objectName, std::string_view propertyName, basic::Value& value) override;
-    std::string GetParserEvent() override { return m_event; }
+    basic::Value GetParserEvent() override { return basic::Value::Text(m_event); }
     void GetObjectWorkField(
         std::string_view objectName, std::string_view workfieldName, basic::Value& value) override;
     bool IsClassName(std::string_view name) override;

@@ -1,8 +1,12 @@
 #include "cli/WrittenPages.h"
 
 #include "cli/Console.h"
+#include "foundation/LogFile.h"
+#include "foundation/modLog.h"
 #include "foundation/modUtilFunctions.h"
+#include "reports/ReportsEngine.h"
 
+#include <algorithm>
 #include <map>
 
 namespace dorvik {
@@ -30,6 +34,21 @@ void WrittenPages::Add(const std::vector<std::string>& pages) {
 
 bool WrittenPages::Contains(const std::string& page) const {
     return m_keys.contains(page);
+}
+
+void WrittenPages::AddFailed(const std::string& page, const std::string& what) {
+    const auto isPage = [&page](const auto& failed) {
+        return failed.first == page;
+    };
+    if (std::none_of(m_failed.begin(), m_failed.end(), isPage)) {
+        m_failed.emplace_back(page, what);
+    }
+}
+
+void WrittenPages::AddFailed(const ReportsEngine& engine) {
+    for (const std::string& page : engine.FailedReports()) {
+        AddFailed(page, "the page of a source file");
+    }
 }
 
 void WrittenPages::Print() const {
@@ -62,6 +81,14 @@ void WrittenPages::TellReplaced() const {
          : others == 1 ? " and 1 other were"
                        : " and " + std::to_string(others) + " others were") +
         " written more than once, because files of one name share a page; only the last is there");
+}
+
+void WrittenPages::TellFailed() const {
+    for (const auto& [page, what] : m_failed) {
+        modConsole::PrintError(
+            what + " was not written to '" + modConsole::ShownPath(page) + "' (see the log '" +
+            modConsole::ShownPath(modLog::Log().LogFilePath()) + "')");
+    }
 }
 
 }  // namespace dorvik

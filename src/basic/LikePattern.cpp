@@ -2,8 +2,8 @@
 
 #include "base/modTextCase.h"
 #include "basic/Characters.h"
-#include "basic/RuntimeErrors.h"
 #include "basic/LongWork.h"
+#include "basic/RuntimeErrors.h"
 
 #include <cstddef>
 #include <string>
@@ -15,6 +15,9 @@ namespace {
 constexpr std::size_t kNone = std::string_view::npos;
 
 constexpr unsigned kAsciiEnd = 0x80;
+
+constexpr std::string_view kElements = "*?#[";  // what is no character of its own in a pattern
+constexpr std::size_t kBytesAStep = 16;         // that a search passes over in the time of a step
 
 char32_t Next(std::string_view text, std::size_t& position) {
     const auto byte = static_cast<unsigned char>(text[position]);
@@ -61,7 +64,15 @@ Range NextRange(std::string_view inside, std::size_t& position) {
     return {first, Next(inside, position)};
 }
 
+bool HasRanges(const List& list) {
+    return list.Inside.find('-') != kNone;
+}
+
 bool Contains(const List& list, char32_t character) {
+    if (character < kAsciiEnd && !HasRanges(list)) {
+        const bool isIn = list.Inside.find(static_cast<char>(character)) != kNone;
+        return isIn != list.IsNegated;
+    }
     for (std::size_t position = 0; position < list.Inside.size();) {
         const Range range = NextRange(list.Inside, position);
         if (character >= range.First && character <= range.Last) {
@@ -72,6 +83,9 @@ bool Contains(const List& list, char32_t character) {
 }
 
 void CheckList(const List& list) {
+    if (!HasRanges(list)) {
+        return;
+    }
     for (std::size_t position = 0; position < list.Inside.size();) {
         const Range range = NextRange(list.Inside, position);
         if (range.First > range.Last) {
@@ -119,7 +133,20 @@ private:
         }
         m_behindStar = ++m_patternAt;
         m_starEnd = m_textAt;
+        SkipToLiteral();
+        m_textAt = m_starEnd;
         return true;
+    }
+
+    /// A character of its own behind the star: the star ends where that stands, or takes all.
+    void SkipToLiteral() {
+        if (m_behindStar >= m_pattern.size() || kElements.find(m_pattern[m_behindStar]) != kNone) {
+            return;
+        }
+        const std::size_t found = m_text.find(m_pattern[m_behindStar], m_starEnd);
+        const std::size_t end = found == kNone ? m_text.size() : found;
+        CountLongWork((end - m_starEnd) / kBytesAStep);
+        m_starEnd = end;
     }
 
     /// The last star takes one character more. Earlier stars need no second try: whatever stands
@@ -130,6 +157,7 @@ private:
         }
         CountLongWork(1 + m_patternAt - m_behindStar);
         Next(m_text, m_starEnd);
+        SkipToLiteral();
         m_textAt = m_starEnd;
         m_patternAt = m_behindStar;
         return true;

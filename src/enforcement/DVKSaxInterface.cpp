@@ -66,7 +66,7 @@ constexpr std::array kCallbacks{
     Callback{
         {"GetParserEvent", 1, Out(0)},
         [](IDVKSaxEvents& e, Arguments a) {
-            a[0] = basic::Value::Text(e.GetParserEvent());
+            a[0] = e.GetParserEvent();
         }},
     Callback{
         {"IsClassName", 2, Out(1)},

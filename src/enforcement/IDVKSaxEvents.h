@@ -21,7 +21,7 @@ public:
     /// `value` becomes the property's value, or the empty text if it cannot be found.
     virtual void GetObjectProperty(
         std::string_view objectName, std::string_view propertyName, basic::Value& value) = 0;
-    virtual std::string GetParserEvent() = 0;
+    virtual basic::Value GetParserEvent() = 0;  // its name, a text
     /// Leaves `value` alone when the object is not in scope.
     virtual void GetObjectWorkField(
         std::string_view objectName, std::string_view workfieldName, basic::Value& value) = 0;

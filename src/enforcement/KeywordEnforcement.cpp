@@ -52,7 +52,9 @@ bool KeywordEnforcement::IsMatch(
     Explain(
         [&] { isMatch = keyword.Expression.Test(statement, bytes); },
         [&] {
-            if (!keyword.Expression.IsMalformed()) {
+            if (keyword.Expression.IsMalformed()) {
+                m_ruleEngine.CountPatternFailure(*keyword.Rule);
+            } else {
                 m_ruleEngine.CountPatternStop(*keyword.Rule);
             }
             return " in " + modRuleFacts::NameOf(*keyword.Rule);

@@ -15,6 +15,7 @@
 
 #include <array>
 #include <charconv>
+#include <chrono>
 #include <utility>
 
 namespace dorvik {
@@ -113,9 +114,25 @@ ScriptResult RuleEngine::ExecuteRuleCondition(std::int32_t ruleId) {
         return m_result;
     }
     m_runningRule = ruleId;
-    const std::array argument{basic::Value::Long(ruleId)};
-    m_handler->Call(argument);
+    RunScript(ruleId);
     return m_result;
+}
+
+void RuleEngine::RunScript(std::int32_t ruleId) {
+    using Clock = std::chrono::steady_clock;
+    const std::array argument{basic::Value::Long(ruleId)};
+    if (!m_clock) {
+        m_handler->Call(argument);
+        return;
+    }
+    const Clock::time_point start = Clock::now();
+    m_handler->Call(argument);
+    m_clock->Add(ruleId, std::chrono::duration<double>(Clock::now() - start).count());
+}
+
+std::string RuleEngine::NameOf(std::int32_t ruleId) const {
+    const basic::ScriptOrigin* origin = m_engine.OriginOfRule(ruleId);
+    return origin != nullptr ? origin->Name : "rule " + std::to_string(ruleId);
 }
 
 ResultsManager& RuleEngine::Results() const {
@@ -135,6 +152,8 @@ void RuleEngine::OnErrorAlert(const basic::ErrorAlert& alert) {
     }
     if (alert.IsLimit) {
         CountScriptStop();
+    } else {
+        CountFailure(m_runningRule, NameOf(m_runningRule), "script");
     }
 }
 
@@ -149,10 +168,7 @@ void RuleEngine::LogRuleOfAlert(const basic::ErrorAlert& alert) {
 }
 
 void RuleEngine::CountScriptStop() {
-    const basic::ScriptOrigin* origin = m_engine.OriginOfRule(m_runningRule);
-    CountStop(
-        m_runningRule,
-        {origin != nullptr ? origin->Name : "rule " + std::to_string(m_runningRule), "script"});
+    CountStop(m_runningRule, {NameOf(m_runningRule), "script"});
 }
 
 void RuleEngine::CountPatternStop(const IRule& rule) {
@@ -170,6 +186,15 @@ void RuleEngine::CountStop(std::int32_t ruleId, const SwitchedOffRule& rule) {
                 " was stopped " + std::to_string(kStopsUntilSwitchedOff) + " times: " + rule.Name,
             true);
     }
+}
+
+void RuleEngine::CountPatternFailure(const IRule& rule) {
+    CountFailure(rule.RuleID(), modRuleFacts::NameOf(rule), "pattern");
+}
+
+void RuleEngine::CountFailure(
+    std::int32_t ruleId, const std::string& name, std::string_view what) {
+    ++m_failed.try_emplace(ruleId, FailedRule{name, what}).first->second.Count;
 }
 
 bool RuleEngine::OnDoEvents() {
@@ -224,8 +249,11 @@ void RuleEngine::GetObjectProperty(
     }
 }
 
-std::string RuleEngine::GetParserEvent() {
-    return Results().GetParserEvent();
+basic::Value RuleEngine::GetParserEvent() {
+    if (m_eventName.Type() == basic::ValueType::Empty) {
+        m_eventName = basic::Value::Text(Results().GetParserEvent());
+    }
+    return m_eventName;
 }
 
 void RuleEngine::GetObjectWorkField(

@@ -3,6 +3,7 @@
 #include "basic/ScriptEngine.h"
 #include "enforcement/DVKSaxInterface.h"
 #include "enforcement/IDVKSaxEvents.h"
+#include "enforcement/RuleClock.h"
 
 #include <cstdint>
 #include <functional>
@@ -72,10 +73,22 @@ public:
     /// Why the module did not load, with the rule and the line in its script; empty if it did.
     const std::string& LoadError() const { return m_loadError; }
     /// A new event begins, and what `Source` has to tell is no longer what it was.
-    void BeginEvent() { m_sourceValues.clear(); }
+    void BeginEvent() {
+        m_sourceValues.clear();
+        m_eventName = {};
+    }
     /// Runs the script of a rule. A rule without one gives `Nothing`; a script that fails, what it had
     /// asked for until then.
     ScriptResult ExecuteRuleCondition(std::int32_t ruleId);
+
+    /// From now on the time of each script is taken, which costs about as much as a short script.
+    void MeasureRules() { m_clock.emplace(); }
+    /// The times since then, the most expensive rule first; nothing unless they are measured.
+    std::vector<RuleClock::RuleTime> RuleTimes() const {
+        return m_clock ? m_clock->RuleTimes() : std::vector<RuleClock::RuleTime>();
+    }
+    /// The rule of that number as errors name it: "rule 12 (No GoTo)".
+    std::string NameOf(std::int32_t ruleId) const;
 
     bool IsSwitchedOff(std::int32_t ruleId) const {
         const auto stops = m_limitStops.find(ruleId);
@@ -90,6 +103,18 @@ public:
     };
     const std::vector<SwitchedOffRule>& SwitchedOffRules() const { return m_switchedOff; }
 
+    /// For whoever tests a rule's pattern: it is none.
+    void CountPatternFailure(const IRule& rule);
+
+    /// A rule that failed without being stopped, and so did not find what it is for.
+    struct FailedRule {
+        std::string Name;
+        std::string_view What;  // failed: its "script" or its "pattern"
+        std::int64_t Count = 0;
+    };
+    /// By the number of the rule.
+    const std::map<std::int32_t, FailedRule>& FailedRules() const { return m_failed; }
+
 private:
     void OnErrorAlert(const basic::ErrorAlert& alert) override;
     bool OnDoEvents() override;
@@ -103,7 +128,7 @@ private:
     void DumpObject(std::string_view objectName) override;
     void GetObjectProperty(
         std::string_view objectName, std::string_view propertyName, basic::Value& value) override;
-    std::string GetParserEvent() override;
+    basic::Value GetParserEvent() override;
     void GetObjectWorkField(
         std::string_view objectName, std::string_view workfieldName, basic::Value& value) override;
     bool IsClassName(std::string_view name) override;
@@ -116,6 +141,7 @@ private:
         const basic::Value& value) override;
 
     bool IsStopRequested() const { return m_isStopRequested && m_isStopRequested(); }
+    void RunScript(std::int32_t ruleId);
     ResultsManager& Results() const;
     /// A property of `Source` that a script of this event has asked for already; null if none has.
     const basic::Value* KnownSourceValue(std::string_view propertyName) const;
@@ -123,6 +149,7 @@ private:
     void LogRuleOfAlert(const basic::ErrorAlert& alert);
     void CountScriptStop();
     void CountStop(std::int32_t ruleId, const SwitchedOffRule& rule);
+    void CountFailure(std::int32_t ruleId, const std::string& name, std::string_view what);
     /// Why the module did not load, and the rule that it is about.
     std::string TextOfLoadError() const;
     void RemoveScript();
@@ -130,13 +157,16 @@ private:
     basic::ScriptEngine m_engine;
     DVKSaxInterface m_dorvik;
     std::optional<basic::ScriptHandler> m_handler;
+    std::optional<RuleClock> m_clock;
     struct SourceValue {
         std::string PropertyName;
         basic::Value Value;
     };
 
     ResultsManager* m_resultsManager = nullptr;
-    std::vector<SourceValue> m_sourceValues;  // all scripts of an event share one copy of a line
+    // All scripts of an event share one copy of a line and of the event's name.
+    std::vector<SourceValue> m_sourceValues;
+    basic::Value m_eventName;
     ScriptResult m_result = ScriptResult::Nothing;
     std::int32_t m_ruleExecutionCount = 0;
     std::string m_scriptFilename;  // empty until loaded
@@ -145,6 +175,7 @@ private:
     std::int32_t m_runningRule = 0;
     std::map<std::int32_t, int> m_limitStops;  // by rule number
     std::vector<SwitchedOffRule> m_switchedOff;
+    std::map<std::int32_t, FailedRule> m_failed;
 };
 
 }  // namespace dorvik

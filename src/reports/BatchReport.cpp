@@ -17,6 +17,10 @@ namespace {
 constexpr std::int32_t kProjectItem = 1;
 constexpr std::int32_t kActionGeneratingReport = 3;
 
+std::string Sum(std::int64_t sum) {
+    return ReportsEngine::FormatNumber(static_cast<double>(sum));
+}
+
 void InsertDashes(HTMLHelper2& html) {
     for (int column = 0; column < 3; ++column) {
         html.InsertTableCell("-");
@@ -161,9 +165,9 @@ void BatchReport::WriteTotals() {
     m_html.StartTag("tr", {"class", "totalsline"});
     m_html.InsertTableCell("TOTALS", "left");
     m_html.InsertTableCell(modPassRate::Text(m_passed, m_failed, m_errors), "center");
-    m_html.InsertTableCell(ReportsEngine::FormatNumber(m_violations));
-    m_html.InsertTableCell(ReportsEngine::FormatNumber(m_impact));
-    m_html.InsertTableCell(ReportsEngine::FormatNumber(m_lines));
+    m_html.InsertTableCell(Sum(m_violations));
+    m_html.InsertTableCell(Sum(m_impact));
+    m_html.InsertTableCell(Sum(m_lines));
     m_html.EndTag("tr");
     m_html.EndTag("table");
     m_html.InsertBlankLine();

@@ -48,9 +48,10 @@ private:
     std::int32_t m_passed = 0;
     std::int32_t m_failed = 0;
     std::int32_t m_errors = 0;
-    std::int32_t m_violations = 0;
-    std::int32_t m_impact = 0;
-    std::int32_t m_lines = 0;
+    // Of all projects; 64 bits, because each project alone may fill 32.
+    std::int64_t m_violations = 0;
+    std::int64_t m_impact = 0;
+    std::int64_t m_lines = 0;
 };
 
 }  // namespace dorvik

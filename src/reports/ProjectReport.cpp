@@ -29,9 +29,11 @@ std::string ViolationsRatio(std::int32_t violations, std::int32_t lines) {
 }
 
 std::string PercentageComments(const SourceLineStatistics& lines) {
-    const std::int32_t comments = lines.CommentOnlyLines() + lines.InLineCommentLines();
-    const std::int32_t base = lines.CodeLines() + comments;
-    return modReportFormat::FormatPercent(base < 1 ? 0 : static_cast<double>(comments) / base);
+    const auto comments =
+        static_cast<std::int64_t>(lines.CommentOnlyLines()) + lines.InLineCommentLines();
+    const std::int64_t base = comments + lines.CodeLines();
+    return modReportFormat::FormatPercent(
+        base < 1 ? 0 : static_cast<double>(comments) / static_cast<double>(base));
 }
 
 }  // namespace
@@ -173,6 +175,7 @@ bool ProjectReport::WriteFile(const BasicObject& file) {
     const SourceLineStatistics lines = m_results.GetLineStats(kFileItem, file.ObjectID);
     const std::int32_t status = ReviewStatusOf(file);
     const bool isDoubtful = IsDoubtful(file);
+    m_anyDoubtful = m_anyDoubtful || isDoubtful;
     // Required: a name without "." shows as empty.
     const std::string shownName = modUtilFunctions::FilenameFromFullPathName(file.Filename);
     m_html.StartTag("tr");
@@ -257,12 +260,7 @@ void ProjectReport::WriteCount(
 void ProjectReport::WriteTotals() {
     m_html.StartTag("tr", {"class", "totalsline"});
     m_html.InsertTableCell("TOTALS", "left");
-    if (m_tolerancesSet) {
-        m_html.InsertTableCell(
-            modPassRate::Text(m_counts.Passed, m_counts.Failed, FileErrors()), "center");
-    } else {
-        m_html.InsertTableCell(kNotAvailable, "center");
-    }
+    m_html.InsertTableCell(PassRate(), "center");
     m_html.InsertTableCell(Figure(m_violations.TotalViolations()));
     m_html.InsertTableCell(Figure(m_violations.TotalImpact()));
     m_html.InsertTableCell(Figure(m_lines.TotalLines()));
@@ -310,6 +308,14 @@ std::string ProjectReport::DetailFilename(const BasicObject& file) const {
         m_order.ReportsFolder,
         file.Path + file.Filename,
         file.Name));
+}
+
+std::string ProjectReport::PassRate() const {
+    if (!m_tolerancesSet) {
+        return std::string(kNotAvailable);
+    }
+    return m_anyDoubtful ? ProjectReportOrder::kNotKnown
+                         : modPassRate::Text(m_counts.Passed, m_counts.Failed, FileErrors());
 }
 
 std::int32_t ProjectReport::FileErrors() const {

@@ -51,6 +51,8 @@ private:
     /// True where nobody knows any more whether the file could be read, and it left no trace of that.
     bool IsDoubtful(const BasicObject& file) const;
     std::string DetailFilename(const BasicObject& file) const;
+    /// In words where there is no rate: no tolerance is set, or nobody knows how many files failed.
+    std::string PassRate() const;
     /// The source files, without the project file.
     std::int32_t ReviewedFiles() const { return static_cast<std::int32_t>(m_files.size()) - 1; }
     std::int32_t FileErrors() const;
@@ -69,6 +71,7 @@ private:
     std::vector<ToleranceFailure> m_failures;
     bool m_tolerancesSet = false;
     bool m_passed = true;
+    bool m_anyDoubtful = false;
     Counts m_counts;
 };
 

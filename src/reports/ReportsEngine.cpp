@@ -6,8 +6,6 @@
 #include "reports/modReportFile.h"
 #include "reports/modReportFormat.h"
 
-#include <utility>
-
 namespace dorvik {
 
 namespace {
@@ -59,12 +57,11 @@ void ReportsEngine::SaveReport(
     std::string_view folder,
     std::string_view sourceFile,
     std::string_view name) {
-    Trap({kModule, "SaveReport"}, [&] {
-        std::string path =
-            modDorvikUtils::CreateReportFilename(projectFile, kind, folder, sourceFile, name);
-        modReportFile::Write(path, html.DocumentText());
-        m_writtenReports.push_back(std::move(path));
-    });
+    const std::string path =
+        modDorvikUtils::CreateReportFilename(projectFile, kind, folder, sourceFile, name);
+    const bool saved =
+        Trap({kModule, "SaveReport"}, [&] { modReportFile::Write(path, html.DocumentText()); });
+    (saved ? m_writtenReports : m_failedReports).push_back(path);
 }
 
 }  // namespace dorvik

@@ -92,6 +92,9 @@ public:
 
     /// Full paths of the pages that this engine wrote, in their order.
     const std::vector<std::string>& WrittenReports() const { return m_writtenReports; }
+    /// Full paths of the pages that this engine should have written and could not, in their order; the
+    /// log says why. A page that was cancelled is not among them.
+    const std::vector<std::string>& FailedReports() const { return m_failedReports; }
 
     // ---- tables that reports share ----
 
@@ -145,7 +148,7 @@ private:
     friend class ProjectReport;
 
     void TakeSeverities(const SeverityTable& severities);
-    /// Replaces an earlier report of that name.
+    /// Replaces an earlier report of that name; notes whether that worked.
     void SaveReport(
         const HTMLHelper2& html,
         std::string_view projectFile,
@@ -158,6 +161,7 @@ private:
     CategoryList m_categories;
     IReportsEngineEvents* m_events = nullptr;
     std::vector<std::string> m_writtenReports;
+    std::vector<std::string> m_failedReports;
 };
 
 }  // namespace dorvik

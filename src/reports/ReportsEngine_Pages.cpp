@@ -32,15 +32,16 @@ bool IsAnySet(const LongArrayList& limits) {
 
 void ReportsEngine::CreateProjectReport(
     VirtualProject& project, const ReviewCriteria& criteria, ProgressInfo& progress) {
-    Trap({kModule, "CreateProjectReport"}, [&] {
+    const std::string folder =
+        criteria.UseProjectFolderReports() ? std::string() : criteria.FixedFolderReports();
+    const bool ended = Trap({kModule, "CreateProjectReport"}, [&] {
         std::unique_ptr<ResultsDB> results;
         if (!OpenResultsDatabase(project, criteria, results)) {
             return;
         }
         ProjectReportOrder order;
         order.ProjectFile = project.Filename();
-        order.ReportsFolder =
-            criteria.UseProjectFolderReports() ? std::string() : criteria.FixedFolderReports();
+        order.ReportsFolder = folder;
         order.LogFile =
             modDorvikUtils::CreateProjectLogFilename(project.Filename(), ResultsFolder(criteria));
         order.RulebaseFile = criteria.LoadCriteria().RulebaseFile();
@@ -48,26 +49,38 @@ void ReportsEngine::CreateProjectReport(
         order.Project = &project;
         ProjectReport(*this, *results, progress, order).Write();
     });
+    if (!ended) {
+        m_failedReports.push_back(
+            modDorvikUtils::CreateReportFilename(project.Filename(), ReportKind::Project, folder));
+    }
 }
 
 bool ReportsEngine::CreateReportsOfDatabase(
     ResultsDB& results, const ProjectReportOrder& order, ProgressInfo& progress) {
     bool written = false;
-    Trap({kModule, "CreateReportsOfDatabase"}, [&] {
+    const std::string page = modDorvikUtils::CreateReportFilename(
+        order.ProjectFile, ReportKind::Project, order.ReportsFolder);
+    const bool ended = Trap({kModule, "CreateReportsOfDatabase"}, [&] {
         const CategorySeverityLists lists = results.GetCategorySeverityLists();
         Initialise(lists.Severities, lists.Categories);
-        const std::string page = modDorvikUtils::CreateReportFilename(
-            order.ProjectFile, ReportKind::Project, order.ReportsFolder);
         const std::size_t before = m_writtenReports.size();
         ProjectReport(*this, results, progress, order).Write();
         // Its own page is the last one.
         written = m_writtenReports.size() > before && m_writtenReports.back() == page;
     });
+    if (!ended) {
+        m_failedReports.push_back(page);
+    }
     return written;
 }
 
 void ReportsEngine::CreateBatchReport(const ReviewCriteria& criteria, ProgressInfo& progress) {
-    Trap({kModule, "CreateBatchReport"}, [&] { BatchReport(*this, criteria, progress).Write(); });
+    const bool ended = Trap(
+        {kModule, "CreateBatchReport"}, [&] { BatchReport(*this, criteria, progress).Write(); });
+    if (!ended) {
+        m_failedReports.push_back(modDorvikUtils::CreateReportFilename(
+            criteria.BatchFilename(), ReportKind::BatchSummary, criteria.FixedFolderReports()));
+    }
 }
 
 bool ReportsEngine::OpenResultsDatabase(

@@ -14,20 +14,20 @@ void ReportsEngine::CreateSourceFileReport(
     std::string_view folder,
     bool& cancel,
     bool tolerancesSet) {
-    Trap({kModule, "CreateSourceFileReport"}, [&] {
+    const std::string path = sourceFile.Path + sourceFile.Filename;
+    const bool ended = Trap({kModule, "CreateSourceFileReport"}, [&] {
         SourceFileReport report(
             *this, {projectFile, sourceFile, folder, tolerancesSet}, results, progress);
         cancel = !report.Build();
         if (!cancel) {
             SaveReport(
-                report.Html(),
-                projectFile,
-                ReportKind::SourceFile,
-                folder,
-                sourceFile.Path + sourceFile.Filename,
-                sourceFile.Name);
+                report.Html(), projectFile, ReportKind::SourceFile, folder, path, sourceFile.Name);
         }
     });
+    if (!ended) {
+        m_failedReports.push_back(modDorvikUtils::CreateReportFilename(
+            projectFile, ReportKind::SourceFile, folder, path, sourceFile.Name));
+    }
 }
 
 }  // namespace dorvik

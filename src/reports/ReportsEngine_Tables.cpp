@@ -4,7 +4,9 @@
 #include "reports/modReportLinks.h"
 #include "settings/ComponentVersion.h"
 
+#include <algorithm>
 #include <array>
+#include <limits>
 
 namespace dorvik {
 
@@ -41,6 +43,10 @@ constexpr std::array<Convention, 5> kConventions = {{
 }};
 
 constexpr std::string_view kNotKnown = "Not known";
+
+std::string Sum(std::int64_t sum) {
+    return ReportsEngine::FormatNumber(static_cast<double>(sum));
+}
 
 void InsertSection(HTMLHelper2& html, std::string_view id, std::string_view title) {
     html.StartTag("h3", {"id", id});
@@ -282,29 +288,30 @@ void ReportsEngine::InsertViolStatsByCatTable(
     html.InsertTableHeading("Total", "10%");
     html.EndTag("tr");
 
-    std::array<std::int32_t, kLevels> sums{};
-    std::int32_t sumOfAll = 0;
+    std::array<std::int64_t, kLevels> sums{};
+    std::int64_t sumOfAll = 0;
     for (CategoryStatistics& category : categories) {
         html.StartTag("tr");
         html.InsertTableCell(category.Category, "left");
-        std::int32_t sum = 0;
+        std::int64_t sum = 0;
         for (std::size_t place = 0; place < kLevels; ++place) {
             const std::int32_t count = (category.Statistics.*kLevelFigures.at(place).Count)();
             html.InsertTableCell(FormatNumber(count));
             sum += count;
             sums.at(place) += count;
         }
-        html.InsertTableCell(FormatNumber(sum));
+        html.InsertTableCell(Sum(sum));
         html.EndTag("tr");
-        category.Statistics.SetTotalViolations(sum);
+        category.Statistics.SetTotalViolations(static_cast<std::int32_t>(
+            std::min<std::int64_t>(sum, std::numeric_limits<std::int32_t>::max())));
         sumOfAll += sum;
     }
     html.StartTag("tr", {"class", "totalsline"});
     html.InsertTableCell("TOTALS");
-    for (const std::int32_t sum : sums) {
-        html.InsertTableCell(FormatNumber(sum));
+    for (const std::int64_t sum : sums) {
+        html.InsertTableCell(Sum(sum));
     }
-    html.InsertTableCell(FormatNumber(sumOfAll));
+    html.InsertTableCell(Sum(sumOfAll));
     html.EndTag("tr");
     html.EndTag("table");
 }

@@ -12,6 +12,7 @@ namespace dorvik {
 namespace {
 
 constexpr std::int32_t kFileItem = 2;
+constexpr std::int32_t kProcedureItem = 3;
 constexpr std::int32_t kStepsOfProcedure = 4;
 constexpr std::string_view kPageTitle = "Dorvik Source File Detail Report";
 
@@ -80,6 +81,10 @@ bool SourceFileReport::Build() {
 void SourceFileReport::ReadFigures() {
     const std::int32_t id = m_subject.File.ObjectID;
     m_procedures = m_results.GetSourceFileProcList(id, true, true);
+    for (const BasicObject& location : m_procedures) {
+        m_locationStatistics.emplace(
+            location.ObjectID, m_results.GetViolationStats(kProcedureItem, location.ObjectID));
+    }
     m_statistics = m_results.GetViolationStats(kFileItem, id);
     if (m_subject.TolerancesSet) {
         m_passed = m_results.TolerancePass(kFileItem, id, m_failures);

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -61,6 +62,8 @@ private:
     bool InsertFigureTable(const FigureTable& table);
     void InsertFigureHeading();
     bool InsertFigureRows(const FigureTable& table);
+    /// Those of the tables; the rows, the links in them and what these lead to go by them alike.
+    const ViolationStatistics& FiguresOf(const BasicObject& location) const;
     void InsertFigureCells(const ViolationStatistics& statistics, const Figures& columns);
     void InsertCategoryTable();
     bool InsertLineCounts();
@@ -81,8 +84,9 @@ private:
     HTMLHelper2 m_html;
 
     bool m_isProjectFile;
-    std::vector<BasicObject> m_procedures;  // the sections among them
-    ViolationStatistics m_statistics;       // of the file
+    std::vector<BasicObject> m_procedures;                             // the sections among them
+    std::map<std::int32_t, ViolationStatistics> m_locationStatistics;  // by `ObjectID`
+    ViolationStatistics m_statistics;                                  // of the file
     std::vector<ToleranceFailure> m_failures;
     bool m_passed = true;
 };

@@ -84,8 +84,7 @@ void SourceFileReport::InsertFigureHeading() {
 
 bool SourceFileReport::InsertFigureRows(const FigureTable& table) {
     for (const BasicObject& location : m_procedures) {
-        const ViolationStatistics statistics =
-            m_results.GetViolationStats(kProcedureItem, location.ObjectID);
+        const ViolationStatistics& statistics = FiguresOf(location);
         if ((statistics.*table.Columns.back())() <= 0) {
             continue;
         }
@@ -98,6 +97,10 @@ bool SourceFileReport::InsertFigureRows(const FigureTable& table) {
         }
     }
     return true;
+}
+
+const ViolationStatistics& SourceFileReport::FiguresOf(const BasicObject& location) const {
+    return m_locationStatistics.at(location.ObjectID);
 }
 
 void SourceFileReport::InsertFigureCells(
@@ -214,7 +217,8 @@ bool SourceFileReport::InsertViolations() {
             "VBP File", m_results.GetVBPFileViolationsList(m_subject.File.ObjectID));
     }
     for (const BasicObject& location : m_procedures) {
-        if (location.ViolationCount <= 0) {
+        // The count of the list itself goes by the filter, if one is set.
+        if (FiguresOf(location).TotalViolations() <= 0) {
             continue;
         }
         m_html.StartTag("table", {"id", AnchorOf(location), "cellspacing", "0"});

@@ -13,9 +13,18 @@ namespace dorvik::modReportFile {
 namespace {
 
 constexpr unsigned char kFirstBeyondAscii = 0x80;
+constexpr char32_t kFirstPrintable = 0xA0;
+constexpr char32_t kReplacement = 0xFFFD;
 
 bool IsBeyondAscii(char byte) {
     return static_cast<unsigned char>(byte) >= kFirstBeyondAscii;
+}
+
+/// Browsers take a reference to one of the controls U+0080 to U+009F for a character of code page 1252,
+/// so that a page would show what its text does not say.
+std::uint32_t Shown(char32_t character) {
+    const bool isControl = character >= kFirstBeyondAscii && character < kFirstPrintable;
+    return static_cast<std::uint32_t>(isControl ? kReplacement : character);
 }
 
 }  // namespace
@@ -32,7 +41,7 @@ std::string ToAscii(std::string_view page) {
         position += static_cast<std::size_t>(beyond - start);
         if (beyond != end) {
             const modUtf8::Character character = modUtf8::Decode(page, position);
-            result += "&#" + std::to_string(static_cast<std::uint32_t>(character.CodePoint)) + ";";
+            result += "&#" + std::to_string(Shown(character.CodePoint)) + ";";
             position += character.Size;
         }
     }

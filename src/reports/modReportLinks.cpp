@@ -3,6 +3,7 @@
 #include "base/modUtf8.h"
 #include "platform/modFiles.h"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace dorvik::modReportLinks {
@@ -39,6 +40,23 @@ std::string Encoded(std::string_view path) {
     return href;
 }
 
+/// For a path that is none of this machine: `C:\Src\a.txt` and `\\server\src\a.txt` as a browser finds
+/// them where they do exist.
+std::string HrefElsewhere(std::string_view path) {
+    constexpr std::size_t kDriveSize = 2;
+    const bool hasDrive = path.size() > kDriveSize && path[1] == ':' && path[kDriveSize] == '\\';
+    const bool isOfNetwork = path.starts_with("\\\\");
+    if (!hasDrive && !isOfNetwork) {
+        return Encoded(path);
+    }
+    std::string href = hasDrive ? "file:///" : "file:";
+    const std::size_t plain = hasDrive ? kDriveSize : 0;
+    href += path.substr(0, plain);
+    std::string rest(path.substr(plain));
+    std::replace(rest.begin(), rest.end(), '\\', '/');
+    return href + Encoded(rest);
+}
+
 }  // namespace
 
 std::string HrefOfFile(std::string_view filename) {
@@ -46,7 +64,8 @@ std::string HrefOfFile(std::string_view filename) {
 }
 
 std::string HrefOfPath(std::string_view path) {
-    return Encoded(modFiles::HostPath(path).string());
+    const std::string host = modFiles::HostPath(path).string();
+    return host.empty() ? HrefElsewhere(path) : Encoded(host);
 }
 
 std::string PathText(std::string_view path) {

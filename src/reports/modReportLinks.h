@@ -14,7 +14,8 @@ namespace dorvik::modReportLinks {
 std::string HrefOfFile(std::string_view filename);
 
 /// A link to a file somewhere on the machine that the page is made on, by its inside path: the path
-/// as the host writes it.
+/// as the host writes it. A path that can be none of this machine (`C:\Src\a.txt`) gets a link that
+/// leads there on the machine that it is of (`file:///C:/Src/a.txt`).
 std::string HrefOfPath(std::string_view path);
 
 /// The text of an inside path on a page: as this machine writes it; a path that can be none of this

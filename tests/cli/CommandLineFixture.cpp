@@ -4,6 +4,7 @@
 #include "platform/modFiles.h"
 #include "support/LineText.h"
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <utility>
@@ -23,11 +24,23 @@ CommandLineFixture::CommandLineFixture()
 }
 
 ProgramRun::Settings CommandLineFixture::Settings(std::vector<std::string> arguments) const {
+    const bool isReview = !arguments.empty() && arguments.front() == "review";
+    if (isReview && std::ranges::find(arguments, "--rulebase") == arguments.end()) {
+        arguments.insert(arguments.begin() + 1, {"--rulebase", DORVIK_RULEBASE});
+    }
     return {std::move(arguments), m_work, m_state};
 }
 
 ProgramResult CommandLineFixture::Run(std::vector<std::string> arguments) const {
-    ProgramRun run(Settings(std::move(arguments)));
+    return Finished(Settings(std::move(arguments)));
+}
+
+ProgramResult CommandLineFixture::RunAsTyped(std::vector<std::string> arguments) const {
+    return Finished({std::move(arguments), m_work, m_state});
+}
+
+ProgramResult CommandLineFixture::Finished(const ProgramRun::Settings& settings) const {
+    ProgramRun run(settings);
     run.Wait();
     EXPECT_NE(run.ExitCode(), ProgramRun::kKilled) << "the program hung";
     EXPECT_NE(run.ExitCode(), ProgramRun::kCrashed) << "the program crashed: " << run.Error();

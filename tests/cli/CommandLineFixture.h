@@ -28,9 +28,12 @@ class CommandLineFixture : public ::testing::Test {
 protected:
     CommandLineFixture();
 
-    /// Runs the program in the working folder to its end.
+    /// Runs the program in the working folder to its end. A review that names no rulebase takes a small
+    /// one of the tests, which stays as it is while the sample rulebase grows.
     ProgramResult Run(std::vector<std::string> arguments) const;
-    /// How to start the program in the working folder.
+    /// The same with the arguments as they stand.
+    ProgramResult RunAsTyped(std::vector<std::string> arguments) const;
+    /// How to start the program in the working folder, with that rulebase too.
     ProgramRun::Settings Settings(std::vector<std::string> arguments) const;
 
     /// Writes a file below the working folder; the lines get CR LF.
@@ -49,6 +52,8 @@ protected:
     std::string Query(const std::string& name, std::string_view sql) const;
 
 private:
+    ProgramResult Finished(const ProgramRun::Settings& settings) const;
+
     TemporaryFolder m_folder;
     std::filesystem::path m_work;
     std::filesystem::path m_state;

@@ -1,4 +1,4 @@
-// The report pages of the sample Billing to the byte. On purpose the goldens are read and changed by hand:
+// Report pages of the samples to the byte. On purpose the goldens are read and changed by hand:
 // with DORVIK_REPORTS_NOW=FOLDER in the environment the tests also write there what the pages are now.
 
 #include "base/modTextCase.h"
@@ -28,13 +28,12 @@ public:
     DateTime Now() override { return {2026, 11, 21, 14, 5, 9}; }
 };
 
-/// Reviews the sample within this process, where the clock and the user can be told.
+/// Reviews samples within this process, where the clock and the user can be told.
 class ReportGolden : public CommandLineFixture {
 protected:
     ReportGolden() : m_factsInstalled(m_facts), m_clockInstalled(m_clock) {
         modGlobal::CreateGlobalObjects();
         modLog::Log().SetQuiet(true);
-        CopySample("Billing");
         m_criteria = std::make_shared<ReviewCriteria>();
         RulebaseLoadCriteria& load = m_criteria->LoadCriteria();
         load.SetRulebaseFile(modFiles::FromHostPath(DORVIK_RULEBASE));
@@ -49,14 +48,18 @@ protected:
         m_criteria->SetUseProjectFolderReports(false);
         m_criteria->SetFixedFolderReports(InnerPath("pages"));
         m_criteria->SetReviewStarted({2026, 11, 21, 14, 4, 0});
-        const auto project = std::make_shared<VirtualProject>();
-        project->SetFilename(InnerPath("Billing/Billing.vbp"));
-        m_criteria->ProjectList().Add("Billing", project, true, true);
     }
     ~ReportGolden() override { modGlobal::DestroyGlobalObjects(); }
 
     std::string InnerPath(const std::string& name) const {
         return modFiles::FromHostPath(Work(name));
+    }
+
+    void AddSample(const std::string& name) {
+        CopySample(name);
+        const auto project = std::make_shared<VirtualProject>();
+        project->SetFilename(InnerPath(name + "/" + name + ".vbp"));
+        m_criteria->ProjectList().Add(name, project, true, true);
     }
 
     void Review() {
@@ -70,6 +73,7 @@ protected:
         std::string text = Bytes("pages/" + page);
         text = modTextCase::ReplaceAll(text, Work("Billing").parent_path().string(), "$FOLDER");
         text = modTextCase::ReplaceAll(text, DORVIK_RULEBASE, "$RULEBASE");
+        text = modTextCase::ReplaceAll(text, DORVIK_GOLDEN_RULEBASE, "$RULEBASE");
         return modTextCase::ReplaceAll(text, ComponentVersion(), "$VERSION");
     }
 
@@ -108,6 +112,7 @@ private:
 }  // namespace
 
 TEST_F(ReportGolden, WithTolerancesAndAPageForEachFileAndOfTheBatch) {
+    AddSample("Billing");
     m_criteria->SetReportOption(ReportsEngine::kDetailed);
     m_criteria->SetBatchTitle("Night");
     m_criteria->SetBatchFilename(InnerPath("Night.batch"));
@@ -123,10 +128,33 @@ TEST_F(ReportGolden, WithTolerancesAndAPageForEachFileAndOfTheBatch) {
 }
 
 TEST_F(ReportGolden, WithoutTolerancesAndOnePage) {
+    AddSample("Billing");
     m_criteria->SetReportOption(1);
     fs::remove(Work("Billing/modPricing.bas"));
     Review();
     ExpectGolden("Billing_Dorvik.html", "NoTolerances.project.html");
+}
+
+TEST_F(ReportGolden, WithAllKindsOfRulesOfAFormAPropertyPageAndTheirProjects) {
+    AddSample("Warehouse");
+    AddSample("Clinic");
+    RulebaseLoadCriteria& load = m_criteria->LoadCriteria();
+    load.SetRulebaseFile(modFiles::FromHostPath(DORVIK_GOLDEN_RULEBASE));
+    load.SetNamingConventions(true);
+    load.SetSeverityLevel(5, true);
+    m_criteria->SetReportOption(ReportsEngine::kDetailed);
+    m_criteria->SetBatchTitle("All kinds");
+    m_criteria->SetBatchFilename(InnerPath("Kinds.batch"));
+    m_criteria->SetToleranceCount(1, 40);
+    m_criteria->SetToleranceImpact(3, 3000);
+    m_criteria->SetToleranceCyclomaticComplexity(6);
+    Review();
+    ExpectGolden("Warehouse_Dorvik.html", "Kinds.Warehouse.project.html");
+    ExpectGolden("frmCount_frmCount_Detail.html", "Kinds.Warehouse.form.html");
+    ExpectGolden("Clinic_Dorvik.html", "Kinds.Clinic.project.html");
+    ExpectGolden("pagPulse_pagPulse_Detail.html", "Kinds.Clinic.propertypage.html");
+    ExpectGolden("Clinic_Clinic_Detail.html", "Kinds.Clinic.projectfile.html");
+    ExpectGolden("Kinds_batch_BatchSummary.html", "Kinds.batch.html");
 }
 
 }  // namespace dorvik::test

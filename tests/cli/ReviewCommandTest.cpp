@@ -40,6 +40,15 @@ TEST_F(ReviewCommand, AFailedVerdictEndsWithOne) {
     EXPECT_THAT(result.Output, HasSubstr("Verdict     failed: Critical Violation Count"));
 }
 
+TEST_F(ReviewCommand, WithoutARulebaseTheSampleRulebaseCounts) {
+    WriteModuleProject("First", "Dim a: a = 1: End");
+    const ProgramResult result = RunAsTyped({"review", "First.vbp"});
+    EXPECT_EQ(result.ExitCode, 1) << result.Error;
+    EXPECT_EQ(
+        Query("Dorvik/First_DORVIK.mdb", "SELECT RulebaseTitle FROM Review"),
+        "Sample rules for Visual Basic 6");
+}
+
 TEST_F(ReviewCommand, TheSummaryTellsFilesLinesViolationsVerdictAndResults) {
     WriteModuleProject("Bad", kFails);
     const ProgramResult result = Run({"review", "Bad.vbp", "--conventions", "uk"});

@@ -2,6 +2,7 @@
 #include "cli/ReportPages.h"
 #include "platform/Database.h"
 #include "platform/modFiles.h"
+#include "settings/ComponentVersion.h"
 
 #include <gmock/gmock.h>
 
@@ -13,6 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
@@ -45,6 +47,24 @@ protected:
         }
         std::sort(names.begin(), names.end());
         return names;
+    }
+
+    /// The rows of the tables of a page, with what stands in front of the first row of each.
+    static std::vector<std::string> RowsOf(const std::string& page) {
+        constexpr std::string_view kEnd = "</tr>";
+        std::vector<std::string> rows;
+        std::size_t begin = 0;
+        for (auto end = page.find(kEnd); end != std::string::npos; end = page.find(kEnd, begin)) {
+            rows.push_back(page.substr(begin, end - begin));
+            begin = end + kEnd.size();
+        }
+        rows.push_back(page.substr(begin));
+        return rows;
+    }
+
+    std::string NotWritten(const std::string& page) const {
+        return "dorvik: the report of '" + Work("One.vbp").string() + "' was not written to '" +
+               Work("out/" + page).string() + "' (see the log '";
     }
 
     std::string Wrote(const std::string& name) const {
@@ -137,35 +157,120 @@ TEST_F(ReviewReports, AProjectThatCannotBeLoadedIsAnErrorOfTheBatch) {
         HasSubstr("<td align=\"left\">Bad.vbp</td><td align=\"left\" class=\"error\">Error</td>"));
 }
 
-TEST_F(ReviewReports, ModernWritesOnePageAProjectAndNoClassicOne) {
-    const ProgramResult result = Review(
-        {"One.vbp",
-         "Two.vbp",
-         "--report",
-         "summary",
-         "--report-style",
-         "modern",
-         "--reports",
-         "out"});
+TEST_F(ReviewReports, ResultsOfAnEarlierReviewOnThePageOfTheBatchAreTold) {
+    EXPECT_EQ(Review({"One.vbp"}).ExitCode, 0);
+    WriteLines("One.vbp", {"Module=a; a.bas", "Module=a; a.bas", "Name=\"One\""});
+    const std::string older =
+        "dorvik: the page of the batch shows the results of an earlier review";
+    const ProgramResult result = Review({"One.vbp", "Two.vbp", "--report", "summary"});
+    EXPECT_EQ(result.ExitCode, 3);
+    EXPECT_THAT(
+        Bytes("Dorvik/Review_batch_BatchSummary.html"),
+        HasSubstr(">One.vbp</a></td><td class=\"pass\">Pass</td>"));
+    EXPECT_THAT(
+        result.Errors(),
+        Contains(
+            older + " of '" + Work("One.vbp").string() +
+            "', because it could not be reviewed this time"));
+    ExpectClearSentences(result);
+
+    fs::remove(Work("Dorvik/One_DORVIK.mdb"));
+    EXPECT_THAT(Review({"One.vbp", "Two.vbp", "--report", "summary"}).Error, Not(HasSubstr(older)));
+    EXPECT_THAT(
+        Bytes("Dorvik/Review_batch_BatchSummary.html"),
+        HasSubstr("<td align=\"left\">One.vbp</td><td align=\"left\" class=\"error\">Error</td>"));
+}
+
+TEST_F(ReviewReports, WithoutAPageOfTheBatchNothingIsSaidOfEarlierResults) {
+    Review({"One.vbp"});
+    WriteLines("One.vbp", {"Module=a; a.bas", "Module=a; a.bas", "Name=\"One\""});
+    EXPECT_THAT(Review({"One.vbp", "Two.vbp"}).Error, Not(HasSubstr("earlier review")));
+}
+
+TEST_F(ReviewReports, ModernAddsAPageAProjectToTheClassicOnes) {
+    const std::vector<std::string> common = {
+        "One.vbp", "Two.vbp", "--report-style", "modern", "--batch-title", "Night", "--report"};
+    const auto review = [&](const std::string& detail, const std::string& folder) {
+        std::vector<std::string> words = common;
+        words.insert(words.end(), {detail, "--reports", folder});
+        return Review(words);
+    };
+    const ProgramResult result = review("summary", "out");
     EXPECT_EQ(result.ExitCode, 0) << result.Error;
-    EXPECT_THAT(Pages("out"), ElementsAre("One_Review.html", "Two_Review.html"));
+    EXPECT_THAT(
+        Pages("out"),
+        ElementsAre(
+            "Night_batch_BatchSummary.html",
+            "One_Dorvik.html",
+            "One_Review.html",
+            "Two_Dorvik.html",
+            "Two_Review.html"));
     EXPECT_THAT(Pages("Dorvik"), IsEmpty());
+    EXPECT_THAT(result.Output, HasSubstr(Wrote("out/One_Dorvik.html")));
     EXPECT_THAT(result.Output, HasSubstr(Wrote("out/One_Review.html")));
     EXPECT_THAT(Bytes("out/One_Review.html"), HasSubstr("<!DOCTYPE html>"));
+    EXPECT_THAT(Bytes("out/Night_batch_BatchSummary.html"), HasSubstr("<h1>Night</h1>"));
+
+    EXPECT_EQ(review("detailed", "all").ExitCode, 0);
+    EXPECT_THAT(Pages("all"), SizeIs(7));
+    EXPECT_TRUE(Exists("all/One_One_Detail.html"));
+    EXPECT_TRUE(Exists("all/Two_Review.html"));
+    EXPECT_EQ(review("none", "nothing").ExitCode, 0);
+    EXPECT_FALSE(Exists("nothing"));
 }
 
 TEST_F(ReviewReports, APageThatCannotBeWrittenMakesTheReviewIncomplete) {
     fs::create_directories(Work("out/One_Dorvik.html"));
+    fs::create_directories(Work("out/One_Review.html"));
     for (const std::string style : {"classic", "modern"}) {
-        fs::create_directories(Work("out/One_Review.html"));
         const ProgramResult result =
             Review({"One.vbp", "--report", "summary", "--report-style", style, "--reports", "out"});
         EXPECT_EQ(result.ExitCode, 3) << style;
-        EXPECT_THAT(
-            result.Error, HasSubstr("the report of '" + Work("One.vbp").string() + "' was not"));
-        ExpectClearSentences(result);
+        EXPECT_THAT(result.Errors(), SizeIs(style == "modern" ? 2 : 1));
+        EXPECT_THAT(result.Error, HasSubstr(NotWritten("One_Dorvik.html")));
         EXPECT_THAT(result.Output, Not(HasSubstr("Wrote")));
+        ExpectClearSentences(result);
+        if (style == "modern") {
+            EXPECT_THAT(result.Error, HasSubstr(NotWritten("One_Review.html")));
+        }
     }
+}
+
+TEST_F(ReviewReports, ThePageOfTheBatchThatCannotBeWrittenIsTold) {
+    fs::create_directories(Work("out/Review_batch_BatchSummary.html"));
+    const ProgramResult result =
+        Review({"One.vbp", "Two.vbp", "--report", "summary", "--reports", "out"});
+    EXPECT_EQ(result.ExitCode, 3);
+    EXPECT_THAT(result.Errors(), SizeIs(1));
+    EXPECT_THAT(
+        result.Error,
+        HasSubstr(
+            "the report of the batch was not written to '" +
+            Work("out/Review_batch_BatchSummary.html").string() + "'"));
+}
+
+TEST_F(ReviewReports, PagesOfFilesThatCannotBeWrittenAreToldByBothCommands) {
+    CopySample("Billing");
+    for (const std::string page : {"modGlobals_modGlobals", "modPricing_modPricing"}) {
+        fs::create_directories(Work("out/" + page + "_Detail.html"));
+    }
+    const std::vector<ProgramResult> results = {
+        Review({"Billing", "--report", "detailed", "--reports", "out", "--tolerance", "CVC=0"}),
+        Run({"report", "Billing/Dorvik/Billing_DORVIK.mdb", "--detailed", "--reports", "out"})};
+    for (const ProgramResult& result : results) {
+        EXPECT_EQ(result.ExitCode, 3) << result.Error;
+        EXPECT_THAT(result.Errors(), SizeIs(2));
+        for (const std::string page : {"modGlobals_modGlobals", "modPricing_modPricing"}) {
+            EXPECT_THAT(
+                result.Error,
+                HasSubstr(
+                    "dorvik: the page of a source file was not written to '" +
+                    Work("out/" + page + "_Detail.html").string() + "' (see the log '"));
+        }
+        ExpectClearSentences(result);
+        EXPECT_THAT(result.Output, HasSubstr(Wrote("out/Billing_Dorvik.html")));
+    }
+    EXPECT_TRUE(Exists("out/Billing_Dorvik.html"));
 }
 
 TEST_F(ReviewReports, OptionsOfReportsNeedAReport) {
@@ -178,15 +283,6 @@ TEST_F(ReviewReports, OptionsOfReportsNeedAReport) {
     }
     EXPECT_EQ(Run({"review", "One.vbp", "--report", "full"}).ExitCode, 2);
     EXPECT_EQ(Run({"review", "One.vbp", "--report", "summary", "--report-style", "x"}).ExitCode, 2);
-}
-
-TEST_F(ReviewReports, ModernHasNoPageOfTheBatchToTitle) {
-    const ProgramResult result = Review(
-        {"One.vbp", "--report", "summary", "--report-style", "modern", "--batch-title", "Night"});
-    EXPECT_EQ(result.ExitCode, 2);
-    EXPECT_THAT(result.Error, HasSubstr("--batch-title"));
-    ExpectClearSentences(result);
-    EXPECT_FALSE(Exists("Dorvik"));
 }
 
 // ---- from finished databases ----
@@ -203,16 +299,37 @@ TEST_F(ReviewReports, ReportWritesThePagesAgainBesideTheDatabase) {
 TEST_F(ReviewReports, ReportSaysTheSameAsTheReviewButForWhatOnlyThatKnew) {
     CopySample("Billing");
     Review({"Billing", "--report", "detailed", "--tolerance", "CVC=0"});
-    const std::string page = Bytes("Billing/Dorvik/Billing_Dorvik.html");
-    const std::string detail = Bytes("Billing/Dorvik/modGlobals_modGlobals_Detail.html");
     Run({"report", "Billing/Dorvik/Billing_DORVIK.mdb", "--detailed", "--reports", "again"});
-    EXPECT_EQ(Bytes("again/modGlobals_modGlobals_Detail.html"), detail);
-    const std::string again = Bytes("again/Billing_Dorvik.html");
-    const std::size_t table = page.find("<h3 id=\"ReviewSummaryInformation\">");
-    const std::size_t errors = page.find("Total Errors");
-    EXPECT_EQ(again.substr(0, errors), page.substr(0, errors));
-    EXPECT_NE(table, std::string::npos);
-    EXPECT_NE(again, page);
+    const std::vector<std::string> names = Pages("again");
+    EXPECT_EQ(names, Pages("Billing/Dorvik"));
+    std::vector<std::string> differ;
+    for (const std::string& name : names) {
+        const std::vector<std::string> rows = RowsOf(Bytes("Billing/Dorvik/" + name));
+        const std::vector<std::string> again = RowsOf(Bytes("again/" + name));
+        ASSERT_EQ(rows.size(), again.size()) << name;
+        for (std::size_t row = 0; row < rows.size(); ++row) {
+            if (rows[row] != again[row]) {
+                differ.push_back(name + ": " + rows[row]);
+                differ.push_back(again[row]);
+            }
+        }
+    }
+    const std::string page = "Billing_Dorvik.html: ";
+    const std::string errors = "<tr><td align=\"left\">Total Errors</td><td class=\"error\">";
+    const std::string dashes = "</td><td>-</td><td>-</td><td>-</td>";
+    const std::string file = "<tr><td align=\"left\">Rulebase Filename</td><td>";
+    const std::string engine = "<tr><td align=\"left\">Rule Engine</td><td>";
+    EXPECT_THAT(
+        differ,
+        ElementsAre(
+            page + errors + "-" + dashes,
+            errors + "Not known" + dashes,
+            page + file + DORVIK_RULEBASE + "</td>",
+            file + "Not known</td>",
+            page + engine + "Dorvik Rule Engine " + ComponentVersion() + "</td>",
+            engine + "Not known</td>",
+            page + "<tr><td colspan=\"2\">All Source Files</td>",
+            "<tr><td colspan=\"2\">8 Source Files Reviewed</td>"));
 }
 
 TEST_F(ReviewReports, ReportTakesSeveralDatabasesAndWritesNoPageOfABatch) {
@@ -224,7 +341,7 @@ TEST_F(ReviewReports, ReportTakesSeveralDatabasesAndWritesNoPageOfABatch) {
     EXPECT_EQ(
         Run({"report", "results/One_DORVIK.mdb", "--report-style", "modern", "--quiet"}).Output,
         "");
-    EXPECT_THAT(Pages("results"), ElementsAre("One_Review.html"));
+    EXPECT_THAT(Pages("results"), ElementsAre("One_Dorvik.html", "One_Review.html"));
 }
 
 TEST_F(ReviewReports, ReportGoesOnBehindADatabaseThatIsNone) {
@@ -256,10 +373,25 @@ TEST_F(ReviewReports, ReportOfAnUnfinishedReviewIsRefused) {
 TEST_F(ReviewReports, ReportThatCannotBeWrittenIsTold) {
     Review({"One.vbp"});
     fs::create_directories(Work("out/One_Dorvik.html"));
-    const ProgramResult result = Run({"report", "Dorvik/One_DORVIK.mdb", "--reports", "out"});
-    EXPECT_EQ(result.ExitCode, 2);
+    const std::vector<std::string> words = {"report", "Dorvik/One_DORVIK.mdb", "--reports", "out"};
+    const ProgramResult result = Run(words);
+    EXPECT_EQ(result.ExitCode, 2) << "there is no page at all";
     EXPECT_THAT(result.Errors(), SizeIs(1));
     ExpectClearSentences(result);
+
+    std::vector<std::string> modern = words;
+    modern.insert(modern.end(), {"--report-style", "modern"});
+    const ProgramResult other = Run(modern);
+    EXPECT_EQ(other.ExitCode, 3) << "the modern page is there";
+    EXPECT_EQ(other.Output, Wrote("out/One_Review.html"));
+    EXPECT_EQ(other.Error, result.Error);
+}
+
+TEST_F(ReviewReports, ReportWritesTheModernPageBesideTheClassicOnes) {
+    Review({"One.vbp"});
+    Run({"report", "Dorvik/One_DORVIK.mdb", "--report-style", "modern", "--detailed"});
+    EXPECT_THAT(
+        Pages("Dorvik"), ElementsAre("One_Dorvik.html", "One_One_Detail.html", "One_Review.html"));
 }
 
 // ---- links ----

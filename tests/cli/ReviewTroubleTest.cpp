@@ -120,6 +120,39 @@ TEST_F(ReviewTrouble, AFractionOfAMillisecondIsALimitToo) {
     EXPECT_THAT(Bytes("Dorvik/A_DORVIK.txt"), HasSubstr("Script of rule 6000 (Slow), line 3"));
 }
 
+TEST_F(ReviewTrouble, ARuleWhoseScriptFailsIsToldWithTheNumberOfItsFailures) {
+    WriteRulebase("Broken.dvk", "Sub Main%CRLF%Dim n%CRLF%n = 1 / 0%CRLF%End Sub");
+    WriteProcedures(3);
+    const ProgramResult result = Run({"review", "A.vbp", "--rulebase", "Broken.dvk"});
+    EXPECT_THAT(
+        result.Errors(),
+        ElementsAre("dorvik: rule 6000 (Slow) is broken: its script failed 3 times; the review log "
+                    "says why"));
+}
+
+TEST_F(ReviewTrouble, ARuleWhosePatternIsNoneIsTold) {
+    std::string text = modFiles::ReadBytes(modFiles::FromHostPath(DORVIK_RULEBASE));
+    const std::string pattern = "Stop(\\s*$";
+    const std::size_t at = text.find(pattern);
+    ASSERT_NE(at, std::string::npos);
+    WriteBytes("Broken.dvk", text.insert(at, "("));
+    WriteModuleProject("A", "    Stop");
+    const ProgramResult result = Run({"review", "A.vbp", "--rulebase", "Broken.dvk"});
+    EXPECT_THAT(
+        result.Errors(),
+        ElementsAre(HasSubstr("rule 5032 (No Stop) is broken: its pattern failed")));
+}
+
+TEST_F(ReviewTrouble, TheTimesOfTheScriptsAreToldWhenAskedFor) {
+    WriteRulebase("Quick.dvk", "Sub Main%CRLF%End Sub");
+    WriteProcedures(3);
+    const ProgramResult result =
+        Run({"review", "A.vbp", "--rulebase", "Quick.dvk", "--rule-times"});
+    EXPECT_THAT(result.Output, AllOf(HasSubstr("rule 6000 (Slow)"), HasSubstr("All 1 scripts")));
+    EXPECT_THAT(
+        Run({"review", "A.vbp", "--rulebase", "Quick.dvk"}).Output, Not(HasSubstr("scripts")));
+}
+
 TEST_F(ReviewTrouble, AScriptWithoutSubMainIsToldWithItsRule) {
     WriteRulebase("Broken.dvk", "Sub Other%CRLF%End Sub");
     WriteProcedures(1);

@@ -84,7 +84,7 @@ TEST_F(RuleEngineTest, AnExtensionThatCannotBeAddedIsLogged) {
         void DebugPrint(std::string_view) override {}
         void DumpObject(std::string_view) override {}
         void GetObjectProperty(std::string_view, std::string_view, basic::Value&) override {}
-        std::string GetParserEvent() override { return {}; }
+        basic::Value GetParserEvent() override { return {}; }
         void GetObjectWorkField(std::string_view, std::string_view, basic::Value&) override {}
         bool IsClassName(std::string_view) override { return false; }
         bool IsFormName(std::string_view) override { return false; }

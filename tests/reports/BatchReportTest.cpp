@@ -24,12 +24,12 @@ protected:
     }
 
     /// A project with that many critical violations, of which none is allowed.
-    void Review(const std::string& name, int criticals, bool withLimit = true) {
+    void Review(const std::string& name, int criticals, bool withLimit = true, int lines = 1000) {
         AddProject(name);
         ReviewedProject review(ResultsPath(name));
         review.Criteria().SetToleranceCount(1, withLimit ? 0 : -1);
         ASSERT_TRUE(review.Begin(name));
-        review.BeginFile({"modA", ".bas", "Module", 1000, 0});
+        review.BeginFile({"modA", ".bas", "Module", lines, 0});
         for (int number = 0; number < criticals; ++number) {
             review.Raise(Breach(5000, 1, 900, "Jump"));
         }
@@ -122,6 +122,37 @@ TEST_F(BatchReportTest, WithoutASelectedProjectTheDivisionFailsIsLoggedAndNothin
     EXPECT_EQ(Report(), "");
     EXPECT_TRUE(m_log.Contains("Division by zero#ReportsEngine::CreateBatchReport"));
     EXPECT_THAT(m_engine.WrittenReports(), IsEmpty());
+    EXPECT_THAT(
+        m_engine.FailedReports(), ElementsAre(m_folder.Path("Night_batch_BatchSummary.html")));
+}
+
+TEST_F(BatchReportTest, SumsGoBeyondThirtyTwoBits) {
+    Review("One", 0, /*withLimit=*/true, 2'000'000'000);
+    Review("Two", 0, /*withLimit=*/true, 2'000'000'000);
+    EXPECT_THAT(
+        Report(),
+        HasSubstr("<td align=\"center\">100.00%</td><td>-</td><td>-</td><td>4,000,000,000</td>"));
+}
+
+TEST_F(BatchReportTest, AReviewThatNeverStartedHasNoDate) {
+    m_criteria.SetReviewStarted({});
+    Review("Billing", 0);
+    const std::string page = Report();
+    EXPECT_THAT(page, HasSubstr("<h3>Review Performed: </h3>"));
+    EXPECT_THAT(page, HasSubstr("Review Start</td><td align=\"left\" width=\"70%\"></td></tr>"));
+    EXPECT_THAT(
+        page, HasSubstr("Review Duration</td><td align=\"left\" width=\"70%\">00:00:00</td></tr>"));
+}
+
+TEST_F(BatchReportTest, ABatchOfAnotherMachineKeepsItsPathAndItsLinks) {
+    Review("Billing", 0);
+    m_criteria.SetBatchFilename("C:\\Src\\Night.batch");
+    m_criteria.ProjectList().Item(1)->SetFilename("C:\\Src\\Billing.vbp");
+    EXPECT_THAT(Report(), HasSubstr("<td align=\"left\" width=\"70%\">C:\\Src\\Night.batch</td>"));
+    m_criteria.SetUseProjectFolderReports(true);
+    EXPECT_THAT(
+        Report(),
+        HasSubstr("<a href=\"file:///C:/Src/Dorvik/Billing_Dorvik.html\">Billing.vbp</a>"));
 }
 
 TEST_F(BatchReportTest, UnselectedProjectsHaveNoRow) {

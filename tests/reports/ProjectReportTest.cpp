@@ -57,6 +57,15 @@ protected:
         m_engine.CreateProjectReport(*m_project, m_criteria, m_progress);
         return Page();
     }
+    /// The page as it is made from the database alone.
+    std::string OlderPage() {
+        EXPECT_TRUE(m_review.End());
+        ProjectReportOrder order;
+        order.ProjectFile = "C:\\Src\\Billing.vbp";
+        order.ReportsFolder = m_folder.Path();
+        EXPECT_TRUE(m_engine.CreateReportsOfDatabase(m_review.Results(), order, m_progress));
+        return Page();
+    }
     std::string Page() const { return m_folder.Read("Billing_Dorvik.html"); }
 
     static constexpr std::int32_t kNoLimit = -1;
@@ -253,6 +262,7 @@ TEST_F(ProjectReportTest, CancelledAtItsStartWritesNothing) {
     m_cancelAt = 1;
     EXPECT_EQ(Report(), "");
     EXPECT_THAT(m_engine.WrittenReports(), IsEmpty());
+    EXPECT_THAT(m_engine.FailedReports(), IsEmpty());
     EXPECT_THAT(m_states, ElementsAre(ReportsEngine::kProjectReportState));
 }
 
@@ -289,6 +299,47 @@ TEST_F(ProjectReportTest, WithoutAnyFileTheRateHasAZeroDivisorWhichIsLogged) {
     Begin(0);
     EXPECT_EQ(Report(), "");
     EXPECT_TRUE(m_log.Contains("Division by zero#ReportsEngine::CreateProjectReport"));
+    EXPECT_THAT(m_engine.FailedReports(), ElementsAre(m_folder.Path("Billing_Dorvik.html")));
+}
+
+TEST_F(ProjectReportTest, OfAnOlderDatabaseWhoseFilesWereAllReadHasARate) {
+    Begin(0);
+    WriteProjectFile(0);
+    WriteModule("modA", 1, 10);
+    EXPECT_THAT(OlderPage(), HasSubstr("TOTALS</td><td align=\"center\">50.00%</td><td>1</td>"));
+}
+
+TEST_F(ProjectReportTest, OfAnOlderDatabaseWithoutTolerancesHasNoRateWhateverIsNotKnown) {
+    Begin(kNoLimit);
+    WriteProjectFile(0);
+    WriteModule("modB", 0, 0, SourceFileStatus::NotFound);
+    EXPECT_THAT(OlderPage(), HasSubstr(std::string("TOTALS</td>") + kNotAvailable));
+}
+
+TEST_F(ProjectReportTest, AReviewWithoutAnEndHasNeitherEndNorDuration) {
+    Begin(kNoLimit);
+    WriteProjectFile(0);
+    ASSERT_TRUE(m_review.End(/*finished=*/false));
+    m_engine.CreateProjectReport(*m_project, m_criteria, m_progress);
+    EXPECT_THAT(
+        Page(),
+        HasSubstr("Review End</td><td align=\"left\" width=\"70%\">N/A</td></tr><tr>"
+                  "<td align=\"left\" width=\"30%\">Review Duration</td>"
+                  "<td align=\"left\" width=\"70%\">N/A</td></tr>"));
+}
+
+TEST_F(ProjectReportTest, APageOfAFileThatCannotBeWrittenIsAFailedOneAndTheOthersFollow) {
+    m_criteria.SetReportOption(ReportsEngine::kDetailed);
+    Begin(kNoLimit);
+    WriteProjectFile(0);
+    WriteModule("modA", 1, 10);
+    std::filesystem::create_directory(m_folder.HostPath() / "Billing_Billing_Detail.html");
+    EXPECT_THAT(Report(), HasSubstr("Billing_Billing_Detail.html"));
+    EXPECT_THAT(
+        m_engine.FailedReports(), ElementsAre(m_folder.Path("Billing_Billing_Detail.html")));
+    EXPECT_THAT(
+        m_engine.WrittenReports(),
+        ElementsAre(m_folder.Path("modA_modA_Detail.html"), m_folder.Path("Billing_Dorvik.html")));
 }
 
 TEST_F(ProjectReportTest, OfAnOlderDatabaseSaysWhatNobodyKnowsAnyMore) {
@@ -312,6 +363,8 @@ TEST_F(ProjectReportTest, OfAnOlderDatabaseSaysWhatNobodyKnowsAnyMore) {
         page, HasSubstr("<td align=\"left\">modB.bas</td><td align=\"center\">Not known</td>"))
         << "a file without a trace of having been read has no verdict";
     EXPECT_THAT(page, HasSubstr("modA.bas</a></td><td class=\"pass\">Pass</td>"));
+    EXPECT_THAT(page, HasSubstr("TOTALS</td><td align=\"center\">Not known</td><td>-</td>"))
+        << "the rate counts files in error, of which nobody knows";
     EXPECT_THAT(page, Not(HasSubstr("Log File")));
     EXPECT_EQ(m_engine.WrittenReports().size(), 3U);
 }
@@ -326,6 +379,7 @@ TEST_F(ProjectReportTest, APageThatCannotBeWrittenIsNotSaidToBe) {
     order.ReportsFolder = m_folder.Path();
     EXPECT_FALSE(m_engine.CreateReportsOfDatabase(m_review.Results(), order, m_progress));
     EXPECT_THAT(m_engine.WrittenReports(), IsEmpty());
+    EXPECT_THAT(m_engine.FailedReports(), ElementsAre(m_folder.Path("Billing_Dorvik.html")));
     EXPECT_TRUE(m_log.Contains("#ReportsEngine::SaveReport"));
 }
 

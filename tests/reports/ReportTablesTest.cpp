@@ -91,6 +91,39 @@ TEST_F(ReportTables, TheLogOpensInAPageOfItsOwnByItsPathOnThisMachine) {
             "</td></tr><tr><td align=\"left\" width=\"30%\">Reviewed By</td>"));
 }
 
+TEST_F(ReportTables, TheLogOfAnotherMachineKeepsItsPathAndALink) {
+    ReviewSummaryInfo info;
+    info.LogFile = "C:\\Src\\A_DORVIK.txt";
+    ReportsEngine::InsertReviewSummaryInfo(m_html, info);
+    EXPECT_THAT(
+        m_html.DocumentText(),
+        HasSubstr("<a href=\"file:///C:/Src/A_DORVIK.txt\" target=\"_blank\">C:\\Src\\A_DORVIK.txt"
+                  "</a>"));
+}
+
+TEST_F(ReportTables, TheRulebaseOfAnotherMachineKeepsItsPath) {
+    m_load.SetRulebaseFile("\\\\server\\rules\\House.dvk");
+    EXPECT_THAT(
+        Criteria(5, 3, 3), HasSubstr(Row("Rulebase Filename", "\\\\server\\rules\\House.dvk")));
+}
+
+TEST_F(ReportTables, SumsOfCategoriesGoBeyondThirtyTwoBits) {
+    std::vector<CategoryStatistics> categories(2);
+    for (CategoryStatistics& category : categories) {
+        category.Category = "Jumps";
+        category.Statistics.SetCriticalViolations(2'000'000'000);
+        category.Statistics.SetLowViolations(2'000'000'000);
+    }
+    m_engine.InsertViolStatsByCatTable(m_html, categories, 1);
+    EXPECT_THAT(
+        m_html.DocumentText(),
+        HasSubstr("<tr><td align=\"left\">Jumps</td><td>2,000,000,000</td><td>-</td><td>-</td>"
+                  "<td>2,000,000,000</td><td>-</td><td>4,000,000,000</td></tr>"
+                  "<tr class=\"totalsline\"><td>TOTALS</td><td>4,000,000,000</td><td>-</td>"
+                  "<td>-</td><td>4,000,000,000</td><td>-</td><td>8,000,000,000</td></tr>"));
+    EXPECT_EQ(categories[0].Statistics.TotalViolations(), 2'147'483'647) << "as much as it holds";
+}
+
 TEST_F(ReportTables, FailuresOfAProjectAreNamesOnly) {
     ReportsEngine::InsertToleranceFailures(m_html, {{"One", 0, 0}, {"Two", 0, 0}}, true);
     EXPECT_EQ(

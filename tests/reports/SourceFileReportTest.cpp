@@ -15,6 +15,9 @@ class ProgressWatch : public IReportsEngineEvents {
 public:
     void ReportsProgress(ProgressInfo& progress, std::int32_t state, bool& cancel) override {
         ++Calls;
+        if (Calls == RaiseAt) {
+            throw BasicError(5, "in the middle");
+        }
         States.push_back(state);
         Progress.push_back(progress.SourceFileProgress());
         cancel = Calls == CancelAt;
@@ -22,6 +25,7 @@ public:
 
     int Calls = 0;
     int CancelAt = 0;
+    int RaiseAt = 0;
     std::vector<std::int32_t> States;
     std::vector<std::int32_t> Progress;
 };
@@ -88,6 +92,10 @@ protected:
     static std::string Golden(const char* name) {
         return modFiles::ReadBytes(
             modFiles::FromHostPath(DORVIK_REPORTS_GOLDEN) + "\\" + name + ".html.expected");
+    }
+
+    std::string FormPage() const {
+        return m_folder.Path("Reports\\frmK\xc3\xb6ln_frmK\xc3\xb6ln_Detail.html");
     }
 
     static int Occurrences(const std::string& page, std::string_view sought) {
@@ -345,6 +353,43 @@ TEST_F(SourceFileReportTest, APageThatCannotBeWrittenIsLogged) {
     EXPECT_EQ(Page(), "");
     EXPECT_THAT(m_log.Entries(), Contains(HasSubstr("ReportsEngine::SaveReport")));
     EXPECT_FALSE(m_cancelled);
+    EXPECT_THAT(m_engine.FailedReports(), ElementsAre(FormPage()));
+    EXPECT_THAT(m_engine.WrittenReports(), IsEmpty());
+}
+
+TEST_F(SourceFileReportTest, AFailureInTheMiddleMakesItAFailedPageOfWhichNothingIsWritten) {
+    WriteForm();
+    m_watch.RaiseAt = 3;
+    EXPECT_EQ(Page(), "");
+    EXPECT_THAT(m_log.Entries(), Contains(HasSubstr("ReportsEngine::CreateSourceFileReport")));
+    EXPECT_FALSE(m_cancelled);
+    EXPECT_THAT(m_engine.FailedReports(), ElementsAre(FormPage()));
+    EXPECT_THAT(m_engine.WrittenReports(), IsEmpty());
+}
+
+TEST_F(SourceFileReportTest, ACancelledPageIsNoFailedOne) {
+    WriteForm();
+    m_watch.CancelAt = 2;
+    Page();
+    EXPECT_THAT(m_engine.FailedReports(), IsEmpty());
+}
+
+TEST_F(SourceFileReportTest, AFilterOfTheResultsTakesNoPartInLinksAndDetails) {
+    WriteForm();
+    for (std::int32_t level = 1; level <= 5; ++level) {
+        m_results.Filter().SetSeverityLevel(level, false);
+    }
+    m_results.Filter().SetDirty(true);
+    const auto files = m_results.GetProjectSourceFileList(true, true);
+    const auto locations = m_results.GetSourceFileProcList(files.front().ObjectID, true, true);
+    for (const BasicObject& location : locations) {
+        ASSERT_EQ(location.ViolationCount, 0) << "the filter is not at work";
+    }
+    const std::string page = Page();
+    for (const std::string anchor : {"Declarations", "Total_Function"}) {
+        EXPECT_EQ(Occurrences(page, "<a href=\"#" + anchor + "\">"), 2) << anchor;
+        EXPECT_EQ(Occurrences(page, "<table id=\"" + anchor + "\""), 1) << anchor;
+    }
 }
 
 TEST_F(SourceFileReportTest, AnEarlierPageIsReplaced) {

@@ -18,7 +18,11 @@ TEST(modReportFile, AsciiTextStandsToTheByte) {
 TEST(modReportFile, CharactersBeyondAsciiAreNumericReferences) {
     EXPECT_EQ(modReportFile::ToAscii("K\xc3\xb6ln \xe2\x82\xac"), "K&#246;ln &#8364;");
     EXPECT_EQ(modReportFile::ToAscii("\xf0\x9f\x98\x80x"), "&#128512;x");
-    EXPECT_EQ(modReportFile::ToAscii("\xc2\x80"), "&#128;");
+    EXPECT_EQ(modReportFile::ToAscii("\xc2\xa0"), "&#160;");
+}
+
+TEST(modReportFile, ControlsThatBrowsersTakeForOtherCharactersAreTheReplacementCharacter) {
+    EXPECT_EQ(modReportFile::ToAscii("\xc2\x80|\xc2\x92|\xc2\x9f"), "&#65533;|&#65533;|&#65533;");
 }
 
 TEST(modReportFile, BytesThatAreNoTextAreTheReplacementCharacter) {

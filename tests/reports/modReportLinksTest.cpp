@@ -25,6 +25,14 @@ TEST(modReportLinks, APathIsThatOfThisMachine) {
     EXPECT_EQ(HrefOfPath("\\no where\\50%\\a.html"), "/no where/50%25/a.html");
 }
 
+TEST(modReportLinks, APathThatIsNoneOfThisMachineLeadsThereWhereItIsOne) {
+    EXPECT_EQ(HrefOfPath("C:\\My Src\\50%\\a.txt"), "file:///C:/My Src/50%25/a.txt");
+    EXPECT_EQ(HrefOfPath("\\\\server\\src\\#a.txt"), "file://server/src/%23a.txt");
+    EXPECT_EQ(HrefOfPath("C:"), "C%3A");
+    EXPECT_EQ(HrefOfPath(std::string_view("\\a\0b", 4)), "%5Ca%00b") << "no path anywhere";
+    EXPECT_EQ(HrefOfPath(""), "");
+}
+
 TEST(modReportLinks, BytesThatAreNoTextKeepTheirLink) {
     EXPECT_EQ(HrefOfFile("K\xf6ln \xff\xc3.html"), "K%F6ln %FF%C3.html");
 }

@@ -109,6 +109,26 @@ TEST_F(ReportsInReview, ProgressShowsTheReportsAndStaysWithinAHundredPercent) {
     EXPECT_THAT(reported, testing::Contains("A"));
 }
 
+TEST_F(ReportsInReview, DetailedReportsToComeAreOneForEachSelectedFileAndThatOfTheProject) {
+    m_run.AddProject(
+        "D.vbp",
+        "Module=modA; modA.bas\nModule=modD; modD.bas\nModule=modE; modE.bas\nName=\"D\"\n");
+    m_run.AddFile("modD.bas", ModuleWith("modD", ""));
+    m_run.AddFile("modE.bas", ModuleWith("modE", ""));
+    for (const auto& [option, expected] : {std::pair{2, std::vector{2, 4}}, {1, std::vector{0}}}) {
+        m_run.Criteria().SetReportOption(option);
+        std::vector<int> reports;  // each new number, while files are parsed
+        m_run.Run([&](const ProgressInfo& progress, bool&) {
+            const int number = progress.NumReports();
+            if (progress.SourceFileName() == "modA" && progress.Action() != 3 &&
+                (reports.empty() || reports.back() != number)) {
+                reports.push_back(number);
+            }
+        });
+        EXPECT_EQ(reports, expected) << option;
+    }
+}
+
 TEST_F(ReportsInReview, TheEndOfABatchWritesItsReport) {
     AddSecondProject();
     MakeBatch();

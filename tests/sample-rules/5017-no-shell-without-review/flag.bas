@@ -1,6 +1,6 @@
 Option Explicit
 
 Public Sub OpenIt(ByVal path As String)
-    Shell "notepad.exe " & path, vbNormalFocus
+    Shell path, vbNormalFocus
     id = Shell("calc.exe")
 End Sub

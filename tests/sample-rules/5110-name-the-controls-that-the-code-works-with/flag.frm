@@ -12,6 +12,10 @@ Begin VB.Form frmOrders
       Height          =   375
       Left            =   120
    End
+   Begin MSComctlLib.ListView ListView1 
+      Height          =   375
+      Left            =   120
+   End
    Begin VB.Timer Timer1 
       Caption         =   "Timer1"
       Height          =   375

@@ -3,6 +3,5 @@ Option Explicit
 
 Public Sub Wait(ByVal work As Object)
     Do While work.Busy
-        DoEvents
     Loop
 End Sub

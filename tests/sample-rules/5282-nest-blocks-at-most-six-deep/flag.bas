@@ -8,8 +8,13 @@ Public Sub Work(ByVal n As Long)
                 Case 1
                     Do While n > 3
                         While n > 4
-                            If n = 7 Then
-                                Beep
+                            If n > 5 Then
+                                If n = 7 Then
+                                    Beep
+                                End If
+                                If n = 8 Then
+                                    Beep
+                                End If
                             End If
                         Wend
                     Loop

@@ -21,4 +21,13 @@ Public Sub Work(ByVal n As Long)
     If n = 17 Then Beep
     If n = 18 Then Beep
     If n = 19 Then Beep
+    If n = 20 Then Beep
+    If n = 21 Then Beep
+    If n = 22 Then Beep
+    If n = 23 Then Beep
+    If n = 24 Then Beep
+    If n = 25 Then Beep
+    If n = 26 Then Beep
+    If n = 27 Then Beep
+    If n = 28 Then Beep
 End Sub

@@ -1,0 +1,3 @@
+Public Sub Add()
+    Beep
+End Sub

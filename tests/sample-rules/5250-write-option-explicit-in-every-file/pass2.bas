@@ -1,0 +1,3 @@
+' Nothing here yet.
+
+' Totals of the month were moved to another module.
