@@ -1,5 +1,7 @@
 #include "basic/CodeWriter.h"
 
+#include "basic/Fusion.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -187,6 +189,7 @@ bool CodeWriter::Finish() {
     m_procedure.ParameterCount = static_cast<std::uint32_t>(m_procedure.Parameters.size());
     m_procedure.CallSlots = m_procedure.Slots + m_procedure.ArgumentSlots;
     m_procedure.CallCost = static_cast<std::int32_t>(4 + m_procedure.Code.size() / 8);
+    modFusion::Fuse(m_program, m_procedure);
     return true;
 }
 

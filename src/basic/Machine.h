@@ -154,6 +154,11 @@ private:
     void TypeOf(Instruction in, Value* base);
     void WithObject(Instruction in, Value* base);
     void LoadErr(Instruction in, Value* base);
+    void PropertyRow(Instruction in, Value* base);
+    void LeftRow(Instruction in, Value* base);
+    void InStrRow(Instruction in, Value* base);
+    void LenRow(Instruction in, Value* base);
+    void LikeRow(Instruction in, Value* base);
     void MidAssign(Instruction in, Value* base);
     void AlignText(Instruction in, Value* base);
     void SetHandler(Instruction in, Value* base);

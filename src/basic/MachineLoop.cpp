@@ -479,6 +479,25 @@ void Machine::Loop() {
             continue;
         JumpTextEqual: jumpWhen(sameText(a, base[in.B])); continue;
         JumpTextNotEqual: jumpWhen(!sameText(a, base[in.B])); continue;
+        JumpTextRow: {
+            const bool isSame = sameText(base[pc->A], constants[in.Wide()]);
+            ++pc;
+            jumpWhen(isSame == (pc[-1].Code == Opcode::JumpTextEqual));
+            continue;
+        }
+        JumpLeftRow: {
+            const Value& source = base[in.B];
+            if (source.Type() != ValueType::String) [[unlikely]] {
+                a = source;
+                continue;
+            }
+            const std::string_view wanted = constants[pc[2].Wide()].AsText();
+            const auto count = static_cast<std::size_t>(constants[pc->Wide()].AsLong());
+            const bool isSame = source.AsText().substr(0, count) == wanted;
+            pc += 4;
+            jumpWhen(isSame == (pc[-1].Code == Opcode::JumpTextEqual));
+            continue;
+        }
         JumpCompare: {
             const Value& right = base[in.B];
             bool holds = false;

@@ -20,6 +20,7 @@ std::vector<KeywordEnforcement::KeywordTest>& KeywordEnforcement::KeywordsOf(Par
                 test.Rule = &rule;
                 test.RuleID = std::to_string(rule.RuleID());
                 test.Expression.SetPattern(rule.Condition());
+                test.Needs = test.Expression.NeededBytes();
             }
         }
     }
@@ -34,15 +35,23 @@ void KeywordEnforcement::EnforceUnauthorisedKeywords(const EventPlace& place) {
     VB6ParserState& state = m_resultsManager.ParserState();
     const std::string_view statement = modText::TrimLeft(state.StrippedSourceStatement());
     const ByteSet bytes(statement);
+    const KeywordTest* current = nullptr;
     for (KeywordTest& keyword : keywords) {
         if (m_ruleEngine.IsSwitchedOff(keyword.Rule->RuleID())) {
             continue;
         }
-        state.SetCurrentRuleID(keyword.RuleID);
         m_ruleEngine.IncrementRuleExecutionCount();
+        current = &keyword;
+        if (!bytes.ContainsAll(keyword.Needs)) {
+            continue;
+        }
+        state.SetCurrentRuleID(keyword.RuleID);
         if (IsMatch(keyword, statement, bytes)) {
             Raise(*keyword.Rule, place);
         }
+    }
+    if (current != nullptr) {
+        state.SetCurrentRuleID(current->RuleID);  // whatever is logged next names it
     }
 }
 

@@ -91,6 +91,9 @@ public:
     std::string NameOf(std::int32_t ruleId) const;
 
     bool IsSwitchedOff(std::int32_t ruleId) const {
+        if (m_switchedOff.empty()) {
+            return false;
+        }
         const auto stops = m_limitStops.find(ruleId);
         return stops != m_limitStops.end() && stops->second >= kStopsUntilSwitchedOff;
     }

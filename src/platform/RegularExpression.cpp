@@ -113,6 +113,10 @@ const CompiledPattern& RegularExpression::Compiled() {
     return compiled;
 }
 
+ByteSet RegularExpression::NeededBytes() {
+    return IsMalformed() ? ByteSet() : FromStore().Needs().Bytes;
+}
+
 bool RegularExpression::IsMalformed() {
     return !FromStore().IsValid();
 }

@@ -76,6 +76,8 @@ public:
     /// Whether `Execute` and `Replace` deal with all matches or only with the first.
     void SetGlobal(bool global) { m_global = global; }
 
+    /// The bytes that every text with a match holds; none for a malformed pattern.
+    ByteSet NeededBytes();
     /// True if every use raises one of 5017 to 5020: the pattern is none of this dialect.
     bool IsMalformed();
 
