@@ -68,9 +68,10 @@ bool IsPropertyRow(const Row& row, const Program& program) {
         return false;
     const ExtensionCall& call = program.ExtensionCalls[row.At(3).Target()];
     const std::size_t first = row.At(0).A;
-    return call.Parameters == 3 && call.KeepsArguments && row.At(3).A == kNoSlot && row.At(3).C == first &&
-           row.At(1).A == first + 1 && row.At(2).A == first + 2 && row.At(4).B == first + 2 &&
-           row.At(4).A == row.At(2).B && row.At(5).A == first && row.At(5).B == 3;
+    return call.Parameters == 3 && call.KeepsArguments && row.At(3).A == kNoSlot &&
+           row.At(3).C == first && row.At(1).A == first + 1 && row.At(2).A == first + 2 &&
+           row.At(4).B == first + 2 && row.At(4).A == row.At(2).B && row.At(5).A == first &&
+           row.At(5).B == 3;
 }
 
 bool IsLeftRow(const Row& row) {
@@ -81,7 +82,8 @@ bool IsLeftRow(const Row& row) {
 
 bool IsJumpLeftRow(const Row& row) {
     return IsLeftRow(row) && row.IsTextJump(4) && row.At(3).Code == Opcode::LoadConstant &&
-           row.IsTextAt(3) && modUtf8::IsAscii(row.ConstantAt(3).AsText()) && row.At(4).A == row.At(2).A && row.At(4).B == row.At(3).A;
+           row.IsTextAt(3) && modUtf8::IsAscii(row.ConstantAt(3).AsText()) &&
+           row.At(4).A == row.At(2).A && row.At(4).B == row.At(3).A;
 }
 
 bool IsInStrRow(const Row& row, bool comparesText) {

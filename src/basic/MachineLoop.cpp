@@ -11,8 +11,8 @@
 // One function with one case for each frequent instruction: the price of speed. Cases are short; what takes
 // more than a few lines, or is rare, is an operation of its own.
 
-// Each instruction ends with a jump of its own to the next one, so that the processor learns which instruction
-// follows which. The compilers that build this know labels as values; the language does not.
+// An instruction is found by the address of its lines, without the checks of a switch. The compilers that build this
+// know labels as values; the language does not.
 #pragma GCC diagnostic ignored "-Wpedantic"
 
 namespace dorvik::basic {

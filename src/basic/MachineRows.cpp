@@ -58,8 +58,8 @@ void Machine::InStrRow(Instruction in, Value* base) {
     const Value& source = base[in.B];
     if (IsShortText(source)) {
         const std::string_view text = source.AsText();
-        const std::size_t place = text.find(
-            m_program->Constants[static_cast<std::size_t>(row[1].Wide())].AsText());
+        const std::size_t place =
+            text.find(m_program->Constants[static_cast<std::size_t>(row[1].Wide())].AsText());
         const bool isFound = place != std::string_view::npos;
         if (!isFound || modUtf8::IsAscii(text.substr(0, place))) {
             base[row[2].A] = Value::Long(isFound ? static_cast<std::int32_t>(place) + 1 : 0);

@@ -20,7 +20,7 @@ std::vector<KeywordEnforcement::KeywordTest>& KeywordEnforcement::KeywordsOf(Par
                 test.Rule = &rule;
                 test.RuleID = std::to_string(rule.RuleID());
                 test.Expression.SetPattern(rule.Condition());
-                test.Needs = test.Expression.NeededBytes();
+                test.Needs = test.Expression.Needs();
             }
         }
     }
@@ -42,7 +42,7 @@ void KeywordEnforcement::EnforceUnauthorisedKeywords(const EventPlace& place) {
         }
         m_ruleEngine.IncrementRuleExecutionCount();
         current = &keyword;
-        if (!bytes.ContainsAll(keyword.Needs)) {
+        if (!keyword.Needs.MayMatch(statement, bytes)) {
             continue;
         }
         state.SetCurrentRuleID(keyword.RuleID);

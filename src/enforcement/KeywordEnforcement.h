@@ -33,7 +33,7 @@ private:
         const IRule* Rule;
         std::string RuleID;
         RegularExpression Expression;
-        ByteSet Needs;  // a statement without one of these bytes needs no test
+        PatternNeeds Needs;  // a statement without them needs no test
     };
     struct EventKeywords {
         bool Prepared = false;

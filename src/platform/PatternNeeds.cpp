@@ -2,6 +2,9 @@
 
 #include "base/modUtf8.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace dorvik {
 
 namespace {
@@ -23,6 +26,8 @@ private:
     void AddInner(const PatternNode& node);
     void EndRun();
 
+    void KeepOneOf(std::vector<std::string> pieces);
+
     PatternNeeds m_needs;
     std::string m_run;  // literal characters that follow each other directly
 };
@@ -33,22 +38,62 @@ PatternNeeds NeedsOf(const PatternNode& node) {
     return sequence.Finish();
 }
 
+/// The pieces of several branches: one of each. None if a branch has none, or if they are too many to look for.
+class PiecesOfBranches {
+public:
+    void Add(const PatternNeeds& branch) {
+        if (!branch.Literal.empty()) {
+            m_pieces.push_back(branch.Literal);
+        } else {
+            m_pieces.insert(m_pieces.end(), branch.OneOf.begin(), branch.OneOf.end());
+        }
+        m_isComplete = m_isComplete && !(branch.Literal.empty() && branch.OneOf.empty());
+    }
+    std::vector<std::string> Take() {
+        constexpr std::size_t kMost = 8;
+        return m_isComplete && m_pieces.size() <= kMost ? std::move(m_pieces)
+                                                        : std::vector<std::string>();
+    }
+
+private:
+    std::vector<std::string> m_pieces;
+    bool m_isComplete = true;
+};
+
 /// What several branches need is what each of them needs.
 PatternNeeds NeedsOfAlternatives(const PatternNode& node) {
     PatternNeeds needs = NeedsOf(node.Child());
+    PiecesOfBranches pieces;
+    pieces.Add(needs);
     for (std::size_t i = 1; i < node.Children.size(); ++i) {
         const PatternNeeds branch = NeedsOf(node.Children[i]);
+        pieces.Add(branch);
         needs.Bytes.KeepOnly(branch.Bytes);
         if (needs.Literal != branch.Literal) {
             needs.Literal.clear();
         }
     }
+    needs.OneOf = pieces.Take();
     return needs;
 }
 
 void SequenceNeeds::EndRun() {
     KeepLonger(m_needs.Literal, m_run);
     m_run.clear();
+}
+
+/// The longer the shortest of the pieces, the rarer is a text with one of them.
+void SequenceNeeds::KeepOneOf(std::vector<std::string> pieces) {
+    const auto shortest = [](const std::vector<std::string>& all) {
+        std::size_t size = all.empty() ? 0 : all[0].size();
+        for (const std::string& piece : all) {
+            size = std::min(size, piece.size());
+        }
+        return size;
+    };
+    if (shortest(pieces) > shortest(m_needs.OneOf)) {
+        m_needs.OneOf = std::move(pieces);
+    }
 }
 
 PatternNeeds SequenceNeeds::Finish() {
@@ -66,10 +111,11 @@ void SequenceNeeds::AddCharacter(char32_t character) {
 /// A piece of its own, of which it is not known what stands next to its literal text.
 void SequenceNeeds::AddInner(const PatternNode& node) {
     EndRun();
-    const PatternNeeds inner =
+    PatternNeeds inner =
         node.Kind == PatternKind::Alternatives ? NeedsOfAlternatives(node) : NeedsOf(node);
     m_needs.Bytes.AddAll(inner.Bytes);
     KeepLonger(m_needs.Literal, inner.Literal);
+    KeepOneOf(std::move(inner.OneOf));
 }
 
 void SequenceNeeds::Add(const PatternNode& node) {
@@ -87,7 +133,8 @@ void SequenceNeeds::Add(const PatternNode& node) {
             }
             break;
         case PatternKind::Alternatives: AddInner(node); break;
-        case PatternKind::Group: AddInner(node.Child()); break;
+        case PatternKind::Group:
+        case PatternKind::Lookahead: AddInner(node.Child()); break;
         case PatternKind::Repetition:
             if (node.Least > 0 && node.Child().Kind == PatternKind::Character) {
                 Add(node.Child());
@@ -103,15 +150,105 @@ void SequenceNeeds::Add(const PatternNode& node) {
         case PatternKind::WordBoundary:
         case PatternKind::NoWordBoundary:
         case PatternKind::BackReference:
-        case PatternKind::Lookahead:
         case PatternKind::NegativeLookahead: EndRun(); break;
     }
 }
 
+/// Whether every match of the piece begins at the start of the text.
+bool IsAnchored(const PatternNode& node) {
+    if (node.Kind == PatternKind::Group || node.Kind == PatternKind::Sequence) {
+        return !node.Children.empty() && IsAnchored(node.Children.front());
+    }
+    if (node.Kind == PatternKind::Alternatives) {
+        return std::all_of(node.Children.begin(), node.Children.end(), IsAnchored);
+    }
+    return node.Kind == PatternKind::Start;
+}
+
+/// With what the text that a piece takes can begin.
+struct FirstBytes {
+    ByteSet Bytes;
+    bool IsKnown = true;
+    bool MayBeEmpty = false;  // the piece may take nothing, and what follows it begins
+};
+
+FirstBytes FirstOf(const PatternNode& node);
+
+FirstBytes FirstOfSequence(const PatternNode& node) {
+    FirstBytes first{{}, true, true};
+    for (const PatternNode& child : node.Children) {
+        const FirstBytes next = FirstOf(child);
+        first.Bytes.AddAll(next.Bytes);
+        first.IsKnown = first.IsKnown && next.IsKnown;
+        if (!next.MayBeEmpty) {
+            first.MayBeEmpty = false;
+            break;
+        }
+    }
+    return first;
+}
+
+FirstBytes FirstOfAlternatives(const PatternNode& node) {
+    FirstBytes first;
+    for (const PatternNode& child : node.Children) {
+        const FirstBytes branch = FirstOf(child);
+        first.Bytes.AddAll(branch.Bytes);
+        first.IsKnown = first.IsKnown && branch.IsKnown;
+        first.MayBeEmpty = first.MayBeEmpty || branch.MayBeEmpty;
+    }
+    return first;
+}
+
+FirstBytes FirstOfCharacter(const PatternNode& node) {
+    FirstBytes first{{}, !node.IsAnyCase, false};
+    std::string bytes;
+    modUtf8::Append(bytes, node.Character);
+    first.Bytes.Add(static_cast<unsigned char>(bytes[0]));
+    return first;
+}
+
+FirstBytes FirstOf(const PatternNode& node) {
+    switch (node.Kind) {
+        case PatternKind::Character: return FirstOfCharacter(node);
+        case PatternKind::Sequence: return FirstOfSequence(node);
+        case PatternKind::Alternatives: return FirstOfAlternatives(node);
+        case PatternKind::Group: return FirstOf(node.Child());
+        case PatternKind::Repetition: {
+            FirstBytes first = FirstOf(node.Child());
+            first.MayBeEmpty = first.MayBeEmpty || node.Least == 0;
+            return first;
+        }
+        case PatternKind::Set:
+        case PatternKind::BackReference: return {{}, false, false};
+        case PatternKind::Empty:
+        case PatternKind::Start:
+        case PatternKind::End:
+        case PatternKind::WordBoundary:
+        case PatternKind::NoWordBoundary:
+        case PatternKind::Lookahead:
+        case PatternKind::NegativeLookahead: break;
+    }
+    return {{}, true, true};
+}
+
 }  // namespace
 
+bool PatternNeeds::HasPieces(std::string_view text) const {
+    const auto isThere = [&](const std::string& piece) {
+        return text.find(piece) != std::string_view::npos;
+    };
+    return isThere(Literal) && (OneOf.empty() || std::any_of(OneOf.begin(), OneOf.end(), isThere));
+}
+
 PatternNeeds NeedsOfPattern(const PatternTree& tree) {
-    return NeedsOf(tree.Root);
+    PatternNeeds needs = NeedsOf(tree.Root);
+    if (!tree.Flags.Multiline && IsAnchored(tree.Root)) {
+        const FirstBytes first = FirstOf(tree.Root);
+        if (first.IsKnown && !first.MayBeEmpty) {
+            needs.First = first.Bytes;
+        }
+    }
+    return needs;
 }
 
 }  // namespace dorvik

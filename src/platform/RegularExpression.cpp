@@ -113,8 +113,8 @@ const CompiledPattern& RegularExpression::Compiled() {
     return compiled;
 }
 
-ByteSet RegularExpression::NeededBytes() {
-    return IsMalformed() ? ByteSet() : FromStore().Needs().Bytes;
+PatternNeeds RegularExpression::Needs() {
+    return IsMalformed() ? PatternNeeds() : FromStore().Needs();
 }
 
 bool RegularExpression::IsMalformed() {
@@ -127,11 +127,8 @@ bool RegularExpression::Test(std::string_view text) {
 
 bool RegularExpression::Test(std::string_view text, const ByteSet& present) {
     const CompiledPattern& compiled = Compiled();
-    if (!present.ContainsAll(compiled.Needs().Bytes) ||
-        text.find(compiled.Needs().Literal) == std::string_view::npos) {
-        return false;
-    }
-    return compiled.IsIn(text);
+    const PatternNeeds& needs = compiled.Needs();
+    return needs.MayMatch(text, present) && needs.HasPieces(text) && compiled.IsIn(text);
 }
 
 /// Calls `visit` with the whole and the groups of each match that counts.

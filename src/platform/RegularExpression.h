@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/ByteSet.h"
+#include "platform/PatternNeeds.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -76,8 +77,8 @@ public:
     /// Whether `Execute` and `Replace` deal with all matches or only with the first.
     void SetGlobal(bool global) { m_global = global; }
 
-    /// The bytes that every text with a match holds; none for a malformed pattern.
-    ByteSet NeededBytes();
+    /// What is known of every text with a match; nothing of those of a malformed pattern.
+    PatternNeeds Needs();
     /// True if every use raises one of 5017 to 5020: the pattern is none of this dialect.
     bool IsMalformed();
 

@@ -40,13 +40,12 @@ private:
     Value m_value;
 };
 
-const char* const kProperty =
-    "Sub Main()\n"
-    "    Dim s As String\n"
-    "    s = \"before\"\n"
-    "    Dorvik.GetProperty \"Source\", \"Line\", s\n"
-    "    Debug.Print s\n"
-    "End Sub\n";
+const char* const kProperty = "Sub Main()\n"
+                              "    Dim s As String\n"
+                              "    s = \"before\"\n"
+                              "    Dorvik.GetProperty \"Source\", \"Line\", s\n"
+                              "    Debug.Print s\n"
+                              "End Sub\n";
 
 // What the cases of rows.cases are about: each line holds the row that its name says.
 TEST(Fusion, PutsOneInstructionInThePlaceOfARow) {

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 namespace dorvik {
 namespace {
@@ -62,7 +63,7 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"a(?:bc)*d", "ad", "a"},
         Row{"a(bc|bd)e", "abe", "a"},
         Row{"x(ab(cde)?f)y", "xabfy", "ab"},
-        Row{"a(?=bcd)", "a", "a"},
+        Row{"a(?=bcd)", "abcd", "bcd"},
         Row{"Error (?!GoTo)", "Error ", "Error "},
         Row{"a[bc]d", "ad", "a"},
         Row{"[]a]b", "ab]", "a]b"},  // an empty class, then text: it matches nothing at all
@@ -105,6 +106,83 @@ TEST(PatternNeeds, LettersAreNeededOnlyWhereCaseCounts) {
     const PatternNeeds needs = NeedsOf("Debug\\.Print = 12", true);
     EXPECT_EQ(needs.Bytes, ByteSet(". =12"));
     EXPECT_EQ(needs.Literal, " = 12");
+}
+
+struct PiecesRow {
+    const char* Pattern;
+    std::vector<std::string> OneOf;
+};
+
+class PatternPieces : public testing::TestWithParam<PiecesRow> {};
+
+TEST_P(PatternPieces, OneOfThemStandsInEveryMatch) {
+    EXPECT_EQ(NeedsOf(GetParam().Pattern, false).OneOf, GetParam().OneOf) << GetParam().Pattern;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Alternatives,
+    PatternPieces,
+    testing::Values(
+        PiecesRow{"\\s(Eqv|Imp)\\s", {"Eqv", "Imp"}},
+        PiecesRow{"^GoSub|^Return$", {"GoSub", "Return"}},
+        PiecesRow{"(?=.*\\s(?:And|Or)\\s).*", {"And", "Or"}},
+        PiecesRow{"(?!.*(And|Or)).*", {}},
+        PiecesRow{"(Date|Time)?=", {}},
+        PiecesRow{"(Date|\\d)=", {}},
+        PiecesRow{"((ab|cd)|ef)", {"ab", "cd", "ef"}},
+        PiecesRow{"(a|b)(cd|ef)", {"cd", "ef"}},  // rarer than single letters
+        PiecesRow{"(cd|ef)(a|b)", {"cd", "ef"}},
+        PiecesRow{"a|b|c|d|e|f|g|h|i", {}}));  // more than anybody looks for
+
+struct FirstRow {
+    const char* Pattern;
+    const char* First;  // null: not known
+};
+
+class PatternFirst : public testing::TestWithParam<FirstRow> {};
+
+TEST_P(PatternFirst, EveryMatchBeginsATextWithOneOfThem) {
+    const PatternNeeds needs = NeedsOf(GetParam().Pattern, false);
+    ASSERT_EQ(needs.First.has_value(), GetParam().First != nullptr) << GetParam().Pattern;
+    if (needs.First) {
+        EXPECT_EQ(*needs.First, ByteSet(GetParam().First)) << GetParam().Pattern;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Anchored,
+    PatternFirst,
+    testing::Values(
+        FirstRow{"^(Dim|Private|Public)\\s", "DP"},
+        FirstRow{"^(?:Do\\s+)?(?:If|While)\\b", "DIW"},
+        FirstRow{"^Do|^Loop", "DL"},
+        FirstRow{"(^Do|^Loop)x", "DL"},
+        FirstRow{"^(?!On)(?=G)\\bGo", "G"},
+        FirstRow{"^a*b", "ab"},
+        FirstRow{"^a{0}b", "ab"},  // more than it can be does no harm
+        FirstRow{"^\xC3\xA9", "\xC3"},
+        FirstRow{"Do", nullptr},
+        FirstRow{"^Do|Loop", nullptr},
+        FirstRow{"(^|:)Do", nullptr},
+        FirstRow{"^[DL]o", nullptr},
+        FirstRow{"^a*", nullptr},
+        FirstRow{"^$", nullptr},
+        FirstRow{"^(a|)b?", nullptr}));
+
+TEST(PatternNeeds, TheFirstByteIsNotKnownWhereCaseDoesNotCountOrLinesDo) {
+    EXPECT_FALSE(NeedsOf("^Do", true).First.has_value());
+    PatternReader reader("^Do", {false, true});
+    PatternTree tree;
+    ASSERT_TRUE(reader.Read(tree));
+    EXPECT_FALSE(NeedsOfPattern(tree).First.has_value());
+}
+
+TEST(PatternNeeds, NestedAlternativesAreLookedAtOnce) {
+    std::string pattern = "a";
+    for (int depth = 0; depth < 100; ++depth) {
+        pattern = "(" + pattern + "|b)";
+    }
+    EXPECT_TRUE(NeedsOf(pattern, false).Bytes.IsEmpty());
 }
 
 TEST(PatternNeeds, DeepNestingIsLookedInto) {
