@@ -198,6 +198,6 @@ CREATE TABLE ViolationStats (
 );
 
 -- Only for speed: a procedure is looked up among those of its file.
-CREATE INDEX ProceduresBySource ON Procedures (SourceID, Name);
+CREATE INDEX ProceduresBySource ON Procedures (SourceID);
 
 INSERT INTO SystemInfo (Version) VALUES ('6.02.0000');

@@ -203,6 +203,13 @@ void DynasetState::InsertRow() {
     m_added.push_back(Store()->LastInsertedKey());
 }
 
+std::int32_t DynasetState::LastAddedKey() {
+    if (m_added.empty()) {
+        RaiseNoCurrentRecord();
+    }
+    return static_cast<std::int32_t>(m_added.back());
+}
+
 void DynasetState::ChangeRow() {
     const auto update = Store()->Lease(UpdateSql());
     int parameter = 0;

@@ -60,6 +60,10 @@ void Recordset::Update() {
     State().Update();
 }
 
+std::int32_t Recordset::LastAddedKey() {
+    return State().LastAddedKey();
+}
+
 Variant Recordset::Value(std::string_view field) {
     RecordsetState& state = State();
     return state.Value(state.FieldPosition(field));

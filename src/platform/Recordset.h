@@ -45,6 +45,10 @@ public:
     /// Writes the fields set since `AddNew` or `Edit`. The row is on disk when this returns.
     void Update();
 
+    /// The counter of the row that was added last, told without a look at any row. Raises
+    /// `kNoCurrentRecord` where none was.
+    std::int32_t LastAddedKey();
+
     /// The value of the current row; empty where the row holds nothing, a boolean for a yes/no column.
     Variant Value(std::string_view field);
     Variant Value(int position);

@@ -28,6 +28,7 @@ public:
     virtual void AddNew() = 0;
     virtual void Edit() = 0;
     virtual void Update() = 0;
+    virtual std::int32_t LastAddedKey() = 0;
     virtual Variant Value(int position) = 0;
     virtual void SetValue(int position, Variant value) = 0;
 
@@ -62,6 +63,7 @@ public:
     void AddNew() override;
     void Edit() override;
     void Update() override;
+    std::int32_t LastAddedKey() override;
     Variant Value(int position) override;
     void SetValue(int position, Variant value) override;
 
@@ -95,6 +97,7 @@ public:
     void AddNew() override;
     void Edit() override;
     void Update() override;
+    std::int32_t LastAddedKey() override;
     Variant Value(int position) override;
     void SetValue(int position, Variant value) override;
 

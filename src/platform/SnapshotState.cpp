@@ -66,6 +66,10 @@ void SnapshotState::Update() {
     RaiseReadOnly();
 }
 
+std::int32_t SnapshotState::LastAddedKey() {
+    throw BasicError(databaseerror::kNoCurrentRecord, "No current record.");
+}
+
 void SnapshotState::SetValue(int, Variant) {
     RaiseReadOnly();
 }

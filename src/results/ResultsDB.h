@@ -20,6 +20,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace dorvik {
@@ -240,6 +241,8 @@ private:
     std::int32_t m_reviewId = 0;
     std::int32_t m_projectId = 0;
     std::int32_t m_sourceId = 0;  // the file that is being written
+    bool m_isNewSource = false;   // it had no row before, so all its procedures are known:
+    std::unordered_set<std::string> m_procedures;  // name and type in lower case
 
     DVKWorkData* m_ownSettings = nullptr;  // those of the constructor, if any
     RulebaseLoadCriteria m_filter;

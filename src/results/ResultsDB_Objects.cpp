@@ -99,6 +99,7 @@ std::int32_t ResultsDB::SetupProject(VirtualObject& object) {
 
 std::int32_t ResultsDB::SetupSourceFile(VirtualObject& object) {
     std::int32_t id = 0;
+    m_isNewSource = false;
     Trap({kModule, "SetupSourceFile"}, [&] {
         const std::string filename = TextOf(object, "Filename");
         const std::string path = TextOf(object, "Path");
@@ -109,6 +110,7 @@ std::int32_t ResultsDB::SetupSourceFile(VirtualObject& object) {
         if (isNew) {
             rows.AddNew();
             rows.SetValue("ProjectID", m_projectId);
+            m_procedures.clear();
         } else {
             rows.MoveFirst();
             rows.Edit();
@@ -124,6 +126,7 @@ std::int32_t ResultsDB::SetupSourceFile(VirtualObject& object) {
             rows.MoveFirst();
         }
         id = rows.Value("SourceID").AsLong();
+        m_isNewSource = isNew;
     });
     return id;
 }
@@ -136,7 +139,10 @@ std::int32_t ResultsDB::SetupProcedure(VirtualObject& object) {
         auto rows = NeedRows(GetEditableRecordset(
             "SELECT * FROM Procedures WHERE Name = " + Quoted(name) +
             " AND SourceID = " + std::to_string(m_sourceId) + " AND Type = " + Quoted(type)));
-        const bool isNew = rows.BOF() && rows.EOF_();
+        std::string key = modTextCase::ToLower(name) + '\n' + modTextCase::ToLower(type);
+        // A look at the rows costs more than a new one: it lets go of the file between two writes.
+        const bool isUnseen = m_isNewSource && !m_procedures.contains(key);
+        const bool isNew = isUnseen || (rows.BOF() && rows.EOF_());
         if (isNew) {
             rows.AddNew();
             rows.SetValue("SourceID", m_sourceId);
@@ -148,10 +154,8 @@ std::int32_t ResultsDB::SetupProcedure(VirtualObject& object) {
         }
         SetProcedureFields(rows, object);
         rows.Update();
-        if (isNew) {
-            rows.MoveFirst();
-        }
-        id = rows.Value("ProcID").AsLong();
+        id = isNew ? rows.LastAddedKey() : rows.Value("ProcID").AsLong();
+        m_procedures.insert(std::move(key));
     });
     return id;
 }

@@ -52,6 +52,20 @@ TEST_F(RecordsetTest, AddingLeavesTheCurrentRowWhereItWas) {
     EXPECT_EQ(rows.Value("Name").AsText(), "a");
 }
 
+TEST_F(RecordsetTest, TheKeyOfTheLastRowAddedIsKnown) {
+    Add("a", 1);
+    auto rows = m_database.OpenRecordset("SELECT * FROM Items");
+    EXPECT_THROW(rows.LastAddedKey(), BasicError);
+    for (const std::int32_t key : {2, 3}) {
+        rows.AddNew();
+        rows.SetValue("Name", "b");
+        rows.Update();
+        EXPECT_EQ(rows.LastAddedKey(), key);
+    }
+    auto snapshot = m_database.OpenRecordset("SELECT * FROM Items", RecordsetType::Snapshot);
+    EXPECT_THROW(snapshot.LastAddedKey(), BasicError);
+}
+
 TEST_F(RecordsetTest, EditWritesOnlyTheFieldsSet) {
     Add("a", 1);
     Add("b", 2);

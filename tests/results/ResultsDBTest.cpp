@@ -197,6 +197,19 @@ TEST_F(ResultsDBTest, ProceduresBelongToTheFileSetUpLast) {
         ElementsAre("1|1|Total|Function|Public|True|Long", "2|2|Total|Function|Public|True|Long"));
 }
 
+TEST_F(ResultsDBTest, AFileThatIsSetUpAgainFindsTheProceduresThatItHad) {
+    Start();
+    SetUpProject();
+    SetUpFile("modA");
+    SetUpProcedure("Total", "Function");
+    SetUpFile("modB");
+    SetUpFile("modA");
+    EXPECT_EQ(SetUpProcedure("total", "Function")->ObjectID(), 1);
+    EXPECT_EQ(SetUpProcedure("Other", "Function")->ObjectID(), 2);
+    EXPECT_THAT(
+        Rows("SELECT SourceID, Name FROM Procedures", 2), ElementsAre("1|Total", "1|Other"));
+}
+
 TEST_F(ResultsDBTest, TwoProceduresOfOneNameAndTypeShareARow) {
     Start();
     SetUpProject();
