@@ -246,7 +246,7 @@ std::string ScriptFacts::MissingText(
            std::string(objectName) + "." + std::string(propertyName) + "' not found.";
 }
 
-void ScriptFacts::GetObjectProperty(
+bool ScriptFacts::GetObjectProperty(
     std::string_view objectName, std::string_view propertyName, basic::Value& value) {
     Object* object = Find(objectName);
     if (object != nullptr) {
@@ -257,12 +257,13 @@ void ScriptFacts::GetObjectProperty(
             isWorkfield ? propertyName.substr(kWorkfieldPrefix.size()) : propertyName;
         if (const auto found = values.find(modTextCase::ToLower(key)); found != values.end()) {
             value = found->second.DeepCopy();
-            return;
+            return !isWorkfield;
         }
     }
     const bool isEmpty = modTextCase::Equal(objectName, kSource);
     value = isEmpty ? basic::Value() : basic::Value::Text(std::string_view());
     PrintLine("[log]", MissingText(objectName, propertyName, object != nullptr));
+    return false;
 }
 
 void ScriptFacts::GetObjectWorkField(

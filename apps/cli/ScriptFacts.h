@@ -37,7 +37,7 @@ public:
     void RaiseViolation() override;
     void DebugPrint(std::string_view text) override;
     void DumpObject(std::string_view objectName) override;
-    void GetObjectProperty(
+    bool GetObjectProperty(
         std::string_view objectName, std::string_view propertyName, basic::Value& value) override;
     basic::Value GetParserEvent() override { return basic::Value::Text(m_event); }
     void GetObjectWorkField(

@@ -1,6 +1,7 @@
 #include "base/modTextCase.h"
 
 #include "base/CaseTable.h"
+#include "base/modByteSearch.h"
 #include "base/modUtf8.h"
 
 #include <algorithm>
@@ -217,22 +218,102 @@ private:
     std::uint64_t m_anySecond = kHighBits;
 };
 
-Place FindFromAscii(std::string_view text, std::string_view sought, std::size_t from) {
-    const Candidates candidates(sought);
-    while (from < text.size()) {
+/// Searches ASCII for ASCII, by the byte of the sought text that is rarest in both of its forms.
+class AsciiSearch {
+public:
+    /// REQUIRES: sought is ASCII, not empty.
+    explicit AsciiSearch(std::string_view sought) : m_sought(sought) {
+        for (std::size_t place = 1; place < sought.size(); ++place) {
+            if (CommonnessOf(sought[place]) < CommonnessOf(sought[m_rarest])) {
+                m_rarest = place;
+            }
+        }
+        m_lower = LowerOf(sought[m_rarest]);
+        m_upper = UpperOf(sought[m_rarest]);
+    }
+
+    std::size_t FindIn(std::string_view text, std::size_t from) const {
+        if (from > text.size() || m_sought.size() > text.size() - from) {
+            return kNone;
+        }
+        const std::size_t end = text.size() - (m_sought.size() - 1 - m_rarest);
+        const std::string_view searched = text.substr(0, end);
+        std::size_t lower = searched.find(m_lower, from + m_rarest);
+        std::size_t upper = m_upper == m_lower ? kNone : searched.find(m_upper, from + m_rarest);
+        for (;;) {
+            std::size_t& nearest = lower < upper ? lower : upper;
+            if (nearest == kNone) {
+                return kNone;
+            }
+            const std::size_t start = nearest - m_rarest;
+            if (SameAscii(text.substr(start, m_sought.size()), m_sought) == Answer::Yes) {
+                return start;
+            }
+            nearest = searched.find(text[nearest], nearest + 1);
+        }
+    }
+
+private:
+    static char LowerOf(char byte) {
+        return static_cast<char>(kLowerBytes[static_cast<unsigned char>(byte)]);
+    }
+    static char UpperOf(char byte) {
+        const char lower = LowerOf(byte);
+        return static_cast<char>(lower >= 'a' && lower <= 'z' ? lower - 32 : lower);
+    }
+    static std::uint8_t CommonnessOf(char byte) {
+        return std::max(
+            modByteSearch::Commonness(LowerOf(byte)), modByteSearch::Commonness(UpperOf(byte)));
+    }
+
+    std::string_view m_sought;
+    std::size_t m_rarest = 0;
+    char m_lower = 0;
+    char m_upper = 0;
+};
+
+/// Finds a place that begins before `end`.
+Place FindAmongAll(
+    std::string_view text,
+    std::string_view sought,
+    const Candidates& candidates,
+    std::size_t from,
+    std::size_t end) {
+    while (from < end) {
         const bool hasNine = text.size() - from >= 9;
         if (hasNine && !candidates.AmongEight(text.data() + from)) {
             from += 8;
             continue;
         }
-        const std::size_t end = hasNine ? from + 8 : text.size();
-        for (; from < end; ++from) {
+        const std::size_t behind = hasNine ? from + 8 : text.size();
+        for (; from < behind; ++from) {
             if (!candidates.IsOne(ByteAt(text, from))) {
                 continue;
             }
             if (const std::size_t size = PrefixSize(text.substr(from), sought); size != kNone) {
                 return {from, size};
             }
+        }
+    }
+    return {};
+}
+
+/// A piece of the text at a time: what is ASCII is searched faster.
+Place FindFromAscii(std::string_view text, std::string_view sought, std::size_t from) {
+    constexpr std::size_t kPiece = 4096;
+    const Candidates candidates(sought);
+    const bool isAscii = modUtf8::IsAscii(sought);
+    const AsciiSearch search(sought);
+    for (; from < text.size(); from += kPiece) {
+        const std::string_view piece = text.substr(from, kPiece + sought.size() - 1);
+        if (!isAscii || !modUtf8::IsAscii(piece)) {
+            const std::size_t end = std::min(text.size(), from + kPiece);
+            const Place place = FindAmongAll(text, sought, candidates, from, end);
+            if (place.Start != kNone) {
+                return place;
+            }
+        } else if (const std::size_t start = search.FindIn(piece, 0); start != kNone) {
+            return {from + start, sought.size()};
         }
     }
     return {};

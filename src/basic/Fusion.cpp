@@ -2,9 +2,11 @@
 
 #include "base/modUtf8.h"
 #include "basic/Ast.h"
+#include "basic/LikePattern.h"
 #include "basic/Program.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <initializer_list>
 #include <span>
 
@@ -47,6 +49,14 @@ public:
                 return false;
         return true;
     }
+    std::size_t Size() const { return m_code.size(); }
+    /// Whether a constant case of a `Select Case` begins there, with the subject in that slot.
+    bool IsCaseAt(std::size_t position, std::uint16_t subject) const {
+        return position + 2 < m_code.size() && m_code[position].Code == Opcode::LoadConstant &&
+               m_code[position + 1].Code == Opcode::JumpTextEqual &&
+               m_code[position + 1].A == subject && m_code[position + 1].B == m_code[position].A &&
+               ConstantAt(position).Type() == ValueType::String;
+    }
     bool IsTextJump(std::size_t position) const {
         return position < m_code.size() && (m_code[position].Code == Opcode::JumpTextEqual ||
                                             m_code[position].Code == Opcode::JumpTextNotEqual);
@@ -80,6 +90,18 @@ bool IsLeftRow(const Row& row) {
            row.ConstantAt(1).AsLong() > 0;
 }
 
+/// Nobody looks at the start itself but the cases, the last of which is `Case Else` or the end.
+bool IsLeftCasesRow(const Row& row) {
+    constexpr std::size_t kFirst = 4;
+    if (!IsLeftRow(row) || row.Size() <= kFirst || row.At(3).Code != Opcode::Move ||
+        row.At(3).B != row.At(2).A)
+        return false;
+    std::size_t at = kFirst;
+    while (row.IsCaseAt(at, row.At(3).A))
+        at += 3;
+    return at > kFirst && at < row.Size() && row.At(at).Code == Opcode::Jump;
+}
+
 bool IsJumpLeftRow(const Row& row) {
     return IsLeftRow(row) && row.IsTextJump(4) && row.At(3).Code == Opcode::LoadConstant &&
            row.IsTextAt(3) && modUtf8::IsAscii(row.ConstantAt(3).AsText()) &&
@@ -99,7 +121,8 @@ bool IsLikeRow(const Row& row, bool comparesText) {
     constexpr auto kLike = static_cast<int>(BinaryOperator::Like);
     return row.Is({Opcode::LoadConstant, Opcode::Operate}) && row.IsTextAt(0) &&
            row.At(1).C == row.At(0).A && row.At(1).B != row.At(0).A &&
-           row.At(1).Flags >> kOperatorShift == kLike && !comparesText;
+           row.At(1).Flags >> kOperatorShift == kLike && !comparesText &&
+           IsValidLike(row.ConstantAt(0).AsText());
 }
 
 /// A constant of its own for this one comparison.
@@ -118,6 +141,8 @@ void Fuse(const Program& program, Procedure& procedure) {
             code[at].Code = Opcode::PropertyRow;
         else if (IsJumpLeftRow(row))
             code[at].Code = Opcode::JumpLeftRow;
+        else if (IsLeftCasesRow(row))
+            code[at].Code = Opcode::LeftCasesRow;
         else if (IsLeftRow(row))
             code[at].Code = Opcode::LeftRow;
         else if (IsInStrRow(row, program.ComparesText))

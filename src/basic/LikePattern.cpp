@@ -82,28 +82,17 @@ bool Contains(const List& list, char32_t character) {
     return list.IsNegated;
 }
 
-void CheckList(const List& list) {
+bool IsValidList(const List& list) {
     if (!HasRanges(list)) {
-        return;
+        return true;
     }
     for (std::size_t position = 0; position < list.Inside.size();) {
         const Range range = NextRange(list.Inside, position);
         if (range.First > range.Last) {
-            RaiseError(runtimeerror::kInvalidPattern);
+            return false;
         }
     }
-}
-
-/// All lists are looked at before the text is, so that a bad pattern is bad for every text.
-void CheckPattern(std::string_view pattern) {
-    for (std::size_t position = pattern.find('['); position != kNone;) {
-        if (pattern.find(']', position) == kNone) {
-            RaiseError(runtimeerror::kInvalidPattern);
-        }
-        const List list = ListAt(pattern, position);
-        CheckList(list);
-        position = pattern.find('[', list.Behind);
-    }
+    return true;
 }
 
 bool IsDigit(char character) {
@@ -207,14 +196,34 @@ private:
 
 }  // namespace
 
+bool IsValidLike(std::string_view pattern) {
+    for (std::size_t position = pattern.find('['); position != kNone;) {
+        if (pattern.find(']', position) == kNone) {
+            return false;
+        }
+        const List list = ListAt(pattern, position);
+        if (!IsValidList(list)) {
+            return false;
+        }
+        position = pattern.find('[', list.Behind);
+    }
+    return true;
+}
+
+bool MatchesValidLike(std::string_view text, std::string_view pattern) {
+    return Matcher(text, pattern).Matches();
+}
+
 bool MatchesLike(std::string_view text, std::string_view pattern, bool ignoresCase) {
     if (ignoresCase) {
         const std::string lowerText = modTextCase::ToLower(text);
         const std::string lowerPattern = modTextCase::ToLower(pattern);
         return MatchesLike(lowerText, lowerPattern, false);
     }
-    CheckPattern(pattern);
-    return Matcher(text, pattern).Matches();
+    if (!IsValidLike(pattern)) {
+        RaiseError(runtimeerror::kInvalidPattern);
+    }
+    return MatchesValidLike(text, pattern);
 }
 
 }  // namespace dorvik::basic

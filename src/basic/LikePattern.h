@@ -5,8 +5,13 @@
 namespace dorvik::basic {
 
 /// Whether the whole text matches a pattern of `Like`: `?`, `*`, `#`, `[list]`, `[!list]`. Raises 93 for a
-/// list without end or a range whose end stands before its start. Time grows at most with the product
-/// of both lengths.
+/// list without end or a range whose end stands before its start, whatever the text. Time grows at most with
+/// the product of both lengths.
 bool MatchesLike(std::string_view text, std::string_view pattern, bool ignoresCase);
+
+/// Whether a pattern raises nothing.
+bool IsValidLike(std::string_view pattern);
+/// The same question by characters as they are. REQUIRES: the pattern is valid.
+bool MatchesValidLike(std::string_view text, std::string_view pattern);
 
 }  // namespace dorvik::basic

@@ -10,6 +10,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace dorvik {
@@ -40,9 +41,10 @@ public:
     void SetLimits(const ScriptLimits& limits);
     /// Takes a program, which must outlive its use here, or none; module variables get their initial values.
     void Load(const Program* program);
-    /// Runs a procedure to its end. False if an error ended it: `alert` has all but the file then.
+    /// Runs a procedure to its end. False if an error ended it: `TakeAlert` has all but the file then.
     /// REQUIRES: a program; as many arguments as the procedure has parameters; not running.
-    bool Run(std::size_t procedure, std::span<const Value> arguments, ErrorAlert& alert);
+    bool Run(std::size_t procedure, std::span<const Value> arguments);
+    ErrorAlert TakeAlert() { return std::exchange(m_alert, {}); }
     bool IsRunning() const { return m_isRunning; }
 
     bool ComparesText() const override { return m_program->ComparesText; }
@@ -76,17 +78,16 @@ private:
     void Loop();
 
     // MachineRun.cpp
-    bool Guarded(std::size_t procedure, std::span<const Value> arguments, ErrorAlert& alert);
+    bool Guarded(std::size_t procedure, std::span<const Value> arguments);
     void MakeGlobals();
     void Begin(std::size_t procedure, std::span<const Value> arguments);
-    bool Continue(ErrorAlert& alert);
+    void TakeArguments(const Procedure& procedure, std::span<const Value> arguments);
     void SetCycleSearch();
     void Enter(const Procedure& procedure, Value* base, Value* result, const Instruction* returnTo);
     void Leave();
     [[noreturn]] void StopForDepth();
     [[noreturn]] void RaiseAt(const Instruction* at, std::int32_t number);
-    bool Recover(
-        std::int32_t number, const std::string& text, const std::string& source, ErrorAlert& alert);
+    bool Recover(std::int32_t number, const std::string& text, const std::string& source);
     void CopyBackAfterError();
     void Unwind();
     void ClearArguments(const Frame& frame);
@@ -156,6 +157,7 @@ private:
     void LoadErr(Instruction in, Value* base);
     void PropertyRow(Instruction in, Value* base);
     void LeftRow(Instruction in, Value* base);
+    void LeftCasesRow(Instruction in, Value* base);
     void InStrRow(Instruction in, Value* base);
     void LenRow(Instruction in, Value* base);
     void LikeRow(Instruction in, Value* base);
@@ -201,6 +203,7 @@ private:
     bool m_hasStarted = false;
     std::chrono::steady_clock::time_point m_started;
     ErrorState m_error;
+    ErrorAlert m_alert;  // of the error that ended the last run
     Value m_errObject;
     std::size_t m_searchCyclesAt = 0;  // bytes in use; beyond it, lost containers are looked for
     std::uint32_t m_random = 327'680;

@@ -9,6 +9,7 @@ namespace dorvik::basic {
 namespace {
 
 constexpr std::uint8_t kCountFollows = 255;
+const Value kNone{};
 
 /// What the texts of a call add to its cost: most functions read them to their ends.
 std::size_t CostOfTexts(std::span<const Value> values) {
@@ -39,6 +40,16 @@ void CheckFromHost(const Value& value) {
         RaiseError(runtimeerror::kTypeNotSupported);
 }
 
+/// What the host has at hand for the function form of a callback; null if it has to be called.
+const Value* Recalled(const ExtensionCall& call, const Value* arguments) {
+    constexpr std::uint32_t kMost = 3;
+    if (call.Result + 1 != call.Parameters || call.Parameters > kMost)
+        return nullptr;
+    const Value& first = call.Parameters > 1 ? arguments[0] : kNone;
+    const Value& second = call.Parameters > 2 ? arguments[1] : kNone;
+    return call.Extension->Recall(call.Member, first, second);
+}
+
 }  // namespace
 
 void Machine::RunBuiltin(Instruction in, Value* base) {
@@ -60,12 +71,17 @@ void Machine::RunBuiltin(Instruction in, Value* base) {
 void Machine::RunExtension(Instruction in, Value* base) {
     const ExtensionCall& call = m_program->ExtensionCalls[in.Target()];
     Value* const first = base + in.C;
-    call.Extension->Call(call.Member, {first, call.Parameters});
-    for (std::uint32_t i = 0; i < call.Parameters; ++i)
-        CheckFromHost(first[i]);
+    const Value* const known = in.A != kNoSlot ? Recalled(call, first) : nullptr;
     Value result;
-    if (in.A != kNoSlot)
-        result = std::move(first[call.Result]);
+    if (known != nullptr) {
+        result = *known;
+    } else {
+        call.Extension->Call(call.Member, {first, call.Parameters});
+        for (std::uint32_t i = 0; i < call.Parameters; ++i)
+            CheckFromHost(first[i]);
+        if (in.A != kNoSlot)
+            result = std::move(first[call.Result]);
+    }
     if (!call.KeepsArguments)
         Release(first, call.Parameters);
     if (in.A != kNoSlot)

@@ -45,6 +45,7 @@ const std::array<Machine::Operation, 256>& Machine::Operations() {
         {Opcode::LoadErr, &Machine::LoadErr},
         {Opcode::PropertyRow, &Machine::PropertyRow},
         {Opcode::LeftRow, &Machine::LeftRow},
+        {Opcode::LeftCasesRow, &Machine::LeftCasesRow},
         {Opcode::InStrRow, &Machine::InStrRow},
         {Opcode::LenRow, &Machine::LenRow},
         {Opcode::LikeRow, &Machine::LikeRow},

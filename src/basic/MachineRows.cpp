@@ -22,9 +22,18 @@ bool IsShortText(const Value& value) {
 
 void Machine::PropertyRow(Instruction in, Value* base) {
     const Instruction* const row = m_at;
+    const Value& object = m_program->Constants[static_cast<std::size_t>(in.Wide())];
+    const Value& property = m_program->Constants[static_cast<std::size_t>(row[1].Wide())];
+    const ExtensionCall& call = m_program->ExtensionCalls[row[3].Target()];
+    const Value* const known = call.Extension->Recall(call.Member, object, property);
+    if (known != nullptr && known->Type() == ValueType::String) {
+        base[row[4].A] = *known;
+        m_next = row + 6;
+        return;
+    }
     Value* const first = base + in.A;
-    first[0] = m_program->Constants[static_cast<std::size_t>(in.Wide())];
-    first[1] = m_program->Constants[static_cast<std::size_t>(row[1].Wide())];
+    first[0] = object;
+    first[1] = property;
     first[2] = base[row[2].B];
     m_at = row + 3;
     RunExtension(row[3], base);
@@ -51,6 +60,26 @@ void Machine::LeftRow(Instruction in, Value* base) {
         }
     }
     base[in.A] = source;
+}
+
+void Machine::LeftCasesRow(Instruction in, Value* base) {
+    constexpr std::size_t kFirst = 4;
+    const Instruction* const row = m_at;
+    const Value& source = base[in.B];
+    const auto constantOf = [this](const Instruction& load) -> const Value& {
+        return m_program->Constants[static_cast<std::size_t>(load.Wide())];
+    };
+    const auto count = static_cast<std::size_t>(constantOf(row[1]).AsLong());
+    const bool isText = source.Type() == ValueType::String;
+    const std::string_view start = isText ? source.AsText().substr(0, count) : std::string_view();
+    if (!isText || !modUtf8::IsAscii(start)) {
+        base[in.A] = source;
+        return;
+    }
+    const Instruction* at = row + kFirst;
+    while (at->Code != Opcode::Jump && constantOf(*at).AsText() != start)
+        at += 3;
+    m_next = at->Code == Opcode::Jump ? at : CodeOfTop() + at[2].Wide();
 }
 
 void Machine::InStrRow(Instruction in, Value* base) {
@@ -92,7 +121,7 @@ void Machine::LikeRow(Instruction in, Value* base) {
         return;
     }
     m_at = row + 1;
-    base[row[1].A] = Value::Boolean(MatchesLike(source.AsText(), pattern.AsText(), false));
+    base[row[1].A] = Value::Boolean(MatchesValidLike(source.AsText(), pattern.AsText()));
     m_next = row + 2;
 }
 

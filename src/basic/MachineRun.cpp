@@ -48,6 +48,12 @@ bool IsClear(const ErrorState& state) {
            state.Source.empty() && state.HelpFile.empty();
 }
 
+bool TakesOneLong(const Procedure& procedure) {
+    return procedure.Parameters.size() == 1 && procedure.Parameters[0].IsByVal &&
+           procedure.Parameters[0].Type.Kind == DeclaredKind::Long &&
+           !procedure.Parameters[0].Type.IsArray;
+}
+
 bool NamesLimit(std::int32_t number, const std::string& text) {
     const bool isLimitNumber = number == runtimeerror::kOutOfMemory ||
                                number == runtimeerror::kOutOfStringSpace ||
@@ -105,7 +111,7 @@ void Machine::MakeGlobals() {
     m_hasGlobals = true;
 }
 
-bool Machine::Run(std::size_t procedure, std::span<const Value> arguments, ErrorAlert& alert) {
+bool Machine::Run(std::size_t procedure, std::span<const Value> arguments) {
     const MeterLimits limits(m_limits);
     const RunningScope scope(*this);
     m_isRunning = true;
@@ -114,7 +120,7 @@ bool Machine::Run(std::size_t procedure, std::span<const Value> arguments, Error
     m_goSubs.clear();
     m_depth = 0;
     StartClock();
-    const bool isDone = Guarded(procedure, arguments, alert);
+    const bool isDone = Guarded(procedure, arguments);
     while (m_depth > 0)
         Unwind();
     m_hostArguments.clear();
@@ -130,7 +136,7 @@ bool Machine::Run(std::size_t procedure, std::span<const Value> arguments, Error
 
 /// The one place where the errors of scripts are caught. An error that a procedure handles goes on in the
 /// loop; every other ends here.
-bool Machine::Guarded(std::size_t procedure, std::span<const Value> arguments, ErrorAlert& alert) {
+bool Machine::Guarded(std::size_t procedure, std::span<const Value> arguments) {
     bool isBegun = false;
     for (;;) {
         try {
@@ -142,10 +148,10 @@ bool Machine::Guarded(std::size_t procedure, std::span<const Value> arguments, E
         } catch (const ScriptStop& stop) {
             const std::int32_t line =
                 m_depth > 0 && m_at != nullptr ? Top().Procedure->MarkOf(Position()).Line : 0;
-            alert = {{}, m_program->Name, line, stop.Number, stop.Text, stop.IsLimit};
+            m_alert = {{}, m_program->Name, line, stop.Number, stop.Text, stop.IsLimit};
             return stop.Number == 0;
         } catch (const BasicError& error) {
-            if (!Recover(error.Number(), error.what(), error.Source(), alert))
+            if (!Recover(error.Number(), error.what(), error.Source()))
                 return false;
             if (const auto* raised = dynamic_cast<const RaisedError*>(&error)) {
                 m_error.HelpFile = raised->HelpFile;
@@ -153,10 +159,10 @@ bool Machine::Guarded(std::size_t procedure, std::span<const Value> arguments, E
             }
         } catch (const std::bad_alloc&) {
             const std::int32_t number = runtimeerror::kOutOfMemory;
-            if (!Recover(number, RuntimeErrorText(number), {}, alert))
+            if (!Recover(number, RuntimeErrorText(number), {}))
                 return false;
         } catch (const std::exception& error) {
-            if (!Recover(runtimeerror::kInternalError, error.what(), {}, alert))
+            if (!Recover(runtimeerror::kInternalError, error.what(), {}))
                 return false;
         }
     }
@@ -167,11 +173,22 @@ void Machine::Begin(std::size_t index, std::span<const Value> arguments) {
     m_at = nullptr;
     if (!m_hasGlobals)
         MakeGlobals();
-    m_hostArguments.clear();
-    m_hostArguments.reserve(arguments.size());
     Value* const base = m_stack;
     if (base + procedure.Slots + procedure.ArgumentSlots > m_stackEnd)
         StopForDepth();
+    if (TakesOneLong(procedure) && arguments[0].Type() == ValueType::Long) {
+        // The dispatcher of rules: nothing to convert, and nothing that could fail.
+        Enter(procedure, base, nullptr, nullptr);
+        base[0] = arguments[0];
+    } else {
+        TakeArguments(procedure, arguments);
+    }
+    m_at = m_next = procedure.Code.data();
+}
+
+void Machine::TakeArguments(const Procedure& procedure, std::span<const Value> arguments) {
+    Value* const base = m_stack;
+    m_hostArguments.reserve(arguments.size());
     for (std::size_t i = 0; i < arguments.size(); ++i)
         m_hostArguments.push_back(CoerceTo(arguments[i], procedure.Parameters[i].Type));
     Enter(procedure, base, nullptr, nullptr);
@@ -183,7 +200,6 @@ void Machine::Begin(std::size_t index, std::span<const Value> arguments) {
                 : TaggedReference(
                       &m_hostArguments[i], isVariant ? ReferenceTag::Variant : ReferenceTag::Typed);
     }
-    m_at = m_next = procedure.Code.data();
 }
 
 void Machine::StopForDepth() {
@@ -244,8 +260,7 @@ void Machine::Unwind() {
 }
 
 /// Finds who handles an error at `m_at`: false if nobody does; all frames are gone then.
-bool Machine::Recover(
-    std::int32_t number, const std::string& text, const std::string& source, ErrorAlert& alert) {
+bool Machine::Recover(std::int32_t number, const std::string& text, const std::string& source) {
     constexpr std::int64_t kCost = 50;
     m_budget -= kCost;  // looked at by the next jump
     m_error.Clear();
@@ -271,7 +286,7 @@ bool Machine::Recover(
         }
         Unwind();
     }
-    alert = {{}, m_error.Source, line, number, text, NamesLimit(number, text)};
+    m_alert = {{}, m_error.Source, line, number, text, NamesLimit(number, text)};
     return false;
 }
 

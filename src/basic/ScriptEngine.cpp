@@ -44,7 +44,6 @@ struct ScriptEngine::Parts : EngineParts {
 };
 
 bool EngineParts::Run(std::size_t procedure, std::span<const Value> arguments) {
-    ErrorAlert alert;
     if (Runner.IsRunning()) {
         const std::int32_t number = runtimeerror::kInvalidProcedureCall;
         Alert(
@@ -55,9 +54,9 @@ bool EngineParts::Run(std::size_t procedure, std::span<const Value> arguments) {
              "A script is running already: " + RuntimeErrorText(number)});
         return false;
     }
-    if (Runner.Run(procedure, arguments, alert))
+    if (Runner.Run(procedure, arguments))
         return true;
-    Alert(std::move(alert));
+    Alert(Runner.TakeAlert());
     return false;
 }
 

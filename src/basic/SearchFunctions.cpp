@@ -25,10 +25,25 @@ std::size_t OffsetOf(const TextArgument& text, std::size_t characters) {
                           : modCharacters::Skip(text.View(), characters);
 }
 
-/// The usual question, between two texts and by their characters as they are. False: it is not that.
+bool IsWhole(const Value& value) {
+    return value.Type() == ValueType::Integer || value.Type() == ValueType::Long;
+}
+
+/// Whether the argument names one of the two ways to compare, and then which.
+bool ReadsCompare(const Value& argument, bool& ignoresCase) {
+    if (!IsWhole(argument) || (argument.AsLong() != 0 && argument.AsLong() != 1)) {
+        return false;
+    }
+    ignoresCase = argument.AsLong() == 1;
+    return true;
+}
+
+/// The usual question, between two texts of which the first is ASCII. False: it is not that.
 bool AnswersInStr(ScriptContext& context, Arguments arguments, Value& answer) {
-    const bool hasStart = arguments.size() == 3 && arguments[0].Type() == ValueType::Long;
-    if ((!hasStart && arguments.size() != 2) || context.ComparesText()) {
+    const bool hasStart = arguments.size() >= 3 && IsWhole(arguments[0]);
+    bool ignoresCase = context.ComparesText();
+    if ((!hasStart && arguments.size() != 2) ||
+        (arguments.size() == 4 && !ReadsCompare(arguments[3], ignoresCase))) {
         return false;
     }
     const Value& text = arguments[hasStart ? 1 : 0];
@@ -40,7 +55,7 @@ bool AnswersInStr(ScriptContext& context, Arguments arguments, Value& answer) {
     }
     const std::string_view all = text.AsText();
     const std::size_t from = std::min(static_cast<std::size_t>(start - 1), all.size());
-    const auto place = TextSearch::First(context, all, sought.AsText(), false, from);
+    const auto place = TextSearch::First(context, all, sought.AsText(), ignoresCase, from);
     answer = Value::Long(place.IsFound() ? static_cast<std::int32_t>(place.Start) + 1 : 0);
     return true;
 }

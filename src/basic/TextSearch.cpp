@@ -1,6 +1,8 @@
 #include "basic/TextSearch.h"
 
+#include "base/modByteSearch.h"
 #include "base/modTextCase.h"
+#include "base/modUtf8.h"
 #include "basic/Characters.h"
 #include "basic/ScriptContext.h"
 
@@ -84,7 +86,7 @@ TextSearch::FindExact(std::string_view text, std::string_view sought, std::size_
     }
     while (from < text.size()) {
         const std::size_t end = std::min(text.size(), from + kWindow + sought.size() - 1);
-        const std::size_t found = text.substr(0, end).find(sought, from);
+        const std::size_t found = modByteSearch::Find(text.substr(0, end), sought, from);
         if (found != kNone || end == text.size()) {
             return found;
         }
@@ -138,12 +140,15 @@ TextSearch::Place TextSearch::First(
     std::string_view sought,
     bool ignoreCase,
     std::size_t from) {
-    const bool isEasy =
-        !ignoreCase && sought.size() <= kLongestTried && text.size() - from <= kWindow;
-    if (!isEasy) {
+    if (sought.size() > kLongestTried || text.size() - from > kWindow) {
         return TextSearch(context, text, sought, ignoreCase).Next(from);
     }
-    return {text.find(sought, from), sought.size()};
+    if (!ignoreCase) {
+        return {modByteSearch::Find(text, sought, from), sought.size()};
+    }
+    const bool hasOneForm = modUtf8::IsAscii(sought) && modUtf8::IsAscii(text.substr(from));
+    return hasOneForm ? Place{modTextCase::Find(text, sought, from), sought.size()}
+                      : TextSearch(context, text, sought, ignoreCase).Next(from);
 }
 
 TextSearch::Place TextSearch::Last(

@@ -15,29 +15,42 @@ bool IsTellingTheStart(ParserEvent event) {
 
 }  // namespace
 
-void CodingEnforcement::EnforceCodingConventions(const EventPlace& place) {
-    RuleLists& rules = m_rulebase.RuleLists();
-    const auto event = static_cast<std::int32_t>(place.Event);
-    if (const auto* assigned = rules.ParserEventCCList(event, false)) {
-        for (std::int32_t index = 1; index <= assigned->Count(); ++index) {
-            RunRule(*assigned->Item(index), place);
+CodingEnforcement::EventRules& CodingEnforcement::RulesOf(ParserEvent event) {
+    const auto number = static_cast<std::int32_t>(event);
+    EventRules& rules = m_rules.at(static_cast<std::size_t>(number));
+    if (!rules.Prepared) {
+        rules.Prepared = true;
+        if (const auto* assigned = m_rulebase.RuleLists().ParserEventCCList(number, false)) {
+            for (std::int32_t index = 1; index <= assigned->Count(); ++index) {
+                CodingConvention& rule = *assigned->Item(index);
+                rules.Assigned.push_back({&rule, std::to_string(rule.RuleID())});
+            }
         }
     }
-    if (const auto* pending = rules.PendingViolations(event)) {
+    return rules;
+}
+
+void CodingEnforcement::EnforceCodingConventions(const EventPlace& place) {
+    for (const AssignedRule& assigned : RulesOf(place.Event).Assigned) {
+        RunRule(assigned, place);
+    }
+    const auto event = static_cast<std::int32_t>(place.Event);
+    if (const auto* pending = m_rulebase.RuleLists().PendingViolations(event)) {
         for (std::int32_t index = 1; index <= pending->Count(); ++index) {
             SettlePendingViolation(*pending->Item(index), place);
         }
     }
 }
 
-void CodingEnforcement::RunRule(CodingConvention& rule, const EventPlace& place) {
+void CodingEnforcement::RunRule(const AssignedRule& assigned, const EventPlace& place) {
+    CodingConvention& rule = *assigned.Rule;
     if (rule.Cancelled() || m_ruleEngine.IsSwitchedOff(rule.RuleID())) {
         return;  // silent until its end event, or for good
     }
     if (rule.PendingViolation()) {
         rule.SetTriggered(true);
     }
-    m_resultsManager.ParserState().SetCurrentRuleID(std::to_string(rule.RuleID()));
+    m_resultsManager.ParserState().SetCurrentRuleID(assigned.RuleID);
     const ScriptResult result = m_ruleEngine.ExecuteRuleCondition(rule.RuleID());
     if (result == ScriptResult::CancelPendingViolation) {
         rule.SetCancelled(true);

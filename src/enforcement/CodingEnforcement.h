@@ -2,6 +2,10 @@
 
 #include "enforcement/EventPlace.h"
 
+#include <array>
+#include <string>
+#include <vector>
+
 namespace dorvik {
 
 class CodingConvention;
@@ -28,12 +32,23 @@ public:
     void EnforceCodingConventions(const EventPlace& place);
 
 private:
-    void RunRule(CodingConvention& rule, const EventPlace& place);
+    struct AssignedRule {
+        CodingConvention* Rule = nullptr;  // the rulebase's
+        std::string RuleID;
+    };
+    struct EventRules {
+        bool Prepared = false;
+        std::vector<AssignedRule> Assigned;
+    };
+
+    EventRules& RulesOf(ParserEvent event);
+    void RunRule(const AssignedRule& assigned, const EventPlace& place);
     void SettlePendingViolation(CodingConvention& rule, const EventPlace& place);
 
     Rulebase& m_rulebase;
     RuleEngine& m_ruleEngine;
     ResultsManager& m_resultsManager;
+    std::array<EventRules, kLastParserEvent + 1> m_rules;  // by event number
 };
 
 }  // namespace dorvik

@@ -56,7 +56,9 @@ constexpr std::array kCallbacks{
     Callback{
         {"GetObjectProperty", 3, Out(2)},
         [](IDVKSaxEvents& e, Arguments a) {
-            e.GetObjectProperty(TextArgument(a[0]), TextArgument(a[1]), a[2]);
+            if (e.GetObjectProperty(TextArgument(a[0]), TextArgument(a[1]), a[2])) {
+                e.KeepAnswer(a[0], a[1], a[2]);
+            }
         }},
     Callback{
         {"GetObjectWorkField", 3, Out(2)},
@@ -108,6 +110,14 @@ constexpr auto kMembers = [] {
     return members;
 }();
 
+constexpr std::size_t PlaceOf(std::string_view name) {
+    const auto* const found = std::ranges::find(kMembers, name, &basic::ExtensionMember::Name);
+    return static_cast<std::size_t>(found - kMembers.begin());
+}
+
+constexpr std::size_t kGetObjectProperty = PlaceOf("GetObjectProperty");
+constexpr std::size_t kGetParserEvent = PlaceOf("GetParserEvent");
+
 }  // namespace
 
 std::span<const basic::ExtensionMember> DVKSaxInterface::MemberTable() {
@@ -116,6 +126,15 @@ std::span<const basic::ExtensionMember> DVKSaxInterface::MemberTable() {
 
 void DVKSaxInterface::Call(std::size_t member, std::span<basic::Value> arguments) {
     kCallbacks[member].Call(m_events, arguments);
+}
+
+const basic::Value* DVKSaxInterface::Recall(
+    std::size_t member, const basic::Value& first, const basic::Value& second) const {
+    switch (member) {
+        case kGetObjectProperty: return m_events.KeptAnswer(first, second);
+        case kGetParserEvent: return m_events.KeptParserEvent();
+        default: return nullptr;
+    }
 }
 
 }  // namespace dorvik

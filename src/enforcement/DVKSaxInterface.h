@@ -20,6 +20,8 @@ public:
 
     std::span<const basic::ExtensionMember> Members() const override { return MemberTable(); }
     void Call(std::size_t member, std::span<basic::Value> arguments) override;
+    const basic::Value* Recall(
+        std::size_t member, const basic::Value& first, const basic::Value& second) const override;
 
 private:
     IDVKSaxEvents& m_events;

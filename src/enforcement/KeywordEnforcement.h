@@ -4,6 +4,7 @@
 #include "platform/RegularExpression.h"
 
 #include <array>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -38,10 +39,13 @@ private:
     struct EventKeywords {
         bool Prepared = false;
         std::vector<KeywordTest> Tests;
+        std::vector<PairSet>
+            Pairs;  // of each test: side by side, since most statements get no further
     };
 
-    std::vector<KeywordTest>& KeywordsOf(ParserEvent event);
-    bool IsMatch(KeywordTest& keyword, std::string_view statement, const ByteSet& bytes);
+    EventKeywords& KeywordsOf(ParserEvent event);
+    void NoteApplied(std::span<const KeywordTest> keywords);
+    bool IsMatch(KeywordTest& keyword, std::string_view statement, const TextTraits& traits);
     void Raise(const IRule& rule, const EventPlace& place);
 
     const Rulebase& m_rulebase;

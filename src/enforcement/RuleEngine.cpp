@@ -1,6 +1,7 @@
 #include "enforcement/RuleEngine.h"
 
 #include "base/BasicError.h"
+#include "base/modTextCase.h"
 #include "enforcement/ResultsManager.h"
 #include "enforcement/modScriptValues.h"
 #include "foundation/LogFile.h"
@@ -23,6 +24,8 @@ namespace dorvik {
 namespace {
 
 constexpr std::string_view kModule = "C_RuleEngine";
+/// More than all rules together ask for at an event; a script that makes up names gets no further.
+constexpr std::size_t kMostAnswers = 64;
 
 /// The number of the rule whose main procedure an error of the entry procedure names; 0 if none.
 std::int32_t RuleOfMissingMain(std::string_view errorText) {
@@ -34,6 +37,16 @@ std::int32_t RuleOfMissingMain(std::string_view errorText) {
         std::from_chars(number.data(), number.data() + number.size(), rule);
     }
     return rule;
+}
+
+/// Work fields and the tags of a naming convention change from script to script; all else is the parser's.
+bool StaysForEvent(std::string_view objectName, std::string_view propertyName) {
+    return !modTextCase::Equal(objectName, scopename::kNamingConvention) &&
+           !modTextCase::StartsWith(propertyName, "WF.");
+}
+
+bool IsScalar(const basic::Value& value) {
+    return value.Type() == basic::ValueType::String || value.IsNumber();
 }
 
 }  // namespace
@@ -192,8 +205,7 @@ void RuleEngine::CountPatternFailure(const IRule& rule) {
     CountFailure(rule.RuleID(), modRuleFacts::NameOf(rule), "pattern");
 }
 
-void RuleEngine::CountFailure(
-    std::int32_t ruleId, const std::string& name, std::string_view what) {
+void RuleEngine::CountFailure(std::int32_t ruleId, const std::string& name, std::string_view what) {
     ++m_failed.try_emplace(ruleId, FailedRule{name, what}).first->second.Count;
 }
 
@@ -220,40 +232,68 @@ void RuleEngine::DumpObject(std::string_view objectName) {
     Results().DumpVirtualObject(objectName);
 }
 
-const basic::Value* RuleEngine::KnownSourceValue(std::string_view propertyName) const {
-    for (const SourceValue& known : m_sourceValues) {
-        if (known.PropertyName == propertyName) {
-            return &known.Value;
-        }
-    }
-    return nullptr;
-}
-
-void RuleEngine::GetObjectProperty(
+bool RuleEngine::GetObjectProperty(
     std::string_view objectName, std::string_view propertyName, basic::Value& value) {
-    const bool isSource = objectName == scopename::kSource;
-    if (isSource) {
-        if (const basic::Value* known = KnownSourceValue(propertyName)) {
-            value = *known;
-            return;
+    const VB6ParserState& state = Results().ParserState();
+    if (objectName == scopename::kSource) {
+        if (const std::string* text = state.FindSourceText(propertyName)) {
+            value = basic::Value::Text(*text);
+            return true;
         }
     }
     bool found = false;
     std::string errorText;
     value = modScriptValues::ToValue(
-        Results().ParserState().GetObjectProperty(objectName, propertyName, found, errorText));
+        state.GetObjectProperty(objectName, propertyName, found, errorText));
     if (!found) {
         Results().DumpDebugPrint(errorText, true);
-    } else if (isSource) {
-        m_sourceValues.push_back({std::string(propertyName), value});
+        return false;
+    }
+    return StaysForEvent(objectName, propertyName);
+}
+
+void RuleEngine::KeepAnswer(
+    const basic::Value& objectName, const basic::Value& propertyName, const basic::Value& value) {
+    const bool areTexts = objectName.Type() == basic::ValueType::String &&
+                          propertyName.Type() == basic::ValueType::String;
+    if (areTexts && IsScalar(value) && m_answers.size() < kMostAnswers) {
+        m_answers.push_back({objectName, propertyName, value});
     }
 }
 
-basic::Value RuleEngine::GetParserEvent() {
-    if (m_eventName.Type() == basic::ValueType::Empty) {
-        m_eventName = basic::Value::Text(Results().GetParserEvent());
+/// The names in scripts are constants of one module, which has each text once, so that it is enough to look whether
+/// it is that one.
+const basic::Value*
+RuleEngine::KeptAnswer(const basic::Value& objectName, const basic::Value& propertyName) const {
+    if (objectName.Type() != basic::ValueType::String ||
+        propertyName.Type() != basic::ValueType::String) {
+        return nullptr;
     }
-    return m_eventName;
+    for (const Answer& answer : m_answers) {
+        if (answer.PropertyName.TextBody() == propertyName.TextBody() &&
+            answer.ObjectName.TextBody() == objectName.TextBody()) {
+            return &answer.Value;
+        }
+    }
+    return nullptr;
+}
+
+basic::Value RuleEngine::GetParserEvent() {
+    basic::Value& name =
+        m_eventNames.at(static_cast<std::size_t>(Results().ParserState().ParserEvent()));
+    if (name.Type() == basic::ValueType::Empty) {
+        name = basic::Value::Text(Results().GetParserEvent());
+    }
+    return name;
+}
+
+const basic::Value* RuleEngine::KeptParserEvent() const {
+    if (m_resultsManager == nullptr) {
+        return nullptr;
+    }
+    const auto event = static_cast<std::size_t>(m_resultsManager->ParserState().ParserEvent());
+    const basic::Value& name = m_eventNames.at(event);
+    return name.Type() == basic::ValueType::Empty ? nullptr : &name;
 }
 
 void RuleEngine::GetObjectWorkField(

@@ -4,7 +4,9 @@
 #include "enforcement/DVKSaxInterface.h"
 #include "enforcement/IDVKSaxEvents.h"
 #include "enforcement/RuleClock.h"
+#include "parser/ParserEvent.h"
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -55,7 +57,8 @@ public:
     /// Whom scripts talk to; null between projects. REQUIRES: it outlives its time here.
     void SetResultsManager(ResultsManager* resultsManager) { m_resultsManager = resultsManager; }
 
-    void IncrementRuleExecutionCount() { ++m_ruleExecutionCount; }
+    void IncrementRuleExecutionCount() { AddToRuleExecutionCount(1); }
+    void AddToRuleExecutionCount(std::int32_t rules) { m_ruleExecutionCount += rules; }
     std::int32_t RuleExecutionCount() const { return m_ruleExecutionCount; }
     void SetRuleExecutionCount(std::int32_t count) { m_ruleExecutionCount = count; }
 
@@ -72,11 +75,8 @@ public:
     bool LoadScript(std::string_view filename, std::vector<basic::ScriptOrigin> origins = {});
     /// Why the module did not load, with the rule and the line in its script; empty if it did.
     const std::string& LoadError() const { return m_loadError; }
-    /// A new event begins, and what `Source` has to tell is no longer what it was.
-    void BeginEvent() {
-        m_sourceValues.clear();
-        m_eventName = {};
-    }
+    /// A new event begins, and what the objects have to tell is no longer what it was.
+    void BeginEvent() { m_answers.clear(); }
     /// Runs the script of a rule. A rule without one gives `Nothing`; a script that fails, what it had
     /// asked for until then.
     ScriptResult ExecuteRuleCondition(std::int32_t ruleId);
@@ -129,9 +129,16 @@ private:
     void RaiseViolation() override { m_result = ScriptResult::RaiseViolation; }
     void DebugPrint(std::string_view text) override;
     void DumpObject(std::string_view objectName) override;
-    void GetObjectProperty(
+    bool GetObjectProperty(
         std::string_view objectName, std::string_view propertyName, basic::Value& value) override;
+    void KeepAnswer(
+        const basic::Value& objectName,
+        const basic::Value& propertyName,
+        const basic::Value& value) override;
+    const basic::Value*
+    KeptAnswer(const basic::Value& objectName, const basic::Value& propertyName) const override;
     basic::Value GetParserEvent() override;
+    const basic::Value* KeptParserEvent() const override;
     void GetObjectWorkField(
         std::string_view objectName, std::string_view workfieldName, basic::Value& value) override;
     bool IsClassName(std::string_view name) override;
@@ -146,8 +153,6 @@ private:
     bool IsStopRequested() const { return m_isStopRequested && m_isStopRequested(); }
     void RunScript(std::int32_t ruleId);
     ResultsManager& Results() const;
-    /// A property of `Source` that a script of this event has asked for already; null if none has.
-    const basic::Value* KnownSourceValue(std::string_view propertyName) const;
     /// Tells the log which rule failed, and where in its own script.
     void LogRuleOfAlert(const basic::ErrorAlert& alert);
     void CountScriptStop();
@@ -161,15 +166,16 @@ private:
     DVKSaxInterface m_dorvik;
     std::optional<basic::ScriptHandler> m_handler;
     std::optional<RuleClock> m_clock;
-    struct SourceValue {
-        std::string PropertyName;
+    struct Answer {
+        basic::Value ObjectName;
+        basic::Value PropertyName;
         basic::Value Value;
     };
 
     ResultsManager* m_resultsManager = nullptr;
-    // All scripts of an event share one copy of a line and of the event's name.
-    std::vector<SourceValue> m_sourceValues;
-    basic::Value m_eventName;
+    // All scripts of an event share one copy of a property.
+    std::vector<Answer> m_answers;
+    std::array<basic::Value, kLastParserEvent + 1> m_eventNames;  // by event number, once asked for
     ScriptResult m_result = ScriptResult::Nothing;
     std::int32_t m_ruleExecutionCount = 0;
     std::string m_scriptFilename;  // empty until loaded

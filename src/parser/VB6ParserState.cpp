@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 
 namespace dorvik {
 
@@ -17,6 +18,24 @@ namespace {
 
 constexpr std::string_view kModule = "C_VB6ParserState";
 constexpr std::string_view kWorkfieldPrefix = "WF.";
+
+/// In any case; scripts nearly always write a name as it is, which is told faster.
+bool IsNamed(std::string_view name, std::string_view wanted) {
+    return name == wanted || modTextCase::Equal(name, wanted);
+}
+
+/// The row of a table that has the name in any case, or null.
+template <typename Rows>
+const typename Rows::value_type* FindRow(const Rows& rows, std::string_view name) {
+    const auto find = [&](auto isName) -> const typename Rows::value_type* {
+        const auto row = std::find_if(rows.begin(), rows.end(), [&](const auto& candidate) {
+            return isName(candidate.Name, name);
+        });
+        return row == rows.end() ? nullptr : &*row;
+    };
+    const auto* const exact = find(std::equal_to<std::string_view>());
+    return exact != nullptr ? exact : find(&modTextCase::Equal);
+}
 
 /// Whether line statistics answer for properties that the bag of the object lacks.
 bool AnswersWithLineStatistics(std::string_view objectName) {
@@ -28,7 +47,7 @@ bool AnswersWithLineStatistics(std::string_view objectName) {
         scopename::kType,
     };
     return std::any_of(kNames.begin(), kNames.end(), [&](std::string_view name) {
-        return modTextCase::Equal(name, objectName);
+        return IsNamed(name, objectName);
     });
 }
 
@@ -113,18 +132,7 @@ std::string_view VB6ParserState::GetParserEventText() const {
 }
 
 const VB6ParserState::ScopeEntry* VB6ParserState::FindEntry(std::string_view name) const {
-    // The system's own names come in their own spelling: that pass needs no folding.
-    for (const ScopeEntry& entry : m_scope) {
-        if (entry.Name == name) {
-            return &entry;
-        }
-    }
-    for (const ScopeEntry& entry : m_scope) {
-        if (modTextCase::Equal(entry.Name, name)) {
-            return &entry;
-        }
-    }
-    return nullptr;
+    return FindRow(m_scope, name);
 }
 
 void VB6ParserState::Attach(std::shared_ptr<VirtualObject> object, std::string_view name) {
@@ -187,10 +195,10 @@ Variant VB6ParserState::GetObjectProperty(
     std::string& errorText) const {
     ok = true;
     errorText.clear();
-    if (modTextCase::Equal(objectName, scopename::kNamingConvention)) {
+    if (IsNamed(objectName, scopename::kNamingConvention)) {
         return NamingConventionProperty(propertyName, ok, errorText);
     }
-    if (modTextCase::Equal(objectName, scopename::kSource)) {
+    if (IsNamed(objectName, scopename::kSource)) {
         return SourceProperty(propertyName, ok, errorText);
     }
     VirtualObject* object = FindVirtualObject(objectName);
@@ -233,14 +241,44 @@ Variant VB6ParserState::NamingConventionProperty(
         Row{"ScopeTag", &VB6ParserState::m_scopeTag},
         Row{"DataTypeTag", &VB6ParserState::m_dataTypeTag},
     };
-    for (const Row& row : kTags) {
-        if (modTextCase::Equal(row.Name, propertyName)) {
-            return this->*row.Tag;
-        }
+    if (const Row* row = FindRow(kTags, propertyName)) {
+        return this->*row->Tag;
     }
     ok = false;
     errorText = Concatenate({"Invalid NamingConvention property '", propertyName, "' specified."});
     return std::string();
+}
+
+const std::string* VB6ParserState::FindSourceText(std::string_view propertyName) const {
+    using State = VB6ParserState;
+    struct Row {
+        std::string_view Name;
+        const std::string& (*Text)(const State&);
+    };
+    static constexpr std::array kTexts = {
+        Row{"StrippedStatement",
+            [](const State& s) -> const std::string& {
+                return s.StrippedSourceStatement();
+            }},
+        Row{"Statement",
+            [](const State& s) -> const std::string& {
+                return s.m_statement;
+            }},
+        Row{"StrippedLine",
+            [](const State& s) -> const std::string& {
+                return s.StrippedLine();
+            }},
+        Row{"Line",
+            [](const State& s) -> const std::string& {
+                return s.m_line;
+            }},
+        Row{"PhysicalLine",
+            [](const State& s) -> const std::string& {
+                return s.m_physicalLine;
+            }},
+    };
+    const Row* row = FindRow(kTexts, propertyName);
+    return row == nullptr ? nullptr : &row->Text(*this);
 }
 
 Variant VB6ParserState::SourceProperty(
@@ -268,43 +306,24 @@ Variant VB6ParserState::SourceProperty(
             [](const State& s) {
                 return Variant(s.m_isMultiStatement);
             }},
-        Row{"PhysicalLine",
-            [](const State& s) {
-                return Variant(s.m_physicalLine);
-            }},
         Row{"PhysicalLineCount",
             [](const State& s) {
                 return Variant(s.m_physicalLineCount);
             }},
-        Row{"Line",
-            [](const State& s) {
-                return Variant(s.m_line);
-            }},
         Row{"LineNumber",
             [](const State& s) {
                 return Variant(s.m_sourceLineNumber);
-            }},
-        Row{"StrippedLine",
-            [](const State& s) {
-                return Variant(s.StrippedLine());
-            }},
-        Row{"Statement",
-            [](const State& s) {
-                return Variant(s.m_statement);
-            }},
-        Row{"StrippedStatement",
-            [](const State& s) {
-                return Variant(s.StrippedSourceStatement());
             }},
         Row{"CommentBlock",
             [](const State& s) {
                 return Variant(s.CommentBlock());
             }},
     };
-    for (const Row& row : kProperties) {
-        if (modTextCase::Equal(row.Name, propertyName)) {
-            return row.Value(*this);
-        }
+    if (const std::string* text = FindSourceText(propertyName)) {
+        return *text;
+    }
+    if (const Row* row = FindRow(kProperties, propertyName)) {
+        return row->Value(*this);
     }
     ok = false;
     errorText = Concatenate({"Invalid Source property '", propertyName, "' specified."});

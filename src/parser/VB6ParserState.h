@@ -88,6 +88,9 @@ public:
         std::string_view propertyName,
         bool& ok,
         std::string& errorText) const;
+    /// The same for those properties of `Source` that are a line or statement, without a copy; null for all others.
+    /// It holds until the next statement.
+    const std::string* FindSourceText(std::string_view propertyName) const;
 
 private:
     struct ScopeEntry {

@@ -22,10 +22,18 @@ bool BeginsWord(char c) {
            static_cast<unsigned char>(c) >= 0x80;
 }
 
+bool MayGoOnAsFraction(const char* behind, const char* limit) {
+    return behind != limit && (*behind == '.' || *behind == 'e' || *behind == 'E');
+}
+
 /// Cuts one text. Lives for one call of `Tokenise`.
 class Cutter {
 public:
-    explicit Cutter(std::string_view text) : m_text(text) { m_result.Shape.reserve(text.size()); }
+    explicit Cutter(std::string_view text) : m_text(text) {
+        constexpr std::size_t kUsualToken = 5;  // characters, with the space behind it
+        m_result.Shape.reserve(text.size() + text.size() / kUsualToken);
+        m_result.Tokens.reserve(text.size() / kUsualToken + 2);
+    }
 
     JetTokens Cut() {
         for (;;) {
@@ -89,10 +97,15 @@ private:
         const char* const limit = m_text.data() + m_text.size();
         std::int64_t whole = 0;
         const auto asWhole = std::from_chars(begin, limit, whole);
+        bool isWhole = asWhole.ec == std::errc{} && !MayGoOnAsFraction(asWhole.ptr, limit);
         double fraction = 0;
-        const auto asFraction = std::from_chars(begin, limit, fraction);
-        const bool isWhole = asWhole.ec == std::errc{} && asWhole.ptr == asFraction.ptr;
-        const auto end = static_cast<std::size_t>(asFraction.ptr - m_text.data());
+        const char* behind = asWhole.ptr;
+        if (!isWhole) {
+            const auto asFraction = std::from_chars(begin, limit, fraction);
+            isWhole = asWhole.ec == std::errc{} && asWhole.ptr == asFraction.ptr;
+            behind = asFraction.ptr;
+        }
+        const auto end = static_cast<std::size_t>(behind - m_text.data());
         if (end < m_text.size() && BeginsWord(m_text[end])) {
             RaiseNotUnderstood(m_text, m_position);  // "12abc" is neither a number nor a name
         }

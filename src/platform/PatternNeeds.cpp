@@ -3,6 +3,8 @@
 #include "base/modUtf8.h"
 
 #include <algorithm>
+#include <functional>
+#include <iterator>
 #include <utility>
 
 namespace dorvik {
@@ -26,7 +28,7 @@ private:
     void AddInner(const PatternNode& node);
     void EndRun();
 
-    void KeepOneOf(std::vector<std::string> pieces);
+    void KeepOneOfEach(std::vector<PatternPieces> lists);
 
     PatternNeeds m_needs;
     std::string m_run;  // literal characters that follow each other directly
@@ -42,17 +44,24 @@ PatternNeeds NeedsOf(const PatternNode& node) {
 class PiecesOfBranches {
 public:
     void Add(const PatternNeeds& branch) {
+        m_isComplete = m_isComplete && !(branch.Literal.empty() && branch.OneOfEach.empty());
+        if (!m_isComplete) {
+            return;
+        }
         if (!branch.Literal.empty()) {
             m_pieces.push_back(branch.Literal);
         } else {
-            m_pieces.insert(m_pieces.end(), branch.OneOf.begin(), branch.OneOf.end());
+            const std::vector<std::string>& pieces = branch.OneOfEach[0].Texts;
+            m_pieces.insert(m_pieces.end(), pieces.begin(), pieces.end());
         }
-        m_isComplete = m_isComplete && !(branch.Literal.empty() && branch.OneOf.empty());
     }
-    std::vector<std::string> Take() {
+    std::vector<PatternPieces> Take() {
         constexpr std::size_t kMost = 8;
-        return m_isComplete && m_pieces.size() <= kMost ? std::move(m_pieces)
-                                                        : std::vector<std::string>();
+        std::vector<PatternPieces> lists;
+        if (m_isComplete && m_pieces.size() <= kMost) {
+            lists.push_back({std::move(m_pieces), {}});
+        }
+        return lists;
     }
 
 private:
@@ -73,7 +82,7 @@ PatternNeeds NeedsOfAlternatives(const PatternNode& node) {
             needs.Literal.clear();
         }
     }
-    needs.OneOf = pieces.Take();
+    needs.OneOfEach = pieces.Take();
     return needs;
 }
 
@@ -83,17 +92,16 @@ void SequenceNeeds::EndRun() {
 }
 
 /// The longer the shortest of the pieces, the rarer is a text with one of them.
-void SequenceNeeds::KeepOneOf(std::vector<std::string> pieces) {
-    const auto shortest = [](const std::vector<std::string>& all) {
-        std::size_t size = all.empty() ? 0 : all[0].size();
-        for (const std::string& piece : all) {
-            size = std::min(size, piece.size());
-        }
-        return size;
+void SequenceNeeds::KeepOneOfEach(std::vector<PatternPieces> lists) {
+    constexpr std::size_t kMost = 3;
+    const auto shortest = [](const PatternPieces& pieces) {
+        return std::ranges::min(pieces.Texts, {}, &std::string::size).size();
     };
-    if (shortest(pieces) > shortest(m_needs.OneOf)) {
-        m_needs.OneOf = std::move(pieces);
-    }
+    std::vector<PatternPieces>& kept = m_needs.OneOfEach;
+    kept.insert(
+        kept.end(), std::make_move_iterator(lists.begin()), std::make_move_iterator(lists.end()));
+    std::ranges::stable_sort(kept, std::greater(), shortest);
+    kept.resize(std::min(kept.size(), kMost));
 }
 
 PatternNeeds SequenceNeeds::Finish() {
@@ -115,7 +123,7 @@ void SequenceNeeds::AddInner(const PatternNode& node) {
         node.Kind == PatternKind::Alternatives ? NeedsOfAlternatives(node) : NeedsOf(node);
     m_needs.Bytes.AddAll(inner.Bytes);
     KeepLonger(m_needs.Literal, inner.Literal);
-    KeepOneOf(std::move(inner.OneOf));
+    KeepOneOfEach(std::move(inner.OneOfEach));
 }
 
 void SequenceNeeds::Add(const PatternNode& node) {
@@ -237,7 +245,16 @@ bool PatternNeeds::HasPieces(std::string_view text) const {
     const auto isThere = [&](const std::string& piece) {
         return text.find(piece) != std::string_view::npos;
     };
-    return isThere(Literal) && (OneOf.empty() || std::any_of(OneOf.begin(), OneOf.end(), isThere));
+    return isThere(Literal) && std::ranges::all_of(OneOfEach, [&](const PatternPieces& pieces) {
+               return std::ranges::any_of(pieces.Texts, isThere);
+           });
+}
+
+bool PatternNeeds::MayHaveOneOfEach(const TextTraits& traits) const {
+    return std::ranges::all_of(OneOfEach, [&](const PatternPieces& pieces) {
+        return std::ranges::any_of(
+            pieces.Pairs, [&](const PairSet& pairs) { return traits.Pairs.ContainsAll(pairs); });
+    });
 }
 
 PatternNeeds NeedsOfPattern(const PatternTree& tree) {
@@ -247,6 +264,13 @@ PatternNeeds NeedsOfPattern(const PatternTree& tree) {
         if (first.IsKnown && !first.MayBeEmpty) {
             needs.First = first.Bytes;
         }
+    }
+    needs.Pairs = PairSet(needs.Literal);
+    for (PatternPieces& pieces : needs.OneOfEach) {
+        std::ranges::transform(
+            pieces.Texts, std::back_inserter(pieces.Pairs), [](const std::string& text) {
+                return PairSet(text);
+            });
     }
     return needs;
 }

@@ -125,10 +125,10 @@ bool RegularExpression::Test(std::string_view text) {
     return Compiled().IsIn(text);
 }
 
-bool RegularExpression::Test(std::string_view text, const ByteSet& present) {
+bool RegularExpression::Test(std::string_view text, const TextTraits& traits) {
     const CompiledPattern& compiled = Compiled();
     const PatternNeeds& needs = compiled.Needs();
-    return needs.MayMatch(text, present) && needs.HasPieces(text) && compiled.IsIn(text);
+    return needs.MayMatch(text, traits) && needs.HasPieces(text) && compiled.IsIn(text);
 }
 
 /// Calls `visit` with the whole and the groups of each match that counts.

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/ByteSet.h"
 #include "platform/PatternNeeds.h"
+#include "platform/TextTraits.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -88,8 +88,8 @@ public:
 
     /// The same for a caller that tests many patterns on one text and has made the set of its bytes
     /// once: a text without a byte that every match needs is turned down at once. Such a text never
-    /// raises `kRegularExpressionTooComplex`. REQUIRES: present == ByteSet(text).
-    bool Test(std::string_view text, const ByteSet& present);
+    /// raises `kRegularExpressionTooComplex`. REQUIRES: traits == TextTraits(text).
+    bool Test(std::string_view text, const TextTraits& traits);
 
     /// Is told after each step of a long piece of work how many bytes its result takes so far, and may
     /// end the work by raising an error.

@@ -233,6 +233,25 @@ TEST(modTextCase, TheFastWaysAgreeWithTheDefinition) {
     }
 }
 
+/// Long texts are searched piece by piece, ASCII faster than others.
+TEST(modTextCase, FindSeesWhatLiesAcrossPiecesOfALongText) {
+    for (const std::size_t before : {4090U, 4095U, 4096U, 4097U, 8190U, 12288U}) {
+        for (const char* filling : {"x", "\xC3\xA4"}) {
+            std::string text;
+            while (text.size() < before) {
+                text += filling;
+            }
+            const std::size_t place = text.size();
+            text += "m_Count = 1";
+            EXPECT_EQ(Find(text, "M_COUNT"), place) << before << filling;
+            EXPECT_EQ(Find(text, "M_COUNT", place), place) << before << filling;
+            EXPECT_EQ(Find(text, "M_COUNT", place + 1), kNone) << before << filling;
+            EXPECT_EQ(Find(text, "M_COUNTS"), kNone) << before << filling;
+            EXPECT_EQ(Find(text + kKelvin, "1k"), place + 10) << before << filling;
+        }
+    }
+}
+
 TEST(modTextCase, ComparingAsciiTextDoesNotAllocate) {
     const std::string text = "Private Function CustomerTotal(ByVal Customer As String) As Currency";
     const std::string upper = ToUpper(text);

@@ -40,6 +40,31 @@ private:
     Value m_value;
 };
 
+/// Has the answer at hand, except when it is asked for "Line" of "Other".
+class PropertyAtHand final : public IScriptExtension {
+public:
+    explicit PropertyAtHand(Value value) : m_value(std::move(value)) {}
+
+    std::span<const ExtensionMember> Members() const override {
+        static constexpr std::array kMembers{ExtensionMember{"GetProperty", 3, 4}};
+        return kMembers;
+    }
+    void Call(std::size_t, std::span<Value> arguments) override {
+        ++Calls;
+        arguments[2] = m_value;
+    }
+    const Value*
+    Recall(std::size_t member, const Value& first, const Value& second) const override {
+        const bool isKnown = member == 0 && first.AsText() == "Source" && second.AsText() == "Line";
+        return isKnown ? &m_value : nullptr;
+    }
+
+    int Calls = 0;
+
+private:
+    Value m_value;
+};
+
 const char* const kProperty = "Sub Main()\n"
                               "    Dim s As String\n"
                               "    s = \"before\"\n"
@@ -51,6 +76,8 @@ const char* const kProperty = "Sub Main()\n"
 TEST(Fusion, PutsOneInstructionInThePlaceOfARow) {
     constexpr std::pair<const char*, const char*> kRows[] = {
         {"LeftRow", "t = Left$(s, 3)"},
+        {"LeftCasesRow",
+         "Select Case Left$(s, 3)\n    Case \"abc\", \"de\": t = s\n    End Select"},
         {"JumpLeftRow", "If Left$(s, 3) = \"abc\" Then t = s"},
         {"InStrRow", "If InStr(s, \"abc\") > 0 Then t = s"},
         {"LenRow", "n = Len(s)"},
@@ -91,6 +118,32 @@ TEST(Fusion, APropertyThatFailsIsAnErrorOfItsLine) {
     ASSERT_EQ(run.Alerts.size(), 1U);
     EXPECT_EQ(run.Alerts[0].Line, 4);
     EXPECT_EQ(run.Alerts[0].Number, 438);
+}
+
+TEST(Fusion, APropertyAtHandSavesTheCall) {
+    PropertyAtHand extension(Value::Text("after"));
+    EXPECT_EQ(RunModule(kProperty, "Main", &extension).Output(), "after\n");
+    EXPECT_EQ(extension.Calls, 0);
+    EXPECT_EQ(
+        RunStatements(
+            "Debug.Print Dorvik.GetProperty(\"Source\", \"Line\"); "
+            "Dorvik.GetProperty(\"Other\", \"Line\")",
+            &extension)
+            .Output(),
+        "afterafter\n");
+    EXPECT_EQ(extension.Calls, 1);
+}
+
+TEST(Fusion, APropertyAtHandThatIsNoTextIsCoercedByTheCall) {
+    PropertyAtHand extension(Value::Long(12));
+    EXPECT_EQ(RunModule(kProperty, "Main", &extension).Output(), "12\n");
+    EXPECT_EQ(extension.Calls, 1);
+}
+
+TEST(Fusion, APatternThatIsNoneStaysAnErrorOfItsLine) {
+    EXPECT_EQ(
+        RunStatements("Dim s As String: If s Like \"[a\" Then Debug.Print s").Output(),
+        "Error 93: Invalid pattern string\n");
 }
 
 }  // namespace

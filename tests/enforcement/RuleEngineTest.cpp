@@ -83,7 +83,9 @@ TEST_F(RuleEngineTest, AnExtensionThatCannotBeAddedIsLogged) {
         void RaiseViolation() override {}
         void DebugPrint(std::string_view) override {}
         void DumpObject(std::string_view) override {}
-        void GetObjectProperty(std::string_view, std::string_view, basic::Value&) override {}
+        bool GetObjectProperty(std::string_view, std::string_view, basic::Value&) override {
+            return false;
+        }
         basic::Value GetParserEvent() override { return {}; }
         void GetObjectWorkField(std::string_view, std::string_view, basic::Value&) override {}
         bool IsClassName(std::string_view) override { return false; }

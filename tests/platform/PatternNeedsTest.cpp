@@ -108,31 +108,58 @@ TEST(PatternNeeds, LettersAreNeededOnlyWhereCaseCounts) {
     EXPECT_EQ(needs.Literal, " = 12");
 }
 
+using Pieces = std::vector<std::string>;
+
 struct PiecesRow {
     const char* Pattern;
-    std::vector<std::string> OneOf;
+    std::vector<Pieces> OneOfEach;
 };
 
-class PatternPieces : public testing::TestWithParam<PiecesRow> {};
+class PatternPiecesTest : public testing::TestWithParam<PiecesRow> {};
 
-TEST_P(PatternPieces, OneOfThemStandsInEveryMatch) {
-    EXPECT_EQ(NeedsOf(GetParam().Pattern, false).OneOf, GetParam().OneOf) << GetParam().Pattern;
+TEST_P(PatternPiecesTest, OneOfEachListStandsInEveryMatch) {
+    std::vector<Pieces> lists;
+    for (const PatternPieces& pieces : NeedsOf(GetParam().Pattern, false).OneOfEach) {
+        lists.push_back(pieces.Texts);
+        ASSERT_EQ(pieces.Pairs.size(), pieces.Texts.size());
+        for (std::size_t i = 0; i < pieces.Texts.size(); ++i) {
+            EXPECT_EQ(pieces.Pairs[i], PairSet(pieces.Texts[i]));
+        }
+    }
+    EXPECT_EQ(lists, GetParam().OneOfEach) << GetParam().Pattern;
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Alternatives,
-    PatternPieces,
+    PatternPiecesTest,
     testing::Values(
-        PiecesRow{"\\s(Eqv|Imp)\\s", {"Eqv", "Imp"}},
-        PiecesRow{"^GoSub|^Return$", {"GoSub", "Return"}},
-        PiecesRow{"(?=.*\\s(?:And|Or)\\s).*", {"And", "Or"}},
+        PiecesRow{"\\s(Eqv|Imp)\\s", {Pieces{"Eqv", "Imp"}}},
+        PiecesRow{"^GoSub|^Return$", {Pieces{"GoSub", "Return"}}},
+        PiecesRow{"(?=.*\\s(?:And|Or)\\s).*", {Pieces{"And", "Or"}}},
         PiecesRow{"(?!.*(And|Or)).*", {}},
         PiecesRow{"(Date|Time)?=", {}},
         PiecesRow{"(Date|\\d)=", {}},
-        PiecesRow{"((ab|cd)|ef)", {"ab", "cd", "ef"}},
-        PiecesRow{"(a|b)(cd|ef)", {"cd", "ef"}},  // rarer than single letters
-        PiecesRow{"(cd|ef)(a|b)", {"cd", "ef"}},
+        PiecesRow{"(Date|\\d|Time)=", {}},
+        PiecesRow{"((ab|cd)|ef)", {Pieces{"ab", "cd", "ef"}}},
+        PiecesRow{"(a|b)(cd|ef)", {Pieces{"cd", "ef"}, Pieces{"a", "b"}}},  // the rarer ones first
+        PiecesRow{"(cd|ef)(a|b)", {Pieces{"cd", "ef"}, Pieces{"a", "b"}}},
+        PiecesRow{
+            "(a|b)(c|d)(ef|gh)(ij|kl)",
+            {Pieces{"ef", "gh"}, Pieces{"ij", "kl"}, Pieces{"a", "b"}}},  // three are enough
+        PiecesRow{"((a|b)(cd|ef))|gh", {Pieces{"cd", "ef", "gh"}}},
         PiecesRow{"a|b|c|d|e|f|g|h|i", {}}));  // more than anybody looks for
+
+TEST(PatternNeeds, ATextWithoutAPieceOfEachListHasNoMatch) {
+    const PatternNeeds needs = NeedsOf("^(?=.*\\s(?:And|Or)\\s).*(Nothing|EOF)", false);
+    const auto mayMatch = [&](std::string_view text) {
+        return needs.MayMatch(text, TextTraits(text)) && needs.HasPieces(text);
+    };
+    EXPECT_TRUE(mayMatch("If a Or b Is Nothing Then"));
+    EXPECT_TRUE(mayMatch("While Not r.EOF And n > 0"));
+    EXPECT_FALSE(mayMatch("If a Or b Then"));
+    EXPECT_FALSE(mayMatch("If b Is Nothing Then"));
+    EXPECT_FALSE(mayMatch(""));
+}
 
 struct FirstRow {
     const char* Pattern;

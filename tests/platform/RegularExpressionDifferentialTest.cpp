@@ -107,7 +107,7 @@ void Compare(const TinyPattern& pattern, std::u32string_view characters, Tally& 
         << testing::PrintToString(row) << (pattern.IgnoreCase ? " i" : "")
         << (pattern.Multiline ? " m" : "");
     ASSERT_EQ(expression.Test(text), expected != "none") << testing::PrintToString(row);
-    ASSERT_EQ(expression.Test(text, ByteSet(text)), expected != "none")
+    ASSERT_EQ(expression.Test(text, TextTraits(text)), expected != "none")
         << testing::PrintToString(row);
     const std::string longest = ExpectedLongest(pattern, characters);
     if (!longest.empty()) {

@@ -168,7 +168,7 @@ TEST(RegularExpression, AMalformedPatternRaisesEachTimeItIsUsed) {
     for (int round = 0; round < 2; ++round) {
         for (const auto& use : std::vector<std::function<void()>>{
                  [&] { expression.Test("x"); },
-                 [&] { expression.Test("x", ByteSet("x")); },
+                 [&] { expression.Test("x", TextTraits("x")); },
                  [&] { expression.Execute("x"); },
              }) {
             EXPECT_EQ(RaisedBy(use).Number, kRegularExpressionParenthesis);
@@ -199,7 +199,7 @@ TEST(RegularExpression, TheSetOfBytesTurnsTextsDownWithoutASearch) {
     // The text would take too many steps to search; that nothing is raised shows that it was not.
     RegularExpression expression("^(\\w+\\s?)*;$");
     const std::string text = std::string(60, 'a') + "!";
-    EXPECT_FALSE(expression.Test(text, ByteSet(text)));
+    EXPECT_FALSE(expression.Test(text, TextTraits(text)));
 }
 
 // ---- The two forms of Test agree ----
@@ -282,7 +282,7 @@ void CompareBothTests(RegularExpression& expression, const std::string& text, Ta
     bool searched = false;
     bool quick = false;
     const Raised raised = RaisedBy([&] { searched = expression.Test(text); });
-    const Raised raisedQuickly = RaisedBy([&] { quick = expression.Test(text, ByteSet(text)); });
+    const Raised raisedQuickly = RaisedBy([&] { quick = expression.Test(text, TextTraits(text)); });
     if (raised.Number == kRegularExpressionTooComplex && raisedQuickly.Number == 0) {
         ASSERT_FALSE(quick);
         return;

@@ -92,6 +92,74 @@ TEST(ScriptReview, AnObjectInAWorkfieldIsHandedOutByReferenceAndAnArrayByValue) 
     EXPECT_THAT(review.Log(), Contains(HasSubstr("told 2 1")));
 }
 
+std::vector<std::string> ToldBehind(RulesInReview& review, std::string_view mark) {
+    std::vector<std::string> told;
+    for (const std::string& line : review.Log()) {
+        if (const std::size_t at = line.find(mark); at != std::string::npos) {
+            told.push_back(line.substr(at + mark.size()));
+        }
+    }
+    return told;
+}
+
+/// Scripts share what the first of them has asked for, but only until the next event.
+TEST(ScriptReview, APropertyIsThatOfTheEvent) {
+    const std::string ask =
+        Script("Dim s As String\r\nDorvik.GetObjectProperty \"Source\", \"Statement\", s\r\n"
+               "Dorvik.DebugPrint \"told \" & Dorvik.GetParserEvent & \"/\" & s & \"/\" & "
+               "Dorvik.GetObjectProperty(\"Procedure\", \"Name\")\r\ns = s & \" changed\"");
+    RulesInReview review;
+    review.AddCoding("First", {30, 34}, ask);
+    review.AddCoding("Second", {30, 34}, ask);
+    review.Run({"modA=Sub A()\nx = 1\nEnd Sub\nSub B()\nEnd Sub\n"});
+    EXPECT_THAT(
+        ToldBehind(review, "told "),
+        ElementsAre(
+            "Procedure <body>/x = 1/A",
+            "Procedure <body>/x = 1/A",
+            "end Procedure/End Sub/A",
+            "end Procedure/End Sub/A",
+            "end Procedure/End Sub/B",
+            "end Procedure/End Sub/B"));
+}
+
+TEST(ScriptReview, AWorkFieldReadAsAPropertyIsTheOneOfNow) {
+    const std::string script =
+        Script("Dim n As Long\r\nIf Dorvik.ObjectHasWorkfield(\"File\", \"N\") Then n = "
+               "Dorvik.GetObjectProperty(\"File\", \"WF.N\")\r\n"
+               "Dorvik.DebugPrint \"count \" & n\r\n"
+               "Dorvik.SetObjectWorkField \"File\", \"N\", n + 1");
+    RulesInReview review;
+    review.AddCoding("First", {28}, script);
+    review.AddCoding("Second", {28}, script);
+    review.AddCoding("Third", {28}, script);
+    review.Run({"modA=Sub A()\nEnd Sub\n"});
+    EXPECT_THAT(ToldBehind(review, "count "), ElementsAre("0", "1", "2"));
+}
+
+TEST(ScriptReview, APropertyThatIsMissingIsLoggedForEachScriptThatAsks) {
+    const std::string script =
+        Script("Dim s\r\ns = Dorvik.GetObjectProperty(\"File\", \"Colour\")");
+    RulesInReview review;
+    review.AddCoding("First", {28}, script);
+    review.AddCoding("Second", {28}, script);
+    review.Run({"modA=Sub A()\nEnd Sub\n"});
+    EXPECT_EQ(ToldBehind(review, "'File.Colour' not found").size(), 2U);
+}
+
+TEST(ScriptReview, AScriptThatMakesUpNamesGetsTheAnswerToEachOfThem) {
+    RulesInReview review;
+    review.AddCoding(
+        "Asks",
+        {28},
+        Script("Dim i As Long, n As Long\r\nFor i = 1 To 500\r\n"
+               "If Dorvik.GetObjectProperty(\"Procedure\", Mid$(\"xName\" & i, 2, 4)) = \"A\" Then "
+               "n = "
+               "n + 1\r\nNext\r\nDorvik.DebugPrint \"right \" & n"));
+    review.Run({"modA=Sub A()\nEnd Sub\n"});
+    EXPECT_THAT(ToldBehind(review, "right "), ElementsAre("500"));
+}
+
 TEST(ScriptReview, AWorkfieldGoesWithItsObject) {
     RulesInReview review;
     review.AddCoding(
@@ -103,13 +171,7 @@ TEST(ScriptReview, AWorkfieldGoesWithItsObject) {
                "Dorvik.SetObjectWorkField \"Procedure\", \"Seen\", 1\r\n"
                "Dorvik.SetObjectWorkField \"File\", \"Seen\", 1"));
     review.Run({"modA=Sub A()\nEnd Sub\nSub B()\nEnd Sub\n", "modB=Sub C()\nEnd Sub\n"});
-    std::vector<std::string> told;
-    for (const std::string& line : review.Log()) {
-        if (const std::size_t at = line.find("had "); at != std::string::npos) {
-            told.push_back(line.substr(at));
-        }
-    }
-    EXPECT_THAT(told, ElementsAre("had FalseFalse", "had FalseTrue", "had FalseFalse"));
+    EXPECT_THAT(ToldBehind(review, "had "), ElementsAre("FalseFalse", "FalseTrue", "FalseFalse"));
 }
 
 TEST(ScriptReview, AtTheEndOfAnEnumATypeOrTheDeclarationsTheStartIsTold) {
