@@ -90,11 +90,11 @@ bool IsLeftRow(const Row& row) {
            row.ConstantAt(1).AsLong() > 0;
 }
 
-/// Nobody looks at the start itself but the cases, the last of which is `Case Else` or the end.
+/// Nobody looks at the start itself but the cases. Behind the last of them the code goes on elsewhere.
 bool IsLeftCasesRow(const Row& row) {
     constexpr std::size_t kFirst = 4;
     if (!IsLeftRow(row) || row.Size() <= kFirst || row.At(3).Code != Opcode::Move ||
-        row.At(3).B != row.At(2).A)
+        row.At(3).Flags != kSelectSubject || row.At(3).B != row.At(2).A)
         return false;
     std::size_t at = kFirst;
     while (row.IsCaseAt(at, row.At(3).A))

@@ -55,6 +55,9 @@ inline constexpr std::uint8_t kLeftIsVariant = 1;
 inline constexpr std::uint8_t kRightIsVariant = 2;
 inline constexpr int kOperatorShift = 2;
 
+/// A flag of Move: only the tests of one `Select Case` read the target, and nobody else the source.
+inline constexpr std::uint8_t kSelectSubject = 1;
+
 /// Told in the low bits of a reference: what the variable behind a ByRef Variant parameter is.
 enum class ReferenceTag : std::uint8_t { Variant = 0, Typed = 1, FixedString = 2 };
 

@@ -144,7 +144,12 @@ void ProcedureCompiler::On(const SelectStatement& node, SourcePlace place) {
         const bool isKept = IsPlain(subject.Type) || subject.Type.Kind == DeclaredKind::String;
         if (!isKept)
             held.Type = {};
-        MoveInto(subject, held.Slot, held.Type);
+        const bool isFreshText =
+            subject.IsFresh && subject.Type.Kind == DeclaredKind::String && !subject.Type.IsArray;
+        if (isFreshText)
+            m_code.Emit(Opcode::Move, held.Slot, SlotOf(subject), 0, kSelectSubject);
+        else
+            MoveInto(subject, held.Slot, held.Type);
         for (std::size_t i = 0; i < node.Clauses.size(); ++i) {
             if (node.Clauses[i].Tests.empty())
                 continue;

@@ -21,7 +21,7 @@ constexpr std::size_t kMaxCached = 400;
 constexpr int kBusyMilliseconds = 1000;
 
 /// The log is folded into the file whenever it has grown by so many pages.
-constexpr int kFoldPages = 1000;
+constexpr int kFoldPages = 4000;
 
 int NoteLogPages(void* logPages, sqlite3*, const char*, int pages) {
     *static_cast<int*>(logPages) = pages;
