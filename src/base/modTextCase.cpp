@@ -221,7 +221,7 @@ private:
 /// Searches ASCII for ASCII, by the byte of the sought text that is rarest in both of its forms.
 class AsciiSearch {
 public:
-    /// REQUIRES: sought is ASCII, not empty.
+    /// REQUIRES: sought is not empty.
     explicit AsciiSearch(std::string_view sought) : m_sought(sought) {
         for (std::size_t place = 1; place < sought.size(); ++place) {
             if (CommonnessOf(sought[place]) < CommonnessOf(sought[m_rarest])) {
@@ -232,14 +232,15 @@ public:
         m_upper = UpperOf(sought[m_rarest]);
     }
 
-    std::size_t FindIn(std::string_view text, std::size_t from) const {
-        if (from > text.size() || m_sought.size() > text.size() - from) {
+    /// REQUIRES: the sought text and this one are ASCII.
+    std::size_t FindIn(std::string_view text) const {
+        if (m_sought.size() > text.size()) {
             return kNone;
         }
         const std::size_t end = text.size() - (m_sought.size() - 1 - m_rarest);
         const std::string_view searched = text.substr(0, end);
-        std::size_t lower = searched.find(m_lower, from + m_rarest);
-        std::size_t upper = m_upper == m_lower ? kNone : searched.find(m_upper, from + m_rarest);
+        std::size_t lower = searched.find(m_lower, m_rarest);
+        std::size_t upper = m_upper == m_lower ? kNone : searched.find(m_upper, m_rarest);
         for (;;) {
             std::size_t& nearest = lower < upper ? lower : upper;
             if (nearest == kNone) {
@@ -312,7 +313,7 @@ Place FindFromAscii(std::string_view text, std::string_view sought, std::size_t 
             if (place.Start != kNone) {
                 return place;
             }
-        } else if (const std::size_t start = search.FindIn(piece, 0); start != kNone) {
+        } else if (const std::size_t start = search.FindIn(piece); start != kNone) {
             return {from + start, sought.size()};
         }
     }

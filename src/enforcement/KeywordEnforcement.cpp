@@ -6,11 +6,9 @@
 #include "rulebase/Rulebase.h"
 #include "rulebase/modRuleFacts.h"
 
-#include <algorithm>
-
 namespace dorvik {
 
-KeywordEnforcement::EventKeywords& KeywordEnforcement::KeywordsOf(ParserEvent event) {
+std::vector<KeywordEnforcement::KeywordTest>& KeywordEnforcement::KeywordsOf(ParserEvent event) {
     const auto number = static_cast<std::int32_t>(event);
     EventKeywords& keywords = m_keywords.at(static_cast<std::size_t>(number));
     if (!keywords.Prepared) {
@@ -23,53 +21,37 @@ KeywordEnforcement::EventKeywords& KeywordEnforcement::KeywordsOf(ParserEvent ev
                 test.RuleID = std::to_string(rule.RuleID());
                 test.Expression.SetPattern(rule.Condition());
                 test.Needs = test.Expression.Needs();
-                keywords.Pairs.push_back(test.Needs.Pairs);
             }
         }
     }
-    return keywords;
+    return keywords.Tests;
 }
 
 void KeywordEnforcement::EnforceUnauthorisedKeywords(const EventPlace& place) {
-    EventKeywords& keywords = KeywordsOf(place.Event);
-    if (keywords.Tests.empty()) {
+    std::vector<KeywordTest>& keywords = KeywordsOf(place.Event);
+    if (keywords.empty()) {
         return;
     }
     VB6ParserState& state = m_resultsManager.ParserState();
     const std::string_view statement = modText::TrimLeft(state.StrippedSourceStatement());
     const TextTraits traits(statement);
-    const std::vector<PairSet>& pairs = keywords.Pairs;
-    std::size_t applied = 0;
-    for (std::size_t index = 0; index < pairs.size(); ++index) {
-        if (!traits.Pairs.ContainsAll(pairs[index])) {
+    const KeywordTest* current = nullptr;
+    for (KeywordTest& keyword : keywords) {
+        if (m_ruleEngine.IsSwitchedOff(keyword.Rule->RuleID())) {
             continue;
         }
-        KeywordTest& keyword = keywords.Tests[index];
-        if (m_ruleEngine.IsSwitchedOff(keyword.Rule->RuleID()) ||
-            !keyword.Needs.MayMatch(statement, traits)) {
+        m_ruleEngine.IncrementRuleExecutionCount();
+        current = &keyword;
+        if (!keyword.Needs.MayMatch(statement, traits)) {
             continue;
         }
-        NoteApplied(std::span(keywords.Tests).subspan(applied, index + 1 - applied));
-        applied = index + 1;
+        state.SetCurrentRuleID(keyword.RuleID);
         if (IsMatch(keyword, statement, traits)) {
             Raise(*keyword.Rule, place);
         }
     }
-    NoteApplied(std::span(keywords.Tests).subspan(applied));
-}
-
-/// Counts the rules, and whatever is logged next names the last of them.
-void KeywordEnforcement::NoteApplied(std::span<const KeywordTest> keywords) {
-    const auto isOn = [this](const KeywordTest& keyword) {
-        return !m_ruleEngine.IsSwitchedOff(keyword.Rule->RuleID());
-    };
-    const bool areAllOn = m_ruleEngine.SwitchedOffRules().empty();
-    const auto last = std::find_if(keywords.rbegin(), keywords.rend(), isOn);
-    if (last != keywords.rend()) {
-        m_resultsManager.ParserState().SetCurrentRuleID(last->RuleID);
-        m_ruleEngine.AddToRuleExecutionCount(
-            areAllOn ? static_cast<std::int32_t>(keywords.size())
-                     : static_cast<std::int32_t>(std::ranges::count_if(keywords, isOn)));
+    if (current != nullptr) {
+        state.SetCurrentRuleID(current->RuleID);  // whatever is logged next names it
     }
 }
 

@@ -4,7 +4,6 @@
 #include "platform/RegularExpression.h"
 
 #include <array>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,12 +38,9 @@ private:
     struct EventKeywords {
         bool Prepared = false;
         std::vector<KeywordTest> Tests;
-        std::vector<PairSet>
-            Pairs;  // of each test: side by side, since most statements get no further
     };
 
-    EventKeywords& KeywordsOf(ParserEvent event);
-    void NoteApplied(std::span<const KeywordTest> keywords);
+    std::vector<KeywordTest>& KeywordsOf(ParserEvent event);
     bool IsMatch(KeywordTest& keyword, std::string_view statement, const TextTraits& traits);
     void Raise(const IRule& rule, const EventPlace& place);
 

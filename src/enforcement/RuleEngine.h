@@ -57,8 +57,7 @@ public:
     /// Whom scripts talk to; null between projects. REQUIRES: it outlives its time here.
     void SetResultsManager(ResultsManager* resultsManager) { m_resultsManager = resultsManager; }
 
-    void IncrementRuleExecutionCount() { AddToRuleExecutionCount(1); }
-    void AddToRuleExecutionCount(std::int32_t rules) { m_ruleExecutionCount += rules; }
+    void IncrementRuleExecutionCount() { ++m_ruleExecutionCount; }
     std::int32_t RuleExecutionCount() const { return m_ruleExecutionCount; }
     void SetRuleExecutionCount(std::int32_t count) { m_ruleExecutionCount = count; }
 

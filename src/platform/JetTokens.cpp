@@ -22,10 +22,6 @@ bool BeginsWord(char c) {
            static_cast<unsigned char>(c) >= 0x80;
 }
 
-bool MayGoOnAsFraction(const char* behind, const char* limit) {
-    return behind != limit && (*behind == '.' || *behind == 'e' || *behind == 'E');
-}
-
 /// Cuts one text. Lives for one call of `Tokenise`.
 class Cutter {
 public:
@@ -97,15 +93,10 @@ private:
         const char* const limit = m_text.data() + m_text.size();
         std::int64_t whole = 0;
         const auto asWhole = std::from_chars(begin, limit, whole);
-        bool isWhole = asWhole.ec == std::errc{} && !MayGoOnAsFraction(asWhole.ptr, limit);
         double fraction = 0;
-        const char* behind = asWhole.ptr;
-        if (!isWhole) {
-            const auto asFraction = std::from_chars(begin, limit, fraction);
-            isWhole = asWhole.ec == std::errc{} && asWhole.ptr == asFraction.ptr;
-            behind = asFraction.ptr;
-        }
-        const auto end = static_cast<std::size_t>(behind - m_text.data());
+        const auto asFraction = std::from_chars(begin, limit, fraction);
+        const bool isWhole = asWhole.ec == std::errc{} && asWhole.ptr == asFraction.ptr;
+        const auto end = static_cast<std::size_t>(asFraction.ptr - m_text.data());
         if (end < m_text.size() && BeginsWord(m_text[end])) {
             RaiseNotUnderstood(m_text, m_position);  // "12abc" is neither a number nor a name
         }

@@ -86,8 +86,8 @@ public:
     /// a malformed pattern and `kRegularExpressionTooComplex` for a search that was given up.
     bool Test(std::string_view text);
 
-    /// The same for a caller that tests many patterns on one text and has made the set of its bytes
-    /// once: a text without a byte that every match needs is turned down at once. Such a text never
+    /// The same for a caller that tests many patterns on one text and has looked up its traits once: a
+    /// text without what every match needs is turned down at once. Such a text never
     /// raises `kRegularExpressionTooComplex`. REQUIRES: traits == TextTraits(text).
     bool Test(std::string_view text, const TextTraits& traits);
 
