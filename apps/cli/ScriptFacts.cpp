@@ -3,6 +3,7 @@
 #include "base/modTextCase.h"
 #include "base/modUtf8.h"
 #include "cli/Console.h"
+#include "parser/ScopeName.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -13,14 +14,10 @@ namespace dorvik {
 
 namespace {
 
-constexpr std::string_view kWorkfieldPrefix = "WF.";
-constexpr std::string_view kSource = "Source";
-constexpr std::string_view kNamingConvention = "NamingConvention";
-
 /// The name as it is spelt of an object that is always there, has properties only and is no object
 /// in scope; else empty.
 std::string_view OfTheParser(std::string_view objectName) {
-    for (const std::string_view name : {kSource, kNamingConvention}) {
+    for (const std::string_view name : {scopename::kSource, scopename::kNamingConvention}) {
         if (modTextCase::Equal(objectName, name)) {
             return name;
         }
@@ -241,7 +238,7 @@ std::string ScriptFacts::MissingText(
     if (!isObjectKnown) {
         return "Unknown virtual object '" + std::string(objectName) + "' or object not in scope.";
     }
-    const bool isWorkfield = modTextCase::StartsWith(propertyName, kWorkfieldPrefix);
+    const bool isWorkfield = modTextCase::StartsWith(propertyName, scopename::kWorkfieldPrefix);
     return std::string("Virtual object ") + (isWorkfield ? "workfield" : "property") + " '" +
            std::string(objectName) + "." + std::string(propertyName) + "' not found.";
 }
@@ -250,17 +247,18 @@ bool ScriptFacts::GetObjectProperty(
     std::string_view objectName, std::string_view propertyName, basic::Value& value) {
     Object* object = Find(objectName);
     if (object != nullptr) {
-        const bool isWorkfield = modTextCase::StartsWith(propertyName, kWorkfieldPrefix) &&
-                                 OfTheParser(objectName).empty();
+        const bool isWorkfield =
+            modTextCase::StartsWith(propertyName, scopename::kWorkfieldPrefix) &&
+            OfTheParser(objectName).empty();
         const Values& values = isWorkfield ? object->Workfields : object->Properties;
         const std::string_view key =
-            isWorkfield ? propertyName.substr(kWorkfieldPrefix.size()) : propertyName;
+            isWorkfield ? propertyName.substr(scopename::kWorkfieldPrefix.size()) : propertyName;
         if (const auto found = values.find(modTextCase::ToLower(key)); found != values.end()) {
             value = found->second.DeepCopy();
             return !isWorkfield;
         }
     }
-    const bool isEmpty = modTextCase::Equal(objectName, kSource);
+    const bool isEmpty = modTextCase::Equal(objectName, scopename::kSource);
     value = isEmpty ? basic::Value() : basic::Value::Text(std::string_view());
     PrintLine("[log]", MissingText(objectName, propertyName, object != nullptr));
     return false;

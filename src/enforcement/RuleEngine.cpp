@@ -42,7 +42,7 @@ std::int32_t RuleOfMissingMain(std::string_view errorText) {
 /// Work fields and the tags of a naming convention change from script to script; all else is the parser's.
 bool StaysForEvent(std::string_view objectName, std::string_view propertyName) {
     return !modTextCase::Equal(objectName, scopename::kNamingConvention) &&
-           !modTextCase::StartsWith(propertyName, "WF.");
+           !modTextCase::StartsWith(propertyName, scopename::kWorkfieldPrefix);
 }
 
 bool IsScalar(const basic::Value& value) {

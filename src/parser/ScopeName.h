@@ -33,4 +33,7 @@ inline constexpr std::string_view kReference = "Reference";
 inline constexpr std::string_view kSource = "Source";
 inline constexpr std::string_view kNamingConvention = "NamingConvention";
 
+/// Before the name of a property: the work field of that name is meant.
+inline constexpr std::string_view kWorkfieldPrefix = "WF.";
+
 }  // namespace dorvik::scopename

@@ -17,7 +17,6 @@ namespace dorvik {
 namespace {
 
 constexpr std::string_view kModule = "C_VB6ParserState";
-constexpr std::string_view kWorkfieldPrefix = "WF.";
 
 /// In any case; scripts nearly always write a name as it is, which is told faster.
 bool IsNamed(std::string_view name, std::string_view wanted) {
@@ -61,8 +60,8 @@ std::string Concatenate(std::initializer_list<std::string_view> parts) {
 
 /// The value of an entry of the object's lists; null if it has none of that name.
 const Variant* FindEntryOf(VirtualObject& object, std::string_view propertyName) {
-    if (modTextCase::StartsWith(propertyName, kWorkfieldPrefix)) {
-        return object.Workfields().Find(propertyName.substr(kWorkfieldPrefix.size()));
+    if (modTextCase::StartsWith(propertyName, scopename::kWorkfieldPrefix)) {
+        return object.Workfields().Find(propertyName.substr(scopename::kWorkfieldPrefix.size()));
     }
     return object.Properties().Find(propertyName);
 }
@@ -211,7 +210,7 @@ Variant VB6ParserState::GetObjectProperty(
     if (const Variant* value = FindEntryOf(*object, propertyName)) {
         return *value;
     }
-    const bool isWorkfield = modTextCase::StartsWith(propertyName, kWorkfieldPrefix);
+    const bool isWorkfield = modTextCase::StartsWith(propertyName, scopename::kWorkfieldPrefix);
     std::int32_t count = 0;
     if (!isWorkfield && AnswersWithLineStatistics(objectName) &&
         object->LineStats().SourceLineStatByName(propertyName, count)) {

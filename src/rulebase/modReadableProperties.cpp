@@ -14,8 +14,6 @@ namespace {
 
 using namespace std::string_view_literals;
 
-constexpr std::string_view kWorkfieldPrefix = "WF.";
-
 struct ExtraRow {
     std::string_view Object;
     std::string_view Property;
@@ -112,7 +110,7 @@ bool IsProject(std::string_view objectName) {
 
 bool IsWorkfield(std::string_view objectName, std::string_view propertyName) {
     const ObjectRow* row = FindRoot(objectName);
-    return modTextCase::StartsWith(propertyName, kWorkfieldPrefix) &&
+    return modTextCase::StartsWith(propertyName, scopename::kWorkfieldPrefix) &&
            (row == nullptr || row->HasWorkfields);
 }
 
