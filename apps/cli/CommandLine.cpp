@@ -55,6 +55,11 @@ void AddCodePage(CLI::App& command, int& codePage) {
 
 // The texts fit a terminal of 80 columns: at most 49 characters behind the column of names.
 
+/// Left out of the help: it serves comparisons with results of older versions.
+void AddKeepKnownFaults(CLI::App& command, bool& keep) {
+    command.add_flag("--keep-known-faults", keep)->group("");
+}
+
 void AddReportStyle(CLI::App& command, std::string& style) {
     command.add_option("--report-style", style, "'modern' adds a page for the screen (classic)")
         ->type_name("NAME")
@@ -146,6 +151,7 @@ void AddReview(CLI::App& app, ReviewOptions& options, std::function<ExitCode()>&
         ->type_name("DIR")
         ->allow_extra_args(false);
     AddCodePage(review, options.CodePage);
+    AddKeepKnownFaults(review, options.KeepKnownFaults);
     review.add_flag("--progress", options.Progress, "Show progress also without a terminal");
     review.add_flag("--quiet", options.Quiet, "Print nothing but errors");
     review.callback([&] {
@@ -159,6 +165,7 @@ void AddEvents(CLI::App& app, EventsOptions& options, std::function<ExitCode()>&
     CLI::App& events = *app.add_subcommand("events", "Print what the parser sees, as JSON");
     events.add_option("PROJECT", options.Path, "The project file")->required()->type_name("");
     AddCodePage(events, options.CodePage);
+    AddKeepKnownFaults(events, options.KeepKnownFaults);
     events.callback([&] {
         chosen = [&options] {
             return RunEvents(options);

@@ -10,6 +10,7 @@ namespace dorvik {
 struct EventsOptions {
     std::string Path;
     int CodePage = modEncoding::kDefaultCodePage;
+    bool KeepKnownFaults = false;  // see `ReviewCriteria::KeepsKnownFaults`
 };
 
 /// Prints the event stream of a project, without rules and without results.

@@ -71,6 +71,7 @@ std::shared_ptr<ReviewCriteria> MakeCriteria(
     auto criteria = std::make_shared<ReviewCriteria>();
     criteria->SetReviewType(ReviewType_Batch);
     criteria->SetClearLogBeforeReview(options.ClearLog);
+    criteria->SetKeepsKnownFaults(options.KeepKnownFaults);
     criteria->SetUseProjectFolderResults(resultsFolder.empty());
     criteria->SetFixedFolderResults(resultsFolder);
     FillLoadCriteria(criteria->LoadCriteria(), options);

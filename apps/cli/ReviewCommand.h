@@ -26,6 +26,7 @@ struct ReviewOptions {
     int CodePage = modEncoding::kDefaultCodePage;
     bool RuleTimes = false;  // tell which scripts took the most time
     bool ClearLog = false;
+    bool KeepKnownFaults = false;  // see `ReviewCriteria::KeepsKnownFaults`
     bool Progress = false;
     bool Quiet = false;
 };

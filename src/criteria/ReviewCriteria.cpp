@@ -66,6 +66,11 @@ void ReviewCriteria::SetFixedFolderReports(std::string folder) {
     m_dirty = true;
 }
 
+void ReviewCriteria::SetKeepsKnownFaults(bool keeps) {
+    m_keepsKnownFaults = keeps;
+    m_dirty = true;
+}
+
 void ReviewCriteria::SetToleranceCount(std::int32_t index, std::int32_t limit) {
     m_tolerances.Count.SetItem(index, limit);
     m_dirty = true;

@@ -57,6 +57,11 @@ public:
     const std::string& FixedFolderReports() const { return m_fixedFolderReports; }
     void SetFixedFolderReports(std::string folder);
 
+    /// Faults of older versions are repeated, for results that must compare with theirs: a value with a "'"
+    /// loses its row, and what a complete file leaves in scope reaches the next one. False at first.
+    bool KeepsKnownFaults() const { return m_keepsKnownFaults; }
+    void SetKeepsKnownFaults(bool keeps);
+
     /// The own flag, that of `LoadCriteria` or that of `ProjectList`. A write sets all three.
     bool Dirty() const;
     void SetDirty(bool dirty);
@@ -106,6 +111,7 @@ private:
     bool m_clearLogBeforeReview = false;
     bool m_useProjectFolderReports;
     std::string m_fixedFolderReports;
+    bool m_keepsKnownFaults = false;
     bool m_dirty = false;
     ToleranceSettings m_tolerances;
     std::string m_batchTitle;

@@ -50,6 +50,15 @@ TEST(ReviewCriteria, SomeDefaultsComeFromTheWorkstationSettings) {
     EXPECT_FALSE(criteria.Dirty());
 }
 
+TEST(ReviewCriteria, KnownFaultsAreKeptOnlyWhereAsked) {
+    DVKWorkData settings;
+    ReviewCriteria criteria(settings);
+    EXPECT_FALSE(criteria.KeepsKnownFaults());
+    criteria.SetKeepsKnownFaults(true);
+    EXPECT_TRUE(criteria.KeepsKnownFaults());
+    EXPECT_TRUE(criteria.Dirty());
+}
+
 TEST(ReviewCriteria, DirtyIsReadFromThreePlacesAndWrittenToThem) {
     ReviewCriteria criteria{DVKWorkData()};
     criteria.LoadCriteria().SetUnauthorisedKeywords(true);
