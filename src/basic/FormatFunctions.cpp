@@ -99,7 +99,7 @@ Value Format(ScriptContext&, Arguments arguments) {
     const Value value = LetValue(ArgumentAt(arguments, 0));
     const TextArgument pattern(arguments, 1, "");
     if (pattern.View().size() > kLongestPattern) {
-        RaiseLimit(
+        RaiseError(
             runtimeerror::kInvalidProcedureCall,
             "the limit of " + std::to_string(kLongestPattern) + " bytes for a format was reached");
     }

@@ -54,13 +54,6 @@ bool TakesOneLong(const Procedure& procedure) {
            !procedure.Parameters[0].Type.IsArray;
 }
 
-bool NamesLimit(std::int32_t number, const std::string& text) {
-    const bool isLimitNumber = number == runtimeerror::kOutOfMemory ||
-                               number == runtimeerror::kOutOfStringSpace ||
-                               number == runtimeerror::kOutOfStackSpace;
-    return isLimitNumber && text.find("limit") != std::string::npos;
-}
-
 }  // namespace
 
 Machine::Machine(IScriptHost& host) : m_host(host) {
@@ -151,16 +144,20 @@ bool Machine::Guarded(std::size_t procedure, std::span<const Value> arguments) {
             m_alert = {{}, m_program->Name, line, stop.Number, stop.Text, stop.IsLimit};
             return stop.Number == 0;
         } catch (const BasicError& error) {
-            if (!Recover(error.Number(), error.what(), error.Source()))
+            if (!Recover(error.Number(), error.what(), error.Source())) {
+                m_alert.IsLimit = dynamic_cast<const LimitError*>(&error) != nullptr;
                 return false;
+            }
             if (const auto* raised = dynamic_cast<const RaisedError*>(&error)) {
                 m_error.HelpFile = raised->HelpFile;
                 m_error.HelpContext = raised->HelpContext;
             }
         } catch (const std::bad_alloc&) {
             const std::int32_t number = runtimeerror::kOutOfMemory;
-            if (!Recover(number, RuntimeErrorText(number), {}))
+            if (!Recover(number, RuntimeErrorText(number), {})) {
+                m_alert.IsLimit = true;
                 return false;
+            }
         } catch (const std::exception& error) {
             if (!Recover(runtimeerror::kInternalError, error.what(), {}))
                 return false;
@@ -286,7 +283,7 @@ bool Machine::Recover(std::int32_t number, const std::string& text, const std::s
         }
         Unwind();
     }
-    m_alert = {{}, m_error.Source, line, number, text, NamesLimit(number, text)};
+    m_alert = {{}, m_error.Source, line, number, text, false};
     return false;
 }
 

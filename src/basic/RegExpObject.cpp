@@ -86,7 +86,7 @@ Value RegExpObject::Invoke(int member, InvokeKind kind, std::span<const Value> a
 
 void RegExpObject::SetPattern(std::string_view pattern) {
     if (pattern.size() > kLongestPattern) {
-        RaiseLimit(
+        RaiseError(
             kRegularExpressionTooComplex,
             "the limit of " + std::to_string(kLongestPattern) + " bytes for a pattern was reached");
     }

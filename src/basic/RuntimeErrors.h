@@ -41,9 +41,18 @@ inline constexpr std::int32_t kElementNotFound = 32811;
 
 namespace dorvik::basic {
 
+/// The script has used up what the host gives it: memory, the length of a text, or calls within each other. The kind
+/// tells, and not the text, which a script can give to errors of its own.
+class LimitError final : public BasicError {
+public:
+    using BasicError::BasicError;
+};
+
 /// A `BasicError` of that number with its own text.
 [[noreturn]] void RaiseError(std::int32_t number);
-/// The same for a limit of the host, which the text names: "Out of memory (the limit of ...)".
+/// The same with the reason behind the text, in parentheses.
+[[noreturn]] void RaiseError(std::int32_t number, std::string_view reason);
+/// A `LimitError`; its text names the limit: "Out of memory (the limit of ...)".
 [[noreturn]] void RaiseLimit(std::int32_t number, std::string_view limit);
 
 }  // namespace dorvik::basic

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <new>
 
 namespace dorvik::basic {
 
@@ -164,6 +165,68 @@ TEST_F(ScriptEngineTest, StringAndMemoryLimitsAreErrors14And7) {
              "ReDim a(1000000)\nDebug.Print Err.Number\nEnd Sub"));
     EXPECT_TRUE(m_engine.RunSub("Main"));
     EXPECT_EQ(m_host.Printed, std::vector<std::string>{" 14  7 "});
+}
+
+TEST_F(ScriptEngineTest, AnErrorThatAScriptRaisesItselfIsNoLimitWhateverItsText) {
+    for (const char* body :
+         {"Err.Raise 7, , \"no limit set\"",
+          "Err.Raise 14, , \"the limit of 5 names was reached\"",
+          "Err.Raise 28, \"limit\", \"limit\"",
+          "Error 7",
+          "On Error GoTo Failed\nS\nExit Sub\nFailed:\nErr.Raise Err.Number, , Err.Description"}) {
+        m_host.Alerts.clear();
+        const std::string text =
+            std::string("Sub S\nS\nEnd Sub\nSub Main\n") + body + "\nEnd Sub";
+        ASSERT_TRUE(Load(text.c_str())) << m_engine.ErrorText();
+        EXPECT_FALSE(m_engine.RunSub("Main")) << body;
+        ASSERT_EQ(m_host.Alerts.size(), 1u) << body;
+        EXPECT_FALSE(m_host.Alerts[0].IsLimit) << body;
+    }
+}
+
+TEST_F(ScriptEngineTest, EveryLimitOfTheHostIsTold) {
+    ScriptLimits limits;
+    limits.StringBytes = 1000;
+    limits.MemoryBytes = 1u << 20;
+    m_engine.SetLimits(limits);
+    for (const char* body :
+         {"s = String(1001, \"x\")",
+          "ReDim a(1000000)",
+          "a: GoSub a",
+          "v = 1\nDo\nv = Array(v)\nLoop",
+          "Main"}) {
+        m_host.Alerts.clear();
+        ASSERT_TRUE(Load((std::string("Sub Main\n") + body + "\nEnd Sub").c_str()));
+        EXPECT_FALSE(m_engine.RunSub("Main")) << body;
+        ASSERT_EQ(m_host.Alerts.size(), 1u) << body;
+        EXPECT_TRUE(m_host.Alerts[0].IsLimit) << body;
+    }
+}
+
+TEST_F(ScriptEngineTest, ATooLongFormatIsAnErrorOfTheScript) {
+    ASSERT_TRUE(Load("Sub Main\ns = Format(1, String(100000, \"0\"))\nEnd Sub"));
+    EXPECT_FALSE(m_engine.RunSub("Main"));
+    ASSERT_EQ(m_host.Alerts.size(), 1u);
+    EXPECT_EQ(m_host.Alerts[0].Number, 5);
+    EXPECT_FALSE(m_host.Alerts[0].IsLimit);
+}
+
+TEST_F(ScriptEngineTest, AShortageOfMemoryIsALimit) {
+    class Hungry : public IScriptExtension {
+    public:
+        std::span<const ExtensionMember> Members() const override { return m_members; }
+        void Call(std::size_t, std::span<Value>) override { throw std::bad_alloc(); }
+
+    private:
+        std::vector<ExtensionMember> m_members{{"Eat", 0, 0}};
+    } extension;
+    ASSERT_TRUE(m_engine.AddExtension("Dorvik.", extension));
+    ASSERT_TRUE(Load("Sub Main\nDorvik.Eat\nEnd Sub"));
+    EXPECT_FALSE(m_engine.RunSub("Main"));
+    ASSERT_EQ(m_host.Alerts.size(), 1u);
+    EXPECT_EQ(m_host.Alerts[0].Number, 7);
+    EXPECT_EQ(m_host.Alerts[0].Description, "Out of memory");
+    EXPECT_TRUE(m_host.Alerts[0].IsLimit);
 }
 
 TEST_F(ScriptEngineTest, ExtensionsNeedAPrefixWithAPointAndComeBeforeTheModule) {

@@ -161,6 +161,16 @@ TEST_F(RuleEngineTest, APatternThatIsGivenUpThreeTimesSwitchesItsRuleOff) {
     EXPECT_EQ(engine.SwitchedOffRules()[0].What, "pattern");
 }
 
+TEST_F(RuleEngineTest, AnErrorThatSpeaksOfALimitDoesNotSwitchItsRuleOff) {
+    RuleEngine engine;
+    ASSERT_TRUE(Load(engine, {"Sub Main\r\nErr.Raise 7, , \"no limit set\"\r\nEnd Sub\r\n"}));
+    for (int run = 0; run <= RuleEngine::kStopsUntilSwitchedOff; ++run) {
+        engine.ExecuteRuleCondition(5000);
+    }
+    EXPECT_FALSE(engine.IsSwitchedOff(5000));
+    EXPECT_THAT(engine.SwitchedOffRules(), IsEmpty());
+}
+
 TEST_F(RuleEngineTest, AFourthStopTellsNothingNew) {
     RuleEngine engine;
     UnauthorisedKeyword keyword;
