@@ -60,20 +60,14 @@ void ProcedureCompiler::ReferenceTo(
     Register target,
     std::vector<AfterCall>& after) {
     if (info.IsVariable) {
-        if (info.Variable.IsNew)
+        if (info.Variable.IsNew && !info.Type.IsArray)
             EnsureNew(info.Variable, m_code.TemporaryGeneric());
         ReferenceToVariable(info.Variable, target);
         return;
     }
     if (const auto* index = std::get_if<IndexNode>(&expression.Node)) {
         const Register pin = m_code.TemporaryGeneric();
-        m_code.Emit(Opcode::Move, pin, SlotOf(Evaluate(*index->Target)));
-        const std::size_t count = index->Arguments.size();
-        const Register first = m_code.PushArguments(count);
-        for (std::size_t i = 0; i < count; ++i)
-            EvaluateShared(&index->Arguments[i], static_cast<Register>(first + i));
-        m_code.Emit(Opcode::ReferenceElement, target, pin, first, static_cast<std::uint8_t>(count));
-        m_code.PopArguments(count);
+        ReferenceToElement(Evaluate(*index->Target), index->Arguments, pin, target);
         AfterCall unpin;
         unpin.Slot = pin;
         after.push_back(unpin);
@@ -88,6 +82,20 @@ void ProcedureCompiler::ReferenceTo(
         SlotOf(record),
         static_cast<Register>(number),
         TagOf(info.Type));
+}
+
+/// The slot `pin` keeps the array until it is cleared.
+void ProcedureCompiler::ReferenceToElement(
+    const Operand& array, const std::vector<Argument>& indices, Register pin, Register target) {
+    m_code.Emit(Opcode::Move, pin, SlotOf(array));
+    const std::size_t count = indices.size();
+    const Register first = m_code.PushArguments(count);
+    for (std::size_t i = 0; i < count; ++i)
+        EvaluateShared(&indices[i], static_cast<Register>(first + i));
+    m_code.Emit(Opcode::ReferenceElement, target, pin, first, static_cast<std::uint8_t>(count));
+    m_code.PopArguments(count);
+    if (array.MakesObjects)
+        m_code.Emit(Opcode::EnsureObject, target, static_cast<Register>(array.Type.Class));
 }
 
 /// The value as it is, sharing whatever the variable holds: for those who only look at it.
@@ -140,7 +148,7 @@ void ProcedureCompiler::PassArgument(
         PassDefault(parameter, slot);
         return;
     }
-    const Expression& expression = *argument->Value;
+    const Expression& expression = WithoutEmptyParentheses(*argument->Value);
     if (parameter.IsByVal) {
         PassByValue(parameter.Type, expression, slot);
         return;
@@ -267,7 +275,7 @@ void ProcedureCompiler::PassNewValue(
         m_code.Emit(Opcode::MakeReference, slot, target, 0, TagOf(parameter.Type));
 }
 
-/// The arguments of a ParamArray. They go in as copies, and back to the variables that they came from.
+/// The arguments of a ParamArray. Values go in as copies, and back to the variables that they came from.
 void ProcedureCompiler::PassRest(
     const std::vector<Argument>& arguments,
     std::size_t firstOfRest,
@@ -281,7 +289,12 @@ void ProcedureCompiler::PassRest(
         const auto target = static_cast<Register>(first + i);
         const bool isTemporary = !argument.Value || argument.IsByVal ||
                                  std::holds_alternative<ParenthesisNode>(argument.Value->Node);
-        const PlaceInfo info = isTemporary ? PlaceInfo{} : PlaceOf(*argument.Value);
+        if (isTemporary) {
+            EvaluateArgument(argument, target);
+            continue;
+        }
+        const Expression& expression = WithoutEmptyParentheses(*argument.Value);
+        const PlaceInfo info = PlaceOf(expression);
         if (!info.IsPlace || info.Type.Kind == DeclaredKind::Record) {
             EvaluateArgument(argument, target);
             continue;
@@ -291,10 +304,9 @@ void ProcedureCompiler::PassRest(
         copyBack.Reference = m_code.TemporaryGeneric();
         copyBack.Slot = array;
         copyBack.Element = static_cast<std::uint16_t>(i);
-        ReferenceTo(*argument.Value, info, copyBack.Reference, after);
-        const Register present = m_code.TemporaryGeneric();
-        m_code.Emit(Opcode::LoadReference, present, copyBack.Reference);
-        m_code.Emit(Opcode::DeepCopy, target, present);
+        ReferenceTo(expression, info, copyBack.Reference, after);
+        // An array goes in itself: its elements are the caller's.
+        m_code.Emit(Opcode::LoadReference, target, copyBack.Reference);
         if (i <= UINT16_MAX && !info.Type.IsArray)
             after.insert(after.begin(), copyBack);
     }

@@ -22,6 +22,7 @@ void ProcedureCompiler::DeclareRedimensioned(const RedimTarget& target) {
     VariableShape shape;
     shape.Type = m_scope.ResolveType(target.Type, name->Suffix, name->Name);
     shape.Type.IsArray = true;
+    shape.IsNew = target.Type.IsNew;
     LocalSymbol symbol;
     symbol.Place = target.Target->Place;
     symbol.Variable = NewLocal(shape);
@@ -74,8 +75,9 @@ void ProcedureCompiler::Redimension(const RedimTarget& target, bool preserve, So
 }
 
 void ProcedureCompiler::On(const EraseStatement& node, SourcePlace place) {
-    for (const ExpressionPointer& target : node.Targets) {
-        const PlaceInfo info = PlaceOf(*target);
+    for (const ExpressionPointer& written : node.Targets) {
+        const Expression& target = WithoutEmptyParentheses(*written);
+        const PlaceInfo info = PlaceOf(target);
         const bool isVariant = info.Type.Kind == DeclaredKind::Variant && !info.Type.IsArray;
         if (!info.IsPlace || (!info.Type.IsArray && !isVariant)) {
             Error(compileerror::kOther, place, "Erase needs an array");
@@ -83,7 +85,7 @@ void ProcedureCompiler::On(const EraseStatement& node, SourcePlace place) {
         }
         std::vector<AfterCall> after;
         const Register reference = m_code.TemporaryGeneric();
-        ReferenceTo(*target, info, reference, after);
+        ReferenceTo(target, info, reference, after);
         m_code.Emit(Opcode::EraseArray, reference);
         FinishArguments(after);
     }

@@ -24,7 +24,10 @@ void ProcedureCompiler::On(const AssignStatement& node, SourcePlace place) {
 }
 
 void ProcedureCompiler::Assign(
-    const Expression& target, const Expression& value, bool isSet, SourcePlace place) {
+    const Expression& written, const Expression& value, bool isSet, SourcePlace place) {
+    const Expression& whole = WithoutEmptyParentheses(written);
+    const bool isWhole = &whole != &written && PlaceOf(whole).Type.IsArray;
+    const Expression& target = isWhole ? whole : written;
     if (const auto* name = std::get_if<NameNode>(&target.Node)) {
         const NameMeaning meaning = VariableOrImplicit(*name, target.Place);
         if (meaning.What == NameMeaning::Kind::Variable) {
@@ -53,7 +56,7 @@ void ProcedureCompiler::AssignVariable(
     if (IsObject(type)) {
         // Without Set the value goes to the default member of the object that the variable holds.
         const Operand operand = Converted(Evaluate(value), {}, false);
-        InvokeMember(Load(variable), {}, InvokeKind::Let, {}, &operand, false);
+        LetDefaultMember(Load(variable), operand);
         return;
     }
     if (variable.Where == Storage::Local)
@@ -64,6 +67,11 @@ void ProcedureCompiler::AssignVariable(
         EvaluateInto(value, static_cast<Register>(variable.Index), type);
     else
         StoreVariable(variable, Evaluate(value), false);
+}
+
+/// What is assigned without `Set` to a variable, an element or a member that holds an object: a value already.
+void ProcedureCompiler::LetDefaultMember(const Operand& object, const Operand& value) {
+    InvokeMember(object, {}, InvokeKind::Let, {}, &value, false);
 }
 
 /// The array that a For Each walks stays in its variable.
@@ -302,7 +310,32 @@ void ProcedureCompiler::StoreElement(
         StoreArrayElement(Load(meaning.Variable), node.Arguments, value, isSet, place);
         return;
     }
-    StoreArrayElement(Evaluate(*node.Target), node.Arguments, value, isSet, place);
+    StoreArrayElement(HolderOf(*node.Target), node.Arguments, value, isSet, place);
+}
+
+/// The array or object in whose element something is stored. What an object or a function gives is not a variable:
+/// of an array that comes from there a copy is changed, and nobody sees that.
+Operand ProcedureCompiler::HolderOf(const Expression& expression) {
+    const auto* index = std::get_if<IndexNode>(&expression.Node);
+    if (!PlaceOf(expression).IsPlace) {
+        Operand given = Evaluate(expression);
+        const bool mayBeArray =
+            given.Type.IsArray ||
+            (given.Type.Kind == DeclaredKind::Variant && given.Constant == nullptr);
+        if (!mayBeArray)
+            return given;
+        Operand copy = given;
+        copy.Slot = m_code.TemporaryGeneric();
+        m_code.Emit(Opcode::DeepCopy, copy.Slot, given.Slot, 0, 1);
+        return copy;
+    }
+    if (index == nullptr)
+        return Evaluate(expression);
+    const Operand outer = HolderOf(*index->Target);
+    const Operand element = ElementOf(outer, index->Arguments, expression.Place);
+    if (!outer.Type.IsArray && element.Constant == nullptr)
+        m_code.Emit(Opcode::CopyGiven, element.Slot, outer.Slot);
+    return element;
 }
 
 /// Stores to an element of an array, or to the default member of an object.
@@ -328,6 +361,11 @@ void ProcedureCompiler::StoreArrayElement(
     }
     if (arguments.empty()) {
         Error(compileerror::kOther, place, "An index is expected");
+        return;
+    }
+    if (IsObject(type) && !isSet) {
+        const Operand let = Converted(value, {}, false);
+        LetDefaultMember(ElementOf(array, arguments, place), let);
         return;
     }
     const Operand converted = Converted(value, type, isSet);
@@ -402,6 +440,11 @@ void ProcedureCompiler::StoreRecordMember(
         m_code.Emit(
             Opcode::ReferenceMember, reference, SlotOf(record), static_cast<Register>(number), 1);
         StoreReference(reference, value, type, false);
+        return;
+    }
+    if (IsObject(type) && !isSet) {
+        const Operand let = Converted(value, {}, false);
+        LetDefaultMember(RecordMemberOf(record, node.Name, m_place), let);
         return;
     }
     if (IsRecord(type)) {

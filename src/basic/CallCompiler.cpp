@@ -114,6 +114,8 @@ Operand ProcedureCompiler::ArrayElement(
             "The indices of an array have no names and none is left out");
         return Nothing();
     }
+    if (target.MakesObjects)
+        return CreatedElement(target, arguments);
     const bool isPlain = IsPlain(result.Type);
     if (arguments.size() == 1) {
         const Operand held = MayRunCode(*arguments[0].Value) ? Stable(target) : target;
@@ -129,6 +131,22 @@ Operand ProcedureCompiler::ArrayElement(
         result.Slot = m_code.TemporaryPlain();
         m_code.Emit(Opcode::MovePlain, result.Slot, element.Slot);
     }
+    return result;
+}
+
+/// An element of an array declared with `As New`.
+Operand ProcedureCompiler::CreatedElement(
+    const Operand& array, const std::vector<Argument>& arguments) {
+    Operand result;
+    result.Type = array.Type;
+    result.Type.IsArray = false;
+    result.IsTyped = true;
+    result.Slot = m_code.TemporaryGeneric();
+    const Register pin = m_code.TemporaryGeneric();
+    const Register reference = m_code.TemporaryGeneric();
+    ReferenceToElement(array, arguments, pin, reference);
+    m_code.Emit(Opcode::LoadReference, result.Slot, reference);
+    m_code.Emit(Opcode::Clear, pin);
     return result;
 }
 

@@ -37,8 +37,6 @@ VariableNode DeclarationParser::ParseVariable() {
             variable.Bounds = ParseBounds();
     }
     variable.Type = ParseTypeClause(name.Suffix);
-    if (variable.Type.IsNew && variable.IsArray)
-        m_cursor.FailText(variable.Type.Place, "An array cannot be declared with 'New'");
     return variable;
 }
 

@@ -105,15 +105,16 @@ bool ProcedureCompiler::PassOut(
     std::vector<AfterCall>& pins) {
     if (!argument.Value || argument.IsByVal)
         return false;
+    const Expression& expression = WithoutEmptyParentheses(*argument.Value);
     OutArgument out;
-    out.Place = PlaceOf(*argument.Value);
+    out.Place = PlaceOf(expression);
     if (!out.Place.IsPlace)
         return false;
     out.Slot = slot;
     if (out.Place.Type.Kind == DeclaredKind::Record || out.Place.Type.IsArray) {
         Error(
             compileerror::kOther,
-            argument.Value->Place,
+            expression.Place,
             "An array or a value of a Type cannot be an out argument");
         return false;
     }
@@ -121,7 +122,7 @@ bool ProcedureCompiler::PassOut(
         MoveCopy(Load(out.Place.Variable), slot);
     } else {
         out.Reference = m_code.TemporaryGeneric();
-        ReferenceTo(*argument.Value, out.Place, out.Reference, pins);
+        ReferenceTo(expression, out.Place, out.Reference, pins);
         const Register present = m_code.TemporaryGeneric();
         m_code.Emit(Opcode::LoadReference, present, out.Reference);
         m_code.Emit(Opcode::DeepCopy, slot, present);

@@ -27,8 +27,12 @@ void LoopState::Leave() {
 }
 
 bool LoopState::Next(Value& element) {
-    if (!m_array)
-        return m_iterator->Next(element);
+    if (!m_array) {
+        const bool isMore = m_iterator->Next(element);
+        if (element.Type() == ValueType::Array && element.AsArray()->IsShared())
+            element = element.DeepCopy();
+        return isMore;
+    }
     if (!m_isLocked)
         m_array->Lock();
     m_isLocked = true;

@@ -143,6 +143,7 @@ private:
     void RefuseStatement(Instruction in, Value* base);
     void ReferenceElement(Instruction in, Value* base);
     void ReferenceMember(Instruction in, Value* base);
+    void CopyGiven(Instruction in, Value* base);
     void DimensionArray(Instruction in, Value* base);
     void EraseArray(Instruction in, Value* base);
     void AssignArray(Instruction in, Value* base);
@@ -180,7 +181,7 @@ private:
     Value InitialElement(const DeclaredType& type);
     Value InitialRecord(std::int32_t type);
     Value ElementFrom(const Value& array, std::span<const Value> indices);
-    void StoreElement(ArrayBody& array, std::size_t place, const Value& value);
+    void StoreElement(ArrayBody& array, std::size_t place, const Value& value, bool isSet);
     std::size_t OffsetOf(const ArrayBody& array, std::span<const Value> indices);
     void StoreThrough(Value& reference, const Value& value);
     void PushGoSub(const Instruction* returnTo);

@@ -19,6 +19,15 @@ ReferenceTag TagOfElement(const DeclaredType& type) {
                                                     : ReferenceTag::Typed;
 }
 
+/// REQUIRES: an object or Nothing.
+ScriptObject& ObjectWithDefault(const Value& value) {
+    if (value.AsObject() == nullptr)
+        RaiseError(runtimeerror::kObjectNotSet);
+    if (!value.AsObject()->HasDefaultMember())
+        RaiseError(runtimeerror::kNoSuchMember);
+    return *value.AsObject();
+}
+
 void CheckFree(const ArrayBody& array) {
     if (array.IsLocked())
         RaiseError(runtimeerror::kArrayFixedOrLocked);
@@ -49,10 +58,13 @@ Value Machine::ElementFrom(const Value& array, std::span<const Value> indices) {
     return body.Elements()[OffsetOf(body, indices)];
 }
 
-void Machine::StoreElement(ArrayBody& array, std::size_t place, const Value& value) {
+void Machine::StoreElement(ArrayBody& array, std::size_t place, const Value& value, bool isSet) {
     Value& element = array.Elements()[place];
     const DeclaredType& type = array.Element();
-    if (type.Kind == DeclaredKind::Variant) {
+    if (type.Kind == DeclaredKind::Object && !isSet) {
+        const Value object = element;
+        ObjectWithDefault(object).Invoke(kDefaultMember, InvokeKind::Let, {&value, 1});
+    } else if (type.Kind == DeclaredKind::Variant) {
         if (element.Type() == ValueType::Array)
             CheckFree(*element.AsArray());
         element = value;
@@ -76,28 +88,20 @@ void Machine::SlowIndexGet(Instruction in, Value* base) {
     }
     if (target.Type() != ValueType::Object)
         RaiseError(runtimeerror::kTypeMismatch);
-    if (target.AsObject() == nullptr)
-        RaiseError(runtimeerror::kObjectNotSet);
-    if (!target.AsObject()->HasDefaultMember())
-        RaiseError(runtimeerror::kNoSuchMember);
-    base[in.A] = target.AsObject()->Invoke(kDefaultMember, InvokeKind::Get, index);
+    base[in.A] = ObjectWithDefault(target).Invoke(kDefaultMember, InvokeKind::Get, index);
 }
 
 void Machine::SlowIndexSet(Instruction in, Value* base) {
     const Value target = base[in.A];
     if (target.Type() == ValueType::Array) {
         const std::size_t place = OffsetOf(*target.AsArray(), {&base[in.B], 1});
-        StoreElement(*target.AsArray(), place, base[in.C]);
+        StoreElement(*target.AsArray(), place, base[in.C], in.Flags != 0);
         return;
     }
     if (target.Type() != ValueType::Object)
         RaiseError(runtimeerror::kTypeMismatch);
-    if (target.AsObject() == nullptr)
-        RaiseError(runtimeerror::kObjectNotSet);
-    if (!target.AsObject()->HasDefaultMember())
-        RaiseError(runtimeerror::kNoSuchMember);
     const Value arguments[] = {base[in.B], base[in.C]};
-    target.AsObject()->Invoke(
+    ObjectWithDefault(target).Invoke(
         kDefaultMember, in.Flags != 0 ? InvokeKind::Set : InvokeKind::Let, arguments);
 }
 
@@ -112,12 +116,13 @@ void Machine::ReferenceElement(Instruction in, Value* base) {
         holder = Value::Object(MakeRef<ArrayPin>(std::move(array)));
         base[in.A] = TaggedReference(&element, tag);
     } else if (holder.Type() == ValueType::Object) {
-        // What an object gives is no variable: a temporary takes its place.
-        if (holder.AsObject() == nullptr)
-            RaiseError(runtimeerror::kObjectNotSet);
-        if (!holder.AsObject()->HasDefaultMember())
-            RaiseError(runtimeerror::kNoSuchMember);
-        holder = holder.AsObject()->Invoke(kDefaultMember, InvokeKind::Get, indices);
+        // What an object gives is no variable: a temporary takes its place, with a copy of an array.
+        const Value object = holder;
+        Value given = ObjectWithDefault(object).Invoke(kDefaultMember, InvokeKind::Get, indices);
+        const bool isKept = given.Type() == ValueType::Array && given.AsArray()->IsShared();
+        if (isKept)
+            Spend(given.AsArray()->Elements().size() / 4);
+        holder = isKept ? given.DeepCopy() : std::move(given);
         base[in.A] = TaggedReference(&holder, ReferenceTag::Variant);
     } else {
         RaiseError(runtimeerror::kTypeMismatch);

@@ -111,7 +111,11 @@ void Machine::Invoke(Instruction in, Value* base) {
         if (site.Kind == InvokeKind::Get || site.Kind == InvokeKind::Call)
             result = ElementFrom(*first, given);
         else
-            StoreElement(array, OffsetOf(array, given.first(given.size() - 1)), given.back());
+            StoreElement(
+                array,
+                OffsetOf(array, given.first(given.size() - 1)),
+                given.back(),
+                site.Kind == InvokeKind::Set);
     } else {
         if (site.Name.empty() && first->Type() != ValueType::Object)
             RaiseError(runtimeerror::kTypeMismatch);

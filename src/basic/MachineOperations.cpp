@@ -28,6 +28,7 @@ const std::array<Machine::Operation, 256>& Machine::Operations() {
         {Opcode::Refuse, &Machine::RefuseStatement},
         {Opcode::ReferenceElement, &Machine::ReferenceElement},
         {Opcode::ReferenceMember, &Machine::ReferenceMember},
+        {Opcode::CopyGiven, &Machine::CopyGiven},
         {Opcode::MakeVariable, &Machine::MakeVariable},
         {Opcode::DimensionArray, &Machine::DimensionArray},
         {Opcode::EraseArray, &Machine::EraseArray},

@@ -133,6 +133,14 @@ void Machine::DeepCopy(Instruction in, Value* base) {
     base[in.A] = Kept(base[in.B], in.Flags != 0);
 }
 
+void Machine::CopyGiven(Instruction in, Value* base) {
+    Value& element = base[in.A];
+    if (base[in.B].Type() != ValueType::Object || element.Type() != ValueType::Array)
+        return;
+    Spend(CostOf(element));
+    element = Kept(element, true);
+}
+
 void Machine::MakeVariable(Instruction in, Value* base) {
     base[in.A] = InitialOf(m_program->Shapes[static_cast<std::size_t>(in.Wide())]);
 }

@@ -156,6 +156,19 @@ PlaceInfo ProcedureCompiler::PlaceOfMember(const MemberNode& node) {
     return info;
 }
 
+/// `a()` of a whole array stands for the array itself.
+const Expression& ProcedureCompiler::WithoutEmptyParentheses(const Expression& expression) {
+    const auto* index = std::get_if<IndexNode>(&expression.Node);
+    if (index == nullptr || !index->Arguments.empty())
+        return expression;
+    if (const auto* name = std::get_if<NameNode>(&index->Target->Node))
+        if (ResolveCallee(name->Name, name->Suffix).What != NameMeaning::Kind::Variable)
+            return expression;
+    const PlaceInfo info = PlaceOf(*index->Target);
+    const bool mayBeArray = info.Type.IsArray || info.Type.Kind == DeclaredKind::Variant;
+    return info.IsPlace && mayBeArray ? *index->Target : expression;
+}
+
 /// Tells what an expression stands for if something can be stored there, without writing code.
 PlaceInfo ProcedureCompiler::PlaceOf(const Expression& expression) {
     PlaceInfo info;

@@ -212,7 +212,7 @@ DeclaredType ModuleScope::ResolveType(const TypeName& type, char suffix, std::st
 VariableShape ModuleScope::ShapeOf(const VariableNode& variable, std::int32_t optionBase) {
     VariableShape shape;
     shape.Type = ResolveType(variable.Type, variable.Suffix, variable.Name);
-    shape.IsNew = variable.Type.IsNew && !variable.IsArray;
+    shape.IsNew = variable.Type.IsNew;
     shape.Type.IsArray = variable.IsArray;
     shape.IsFixedArray = variable.IsArray && !variable.Bounds.empty();
     for (const BoundsNode& node : variable.Bounds) {

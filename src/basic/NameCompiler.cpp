@@ -209,7 +209,8 @@ Operand ProcedureCompiler::Load(const Variable& variable) {
     Operand operand;
     operand.Type = variable.Type;
     operand.IsTyped = variable.Type.Kind != DeclaredKind::Variant || variable.Type.IsArray;
-    if (variable.IsNew)
+    operand.MakesObjects = variable.IsNew && variable.Type.IsArray;
+    if (variable.IsNew && !variable.Type.IsArray)
         EnsureNew(variable, m_code.TemporaryGeneric());
     const bool isPlain = IsPlain(variable.Type);
     switch (variable.Where) {

@@ -19,6 +19,7 @@ struct Operand {
     bool IsTyped = false;   // counts as typed for the operators, whatever is known of the slot
     bool IsScalar = false;  // neither an object nor an array, though the type is not known
     bool IsFresh = false;   // no variable shares the value, so it may be kept without a copy
+    bool MakesObjects = false;  // an array whose elements are created at their first use
     const Value* Constant = nullptr;
 };
 
@@ -210,6 +211,12 @@ private:
     ElementOf(const Operand& target, const std::vector<Argument>& arguments, SourcePlace place);
     Operand
     ArrayElement(const Operand& target, const std::vector<Argument>& arguments, SourcePlace place);
+    Operand CreatedElement(const Operand& array, const std::vector<Argument>& arguments);
+    void ReferenceToElement(
+        const Operand& array,
+        const std::vector<Argument>& indices,
+        Register pin,
+        Register target);
     Operand CallProcedure(
         std::size_t index,
         const std::vector<Argument>& arguments,
@@ -306,6 +313,7 @@ private:
     // Assignments
     PlaceInfo PlaceOf(const Expression& expression);
     PlaceInfo PlaceOfMember(const MemberNode& node);
+    const Expression& WithoutEmptyParentheses(const Expression& expression);
     void ReferenceTo(
         const Expression& expression,
         const PlaceInfo& info,
@@ -313,7 +321,7 @@ private:
         std::vector<AfterCall>& after);
     void ReferenceToVariable(const Variable& variable, Register target);
     void On(const AssignStatement& node, SourcePlace place);
-    void Assign(const Expression& target, const Expression& value, bool isSet, SourcePlace place);
+    void Assign(const Expression& written, const Expression& value, bool isSet, SourcePlace place);
     void AssignVariable(
         const Variable& variable, const Expression& target, const Expression& value, bool isSet);
     void CheckSet(const DeclaredType& type, bool isSet);
@@ -341,6 +349,8 @@ private:
         const Operand& value,
         bool isSet,
         SourcePlace place);
+    Operand HolderOf(const Expression& expression);
+    void LetDefaultMember(const Operand& object, const Operand& value);
     void StoreArrayElement(
         const Operand& array,
         const std::vector<Argument>& arguments,

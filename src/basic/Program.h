@@ -17,7 +17,7 @@ namespace dorvik::basic {
 struct VariableShape {
     DeclaredType Type;
     bool IsFixedArray = false;
-    bool IsNew = false;
+    bool IsNew = false;  // the object, or each element of an array, is created at its first use
     std::vector<Bounds> Dimensions;
 };
 

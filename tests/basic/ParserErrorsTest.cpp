@@ -354,7 +354,6 @@ TEST(ParserErrors, OtherDeclarations) {
     ExpectModuleErrors({
         {"Dim a As", "1:9 1010 Expected identifier"},
         {"Dim a As Long * 5", "1:15 1025 Expected end of statement"},
-        {"Dim a() As New C", "1:16 1002 An array cannot be declared with 'New'"},
         {"Dim a% As Long", "1:8 1002 A name with a type suffix takes no 'As'"},
         {"Declare Foo Lib \"x\"", "1:9 1016 Expected 'Sub'"},
         {"Declare Sub Foo", "1:16 1002 Expected 'Lib'"},
