@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -16,6 +17,9 @@ namespace dorvik::basic {
 
 struct Expression;
 using ExpressionPointer = std::unique_ptr<Expression>;
+
+/// In front of a name of the language itself, `VBA.Left` or `VBA.Strings.Left`: no name of the script hides it.
+inline constexpr std::string_view kLanguagePrefix = "VBA.";
 
 /// One argument of a call or one index. No value: left out (`Foo a, , c`).
 struct Argument {
@@ -28,7 +32,7 @@ struct LiteralNode {
     Value Constant;  // numbers, strings, dates, True, False, Null, Empty, Nothing
 };
 struct NameNode {
-    std::string Name;
+    std::string Name;  // may begin with `kLanguagePrefix`
     char Suffix = 0;
 };
 /// `target.Name`, or `.Name` in a With when there is no target.

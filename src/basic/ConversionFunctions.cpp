@@ -16,7 +16,17 @@ Value Converted(ScriptContext&, Arguments arguments) {
     return CoerceTo(ArgumentAt(arguments, 0), kKind);
 }
 
-/// Unlike an assignment, this takes an Error too.
+/// Unlike an assignment, the conversion to a number takes an Error too: that has a number.
+Value NumberIn(const Value& value) {
+    const bool isError = value.Type() == ValueType::Error && !value.IsMissing();
+    return isError ? Value::Long(value.AsLong()) : value;
+}
+
+template <DeclaredKind kKind>
+Value Number(ScriptContext&, Arguments arguments) {
+    return CoerceTo(NumberIn(ArgumentAt(arguments, 0)), kKind);
+}
+
 Value CStr(ScriptContext&, Arguments arguments) {
     const Value& value = ArgumentAt(arguments, 0);
     if (value.Type() == ValueType::Error && !value.IsMissing()) {
@@ -30,7 +40,7 @@ Value CVar(ScriptContext&, Arguments arguments) {
 }
 
 Value CDec(ScriptContext&, Arguments arguments) {
-    return Value::Decimal(ToDecimal(ArgumentAt(arguments, 0)));
+    return Value::Decimal(ToDecimal(NumberIn(ArgumentAt(arguments, 0))));
 }
 
 Value CVErr(ScriptContext&, Arguments arguments) {
@@ -131,14 +141,14 @@ constexpr auto kString = DeclaredKind::String;
 
 constexpr BuiltinFunction kRows[] = {
     {"CBool", "Expression", DeclaredKind::Boolean, Converted<DeclaredKind::Boolean>},
-    {"CByte", "Expression", DeclaredKind::Byte, Converted<DeclaredKind::Byte>},
-    {"CCur", "Expression", DeclaredKind::Currency, Converted<DeclaredKind::Currency>},
+    {"CByte", "Expression", DeclaredKind::Byte, Number<DeclaredKind::Byte>},
+    {"CCur", "Expression", DeclaredKind::Currency, Number<DeclaredKind::Currency>},
     {"CDate", "Expression", DeclaredKind::Date, Converted<DeclaredKind::Date>},
-    {"CDbl", "Expression", DeclaredKind::Double, Converted<DeclaredKind::Double>},
+    {"CDbl", "Expression", DeclaredKind::Double, Number<DeclaredKind::Double>},
     {"CDec", "Expression", kVariant, CDec},
-    {"CInt", "Expression", DeclaredKind::Integer, Converted<DeclaredKind::Integer>},
-    {"CLng", "Expression", DeclaredKind::Long, Converted<DeclaredKind::Long>},
-    {"CSng", "Expression", DeclaredKind::Single, Converted<DeclaredKind::Single>},
+    {"CInt", "Expression", DeclaredKind::Integer, Number<DeclaredKind::Integer>},
+    {"CLng", "Expression", DeclaredKind::Long, Number<DeclaredKind::Long>},
+    {"CSng", "Expression", DeclaredKind::Single, Number<DeclaredKind::Single>},
     {"CStr", "Expression", kString, CStr},
     {"CVDate", "Expression", kVariant, Converted<DeclaredKind::Date>},
     {"CVErr", "ErrorNumber", kVariant, CVErr},

@@ -1,5 +1,6 @@
 #include "basic/ExpressionParser.h"
 
+#include "base/modTextCase.h"
 #include "basic/Literals.h"
 #include "basic/OperatorTable.h"
 #include "basic/Parser.h"
@@ -25,6 +26,33 @@ constexpr ForeignRow kForeignOperators[] = {
     {Keyword::OrElse, "'OrElse' is not an operator of this language; write 'Or'"},
     {Keyword::IsNot, "'IsNot' is not an operator of this language; write 'Not a Is b'"},
 };
+
+/// The parts of the language's library, which may stand between `VBA.` and a name.
+constexpr std::string_view kLanguageParts[] = {
+    "ColorConstants", "Constants",        "Conversion",
+    "DateTime",       "FileSystem",       "Information",
+    "Interaction",    "KeyCodeConstants", "Math",
+    "Strings",        "VbAppWinStyle",    "VbCalendar",
+    "VbCallType",     "VbCompareMethod",  "VbDateTimeFormat",
+    "VbDayOfWeek",    "VbFileAttribute",  "VbFirstWeekOfYear",
+    "VbMsgBoxResult", "VbMsgBoxStyle",    "VbStrConv",
+    "VbTriState",     "VbVarType",
+};
+
+/// `VBA`, or `VBA.` and a part of it.
+bool IsLanguage(const Expression* target) {
+    const auto* node = target != nullptr ? std::get_if<NameNode>(&target->Node) : nullptr;
+    if (node == nullptr || node->Suffix != 0)
+        return false;
+    const std::string_view name = node->Name;
+    const std::string_view library = kLanguagePrefix.substr(0, kLanguagePrefix.size() - 1);
+    return modTextCase::Equal(name, library) ||
+           (name.starts_with(kLanguagePrefix) &&
+            std::any_of(
+                std::begin(kLanguageParts), std::end(kLanguageParts), [&](std::string_view part) {
+                    return modTextCase::Equal(name.substr(kLanguagePrefix.size()), part);
+                }));
+}
 
 }  // namespace
 
@@ -166,6 +194,11 @@ ExpressionPointer ExpressionParser::ParseMember(ExpressionPointer target) {
             "'" + std::string(sign.Text) + std::string(name.Text) + "' stands in no 'With'");
         return nullptr;
     }
+    if (!isBang && IsLanguage(target.get()))
+        return Make(
+            name.Place,
+            0,
+            NameNode{std::string(kLanguagePrefix) + std::string(name.Text), name.Suffix});
     const std::int32_t height = HeightOf(target);
     if (isBang)
         return Make(name.Place, height, BangNode{std::move(target), std::string(name.Text)});

@@ -4,6 +4,7 @@
 #include "basic/Parser.h"
 
 #include <algorithm>
+#include <span>
 
 namespace dorvik::basic {
 
@@ -20,8 +21,11 @@ bool IsCaselessEqual(std::string_view text, std::string_view lower) {
            });
 }
 
-/// Words that a file number may follow: `Print #1`, `As #1`.
-bool TakesFileNumber(Keyword word) {
+/// Whether a file number may follow the words: `Print #1`, `As #1`, but not `Debug.Print`.
+bool TakesFileNumber(std::span<const Token> words) {
+    if (words.empty() || (words.size() > 1 && words[words.size() - 2].Kind == TokenKind::Dot))
+        return false;
+    const Keyword word = words.back().Word;
     constexpr Keyword kWords[] = {
         Keyword::As,
         Keyword::Close,
@@ -38,7 +42,9 @@ bool TakesFileNumber(Keyword word) {
     return std::find(std::begin(kWords), std::end(kWords), word) != std::end(kWords);
 }
 
+/// Blanks may follow the sign: nobody sees them.
 bool EndsWithContinuation(std::string_view line) {
+    line = line.substr(0, line.find_last_not_of(" \t") + 1);
     return line.size() >= 2 && line.back() == '_' && IsBlank(line[line.size() - 2]);
 }
 
@@ -137,8 +143,8 @@ bool Lexer::SkipBlanks() {
 }
 
 bool Lexer::AtContinuation() const {
-    return m_at + 1 == m_text.size() && m_at > 0 && m_text[m_at] == '_' &&
-           IsBlank(m_text[m_at - 1]);
+    return m_at < m_text.size() && m_at > 0 && m_text[m_at] == '_' && IsBlank(m_text[m_at - 1]) &&
+           m_text.find_first_not_of(" \t", m_at + 1) == std::string_view::npos;
 }
 
 void Lexer::SkipComment() {
@@ -218,7 +224,7 @@ void Lexer::ReadString(Token& token) {
 /// directive, and one that opens a file number has no partner of that kind.
 bool Lexer::ReadDate(const std::vector<Token>& tokens, Token& token) {
     constexpr std::size_t kLongestDate = 64;
-    if (tokens.size() == 1 || TakesFileNumber(tokens[tokens.size() - 2].Word))
+    if (tokens.size() == 1 || TakesFileNumber(std::span(tokens).first(tokens.size() - 1)))
         return false;
     const std::size_t end = m_text.substr(0, m_at + kLongestDate).find('#', m_at + 1);
     if (end == std::string_view::npos)

@@ -35,6 +35,8 @@ private:
     void ReadToken(std::vector<Token>& tokens);
     void ReadWord(std::vector<Token>& tokens, Token& token);
     void ReadSuffix(Token& token);
+    bool JoinsTwo() const;
+    static void JoinGo(std::vector<Token>& tokens);
     void ReadBracketedName(Token& token);
     void ReadNumber(Token& token);
     void ReadDigits();

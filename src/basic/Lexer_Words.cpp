@@ -1,7 +1,10 @@
+#include "base/modTextCase.h"
 #include "base/modUtf8.h"
 #include "basic/Lexer.h"
 
+#include <algorithm>
 #include <array>
+#include <span>
 
 // Names, numbers and signs.
 namespace dorvik::basic {
@@ -80,6 +83,21 @@ constexpr auto kKindOfSign = [] {
     return kinds;
 }();
 
+bool BeginsStatement(const Token& token) {
+    return token.Kind == TokenKind::Colon ||
+           (token.Kind == TokenKind::Keyword &&
+            (token.Word == Keyword::Then || token.Word == Keyword::Else));
+}
+
+/// Whether a jump may follow the words of a line: as a statement, behind its line number, and behind what `On` asks.
+bool MayBeginJump(std::span<const Token> words) {
+    const auto last = std::find_if(words.rbegin(), words.rend(), BeginsStatement);
+    const auto statement = words.last(static_cast<std::size_t>(last - words.rbegin()));
+    const bool isLabelled = words.size() == 1 && words[0].Kind == TokenKind::Number;
+    return statement.empty() || isLabelled ||
+           (statement[0].Kind == TokenKind::Keyword && statement[0].Word == Keyword::On);
+}
+
 bool EndsOperand(const Token& token) {
     return token.Kind == TokenKind::Name || token.Kind == TokenKind::Number ||
            token.Kind == TokenKind::String || token.Kind == TokenKind::Date ||
@@ -116,8 +134,10 @@ void Lexer::ReadWord(std::vector<Token>& tokens, Token& token) {
         tokens.size() > 1 ? tokens[tokens.size() - 2].Kind : TokenKind::EndOfLine;
     const bool isMember = before == TokenKind::Dot || before == TokenKind::Bang;
     token.Kind = IsReserved(token.Word) && !isMember ? TokenKind::Keyword : TokenKind::Name;
-    if (token.Kind == TokenKind::Keyword)
+    if (token.Kind == TokenKind::Keyword) {
+        JoinGo(tokens);
         return;
+    }
     if (IsReserved(token.Word))
         token.Word = Keyword::None;
     if (token.Text.size() > kLongestName && modUtf8::Length(token.Text) > kLongestName)
@@ -125,8 +145,28 @@ void Lexer::ReadWord(std::vector<Token>& tokens, Token& token) {
     ReadSuffix(token);
 }
 
-/// `!` before a name is the sign between an object and a key. `&` before a name or a text joins: nothing
-/// else could stand there.
+/// `Go To` and `Go Sub` are one word where a jump may stand. Elsewhere Go is a name: `For i = go To 5`.
+void Lexer::JoinGo(std::vector<Token>& tokens) {
+    const Keyword second = tokens.back().Word;
+    const std::size_t place = tokens.size() - 2;
+    if (tokens.size() < 2 || (second != Keyword::To && second != Keyword::Sub) ||
+        !modTextCase::Equal(tokens[place].Text, "Go") || tokens[place].Suffix != 0 ||
+        !MayBeginJump(std::span(tokens).first(place)))
+        return;
+    tokens.pop_back();
+    tokens.back().Kind = TokenKind::Keyword;
+    tokens.back().Word = second == Keyword::To ? Keyword::GoTo : Keyword::GoSub;
+}
+
+/// Whether an `&` here joins what stands before it and what follows: behind a suffix nothing of that could stand.
+bool Lexer::JoinsTwo() const {
+    std::size_t size = 0;
+    const char next = CharacterAt(m_at + 1);
+    return next != '\0' && (BeginsName(m_at + 1, size) || IsDigit(next) ||
+                            std::string_view("\"[.#").find(next) != std::string_view::npos);
+}
+
+/// `!` before a name is the sign between an object and a key.
 void Lexer::ReadSuffix(Token& token) {
     const char c = CharacterAt(m_at);
     if (c == '\0' || std::string_view("%&!#@$").find(c) == std::string_view::npos)
@@ -138,7 +178,7 @@ void Lexer::ReadSuffix(Token& token) {
         m_at + 1 < m_text.size() && (BeginsName(m_at + 1, size) || m_text[m_at + 1] == '[');
     if (c == '!' && nameFollows)
         return;
-    if (c == '&' && (nameFollows || CharacterAt(m_at + 1) == '"'))
+    if (c == '&' && JoinsTwo())
         return;
     token.Suffix = c;
     ++m_at;

@@ -118,8 +118,13 @@ void ProcedureCompiler::CompileAnyFor(
     const Operand by = node.Step ? Evaluate(*node.Step) : ConstantOperand(&kOne);
     const Register bySlot = SlotOf(Converted(by, type, false));
     m_code.Emit(Opcode::Move, step, bySlot);
-    StoreVariable(variable, start, false);
     m_code.Emit(Opcode::Move, limit, SlotOf(end));
+    const auto mayBeNull = [](const Operand& operand) {
+        return operand.Type.Kind == DeclaredKind::Variant;
+    };
+    if (mayBeNull(start) || mayBeNull(end) || mayBeNull(by))
+        m_code.Emit(Opcode::ForBounds, limit, SlotOf(start), step);
+    StoreVariable(variable, start, false);
     m_code.Emit(Opcode::ForTest, SlotOf(Load(variable)), limit, step);
     m_code.EmitJump(Opcode::Jump, body);
     m_code.EmitJump(Opcode::Jump, exit);

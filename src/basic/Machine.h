@@ -132,6 +132,7 @@ private:
     void Operate(Instruction in, Value* base);
     void OperateUnary(Instruction in, Value* base);
     void CompareKnown(Instruction in, Value* base);
+    void ForBounds(Instruction in, Value* base);
     void ForEachBegin(Instruction in, Value* base);
     void HoldArray(Instruction in, Value* base);
     void LeaveBlock(Instruction in, Value* base);

@@ -17,6 +17,7 @@ const std::array<Machine::Operation, 256>& Machine::Operations() {
         {Opcode::Plus, &Machine::OperateUnary},
         {Opcode::Not, &Machine::OperateUnary},
         {Opcode::SwitchSparse, &Machine::JumpByTable},
+        {Opcode::ForBounds, &Machine::ForBounds},
         {Opcode::ForEachBegin, &Machine::ForEachBegin},
         {Opcode::HoldArray, &Machine::HoldArray},
         {Opcode::LeaveBlock, &Machine::LeaveBlock},

@@ -1,15 +1,22 @@
 #include "basic/Coercion.h"
 #include "basic/Machine.h"
 #include "basic/Operators.h"
+#include "basic/RuntimeErrors.h"
 #include "basic/ValueKinds.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace dorvik::basic {
 
 namespace {
 
 constexpr std::size_t kBytesOfAUnit = 64;  // of text that is copied
+
+void RefuseNull(const Value& value) {
+    if (value.Type() == ValueType::Null)
+        RaiseError(runtimeerror::kInvalidUseOfNull);
+}
 
 BinaryOperator OperatorOf(const Instruction& in) {
     if (in.Code == Opcode::Add)
@@ -128,6 +135,9 @@ bool Machine::ForContinues(const Value& counter, const Value& limit, const Value
     if (IsWhole(counter) && IsWhole(limit) && IsWhole(step))
         return step.AsLong() >= 0 ? counter.AsLong() <= limit.AsLong()
                                   : counter.AsLong() >= limit.AsLong();
+    RefuseNull(counter);
+    RefuseNull(limit);
+    RefuseNull(step);
     const OperandFacts facts{false, false, m_program->ComparesText};
     const bool isDownwards = Holds(BinaryOperator::Less, step, Value::Integer(0), facts);
     return Holds(
@@ -135,6 +145,15 @@ bool Machine::ForContinues(const Value& counter, const Value& limit, const Value
         counter,
         limit,
         facts);
+}
+
+/// The limit is in its slot already; a loop that was not begun has none.
+void Machine::ForBounds(Instruction in, Value* base) {
+    const Value limit = std::exchange(base[in.A], Value());
+    RefuseNull(base[in.B]);
+    RefuseNull(limit);
+    RefuseNull(base[in.C]);
+    base[in.A] = limit.Type() == ValueType::Empty ? Value::Integer(0) : limit;
 }
 
 bool Machine::SlowForLoop(Instruction in, Value* base) {

@@ -43,6 +43,8 @@ constexpr ClassRow kClasses[] = {
     {"matchcollection", ObjectClass::Matches},
     {"submatches", ObjectClass::SubMatches},
     {"errobject", ObjectClass::Err},
+    {"vba.collection", ObjectClass::Collection},
+    {"vba.errobject", ObjectClass::Err},
 };
 
 DeclaredKind KindOfSuffix(char suffix) {
@@ -93,6 +95,8 @@ ModuleScope::FindConstant(const std::string& qualifier, const std::string& name,
         const auto found = members.find(modTextCase::ToLower(name));
         return found == members.end() ? nullptr : Compute(m_constants[found->second], wasTold);
     }
+    if (name.starts_with(kLanguagePrefix))
+        return FindBuiltinConstant(name.substr(kLanguagePrefix.size()));
     if (const Symbol* symbol = Find(name)) {
         return symbol->Kind == SymbolKind::Constant ? Compute(m_constants[symbol->Index], wasTold)
                                                     : nullptr;

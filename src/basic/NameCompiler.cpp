@@ -41,6 +41,14 @@ ProcedureCompiler::MeaningOf(const Symbol& symbol, const std::string& name, char
 }
 
 NameMeaning ProcedureCompiler::Resolve(const std::string& name, char suffix) {
+    if (name.starts_with(kLanguagePrefix)) {
+        if (m_locals.contains("vba") || m_scope.Find("vba") != nullptr)
+            Error(
+                compileerror::kOther,
+                m_place,
+                "'VBA.' stands for the language itself; give the 'VBA' of the script another name");
+        return MeaningInLanguage(name.substr(kLanguagePrefix.size()), suffix);
+    }
     NameMeaning meaning;
     const auto local = m_locals.find(modTextCase::ToLower(name));
     if (local != m_locals.end()) {
@@ -61,6 +69,11 @@ NameMeaning ProcedureCompiler::Resolve(const std::string& name, char suffix) {
         meaning.What = NameMeaning::Kind::Extension;
         return meaning;
     }
+    return MeaningInLanguage(name, suffix);
+}
+
+NameMeaning ProcedureCompiler::MeaningInLanguage(const std::string& name, char suffix) {
+    NameMeaning meaning;
     const std::string full = suffix != 0 ? name + suffix : name;
     meaning.Constant = FindBuiltinConstant(full);
     meaning.Builtin = FindBuiltin(full);
@@ -98,7 +111,9 @@ void ProcedureCompiler::CheckSuffix(
 
 Variable
 ProcedureCompiler::DeclareImplicit(const std::string& name, char suffix, SourcePlace place) {
-    if (m_scope.Module.OptionExplicit)
+    if (name.starts_with(kLanguagePrefix))
+        Error(compileerror::kNotDefined, place, "'" + name + "' is not defined");
+    else if (m_scope.Module.OptionExplicit)
         Error(compileerror::kUndeclared, place, "The name '" + name + "' is not declared");
     VariableShape shape;
     shape.Type = m_scope.ResolveType({}, suffix, name);

@@ -126,6 +126,7 @@ private:
     NameMeaning Resolve(const std::string& name, char suffix);
     NameMeaning ResolveCallee(const std::string& name, char suffix);
     NameMeaning MeaningOf(const Symbol& symbol, const std::string& name, char suffix);
+    NameMeaning MeaningInLanguage(const std::string& name, char suffix);
     Variable DeclareImplicit(const std::string& name, char suffix, SourcePlace place);
     NameMeaning VariableOrImplicit(const NameNode& node, SourcePlace place);
     void CheckSuffix(const DeclaredType& type, char suffix, const std::string& name);
