@@ -136,6 +136,7 @@ void ProcedureCompiler::On(const OnJumpStatement& node, SourcePlace place) {
 void ProcedureCompiler::On(const OnErrorStatement& node, SourcePlace place) {
     switch (node.Policy) {
         case ErrorPolicy::GoToLabel:
+            m_hasHandler = true;
             m_code.EmitJump(Opcode::HandlerTo, LabelOf(node.Label, place));
             break;
         case ErrorPolicy::ResumeNext: m_code.Emit(Opcode::HandlerNext); break;

@@ -167,6 +167,7 @@ private:
     void AlignText(Instruction in, Value* base);
     void SetHandler(Instruction in, Value* base);
     void Resume(Instruction in, Value* base);
+    void ClearHandledError(Instruction in, Value* base);
     void RaiseNumber(Instruction in, Value* base);
     void LineNumber(Instruction in, Value* base);
     void GoSub(Instruction in, Value* base);

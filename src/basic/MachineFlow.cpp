@@ -25,6 +25,11 @@ void Machine::SetHandler(Instruction in, Value*) {
                                                          : kNoHandler;
 }
 
+void Machine::ClearHandledError(Instruction, Value*) {
+    if (Top().IsHandling)
+        m_error.Clear();
+}
+
 void Machine::Resume(Instruction in, Value*) {
     Frame& frame = Top();
     if (!frame.IsHandling)

@@ -58,6 +58,7 @@ const std::array<Machine::Operation, 256>& Machine::Operations() {
         {Opcode::HandlerOff, &Machine::SetHandler},
         {Opcode::HandlerEnd, &Machine::SetHandler},
         {Opcode::ResumeSame, &Machine::Resume},
+        {Opcode::ClearHandledError, &Machine::ClearHandledError},
         {Opcode::ResumeNext, &Machine::Resume},
         {Opcode::ResumeLabel, &Machine::Resume},
         {Opcode::RaiseNumber, &Machine::RaiseNumber},

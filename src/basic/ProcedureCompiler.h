@@ -453,6 +453,7 @@ private:
     std::deque<Value> m_folded;
     std::optional<Variable> m_result;
     SourcePlace m_place;              // of the statement being compiled
+    bool m_hasHandler = false;        // On Error GoTo
     bool m_mayJumpIntoLoops = false;  // labels or On Error: loops check that they were begun
 };
 

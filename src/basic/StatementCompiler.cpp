@@ -21,6 +21,8 @@ void ProcedureCompiler::Compile() {
     m_place = m_node.EndPlace;
     const Label end = m_code.Here();
     m_code.Mark(m_node.EndPlace.Line, end, end);
+    if (m_hasHandler)
+        m_code.Emit(Opcode::ClearHandledError);
     EmitReturn();
     WarnOfUnusedLabels();
     if (!m_code.Finish())
@@ -106,11 +108,19 @@ void ProcedureCompiler::On(const IfStatement& node, SourcePlace) {
 void ProcedureCompiler::On(const WithStatement& node, SourcePlace) {
     WithContext context;
     const std::size_t held = m_held.size();
+    const Register slot = m_code.NewGeneric();
+    const std::uint32_t nothing = m_scope.AddConstant(Value::Nothing());
+    m_code.SetInitial(slot, Value::Nothing());
+    // Required: after an error in the head, Resume Next goes into the block, where every member is error 91.
+    const Label body = m_code.NewLabel();
+    m_code.Mark(m_place.Line, m_code.Here(), body);
+    if (m_mayJumpIntoLoops)
+        m_code.EmitWide(Opcode::LoadConstant, slot, nothing);
     HoldArraysOf(*node.Target, node);
     const Operand target = Evaluate(*node.Target);
     context.Target = target;
     context.Target.Constant = nullptr;
-    context.Target.Slot = m_code.NewGeneric();
+    context.Target.Slot = slot;
     const bool isRecord = target.Type.Kind == DeclaredKind::Record && !target.Type.IsArray;
     const bool mayBeObject =
         !target.Type.IsArray && (target.Type.Kind == DeclaredKind::Object ||
@@ -120,10 +130,11 @@ void ProcedureCompiler::On(const WithStatement& node, SourcePlace) {
     else
         m_code.Emit(
             isRecord ? Opcode::Move : Opcode::WithObject, context.Target.Slot, SlotOf(target));
+    m_code.Bind(body);
     m_withs.push_back(context);
     CompileBlock(node.Body);
     m_withs.pop_back();
-    m_code.Emit(Opcode::Clear, context.Target.Slot);
+    m_code.EmitWide(Opcode::LoadConstant, slot, nothing);
     for (; m_held.size() > held; m_held.pop_back())
         m_code.Emit(Opcode::Clear, m_held.back().State);
 }
