@@ -1,5 +1,6 @@
 #include "base/modTextCase.h"
 #include "basic/ProcedureCompiler.h"
+#include "basic/RecordLayout.h"
 
 namespace dorvik::basic {
 
@@ -91,9 +92,38 @@ void ProcedureCompiler::On(const EraseStatement& node, SourcePlace place) {
     }
 }
 
+/// `LSet` between two records: of one type member by member, of two byte by byte.
+void ProcedureCompiler::CopyToRecord(
+    const TextAssignStatement& node, const PlaceInfo& target, SourcePlace place) {
+    const Operand value = Evaluate(*node.Value);
+    const bool isRecord = value.Type.Kind == DeclaredKind::Record && !value.Type.IsArray;
+    const bool isSame = value.Type == target.Type;
+    if (!isRecord) {
+        Error(compileerror::kOther, place, "'LSet' to a value of a Type needs a value of a Type");
+        return;
+    }
+    if (!isSame && !(modRecordLayout::HasOnlyBytes(*m_scope.Result, value.Type.Record) &&
+                     modRecordLayout::HasOnlyBytes(*m_scope.Result, target.Type.Record))) {
+        Error(
+            compileerror::kOther,
+            place,
+            "'LSet' between two Types needs members of numbers and fixed strings only");
+        return;
+    }
+    m_code.Emit(
+        isSame ? Opcode::AssignRecord : Opcode::CopyRecordBytes,
+        SlotOf(Evaluate(*node.Target)),
+        SlotOf(value));
+}
+
 /// `Mid(v, start, length) = s`, `LSet v = s`, `RSet v = s`: the text is taken out, changed and put back.
 void ProcedureCompiler::On(const TextAssignStatement& node, SourcePlace place) {
     const PlaceInfo info = PlaceOf(*node.Target);
+    const bool isRecord = info.Type.Kind == DeclaredKind::Record && !info.Type.IsArray;
+    if (info.IsPlace && isRecord && node.Kind == TextAssignment::LSet) {
+        CopyToRecord(node, info, place);
+        return;
+    }
     const bool isText = info.Type.Kind == DeclaredKind::String ||
                         info.Type.Kind == DeclaredKind::FixedString ||
                         info.Type.Kind == DeclaredKind::Variant;

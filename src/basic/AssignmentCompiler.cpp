@@ -191,6 +191,14 @@ void ProcedureCompiler::StoreReference(
             IsPlain(type) ? Opcode::StoreReferencePlain : Opcode::StoreReference, reference, slot);
 }
 
+/// Whether a dynamic array can be assigned the value: another of its type, or to bytes a text.
+bool ProcedureCompiler::TakesArray(const DeclaredType& type, const Operand& value) const {
+    const bool mayBeText = type.Kind == DeclaredKind::Byte && !value.Type.IsArray &&
+                           value.Type.Kind != DeclaredKind::Record;
+    const bool mayBeArray = value.Type == type || IsVariant(value.Type);
+    return mayBeText || (mayBeArray && value.Constant == nullptr);
+}
+
 void ProcedureCompiler::AssignWhole(
     const Expression& target, const PlaceInfo& info, const Operand& value) {
     if (IsRecord(info.Type)) {
@@ -200,8 +208,7 @@ void ProcedureCompiler::AssignWhole(
             Error(compileerror::kOther, m_place, "A value of the same Type is expected");
         return;
     }
-    const bool fits = value.Type == info.Type || IsVariant(value.Type);
-    if (info.IsFixedArray || !fits || value.Constant != nullptr) {
+    if (info.IsFixedArray || !TakesArray(info.Type, value)) {
         Error(
             compileerror::kOther,
             m_place,
@@ -319,9 +326,8 @@ Operand ProcedureCompiler::HolderOf(const Expression& expression) {
     const auto* index = std::get_if<IndexNode>(&expression.Node);
     if (!PlaceOf(expression).IsPlace) {
         Operand given = Evaluate(expression);
-        const bool mayBeArray =
-            given.Type.IsArray ||
-            (given.Type.Kind == DeclaredKind::Variant && given.Constant == nullptr);
+        const bool mayBeArray = given.Type.IsArray || (given.Type.Kind == DeclaredKind::Variant &&
+                                                       given.Constant == nullptr);
         if (!mayBeArray)
             return given;
         Operand copy = given;
@@ -431,8 +437,7 @@ void ProcedureCompiler::StoreRecordMember(
     const DeclaredType type = shape.Type;
     CheckSet(type, isSet);
     if (type.IsArray) {
-        const bool fits = value.Type == type || IsVariant(value.Type);
-        if (shape.IsFixedArray || !fits || value.Constant != nullptr) {
+        if (shape.IsFixedArray || !TakesArray(type, value)) {
             Error(compileerror::kOther, m_place, "'" + node.Name + "' takes no such array");
             return;
         }

@@ -14,6 +14,7 @@ using Table = std::span<const BuiltinFunction> (*)();
 
 constexpr Table kTables[] = {
     modBuiltinTables::StringFunctions,
+    modBuiltinTables::ByteFunctions,
     modBuiltinTables::SearchFunctions,
     modBuiltinTables::ArrayTextFunctions,
     modBuiltinTables::ConversionFunctions,

@@ -8,6 +8,7 @@
 namespace dorvik::basic::modBuiltinTables {
 
 std::span<const BuiltinFunction> StringFunctions();
+std::span<const BuiltinFunction> ByteFunctions();
 std::span<const BuiltinFunction> SearchFunctions();
 std::span<const BuiltinFunction> ArrayTextFunctions();
 std::span<const BuiltinFunction> ConversionFunctions();

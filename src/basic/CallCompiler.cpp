@@ -1,5 +1,6 @@
 #include "base/modTextCase.h"
 #include "basic/ProcedureCompiler.h"
+#include "basic/RecordLayout.h"
 
 #include <algorithm>
 
@@ -135,8 +136,8 @@ Operand ProcedureCompiler::ArrayElement(
 }
 
 /// An element of an array declared with `As New`.
-Operand ProcedureCompiler::CreatedElement(
-    const Operand& array, const std::vector<Argument>& arguments) {
+Operand
+ProcedureCompiler::CreatedElement(const Operand& array, const std::vector<Argument>& arguments) {
     Operand result;
     result.Type = array.Type;
     result.Type.IsArray = false;
@@ -269,17 +270,26 @@ Operand ProcedureCompiler::CallSymbol(
     return CallProcedure(index, arguments, place, wantsResult);
 }
 
-/// `Len` of a variable of a number type gives the bytes that it takes in memory.
+/// `Len` of what is declared as a number or a Type gives the bytes that it takes.
 std::optional<Operand> ProcedureCompiler::TryLength(
     const BuiltinFunction& function, const std::vector<Argument>& arguments) {
     const bool isLength = function.Name == "Len" || function.Name == "LenB";
     if (!isLength || arguments.size() != 1 || !arguments[0].Value)
         return std::nullopt;
-    if (!std::holds_alternative<NameNode>(arguments[0].Value->Node))
+    const Expression& expression = *arguments[0].Value;
+    const PlaceInfo info = PlaceOf(expression);
+    const bool isRecord = info.Type.Kind == DeclaredKind::Record && !info.Type.IsArray;
+    if (!info.IsPlace || (!isRecord && !IsPlain(info.Type)))
         return std::nullopt;
-    const PlaceInfo info = PlaceOf(*arguments[0].Value);
-    if (!info.IsPlace || !IsPlain(info.Type))
-        return std::nullopt;
+    if (!info.IsVariable)
+        Evaluate(expression);  // there must be such an element
+    if (isRecord) {
+        const auto form =
+            function.Name == "Len" ? modRecordLayout::Form::File : modRecordLayout::Form::Memory;
+        const std::int64_t size = modRecordLayout::SizeOf(*m_scope.Result, info.Type.Record, form);
+        return Fold(
+            Value::Long(static_cast<std::int32_t>(std::min<std::int64_t>(size, INT32_MAX))));
+    }
     static constexpr std::int16_t kBytes[] = {0, 1, 2, 2, 4, 4, 8, 8, 8};
     return Fold(Value::Long(kBytes[static_cast<std::size_t>(info.Type.Kind)]));
 }

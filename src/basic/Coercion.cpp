@@ -3,6 +3,7 @@
 #include "basic/Characters.h"
 #include "basic/RuntimeErrors.h"
 #include "basic/ScriptObject.h"
+#include "basic/TextBytes.h"
 #include "basic/ValueBodies.h"
 
 #include <utility>
@@ -20,6 +21,9 @@ constexpr int kDeepestDefault = 100;  // objects whose default member is an obje
 Value TextValue(const Value& value) {
     if (value.Type() == ValueType::String) {
         return value;
+    }
+    if (modTextBytes::IsByteArray(value)) {
+        return Value::Text(modTextBytes::TextOf(modTextBytes::BytesIn(value)));
     }
     std::string buffer;
     return Value::Text(ToText(value, buffer));
@@ -152,8 +156,7 @@ Value CoerceTo(const Value& value, const DeclaredType& type) {
         return ArrayOf(value, type);
     }
     if (type.Kind == DeclaredKind::FixedString) {
-        std::string buffer;
-        return ToFixedText(ToText(value, buffer), type.Length);
+        return ToFixedText(TextValue(value).AsText(), type.Length);
     }
     if (type.Kind == DeclaredKind::Object) {
         return ObjectOf(value, type.Class);

@@ -151,6 +151,7 @@ private:
     void RecordGet(Instruction in, Value* base);
     void RecordSet(Instruction in, Value* base);
     void AssignRecord(Instruction in, Value* base);
+    void CopyRecordBytes(Instruction in, Value* base);
     void Invoke(Instruction in, Value* base);
     void NewObject(Instruction in, Value* base);
     void EnsureObject(Instruction in, Value* base);
@@ -166,8 +167,8 @@ private:
     void MidAssign(Instruction in, Value* base);
     void AlignText(Instruction in, Value* base);
     void SetHandler(Instruction in, Value* base);
-    void Resume(Instruction in, Value* base);
     void ClearHandledError(Instruction in, Value* base);
+    void Resume(Instruction in, Value* base);
     void RaiseNumber(Instruction in, Value* base);
     void LineNumber(Instruction in, Value* base);
     void GoSub(Instruction in, Value* base);

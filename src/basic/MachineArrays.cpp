@@ -5,6 +5,7 @@
 #include "basic/Operators.h"
 #include "basic/RecordBody.h"
 #include "basic/RuntimeErrors.h"
+#include "basic/TextBytes.h"
 #include "basic/ValueKinds.h"
 
 namespace dorvik::basic {
@@ -179,12 +180,19 @@ void Machine::AssignArray(Instruction in, Value* base) {
     const Value& source = base[in.B];
     DeclaredType element = m_program->Types[in.C];
     element.IsArray = false;
-    if (source.Type() != ValueType::Array || source.AsArray()->Element() != element)
+    const bool isText = source.Type() != ValueType::Array && element.Kind == DeclaredKind::Byte;
+    if (!isText && (source.Type() != ValueType::Array || source.AsArray()->Element() != element))
         RaiseError(runtimeerror::kTypeMismatch);
     if (target.Type() == ValueType::Array) {
         CheckFree(*target.AsArray());
         if (target.AsArray()->IsFixed())
             RaiseError(runtimeerror::kArrayFixedOrLocked);
+    }
+    if (isText) {
+        const std::string bytes = modTextBytes::BytesIn(source);
+        Spend(bytes.size() / 4);
+        target = modTextBytes::ArrayOf(bytes);
+        return;
     }
     Spend(source.AsArray()->Elements().size() / 4);
     const bool canTake =

@@ -2,8 +2,12 @@
 #include "basic/Coercion.h"
 #include "basic/ErrObject.h"
 #include "basic/Machine.h"
+#include "basic/MemoryMeter.h"
 #include "basic/RecordBody.h"
+#include "basic/RecordLayout.h"
 #include "basic/RuntimeErrors.h"
+
+#include <algorithm>
 
 namespace dorvik::basic {
 
@@ -90,6 +94,23 @@ void Machine::AssignRecord(Instruction in, Value* base) {
     // A copy first: one of the two may be a part of the other.
     const Value source = base[in.B].DeepCopy();
     CopyRecord(*base[in.A].AsRecord(), *source.AsRecord());
+}
+
+void Machine::CopyRecordBytes(Instruction in, Value* base) {
+    MembersOf(base[in.A]);
+    MembersOf(base[in.B]);
+    RecordBody& target = *base[in.A].AsRecord();
+    const RecordBody& source = *base[in.B].AsRecord();
+    const auto size = [this](const RecordBody& record) {
+        return static_cast<std::size_t>(
+            modRecordLayout::SizeOf(*m_program, record.Type(), modRecordLayout::Form::Memory));
+    };
+    MemoryMeter::Current().CheckString(std::max(size(target), size(source)));
+    Spend((size(target) + size(source)) / 4);
+    std::string bytes = modRecordLayout::BytesOf(*m_program, target);
+    const std::string given = modRecordLayout::BytesOf(*m_program, source);
+    const std::size_t count = std::min(bytes.size(), given.size());
+    modRecordLayout::SetBytes(*m_program, target, bytes.replace(0, count, given, 0, count));
 }
 
 void Machine::ReferenceMember(Instruction in, Value* base) {

@@ -15,10 +15,10 @@ namespace dorvik::basic {
 /// The value of an expression: the slot that holds it, or a constant without a slot yet.
 struct Operand {
     Register Slot = kNoSlot;
-    DeclaredType Type;      // what the slot is sure to hold; Variant: anything
-    bool IsTyped = false;   // counts as typed for the operators, whatever is known of the slot
-    bool IsScalar = false;  // neither an object nor an array, though the type is not known
-    bool IsFresh = false;   // no variable shares the value, so it may be kept without a copy
+    DeclaredType Type;          // what the slot is sure to hold; Variant: anything
+    bool IsTyped = false;       // counts as typed for the operators, whatever is known of the slot
+    bool IsScalar = false;      // neither an object nor an array, though the type is not known
+    bool IsFresh = false;       // no variable shares the value, so it may be kept without a copy
     bool MakesObjects = false;  // an array whose elements are created at their first use
     const Value* Constant = nullptr;
 };
@@ -214,10 +214,7 @@ private:
     ArrayElement(const Operand& target, const std::vector<Argument>& arguments, SourcePlace place);
     Operand CreatedElement(const Operand& array, const std::vector<Argument>& arguments);
     void ReferenceToElement(
-        const Operand& array,
-        const std::vector<Argument>& indices,
-        Register pin,
-        Register target);
+        const Operand& array, const std::vector<Argument>& indices, Register pin, Register target);
     Operand CallProcedure(
         std::size_t index,
         const std::vector<Argument>& arguments,
@@ -370,6 +367,8 @@ private:
     bool TryAppend(const Variable& variable, const Expression& value);
     void AssignWhole(const Expression& target, const PlaceInfo& info, const Operand& value);
     void On(const TextAssignStatement& node, SourcePlace place);
+    void CopyToRecord(const TextAssignStatement& node, const PlaceInfo& target, SourcePlace place);
+    bool TakesArray(const DeclaredType& type, const Operand& value) const;
     void On(const RedimStatement& node, SourcePlace place);
     void Redimension(const RedimTarget& target, bool preserve, SourcePlace place);
     void On(const EraseStatement& node, SourcePlace place);
@@ -453,8 +452,8 @@ private:
     std::deque<Value> m_folded;
     std::optional<Variable> m_result;
     SourcePlace m_place;              // of the statement being compiled
-    bool m_hasHandler = false;        // On Error GoTo
     bool m_mayJumpIntoLoops = false;  // labels or On Error: loops check that they were begun
+    bool m_hasHandler = false;        // On Error GoTo
 };
 
 std::string TypeText(const DeclaredType& type);

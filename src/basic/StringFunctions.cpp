@@ -7,6 +7,7 @@
 #include "basic/Coercion.h"
 #include "basic/ScriptContext.h"
 #include "basic/StrictForm.h"
+#include "basic/TextBytes.h"
 #include "basic/ValueBodies.h"
 
 #include <algorithm>
@@ -42,11 +43,6 @@ Value Len(ScriptContext&, Arguments arguments) {
     }
     const TextArgument text(arguments, 0);
     return Value::Long(static_cast<std::int32_t>(text.Length()));
-}
-
-Value LenB(ScriptContext& context, Arguments arguments) {
-    const Value length = Len(context, arguments);
-    return length.Type() == ValueType::Null ? length : Value::Long(length.AsLong() * 2);
 }
 
 Value Left(ScriptContext&, Arguments arguments) {
@@ -171,22 +167,42 @@ std::string ProperCase(std::string_view text) {
     return result;
 }
 
+/// 0 as it is, 1 upper case, 2 lower case, 3 proper case.
+std::string InCase(std::int32_t which, std::string_view text) {
+    switch (which) {
+        case 1: return modTextCase::ToUpper(text);
+        case 2: return modTextCase::ToLower(text);
+        case 3: return ProperCase(text);
+        default: return std::string(text);
+    }
+}
+
+/// Besides the case a text can be made of the bytes of another, and bytes of a text. What there is more needs an East
+/// Asian system.
 Value StrConv(ScriptContext&, Arguments arguments) {
+    constexpr std::int32_t kToUnicode = 64;
+    constexpr std::int32_t kFromUnicode = 128;
     const std::int32_t conversion = LongAt(arguments, 1);
+    const std::int32_t whichCase = conversion & 3;
+    const std::int32_t other = conversion - whichCase;
+    const bool isKnown =
+        other == kToUnicode || other == kFromUnicode || (other == 0 && whichCase != 0);
     if (IsNullAt(arguments, 0)) {
         return Value::Null();
     }
+    if (!isKnown) {
+        RaiseError(runtimeerror::kInvalidProcedureCall);
+    }
+    if (other == kToUnicode) {
+        const std::string bytes = modTextBytes::BytesIn(arguments[0]);
+        CheckTextSize(bytes.size());
+        return TextResult(InCase(whichCase, modTextBytes::FromCodePage(bytes)));
+    }
     const TextArgument text(arguments, 0);
     CheckTextSize(text.View().size());
-    switch (conversion) {
-        case 1: return TextResult(modTextCase::ToUpper(text.View()));
-        case 2: return TextResult(modTextCase::ToLower(text.View()));
-        case 3: return TextResult(ProperCase(text.View()));
-        default:
-            RaiseError(
-                runtimeerror::
-                    kInvalidProcedureCall);  // what there is besides needs an East Asian system or bytes
-    }
+    std::string result = InCase(whichCase, text.View());
+    return other == 0 ? TextResult(std::move(result))
+                      : modTextBytes::ArrayOf(modTextBytes::InCodePage(result));
 }
 
 Value StrReverse(ScriptContext&, Arguments arguments) {
@@ -270,7 +286,6 @@ constexpr BuiltinFunction kRows[] = {
     {"Left", "String Length", kVariant, Left},
     {"Left$", "String Length", kString, StrictForm<Left>},
     {"Len", "Expression", kVariant, Len},
-    {"LenB", "Expression", kVariant, LenB},
     {"Mid", "String Start ?Length", kVariant, Mid},
     {"Mid$", "String Start ?Length", kString, StrictForm<Mid>},
     {"RTrim", "String", kVariant, Trimmed<modText::TrimRight>},

@@ -1,0 +1,171 @@
+#include "base/modTextCase.h"
+#include "basic/Arguments.h"
+#include "basic/BuiltinTables.h"
+#include "basic/CompareMode.h"
+#include "basic/ScriptContext.h"
+#include "basic/StrictForm.h"
+#include "basic/TextBytes.h"
+#include "basic/TextSearch.h"
+
+#include <algorithm>
+
+// The functions with a B at the end: they count bytes of UTF-16, two or four for a character.
+
+namespace dorvik::basic {
+
+namespace {
+
+std::size_t CountAt(Arguments arguments, std::size_t position) {
+    const std::int32_t count = LongAt(arguments, position);
+    if (count < 0) {
+        RaiseError(runtimeerror::kInvalidProcedureCall);
+    }
+    return static_cast<std::size_t>(count);
+}
+
+/// The bytes of an argument from one on, so many or all. Of a text of ASCII no others are made than are asked for.
+std::string BytesAt(const Value& value, std::size_t from, std::size_t count = std::string::npos) {
+    const std::string_view text = value.Type() == ValueType::String &&
+                                          value.TextBody() != nullptr && value.TextBody()->IsAscii()
+                                      ? value.AsText()
+                                      : std::string_view();
+    if (text.empty()) {
+        const std::string bytes = modTextBytes::BytesIn(value);
+        return from < bytes.size() ? bytes.substr(from, count) : std::string();
+    }
+    if (from / 2 >= text.size()) {
+        return {};
+    }
+    const std::size_t characters = count < 2 * text.size() ? count / 2 + 2 : text.size();
+    CheckTextSize(2 * std::min(characters, text.size()));
+    const std::string bytes = modTextBytes::BytesOf(text.substr(from / 2, characters));
+    return bytes.substr(from % 2, count);
+}
+
+Value TextOfBytes(std::string_view bytes) {
+    return TextResult(modTextBytes::TextOf(bytes));
+}
+
+std::size_t SizeOf(const Value& value) {
+    const bool isAscii = value.Type() == ValueType::String && value.TextBody() != nullptr &&
+                         value.TextBody()->IsAscii();
+    return isAscii ? 2 * value.AsText().size() : modTextBytes::BytesIn(value).size();
+}
+
+Value LeftB(ScriptContext&, Arguments arguments) {
+    const std::size_t count = CountAt(arguments, 1);
+    return IsNullAt(arguments, 0) ? Value::Null() : TextOfBytes(BytesAt(arguments[0], 0, count));
+}
+
+Value RightB(ScriptContext&, Arguments arguments) {
+    const std::size_t count = CountAt(arguments, 1);
+    if (IsNullAt(arguments, 0)) {
+        return Value::Null();
+    }
+    const std::size_t size = SizeOf(arguments[0]);
+    return TextOfBytes(BytesAt(arguments[0], size - std::min(count, size)));
+}
+
+Value MidB(ScriptContext&, Arguments arguments) {
+    const std::int32_t start = LongAt(arguments, 1);
+    if (start < 1) {
+        RaiseError(runtimeerror::kInvalidProcedureCall);
+    }
+    const std::size_t count = IsGiven(arguments, 2) ? CountAt(arguments, 2) : std::string::npos;
+    if (IsNullAt(arguments, 0)) {
+        return Value::Null();
+    }
+    return TextOfBytes(BytesAt(arguments[0], static_cast<std::size_t>(start) - 1, count));
+}
+
+std::string Lowered(const std::string& bytes) {
+    return modTextBytes::BytesOf(modTextCase::ToLower(modTextBytes::TextOf(bytes)));
+}
+
+Value InStrB(ScriptContext& context, Arguments arguments) {
+    const bool hasStart = IsGiven(arguments, 2);
+    if (hasStart && !IsGiven(arguments, 1)) {
+        RaiseError(runtimeerror::kArgumentNotOptional);
+    }
+    const std::int32_t start = hasStart ? LongAt(arguments, 0, 1) : 1;
+    const std::size_t first = hasStart ? 1 : 0;
+    const bool ignoresCase = IgnoresCaseAt(arguments, 3, context.ComparesText());
+    if (IsNullAt(arguments, first) || IsNullAt(arguments, first + 1)) {
+        return Value::Null();
+    }
+    if (start < 1) {
+        RaiseError(runtimeerror::kInvalidProcedureCall);
+    }
+    std::string text = modTextBytes::BytesIn(arguments[first]);
+    std::string sought = modTextBytes::BytesIn(arguments[first + 1]);
+    const auto from = static_cast<std::size_t>(start) - 1;
+    if (from >= text.size()) {
+        return Value::Long(0);
+    }
+    if (sought.empty()) {
+        return Value::Long(start);
+    }
+    if (ignoresCase) {
+        text = Lowered(text);
+        sought = Lowered(sought);
+    }
+    const auto place = TextSearch::First(context, text, sought, false, from);
+    return Value::Long(place.IsFound() ? static_cast<std::int32_t>(place.Start) + 1 : 0);
+}
+
+/// Of a text its bytes, of an array of bytes its elements.
+Value LenB(ScriptContext&, Arguments arguments) {
+    if (IsNullAt(arguments, 0)) {
+        return Value::Null();
+    }
+    const Value& value = ArgumentAt(arguments, 0);
+    if (modTextBytes::IsByteArray(value)) {
+        return Value::Long(static_cast<std::int32_t>(SizeOf(value)));
+    }
+    const TextArgument text(value);
+    return Value::Long(static_cast<std::int32_t>(2 * text.Length()));
+}
+
+Value AscB(ScriptContext&, Arguments arguments) {
+    const std::string bytes = BytesAt(ArgumentAt(arguments, 0), 0, 1);
+    if (bytes.empty()) {
+        RaiseError(runtimeerror::kInvalidProcedureCall);
+    }
+    return Value::Integer(static_cast<unsigned char>(bytes.front()));
+}
+
+Value ChrB(ScriptContext&, Arguments arguments) {
+    if (IsNullAt(arguments, 0)) {
+        return Value::Null();
+    }
+    const std::int32_t code = LongAt(arguments, 0);
+    if (code < 0 || code > 0xFF) {
+        RaiseError(runtimeerror::kInvalidProcedureCall);
+    }
+    return TextOfBytes(std::string(1, static_cast<char>(code)));
+}
+
+constexpr auto kVariant = DeclaredKind::Variant;
+constexpr auto kString = DeclaredKind::String;
+
+constexpr BuiltinFunction kRows[] = {
+    {"AscB", "String", DeclaredKind::Integer, AscB},
+    {"ChrB", "CharCode", kVariant, ChrB},
+    {"ChrB$", "CharCode", kString, StrictForm<ChrB>},
+    {"InStrB", "Start String1 ?String2 ?Compare", kVariant, InStrB},
+    {"LeftB", "String Length", kVariant, LeftB},
+    {"LeftB$", "String Length", kString, StrictForm<LeftB>},
+    {"LenB", "Expression", kVariant, LenB},
+    {"MidB", "String Start ?Length", kVariant, MidB},
+    {"MidB$", "String Start ?Length", kString, StrictForm<MidB>},
+    {"RightB", "String Length", kVariant, RightB},
+    {"RightB$", "String Length", kString, StrictForm<RightB>},
+};
+
+}  // namespace
+
+std::span<const BuiltinFunction> modBuiltinTables::ByteFunctions() {
+    return kRows;
+}
+
+}  // namespace dorvik::basic

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "basic/Value.h"
+
+#include <string>
+#include <string_view>
+
+/// The bytes that a text has in UTF-16, the lower one of each unit first, and arrays of bytes. A text of an odd number
+/// of bytes cannot be held: 0 goes behind its last one.
+namespace dorvik::basic::modTextBytes {
+
+std::string BytesOf(std::string_view text);
+std::string TextOf(std::string_view bytes);
+
+bool IsByteArray(const Value& value);
+/// The bytes of an array of them in its order, and else those of the value's text. Raises 94 for Null, 13 for an Error.
+std::string BytesIn(const Value& value);
+/// A dynamic array from 0. Raises 7 beyond the memory limit.
+Value ArrayOf(std::string_view bytes);
+
+/// Bytes in code page 1252; a character that it lacks is "?".
+std::string InCodePage(std::string_view text);
+/// The text whose characters are the bytes in code page 1252.
+std::string FromCodePage(std::string_view bytes);
+
+}  // namespace dorvik::basic::modTextBytes
