@@ -67,7 +67,7 @@ void ProcedureCompiler::ReferenceTo(
     }
     if (const auto* index = std::get_if<IndexNode>(&expression.Node)) {
         const Register pin = m_code.TemporaryGeneric();
-        ReferenceToElement(Evaluate(*index->Target), index->Arguments, pin, target);
+        ReferenceToElement(HolderOf(*index->Target), index->Arguments, pin, target);
         AfterCall unpin;
         unpin.Slot = pin;
         after.push_back(unpin);
