@@ -1,13 +1,14 @@
 #include "base/modTextCase.h"
 #include "basic/Arguments.h"
 #include "basic/BuiltinTables.h"
+#include "basic/Characters.h"
 #include "basic/CompareMode.h"
 #include "basic/ScriptContext.h"
 #include "basic/StrictForm.h"
 #include "basic/TextBytes.h"
-#include "basic/TextSearch.h"
 
 #include <algorithm>
+#include <vector>
 
 // The functions with a B at the end: they count bytes of UTF-16, two or four for a character.
 
@@ -78,39 +79,33 @@ Value MidB(ScriptContext&, Arguments arguments) {
     return TextOfBytes(BytesAt(arguments[0], static_cast<std::size_t>(start) - 1, count));
 }
 
-std::string Lowered(const std::string& bytes) {
-    return modTextBytes::BytesOf(modTextCase::ToLower(modTextBytes::TextOf(bytes)));
+/// A text whose characters have the bytes as their codes: what counts characters there counts bytes.
+Value CharacterForEachByte(const Value& value, bool lowersCase) {
+    std::string bytes = modTextBytes::BytesIn(value);
+    if (lowersCase) {
+        bytes = modTextBytes::BytesOf(modTextCase::ToLower(modTextBytes::TextOf(bytes)));
+    }
+    std::string text;
+    text.reserve(bytes.size());
+    for (const char byte : bytes) {
+        modCharacters::Append(text, static_cast<unsigned char>(byte));
+    }
+    return TextResult(std::move(text));
 }
 
 Value InStrB(ScriptContext& context, Arguments arguments) {
-    const bool hasStart = IsGiven(arguments, 2);
-    if (hasStart && !IsGiven(arguments, 1)) {
-        RaiseError(runtimeerror::kArgumentNotOptional);
+    constexpr std::size_t kCompare = 3;
+    const bool ignoresCase = IgnoresCaseAt(arguments, kCompare, context.ComparesText());
+    const std::size_t first = IsGiven(arguments, 2) ? 1 : 0;
+    std::vector<Value> asked(arguments.begin(), arguments.end());
+    asked.resize(kCompare + 1, Value::Missing());
+    asked[kCompare] = Value::Long(0);
+    for (Value* const text : {&asked[first], &asked[first + 1]}) {
+        if (!text->IsMissing() && !IsNullAt({text, 1}, 0)) {
+            *text = CharacterForEachByte(*text, ignoresCase);
+        }
     }
-    const std::int32_t start = hasStart ? LongAt(arguments, 0, 1) : 1;
-    const std::size_t first = hasStart ? 1 : 0;
-    const bool ignoresCase = IgnoresCaseAt(arguments, 3, context.ComparesText());
-    if (IsNullAt(arguments, first) || IsNullAt(arguments, first + 1)) {
-        return Value::Null();
-    }
-    if (start < 1) {
-        RaiseError(runtimeerror::kInvalidProcedureCall);
-    }
-    std::string text = modTextBytes::BytesIn(arguments[first]);
-    std::string sought = modTextBytes::BytesIn(arguments[first + 1]);
-    const auto from = static_cast<std::size_t>(start) - 1;
-    if (from >= text.size()) {
-        return Value::Long(0);
-    }
-    if (sought.empty()) {
-        return Value::Long(start);
-    }
-    if (ignoresCase) {
-        text = Lowered(text);
-        sought = Lowered(sought);
-    }
-    const auto place = TextSearch::First(context, text, sought, false, from);
-    return Value::Long(place.IsFound() ? static_cast<std::int32_t>(place.Start) + 1 : 0);
+    return FindBuiltin("InStr")->Call(context, asked);
 }
 
 /// Of a text its bytes, of an array of bytes its elements.

@@ -286,7 +286,10 @@ std::optional<Operand> ProcedureCompiler::TryLength(
     if (isRecord) {
         const auto form =
             function.Name == "Len" ? modRecordLayout::Form::File : modRecordLayout::Form::Memory;
-        const std::int64_t size = modRecordLayout::SizeOf(*m_scope.Result, info.Type.Record, form);
+        // With an error among the declarations a Type may contain itself.
+        const bool isSound = m_scope.Messages.Errors.empty();
+        const std::int64_t size =
+            isSound ? modRecordLayout::SizeOf(*m_scope.Result, info.Type.Record, form) : 0;
         return Fold(
             Value::Long(static_cast<std::int32_t>(std::min<std::int64_t>(size, INT32_MAX))));
     }

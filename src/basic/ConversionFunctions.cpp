@@ -16,7 +16,7 @@ Value Converted(ScriptContext&, Arguments arguments) {
     return CoerceTo(ArgumentAt(arguments, 0), kKind);
 }
 
-/// Unlike an assignment, the conversion to a number takes an Error too: that has a number.
+/// The number of an Error stands for it here, as it does not in an assignment.
 Value NumberIn(const Value& value) {
     const bool isError = value.Type() == ValueType::Error && !value.IsMissing();
     return isError ? Value::Long(value.AsLong()) : value;
@@ -27,6 +27,7 @@ Value Number(ScriptContext&, Arguments arguments) {
     return CoerceTo(NumberIn(ArgumentAt(arguments, 0)), kKind);
 }
 
+/// Unlike an assignment, this takes an Error too.
 Value CStr(ScriptContext&, Arguments arguments) {
     const Value& value = ArgumentAt(arguments, 0);
     if (value.Type() == ValueType::Error && !value.IsMissing()) {

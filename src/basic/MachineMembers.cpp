@@ -110,7 +110,9 @@ void Machine::CopyRecordBytes(Instruction in, Value* base) {
     std::string bytes = modRecordLayout::BytesOf(*m_program, target);
     const std::string given = modRecordLayout::BytesOf(*m_program, source);
     const std::size_t count = std::min(bytes.size(), given.size());
-    modRecordLayout::SetBytes(*m_program, target, bytes.replace(0, count, given, 0, count));
+    bytes.replace(0, count, given, 0, count);
+    const Value changed = modRecordLayout::WithBytes(*m_program, base[in.A], bytes);
+    CopyRecord(target, *changed.AsRecord());
 }
 
 void Machine::ReferenceMember(Instruction in, Value* base) {

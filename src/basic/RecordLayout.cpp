@@ -2,12 +2,13 @@
 
 #include "basic/Characters.h"
 #include "basic/Coercion.h"
-#include "basic/Machine.h"
 #include "basic/RuntimeErrors.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <optional>
+#include <vector>
 
 namespace dorvik::basic::modRecordLayout {
 
@@ -22,16 +23,23 @@ struct Extent {
 constexpr Extent kAddress{4, 4};
 constexpr Extent kVariantExtent{16, 4};
 
-Extent ExtentOf(const Program& program, const DeclaredType& element, Form form);
+/// More than any script can have. Sizes end here, so that bounds as wide as can be written overflow nothing.
+constexpr std::int64_t kMost = std::int64_t{1} << 40;
 
 std::int64_t Aligned(std::int64_t place, std::int64_t alignment) {
     return (place + alignment - 1) / alignment * alignment;
 }
 
+std::int64_t Product(std::int64_t left, std::int64_t right) {
+    std::int64_t product = 0;
+    const bool isTooLarge = __builtin_mul_overflow(left, right, &product);
+    return isTooLarge ? kMost : std::min(product, kMost);
+}
+
 std::int64_t CountOf(const VariableShape& shape) {
     std::int64_t count = 1;
     for (const Bounds& bounds : shape.Dimensions) {
-        count *= std::int64_t{bounds.Upper} - bounds.Lower + 1;
+        count = Product(count, std::int64_t{bounds.Upper} - bounds.Lower + 1);
     }
     return count;
 }
@@ -42,31 +50,53 @@ DeclaredType ElementOf(const VariableShape& shape) {
     return element;
 }
 
-Extent ExtentOf(const Program& program, const VariableShape& shape, Form form) {
-    if (shape.Type.IsArray && !shape.IsFixedArray) {
-        return kAddress;
-    }
-    Extent extent = ExtentOf(program, ElementOf(shape), form);
-    extent.Size *= CountOf(shape);
-    return extent;
-}
+/// What the types of a module take. Each Type is worked out once: one may stand in others many times.
+class Layout {
+public:
+    Layout(const Program& program, Form form)
+        : m_program(program), m_form(form), m_known(program.Records.size()) {}
 
-Extent ExtentOfRecord(const Program& program, std::int32_t record, Form form) {
+    Extent OfRecord(std::int32_t record);
+    Extent OfElement(const DeclaredType& type);
+
+private:
+    Extent OfMember(const VariableShape& shape);
+
+    const Program& m_program;
+    Form m_form;
+    std::vector<std::optional<Extent>> m_known;
+};
+
+Extent Layout::OfRecord(std::int32_t record) {
+    const auto index = static_cast<std::size_t>(record);
+    if (m_known[index]) {
+        return *m_known[index];
+    }
     Extent whole;
-    for (const RecordMember& member : program.Records[static_cast<std::size_t>(record)].Members) {
-        const Extent extent = ExtentOf(program, member.Shape, form);
-        if (form == Form::Memory) {
+    for (const RecordMember& member : m_program.Records[index].Members) {
+        const Extent extent = OfMember(member.Shape);
+        if (m_form == Form::Memory) {
             whole.Size = Aligned(whole.Size, extent.Alignment);
             whole.Alignment = std::max(whole.Alignment, extent.Alignment);
         }
-        whole.Size += extent.Size;
+        whole.Size = std::min(whole.Size + extent.Size, kMost);
     }
     whole.Size = Aligned(whole.Size, whole.Alignment);
+    m_known[index] = whole;
     return whole;
 }
 
-Extent ExtentOf(const Program& program, const DeclaredType& element, Form form) {
-    switch (element.Kind) {
+Extent Layout::OfMember(const VariableShape& shape) {
+    if (shape.Type.IsArray && !shape.IsFixedArray) {
+        return kAddress;
+    }
+    Extent extent = OfElement(ElementOf(shape));
+    extent.Size = Product(extent.Size, CountOf(shape));
+    return extent;
+}
+
+Extent Layout::OfElement(const DeclaredType& type) {
+    switch (type.Kind) {
         case DeclaredKind::Byte: return {1, 1};
         case DeclaredKind::Boolean:
         case DeclaredKind::Integer: return {2, 2};
@@ -76,9 +106,9 @@ Extent ExtentOf(const Program& program, const DeclaredType& element, Form form) 
         case DeclaredKind::Currency:
         case DeclaredKind::Date: return {8, 4};
         case DeclaredKind::FixedString:
-            return form == Form::File ? Extent{element.Length, 1}
-                                      : Extent{2 * std::int64_t{element.Length}, 2};
-        case DeclaredKind::Record: return ExtentOfRecord(program, element.Record, form);
+            return m_form == Form::File ? Extent{type.Length, 1}
+                                        : Extent{2 * std::int64_t{type.Length}, 2};
+        case DeclaredKind::Record: return OfRecord(type.Record);
         case DeclaredKind::Variant: return kVariantExtent;
         case DeclaredKind::String:
         case DeclaredKind::Object: break;
@@ -90,7 +120,8 @@ Extent ExtentOf(const Program& program, const DeclaredType& element, Form form) 
 template <class Bytes>
 class Walk {
 public:
-    Walk(const Program& program, Bytes& bytes) : m_program(program), m_bytes(bytes) {}
+    Walk(const Program& program, Bytes& bytes)
+        : m_program(program), m_layout(program, Form::Memory), m_bytes(bytes) {}
 
     template <class Record, class Visit>
     void Over(Record& record, std::size_t start, const Visit& visit) {
@@ -99,7 +130,7 @@ public:
         for (std::size_t i = 0; i < members.size(); ++i) {
             const VariableShape& shape = members[i].Shape;
             const DeclaredType element = ElementOf(shape);
-            const Extent extent = ExtentOf(m_program, element, Form::Memory);
+            const Extent extent = m_layout.OfElement(element);
             place = Aligned(place, extent.Alignment);
             auto& member = record.Members()[i];
             if (!shape.Type.IsArray) {
@@ -125,6 +156,7 @@ private:
     }
 
     const Program& m_program;
+    Layout m_layout;
     Bytes& m_bytes;
 };
 
@@ -206,22 +238,32 @@ Value ValueAt(const char* bytes, const DeclaredType& type) {
 }  // namespace
 
 std::int64_t SizeOf(const Program& program, std::int32_t record, Form form) {
-    return ExtentOfRecord(program, record, form).Size;
+    return Layout(program, form).OfRecord(record).Size;
 }
 
 bool HasOnlyBytes(const Program& program, std::int32_t record) {
-    const auto& members = program.Records[static_cast<std::size_t>(record)].Members;
-    return std::all_of(members.begin(), members.end(), [&](const RecordMember& member) {
-        const DeclaredType& type = member.Shape.Type;
-        if (type.IsArray && !member.Shape.IsFixedArray) {
-            return false;
+    std::vector<bool> isSeen(program.Records.size());
+    std::vector<std::int32_t> waiting{record};
+    while (!waiting.empty()) {
+        const auto index = static_cast<std::size_t>(waiting.back());
+        waiting.pop_back();
+        if (isSeen[index]) {
+            continue;
         }
-        if (type.Kind == DeclaredKind::Record) {
-            return HasOnlyBytes(program, type.Record);
+        isSeen[index] = true;
+        for (const RecordMember& member : program.Records[index].Members) {
+            const DeclaredType& type = member.Shape.Type;
+            const bool isDynamic = type.IsArray && !member.Shape.IsFixedArray;
+            if (isDynamic || type.Kind == DeclaredKind::Variant ||
+                type.Kind == DeclaredKind::String || type.Kind == DeclaredKind::Object) {
+                return false;
+            }
+            if (type.Kind == DeclaredKind::Record) {
+                waiting.push_back(type.Record);
+            }
         }
-        return type.Kind != DeclaredKind::Variant && type.Kind != DeclaredKind::String &&
-               type.Kind != DeclaredKind::Object;
-    });
+    }
+    return true;
 }
 
 std::string BytesOf(const Program& program, const RecordBody& record) {
@@ -231,15 +273,14 @@ std::string BytesOf(const Program& program, const RecordBody& record) {
     return bytes;
 }
 
-void SetBytes(const Program& program, RecordBody& record, std::string_view bytes) {
-    const Value whole = Value::Record(Ref<RecordBody>(&record));
-    const Value changed = whole.DeepCopy();
+Value WithBytes(const Program& program, const Value& record, std::string_view bytes) {
+    Value changed = record.DeepCopy();
     Walk(program, bytes)
         .Over(
             *changed.AsRecord(), 0, [](Value& value, const DeclaredType& type, const char* place) {
                 value = ValueAt(place, type);
             });
-    CopyRecord(record, *changed.AsRecord());
+    return changed;
 }
 
 }  // namespace dorvik::basic::modRecordLayout

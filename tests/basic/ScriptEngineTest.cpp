@@ -175,8 +175,7 @@ TEST_F(ScriptEngineTest, AnErrorThatAScriptRaisesItselfIsNoLimitWhateverItsText)
           "Error 7",
           "On Error GoTo Failed\nS\nExit Sub\nFailed:\nErr.Raise Err.Number, , Err.Description"}) {
         m_host.Alerts.clear();
-        const std::string text =
-            std::string("Sub S\nS\nEnd Sub\nSub Main\n") + body + "\nEnd Sub";
+        const std::string text = std::string("Sub S\nS\nEnd Sub\nSub Main\n") + body + "\nEnd Sub";
         ASSERT_TRUE(Load(text.c_str())) << m_engine.ErrorText();
         EXPECT_FALSE(m_engine.RunSub("Main")) << body;
         ASSERT_EQ(m_host.Alerts.size(), 1u) << body;
