@@ -31,8 +31,7 @@ std::string BytesAt(const Value& value, std::size_t from, std::size_t count = st
                                       ? value.AsText()
                                       : std::string_view();
     if (text.empty()) {
-        const std::string bytes = modTextBytes::BytesIn(value);
-        return from < bytes.size() ? bytes.substr(from, count) : std::string();
+        return modTextBytes::BytesIn(value, from, count);
     }
     if (from / 2 >= text.size()) {
         return {};
@@ -47,12 +46,6 @@ Value TextOfBytes(std::string_view bytes) {
     return TextResult(modTextBytes::TextOf(bytes));
 }
 
-std::size_t SizeOf(const Value& value) {
-    const bool isAscii = value.Type() == ValueType::String && value.TextBody() != nullptr &&
-                         value.TextBody()->IsAscii();
-    return isAscii ? 2 * value.AsText().size() : modTextBytes::BytesIn(value).size();
-}
-
 Value LeftB(ScriptContext&, Arguments arguments) {
     const std::size_t count = CountAt(arguments, 1);
     return IsNullAt(arguments, 0) ? Value::Null() : TextOfBytes(BytesAt(arguments[0], 0, count));
@@ -63,7 +56,7 @@ Value RightB(ScriptContext&, Arguments arguments) {
     if (IsNullAt(arguments, 0)) {
         return Value::Null();
     }
-    const std::size_t size = SizeOf(arguments[0]);
+    const std::size_t size = modTextBytes::CountIn(arguments[0]);
     return TextOfBytes(BytesAt(arguments[0], size - std::min(count, size)));
 }
 
@@ -80,8 +73,12 @@ Value MidB(ScriptContext&, Arguments arguments) {
 }
 
 /// A text whose characters have the bytes as their codes: what counts characters there counts bytes.
-Value CharacterForEachByte(const Value& value, bool lowersCase) {
+Value CharacterForEachByte(ScriptContext& context, const Value& value, bool lowersCase) {
+    constexpr std::size_t kBytesOfABreath = 1000;
     std::string bytes = modTextBytes::BytesIn(value);
+    for (std::size_t done = kBytesOfABreath; done < bytes.size(); done += kBytesOfABreath) {
+        context.Breathe();
+    }
     if (lowersCase) {
         bytes = modTextBytes::BytesOf(modTextCase::ToLower(modTextBytes::TextOf(bytes)));
     }
@@ -102,7 +99,7 @@ Value InStrB(ScriptContext& context, Arguments arguments) {
     asked[kCompare] = Value::Long(0);
     for (Value* const text : {&asked[first], &asked[first + 1]}) {
         if (!text->IsMissing() && !IsNullAt({text, 1}, 0)) {
-            *text = CharacterForEachByte(*text, ignoresCase);
+            *text = CharacterForEachByte(context, *text, ignoresCase);
         }
     }
     return FindBuiltin("InStr")->Call(context, asked);
@@ -113,12 +110,7 @@ Value LenB(ScriptContext&, Arguments arguments) {
     if (IsNullAt(arguments, 0)) {
         return Value::Null();
     }
-    const Value& value = ArgumentAt(arguments, 0);
-    if (modTextBytes::IsByteArray(value)) {
-        return Value::Long(static_cast<std::int32_t>(SizeOf(value)));
-    }
-    const TextArgument text(value);
-    return Value::Long(static_cast<std::int32_t>(2 * text.Length()));
+    return Value::Long(static_cast<std::int32_t>(modTextBytes::CountIn(ArgumentAt(arguments, 0))));
 }
 
 Value AscB(ScriptContext&, Arguments arguments) {

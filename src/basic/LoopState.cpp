@@ -29,7 +29,7 @@ void LoopState::Leave() {
 bool LoopState::Next(Value& element) {
     if (!m_array) {
         const bool isMore = m_iterator->Next(element);
-        if (element.Type() == ValueType::Array && element.AsArray()->IsShared())
+        if (isMore && element.Type() == ValueType::Array && element.AsArray()->IsShared())
             element = element.DeepCopy();
         return isMore;
     }

@@ -117,7 +117,7 @@ void Machine::CoerceKnown(Instruction in, Value* base) {
                               : in.Code == Opcode::CoerceDouble  ? DeclaredKind::Double
                               : in.Code == Opcode::CoerceBoolean ? DeclaredKind::Boolean
                                                                  : DeclaredKind::String;
-    if (kind != DeclaredKind::String)
+    if (kind != DeclaredKind::String || base[in.B].Type() == ValueType::Array)
         Spend(CostOf(base[in.B]) - 1);
     base[in.A] = CoerceTo(base[in.B], kind);
 }

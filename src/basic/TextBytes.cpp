@@ -4,7 +4,9 @@
 #include "basic/Characters.h"
 #include "basic/Coercion.h"
 
+#include <algorithm>
 #include <cstdint>
+#include <vector>
 
 namespace dorvik::basic::modTextBytes {
 
@@ -63,17 +65,30 @@ bool IsByteArray(const Value& value) {
            value.AsArray()->Element().Kind == DeclaredKind::Byte;
 }
 
-std::string BytesIn(const Value& value) {
+std::string BytesIn(const Value& value, std::size_t from, std::size_t count) {
     if (!IsByteArray(value)) {
         std::string buffer;
-        return BytesOf(ToText(value, buffer));
+        const std::string bytes = BytesOf(ToText(value, buffer));
+        return from < bytes.size() ? bytes.substr(from, count) : std::string();
     }
+    const std::vector<Value>& elements = value.AsArray()->Elements();
+    const std::size_t begin = std::min(from, elements.size());
+    const std::size_t end = begin + std::min(count, elements.size() - begin);
     std::string bytes;
-    bytes.reserve(value.AsArray()->Elements().size());
-    for (const Value& element : value.AsArray()->Elements()) {
-        bytes += static_cast<char>(element.AsByte());
+    bytes.reserve(end - begin);
+    for (std::size_t i = begin; i < end; ++i) {
+        bytes += static_cast<char>(elements[i].AsByte());
     }
     return bytes;
+}
+
+std::size_t CountIn(const Value& value) {
+    if (IsByteArray(value)) {
+        return value.AsArray()->Elements().size();
+    }
+    const bool isAscii = value.Type() == ValueType::String && value.TextBody() != nullptr &&
+                         value.TextBody()->IsAscii();
+    return isAscii ? 2 * value.AsText().size() : BytesIn(value).size();
 }
 
 Value ArrayOf(std::string_view bytes) {

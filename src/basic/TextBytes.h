@@ -13,8 +13,12 @@ std::string BytesOf(std::string_view text);
 std::string TextOf(std::string_view bytes);
 
 bool IsByteArray(const Value& value);
-/// The bytes of an array of them in its order, and else those of the value's text. Raises 94 for Null, 13 for an Error.
-std::string BytesIn(const Value& value);
+/// The elements of an array of bytes, or the bytes of the value's text: from one on, so many of them or all. Raises 94
+/// for Null, 13 for an Error.
+std::string
+BytesIn(const Value& value, std::size_t from = 0, std::size_t count = std::string::npos);
+/// How many bytes those are in all.
+std::size_t CountIn(const Value& value);
 /// A dynamic array from 0. Raises 7 beyond the memory limit.
 Value ArrayOf(std::string_view bytes);
 

@@ -82,10 +82,18 @@ TEST(TimeLimit, ReachesLoopsOfSlowStatements) {
     const std::string kText = "Dim s As String\ns = Space(4000000)\nz = Space(4000000)\n";
     const std::string kList =
         "Dim c As New Collection\nFor i = 1 To 20000\nc.Add i, \"k\" & i\nNext\n";
+    const std::string kBytes = "Dim b() As Byte, s As String\nReDim b(4000000)\ns = b\n";
     const struct {
         std::string Declarations;
         const char* Statement;
     } rows[] = {
+        {kBytes, "x = LenB(b)"},
+        {kBytes, "x = AscB(b)"},
+        {kBytes, "x = InStrB(b, \"a\")"},
+        {kBytes, "x = StrConv(b, 64)"},
+        {kBytes, "x = MidB(s, 3, 1)"},
+        {kBytes, "s = b"},
+        {kBytes, "b = s"},
         {kText, "LSet s = \"a\""},
         {kText, "Mid(s, 4000000) = \"a\""},
         {kText, "x = (s = z)"},
