@@ -85,6 +85,10 @@ std::string Variant::AsText() const {
     return {};
 }
 
+std::optional<const void*> Variant::ObjectIdentity() const {
+    return IsHeld() ? Held().ObjectIdentity() : std::nullopt;
+}
+
 std::int32_t Variant::AsLong() const {
     if (IsLong()) {
         return std::get<std::int32_t>(m_value);

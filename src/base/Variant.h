@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -15,6 +16,9 @@ class HeldValue {
 public:
     virtual ~HeldValue() = default;
     virtual std::string AsText() const = 0;
+    /// Which object the value refers to, null for none ("Nothing"); no value at all for what is not an
+    /// object, such as a date.
+    virtual std::optional<const void*> ObjectIdentity() const { return std::nullopt; }
 };
 
 /// A value of the kinds that a property bag holds: nothing (the default), a text, a 32-bit number,
@@ -43,6 +47,8 @@ public:
     bool IsHeld() const { return std::holds_alternative<Holder>(m_value); }
     double Double() const { return std::get<double>(m_value); }           // REQUIRES: IsDouble()
     const HeldValue& Held() const { return *std::get<Holder>(m_value); }  // REQUIRES: IsHeld()
+    /// As for a held value; no value for all that is not held.
+    std::optional<const void*> ObjectIdentity() const;
 
     /// The text form: "True" and "False", decimal numbers with "." as the point (a double with
     /// 15 significant digits), "" when empty.

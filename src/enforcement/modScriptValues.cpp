@@ -3,6 +3,8 @@
 #include "base/BasicError.h"
 #include "basic/Coercion.h"
 
+#include <optional>
+
 namespace dorvik::modScriptValues {
 
 namespace {
@@ -24,6 +26,13 @@ public:
         }
         const bool hasText = type != basic::ValueType::Object && type != basic::ValueType::Array;
         return hasText ? basic::ToText(m_value) : basic::TypeNameOf(m_value);
+    }
+
+    std::optional<const void*> ObjectIdentity() const override {
+        if (m_value.Type() != basic::ValueType::Object) {
+            return std::nullopt;
+        }
+        return m_value.AsObject();
     }
 
 private:

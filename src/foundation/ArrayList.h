@@ -5,7 +5,8 @@
 
 namespace dorvik {
 
-/// A list of values of any kind, a text here and a number there. `IndexOfValue` compares their texts.
+/// A list of values of any kind, a text here, a number or an object there. `IndexOfValue` compares their
+/// texts, but objects go by identity.
 using ArrayList = PlainList<Variant>;
 
 }  // namespace dorvik

@@ -49,7 +49,8 @@ private:
     }
 };
 
-/// A number is the same as another number or a text if their texts are the same.
+/// Objects are the same by identity and never the same as anything else. A number is the same as another
+/// number or a text if their texts are the same.
 template <>
 struct ListElement<Variant> {
     using Sought = const Variant&;
@@ -59,6 +60,11 @@ struct ListElement<Variant> {
     static bool Equal(const Variant& element, Sought sought) {
         if (element.IsText() && sought.IsText()) {
             return ListElement<std::string>::Equal(element.Text(), sought.Text());
+        }
+        const auto object = element.ObjectIdentity();
+        const auto soughtObject = sought.ObjectIdentity();
+        if (object || soughtObject) {
+            return object == soughtObject;
         }
         return modTextCase::Equal(element.AsText(), sought.AsText());
     }

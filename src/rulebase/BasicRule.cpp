@@ -1,5 +1,7 @@
 #include "rulebase/BasicRule.h"
 
+#include "rulebase/HeldRuleNumbers.h"
+
 #include <utility>
 
 namespace dorvik {
@@ -9,8 +11,16 @@ std::string RuleKeyOf(std::int32_t ruleID) {
 }
 
 void BasicRule::SetRuleID(std::int32_t ruleID) {
+    if (const auto numbers = m_heldNumbers.lock()) {
+        numbers->Remove(m_ruleID);
+        numbers->Add(ruleID);
+    }
     m_ruleID = ruleID;
     MarkDirty();
+}
+
+void BasicRule::SetHeldNumbers(const std::shared_ptr<HeldRuleNumbers>& numbers) {
+    m_heldNumbers = numbers;
 }
 
 void BasicRule::SetCondition(std::string condition) {

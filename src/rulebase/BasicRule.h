@@ -10,6 +10,7 @@ class BasicRule : public IRule {
 public:
     std::int32_t RuleID() const override { return m_ruleID; }
     void SetRuleID(std::int32_t ruleID) override;
+    void SetHeldNumbers(const std::shared_ptr<HeldRuleNumbers>& numbers) override;
     const std::string& Condition() const override { return m_condition; }
     void SetCondition(std::string condition);
     bool Dirty() const override;
@@ -34,8 +35,8 @@ public:
 
 protected:
     BasicRule() = default;
-    BasicRule(const BasicRule&) = default;
-    BasicRule& operator=(const BasicRule&) = default;
+    BasicRule(const BasicRule&) = delete;  // a copy is a `Clone`, which no list holds
+    BasicRule& operator=(const BasicRule&) = delete;
 
     void MarkDirty() { m_dirty = true; }
     /// The part of `Clone` that all rules share, through the write properties.
@@ -46,6 +47,7 @@ private:
     std::string m_title;
     std::string m_description;
     dorvik::ViolationDefinition m_violationDefinition;
+    std::weak_ptr<HeldRuleNumbers> m_heldNumbers;  // of the lists that hold the rule
     std::int32_t m_ruleID = 0;
     bool m_ruleActive = true;
     bool m_dirty = false;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/BasicError.h"
 #include "foundation/IKeyedList.h"
 #include "rulebase/CategoryList.h"
 
@@ -21,9 +22,13 @@ public:
     std::shared_ptr<IListItem> Item(std::string_view key) const override {
         return m_list.Item(key);
     }
-    /// A new item gets its key with its ID.
+    /// A new item gets its key with its ID. An item that is not a category raises `kTypeMismatch`.
     void Add(const std::shared_ptr<IListItem>& item, bool newItem) override {
-        m_list.Add(std::dynamic_pointer_cast<CategoryItem>(item), newItem);
+        const auto category = std::dynamic_pointer_cast<CategoryItem>(item);
+        if (!category) {
+            RaiseRuntimeError(runtimeerror::kTypeMismatch);
+        }
+        m_list.Add(category, newItem);
     }
     void Remove(std::int32_t index) override { m_list.Remove(index); }
     void Remove(std::string_view key) override { m_list.Remove(key); }

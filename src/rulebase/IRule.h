@@ -9,6 +9,8 @@
 
 namespace dorvik {
 
+class HeldRuleNumbers;
+
 /// A rule as the review and the rule lists see it. Rules are plain data: others evaluate them.
 /// A rule is shared by all the lists that hold it and lives as long as they do.
 class IRule {
@@ -18,6 +20,8 @@ public:
     /// Unique within the rulebase; 0 until one is given.
     virtual std::int32_t RuleID() const = 0;
     virtual void SetRuleID(std::int32_t ruleID) = 0;
+    /// For the rule lists only: where a change of the number is to be told; null for nowhere.
+    virtual void SetHeldNumbers(const std::shared_ptr<HeldRuleNumbers>& numbers) = 0;
     virtual dorvik::RuleType RuleType() const = 0;
     /// Script text, or the regular expression of an unauthorised keyword.
     virtual const std::string& Condition() const = 0;

@@ -122,18 +122,31 @@ const ObjectArrayList<CodingConvention>* RuleLists::PendingViolations(std::int32
 
 void RuleLists::AddConvention(const std::shared_ptr<IRule>& rule, bool isNew) {
     Trap({"RuleLists", "AddConvention"}, [&] {
+        const std::int32_t number = isNew ? m_lastID + 1 : rule->RuleID();
+        const bool isInUse = IsInUse(number);
         if (isNew) {
-            SetLastID(m_lastID + 1);
-            rule->SetRuleID(m_lastID);
+            SetLastID(number);
+            rule->SetRuleID(number);
         }
-        const std::string key = rule->RuleKey();
-        if (!m_usedNumbers.insert(rule->RuleID()).second) {
-            modKyErrors::RaiseError(modKyErrors::kyErrKeyInUse, "KeyedArrayList::Add", key);
+        if (isInUse) {
+            modKyErrors::RaiseError(
+                modKyErrors::kyErrKeyInUse, "KeyedArrayList::Add", rule->RuleKey());
         }
-        m_allConventions.Add(key, rule, false, false);
+        AddToAll(rule);
         AddToListsOfItsKind(rule);
         m_dirty = true;
     });
+}
+
+bool RuleLists::IsInUse(std::int32_t ruleID) const {
+    return m_usedNumbers.contains(ruleID) || m_heldNumbers->Contains(ruleID);
+}
+
+void RuleLists::AddToAll(const std::shared_ptr<IRule>& rule) {
+    m_allConventions.Add(rule->RuleKey(), rule, false, false);
+    m_usedNumbers.insert(rule->RuleID());
+    m_heldNumbers->Add(rule->RuleID());
+    rule->SetHeldNumbers(m_heldNumbers);
 }
 
 void RuleLists::AddToListsOfItsKind(const std::shared_ptr<IRule>& rule) {
@@ -208,8 +221,11 @@ void RuleLists::RemoveFromListsOfItsKind(const IRule& rule, std::string_view rul
 }
 
 void RuleLists::RemoveFromAll(std::string_view ruleKey) {
+    const std::shared_ptr<IRule> rule = m_allConventions.Item(ruleKey);
     m_allConventions.Remove(ruleKey);
     m_usedNumbers.erase(LeadingLong(ruleKey));
+    m_heldNumbers->Remove(rule->RuleID());
+    rule->SetHeldNumbers(nullptr);
 }
 
 void RuleLists::MoveCodingConvention(

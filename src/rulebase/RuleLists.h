@@ -4,6 +4,7 @@
 #include "foundation/ObjectArrayList.h"
 #include "foundation/ObjectKeyedArrayList.h"
 #include "rulebase/CodingConvention.h"
+#include "rulebase/HeldRuleNumbers.h"
 #include "rulebase/NamingConvention.h"
 #include "rulebase/NumberedLists.h"
 #include "rulebase/UnauthorisedKeyword.h"
@@ -23,13 +24,14 @@ namespace dorvik {
 /// review applies them in that order.
 ///
 /// Cost. Keyed lists scan their keys, so testing each of n new keys there would take n * n / 2
-/// comparisons. The numbers of the rules held are therefore kept in a hash set beside the lists:
-/// a key is in use exactly when its number is in the set, and the lists are filled without their
-/// own test. Adding a rule so takes time that depends on its events only, and a rulebase of 2,000
+/// comparisons. The numbers of the keys are therefore kept in a hash set beside the lists, and so are
+/// those that the rules have now: a rule may be given another number, and its entry keeps the old key. A
+/// number is in use when it is in either set, and the lists are filled without their own test.
+/// Adding a rule so takes time that depends on its events only, and a rulebase of 2,000
 /// rules loads in time linear in its size. A look-up at event time is one array access.
 ///
 /// Failures inside an operation are logged under module "RuleLists"; the operation returns its
-/// default. A rule whose key is in use is logged and stays out of all lists.
+/// default. A rule whose number is in use is logged and stays out of all lists.
 class RuleLists {
 public:
     static constexpr std::int32_t kFirstLastID = 4999;  // so that the first new rule gets 5000
@@ -113,7 +115,9 @@ private:
     void AddNamingConvention(const std::shared_ptr<NamingConvention>& rule);
     void AddToListsOfItsKind(const std::shared_ptr<IRule>& rule);
     void RemoveFromListsOfItsKind(const IRule& rule, std::string_view ruleKey);
+    void AddToAll(const std::shared_ptr<IRule>& rule);
     void RemoveFromAll(std::string_view ruleKey);
+    bool IsInUse(std::int32_t ruleID) const;
 
     ObjectKeyedArrayList<IRule> m_allConventions;
     ObjectKeyedArrayList<CodingConvention> m_codingConventions;
@@ -124,6 +128,7 @@ private:
     NumberedLists<CodingConvention> m_pending;
     NumberedLists<NamingConvention> m_objectNC;
     std::unordered_set<std::int32_t> m_usedNumbers;  // numbers of the keys in m_allConventions
+    std::shared_ptr<HeldRuleNumbers> m_heldNumbers = std::make_shared<HeldRuleNumbers>();
     bool m_dirty = false;
     std::int32_t m_lastID = kFirstLastID;
 };

@@ -10,6 +10,8 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -267,6 +269,44 @@ TEST(ArrayList, ValuesAreSearchedByTheirTextsWithoutRegardToCase) {
     EXPECT_EQ(list.IndexOfValue("true"), 3);
     EXPECT_EQ(list.IndexOfValue("Beta"), -1);
     EXPECT_FALSE(list.ContainsValue(13));
+}
+
+/// What a script may keep: an object, or a value of a kind that lists do not know.
+class Kept : public HeldValue {
+public:
+    explicit Kept(std::optional<const void*> object) : m_object(object) {}
+    std::string AsText() const override { return "Collection"; }
+    std::optional<const void*> ObjectIdentity() const override { return m_object; }
+
+private:
+    std::optional<const void*> m_object;
+};
+
+Variant KeptValue(std::optional<const void*> object) {
+    return std::shared_ptr<const HeldValue>(std::make_shared<Kept>(object));
+}
+
+TEST(ArrayList, ObjectsAreSearchedByIdentityAmongObjectsOnly) {
+    const int objects[3] = {};
+    ArrayList list;
+    list.Add("collection");
+    list.Add(KeptValue(&objects[0]));
+    list.Add(KeptValue(&objects[1]));
+    list.Add(KeptValue(nullptr));
+    EXPECT_EQ(list.IndexOfValue(KeptValue(&objects[0])), 2);
+    EXPECT_EQ(list.IndexOfValue(KeptValue(&objects[1])), 3);
+    EXPECT_EQ(list.IndexOfValue(KeptValue(&objects[2])), -1);
+    EXPECT_EQ(list.IndexOfValue(KeptValue(nullptr)), 4);
+    list.Remove(1);
+    EXPECT_EQ(list.IndexOfValue("Collection"), -1) << "a text is not looked for among objects";
+    EXPECT_EQ(list.IndexOfValue(KeptValue(std::nullopt)), -1);
+}
+
+TEST(ArrayList, HeldValuesThatAreNotObjectsGoByTheirTexts) {
+    ArrayList list;
+    list.Add(KeptValue(std::nullopt));
+    EXPECT_EQ(list.IndexOfValue("collection"), 1);
+    EXPECT_EQ(list.IndexOfValue(KeptValue(std::nullopt)), 1);
 }
 
 TEST(ObjectArrayList, ObjectsAreSearchedByIdentityAndComeBackAsTheSameObject) {

@@ -221,6 +221,25 @@ TEST(CategoryListView, ShowsTheItemsToGenericCode) {
     EXPECT_EQ(list.Count(), 0);
 }
 
+TEST(CategoryListView, RefusesAnItemOfAnotherClass) {
+    CategoryList list;
+    CategoryListView view(list);
+    for (const std::shared_ptr<IListItem>& item :
+         {std::shared_ptr<IListItem>(std::make_shared<SeverityItem>()),
+          std::shared_ptr<IListItem>()}) {
+        for (const bool newItem : {true, false}) {
+            try {
+                view.Add(item, newItem);
+                ADD_FAILURE() << "the item is not a category";
+            } catch (const BasicError& failure) {
+                EXPECT_EQ(failure.Number(), runtimeerror::kTypeMismatch);
+            }
+        }
+    }
+    EXPECT_EQ(list.Count(), 0);
+    EXPECT_EQ(list.LastID(), 0);
+}
+
 TEST(CategoryItem, ItsRulesAreCreatedWhenFirstRead) {
     CategoryItem item;
     EXPECT_EQ(item.CategoryRules().Count(), 0);
