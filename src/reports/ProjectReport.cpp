@@ -260,7 +260,7 @@ void ProjectReport::WriteCount(
 void ProjectReport::WriteTotals() {
     m_html.StartTag("tr", {"class", "totalsline"});
     m_html.InsertTableCell("TOTALS", "left");
-    m_html.InsertTableCell(PassRate(), "center");
+    m_html.InsertTableCell(PassRate(), m_tolerancesSet ? "center" : "");
     m_html.InsertTableCell(Figure(m_violations.TotalViolations()));
     m_html.InsertTableCell(Figure(m_violations.TotalImpact()));
     m_html.InsertTableCell(Figure(m_lines.TotalLines()));

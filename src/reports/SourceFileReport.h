@@ -62,7 +62,7 @@ private:
     bool InsertFigureTable(const FigureTable& table);
     void InsertFigureHeading();
     bool InsertFigureRows(const FigureTable& table);
-    /// Those of the tables; the rows, the links in them and what these lead to go by them alike.
+    /// The stored ones, which no filter touches; the rows of the tables go by them.
     const ViolationStatistics& FiguresOf(const BasicObject& location) const;
     void InsertFigureCells(const ViolationStatistics& statistics, const Figures& columns);
     void InsertCategoryTable();

@@ -217,13 +217,13 @@ bool SourceFileReport::InsertViolations() {
             "VBP File", m_results.GetVBPFileViolationsList(m_subject.File.ObjectID));
     }
     for (const BasicObject& location : m_procedures) {
-        // The count of the list itself goes by the filter, if one is set.
-        if (FiguresOf(location).TotalViolations() <= 0) {
+        // Not by the figures: a procedure that is written twice has those of one copy only.
+        const auto violations = m_results.GetProcedureViolationList(location.ObjectID);
+        if (violations.Count() == 0) {
             continue;
         }
         m_html.StartTag("table", {"id", AnchorOf(location), "cellspacing", "0"});
-        if (!InsertViolationTable(
-                HeadingOf(location), m_results.GetProcedureViolationList(location.ObjectID))) {
+        if (!InsertViolationTable(HeadingOf(location), violations)) {
             return false;
         }
     }

@@ -70,6 +70,8 @@ protected:
 
     static constexpr std::int32_t kNoLimit = -1;
     static constexpr const char* kNotAvailable = "<td align=\"center\">N/A</td>";
+    /// Only a rate is centred.
+    static constexpr const char* kNoRate = "<td>N/A</td>";
 
     ReviewedProject m_review{ResultsPath("Billing")};
     std::shared_ptr<VirtualProject> m_project;
@@ -103,7 +105,7 @@ TEST_F(ProjectReportTest, WithoutTolerancesThereIsNoVerdictYetErrorsCount) {
     EXPECT_THAT(
         page,
         HasSubstr(
-            std::string("<tr class=\"totalsline\"><td align=\"left\">TOTALS</td>") + kNotAvailable +
+            std::string("<tr class=\"totalsline\"><td align=\"left\">TOTALS</td>") + kNoRate +
             "<td>1</td><td>900</td><td>100</td></tr></table>\r\n"));
     EXPECT_THAT(m_log.Entries(), IsEmpty());
 }
@@ -313,7 +315,7 @@ TEST_F(ProjectReportTest, OfAnOlderDatabaseWithoutTolerancesHasNoRateWhateverIsN
     Begin(kNoLimit);
     WriteProjectFile(0);
     WriteModule("modB", 0, 0, SourceFileStatus::NotFound);
-    EXPECT_THAT(OlderPage(), HasSubstr(std::string("TOTALS</td>") + kNotAvailable));
+    EXPECT_THAT(OlderPage(), HasSubstr(std::string("TOTALS</td>") + kNoRate));
 }
 
 TEST_F(ProjectReportTest, AReviewWithoutAnEndHasNeitherEndNorDuration) {

@@ -392,6 +392,22 @@ TEST_F(SourceFileReportTest, AFilterOfTheResultsTakesNoPartInLinksAndDetails) {
     }
 }
 
+/// The two are one row of the results, whose figures are those of the first copy.
+TEST_F(SourceFileReportTest, AProcedureWrittenTwiceShowsTheViolationsOfBothCopies) {
+    const auto file = BeginFile("modA", "modA.bas", "Module");
+    const auto first = SetUpProcedure("Total", "Sub");
+    EndObject(*first, {2, 0, 0, 0, 2}, 2);
+    const auto second = SetUpProcedure("Total", "Sub");
+    ASSERT_EQ(second->ObjectID(), first->ObjectID());
+    RaiseIn(*second, *file, Raised(2, 750, 7, 1, "Jump of the second copy"));
+    EndObject(*second, {1, 0, 0, 0, 1}, 1);
+    EndFile(*file, {3, 0, 0, 0, 3}, 1);
+    Finish();
+    const std::string page = Page();
+    EXPECT_EQ(Occurrences(page, "<table id=\"Total_Sub\""), 1);
+    EXPECT_EQ(Occurrences(page, "Jump of the second copy"), 1);
+}
+
 TEST_F(SourceFileReportTest, AnEarlierPageIsReplaced) {
     WriteForm();
     const std::string page = Page();
