@@ -84,6 +84,12 @@ void ProgramRun::Interrupt() {
     }
 }
 
+void ProgramRun::Kill() {
+    if (m_process != 0) {
+        ::kill(m_process, SIGKILL);
+    }
+}
+
 void ProgramRun::Wait() {
     while (IsRunning()) {
         if (!m_timedOut && std::chrono::steady_clock::now() > m_deadline) {

@@ -31,6 +31,8 @@ public:
     bool IsRunning();
     /// What Ctrl-C in a terminal does.
     void Interrupt();
+    /// Ends the program at once, whatever it is doing; wait for it afterwards.
+    void Kill();
     /// Waits for the end. A program that takes longer than the patience of the settings is killed;
     /// its exit code is then `kKilled`.
     void Wait();

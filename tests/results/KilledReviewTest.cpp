@@ -1,7 +1,8 @@
 // What a process that is killed in the middle of a review leaves behind, and what others see of it
-// while it is at work. DORVIK_KILL_ROUNDS in the environment is the number of killed reviews.
+// while it is at work. tests/cli/KilledReviewTest.cpp kills the program itself.
 
 #include "results/ResultsDBFixture.h"
+#include "support/KillRounds.h"
 
 #include <sqlite3.h>
 
@@ -17,12 +18,7 @@
 namespace dorvik {
 namespace {
 
-constexpr int kDefaultRounds = 25;
-
-int Rounds() {
-    const char* const text = std::getenv("DORVIK_KILL_ROUNDS");
-    return text != nullptr ? std::atoi(text) : kDefaultRounds;
-}
+constexpr int kUsualRounds = 25;
 
 /// A review in a process of its own, which tells of each thing that it has stored: the number 0 when the
 /// review row is there, then the key of each violation.
@@ -193,7 +189,7 @@ KillPoint PickKillPoint(std::mt19937& random, std::int32_t violations) {
 
 TEST_F(KilledReview, AtAnyMomentItLeavesADatabaseThatOpensWithEveryRowLogged) {
     std::mt19937 random(20261121);
-    const int rounds = Rounds();
+    const int rounds = test::KillRounds(kUsualRounds);
     for (int round = 1; round <= rounds; ++round) {
         const std::int32_t violations =
             std::uniform_int_distribution<std::int32_t>(0, 1500)(random);

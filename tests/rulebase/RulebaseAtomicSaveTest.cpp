@@ -1,4 +1,5 @@
 #include "rulebase/RulebaseManagerFixture.h"
+#include "support/KillRounds.h"
 
 #include <gtest/gtest.h>
 
@@ -178,7 +179,7 @@ TEST_F(RulebaseAtomicSaveTest, AFolderOrADeviceInPlaceOfTheFileIsNotReplaced) {
 }
 
 TEST_F(RulebaseAtomicSaveTest, AKillAtAnyMomentLeavesTheOldFileOrTheNewWhole) {
-    constexpr int kRounds = 30;
+    const int rounds = test::KillRounds(30);
     constexpr std::size_t kSize = 40000;
     const std::string other = Saved("B", kSize * 2);
     const auto start = std::chrono::steady_clock::now();
@@ -188,7 +189,7 @@ TEST_F(RulebaseAtomicSaveTest, AKillAtAnyMomentLeavesTheOldFileOrTheNewWhole) {
         std::chrono::duration_cast<std::chrono::microseconds>(saveTime * 6).count() + 1000;
     std::mt19937 engine(20011231);
     int finished = 0;
-    for (int round = 0; round < kRounds; ++round) {
+    for (int round = 0; round < rounds; ++round) {
         const pid_t child = ::fork();
         if (child == 0) {
             for (;;) {
