@@ -128,7 +128,7 @@ TEST_F(LargeInput, ADeepNestOfPropertyBlocksIsReviewed) {
         Repeated("EndProperty\r\n", kDepth) + "End\r\n"));
 }
 
-TEST_F(LargeInput, AFormOfFiveThousandControlsFinishesInSeconds) {
+TEST_F(LargeInput, AFormOfFiveThousandControlsIsReviewed) {
     std::string controls;
     for (int number = 0; number < 5000; ++number) {
         const std::string text = std::to_string(number);
@@ -136,9 +136,8 @@ TEST_F(LargeInput, AFormOfFiveThousandControlsFinishesInSeconds) {
                     " \r\n      Height = 285\r\n      Left = " + text +
                     "\r\n      TabIndex = " + text + "\r\n      Top = 1\r\n   End\r\n";
     }
-    const auto start = std::chrono::steady_clock::now();
     ReviewForm(Form(controls));
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(30));
+    EXPECT_EQ(Results("SELECT LineNum FROM Violations WHERE Title = 'No DoEvents'"), "2");
 }
 
 TEST_F(LargeInput, EventsOfALongLineAreWholeJsonLines) {

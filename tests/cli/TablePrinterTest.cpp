@@ -87,7 +87,7 @@ TEST(TerminalText, BreaksAtBlanksAndCutsLongWords) {
     EXPECT_EQ(Wrapped("aa   ", 3), (Lines{"aa"}));
 }
 
-TEST(TerminalText, ALongTextIsWrappedInNoTime) {
+TEST(TerminalText, ALongTextIsWrapped) {
     std::string text;
     for (int word = 0; word < 20000; ++word) {
         text += "word ";

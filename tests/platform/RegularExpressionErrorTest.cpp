@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
-
 namespace dorvik {
 namespace {
 
@@ -167,13 +165,11 @@ const std::string& LongText() {
 class GivenUpTest : public testing::TestWithParam<const char*> {};
 
 TEST_P(GivenUpTest, IsAnErrorThatNamesTheLimitAndNoMatch) {
-    const auto start = std::chrono::steady_clock::now();
     const std::string description = DescriptionOf(GetParam(), LongText());
     const std::string prefix = "16 Expression too complex: the search for regular expression '" +
                                std::string(GetParam()) + "' was given up, ";
     ASSERT_EQ(description.substr(0, prefix.size()), prefix);
     EXPECT_NE(description.find("limit exceeded", prefix.size()), std::string::npos) << description;
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
     RegularExpression expression = ExpressionOf(GetParam(), "g");
     EXPECT_EQ(MatchText(expression, LongText()), "error 16");
     EXPECT_THROW(expression.Replace(LongText(), "x"), BasicError);

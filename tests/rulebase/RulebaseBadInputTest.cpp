@@ -340,7 +340,7 @@ TEST_F(RulebaseBadInputTest, ANumberInUseByAnotherKindOfRuleIsInUse) {
     EXPECT_TRUE(m_log.Contains("the key '5000Key' is already in use"));
 }
 
-TEST_F(RulebaseBadInputTest, ARuleWithVeryManyEventsLoadsInReasonableTime) {
+TEST_F(RulebaseBadInputTest, ARuleWithVeryManyEventsLoads) {
     std::string events = "1";
     for (int event = 2; event <= 200000; ++event) {
         events += "|" + std::to_string(event);

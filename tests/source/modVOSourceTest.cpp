@@ -183,7 +183,7 @@ TEST(modVOSource, DeclarationsOfChanceAreWalkedToTheirEnd) {
     }
 }
 
-TEST(modVOSource, LongDeclarationTakesTimeThatGrowsWithItsLength) {
+TEST(modVOSource, ALongDeclarationGivesAllItsObjects) {
     std::string constants = "Const A0 = 1";
     std::string variables = "Dim a0(1";
     for (int i = 1; i < 20000; ++i) {

@@ -179,7 +179,7 @@ TEST(modVOSourceLayout, ReaderGivesWhatThePlainFunctionGivesOnLayoutsOfChance) {
     }
 }
 
-TEST(modVOSourceLayout, FormOfFiveThousandControlsIsReadInSeconds) {
+TEST(modVOSourceLayout, FormOfFiveThousandControlsIsRead) {
     Lines lines = {"Begin VB.Form F"};
     for (int i = 0; i < 5000; ++i) {
         lines.emplace_back("   Begin VB.Label lbl ");
