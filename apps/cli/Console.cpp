@@ -71,8 +71,9 @@ std::string ShownPath(std::string_view path) {
 
 }  // namespace modConsole
 
-void ConsoleMessageBox::Show(const MessageText& message) {
+MessageAnswer ConsoleMessageBox::Show(const MessageText& message) {
     modConsole::PrintError(message.Text);
+    return Refusal(message.Buttons);
 }
 
 }  // namespace dorvik

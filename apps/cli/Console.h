@@ -32,16 +32,20 @@ std::string ShownPath(std::string_view path);
 
 }  // namespace modConsole
 
-/// Shows the engine's message boxes as lines on standard error; nothing waits for an answer.
+/// Shows the engine's message boxes as lines on standard error. Nobody is asked: a question is answered
+/// by `Refusal`.
 class ConsoleMessageBox final : public IMessageBox {
 public:
-    void Show(const MessageText& message) override;
+    MessageAnswer Show(const MessageText& message) override;
 };
 
 /// Keeps the text of the last message box, for a command that puts it into a sentence of its own.
 class KeptMessage final : public IMessageBox {
 public:
-    void Show(const MessageText& message) override { m_text = message.Text; }
+    MessageAnswer Show(const MessageText& message) override {
+        m_text = message.Text;
+        return Refusal(message.Buttons);
+    }
     /// Empty while there was none.
     const std::string& Text() const { return m_text; }
 

@@ -176,7 +176,11 @@ SliceResult Drive(ReviewManager& manager, const ReviewOptions& options) {
     ProgressLine line(!options.Quiet && (options.Progress || modConsole::ErrorIsTerminal()));
     manager.SetProgressHandler([&](const ProgressInfo& progress, bool& cancel) {
         line.Show(progress);
-        cancel = cancel || interrupt.Requested();
+        if (interrupt.Requested()) {
+            // A cancel of reports alone would let the next project replace its results.
+            manager.Abandon();
+            cancel = true;
+        }
     });
     manager.RuleEngine().SetStopRequest([&interrupt] { return interrupt.Requested(); });
     auto result = SliceResult::Continue;

@@ -108,6 +108,7 @@ void ReviewReports::FillCriteria(
     criteria.SetUseProjectFolderReports(m_folder.empty());
     criteria.SetFixedFolderReports(m_folder);
     criteria.SetReportOption(kNoReports);
+    criteria.SetWritesBatchReport(false);
     if (!m_options.Wanted()) {
         return;
     }
@@ -116,6 +117,7 @@ void ReviewReports::FillCriteria(
     const bool isGroup = paths.size() == 1 && modTextCase::EndsWith(paths.front(), ".vbg");
     if (projectFiles.size() > 1 || isGroup || !m_options.BatchTitle.empty()) {
         NameBatch(criteria, m_options.BatchTitle, paths, projectFiles);
+        criteria.SetWritesBatchReport(true);
     }
 }
 
@@ -135,7 +137,7 @@ void ReviewReports::Finish(
             m_older.push_back(project.Filename());
         }
     }
-    if (!criteria.BatchFilename().empty()) {
+    if (criteria.WritesBatchReport()) {
         FinishBatch(criteria.BatchFilename());
     }
     m_pages.AddFailed(engine);

@@ -1,11 +1,18 @@
 #include "criteria/ReviewCriteria.h"
 
+#include "foundation/modUtilFunctions.h"
 #include "settings/DVKWorkData.h"
 #include "settings/modGlobal.h"
 
 #include <utility>
 
 namespace dorvik {
+
+namespace {
+
+constexpr const char* kDefaultBatchName = "Review.batch";
+
+}  // namespace
 
 ReviewCriteria::ReviewCriteria(const DVKWorkData& settings)
     : m_useProjectFolderResults(settings.UseProjectFolderResults()),
@@ -98,6 +105,26 @@ void ReviewCriteria::SetBatchTitle(std::string title) {
 
 void ReviewCriteria::SetBatchFilename(std::string filename) {
     m_batchFilename = std::move(filename);
+    m_dirty = true;
+}
+
+std::string ReviewCriteria::BatchFilenameOrDefault() const {
+    if (!m_batchFilename.empty()) {
+        return m_batchFilename;
+    }
+    std::int32_t first = 1;
+    while (first < m_projectList.Count() && !m_projectList.Selected(first)) {
+        ++first;
+    }
+    std::string folder;
+    if (m_projectList.Count() > 0) {
+        folder = modUtilFunctions::PathFromFilename(m_projectList.Item(first)->Filename());
+    }
+    return folder + kDefaultBatchName;
+}
+
+void ReviewCriteria::SetWritesBatchReport(bool writes) {
+    m_writesBatchReport = writes;
     m_dirty = true;
 }
 

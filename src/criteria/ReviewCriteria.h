@@ -89,6 +89,12 @@ public:
     void SetBatchTitle(std::string title);
     const std::string& BatchFilename() const { return m_batchFilename; }
     void SetBatchFilename(std::string filename);
+    /// What the batch is called by: `BatchFilename`, or where that is empty a file "Review.batch" beside the
+    /// first selected project.
+    std::string BatchFilenameOrDefault() const;
+    /// Whether a batch review ends with the page of the batch; true at first.
+    bool WritesBatchReport() const { return m_writesBatchReport; }
+    void SetWritesBatchReport(bool writes);
     /// Shown in the batch report; nothing in the system assigns it.
     const DateTime& ReviewStarted() const { return m_reviewStarted; }
     void SetReviewStarted(const DateTime& started);
@@ -116,6 +122,7 @@ private:
     ToleranceSettings m_tolerances;
     std::string m_batchTitle;
     std::string m_batchFilename;
+    bool m_writesBatchReport = true;
     DateTime m_reviewStarted;
     ObjectKeyedArrayList<StringKeyedArrayList> m_previouslySelectedFiles;
 };

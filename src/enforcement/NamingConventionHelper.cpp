@@ -58,9 +58,11 @@ std::int32_t NamingConventionHelper::ExtractGlobalNames(VirtualSourceFile& file)
     return status;
 }
 
-void NamingConventionHelper::AddTypeLibrary(
+bool NamingConventionHelper::AddTypeLibrary(
     std::string_view key, std::shared_ptr<VirtualTypeLibrary> library) {
-    m_typeLibraries.Add(key, std::move(library), false, true);
+    return Trap({kModule, "AddTypeLibrary"}, [&] {
+        m_typeLibraries.Add(key, std::move(library), false, true);
+    });
 }
 
 TypeKind NamingConventionHelper::KindInLibrary(

@@ -60,8 +60,9 @@ public:
     /// 0 for success.
     std::int32_t ExtractGlobalNames(VirtualSourceFile& file);
 
-    /// Takes in a loaded library. Raises the list's error for a key that is in use.
-    void AddTypeLibrary(std::string_view key, std::shared_ptr<VirtualTypeLibrary> library);
+    /// Takes in a loaded library. False if the key is in use, which is logged; the library that has it
+    /// stays.
+    bool AddTypeLibrary(std::string_view key, std::shared_ptr<VirtualTypeLibrary> library);
 
     /// What the loaded libraries know of a type name ("Name" or "Library.Name"). `qualifiedName`
     /// becomes "Library.Name" when the name is a class, and stays as it is for an unknown one without

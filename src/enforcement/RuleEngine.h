@@ -68,6 +68,10 @@ public:
         m_isStopRequested = std::move(isStopRequested);
     }
 
+    /// From now on no script begins, and one that runs is stopped at its next look. The request is not
+    /// asked any more.
+    void Stop() { m_isStopped = true; }
+
     /// Loads the generated module, which this object removes at its end, or when it loads another one.
     /// `origins` tells which of its lines are which rule's. False if it does not compile; the reason is
     /// logged.
@@ -149,7 +153,9 @@ private:
         std::string_view workfieldName,
         const basic::Value& value) override;
 
-    bool IsStopRequested() const { return m_isStopRequested && m_isStopRequested(); }
+    bool IsStopRequested() const {
+        return m_isStopped || (m_isStopRequested && m_isStopRequested());
+    }
     void RunScript(std::int32_t ruleId);
     ResultsManager& Results() const;
     /// Tells the log which rule failed, and where in its own script.
@@ -180,6 +186,7 @@ private:
     std::string m_scriptFilename;  // empty until loaded
     std::string m_loadError;
     std::function<bool()> m_isStopRequested;
+    bool m_isStopped = false;
     std::int32_t m_runningRule = 0;
     std::map<std::int32_t, int> m_limitStops;  // by rule number
     std::vector<SwitchedOffRule> m_switchedOff;

@@ -93,10 +93,9 @@ void YieldToInput() {
     }
 }
 
-void ShowMessage(const MessageText& message) {
-    if (installedMessageBox != nullptr) {
-        installedMessageBox->Show(message);
-    }
+MessageAnswer ShowMessage(const MessageText& message) {
+    return installedMessageBox != nullptr ? installedMessageBox->Show(message)
+                                          : Refusal(message.Buttons);
 }
 
 std::string LogonName() {

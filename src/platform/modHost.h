@@ -18,8 +18,9 @@ DateTime Now();
 /// Lets waiting user input be processed. Costs next to nothing while no input handler is installed.
 void YieldToInput();
 
-/// Shows a message box. Nothing happens while none is installed.
-void ShowMessage(const MessageText& message);
+/// Shows a message box and gives back what was answered. While none is installed, nothing is shown and
+/// the answer is the one that agrees to nothing.
+MessageAnswer ShowMessage(const MessageText& message);
 
 /// The name under which the user is logged on; empty if the system does not know it.
 std::string LogonName();

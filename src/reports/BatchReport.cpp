@@ -45,7 +45,7 @@ void BatchReport::Write() {
     m_html.EndDocument();
     m_engine.SaveReport(
         m_html,
-        m_criteria.BatchFilename(),
+        m_criteria.BatchFilenameOrDefault(),
         ReportKind::BatchSummary,
         m_criteria.FixedFolderReports());
 }

@@ -1,232 +1,37 @@
 #include "review/ReviewManager.h"
 
-#include "foundation/Trap.h"
-#include "platform/modHost.h"
-#include "review/TimeSlice.h"
-#include "review/VB6ProjectReview.h"
-#include "rulebase/Rulebase.h"
-#include "rulebase/RulebaseManager.h"
-#include "source/VirtualProject.h"
+#include <utility>
 
 namespace dorvik {
 
-namespace {
+ReviewManager::ReviewManager() : ReviewManager(ProjectReviewFactory()) {}
 
-constexpr std::string_view kModule = "C_ReviewManager";
+ReviewManager::ReviewManager(ProjectReviewFactory factory)
+    : m_machine(std::make_shared<ReviewMachine>(std::move(factory))) {}
 
-/// The action codes that the driver sets; the progress window words them.
-constexpr std::int32_t kActionLoadingRulebase = 1;
-constexpr std::int32_t kActionInitialisingReview = 6;
-
-}  // namespace
-
-ReviewManager::ReviewManager()
-    : ReviewManager([this] { return std::make_unique<VB6ProjectReview>(m_typeLibraries); }) {}
-
-ReviewManager::ReviewManager(ProjectReviewFactory factory) : m_factory(std::move(factory)) {
-    m_reports.SetEvents(this);
+ReviewManager::~ReviewManager() {
+    m_machine->Abandon();
 }
 
-ReviewManager::~ReviewManager() = default;
-
 std::int32_t ReviewManager::InitialiseReview(std::shared_ptr<ReviewCriteria> criteria) {
-    if (!criteria) {
-        return 1;
-    }
-    m_criteria = std::move(criteria);
-    return 0;
+    return m_machine->InitialiseReview(std::move(criteria));
+}
+
+void ReviewManager::SetTypeLibraries(ITypeLibrarySource* typeLibraries) {
+    m_machine->SetTypeLibraries(typeLibraries);
+}
+
+void ReviewManager::SetProgressHandler(ProgressHandler handler) {
+    m_machine->SetProgressHandler(std::move(handler));
 }
 
 SliceResult ReviewManager::ReviewTimeSlice(std::int32_t ticks) {
-    auto result = SliceResult::Failed;
-    Trap({kModule, "ReviewTimeSlice"}, [&] {
-        const SliceResult slice = RunSteps(ticks, [this] { return ReviewStep(); });
-        if (slice != SliceResult::Continue) {
-            ClearProjects();
-        }
-        result = slice;
-    });
-    return result;
+    const std::shared_ptr<ReviewMachine> machine = m_machine;  // this may go in the slice
+    return machine->ReviewTimeSlice(ticks);
 }
 
-SliceResult ReviewManager::ReviewStep() {
-    ReviewStatus status = DetermineReviewStatus();
-    if (status == ReviewStatus::IsReviewComplete) {
-        return SliceResult::Complete;
-    }
-    if (status == ReviewStatus::IsAbort) {
-        if (m_projectReview) {
-            m_projectReview->AbortReview();
-            ReleaseProjectReview();
-        }
-        return SliceResult::Aborted;
-    }
-    if (status == ReviewStatus::IsError) {
-        status = RecoverFromError(m_state);
-        if (status == ReviewStatus::IsError) {
-            return SliceResult::Failed;
-        }
-    }
-    m_state = status;
-    modHost::YieldToInput();
-    return SliceResult::Continue;
-}
-
-ReviewStatus ReviewManager::DetermineReviewStatus() {
-    // The numbers are shared with the project review, so most of them are no state of this machine.
-    switch (static_cast<std::int32_t>(m_state)) {
-        case 1: return ReviewStatus::ShowLoadingRulebase;
-        case 2: return State_ShowLoadingRulebase();
-        case 3: return State_LoadRulebase();
-        case 4: return State_InitialiseReports();
-        case 5: return State_BeginProjects();
-        case 6: return State_OpenProject();
-        case 17: return State_ProjectTimeSlice();
-        case 26: return State_CloseProject();
-        case 27: return State_BatchReport();
-        default: return ReviewStatus::IsError;
-    }
-}
-
-ReviewStatus ReviewManager::RecoverFromError(ReviewStatus state) {
-    if (state == ReviewStatus::OpenProject || state == ReviewStatus::ProjectTimeSlice ||
-        state == ReviewStatus::CloseProject) {
-        return MoveToNextProject(true);
-    }
-    return ReviewStatus::IsError;
-}
-
-ReviewStatus ReviewManager::MoveToNextProject(bool releaseCurrent) {
-    if (releaseCurrent && m_projectReview) {
-        ReleaseProjectReview();
-    }
-    m_projectIndex = FindNextSelectedProject(m_projectIndex);
-    const bool pastTheEnd =
-        m_projectIndex > m_criteria->ProjectList().Count() || m_projectIndex < 1;
-    return pastTheEnd ? ReviewStatus::BatchReport : ReviewStatus::OpenProject;
-}
-
-std::int32_t ReviewManager::FindNextSelectedProject(std::int32_t from) const {
-    std::int32_t index = from + 1;
-    while (index <= m_criteria->ProjectList().Count() &&
-           !m_criteria->ProjectList().Selected(index)) {
-        ++index;
-    }
-    return index;
-}
-
-void ReviewManager::ReleaseProjectReview() {
-    m_projectReview->UnhookCallback();
-    m_projectReview->Dispose();
-    m_projectReview.reset();
-}
-
-void ReviewManager::ClearProjects() {
-    auto& projects = m_criteria->ProjectList();
-    for (std::int32_t index = 1; index <= projects.Count(); ++index) {
-        projects.Item(index)->ClearListProperties();
-    }
-}
-
-ReviewStatus ReviewManager::SignalProgress(ReviewStatus status) {
-    m_progress.RecalcPercentages();
-    if (!m_progress.HasChanged()) {
-        return status;
-    }
-    bool cancel = false;
-    SignalReviewProgress(cancel);
-    return cancel ? ReviewStatus::IsAbort : status;
-}
-
-void ReviewManager::SignalReviewProgress(bool& cancel) {
-    if (m_progressHandler) {
-        m_progressHandler(m_progress, cancel);
-    }
-}
-
-void ReviewManager::ReportsProgress(ProgressInfo&, std::int32_t state, bool& cancel) {
-    if (SignalProgress(static_cast<ReviewStatus>(state)) == ReviewStatus::IsAbort) {
-        cancel = true;
-        m_reportsCancelled = true;
-    }
-}
-
-ReviewStatus ReviewManager::State_ShowLoadingRulebase() {
-    m_progress.SetAction(kActionLoadingRulebase);
-    return SignalProgress(ReviewStatus::LoadRulebase);
-}
-
-ReviewStatus ReviewManager::State_LoadRulebase() {
-    auto status = ReviewStatus::IsError;
-    Trap({kModule, "State_LoadRulebase"}, [&] {
-        RulebaseManager manager;
-        m_rulebase = manager.LoadRulebase(m_criteria->LoadCriteria());
-        if (m_rulebase) {
-            m_criteria->LoadCriteria().SetRulebaseTitle(m_rulebase->Title());
-            m_criteria->LoadCriteria().SetRulebaseVersion(m_rulebase->Version());
-            std::vector<basic::ScriptOrigin> origins;
-            const std::string script = m_rulebase->RuleLists().CreateScriptFile(&origins);
-            if (m_ruleEngine.LoadScript(script, std::move(origins))) {
-                status = ReviewStatus::InitialiseReports;
-            }
-        }
-    });
-    return status;
-}
-
-ReviewStatus ReviewManager::State_InitialiseReports() {
-    m_reports.Initialise(m_rulebase->SeverityList(), m_rulebase->CategoryList());
-    return SignalProgress(ReviewStatus::BeginProjects);
-}
-
-ReviewStatus ReviewManager::State_BeginProjects() {
-    m_progress.SetAction(kActionInitialisingReview);
-    m_progress.BeginReview(m_criteria->ProjectList().SelectedCount());
-    const ReviewStatus status = SignalProgress(ReviewStatus::BeginProjects);
-    if (status != ReviewStatus::BeginProjects) {
-        return status;
-    }
-    m_projectIndex = 0;
-    return MoveToNextProject(false);
-}
-
-ReviewStatus ReviewManager::State_OpenProject() {
-    auto status = ReviewStatus::IsError;
-    Trap({kModule, "State_OpenProject"}, [&] {
-        m_projectReview = m_factory();
-        m_projectReview->HookupCallback(this);
-        if (m_projectReview->InitialiseReview(
-                m_criteria, m_progress, m_rulebase, m_ruleEngine, m_reports) == 0 &&
-            m_projectReview->LoadProject(m_projectIndex) == 0) {
-            status = ReviewStatus::ProjectTimeSlice;
-        }
-    });
-    return status;
-}
-
-ReviewStatus ReviewManager::State_ProjectTimeSlice() {
-    switch (m_projectReview->ReviewTimeSlice(1)) {
-        case SliceResult::Continue: return SignalProgress(ReviewStatus::ProjectTimeSlice);
-        case SliceResult::Failed: return ReviewStatus::IsError;
-        case SliceResult::Aborted: return ReviewStatus::IsAbort;
-        case SliceResult::Complete: break;
-    }
-    // A cancel during the reports leaves the project complete, but ends the review.
-    return m_reportsCancelled ? ReviewStatus::IsAbort : ReviewStatus::CloseProject;
-}
-
-ReviewStatus ReviewManager::State_CloseProject() {
-    ReleaseProjectReview();
-    return MoveToNextProject(false);
-}
-
-ReviewStatus ReviewManager::State_BatchReport() {
-    // A batch without a file name has no page: there is nothing to call it by.
-    if (m_criteria->ReviewType() == ReviewType_Batch && !m_criteria->BatchFilename().empty()) {
-        m_reports.CreateBatchReport(*m_criteria, m_progress);
-    }
-    const ReviewStatus status = SignalProgress(ReviewStatus::BatchReport);
-    return status == ReviewStatus::BatchReport ? ReviewStatus::IsReviewComplete : status;
+void ReviewManager::Abandon() {
+    m_machine->Abandon();
 }
 
 }  // namespace dorvik

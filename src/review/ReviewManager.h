@@ -1,108 +1,65 @@
 #pragma once
 
-#include "criteria/ProgressInfo.h"
-#include "criteria/ReviewCriteria.h"
-#include "enforcement/RuleEngine.h"
-#include "reports/ReportsEngine.h"
-#include "review/IProjectReview.h"
-#include "review/IProjectReviewEvents.h"
+#include "review/ReviewMachine.h"
 #include "review/ReviewStatus.h"
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 
 namespace dorvik {
-
-class ITypeLibrarySource;
-class Rulebase;
 
 /// Drives one review: loads the rulebase, then hands each selected project to a project review.
 /// All work is cut into steps of a state machine, and the caller decides how many run at a time.
 /// A manager serves one review only.
 ///
-/// | state | the step                                               | next          |
-/// |-------|--------------------------------------------------------|---------------|
-/// | 1     | nothing                                                | 2             |
-/// | 2     | tells that the rulebase is being loaded                | 3, 30         |
-/// | 3     | loads the rulebase                                     | 4, 29         |
-/// | 4     | makes the reports ready                                | 5, 30         |
-/// | 5     | finds the first selected project                       | 6, 27, 30     |
-/// | 6     | opens a project                                        | 17, 29        |
-/// | 17    | one step of the project review                         | 17, 26, 29, 30|
-/// | 26    | closes the project, finds the next                     | 6, 27         |
-/// | 27    | writes the page of the batch                           | 28, 29, 30    |
-///
-/// 28 is the complete review, 29 an error and 30 a cancelled review. An error in 6, 17 or 26 costs
-/// only that project.
-class ReviewManager final : private IProjectReviewEvents, private IReportsEngineEvents {
+/// It may go at any moment, also inside its own slice: in a handler of the progress, in a script, while
+/// input is processed. The review is then over as if it had been cancelled, and a slice that was running
+/// comes back with `Aborted` behind the step at hand.
+class ReviewManager final {
 public:
-    /// A handler that sets `cancel` to true ends the review as aborted.
-    using ProgressHandler = std::function<void(const ProgressInfo& progress, bool& cancel)>;
-    using ProjectReviewFactory = std::function<std::unique_ptr<IProjectReview>()>;
+    /// A handler that sets `cancel` to true ends the review as aborted; while the reports of a project are
+    /// written it ends those reports only.
+    using ProgressHandler = ReviewMachine::ProgressHandler;
+    using ProjectReviewFactory = ReviewMachine::ProjectReviewFactory;
 
     /// Reviews projects with `VB6ProjectReview`.
     ReviewManager();
     /// Reviews projects with what the factory makes.
     explicit ReviewManager(ProjectReviewFactory factory);
-    ~ReviewManager() override;
+    ~ReviewManager();
+    ReviewManager(const ReviewManager&) = delete;
+    ReviewManager& operator=(const ReviewManager&) = delete;
 
-    /// 0, or 1 if there are no criteria; the manager is then of no use.
+    /// 0, or 1 if there are no criteria, or a review has begun already. Without criteria the manager is of
+    /// no use.
     std::int32_t InitialiseReview(std::shared_ptr<ReviewCriteria> criteria);
     /// Where the projects' type libraries come from; null, as at first, for nowhere. REQUIRES: it outlives
-    /// the review.
-    void SetTypeLibraries(ITypeLibrarySource* typeLibraries) { m_typeLibraries = typeLibraries; }
-    void SetProgressHandler(ProgressHandler handler) { m_progressHandler = std::move(handler); }
+    /// the review, and the slice in which this manager goes.
+    void SetTypeLibraries(ITypeLibrarySource* typeLibraries);
+    void SetProgressHandler(ProgressHandler handler);
 
     /// Runs `ticks` steps: 0 and 1 both mean one step, `kWholeReview` all of them. Stops early at
     /// the first step whose result is not `Continue`.
+    ///
+    /// At a wrong moment it runs none and is logged: before `InitialiseReview` it fails, inside
+    /// another slice it comes back with `Continue`, behind the end with the result of the end.
     SliceResult ReviewTimeSlice(std::int32_t ticks);
 
+    /// Ends the review as a cancel does, without asking anybody: at once between two slices, in a slice
+    /// behind the step at hand. No other project is begun.
+    void Abandon();
+
     /// The rule engine of this review, for its limits and for what it tells afterwards.
-    dorvik::RuleEngine& RuleEngine() { return m_ruleEngine; }
+    dorvik::RuleEngine& RuleEngine() { return m_machine->RuleEngine(); }
     /// The reports of this review, for what they wrote.
-    const ReportsEngine& Reports() const { return m_reports; }
-    /// True if the user gave up while reports were being written: the results are complete then, the pages
-    /// are not.
-    bool ReportsCancelled() const { return m_reportsCancelled; }
+    const ReportsEngine& Reports() const { return m_machine->Reports(); }
+    /// True if reports of a project were cancelled: its results are complete then, its pages are not.
+    bool ReportsCancelled() const { return m_machine->ReportsCancelled(); }
     /// The rulebase of this review once it is loaded, otherwise null.
-    const dorvik::Rulebase* LoadedRulebase() const { return m_rulebase.get(); }
+    const dorvik::Rulebase* LoadedRulebase() const { return m_machine->LoadedRulebase(); }
 
 private:
-    void SignalReviewProgress(bool& cancel) override;
-    void ReportsProgress(ProgressInfo& progress, std::int32_t state, bool& cancel) override;
-
-    SliceResult ReviewStep();
-    ReviewStatus DetermineReviewStatus();
-    ReviewStatus RecoverFromError(ReviewStatus state);
-    ReviewStatus MoveToNextProject(bool releaseCurrent);
-    std::int32_t FindNextSelectedProject(std::int32_t from) const;
-    ReviewStatus SignalProgress(ReviewStatus status);
-    void ReleaseProjectReview();
-    void ClearProjects();
-
-    ReviewStatus State_ShowLoadingRulebase();
-    ReviewStatus State_LoadRulebase();
-    ReviewStatus State_InitialiseReports();
-    ReviewStatus State_BeginProjects();
-    ReviewStatus State_OpenProject();
-    ReviewStatus State_ProjectTimeSlice();
-    ReviewStatus State_CloseProject();
-    ReviewStatus State_BatchReport();
-
-    ProjectReviewFactory m_factory;
-    ITypeLibrarySource* m_typeLibraries = nullptr;
-    ProgressHandler m_progressHandler;
-    ReviewStatus m_state = ReviewStatus::Start;
-    std::int32_t m_projectIndex = 0;
-    bool m_reportsCancelled = false;
-    // Declared so that the progress goes first and the engines last.
-    ReportsEngine m_reports;
-    dorvik::RuleEngine m_ruleEngine;
-    std::shared_ptr<dorvik::Rulebase> m_rulebase;
-    std::shared_ptr<ReviewCriteria> m_criteria;
-    std::unique_ptr<IProjectReview> m_projectReview;
-    ProgressInfo m_progress;
+    std::shared_ptr<ReviewMachine> m_machine;  // shared with a slice that runs
 };
 
 }  // namespace dorvik

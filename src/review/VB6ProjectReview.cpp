@@ -3,7 +3,9 @@
 #include "criteria/ProgressInfo.h"
 #include "criteria/ReviewCriteria.h"
 #include "enforcement/RuleEngine.h"
+#include "foundation/LogFile.h"
 #include "foundation/Trap.h"
+#include "foundation/modLog.h"
 #include "platform/modHost.h"
 #include "review/IProjectReviewEvents.h"
 #include "review/TimeSlice.h"
@@ -14,12 +16,20 @@ namespace dorvik {
 namespace {
 
 constexpr std::string_view kModule = "C_VB6ProjectReview";
+constexpr std::string_view kAbortedByUser = "Review aborted by user.";
+constexpr std::string_view kUnexpectedError = "Review terminated due to unexpected error.";
 
 }  // namespace
 
 VB6ProjectReview::VB6ProjectReview(ITypeLibrarySource* typeLibraries)
     : m_typeLibrarySource(typeLibraries) {}
-VB6ProjectReview::~VB6ProjectReview() = default;
+
+VB6ProjectReview::~VB6ProjectReview() {
+    GiveUpUnlessEnded();
+    if (m_ruleEngine != nullptr) {
+        ReleaseFromRules();
+    }
+}
 
 void VB6ProjectReview::HookupCallback(IProjectReviewEvents* callback) {
     m_callback = callback;
@@ -49,6 +59,7 @@ void VB6ProjectReview::Dispose() {
         m_fileParser->Dispose();
         m_fileParser.reset();
     }
+    GiveUpUnlessEnded();
     if (m_ruleEngine != nullptr) {
         ReleaseFromRules();
     }
@@ -58,24 +69,46 @@ void VB6ProjectReview::Dispose() {
 }
 
 void VB6ProjectReview::AbortReview() {
-    if (m_resultsManager) {
-        LogLine("Review aborted by user.");
-        m_resultsManager->AbortReview();
+    Trap({kModule, "AbortReview"}, [&] {
+        if (m_resultsManager) {
+            GiveUp(kAbortedByUser);
+            m_slices.Close(SliceResult::Aborted);
+        }
+    });
+}
+
+void VB6ProjectReview::GiveUp(std::string_view line) {
+    m_hasGivenUp = true;
+    // A log that cannot be written to must not save half a database.
+    Trap({kModule, "GiveUp"}, [&] { LogLine(line); });
+    m_resultsManager->AbortReview();
+}
+
+void VB6ProjectReview::GiveUpUnlessEnded() {
+    if (m_resultsManager && m_slices.IsOpen() && !m_hasGivenUp) {
+        GiveUp(kUnexpectedError);
     }
 }
 
 SliceResult VB6ProjectReview::ReviewTimeSlice(std::int32_t ticks) {
+    if (const auto refusal = m_slices.RefusalNow()) {
+        Trap({kModule, "ReviewTimeSlice"}, [&] {
+            modLog::Log().LogEvent(refusal->Reason, "ReviewTimeSlice", kModule);
+        });
+        return refusal->Result;
+    }
+    const SliceGuard::Slice running(m_slices);
     auto result = SliceResult::Failed;
     Trap({kModule, "ReviewTimeSlice"}, [&] {
         const SliceResult slice = RunSteps(ticks, [this] { return ProjectReviewStep(); });
         if (slice != SliceResult::Continue && m_resultsManager) {
-            LogLine(
-                slice == SliceResult::Aborted ? "Review aborted by user."
-                                              : "Review terminated due to unexpected error.");
-            m_resultsManager->AbortReview();
+            GiveUp(slice == SliceResult::Aborted ? kAbortedByUser : kUnexpectedError);
         }
         result = slice;
     });
+    if (result != SliceResult::Continue) {
+        m_slices.Close(result);
+    }
     return result;
 }
 

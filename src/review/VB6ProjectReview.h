@@ -7,6 +7,7 @@
 #include "parser/IFileParserEvents.h"
 #include "platform/ITypeLibrarySource.h"
 #include "review/IProjectReview.h"
+#include "review/TimeSlice.h"
 #include "source/VirtualProject.h"
 #include "source/VirtualSourceFile.h"
 
@@ -38,6 +39,8 @@ namespace dorvik {
 ///
 /// 27 is the complete project, 29 an error, 30 a cancelled review. An error of a reference, a
 /// component, a scan or a file costs only that one.
+///
+/// A project that has not come to its end leaves no results, however its review ends.
 class VB6ProjectReview final : public IProjectReview, private IFileParserEvents {
 public:
     /// `typeLibraries` may be null: every library is then one that cannot be loaded. REQUIRES: it
@@ -90,6 +93,10 @@ private:
     /// Takes a library that was loaded in, and logs how the loading of what `name` tells ended.
     bool TakeTypeLibrary(
         const std::shared_ptr<VirtualTypeLibrary>& library, bool loaded, const std::string& name);
+    /// Drops the results, behind a last line in the review log.
+    void GiveUp(std::string_view line);
+    /// The same for a project review that nobody has ended. What it must not do is leave half a database.
+    void GiveUpUnlessEnded();
     ReviewStatus FailToConnect(SourceFileStatus status);
     void CloseIncompleteFile();
     void LogFileResults();
@@ -98,6 +105,8 @@ private:
     void ReleaseFromRules();
     VB6ParserState& ParserState() { return m_resultsManager->ParserState(); }
 
+    SliceGuard m_slices;
+    bool m_hasGivenUp = false;
     IProjectReviewEvents* m_callback = nullptr;
     std::unique_ptr<IFileParser> m_fileParser;        // null between files
     std::shared_ptr<VirtualSourceFile> m_sourceFile;  // null between files

@@ -46,8 +46,9 @@ ReviewStatus VB6ProjectReview::State_LoadSourceFile() {
         }
         m_progress->BeginSourceFile(
             m_sourceFile->Name(), m_sourceFile->Filename(), m_sourceFile->Size());
-        status = SignalProjectProgress(ReviewStatus::IsSourceFileOpened);
-        if (status != ReviewStatus::IsSourceFileOpened) {
+        const ReviewStatus signalled = SignalProjectProgress(ReviewStatus::IsSourceFileOpened);
+        if (signalled != ReviewStatus::IsSourceFileOpened) {
+            status = signalled;
             return;
         }
         m_fileParser = std::make_unique<VB6Parser>();
@@ -103,10 +104,8 @@ ReviewStatus VB6ProjectReview::State_EndSourceFile(bool incomplete) {
         m_sourceFile->SetProject(nullptr);
         m_sourceFile.reset();
         m_progress->EndSourceFile();
-        status = SignalProjectProgress(ReviewStatus::IsSourceFileClosed);
-        if (status == ReviewStatus::IsSourceFileClosed) {
-            status = MoveToNextSourceFile();
-        }
+        const ReviewStatus signalled = SignalProjectProgress(ReviewStatus::IsSourceFileClosed);
+        status = signalled == ReviewStatus::IsSourceFileClosed ? MoveToNextSourceFile() : signalled;
     });
     return status;
 }

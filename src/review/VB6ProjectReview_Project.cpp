@@ -1,4 +1,5 @@
 // The project's part of the review: opening, type libraries, global names, references, closing.
+#include "base/BasicError.h"
 #include "base/DateTime.h"
 #include "base/modText.h"
 #include "base/modTextCase.h"
@@ -28,6 +29,17 @@ constexpr std::int32_t kActionExtractingNames = 4;
 constexpr std::int32_t kActionLoadingReferences = 5;
 constexpr std::int32_t kActionLoadingComponents = 7;
 
+/// What a list holds at that place. Those of an open project are filled by others, who may have put
+/// nothing there.
+template <typename Object>
+std::shared_ptr<Object> ObjectAt(const ObjectKeyedArrayList<Object>& list, std::int32_t index) {
+    std::shared_ptr<Object> object = list.Item(index);
+    if (!object) {
+        RaiseRuntimeError(runtimeerror::kObjectNotSet);
+    }
+    return object;
+}
+
 std::string DateAndTime() {
     const DateTime now = modHost::Now();
     return modDateText::LongDate(now) + " " + modDateText::LongTime(now);
@@ -42,10 +54,16 @@ std::int32_t VB6ProjectReview::LoadProject(std::int32_t projectIndex) {
         m_project->SetReviewStatus(1);
         m_resultsManager->AbortReview();
     }
+    if (opened) {
+        m_slices.Open();
+    }
     return opened ? 0 : 1;
 }
 
 bool VB6ProjectReview::OpenProject(std::int32_t projectIndex) {
+    if (!m_criteria) {
+        RaiseRuntimeError(runtimeerror::kObjectNotSet);  // before `InitialiseReview`
+    }
     m_resultsManager = std::make_unique<ResultsManager>();
     m_project = m_criteria->ProjectList().Item(projectIndex);
     const std::string filename = m_project->Filename();
@@ -104,26 +122,25 @@ ReviewStatus VB6ProjectReview::State_LoadTypeLib_Reference() {
             status = SignalProjectProgress(ReviewStatus::BeginLoadComponents);
             return;
         }
-        status = SignalProjectProgress(ReviewStatus::LoadTypeLibReference);
-        if (status == ReviewStatus::LoadTypeLibReference) {
-            const VirtualReference& reference = *m_project->References().Item(m_typeLibIndex);
+        const ReviewStatus signalled = SignalProjectProgress(ReviewStatus::LoadTypeLibReference);
+        if (signalled == ReviewStatus::LoadTypeLibReference) {
+            const auto reference = ObjectAt(m_project->References(), m_typeLibIndex);
             const auto library = std::make_shared<VirtualTypeLibrary>(m_typeLibraries.get());
-            const bool loaded = library->LoadVirtualReferenceTypeLib(reference);
-            if (!TakeTypeLibrary(library, loaded, "reference '" + reference.Description + "'")) {
+            const bool loaded = library->LoadVirtualReferenceTypeLib(*reference);
+            if (!TakeTypeLibrary(library, loaded, "reference '" + reference->Description + "'")) {
                 m_project->SetReferenceErrors(m_project->ReferenceErrors() + 1);
             }
         }
+        status = signalled;
     });
     return status;
 }
 
 bool VB6ProjectReview::TakeTypeLibrary(
     const std::shared_ptr<VirtualTypeLibrary>& library, bool loaded, const std::string& name) {
-    if (loaded) {
-        m_namingHelper->AddTypeLibrary(library->Name(), library);
-    }
-    LogLine((loaded ? "Successfully loaded " : "Failed to load ") + name);
-    return loaded;
+    const bool taken = loaded && m_namingHelper->AddTypeLibrary(library->Name(), library);
+    LogLine((taken ? "Successfully loaded " : "Failed to load ") + name);
+    return taken;
 }
 
 ReviewStatus VB6ProjectReview::State_BeginLoadComponents() {
@@ -141,15 +158,16 @@ ReviewStatus VB6ProjectReview::State_LoadTypeLib_Component() {
             status = SignalProjectProgress(ReviewStatus::BeginPrescan);
             return;
         }
-        status = SignalProjectProgress(ReviewStatus::LoadTypeLibComponent);
-        if (status == ReviewStatus::LoadTypeLibComponent) {
-            const VirtualComponent& component = *m_project->Components().Item(m_typeLibIndex);
+        const ReviewStatus signalled = SignalProjectProgress(ReviewStatus::LoadTypeLibComponent);
+        if (signalled == ReviewStatus::LoadTypeLibComponent) {
+            const auto component = ObjectAt(m_project->Components(), m_typeLibIndex);
             const auto library = std::make_shared<VirtualTypeLibrary>(m_typeLibraries.get());
-            const bool loaded = library->LoadVirtualComponentTypeLib(component);
-            if (!TakeTypeLibrary(library, loaded, "component '" + component.Filename + "'")) {
+            const bool loaded = library->LoadVirtualComponentTypeLib(*component);
+            if (!TakeTypeLibrary(library, loaded, "component '" + component->Filename + "'")) {
                 m_project->SetComponentErrors(m_project->ComponentErrors() + 1);
             }
         }
+        status = signalled;
     });
     return status;
 }
@@ -168,12 +186,12 @@ ReviewStatus VB6ProjectReview::State_PrescanFile() {
             status = ReviewStatus::BeginProject;
             return;
         }
-        VirtualSourceFile& file = *m_project->SourceFiles().Item(m_sourceFileIndex);
-        m_progress->PreScanFile(file.Name(), file.Filename());
+        const auto file = ObjectAt(m_project->SourceFiles(), m_sourceFileIndex);
+        m_progress->PreScanFile(file->Name(), file->Filename());
         const ReviewStatus signalled = SignalProjectProgress(ReviewStatus::PrescanFile);
         if (signalled == ReviewStatus::PrescanFile &&
-            m_namingHelper->ExtractGlobalNames(file) != 0) {
-            LogLine("Failed to extract global names for source file " + file.Filename());
+            m_namingHelper->ExtractGlobalNames(*file) != 0) {
+            LogLine("Failed to extract global names for source file " + file->Filename());
             return;
         }
         status = signalled;
@@ -187,11 +205,13 @@ ReviewStatus VB6ProjectReview::State_BeginProject() {
         modProjectScope::AttachProject(ParserState(), *m_project);
         m_progress->SetAction(kActionReviewing);
         m_progress->BeginProject();
-        status = SignalProjectProgress(ReviewStatus::BeginProject);
-        if (status == ReviewStatus::BeginProject) {
-            ExecuteEventActions(dorvik::ParserEvent::BeginProject);
-            status = ReviewStatus::Reference;
+        const ReviewStatus signalled = SignalProjectProgress(ReviewStatus::BeginProject);
+        if (signalled != ReviewStatus::BeginProject) {
+            status = signalled;
+            return;
         }
+        ExecuteEventActions(dorvik::ParserEvent::BeginProject);
+        status = ReviewStatus::Reference;
     });
     return status;
 }
@@ -200,12 +220,12 @@ ReviewStatus VB6ProjectReview::State_Reference() {
     auto status = ReviewStatus::IsError;
     Trap({kModule, "State_Reference"}, [&] {
         for (std::int32_t index = 1; index <= m_project->References().Count(); ++index) {
-            VirtualReference& reference = *m_project->References().Item(index);
+            const auto reference = ObjectAt(m_project->References(), index);
             AuthorisationEnforcement& authorisation = m_eventActions->Authorisation();
-            const auto verdict = authorisation.FindReference(reference);
-            modProjectScope::AttachReference(ParserState(), reference, verdict.Authorised);
+            const auto verdict = authorisation.FindReference(*reference);
+            modProjectScope::AttachReference(ParserState(), *reference, verdict.Authorised);
             if (m_criteria->LoadCriteria().AuthorisedReferences()) {
-                authorisation.EnforceAuthorisedReference(reference, verdict);
+                authorisation.EnforceAuthorisedReference(*reference, verdict);
             }
             ExecuteEventActions(dorvik::ParserEvent::Reference);
             modProjectScope::DetachReference(ParserState());
@@ -230,6 +250,8 @@ ReviewStatus VB6ProjectReview::State_EndProject() {
         LogLine("Review end date: " + DateAndTime());
         LogLine("Review complete.");
         LogVerdict();
+        // The end of a large project takes its time, before this and behind it.
+        modHost::YieldToInput();
         m_resultsManager->EndReview(m_ruleEngine->RuleExecutionCount());
         if (m_criteria->ReportOption() > 0) {
             m_reports->CreateProjectReport(*m_project, *m_criteria, *m_progress);

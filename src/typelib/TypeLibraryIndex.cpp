@@ -1,5 +1,6 @@
 #include "typelib/TypeLibraryIndex.h"
 
+#include "platform/modHost.h"
 #include "typelib/modTypeLibraryFile.h"
 
 #include <iterator>
@@ -55,6 +56,8 @@ TypeLibraryFolderListing TypeLibraryIndex::LookThrough(std::string_view folder) 
         for (const std::string& fault : file.Faults) {
             listing.Faults.push_back({candidate.Path, fault});
         }
+        // Thousands of files may lie there, and a review waits for them.
+        modHost::YieldToInput();
     }
     m_file.Save();
     return listing;

@@ -22,7 +22,10 @@ public:
 
 class MessageRecord final : public IMessageBox {
 public:
-    void Show(const MessageText& message) override { Shown.push_back(message); }
+    MessageAnswer Show(const MessageText& message) override {
+        Shown.push_back(message);
+        return MessageAnswer::Ok;
+    }
     std::vector<MessageText> Shown;
 };
 
@@ -116,8 +119,9 @@ TEST_F(LogFileTest, BoxIsShownBeforeTheLineIsWritten) {
     class Witness final : public IMessageBox {
     public:
         explicit Witness(const test::TemporaryFolder& folder) : m_folder(folder) {}
-        void Show(const MessageText& message) override {
+        MessageAnswer Show(const MessageText& message) override {
             Seen = message.Title + ":" + m_folder.Read("Error.log");
+            return MessageAnswer::Ok;
         }
         std::string Seen;
 

@@ -7,8 +7,11 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <filesystem>
 #include <string>
+#include <sys/inotify.h>
+#include <unistd.h>
 
 namespace dorvik {
 namespace {
@@ -113,6 +116,22 @@ TEST(modUtilFunctions, EmptyPathIsNoFile) {
     const test::CapturedLog log;
     EXPECT_FALSE(FileExists(""));
     EXPECT_TRUE(log.Lines().empty());
+}
+
+TEST(modUtilFunctions, EmptyPathIsNoFileWithoutALookAtTheDisk) {
+    const test::TemporaryFolder folder;
+    folder.Write("a.txt", "x");
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.HostPath());
+    const int watch = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+    inotify_add_watch(watch, ".", IN_ALL_EVENTS);
+    std::array<char, 4096> events{};
+    EXPECT_FALSE(FileExists(""));
+    EXPECT_EQ(read(watch, events.data(), events.size()), -1) << "the folder was opened";
+    EXPECT_TRUE(FileExists("*.txt"));
+    EXPECT_GT(read(watch, events.data(), events.size()), 0) << "a look would be seen";
+    close(watch);
+    std::filesystem::current_path(before);
 }
 
 TEST(modUtilFunctions, FileExistsFindsFilesAndWildcardsButNoFoldersAndHiddenFiles) {

@@ -21,8 +21,12 @@ public:
 
 class RecordingMessageBox : public IMessageBox {
 public:
-    void Show(const MessageText& message) override { Shown.push_back(message); }
+    MessageAnswer Show(const MessageText& message) override {
+        Shown.push_back(message);
+        return Answer;
+    }
     std::vector<MessageText> Shown;
+    MessageAnswer Answer = MessageAnswer::Ok;
 };
 
 class ScriptedInput : public IHostInput {
@@ -92,6 +96,28 @@ TEST(modHost, MessagesGoToTheInstalledBoxOnly) {
     }
     modHost::ShowMessage(message);
     EXPECT_EQ(box.Shown, std::vector<MessageText>{message});
+}
+
+TEST(modHost, AQuestionComesBackWithItsAnswer) {
+    RecordingMessageBox box;
+    const ScopedInstall guard(box);
+    const MessageText question{MessageIcon::Question, "Dorvik", "Go on?", MessageButtons::YesNo};
+    for (const MessageAnswer answer :
+         {MessageAnswer::Yes, MessageAnswer::No, MessageAnswer::Cancel, MessageAnswer::Ok}) {
+        box.Answer = answer;
+        EXPECT_EQ(modHost::ShowMessage(question), answer);
+    }
+    EXPECT_EQ(box.Shown.front().Buttons, MessageButtons::YesNo);
+}
+
+TEST(modHost, AQuestionThatNobodySeesIsAnsweredByAgreeingToNothing) {
+    const auto ask = [](MessageButtons buttons) {
+        return modHost::ShowMessage({MessageIcon::Question, "Dorvik", "Go on?", buttons});
+    };
+    EXPECT_EQ(ask(MessageButtons::Ok), MessageAnswer::Ok);
+    EXPECT_EQ(ask(MessageButtons::OkCancel), MessageAnswer::Cancel);
+    EXPECT_EQ(ask(MessageButtons::YesNoCancel), MessageAnswer::Cancel);
+    EXPECT_EQ(ask(MessageButtons::YesNo), MessageAnswer::No);
 }
 
 TEST(modHost, GuardsNest) {

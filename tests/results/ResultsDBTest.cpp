@@ -410,6 +410,25 @@ TEST_F(ResultsDBTest, AFileWithoutTolerancesKeepsAllMeasureColumnsNull) {
     EXPECT_THAT(m_log.Entries(), IsEmpty());
 }
 
+TEST_F(ResultsDBTest, AFileWithoutTolerancesIsNotWrittenAgain) {
+    Start();
+    SetUpProject();
+    const auto file = SetUpFile("modA");
+    // Each write makes the log beside the database longer.
+    const auto written = [this] {
+        return modFiles::ReadBytes(m_path + "-wal").size();
+    };
+    const std::size_t before = written();
+    ASSERT_GT(before, 0U);
+    modTolerances::SetTolerancePassValue(*file, m_criteria, false);
+    m_results.LogVirtualObjectProperties(*file);
+    EXPECT_EQ(written(), before);
+    m_criteria.SetToleranceCount(1, 0);
+    modTolerances::SetTolerancePassValue(*file, m_criteria, false);
+    m_results.LogVirtualObjectProperties(*file);
+    EXPECT_GT(written(), before);
+}
+
 TEST_F(ResultsDBTest, AllMeasuresOfAFileAreStored) {
     Start();
     SetUpProject();

@@ -143,6 +143,48 @@ TEST_F(TolerancesTest, TheProjectFileNeverFailsForCommentsOrComplexity) {
         ElementsAre("0|0|-1|0|0|-1|1|0|0"));
 }
 
+TEST_F(TolerancesTest, TheTwelveMeasuresOfAProjectFileAreJudgedLikeThoseOfAFile) {
+    // Counts 1 to 5 and impacts 10 to 50; each limit is the figure itself or one below it.
+    constexpr std::array<std::int32_t, 12> kActual = {1, 2, 3, 4, 5, 15, 10, 20, 30, 40, 50, 150};
+    m_criteria.SetTolerancePercentageComments(90);
+    m_criteria.SetToleranceCyclomaticComplexity(0);
+    Start();
+    SetUpProject();
+    for (const std::int32_t below : {0, 1}) {
+        for (std::size_t index = 0; index < kActual.size(); ++index) {
+            const auto place = static_cast<std::int32_t>(index % 6) + 1;
+            const std::int32_t limit = kActual[index] - below;
+            if (index < 6) {
+                m_criteria.SetToleranceCount(place, limit);
+            } else {
+                m_criteria.SetToleranceImpact(place, limit);
+            }
+        }
+        auto projectFile = SetUpFile("Billing" + std::to_string(below), "VBP");
+        for (std::int32_t severity = 1; severity <= 5; ++severity) {
+            for (std::int32_t number = 0; number < severity; ++number) {
+                projectFile->ViolationStats().IncrementCount(severity, 10);
+            }
+        }
+        projectFile = Finish(std::move(projectFile), true);
+        const std::string passes = below == 0 ? "-1" : "0";
+        for (std::size_t index = 0; index < kActual.size(); ++index) {
+            const std::string name(modTolerances::kMeasures[index].Name);
+            EXPECT_THAT(
+                Rows(
+                    "SELECT " + name + ", " + name + "Limit, " + name +
+                        "Pass, PCPass, CCPass FROM SourceFiles WHERE SourceID = " +
+                        std::to_string(projectFile->ObjectID()),
+                    5),
+                ElementsAre(
+                    std::to_string(kActual[index]) + "|" + std::to_string(kActual[index] - below) +
+                    "|" + passes + "|-1|-1"))
+                << name;
+        }
+        EXPECT_EQ(m_results.TolerancePass(2, projectFile->ObjectID()), below == 0);
+    }
+}
+
 TEST_F(TolerancesTest, TheProjectFileHasBothMeasuresWithoutAnyTolerance) {
     VirtualObject projectFile;
     modTolerances::SetTolerancePassValue(projectFile, m_criteria, true);

@@ -33,6 +33,7 @@ protected:
         m_run.AddFile("modB.bas", ModuleWith("modB", "    Beep\n"));
     }
     void MakeBatch() {
+        m_run.Criteria().SetWritesBatchReport(true);
         m_run.Criteria().SetBatchTitle("Night");
         m_run.Criteria().SetBatchFilename(m_run.Folder().Path("Night.batch"));
     }
@@ -140,12 +141,22 @@ TEST_F(ReportsInReview, TheEndOfABatchWritesItsReport) {
     EXPECT_THAT(page, HasSubstr("<td width=\"60%\">Test rules</td>"));
 }
 
-TEST_F(ReportsInReview, ABatchWithoutAFileNameHasNoPage) {
+TEST_F(ReportsInReview, ABatchWithoutAFileNameHasAPageOfTheDefaultName) {
+    AddSecondProject();
+    m_run.Criteria().SetWritesBatchReport(true);
     m_run.Criteria().SetBatchTitle("Night");
     EXPECT_EQ(m_run.Run(), SliceResult::Complete);
-    for (const auto& entry : modFiles::FolderEntries(m_run.Folder().Path("Dorvik"))) {
-        EXPECT_THAT(entry.Name, Not(HasSubstr("BatchSummary")));
-    }
+    const std::string page = Page("Review_batch_BatchSummary.html");
+    EXPECT_THAT(page, HasSubstr("<h1>Night</h1>"));
+    EXPECT_THAT(page, HasSubstr(">B.vbp</a>"));
+    EXPECT_THAT(ErrorLog(), IsEmpty());
+}
+
+TEST_F(ReportsInReview, ABatchWhosePageIsNotWantedHasNone) {
+    MakeBatch();
+    m_run.Criteria().SetWritesBatchReport(false);
+    EXPECT_EQ(m_run.Run(), SliceResult::Complete);
+    EXPECT_EQ(Page(kBatchPage), "");
     EXPECT_THAT(ErrorLog(), IsEmpty());
 }
 
@@ -163,38 +174,55 @@ TEST_F(ReportsInReview, ABatchIsReportedAlsoWithoutProjectReports) {
     EXPECT_THAT(Page(kBatchPage), HasSubstr("<tr><td align=\"left\">A.vbp</td>"));
 }
 
-TEST_F(ReportsInReview, NoProjectSelectedTheBatchReportFailsAndTheReviewIsComplete) {
-    MakeBatch();
-    m_run.Criteria().ProjectList().SetSelected(1, false);
-    EXPECT_EQ(m_run.Run(), SliceResult::Complete);
-    EXPECT_EQ(Page(kBatchPage), "");
-    EXPECT_THAT(ErrorLog(), HasSubstr("Division by zero#ReportsEngine::CreateBatchReport"));
+TEST_F(ReportsInReview, AnEmptyBatchWritesNoPageAndIsComplete) {
+    for (const bool isListed : {true, false}) {
+        MakeBatch();
+        if (isListed) {
+            m_run.Criteria().ProjectList().SetSelected(1, false);
+        } else {
+            m_run.Criteria().ProjectList().Clear();
+            m_run.Criteria().SetBatchFilename("");
+        }
+        ReviewManager manager;
+        std::vector<std::int32_t> actions;
+        manager.SetProgressHandler(
+            [&](const ProgressInfo& progress, bool&) { actions.push_back(progress.Action()); });
+        manager.InitialiseReview(m_run.SharedCriteria());
+        EXPECT_EQ(manager.ReviewTimeSlice(kWholeReview), SliceResult::Complete);
+        EXPECT_THAT(actions, testing::ElementsAre(1, 6, 3)) << "no project comes in between";
+        EXPECT_FALSE(modFiles::FolderExists(m_run.Folder().Path("Dorvik")));
+        EXPECT_THAT(manager.Reports().WrittenReports(), IsEmpty());
+        EXPECT_THAT(manager.Reports().FailedReports(), testing::SizeIs(1));
+        EXPECT_THAT(ErrorLog(), HasSubstr("Division by zero#ReportsEngine::CreateBatchReport"));
+        modFiles::DeleteFile(m_run.Folder().Path("user\\Error.log"));
+    }
 }
 
-TEST_F(ReportsInReview, CancelledInAReportTheReviewEndsWithItsResultsAndWithoutThePage) {
+TEST_F(ReportsInReview, CancelledInTheReportsOfAProjectTheNextProjectFollows) {
     AddSecondProject();
     MakeBatch();
-    const SliceResult result = m_run.Run(
-        [](const ProgressInfo& progress, bool& cancel) { cancel = progress.Action() == 3; });
-    EXPECT_EQ(result, SliceResult::Aborted);
+    ReviewManager manager;
+    manager.SetProgressHandler([](const ProgressInfo& progress, bool& cancel) {
+        cancel = progress.Action() == 3 && progress.CurrentProject() == 1;
+    });
+    manager.InitialiseReview(m_run.SharedCriteria());
+    EXPECT_EQ(manager.ReviewTimeSlice(kWholeReview), SliceResult::Complete);
+    EXPECT_TRUE(manager.ReportsCancelled());
     EXPECT_THAT(
         m_run.Query("A", "SELECT [End] FROM Review"), testing::ElementsAre("20261121 140509"));
     EXPECT_EQ(Page("A_Dorvik.html"), "");
-    EXPECT_FALSE(m_run.HasResults("B")) << "the review ends with the project at hand";
-    EXPECT_EQ(Page(kBatchPage), "");
+    EXPECT_THAT(Page("B_Dorvik.html"), HasSubstr("<h1>B.vbp</h1>"));
+    EXPECT_THAT(Page(kBatchPage), HasSubstr(">B.vbp</a>"));
 }
 
-TEST_F(ReportsInReview, CancelledInTheLastReportThereIsNoBatchReport) {
+TEST_F(ReportsInReview, CancelledAtTheEndOfABatchTheReviewIsAborted) {
     MakeBatch();
-    ReviewManager manager;
-    manager.SetProgressHandler(
-        [](const ProgressInfo& progress, bool& cancel) { cancel = progress.Action() == 3; });
-    manager.InitialiseReview(m_run.SharedCriteria());
-    EXPECT_EQ(manager.ReviewTimeSlice(kWholeReview), SliceResult::Aborted);
-    EXPECT_TRUE(manager.ReportsCancelled());
-    EXPECT_TRUE(manager.Reports().WrittenReports().empty());
+    const SliceResult result = m_run.Run([](const ProgressInfo& progress, bool& cancel) {
+        cancel = progress.Action() == 3 && progress.CurrentProject() == 0;
+    });
+    EXPECT_EQ(result, SliceResult::Aborted);
+    EXPECT_THAT(Page("A_Dorvik.html"), HasSubstr("</html>"));
     EXPECT_TRUE(m_run.HasResults("A"));
-    EXPECT_EQ(Page(kBatchPage), "");
 }
 
 TEST_F(ReportsInReview, CancelledInAPageOfAFileNoPartOfItIsLeft) {

@@ -149,7 +149,10 @@ TEST_F(TagTest, LocationWithoutOwnerIsLoggedAndLost) {
 
 class RecordingMessageBox final : public IMessageBox {
 public:
-    void Show(const MessageText& message) override { Texts.push_back(message.Text); }
+    MessageAnswer Show(const MessageText& message) override {
+        Texts.push_back(message.Text);
+        return MessageAnswer::Ok;
+    }
     std::vector<std::string> Texts;
 };
 

@@ -3,6 +3,7 @@
 #include "ReviewRun.h"
 #include "base/BasicError.h"
 #include "platform/modFiles.h"
+#include "support/ScriptedInput.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,6 +14,7 @@ namespace {
 
 using test::ReviewRun;
 using testing::ElementsAre;
+using testing::HasSubstr;
 
 /// What a scripted project review was asked to do, and what it answers.
 struct Script {
@@ -20,6 +22,7 @@ struct Script {
     std::int32_t LoadResult = 0;
     std::vector<SliceResult> Slices{SliceResult::Complete};
     bool ThrowInSlice = false;
+    std::function<void()> OnSlice;
 };
 
 class ScriptedReview final : public IProjectReview {
@@ -47,6 +50,9 @@ public:
     }
     SliceResult ReviewTimeSlice(std::int32_t ticks) override {
         m_script.Calls.push_back("Slice " + std::to_string(ticks));
+        if (m_script.OnSlice) {
+            m_script.OnSlice();
+        }
         if (m_script.ThrowInSlice) {
             throw BasicError(6, "Overflow");
         }
@@ -72,6 +78,8 @@ protected:
         m_manager.InitialiseReview(m_run.SharedCriteria());
     }
 
+    std::string ErrorLog() { return m_run.Folder().Read("user\\Error.log"); }
+
     ReviewRun m_run;
     Script m_script;
     ReviewManager m_manager;
@@ -80,6 +88,78 @@ protected:
 TEST_F(ReviewManagerTest, InitialiseReview_WithoutCriteriaReturnsOne) {
     ReviewManager manager;
     EXPECT_EQ(manager.InitialiseReview(nullptr), 1);
+}
+
+TEST_F(ReviewManagerTest, InitialiseReview_WithoutCriteriaLeavesTheManagerUnusable) {
+    ReviewManager manager([this] { return std::make_unique<ScriptedReview>(m_script); });
+    manager.InitialiseReview(nullptr);
+    int signals = 0;
+    manager.SetProgressHandler([&](const ProgressInfo&, bool&) { ++signals; });
+    EXPECT_EQ(manager.ReviewTimeSlice(1), SliceResult::Failed);
+    EXPECT_EQ(manager.ReviewTimeSlice(kWholeReview), SliceResult::Failed);
+    EXPECT_EQ(signals, 0);
+    EXPECT_EQ(manager.LoadedRulebase(), nullptr);
+    EXPECT_TRUE(m_script.Calls.empty());
+    EXPECT_THAT(
+        ErrorLog(),
+        HasSubstr("A time slice was refused: the review has not begun.#C_ReviewManager::"
+                  "ReviewTimeSlice"));
+}
+
+TEST_F(ReviewManagerTest, InitialiseReview_OfAReviewThatHasBegunIsRefused) {
+    m_manager.ReviewTimeSlice(1);
+    EXPECT_EQ(m_manager.InitialiseReview(m_run.SharedCriteria()), 1);
+    EXPECT_EQ(m_manager.ReviewTimeSlice(kWholeReview), SliceResult::Complete);
+}
+
+TEST_F(ReviewManagerTest, ReviewTimeSlice_BehindTheEndGivesTheResultOfTheEndAndDoesNothing) {
+    int signals = 0;
+    for (const SliceResult end : {SliceResult::Complete, SliceResult::Aborted}) {
+        ReviewManager manager([this] { return std::make_unique<ScriptedReview>(m_script); });
+        m_script.Slices = {end};
+        manager.InitialiseReview(m_run.SharedCriteria());
+        manager.SetProgressHandler([&](const ProgressInfo&, bool&) { ++signals; });
+        EXPECT_EQ(manager.ReviewTimeSlice(kWholeReview), end);
+        m_script.Calls.clear();
+        signals = 0;
+        EXPECT_EQ(ErrorLog(), "");
+        EXPECT_EQ(manager.ReviewTimeSlice(1), end);
+        EXPECT_EQ(manager.ReviewTimeSlice(kWholeReview), end);
+        EXPECT_EQ(signals, 0);
+        EXPECT_TRUE(m_script.Calls.empty());
+        EXPECT_THAT(
+            ErrorLog(),
+            HasSubstr("A time slice was refused: the review has ended.#C_ReviewManager::"
+                      "ReviewTimeSlice"));
+        modFiles::DeleteFile(m_run.Folder().Path("user\\Error.log"));
+    }
+}
+
+TEST_F(ReviewManagerTest, ReviewTimeSlice_BehindAFailureFails) {
+    m_run.Criteria().LoadCriteria().SetRulebaseFile(m_run.Folder().Path("Nowhere.dvk"));
+    EXPECT_EQ(m_manager.ReviewTimeSlice(kWholeReview), SliceResult::Failed);
+    m_run.SetRules({});
+    EXPECT_EQ(m_manager.ReviewTimeSlice(kWholeReview), SliceResult::Failed);
+    EXPECT_EQ(m_manager.LoadedRulebase(), nullptr);
+}
+
+TEST_F(ReviewManagerTest, ReviewTimeSlice_InsideItselfRunsNothingAndTheReviewGoesOn) {
+    std::vector<SliceResult> inner;
+    m_script.OnSlice = [&] {
+        inner.push_back(m_manager.ReviewTimeSlice(kWholeReview));
+    };
+    m_manager.SetProgressHandler(
+        [&](const ProgressInfo&, bool&) { inner.push_back(m_manager.ReviewTimeSlice(1)); });
+    EXPECT_EQ(m_manager.ReviewTimeSlice(kWholeReview), SliceResult::Complete);
+    EXPECT_THAT(inner, testing::SizeIs(4));
+    EXPECT_THAT(inner, testing::Each(SliceResult::Continue));
+    EXPECT_THAT(
+        m_script.Calls,
+        ElementsAre("Hookup", "Initialise", "Load 1", "Slice 1", "Unhook", "Dispose"));
+    EXPECT_THAT(
+        ErrorLog(),
+        HasSubstr("A time slice was refused: another one is running.#C_ReviewManager::"
+                  "ReviewTimeSlice"));
 }
 
 TEST_F(ReviewManagerTest, ReviewTimeSlice_OfZeroTicksRunsOneStep) {
@@ -183,6 +263,28 @@ TEST_F(ReviewManagerTest, EndOfASlice_ClearsTheListsOfEveryProjectAlsoUnselected
     m_run.Criteria().ProjectList().Item(2)->RelatedDocs().Add("1", "a.txt", false);
     m_manager.ReviewTimeSlice(kWholeReview);
     EXPECT_EQ(m_run.Criteria().ProjectList().Item(2)->RelatedDocs().Count(), 0);
+}
+
+TEST_F(ReviewManagerTest, EachStepGivesWayToInputOnce) {
+    m_run.AddProject("B.vbp", "Name=\"B\"\n");
+    m_script.Slices = {SliceResult::Continue, SliceResult::Failed};
+    test::ScriptedInput input;
+    // States 1 to 6, two slices of the project, of which the second fails, and the same for the next one.
+    for (int step = 1; step <= 5 + 2 * 3; ++step) {
+        EXPECT_EQ(m_manager.ReviewTimeSlice(1), SliceResult::Continue) << step;
+        EXPECT_EQ(input.Yields, step);
+    }
+    // The last step has nothing behind it.
+    EXPECT_EQ(m_manager.ReviewTimeSlice(1), SliceResult::Complete);
+    EXPECT_EQ(input.Yields, 11);
+}
+
+TEST_F(ReviewManagerTest, TheDriverTellsThatItLoadsTheRulebaseAndThatItInitialises) {
+    std::vector<std::int32_t> actions;
+    m_manager.SetProgressHandler(
+        [&](const ProgressInfo& progress, bool&) { actions.push_back(progress.Action()); });
+    m_manager.ReviewTimeSlice(kWholeReview);
+    EXPECT_THAT(actions, ElementsAre(1, 6, 6));
 }
 
 TEST_F(ReviewManagerTest, SignalsOnlyWhatChanged) {

@@ -35,6 +35,7 @@ ReviewRun::ReviewRun()
     m_folder.Write("user\\.keep", "");
     m_criteria = std::make_shared<ReviewCriteria>();
     m_criteria->SetReportOption(0);
+    m_criteria->SetWritesBatchReport(false);
     m_criteria->SetUseProjectFolderResults(true);
     m_criteria->LoadCriteria().SetRulebaseFile(m_folder.Path("Rules.dvk"));
     m_criteria->LoadCriteria().SetUnauthorisedKeywords(true);

@@ -33,7 +33,7 @@ struct KeywordRule {
 };
 
 /// A whole review in a folder of its own: sources, a rulebase of keyword rules, criteria of a batch
-/// review with keywords only, and afterwards the results database and the review log. The template
+/// review with keywords only and without pages, and afterwards the results database and the review log. The template
 /// database is the one that the build lays beside the program.
 class ReviewRun {
 public:

@@ -159,6 +159,23 @@ TEST(TypeLibraryReview, LibraryThatCannotBeHadIsCountedAndItsTypesAreUndefined) 
     EXPECT_THAT(review.Log(), Contains(HasSubstr("Data type 'Rack' undefined.")));
 }
 
+TEST(TypeLibraryReview, LibraryWhoseNameIsTakenIsCountedAndLogged) {
+    OneLibrarySource source;
+    RulesInReview review;
+    review.Review().SetTypeLibraries(source);
+    AddTypeTagRule(review);
+    AddModule(review, "Private cShelf As Shelf\n");
+    review.RunProject(Project("Reference=*\\G{1}#1.0#0#Stock.dll#Stock\n"
+                              "Object={1}#1.0#0; Stock.ocx\n"));
+    const std::vector<std::string> log = review.Log();
+    EXPECT_THAT(log, Contains("Successfully loaded reference 'Stock'"));
+    EXPECT_THAT(log, Contains("Failed to load component 'Stock.ocx'"));
+    EXPECT_THAT(log, Contains("1 error(s) loading components."));
+    EXPECT_THAT(log, Contains(HasSubstr("'Stock' is already in use.#C_NCHelper::AddTypeLibrary")));
+    EXPECT_EQ(review.Review().Criteria().ProjectList().Item(1)->ComponentErrors(), 1);
+    EXPECT_THAT(BadLines(review), IsEmpty()) << "the library that came first stays";
+}
+
 TEST(TypeLibraryReview, CatalogueOfTheProgramKnowsTheTypesOfVisualBasicItself) {
     TypeLibraryStore store(
         {{}, {modFiles::FromHostPath(DORVIK_PROGRAM_FOLDER) + "\\Data\\type-catalogue"}, ""});

@@ -1,12 +1,8 @@
 #include "review/VB6ProjectReview.h"
 
 #include "ReviewRun.h"
-#include "base/BasicError.h"
-#include "enforcement/RuleEngine.h"
+#include "SteppedReview.h"
 #include "platform/modFiles.h"
-#include "reports/ReportsEngine.h"
-#include "review/IProjectReviewEvents.h"
-#include "rulebase/Rulebase.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,6 +13,7 @@ namespace {
 
 using test::ModuleWith;
 using test::ReviewRun;
+using test::SteppedReview;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::EndsWith;
@@ -24,49 +21,6 @@ using testing::HasSubstr;
 using testing::Not;
 
 constexpr const char* kOneModule = "Module=modA; modA.bas\nType=Exe\nName=\"P\"\n";
-
-/// A project review stepped by hand, with a callback that can cancel.
-class SteppedReview : private IProjectReviewEvents {
-public:
-    explicit SteppedReview(ReviewRun& run) {
-        m_review.HookupCallback(this);
-        m_review.InitialiseReview(
-            run.SharedCriteria(), m_progress, std::make_shared<Rulebase>(), m_engine, m_reports);
-        m_loadResult = m_review.LoadProject(1);
-    }
-
-    SliceResult Step() { return m_review.ReviewTimeSlice(1); }
-    int State() const { return static_cast<int>(m_review.State()); }
-    std::vector<int> StatesToTheEnd() {
-        std::vector<int> states{State()};
-        while (Step() == SliceResult::Continue) {
-            if (states.back() != State()) {
-                states.push_back(State());
-            }
-        }
-        return states;
-    }
-    std::int32_t LoadResult() const { return m_loadResult; }
-    const ProgressInfo& Progress() const { return m_progress; }
-    VB6ProjectReview& Review() { return m_review; }
-
-    bool Cancel = false;
-    bool Fail = false;
-
-private:
-    void SignalReviewProgress(bool& cancel) override {
-        if (Fail) {
-            throw BasicError(5, "The listener failed");
-        }
-        cancel = cancel || Cancel;
-    }
-
-    ProgressInfo m_progress;
-    RuleEngine m_engine;
-    ReportsEngine m_reports;
-    VB6ProjectReview m_review;
-    std::int32_t m_loadResult = 0;
-};
 
 TEST(VB6ProjectReview, StatesOfAProjectWithNamingConventionsInTheirOrder) {
     ReviewRun run;
@@ -159,12 +113,36 @@ TEST(VB6ProjectReview, CancelWhenAFileHasJustBeenOpenedMakesNoParser) {
     while (review.State() != 17) {
         review.Step();
     }
+    const auto file = run.Criteria().ProjectList().Item(1)->SourceFiles().Item(1);
     review.Cancel = true;
     EXPECT_EQ(review.Step(), SliceResult::Aborted);
+    EXPECT_EQ(review.State(), 17);
     EXPECT_FALSE(run.HasResults("P"));
-    EXPECT_THAT(run.Log("P"), Contains("Review aborted by user."));
-    review.Review().AbortReview();  // the driver does so once more
+    EXPECT_EQ(run.Log("P").back(), "Review aborted by user.");
+    // Nothing of the file has been read, and it is still open: it goes with the project.
+    SourceLine line;
+    ASSERT_TRUE(file->GetNextSourceLine(line));
+    EXPECT_EQ(line.Logical, "Attribute VB_Name = \"modA\"");
+    EXPECT_EQ(review.Step(), SliceResult::Aborted) << "no tick runs any more";
+    ASSERT_TRUE(file->GetNextSourceLine(line));
+    EXPECT_EQ(line.Logical, "Option Explicit");
+}
+
+TEST(VB6ProjectReview, ASecondAbortIsLoggedAndDoesNoHarm) {
+    ReviewRun run;
+    run.AddProject("P.vbp", kOneModule);
+    run.AddFile("modA.bas", ModuleWith("modA", ""));
+    SteppedReview review(run);
+    review.Step();
+    review.Review().AbortReview();
     EXPECT_FALSE(run.HasResults("P"));
+    EXPECT_EQ(run.Log("P").back(), "Review aborted by user.");
+    const std::size_t lines = run.Log("P").size();
+    review.Review().AbortReview();
+    EXPECT_FALSE(run.HasResults("P"));
+    // The log of the review is closed by then.
+    EXPECT_EQ(run.Log("P").size(), lines);
+    EXPECT_THAT(run.Folder().Read("user\\Error.log"), HasSubstr("Review aborted by user."));
 }
 
 TEST(VB6ProjectReview, ReportsOfEveryFileCountOneMoreForTheProjectReport) {

@@ -44,6 +44,7 @@ HostFacts FactsIn(const TemporaryFolder& folder) {
 std::shared_ptr<ReviewCriteria> MakeCriteria(const std::string& rulebaseFile) {
     auto criteria = std::make_shared<ReviewCriteria>();
     criteria->SetReportOption(0);
+    criteria->SetWritesBatchReport(false);
     criteria->SetUseProjectFolderResults(true);
     RulebaseLoadCriteria& load = criteria->LoadCriteria();
     load.SetRulebaseFile(rulebaseFile);

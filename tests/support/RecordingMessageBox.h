@@ -7,12 +7,16 @@
 
 namespace dorvik::test {
 
-/// Keeps the messages that the program shows, as long as this lives, instead of showing them.
+/// Keeps the messages that the program shows, as long as this lives, instead of showing them, and answers
+/// questions by agreeing to nothing.
 class RecordingMessageBox final : public IMessageBox {
 public:
     RecordingMessageBox() : m_installed(*this) {}
 
-    void Show(const MessageText& message) override { Messages.push_back(message); }
+    MessageAnswer Show(const MessageText& message) override {
+        Messages.push_back(message);
+        return Refusal(message.Buttons);
+    }
 
     std::vector<MessageText> Messages;
 

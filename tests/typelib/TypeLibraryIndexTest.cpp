@@ -1,5 +1,6 @@
 #include "typelib/TypeLibraryIndex.h"
 
+#include "support/ScriptedInput.h"
 #include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
@@ -42,6 +43,34 @@ void Touch(const TemporaryFolder& folder, const char* name) {
 }
 
 }  // namespace
+
+TEST(TypeLibraryIndex, ALookThroughAFolderGivesWayToInputBehindEachFile) {
+    const TemporaryFolder folder;
+    folder.Write("kinds.tlb", LibraryBytes("kinds.tlb"));
+    folder.Write("below\\old.OLB", LibraryBytes("old.tlb"));
+    folder.Write("program.exe", "no program");
+    TypeLibraryIndex index("");
+    test::ScriptedInput input;
+    index.LibrariesIn(folder.Path());
+    EXPECT_EQ(input.Yields, 3);
+    index.LibrariesIn(folder.Path());
+    EXPECT_EQ(input.Yields, 3) << "the folder is known";
+}
+
+TEST(TypeLibraryIndex, ALookThroughAFolderMayBeAskedForTheSameFolderWhileItGivesWay) {
+    const TemporaryFolder folder;
+    folder.Write("kinds.tlb", LibraryBytes("kinds.tlb"));
+    folder.Write("old.tlb", LibraryBytes("old.tlb"));
+    TypeLibraryIndex index("");
+    test::ScriptedInput input;
+    std::size_t inner = 0;
+    input.OnYield = [&] {
+        input.OnYield = {};
+        inner = index.LibrariesIn(folder.Path()).Libraries.size();
+    };
+    EXPECT_EQ(index.LibrariesIn(folder.Path()).Libraries.size(), 2U);
+    EXPECT_EQ(inner, 2U);
+}
 
 TEST(TypeLibraryIndex, FindsTheLibrariesInAFolderAndBelow) {
     const TemporaryFolder folder;

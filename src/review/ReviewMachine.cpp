@@ -1,0 +1,269 @@
+#include "review/ReviewMachine.h"
+
+#include "foundation/LogFile.h"
+#include "foundation/Trap.h"
+#include "foundation/modLog.h"
+#include "platform/modHost.h"
+#include "review/TimeSlice.h"
+#include "review/VB6ProjectReview.h"
+#include "rulebase/Rulebase.h"
+#include "rulebase/RulebaseManager.h"
+#include "source/VirtualProject.h"
+
+namespace dorvik {
+
+namespace {
+
+constexpr std::string_view kModule = "C_ReviewManager";
+
+/// The action codes that the driver sets; the progress window words them.
+constexpr std::int32_t kActionLoadingRulebase = 1;
+constexpr std::int32_t kActionInitialisingReview = 6;
+
+}  // namespace
+
+ReviewMachine::ReviewMachine(ProjectReviewFactory factory) : m_factory(std::move(factory)) {
+    if (!m_factory) {
+        m_factory = [this] {
+            return std::make_unique<VB6ProjectReview>(m_typeLibraries);
+        };
+    }
+    m_reports.SetEvents(this);
+}
+
+std::int32_t ReviewMachine::InitialiseReview(std::shared_ptr<ReviewCriteria> criteria) {
+    if (!criteria || m_state != ReviewStatus::Start) {
+        return 1;
+    }
+    m_criteria = std::move(criteria);
+    m_slices.Open();
+    return 0;
+}
+
+SliceResult ReviewMachine::ReviewTimeSlice(std::int32_t ticks) {
+    if (const auto refusal = m_slices.RefusalNow()) {
+        Trap({kModule, "ReviewTimeSlice"}, [&] {
+            modLog::Log().LogEvent(refusal->Reason, "ReviewTimeSlice", kModule);
+        });
+        return refusal->Result;
+    }
+    const SliceGuard::Slice running(m_slices);
+    auto result = SliceResult::Failed;
+    const bool ended = Trap({kModule, "ReviewTimeSlice"}, [&] {
+        const SliceResult slice = RunSteps(ticks, [this] { return ReviewStep(); });
+        if (slice != SliceResult::Continue) {
+            ClearProjects();
+        }
+        result = slice;
+    });
+    if (!ended) {
+        // Required: the lists of the projects stay as they are.
+        m_projectReview.reset();
+    }
+    if (result != SliceResult::Continue) {
+        m_slices.Close(result);
+    }
+    return result;
+}
+
+void ReviewMachine::Abandon() {
+    m_isAbandoned = true;
+    m_ruleEngine.Stop();
+    if (m_slices.IsRunning()) {
+        return;  // the slice sees it behind its step
+    }
+    const bool hasTouchedProjects = m_state != ReviewStatus::Start && !m_slices.RefusalNow();
+    if (hasTouchedProjects) {
+        Trap({kModule, "Abandon"}, [&] {
+            Abort();
+            ClearProjects();
+        });
+    }
+    m_slices.Close(SliceResult::Aborted);
+}
+
+SliceResult ReviewMachine::ReviewStep() {
+    ReviewStatus status = DetermineReviewStatus();
+    if (status == ReviewStatus::IsReviewComplete) {
+        return SliceResult::Complete;
+    }
+    if (status == ReviewStatus::IsAbort) {
+        return Abort();
+    }
+    if (status == ReviewStatus::IsError) {
+        status = RecoverFromError(m_state);
+        if (status == ReviewStatus::IsError) {
+            return SliceResult::Failed;
+        }
+    }
+    m_state = status;
+    modHost::YieldToInput();
+    return m_isAbandoned ? Abort() : SliceResult::Continue;
+}
+
+SliceResult ReviewMachine::Abort() {
+    if (m_projectReview) {
+        m_projectReview->AbortReview();
+        ReleaseProjectReview();
+    }
+    return SliceResult::Aborted;
+}
+
+ReviewStatus ReviewMachine::DetermineReviewStatus() {
+    // The numbers are shared with the project review, so most of them are no state of this machine.
+    switch (static_cast<std::int32_t>(m_state)) {
+        case 1: return ReviewStatus::ShowLoadingRulebase;
+        case 2: return State_ShowLoadingRulebase();
+        case 3: return State_LoadRulebase();
+        case 4: return State_InitialiseReports();
+        case 5: return State_BeginProjects();
+        case 6: return State_OpenProject();
+        case 17: return State_ProjectTimeSlice();
+        case 26: return State_CloseProject();
+        case 27: return State_BatchReport();
+        default: return ReviewStatus::IsError;
+    }
+}
+
+ReviewStatus ReviewMachine::RecoverFromError(ReviewStatus state) {
+    if (state == ReviewStatus::OpenProject || state == ReviewStatus::ProjectTimeSlice ||
+        state == ReviewStatus::CloseProject) {
+        return MoveToNextProject(true);
+    }
+    return ReviewStatus::IsError;
+}
+
+ReviewStatus ReviewMachine::MoveToNextProject(bool releaseCurrent) {
+    if (releaseCurrent && m_projectReview) {
+        ReleaseProjectReview();
+    }
+    m_projectIndex = FindNextSelectedProject(m_projectIndex);
+    const bool pastTheEnd =
+        m_projectIndex > m_criteria->ProjectList().Count() || m_projectIndex < 1;
+    return pastTheEnd ? ReviewStatus::BatchReport : ReviewStatus::OpenProject;
+}
+
+std::int32_t ReviewMachine::FindNextSelectedProject(std::int32_t from) const {
+    std::int32_t index = from + 1;
+    while (index <= m_criteria->ProjectList().Count() &&
+           !m_criteria->ProjectList().Selected(index)) {
+        ++index;
+    }
+    return index;
+}
+
+void ReviewMachine::ReleaseProjectReview() {
+    m_projectReview->UnhookCallback();
+    m_projectReview->Dispose();
+    m_projectReview.reset();
+}
+
+void ReviewMachine::ClearProjects() {
+    auto& projects = m_criteria->ProjectList();
+    for (std::int32_t index = 1; index <= projects.Count(); ++index) {
+        projects.Item(index)->ClearListProperties();
+    }
+}
+
+ReviewStatus ReviewMachine::SignalProgress(ReviewStatus status) {
+    m_progress.RecalcPercentages();
+    if (!m_progress.HasChanged()) {
+        return status;
+    }
+    bool cancel = false;
+    SignalReviewProgress(cancel);
+    return cancel ? ReviewStatus::IsAbort : status;
+}
+
+void ReviewMachine::SignalReviewProgress(bool& cancel) {
+    if (m_progressHandler && !m_isAbandoned) {
+        m_progressHandler(m_progress, cancel);
+    }
+    cancel = cancel || m_isAbandoned;
+}
+
+void ReviewMachine::ReportsProgress(ProgressInfo&, std::int32_t state, bool& cancel) {
+    if (m_isAbandoned ||
+        SignalProgress(static_cast<ReviewStatus>(state)) == ReviewStatus::IsAbort) {
+        cancel = true;
+        m_reportsCancelled = true;
+    }
+}
+
+ReviewStatus ReviewMachine::State_ShowLoadingRulebase() {
+    m_progress.SetAction(kActionLoadingRulebase);
+    return SignalProgress(ReviewStatus::LoadRulebase);
+}
+
+ReviewStatus ReviewMachine::State_LoadRulebase() {
+    auto status = ReviewStatus::IsError;
+    Trap({kModule, "State_LoadRulebase"}, [&] {
+        RulebaseManager manager;
+        m_rulebase = manager.LoadRulebase(m_criteria->LoadCriteria());
+        if (m_rulebase) {
+            m_criteria->LoadCriteria().SetRulebaseTitle(m_rulebase->Title());
+            m_criteria->LoadCriteria().SetRulebaseVersion(m_rulebase->Version());
+            std::vector<basic::ScriptOrigin> origins;
+            const std::string script = m_rulebase->RuleLists().CreateScriptFile(&origins);
+            if (m_ruleEngine.LoadScript(script, std::move(origins))) {
+                status = ReviewStatus::InitialiseReports;
+            }
+        }
+    });
+    return status;
+}
+
+ReviewStatus ReviewMachine::State_InitialiseReports() {
+    m_reports.Initialise(m_rulebase->SeverityList(), m_rulebase->CategoryList());
+    return SignalProgress(ReviewStatus::BeginProjects);
+}
+
+ReviewStatus ReviewMachine::State_BeginProjects() {
+    m_progress.SetAction(kActionInitialisingReview);
+    m_progress.BeginReview(m_criteria->ProjectList().SelectedCount());
+    const ReviewStatus status = SignalProgress(ReviewStatus::BeginProjects);
+    if (status != ReviewStatus::BeginProjects) {
+        return status;
+    }
+    m_projectIndex = 0;
+    return MoveToNextProject(false);
+}
+
+ReviewStatus ReviewMachine::State_OpenProject() {
+    auto status = ReviewStatus::IsError;
+    Trap({kModule, "State_OpenProject"}, [&] {
+        m_projectReview = m_factory();
+        m_projectReview->HookupCallback(this);
+        if (m_projectReview->InitialiseReview(
+                m_criteria, m_progress, m_rulebase, m_ruleEngine, m_reports) == 0 &&
+            m_projectReview->LoadProject(m_projectIndex) == 0) {
+            status = ReviewStatus::ProjectTimeSlice;
+        }
+    });
+    return status;
+}
+
+ReviewStatus ReviewMachine::State_ProjectTimeSlice() {
+    switch (m_projectReview->ReviewTimeSlice(1)) {
+        case SliceResult::Continue: return SignalProgress(ReviewStatus::ProjectTimeSlice);
+        case SliceResult::Failed: return ReviewStatus::IsError;
+        case SliceResult::Aborted: return ReviewStatus::IsAbort;
+        case SliceResult::Complete: break;
+    }
+    return ReviewStatus::CloseProject;
+}
+
+ReviewStatus ReviewMachine::State_CloseProject() {
+    ReleaseProjectReview();
+    return MoveToNextProject(false);
+}
+
+ReviewStatus ReviewMachine::State_BatchReport() {
+    if (m_criteria->ReviewType() == ReviewType_Batch && m_criteria->WritesBatchReport()) {
+        m_reports.CreateBatchReport(*m_criteria, m_progress);
+    }
+    const ReviewStatus status = SignalProgress(ReviewStatus::BatchReport);
+    return status == ReviewStatus::BatchReport ? ReviewStatus::IsReviewComplete : status;
+}
+
+}  // namespace dorvik
