@@ -3,12 +3,16 @@
 #include "foundation/LogFile.h"
 #include "foundation/Trap.h"
 #include "foundation/modLog.h"
+#include "platform/IMessageBox.h"
+#include "platform/ScopedInstall.h"
 #include "platform/modHost.h"
 #include "review/TimeSlice.h"
 #include "review/VB6ProjectReview.h"
 #include "rulebase/Rulebase.h"
 #include "rulebase/RulebaseManager.h"
 #include "source/VirtualProject.h"
+
+#include <optional>
 
 namespace dorvik {
 
@@ -19,6 +23,25 @@ constexpr std::string_view kModule = "C_ReviewManager";
 /// The action codes that the driver sets; the progress window words them.
 constexpr std::int32_t kActionLoadingRulebase = 1;
 constexpr std::int32_t kActionInitialisingReview = 6;
+
+/// In a background review, what a message box would say goes to the log as long as this lives: nobody waits
+/// in front of it, and a box would hold the program up. REQUIRES: no input is processed meanwhile.
+class MessagesOfStep final : public IMessageBox {
+public:
+    explicit MessagesOfStep(const ReviewCriteria& criteria) {
+        if (criteria.BackgroundReview()) {
+            m_installed.emplace(*this);
+        }
+    }
+
+    MessageAnswer Show(const MessageText& message) override {
+        modLog::Log().LogEvent(message.Text, "ReviewTimeSlice", kModule);
+        return Refusal(message.Buttons);
+    }
+
+private:
+    std::optional<ScopedInstall<IMessageBox>> m_installed;
+};
 
 }  // namespace
 
@@ -197,6 +220,7 @@ ReviewStatus ReviewMachine::State_ShowLoadingRulebase() {
 
 ReviewStatus ReviewMachine::State_LoadRulebase() {
     auto status = ReviewStatus::IsError;
+    const MessagesOfStep messages(*m_criteria);
     Trap({kModule, "State_LoadRulebase"}, [&] {
         RulebaseManager manager;
         m_rulebase = manager.LoadRulebase(m_criteria->LoadCriteria());
@@ -231,6 +255,7 @@ ReviewStatus ReviewMachine::State_BeginProjects() {
 
 ReviewStatus ReviewMachine::State_OpenProject() {
     auto status = ReviewStatus::IsError;
+    const MessagesOfStep messages(*m_criteria);
     Trap({kModule, "State_OpenProject"}, [&] {
         m_projectReview = m_factory();
         m_projectReview->HookupCallback(this);

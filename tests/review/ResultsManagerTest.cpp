@@ -23,6 +23,7 @@ using test::ReviewRun;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::IsEmpty;
 
 /// A results manager with a procedure in scope, and a log that can be read.
 class TagTest : public testing::Test {
@@ -201,6 +202,22 @@ TEST(ResultsManager, LockedOldDatabaseIsToldAndTheProjectIsNotReviewed) {
     other.Close();
     EXPECT_EQ(
         run.Query("P", "SELECT Title FROM Violations").size(), 1U);  // the old results are whole
+}
+
+TEST(ResultsManager, LockedOldDatabaseIsToldInTheLogOfABackgroundReview) {
+    ReviewRun run;
+    AddOneModule(run);
+    run.Run();
+    Database other;
+    other.Open(run.Folder().Path("Dorvik\\P_DORVIK.mdb"));
+    RecordingMessageBox box;
+    const ScopedInstall<IMessageBox> installed(box);
+    run.Criteria().SetBackgroundReview(true);
+    run.Run();
+    EXPECT_THAT(box.Texts, IsEmpty());
+    EXPECT_EQ(run.Criteria().ProjectList().Item(1)->ReviewStatus(), 1);
+    EXPECT_THAT(
+        run.Log("P"), Contains(HasSubstr("Unable to replace the existing results database '")));
 }
 
 TEST(ResultsManager, MissingTemplateIsASetupErrorAndFailsTheProject) {

@@ -3,6 +3,7 @@
 #include "ReviewRun.h"
 #include "base/BasicError.h"
 #include "platform/modFiles.h"
+#include "support/RecordingMessageBox.h"
 #include "support/ScriptedInput.h"
 
 #include <gmock/gmock.h>
@@ -206,6 +207,21 @@ TEST_F(ReviewManagerTest, CancelWhileTheRulebaseIsAnnounced_LoadsNoRulebase) {
 TEST_F(ReviewManagerTest, MissingRulebase_FailsTheReview) {
     m_run.Criteria().LoadCriteria().SetRulebaseFile(m_run.Folder().Path("Nowhere.dvk"));
     EXPECT_EQ(m_manager.ReviewTimeSlice(kWholeReview), SliceResult::Failed);
+}
+
+TEST_F(ReviewManagerTest, ARulebaseThatCannotBeReadIsToldInABoxInTheForegroundOnly) {
+    m_run.Criteria().LoadCriteria().SetRulebaseFile(m_run.Folder().Write("Rules.dvk", "<no"));
+    test::RecordingMessageBox box;
+    EXPECT_EQ(m_manager.ReviewTimeSlice(kWholeReview), SliceResult::Failed);
+    EXPECT_THAT(box.Messages, testing::SizeIs(1));
+
+    m_run.Criteria().SetBackgroundReview(true);
+    ReviewManager background;
+    background.InitialiseReview(m_run.SharedCriteria());
+    EXPECT_EQ(background.ReviewTimeSlice(kWholeReview), SliceResult::Failed);
+    EXPECT_THAT(box.Messages, testing::SizeIs(1)) << "a background review shows no box";
+    EXPECT_THAT(
+        ErrorLog(), HasSubstr(box.Messages.front().Text + "#C_ReviewManager::ReviewTimeSlice"));
 }
 
 TEST_F(ReviewManagerTest, TheRulebaseNamesItselfInTheLoadCriteria) {
