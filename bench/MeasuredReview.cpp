@@ -22,6 +22,7 @@ bool ReviewProject(const std::string& projectFile, const std::string& rulebaseFi
     modLog::Log().SetQuiet(true);
     auto criteria = std::make_shared<ReviewCriteria>();
     criteria->SetReportOption(0);
+    criteria->SetWritesBatchReport(false);
     criteria->SetUseProjectFolderResults(true);
     RulebaseLoadCriteria& load = criteria->LoadCriteria();
     load.SetRulebaseFile(rulebaseFile);

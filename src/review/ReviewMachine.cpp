@@ -206,8 +206,7 @@ void ReviewMachine::SignalReviewProgress(bool& cancel) {
 }
 
 void ReviewMachine::ReportsProgress(ProgressInfo&, std::int32_t state, bool& cancel) {
-    if (m_isAbandoned ||
-        SignalProgress(static_cast<ReviewStatus>(state)) == ReviewStatus::IsAbort) {
+    if (SignalProgress(static_cast<ReviewStatus>(state)) == ReviewStatus::IsAbort) {
         cancel = true;
         m_reportsCancelled = true;
     }

@@ -14,7 +14,7 @@ namespace dorvik {
 ///
 /// It may go at any moment, also inside its own slice: in a handler of the progress, in a script, while
 /// input is processed. The review is then over as if it had been cancelled, and a slice that was running
-/// comes back with `Aborted` behind the step at hand.
+/// comes back with `Aborted` behind the step at hand. Until then the results of the project at hand stay locked.
 class ReviewManager final {
 public:
     /// A handler that sets `cancel` to true ends the review as aborted; while the reports of a project are

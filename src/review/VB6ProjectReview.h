@@ -95,7 +95,7 @@ private:
         const std::shared_ptr<VirtualTypeLibrary>& library, bool loaded, const std::string& name);
     /// Drops the results, behind a last line in the review log.
     void GiveUp(std::string_view line);
-    /// The same for a project review that nobody has ended. What it must not do is leave half a database.
+    /// The same where this object goes in the middle of the review, and nobody has ended that.
     void GiveUpUnlessEnded();
     ReviewStatus FailToConnect(SourceFileStatus status);
     void CloseIncompleteFile();

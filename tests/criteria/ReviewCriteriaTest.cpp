@@ -106,5 +106,27 @@ TEST(ReviewCriteria, WithoutSettingsGivenTheProcessWideOnesAreNeeded) {
     EXPECT_THROW(ReviewCriteria(), BasicError);
 }
 
+TEST(ReviewCriteria, ABatchHasAPageUnlessThatIsNotWanted) {
+    ReviewCriteria criteria{DVKWorkData()};
+    criteria.SetDirty(false);
+    EXPECT_TRUE(criteria.WritesBatchReport());
+    criteria.SetWritesBatchReport(false);
+    EXPECT_FALSE(criteria.WritesBatchReport());
+    EXPECT_TRUE(criteria.Dirty());
+}
+
+TEST(ReviewCriteria, ABatchWithoutAFileNameIsCalledReviewBesideTheFirstSelectedProject) {
+    ReviewCriteria criteria{DVKWorkData()};
+    EXPECT_EQ(criteria.BatchFilenameOrDefault(), "Review.batch");
+    for (const std::string folder : {"\\a\\", "\\b\\", "\\c\\"}) {
+        const auto project = std::make_shared<VirtualProject>();
+        project->SetFilename(folder + "P.vbp");
+        criteria.ProjectList().Add(folder, project, folder != "\\a\\", true);
+    }
+    EXPECT_EQ(criteria.BatchFilenameOrDefault(), "\\b\\Review.batch");
+    criteria.SetBatchFilename("\\d\\Night.batch");
+    EXPECT_EQ(criteria.BatchFilenameOrDefault(), "\\d\\Night.batch");
+}
+
 }  // namespace
 }  // namespace dorvik

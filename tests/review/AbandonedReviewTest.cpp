@@ -112,6 +112,9 @@ protected:
             }
         };
         Begin();
+        m_manager->SetProgressHandler([&](const ProgressInfo&, bool&) {
+            EXPECT_NE(m_manager, nullptr) << "whoever watched may be gone";
+        });
         m_result = m_manager->ReviewTimeSlice(kWholeReview);
         m_manager.reset();
         return input.Yields;
@@ -218,12 +221,12 @@ TEST_F(AbandonedReview, InAScriptStopsTheScript) {
     CountViolations();
     RulesInReview endless;
     endless.AddCoding("Endless", {30}, Script("Do\r\nDoEvents\r\nLoop"));
-    basic::ScriptLimits none;
-    none.Instructions = 0;
-    none.Milliseconds = 0;
+    basic::ScriptLimits limits;
+    limits.Instructions = 5'000'000;  // far behind the place where it is stopped
+    limits.Milliseconds = 0;
     RulebaseManager().Save(endless.Rules(), ReviewRun().Folder().Path("Rules.dvk"));
     Begin();
-    m_manager->RuleEngine().SetLimits(none);
+    m_manager->RuleEngine().SetLimits(limits);
     int asked = 0;
     m_manager->RuleEngine().SetStopRequest([&] {
         ++asked;

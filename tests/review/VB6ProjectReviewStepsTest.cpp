@@ -212,6 +212,22 @@ TEST_F(ProjectSteps, AnErrorOfAScanAloneSpoilsTheStatus) {
     EXPECT_EQ(log.back(), "1 error(s) extracting global names.");
 }
 
+TEST_F(ProjectSteps, AnErrorOfAReferenceAloneSpoilsTheStatus) {
+    Project().Components().Clear();
+    SteppedReview review(m_run);
+    review.Review().ReviewTimeSlice(kWholeReview);
+    EXPECT_EQ(Project().ReviewStatus(), 1);
+    EXPECT_EQ(m_run.Log("P").back(), "3 error(s) loading references.");
+}
+
+TEST_F(ProjectSteps, AnErrorOfAComponentAloneSpoilsTheStatus) {
+    Project().References().Clear();
+    SteppedReview review(m_run);
+    review.Review().ReviewTimeSlice(kWholeReview);
+    EXPECT_EQ(Project().ReviewStatus(), 1);
+    EXPECT_EQ(m_run.Log("P").back(), "1 error(s) loading components.");
+}
+
 TEST_F(ProjectSteps, AnErrorOfAFileAloneSpoilsTheStatus) {
     m_run.Criteria().LoadCriteria().SetNamingConventions(false);
     modFiles::DeleteFile(m_run.Folder().Path("modA.bas"));
