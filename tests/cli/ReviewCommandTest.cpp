@@ -397,6 +397,33 @@ TEST_F(ReviewCommand, CtrlCLeavesNoHalfWrittenResultsAndKeepsFinishedOnes) {
     EXPECT_THAT(Bytes("Dorvik/Second_DORVIK.txt"), HasSubstr("Review aborted by user."));
 }
 
+TEST_F(ReviewCommand, CtrlCWhilePagesAreWrittenLeavesTheNextProjectAlone) {
+    std::string modules;
+    for (int file = 0; file < 150; ++file) {
+        const std::string name = "mod" + std::to_string(file);
+        modules += "Module=" + name + "; " + name + ".bas\r\n";
+        WriteLines(
+            name + ".bas", {"Attribute VB_Name = \"" + name + "\"", "Sub Work()", "End Sub"});
+    }
+    WriteLines("First.vbp", {"Type=Exe", "Name=\"First\"", modules});
+    WriteModuleProject("Second", kPasses);
+    ASSERT_EQ(Run({"review", "Second.vbp"}).ExitCode, 0);
+    const std::string before = Bytes("Dorvik/Second_DORVIK.mdb");
+    ProgramRun run(Settings({"review", "First.vbp", "Second.vbp", "--report", "detailed"}));
+    while (!Exists("Dorvik/mod0_mod0_Detail.html") && run.IsRunning()) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    run.Interrupt();
+    run.Wait();
+    EXPECT_EQ(run.ExitCode(), 130);
+    EXPECT_EQ(
+        run.Error(),
+        "dorvik: interrupted; the results are complete, but the report at hand was not written\n");
+    EXPECT_NE(Query("Dorvik/First_DORVIK.mdb", "SELECT [End] FROM Review"), "");
+    EXPECT_FALSE(Exists("Dorvik/First_Dorvik.html"));
+    EXPECT_EQ(Bytes("Dorvik/Second_DORVIK.mdb"), before);
+}
+
 TEST_F(ReviewCommand, HelpAndVersionGoToStandardOutputAndEndWithZero) {
     for (const char* option : {"--help", "--version"}) {
         const ProgramResult result = Run({option});
