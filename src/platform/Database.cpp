@@ -2,18 +2,69 @@
 
 #include "base/BasicError.h"
 #include "platform/Connection.h"
+#include "platform/FileInUse.h"
 #include "platform/FileInUseMark.h"
+#include "platform/HostFile.h"
 #include "platform/JetReader.h"
+#include "platform/OutputRefusal.h"
 #include "platform/RecordsetState.h"
 #include "platform/modFiles.h"
 
 #include <array>
+#include <cerrno>
+#include <unistd.h>
+#include <vector>
 
 namespace dorvik {
 
+namespace fs = std::filesystem;
+
 namespace {
-/// Behind the name of a file while it is being copied.
+
+/// Behind the name of a file while it is being copied; the process and a number follow.
 constexpr std::string_view kNewCopy = "-new";
+constexpr std::string_view kLock = "-lock";
+
+/// The files that the engine opens beside a database.
+constexpr std::array<std::string_view, 3> kOfEngine = {"-wal", "-shm", "-journal"};
+
+/// Raises for a place that cannot exist on this machine.
+fs::path PossiblePlace(std::string_view path) {
+    fs::path file = modFiles::HostPath(path);
+    if (file.empty()) {
+        RaiseHostError(ENOENT, file, path);
+    }
+    return file;
+}
+
+fs::path Beside(const fs::path& file, std::string_view companion) {
+    return file.native() + std::string(companion);
+}
+
+/// The copies of a file that processes left behind which were killed, and those under way.
+std::vector<fs::path> CopiesOf(const fs::path& file) {
+    std::vector<fs::path> copies;
+    const std::string beginning = Beside(file.filename(), kNewCopy).string();
+    const fs::path folder = file.has_parent_path() ? file.parent_path() : ".";
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        if (entry->path().filename().string().starts_with(beginning)) {
+            copies.push_back(entry->path());
+        }
+    }
+    return copies;
+}
+
+/// The engine opens the companions of the file that a link leads to.
+void NeedPlainCompanions(const fs::path& file) {
+    std::error_code error;
+    const fs::path real = fs::canonical(file, error);
+    for (const std::string_view companion : kOfEngine) {
+        modObstacles::NeedFile(Beside(error ? file : real, companion));
+    }
+}
+
 }  // namespace
 
 Database::Database() = default;
@@ -43,7 +94,9 @@ void Database::OpenAs(std::string_view path, ConnectionMode mode) {
         throw BasicError(
             databaseerror::kFileNotFound, "Could not find file '" + std::string(path) + "'.");
     }
-    m_connection = std::make_shared<Connection>(modFiles::HostPath(path), mode);
+    const fs::path file = modFiles::HostPath(path);
+    NeedPlainCompanions(file);
+    m_connection = std::make_shared<Connection>(file, mode);
 }
 
 bool Database::IsOpen() const {
@@ -115,11 +168,25 @@ void Database::AnalyseIndexes() {
     Store().Write(statement);
 }
 
+void Database::NeedRoom(std::string_view path) {
+    const fs::path file = PossiblePlace(path);
+    for (const std::string_view companion : {std::string_view(), kNewCopy, kLock}) {
+        modObstacles::NeedFile(Beside(file, companion));
+    }
+    NeedPlainCompanions(file);
+}
+
+std::shared_ptr<FileInUseMark> Database::Reserve(std::string_view path, std::string_view holder) {
+    return FileInUseMark::SetAlone(Beside(PossiblePlace(path), kLock), holder);
+}
+
 void Database::CopyFile(std::string_view from, std::string_view to) {
-    const std::string copy = std::string(to) + std::string(kNewCopy);
+    static int counter = 0;
+    const std::string copy = std::string(to) + std::string(kNewCopy) + "-" +
+                             std::to_string(::getpid()) + "-" + std::to_string(++counter);
     modFiles::CopyFile(from, copy);
     std::error_code error;
-    std::filesystem::rename(modFiles::HostPath(copy), modFiles::HostPath(to), error);
+    fs::rename(modFiles::HostPath(copy), modFiles::HostPath(to), error);
     if (error) {
         modFiles::DeleteFile(copy);
         RaiseRuntimeError(runtimeerror::kPathFileAccess, std::string(to));
@@ -127,14 +194,20 @@ void Database::CopyFile(std::string_view from, std::string_view to) {
 }
 
 void Database::DeleteFile(std::string_view path) {
-    if (modFiles::FileExists(path) && FileInUseMark::IsInUse(modFiles::HostPath(path))) {
-        RaiseRuntimeError(runtimeerror::kPermissionDenied, std::string(path));
+    const fs::path host = modFiles::HostPath(path);
+    if (host.empty()) {
+        return;
+    }
+    if (modFiles::FileExists(path) && FileInUseMark::IsInUse(host)) {
+        throw FileInUse(host);
+    }
+    for (const fs::path& copy : CopiesOf(host)) {
+        std::error_code ignored;  // it is in nobody's way
+        fs::remove(copy, ignored);
     }
     // In this order a process killed in between leaves a file that opens, and never a log that the next file
     // of this name would take for its own: the journal, which only a file being changed has, goes last.
-    constexpr std::array<std::string_view, 5> kCompanions = {
-        kNewCopy, "-wal", "-shm", "", "-journal"};
-    for (const std::string_view companion : kCompanions) {
+    for (const std::string_view companion : {"-wal", "-shm", "", "-journal"}) {
         const std::string file = std::string(path) + std::string(companion);
         if (modFiles::FileExists(file)) {
             modFiles::DeleteFile(file);

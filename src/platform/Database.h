@@ -11,6 +11,7 @@
 namespace dorvik {
 
 enum class ConnectionMode : int;
+class FileInUseMark;
 
 /// Numbers of the failures of a store.
 namespace databaseerror {
@@ -46,7 +47,8 @@ public:
     Database& operator=(Database&&) noexcept;
 
     /// Opens an existing file, which nobody can `DeleteFile` until `Close`. Raises `kFileNotFound`,
-    /// `kNotADatabase`, or `runtimeerror::kPermissionDenied` (70) where the system refuses the file.
+    /// `kNotADatabase`, `runtimeerror::kPermissionDenied` (70) where the system refuses the file, or an
+    /// `OutputRefusal` where a companion is something that the engine would wait for.
     void Open(std::string_view path);
     /// Opens an existing file only to look what it is: whatever database it turns out to be, neither it
     /// nor its folder is changed, and nobody is kept out. Rows that are still in a log beside the file are
@@ -70,8 +72,15 @@ public:
     /// not there.
     static void CopyFile(std::string_view from, std::string_view to);
     /// Deletes a database file, read-only or not, and its companions. A file that does not exist is no
-    /// failure. Raises `runtimeerror::kPermissionDenied` (70) while this or another process has it open.
+    /// failure. Raises `FileInUse` (70) while this or another process has it open.
     static void DeleteFile(std::string_view path);
+    /// Raises an `OutputRefusal` where a database is to lie, or one of its companions, and something else
+    /// lies there: a link, a pipe, a folder.
+    static void NeedRoom(std::string_view path);
+    /// Reserves the place of a database that is about to be replaced for the caller alone, whether there is
+    /// one yet or not; nobody is kept from reading one. `holder` is told to whoever comes second, who gets
+    /// a `FileInUse`.
+    static std::shared_ptr<FileInUseMark> Reserve(std::string_view path, std::string_view holder);
 
 private:
     void OpenAs(std::string_view path, ConnectionMode mode);

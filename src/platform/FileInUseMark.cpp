@@ -1,9 +1,19 @@
 #include "platform/FileInUseMark.h"
 
+#include "base/modUtf8.h"
+#include "platform/FileInUse.h"
+#include "platform/HostFile.h"
+#include "platform/OutputRefusal.h"
+
+#include <array>
+#include <cerrno>
+#include <chrono>
 #include <fcntl.h>
 #include <map>
+#include <string>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 #include <utility>
 
@@ -26,6 +36,12 @@ FileIdentity IdentityOf(const std::filesystem::path& file) {
                                               : FileIdentity{0, 0};
 }
 
+FileIdentity IdentityOf(int descriptor) {
+    struct stat status {};
+    return ::fstat(descriptor, &status) == 0 ? FileIdentity{status.st_dev, status.st_ino}
+                                             : FileIdentity{0, 0};
+}
+
 /// True where another process holds a lock on the bytes that SQLite locks.
 bool HasEngineLock(int descriptor) {
     struct flock lock {};
@@ -36,7 +52,76 @@ bool HasEngineLock(int descriptor) {
     return ::fcntl(descriptor, F_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
 }
 
+/// Nothing waits at a pipe.
+constexpr int kAnyFile = O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+
+/// A descriptor of the file of a mark that is to be the caller's alone.
+int OpenOwn(const std::filesystem::path& file) {
+    constexpr mode_t kReadableByAll = 0666;  // less the user's mask
+    modObstacles::NeedFile(file);
+    const int use = kAnyFile | O_NOFOLLOW;
+    int descriptor = ::open(file.c_str(), O_RDWR | O_CREAT | use, kReadableByAll);
+    if (descriptor < 0 && errno == EACCES) {
+        descriptor = ::open(file.c_str(), O_RDONLY | use);  // one that another user left behind
+    }
+    if (descriptor < 0) {
+        const int reason = errno;
+        RaiseHostError(reason, file, file.string());
+    }
+    return descriptor;
+}
+
+/// Who holds the file. The text comes a moment after the lock.
+std::string HolderIn(int descriptor) {
+    constexpr int kLooks = 20;
+    constexpr auto kPause = std::chrono::milliseconds(5);
+    std::array<char, 200> bytes{};
+    ssize_t count = 0;
+    for (int look = 0; look < kLooks && count <= 0; ++look) {
+        if (look > 0) {
+            std::this_thread::sleep_for(kPause);
+        }
+        count = ::pread(descriptor, bytes.data(), bytes.size(), 0);
+    }
+    std::string text(bytes.data(), count > 0 ? static_cast<std::size_t>(count) : 0);
+    // Anything may stand in a file of that name.
+    const auto isControl = [](char character) {
+        return static_cast<unsigned char>(character) < ' ' || character == '\x7f';
+    };
+    std::erase_if(text, isControl);
+    return modUtf8::IsValid(text) ? text : std::string();
+}
+
+void WriteHolder(int descriptor, std::string_view holder) {
+    std::string text = "process " + std::to_string(::getpid());
+    text += holder;
+    // On a full disk nobody learns who it is; the lock holds all the same.
+    const bool isWritten =
+        ::ftruncate(descriptor, 0) == 0 &&
+        ::pwrite(descriptor, text.data(), text.size(), 0) == static_cast<ssize_t>(text.size());
+    static_cast<void>(isWritten);
+}
+
 }  // namespace
+
+std::shared_ptr<FileInUseMark>
+FileInUseMark::SetAlone(const std::filesystem::path& file, std::string_view holder) {
+    constexpr int kMostTries = 100;  // there are file systems that number a file anew at each look
+    for (int attempt = 1;; ++attempt) {
+        const int descriptor = OpenOwn(file);
+        if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+            const std::string other = HolderIn(descriptor);
+            ::close(descriptor);
+            throw FileInUse(file, other);
+        }
+        // The last holder may have deleted it since it was opened.
+        if (IdentityOf(descriptor) == IdentityOf(file) || attempt == kMostTries) {
+            WriteHolder(descriptor, holder);
+            return std::shared_ptr<FileInUseMark>(new FileInUseMark(descriptor, file));
+        }
+        ::close(descriptor);
+    }
+}
 
 std::shared_ptr<FileInUseMark> FileInUseMark::Set(const std::filesystem::path& file) {
     const auto identity = IdentityOf(file);
@@ -45,7 +130,7 @@ std::shared_ptr<FileInUseMark> FileInUseMark::Set(const std::filesystem::path& f
     if (const auto found = marks.find(identity); found != marks.end()) {
         return found->second.lock();
     }
-    const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
+    const int descriptor = ::open(file.c_str(), O_RDONLY | kAnyFile);
     if (descriptor < 0) {
         return nullptr;
     }
@@ -61,7 +146,7 @@ bool FileInUseMark::IsInUse(const std::filesystem::path& file) {
         found != marks.end() && !found->second.expired()) {
         return true;
     }
-    const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
+    const int descriptor = ::open(file.c_str(), O_RDONLY | kAnyFile);
     if (descriptor < 0) {
         return false;
     }
@@ -72,6 +157,10 @@ bool FileInUseMark::IsInUse(const std::filesystem::path& file) {
 }
 
 FileInUseMark::~FileInUseMark() {
+    // As long as the lock is held nobody else deletes the file or puts another into its place.
+    if (!m_own.empty() && IdentityOf(m_descriptor) == IdentityOf(m_own)) {
+        ::unlink(m_own.c_str());
+    }
     ::close(m_descriptor);
 }
 

@@ -2,11 +2,14 @@
 
 #include <filesystem>
 #include <memory>
+#include <string_view>
 
 namespace dorvik {
 
-/// A mark on an open file that other processes, and other parts of this one, can see: while it lives,
-/// `IsInUse` is true for the file. The system takes it away when the process ends in any way.
+/// A mark on a file that other processes, and other parts of this one, can see. The system takes it away
+/// when the process ends in any way. There are two kinds. With the one any number of them say that they
+/// have a file open: while it lives, `IsInUse` is true for the file. With the other one of them says that
+/// a thing is its own, by a file that is there for nothing else; it is deleted with the mark.
 class FileInUseMark {
 public:
     /// Marks an existing file. Marks of one process on one file are one and the same. Nothing comes back
@@ -15,14 +18,24 @@ public:
     /// True while anybody holds a mark on the file or a lock of the database engine.
     static bool IsInUse(const std::filesystem::path& file);
 
+    /// Creates the file, or takes one that a process left behind which was killed, and marks it for the
+    /// caller alone. "process <number>" and `holder` are written into it, for the eyes of a person. Raises
+    /// `FileInUse` with that text where somebody has it, this process included, an `OutputRefusal` where no
+    /// ordinary file lies there, and `HostError` where it cannot be created. On a file system without locks
+    /// anybody gets it.
+    static std::shared_ptr<FileInUseMark>
+    SetAlone(const std::filesystem::path& file, std::string_view holder);
+
     ~FileInUseMark();
     FileInUseMark(const FileInUseMark&) = delete;
     FileInUseMark& operator=(const FileInUseMark&) = delete;
 
 private:
-    explicit FileInUseMark(int descriptor) : m_descriptor(descriptor) {}
+    explicit FileInUseMark(int descriptor, std::filesystem::path own = {})
+        : m_descriptor(descriptor), m_own(std::move(own)) {}
 
     int m_descriptor;
+    std::filesystem::path m_own;  // to be deleted; empty for a file that others have open too
 };
 
 }  // namespace dorvik

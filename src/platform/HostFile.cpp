@@ -1,10 +1,12 @@
 #include "platform/HostFile.h"
 
 #include "platform/HostError.h"
+#include "platform/OutputRefusal.h"
 
 #include <cerrno>
 #include <cstddef>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -15,14 +17,15 @@ namespace {
 
 /// Nothing waits at a pipe: it is opened without blocking and then refused.
 constexpr int kAlways = O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+constexpr int kWriting = O_WRONLY | O_CREAT | O_NOFOLLOW | kAlways;
 
 int OpenFlags(FileUse use) {
     switch (use) {
         case FileUse::Read: return O_RDONLY | kAlways;
-        case FileUse::Append: return O_WRONLY | O_CREAT | O_APPEND | kAlways;
+        case FileUse::Append: return kWriting | O_APPEND;
         // Emptied only when it has turned out to be an ordinary file.
-        case FileUse::Replace: return O_WRONLY | O_CREAT | kAlways;
-        case FileUse::CreateNew: return O_WRONLY | O_CREAT | O_EXCL | kAlways;
+        case FileUse::Replace: return kWriting;
+        case FileUse::CreateNew: return kWriting | O_EXCL;
     }
     return O_RDONLY | kAlways;
 }
@@ -76,6 +79,9 @@ void RaiseHostError(int errorOfHost, const std::filesystem::path& host, std::str
 HostFile::HostFile(const std::filesystem::path& host, FileUse use, std::string_view path)
     : m_host(host), m_path(path) {
     constexpr mode_t kReadableByAll = 0666;  // less the user's mask
+    if (use == FileUse::Append || use == FileUse::Replace) {
+        modObstacles::NeedFile(m_host);
+    }
     m_descriptor = Repeated([&] { return ::open(m_host.c_str(), OpenFlags(use), kReadableByAll); });
     if (m_descriptor < 0) {
         Raise(errno);
@@ -159,6 +165,26 @@ void HostFile::Close() {
     if (::close(descriptor) != 0 && errno != EINTR) {
         Raise(errno);
     }
+}
+
+std::int64_t HostFile::Size() const {
+    struct stat status {};
+    if (::fstat(m_descriptor, &status) != 0) {
+        Raise(errno);
+    }
+    return static_cast<std::int64_t>(status.st_size);
+}
+
+bool HostFile::LockAlone() const {
+    return Repeated([&] { return ::flock(m_descriptor, LOCK_EX | LOCK_NB); }) == 0 ||
+           errno != EWOULDBLOCK;
+}
+
+bool HostFile::Is(const std::filesystem::path& host) const {
+    struct stat mine {};
+    struct stat named {};
+    return ::fstat(m_descriptor, &mine) == 0 && ::lstat(host.c_str(), &named) == 0 &&
+           mine.st_dev == named.st_dev && mine.st_ino == named.st_ino;
 }
 
 std::uint32_t HostFile::Permissions() const {

@@ -6,10 +6,12 @@
 #include "base/modUtf8.h"
 #include "platform/HostFile.h"
 #include "platform/HostPathSearch.h"
+#include "platform/OutputRefusal.h"
 #include "platform/modEncoding.h"
 
 #include <algorithm>
 #include <cerrno>
+#include <random>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -67,6 +69,12 @@ fs::path WithoutLinks(const fs::path& host) {
     return error ? host : real;
 }
 
+/// A name that leads to an entry of the folder that it stands behind, and nowhere else.
+bool IsPlainName(std::string_view name) {
+    return !name.empty() && name != "." && name != ".." &&
+           name.find_first_of(std::string_view("\\/\0", 3)) == std::string_view::npos;
+}
+
 /// Raises unless the file may be replaced: a rename alone would replace a read-only file.
 void CheckReplaceable(const fs::path& host, std::string_view path) {
     std::error_code ignored;
@@ -115,17 +123,18 @@ public:
     }
 
 private:
+    /// Nobody can lay something in the way of a name that he cannot guess.
     static std::string UniqueName() {
-        static int counter = 0;
-        return ".dorvik-" + std::to_string(::getpid()) + "-" + std::to_string(++counter) + ".tmp";
+        static std::random_device random;
+        return ".dorvik-" + std::to_string(::getpid()) + "-" + std::to_string(random()) + "-" +
+               std::to_string(random()) + ".tmp";
     }
 
     fs::path m_target;
     fs::path m_place;
 };
 
-void ReplaceFile(const fs::path& host, std::string_view path, std::string_view bytes) {
-    const fs::path target = WithoutLinks(host);
+void ReplaceFile(const fs::path& target, std::string_view path, std::string_view bytes) {
     CheckReplaceable(target, path);
     const Replacement replacement(target);
     replacement.Write(bytes, path);
@@ -236,16 +245,16 @@ void DeleteFolder(std::string_view path) {
 }
 
 void CopyFile(std::string_view from, std::string_view to) {
-    const fs::path source = HostPathOfFile(from);
-    const fs::path target = PossibleHostPath(to);
-    std::error_code error;
-    fs::copy_file(source, target, fs::copy_options::overwrite_existing, error);
-    if (error) {
-        RaiseHostError(error.value(), target, to);
-    }
-    MakeWritable(target, error);
-    if (error) {
-        RaiseHostError(error.value(), target, to);
+    const fs::path host = PossibleHostPath(to);
+    const std::string bytes = ReadBytes(from);
+    HostFile copy(host, FileUse::CreateNew, to);
+    try {
+        copy.Write(bytes);
+        copy.Close();
+    } catch (...) {  // on a full disk, say
+        std::error_code ignored;
+        fs::remove(host, ignored);
+        throw;
     }
 }
 
@@ -276,13 +285,42 @@ FileStamp StampOf(std::string_view path) {
             static_cast<std::int64_t>(status.st_mtim.tv_nsec)};
 }
 
-void AppendLine(std::string_view path, std::string_view line) {
+void EnsureFolder(std::string_view path) {
+    const fs::path host = PossibleHostPath(path);
+    std::error_code error;
+    fs::create_directory(host, error);  // a folder that is there is no failure of it
+    if (error && !fs::is_directory(host)) {
+        RaiseHostError(error.value() == ENOENT ? ENOTDIR : error.value(), host, path);
+    }
+}
+
+bool AppendLine(std::string_view path, std::string_view line, std::int64_t mostBytes) {
     HostFile file(HostPath(path), FileUse::Append, path);
     std::string bytes;
     bytes.reserve(line.size() + modText::kLineEnd.size());
     bytes.append(line).append(modText::kLineEnd);
+    if (mostBytes != kAnySize &&
+        file.Size() > mostBytes - static_cast<std::int64_t>(bytes.size())) {
+        return false;
+    }
     file.Write(bytes);  // in one piece, so that lines of two programs do not mix
     file.Close();
+    return true;
+}
+
+bool TurnOver(std::string_view path, std::string_view older, std::int64_t fromBytes) {
+    const fs::path host = PossibleHostPath(path);
+    const HostFile file(host, FileUse::Append, path);
+    // Whoever holds the lock of the file that has this name turns it over; the others find another file.
+    if (!file.LockAlone() || file.Size() < fromBytes || !file.Is(host)) {
+        return false;
+    }
+    std::error_code error;
+    fs::rename(host, PossibleHostPath(older), error);
+    if (error) {
+        RaiseHostError(error.value(), host, path);
+    }
+    return true;
 }
 
 void EmptyFile(std::string_view path) {
@@ -290,13 +328,19 @@ void EmptyFile(std::string_view path) {
 }
 
 void WriteBytesAtomically(std::string_view path, std::string_view bytes) {
-    ReplaceFile(PossibleHostPath(path), path, bytes);
+    ReplaceFile(WithoutLinks(PossibleHostPath(path)), path, bytes);
 }
 
-void WriteBytesAtomicallyAsNamed(std::string_view path, std::string_view bytes) {
-    const std::size_t folderSize = path.find_last_of("\\/") + 1;  // 0 without a folder
-    const fs::path folder = folderSize == 0 ? "." : PossibleHostPath(path.substr(0, folderSize));
-    ReplaceFile(folder / path.substr(folderSize), path, bytes);
+void WriteBytesAtomicallyAsNamed(
+    std::string_view folder, std::string_view name, std::string_view bytes) {
+    const std::string path = std::string(folder) + std::string(name);
+    const fs::path host = folder.empty() ? "." : PossibleHostPath(folder);
+    if (!IsPlainName(name)) {
+        RaiseHostError(EINVAL, host, path);
+    }
+    const fs::path target = host / name;
+    modObstacles::NeedFile(target);
+    ReplaceFile(target, path, bytes);
 }
 
 }  // namespace dorvik::modFiles

@@ -53,7 +53,8 @@ void CreateFolder(std::string_view path);
 std::string CreatePrivateFolder(std::string_view parent, std::string_view prefix);
 /// Deletes a folder that is empty.
 void DeleteFolder(std::string_view path);
-/// Copies a file over whatever file is there. The copy can be written to, even if the original cannot.
+/// Copies a file to a name that nothing has yet; no part of a copy is left behind. The copy can be written
+/// to, even if the original cannot.
 void CopyFile(std::string_view from, std::string_view to);
 
 std::string ReadBytes(std::string_view path, int codePage = kNameCodePage);
@@ -69,16 +70,32 @@ struct FileStamp {
 };
 FileStamp StampOf(std::string_view path);
 
-/// Adds the line and CR LF to the file, which is created if need be and is open only for this call.
-void AppendLine(std::string_view path, std::string_view line);
-/// Leaves an empty file there, whether there was one before or not.
+/// Creates the folder unless there is one, maybe made by somebody else at this moment.
+void EnsureFolder(std::string_view path);
+
+inline constexpr std::int64_t kAnySize = INT64_MAX;
+
+/// Adds the line and CR LF to the file, which is created if need be and is open only for this call. False,
+/// with nothing written, where the file would grow beyond `mostBytes`. Raises an `OutputRefusal` (75) where
+/// a link lies there, or anything else that is no ordinary file.
+bool AppendLine(std::string_view path, std::string_view line, std::int64_t mostBytes = kAnySize);
+/// Leaves an empty file there, whether there was one before or not. Raises as `AppendLine`.
 void EmptyFile(std::string_view path);
+/// Gives a file that has `fromBytes` or more the name `older`, in place of whatever file has that name so
+/// far. Of several processes that try at the same time only one does it; false for the others, and for a
+/// file that is shorter. Raises as `AppendLine`.
+bool TurnOver(std::string_view path, std::string_view older, std::int64_t fromBytes);
+
 /// Replaces the file's content or creates the file. A reader, or a failure on the way, sees either
 /// the old content or the new, never a part.
 void WriteBytesAtomically(std::string_view path, std::string_view bytes);
 /// The same under exactly this name in the folder, which is looked up as ever: a file whose name differs
 /// in case stays beside it. For files that others refer to by name. Costs the same however many files
 /// the folder holds, whereas a name that is not there yet is otherwise looked for among all of them.
-void WriteBytesAtomicallyAsNamed(std::string_view path, std::string_view bytes);
+///
+/// Nothing is written outside the folder: a name with a separator or a NUL in it, "." and ".." raise 75,
+/// and what lies there already and is a link, or no ordinary file, raises an `OutputRefusal`.
+void WriteBytesAtomicallyAsNamed(
+    std::string_view folder, std::string_view name, std::string_view bytes);
 
 }  // namespace dorvik::modFiles

@@ -1,6 +1,9 @@
 #include "platform/Database.h"
 
 #include "platform/DatabaseFixture.h"
+#include "platform/FileInUse.h"
+#include "platform/FileInUseMark.h"
+#include "platform/OutputRefusal.h"
 
 #include <algorithm>
 #include <signal.h>
@@ -255,6 +258,61 @@ TEST_F(DatabaseTest, DeletingTakesTheCompanionsAlong) {
     Database::DeleteFile(m_path);
     EXPECT_THAT(FilesInFolder(), testing::IsEmpty());
     Database::DeleteFile(m_path);  // nothing there is no failure
+}
+
+TEST_F(DatabaseTest, CopiesThatKilledProcessesLeftGoWithTheFile) {
+    m_database.Close();
+    m_folder.Write("Test.mdb-new-4711-1", "x");
+    m_folder.Write("Test.mdb-new-4711-2", "x");
+    m_folder.Write("Test.mdb2-new-1-1", "x");
+    Database::DeleteFile(m_path);
+    EXPECT_THAT(FilesInFolder(), testing::ElementsAre("Test.mdb2-new-1-1"));
+}
+
+TEST_F(DatabaseTest, APlaceIsReservedOnce) {
+    m_database.Close();
+    auto mine = Database::Reserve(m_path, " of ann");
+    try {
+        Database::Reserve(m_path, " of bob");
+        ADD_FAILURE() << "reserved twice";
+    } catch (const FileInUse& failure) {
+        EXPECT_EQ(failure.Number(), runtimeerror::kPermissionDenied);
+        EXPECT_EQ(failure.Holder(), "process " + std::to_string(getpid()) + " of ann");
+    }
+    m_database.Open(m_path);  // which keeps nobody from reading
+    m_database.Close();
+    mine.reset();
+    EXPECT_THAT(FilesInFolder(), testing::ElementsAre("Test.mdb"));
+    EXPECT_NE(Database::Reserve(m_path, " of bob"), nullptr);
+}
+
+TEST_F(DatabaseTest, AReservationThatAProcessLeftBehindIsTaken) {
+    m_database.Close();
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        const auto mine = Database::Reserve(m_path, "");
+        kill(getpid(), SIGKILL);
+    }
+    waitpid(child, nullptr, 0);
+    EXPECT_THAT(FilesInFolder(), testing::Contains("Test.mdb-lock"));
+    EXPECT_NE(Database::Reserve(m_path, ""), nullptr);
+    EXPECT_THAT(FilesInFolder(), testing::ElementsAre("Test.mdb"));
+}
+
+TEST_F(DatabaseTest, ACompanionThatTheEngineWouldWaitForIsRefused) {
+    m_database.Close();
+    for (const char* companion : {"-journal", "-wal", "-shm"}) {
+        const std::filesystem::path file = modFiles::HostPath(m_path).native() + companion;
+        ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
+        EXPECT_THROW(m_database.Open(m_path), OutputRefusal);
+        EXPECT_THROW(Database::NeedRoom(m_path), OutputRefusal);
+        std::filesystem::remove(file);
+        std::filesystem::create_symlink("elsewhere", file);
+        EXPECT_THROW(m_database.Open(m_path), OutputRefusal);
+        std::filesystem::remove(file);
+    }
+    m_database.Open(m_path);
 }
 
 }  // namespace

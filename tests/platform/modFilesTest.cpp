@@ -381,16 +381,18 @@ TEST_F(modFilesTest, CreatesOneFolderAtATime) {
         ErrorOf([&] { modFiles::CreateFolder(Inside("ONE")); }), runtimeerror::kPathFileAccess);
 }
 
-TEST_F(modFilesTest, CopyReplacesTheTargetAndCanBeWrittenTo) {
+TEST_F(modFilesTest, CopyTakesNoNameThatIsThereAndCanBeWrittenTo) {
     Put("template.mdb", "new");
     Put("results.mdb", "old and longer");
     fs::permissions(Host("template.mdb"), fs::perms::owner_read);
-    modFiles::CopyFile(Inside("TEMPLATE.mdb"), Inside("Results.mdb"));
-    EXPECT_EQ(modFiles::ReadBytes(Inside("results.mdb")), "new");
-    EXPECT_FALSE(fs::exists(Host("Results.mdb")));
+    EXPECT_EQ(
+        ErrorOf([&] { modFiles::CopyFile(Inside("TEMPLATE.mdb"), Inside("Results.mdb")); }),
+        runtimeerror::kPathFileAccess);
+    EXPECT_EQ(modFiles::ReadBytes(Inside("results.mdb")), "old and longer");
     modFiles::CopyFile(Inside("template.mdb"), Inside("second.mdb"));
     EXPECT_NE(
         fs::status(Host("second.mdb")).permissions() & fs::perms::owner_write, fs::perms::none);
+    EXPECT_EQ(modFiles::ReadBytes(Inside("second.mdb")), "new");
     EXPECT_EQ(
         ErrorOf([&] { modFiles::CopyFile(Inside("template.mdb"), Inside("absent\\x.mdb")); }),
         runtimeerror::kPathNotFound);
@@ -413,14 +415,15 @@ TEST_F(modFilesTest, EmptiesAFileOrCreatesAnEmptyOne) {
 
 TEST_F(modFilesTest, WriteBytesAtomicallyAsNamed_TakesTheNameAsWrittenAndTheFolderInAnyCase) {
     std::filesystem::create_directory(m_folder.HostPath() / "Pages");
-    modFiles::WriteBytesAtomicallyAsNamed(Inside("Pages\\a.html"), "first");
-    modFiles::WriteBytesAtomicallyAsNamed(Inside("pages\\A.html"), "second");
-    modFiles::WriteBytesAtomicallyAsNamed(Inside("PAGES\\A.html"), "third");
+    modFiles::WriteBytesAtomicallyAsNamed(Inside("Pages\\"), "a.html", "first");
+    modFiles::WriteBytesAtomicallyAsNamed(Inside("pages\\"), "A.html", "second");
+    modFiles::WriteBytesAtomicallyAsNamed(Inside("PAGES\\"), "A.html", "third");
     EXPECT_TRUE(std::filesystem::exists(m_folder.HostPath() / "Pages" / "a.html"));
     EXPECT_EQ(modFiles::ReadBytes(Inside("Pages\\a.html")), "first");
     EXPECT_EQ(modFiles::ReadBytes(Inside("Pages\\A.html")), "third");
     EXPECT_EQ(modFiles::FolderEntries(Inside("Pages")).size(), 2U) << "nothing else is left there";
-    EXPECT_THROW(modFiles::WriteBytesAtomicallyAsNamed(Inside("nowhere\\A.html"), "x"), BasicError);
+    EXPECT_THROW(
+        modFiles::WriteBytesAtomicallyAsNamed(Inside("nowhere\\"), "A.html", "x"), BasicError);
 }
 
 TEST_F(modFilesTest, AtomicWritingReplacesTheContentAndLeavesNothingBeside) {
@@ -453,6 +456,33 @@ TEST_F(modFilesTest, AtomicWritingThatFailsLeavesTheOldContent) {
         runtimeerror::kPathFileAccess);
     EXPECT_EQ(modFiles::ReadBytes(Inside("rules.dvk")), "old");
     EXPECT_THAT(modFiles::FolderEntries(m_folder.Path()), testing::SizeIs(1));
+}
+
+TEST_F(modFilesTest, EnsureFolderTakesAFolderThatIsThere) {
+    modFiles::EnsureFolder(Inside("sub"));
+    modFiles::EnsureFolder(Inside("sub"));
+    EXPECT_TRUE(modFiles::FolderExists(Inside("sub")));
+    Put("a.bas");
+    EXPECT_EQ(
+        ErrorOf([&] { modFiles::EnsureFolder(Inside("a.bas")); }), runtimeerror::kPathFileAccess);
+    EXPECT_EQ(
+        ErrorOf([&] { modFiles::EnsureFolder(Inside("absent\\sub")); }),
+        runtimeerror::kPathNotFound);
+}
+
+TEST_F(modFilesTest, AppendLineKeepsToALimit) {
+    EXPECT_TRUE(modFiles::AppendLine(Inside("log.txt"), "1234", 6));
+    EXPECT_FALSE(modFiles::AppendLine(Inside("log.txt"), "", 6));
+    EXPECT_TRUE(modFiles::AppendLine(Inside("log.txt"), "", 8));
+    EXPECT_EQ(modFiles::ReadBytes(Inside("log.txt")), "1234\r\n\r\n");
+}
+
+TEST_F(modFilesTest, AFileIsTurnedOverOnceItIsLongEnough) {
+    Put("a.log", "12345");
+    EXPECT_FALSE(modFiles::TurnOver(Inside("a.log"), Inside("b.log"), 6));
+    EXPECT_TRUE(modFiles::TurnOver(Inside("a.log"), Inside("b.log"), 5));
+    EXPECT_FALSE(fs::exists(Host("a.log")));
+    EXPECT_EQ(modFiles::ReadBytes(Inside("b.log")), "12345");
 }
 
 }  // namespace
