@@ -15,6 +15,9 @@ namespace {
 constexpr std::size_t kComponentWidth = 12;
 constexpr std::size_t kCategoryWidth = 6;
 
+/// Of a line that would fill a log by itself.
+constexpr std::size_t kMostCharactersAtLimit = 10'000;
+
 constexpr std::int32_t kOutOfMemory = 7;
 constexpr std::int32_t kInternalError = 51;
 
@@ -89,15 +92,43 @@ void LogFile::LogEvent(
 }
 
 void LogFile::LogMessage(std::string_view line) {
-    const std::string& target = m_reviewLogActive ? m_reviewLogPath : m_logFilePath;
-    if (!target.empty()) {
-        modFiles::AppendLine(target, line);
+    if (m_reviewLogActive) {
+        AppendToReviewLog(line);
+    } else {
+        AppendToErrorLog(line);
     }
+}
+
+void LogFile::AppendToErrorLog(std::string_view line) const {
+    const auto append = [&] {
+        return modFiles::AppendLine(m_logFilePath, line, kMostBytesOfErrorLog);
+    };
+    if (m_logFilePath.empty() || append()) {
+        return;
+    }
+    // A log that is small still is not full: the line is long.
+    modFiles::TurnOver(m_logFilePath, m_logFilePath + ".1", kMostBytesOfErrorLog / 2);
+    if (!append()) {
+        modFiles::AppendLine(m_logFilePath, modUtf8::Left(line, kMostCharactersAtLimit));
+    }
+}
+
+void LogFile::AppendToReviewLog(std::string_view line) {
+    if (m_reviewLogPath.empty() || m_reviewLogIsFull ||
+        modFiles::AppendLine(m_reviewLogPath, line, kMostBytesOfReviewLog)) {
+        return;
+    }
+    m_reviewLogIsFull = true;
+    modFiles::AppendLine(
+        m_reviewLogPath,
+        "The review log has reached its limit of 64 MB; what follows in this review is not logged. "
+        "Empty the log before the next one.");
 }
 
 void LogFile::SetReviewLog(std::string_view reviewLog, bool clearLog) {
     m_reviewLogPath = reviewLog;
     m_reviewLogActive = true;
+    m_reviewLogIsFull = false;
     if (clearLog) {
         modFiles::EmptyFile(m_reviewLogPath);
     }

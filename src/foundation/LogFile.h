@@ -14,9 +14,16 @@ namespace dorvik {
 ///
 /// The file is open only while a line is written, so a crash loses nothing and others may read it.
 /// A log whose target path is empty writes nowhere. There is no handler in here: a failure to write
-/// reaches the caller.
+/// reaches the caller. Nothing is written through a link.
+///
+/// Both logs have a limit. An error log that is full gets the name "Error.log.1", in place of the last one
+/// that did, and a new one is begun. A review log that is full gets one last line that says so, and what
+/// follows until its end is lost.
 class LogFile {
 public:
+    static constexpr std::int64_t kMostBytesOfErrorLog = 1'000'000;
+    static constexpr std::int64_t kMostBytesOfReviewLog = 64'000'000;
+
     /// First word of every line; at first the name of this component. Padded or cut to 12 characters.
     const std::string& Component() const { return m_component; }
     void SetComponent(std::string_view component) { m_component = component; }
@@ -75,6 +82,8 @@ public:
     const std::string& ReviewLogPath() const { return m_reviewLogPath; }
 
 private:
+    void AppendToErrorLog(std::string_view line) const;
+    void AppendToReviewLog(std::string_view line);
     void LogEntry(
         std::string_view category,
         std::string_view message,
@@ -86,6 +95,7 @@ private:
     std::string m_logFilePath;
     std::string m_reviewLogPath;
     bool m_reviewLogActive = false;
+    bool m_reviewLogIsFull = false;
     bool m_quiet = false;
 };
 

@@ -1,6 +1,7 @@
 #include "foundation/LogFile.h"
 
 #include "base/BasicError.h"
+#include "platform/OutputRefusal.h"
 #include "platform/ScopedInstall.h"
 #include "support/LineText.h"
 #include "support/TemporaryFolder.h"
@@ -159,6 +160,64 @@ TEST_F(LogFileTest, ReviewLogThatIsNotClearedGrows) {
     m_log.SetReviewLog(m_folder.Path("Review.txt"), /*clearLog=*/false);
     m_log.LogMessage("new line");
     EXPECT_EQ(Lines("Review.txt"), (std::vector<std::string>{"old line", "new line"}));
+}
+
+TEST_F(LogFileTest, AFullReviewLogGetsOneLastLineThatSaysSo) {
+    m_folder.Write("Review.txt", "old line\r\n");
+    const auto file = m_folder.HostPath() / "Review.txt";
+    std::filesystem::resize_file(file, LogFile::kMostBytesOfReviewLog - 10);
+    m_log.SetReviewLog(m_folder.Path("Review.txt"), /*clearLog=*/false);
+    m_log.LogMessage("12345678");
+    EXPECT_EQ(std::filesystem::file_size(file), LogFile::kMostBytesOfReviewLog) << "just fits";
+    for (int count = 0; count < 3; ++count) {
+        m_log.LogMessage("one too many");
+    }
+    const std::string bytes = m_folder.Read("Review.txt");
+    const std::string end = bytes.substr(bytes.find("12345678"));
+    EXPECT_EQ(
+        end,
+        "12345678\r\nThe review log has reached its limit of 64 MB; what follows in this review is "
+        "not logged. Empty the log before the next one.\r\n");
+    m_log.CloseReview();
+    m_log.LogMessage("elsewhere");
+    EXPECT_EQ(Lines(), std::vector<std::string>{"elsewhere"});
+}
+
+TEST_F(LogFileTest, AnErrorLogThatIsFullIsTurnedOver) {
+    m_folder.Write("Error.log.1", "the one before");
+    m_folder.Write("Error.log", "old line\r\n");
+    std::filesystem::resize_file(
+        m_folder.HostPath() / "Error.log", LogFile::kMostBytesOfErrorLog - 5);
+    m_log.LogMessage("123");
+    EXPECT_EQ(
+        std::filesystem::file_size(m_folder.HostPath() / "Error.log"),
+        LogFile::kMostBytesOfErrorLog);
+    m_log.LogMessage("new line");
+    EXPECT_EQ(Lines(), std::vector<std::string>{"new line"});
+    const std::string older = m_folder.Read("Error.log.1");
+    EXPECT_EQ(older.substr(0, 10), "old line\r\n");
+    EXPECT_EQ(older.substr(older.size() - 5), "123\r\n");
+}
+
+TEST_F(LogFileTest, ALineThatWouldFillTheErrorLogByItselfIsCut) {
+    m_log.LogMessage("first");
+    m_log.LogMessage(std::string(2 * LogFile::kMostBytesOfErrorLog, 'x'));
+    m_log.LogMessage("last");
+    const std::vector<std::string> lines = Lines();
+    ASSERT_EQ(lines.size(), 3U);
+    EXPECT_EQ(lines[1], std::string(10'000, 'x'));
+    EXPECT_EQ(m_folder.Read("Error.log.1"), "") << "nothing of worth was pushed out";
+}
+
+TEST_F(LogFileTest, NoLineGoesThroughALink) {
+    m_folder.Write("victim.txt", "kept");
+    for (const char* name : {"Error.log", "Review.txt"}) {
+        std::filesystem::create_symlink("victim.txt", m_folder.HostPath() / name);
+    }
+    EXPECT_THROW(m_log.LogMessage("x"), OutputRefusal);
+    EXPECT_THROW(m_log.SetReviewLog(m_folder.Path("Review.txt"), true), OutputRefusal);
+    EXPECT_THROW(m_log.LogMessage("x"), OutputRefusal);
+    EXPECT_EQ(m_folder.Read("victim.txt"), "kept");
 }
 
 TEST_F(LogFileTest, CaughtFailureHasItsNumberAndDescription) {
