@@ -187,7 +187,8 @@ std::vector<std::string> PagesIn(const fs::path& folder) {
 void WriteBytes(const std::vector<std::string>& pages, const fs::path& folder) {
     for (std::size_t number = 0; number < pages.size(); ++number) {
         dorvik::modFiles::WriteBytesAtomicallyAsNamed(
-            dorvik::modFiles::FromHostPath(folder / (std::to_string(number) + ".html")),
+            dorvik::modFiles::FromHostPath(folder) + "\\",
+            std::to_string(number) + ".html",
             pages[number]);
     }
 }

@@ -1,11 +1,12 @@
 #include "reports/ModernReport.h"
 
 #include "foundation/Trap.h"
+#include "foundation/modFileName.h"
 #include "foundation/modUtilFunctions.h"
-#include "platform/modFiles.h"
+#include "platform/OutputRefusal.h"
 #include "reports/ModernReportData.h"
 #include "reports/ModernReportPage.h"
-#include "results/modResultsFilename.h"
+#include "reports/modReportFile.h"
 
 namespace dorvik {
 
@@ -17,28 +18,34 @@ std::string ModernReport::CreatePage(ResultsDB& results, const ModernReportFacts
     return page;
 }
 
-std::string ModernReport::CreateFilename(std::string_view projectFile, std::string_view folder) {
-    std::string name = folder.empty() ? modDorvikUtils::ConvertToDorvikSubFolderPath(projectFile)
-                                      : modUtilFunctions::AddBackslash(folder) +
-                                            modUtilFunctions::FilenameFromFullPathName(projectFile);
-    const std::size_t dot = name.rfind('.');
-    const std::size_t separator = name.rfind('\\');
-    if (dot != std::string::npos && (separator == std::string::npos || dot > separator)) {
+OutputPlace ModernReport::PlaceFor(std::string_view projectFile, std::string_view folder) {
+    std::string name = modUtilFunctions::FilenameFromFullPathName(projectFile);
+    if (const std::size_t dot = name.rfind('.'); dot != std::string::npos) {
         name.erase(dot);
     }
-    return name + "_Review.html";
+    OutputPlace place = OutputPlace::For(std::string(projectFile), std::string(folder));
+    place.Name = modFileName::FromText(name, "_Review.html");
+    return place;
 }
 
 bool ModernReport::Save(
-    ResultsDB& results, const ModernReportFacts& facts, std::string_view filename) {
+    ResultsDB& results,
+    const ModernReportFacts& facts,
+    const OutputPlace& place,
+    std::string* refusal) {
     bool saved = false;
-    Trap({kModule, "Save"}, [&] {
+    const auto save = [&] {
         const std::string page = CreatePage(results, facts);
         if (!page.empty()) {
-            modUtilFunctions::CreateFullPath(modUtilFunctions::PathFromFilename(filename));
-            modFiles::WriteBytesAtomically(filename, page);
+            modReportFile::WriteAsItIs(place, page);
             saved = true;
         }
+    };
+    Trap({kModule, "Save"}, save, [&](const BasicError& failure) {
+        if (refusal != nullptr) {
+            *refusal = OutputRefusal::SentenceIn(failure);
+        }
+        return false;
     });
     return saved;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/OutputPlace.h"
 #include "reports/UnreadFile.h"
 
 #include <optional>
@@ -30,13 +31,17 @@ public:
     static std::string CreatePage(ResultsDB& results, const ModernReportFacts& facts);
 
     /// Where the page of a project lies: "Billing_Review.html" for "Billing.vbp", in `folder` or, where
-    /// that is empty, in the folder "Dorvik\" beside the project file.
-    static std::string CreateFilename(std::string_view projectFile, std::string_view folder);
+    /// that is empty, in the folder "Dorvik\" beside the project file. The name is made by `modFileName`.
+    static OutputPlace PlaceFor(std::string_view projectFile, std::string_view folder);
 
-    /// Writes the page to `filename`, in place of an earlier one; the folder is created if need be. A
-    /// reader sees the old page or the new one, never a part. False after a failure, which is logged; an
-    /// earlier page is then untouched.
-    static bool Save(ResultsDB& results, const ModernReportFacts& facts, std::string_view filename);
+    /// Writes the page, in place of an earlier one; the folder is created if need be. A reader sees the old
+    /// page or the new one, never a part. False after a failure, which is logged, with the sentence of an
+    /// `OutputRefusal` in `refusal`; an earlier page is then untouched.
+    static bool Save(
+        ResultsDB& results,
+        const ModernReportFacts& facts,
+        const OutputPlace& place,
+        std::string* refusal = nullptr);
 };
 
 }  // namespace dorvik

@@ -3,6 +3,7 @@
 #include "reports/ReportsEngine.h"
 
 #include "foundation/Trap.h"
+#include "platform/OutputRefusal.h"
 #include "reports/modReportFile.h"
 #include "reports/modReportFormat.h"
 
@@ -57,11 +58,24 @@ void ReportsEngine::SaveReport(
     std::string_view folder,
     std::string_view sourceFile,
     std::string_view name) {
-    const std::string path =
-        modDorvikUtils::CreateReportFilename(projectFile, kind, folder, sourceFile, name);
-    const bool saved =
-        Trap({kModule, "SaveReport"}, [&] { modReportFile::Write(path, html.DocumentText()); });
+    const OutputPlace place =
+        modDorvikUtils::ReportPlace(projectFile, kind, folder, sourceFile, name);
+    const std::string path = place.Path();
+    bool saved = false;
+    const auto save = [&] {
+        modReportFile::Write(place, html.DocumentText());
+        saved = true;
+    };
+    Trap({kModule, "SaveReport"}, save, [&](const BasicError& failure) {
+        m_refusals[path] = OutputRefusal::SentenceIn(failure);
+        return false;
+    });
     (saved ? m_writtenReports : m_failedReports).push_back(path);
+}
+
+std::string ReportsEngine::RefusalOf(const std::string& page) const {
+    const auto found = m_refusals.find(page);
+    return found == m_refusals.end() ? std::string() : found->second;
 }
 
 }  // namespace dorvik

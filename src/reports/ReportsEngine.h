@@ -18,6 +18,7 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -95,6 +96,8 @@ public:
     /// Full paths of the pages that this engine should have written and could not, in their order; the
     /// log says why. A page that was cancelled is not among them.
     const std::vector<std::string>& FailedReports() const { return m_failedReports; }
+    /// The sentence that says what lay in the way of such a page; empty where nothing did.
+    std::string RefusalOf(const std::string& page) const;
 
     // ---- tables that reports share ----
 
@@ -162,6 +165,7 @@ private:
     IReportsEngineEvents* m_events = nullptr;
     std::vector<std::string> m_writtenReports;
     std::vector<std::string> m_failedReports;
+    std::map<std::string, std::string> m_refusals;  // by page
 };
 
 }  // namespace dorvik

@@ -1,7 +1,6 @@
 #include "reports/modReportFile.h"
 
 #include "base/modUtf8.h"
-#include "foundation/modUtilFunctions.h"
 #include "platform/modFiles.h"
 
 #include <algorithm>
@@ -48,13 +47,14 @@ std::string ToAscii(std::string_view page) {
     return result;
 }
 
-void Write(std::string_view path, std::string_view page) {
-    const std::string folder = modUtilFunctions::PathFromFilename(path);
-    if (!modUtilFunctions::FolderExists(folder)) {
-        modUtilFunctions::CreateFullPath(folder);
-    }
+void Write(const OutputPlace& place, std::string_view page) {
+    WriteAsItIs(place, ToAscii(page));
+}
+
+void WriteAsItIs(const OutputPlace& place, std::string_view page) {
+    place.MakeFolder();
     // By exactly this name, because other pages link to it.
-    modFiles::WriteBytesAtomicallyAsNamed(path, ToAscii(page));
+    modFiles::WriteBytesAtomicallyAsNamed(place.Folder(), place.Name, page);
 }
 
 }  // namespace dorvik::modReportFile

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "foundation/OutputPlace.h"
+
 #include <string>
 #include <string_view>
 
@@ -11,7 +13,10 @@ namespace dorvik::modReportFile {
 std::string ToAscii(std::string_view page);
 
 /// Writes the page in ASCII over whatever file is there, with nothing added. The folder is created if
-/// need be. Raises what `modFiles` raises; no part of a page is left behind.
-void Write(std::string_view path, std::string_view page);
+/// need be. Raises what `modFiles` raises, an `OutputRefusal` where no ordinary file or folder lies in the
+/// way; no part of a page is left behind.
+void Write(const OutputPlace& place, std::string_view page);
+/// The same for a page that declares its character set.
+void WriteAsItIs(const OutputPlace& place, std::string_view page);
 
 }  // namespace dorvik::modReportFile

@@ -1,5 +1,6 @@
 #include "reports/modReportFilename.h"
 
+#include "foundation/modFileName.h"
 #include "foundation/modUtilFunctions.h"
 
 namespace dorvik::modDorvikUtils {
@@ -30,29 +31,39 @@ std::string WithoutEnding(std::string_view sourceFile) {
     return name;
 }
 
-std::string Prefix(std::string_view projectFile, std::string_view folder) {
-    if (folder.empty()) {
-        return modUtilFunctions::PathFromFilename(projectFile) + "Dorvik\\";
-    }
-    return modUtilFunctions::AddBackslash(folder);
-}
-
 /// Required: only the last point is looked at; unless it is cut off with its project's ending, it
 /// becomes "_".
-void TakeOutPoint(std::string& path, ReportKind kind) {
-    const auto point = path.rfind('.');
-    const auto separator = path.rfind('\\');
-    if (point == std::string::npos || (separator != std::string::npos && point < separator)) {
+void TakeOutPoint(std::string& name, ReportKind kind) {
+    const auto point = name.rfind('.');
+    if (point == std::string::npos) {
         return;
     }
     if (kind == ReportKind::Project) {
-        path.erase(point);
+        name.erase(point);
     } else {
-        path[point] = '_';
+        name[point] = '_';
     }
 }
 
 }  // namespace
+
+OutputPlace ReportPlace(
+    std::string_view projectFile,
+    ReportKind kind,
+    std::string_view folder,
+    std::string_view sourceFile,
+    std::string_view name) {
+    const Parts parts = PartsOf(kind, projectFile, name);
+    std::string text = WithoutEnding(sourceFile);
+    if (!text.empty()) {
+        text += "_";
+    }
+    text += parts.Base;
+    TakeOutPoint(text, kind);
+    OutputPlace place = OutputPlace::For(std::string(projectFile), std::string(folder));
+    place.Name = modFileName::FromText(text, "_" + std::string(parts.Suffix) + ".html");
+    return place;
+}
 
 std::string CreateReportFilename(
     std::string_view projectFile,
@@ -60,18 +71,7 @@ std::string CreateReportFilename(
     std::string_view folder,
     std::string_view sourceFile,
     std::string_view name) {
-    const Parts parts = PartsOf(kind, projectFile, name);
-    const std::string source = WithoutEnding(sourceFile);
-    std::string path = Prefix(projectFile, folder);
-    if (!source.empty()) {
-        path += source + "_";
-    }
-    path += parts.Base;
-    TakeOutPoint(path, kind);
-    path += "_";
-    path += parts.Suffix;
-    path += ".html";
-    return path;
+    return ReportPlace(projectFile, kind, folder, sourceFile, name).Path();
 }
 
 }  // namespace dorvik::modDorvikUtils

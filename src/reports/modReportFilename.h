@@ -1,5 +1,7 @@
 #pragma once
 
+#include "foundation/OutputPlace.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -16,10 +18,18 @@ enum class ReportKind : std::int32_t {
 /// Where reports lie. All paths use the backslash.
 namespace modDorvikUtils {
 
-/// Full path of a report. `folder` empty means the sub-folder "Dorvik\" beside the project file.
+/// The place of a report. `folder` empty means the sub-folder "Dorvik\" beside the project file.
 /// `sourceFile` (empty for none) gives the first part of the name, `name` (only for the report of a
-/// source file) the second.
+/// source file) the second. The name is made by `modFileName`.
 // Required: a file name without "." counts as empty.
+OutputPlace ReportPlace(
+    std::string_view projectFile,
+    ReportKind kind,
+    std::string_view folder,
+    std::string_view sourceFile = {},
+    std::string_view name = {});
+
+/// Full path of the same.
 std::string CreateReportFilename(
     std::string_view projectFile,
     ReportKind kind,

@@ -1,6 +1,7 @@
 #include "results/modResultsFilename.h"
 
 #include "base/modUtf8.h"
+#include "foundation/modFileName.h"
 #include "foundation/modUtilFunctions.h"
 
 namespace dorvik::modDorvikUtils {
@@ -9,33 +10,36 @@ namespace {
 
 constexpr std::size_t kExtensionLength = 4;
 
-/// Required: the last four characters go, whatever they are.
-std::string InResultsFolder(
+/// Required: the last four characters go, whatever they are. Of a shorter name they are the end of the
+/// folder, beside which the file then lies.
+OutputPlace InResultsFolder(
     std::string_view projectFile, std::string_view resultsFolder, std::string_view ending) {
-    std::string base;
-    if (resultsFolder.empty()) {
-        base = ConvertToDorvikSubFolderPath(projectFile);
-    } else {
-        base = resultsFolder;
-        base += base.back() == '\\' ? "" : "\\";
-        base += modUtilFunctions::FilenameFromFullPathName(projectFile);
+    OutputPlace place = OutputPlace::For(std::string(projectFile), std::string(resultsFolder));
+    std::string base = place.Folder();
+    base += modUtilFunctions::FilenameFromFullPathName(projectFile);
+    base = modUtf8::WithoutLast(base, kExtensionLength);
+    if (base.size() < place.Folder().size()) {
+        place = {modUtilFunctions::PathFromFilename(base)};
     }
-    std::string result(modUtf8::WithoutLast(base, kExtensionLength));
-    result += ending;
-    return result;
+    const std::size_t folderSize = place.Folder().size();
+    place.Name = modFileName::FromText(std::string_view(base).substr(folderSize), ending);
+    return place;
 }
 
 }  // namespace
 
+OutputPlace ResultsPlace(std::string_view projectFile, std::string_view resultsFolder) {
+    return projectFile.find('.') == std::string_view::npos
+               ? OutputPlace()
+               : InResultsFolder(projectFile, resultsFolder, "_DORVIK.mdb");
+}
+
 std::string CreateResultsFilename(std::string_view projectFile, std::string_view resultsFolder) {
-    if (projectFile.find('.') == std::string_view::npos) {
-        return {};
-    }
-    return InResultsFolder(projectFile, resultsFolder, "_DORVIK.mdb");
+    return ResultsPlace(projectFile, resultsFolder).Path();
 }
 
 std::string CreateProjectLogFilename(std::string_view projectFile, std::string_view resultsFolder) {
-    return InResultsFolder(projectFile, resultsFolder, "_DORVIK.txt");
+    return InResultsFolder(projectFile, resultsFolder, "_DORVIK.txt").Path();
 }
 
 std::string ConvertToDorvikSubFolderPath(std::string_view projectFile) {

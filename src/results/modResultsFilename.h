@@ -1,13 +1,18 @@
 #pragma once
 
+#include "foundation/OutputPlace.h"
+
 #include <string>
 #include <string_view>
 
-/// Where the results of a project lie. All paths use the backslash.
+/// Where the results of a project lie. All paths use the backslash. The names are made by `modFileName`.
 namespace dorvik::modDorvikUtils {
 
-/// Full path of the results database; empty where the project's path holds no ".". `resultsFolder` empty
-/// means the sub-folder "Dorvik\" beside the project file.
+/// The place of the results database; without a name where the project's path holds no ".". `resultsFolder`
+/// empty means the sub-folder "Dorvik\" beside the project file.
+OutputPlace ResultsPlace(std::string_view projectFile, std::string_view resultsFolder);
+
+/// Full path of the same; empty where it has no name.
 std::string CreateResultsFilename(std::string_view projectFile, std::string_view resultsFolder);
 
 /// Full path of the project's review log, under the same rules, except that a path without "." has one too.

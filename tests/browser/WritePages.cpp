@@ -19,7 +19,7 @@ bool WritePage(const std::string& folder, const std::string& name, Fill fill) {
     fill(project);
     ModernReportFacts facts;
     facts.Unreviewed.emplace();
-    return ModernReport::Save(project.Results(), facts, folder + name + "_Review.html");
+    return ModernReport::Save(project.Results(), facts, {folder, "", name + "_Review.html"});
 }
 
 }  // namespace

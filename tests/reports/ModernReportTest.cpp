@@ -300,7 +300,7 @@ class ModernReportFilenameTest : public testing::TestWithParam<FilenameRow> {};
 
 TEST_P(ModernReportFilenameTest, IsTheProjectsNameWithReviewBehind) {
     EXPECT_EQ(
-        GetParam().Expected, ModernReport::CreateFilename(GetParam().Project, GetParam().Folder));
+        GetParam().Expected, ModernReport::PlaceFor(GetParam().Project, GetParam().Folder).Path());
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -314,18 +314,20 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(ModernReportTest, SaveCreatesTheFolderAndReplacesAnEarlierPage) {
     FillSmallProject();
-    const std::string filename = m_folder.Path("New\\Deep\\Billing_Review.html");
-    ASSERT_TRUE(ModernReport::Save(m_project.Results(), m_facts, filename));
+    const OutputPlace place{m_folder.Path("New\\Deep\\"), "", "Billing_Review.html"};
+    ASSERT_TRUE(ModernReport::Save(m_project.Results(), m_facts, place));
     m_folder.Write("New\\Deep\\Billing_Review.html", "old");
-    ASSERT_TRUE(ModernReport::Save(m_project.Results(), m_facts, filename));
+    ASSERT_TRUE(ModernReport::Save(m_project.Results(), m_facts, place));
     EXPECT_TRUE(Page() == m_folder.Read("New\\Deep\\Billing_Review.html"));
 }
 
 TEST_F(ModernReportTest, SaveToAPlaceThatIsAFolderLogsAndReturnsFalse) {
     FillSmallProject();
-    const std::string filename = m_folder.Path("Taken");
-    modFiles::CreateFolder(filename);
-    EXPECT_FALSE(ModernReport::Save(m_project.Results(), m_facts, filename));
+    modFiles::CreateFolder(m_folder.Path("Taken"));
+    std::string refusal;
+    EXPECT_FALSE(
+        ModernReport::Save(m_project.Results(), m_facts, {m_folder.Path(), "", "Taken"}, &refusal));
+    EXPECT_THAT(refusal, testing::HasSubstr("Taken' is a folder where a file is needed"));
     EXPECT_THAT(m_log.Entries(), Not(IsEmpty()));
 }
 

@@ -1,6 +1,7 @@
 #include "reports/modReportFile.h"
 
 #include "base/BasicError.h"
+#include "platform/OutputRefusal.h"
 #include "platform/modFiles.h"
 #include "support/TemporaryFolder.h"
 
@@ -32,20 +33,50 @@ TEST(modReportFile, BytesThatAreNoTextAreTheReplacementCharacter) {
 TEST(modReportFile, WritingReplacesAnEarlierPageAndAddsNothing) {
     const test::TemporaryFolder folder;
     folder.Write("a.html", "a much longer page");
-    modReportFile::Write(folder.Path("a.html"), "<p>\xc3\xb6");
+    modReportFile::Write({folder.Path(), "", "a.html"}, "<p>\xc3\xb6");
     EXPECT_EQ(folder.Read("a.html"), "<p>&#246;");
 }
 
 TEST(modReportFile, TheFolderIsCreatedIfNeedBe) {
     const test::TemporaryFolder folder;
-    modReportFile::Write(folder.Path("Reports\\2026\\a.html"), "x");
+    modReportFile::Write({folder.Path("Reports\\2026\\"), "", "a.html"}, "x");
     EXPECT_EQ(folder.Read("Reports\\2026\\a.html"), "x");
 }
 
 TEST(modReportFile, APlaceThatCannotBeWrittenToRaises) {
     const test::TemporaryFolder folder;
     folder.Write("Reports", "a file");
-    EXPECT_THROW(modReportFile::Write(folder.Path("Reports\\a.html"), "x"), BasicError);
+    EXPECT_THROW(modReportFile::Write({folder.Path("Reports\\"), "", "a.html"}, "x"), BasicError);
+}
+
+TEST(modReportFile, NothingIsWrittenOutsideTheFolder) {
+    const test::TemporaryFolder folder;
+    const OutputPlace place{folder.Path(), "Dorvik\\", ""};
+    for (const std::string& name :
+         {std::string("..\\a.html"),
+          std::string("../a.html"),
+          std::string("x\\a.html"),
+          std::string("a\0.html", 7),
+          std::string(".."),
+          std::string()}) {
+        EXPECT_THROW(modReportFile::Write({place.Chosen, place.Below, name}, "x"), BasicError)
+            << name;
+    }
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.HostPath())) {
+        EXPECT_EQ(entry.path(), folder.HostPath() / "Dorvik");
+    }
+}
+
+TEST(modReportFile, ALinkInTheWayIsRefusedAndStays) {
+    const test::TemporaryFolder folder;
+    const std::string kept = folder.Write("victim.txt", "kept");
+    std::filesystem::create_symlink("victim.txt", folder.HostPath() / "a.html");
+    EXPECT_THROW(modReportFile::Write({folder.Path(), "", "a.html"}, "x"), OutputRefusal);
+    EXPECT_THROW(modReportFile::WriteAsItIs({folder.Path(), "", "a.html"}, "x"), OutputRefusal);
+    EXPECT_EQ(folder.Read("victim.txt"), "kept");
+    std::filesystem::create_directory_symlink(".", folder.HostPath() / "Dorvik");
+    EXPECT_THROW(modReportFile::Write({folder.Path(), "Dorvik\\", "b.html"}, "x"), OutputRefusal);
+    EXPECT_EQ(folder.Read("b.html"), "");
 }
 
 }  // namespace
