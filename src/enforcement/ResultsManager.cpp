@@ -1,6 +1,7 @@
 #include "enforcement/ResultsManager.h"
 
 #include "base/BasicError.h"
+#include "base/DateTime.h"
 #include "base/modTextCase.h"
 #include "criteria/ReviewCriteria.h"
 #include "foundation/LogFile.h"
@@ -10,6 +11,10 @@
 #include "parser/ScopeName.h"
 #include "parser/VBParserEvents.h"
 #include "platform/Database.h"
+#include "platform/FileInUse.h"
+#include "platform/FileInUseMark.h"
+#include "platform/HostError.h"
+#include "platform/OutputRefusal.h"
 #include "platform/modFiles.h"
 #include "platform/modHost.h"
 #include "results/modResultsFilename.h"
@@ -49,14 +54,27 @@ bool HasSourceLine(Location location) {
     return owner == scopename::kDeclarations || owner == scopename::kProcedure;
 }
 
-void ShowLockedDatabase(const std::string& target) {
-    // A person reads this: the path is one of this machine.
-    const std::string filename = modFiles::HostPath(target).string();
-    modHost::ShowMessage(
-        {MessageIcon::Exclamation,
-         "Dorvik",
-         "Unable to replace the existing results database '" + filename +
-             "', because it is locked by another process."});
+/// A person reads these: paths are those of this machine.
+std::string ShownPath(const std::string& path) {
+    return modFiles::HostPath(path).string();
+}
+
+/// Who is reviewing, behind the number of the process.
+std::string Holder() {
+    const DateTime now = modHost::Now();
+    return " of user '" + modHost::LogonName() + "', since " + modDateText::LongTime(now) + " on " +
+           modDateText::LongDate(now);
+}
+
+/// Who has the place of the results, and what to do then.
+std::string
+InUseText(const FileInUse& failure, std::string_view projectFile, const std::string& database) {
+    if (failure.Holder().empty()) {
+        return "Unable to replace the existing results database '" + ShownPath(database) +
+               "', because it is locked by another process.";
+    }
+    return "'" + ShownPath(std::string(projectFile)) + "' is in another review (" +
+           failure.Holder() + "): wait for its end, or choose another folder for the results";
 }
 
 }  // namespace
@@ -70,30 +88,58 @@ ResultsManager::~ResultsManager() {
 bool ResultsManager::BeginReview(
     std::string_view projectFile, const ReviewCriteria& criteria, const Rulebase& rulebase) {
     bool started = false;
-    std::string target;
+    const std::string folder =
+        criteria.UseProjectFolderResults() ? std::string() : criteria.FixedFolderResults();
+    const std::string target = modDorvikUtils::CreateResultsFilename(projectFile, folder);
     const auto start = [&] {
         m_resultsDB = std::make_unique<dorvik::ResultsDB>();
-        const std::string altPath =
-            criteria.UseProjectFolderResults() ? std::string() : criteria.FixedFolderResults();
-        target = modDorvikUtils::CreateResultsFilename(projectFile, altPath);
-        // The log comes first and lies in the same folder, which a first review does not find there.
-        if (!modUtilFunctions::CreateFullPath(modUtilFunctions::PathFromFilename(target))) {
+        m_reservation.reset();
+        if (target.empty()) {
             return;
         }
-        modLog::Log().SetReviewLog(
-            modDorvikUtils::CreateProjectLogFilename(projectFile, altPath),
-            criteria.ClearLogBeforeReview());
+        const std::string log = modDorvikUtils::CreateProjectLogFilename(projectFile, folder);
+        ReservePlace(modDorvikUtils::ResultsPlace(projectFile, folder), log);
+        modLog::Log().SetReviewLog(log, criteria.ClearLogBeforeReview());
         started =
             PrepareResultsFile(target) && m_resultsDB->StartReview(target, rulebase, criteria);
     };
     Trap({kModule, "BeginReview"}, start, [&](const BasicError& failure) {
-        const bool locked = failure.Number() == runtimeerror::kPermissionDenied;
-        if (locked) {
-            ShowLockedDatabase(target);
+        const std::string reason = ReasonIn(failure, projectFile, target);
+        if (reason.empty()) {
+            return false;
         }
-        return locked;
+        modHost::ShowMessage({MessageIcon::Exclamation, "Dorvik", reason});
+        modLog::Log().LogEvent(reason, "BeginReview", kModule);
+        return true;
     });
     return started;
+}
+
+/// Nothing is touched before it is certain that all of it is this review's to write.
+void ResultsManager::ReservePlace(const OutputPlace& place, const std::string& log) {
+    place.MakeFolder();
+    Database::NeedRoom(place.Path());
+    modObstacles::NeedFile(modFiles::HostPath(log));
+    m_reservation = Database::Reserve(place.Path(), Holder());
+}
+
+/// Why the review cannot begin, for a person who can do something about it; empty for a failure that only
+/// the log is told.
+std::string ResultsManager::ReasonIn(
+    const BasicError& failure, std::string_view projectFile, const std::string& database) const {
+    if (std::string refusal = OutputRefusal::SentenceIn(failure); !refusal.empty()) {
+        return refusal;
+    }
+    if (const auto* const inUse = dynamic_cast<const FileInUse*>(&failure)) {
+        return InUseText(*inUse, projectFile, database);
+    }
+    // Until the place is reserved the machine fails at nothing but to write there.
+    if (!m_reservation && dynamic_cast<const HostError*>(&failure) != nullptr) {
+        return "Nothing can be written to '" +
+               ShownPath(modUtilFunctions::PathFromFilename(database)) +
+               "': " + RuntimeErrorText(failure.Number());
+    }
+    return {};
 }
 
 bool ResultsManager::PrepareResultsFile(const std::string& target) const {
@@ -118,6 +164,7 @@ void ResultsManager::EndReview(std::int32_t ruleExecutionCount) {
 void ResultsManager::AbortReview() {
     m_resultsDB->AbortReview();
     modLog::Log().CloseReview();
+    m_reservation.reset();
 }
 
 Violation

@@ -13,10 +13,13 @@
 
 namespace dorvik {
 
+class BasicError;
+class FileInUseMark;
 class Rulebase;
 class ReviewCriteria;
 class ViolationDefinition;
 class VirtualProject;
+struct OutputPlace;
 
 /// Stands between the rules and the results store of one project review. A rule hands in a
 /// `ViolationDefinition` with the coordinates of the event; this class builds the `Violation`,
@@ -47,8 +50,13 @@ public:
 
     /// Prepares the results file and the review log of a project and starts its review. False if
     /// that failed; the reason is logged, and shown where the user can do something about it.
+    ///
+    /// From before the old results are deleted on nobody else can begin a review of the project into this
+    /// place: until `AbortReview`, or until this object and `Reservation` are gone.
     bool BeginReview(
         std::string_view projectFile, const ReviewCriteria& criteria, const Rulebase& rulebase);
+    /// What keeps other reviews out; null without a review.
+    const std::shared_ptr<FileInUseMark>& Reservation() const { return m_reservation; }
     void EndReview(std::int32_t ruleExecutionCount);
     /// Leaves no results file behind. May be called again without harm.
     void AbortReview();
@@ -82,8 +90,13 @@ private:
     Violation MakeViolation(const ViolationDefinition& definition, const Origin& origin) const;
     void MarkCurrentRule(std::int32_t ruleId, std::string_view mark);
     std::string TagValue(std::string_view tag);
+    void ReservePlace(const OutputPlace& place, const std::string& log);
+    std::string ReasonIn(
+        const BasicError& failure, std::string_view projectFile, const std::string& database) const;
     bool PrepareResultsFile(const std::string& target) const;
 
+    // Gone last: until then the database and the log are this review's.
+    std::shared_ptr<FileInUseMark> m_reservation;
     VB6ParserState m_parserState;
     std::unique_ptr<dorvik::ResultsDB> m_resultsDB;
     VirtualProject* m_project = nullptr;

@@ -48,7 +48,7 @@ private:
 ReviewMachine::ReviewMachine(ProjectReviewFactory factory) : m_factory(std::move(factory)) {
     if (!m_factory) {
         m_factory = [this] {
-            return std::make_unique<VB6ProjectReview>(m_typeLibraries);
+            return std::make_unique<VB6ProjectReview>(m_typeLibraries, &m_reservations);
         };
     }
     m_reports.SetEvents(this);

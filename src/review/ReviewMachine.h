@@ -6,6 +6,7 @@
 #include "reports/ReportsEngine.h"
 #include "review/IProjectReview.h"
 #include "review/IProjectReviewEvents.h"
+#include "review/ResultsReservations.h"
 #include "review/ReviewStatus.h"
 #include "review/TimeSlice.h"
 
@@ -88,6 +89,7 @@ private:
     std::int32_t m_projectIndex = 0;
     bool m_isAbandoned = false;
     bool m_reportsCancelled = false;
+    ResultsReservations m_reservations;
     // Declared so that the progress goes first and the engines last.
     ReportsEngine m_reports;
     dorvik::RuleEngine m_ruleEngine;

@@ -10,7 +10,8 @@ namespace dorvik {
 
 /// Drives one review: loads the rulebase, then hands each selected project to a project review.
 /// All work is cut into steps of a state machine, and the caller decides how many run at a time.
-/// A manager serves one review only.
+/// A manager serves one review only. As long as it lives nobody else replaces the results that it has
+/// finished.
 ///
 /// It may go at any moment, also inside its own slice: in a handler of the progress, in a script, while
 /// input is processed. The review is then over as if it had been cancelled, and a slice that was running

@@ -21,8 +21,9 @@ constexpr std::string_view kUnexpectedError = "Review terminated due to unexpect
 
 }  // namespace
 
-VB6ProjectReview::VB6ProjectReview(ITypeLibrarySource* typeLibraries)
-    : m_typeLibrarySource(typeLibraries) {}
+VB6ProjectReview::VB6ProjectReview(
+    ITypeLibrarySource* typeLibraries, ResultsReservations* reservations)
+    : m_typeLibrarySource(typeLibraries), m_reservations(reservations) {}
 
 VB6ProjectReview::~VB6ProjectReview() {
     GiveUpUnlessEnded();

@@ -7,6 +7,7 @@
 #include "parser/IFileParserEvents.h"
 #include "platform/ITypeLibrarySource.h"
 #include "review/IProjectReview.h"
+#include "review/ResultsReservations.h"
 #include "review/TimeSlice.h"
 #include "source/VirtualProject.h"
 #include "source/VirtualSourceFile.h"
@@ -43,9 +44,11 @@ namespace dorvik {
 /// A project that has not come to its end leaves no results, however its review ends.
 class VB6ProjectReview final : public IProjectReview, private IFileParserEvents {
 public:
-    /// `typeLibraries` may be null: every library is then one that cannot be loaded. REQUIRES: it
-    /// outlives this object.
-    explicit VB6ProjectReview(ITypeLibrarySource* typeLibraries = nullptr);
+    /// `typeLibraries` may be null: every library is then one that cannot be loaded. `reservations` takes
+    /// over what keeps others out of the results, once they are finished; null where nobody reads on.
+    /// REQUIRES: both outlive this object.
+    explicit VB6ProjectReview(
+        ITypeLibrarySource* typeLibraries = nullptr, ResultsReservations* reservations = nullptr);
     ~VB6ProjectReview() override;
 
     void HookupCallback(IProjectReviewEvents* callback) override;
@@ -123,6 +126,7 @@ private:
     RuleEngine* m_ruleEngine = nullptr;
     ReportsEngine* m_reports = nullptr;
     ITypeLibrarySource* m_typeLibrarySource;
+    ResultsReservations* m_reservations;
     std::unique_ptr<ITypeLibraries> m_typeLibraries;         // null without a source
     std::unique_ptr<NamingConventionHelper> m_namingHelper;  // only with naming conventions
 };

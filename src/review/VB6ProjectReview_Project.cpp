@@ -257,6 +257,9 @@ ReviewStatus VB6ProjectReview::State_EndProject() {
             m_reports->CreateProjectReport(*m_project, *m_criteria, *m_progress);
         }
         ReleaseFromRules();
+        if (m_reservations != nullptr) {
+            m_reservations->Keep(m_resultsManager->Reservation());
+        }
         m_resultsManager->SetProject(nullptr);
         m_eventActions.reset();
         m_resultsManager.reset();
