@@ -5,6 +5,8 @@
 #include "cli/Interrupt.h"
 #include "cli/ProjectFinder.h"
 #include "cli/ProjectStatusText.h"
+#include "foundation/LogFile.h"
+#include "foundation/modLog.h"
 #include "platform/modFiles.h"
 #include "review/ProjectEventWalk.h"
 #include "source/modDorvikUtils.h"
@@ -13,6 +15,7 @@ namespace dorvik {
 
 ExitCode RunEvents(const EventsOptions& options) {
     modFiles::SetNameCodePage(options.CodePage);
+    modLog::Log().SetLogFilePath({});  // whoever asks what the parser sees wants no file of it
     if (!modDorvikUtils::IsVBPFile(options.Path)) {
         modConsole::PrintError("'" + options.Path + "' is no project file (.vbp)");
         return ExitCode::NothingDone;

@@ -23,23 +23,70 @@ void AddProject(FoundProjects& found, const std::string& filename) {
     }
 }
 
-void AddFolder(FoundProjects& found, const fs::path& folder, int codePage) {
-    std::vector<std::string> names;
-    std::error_code error;
-    fs::recursive_directory_iterator entry(
-        folder, fs::directory_options::skip_permission_denied, error);
-    for (const fs::recursive_directory_iterator end; !error && entry != end;
-         entry.increment(error)) {
-        std::error_code unreadable;
-        if (modTextCase::EndsWith(entry->path().native(), ".vbp") &&
-            entry->is_regular_file(unreadable)) {
-            names.push_back(modFiles::FromHostPath(entry->path(), codePage));
+/// False, with a sentence, for a path that would mean another one inside the program.
+bool NeedSpeakableName(FoundProjects& found, const fs::path& path) {
+    if (path.native().find('\\') == std::string::npos) {
+        return true;
+    }
+    found.Errors.push_back(
+        "'" + path.string() +
+        "' has a backslash in its path, which separates folders in project files, and cannot be "
+        "reviewed; rename it");
+    return false;
+}
+
+/// Searches a folder, with a sentence for each folder below it that cannot be read.
+class FolderSearch {
+public:
+    FolderSearch(FoundProjects& found, int codePage) : m_found(found), m_codePage(codePage) {}
+
+    /// The project files below the folder, in no order.
+    std::vector<std::string> ProjectsBelow(const fs::path& folder) {
+        m_left.push_back(folder);
+        while (!m_left.empty()) {
+            const fs::path next = std::move(m_left.back());
+            m_left.pop_back();
+            Read(next);
+        }
+        return std::move(m_projects);
+    }
+
+private:
+    void Read(const fs::path& folder) {
+        std::error_code error;
+        fs::directory_iterator entry(folder, error);
+        for (const fs::directory_iterator end; !error && entry != end; entry.increment(error)) {
+            std::error_code unreadable;
+            if (entry->symlink_status(unreadable).type() == fs::file_type::directory) {
+                m_left.push_back(entry->path());
+            } else if (
+                modTextCase::EndsWith(entry->path().native(), ".vbp") &&
+                entry->is_regular_file(unreadable)) {
+                Take(entry->path());
+            }
+        }
+        if (error) {
+            m_found.Errors.push_back(
+                "cannot read the folder '" + folder.string() + "': " + error.message());
         }
     }
-    if (error) {
-        found.Errors.push_back(
-            "cannot read the folder '" + folder.string() + "': " + error.message());
-    } else if (names.empty()) {
+
+    void Take(const fs::path& project) {
+        if (NeedSpeakableName(m_found, project)) {
+            m_projects.push_back(modFiles::FromHostPath(project, m_codePage));
+        }
+    }
+
+    FoundProjects& m_found;
+    int m_codePage;
+    std::vector<fs::path> m_left;
+    std::vector<std::string> m_projects;
+};
+
+void AddFolder(FoundProjects& found, const fs::path& folder, int codePage) {
+    const std::size_t errorsBefore = found.Errors.size();
+    std::vector<std::string> names = FolderSearch(found, codePage).ProjectsBelow(folder);
+    if (names.empty() && found.Errors.size() == errorsBefore) {
         found.Errors.push_back("there is no project file below '" + folder.string() + "'");
     }
     std::sort(names.begin(), names.end(), [](const std::string& left, const std::string& right) {
@@ -72,7 +119,12 @@ void AddPath(FoundProjects& found, const std::string& hostPath, int codePage) {
     const fs::file_status status = fs::status(path, error);
     if (!fs::exists(status)) {
         found.Errors.push_back("'" + hostPath + "' does not exist");
-    } else if (fs::is_directory(status)) {
+        return;
+    }
+    if (!NeedSpeakableName(found, path)) {
+        return;
+    }
+    if (fs::is_directory(status)) {
         AddFolder(found, path, codePage);
     } else if (modTextCase::EndsWith(path.native(), ".vbg")) {
         AddGroup(found, path, codePage);

@@ -112,11 +112,12 @@ private:
         const std::string& projectFile,
         const std::string& folder,
         const std::string& what) {
-        const std::string page = ModernReport::CreateFilename(projectFile, folder);
-        if (ModernReport::Save(results, {}, page)) {
-            m_pages.Add(page);
+        const OutputPlace page = ModernReport::PlaceFor(projectFile, folder);
+        std::string refusal;
+        if (ModernReport::Save(results, {}, page, &refusal)) {
+            m_pages.Add(page.Path());
         } else {
-            m_pages.AddFailed(page, what);
+            m_pages.AddFailed(page.Path(), what, refusal);
         }
     }
 
@@ -134,9 +135,9 @@ private:
         engine.SetEvents(&m_events);
         ProgressInfo progress;
         if (!engine.CreateReportsOfDatabase(results, order, progress)) {
-            m_pages.AddFailed(
-                modDorvikUtils::CreateReportFilename(projectFile, ReportKind::Project, folder),
-                what);
+            const std::string page =
+                modDorvikUtils::CreateReportFilename(projectFile, ReportKind::Project, folder);
+            m_pages.AddFailed(page, what, engine.RefusalOf(page));
         }
         m_pages.Add(engine.WrittenReports());
         m_pages.AddFailed(engine);

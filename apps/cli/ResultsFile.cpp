@@ -4,6 +4,7 @@
 #include "cli/Console.h"
 #include "foundation/LogFile.h"
 #include "foundation/Trap.h"
+#include "platform/OutputRefusal.h"
 #include "platform/ScopedInstall.h"
 #include "platform/modFiles.h"
 #include "results/ResultsDB.h"
@@ -38,6 +39,9 @@ std::string Quoted(const std::string& path) {
 }
 
 std::string WordsFor(const BasicError& failure, const std::string& hostPath) {
+    if (std::string refusal = OutputRefusal::SentenceIn(failure); !refusal.empty()) {
+        return refusal;
+    }
     switch (failure.Number()) {
         case databaseerror::kNotADatabase: return Quoted(hostPath) + " is no database, or damaged";
         case databaseerror::kUnknownName: return Quoted(hostPath) + " is no results database";

@@ -132,22 +132,23 @@ void ReviewReports::Finish(
         const VirtualProject& project = *projects.Item(index);
         std::unique_ptr<ResultsDB> results;
         if (WasReviewed(project, summary)) {
-            FinishProject(criteria, project);
+            FinishProject(criteria, engine, project);
         } else if (ReportsEngine::OpenResultsDatabase(project, criteria, results)) {
             m_older.push_back(project.Filename());
         }
     }
     if (criteria.WritesBatchReport()) {
-        FinishBatch(criteria.BatchFilename());
+        FinishBatch(engine, criteria.BatchFilename());
     }
     m_pages.AddFailed(engine);
 }
 
-void ReviewReports::FinishProject(const ReviewCriteria& criteria, const VirtualProject& project) {
+void ReviewReports::FinishProject(
+    const ReviewCriteria& criteria, const ReportsEngine& engine, const VirtualProject& project) {
     const std::string page =
         modDorvikUtils::CreateReportFilename(project.Filename(), ReportKind::Project, m_folder);
     if (!m_pages.Contains(page)) {
-        m_pages.AddFailed(page, ReportOf(project));
+        m_pages.AddFailed(page, ReportOf(project), engine.RefusalOf(page));
     }
     if (m_options.IsModern()) {
         WriteModern(criteria, project);
@@ -155,22 +156,23 @@ void ReviewReports::FinishProject(const ReviewCriteria& criteria, const VirtualP
 }
 
 void ReviewReports::WriteModern(const ReviewCriteria& criteria, const VirtualProject& project) {
-    const std::string page = ModernReport::CreateFilename(project.Filename(), m_folder);
+    const OutputPlace page = ModernReport::PlaceFor(project.Filename(), m_folder);
     std::unique_ptr<ResultsDB> results;
+    std::string refusal;
     if (ReportsEngine::OpenResultsDatabase(project, criteria, results) &&
-        ModernReport::Save(*results, {UnreadFiles(project)}, page)) {
-        m_pages.Add(page);
+        ModernReport::Save(*results, {UnreadFiles(project)}, page, &refusal)) {
+        m_pages.Add(page.Path());
     } else {
-        m_pages.AddFailed(page, ReportOf(project));
+        m_pages.AddFailed(page.Path(), ReportOf(project), refusal);
     }
 }
 
-void ReviewReports::FinishBatch(const std::string& batch) {
+void ReviewReports::FinishBatch(const ReportsEngine& engine, const std::string& batch) {
     const std::string page =
         modDorvikUtils::CreateReportFilename(batch, ReportKind::BatchSummary, m_folder);
     m_hasBatchPage = m_pages.Contains(page);
     if (!m_hasBatchPage) {
-        m_pages.AddFailed(page, "the report of the batch");
+        m_pages.AddFailed(page, "the report of the batch", engine.RefusalOf(page));
     }
 }
 

@@ -39,8 +39,9 @@ public:
     bool TellFailures() const;
 
 private:
-    void FinishProject(const ReviewCriteria& criteria, const VirtualProject& project);
-    void FinishBatch(const std::string& batch);
+    void FinishProject(
+        const ReviewCriteria& criteria, const ReportsEngine& engine, const VirtualProject& project);
+    void FinishBatch(const ReportsEngine& engine, const std::string& batch);
     void WriteModern(const ReviewCriteria& criteria, const VirtualProject& project);
 
     const ReportOptions& m_options;

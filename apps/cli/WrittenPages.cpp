@@ -36,18 +36,19 @@ bool WrittenPages::Contains(const std::string& page) const {
     return m_keys.contains(page);
 }
 
-void WrittenPages::AddFailed(const std::string& page, const std::string& what) {
-    const auto isPage = [&page](const auto& failed) {
-        return failed.first == page;
+void WrittenPages::AddFailed(
+    const std::string& page, const std::string& what, const std::string& reason) {
+    const auto isPage = [&page](const FailedPage& failed) {
+        return failed.Page == page;
     };
     if (std::none_of(m_failed.begin(), m_failed.end(), isPage)) {
-        m_failed.emplace_back(page, what);
+        m_failed.push_back({page, what, reason});
     }
 }
 
 void WrittenPages::AddFailed(const ReportsEngine& engine) {
     for (const std::string& page : engine.FailedReports()) {
-        AddFailed(page, "the page of a source file");
+        AddFailed(page, "the page of a source file", engine.RefusalOf(page));
     }
 }
 
@@ -84,10 +85,13 @@ void WrittenPages::TellReplaced() const {
 }
 
 void WrittenPages::TellFailed() const {
-    for (const auto& [page, what] : m_failed) {
+    for (const FailedPage& failed : m_failed) {
+        const std::string why =
+            failed.Reason.empty()
+                ? " (see the log '" + modConsole::ShownPath(modLog::Log().LogFilePath()) + "')"
+                : ": " + failed.Reason;
         modConsole::PrintError(
-            what + " was not written to '" + modConsole::ShownPath(page) + "' (see the log '" +
-            modConsole::ShownPath(modLog::Log().LogFilePath()) + "')");
+            failed.What + " was not written to '" + modConsole::ShownPath(failed.Page) + "'" + why);
     }
 }
 

@@ -2,7 +2,6 @@
 
 #include <set>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace dorvik {
@@ -15,9 +14,11 @@ public:
     void Add(const std::string& page);
     void Add(const std::vector<std::string>& pages);
     bool Contains(const std::string& page) const;
-    /// Notes a page that should have been written; `what` begins its sentence ("the report of 'X'"). Of
-    /// several notes of one page the first stands.
-    void AddFailed(const std::string& page, const std::string& what);
+    /// Notes a page that should have been written; `what` begins its sentence ("the report of 'X'"), and
+    /// `reason` ends it where there is one that helps more than the log. Of several notes of one page the
+    /// first stands.
+    void
+    AddFailed(const std::string& page, const std::string& what, const std::string& reason = {});
     /// The same for whatever else the engine could not write.
     void AddFailed(const ReportsEngine& engine);
     /// True unless a page was noted as failed.
@@ -33,10 +34,16 @@ public:
     void TellFailed() const;
 
 private:
+    struct FailedPage {
+        std::string Page;
+        std::string What;
+        std::string Reason;
+    };
+
     std::vector<std::string> m_pages;  // each once
     std::set<std::string> m_keys;      // the same, to be found
     std::set<std::string> m_replaced;  // those that were written more than once
-    std::vector<std::pair<std::string, std::string>> m_failed;  // page, what it is
+    std::vector<FailedPage> m_failed;
 };
 
 }  // namespace dorvik

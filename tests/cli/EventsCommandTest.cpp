@@ -201,6 +201,13 @@ TEST_F(EventsCommand, EventsLeaveNothingOnDisk) {
     EXPECT_FALSE(Exists("Warehouse/Dorvik"));
 }
 
+TEST_F(EventsCommand, AFailureOnTheWayWritesNoErrorLog) {
+    WriteLines("Twice.vbp", {"Name=\"Twice\"", "Title=\"a\"", "Title=\"b\""});
+    const std::vector<std::string> arguments{"events", "Twice.vbp"};
+    Run(arguments);
+    EXPECT_FALSE(std::filesystem::exists(Settings(arguments).StateFolder / "dorvik/Error.log"));
+}
+
 TEST_F(EventsCommand, AMissingSourceFileIsNamedAndTheStreamGoesOn) {
     WriteModuleProject("Half", "    x = 1");
     WriteLines(

@@ -392,6 +392,8 @@ TEST_F(ReviewCommand, CtrlCLeavesNoHalfWrittenResultsAndKeepsFinishedOnes) {
     run.Wait();
     EXPECT_EQ(run.ExitCode(), 130);
     EXPECT_FALSE(Exists("Dorvik/Second_DORVIK.mdb"));
+    EXPECT_FALSE(Exists("Dorvik/First_DORVIK.mdb-lock"));
+    EXPECT_FALSE(Exists("Dorvik/Second_DORVIK.mdb-lock"));
     EXPECT_EQ(Query("Dorvik/First_DORVIK.mdb", "SELECT Name FROM Projects"), "First");
     EXPECT_EQ(run.Error(), "dorvik: interrupted; the project at hand has no results\n");
     EXPECT_THAT(Bytes("Dorvik/Second_DORVIK.txt"), HasSubstr("Review aborted by user."));

@@ -63,8 +63,9 @@ protected:
     }
 
     std::string NotWritten(const std::string& page) const {
-        return "dorvik: the report of '" + Work("One.vbp").string() + "' was not written to '" +
-               Work("out/" + page).string() + "' (see the log '";
+        const std::string place = "'" + Work("out/" + page).string() + "'";
+        return "dorvik: the report of '" + Work("One.vbp").string() + "' was not written to " +
+               place + ": " + place + " is a folder where a file is needed";
     }
 
     std::string Wrote(const std::string& name) const {
@@ -261,11 +262,12 @@ TEST_F(ReviewReports, PagesOfFilesThatCannotBeWrittenAreToldByBothCommands) {
         EXPECT_EQ(result.ExitCode, 3) << result.Error;
         EXPECT_THAT(result.Errors(), SizeIs(2));
         for (const std::string page : {"modGlobals_modGlobals", "modPricing_modPricing"}) {
+            const std::string place = "'" + Work("out/" + page + "_Detail.html").string() + "'";
             EXPECT_THAT(
                 result.Error,
                 HasSubstr(
-                    "dorvik: the page of a source file was not written to '" +
-                    Work("out/" + page + "_Detail.html").string() + "' (see the log '"));
+                    "dorvik: the page of a source file was not written to " + place + ": " + place +
+                    " is a folder where a file is needed"));
         }
         ExpectClearSentences(result);
         EXPECT_THAT(result.Output, HasSubstr(Wrote("out/Billing_Dorvik.html")));
