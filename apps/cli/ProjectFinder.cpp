@@ -57,7 +57,7 @@ private:
         fs::directory_iterator entry(folder, error);
         for (const fs::directory_iterator end; !error && entry != end; entry.increment(error)) {
             std::error_code unreadable;
-            if (entry->symlink_status(unreadable).type() == fs::file_type::directory) {
+            if (!entry->is_symlink(unreadable) && entry->is_directory(unreadable)) {
                 m_left.push_back(entry->path());
             } else if (
                 modTextCase::EndsWith(entry->path().native(), ".vbp") &&

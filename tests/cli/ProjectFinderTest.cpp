@@ -16,6 +16,13 @@ using ::testing::Not;
 
 class ProjectFinder : public CommandLineFixture {
 protected:
+    /// A project of one module in a folder.
+    void WriteProject(const std::string& folder, const std::string& name) const {
+        WriteLines(
+            folder + "/" + name + ".vbp", {"Type=Exe", "Module=modA; modA.bas", "Name=\"A\""});
+        WriteLines(folder + "/modA.bas", {"Attribute VB_Name = \"modA\"", "Sub Work()", "End Sub"});
+    }
+
     /// Folders so deep in each other that the path of the last ones cannot be opened, by nobody.
     void MakeUnreadableFolders(const std::string& name) const {
         constexpr int kDepth = 20;
@@ -33,8 +40,8 @@ protected:
 };
 
 TEST_F(ProjectFinder, AFolderThatCannotBeReadIsNamedAndTheOthersAreSearched) {
-    WriteModuleProject("in/a/A", "    x = 1");
-    WriteModuleProject("in/b/B", "    x = 1");
+    WriteProject("in/a", "A");
+    WriteProject("in/b", "B");
     MakeUnreadableFolders("in/a");
     const ProgramResult result = Run({"review", "in"});
     EXPECT_EQ(result.ExitCode, 3) << result.Error;
@@ -56,7 +63,7 @@ TEST_F(ProjectFinder, NothingButAFolderThatCannotBeReadIsNothingDone) {
 }
 
 TEST_F(ProjectFinder, ALinkToAFolderIsNotFollowed) {
-    WriteModuleProject("in/A", "    x = 1");
+    WriteProject("in", "A");
     std::filesystem::create_directory_symlink("..", Work("in/up"));
     EXPECT_EQ(Run({"review", "in"}).ExitCode, 0);
 }
