@@ -23,16 +23,24 @@ void AddProject(FoundProjects& found, const std::string& filename) {
     }
 }
 
+/// A backslash in a name, and not as a byte of another character, would divide it inside the program.
+bool HasBackslash(const fs::path& path, int codePage) {
+    return std::any_of(path.begin(), path.end(), [codePage](const fs::path& part) {
+        return part != part.root_path() &&
+               modFiles::FromHostPath(part, codePage).find('\\') != std::string::npos;
+    });
+}
+
 /// False, with a sentence, for a path that would mean another one inside the program.
-bool NeedSpeakableName(FoundProjects& found, const fs::path& path) {
-    if (path.native().find('\\') == std::string::npos) {
-        return true;
+bool NeedPlainPath(FoundProjects& found, const fs::path& path, int codePage) {
+    const bool isPlain = !HasBackslash(path, codePage);
+    if (!isPlain) {
+        found.Errors.push_back(
+            "'" + path.string() +
+            "' has a backslash in its path, which separates folders in project files, and cannot "
+            "be reviewed; rename it");
     }
-    found.Errors.push_back(
-        "'" + path.string() +
-        "' has a backslash in its path, which separates folders in project files, and cannot be "
-        "reviewed; rename it");
-    return false;
+    return isPlain;
 }
 
 /// Searches a folder, with a sentence for each folder below it that cannot be read.
@@ -72,7 +80,7 @@ private:
     }
 
     void Take(const fs::path& project) {
-        if (NeedSpeakableName(m_found, project)) {
+        if (NeedPlainPath(m_found, project, m_codePage)) {
             m_projects.push_back(modFiles::FromHostPath(project, m_codePage));
         }
     }
@@ -121,7 +129,7 @@ void AddPath(FoundProjects& found, const std::string& hostPath, int codePage) {
         found.Errors.push_back("'" + hostPath + "' does not exist");
         return;
     }
-    if (!NeedSpeakableName(found, path)) {
+    if (!NeedPlainPath(found, path, codePage)) {
         return;
     }
     if (fs::is_directory(status)) {

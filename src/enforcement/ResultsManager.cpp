@@ -95,7 +95,7 @@ bool ResultsManager::BeginReview(
         m_resultsDB = std::make_unique<dorvik::ResultsDB>();
         m_reservation.reset();
         if (target.empty()) {
-            return;
+            RaiseRuntimeError(runtimeerror::kPathNotFound, std::string(projectFile));
         }
         const std::string log = modDorvikUtils::CreateProjectLogFilename(projectFile, folder);
         ReservePlace(modDorvikUtils::ResultsPlace(projectFile, folder), log);

@@ -62,6 +62,12 @@ TEST_F(ProjectFinder, NothingButAFolderThatCannotBeReadIsNothingDone) {
     EXPECT_THAT(result.Error, Not(HasSubstr("there is no project file"))) << "nobody knows";
 }
 
+TEST_F(ProjectFinder, AByteOfAnotherCharacterIsNoBackslash) {
+    WriteProject("in/\x95\x5C", "A");  // one character of code page 932
+    const ProgramResult result = Run({"review", "in", "--code-page", "932"});
+    EXPECT_EQ(result.ExitCode, 0) << result.Error;
+}
+
 TEST_F(ProjectFinder, ALinkToAFolderIsNotFollowed) {
     WriteProject("in", "A");
     std::filesystem::create_directory_symlink("..", Work("in/up"));
