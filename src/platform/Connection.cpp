@@ -8,7 +8,6 @@
 #include <sqlite3.h>
 
 #include <algorithm>
-#include <cctype>
 #include <utility>
 
 namespace dorvik {
@@ -18,29 +17,12 @@ namespace {
 /// Texts of a rulebase's or a user's making are few; this only keeps a long-lived reader from growing.
 constexpr std::size_t kMaxCached = 400;
 
-constexpr int kBusyMilliseconds = 1000;
-
 /// The log is folded into the file whenever it has grown by so many pages.
 constexpr int kFoldPages = 4000;
 
 int NoteLogPages(void* logPages, sqlite3*, const char*, int pages) {
     *static_cast<int*>(logPages) = pages;
     return SQLITE_OK;
-}
-
-/// The engine's address of a file that it is to take for one that never changes.
-std::string UntouchedAddress(const std::filesystem::path& file) {
-    constexpr std::string_view kHex = "0123456789ABCDEF";
-    std::string address = "file:";
-    for (const char character : std::filesystem::absolute(file).string()) {
-        const auto byte = static_cast<unsigned char>(character);
-        if (std::isalnum(byte) != 0 || character == '/') {
-            address += character;
-        } else {
-            address.append({'%', kHex[byte >> 4U], kHex[byte & 0xFU]});
-        }
-    }
-    return address + "?immutable=1";
 }
 
 }  // namespace
@@ -71,27 +53,19 @@ void StatementLease::GiveBack() {
     m_connection.reset();
 }
 
-Connection::Connection(const std::filesystem::path& file, ConnectionMode mode) : m_mode(mode) {
-    const bool untouched = mode == ConnectionMode::Untouched;
-    const int code =
-        untouched
-            ? sqlite3_open_v2(
-                  UntouchedAddress(file).c_str(),
-                  &m_engine,
-                  SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX,
-                  nullptr)
-            : sqlite3_open_v2(
-                  file.c_str(), &m_engine, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+Connection::Connection(const std::filesystem::path& file) {
+    std::error_code ignored;
+    m_hadLog = std::filesystem::exists(file.string() + "-wal", ignored);
+    const int code = sqlite3_open_v2(
+        file.c_str(), &m_engine, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     try {
         if (code != SQLITE_OK) {
             RaiseStoreError(m_engine, code, file.string());
         }
-        if (!untouched) {
-            m_mark = FileInUseMark::Set(file);
-        }
+        m_mark = FileInUseMark::Set(file);
         Configure();
     } catch (...) {  // a constructor that fails has no destructor: the engine must not leak
-        sqlite3_close(m_engine);
+        CloseEngineUntouched();
         throw;
     }
 }
@@ -101,7 +75,7 @@ Connection::~Connection() {
 }
 
 void Connection::Configure() {
-    sqlite3_busy_timeout(m_engine, kBusyMilliseconds);
+    SetPatience(Database::kPatience);
     // Without this a misspelt column in double quotes would count as a text.
     sqlite3_db_config(m_engine, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     modJetFunctions::Register(m_engine);
@@ -116,21 +90,43 @@ void Connection::NeedOpen() const {
     }
 }
 
+void Connection::SetPatience(std::chrono::milliseconds patience) {
+    sqlite3_busy_timeout(m_engine, static_cast<int>(patience.count()));
+}
+
 void Connection::Close() {
     if (!IsOpen()) {
         return;
     }
+    DropStatements();
+    // A file that a killed process left with its log is put together here too. It stays as it is where
+    // that is not possible now: on a read-only disk, or with another reader, who will do it.
+    sqlite3_exec(m_engine, "PRAGMA journal_mode = DELETE", nullptr, nullptr, nullptr);
+    sqlite3_close_v2(std::exchange(m_engine, nullptr));
+    m_mark.reset();  // after the engine: see FileInUseMark
+}
+
+void Connection::CloseUntouched() {
+    if (!IsOpen()) {
+        return;
+    }
+    DropStatements();
+    CloseEngineUntouched();
+    m_mark.reset();
+}
+
+/// A log that was there stays. An empty one, which reading alone made, goes again without a change of the file.
+void Connection::CloseEngineUntouched() {
+    sqlite3_db_config(m_engine, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, m_hadLog ? 1 : 0, nullptr);
+    sqlite3_close_v2(std::exchange(m_engine, nullptr));
+}
+
+void Connection::DropStatements() {
     m_snapshot.reset();
     m_isHolding = false;
     m_statements.clear();
     m_texts.clear();
-    // A file that a killed process left with its log is put together here too. It stays as it is where
-    // that is not possible now: on a read-only disk, or with another reader, who will do it.
-    if (m_mode == ConnectionMode::ReadWrite) {
-        sqlite3_exec(m_engine, "PRAGMA journal_mode = DELETE", nullptr, nullptr, nullptr);
-    }
-    sqlite3_close_v2(std::exchange(m_engine, nullptr));
-    m_mark.reset();  // after the engine: see FileInUseMark
+    m_parameterTexts.clear();
 }
 
 void Connection::RunUnprepared(const char* sql) {
@@ -140,8 +136,27 @@ void Connection::RunUnprepared(const char* sql) {
     }
 }
 
+BoundText Connection::Understand(std::string_view sql, SqlValues values) {
+    if (!values.empty()) {
+        const auto known = m_parameterTexts.find(sql);
+        if (known != m_parameterTexts.end() && known->second.Parameters == values.size()) {
+            return {known->second.Text, std::move(values)};
+        }
+    }
+    JetTokens tokens = modJetSql::Tokenise(sql, std::move(values));
+    auto text = UnderstandShape(tokens, sql);
+    if (tokens.HasOnlyParameters && !tokens.Literals.empty()) {
+        if (m_parameterTexts.size() >= kMaxCached) {
+            m_parameterTexts.clear();
+        }
+        m_parameterTexts.insert_or_assign(
+            std::string(sql), ParameterText{text, tokens.Literals.size()});
+    }
+    return {std::move(text), std::move(tokens.Literals)};
+}
+
 std::shared_ptr<const UnderstoodText>
-Connection::Understand(const JetTokens& tokens, std::string_view text) {
+Connection::UnderstandShape(const JetTokens& tokens, std::string_view text) {
     if (const auto known = m_texts.find(tokens.Shape); known != m_texts.end()) {
         return known->second;
     }

@@ -4,7 +4,9 @@
 #include "platform/JetSql.h"
 #include "platform/PreparedStatement.h"
 
+#include <chrono>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -30,6 +32,12 @@ struct TableInfo {
 struct UnderstoodText {
     JetTranslation Translation;
     TableInfo* Table = nullptr;
+};
+
+/// An SQL text that is understood, with the values for its places.
+struct BoundText {
+    std::shared_ptr<const UnderstoodText> Text;
+    SqlValues Literals;
 };
 
 /// A prepared statement and whether somebody is using it.
@@ -59,18 +67,11 @@ private:
     StatementSlot* m_slot = nullptr;
 };
 
-/// What a connection may do with its file.
-enum class ConnectionMode : int {
-    ReadWrite,
-    Untouched,  // reads the file as if nobody ever wrote to it: no lock, no companion, no change
-};
-
 /// One open database file with its prepared statements. `Database` and its recordsets share it; closing
 /// takes all statements away at once.
 class Connection : public std::enable_shared_from_this<Connection> {
 public:
-    explicit Connection(
-        const std::filesystem::path& file, ConnectionMode mode = ConnectionMode::ReadWrite);
+    explicit Connection(const std::filesystem::path& file);
     ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
@@ -81,11 +82,13 @@ public:
     void NeedOpen() const;
     /// Folds the log into the file, so that it stands alone again.
     void Close();
+    /// Leaves the file and its log as they were found.
+    void CloseUntouched();
+    void SetPatience(std::chrono::milliseconds patience);
 
-    /// Both caches are keyed by what stays the same: the shape of a text, and the text in the engine's
-    /// spelling, which has no literals.
-    std::shared_ptr<const UnderstoodText>
-    Understand(const JetTokens& tokens, std::string_view text);
+    /// The caches are keyed by what stays the same: a text whose values are all parameters by itself, any
+    /// other by its shape, and a statement by the text in the engine's spelling, which has no literals.
+    BoundText Understand(std::string_view sql, SqlValues values = {});
     StatementLease Lease(const std::string& sql);
 
     /// To be called before rows are read, so that they are those of this moment.
@@ -96,7 +99,24 @@ public:
     std::int64_t LastInsertedKey() const;
 
 private:
+    /// What was understood of a text, by the number of its parameters where those are all its values.
+    struct ParameterText {
+        std::shared_ptr<const UnderstoodText> Text;
+        std::size_t Parameters;
+    };
+    /// Lets a text be looked up without a copy.
+    struct TextHash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view text) const {
+            return std::hash<std::string_view>()(text);
+        }
+    };
+
+    std::shared_ptr<const UnderstoodText>
+    UnderstandShape(const JetTokens& tokens, std::string_view text);
     void Configure();
+    void DropStatements();
+    void CloseEngineUntouched();
     void TurnLoggingOn();
     void HoldSnapshot();
     void ReleaseSnapshot();
@@ -105,7 +125,7 @@ private:
     void RunUnprepared(const char* sql);
 
     sqlite3* m_engine = nullptr;
-    ConnectionMode m_mode;
+    bool m_hadLog = false;  // beside the file, when it was opened
     std::shared_ptr<FileInUseMark> m_mark;
     bool m_isLogging = false;
     // A write that follows another one at once finds the state of the file still held by this query and so
@@ -116,6 +136,7 @@ private:
     int m_logPages = 0;  // in the write-ahead log, after the last write
     int m_foldAtPages = 0;
     std::unordered_map<std::string, std::shared_ptr<const UnderstoodText>> m_texts;
+    std::unordered_map<std::string, ParameterText, TextHash, std::equal_to<>> m_parameterTexts;
     std::unordered_map<std::string, std::vector<std::unique_ptr<StatementSlot>>> m_statements;
     std::unordered_map<std::string, std::unique_ptr<TableInfo>> m_tables;  // by lower-case name
 };

@@ -81,14 +81,6 @@ Database::~Database() {
 }
 
 void Database::Open(std::string_view path) {
-    OpenAs(path, ConnectionMode::ReadWrite);
-}
-
-void Database::OpenUntouched(std::string_view path) {
-    OpenAs(path, ConnectionMode::Untouched);
-}
-
-void Database::OpenAs(std::string_view path, ConnectionMode mode) {
     Close();
     if (!modFiles::FileExists(path)) {
         throw BasicError(
@@ -96,7 +88,8 @@ void Database::OpenAs(std::string_view path, ConnectionMode mode) {
     }
     const fs::path file = modFiles::HostPath(path);
     NeedPlainCompanions(file);
-    m_connection = std::make_shared<Connection>(file, mode);
+    m_connection = std::make_shared<Connection>(file);
+    SetPatience(kPatience);
 }
 
 bool Database::IsOpen() const {
@@ -110,6 +103,17 @@ void Database::Close() {
     }
 }
 
+void Database::CloseUntouched() {
+    if (m_connection != nullptr) {
+        m_connection->CloseUntouched();
+        m_connection.reset();
+    }
+}
+
+void Database::SetPatience(std::chrono::milliseconds patience) {
+    Store().SetPatience(patience);
+}
+
 Connection& Database::Store() const {
     if (m_connection == nullptr) {
         throw BasicError(databaseerror::kObjectInvalid, "Object invalid or no longer set.");
@@ -117,32 +121,30 @@ Connection& Database::Store() const {
     return *m_connection;
 }
 
-Recordset Database::OpenRecordset(std::string_view sql, RecordsetType type) {
-    auto tokens = modJetSql::Tokenise(sql);
-    auto text = Store().Understand(tokens, sql);
+Recordset Database::OpenRecordset(std::string_view sql, RecordsetType type, SqlValues values) {
+    auto [text, literals] = Store().Understand(sql, std::move(values));
     if (!text->Translation.IsQuery) {
         throw BasicError(databaseerror::kSyntax, "SQL text returns no rows: " + std::string(sql));
     }
     if (type == RecordsetType::Snapshot) {
         return Recordset(std::make_unique<SnapshotState>(
-            m_connection, text->Translation.Sql, std::move(tokens.Literals)));
+            m_connection, text->Translation.Sql, std::move(literals)));
     }
     if (text->Table == nullptr) {
         throw BasicError(
             databaseerror::kReadOnly, "Rows of this query cannot be updated: " + std::string(sql));
     }
     return Recordset(
-        std::make_unique<DynasetState>(m_connection, std::move(text), std::move(tokens.Literals)));
+        std::make_unique<DynasetState>(m_connection, std::move(text), std::move(literals)));
 }
 
-void Database::Execute(std::string_view sql) {
-    const auto tokens = modJetSql::Tokenise(sql);
-    const auto text = Store().Understand(tokens, sql);
+void Database::Execute(std::string_view sql, SqlValues values) {
+    const auto [text, literals] = Store().Understand(sql, std::move(values));
     if (text->Translation.IsQuery) {
         throw BasicError(databaseerror::kSyntax, "SQL text changes nothing: " + std::string(sql));
     }
     const auto statement = Store().Lease(text->Translation.Sql);
-    statement->BindAll(tokens.Literals);
+    statement->BindAll(literals);
     Store().Write(*statement);
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "platform/JetSql.h"
 #include "platform/Recordset.h"
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -10,7 +12,6 @@
 
 namespace dorvik {
 
-enum class ConnectionMode : int;
 class FileInUseMark;
 
 /// Numbers of the failures of a store.
@@ -31,7 +32,11 @@ inline constexpr std::int32_t kStoreFailed =
 }  // namespace databaseerror
 
 /// One database file, open for reading and writing. SQL texts are in the Jet spelling (`modJetSql`).
-/// Each shape of text (texts alike but for literals and blanks) is understood and prepared once.
+/// Each shape of text (texts alike but for literals and blanks) is understood and prepared once; a text
+/// whose values are all parameters is not even looked at again.
+///
+/// Locks. Reading and writing wait while another process keeps them out, as long as `SetPatience` says. A
+/// reader is kept out for moments only: when the first row is written, and when the file is closed.
 ///
 /// Durability. Every `Execute` and `Update` is a transaction of its own. A process that ends in any way
 /// leaves a file that opens with every row written before. After a crash of the whole machine the file
@@ -50,16 +55,21 @@ public:
     /// `kNotADatabase`, `runtimeerror::kPermissionDenied` (70) where the system refuses the file, or an
     /// `OutputRefusal` where a companion is something that the engine would wait for.
     void Open(std::string_view path);
-    /// Opens an existing file only to look what it is: whatever database it turns out to be, neither it
-    /// nor its folder is changed, and nobody is kept out. Rows that are still in a log beside the file are
-    /// not seen. Raises as `Open`.
-    void OpenUntouched(std::string_view path);
     bool IsOpen() const;
+    /// Makes the file one file again, also one that a killed process left with its log.
     void Close();
+    /// The same, but leaves the file and the log beside it as they were found. For a database that turns out
+    /// not to be one of ours.
+    void CloseUntouched();
 
-    Recordset OpenRecordset(std::string_view sql, RecordsetType type = RecordsetType::Dynaset);
+    /// How long reading and writing wait for a lock of another process. For the open database.
+    void SetPatience(std::chrono::milliseconds patience);
+    static constexpr std::chrono::seconds kPatience{30};  // at first
+
+    Recordset OpenRecordset(
+        std::string_view sql, RecordsetType type = RecordsetType::Dynaset, SqlValues values = {});
     /// Runs an UPDATE.
-    void Execute(std::string_view sql);
+    void Execute(std::string_view sql, SqlValues values = {});
 
     /// Adds an index where there is none of that name. It changes how fast rows are found and nothing else.
     void EnsureIndex(
@@ -83,7 +93,6 @@ public:
     static std::shared_ptr<FileInUseMark> Reserve(std::string_view path, std::string_view holder);
 
 private:
-    void OpenAs(std::string_view path, ConnectionMode mode);
     Connection& Store() const;
 
     std::shared_ptr<Connection> m_connection;

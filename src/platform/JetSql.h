@@ -11,6 +11,10 @@ namespace dorvik {
 /// A literal of an SQL text: a whole number, a fraction or a text.
 using SqlLiteral = std::variant<std::int64_t, double, std::string>;
 
+/// The values for the parameters of an SQL text, each a "?" in it, in their order. Whatever a value holds, it
+/// is never read as a part of the text.
+using SqlValues = std::vector<SqlLiteral>;
+
 /// One token of an SQL text in the Jet spelling.
 struct JetToken {
     enum class Kind : int { Word, BracketedName, Number, Text, Symbol, End };
@@ -24,8 +28,9 @@ struct JetToken {
 /// An SQL text cut into tokens. The views point into the text that was cut.
 struct JetTokens {
     std::vector<JetToken> Tokens;      // the last one is of kind End
-    std::vector<SqlLiteral> Literals;  // in their order of appearance
-    std::string Shape;                 // equal for texts that differ only in literals and blanks
+    SqlValues Literals;              // with the values of parameters, in their order of appearance
+    std::string Shape;               // equal for texts that differ only in literals and blanks
+    bool HasOnlyParameters = false;  // no literal stands in the text itself
 };
 
 /// What the store is asked to do, in the spelling of SQLite, with "?" for each literal in order.
@@ -44,7 +49,8 @@ struct JetTranslation {
 /// text, so nothing inside a literal or a bracketed name is ever touched.
 ///
 /// Understood are SELECT (DISTINCT, joins in brackets, sub-queries in FROM, WHERE, GROUP BY, ORDER BY,
-/// UNION) and UPDATE, with names in square brackets, texts in either kind of quote, `&` for joining
+/// UNION) and UPDATE, with names in square brackets, texts in either kind of quote, "?" for a value that is
+/// handed over beside the text, `&` for joining
 /// texts (nothing counts as an empty text) and True and False as -1 and 0. A comparison used as a value
 /// is -1 or 0 too. Everything else raises a `databaseerror::kSyntax` that quotes the place.
 namespace modJetSql {
@@ -52,8 +58,9 @@ namespace modJetSql {
 /// Raises `databaseerror::kSyntax` with the part of the text that begins at `position`.
 [[noreturn]] void RaiseNotUnderstood(std::string_view text, std::size_t position);
 
-/// Raises `databaseerror::kSyntax` for a quote or bracket without its partner.
-JetTokens Tokenise(std::string_view text);
+/// Raises `databaseerror::kSyntax` for a quote or bracket without its partner, and where there are not as
+/// many values as parameters.
+JetTokens Tokenise(std::string_view text, SqlValues values = {});
 /// `text` is the text that the tokens were cut from; errors quote it.
 JetTranslation Translate(const JetTokens& tokens, std::string_view text);
 

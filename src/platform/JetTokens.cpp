@@ -25,7 +25,7 @@ bool BeginsWord(char c) {
 /// Cuts one text. Lives for one call of `Tokenise`.
 class Cutter {
 public:
-    explicit Cutter(std::string_view text) : m_text(text) {
+    Cutter(std::string_view text, SqlValues values) : m_text(text), m_values(std::move(values)) {
         constexpr std::size_t kUsualToken = 5;  // characters, with the space behind it
         m_result.Shape.reserve(text.size() + text.size() / kUsualToken);
         m_result.Tokens.reserve(text.size() / kUsualToken + 2);
@@ -38,6 +38,10 @@ public:
             }
             m_token = {JetToken::Kind::End, {}, m_position, 0};
             if (m_position == m_text.size()) {
+                if (m_nextValue != m_values.size()) {
+                    RaiseParameterCount();
+                }
+                m_result.HasOnlyParameters = m_result.Literals.size() == m_values.size();
                 m_result.Tokens.push_back(m_token);
                 return std::move(m_result);
             }
@@ -56,6 +60,8 @@ private:
             CutText(first);
         } else if (first == '[') {
             CutBracketedName();
+        } else if (first == '?') {
+            CutParameter();
         } else {
             CutSymbol();
         }
@@ -132,6 +138,26 @@ private:
         m_token.Spelling = m_token.Spelling.substr(1, m_token.Spelling.size() - 2);
     }
 
+    void CutParameter() {
+        if (m_nextValue == m_values.size()) {
+            RaiseParameterCount();
+        }
+        SqlLiteral& value = m_values[m_nextValue++];
+        const bool isText = std::holds_alternative<std::string>(value);
+        FinishWithLiteral(
+            isText ? JetToken::Kind::Text : JetToken::Kind::Number,
+            m_position + 1,
+            std::move(value));
+    }
+
+    [[noreturn]] void RaiseParameterCount() const {
+        throw BasicError(
+            databaseerror::kSyntax,
+            std::to_string(m_values.size()) +
+                " values are not as many as the parameters of the SQL text: " +
+                std::string(m_text));
+    }
+
     void CutSymbol() {
         const auto pair = m_text.substr(m_position, 2);
         const bool isPair = pair == "<>" || pair == "<=" || pair == ">=";
@@ -139,6 +165,8 @@ private:
     }
 
     std::string_view m_text;
+    SqlValues m_values;
+    std::size_t m_nextValue = 0;
     std::size_t m_position = 0;
     JetToken m_token;
     JetTokens m_result;
@@ -161,8 +189,8 @@ void RaiseNotUnderstood(std::string_view text, std::size_t position) {
     throw BasicError(databaseerror::kSyntax, description);
 }
 
-JetTokens Tokenise(std::string_view text) {
-    return Cutter(text).Cut();
+JetTokens Tokenise(std::string_view text, SqlValues values) {
+    return Cutter(text, std::move(values)).Cut();
 }
 
 }  // namespace dorvik::modJetSql

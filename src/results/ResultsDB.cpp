@@ -84,16 +84,20 @@ void ResultsDB::StoreSortFields() {
 }
 
 bool ResultsDB::OpenDatabase(const std::string& filename) {
-    bool isRightVersion = false;
+    m_failures = {};
+    m_foundVersion.reset();
     Trap({kModule, "OpenDatabase"}, [&] {
         m_database.Open(filename);
         m_databaseOpen = true;
         if (auto rows = GetReadOnlyRecordset("SELECT Version FROM SystemInfo");
             rows && !rows->EOF_()) {
-            isRightVersion = modTextCase::Equal(rows->Value("Version").AsText(), kSchemaVersion);
+            m_foundVersion = rows->Value("Version").AsText();
         }
     });
+    const bool isRightVersion =
+        m_foundVersion && modTextCase::Equal(*m_foundVersion, kSchemaVersion);
     if (!isRightVersion) {
+        m_database.CloseUntouched();
         CloseDatabase();
     }
     return isRightVersion;
@@ -104,20 +108,59 @@ void ResultsDB::CloseDatabase() {
     m_databaseOpen = false;
 }
 
-std::optional<Recordset> ResultsDB::GetEditableRecordset(std::string_view sql) {
+std::optional<Recordset> ResultsDB::GetEditableRecordset(std::string_view sql, SqlValues values) {
     std::optional<Recordset> rows;
     Trap({kModule, "GetEditableRecordset"}, [&] {
-        rows = m_database.OpenRecordset(sql, RecordsetType::Dynaset);
+        RefuseKnownFault(values);
+        rows = m_database.OpenRecordset(sql, RecordsetType::Dynaset, std::move(values));
     });
     return rows;
 }
 
-std::optional<Recordset> ResultsDB::GetReadOnlyRecordset(std::string_view sql) {
+std::optional<Recordset> ResultsDB::GetReadOnlyRecordset(std::string_view sql, SqlValues values) {
     std::optional<Recordset> rows;
     Trap({kModule, "GetReadOnlyRecordset"}, [&] {
-        rows = m_database.OpenRecordset(sql, RecordsetType::Snapshot);
+        RefuseKnownFault(values);
+        rows = m_database.OpenRecordset(sql, RecordsetType::Snapshot, std::move(values));
     });
     return rows;
+}
+
+void ResultsDB::Execute(std::string_view sql, SqlValues values) {
+    RefuseKnownFault(values);
+    m_database.Execute(sql, std::move(values));
+}
+
+/// Values used to stand in the texts as they are, where a quote in one broke the statement.
+void ResultsDB::RefuseKnownFault(const SqlValues& values) {
+    if (!m_keepsKnownFaults) {
+        return;
+    }
+    for (const SqlLiteral& value : values) {
+        const auto* const text = std::get_if<std::string>(&value);
+        if (text != nullptr && text->find('\'') != std::string::npos) {
+            m_isKnownFault = true;
+            throw BasicError(databaseerror::kSyntax, "A value has a quote in it: " + *text);
+        }
+    }
+}
+
+void ResultsDB::CountFailure() {
+    if (m_openTraps > 0) {
+        return;
+    }
+    m_failures.AddCount();
+    m_failures.NoteReason(databaseerror::kStoreFailed);  // unless one was told
+    m_knownFaults += std::exchange(m_isKnownFault, false) ? 1 : 0;
+    if (m_databaseOpen && m_failures.FirstNumber() == databaseerror::kLocked) {
+        // There is no verdict any more; let not every other row wait as long for the same lock.
+        SetPatience(std::chrono::milliseconds(0));
+    }
+}
+
+void ResultsDB::NoteLoss(std::string_view reason) {
+    m_failures.NoteReason(reason);
+    m_failures.AddCount();
 }
 
 /// Goes on with the rows, or fails in the calling operation's name too.
@@ -135,6 +178,8 @@ bool ResultsDB::StartReview(
     bool started = false;
     Trap({kModule, "StartReview"}, [&] {
         m_filename = filename;
+        m_keepsKnownFaults = criteria.KeepsKnownFaults();
+        m_knownFaults = 0;
         if (!OpenDatabase(filename)) {
             return;
         }
@@ -197,6 +242,10 @@ void ResultsDB::WriteSeverityList(const Rulebase& rulebase, const ReviewCriteria
 }
 
 void ResultsDB::EndReview(std::int32_t ruleExecutions) {
+    // Rows that known faults cost were asked for.
+    if (m_failures.Count() > m_knownFaults) {
+        return;
+    }
     Trap({kModule, "EndReview"}, [&] {
         auto rows = NeedRows(GetEditableRecordset(
             "SELECT RuleExecutions, [End] FROM Review WHERE ReviewID = " +
@@ -209,23 +258,27 @@ void ResultsDB::EndReview(std::int32_t ruleExecutions) {
         rows.SetValue("End", modDateText::DatabaseStamp(modHost::Now()));
         rows.SetValue("RuleExecutions", ruleExecutions);
         rows.Update();
-        rows.Close();
-        AddIndexes();
     });
+    if (m_failures.Count() == m_knownFaults) {
+        AddIndexes();
+    }
 }
 
 /// Made at the end in one go they cost little, while kept up to date they would slow every row down. The
 /// first one holds all that a filtered count needs, and keeps the violations of an item in their order of
 /// raising.
 void ResultsDB::AddIndexes() {
-    m_database.EnsureIndex(
-        "ViolationsByItem",
-        "Violations",
-        {"ItemID", "ItemType", "ViolationID", "CategoryID", "Severity", "RuleType", "Impact"});
-    m_database.EnsureIndex("ViolationsByCategory", "Violations", {"CategoryID", "Severity"});
-    m_database.EnsureIndex("ViolationStatsByItem", "ViolationStats", {"ItemID", "ItemType"});
-    m_database.EnsureIndex("LineCountStatsByItem", "LineCountStats", {"ItemID", "ItemType"});
-    m_database.AnalyseIndexes();
+    // Without them nothing is lost but time.
+    dorvik::Trap({kModule, "AddIndexes"}, [&] {
+        m_database.EnsureIndex(
+            "ViolationsByItem",
+            "Violations",
+            {"ItemID", "ItemType", "ViolationID", "CategoryID", "Severity", "RuleType", "Impact"});
+        m_database.EnsureIndex("ViolationsByCategory", "Violations", {"CategoryID", "Severity"});
+        m_database.EnsureIndex("ViolationStatsByItem", "ViolationStats", {"ItemID", "ItemType"});
+        m_database.EnsureIndex("LineCountStatsByItem", "LineCountStats", {"ItemID", "ItemType"});
+        m_database.AnalyseIndexes();
+    });
 }
 
 void ResultsDB::AbortReview() {

@@ -2,10 +2,12 @@
 
 #include "base/Variant.h"
 #include "foundation/ObjectKeyedArrayList.h"
+#include "foundation/Trap.h"
 #include "platform/Database.h"
 #include "results/CategoryStatistics.h"
 #include "results/Finding.h"
 #include "results/ReviewData.h"
+#include "results/StoreFailures.h"
 #include "results/StoredReviewCriteria.h"
 #include "results/ToleranceFailure.h"
 #include "results/Violation.h"
@@ -16,11 +18,13 @@
 #include "source/SourceLineStatistics.h"
 #include "source/ViolationStatistics.h"
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace dorvik {
@@ -39,7 +43,8 @@ class VirtualObject;
 /// Item types: 1 project, 2 source file or project file, 3 procedure, layout or declarations section.
 ///
 /// A failure of any operation is logged under the module "C_ResultsDB" and costs only that row or answer:
-/// the operation returns what it held, which is an empty list, zeros or false at first.
+/// the operation returns what it held, which is an empty list, zeros or false at first. `Failures` tells
+/// whoever needs to know, for no verdict may be given of a review that lost anything.
 class ResultsDB {
 public:
     /// Module of the log lines.
@@ -78,15 +83,26 @@ public:
     void LogVirtualObjectProperties(const VirtualObject& object);
     void LogVirtualObjectViolationStats(const VirtualObject& object);
     void LogVirtualObjectLineStats(const VirtualObject& object);
-    /// Stamps the end of the review. The database stays open.
+    /// Stamps the end of the review, unless anything of it was lost: to every reader a review without an
+    /// end is incomplete. The database stays open.
     void EndReview(std::int32_t ruleExecutions);
+    /// Something of the review is lost that never came as far as this, such as a measure that could not be
+    /// taken. `reason` reads behind "because".
+    void NoteLoss(std::string_view reason);
     /// Closes and deletes the database.
     void AbortReview();
 
     // ---- the review ----
 
-    /// Opens a finished database for reading; false where it has no review or another version.
+    /// Opens a database for reading; false where it has no review or another version. One that is not ours,
+    /// or of another version, is left as it was found.
     bool OpenReview(const std::string& filename);
+    /// The version that the database last opened has of itself; nothing where it does not tell.
+    const std::optional<std::string>& FoundVersion() const { return m_foundVersion; }
+    /// What went wrong since the review was started or opened.
+    const StoreFailures& Failures() const { return m_failures; }
+    /// How long an operation waits for a lock of another program. REQUIRES: ReviewOpen().
+    void SetPatience(std::chrono::milliseconds patience) { m_database.SetPatience(patience); }
     /// Also empties `FilterString`.
     void CloseReview();
     bool ReviewOpen() const { return m_reviewOpen; }
@@ -210,9 +226,28 @@ private:
 
     bool OpenDatabase(const std::string& filename);
     void CloseDatabase();
-    std::optional<Recordset> GetEditableRecordset(std::string_view sql);
-    std::optional<Recordset> GetReadOnlyRecordset(std::string_view sql);
+    std::optional<Recordset> GetEditableRecordset(std::string_view sql, SqlValues values = {});
+    std::optional<Recordset> GetReadOnlyRecordset(std::string_view sql, SqlValues values = {});
     static Recordset NeedRows(std::optional<Recordset> rows);
+    void Execute(std::string_view sql, SqlValues values);
+    void RefuseKnownFault(const SqlValues& values);
+
+    /// `dorvik::Trap`, which notes the failure as well. An operation that calls others counts as one.
+    template <typename Body>
+    bool Trap(const Place& place, Body&& body) {
+        ++m_openTraps;
+        const bool isDone =
+            dorvik::Trap(place, std::forward<Body>(body), [this](const BasicError& failure) {
+                m_failures.NoteReason(failure.Number());
+                return false;
+            });
+        --m_openTraps;
+        if (!isDone) {
+            CountFailure();
+        }
+        return isDone;
+    }
+    void CountFailure();
 
     void WriteReview(const Rulebase& rulebase, const ReviewCriteria& criteria);
     void WriteCategoryList(const Rulebase& rulebase, const ReviewCriteria& criteria);
@@ -235,6 +270,12 @@ private:
     std::string FilenameOfItem(std::int32_t itemType, std::int32_t itemId);
 
     Database m_database;
+    StoreFailures m_failures;
+    int m_openTraps = 0;
+    bool m_keepsKnownFaults = false;
+    bool m_isKnownFault = false;      // what failed last failed for being a known fault
+    std::int32_t m_knownFaults = 0;  // among the failures
+    std::optional<std::string> m_foundVersion;
     bool m_databaseOpen = false;
     bool m_reviewOpen = false;
     std::string m_filename;

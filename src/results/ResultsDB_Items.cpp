@@ -89,11 +89,12 @@ BasicObject ResultsDB::ReadSourceFile(Recordset& rows) {
 std::int32_t ResultsDB::GetSourceFileCount(std::string_view type) {
     std::int32_t count = 0;
     Trap({kModule, "GetSourceFileCount"}, [&] {
-        std::string sql = "SELECT Count(SourceID) FROM SourceFiles";
-        if (!type.empty()) {
-            sql += " WHERE Type = '" + std::string(type) + "'";
-        }
-        count = NeedRows(GetReadOnlyRecordset(sql)).Value(0).AsLong();
+        auto rows = NeedRows(
+            type.empty() ? GetReadOnlyRecordset("SELECT Count(SourceID) FROM SourceFiles")
+                         : GetReadOnlyRecordset(
+                               "SELECT Count(SourceID) FROM SourceFiles WHERE Type = ?",
+                               {std::string(type)}));
+        count = rows.Value(0).AsLong();
     });
     return count;
 }

@@ -16,16 +16,8 @@ std::string TextOf(const VirtualObject& object, std::string_view property) {
     return object.Properties().Item(property).AsText();
 }
 
-/// Required: names stand in SQL texts as they are; a quote in one costs the row.
-std::string Quoted(std::string_view text) {
-    std::string result = "'";
-    result += text;
-    result += '\'';
-    return result;
-}
-
-std::string BoolToInt(bool value) {
-    return value ? "-1" : "0";
+std::int32_t BoolToInt(bool value) {
+    return value ? -1 : 0;
 }
 
 void SetProcedureFields(Recordset& rows, const VirtualObject& object) {
@@ -34,8 +26,8 @@ void SetProcedureFields(Recordset& rows, const VirtualObject& object) {
     rows.SetValue("ReturnType", TextOf(object, "DataType"));
 }
 
-/// ", CVC = 3, CVCLimit = 2, CVCPass = 0" and so on for the measures that the object has.
-std::string MeasureAssignments(const VirtualObject& object) {
+/// ", CVC = ?, CVCLimit = ?, CVCPass = ?" and so on for the measures that the object has, with their values.
+std::string MeasureAssignments(const VirtualObject& object, SqlValues& values) {
     const auto& properties = object.Properties();
     std::string list;
     for (const auto& measure : modTolerances::kMeasures) {
@@ -44,9 +36,10 @@ std::string MeasureAssignments(const VirtualObject& object) {
             continue;
         }
         const std::string name(measure.Name);
-        list += ", " + name + " = " + value->AsText();
-        list += ", " + name + "Limit = " + TextOf(object, name + "Limit");
-        list += ", " + name + "Pass = " + BoolToInt(properties.Item(name + "Pass").AsBoolean());
+        list += ", " + name + " = ?, " + name + "Limit = ?, " + name + "Pass = ?";
+        values.emplace_back(value->AsLong());
+        values.emplace_back(properties.Item(name + "Limit").AsLong());
+        values.emplace_back(BoolToInt(properties.Item(name + "Pass").AsBoolean()));
     }
     return list;
 }
@@ -90,9 +83,7 @@ std::int32_t ResultsDB::SetupProject(VirtualObject& object) {
         rows.MoveFirst();
         id = rows.Value("ProjectID").AsLong();
         rows.Close();
-        m_database.Execute(
-            "UPDATE Review Set ProjectID = " + std::to_string(id) +
-            " WHERE ReviewID = " + std::to_string(m_reviewId));
+        Execute("UPDATE Review Set ProjectID = ? WHERE ReviewID = ?", {id, m_reviewId});
     });
     return id;
 }
@@ -104,8 +95,7 @@ std::int32_t ResultsDB::SetupSourceFile(VirtualObject& object) {
         const std::string filename = TextOf(object, "Filename");
         const std::string path = TextOf(object, "Path");
         auto rows = NeedRows(GetEditableRecordset(
-            "SELECT * FROM SourceFiles WHERE Filename=" + Quoted(filename) +
-            " AND Path=" + Quoted(path)));
+            "SELECT * FROM SourceFiles WHERE Filename=? AND Path=?", {filename, path}));
         const bool isNew = rows.BOF() && rows.EOF_();
         if (isNew) {
             rows.AddNew();
@@ -137,8 +127,8 @@ std::int32_t ResultsDB::SetupProcedure(VirtualObject& object) {
         const std::string name = TextOf(object, "Name");
         const std::string type = TextOf(object, "ProcedureType");
         auto rows = NeedRows(GetEditableRecordset(
-            "SELECT * FROM Procedures WHERE Name = " + Quoted(name) +
-            " AND SourceID = " + std::to_string(m_sourceId) + " AND Type = " + Quoted(type)));
+            "SELECT * FROM Procedures WHERE Name = ? AND SourceID = ? AND Type = ?",
+            {name, m_sourceId, type}));
         std::string key = modTextCase::ToLower(name) + '\n' + modTextCase::ToLower(type);
         // A look at the rows costs more than a new one: it lets go of the file between two writes.
         const bool isUnseen = m_isNewSource && !m_procedures.contains(key);
@@ -164,8 +154,8 @@ std::int32_t ResultsDB::SetupLayoutDeclarations(std::string_view kind) {
     std::int32_t id = 0;
     Trap({kModule, "SetupLayoutDeclarations"}, [&] {
         auto rows = NeedRows(GetEditableRecordset(
-            "SELECT * FROM Procedures WHERE Name = " + Quoted(kind) +
-            " AND SourceID = " + std::to_string(m_sourceId)));
+            "SELECT * FROM Procedures WHERE Name = ? AND SourceID = ?",
+            {std::string(kind), m_sourceId}));
         if (rows.BOF() && rows.EOF_()) {
             rows.AddNew();
             rows.SetValue("SourceID", m_sourceId);
@@ -212,29 +202,31 @@ void ResultsDB::LogViolation(
 void ResultsDB::LogVirtualObjectProperties(const VirtualObject& object) {
     Trap({kModule, "LogVirtualObjectProperties"}, [&] {
         const auto& properties = object.Properties();
-        const std::string id = std::to_string(object.ObjectID());
+        const std::int32_t id = object.ObjectID();
         if (object.ObjectType() == kProjectItem) {
             if (const Variant* const name = properties.Find("ExeName32")) {
-                m_database.Execute(
-                    "UPDATE Projects SET ExeName32 = " + Quoted(name->AsText()) +
-                    " WHERE ProjectID = " + id);
+                Execute(
+                    "UPDATE Projects SET ExeName32 = ? WHERE ProjectID = ?", {name->AsText(), id});
             }
         } else if (object.ObjectType() == kFileItem) {
             // Required: the average here, while the measure CC holds the maximum.
             if (const Variant* const average = properties.Find("AverageCyclomatic")) {
-                m_database.Execute(
-                    "UPDATE SourceFiles SET CyclomaticComplexity = " + average->AsText() +
-                    " WHERE SourceID = " + id);
+                Execute(
+                    "UPDATE SourceFiles SET CyclomaticComplexity = ? WHERE SourceID = ?",
+                    {average->AsLong(), id});
             }
-            if (const std::string list = MeasureAssignments(object); !list.empty()) {
-                m_database.Execute(
-                    "UPDATE SourceFiles SET " + list.substr(2) + " WHERE SourceID = " + id);
+            SqlValues values;
+            if (const std::string list = MeasureAssignments(object, values); !list.empty()) {
+                values.emplace_back(id);
+                Execute(
+                    "UPDATE SourceFiles SET " + list.substr(2) + " WHERE SourceID = ?",
+                    std::move(values));
             }
         } else if (object.ObjectType() == kProcedureItem) {
             if (const Variant* const complexity = properties.Find("CyclomaticComplexity")) {
-                m_database.Execute(
-                    "UPDATE Procedures SET CyclomaticComplexity = " + complexity->AsText() +
-                    " WHERE ProcID = " + id);
+                Execute(
+                    "UPDATE Procedures SET CyclomaticComplexity = ? WHERE ProcID = ?",
+                    {complexity->AsLong(), id});
             }
         }
     });

@@ -13,7 +13,7 @@ protected:
     }
 
     std::shared_ptr<const UnderstoodText> Understood(std::string_view sql) {
-        return m_connection->Understand(modJetSql::Tokenise(sql), sql);
+        return m_connection->Understand(sql).Text;
     }
 
     int PreparedStatements() const {
@@ -39,6 +39,43 @@ TEST_F(ConnectionTest, TextsThatDifferOnlyInLiteralsAndBlanksShareOnePreparedSta
         m_connection->Lease(again->Translation.Sql);
     }
     EXPECT_EQ(PreparedStatements(), before);
+}
+
+TEST_F(ConnectionTest, ATextOfParametersIsUnderstoodOnceAndItsValuesAreTakenAsTheyAre) {
+    constexpr std::string_view kSql = "SELECT Name FROM Items WHERE Name = ? AND Size = ?";
+    const auto literals = Understood("SELECT Name FROM Items WHERE Name = 'a' AND Size = 5");
+    m_connection->Lease(literals->Translation.Sql);
+    const int before = PreparedStatements();
+    for (const char* const name : {"x", "x' OR ''='", "?", "\"", "]"}) {
+        const BoundText bound = m_connection->Understand(kSql, {name, 7});
+        EXPECT_EQ(bound.Text, literals);  // the same statement, too
+        EXPECT_EQ(bound.Literals, (SqlValues{name, 7}));
+        m_connection->Lease(bound.Text->Translation.Sql);
+    }
+    EXPECT_EQ(PreparedStatements(), before);
+}
+
+TEST_F(ConnectionTest, LiteralsAndParametersStandInOneTextInTheirOrder) {
+    for (int round = 1; round <= 2; ++round) {
+        const BoundText bound = m_connection->Understand(
+            "SELECT Name FROM Items WHERE Size = 3 AND Name = ? AND Size = 4", {"it's"});
+        EXPECT_EQ(bound.Literals, (SqlValues{3, "it's", 4}));
+    }
+}
+
+TEST_F(ConnectionTest, AsManyValuesAsParametersAreNeeded) {
+    const auto understand = [&](std::string_view sql, SqlValues values) {
+        return test::ErrorNumberOf(
+            [&] { m_connection->Understand(sql, std::move(values)); });
+    };
+    EXPECT_EQ(understand("SELECT Name FROM Items WHERE Size = ?", {1}), 0);
+    for (int round = 1; round <= 2; ++round) {  // also once the text is known
+        EXPECT_EQ(
+            understand("SELECT Name FROM Items WHERE Size = ?", {}), databaseerror::kSyntax);
+        EXPECT_EQ(
+            understand("SELECT Name FROM Items WHERE Size = ?", {1, 2}),
+            databaseerror::kSyntax);
+    }
 }
 
 TEST_F(ConnectionTest, AStatementInUseIsNotGivenOutASecondTime) {

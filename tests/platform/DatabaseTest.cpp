@@ -6,8 +6,11 @@
 #include "platform/OutputRefusal.h"
 
 #include <algorithm>
+#include <chrono>
+#include <cstdlib>
 #include <signal.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 namespace dorvik {
@@ -43,32 +46,34 @@ TEST_F(DatabaseTest, ADatabaseThatIsOnlyReadIsNotChanged) {
     EXPECT_EQ(modFiles::ReadBytes(m_path), before);
 }
 
-TEST_F(DatabaseTest, ADatabaseOpenedUntouchedShowsWhatTheFileItselfHoldsAndChangesNothing) {
+TEST_F(DatabaseTest, ADatabaseClosedUntouchedIsLeftWithItsLogAsItWasFound) {
     Add("a", 1);
-    m_database.Close();
-    m_database.Open(m_path);
-    Add("b", 2);  // stands in the log beside the file
-    const std::string before = modFiles::ReadBytes(m_path);
+    const std::string left = m_folder.Path() + "Left.mdb";
+    for (const char* const part : {"", "-wal"}) {
+        modFiles::CopyFile(m_path + part, left + part);
+    }
+    const std::string file = modFiles::ReadBytes(left);
+    const std::string log = modFiles::ReadBytes(left + "-wal");
     Database other;
-    other.OpenUntouched(m_path);
-    auto rows = other.OpenRecordset("SELECT Name FROM Items", RecordsetType::Snapshot);
-    EXPECT_EQ(rows.Value(0).AsText(), "a");
-    rows.MoveNext();
-    EXPECT_TRUE(rows.EOF_());
-    other.Close();
-    EXPECT_EQ(modFiles::ReadBytes(m_path), before);
+    other.Open(left);
+    EXPECT_EQ(
+        other.OpenRecordset("SELECT Name FROM Items", RecordsetType::Snapshot).Value(0).AsText(),
+        "a");  // it stands in the log only
+    other.CloseUntouched();
+    EXPECT_EQ(modFiles::ReadBytes(left), file);
+    EXPECT_EQ(modFiles::ReadBytes(left + "-wal"), log);
 }
 
-TEST_F(DatabaseTest, OpenUntouchedTakesAnyNameAFileCanHave) {
-    const std::string odd = m_folder.Path() + "100% odd?name#1;x=\"y\".mdb";
+TEST_F(DatabaseTest, ADatabaseClosedUntouchedKeepsItsJournalModeAndGetsNoCompanions) {
     m_database.Close();
-    modFiles::CopyFile(m_path, odd);
-    Database other;
-    other.OpenUntouched(odd);
-    EXPECT_TRUE(other.OpenRecordset("SELECT Name FROM Items", RecordsetType::Snapshot).EOF_());
-    EXPECT_EQ(
-        ErrorNumberOf([&] { other.OpenUntouched(m_folder.Path() + "None.mdb"); }),
-        databaseerror::kFileNotFound);
+    Run("PRAGMA journal_mode = WAL");
+    const std::string file = modFiles::ReadBytes(m_path);
+    m_database.Open(m_path);
+    EXPECT_THAT(Texts("SELECT Name FROM Items"), testing::IsEmpty());
+    m_database.CloseUntouched();
+    EXPECT_FALSE(m_database.IsOpen());
+    EXPECT_EQ(modFiles::ReadBytes(m_path), file);
+    EXPECT_THAT(FilesInFolder(), testing::ElementsAre("Test.mdb"));
 }
 
 TEST_F(DatabaseTest, AfterClosingItIsOneFileAgain) {
@@ -112,6 +117,63 @@ TEST_F(DatabaseTest, AKilledProcessLeavesADatabaseWithEveryRowWrittenBefore) {
     EXPECT_THAT(FilesInFolder(), testing::ElementsAre("Test.mdb"));
 }
 
+/// A process that holds the lock for writing for so long. To be made before this process opens the file,
+/// for the engine does not stand a fork.
+class LockHolder {
+public:
+    LockHolder(const std::string& path, std::chrono::milliseconds time) {
+        if (pipe(m_begin) != 0 || pipe(m_ready) != 0) {
+            std::abort();
+        }
+        m_child = fork();
+        if (m_child == 0) {
+            char mark = 0;
+            sqlite3* engine = nullptr;
+            const bool isAsked = read(m_begin[0], &mark, 1) == 1;
+            sqlite3_open(modFiles::HostPath(path).c_str(), &engine);
+            const int code =
+                sqlite3_exec(engine, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
+            const bool isTold = write(m_ready[1], "!", 1) == 1;
+            std::this_thread::sleep_for(time);
+            _exit(isAsked && isTold ? code : 1);
+        }
+    }
+    ~LockHolder() {
+        int status = 0;
+        waitpid(m_child, &status, 0);
+        EXPECT_EQ(status, 0);
+        for (const int end : {m_begin[0], m_begin[1], m_ready[0], m_ready[1]}) {
+            close(end);
+        }
+    }
+    LockHolder(const LockHolder&) = delete;
+    LockHolder& operator=(const LockHolder&) = delete;
+
+    /// Returns when the lock is held.
+    void Begin() const {
+        char mark = '!';
+        EXPECT_EQ(write(m_begin[1], &mark, 1), 1);
+        EXPECT_EQ(read(m_ready[0], &mark, 1), 1);
+    }
+
+private:
+    int m_begin[2]{};
+    int m_ready[2]{};
+    pid_t m_child = 0;
+};
+
+TEST_F(DatabaseTest, AWriterWaitsForTheLockOfAnotherProcess) {
+    m_database.Close();
+    const LockHolder holder(m_path, std::chrono::milliseconds(2500));
+    m_database.Open(m_path);
+    Add("a", 1);
+    Add("b", 2);
+    Add("c", 3);  // finds the state of the file still held
+    holder.Begin();
+    Add("d", 4);
+    EXPECT_THAT(Texts("SELECT Name FROM Items"), testing::ElementsAre("a", "b", "c", "d"));
+}
+
 TEST_F(DatabaseTest, RecordsetsOfAClosedDatabaseAreInvalid) {
     Add("a", 1);
     auto snapshot = m_database.OpenRecordset("SELECT * FROM Items", RecordsetType::Snapshot);
@@ -129,6 +191,7 @@ TEST_F(DatabaseTest, AWriteThatAnotherConnectionKeepsOutIsToldAsLocked) {
     sqlite3* other = nullptr;
     ASSERT_EQ(sqlite3_open(modFiles::HostPath(m_path).c_str(), &other), SQLITE_OK);
     ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
+    m_database.SetPatience(std::chrono::milliseconds(20));
     EXPECT_EQ(ErrorNumberOf([&] { Add("b", 2); }), databaseerror::kLocked);
     sqlite3_close(other);
     Add("c", 3);
