@@ -90,7 +90,15 @@ std::string DescribeFinding(const Finding& finding) {
     return "    " + modTerminalText::Harmless(text) + "\n";
 }
 
+std::string Reason(const ProjectResults& results) {
+    return results.WhyIncomplete.empty() ? "the review did not come to its end"
+                                         : results.WhyIncomplete;
+}
+
 std::string DescribeVerdict(const ProjectResults& results) {
+    if (!results.Ended) {
+        return "  Verdict     none: " + Reason(results) + "\n";
+    }
     std::string text = "  Verdict     " + std::string(results.Passed ? "passed" : "failed");
     std::string separator = ": ";
     for (const std::string& measure : results.FailedMeasures) {
@@ -138,11 +146,25 @@ ProjectResults ProjectResults::ReadFrom(ResultsDB& database) {
                              : CountRows(database);
     results.Worst = database.GetWorstFindings(kShownFindings);
     std::vector<ToleranceFailure> failures;
-    results.Passed = database.TolerancePass(kProjectItem, 0, failures);
+    results.Passed = database.TolerancePass(kProjectItem, 0, failures) && results.Ended;
     for (const ToleranceFailure& failure : failures) {
         results.FailedMeasures.push_back(failure.Description);
     }
+    if (const StoreFailures& lost = database.Failures(); lost.Count() > 0) {
+        results.TakeLoss("what was stored cannot be read: " + lost.Reason());
+    }
     return results;
+}
+
+void ProjectResults::TakeLoss(const std::string& why) {
+    Ended = false;
+    Passed = false;
+    WhyIncomplete = why;
+}
+
+std::string ProjectResults::WhyNoVerdict() const {
+    return "the results of '" + modConsole::ShownPath(Filename) +
+           "' are incomplete and have no verdict: " + Reason(*this);
 }
 
 std::string ProjectResults::Describe() const {
@@ -171,7 +193,11 @@ void ProjectResults::WriteTo(JsonOutput& json) const {
     json.Number("files", Files);
     json.Number("lines", Lines);
     WriteViolations(Violations, json);
-    json.Flag("passed", Passed);
+    if (Ended) {
+        json.Flag("passed", Passed);
+    } else {
+        json.Null("passed");
+    }
     json.BeginArray("failedMeasures");
     for (const std::string& measure : FailedMeasures) {
         json.Text(measure);

@@ -22,12 +22,18 @@ struct ProjectResults {
     ViolationStatistics Violations;
     std::vector<Finding> Worst;
     std::vector<std::string> FailedMeasures;
-    bool Passed = true;
-    bool Ended = true;  // false where the review runs still or was killed
+    bool Ended = true;  // false where the review runs still, was killed or lost results
+    bool Passed = true;  // never without `Ended`; it tells nothing then
+    std::string WhyIncomplete;  // where it is known; reads behind a colon
 
     /// REQUIRES: the database has a review open.
     static ProjectResults ReadFrom(ResultsDB& database);
 
+    /// Takes the verdict away.
+    void TakeLoss(const std::string& why);
+
+    /// A sentence for a project that has no verdict. REQUIRES: not `Ended`.
+    std::string WhyNoVerdict() const;
     /// The lines that a person reads.
     std::string Describe() const;
     /// The same as one JSON document.

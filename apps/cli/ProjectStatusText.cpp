@@ -22,7 +22,7 @@ std::string SourceFileStatusText(const UnreviewedFile& file) {
     const std::string name = "'" + modConsole::ShownPath(file.Filename) + "'";
     if (!file.IsStored) {
         return "the results of the source file " + name +
-               " could not be stored; the review log says why (a quote in a path is one reason)";
+               " could not be stored; the review log says why";
     }
     switch (file.Status) {
         case SourceFileStatus::NotFound: return "the source file " + name + " does not exist";

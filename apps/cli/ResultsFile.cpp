@@ -4,17 +4,20 @@
 #include "cli/Console.h"
 #include "foundation/LogFile.h"
 #include "foundation/Trap.h"
-#include "platform/OutputRefusal.h"
 #include "platform/ScopedInstall.h"
 #include "platform/modFiles.h"
 #include "results/ResultsDB.h"
 #include "settings/DVKWorkData.h"
 
+#include <chrono>
 #include <filesystem>
 
 namespace dorvik::modResultsFile {
 
 namespace {
+
+/// A person who marks violations does not want to wait as long for a lock as a review does.
+constexpr std::chrono::seconds kPatienceAtTheTerminal{2};
 
 /// While it lives, a failure that the engine logs is noted as well.
 class FailureWatch {
@@ -38,45 +41,31 @@ std::string Quoted(const std::string& path) {
     return "'" + path + "'";
 }
 
-std::string WordsFor(const BasicError& failure, const std::string& hostPath) {
-    if (std::string refusal = OutputRefusal::SentenceIn(failure); !refusal.empty()) {
-        return refusal;
-    }
-    switch (failure.Number()) {
-        case databaseerror::kNotADatabase: return Quoted(hostPath) + " is no database, or damaged";
-        case databaseerror::kUnknownName: return Quoted(hostPath) + " is no results database";
-        default: return Quoted(hostPath) + " cannot be read: " + RuntimeErrorText(failure.Number());
+std::string WordsFor(const StoreFailures& failures, const std::string& hostPath) {
+    switch (failures.FirstNumber()) {
+        case databaseerror::kNotADatabase:
+            return Quoted(hostPath) + " is not a database, or it is damaged";
+        case databaseerror::kUnknownName: return Quoted(hostPath) + " is not a results database";
+        default: return Quoted(hostPath) + " cannot be read: " + failures.Reason();
     }
 }
 
-/// Why the file is not to be opened; empty for a results database of this version. Nothing is touched.
-std::string Objection(const std::string& path, const std::string& hostPath) {
-    if (!modFiles::FileExists(path)) {
-        return "the results database " + Quoted(hostPath) +
-               (modFiles::FolderExists(path) ? " is a folder" : " does not exist");
+/// Why the review in the database could not be opened.
+std::string Objection(const ResultsDB& database, const std::string& hostPath) {
+    const StoreFailures& failures = database.Failures();
+    if (failures.Count() > 0) {
+        return WordsFor(failures, hostPath);
     }
-    std::string objection = Quoted(hostPath) + " cannot be read";
-    const auto look = [&] {
-        Database database;
-        database.OpenUntouched(path);
-        auto rows =
-            database.OpenRecordset("SELECT Version FROM SystemInfo", RecordsetType::Snapshot);
-        if (rows.EOF_()) {
-            objection = Quoted(hostPath) + " is no results database";
-            return;
-        }
-        const std::string version = rows.Value("Version").AsText();
-        objection = modTextCase::Equal(version, ResultsDB::kSchemaVersion)
-                        ? ""
-                        : Quoted(hostPath) + " is a results database of version '" + version +
-                              "' instead of '" + std::string(ResultsDB::kSchemaVersion) +
-                              "'; review the project again";
-    };
-    Trap({"modResultsFile", "Objection"}, look, [&](const BasicError& failure) {
-        objection = WordsFor(failure, hostPath);
-        return true;
-    });
-    return objection;
+    if (!database.FoundVersion()) {
+        return Quoted(hostPath) + " is not a results database";
+    }
+    const std::string& version = *database.FoundVersion();
+    if (!modTextCase::Equal(version, ResultsDB::kSchemaVersion)) {
+        return Quoted(hostPath) + " is a results database of version '" + version +
+               "' instead of '" + std::string(ResultsDB::kSchemaVersion) +
+               "'; review the project again";
+    }
+    return "the results database " + Quoted(hostPath) + " holds no review";
 }
 
 ExitCode Refuse(const std::string& sentence) {
@@ -91,27 +80,30 @@ std::string SeeLog() {
 ExitCode
 Use(const std::string& hostPath,
     const std::function<ExitCode(ResultsDB&)>& body,
-    const std::string& failure) {
+    const std::string& failure,
+    std::chrono::milliseconds patience) {
     // Nothing is the name of no file, and has no absolute form.
     const std::string path =
         hostPath.empty()
             ? hostPath
             : modFiles::FromHostPath(std::filesystem::absolute(hostPath).lexically_normal());
-    if (const std::string objection = Objection(path, hostPath); !objection.empty()) {
-        return Refuse(objection);
+    if (!modFiles::FileExists(path)) {
+        return Refuse(
+            "the results database " + Quoted(hostPath) +
+            (modFiles::FolderExists(path) ? " is a folder" : " does not exist"));
     }
     const FailureWatch watch;
     DVKWorkData settings;  // not the user's, which the database would change at its end
     ResultsDB database(settings);
     if (!database.OpenReview(path)) {
-        return Refuse(
-            "the results database " + Quoted(hostPath) +
-            (watch.HasSeenFailure() ? " cannot be read" + SeeLog() : " holds no review"));
+        return Refuse(Objection(database, hostPath));
     }
+    database.SetPatience(patience);
     if (database.GetReviewData().End.IsZero()) {
         modConsole::PrintError(
-            "note: the review in " + Quoted(hostPath) +
-            " did not come to its end; this is what it stored so far");
+            "note: the results in " + Quoted(hostPath) +
+            " are incomplete, because the review did not come to its end; there is no verdict, and "
+            "this is what is stored so far");
     }
     const ExitCode code = body(database);
     if (watch.HasSeenFailure()) {
@@ -124,7 +116,10 @@ Use(const std::string& hostPath,
 
 ExitCode Read(const std::string& hostPath, const std::function<ExitCode(ResultsDB&)>& body) {
     return Use(
-        hostPath, body, "parts of the results database " + Quoted(hostPath) + " cannot be read");
+        hostPath,
+        body,
+        "parts of the results database " + Quoted(hostPath) + " cannot be read",
+        Database::kPatience);
 }
 
 ExitCode Change(const std::string& hostPath, const std::function<ExitCode(ResultsDB&)>& body) {
@@ -132,7 +127,8 @@ ExitCode Change(const std::string& hostPath, const std::function<ExitCode(Result
         hostPath,
         body,
         "the results database " + Quoted(hostPath) +
-            " cannot be changed: it is read-only, or another program is writing to it");
+            " cannot be changed: it is read-only, or another program is writing to it",
+        kPatienceAtTheTerminal);
 }
 
 }  // namespace dorvik::modResultsFile

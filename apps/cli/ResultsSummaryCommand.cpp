@@ -50,7 +50,7 @@ void PrintAsCsv(const ProjectResults& project) {
          found.InfoViolations(),
          found.TotalViolations(),
          found.TotalImpact(),
-         project.Passed,
+         project.Ended ? RecordValue(project.Passed) : RecordValue(),
          modText::Join(project.FailedMeasures, "; ")});
     records.PrintAsCsv();
 }

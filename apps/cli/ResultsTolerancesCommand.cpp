@@ -80,7 +80,13 @@ TableCell Verdict(bool passed) {
     return passed ? TableCell("passed", Shade::Good) : TableCell("failed", Shade::Bad);
 }
 
-void PrintTolerances(const ToleranceSettings& tolerances, const std::vector<Judged>& measures) {
+/// Of a review that did not end nobody knows whether the files that are not there would have passed.
+bool HasEnded(ResultsDB& database) {
+    return !database.GetReviewData().End.IsZero();
+}
+
+void PrintTolerances(
+    const ToleranceSettings& tolerances, const std::vector<Judged>& measures, bool hasEnded) {
     TablePrinter table(
         {{"Measure"}, {"Description", false, true}, {"Limit"}, {"Failed in"}, {"Verdict"}});
     for (std::size_t place = 0; place < kMeasures.size(); ++place) {
@@ -95,7 +101,7 @@ void PrintTolerances(const ToleranceSettings& tolerances, const std::vector<Judg
              modToleranceLimits::Words(place, limit),
              failed == 0 ? TableCell("none", Shade::Dim)
                          : TableCell(modFigureText::Counted(failed, "file", "files")),
-             Verdict(failed == 0)});
+             failed > 0 || hasEnded ? Verdict(failed == 0) : TableCell("none", Shade::Dim)});
     }
     if (table.RowCount() == 0) {
         modConsole::Print("No tolerance is set.\n");
@@ -155,13 +161,17 @@ void PrintAsJson(
                  std::string(kMeasures.at(place).Description),
                  limit,
                  failed,
-                 failed == 0});
+                 failed > 0 || HasEnded(database) ? RecordValue(failed == 0) : RecordValue()});
         }
     }
     JsonOutput json;
     json.BeginObject();
     WriteResultsHead(json, database);
-    json.Flag("passed", database.TolerancePass(ResultsItems::kProject, 0));
+    if (HasEnded(database)) {
+        json.Flag("passed", database.TolerancePass(ResultsItems::kProject, 0));
+    } else {
+        json.Null("passed");
+    }
     limits.WriteTo(json, "tolerances");
     FileRecords(measures).WriteTo(json, "files");
     json.EndObject();
@@ -189,7 +199,7 @@ RunResultsTolerances(const std::string& database, const ResultsTolerancesOptions
         } else if (options.Form.Csv) {
             FileRecords(measures).PrintAsCsv();
         } else {
-            PrintTolerances(tolerances, measures);
+            PrintTolerances(tolerances, measures, HasEnded(results));
             PrintFiles(measures, !options.File.empty());
         }
         return ExitCode::Passed;

@@ -194,12 +194,16 @@ SliceResult Drive(ReviewManager& manager, const ReviewOptions& options) {
 /// Says what could not be reviewed. False if there was anything.
 bool TellFailures(
     ReviewCriteria& criteria, const ReviewSummary& summary, const ReviewReports& reports) {
-    bool complete = summary.WithoutResults().empty();
+    bool complete = summary.WithoutResults().empty() && summary.Incomplete().empty();
     for (const ReviewSummary::MissingResults& missing : summary.WithoutResults()) {
         modConsole::PrintError(
             "the project '" + modConsole::ShownPath(missing.ProjectFile) +
             "' was not reviewed, because its results could not be written to '" +
-            modConsole::ShownPath(missing.ResultsFile) + "'");
+            modConsole::ShownPath(missing.ResultsFile) + "'" +
+            (missing.Reason.empty() ? "" : ": " + missing.Reason));
+    }
+    for (const ProjectResults* const project : summary.Incomplete()) {
+        modConsole::PrintError(project->WhyNoVerdict());
     }
     auto& projects = criteria.ProjectList();
     for (std::int32_t index = 1; index <= projects.Count(); ++index) {

@@ -1,6 +1,7 @@
 #include "cli/ReviewSummary.h"
 
 #include "cli/Console.h"
+#include "cli/FigureText.h"
 #include "criteria/ReviewCriteria.h"
 #include "platform/modFiles.h"
 #include "results/ResultsDB.h"
@@ -17,7 +18,8 @@ namespace {
 /// review. A review that began and has a status counted an error as well.
 bool HasBegun(const VirtualProject& project) {
     return project.ReviewStatus() == 0 || project.ComponentErrors() > 0 ||
-           project.ReferenceErrors() > 0 || project.ScanErrors() > 0 || project.FileErrors() > 0;
+           project.ReferenceErrors() > 0 || project.ScanErrors() > 0 || project.FileErrors() > 0 ||
+           project.ResultsLost().Count > 0;
 }
 
 }  // namespace
@@ -33,15 +35,17 @@ ReviewSummary::ReviewSummary(ReviewCriteria& criteria) {
         if (projects.Item(index)->LoadStatus() != ProjectLoadStatus::Good) {
             continue;
         }
-        if (HasBegun(*projects.Item(index)) && Read(results)) {
+        const VirtualProject& project = *projects.Item(index);
+        if (HasBegun(project) && Read(results, project)) {
             m_projects.push_back(std::move(results));
         } else {
-            m_withoutResults.push_back({results.Filename, results.ResultsFile});
+            m_withoutResults.push_back(
+                {results.Filename, results.ResultsFile, project.ResultsLost().Reason});
         }
     }
 }
 
-bool ReviewSummary::Read(ProjectResults& results) {
+bool ReviewSummary::Read(ProjectResults& results, const VirtualProject& project) {
     if (!modFiles::FileExists(results.ResultsFile)) {
         return false;
     }
@@ -52,7 +56,22 @@ bool ReviewSummary::Read(ProjectResults& results) {
     const std::string filename = results.Filename;
     results = ProjectResults::ReadFrom(database);
     results.Filename = filename;  // as the user named it
+    if (const LostResults& lost = project.ResultsLost(); lost.Count > 0) {
+        results.TakeLoss(
+            modFigureText::Counted(lost.Count, "result", "results") +
+            " could not be stored: " + lost.Reason);
+    }
     return true;
+}
+
+std::vector<const ProjectResults*> ReviewSummary::Incomplete() const {
+    std::vector<const ProjectResults*> incomplete;
+    for (const ProjectResults& project : m_projects) {
+        if (!project.Ended) {
+            incomplete.push_back(&project);
+        }
+    }
+    return incomplete;
 }
 
 bool ReviewSummary::AllPassed() const {

@@ -8,6 +8,7 @@
 namespace dorvik {
 
 class ReviewCriteria;
+class VirtualProject;
 
 /// What a review found, project by project, read back from the results databases.
 class ReviewSummary {
@@ -23,13 +24,16 @@ public:
     struct MissingResults {
         std::string ProjectFile;
         std::string ResultsFile;
+        std::string Reason;  // reads behind a colon; empty where it is not known
     };
     const std::vector<MissingResults>& WithoutResults() const { return m_withoutResults; }
+    /// The projects whose results are not whole, and which have no verdict for that reason.
+    std::vector<const ProjectResults*> Incomplete() const;
     /// True if the verdict of every reviewed project is a pass.
     bool AllPassed() const;
 
 private:
-    static bool Read(ProjectResults& results);
+    static bool Read(ProjectResults& results, const VirtualProject& project);
 
     std::vector<ProjectResults> m_projects;
     std::vector<MissingResults> m_withoutResults;

@@ -183,7 +183,7 @@ ResultsManager::MakeViolation(const ViolationDefinition& definition, const Origi
 
 void ResultsManager::RaiseViolation(
     const ViolationDefinition& definition, const Origin& origin, std::string_view advice) {
-    Trap({kModule, "RaiseViolation"}, [&] {
+    const bool raised = Trap({kModule, "RaiseViolation"}, [&] {
         Violation violation = MakeViolation(definition, origin);
         if (HasSourceLine(origin.Place)) {
             violation.SourceLineNumber = m_parserState.SourceLineNumber();
@@ -198,6 +198,13 @@ void ResultsManager::RaiseViolation(
         MarkCurrentRule(origin.RuleID, "");
         LogViolation(violation);
     });
+    NoteViolation(raised);
+}
+
+void ResultsManager::NoteViolation(bool isStored) {
+    if (!isStored) {
+        m_resultsDB->NoteLoss("a violation could not be raised, as the log tells");
+    }
 }
 
 void ResultsManager::MarkCurrentRule(std::int32_t ruleId, std::string_view mark) {
@@ -208,7 +215,7 @@ void ResultsManager::MarkCurrentRule(std::int32_t ruleId, std::string_view mark)
 
 void ResultsManager::RaiseEndEventViolation(
     const ViolationDefinition& definition, const Origin& origin, ParserEvent event) {
-    Trap({kModule, "RaiseEndEventViolation"}, [&] {
+    const bool raised = Trap({kModule, "RaiseEndEventViolation"}, [&] {
         Violation violation = MakeViolation(definition, origin);
         if (event == ParserEvent::EndEnum || event == ParserEvent::EndType ||
             event == ParserEvent::EndProcedure) {
@@ -221,10 +228,11 @@ void ResultsManager::RaiseEndEventViolation(
         violation.Advice = ChangeTagsToValues(definition.Advice());
         LogViolation(violation);
     });
+    NoteViolation(raised);
 }
 
 void ResultsManager::LogViolation(const Violation& violation) {
-    Trap({kModule, "LogViolation"}, [&] {
+    const bool logged = Trap({kModule, "LogViolation"}, [&] {
         std::shared_ptr<VirtualObject> object =
             m_parserState.GetVirtualObject(OwnerName(static_cast<Location>(violation.Location)));
         if (!object) {
@@ -242,6 +250,7 @@ void ResultsManager::LogViolation(const Violation& violation) {
             }
         }
     });
+    NoteViolation(logged);
 }
 
 std::string ResultsManager::ChangeTagsToValues(std::string_view text) {
@@ -283,7 +292,7 @@ std::string ResultsManager::TagValue(std::string_view tag) {
 }
 
 void ResultsManager::LogVirtualObjectResults(std::string_view objectName) {
-    Trap({kModule, "LogVirtualObjectResults"}, [&] {
+    const bool logged = Trap({kModule, "LogVirtualObjectResults"}, [&] {
         const std::shared_ptr<VirtualObject> object = m_parserState.GetVirtualObject(objectName);
         if (!object || object->ObjectID() == 0) {
             return;
@@ -294,6 +303,9 @@ void ResultsManager::LogVirtualObjectResults(std::string_view objectName) {
             m_resultsDB->LogVirtualObjectLineStats(*object);
         }
     });
+    if (!logged) {
+        m_resultsDB->NoteLoss("figures could not be stored, as the log tells");
+    }
 }
 
 void ResultsManager::DumpDebugPrint(std::string_view message, bool withPrefix) {

@@ -87,6 +87,7 @@ public:
 
 private:
     void LogViolation(const Violation& violation);
+    void NoteViolation(bool isStored);
     Violation MakeViolation(const ViolationDefinition& definition, const Origin& origin) const;
     void MarkCurrentRule(std::int32_t ruleId, std::string_view mark);
     std::string TagValue(std::string_view tag);

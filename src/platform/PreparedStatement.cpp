@@ -7,6 +7,7 @@
 
 #include <sqlite3.h>
 
+#include <cerrno>
 #include <limits>
 #include <utility>
 
@@ -14,7 +15,27 @@ namespace dorvik {
 
 namespace {
 
-std::int32_t ErrorNumber(int code) {
+/// Whether the system refused more room for the file or for the log beside it. A quota, or a limit of a
+/// file's size, is to its user what a full disk is.
+bool HasNoRoom(sqlite3* engine) {
+    int ofFile = 0;
+    int ofLog = 0;
+    sqlite3_file* log = nullptr;
+    sqlite3_file_control(engine, "main", SQLITE_FCNTL_LAST_ERRNO, &ofFile);
+    sqlite3_file_control(engine, "main", SQLITE_FCNTL_JOURNAL_POINTER, static_cast<void*>(&log));
+    if (log != nullptr && log->pMethods != nullptr) {
+        log->pMethods->xFileControl(log, SQLITE_FCNTL_LAST_ERRNO, &ofLog);
+    }
+    const auto isNoRoom = [](int error) {
+        return error == ENOSPC || error == EDQUOT || error == EFBIG;
+    };
+    return isNoRoom(ofFile) || isNoRoom(ofLog);
+}
+
+std::int32_t ErrorNumber(sqlite3* engine, int code) {
+    if ((code & 0xFF) == SQLITE_IOERR && engine != nullptr && HasNoRoom(engine)) {
+        return runtimeerror::kDiskFull;
+    }
     switch (code & 0xFF) {
         case SQLITE_BUSY:
         case SQLITE_LOCKED: return databaseerror::kLocked;
@@ -40,7 +61,7 @@ void RaiseStoreError(sqlite3* engine, int code, std::string_view sql) {
         description += ": ";
         description += sql;
     }
-    throw BasicError(ErrorNumber(code), description);
+    throw BasicError(ErrorNumber(engine, code), description);
 }
 
 PreparedStatement::PreparedStatement(sqlite3* engine, std::string_view sql) : m_engine(engine) {
@@ -139,7 +160,8 @@ int PreparedStatement::StepToEnd() {
 /// The text of the failure is the engine's only until the reset.
 void PreparedStatement::FailAfterReset(int code) {
     const BasicError failure(
-        ErrorNumber(code), std::string(sqlite3_errmsg(m_engine)) + ": " + sqlite3_sql(m_statement));
+        ErrorNumber(m_engine, code),
+        std::string(sqlite3_errmsg(m_engine)) + ": " + sqlite3_sql(m_statement));
     Reset();
     throw failure;
 }

@@ -146,9 +146,6 @@ void ResultsDB::RefuseKnownFault(const SqlValues& values) {
 }
 
 void ResultsDB::CountFailure() {
-    if (m_openTraps > 0) {
-        return;
-    }
     m_failures.AddCount();
     m_failures.NoteReason(databaseerror::kStoreFailed);  // unless one was told
     m_knownFaults += std::exchange(m_isKnownFault, false) ? 1 : 0;

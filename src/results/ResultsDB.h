@@ -87,7 +87,7 @@ public:
     /// end is incomplete. The database stays open.
     void EndReview(std::int32_t ruleExecutions);
     /// Something of the review is lost that never came as far as this, such as a measure that could not be
-    /// taken. `reason` reads behind "because".
+    /// taken. `reason` reads behind a colon.
     void NoteLoss(std::string_view reason);
     /// Closes and deletes the database.
     void AbortReview();
@@ -238,11 +238,11 @@ private:
         ++m_openTraps;
         const bool isDone =
             dorvik::Trap(place, std::forward<Body>(body), [this](const BasicError& failure) {
-                m_failures.NoteReason(failure.Number());
+                m_failures.NoteReason(failure);
                 return false;
             });
-        --m_openTraps;
-        if (!isDone) {
+        m_hasFailed = m_hasFailed || !isDone;
+        if (--m_openTraps == 0 && std::exchange(m_hasFailed, false)) {
             CountFailure();
         }
         return isDone;
@@ -272,6 +272,7 @@ private:
     Database m_database;
     StoreFailures m_failures;
     int m_openTraps = 0;
+    bool m_hasFailed = false;  // one of these
     bool m_keepsKnownFaults = false;
     bool m_isKnownFault = false;      // what failed last failed for being a known fault
     std::int32_t m_knownFaults = 0;  // among the failures

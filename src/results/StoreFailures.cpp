@@ -2,6 +2,7 @@
 
 #include "base/BasicError.h"
 #include "platform/Database.h"
+#include "platform/OutputRefusal.h"
 
 #include <algorithm>
 #include <array>
@@ -16,7 +17,7 @@ struct ReasonRow {
 };
 
 constexpr std::array<ReasonRow, 7> kReasons = {{
-    {runtimeerror::kDiskFull, "the disk is full"},
+    {runtimeerror::kDiskFull, "no room is left on the disk"},
     {runtimeerror::kPermissionDenied, "the system does not allow to open it"},
     {databaseerror::kLocked, "another program has it locked"},
     {databaseerror::kReadOnly, "the file, or the folder that it is in, is read-only"},
@@ -25,7 +26,7 @@ constexpr std::array<ReasonRow, 7> kReasons = {{
     {databaseerror::kStoreFailed, "the system reports an error while it reads or writes the file"},
 }};
 
-constexpr std::string_view kOtherReason = "of an unexpected error, which the log tells";
+constexpr std::string_view kOtherReason = "an unexpected error, which the log tells";
 
 }  // namespace
 
@@ -38,6 +39,15 @@ void StoreFailures::NoteReason(std::int32_t number) {
         m_firstNumber = number;
         m_reason = known != kReasons.end() ? known->Reason : kOtherReason;
     }
+}
+
+void StoreFailures::NoteReason(const BasicError& failure) {
+    const std::string refusal = OutputRefusal::SentenceIn(failure);
+    if (m_reason.empty() && !refusal.empty()) {
+        m_firstNumber = failure.Number();
+        m_reason = refusal;
+    }
+    NoteReason(failure.Number());
 }
 
 void StoreFailures::NoteReason(std::string_view reason) {

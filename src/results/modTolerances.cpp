@@ -79,9 +79,9 @@ void MeasureSource(VirtualObject& object, const ReviewCriteria& criteria) {
 
 }  // namespace
 
-void SetTolerancePassValue(
+bool SetTolerancePassValue(
     VirtualObject& object, const ReviewCriteria& criteria, bool isProjectFile) {
-    Trap({"C_VB6ProjectReview", "SetTolerancePassValue"}, [&] {
+    return Trap({"C_VB6ProjectReview", "SetTolerancePassValue"}, [&] {
         MeasureViolations(object, criteria);
         if (isProjectFile) {
             // Required: a project file has neither comments nor procedures and never fails for them,

@@ -38,8 +38,9 @@ inline constexpr std::array<Measure, 14> kMeasures = {{
 }};
 
 /// Measures a finished source file (or, with `isProjectFile`, the project file) against the tolerances that
-/// are set and adds three properties for each measure to the object. A failure is logged and ends the work.
-void SetTolerancePassValue(
+/// are set and adds three properties for each measure to the object. A failure is logged and ends the work;
+/// false then.
+bool SetTolerancePassValue(
     VirtualObject& object, const ReviewCriteria& criteria, bool isProjectFile);
 
 }  // namespace dorvik::modTolerances

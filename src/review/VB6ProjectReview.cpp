@@ -203,13 +203,16 @@ void VB6ProjectReview::ParserEvent(dorvik::ParserEvent event) {
 }
 
 void VB6ProjectReview::ExecuteEventActions(dorvik::ParserEvent event) {
-    Trap({kModule, "ExecuteEventActions"}, [&] {
+    const bool ended = Trap({kModule, "ExecuteEventActions"}, [&] {
         m_eventActions->Execute(event, m_fileParser != nullptr);
         if (event == dorvik::ParserEvent::EndFile) {
             LogLine(m_sourceFile->Filename() + " successfully reviewed.");
             LogFileResults();
         }
     });
+    if (!ended && m_resultsManager) {
+        m_resultsManager->ResultsDB().NoteLoss("an event could not be reviewed, as the log tells");
+    }
 }
 
 void VB6ProjectReview::LogLine(std::string_view line) {

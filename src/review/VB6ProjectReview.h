@@ -103,6 +103,9 @@ private:
     ReviewStatus FailToConnect(SourceFileStatus status);
     void CloseIncompleteFile();
     void LogFileResults();
+    void MeasureTolerances(VirtualObject& object, bool isProjectFile);
+    /// Tells the project what its results database lost.
+    void TakeResultsLost();
     void LogVerdict();
     void LogLine(std::string_view line);
     void ReleaseFromRules();

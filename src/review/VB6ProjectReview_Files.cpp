@@ -118,9 +118,15 @@ void VB6ProjectReview::CloseIncompleteFile() {
     modProjectScope::DetachOpenObjects(ParserState());
 }
 
+void VB6ProjectReview::MeasureTolerances(VirtualObject& object, bool isProjectFile) {
+    if (!modTolerances::SetTolerancePassValue(object, *m_criteria, isProjectFile)) {
+        m_resultsManager->ResultsDB().NoteLoss("a measure could not be taken, as the log tells");
+    }
+}
+
 void VB6ProjectReview::LogFileResults() {
     if (const auto file = ParserState().GetVirtualObject(scopename::kFile)) {
-        modTolerances::SetTolerancePassValue(*file, *m_criteria, false);
+        MeasureTolerances(*file, /*isProjectFile=*/false);
     }
     m_resultsManager->LogVirtualObjectResults(scopename::kDeclarations);
     m_resultsManager->LogVirtualObjectResults(scopename::kFile);

@@ -12,7 +12,6 @@
 #include "parser/ScopeName.h"
 #include "platform/modHost.h"
 #include "reports/ReportsEngine.h"
-#include "results/modTolerances.h"
 #include "review/VB6ProjectReview.h"
 #include "review/modProjectScope.h"
 #include "rulebase/Rulebase.h"
@@ -81,6 +80,7 @@ bool VB6ProjectReview::OpenProject(std::int32_t projectIndex) {
         }
     }
     if (!m_resultsManager->BeginReview(filename, *m_criteria, *m_rulebase)) {
+        m_project->SetResultsLost({0, m_resultsManager->ResultsDB().Failures().Reason()});
         m_project->SetReviewStatus(1);
         return false;
     }
@@ -239,7 +239,7 @@ ReviewStatus VB6ProjectReview::State_EndProject() {
     auto status = ReviewStatus::IsError;
     Trap({kModule, "State_EndProject"}, [&] {
         if (const auto projectFile = ParserState().GetVirtualObject(scopename::kProjectFile)) {
-            modTolerances::SetTolerancePassValue(*projectFile, *m_criteria, true);
+            MeasureTolerances(*projectFile, /*isProjectFile=*/true);
         }
         if (m_project->ComponentErrors() > 0 || m_project->FileErrors() > 0 ||
             m_project->ReferenceErrors() > 0 || m_project->ScanErrors() > 0) {
@@ -247,12 +247,14 @@ ReviewStatus VB6ProjectReview::State_EndProject() {
         }
         ExecuteEventActions(dorvik::ParserEvent::EndProject);
         modProjectScope::DetachProject(ParserState());
+        TakeResultsLost();
         LogLine("Review end date: " + DateAndTime());
         LogLine("Review complete.");
         LogVerdict();
         // The end of a large project takes its time, before this and behind it.
         modHost::YieldToInput();
         m_resultsManager->EndReview(m_ruleEngine->RuleExecutionCount());
+        TakeResultsLost();  // the end itself may be
         if (m_criteria->ReportOption() > 0) {
             m_reports->CreateProjectReport(*m_project, *m_criteria, *m_progress);
         }
@@ -267,6 +269,14 @@ ReviewStatus VB6ProjectReview::State_EndProject() {
         status = ReviewStatus::IsProjectComplete;
     });
     return status;
+}
+
+void VB6ProjectReview::TakeResultsLost() {
+    const StoreFailures& failures = m_resultsManager->ResultsDB().Failures();
+    if (failures.Count() > 0) {
+        m_project->SetResultsLost({failures.Count(), failures.Reason()});
+        m_project->SetReviewStatus(1);
+    }
 }
 
 void VB6ProjectReview::ReleaseFromRules() {
@@ -291,6 +301,9 @@ void VB6ProjectReview::LogVerdict() {
     tell(m_project->ReferenceErrors(), " error(s) loading references.");
     tell(m_project->ScanErrors(), " error(s) extracting global names.");
     tell(m_project->FileErrors(), " error(s) reviewing source files.");
+    tell(
+        m_project->ResultsLost().Count,
+        " error(s) storing results: " + m_project->ResultsLost().Reason + ".");
 }
 
 }  // namespace dorvik

@@ -36,6 +36,12 @@ struct UnreviewedFile {
     bool IsStored = true;     // false: reviewed, but the results store took no row for it
 };
 
+/// What a review found and could not store.
+struct LostResults {
+    std::int32_t Count = 0;
+    std::string Reason;  // why the first one was lost; also why a review could not begin. Reads behind a colon
+};
+
 /// A Visual Basic project as its project file tells it, read as text. It owns its lists; each source
 /// file refers back to it without owning it, so a project neither moves nor is copied.
 class VirtualProject {
@@ -100,6 +106,9 @@ public:
     /// stay when the lists are dropped, for whoever tells the user afterwards.
     const std::vector<UnreviewedFile>& UnreviewedFiles() const { return m_unreviewedFiles; }
     void AddUnreviewedFile(UnreviewedFile file) { m_unreviewedFiles.push_back(std::move(file)); }
+    /// Without a count all that was found is stored. Stays as the list above does.
+    const LostResults& ResultsLost() const { return m_resultsLost; }
+    void SetResultsLost(LostResults lost) { m_resultsLost = std::move(lost); }
 
 private:
     /// Lines of the project file that name a source file, by kind.
@@ -161,6 +170,7 @@ private:
     std::int32_t m_reviewStatus = 0;
     ProjectLoadStatus m_loadStatus = ProjectLoadStatus::Good;
     std::vector<UnreviewedFile> m_unreviewedFiles;
+    LostResults m_resultsLost;
     int m_codePage;
 };
 

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <stdexcept>
 #include <stdlib.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -51,6 +52,11 @@ ProgramRun::ProgramRun(Settings settings)
         ::setenv("XDG_STATE_HOME", m_settings.StateFolder.c_str(), 1);
         if (!m_settings.TemporaryFolder.empty()) {
             ::setenv("TMPDIR", m_settings.TemporaryFolder.c_str(), 1);
+        }
+        if (m_settings.LargestFile > 0) {
+            const rlimit limit{m_settings.LargestFile, m_settings.LargestFile};
+            ::setrlimit(RLIMIT_FSIZE, &limit);
+            ::signal(SIGXFSZ, SIG_IGN);  // the write fails, and nothing else happens
         }
         if (::chdir(m_settings.WorkingFolder.c_str()) == 0) {
             ::execv(DORVIK_PROGRAM, arguments.data());

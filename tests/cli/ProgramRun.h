@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -18,6 +19,8 @@ public:
         std::chrono::seconds Patience{120};
         /// Of temporary files; empty: where the machine has them.
         std::string TemporaryFolder{};
+        /// No file may grow beyond so many bytes, as on a disk that is full; 0: no limit.
+        std::uint64_t LargestFile = 0;
     };
 
     /// Starts the program.

@@ -1,4 +1,4 @@
-// What is no results database, or names what is not in it: one sentence, and nothing is touched.
+// What is not a results database, or names what is not in it: one sentence, and nothing is touched.
 
 #include "cli/ResultsCommandFixture.h"
 
@@ -76,13 +76,13 @@ TEST_F(ResultsRefusal, WhatIsNoResultsDatabaseIsToldAndLeftAsItIs) {
         const char* Name;
         const char* Sentence;
     } rows[] = {
-        {"bad/text.mdb", "'bad/text.mdb' is no database"},
-        {"bad/empty.mdb", "'bad/empty.mdb' is no results database"},
-        {"bad/cut.mdb", "'bad/cut.mdb' is no database, or damaged"},
+        {"bad/text.mdb", "'bad/text.mdb' is not a database"},
+        {"bad/empty.mdb", "'bad/empty.mdb' is not a results database"},
+        {"bad/cut.mdb", "'bad/cut.mdb' is not a database, or it is damaged"},
         {"bad/old.mdb", "of version '6.01.0000' instead of '6.02.0000'; review the project again"},
-        {"bad/noversion.mdb", "'bad/noversion.mdb' is no results database"},
+        {"bad/noversion.mdb", "'bad/noversion.mdb' is not a results database"},
         {"bad/noreview.mdb", "'bad/noreview.mdb' holds no review"},
-        {"bad/other.mdb", "'bad/other.mdb' is no results database"},
+        {"bad/other.mdb", "'bad/other.mdb' is not a results database"},
     };
     for (const auto& row : rows) {
         const std::string before = Bytes(row.Name);
