@@ -2,7 +2,7 @@
 
 #include "base/BasicError.h"
 #include "base/DateTime.h"
-#include "base/modTextCase.h"
+#include "base/modUtf8.h"
 #include "criteria/ReviewCriteria.h"
 #include "foundation/LogFile.h"
 #include "foundation/Trap.h"
@@ -19,6 +19,7 @@
 #include "platform/modHost.h"
 #include "results/modResultsFilename.h"
 #include "rulebase/ViolationDefinition.h"
+#include "rulebase/modTextTags.h"
 #include "settings/DorvikData.h"
 #include "settings/modGlobal.h"
 #include "source/VirtualProject.h"
@@ -31,6 +32,7 @@ namespace dorvik {
 namespace {
 
 constexpr std::string_view kModule = "C_ResultsManager";
+constexpr std::string_view kCutMark = " ...";
 
 /// The object that owns the violations of a location; empty for a location without one.
 std::string_view OwnerName(Location location) {
@@ -52,6 +54,21 @@ std::string_view OwnerName(Location location) {
 bool HasSourceLine(Location location) {
     const std::string_view owner = OwnerName(location);
     return owner == scopename::kDeclarations || owner == scopename::kProcedure;
+}
+
+/// A text of more characters than that is cut, and marked.
+void Cut(std::string& text, std::size_t longest) {
+    if (text.size() > longest && modUtf8::Left(text, longest).size() < text.size()) {
+        text.resize(modUtf8::Left(text, ResultsManager::kCutLine).size());
+        text += kCutMark;
+    }
+}
+
+/// True where filling in a tag takes a text beyond the size that it may have.
+bool IsTooLarge(const std::string& text, const std::string& tag, const std::string& value) {
+    return value.size() > tag.size() &&
+           text.size() + modTextTags::CountPlaces(text, tag) * (value.size() - tag.size()) >
+               modTextTags::kLargestText;
 }
 
 /// A person reads these: paths are those of this machine.
@@ -196,6 +213,7 @@ void ResultsManager::RaiseViolation(
         violation.Advice =
             ChangeTagsToValues(advice.empty() ? std::string_view(definition.Advice()) : advice);
         MarkCurrentRule(origin.RuleID, "");
+        LimitTexts(violation);
         LogViolation(violation);
     });
     NoteViolation(raised);
@@ -204,6 +222,26 @@ void ResultsManager::RaiseViolation(
 void ResultsManager::NoteViolation(bool isStored) {
     if (!isStored) {
         m_resultsDB->NoteLoss("a violation could not be raised, as the log tells");
+    }
+}
+
+/// Each violation stores its line, and a text may quote it, so a long line with many violations would cost the
+/// square of its length.
+void ResultsManager::LimitTexts(Violation& violation) {
+    if (violation.SourceLine.empty()) {
+        return;
+    }
+    const std::shared_ptr<VirtualObject> file = m_parserState.GetVirtualObject(scopename::kFile);
+    if (const std::int32_t fileId = file ? file->ObjectID() : 0; fileId != m_countedFile) {
+        m_countedFile = fileId;
+        m_violationsOfLines.clear();
+    }
+    if (++m_violationsOfLines[violation.SourceLineNumber] > kWholeLines) {
+        Cut(violation.SourceLine, kCutLine);
+        Cut(violation.Description, kCutLine);
+        Cut(violation.Advice, kCutLine);
+    } else {
+        Cut(violation.SourceLine, kLongestWholeLine);
     }
 }
 
@@ -226,6 +264,7 @@ void ResultsManager::RaiseEndEventViolation(
         }
         violation.Description = ChangeTagsToValues(definition.Description());
         violation.Advice = ChangeTagsToValues(definition.Advice());
+        LimitTexts(violation);
         LogViolation(violation);
     });
     NoteViolation(raised);
@@ -257,7 +296,7 @@ std::string ResultsManager::ChangeTagsToValues(std::string_view text) {
     constexpr char kMark = '%';
     std::string working(text);
     std::string result(text);
-    while (true) {
+    for (std::size_t tags = 0;; ++tags) {
         const std::size_t first = working.find(kMark);
         const std::size_t second =
             first == std::string::npos ? first : working.find(kMark, first + 1);
@@ -270,11 +309,22 @@ std::string ResultsManager::ChangeTagsToValues(std::string_view text) {
         if (tag.find(' ') != std::string::npos || dot == std::string::npos || dot < 2) {
             return result;
         }
+        if (tags == modTextTags::kMostTags) {
+            DumpDebugPrint(
+                "More than " + std::to_string(tags) + " different tags; " + tag +
+                    " and any behind it stay as they stand.",
+                true);
+            return result;
+        }
         const std::string value = TagValue(tag);
         // The search runs on a copy in which a handled tag leaves no "%", so that a percent sign
         // inside a value is never taken for a tag.
-        working = modTextCase::ReplaceAll(working, tag, "@");
-        result = modTextCase::ReplaceAll(result, tag, value);
+        working = modTextTags::FillIn(working, tag, "@");
+        if (IsTooLarge(result, tag, value)) {
+            DumpDebugPrint("The text gets too large; " + tag + " stays as it stands.", true);
+        } else {
+            result = modTextTags::FillIn(result, tag, value);
+        }
     }
 }
 

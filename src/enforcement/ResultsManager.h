@@ -10,6 +10,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 namespace dorvik {
 
@@ -61,6 +62,13 @@ public:
     /// Leaves no results file behind. May be called again without harm.
     void AbortReview();
 
+    /// The first violations of a source line store it whole, unless it is longer than `kLongestWholeLine`
+    /// characters; any other stores its first `kCutLine` characters and " ..." behind them, also of the
+    /// other texts.
+    static constexpr std::int32_t kWholeLines = 63;
+    static constexpr std::size_t kLongestWholeLine = 32'768;
+    static constexpr std::size_t kCutLine = 1000;
+
     /// Raises a violation at the current source line. `advice` replaces the definition's unless empty.
     void RaiseViolation(
         const ViolationDefinition& definition, const Origin& origin, std::string_view advice);
@@ -82,7 +90,8 @@ public:
     bool IsClassName(std::string_view name) const;
     bool IsFormName(std::string_view name) const;
 
-    /// Replaces each "%Object.Property%" by the value of that property. Stops at the first malformed tag.
+    /// Replaces each "%Object.Property%" by the value of that property. Stops at the first malformed tag, and
+    /// at the bounds of `modTextTags`, which the review log tells.
     std::string ChangeTagsToValues(std::string_view text);
 
 private:
@@ -91,6 +100,7 @@ private:
     Violation MakeViolation(const ViolationDefinition& definition, const Origin& origin) const;
     void MarkCurrentRule(std::int32_t ruleId, std::string_view mark);
     std::string TagValue(std::string_view tag);
+    void LimitTexts(Violation& violation);
     void ReservePlace(const OutputPlace& place, const std::string& log);
     std::string ReasonIn(
         const BasicError& failure, std::string_view projectFile, const std::string& database) const;
@@ -101,6 +111,8 @@ private:
     VB6ParserState m_parserState;
     std::unique_ptr<dorvik::ResultsDB> m_resultsDB;
     VirtualProject* m_project = nullptr;
+    std::int32_t m_countedFile = 0;  // the `ObjectID` of the file whose lines these are
+    std::unordered_map<std::int32_t, std::int32_t> m_violationsOfLines;
 };
 
 }  // namespace dorvik

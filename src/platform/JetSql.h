@@ -27,7 +27,7 @@ struct JetToken {
 
 /// An SQL text cut into tokens. The views point into the text that was cut.
 struct JetTokens {
-    std::vector<JetToken> Tokens;      // the last one is of kind End
+    std::vector<JetToken> Tokens;    // the last one is of kind End
     SqlValues Literals;              // with the values of parameters, in their order of appearance
     std::string Shape;               // equal for texts that differ only in literals and blanks
     bool HasOnlyParameters = false;  // no literal stands in the text itself

@@ -92,7 +92,8 @@ void BatchReport::WriteProjects() {
 void BatchReport::WriteProject(const VirtualProject& project) {
     const std::string name = modUtilFunctions::FilenameFromFullPathName(project.Filename());
     m_html.StartTag("tr");
-    if (m_engine.OpenResultsDatabase(project, m_criteria, m_results)) {
+    if (m_engine.OpenResultsDatabase(project, m_criteria, m_results) &&
+        !m_results->GetReviewData().End.IsZero()) {
         WriteReviewedProject(project, name);
     } else {
         WriteFailedProject(name);

@@ -36,6 +36,9 @@ std::size_t FailedFiles(const ModernReportData& data) {
 }
 
 Verdict VerdictOf(const ModernReportData& data) {
+    if (data.Review.End.IsZero()) {
+        return {"none", "No verdict", "The results are incomplete."};
+    }
     if (!data.HasTolerances) {
         return {"none", "No verdict", "The rulebase of this review sets no tolerances."};
     }

@@ -73,7 +73,8 @@ void ProjectReport::ReadReview() {
     m_project = m_results.GetProjectDetails(/*ignoreFilter=*/true);
     m_violations = m_results.GetViolationStats(kProjectItem, m_project.ObjectID);
     m_lines = m_results.GetLineStats(kProjectItem, m_project.ObjectID);
-    m_tolerancesSet = ReportsEngine::TolerancesSet(m_criteria.Tolerances);
+    // A review without an end is incomplete, and shows no verdict.
+    m_tolerancesSet = !m_review.End.IsZero() && ReportsEngine::TolerancesSet(m_criteria.Tolerances);
     if (m_tolerancesSet) {
         m_passed = m_results.TolerancePass(kProjectItem, 0, m_failures);
     }

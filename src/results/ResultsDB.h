@@ -274,7 +274,7 @@ private:
     int m_openTraps = 0;
     bool m_hasFailed = false;  // one of these
     bool m_keepsKnownFaults = false;
-    bool m_isKnownFault = false;      // what failed last failed for being a known fault
+    bool m_isKnownFault = false;     // what failed last failed for being a known fault
     std::int32_t m_knownFaults = 0;  // among the failures
     std::optional<std::string> m_foundVersion;
     bool m_databaseOpen = false;

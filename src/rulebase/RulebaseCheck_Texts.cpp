@@ -70,6 +70,13 @@ void RulebaseCheck::CheckText(
     for (const TextTag& tag : found.Tags) {
         CheckProperty(tag.Object, tag.Property, events, tag.Text(), at);
     }
+    if (found.HasMore) {
+        Tell(
+            at,
+            FaultKind::Tag,
+            "only the first " + std::to_string(modTextTags::kMostTags) +
+                " different tags are filled in; any other stays as it stands");
+    }
     if (!found.Unreached.empty()) {
         Tell(
             at,

@@ -39,7 +39,8 @@ struct UnreviewedFile {
 /// What a review found and could not store.
 struct LostResults {
     std::int32_t Count = 0;
-    std::string Reason;  // why the first one was lost; also why a review could not begin. Reads behind a colon
+    std::string
+        Reason;  // why the first one was lost; also why a review could not begin. Reads behind a colon
 };
 
 /// A Visual Basic project as its project file tells it, read as text. It owns its lists; each source

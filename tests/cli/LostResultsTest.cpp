@@ -1,10 +1,10 @@
 #include "cli/CommandLineFixture.h"
 
 #include <gmock/gmock.h>
-#include <rapidjson/document.h>
 #include <sqlite3.h>
 
 #include <chrono>
+#include <rapidjson/document.h>
 #include <thread>
 
 namespace dorvik::test {
@@ -71,7 +71,8 @@ TEST_F(LostResults, AFullDiskGivesNoVerdictButTheReasonAndExitCode3) {
     EXPECT_THAT(result.Output, Not(HasSubstr("passed")));
     EXPECT_THAT(
         result.Output,
-        AllOf(HasSubstr("Verdict     none: "), HasSubstr("results could not be stored: no room is")));
+        AllOf(
+            HasSubstr("Verdict     none: "), HasSubstr("results could not be stored: no room is")));
     EXPECT_THAT(
         result.Errors(),
         ElementsAre(AllOf(
@@ -82,8 +83,7 @@ TEST_F(LostResults, AFullDiskGivesNoVerdictButTheReasonAndExitCode3) {
 
 TEST_F(LostResults, ALaterReaderSeesThatTheResultsAreIncomplete) {
     ReviewOnAFullDisk();
-    const int stored =
-        std::stoi(Query(kDatabase, "SELECT Count(ViolationID) FROM Violations"));
+    const int stored = std::stoi(Query(kDatabase, "SELECT Count(ViolationID) FROM Violations"));
     EXPECT_GT(stored, 0);
     EXPECT_LT(stored, kViolations);
     const ProgramResult summary = Run({"results", kDatabase, "summary"});
@@ -98,8 +98,7 @@ TEST_F(LostResults, ALaterReaderSeesThatTheResultsAreIncomplete) {
     json.Parse(Run({"results", kDatabase, "tolerances", "--json"}).Output.c_str());
     ASSERT_TRUE(json.IsObject());
     EXPECT_TRUE(json["passed"].IsNull());
-    EXPECT_THAT(
-        Run({"results", kDatabase, "summary", "--csv"}).Output, Not(HasSubstr(",true,")));
+    EXPECT_THAT(Run({"results", kDatabase, "summary", "--csv"}).Output, Not(HasSubstr(",true,")));
     const ProgramResult report = Run({"report", kDatabase});
     EXPECT_EQ(report.ExitCode, 2);
     EXPECT_THAT(report.Error, HasSubstr("are incomplete"));
@@ -107,14 +106,18 @@ TEST_F(LostResults, ALaterReaderSeesThatTheResultsAreIncomplete) {
 }
 
 TEST_F(LostResults, PagesOfSuchAReviewShowNoVerdict) {
-    ReviewOnAFullDisk({"--report", "summary", "--report-style", "modern"});
+    ReviewOnAFullDisk({"--report", "detailed", "--report-style", "modern", "--batch-title", "All"});
+    int pages = 0;
     for (const auto& entry : fs::directory_iterator(Work("out"))) {
         if (entry.path().extension() == ".html" || entry.path().extension() == ".htm") {
+            ++pages;
             const std::string page = Bytes("out/" + entry.path().filename().string());
             EXPECT_THAT(page, Not(HasSubstr("&nbsp;Pass&nbsp;"))) << entry.path();
+            EXPECT_THAT(page, Not(HasSubstr("class=\"pass\">Pass"))) << entry.path();
             EXPECT_THAT(page, Not(HasSubstr("class=\"verdict pass"))) << entry.path();
         }
     }
+    EXPECT_GE(pages, 3);
 }
 
 // Another program that writes to the database for two seconds.

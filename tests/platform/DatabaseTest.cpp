@@ -131,8 +131,7 @@ public:
             sqlite3* engine = nullptr;
             const bool isAsked = read(m_begin[0], &mark, 1) == 1;
             sqlite3_open(modFiles::HostPath(path).c_str(), &engine);
-            const int code =
-                sqlite3_exec(engine, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
+            const int code = sqlite3_exec(engine, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
             const bool isTold = write(m_ready[1], "!", 1) == 1;
             std::this_thread::sleep_for(time);
             _exit(isAsked && isTold ? code : 1);

@@ -4,6 +4,7 @@
 #include "platform/Database.h"
 #include "platform/IMessageBox.h"
 #include "rulebase/ViolationDefinition.h"
+#include "rulebase/modTextTags.h"
 #include "settings/DorvikData.h"
 #include "settings/modGlobal.h"
 #include "support/CapturedLog.h"
@@ -82,6 +83,37 @@ TEST_F(TagTest, UnknownPropertyCostsALineInTheLogAndIsReplacedByNothing) {
 TEST_F(TagTest, TagThatAppearsTwiceIsLookedUpOnce) {
     EXPECT_EQ(Expand("%Nobody.Name%, %NOBODY.name%"), ", ");
     EXPECT_EQ(m_log.Lines().size(), 1U);
+}
+
+// Each tag that is looked up costs a line of the log here, so the lines count the work.
+TEST_F(TagTest, TagsBeyondTheMostStayAsTheyStandWhichTheLogTells) {
+    const auto text = [](std::size_t tags) {
+        std::string result;
+        for (std::size_t tag = 0; tag < tags; ++tag) {
+            result += "%Nobody.N" + std::to_string(tag) + "%";
+        }
+        return result;
+    };
+    EXPECT_EQ(Expand(text(modTextTags::kMostTags)), "");
+    EXPECT_EQ(m_log.Lines().size(), modTextTags::kMostTags);
+    for (const std::size_t tags : {200U, 2000U, 20000U}) {
+        m_log.Clear();
+        EXPECT_EQ(Expand(text(tags)), text(tags).substr(text(modTextTags::kMostTags).size()));
+        EXPECT_EQ(m_log.Lines().size(), modTextTags::kMostTags + 1);
+        EXPECT_TRUE(
+            m_log.Contains("More than 100 different tags; %Nobody.N100% and any behind it"));
+    }
+}
+
+TEST_F(TagTest, ATagThatMakesTheTextTooLargeStaysAndTheOthersAreFilledIn) {
+    const std::string large(modTextTags::kLargestText / 2, 'x');
+    m_manager.ParserState().GetVirtualObject("Procedure")->Properties().Add("Large", large, false);
+    EXPECT_EQ(Expand("%Procedure.Large%%Procedure.Name%"), large + "Work");
+    EXPECT_THAT(m_log.Lines(), testing::IsEmpty());
+    EXPECT_EQ(
+        Expand("%Procedure.Large%, %Procedure.Large%, %Procedure.Name%"),
+        "%Procedure.Large%, %Procedure.Large%, Work");
+    EXPECT_TRUE(m_log.Contains("The text gets too large; %Procedure.Large% stays as it stands."));
 }
 
 TEST_F(TagTest, DebugPrintWithPrefixNamesEventAndRule) {
@@ -253,6 +285,61 @@ TEST(ResultsManager, ReviewLogGrowsUnlessItIsToBeCleared) {
     run.Criteria().SetClearLogBeforeReview(true);
     run.Run();
     EXPECT_EQ(run.Log("P").size(), lines);
+}
+
+/// A module whose line 3 breaks so many rules.
+std::vector<std::string>
+TextsOfViolations(const std::string& line, int rules, const std::string& column = "SourceLine") {
+    ReviewRun run;
+    std::vector<test::KeywordRule> keywords;
+    for (int rule = 0; rule < rules; ++rule) {
+        keywords.push_back({"Rule " + std::to_string(rule), "forbidden", {30}});
+        keywords.back().Description = "In %Source.PhysicalLine%";
+    }
+    run.SetRules(keywords);
+    run.AddProject("P.vbp", "Module=modA; modA.bas\nModule=modB; modB.bas\nType=Exe\nName=\"P\"\n");
+    run.AddFile("modA.bas", ModuleWith("modA", line));
+    run.AddFile("modB.bas", ModuleWith("modB", line));
+    run.Run();
+    return run.Query("P", "SELECT " + column + " FROM Violations ORDER BY ViolationID");
+}
+
+TEST(ViolationsOfOneLine, FromThe64thOnTheirLineIsCutAndMarkedInEachFile) {
+    const std::string line = "    forbidden '" + std::string(2000, 'x');
+    const std::vector<std::string> lines = TextsOfViolations(line, 70);
+    const std::vector<std::string> texts = TextsOfViolations(line, 70, "Description");
+    ASSERT_EQ(lines.size(), 140U);
+    ASSERT_EQ(texts.size(), 140U);
+    const std::string text = "In " + line;
+    for (std::size_t violation = 0; violation < lines.size(); ++violation) {
+        const bool isWhole = violation % 70 < 63;
+        EXPECT_EQ(lines[violation], isWhole ? line : line.substr(0, 1000) + " ...") << violation;
+        EXPECT_EQ(texts[violation], isWhole ? text : text.substr(0, 1000) + " ...") << violation;
+    }
+}
+
+TEST(ViolationsOfOneLine, ALineIsCutAtItsCharactersAndAShortOneNotAtAll) {
+    EXPECT_EQ(TextsOfViolations("    forbidden", 64).at(63), "    forbidden");
+    const std::string whole =
+        "    forbidden '" + std::string(ResultsManager::kLongestWholeLine - 15, 'x');
+    EXPECT_EQ(TextsOfViolations(whole, 1).at(0), whole);
+    EXPECT_EQ(TextsOfViolations(whole + "x", 1).at(0), whole.substr(0, 1000) + " ...");
+}
+
+// The square of the length was stored for a line of many violations.
+TEST(ViolationsOfOneLine, TheStoredTextGrowsWithTheNumberOfViolationsAndNotWithTheirLineToo) {
+    const auto stored = [](int rules) {
+        std::size_t bytes = 0;
+        const std::string line =
+            "    forbidden '" + std::string(static_cast<std::size_t>(rules) * 100, 'x');
+        for (const std::string& text : TextsOfViolations(line, rules)) {
+            bytes += text.size();
+        }
+        return bytes;
+    };
+    // The first 63 of each file store it whole, the others a text of 1,004 characters.
+    EXPECT_EQ(stored(150), 2 * (63 * (15'000U + 15) + 87 * 1004));
+    EXPECT_EQ(stored(300), 2 * (63 * (30'000U + 15) + 237 * 1004));
 }
 
 }  // namespace

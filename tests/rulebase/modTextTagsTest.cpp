@@ -1,5 +1,7 @@
 #include "rulebase/modTextTags.h"
 
+#include "base/modTextCase.h"
+
 #include <gtest/gtest.h>
 
 namespace dorvik {
@@ -47,6 +49,43 @@ TEST(modTextTags, TheFirstPairOfPercentSignsThatIsNoTagEndsTheSearch) {
     ASSERT_EQ(found.Unreached.size(), 2U);
     EXPECT_EQ(found.Unreached.front().Text(), "%C.D%");
     EXPECT_EQ(found.Unreached.back().Text(), "%E.F%");
+}
+
+TEST(modTextTags, TheFirstTagThatIsOneTooManyEndsTheSearch) {
+    std::string text;
+    for (std::size_t tag = 0; tag < modTextTags::kMostTags; ++tag) {
+        text += "%A.B" + std::to_string(tag) + "%";
+    }
+    EXPECT_EQ(modTextTags::Find(text + text).Tags.size(), modTextTags::kMostTags);
+    EXPECT_FALSE(modTextTags::Find(text + text).HasMore);
+    const auto found = modTextTags::Find(text + "%C.D%" + text);
+    EXPECT_EQ(found.Tags.size(), modTextTags::kMostTags);
+    EXPECT_TRUE(found.HasMore);
+}
+
+// As a replacement of text would do it, only that no other place than a percent sign is looked at.
+TEST(modTextTags, ATagIsFilledInWhereverItStandsInAnyCase) {
+    const struct {
+        const char* Text;
+        const char* Filled;
+        std::size_t Places;
+    } rows[] = {
+        {"", "", 0},
+        {"%A.b%", "x", 1},
+        {"%a.B%%A.b%", "xx", 2},
+        {"%A.b%A.b%", "xA.b%", 1},
+        {"5%A.b%", "5x", 1},
+        {"%%A.b%", "%x", 1},
+        {"%A.c%A.b%", "%A.cx", 1},
+        {"%A.b %A.b", "%A.b %A.b", 0},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(modTextTags::FillIn(row.Text, "%A.b%", "x"), row.Filled) << row.Text;
+        EXPECT_EQ(
+            modTextTags::FillIn(row.Text, "%A.b%", "x"),
+            modTextCase::ReplaceAll(row.Text, "%A.b%", "x"));
+        EXPECT_EQ(modTextTags::CountPlaces(row.Text, "%A.b%"), row.Places) << row.Text;
+    }
 }
 
 TEST(modTextTags, SplitsAtTheFirstPoint) {
