@@ -22,14 +22,14 @@ class ReportsInReview : public testing::Test {
 protected:
     ReportsInReview() {
         m_run.SetRules({{"No Stop", R"(\bStop\b)"}});
-        m_run.AddProject("A.vbp", "Module=modA; modA.bas\nName=\"A\"\n");
+        m_run.AddProject("A.vbp", "Type=Exe\nModule=modA; modA.bas\nName=\"A\"\n");
         m_run.AddFile("modA.bas", ModuleWith("modA", "    Stop\n"));
         m_run.Criteria().SetUseProjectFolderReports(true);
         m_run.Criteria().SetReportOption(1);
     }
 
     void AddSecondProject() {
-        m_run.AddProject("B.vbp", "Module=modB; modB.bas\nName=\"B\"\n");
+        m_run.AddProject("B.vbp", "Type=Exe\nModule=modB; modB.bas\nName=\"B\"\n");
         m_run.AddFile("modB.bas", ModuleWith("modB", "    Beep\n"));
     }
     void MakeBatch() {
@@ -79,7 +79,8 @@ TEST_F(ReportsInReview, AFileThatCannotBeReadIsAnErrorWithoutAPage) {
     m_run.Criteria().SetReportOption(2);
     m_run.AddProject(
         "C.vbp",
-        "Module=modA; modA.bas\nModule=modLost; modLost.bas\nForm=frmLost.frm\nName=\"C\"\n");
+        "Type=Exe\nModule=modA; modA.bas\nModule=modLost; "
+        "modLost.bas\nForm=frmLost.frm\nName=\"C\"\n");
     EXPECT_EQ(m_run.Run(), SliceResult::Complete);
     const std::string page = Page("C_Dorvik.html");
     for (const std::string file : {"modLost.bas", "frmLost.frm"}) {
@@ -113,7 +114,8 @@ TEST_F(ReportsInReview, ProgressShowsTheReportsAndStaysWithinAHundredPercent) {
 TEST_F(ReportsInReview, DetailedReportsToComeAreOneForEachSelectedFileAndThatOfTheProject) {
     m_run.AddProject(
         "D.vbp",
-        "Module=modA; modA.bas\nModule=modD; modD.bas\nModule=modE; modE.bas\nName=\"D\"\n");
+        "Type=Exe\nModule=modA; modA.bas\nModule=modD; modD.bas\nModule=modE; "
+        "modE.bas\nName=\"D\"\n");
     m_run.AddFile("modD.bas", ModuleWith("modD", ""));
     m_run.AddFile("modE.bas", ModuleWith("modE", ""));
     for (const auto& [option, expected] : {std::pair{2, std::vector{2, 4}}, {1, std::vector{0}}}) {

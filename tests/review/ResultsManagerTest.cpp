@@ -298,8 +298,8 @@ TextsOfViolations(const std::string& line, int rules, const std::string& column 
     }
     run.SetRules(keywords);
     run.AddProject("P.vbp", "Module=modA; modA.bas\nModule=modB; modB.bas\nType=Exe\nName=\"P\"\n");
-    run.AddFile("modA.bas", ModuleWith("modA", line));
-    run.AddFile("modB.bas", ModuleWith("modB", line));
+    run.AddFile("modA.bas", ModuleWith("modA", line + "\n"));
+    run.AddFile("modB.bas", ModuleWith("modB", line + "\n"));
     run.Run();
     return run.Query("P", "SELECT " + column + " FROM Violations ORDER BY ViolationID");
 }
