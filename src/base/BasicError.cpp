@@ -46,6 +46,7 @@ constexpr std::pair<std::int32_t, const char*> kTexts[] = {
     {92, "For loop not initialized"},
     {93, "Invalid pattern string"},
     {94, "Invalid use of Null"},
+    {321, "Invalid file format"},
     {380, "Invalid property value"},
     {422, "Property not found"},
     {423, "Property or method not found"},

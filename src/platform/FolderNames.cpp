@@ -3,6 +3,7 @@
 #include "base/modTextCase.h"
 #include "base/modUtf8.h"
 #include "platform/modEncoding.h"
+#include "platform/modHostFolder.h"
 
 #include <algorithm>
 #include <ctime>
@@ -32,10 +33,9 @@ bool LiesBack(std::int64_t changed) {
 
 FolderNames::FolderNames(const std::filesystem::path& folder, int codePage)
     : m_folder(folder), m_version(VersionOf(folder)), m_isSettled(LiesBack(m_version.Changed)) {
-    std::error_code error;
-    std::filesystem::directory_iterator entry(folder, error);
-    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
-        std::string name = entry->path().filename().string();
+    std::error_code ignored;
+    for (modHostFolder::Entry& entry : modHostFolder::Entries(folder, ignored)) {
+        std::string& name = entry.Name;
         std::string key = modTextCase::ToLower(
             modUtf8::IsValid(name) ? name : modEncoding::DecodeByPage(name, codePage));
         m_names[std::move(key)].push_back(std::move(name));

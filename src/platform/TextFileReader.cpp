@@ -14,12 +14,38 @@ std::size_t NextPlace(std::string_view text, char sought, std::size_t from) {
     return std::min(text.find(sought, from), text.size());
 }
 
+/// From the bytes of a file to its text. A file of plain ASCII stays where it is.
+void DecodeFile(std::string& bytes, std::string_view path, int codePage) {
+    using modTextForm::TextForm;
+    const TextForm form = modTextForm::Recognise(bytes);
+    switch (form) {
+        case TextForm::Utf32:
+        case TextForm::Binary: throw UnreadableText(form, path);
+        case TextForm::Utf16Little:
+        case TextForm::Utf16Big:
+            if (!modEncoding::HasMark(bytes)) {
+                bytes = modEncoding::DecodeUtf16(bytes, form == TextForm::Utf16Big);
+                return;
+            }
+            break;
+        case TextForm::Bytes: break;
+    }
+    modEncoding::DecodeInPlace(bytes, codePage);
+}
+
 }  // namespace
+
+UnreadableText::UnreadableText(modTextForm::TextForm form, std::string_view path)
+    : BasicError(
+          runtimeerror::kInvalidFileFormat,
+          RuntimeErrorText(runtimeerror::kInvalidFileFormat) + ": '" + std::string(path) + "' " +
+              std::string(modTextForm::WhyUnreadable(form))),
+      m_form(form) {}
 
 TextFileReader::TextFileReader(std::string_view path, int codePage)
     : m_text(modFiles::ReadBytes(path, codePage)),
       m_size(static_cast<std::int64_t>(m_text.size())) {
-    modEncoding::DecodeInPlace(m_text, codePage);
+    DecodeFile(m_text, path, codePage);
     m_nextReturn = NextPlace(m_text, '\r', 0);
     m_nextFeed = NextPlace(m_text, '\n', 0);
 }

@@ -117,6 +117,25 @@ bool IsLowSurrogate(char32_t unit) {
     return unit >= 0xDC00 && unit < 0xE000;
 }
 
+void CheckCodePage(int codePage) {
+    if (!IsKnownCodePage(codePage)) {
+        RaiseRuntimeError(
+            runtimeerror::kInvalidProcedureCall, "code page " + std::to_string(codePage));
+    }
+}
+
+}  // namespace
+
+bool IsKnownCodePage(int codePage) {
+    return codePage == kUtf8CodePage || FindCodePageTable(codePage) != nullptr ||
+           DoubleBytePage::Find(codePage) != nullptr;
+}
+
+bool HasMark(std::string_view bytes) {
+    return bytes.starts_with(kUtf8Mark) || bytes.starts_with(kUtf16LittleMark) ||
+           bytes.starts_with(kUtf16BigMark);
+}
+
 std::string DecodeUtf16(std::string_view bytes, bool isBigEndian) {
     const UnitSequence units(bytes, isBigEndian);
     std::string text;
@@ -140,25 +159,6 @@ std::string DecodeUtf16(std::string_view bytes, bool isBigEndian) {
         modUtf8::Append(text, kReplacement);
     }
     return text;
-}
-
-bool HasMark(std::string_view bytes) {
-    return bytes.starts_with(kUtf8Mark) || bytes.starts_with(kUtf16LittleMark) ||
-           bytes.starts_with(kUtf16BigMark);
-}
-
-void CheckCodePage(int codePage) {
-    if (!IsKnownCodePage(codePage)) {
-        RaiseRuntimeError(
-            runtimeerror::kInvalidProcedureCall, "code page " + std::to_string(codePage));
-    }
-}
-
-}  // namespace
-
-bool IsKnownCodePage(int codePage) {
-    return codePage == kUtf8CodePage || FindCodePageTable(codePage) != nullptr ||
-           DoubleBytePage::Find(codePage) != nullptr;
 }
 
 std::string DecodeByPage(std::string_view bytes, int codePage) {

@@ -15,9 +15,15 @@ inline constexpr int kDefaultCodePage = 1252;
 
 bool IsKnownCodePage(int codePage);
 
+/// Whether the bytes begin with the byte order mark of UTF-8 or of UTF-16.
+bool HasMark(std::string_view bytes);
+
 /// The text of a whole file. A byte order mark (UTF-8, UTF-16 in either byte order) wins over the
 /// code page and is never part of the text. Raises `kInvalidProcedureCall` for an unknown code page.
 std::string Decode(std::string_view bytes, int codePage);
+
+/// UTF-16 without a mark, or behind one. An odd byte at the end is U+FFFD.
+std::string DecodeUtf16(std::string_view bytes, bool isBigEndian);
 
 /// As `Decode`, but ASCII text stays where it is, so that a large file is not held twice.
 void DecodeInPlace(std::string& bytes, int codePage);

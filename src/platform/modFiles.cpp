@@ -8,6 +8,7 @@
 #include "platform/HostPathSearch.h"
 #include "platform/OutputRefusal.h"
 #include "platform/modEncoding.h"
+#include "platform/modHostFolder.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -182,15 +183,13 @@ std::vector<FolderEntry> FolderEntries(std::string_view folder, int codePage) {
     const fs::path host = PossibleHostPath(folder, codePage);
     std::vector<FolderEntry> entries;
     std::error_code error;
-    fs::directory_iterator entry(host, error);
-    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
-        std::string name = entry->path().filename().string();
+    for (modHostFolder::Entry& entry : modHostFolder::Entries(host, error)) {
         std::error_code ignored;
-        const bool isHidden = name.starts_with('.');
+        const bool isFolder =
+            entry.IsFolder ? *entry.IsFolder : fs::is_directory(host / entry.Name, ignored);
+        const bool isHidden = entry.Name.starts_with('.');
         entries.push_back(
-            {TextOfName(std::move(name), EffectiveCodePage(codePage)),
-             entry->is_directory(ignored),
-             isHidden});
+            {TextOfName(std::move(entry.Name), EffectiveCodePage(codePage)), isFolder, isHidden});
     }
     if (error) {
         const bool isMissing = error.value() == ENOENT;

@@ -1,6 +1,7 @@
 #include "platform/modPrivateFolder.h"
 
 #include "platform/modFiles.h"
+#include "platform/modHostFolder.h"
 
 #include <cerrno>
 #include <charconv>
@@ -49,9 +50,9 @@ bool IsOld(const fs::path& folder) {
 
 bool HoldsNothingBut(const fs::path& folder, std::string_view filename) {
     std::error_code error;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error)) {
-        if (entry->path().filename() != filename || !entry->is_regular_file(error)) {
+    for (const modHostFolder::Entry& entry : modHostFolder::Entries(folder, error)) {
+        std::error_code ofEntry;
+        if (entry.Name != filename || !fs::is_regular_file(folder / entry.Name, ofEntry)) {
             return false;
         }
     }
@@ -60,14 +61,18 @@ bool HoldsNothingBut(const fs::path& folder, std::string_view filename) {
 
 std::vector<fs::path> AbandonedFolders(const fs::path& parent, std::string_view prefix) {
     std::vector<fs::path> folders;
-    std::error_code error;
-    for (fs::directory_iterator entry(parent, error), end; !error && entry != end;
-         entry.increment(error)) {
-        const auto process = ProcessIn(entry->path().filename().string(), prefix);
+    std::error_code ignored;
+    for (const modHostFolder::Entry& entry : modHostFolder::Entries(parent, ignored)) {
+        const auto process = ProcessIn(entry.Name, prefix);
+        if (!process) {
+            continue;
+        }
+        const fs::path folder = parent / entry.Name;
         std::error_code ofEntry;
-        const bool isFolder = entry->symlink_status(ofEntry).type() == fs::file_type::directory;
-        if (process && isFolder && IsGone(*process) && IsOld(entry->path())) {
-            folders.push_back(entry->path());
+        const bool isFolder =
+            fs::symlink_status(folder, ofEntry).type() == fs::file_type::directory;
+        if (isFolder && IsGone(*process) && IsOld(folder)) {
+            folders.push_back(folder);
         }
     }
     return folders;

@@ -190,18 +190,19 @@ TEST_F(TextFileReaderTest, FileIsNotHeldOpenWhileItsLinesAreRead) {
     EXPECT_EQ(reader.ReadLine(), "b");
 }
 
-TEST_F(TextFileReaderTest, FileOfNulsIsOneLine) {
+TEST_F(TextFileReaderTest, BlockOfNulsIsOneLine) {
     const std::string nuls(5000, '\0');
-    EXPECT_THAT(Lines(nuls), ElementsAre(nuls));
     EXPECT_THAT(Lines("a\r\n" + nuls + "\r\nb"), ElementsAre("a", nuls, "b"));
 }
 
-TEST_F(TextFileReaderTest, BinaryDataIsReadToItsEndInEveryCodePage) {
+TEST_F(TextFileReaderTest, StrayBytesAreReadToTheEndOfTheFileInEveryCodePage) {
     std::string bytes;
     std::uint32_t state = 12345;
     for (int count = 0; count < 50'000; ++count) {
         state = state * 1664525U + 1013904223U;
-        bytes += static_cast<char>(state >> 24U);
+        const auto byte = static_cast<unsigned char>(state >> 24U);
+        // Of the control characters, the tenth part of what is no text at all.
+        bytes += byte < 0x20 && count % 10 != 0 ? 'x' : static_cast<char>(byte);
     }
     for (const int codePage : {1252, 65001, 932, 936, 949, 950}) {
         for (const std::string& line : Lines(bytes, codePage)) {
@@ -288,6 +289,33 @@ TEST_F(TextFileReaderTest, FolderInPlaceOfAFileRaisesPathFileAccessError) {
 TEST_F(TextFileReaderTest, NameOnDiskInTheCodePageOfTheFileIsFound) {
     std::ofstream(m_folder.HostPath() / "\x95\x5C\x8E\xA6.bas") << "x";
     EXPECT_THAT(LinesOf(m_folder.Path() + "表示.bas", 932), ElementsAre("x"));
+}
+
+TEST_F(TextFileReaderTest, Utf16WithoutAMarkIsReadInBothByteOrders) {
+    EXPECT_THAT(Lines("x\0\r\0\n\0\xE9\0y\0z\0"s), ElementsAre("x", "\xC3\xA9yz"));
+    EXPECT_THAT(Lines("\0x\0\r\0\n\0\xE9\0y\0z"s), ElementsAre("x", "\xC3\xA9yz"));
+}
+
+TEST_F(TextFileReaderTest, WhatIsNoTextItCanReadIsRefusedWithItsForm) {
+    const auto formOf = [&](const std::string& bytes) {
+        try {
+            const TextFileReader reader(Put(bytes), 1252);
+        } catch (const UnreadableText& error) {
+            EXPECT_EQ(error.Number(), 321);
+            EXPECT_THAT(error.what(), testing::HasSubstr("file.txt"));
+            return error.Form();
+        }
+        return modTextForm::TextForm::Bytes;
+    };
+    EXPECT_EQ(formOf("x\0\0\0y\0\0\0"s), modTextForm::TextForm::Utf32);
+    EXPECT_EQ(formOf(std::string(100, '\0')), modTextForm::TextForm::Binary);
+}
+
+TEST_F(TextFileReaderTest, SaysWhetherItsTextContainsSomething) {
+    const TextFileReader reader(Put("a\fb\xA0"), 1252);
+    EXPECT_TRUE(reader.Contains("\f"));
+    EXPECT_TRUE(reader.Contains("\xC2\xA0"));
+    EXPECT_FALSE(reader.Contains("\0"s));
 }
 
 }  // namespace
