@@ -3,9 +3,11 @@
 #include "MeasuredProcess.h"
 #include "MeasuredReview.h"
 #include "ProjectGenerator.h"
+#include "criteria/ReviewCriteria.h"
 #include "platform/modFiles.h"
 #include "review/IProjectEventListener.h"
 #include "review/ProjectEventWalk.h"
+#include "settings/DVKWorkData.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -26,6 +28,7 @@ public:
         ++m_events;
     }
     void FileFailed(const VirtualSourceFile&) override { m_failed = true; }
+    void LayoutCut(const VirtualSourceFile&, const LayoutFault&) override { m_failed = true; }
     bool StopRequested() override { return false; }
     bool Succeeded() const { return !m_failed && m_events > 0; }
 
@@ -40,7 +43,8 @@ bool WalkEvents(const std::string& projectFile) {
         return false;
     }
     EventCounter counter;
-    return ProjectEventWalk(project, counter).Run() && counter.Succeeded();
+    return ProjectEventWalk(project, ReviewCriteria(DVKWorkData()), counter).Run() &&
+           counter.Succeeded();
 }
 
 void PrintRow(

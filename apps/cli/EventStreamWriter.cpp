@@ -1,6 +1,7 @@
 #include "cli/EventStreamWriter.h"
 
 #include "cli/Console.h"
+#include "cli/ProjectStatusText.h"
 #include "parser/ScopeName.h"
 #include "parser/VBParserEvents.h"
 #include "source/VirtualObject.h"
@@ -192,12 +193,23 @@ void EventStreamWriter::EventFired(
 }
 
 void EventStreamWriter::FileFailed(const VirtualSourceFile& file) {
-    ++m_failedFiles;
+    m_isComplete = false;
     Flush();
-    const bool opened = file.ReviewStatus() == SourceFileStatus::Good;
+    const bool opened = file.ReviewStatus() == SourceFileStatus::Good || file.ReadingFailed();
+    std::string text = opened ? "could not be read to its end" : "could not be opened";
+    if (!file.Unreadable().empty()) {
+        text = file.Unreadable();
+    } else if (const auto& fault = file.FoundLayoutFault()) {
+        text += ", because " + fault->Clause();
+    }
     modConsole::PrintError(
-        "the source file '" + modConsole::ShownPath(file.Filename()) +
-        (opened ? "' could not be read to its end" : "' could not be opened"));
+        "the source file '" + modConsole::ShownPath(file.Filename()) + "' " + text);
+}
+
+void EventStreamWriter::LayoutCut(const VirtualSourceFile& file, const LayoutFault& fault) {
+    m_isComplete = false;
+    Flush();
+    modConsole::PrintError(CutLayoutText(file.Filename(), fault));
 }
 
 bool EventStreamWriter::StopRequested() {

@@ -23,9 +23,11 @@ public:
         const VB6ParserState& state,
         const VirtualSourceFile* file) override;
     void FileFailed(const VirtualSourceFile& file) override;
+    void LayoutCut(const VirtualSourceFile& file, const LayoutFault& fault) override;
     bool StopRequested() override;
 
-    int FailedFiles() const { return m_failedFiles; }
+    /// False if a file, or a layout, was not read to its end.
+    bool IsComplete() const { return m_isComplete; }
 
 private:
     void Flush();
@@ -34,7 +36,7 @@ private:
     std::string m_pending;  // lines not yet written
     const VirtualSourceFile* m_file = nullptr;
     std::string m_shownFile;
-    int m_failedFiles = 0;
+    bool m_isComplete = true;
 };
 
 }  // namespace dorvik

@@ -7,6 +7,7 @@
 #include "cli/ProjectStatusText.h"
 #include "foundation/LogFile.h"
 #include "foundation/modLog.h"
+#include "criteria/ReviewCriteria.h"
 #include "platform/modFiles.h"
 #include "review/ProjectEventWalk.h"
 #include "source/modDorvikUtils.h"
@@ -28,17 +29,18 @@ ExitCode RunEvents(const EventsOptions& options) {
         return ExitCode::NothingDone;
     }
     VirtualProject project(options.CodePage);
-    const ProjectLoadStatus status = project.LoadProject(found.Filenames.front());
-    if (status != ProjectLoadStatus::Good) {
-        modConsole::PrintError(ProjectStatusText(found.Filenames.front(), status));
+    if (project.LoadProject(found.Filenames.front()) != ProjectLoadStatus::Good) {
+        modConsole::PrintError(ProjectStatusText(found.Filenames.front(), project));
         return ExitCode::NothingDone;
     }
     const Interrupt interrupt;
     EventStreamWriter writer(interrupt);
-    if (!ProjectEventWalk(project, writer).Run()) {
+    ReviewCriteria criteria;
+    criteria.SetKeepsKnownFaults(options.KeepKnownFaults);
+    if (!ProjectEventWalk(project, criteria, writer).Run()) {
         return ExitCode::Interrupted;
     }
-    return writer.FailedFiles() == 0 ? ExitCode::Passed : ExitCode::Incomplete;
+    return writer.IsComplete() ? ExitCode::Passed : ExitCode::Incomplete;
 }
 
 }  // namespace dorvik

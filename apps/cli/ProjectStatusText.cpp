@@ -4,11 +4,39 @@
 
 namespace dorvik {
 
-std::string ProjectStatusText(std::string_view filename, ProjectLoadStatus status) {
+namespace {
+
+/// What is said of a file that is there and is not opened, or not read on.
+std::string UnreadText(const UnreviewedFile& file, const std::string& name) {
+    if (!file.Reason.empty()) {
+        return name + " " + file.Reason;
+    }
+    if (file.LastLine > 0) {
+        return name + " could not be read on behind line " + std::to_string(file.LastLine) +
+               "; the review log says why";
+    }
+    return name + " cannot be opened";
+}
+
+std::string InPartText(const UnreviewedFile& file, const std::string& name) {
+    const std::string text = name + " was reviewed only in part, ";
+    if (!file.Reason.empty()) {
+        return text + file.Reason;
+    }
+    const std::string place =
+        file.LastLine > 0 ? "up to line " + std::to_string(file.LastLine) + ", " : std::string();
+    return text + place + "because of an unexpected error; the review log says why";
+}
+
+}  // namespace
+
+std::string ProjectStatusText(std::string_view filename, const VirtualProject& project) {
     const std::string name = "'" + modConsole::ShownPath(filename) + "'";
-    switch (status) {
+    switch (project.LoadStatus()) {
         case ProjectLoadStatus::NotFound: return "the project file " + name + " does not exist";
-        case ProjectLoadStatus::NotOpened: return "the project file " + name + " cannot be opened";
+        case ProjectLoadStatus::NotOpened:
+            return "the project file " + name + " " +
+                   (project.Unreadable().empty() ? "cannot be opened" : project.Unreadable());
         case ProjectLoadStatus::LineFailed:
             return "the project file " + name +
                    " holds a line that cannot be understood, such as a key or a source file named "
@@ -26,13 +54,17 @@ std::string SourceFileStatusText(const UnreviewedFile& file) {
     }
     switch (file.Status) {
         case SourceFileStatus::NotFound: return "the source file " + name + " does not exist";
-        case SourceFileStatus::UnexpectedError:
-            return "the source file " + name + " cannot be opened";
+        case SourceFileStatus::UnexpectedError: return "the source file " + UnreadText(file, name);
         case SourceFileStatus::NameUnknown:
         case SourceFileStatus::TypeUnknown:
         case SourceFileStatus::Good: break;
     }
-    return "the source file " + name + " was reviewed only in part, because of an unexpected error";
+    return "the source file " + InPartText(file, name);
+}
+
+std::string CutLayoutText(std::string_view filename, const LayoutFault& fault) {
+    return "the layout of the source file '" + modConsole::ShownPath(filename) +
+           "' was read only in part, because " + fault.Clause();
 }
 
 }  // namespace dorvik

@@ -209,11 +209,15 @@ bool TellFailures(
     for (std::int32_t index = 1; index <= projects.Count(); ++index) {
         const VirtualProject& project = *projects.Item(index);
         if (project.LoadStatus() != ProjectLoadStatus::Good) {
-            modConsole::PrintError(ProjectStatusText(project.Filename(), project.LoadStatus()));
+            modConsole::PrintError(ProjectStatusText(project.Filename(), project));
             complete = false;
         }
         for (const UnreviewedFile& file : project.UnreviewedFiles()) {
             modConsole::PrintError(SourceFileStatusText(file));
+            complete = false;
+        }
+        for (const CutLayout& layout : project.CutLayouts()) {
+            modConsole::PrintError(CutLayoutText(layout.Filename, layout.Fault));
             complete = false;
         }
     }

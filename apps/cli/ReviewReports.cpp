@@ -66,7 +66,11 @@ std::string ReasonOf(const UnreviewedFile& file) {
         return "Its results could not be stored";
     }
     if (file.Status == SourceFileStatus::Good) {
-        return "Reviewed only in part, because of an unexpected error";
+        return "Reviewed only in part, " +
+               (file.Reason.empty() ? "because of an unexpected error" : file.Reason);
+    }
+    if (!file.Reason.empty()) {
+        return "It " + file.Reason;
     }
     return std::string(
         ReportsEngine::GetReviewStatusDescription(static_cast<std::int32_t>(file.Status)));

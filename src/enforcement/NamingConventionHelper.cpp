@@ -53,6 +53,9 @@ std::int32_t NamingConventionHelper::ExtractGlobalNames(VirtualSourceFile& file)
             }
             modHost::YieldToInput();
         }
+        if (file.ReadingFailed()) {
+            status = kNotConnected;
+        }
         file.Disconnect();
     });
     return status;

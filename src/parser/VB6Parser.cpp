@@ -211,6 +211,10 @@ bool VB6Parser::ReadLineFromSourceFile(std::int32_t& characters) {
             m_sourceLineNumber += m_line.PhysicalLines;
         }
         isLineRead = m_sourceFile->GetNextSourceLine(m_line);
+        if (!isLineRead && m_sourceFile->ReadingFailed()) {
+            // No end of the file: whatever stands behind was not seen.
+            RaiseRuntimeError(runtimeerror::kDeviceError, m_sourceFile->Filename());
+        }
         if (isLineRead) {
             characters = m_line.RawLength;
             ClassifyAndCountLine();

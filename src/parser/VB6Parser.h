@@ -113,6 +113,9 @@ private:
     static bool IsMDIParentFormDefinition(std::string_view line);
     static bool IsLayoutDefinitionEnd(std::string_view line);
     void GatherLayoutLines();
+    void AppendLayoutLine();
+    /// Tells the file where its layout could not be read on; `place` is that of a layout line, from 0.
+    void NoteLayoutFault(std::size_t place, std::string reason);
     void AnnounceLayout(VirtualObject& layoutProperties, VirtualObject& layout);
     void AnnounceControl(
         VirtualObject& control,
@@ -182,6 +185,7 @@ private:
 
     std::string m_layoutName;
     std::vector<std::string> m_layoutLines;
+    std::vector<std::int32_t> m_layoutPlaces;    // their physical lines in the file
     std::optional<LayoutReader> m_layoutReader;  // over the layout lines
     std::int32_t m_layoutCharacters = 0;
     std::int32_t m_controlOrdinal = 0;

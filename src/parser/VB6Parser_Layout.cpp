@@ -6,6 +6,8 @@
 #include "source/VirtualObject.h"
 #include "source/modKeyword.h"
 
+#include <utility>
+
 // The parser's states from the begin of a file to the end of its layout, and the end of the file.
 
 namespace dorvik {
@@ -129,7 +131,9 @@ FileParserState VB6Parser::State_BeginLayout() {
 
 void VB6Parser::GatherLayoutLines() {
     m_layoutReader.reset();
-    m_layoutLines.assign(1, m_line.Logical);
+    m_layoutLines.clear();
+    m_layoutPlaces.clear();
+    AppendLayoutLine();
     m_controlOrdinal = 0;
     if (IsMDIParentFormDefinition(m_line.Logical)) {
         m_sourceFile->SetFileType(FileType::MDIForm);
@@ -142,7 +146,7 @@ void VB6Parser::GatherLayoutLines() {
         isLineRead = ReadLineFromSourceFile(characters);
         m_layoutCharacters += characters;
         // Required: at the end of the file the last line is appended, and judged, once more.
-        m_layoutLines.push_back(m_line.Logical);
+        AppendLayoutLine();
         if (modKeyword::StartsWith(modText::TrimLeft(m_line.Logical), "Begin ")) {
             ++nesting;
         }
@@ -157,10 +161,24 @@ void VB6Parser::GatherLayoutLines() {
     m_layoutReader.emplace(m_layoutLines);
 }
 
+void VB6Parser::AppendLayoutLine() {
+    m_layoutLines.push_back(m_line.Logical);
+    m_layoutPlaces.push_back(m_sourceFile->PhysicalLine());
+}
+
+void VB6Parser::NoteLayoutFault(std::size_t place, std::string reason) {
+    if (reason.empty()) {
+        reason = "an unexpected error occurred";
+    }
+    m_sourceFile->SetLayoutFault({m_layoutPlaces.at(place), std::move(reason)});
+}
+
 void VB6Parser::AnnounceLayout(VirtualObject& layoutProperties, VirtualObject& layout) {
     modVOSource::LayoutControl found;
     if (m_layoutReader->Extract(1, layoutProperties, found)) {
         layoutProperties.Properties().Add("Name", found.Name, false);
+    } else {
+        NoteLayoutFault(m_layoutReader->LastFault().Place, m_layoutReader->LastFault().Reason);
     }
     KeyedArrayList& bag = layout.Properties();
     bag.Add("ControlCount", m_objectCount - 1, false);
@@ -184,7 +202,8 @@ FileParserState VB6Parser::State_Layout() {
     auto properties = std::make_shared<VirtualObject>();
     modVOSource::LayoutControl found;
     if (!m_layoutReader->Extract(m_controlOrdinal, *properties, found)) {
-        // Required: "Control" stays in scope, also in the next file.
+        // Required: "Control" stays in scope to the end of the file.
+        NoteLayoutFault(m_layoutReader->LastFault().Place, m_layoutReader->LastFault().Reason);
         return State_EndLayout();
     }
     AnnounceControl(*control, std::move(properties), found);
@@ -195,6 +214,11 @@ void VB6Parser::AnnounceControl(
     VirtualObject& control,
     std::shared_ptr<VirtualObject> properties,
     const modVOSource::LayoutControl& found) {
+    if (found.ControlType.find('.') == std::string::npos) {
+        NoteLayoutFault(
+            m_layoutReader->BeginPlace(),
+            "the type '" + found.ControlType + "' of '" + found.Name + "' names no library");
+    }
     KeyedArrayList& bag = control.Properties();
     bag.Add("Name", found.Name, false);
     bag.Add("ProgID", found.ControlType, false);
@@ -221,6 +245,7 @@ FileParserState VB6Parser::State_EndLayout() {
     m_parserState->Detach(scopename::kLayoutProperties);
     m_layoutReader.reset();
     m_layoutLines = {};
+    m_layoutPlaces = {};
     m_controlOrdinal = 0;
     m_objectCount = 0;
     return State_BeginDeclarations();

@@ -1,15 +1,18 @@
 #include "review/ProjectEventWalk.h"
 
+#include "criteria/ReviewCriteria.h"
 #include "parser/ScopeName.h"
 #include "parser/VB6Parser.h"
+#include "results/modTolerances.h"
 #include "review/IProjectEventListener.h"
 #include "review/modProjectScope.h"
 #include "source/VirtualSourceFile.h"
 
 namespace dorvik {
 
-ProjectEventWalk::ProjectEventWalk(VirtualProject& project, IProjectEventListener& listener)
-    : m_project(project), m_listener(listener) {}
+ProjectEventWalk::ProjectEventWalk(
+    VirtualProject& project, const ReviewCriteria& criteria, IProjectEventListener& listener)
+    : m_project(project), m_criteria(criteria), m_listener(listener) {}
 
 bool ProjectEventWalk::Run() {
     modProjectScope::AttachProject(m_state, m_project);
@@ -23,6 +26,8 @@ bool ProjectEventWalk::Run() {
         return false;
     }
     Fire(dorvik::ParserEvent::EndSourceFiles);
+    modTolerances::SetTolerancePassValue(
+        *m_state.FindVirtualObject(scopename::kProjectFile), m_criteria, /*isProjectFile=*/true);
     Fire(dorvik::ParserEvent::EndProject);
     modProjectScope::DetachProject(m_state);
     return true;
@@ -43,16 +48,33 @@ void ProjectEventWalk::WalkFile(VirtualSourceFile& file) {
     m_file = &file;
     const bool complete = status == SourceFileStatus::Good && ParseFile(file);
     m_file = nullptr;
-    if (!complete) {
-        if (status != SourceFileStatus::Good) {
-            file.SetReviewStatus(status);
-        }
-        m_listener.FileFailed(file);
-        modProjectScope::DetachOpenObjects(m_state);
+    if (complete) {
+        CloseCompleteFile(file);
+    } else {
+        CloseIncompleteFile(file, status);
     }
     m_state.Detach(scopename::kDeclarations);
     m_state.Detach(scopename::kFile);
     file.Disconnect();
+}
+
+void ProjectEventWalk::CloseIncompleteFile(VirtualSourceFile& file, SourceFileStatus status) {
+    if (status != SourceFileStatus::Good) {
+        file.SetReviewStatus(status);
+    } else if (file.ReadingFailed()) {
+        file.SetReviewStatus(SourceFileStatus::UnexpectedError);
+    }
+    m_listener.FileFailed(file);
+    modProjectScope::DetachOpenObjects(m_state);
+}
+
+void ProjectEventWalk::CloseCompleteFile(const VirtualSourceFile& file) {
+    if (const auto& fault = file.FoundLayoutFault()) {
+        m_listener.LayoutCut(file, *fault);
+    }
+    if (!m_criteria.KeepsKnownFaults()) {
+        modProjectScope::DetachLeftObjects(m_state);
+    }
 }
 
 bool ProjectEventWalk::ParseFile(VirtualSourceFile& file) {

@@ -101,7 +101,9 @@ private:
     /// The same where this object goes in the middle of the review, and nobody has ended that.
     void GiveUpUnlessEnded();
     ReviewStatus FailToConnect(SourceFileStatus status);
+    void LogLayoutFault();
     void CloseIncompleteFile();
+    void CloseCompleteFile();
     void LogFileResults();
     void MeasureTolerances(VirtualObject& object, bool isProjectFile);
     /// Tells the project what its results database lost.

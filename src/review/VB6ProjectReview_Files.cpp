@@ -9,6 +9,8 @@
 #include "review/VB6ProjectReview.h"
 #include "review/modProjectScope.h"
 
+#include <utility>
+
 namespace dorvik {
 
 namespace {
@@ -87,11 +89,11 @@ ReviewStatus VB6ProjectReview::State_EndSourceFile(bool incomplete) {
             // A first attempt failed when the file was closed already; the project ends here.
             RaiseRuntimeError(runtimeerror::kObjectNotSet);
         }
+        LogLayoutFault();
         if (incomplete) {
             CloseIncompleteFile();
-        } else if (m_sourceFile->FileStats()->ObjectID() == 0) {
-            m_project->AddUnreviewedFile(
-                {m_sourceFile->Filename(), m_sourceFile->ReviewStatus(), /*IsStored=*/false});
+        } else {
+            CloseCompleteFile();
         }
         ParserState().Detach(scopename::kDeclarations);
         ParserState().Detach(scopename::kFile);
@@ -110,12 +112,50 @@ ReviewStatus VB6ProjectReview::State_EndSourceFile(bool incomplete) {
     return status;
 }
 
+void VB6ProjectReview::LogLayoutFault() {
+    if (const auto& fault = m_sourceFile->FoundLayoutFault()) {
+        LogLine(
+            m_sourceFile->Filename() + ": the layout was read only in part, because " +
+            fault->Clause() + ".");
+    }
+}
+
 void VB6ProjectReview::CloseIncompleteFile() {
+    if (m_sourceFile->ReadingFailed()) {
+        // The file failed, not something in it; as if it could not have been opened.
+        m_project->SetFileErrors(m_project->FileErrors() + 1);
+        m_sourceFile->SetReviewStatus(SourceFileStatus::UnexpectedError);
+    }
     LogLine(m_sourceFile->Filename() + " review incomplete due to unexpected error.");
-    m_project->AddUnreviewedFile({m_sourceFile->Filename(), m_sourceFile->ReviewStatus()});
+    UnreviewedFile unreviewed{m_sourceFile->Filename(), m_sourceFile->ReviewStatus()};
+    if (m_fileParser) {
+        unreviewed.LastLine = m_sourceFile->PhysicalLine();
+    }
+    if (const auto& fault = m_sourceFile->FoundLayoutFault()) {
+        unreviewed.Reason = "because " + fault->Clause();
+    } else {
+        unreviewed.Reason = m_sourceFile->Unreadable();
+    }
+    m_project->AddUnreviewedFile(std::move(unreviewed));
     m_resultsManager->ResultsDB().SetupVObjectResults(scopename::kFile, *m_sourceFile->FileStats());
     LogFileResults();
     modProjectScope::DetachOpenObjects(ParserState());
+}
+
+void VB6ProjectReview::CloseCompleteFile() {
+    if (m_sourceFile->FileStats()->ObjectID() == 0) {
+        m_project->AddUnreviewedFile(
+            {m_sourceFile->Filename(), m_sourceFile->ReviewStatus(), /*IsStored=*/false});
+    }
+    if (const auto& fault = m_sourceFile->FoundLayoutFault()) {
+        m_project->AddCutLayout({m_sourceFile->Filename(), *fault});
+    }
+    if (m_criteria->KeepsKnownFaults()) {
+        return;
+    }
+    if (const std::string left = modProjectScope::DetachLeftObjects(ParserState()); !left.empty()) {
+        LogLine(m_sourceFile->Filename() + " left attached at its end, and now detached: " + left);
+    }
 }
 
 void VB6ProjectReview::MeasureTolerances(VirtualObject& object, bool isProjectFile) {

@@ -83,4 +83,15 @@ void DetachOpenObjects(VB6ParserState& state) {
     }
 }
 
+std::string DetachLeftObjects(VB6ParserState& state) {
+    std::string names;
+    for (const std::string_view name : kObjectsOfAFile) {
+        if (state.FindVirtualObject(name) != nullptr) {
+            state.Detach(name);
+            names.append(names.empty() ? "" : ", ").append(name);
+        }
+    }
+    return names;
+}
+
 }  // namespace dorvik::modProjectScope

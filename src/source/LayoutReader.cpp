@@ -1,12 +1,15 @@
 #include "source/LayoutReader.h"
 
 #include "base/BasicError.h"
+#include "base/modKyErrors.h"
 #include "base/modText.h"
 #include "base/modTextCase.h"
 #include "foundation/Trap.h"
 #include "source/VirtualObject.h"
 #include "source/modKeyword.h"
 #include "source/modSource.h"
+
+#include <utility>
 
 namespace dorvik {
 
@@ -56,6 +59,17 @@ std::string_view PropertyName(std::string_view text, std::string& buffer) {
     return modText::Trim(std::string_view(buffer).substr(0, buffer.find('{')));
 }
 
+/// The key under which the property of a line `key = value` goes into the bag. A view of `line` or `buffer`.
+std::string_view
+KeyOf(std::string_view line, const std::string& propertyPath, std::string& buffer) {
+    const std::string_view name = PropertyName(line.substr(0, line.find('=')), buffer);
+    if (propertyPath.empty()) {
+        return name;
+    }
+    buffer = propertyPath + "." + std::string(name);
+    return buffer;
+}
+
 /// Adds the property of a line `key = value`. Raises where it has no "=" or the key is there.
 void AddProperty(
     std::string_view line,
@@ -68,12 +82,7 @@ void AddProperty(
         RaiseRuntimeError(runtimeerror::kInvalidProcedureCall);
     }
     std::string buffer;
-    std::string path;
-    std::string_view key = PropertyName(text.substr(0, equals), buffer);
-    if (!propertyPath.empty()) {
-        path.append(propertyPath).append(1, '.').append(key);
-        key = path;
-    }
+    const std::string_view key = KeyOf(text, propertyPath, buffer);
     const std::string_view value = modSource::RemoveQuotes(modText::Trim(text.substr(equals + 1)));
     object.Properties().Add(key, value);
     if (modTextCase::Equal(key, "Index")) {
@@ -85,19 +94,42 @@ void AddProperty(
 
 bool LayoutReader::Extract(
     std::int32_t ordinal, VirtualObject& object, modVOSource::LayoutControl& control) {
-    return Trap({"C_VOSource", "ExtractControlFromLayout"}, [&] {
+    m_fault = {};
+    const auto extract = [&] {
         WalkTo(ordinal);
         const std::string_view definition = BehindBegin(modText::Trim(m_lines[m_next - 1]));
         const std::size_t blank = definition.find(' ');
         if (blank == std::string_view::npos) {
-            RaiseRuntimeError(runtimeerror::kInvalidProcedureCall);
+            Fail(runtimeerror::kInvalidProcedureCall, m_next - 1, "a 'Begin' names no control");
         }
         control.ControlType = definition.substr(0, blank);
         control.Name = definition.substr(blank + 1);
         control.Index.clear();
         control.Container = Container(ordinal);
-        ReadProperties(object, control.Index);
-    });
+        ReadProperties(object, control);
+    };
+    return Trap(
+        {"C_VOSource", "ExtractControlFromLayout"}, extract, [&](const BasicError& failure) {
+            if (m_fault.Reason.empty()) {
+                NoteFailedProperty(failure.Number(), control.Name);
+            }
+            return false;  // logged all the same
+        });
+}
+
+void LayoutReader::Fail(std::int32_t errorNumber, std::size_t place, std::string reason) {
+    m_fault = {place, std::move(reason)};
+    RaiseRuntimeError(errorNumber);
+}
+
+void LayoutReader::NoteFailedProperty(std::int32_t errorNumber, const std::string& controlName) {
+    m_fault = {m_place, "there is no property of the form 'name = value'"};
+    if (errorNumber == modKyErrors::kyErrKeyInUse) {
+        std::string buffer;
+        const std::string_view line = modText::Trim(m_lines[m_place]);
+        m_fault.Reason = "the property '" + std::string(KeyOf(line, m_propertyPath, buffer)) +
+                         "' of '" + controlName + "' stands a second time";
+    }
 }
 
 void LayoutReader::WalkTo(std::int32_t ordinal) {
@@ -117,7 +149,10 @@ void LayoutReader::WalkTo(std::int32_t ordinal) {
         }
     }
     if (m_count == 0 || m_count < ordinal) {
-        RaiseRuntimeError(runtimeerror::kSubscriptOutOfRange);
+        Fail(
+            runtimeerror::kSubscriptOutOfRange,
+            m_lines.empty() ? 0 : m_lines.size() - 1,
+            "the 'Begin' and 'End' lines of the layout do not match");
     }
 }
 
@@ -130,12 +165,12 @@ std::string LayoutReader::Container(std::int32_t ordinal) const {
     return std::string(around.substr(around.rfind('.') + 1));
 }
 
-void LayoutReader::ReadProperties(VirtualObject& object, std::string& index) const {
-    std::string propertyPath;
+void LayoutReader::ReadProperties(VirtualObject& object, modVOSource::LayoutControl& control) {
+    m_propertyPath.clear();
     std::string buffer;
     std::int32_t depth = 0;
-    for (std::size_t i = m_next; i < m_lines.size(); ++i) {
-        const std::string_view line = modText::Trim(m_lines[i]);
+    for (m_place = m_next; m_place < m_lines.size(); ++m_place) {
+        const std::string_view line = modText::Trim(m_lines[m_place]);
         if (IsObjectEnd(line)) {
             if (depth == 0) {
                 return;
@@ -146,14 +181,17 @@ void LayoutReader::ReadProperties(VirtualObject& object, std::string& index) con
         } else if (depth > 0) {
             continue;
         } else if (modKeyword::StartsWith(line, "BeginProperty ")) {
-            AppendName(propertyPath, PropertyName(TextBehindBlank(line), buffer));
+            AppendName(m_propertyPath, PropertyName(TextBehindBlank(line), buffer));
         } else if (modKeyword::StartsWith(line, "EndProperty")) {
-            DropLastName(propertyPath);
+            DropLastName(m_propertyPath);
         } else {
-            AddProperty(line, propertyPath, object, index);
+            AddProperty(line, m_propertyPath, object, control.Index);
         }
     }
-    RaiseRuntimeError(runtimeerror::kSubscriptOutOfRange);
+    Fail(
+        runtimeerror::kSubscriptOutOfRange,
+        m_lines.size() - 1,
+        "the layout ends before '" + control.Name + "' does");
 }
 
 }  // namespace dorvik

@@ -20,14 +20,29 @@ public:
     /// An unexpected error is logged and gives false; properties found by then stay in the bag.
     bool Extract(std::int32_t ordinal, VirtualObject& object, modVOSource::LayoutControl& control);
 
+    /// The place from 0, among the lines, of the `Begin` of the object that was read last.
+    std::size_t BeginPlace() const { return m_next == 0 ? 0 : m_next - 1; }
+
+    /// Where and why the last `Extract` failed.
+    struct Fault {
+        std::size_t Place = 0;  // of the line from 0, among the lines
+        std::string Reason;     // in words that say what is wrong in that line
+    };
+    const Fault& LastFault() const { return m_fault; }
+
 private:
     void WalkTo(std::int32_t ordinal);
     std::string Container(std::int32_t ordinal) const;
-    void ReadProperties(VirtualObject& object, std::string& index) const;
+    void ReadProperties(VirtualObject& object, modVOSource::LayoutControl& control);
+    [[noreturn]] void Fail(std::int32_t errorNumber, std::size_t place, std::string reason);
+    void NoteFailedProperty(std::int32_t errorNumber, const std::string& controlName);
 
     std::span<const std::string> m_lines;
-    std::size_t m_next = 0;    // the line behind the one walked last
-    std::int32_t m_count = 0;  // `Begin ` lines so far
+    std::size_t m_next = 0;      // the line behind the one walked last
+    std::int32_t m_count = 0;    // `Begin ` lines so far
+    std::size_t m_place = 0;     // the line now being read
+    std::string m_propertyPath;  // the names of the open blocks of properties, likewise
+    Fault m_fault;
     std::string
         m_containerPath;  // the names of the open objects, as the walk sees them, with "." between
 };

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <string_view>
 
 namespace dorvik {
@@ -12,9 +13,13 @@ namespace dorvik {
 struct TextFileOpening {
     std::unique_ptr<TextFileReader> Reader;  // null after a failure
     std::int32_t ErrorNumber = 0;            // 0 after success
+    /// Why a file that is there holds no text that can be read, to be put behind its name; empty otherwise.
+    std::string Unreadable;
 
     /// The file, or a folder on its path, does not exist.
     bool IsMissing() const;
+    /// Raises what went wrong. REQUIRES: `Reader` is null.
+    [[noreturn]] void Raise(std::string_view filename) const;
 };
 
 /// Opens a text file. A failure is no error here: its number is the answer, and nothing is logged.

@@ -78,8 +78,10 @@ ProjectLoadStatus VirtualProject::LoadProject(std::string_view filename) {
 ProjectLoadStatus VirtualProject::LoadProjectFile(std::string_view filename, bool propertiesOnly) {
     ProjectLoadStatus status = ProjectLoadStatus::LineFailed;
     Trap({"VirtualProject", "LoadProjectFile"}, [&] {
+        BeginAfresh();
         const TextFileOpening opening = OpenTextFile(filename, m_codePage);
         if (opening.Reader == nullptr) {
+            m_unreadable = opening.Unreadable;
             status =
                 opening.IsMissing() ? ProjectLoadStatus::NotFound : ProjectLoadStatus::NotOpened;
             return;
@@ -92,6 +94,22 @@ ProjectLoadStatus VirtualProject::LoadProjectFile(std::string_view filename, boo
         status = ReadLines(*opening.Reader, propertiesOnly);
     });
     return status;
+}
+
+void VirtualProject::BeginAfresh() {
+    ClearListProperties();
+    m_fileCounts = {};
+    m_referenceErrors = 0;
+    m_componentErrors = 0;
+    m_fileErrors = 0;
+    m_scanErrors = 0;
+    m_reviewStatus = 0;
+    m_name.clear();
+    m_projectType.clear();
+    m_unreadable.clear();
+    m_unreviewedFiles.clear();
+    m_cutLayouts.clear();
+    m_resultsLost = {};
 }
 
 ProjectLoadStatus VirtualProject::ReadLines(TextFileReader& reader, bool propertiesOnly) {

@@ -34,6 +34,15 @@ struct UnreviewedFile {
     std::string Filename;
     SourceFileStatus Status;  // why it could not be opened; `Good` if it failed behind that
     bool IsStored = true;     // false: reviewed, but the results store took no row for it
+    std::string Reason =
+        {};  // more than the status tells, to be put behind the name; empty if nothing
+    std::int32_t LastLine = 0;  // the last physical line that was read; 0 if none was
+};
+
+/// A source file whose layout could not be read on from some line. All behind the layout was reviewed.
+struct CutLayout {
+    std::string Filename;
+    LayoutFault Fault;
 };
 
 /// What a review found and could not store.
@@ -56,7 +65,8 @@ public:
 
     /// Reads the project file and, where that succeeds, adds the properties of its file name.
     ProjectLoadStatus LoadProject(std::string_view filename);
-    /// The reader itself. `propertiesOnly` leaves out the default references and every list; the
+    /// The reader itself. It begins afresh: lists, properties, counts, errors and status of an earlier
+    /// reading, and of the review behind that, are gone. `propertiesOnly` leaves out the default references and every list; the
     /// file counters go up all the same.
     ProjectLoadStatus LoadProjectFile(std::string_view filename, bool propertiesOnly);
 
@@ -103,6 +113,9 @@ public:
     void SetReviewStatus(std::int32_t status) { m_reviewStatus = status; }
     /// How the last reading of the project file ended.
     ProjectLoadStatus LoadStatus() const { return m_loadStatus; }
+    /// Why a project file that is there holds no text that can be read, to be put behind its name; empty
+    /// otherwise.
+    const std::string& Unreadable() const { return m_unreadable; }
     /// The source files that a review could not take in to their end, in the order of the review. They
     /// stay when the lists are dropped, for whoever tells the user afterwards.
     const std::vector<UnreviewedFile>& UnreviewedFiles() const { return m_unreviewedFiles; }
@@ -110,6 +123,9 @@ public:
     /// Without a count all that was found is stored. Stays as the list above does.
     const LostResults& ResultsLost() const { return m_resultsLost; }
     void SetResultsLost(LostResults lost) { m_resultsLost = std::move(lost); }
+    /// The source files whose layouts a review could read only in part; they stay likewise.
+    const std::vector<CutLayout>& CutLayouts() const { return m_cutLayouts; }
+    void AddCutLayout(CutLayout layout) { m_cutLayouts.push_back(std::move(layout)); }
 
 private:
     /// Lines of the project file that name a source file, by kind.
@@ -133,6 +149,7 @@ private:
     struct EntryRow;
     static const EntryRow kEntryRows[];
 
+    void BeginAfresh();
     ProjectLoadStatus ReadLines(TextFileReader& reader, bool propertiesOnly);
     bool DecodeLineFromVBProjectFile(std::string_view line, bool propertiesOnly);
     bool DecodeEntry(const Entry& entry, bool propertiesOnly);
@@ -170,8 +187,10 @@ private:
     std::string m_projectType;
     std::int32_t m_reviewStatus = 0;
     ProjectLoadStatus m_loadStatus = ProjectLoadStatus::Good;
+    std::string m_unreadable;
     std::vector<UnreviewedFile> m_unreviewedFiles;
     LostResults m_resultsLost;
+    std::vector<CutLayout> m_cutLayouts;
     int m_codePage;
 };
 

@@ -9,6 +9,7 @@
 #include "foundation/modLog.h"
 #include "source/TextFileOpening.h"
 #include "source/modSource.h"
+#include "source/modStatementFront.h"
 
 #include <algorithm>
 #include <limits>
@@ -78,6 +79,10 @@ VirtualSourceFile::~VirtualSourceFile() = default;
 
 SourceFileStatus VirtualSourceFile::Connect() {
     SourceFileStatus status = SourceFileStatus::UnexpectedError;
+    m_physicalLine = 0;
+    m_readingFailed = false;
+    m_unreadable.clear();
+    m_layoutFault.reset();
     Trap({"VirtualSourceFile", "Connect"}, [&] {
         TextFileOpening opening = OpenTextFile(m_filename, m_codePage);
         if (opening.IsMissing()) {
@@ -88,11 +93,13 @@ SourceFileStatus VirtualSourceFile::Connect() {
             return;
         }
         if (opening.Reader == nullptr) {
-            RaiseRuntimeError(opening.ErrorNumber, m_filename);
+            m_unreadable = opening.Unreadable;
+            opening.Raise(m_filename);
         }
         constexpr std::int64_t kLargest = std::numeric_limits<std::int32_t>::max();
         m_size = static_cast<std::int32_t>(std::min(opening.Reader->Size(), kLargest));
         m_reader = std::move(opening.Reader);
+        m_mayNeedBlanks = modStatementFront::MayNeedBlanks(*m_reader);
         status = SourceFileStatus::Good;
     });
     return status;
@@ -121,7 +128,7 @@ bool VirtualSourceFile::HasLayout() const {
 
 bool VirtualSourceFile::GetNextSourceLine(SourceLine& line) {
     bool got = false;
-    Trap({"VirtualSourceFile", "GetNextSourceLine"}, [&] {
+    m_readingFailed = !Trap({"VirtualSourceFile", "GetNextSourceLine"}, [&] {
         if (m_reader == nullptr) {
             RaiseRuntimeError(runtimeerror::kObjectNotSet);
         }
@@ -135,10 +142,16 @@ bool VirtualSourceFile::GetNextSourceLine(SourceLine& line) {
     return got;
 }
 
+void VirtualSourceFile::SetLayoutFault(LayoutFault fault) {
+    if (!m_layoutFault) {
+        m_layoutFault = std::move(fault);
+    }
+}
+
 void VirtualSourceFile::ReadPhysicalLines(SourceLine& line) {
-    const std::string_view physical = m_reader->ReadLine();
-    line.Raw.assign(physical);
-    line.PhysicalLines = 1;
+    line.Raw.clear();
+    line.PhysicalLines = 0;
+    const std::string_view physical = ReadPhysicalLine(line);
     if (IsContinued(physical)) {
         line.Logical.assign(WithoutContinuation(physical));
         ReadContinuations(line);
@@ -148,13 +161,19 @@ void VirtualSourceFile::ReadPhysicalLines(SourceLine& line) {
     line.RawLength = static_cast<std::int32_t>(modUtf8::Length(line.Raw));
 }
 
+std::string_view VirtualSourceFile::ReadPhysicalLine(SourceLine& line) {
+    const std::string_view physical = m_reader->ReadLine();
+    ++m_physicalLine;
+    ++line.PhysicalLines;
+    line.Raw += physical;
+    return m_mayNeedBlanks ? modStatementFront::WithBlanks(physical, m_blankedLine) : physical;
+}
+
 void VirtualSourceFile::ReadContinuations(SourceLine& line) {
     bool continued = true;
     while (continued && !m_reader->AtEnd()) {
-        const std::string_view physical = m_reader->ReadLine();
-        ++line.PhysicalLines;
         line.Raw += modText::kLineEnd;
-        line.Raw += physical;
+        const std::string_view physical = ReadPhysicalLine(line);
         continued = IsContinued(physical);
         AppendJoined(line.Logical, continued ? WithoutContinuation(physical) : physical);
     }

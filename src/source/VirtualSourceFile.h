@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -33,6 +34,15 @@ struct SourceLine {
     std::int32_t RawLength = 0;      // characters of `Raw`, CR LF included
 };
 
+/// A line of a layout at which its reading ends too early. The rest of the file is read as usual.
+struct LayoutFault {
+    std::int32_t PhysicalLine = 0;
+    std::string Reason;  // what is wrong in that line, as a clause: "the property 'X' stands ..."
+
+    /// The clause with its line: "in line 7 the property ...".
+    std::string Clause() const { return "in line " + std::to_string(PhysicalLine) + " " + Reason; }
+};
+
 /// One source file of a project, from its line in the project file to the end of the review. It
 /// finds out name and type, and turns the physical lines of the file into logical ones.
 ///
@@ -57,6 +67,20 @@ public:
     /// Reads the next logical line. False at the end of the file, with `line` left as it was, and
     /// after a failure, which is logged. REQUIRES: Connect gave `Good`.
     bool GetNextSourceLine(SourceLine& line);
+
+    /// True where the last `GetNextSourceLine` gave false for a failure, not for the end of the file.
+    bool ReadingFailed() const { return m_readingFailed; }
+
+    /// The last physical line that was read, from 1 on, whatever counts as a line of the review; it stays
+    /// until the next `Connect`.
+    std::int32_t PhysicalLine() const { return m_physicalLine; }
+
+    /// Why a file that is there holds no text that can be read, to be put behind its name; empty otherwise.
+    const std::string& Unreadable() const { return m_unreadable; }
+
+    /// Where the layout of the file could not be read on. The first place stays until the next `Connect`.
+    const std::optional<LayoutFault>& FoundLayoutFault() const { return m_layoutFault; }
+    void SetLayoutFault(LayoutFault fault);
 
     /// Closes the file if it is open and switches line counting off.
     void Disconnect();
@@ -108,6 +132,8 @@ private:
     static SourceFileStatus
     FindNamingLine(TextFileReader& reader, std::string& name, std::string& key);
     void ReadPhysicalLines(SourceLine& line);
+    /// Appends the next physical line to the raw text and gives it as it is analysed.
+    std::string_view ReadPhysicalLine(SourceLine& line);
     void ReadContinuations(SourceLine& line);
     void JudgeAttributeOrCode(SourceLine& line);
     EventNames& EventNamesAtFirstUse() const;
@@ -124,6 +150,12 @@ private:
     bool m_nameAttributeSeen = false;
     mutable std::unique_ptr<EventNames> m_eventNames;  // null until the first use
     SourceFileStatus m_reviewStatus = SourceFileStatus::Good;
+    std::int32_t m_physicalLine = 0;
+    bool m_readingFailed = false;
+    bool m_mayNeedBlanks = false;  // see `modStatementFront`
+    std::string m_blankedLine;     // its buffer
+    std::string m_unreadable;
+    std::optional<LayoutFault> m_layoutFault;
 };
 
 }  // namespace dorvik

@@ -135,7 +135,8 @@ SourceFileStatus VirtualSourceFile::DetermineNameAndFileType(std::string& name, 
             return;
         }
         if (opening.Reader == nullptr) {
-            RaiseRuntimeError(opening.ErrorNumber, m_filename);
+            m_unreadable = opening.Unreadable;
+            opening.Raise(m_filename);
         }
         status = FindNamingLine(*opening.Reader, name, key);
     });

@@ -1,5 +1,7 @@
+#include "criteria/ReviewCriteria.h"
 #include "review/IProjectEventListener.h"
 #include "review/ProjectEventWalk.h"
+#include "settings/DVKWorkData.h"
 #include "support/CapturedLog.h"
 #include "support/TemporaryFolder.h"
 
@@ -39,6 +41,11 @@ public:
         EXPECT_TRUE(m_open == nullptr || m_open == &file);
         m_open = nullptr;
     }
+    void LayoutCut(const VirtualSourceFile& file, const LayoutFault& fault) override {
+        EXPECT_EQ(m_open, nullptr);
+        EXPECT_GT(fault.PhysicalLine, 0) << file.Filename();
+        EXPECT_FALSE(fault.Reason.empty());
+    }
     bool StopRequested() override { return ++m_ticks > kTooManyTicks; }
 
     bool IsComplete() const { return m_open == nullptr && m_last == Number::EndProject; }
@@ -65,7 +72,8 @@ int Walk(const std::string& projectFile, std::size_t position) {
         return -1;
     }
     OrderlyListener listener;
-    EXPECT_TRUE(ProjectEventWalk(project, listener).Run()) << "does not end, cut at " << position;
+    EXPECT_TRUE(ProjectEventWalk(project, ReviewCriteria(DVKWorkData()), listener).Run())
+        << "does not end, cut at " << position;
     EXPECT_TRUE(listener.IsComplete()) << "cut at " << position;
     return listener.Events();
 }

@@ -355,5 +355,65 @@ TEST(VB6ParserLayout, TwoThousandNestedObjectsAreAllAnnounced) {
     EXPECT_EQ(review.Events().Count(ParserEvent::Control), 2000);
 }
 
+struct LayoutFaultRow {
+    const char* Name;
+    const char* Text;
+    const char* Clause;  // empty: the layout has no fault
+};
+
+void PrintTo(const LayoutFaultRow& row, std::ostream* out) {
+    *out << row.Name;
+}
+
+class LayoutFaultOf : public testing::TestWithParam<LayoutFaultRow> {};
+
+TEST_P(LayoutFaultOf, NamesThePhysicalLineAndWhatIsWrongInIt) {
+    const test::CapturedLog log;
+    SourceFileReview review(FileType::Form, GetParam().Text);
+    review.Run();
+    const auto& fault = review.File().FoundLayoutFault();
+    EXPECT_EQ(fault ? fault->Clause() : "", GetParam().Clause);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Layouts,
+    LayoutFaultOf,
+    testing::Values(
+        LayoutFaultRow{
+            "None", "VERSION 5.00\nBegin VB.Form F\n   Begin VB.Label L\n   End\nEnd\n", ""},
+        LayoutFaultRow{
+            "PropertyTwice",
+            "VERSION 5.00\n\nBegin VB.Form F\n   Begin My.Grid G\n      Rows = 1\n\n      Cols = "
+            "2\n"
+            "      rows = 3\n   End\nEnd\n",
+            "in line 8 the property 'rows' of 'G' stands a second time"},
+        LayoutFaultRow{
+            "PropertyOfABlockTwice",
+            "Begin VB.Form F\n   Begin My.Grid G\n      BeginProperty Font {0BE3}\n"
+            "         Size = 1\n         Size = 2\n      EndProperty\n   End\nEnd\n",
+            "in line 5 the property 'Font.Size' of 'G' stands a second time"},
+        LayoutFaultRow{
+            "PropertyOfTheFormTwice",
+            "Begin VB.Form F\n   Tag = 1\n   Tag = 2\nEnd\n",
+            "in line 3 the property 'Tag' of 'F' stands a second time"},
+        LayoutFaultRow{
+            "FirstOfSeveral",
+            "Begin VB.Form F\n   Tag = 1\n   Tag = 2\n   Begin VB.Label L\n   Tag = 1\n   Tag = 2\n"
+            "   End\nEnd\n",
+            "in line 3 the property 'Tag' of 'F' stands a second time"},
+        LayoutFaultRow{
+            "LineThatIsNoProperty",
+            "Begin VB.Form F\n   Begin VB.Label L\n<<<<<<< HEAD\n   End\nEnd\n",
+            "in line 3 there is no property of the form 'name = value'"},
+        LayoutFaultRow{
+            "BeginWithoutAName",
+            "Begin VB.Form F\n   Begin VB.Label\n   End\nEnd\n",
+            "in line 2 a 'Begin' names no control"},
+        LayoutFaultRow{
+            "TypeWithoutALibrary",
+            "Begin VB.Form F\n   Begin Label L\n   End\nEnd\n",
+            "in line 2 the type 'Label' of 'L' names no library"}),
+    [](const auto& row) { return row.param.Name; });
+
 }  // namespace
 }  // namespace dorvik

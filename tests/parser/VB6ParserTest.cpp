@@ -351,5 +351,25 @@ TEST(VB6Parser, EveryEventFindsThePromisedObjectsInScope) {
     EXPECT_EQ(review.State().ScopeNames(), (Values{"Project", "File", "Declarations"}));
 }
 
+TEST(VB6Parser, FailureWhileALineIsReadIsNoEndOfTheFile) {
+    const test::CapturedLog log;
+    SourceFileReview review(FileType::Module, ModuleText("Sub A()\nEnd Sub\n"));
+    review.Tick();
+    review.Tick();
+    review.File().Disconnect();
+    EXPECT_EQ(review.Run(), TickResult::Failed);
+    EXPECT_EQ(review.FileProperty("AverageCyclomatic"), "(none)");
+    EXPECT_TRUE(log.Contains("57 - Device I/O error"));
+}
+
+TEST(VB6Parser, FailureWhileALayoutIsReadIsNoEndOfTheFile) {
+    const test::CapturedLog log;
+    SourceFileReview review(FileType::Form, "VERSION 5.00\nBegin VB.Form F\nEnd\n");
+    review.Tick();
+    review.Tick();
+    review.File().Disconnect();
+    EXPECT_EQ(review.Run(), TickResult::Failed);
+}
+
 }  // namespace
 }  // namespace dorvik

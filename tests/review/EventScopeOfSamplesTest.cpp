@@ -1,9 +1,11 @@
+#include "criteria/ReviewCriteria.h"
 #include "parser/ScopeName.h"
 #include "parser/VB6ParserState.h"
 #include "platform/modFiles.h"
 #include "review/IProjectEventListener.h"
 #include "review/ProjectEventWalk.h"
 #include "rulebase/modEventScope.h"
+#include "settings/DVKWorkData.h"
 
 #include <gtest/gtest.h>
 
@@ -37,6 +39,9 @@ public:
         }
     }
     void FileFailed(const VirtualSourceFile& /*file*/) override { ++FailedFiles; }
+    void LayoutCut(const VirtualSourceFile& /*file*/, const LayoutFault& /*fault*/) override {
+        ++FailedFiles;
+    }
     bool StopRequested() override { return false; }
 
     std::set<std::int32_t> Seen;
@@ -54,7 +59,7 @@ TEST(EventScopeOfSamples, WhatIsPromisedIsThere) {
         const std::filesystem::path file =
             std::filesystem::path(DORVIK_SAMPLES_FOLDER) / name / (std::string(name) + ".vbp");
         ASSERT_EQ(project.LoadProject(modFiles::FromHostPath(file)), ProjectLoadStatus::Good);
-        EXPECT_TRUE(ProjectEventWalk(project, listener).Run());
+        EXPECT_TRUE(ProjectEventWalk(project, ReviewCriteria(DVKWorkData()), listener).Run());
     }
     EXPECT_EQ(listener.FailedFiles, 0);
     EXPECT_EQ(listener.Seen.size(), 37U);

@@ -1,7 +1,9 @@
 #include "review/ProjectEventWalk.h"
 
 #include "base/modTextCase.h"
+#include "criteria/ReviewCriteria.h"
 #include "review/IProjectEventListener.h"
+#include "settings/DVKWorkData.h"
 #include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
@@ -40,11 +42,21 @@ public:
             record.Authorised = reference->Properties().Item("IsAuthorised").AsText();
         }
         EXPECT_EQ(state.ParserEvent(), event);
+        if (event == ParserEvent::EndProject) {
+            const KeyedArrayList& bag = state.FindVirtualObject("VBP")->Properties();
+            for (std::int32_t index = bag.FindIndexByKey("Extension") + 1; index <= bag.Count();
+                 ++index) {
+                ProjectFileAtEnd += bag.Key(index) + "=" + bag.Item(index).AsText() + " ";
+            }
+        }
         Records.push_back(std::move(record));
     }
     void FileFailed(const VirtualSourceFile& file) override {
         Failed.push_back(file.Name());
         FailedStatus.push_back(file.ReviewStatus());
+    }
+    void LayoutCut(const VirtualSourceFile& file, const LayoutFault& fault) override {
+        Cut.push_back(file.Name() + " " + fault.Clause());
     }
     bool StopRequested() override { return ++Lines == StopAtLine; }
 
@@ -62,6 +74,9 @@ public:
     std::vector<Record> Records;
     std::vector<std::string> Failed;
     std::vector<SourceFileStatus> FailedStatus;
+    std::vector<std::string> Cut;
+    std::string
+        ProjectFileAtEnd;  // the properties of the project file at end Project, behind its own
     int Lines = 0;
     int StopAtLine = -1;
 };
@@ -78,10 +93,11 @@ protected:
     void Write(const std::string& name, const std::string& text) {
         m_folder.Write(name, modTextCase::ReplaceAll(text, "\n", "\r\n"));
     }
-    bool Run() { return ProjectEventWalk(m_project, m_listener).Run(); }
+    bool Run() { return ProjectEventWalk(m_project, m_criteria, m_listener).Run(); }
 
     test::TemporaryFolder m_folder;
     VirtualProject m_project;
+    ReviewCriteria m_criteria{DVKWorkData()};
     RecordingListener m_listener;
 };
 
@@ -129,6 +145,43 @@ TEST_F(ProjectEventWalkTest, ProjectIsInScopeFromItsFirstEventToItsLast) {
     Run();
     EXPECT_THAT(m_listener.Records.front().Scope, ElementsAre("Project", "VBP"));
     EXPECT_THAT(m_listener.Records.back().Scope, ElementsAre("Project", "VBP"));
+}
+
+TEST_F(ProjectEventWalkTest, EndOfTheProjectShowsWhatTheProjectFileIsMeasuredBy) {
+    Load();
+    Run();
+    EXPECT_EQ(
+        m_listener.ProjectFileAtEnd, "PC=0 PCLimit=0 PCPass=True CC=0 CCLimit=0 CCPass=True ");
+}
+
+TEST_F(ProjectEventWalkTest, WhatAFileLeavesAttachedIsGoneInTheNextOne) {
+    Load();
+    Write("modA.bas", "Attribute VB_Name = \"modA\"\nSub Work()\n");
+    Write("modB.bas", "Attribute VB_Name = \"modB\"\nSub Work()\nEnd Sub\n");
+    EXPECT_TRUE(Run());
+    EXPECT_THAT(m_listener.Failed, IsEmpty());
+    EXPECT_EQ(m_listener.Of("modB").back(), 35);
+}
+
+TEST_F(ProjectEventWalkTest, KnownFaultThatIsKeptFailsTheNextFile) {
+    Load();
+    Write("modA.bas", "Attribute VB_Name = \"modA\"\nSub Work()\n");
+    Write("modB.bas", "Attribute VB_Name = \"modB\"\nSub Work()\nEnd Sub\n");
+    m_criteria.SetKeepsKnownFaults(true);
+    EXPECT_TRUE(Run());
+    EXPECT_THAT(m_listener.Failed, ElementsAre("modB"));
+}
+
+TEST_F(ProjectEventWalkTest, LayoutThatEndsTooEarlyIsTold) {
+    Load("Form=frmC; frmC.frm\n");
+    Write(
+        "frmC.frm",
+        "Begin VB.Form frmC\n   Begin VB.Label L\n      Tag = 1\n      Tag = 2\n   End\nEnd\n");
+    EXPECT_TRUE(Run());
+    EXPECT_THAT(m_listener.Failed, IsEmpty());
+    EXPECT_THAT(
+        m_listener.Cut,
+        ElementsAre("frmC in line 4 the property 'Tag' of 'L' stands a second time"));
 }
 
 TEST_F(ProjectEventWalkTest, FileThatCannotBeOpenedIsToldAndTheNextOneFollows) {

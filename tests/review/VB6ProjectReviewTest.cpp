@@ -14,6 +14,7 @@ namespace {
 using test::ModuleWith;
 using test::ReviewRun;
 using test::SteppedReview;
+using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::EndsWith;
@@ -88,9 +89,8 @@ TEST(VB6ProjectReview, FileThatCannotBeConnectedIsToldAndTheNextFileFollows) {
     EXPECT_THAT(run.Query("P", "SELECT Name FROM Procedures"), ElementsAre("Declarations", "Work"));
 }
 
-// What a file leaves open stays in scope until a file that fails by it is closed as incomplete.
-TEST(VB6ProjectReview, ObjectThatAFileLeavesOpenCostsTheNextFileThatOpensOneAndNoOther) {
-    ReviewRun run;
+/// Three modules, of which the first leaves a procedure open at its end.
+void AddOpenProcedure(ReviewRun& run) {
     run.AddProject(
         "P.vbp",
         "Module=modA; modA.bas\nModule=modB; modB.bas\nModule=modC; "
@@ -98,6 +98,95 @@ TEST(VB6ProjectReview, ObjectThatAFileLeavesOpenCostsTheNextFileThatOpensOneAndN
     run.AddFile("modA.bas", "Attribute VB_Name = \"modA\"\nPublic Sub NeverEnds()\n");
     run.AddFile("modB.bas", ModuleWith("modB", ""));
     run.AddFile("modC.bas", ModuleWith("modC", ""));
+}
+
+TEST(VB6ProjectReview, ObjectThatAFileLeavesOpenIsDetachedAtItsEndAndCostsNoOtherFile) {
+    ReviewRun run;
+    AddOpenProcedure(run);
+    EXPECT_EQ(run.Run(), SliceResult::Complete);
+    const std::vector<std::string> log = run.Log("P");
+    for (const char* const file : {"modA", "modB", "modC"}) {
+        EXPECT_THAT(log, Contains(EndsWith(file + std::string(".bas successfully reviewed."))));
+    }
+    EXPECT_THAT(
+        log,
+        Contains(
+            run.Folder().Path("modA.bas") +
+            " left attached at its end, and now detached: Procedure"));
+    EXPECT_THAT(
+        run.Query("P", "SELECT Name FROM Procedures WHERE Name <> 'Declarations'"),
+        ElementsAre("NeverEnds", "Work", "Work"));
+}
+
+TEST(VB6ProjectReview, FormWithAPropertyTwiceIsNamedAndTheNextFormIsReviewedWhole) {
+    ReviewRun run;
+    run.SetRules({{"No Stop", "\\bStop\\b"}});
+    run.AddProject("P.vbp", "Form=frmA.frm\nForm=frmB.frm\nType=Exe\nName=\"P\"\n");
+    run.AddFile(
+        "frmA.frm",
+        "VERSION 5.00\nBegin VB.Form frmA\n   Begin My.Grid grd\n      Rows = 1\n"
+        "      Rows = 2\n   End\nEnd\nAttribute VB_Name = \"frmA\"\nSub A()\nStop\nEnd Sub\n");
+    run.AddFile(
+        "frmB.frm",
+        "VERSION 5.00\nBegin VB.Form frmB\n   Begin VB.Label lbl\n   End\nEnd\n"
+        "Attribute VB_Name = \"frmB\"\nSub B()\nStop\nEnd Sub\n");
+    EXPECT_EQ(run.Run(), SliceResult::Complete);
+    EXPECT_EQ(run.Query("P", "SELECT Title FROM Violations").size(), 2U);
+    const VirtualProject& project = *run.Criteria().ProjectList().Item(1);
+    EXPECT_TRUE(project.UnreviewedFiles().empty());
+    ASSERT_EQ(project.CutLayouts().size(), 1U);
+    EXPECT_THAT(project.CutLayouts().front().Filename, EndsWith("frmA.frm"));
+    const std::string clause = "in line 5 the property 'Rows' of 'grd' stands a second time";
+    EXPECT_EQ(project.CutLayouts().front().Fault.Clause(), clause);
+    const std::string form = run.Folder().Path("frmA.frm");
+    EXPECT_THAT(
+        run.Log("P"),
+        AllOf(
+            Contains(form + ": the layout was read only in part, because " + clause + "."),
+            Contains(form + " left attached at its end, and now detached: Control")));
+}
+
+TEST(VB6ProjectReview, FailureWhileALineIsReadIsAFailureOfTheFile) {
+    ReviewRun run;
+    run.AddProject("P.vbp", kOneModule);
+    std::string body;
+    for (int line = 0; line < 500; ++line) {
+        body += "x = 1\n";
+    }
+    run.AddFile("modA.bas", ModuleWith("modA", body));
+    VirtualProject& project = *run.Criteria().ProjectList().Item(1);
+    run.Run([&](const ProgressInfo& progress, bool&) {
+        if (progress.SourceFilePercentage() >= 50) {
+            project.SourceFiles().Item(1)->Disconnect();
+        }
+    });
+    ASSERT_EQ(project.UnreviewedFiles().size(), 1U);
+    EXPECT_EQ(project.UnreviewedFiles().front().Status, SourceFileStatus::UnexpectedError);
+    EXPECT_GT(project.UnreviewedFiles().front().LastLine, 200);
+    EXPECT_EQ(project.FileErrors(), 1);
+    EXPECT_EQ(project.ReviewStatus(), 1);
+    EXPECT_THAT(run.Log("P"), Contains("1 error(s) reviewing source files."));
+    EXPECT_THAT(
+        run.Query("P", "SELECT CyclomaticComplexity FROM SourceFiles WHERE Name = 'modA'"),
+        ElementsAre(""));
+}
+
+TEST(VB6ProjectReview, SecondReviewThatIsCleanKnowsNothingOfTheErrorsOfTheFirst) {
+    ReviewRun run;
+    run.AddProject("P.vbp", kOneModule);
+    run.Criteria().SetClearLogBeforeReview(true);
+    run.Run();
+    EXPECT_THAT(run.Log("P"), Contains("Unexpected error(s) encountered during review."));
+    run.AddFile("modA.bas", ModuleWith("modA", ""));
+    EXPECT_EQ(run.Run(), SliceResult::Complete);
+    EXPECT_THAT(run.Log("P"), Contains("Project reviewed successfully."));
+    EXPECT_TRUE(run.Criteria().ProjectList().Item(1)->UnreviewedFiles().empty());
+}
+
+TEST(VB6ProjectReview, KnownFaultThatIsKeptCostsTheNextFileThatOpensOneAndNoOther) {
+    ReviewRun run;
+    AddOpenProcedure(run);
+    run.Criteria().SetKeepsKnownFaults(true);
     EXPECT_EQ(run.Run(), SliceResult::Complete);
     const std::vector<std::string> log = run.Log("P");
     EXPECT_THAT(log, Contains(EndsWith("modA.bas successfully reviewed.")));

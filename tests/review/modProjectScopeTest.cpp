@@ -101,6 +101,18 @@ TEST_F(ProjectScopeTest, FileKeepsLineCountsAndViolationsAndCountsOnTheProject) 
     EXPECT_GT(file.FileStats()->Properties().Count(), 0);
 }
 
+TEST_F(ProjectScopeTest, WhatACompleteFileLeftIsDetachedAndNamed) {
+    const test::CapturedLog log;
+    for (const char* const name :
+         {"Project", "VBP", "File", "Declarations", "Control", "Procedure"}) {
+        m_state.Attach(std::make_shared<VirtualObject>(), name);
+    }
+    EXPECT_EQ(modProjectScope::DetachLeftObjects(m_state), "Control, Procedure");
+    EXPECT_THAT(m_state.ScopeNames(), ElementsAre("Project", "VBP", "File", "Declarations"));
+    EXPECT_EQ(modProjectScope::DetachLeftObjects(m_state), "");
+    EXPECT_THAT(log.Lines(), IsEmpty());
+}
+
 TEST_F(ProjectScopeTest, EverythingInAFileThatEndedTooEarlyIsDetachedAndNothingElse) {
     const std::string names[] = {
         "Project",     "VBP",        "File",        "Declarations",     "Layout",

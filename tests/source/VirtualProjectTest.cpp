@@ -442,5 +442,51 @@ TEST_F(VirtualProjectTest, BinaryDataIsReadAsLinesWithoutAFailure) {
     EXPECT_NO_THROW(Load(bytes + bytes));
 }
 
+TEST_F(VirtualProjectTest, EachReadingBeginsAfreshWhateverTheLastReviewLeft) {
+    const std::string text = "Type=Exe\r\nModule=modA; modA.bas\r\nName=\"P\"\r\n" +
+                             std::string(kStdole) + "RelatedDoc=x.txt\r\n";
+    ASSERT_EQ(Load(text), ProjectLoadStatus::Good);
+    m_project.SetReferenceErrors(1);
+    m_project.SetComponentErrors(2);
+    m_project.SetFileErrors(3);
+    m_project.SetScanErrors(4);
+    m_project.SetReviewStatus(1);
+    m_project.AddUnreviewedFile({"modA.bas", SourceFileStatus::Good});
+    m_project.AddCutLayout({"frmA.frm", {7, "there is something wrong"}});
+    ASSERT_EQ(Load(text), ProjectLoadStatus::Good);
+    EXPECT_EQ(m_project.ReferenceErrors(), 0);
+    EXPECT_EQ(m_project.ComponentErrors(), 0);
+    EXPECT_EQ(m_project.FileErrors(), 0);
+    EXPECT_EQ(m_project.ScanErrors(), 0);
+    EXPECT_EQ(m_project.ReviewStatus(), 0);
+    EXPECT_THAT(m_project.UnreviewedFiles(), IsEmpty());
+    EXPECT_THAT(m_project.CutLayouts(), IsEmpty());
+    EXPECT_EQ(m_project.FileCount(FileType::Module), 1);
+    EXPECT_EQ(m_project.SourceFiles().Count(), 1);
+    EXPECT_EQ(m_project.RelatedDocs().Count(), 1);
+    EXPECT_EQ(m_project.References().Count(), 4);
+    EXPECT_EQ(Property("Type"), "Exe");
+    EXPECT_THAT(m_log.Lines(), IsEmpty());
+}
+
+TEST_F(VirtualProjectTest, NothingOfTheLastReadingIsLeftInAProjectThatLacksIt) {
+    Load("Type=Exe\r\nModule=modA; modA.bas\r\nName=\"P\"\r\n");
+    Load("Title=\"x\"\r\n");
+    EXPECT_EQ(m_project.Name(), "");
+    EXPECT_EQ(m_project.ProjectType(), "");
+    EXPECT_EQ(m_project.FileCount(FileType::Module), 0);
+    EXPECT_EQ(m_project.SourceFiles().Count(), 0);
+    EXPECT_FALSE(m_project.Properties().Contains("Type"));
+    EXPECT_EQ(m_project.LoadProject(Path("Gone.vbp")), ProjectLoadStatus::NotFound);
+    EXPECT_EQ(m_project.Properties().Count(), 0);
+}
+
+TEST_F(VirtualProjectTest, ProjectFileThatHoldsNoTextIsNotOpenedAndSaysWhy) {
+    EXPECT_EQ(Load(std::string(1000, '\0')), ProjectLoadStatus::NotOpened);
+    EXPECT_THAT(m_project.Unreadable(), HasSubstr("binary"));
+    EXPECT_EQ(Load("Type=Exe\r\n"), ProjectLoadStatus::Good);
+    EXPECT_EQ(m_project.Unreadable(), "");
+}
+
 }  // namespace
 }  // namespace dorvik

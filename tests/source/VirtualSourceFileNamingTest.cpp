@@ -212,7 +212,8 @@ TEST_F(VirtualSourceFileNaming, AFilePaddedWithNulsStillGivesItsName) {
     VirtualSourceFile nulsOnly;
     EXPECT_EQ(
         nulsOnly.InitFileFromVBProjectFileLine("Form=y.frm", m_folder.Path()),
-        SourceFileStatus::NameUnknown);
+        SourceFileStatus::UnexpectedError);
+    EXPECT_THAT(nulsOnly.Unreadable(), testing::HasSubstr("binary"));
 }
 
 TEST_F(VirtualSourceFileNaming, AByteOrderMarkBelongsToNoLine) {

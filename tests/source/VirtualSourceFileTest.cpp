@@ -249,7 +249,7 @@ TEST_F(VirtualSourceFileTest, NulsArePartOfTheirLineAndHideNoneBehindThem) {
     text.append(100, '\0');
     const std::vector<std::string> lines = Logical(text + "\r\ny = 2\r\n");
     ASSERT_EQ(lines.size(), 3U);
-    EXPECT_EQ(lines[1], std::string(100, '\0'));
+    EXPECT_EQ(lines[1], std::string(100, ' '));
     EXPECT_EQ(lines[2], "y = 2");
 }
 
@@ -289,6 +289,63 @@ TEST_F(VirtualSourceFileTest, AnEventItemAlreadyThereIsNotAddedAgainAndNothingIs
     EXPECT_TRUE(m_file.HasEventItem("CmdOk"));
     EXPECT_FALSE(m_file.HasEventItem(""));
     EXPECT_THAT(m_log.Lines(), IsEmpty());
+}
+
+TEST_F(VirtualSourceFileTest, WhatHidesAStatementIsABlankInTheLogicalTextAndStaysInTheRawOne) {
+    const SourceLine line = First("\fx = 1:\xA0Stop _\r\n\xA0y\r\n");
+    EXPECT_EQ(line.Logical, " x = 1: Stop y");
+    EXPECT_EQ(line.Raw, "\fx = 1:\xC2\xA0Stop _\r\n\xC2\xA0y");
+    EXPECT_EQ(line.RawLength, 18);
+    EXPECT_EQ(line.PhysicalLines, 2);
+}
+
+TEST_F(VirtualSourceFileTest, PageBreakInFrontOfACommentThatEndsInAnUnderscoreContinuesNothing) {
+    EXPECT_THAT(Logical("\f' page _\r\nStop\r\n"), ElementsAre(" ' page _", "Stop"));
+}
+
+TEST_F(VirtualSourceFileTest, PhysicalLinesAreCountedWhateverCountsForTheReview) {
+    Open("Attribute VB_Name = \"x\"\r\na _\r\nb\r\n\r\n");
+    SourceLine line;
+    m_file.GetNextSourceLine(line);
+    EXPECT_EQ(m_file.PhysicalLine(), 1);
+    m_file.GetNextSourceLine(line);
+    EXPECT_EQ(m_file.PhysicalLine(), 3);
+    m_file.GetNextSourceLine(line);
+    EXPECT_EQ(m_file.PhysicalLine(), 4);
+    EXPECT_FALSE(m_file.GetNextSourceLine(line));
+    EXPECT_FALSE(m_file.ReadingFailed());
+    m_file.Disconnect();
+    m_file.Connect();
+    EXPECT_EQ(m_file.PhysicalLine(), 0);
+}
+
+TEST_F(VirtualSourceFileTest, FailureWhileALineIsReadIsToldFromTheEndOfTheFile) {
+    Open("a\r\nb\r\n");
+    SourceLine line;
+    EXPECT_TRUE(m_file.GetNextSourceLine(line));
+    m_file.Disconnect();  // nothing to read from any more
+    EXPECT_FALSE(m_file.GetNextSourceLine(line));
+    EXPECT_TRUE(m_file.ReadingFailed());
+    m_file.Connect();
+    EXPECT_FALSE(m_file.ReadingFailed());
+}
+
+TEST_F(VirtualSourceFileTest, FileThatHoldsNoTextCannotBeConnectedAndSaysWhy) {
+    EXPECT_EQ(Open(std::string(1000, '\0')), SourceFileStatus::UnexpectedError);
+    EXPECT_THAT(m_file.Unreadable(), HasSubstr("binary"));
+    EXPECT_THAT(m_log.Lines(), testing::Contains(HasSubstr("321 - Invalid file format")));
+    EXPECT_EQ(Open("x\r\n"), SourceFileStatus::Good);
+    EXPECT_EQ(m_file.Unreadable(), "");
+}
+
+TEST_F(VirtualSourceFileTest, FirstLayoutFaultStaysUntilTheFileIsOpenedAgain) {
+    Open("x\r\n");
+    m_file.SetLayoutFault({7, "there is something wrong"});
+    m_file.SetLayoutFault({9, "there is more"});
+    ASSERT_TRUE(m_file.FoundLayoutFault().has_value());
+    EXPECT_EQ(m_file.FoundLayoutFault()->Clause(), "in line 7 there is something wrong");
+    m_file.Connect();
+    EXPECT_FALSE(m_file.FoundLayoutFault().has_value());
 }
 
 TEST_F(VirtualSourceFileTest, EventItemsFoldAllLettersNotOnlyAsciiOnes) {
