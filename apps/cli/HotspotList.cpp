@@ -4,6 +4,7 @@
 #include "base/modTextCase.h"
 #include "cli/ResultsItems.h"
 #include "results/ResultsDB.h"
+#include "results/UnfinishedFiles.h"
 
 #include <algorithm>
 #include <array>
@@ -66,6 +67,7 @@ PercentageOfComments(std::int32_t itemType, std::int32_t itemId, ResultsDB& data
 
 HotspotList HotspotList::OfFiles(ResultsDB& database) {
     HotspotList list;
+    const UnfinishedFiles unfinished = UnfinishedFiles::ReadFrom(database);
     for (BasicObject& file : database.GetProjectSourceFileList(true, true)) {
         Hotspot hotspot;
         hotspot.Name = file.Filename;
@@ -74,11 +76,19 @@ HotspotList HotspotList::OfFiles(ResultsDB& database) {
         } else {
             hotspot.Comments = PercentageOfComments(ResultsItems::kFile, file.ObjectID, database);
         }
-        hotspot.Passed = database.TolerancePass(ResultsItems::kFile, file.ObjectID);
+        hotspot.Finished = !unfinished.Contains(file.ObjectID);
+        hotspot.HasComplexity = hotspot.HasComplexity && hotspot.Finished;
+        hotspot.Passed =
+            hotspot.Finished && database.TolerancePass(ResultsItems::kFile, file.ObjectID);
         hotspot.Object = std::move(file);
         list.m_rows.push_back(std::move(hotspot));
     }
     return list;
+}
+
+bool HotspotList::AllFinished() const {
+    return std::all_of(
+        m_rows.begin(), m_rows.end(), [](const Hotspot& row) { return row.Finished; });
 }
 
 void HotspotList::AddProceduresOf(const BasicObject& file, ResultsDB& database) {

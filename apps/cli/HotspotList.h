@@ -21,7 +21,8 @@ struct Hotspot {
     std::optional<std::int32_t> Comments;
     /// Whether there is a complexity: not for a project file or a section.
     bool HasComplexity = true;
-    bool Passed = true;  // verdict of a file
+    bool Passed = true;    // verdict of a file; false for one that was not reviewed to its end
+    bool Finished = true;  // false for such a file
 };
 
 /// Files or procedures with their figures, to find where it is worst.
@@ -37,6 +38,8 @@ public:
     static std::vector<std::string> SortKeys();
 
     const std::vector<Hotspot>& Rows() const { return m_rows; }
+    /// True if every file in the list was reviewed to its end.
+    bool AllFinished() const;
 
 private:
     std::vector<Hotspot> m_rows;

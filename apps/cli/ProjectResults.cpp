@@ -8,6 +8,7 @@
 #include "cli/TablePrinter.h"
 #include "foundation/Trap.h"
 #include "results/ResultsDB.h"
+#include "results/UnfinishedFiles.h"
 
 #include <algorithm>
 #include <array>
@@ -95,15 +96,28 @@ std::string Reason(const ProjectResults& results) {
                                          : results.WhyIncomplete;
 }
 
+std::string DescribeUnfinished(const ProjectResults& results) {
+    return modFigureText::Grouped(results.UnfinishedFiles) + " of " +
+           modFigureText::Counted(results.Files, "file", "files") +
+           (results.UnfinishedFiles == 1 ? " was" : " were") + " not reviewed to the end";
+}
+
 std::string DescribeVerdict(const ProjectResults& results) {
+    std::string text = "  Verdict     ";
     if (!results.Ended) {
-        return "  Verdict     none: " + Reason(results) + "\n";
+        return text + "none: " + Reason(results) + "\n";
     }
-    std::string text = "  Verdict     " + std::string(results.Passed ? "passed" : "failed");
+    if (results.FailedMeasures.empty() && results.UnfinishedFiles > 0) {
+        return text + "none: " + DescribeUnfinished(results) + "\n";
+    }
+    text += results.Passed ? "passed" : "failed";
     std::string separator = ": ";
     for (const std::string& measure : results.FailedMeasures) {
         text += separator + measure;
         separator = ", ";
+    }
+    if (results.UnfinishedFiles > 0) {
+        text += "; " + DescribeUnfinished(results);
     }
     return text + "\n";
 }
@@ -146,7 +160,10 @@ ProjectResults ProjectResults::ReadFrom(ResultsDB& database) {
                              : CountRows(database);
     results.Worst = database.GetWorstFindings(kShownFindings);
     std::vector<ToleranceFailure> failures;
-    results.Passed = database.TolerancePass(kProjectItem, 0, failures) && results.Ended;
+    results.UnfinishedFiles =
+        static_cast<std::int32_t>(dorvik::UnfinishedFiles::ReadFrom(database).Count());
+    results.Passed = database.TolerancePass(kProjectItem, 0, failures) && results.Ended &&
+                     results.UnfinishedFiles == 0;
     for (const ToleranceFailure& failure : failures) {
         results.FailedMeasures.push_back(failure.Description);
     }
@@ -193,6 +210,7 @@ void ProjectResults::WriteTo(JsonOutput& json) const {
     json.Number("files", Files);
     json.Number("lines", Lines);
     WriteViolations(Violations, json);
+    json.Number("unfinishedFiles", UnfinishedFiles);
     if (Ended) {
         json.Flag("passed", Passed);
     } else {

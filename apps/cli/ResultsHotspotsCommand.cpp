@@ -62,7 +62,18 @@ bool HasTolerance(ResultsDB& database) {
 
 // ---- files ----
 
-void PrintFileTable(const HotspotList& list, bool withVerdict) {
+TableCell VerdictCell(const Hotspot& file, bool hasTolerance) {
+    if (!file.Finished) {
+        return {"not reviewed", Shade::Bad};
+    }
+    if (!hasTolerance) {
+        return {"none", Shade::Dim};
+    }
+    return file.Passed ? TableCell("passed", Shade::Good) : TableCell("failed", Shade::Bad);
+}
+
+void PrintFileTable(const HotspotList& list, bool hasTolerance) {
+    const bool withVerdict = hasTolerance || !list.AllFinished();
     std::vector<TableColumn> columns{{"Source file", false, true}};
     AddFigureColumns(columns);
     if (withVerdict) {
@@ -73,9 +84,7 @@ void PrintFileTable(const HotspotList& list, bool withVerdict) {
         std::vector<TableCell> cells{hotspot.Name};
         AddFigureCells(hotspot, cells);
         if (withVerdict) {
-            cells.push_back(
-                hotspot.Passed ? TableCell("passed", Shade::Good)
-                               : TableCell("failed", Shade::Bad));
+            cells.push_back(VerdictCell(hotspot, hasTolerance));
         }
         table.AddRow(cells);
     }

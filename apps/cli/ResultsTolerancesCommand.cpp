@@ -9,6 +9,7 @@
 #include "cli/ToleranceLimits.h"
 #include "foundation/Trap.h"
 #include "results/ResultsDB.h"
+#include "results/UnfinishedFiles.h"
 #include "results/modTolerances.h"
 
 #include <algorithm>
@@ -168,7 +169,10 @@ void PrintAsJson(
     json.BeginObject();
     WriteResultsHead(json, database);
     if (HasEnded(database)) {
-        json.Flag("passed", database.TolerancePass(ResultsItems::kProject, 0));
+        json.Flag(
+            "passed",
+            database.TolerancePass(ResultsItems::kProject, 0) &&
+                UnfinishedFiles::ReadFrom(database).Count() == 0);
     } else {
         json.Null("passed");
     }

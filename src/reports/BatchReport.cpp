@@ -9,6 +9,7 @@
 #include "reports/modReportFormat.h"
 #include "reports/modReportLinks.h"
 #include "reports/modSortIndex.h"
+#include "results/UnfinishedFiles.h"
 
 namespace dorvik {
 
@@ -118,7 +119,12 @@ void BatchReport::WriteReviewedProject(const VirtualProject& project, const std:
         m_html.InsertTableCell(name, "left");
     }
     // Required: whether any tolerance is set is not asked, so without one every project passes.
-    if (m_results->TolerancePass(kProjectItem, 0)) {
+    const bool passes = m_results->TolerancePass(kProjectItem, 0);
+    if (passes && !UnfinishedFiles::ReadFrom(*m_results).InPart.empty()) {
+        // Figures of a part are no reason to pass.
+        m_html.InsertTableCell("Incomplete", {}, "error");
+        ++m_errors;
+    } else if (passes) {
         m_html.InsertTableCell("Pass", {}, "pass");
         ++m_passed;
     } else {

@@ -3,7 +3,6 @@
 #include "foundation/OutputPlace.h"
 #include "reports/UnreadFile.h"
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,9 +13,9 @@ class ResultsDB;
 
 /// What the modern report shows beside what the results database tells.
 struct ModernReportFacts {
-    /// The source files that the review could not read, maybe none. Nothing where nobody knows any more,
-    /// as for a report made from a finished database: the page then says so in place of a number.
-    std::optional<std::vector<UnreadFile>> Unreviewed;
+    /// The source files that the review could not read to their end, and why. What a finished database
+    /// tells of them by itself need not stand here: it does not tell why.
+    std::vector<UnreadFile> Unreviewed;
 };
 
 /// One self-contained HTML page about the review of one project: verdict and figures, charts, hotspots,

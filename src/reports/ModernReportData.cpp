@@ -2,6 +2,7 @@
 
 #include "base/modTextCase.h"
 #include "results/ResultsDB.h"
+#include "results/UnfinishedFiles.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -39,11 +40,9 @@ bool SetsTolerance(const ToleranceSettings& tolerances) {
 }
 
 std::string ReasonOf(const ModernReportFacts& facts, const std::string& filename) {
-    if (facts.Unreviewed) {
-        for (const UnreadFile& file : *facts.Unreviewed) {
-            if (modTextCase::Equal(file.Filename, filename)) {
-                return file.Reason;
-            }
+    for (const UnreadFile& file : facts.Unreviewed) {
+        if (modTextCase::Equal(file.Filename, filename)) {
+            return file.Reason;
         }
     }
     return {};
@@ -63,11 +62,24 @@ void ReadSeverities(ModernReportData& data) {
     }
 }
 
+/// Why a file was not reviewed, as far as its results tell.
+std::string StoredReasonOf(const UnfinishedFiles& unfinished, std::int32_t sourceId) {
+    return unfinished.InPart.contains(sourceId)   ? "Reviewed only in part"
+           : unfinished.Unread.contains(sourceId) ? "Could not be read"
+                                                  : "";
+}
+
+/// Also names the files that were not reviewed in the list that the head shows, unless the facts named them.
 void ReadFiles(ResultsDB& results, const ModernReportFacts& facts, ModernReportData& data) {
+    const UnfinishedFiles unfinished = UnfinishedFiles::ReadFrom(results);
     for (BasicObject& object : results.GetProjectSourceFileList(true, true)) {
         ModernFile file;
         file.ID = object.ObjectID;
         file.UnreviewedReason = ReasonOf(facts, object.Filename);
+        if (file.UnreviewedReason.empty() && unfinished.Contains(file.ID)) {
+            file.UnreviewedReason = StoredReasonOf(unfinished, file.ID);
+            data.Unreviewed.push_back({object.Filename, file.UnreviewedReason});
+        }
         file.Filename = std::move(object.Filename);
         file.Path = std::move(object.Path);
         file.IsProjectFile = modTextCase::Equal(object.ObjectType, "Project");

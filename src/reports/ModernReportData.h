@@ -80,7 +80,7 @@ struct ModernReportData {
     bool HasTolerances = false;
     bool Passed = true;
     std::vector<ToleranceFailure> Failures;  // of the project: names without figures
-    std::optional<std::vector<UnreadFile>> Unreviewed;
+    std::vector<UnreadFile> Unreviewed;
     std::vector<ModernFile> Files;
     std::vector<ModernProcedure> Procedures;
     std::vector<ModernViolation> AllViolations;

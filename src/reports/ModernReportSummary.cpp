@@ -42,6 +42,13 @@ Verdict VerdictOf(const ModernReportData& data) {
     if (!data.HasTolerances) {
         return {"none", "No verdict", "The rulebase of this review sets no tolerances."};
     }
+    if (data.Passed && !data.Unreviewed.empty()) {
+        return {
+            "none",
+            "Incomplete",
+            Counted(data.Unreviewed.size(), "file was", "files were") +
+                " not, or not wholly, reviewed. All others keep within the tolerances."};
+    }
     if (data.Passed) {
         return {"pass", "Passed", "Every file keeps within the tolerances."};
     }
@@ -132,11 +139,10 @@ std::string CommentShare(const ModernReportData& data) {
 }
 
 std::string Unreviewed(const ModernReportData& data) {
-    return data.Unreviewed ? Item(
-                                 "Errors",
-                                 Figure(static_cast<double>(data.Unreviewed->size())),
-                                 data.Unreviewed->empty() ? "" : "named above")
-                           : Item("Errors", "–", "not kept in the results");
+    return Item(
+        "Errors",
+        Figure(static_cast<double>(data.Unreviewed.size())),
+        data.Unreviewed.empty() ? "" : "named above");
 }
 
 std::string MainFigures(const ModernReportData& data) {
@@ -171,11 +177,11 @@ std::string ReviewFacts(const ModernReportData& data) {
 }
 
 std::string UnreviewedList(const ModernReportData& data) {
-    if (!data.Unreviewed || data.Unreviewed->empty()) {
+    if (data.Unreviewed.empty()) {
         return {};
     }
     std::string html = "<div class=\"notice\"><p>Not, or not wholly, reviewed:</p><ul>\n";
-    for (const UnreadFile& file : *data.Unreviewed) {
+    for (const UnreadFile& file : data.Unreviewed) {
         html += "<li>" + Escape(file.Filename) + ": " + Escape(file.Reason) + "</li>\n";
     }
     return html + "</ul></div>\n";

@@ -75,6 +75,7 @@ void ProjectReport::ReadReview() {
     m_lines = m_results.GetLineStats(kProjectItem, m_project.ObjectID);
     // A review without an end is incomplete, and shows no verdict.
     m_tolerancesSet = !m_review.End.IsZero() && ReportsEngine::TolerancesSet(m_criteria.Tolerances);
+    m_unfinished = UnfinishedFiles::ReadFrom(m_results);
     if (m_tolerancesSet) {
         m_passed = m_results.TolerancePass(kProjectItem, 0, m_failures);
     }
@@ -97,8 +98,13 @@ void ProjectReport::WriteHead() {
     }
     m_html.StartTag("h3");
     m_html.TagValue("Verdict: ");
-    m_html.StartTag("span", {"class", m_passed ? "passtext" : "failtext"});
-    m_html.TagValue(m_passed ? "&nbsp;Pass&nbsp;" : "&nbsp;Fail&nbsp;");
+    // Figures of a part are no reason to pass. A file that could not be opened has its own row of error.
+    const bool isIncomplete = m_passed && !m_unfinished.InPart.empty();
+    m_html.StartTag("span", {"class", m_passed && !isIncomplete ? "passtext" : "failtext"});
+    m_html.TagValue(
+        isIncomplete ? "&nbsp;Incomplete&nbsp;"
+        : m_passed   ? "&nbsp;Pass&nbsp;"
+                     : "&nbsp;Fail&nbsp;");
     m_html.EndTag("span");
     m_html.EndTag("h3");
 }
@@ -175,12 +181,11 @@ bool ProjectReport::WriteFile(const BasicObject& file) {
     const ViolationStatistics violations = m_results.GetViolationStats(kFileItem, file.ObjectID);
     const SourceLineStatistics lines = m_results.GetLineStats(kFileItem, file.ObjectID);
     const std::int32_t status = ReviewStatusOf(file);
-    const bool isDoubtful = IsDoubtful(file);
-    m_anyDoubtful = m_anyDoubtful || isDoubtful;
+    const bool hasDetails = status == 0 && !m_unfinished.Unread.contains(file.ObjectID);
     // Required: a name without "." shows as empty.
     const std::string shownName = modUtilFunctions::FilenameFromFullPathName(file.Filename);
     m_html.StartTag("tr");
-    if (m_order.Detailed && status == 0 && !isDoubtful) {
+    if (m_order.Detailed && hasDetails) {
         bool cancel = false;
         m_engine.CreateSourceFileReport(
             m_order.ProjectFile,
@@ -204,11 +209,7 @@ bool ProjectReport::WriteFile(const BasicObject& file) {
         m_html.TagValue(ReportsEngine::GetReviewStatusDescription(status));
         m_html.EndTag("td");
     } else {
-        if (isDoubtful) {
-            m_html.InsertTableCell(ProjectReportOrder::kNotKnown, "center");
-        } else {
-            WriteVerdict(file);
-        }
+        WriteVerdict(file);
         m_html.InsertTableCell(Figure(violations.TotalViolations()));
         m_html.InsertTableCell(Figure(violations.TotalImpact()));
         m_html.InsertTableCell(Figure(lines.TotalLines()));
@@ -218,7 +219,10 @@ bool ProjectReport::WriteFile(const BasicObject& file) {
 }
 
 void ProjectReport::WriteVerdict(const BasicObject& file) {
-    if (!m_tolerancesSet) {
+    if (m_unfinished.Contains(file.ObjectID)) {
+        m_html.InsertTableCell("Not reviewed", "center", "error");
+        ++m_counts.NotReviewed;
+    } else if (!m_tolerancesSet) {
         m_html.InsertTableCell(kNotAvailable, "center");
     } else if (m_results.TolerancePass(kFileItem, file.ObjectID)) {
         m_html.InsertTableCell("Pass", {}, "pass");
@@ -237,10 +241,7 @@ void ProjectReport::WriteCounts() {
     m_html.EndTag("tr");
     WriteCount("Total Passed", m_tolerancesSet ? Figure(m_counts.Passed) : "", "pass");
     WriteCount("Total Failed", m_tolerancesSet ? Figure(m_counts.Failed) : "", "fail");
-    WriteCount(
-        "Total Errors",
-        m_order.Project == nullptr ? ProjectReportOrder::kNotKnown : Figure(FileErrors()),
-        "error");
+    WriteCount("Total Errors", Figure(FileErrors()), "error");
 }
 
 void ProjectReport::WriteCount(
@@ -297,11 +298,6 @@ std::int32_t ProjectReport::ReviewStatusOf(const BasicObject& file) const {
     return found == nullptr ? 0 : static_cast<std::int32_t>((*found)->ReviewStatus());
 }
 
-bool ProjectReport::IsDoubtful(const BasicObject& file) const {
-    return m_order.Project == nullptr && !modDorvikUtils::IsVBPFile(file.Filename) &&
-           !m_results.SourceFileHasProcs(file.ObjectID, /*realProcsOnly=*/false);
-}
-
 std::string ProjectReport::DetailFilename(const BasicObject& file) const {
     return modUtilFunctions::FilenameFromFullPathName(modDorvikUtils::CreateReportFilename(
         m_order.ProjectFile,
@@ -315,12 +311,11 @@ std::string ProjectReport::PassRate() const {
     if (!m_tolerancesSet) {
         return std::string(kNotAvailable);
     }
-    return m_anyDoubtful ? ProjectReportOrder::kNotKnown
-                         : modPassRate::Text(m_counts.Passed, m_counts.Failed, FileErrors());
+    return modPassRate::Text(m_counts.Passed, m_counts.Failed, FileErrors());
 }
 
 std::int32_t ProjectReport::FileErrors() const {
-    return m_order.Project == nullptr ? 0 : m_order.Project->FileErrors();
+    return m_counts.NotReviewed + (m_order.Project == nullptr ? 0 : m_order.Project->FileErrors());
 }
 
 }  // namespace dorvik

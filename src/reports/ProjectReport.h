@@ -3,6 +3,7 @@
 #include "reports/HTMLHelper2.h"
 #include "reports/ProjectReportOrder.h"
 #include "results/ResultsDB.h"
+#include "results/UnfinishedFiles.h"
 
 #include <cstdint>
 #include <string>
@@ -31,6 +32,7 @@ private:
     struct Counts {
         std::int32_t Passed = 0;
         std::int32_t Failed = 0;
+        std::int32_t NotReviewed = 0;  // beside those that the project counted as errors
     };
 
     void ReadReview();
@@ -48,10 +50,8 @@ private:
     void WriteCriteria();
 
     std::int32_t ReviewStatusOf(const BasicObject& file) const;
-    /// True where nobody knows any more whether the file could be read, and it left no trace of that.
-    bool IsDoubtful(const BasicObject& file) const;
     std::string DetailFilename(const BasicObject& file) const;
-    /// In words where there is no rate: no tolerance is set, or nobody knows how many files failed.
+    /// In words where there is no rate, as no tolerance is set.
     std::string PassRate() const;
     /// The source files, without the project file.
     std::int32_t ReviewedFiles() const { return static_cast<std::int32_t>(m_files.size()) - 1; }
@@ -69,9 +69,9 @@ private:
     ViolationStatistics m_violations;
     SourceLineStatistics m_lines;
     std::vector<ToleranceFailure> m_failures;
+    UnfinishedFiles m_unfinished;
     bool m_tolerancesSet = false;
     bool m_passed = true;
-    bool m_anyDoubtful = false;
     Counts m_counts;
 };
 

@@ -16,8 +16,8 @@ struct ProjectReportOrder {
     std::string LogFile;        // empty: there is none
     std::string RulebaseFile;   // empty: not known
     bool Detailed = false;      // with a page for each source file
-    /// The project as its review left it, or null where pages are made from an older database: nobody knows
-    /// any more which files could not be read, and the pages say so.
+    /// The project as its review left it, or null where pages are made from an older database: the pages
+    /// tell which files were not reviewed, but not why, and not how many files the project has.
     VirtualProject* Project = nullptr;
 };
 

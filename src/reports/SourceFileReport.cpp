@@ -5,6 +5,7 @@
 #include "reports/ReportsEngine.h"
 #include "reports/modReportFormat.h"
 #include "reports/modReportLinks.h"
+#include "results/UnfinishedFiles.h"
 #include "source/modDorvikUtils.h"
 
 namespace dorvik {
@@ -86,6 +87,7 @@ void SourceFileReport::ReadFigures() {
             location.ObjectID, m_results.GetViolationStats(kProcedureItem, location.ObjectID));
     }
     m_statistics = m_results.GetViolationStats(kFileItem, id);
+    m_isUnfinished = UnfinishedFiles::Include(id, m_results);
     if (m_subject.TolerancesSet) {
         m_passed = m_results.TolerancePass(kFileItem, id, m_failures);
     }
@@ -117,7 +119,7 @@ void SourceFileReport::InsertHead() {
         "h3",
         "Review Performed " + modReportFormat::FormatLongDate(m_results.GetReviewData().Start));
     m_html.InsertBlankLine();
-    if (m_subject.TolerancesSet) {
+    if (m_subject.TolerancesSet || m_isUnfinished) {
         InsertVerdict();
     }
     InsertFileNames();
@@ -126,8 +128,12 @@ void SourceFileReport::InsertHead() {
 void SourceFileReport::InsertVerdict() {
     m_html.StartTag("h3");
     m_html.TagValue("Verdict: ");
-    m_html.StartTag("span", {"class", m_passed ? "passtext" : "failtext"});
-    m_html.TagValue(m_passed ? "&nbsp;Pass&nbsp;" : "&nbsp;Fail&nbsp;");
+    const bool passed = m_passed && !m_isUnfinished;
+    m_html.StartTag("span", {"class", passed ? "passtext" : "failtext"});
+    m_html.TagValue(
+        m_isUnfinished ? "&nbsp;Not reviewed&nbsp;"
+        : passed       ? "&nbsp;Pass&nbsp;"
+                       : "&nbsp;Fail&nbsp;");
     m_html.EndTag("span");
     m_html.EndTag("h3");
     m_html.InsertBlankLine();

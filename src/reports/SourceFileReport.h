@@ -89,6 +89,7 @@ private:
     ViolationStatistics m_statistics;                                  // of the file
     std::vector<ToleranceFailure> m_failures;
     bool m_passed = true;
+    bool m_isUnfinished = false;  // the review did not come to the end of the file
 };
 
 }  // namespace dorvik

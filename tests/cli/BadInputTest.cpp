@@ -10,10 +10,12 @@ namespace dorvik::test {
 namespace {
 
 using ::testing::AllOf;
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
+using ::testing::StartsWith;
 
 namespace fs = std::filesystem;
 
@@ -134,7 +136,7 @@ void PrintTo(const NoSourceRow& row, std::ostream* out) {
     *out << row.Name;
 }
 
-/// Files that are no sources at all, under the extension of one: they are read as text and reviewed.
+/// Files that are no sources, but text of some kind, under the extension of one: they are reviewed.
 class NoSource : public BadInput, public ::testing::WithParamInterface<NoSourceRow> {};
 
 TEST_P(NoSource, IsReviewedAsTextAndDisturbsNothing) {
@@ -154,10 +156,6 @@ INSTANTIATE_TEST_SUITE_P(
     Files,
     NoSource,
     ::testing::Values(
-        NoSourceRow{"BinaryModule", "Module=X; X.bas", Noise(200000)},
-        NoSourceRow{"BinaryForm", "Form=X; X.frm", Noise(200000)},
-        NoSourceRow{"BinaryLayout", "Form=X; X.frm", kFormStart + Noise(200000)},
-        NoSourceRow{"NothingButNul", "Module=X; X.bas", std::string(100000, '\0')},
         NoSourceRow{
             "PaddedWithNul",
             "Module=X; X.bas",
@@ -183,12 +181,9 @@ INSTANTIATE_TEST_SUITE_P(
             "= 2\r\n"
             ">>>>>>> theirs\r\nEnd Sub\r\n"},
         NoSourceRow{
-            "MergeMarkersInALayout",
-            "Form=X; X.frm",
-            kFormStart +
-                "<<<<<<< HEAD\r\n      Left = 1\r\n=======\r\n      Left = 2\r\n>>>>>>> b\r\n"
-                "   End\r\nEnd\r\nAttribute VB_Name = \"F\"\r\n"},
-        NoSourceRow{"ALayoutThatNeverEnds", "Form=X; X.frm", kFormStart},
+            "ATrailingCtrlZ",
+            "Module=X; X.bas",
+            "Attribute VB_Name = \"X\"\r\nSub A()\r\nEnd Sub\r\n\x1A"},
         NoSourceRow{"ALayoutOfEndsOnly", "Form=X; X.frm", "End\r\nEnd\r\nEnd\r\n"},
         NoSourceRow{
             "BodiesThatNeverEnd",
@@ -202,6 +197,181 @@ INSTANTIATE_TEST_SUITE_P(
             "\"X\"\r\nEnd\r\n"}),
     [](const auto& row) { return row.param.Name; });
 
+std::string Wide(std::string_view bytes, const std::string& before, const std::string& behind) {
+    std::string text;
+    for (const char byte : bytes) {
+        text += before + byte + behind;
+    }
+    return text;
+}
+
+/// Files whose text cannot be read: they are named with the reason, and pass nothing.
+class NoText : public BadInput, public ::testing::WithParamInterface<NoSourceRow> {};
+
+TEST_P(NoText, IsNamedAndNotReviewedAndCostsOnlyThatFile) {
+    const std::string line = GetParam().ProjectLine;
+    WriteBytes(line.substr(line.find_first_of(";=") + 1), GetParam().Bytes);
+    const std::string name = line.substr(line.size() - 5);
+    WriteBytes(name, GetParam().Bytes);
+    const ProgramResult result = ReviewWith(line);
+    EXPECT_EQ(result.ExitCode, 3);
+    const bool isText = std::string(GetParam().Name).starts_with("Utf32");
+    EXPECT_THAT(
+        result.Errors(),
+        ElementsAre(
+            "dorvik: the source file '" + Work(name).string() +
+            (isText ? "' is UTF-32 text; save it as UTF-8, as UTF-16 or in its Windows code page"
+                    : "' holds no text but binary data")));
+    EXPECT_EQ(GoodFileIsReviewed(), "2");
+    EXPECT_THAT(
+        Run({"results", "Dorvik/P_DORVIK.mdb", "summary"}).Output,
+        HasSubstr("Verdict     none: 1 of 2 files was not reviewed to the end"));
+    EXPECT_THAT(Bytes("Dorvik/P_DORVIK.txt"), HasSubstr("1 error(s) reviewing source files."));
+}
+
+const std::string kModule = "Attribute VB_Name = \"X\"\r\nSub A()\r\n    DoEvents\r\nEnd Sub\r\n";
+
+INSTANTIATE_TEST_SUITE_P(
+    Files,
+    NoText,
+    ::testing::Values(
+        NoSourceRow{"BinaryModule", "Module=X; X.bas", Noise(200000)},
+        NoSourceRow{"BinaryForm", "Form=X.frm", Noise(200000)},
+        NoSourceRow{"BinaryLayout", "Form=X; X.frm", kFormStart + Noise(200000)},
+        NoSourceRow{"NothingButNul", "Module=X; X.bas", std::string(100000, '\0')},
+        NoSourceRow{
+            "Utf32LittleWithMark",
+            "Module=X; X.bas",
+            std::string("\xFF\xFE\0\0", 4) + Wide(kModule, "", std::string(3, '\0'))},
+        NoSourceRow{
+            "Utf32BigWithMark",
+            "Module=X; X.bas",
+            std::string("\0\0\xFE\xFF", 4) + Wide(kModule, std::string(3, '\0'), "")},
+        NoSourceRow{"Utf32Little", "Module=X; X.bas", Wide(kModule, "", std::string(3, '\0'))},
+        NoSourceRow{"Utf32Big", "Module=X; X.bas", Wide(kModule, std::string(3, '\0'), "")}),
+    [](const auto& row) { return row.param.Name; });
+
+TEST_F(BadInput, AProjectFileThatHoldsNoTextIsNamedWithTheReason) {
+    WriteBytes("P.vbp", Wide("Type=Exe\r\nName=\"P\"\r\n", "", std::string(3, '\0')));
+    for (const char* command : {"review", "events"}) {
+        const ProgramResult result = Run({command, "P.vbp"});
+        EXPECT_EQ(result.ExitCode, 2) << command;
+        EXPECT_THAT(
+            result.Errors(),
+            ElementsAre(AllOf(HasSubstr(Work("P.vbp").string()), HasSubstr("is UTF-32 text"))));
+    }
+}
+
+TEST_F(BadInput, WhatPrintsAsABlankInFrontOfAStatementHidesItFromNoRule) {
+    using namespace std::string_literals;
+    for (const std::string& hiding : {"\f"s, "\0"s, "\xA0"s, " \f\t"s}) {
+        WriteModuleProject("H", hiding + "Stop\r\n    x = 1:" + hiding + "Stop");
+        const ProgramResult result = Run({"review", "H.vbp", "--quiet", "--conventions", "uk"});
+        EXPECT_EQ(
+            Query("Dorvik/H_DORVIK.mdb", "SELECT COUNT(*) FROM Violations WHERE Title = 'No Stop'"),
+            "2")
+            << result.Error;
+    }
+}
+
+TEST_F(BadInput, APageBreakInFrontOfAProcedureHidesItNotFromTheParser) {
+    WriteLines("H.bas", {"Attribute VB_Name = \"H\"", "Option Explicit", "\fSub A()", "End Sub"});
+    WriteLines("H.vbp", {"Module=H; H.bas", "Name=\"H\""});
+    Run({"review", "H.vbp", "--quiet"});
+    EXPECT_EQ(Query("Dorvik/H_DORVIK.mdb", "SELECT Name FROM Procedures WHERE Type = 'Sub'"), "A");
+}
+
+TEST_F(BadInput, ALayoutThatCannotBeReadOnIsToldWithItsLineAndTheRestIsReviewed) {
+    WriteBytes(
+        "X.frm",
+        kFormStart + "<<<<<<< HEAD\r\n      Left = 1\r\n=======\r\n      Left = 2\r\n>>>>>>> b\r\n"
+                     "   End\r\nEnd\r\nAttribute VB_Name = \"F\"\r\n");
+    const ProgramResult result = ReviewWith("Form=X; X.frm");
+    EXPECT_EQ(result.ExitCode, 3);
+    EXPECT_THAT(
+        result.Errors(),
+        ElementsAre(
+            "dorvik: the layout of the source file '" + Work("X.frm").string() +
+            "' was read only in part, because in line 5 there is no property of the form 'name = "
+            "value'"));
+    EXPECT_EQ(GoodFileIsReviewed(), "2");
+    EXPECT_EQ(Query("Dorvik/P_DORVIK.mdb", "SELECT COUNT(*) FROM SourceFiles"), "3");
+}
+
+TEST_F(BadInput, AFileReviewedInPartPassesNowhere) {
+    WriteLines("X.frm", {"Begin VB.Form X", "   Begin Label L", "   End", "End"});
+    ReviewWith("Form=X; X.frm");
+    const std::string database = "Dorvik/P_DORVIK.mdb";
+    EXPECT_THAT(
+        Run({"results", database, "summary"}).Output,
+        HasSubstr("Verdict     none: 1 of 2 files was not reviewed to the end"));
+    EXPECT_THAT(
+        Run({"results", database, "summary", "--json"}).Output,
+        AllOf(HasSubstr("\"unfinishedFiles\": 1"), HasSubstr("\"passed\": false")));
+    const std::string files = Run({"results", database, "files"}).Output;
+    EXPECT_THAT(LinesOf(files), Contains(AllOf(StartsWith("X.frm"), HasSubstr("not reviewed"))));
+    EXPECT_THAT(LinesOf(files), Contains(AllOf(StartsWith("Good.bas"), HasSubstr("passed"))));
+    EXPECT_EQ(
+        Run({"report", database, "--detailed", "--report-style", "modern", "--reports", "pages"})
+            .ExitCode,
+        0);
+    EXPECT_THAT(Bytes("pages/P_Dorvik.html"), HasSubstr("&nbsp;Incomplete&nbsp;"));
+    EXPECT_THAT(Bytes("pages/P_Dorvik.html"), HasSubstr("class=\"error\">Not reviewed</td>"));
+    EXPECT_THAT(Bytes("pages/X_X_Detail.html"), HasSubstr("&nbsp;Not reviewed&nbsp;"));
+    EXPECT_THAT(Bytes("pages/P_Review.html"), HasSubstr("<p class=\"word\">Incomplete</p>"));
+    EXPECT_THAT(Bytes("pages/P_Review.html"), HasSubstr("<li>X.frm: Reviewed only in part</li>"));
+}
+
+TEST_F(BadInput, AControlThatSavedAPropertyTwiceIsNamedAndTheNextFormIsReviewedWhole) {
+    WriteLines(
+        "X.frm",
+        {"VERSION 5.00",
+         "Begin VB.Form X",
+         "   Begin My.Grid G",
+         "      Rows = 1",
+         "      Rows = 2",
+         "   End",
+         "End"});
+    WriteLines(
+        "Y.frm",
+        {"VERSION 5.00",
+         "Begin VB.Form Y",
+         "   Begin VB.Label L",
+         "   End",
+         "End",
+         "Attribute VB_Name = \"Y\"",
+         "Sub A()",
+         "    Stop",
+         "End Sub"});
+    const ProgramResult result = ReviewWith("Form=X; X.frm\r\nForm=Y; Y.frm");
+    EXPECT_EQ(result.ExitCode, 3);
+    const std::string sentence = "dorvik: the layout of the source file '" +
+                                 Work("X.frm").string() +
+                                 "' was read only in part, because in line 5 the property 'Rows' "
+                                 "of 'G' stands a second time";
+    EXPECT_THAT(result.Errors(), ElementsAre(sentence));
+    EXPECT_EQ(
+        Query("Dorvik/P_DORVIK.mdb", "SELECT LineNum FROM Violations WHERE Title = 'No Stop'"),
+        "2");
+    const ProgramResult events = Run({"events", "P.vbp"});
+    EXPECT_EQ(events.ExitCode, 3);
+    EXPECT_THAT(events.Errors(), ElementsAre(sentence));
+    EXPECT_THAT(
+        Run({"events", "P.vbp", "--keep-known-faults"}).Errors(),
+        ElementsAre(sentence, HasSubstr("Y.frm' could not be read to its end")));
+}
+
+TEST_F(BadInput, ALayoutThatNeverEndsIsToldWithItsLastLine) {
+    WriteBytes("X.frm", kFormStart);
+    const ProgramResult result = ReviewWith("Form=X; X.frm");
+    EXPECT_EQ(result.ExitCode, 3);
+    EXPECT_THAT(
+        result.Errors(),
+        ElementsAre(
+            AllOf(HasSubstr("X.frm"), HasSubstr("in line 4 the layout ends before 'F' does"))));
+    EXPECT_EQ(GoodFileIsReviewed(), "2");
+}
+
 TEST_F(BadInput, AFileThatTheParserGivesUpOnIsToldAndTheNextOneReviewed) {
     // A control's type must have a full stop.
     WriteLines(
@@ -214,16 +384,31 @@ TEST_F(BadInput, AFileThatTheParserGivesUpOnIsToldAndTheNextOneReviewed) {
          "Attribute VB_Name = \"X\""});
     const ProgramResult result = ReviewWith("Form=X; X.frm");
     EXPECT_EQ(result.ExitCode, 3);
-    EXPECT_THAT(result.Errors(), ElementsAre(AllOf(HasSubstr("X.frm"), HasSubstr("only in part"))));
+    EXPECT_THAT(
+        result.Errors(),
+        ElementsAre(
+            "dorvik: the source file '" + Work("X.frm").string() +
+            "' was reviewed only in part, because in line 3 the type 'Label' of 'L' names no "
+            "library"));
     EXPECT_EQ(GoodFileIsReviewed(), "2");
     EXPECT_THAT(
         Bytes("Dorvik/P_DORVIK.txt"),
         HasSubstr("X.frm review incomplete due to unexpected error."));
 }
 
-TEST_F(BadInput, AProcedureLeftOpenReachesIntoTheNextFileUntilThatOneIsClosedIncomplete) {
+TEST_F(BadInput, AProcedureLeftOpenCostsNoOtherFile) {
     WriteLines("X.bas", {"Attribute VB_Name = \"X\"", "Sub Open()", "    x = 1"});
-    const ProgramResult result = ReviewWith("Module=X; X.bas");
+    EXPECT_EQ(ReviewWith("Module=X; X.bas").ExitCode, 0);
+    EXPECT_EQ(GoodFileIsReviewed(), "2");
+    EXPECT_EQ(Run({"events", "P.vbp"}).ExitCode, 0);
+    EXPECT_EQ(Run({"events", "P.vbp", "--keep-known-faults"}).ExitCode, 3);
+}
+
+TEST_F(BadInput, AProcedureLeftOpenReachesIntoTheNextFileWhereKnownFaultsAreKept) {
+    WriteLines("X.bas", {"Attribute VB_Name = \"X\"", "Sub Open()", "    x = 1"});
+    ReviewWith("Module=X; X.bas");
+    const ProgramResult result =
+        Run({"review", "P.vbp", "--quiet", "--conventions", "uk", "--keep-known-faults"});
     EXPECT_EQ(result.ExitCode, 3);
     EXPECT_THAT(
         result.Errors(), ElementsAre(AllOf(HasSubstr("Good.bas"), HasSubstr("only in part"))));

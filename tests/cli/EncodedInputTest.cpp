@@ -73,8 +73,16 @@ const EncodingRow kEncodings[] = {
      [](const std::string& bytes) {
          return "\xFF\xFE" + Utf16(bytes, false);
      }},
-    {"Utf16BigEndian", [](const std::string& bytes) {
+    {"Utf16BigEndian",
+     [](const std::string& bytes) {
          return "\xFE\xFF" + Utf16(bytes, true);
+     }},
+    {"Utf16LittleEndianWithoutMark",
+     [](const std::string& bytes) {
+         return Utf16(bytes, false);
+     }},
+    {"Utf16BigEndianWithoutMark", [](const std::string& bytes) {
+         return Utf16(bytes, true);
      }}};
 
 /// The same text, stored in another way.

@@ -145,7 +145,8 @@ TEST_F(ReviewCommand, AMissingSourceFileEndsWithThreeAndIsNamed) {
     EXPECT_THAT(
         result.Errors(),
         ElementsAre("dorvik: the source file '" + Work("Lost.bas").string() + "' does not exist"));
-    EXPECT_THAT(result.Output, HasSubstr("Verdict     passed"));
+    EXPECT_THAT(
+        result.Output, HasSubstr("Verdict     none: 1 of 2 files was not reviewed to the end"));
 }
 
 TEST_F(ReviewCommand, ADriveThatDoesNotExistHereIsAMissingFile) {

@@ -317,15 +317,11 @@ TEST_F(ReviewReports, ReportSaysTheSameAsTheReviewButForWhatOnlyThatKnew) {
         }
     }
     const std::string page = "Billing_Dorvik.html: ";
-    const std::string errors = "<tr><td align=\"left\">Total Errors</td><td class=\"error\">";
-    const std::string dashes = "</td><td>-</td><td>-</td><td>-</td>";
     const std::string file = "<tr><td align=\"left\">Rulebase Filename</td><td>";
     const std::string engine = "<tr><td align=\"left\">Rule Engine</td><td>";
     EXPECT_THAT(
         differ,
         ElementsAre(
-            page + errors + "-" + dashes,
-            errors + "Not known" + dashes,
             page + file + DORVIK_RULEBASE + "</td>",
             file + "Not known</td>",
             page + engine + "Dorvik Rule Engine " + ComponentVersion() + "</td>",

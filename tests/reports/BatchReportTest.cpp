@@ -91,6 +91,22 @@ TEST_F(BatchReportTest, TheSummaryHasNeitherALogNorFigures) {
     EXPECT_THAT(page, Not(HasSubstr("Rules Selected")));
 }
 
+TEST_F(BatchReportTest, ProjectWithAFileReviewedInPartDoesNotPass) {
+    AddProject("Billing");
+    ReviewedProject review(ResultsPath("Billing"));
+    ASSERT_TRUE(review.Begin("Billing"));
+    review.BeginFile({"modA", ".bas", "Module", 10, 0});
+    review.BeginSection("Declarations");
+    review.EndProcedure();
+    review.EndFileEarly();
+    ASSERT_TRUE(review.End());
+    const std::string page = Report();
+    EXPECT_THAT(page, HasSubstr("Billing.vbp</a></td><td class=\"error\">Incomplete</td>"));
+    EXPECT_THAT(page, HasSubstr("Total Passed</td><td class=\"pass\">-</td>"));
+    EXPECT_THAT(page, HasSubstr("Total Errors</td><td class=\"error\">1</td>"));
+    EXPECT_THAT(page, HasSubstr("TOTALS</td><td align=\"center\">0.00%</td>"));
+}
+
 TEST_F(BatchReportTest, ProjectsWithoutResultsAreErrorsAndTheReportGoesOn) {
     AddProject("Lost");
     Review("Billing", 0);

@@ -68,7 +68,7 @@ protected:
     TemporaryFolder m_folder;
     CapturedLog m_log;
     ReviewedProject m_project{m_folder.Path("Billing_DORVIK.mdb")};
-    ModernReportFacts m_facts{std::vector<UnreadFile>{}};
+    ModernReportFacts m_facts;
 };
 
 TEST_F(ModernReportTest, ThePageDeclaresItsLanguageCharacterSetAndPolicyBeforeAnythingElse) {
@@ -227,7 +227,7 @@ TEST_F(ModernReportTest, TheFiguresStandAtTheTop) {
 }
 
 TEST_F(ModernReportTest, AnUnreadFileIsNamedWithItsReasonAndCounted) {
-    m_facts.Unreviewed->push_back({"MODA.bas", "Failed To Open <Source> File"});
+    m_facts.Unreviewed.push_back({"MODA.bas", "Failed To Open <Source> File"});
     FillSmallProject();
     const std::string page = Page();
     EXPECT_TRUE(Holds(page, "<dt>Errors</dt><dd>1 "));
@@ -235,10 +235,22 @@ TEST_F(ModernReportTest, AnUnreadFileIsNamedWithItsReasonAndCounted) {
     EXPECT_TRUE(Holds(DataOf(page), R"("C:\\Src\\",3,)"));
 }
 
-TEST_F(ModernReportTest, WhereNobodyKnowsTheErrorsThePageSaysSo) {
-    m_facts.Unreviewed.reset();
-    FillSmallProject();
-    EXPECT_TRUE(Holds(Page(), "<dt>Errors</dt><dd>– <span class=\"note\">not kept in the results"));
+TEST_F(ModernReportTest, WhereNobodyKnowsTheReasonsTheResultsTellWhichFilesWereNotReviewed) {
+    m_project.Criteria().SetToleranceCount(1, 0);
+    m_project.Begin("Billing");
+    m_project.BeginFile({"modA", ".bas", "Module", 10, 1});
+    m_project.BeginSection("Declarations");
+    m_project.EndProcedure();
+    m_project.EndFileEarly();
+    m_project.BeginFile({"modB", ".bas", "Module"});
+    m_project.EndFileEarly();
+    m_project.End();
+    const std::string page = Page();
+    EXPECT_TRUE(Holds(page, "<dt>Errors</dt><dd>2 "));
+    EXPECT_TRUE(Holds(page, "<li>modA.bas: Reviewed only in part</li>"));
+    EXPECT_TRUE(Holds(page, "<li>modB.bas: Could not be read</li>"));
+    EXPECT_TRUE(Holds(DataOf(page), R"(["modA.bas","C:\\Src\\",3,)"));
+    EXPECT_TRUE(Holds(page, "<p class=\"word\">Incomplete</p><p>2 files were not, or not wholly"));
 }
 
 TEST_F(ModernReportTest, AReviewThatDidNotEndSaysSo) {

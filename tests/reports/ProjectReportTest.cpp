@@ -9,6 +9,7 @@ namespace {
 
 using test::Breach;
 using test::ReviewedProject;
+using testing::AllOf;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
@@ -41,9 +42,20 @@ protected:
             m_review.BeginProcedure("Total", "Function", 3);
             RaiseCriticals(criticals);
             m_review.EndProcedure();
+            m_review.EndFile();
+        } else {
+            m_review.EndFileEarly();
         }
-        m_review.EndFile();
         AddFile(*m_project, name, status);
+    }
+
+    /// A module that could be opened, and was not reviewed to its end.
+    void WriteModuleInPart(const std::string& name) {
+        m_review.BeginFile({name, ".bas", "Module", 10, 1});
+        m_review.BeginSection("Declarations");
+        m_review.EndProcedure();
+        m_review.EndFileEarly();
+        AddFile(*m_project, name, SourceFileStatus::Good);
     }
 
     void RaiseCriticals(int count) {
@@ -356,19 +368,56 @@ TEST_F(ProjectReportTest, OfAnOlderDatabaseSaysWhatNobodyKnowsAnyMore) {
     order.Detailed = true;
     EXPECT_TRUE(m_engine.CreateReportsOfDatabase(m_review.Results(), order, m_progress));
     const std::string page = Page();
-    EXPECT_THAT(page, HasSubstr("Total Errors</td><td class=\"error\">Not known</td>"));
+    EXPECT_THAT(page, HasSubstr("Total Errors</td><td class=\"error\">1</td>"));
     EXPECT_THAT(page, HasSubstr("<td align=\"left\">Rulebase Filename</td><td>Not known</td>"));
     EXPECT_THAT(page, HasSubstr("<td align=\"left\">Rule Engine</td><td>Not known</td>"));
     EXPECT_THAT(page, HasSubstr("<td colspan=\"2\">2 Source Files Reviewed</td>"));
     EXPECT_THAT(page, HasSubstr("<td width=\"60%\">House rules</td>"));
     EXPECT_THAT(
-        page, HasSubstr("<td align=\"left\">modB.bas</td><td align=\"center\">Not known</td>"))
-        << "a file without a trace of having been read has no verdict";
+        page,
+        HasSubstr("<td align=\"left\">modB.bas</td><td align=\"center\" class=\"error\">Not "
+                  "reviewed</td>"));
     EXPECT_THAT(page, HasSubstr("modA.bas</a></td><td class=\"pass\">Pass</td>"));
-    EXPECT_THAT(page, HasSubstr("TOTALS</td><td align=\"center\">Not known</td><td>-</td>"))
-        << "the rate counts files in error, of which nobody knows";
+    EXPECT_THAT(page, HasSubstr("TOTALS</td><td align=\"center\">66.67%</td><td>-</td>"));
     EXPECT_THAT(page, Not(HasSubstr("Log File")));
     EXPECT_EQ(m_engine.WrittenReports().size(), 3U);
+}
+
+TEST_F(ProjectReportTest, FileReviewedInPartPassesNothingWhetherOrNotItsReviewIsJustOver) {
+    m_criteria.SetReportOption(ReportsEngine::kDetailed);
+    Begin(0);
+    WriteProjectFile(0);
+    WriteModule("modA", 0, 10);
+    WriteModuleInPart("modB");
+    const std::string row =
+        "modB.bas</a></td><td align=\"center\" class=\"error\">Not reviewed</td><td>-</td>";
+    const std::string verdict = "Verdict: <span class=\"failtext\">&nbsp;Incomplete&nbsp;</span>";
+    const std::string counts = "Total Errors</td><td class=\"error\">1</td>";
+    const std::string rate = "TOTALS</td><td align=\"center\">66.67%</td>";
+    const auto has = [&](const std::string& page) {
+        EXPECT_THAT(
+            page, AllOf(HasSubstr(row), HasSubstr(verdict), HasSubstr(counts), HasSubstr(rate)));
+        EXPECT_THAT(
+            m_folder.Read("modB_modB_Detail.html"),
+            HasSubstr("Verdict: <span class=\"failtext\">&nbsp;Not reviewed&nbsp;</span>"));
+    };
+    has(Report());
+    ProjectReportOrder order;
+    order.ProjectFile = "C:\\Src\\Billing.vbp";
+    order.ReportsFolder = m_folder.Path();
+    order.Detailed = true;
+    EXPECT_TRUE(m_engine.CreateReportsOfDatabase(m_review.Results(), order, m_progress));
+    has(Page());
+}
+
+TEST_F(ProjectReportTest, FileReviewedInPartHasNoVerdictOfItsOwnWithoutTolerances) {
+    Begin(kNoLimit);
+    WriteProjectFile(0);
+    WriteModuleInPart("modB");
+    const std::string page = Report();
+    EXPECT_THAT(page, Not(HasSubstr("Verdict: ")));
+    EXPECT_THAT(page, HasSubstr("class=\"error\">Not reviewed</td>"));
+    EXPECT_THAT(page, HasSubstr("Total Errors</td><td class=\"error\">1</td>"));
 }
 
 TEST_F(ProjectReportTest, APageThatCannotBeWrittenIsNotSaidToBe) {

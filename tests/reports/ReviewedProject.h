@@ -111,6 +111,11 @@ public:
     void EndFile() {
         m_file->Properties().Add("AverageCyclomatic", m_worst);
         m_file->Properties().Add("MaximumCyclomatic", m_worst);
+        EndFileEarly();
+    }
+
+    /// Ends a file that was not reviewed to its end.
+    void EndFileEarly() {
         modTolerances::SetTolerancePassValue(*m_file, m_criteria, m_isProjectFile);
         Finish(m_file);
     }

@@ -1,0 +1,49 @@
+#include "results/UnfinishedFiles.h"
+
+#include "base/modTextCase.h"
+#include "foundation/Trap.h"
+#include "results/ResultsDB.h"
+
+#include <string>
+
+namespace dorvik {
+
+namespace {
+
+constexpr std::string_view kQuery = "SELECT SourceID, Type, CyclomaticComplexity FROM SourceFiles";
+
+/// The project file has no complexity at any time.
+bool IsUnfinished(Recordset& row) {
+    return row.Value("CyclomaticComplexity").IsEmpty() &&
+           !modTextCase::Equal(row.Value("Type").AsText(), "Project");
+}
+
+}  // namespace
+
+bool UnfinishedFiles::Include(std::int32_t sourceId, ResultsDB& database) {
+    bool isUnfinished = false;
+    Trap({"UnfinishedFiles", "Include"}, [&] {
+        auto row = database.OpenRecordSource(
+            std::string(kQuery) + " WHERE SourceID = " + std::to_string(sourceId));
+        isUnfinished = row && !row->EOF_() && IsUnfinished(*row);
+    });
+    return isUnfinished;
+}
+
+UnfinishedFiles UnfinishedFiles::ReadFrom(ResultsDB& database) {
+    UnfinishedFiles unfinished;
+    Trap({"UnfinishedFiles", "ReadFrom"}, [&] {
+        auto rows = database.OpenRecordSource(std::string(kQuery));
+        for (; rows && !rows->EOF_(); rows->MoveNext()) {
+            if (!IsUnfinished(*rows)) {
+                continue;
+            }
+            const std::int32_t id = rows->Value("SourceID").AsLong();
+            const bool isBegun = database.SourceFileHasProcs(id, /*realProcsOnly=*/false);
+            (isBegun ? unfinished.InPart : unfinished.Unread).insert(id);
+        }
+    });
+    return unfinished;
+}
+
+}  // namespace dorvik
