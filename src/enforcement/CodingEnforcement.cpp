@@ -19,13 +19,14 @@ CodingEnforcement::EventRules& CodingEnforcement::RulesOf(ParserEvent event) {
     const auto number = static_cast<std::int32_t>(event);
     EventRules& rules = m_rules.at(static_cast<std::size_t>(number));
     if (!rules.Prepared) {
-        rules.Prepared = true;
+        rules.Assigned.clear();  // what an attempt that failed left
         if (const auto* assigned = m_rulebase.RuleLists().ParserEventCCList(number, false)) {
             for (std::int32_t index = 1; index <= assigned->Count(); ++index) {
                 CodingConvention& rule = *assigned->Item(index);
                 rules.Assigned.push_back({&rule, std::to_string(rule.RuleID())});
             }
         }
+        rules.Prepared = true;
     }
     return rules;
 }

@@ -12,7 +12,7 @@ std::vector<KeywordEnforcement::KeywordTest>& KeywordEnforcement::KeywordsOf(Par
     const auto number = static_cast<std::int32_t>(event);
     EventKeywords& keywords = m_keywords.at(static_cast<std::size_t>(number));
     if (!keywords.Prepared) {
-        keywords.Prepared = true;
+        keywords.Tests.clear();  // what an attempt that failed left
         if (const auto* rules = m_rulebase.RuleLists().ParserEventUKList(number)) {
             for (std::int32_t index = 1; index <= rules->Count(); ++index) {
                 const IRule& rule = *rules->Item(index);
@@ -23,6 +23,7 @@ std::vector<KeywordEnforcement::KeywordTest>& KeywordEnforcement::KeywordsOf(Par
                 test.Needs = test.Expression.Needs();
             }
         }
+        keywords.Prepared = true;
     }
     return keywords.Tests;
 }

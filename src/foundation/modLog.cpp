@@ -2,6 +2,7 @@
 
 #include "foundation/LogFile.h"
 
+#include <cstddef>
 #include <utility>
 
 namespace dorvik::modLog {
@@ -10,6 +11,15 @@ namespace {
 
 LogFile* g_installed = nullptr;
 std::string g_firstUnwritten;
+
+constexpr std::size_t kLongestReason = 2000;
+
+/// Allocates nothing: it may be for want of memory that a line is not written.
+void KeepFirst(std::string_view reason) {
+    if (g_firstUnwritten.empty()) {
+        g_firstUnwritten.assign(reason.substr(0, g_firstUnwritten.capacity()));
+    }
+}
 
 LogFile& QuietLog() {
     static LogFile log = [] {
@@ -28,6 +38,7 @@ LogFile& Log() {
 
 LogFile* Install(LogFile* log) {
     g_firstUnwritten.clear();
+    g_firstUnwritten.reserve(kLongestReason);
     return std::exchange(g_installed, log);
 }
 
@@ -36,9 +47,7 @@ void LogFailure(
     try {
         Log().LogBasicError(failure, procedure, module);
     } catch (const std::exception& ofTheLog) {
-        if (g_firstUnwritten.empty()) {
-            g_firstUnwritten = ofTheLog.what();
-        }
+        KeepFirst(ofTheLog.what());
     }
 }
 

@@ -1,5 +1,6 @@
 #include "review/VB6ProjectReview.h"
 
+#include "base/BasicError.h"
 #include "criteria/ProgressInfo.h"
 #include "criteria/ReviewCriteria.h"
 #include "enforcement/RuleEngine.h"
@@ -11,6 +12,8 @@
 #include "review/TimeSlice.h"
 #include "rulebase/Rulebase.h"
 
+#include <algorithm>
+
 namespace dorvik {
 
 namespace {
@@ -18,6 +21,8 @@ namespace {
 constexpr std::string_view kModule = "C_VB6ProjectReview";
 constexpr std::string_view kAbortedByUser = "Review aborted by user.";
 constexpr std::string_view kUnexpectedError = "Review terminated due to unexpected error.";
+constexpr const char* kSkippedRules =
+    "because rules were skipped for an unexpected error; the review log says why";
 
 }  // namespace
 
@@ -203,15 +208,30 @@ void VB6ProjectReview::ParserEvent(dorvik::ParserEvent event) {
 }
 
 void VB6ProjectReview::ExecuteEventActions(dorvik::ParserEvent event) {
-    const bool ended = Trap({kModule, "ExecuteEventActions"}, [&] {
+    bool isOfARule = false;
+    const auto execute = [&] {
         m_eventActions->Execute(event, m_fileParser != nullptr);
         if (event == dorvik::ParserEvent::EndFile) {
             LogLine(m_sourceFile->Filename() + " successfully reviewed.");
             LogFileResults();
         }
-    });
-    if (!ended && m_resultsManager) {
-        m_resultsManager->ResultsDB().NoteLoss("an event could not be reviewed, as the log tells");
+    };
+    const bool isDone =
+        Trap({kModule, "ExecuteEventActions"}, execute, [&](const BasicError& /*ofARule*/) {
+            isOfARule = true;
+            return false;
+        });
+    if (!isDone && !isOfARule) {
+        NoteSkippedRules();
+    }
+}
+
+void VB6ProjectReview::NoteSkippedRules() {
+    if (m_sourceFile && m_skippedRulesAt == 0) {
+        m_skippedRulesAt = std::max(m_sourceFile->PhysicalLine(), 1);
+    } else if (!m_sourceFile && m_project) {
+        m_project->AddUnreviewedFile(
+            {m_project->Filename(), SourceFileStatus::Good, /*IsStored=*/true, kSkippedRules});
     }
 }
 

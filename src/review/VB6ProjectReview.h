@@ -101,6 +101,8 @@ private:
     /// The same where this object goes in the middle of the review, and nobody has ended that.
     void GiveUpUnlessEnded();
     ReviewStatus FailToConnect(SourceFileStatus status);
+    /// Rules of an event were skipped, not for a fault of a rule but for want of memory and the like.
+    void NoteSkippedRules();
     void LogLayoutFault();
     void CloseIncompleteFile();
     void CloseCompleteFile();
@@ -124,6 +126,8 @@ private:
     std::int32_t m_reviewedFileCount = 0;
     std::int32_t m_sourceFileIndex = 0;
     std::int32_t m_typeLibIndex = 0;
+    std::int32_t m_skippedRulesAt =
+        0;  // the line of the file where rules were skipped first; 0: nowhere
     ReviewStatus m_state = ReviewStatus::BeginLoadReferences;
     std::shared_ptr<ReviewCriteria> m_criteria;
     std::shared_ptr<Rulebase> m_rulebase;

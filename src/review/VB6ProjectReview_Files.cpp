@@ -17,6 +17,7 @@ namespace {
 
 constexpr std::string_view kModule = "C_VB6ProjectReview";
 constexpr std::int32_t kReportsForEveryFile = 2;
+constexpr std::string_view kAverage = "AverageCyclomatic";
 
 }  // namespace
 
@@ -40,6 +41,7 @@ ReviewStatus VB6ProjectReview::State_LoadSourceFile() {
     auto status = ReviewStatus::IsError;
     Trap({kModule, "State_LoadSourceFile"}, [&] {
         m_sourceFile = m_project->SourceFiles().Item(m_sourceFileIndex);
+        m_skippedRulesAt = 0;
         modProjectScope::AttachFile(ParserState(), *m_sourceFile);
         const SourceFileStatus connected = m_sourceFile->Connect();
         if (connected != SourceFileStatus::Good) {
@@ -147,6 +149,14 @@ void VB6ProjectReview::CloseCompleteFile() {
         m_project->AddUnreviewedFile(
             {m_sourceFile->Filename(), m_sourceFile->ReviewStatus(), /*IsStored=*/false});
     }
+    if (m_skippedRulesAt > 0) {
+        m_project->AddUnreviewedFile(
+            {m_sourceFile->Filename(),
+             SourceFileStatus::Good,
+             /*IsStored=*/true,
+             "because rules were skipped at line " + std::to_string(m_skippedRulesAt) +
+                 " for an unexpected error; the review log says why"});
+    }
     if (const auto& fault = m_sourceFile->FoundLayoutFault()) {
         m_project->AddCutLayout({m_sourceFile->Filename(), *fault});
     }
@@ -166,6 +176,10 @@ void VB6ProjectReview::MeasureTolerances(VirtualObject& object, bool isProjectFi
 
 void VB6ProjectReview::LogFileResults() {
     if (const auto file = ParserState().GetVirtualObject(scopename::kFile)) {
+        if (m_skippedRulesAt > 0 && file->Properties().Contains(kAverage)) {
+            // The results tell by this that a file was reviewed to its end.
+            file->Properties().Remove(kAverage);
+        }
         MeasureTolerances(*file, /*isProjectFile=*/false);
     }
     m_resultsManager->LogVirtualObjectResults(scopename::kDeclarations);
