@@ -240,7 +240,7 @@ bool XmlDocument::Parse(std::string_view bytes, const char* encoding) {
 bool XmlDocument::Save(std::string_view path) {
     m_error = {};
     try {
-        modFiles::WriteBytesAtomically(path, IndentedText());
+        modFiles::WriteBytesChecked(path, IndentedText());
     } catch (const HostError& failure) {
         m_error = {failure.SystemCode(), failure.what()};
     } catch (const BasicError& failure) {

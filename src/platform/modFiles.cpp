@@ -115,6 +115,14 @@ public:
         file.Close();
     }
 
+    /// Raises unless the file holds exactly these bytes when it is read again.
+    void ReadBack(std::string_view bytes, std::string_view path) const {
+        HostFile file(m_place, FileUse::Read, path);
+        if (file.ReadAll() != bytes) {
+            RaiseHostError(EIO, m_place, path);
+        }
+    }
+
     void TakeThePlace(std::string_view path) const {
         std::error_code error;
         fs::rename(m_place, m_target, error);
@@ -135,10 +143,19 @@ private:
     fs::path m_place;
 };
 
-void ReplaceFile(const fs::path& target, std::string_view path, std::string_view bytes) {
+enum class AfterWriting { TakePlace, ReadBackFirst };
+
+void ReplaceFile(
+    const fs::path& target,
+    std::string_view path,
+    std::string_view bytes,
+    AfterWriting after = AfterWriting::TakePlace) {
     CheckReplaceable(target, path);
     const Replacement replacement(target);
     replacement.Write(bytes, path);
+    if (after == AfterWriting::ReadBackFirst) {
+        replacement.ReadBack(bytes, path);
+    }
     replacement.TakeThePlace(path);
 }
 
@@ -328,6 +345,11 @@ void EmptyFile(std::string_view path) {
 
 void WriteBytesAtomically(std::string_view path, std::string_view bytes) {
     ReplaceFile(WithoutLinks(PossibleHostPath(path)), path, bytes);
+}
+
+void WriteBytesChecked(std::string_view path, std::string_view bytes) {
+    ReplaceFile(
+        WithoutLinks(PossibleHostPath(path)), path, bytes, AfterWriting::ReadBackFirst);
 }
 
 void WriteBytesAtomicallyAsNamed(

@@ -89,7 +89,9 @@ bool TurnOver(std::string_view path, std::string_view older, std::int64_t fromBy
 /// Replaces the file's content or creates the file. A reader, or a failure on the way, sees either
 /// the old content or the new, never a part.
 void WriteBytesAtomically(std::string_view path, std::string_view bytes);
-/// The same under exactly this name in the folder, which is looked up as ever: a file whose name differs
+/// The same, and what was written is read again and compared before it takes the old content's place.
+void WriteBytesChecked(std::string_view path, std::string_view bytes);
+/// The same as the first under exactly this name in the folder, which is looked up as ever: a file whose name differs
 /// in case stays beside it. For files that others refer to by name. Costs the same however many files
 /// the folder holds, whereas a name that is not there yet is otherwise looked for among all of them.
 ///

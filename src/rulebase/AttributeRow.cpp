@@ -20,6 +20,17 @@ UnreadableText(const KyXMLElement& element, std::string_view attribute, std::str
            shown + (value.size() > kLongest ? "...'" : "'");
 }
 
+void WriteAttribute(KyXMLElement& element, std::string_view name, const std::string& text) {
+    element.AddAttribute(name, text);
+    if (element.AttributeValueByName(name) !=
+        KyXMLElement::RestoreIllegalChars(KyXMLElement::ReplaceIllegalChars(text))) {
+        throw BasicError(
+            runtimeerror::kInvalidProcedureCall,
+            "the attribute " + std::string(name) + " of " + element.PlaceText() +
+                " cannot hold its text, which has a character that no file of this kind can have");
+    }
+}
+
 namespace modAttributeText {
 
 bool ToBoolean(std::string_view text) {

@@ -104,13 +104,16 @@ void ReadAttributes(
     }
 }
 
+/// Adds the attribute. Raises `kInvalidProcedureCall` if the document does not hold the text as it is.
+void WriteAttribute(KyXMLElement& element, std::string_view name, const std::string& text);
+
 template <class Owner>
 void WriteAttributes(
     KyXMLElement& element,
     std::type_identity_t<std::span<const AttributeRow<Owner>>> rows,
     const Owner& owner) {
     for (const AttributeRow<Owner>& row : rows) {
-        element.AddAttribute(row.Name, row.Write(owner));
+        WriteAttribute(element, row.Name, row.Write(owner));
     }
 }
 

@@ -9,6 +9,7 @@
 #include "platform/modFiles.h"
 #include "platform/modHost.h"
 #include "rulebase/modRulebaseSchema.h"
+#include "rulebase/modSectionReading.h"
 #include "settings/DorvikData.h"
 #include "settings/modGlobal.h"
 
@@ -52,6 +53,17 @@ std::string SaveErrorText(std::int32_t code) {
         }
     }
     return "Unknown error " + std::to_string(code);
+}
+
+constexpr const char* kNotReadBack = "Error during save: What would be written cannot be read "
+                                     "again; a name or text may hold a character that no "
+                                     "file of this kind can hold.";
+
+/// True if the document as text is the same document again.
+bool ReadsBack(const KyXMLDoc& document) {
+    const std::string text = document.XMLString();
+    KyXMLDoc copy;
+    return copy.LoadFromString(text) && copy.XMLString() == text;
 }
 
 /// All sections of a file, empty, in the order of the file.
@@ -163,6 +175,25 @@ bool RulebaseManager::LoadReviewOptions(
     return loaded;
 }
 
+bool RulebaseManager::SaveSections(KyXMLElement& root, Rulebase& rulebase, std::string& failure) {
+    const RuleLists& lists = rulebase.RuleLists();
+    AddSections(root, lists);
+    const auto rules = modSectionReading::Section(root, modRulebaseSchema::kRules);
+    bool whole = SaveProperties(root, rulebase, failure);
+    whole = SaveControlTags(root, rulebase.ControlTags(), failure) && whole;
+    whole = SaveDataTypeTags(root, rulebase.DataTypeTags(), failure) && whole;
+    whole = SaveScopeTags(root, rulebase.ScopeTags(), failure) && whole;
+    whole = SaveDefaultViolations(root, rulebase.DefaultViolations(), failure) && whole;
+    whole = SaveCategoryList(root, rulebase.CategoryList(), failure) && whole;
+    whole = SaveSeverityList(root, rulebase.SeverityList(), failure) && whole;
+    whole = SaveAuthorisedComponents(root, rulebase.AuthorisedComponents(), failure) && whole;
+    whole = SaveAuthorisedReferences(root, rulebase.AuthorisedReferences(), failure) && whole;
+    whole = SaveUnauthorisedKeywords(root, lists, failure) && whole;
+    whole = SaveCodingConventions(*rules, lists, failure) && whole;
+    whole = SaveNamingConventions(*rules, lists, failure) && whole;
+    return SaveReport(root, rulebase.Report(), failure) && whole;
+}
+
 bool RulebaseManager::Save(Rulebase& rulebase, std::string_view filename) {
     const std::string target(filename.empty() ? std::string_view(rulebase.Filename()) : filename);
     if (target.empty()) {
@@ -176,21 +207,15 @@ bool RulebaseManager::Save(Rulebase& rulebase, std::string_view filename) {
         KyXMLElement& root = ExistingElement(rootElement);
         root.SetAttributeValueByName(
             modRulebaseSchema::kVersionAttribute, modRulebaseSchema::kVersion);
-        AddSections(root, rulebase.RuleLists());
-        SaveProperties(root, rulebase);
-        SaveControlTags(root, rulebase.ControlTags());
-        SaveDataTypeTags(root, rulebase.DataTypeTags());
-        SaveScopeTags(root, rulebase.ScopeTags());
-        SaveDefaultViolations(root, rulebase.DefaultViolations());
-        SaveCategoryList(root, rulebase.CategoryList());
-        SaveSeverityList(root, rulebase.SeverityList());
-        SaveAuthorisedComponents(root, rulebase.AuthorisedComponents());
-        SaveAuthorisedReferences(root, rulebase.AuthorisedReferences());
-        SaveUnauthorisedKeywords(root, rulebase.RuleLists());
-        const auto rules = root.ElementByName(modRulebaseSchema::kRules);
-        SaveCodingConventions(ExistingElement(rules), rulebase.RuleLists());
-        SaveNamingConventions(ExistingElement(rules), rulebase.RuleLists());
-        SaveReport(root, rulebase.Report());
+        std::string failure;
+        if (!SaveSections(root, rulebase, failure)) {
+            Warn("Error during save: " + failure);
+            return;
+        }
+        if (!ReadsBack(document)) {
+            Warn(kNotReadBack);
+            return;
+        }
         if (!document.SaveToFile(target)) {
             Warn("Error during save: " + SaveErrorText(document.LastError()));
             return;

@@ -41,7 +41,8 @@ public:
         RulebaseLoadCriteria& criteria,
         ToleranceSettings* tolerances);
 
-    /// Writes the whole file; with an empty `filename` to the rulebase's own, which stays as it is.
+    /// Writes the whole file; with an empty `filename` to the rulebase's own, which stays as it is. The file
+    /// there is replaced only by one that has every section and can be read back as it was meant.
     /// The version is incremented first if the rulebase asks for it, also when the save then fails.
     /// False after a failure, which is told in a message box, and `Dirty` then stays.
     /// Raises `kyErrNoFilename` if neither names a file.
@@ -86,20 +87,31 @@ private:
     static void LoadViolationDefinition(const KyXMLElement& rule, ViolationDefinition& definition);
     static void LoadReport(const KyXMLElement& root, Rulebase& rulebase);
 
-    static void SaveProperties(KyXMLElement& root, Rulebase& rulebase);
-    static void SaveControlTags(KyXMLElement& root, const TagTable& table);
-    static void SaveDataTypeTags(KyXMLElement& root, const TagTable& table);
-    static void SaveScopeTags(KyXMLElement& root, const TagTable& table);
-    static void SaveDefaultViolations(KyXMLElement& root, const DefaultViolations& violations);
-    static void SaveCategoryList(KyXMLElement& root, const CategoryList& list);
-    static void SaveSeverityList(KyXMLElement& root, const SeverityTable& table);
-    static void SaveAuthorisedComponents(KyXMLElement& root, const AuthorisedComponents& list);
-    static void SaveAuthorisedReferences(KyXMLElement& root, const AuthorisedReferences& list);
-    static void SaveUnauthorisedKeywords(KyXMLElement& root, const RuleLists& rules);
-    static void SaveCodingConventions(KyXMLElement& rulesElement, const RuleLists& rules);
-    static void SaveNamingConventions(KyXMLElement& rulesElement, const RuleLists& rules);
-    static void SaveReport(KyXMLElement& root, const Report& report);
-    static void SaveViolationDefintion(KyXMLElement& rule, const ViolationDefinition& definition);
+    static bool SaveSections(KyXMLElement& root, Rulebase& rulebase, std::string& failure);
+    // False if the section is not written whole; `failure` is why the first one was not.
+    static bool SaveProperties(KyXMLElement& root, Rulebase& rulebase, std::string& failure);
+    static bool SaveControlTags(KyXMLElement& root, const TagTable& table, std::string& failure);
+    static bool SaveDataTypeTags(KyXMLElement& root, const TagTable& table, std::string& failure);
+    static bool SaveScopeTags(KyXMLElement& root, const TagTable& table, std::string& failure);
+    static bool SaveDefaultViolations(
+        KyXMLElement& root, const DefaultViolations& violations, std::string& failure);
+    static bool
+    SaveCategoryList(KyXMLElement& root, const CategoryList& list, std::string& failure);
+    static bool
+    SaveSeverityList(KyXMLElement& root, const SeverityTable& table, std::string& failure);
+    static bool SaveAuthorisedComponents(
+        KyXMLElement& root, const AuthorisedComponents& list, std::string& failure);
+    static bool SaveAuthorisedReferences(
+        KyXMLElement& root, const AuthorisedReferences& list, std::string& failure);
+    static bool
+    SaveUnauthorisedKeywords(KyXMLElement& root, const RuleLists& rules, std::string& failure);
+    static bool
+    SaveCodingConventions(KyXMLElement& rulesElement, const RuleLists& rules, std::string& failure);
+    static bool
+    SaveNamingConventions(KyXMLElement& rulesElement, const RuleLists& rules, std::string& failure);
+    static bool SaveReport(KyXMLElement& root, const Report& report, std::string& failure);
+    static bool SaveViolationDefintion(
+        KyXMLElement& rule, const ViolationDefinition& definition, std::string& failure);
 
     std::string m_applicationName;
     std::string m_localAppPath;

@@ -93,18 +93,24 @@ void RulebaseManager::LoadReport(const KyXMLElement& root, Rulebase& rulebase) {
     });
 }
 
-void RulebaseManager::SaveReport(KyXMLElement& root, const Report& report) {
-    Trap({"RulebaseManager", "SaveReport"}, [&] {
-        const auto section = Section(root, schema::kReport);
-        for (std::int32_t index = 1; index <= report.Sections().Count(); ++index) {
-            const IListItem* item = report.Sections().Item(index).get();
-            if (const auto* category = dynamic_cast<const CategoryItem*>(item)) {
-                WriteCategorySection(*section, *category);
-            } else if (const auto* table = dynamic_cast<const TableItem*>(item)) {
-                WriteTableSection(*section, *table);
+bool RulebaseManager::SaveReport(KyXMLElement& root, const Report& report, std::string& failure) {
+    return Trap(
+        {"RulebaseManager", "SaveReport"},
+        [&] {
+            const auto section = Section(root, schema::kReport);
+            for (std::int32_t index = 1; index <= report.Sections().Count(); ++index) {
+                const IListItem* item = report.Sections().Item(index).get();
+                if (const auto* category = dynamic_cast<const CategoryItem*>(item)) {
+                    WriteCategorySection(*section, *category);
+                } else if (const auto* table = dynamic_cast<const TableItem*>(item)) {
+                    WriteTableSection(*section, *table);
+                }
             }
-        }
-    });
+        },
+        [&failure](const BasicError& error) {
+            failure = failure.empty() ? error.what() : failure;
+            return false;
+        });
 }
 
 }  // namespace dorvik

@@ -225,5 +225,50 @@ TEST_F(RulebaseSaveTest, ASavedFileOfTheReviewKeepsWhatTheReviewLoaded) {
         << "an editor loads for an edit";
 }
 
+TEST_F(RulebaseSaveTest, ASectionThatFailsLeavesTheOldFileAndIsTold) {
+    Rulebase rulebase;
+    rulebase.SetTitle("Old");
+    ASSERT_TRUE(m_manager.Save(rulebase, m_folder.Path("team.dvk")));
+    const std::string old = m_folder.Read("team.dvk");
+    rulebase.SetTitle("New");
+    rulebase.SetVersion("32767.9999.9999");
+    EXPECT_FALSE(m_manager.Save(rulebase, m_folder.Path("team.dvk")));
+    EXPECT_EQ(m_folder.Read("team.dvk"), old);
+    ASSERT_EQ(m_box.Messages.size(), 1U);
+    EXPECT_EQ(
+        m_box.Messages[0].Text,
+        "Error during save: Overflow: there is no version behind 32767.9999.9999");
+    EXPECT_TRUE(rulebase.Dirty());
+    EXPECT_EQ(rulebase.Version(), "32767.9999.9999");
+}
+
+TEST_F(RulebaseSaveTest, ATextThatNoFileCanHoldLeavesTheOldFileAndIsTold) {
+    for (const std::string& text :
+         {std::string("a\0b", 3), std::string("a\x01z"), std::string("a\xffz")}) {
+        Rulebase rulebase;
+        ASSERT_TRUE(m_manager.Save(rulebase, m_folder.Path("team.dvk")));
+        const std::string old = m_folder.Read("team.dvk");
+        m_box.Messages.clear();
+        rulebase.SetDescription(text);
+        EXPECT_FALSE(m_manager.Save(rulebase, m_folder.Path("team.dvk")));
+        EXPECT_EQ(m_folder.Read("team.dvk"), old);
+        ASSERT_EQ(m_box.Messages.size(), 1U);
+        EXPECT_EQ(m_box.Messages[0].Text.rfind("Error during save: ", 0), 0U)
+            << m_box.Messages[0].Text;
+    }
+}
+
+TEST_F(RulebaseSaveTest, EveryTextThatAFileCanHoldIsSaved) {
+    Rulebase rulebase;
+    const std::string text =
+        "a\tb\r\nc\nd\re <f> & \"g\" 'h' %TAB% %crlf% \xE2\x80\xAE \xF0\x9F\x98\x80 ";
+    rulebase.SetDescription(text);
+    EXPECT_TRUE(m_manager.Save(rulebase, m_folder.Path("team.dvk")));
+    EXPECT_TRUE(m_box.Messages.empty());
+    const auto again = LoadAgain("team.dvk");
+    ASSERT_NE(again, nullptr);
+    EXPECT_EQ(again->Description().substr(0, 5), text.substr(0, 5));
+}
+
 }  // namespace
 }  // namespace dorvik
