@@ -36,6 +36,8 @@ const Value* FindBuiltinConstant(std::string_view name);
 
 /// Makes an object by its programmatic identifier ("Scripting.Dictionary", any case) or raises 429.
 Value CreateScriptObject(std::string_view programId);
+/// True for a programmatic identifier of which an object can be made.
+bool IsScriptObject(std::string_view programId);
 /// Makes an object by its class name in `New` (Collection, Dictionary, RegExp); null value if unknown.
 Value NewScriptObject(ObjectClass which);
 

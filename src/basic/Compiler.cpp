@@ -1,6 +1,7 @@
 #include "basic/Compiler.h"
 
 #include "basic/ProcedureCompiler.h"
+#include "basic/UnsetNames.h"
 
 #include <algorithm>
 #include <tuple>
@@ -15,6 +16,7 @@ CompiledModule CompileModule(
     scope.Declare();
     for (std::size_t i = 0; i < scope.Nodes.size(); ++i)
         ProcedureCompiler(scope, i).Compile();
+    WarnOfUnsetNames(scope);
     const auto byPlace = [](const auto& left, const auto& right) {
         return std::tie(left.Place.Line, left.Place.Column) <
                std::tie(right.Place.Line, right.Place.Column);
@@ -23,9 +25,9 @@ CompiledModule CompileModule(
     result.Errors = std::move(scope.Messages.Errors);
     std::stable_sort(result.Errors.begin(), result.Errors.end(), byPlace);
     std::stable_sort(scope.Messages.Warnings.begin(), scope.Messages.Warnings.end(), byPlace);
+    result.Warnings = std::move(scope.Messages.Warnings);
     if (result.Errors.empty()) {
         result.Module = std::move(scope.Result);
-        result.Module->Warnings = std::move(scope.Messages.Warnings);
         result.Module->Lines = module.Lines;
     }
     return result;

@@ -17,8 +17,9 @@ struct ExtensionEntry {
 };
 
 struct CompiledModule {
-    std::unique_ptr<Program> Module;   // null if there are errors
-    std::vector<CompileError> Errors;  // in the order of the lines
+    std::unique_ptr<Program> Module;       // null if there are errors
+    std::vector<CompileError> Errors;      // in the order of the lines
+    std::vector<CompileWarning> Warnings;  // the same, also where there are errors
 };
 
 /// Makes a program of a tree. Finds all errors that can be told; those that only a run can tell become

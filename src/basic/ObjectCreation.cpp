@@ -7,12 +7,36 @@
 
 namespace dorvik::basic {
 
-Value CreateScriptObject(std::string_view programId) {
-    if (modTextCase::Equal(programId, "Scripting.Dictionary")) {
-        return NewScriptObject(ObjectClass::Dictionary);
+namespace {
+
+struct ProgramRow {
+    std::string_view Id;
+    ObjectClass Class;
+};
+
+constexpr ProgramRow kPrograms[] = {
+    {"Scripting.Dictionary", ObjectClass::Dictionary},
+    {"VBScript.RegExp", ObjectClass::RegExp},
+};
+
+const ProgramRow* FindProgram(std::string_view programId) {
+    for (const ProgramRow& row : kPrograms) {
+        if (modTextCase::Equal(programId, row.Id)) {
+            return &row;
+        }
     }
-    if (modTextCase::Equal(programId, "VBScript.RegExp")) {
-        return NewScriptObject(ObjectClass::RegExp);
+    return nullptr;
+}
+
+}  // namespace
+
+bool IsScriptObject(std::string_view programId) {
+    return FindProgram(programId) != nullptr;
+}
+
+Value CreateScriptObject(std::string_view programId) {
+    if (const ProgramRow* row = FindProgram(programId)) {
+        return NewScriptObject(row->Class);
     }
     RaiseError(runtimeerror::kCannotCreateObject);
 }

@@ -1,6 +1,7 @@
 #include "basic/Parser.h"
 
 #include "base/modUtf8.h"
+#include "basic/ErrorHints.h"
 #include "basic/Lexer.h"
 #include "basic/ModuleParser.h"
 #include "basic/Preprocessor.h"
@@ -26,6 +27,7 @@ ParsedModule ParseModule(std::string_view source) {
     TokenCursor cursor(errors);
     ModuleParser(cursor, preprocessor, parsed.Module).Parse();
     parsed.Errors = errors.Take();
+    AddHints(parsed.Errors, lines);
     return parsed;
 }
 

@@ -127,7 +127,6 @@ public:
     std::vector<CallSite> Sites;
     std::vector<ExtensionCall> ExtensionCalls;
     std::vector<const BuiltinFunction*> Builtins;
-    std::vector<CompileWarning> Warnings;
 
     /// The index of a procedure by its name in any case and its kind, or -1.
     int FindProcedure(std::string_view name, ProcedureKind kind) const;

@@ -161,10 +161,10 @@ bool ScriptEngine::LoadText(std::string_view file, std::string_view text) {
         return false;
     CompiledModule compiled = CompileModule(parsed.Module, parts.Extensions, parts.Origins);
     parts.Errors = std::move(compiled.Errors);
+    parts.Warnings = std::move(compiled.Warnings);
     if (!compiled.Module)
         return false;
     parts.Module = std::move(compiled.Module);
-    parts.Warnings = parts.Module->Warnings;
     if (parts.Module->Name.empty())
         parts.Module->Name = StemOf(file);
     parts.Runner.Load(parts.Module.get());

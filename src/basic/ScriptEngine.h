@@ -64,6 +64,7 @@ public:
     const std::vector<CompileError>& LoadErrors() const;
     /// The first of them as text: "file(line, column): text", with the script's name and its own line when known.
     std::string ErrorText() const;
+    /// Those of the last load that got past the reading of the text, also where it had errors.
     const std::vector<CompileWarning>& Warnings() const;
     /// Null where none was given.
     const ScriptOrigin* OriginOfLine(std::int32_t line) const;

@@ -8,7 +8,9 @@
 #include "rulebase/ScriptFile.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
+#include <variant>
 
 namespace dorvik {
 
@@ -55,7 +57,7 @@ ScriptPlace WithinScript(
     const basic::SourcePlace& place, const basic::ScriptOrigin& origin, const RuleScript& script) {
     ScriptPlace within{place.Line - origin.FirstLine + 1, place.Column};
     const ScriptPlace main = EndOfMain(script.Text);
-    const std::string nameInModule = "Method_" + std::to_string(script.RuleID);
+    const std::string nameInModule = ScriptFile::MethodName(script.RuleID);
     const auto longer = static_cast<std::int32_t>(nameInModule.size() - kMain.size());
     if (within.Line == main.Line && within.Column >= main.Column + longer) {
         within.Column -= longer;
@@ -74,6 +76,54 @@ std::vector<basic::CompileError> ReadingErrors(std::string_view script) {
     return errors;
 }
 
+/// The main procedure of a script as it stands in the module; null where there is none.
+const basic::ProcedureNode*
+FindProcedure(const basic::ModuleNode& module, const std::string& name) {
+    for (const basic::ModuleItem& item : module.Items) {
+        const auto* procedure = std::get_if<basic::ProcedureNode>(&item);
+        if (procedure != nullptr && modTextCase::Equal(procedure->Name, name)) {
+            return procedure;
+        }
+    }
+    return nullptr;
+}
+
+/// Why a review, which replaces the first "Sub Main" of the text whatever it is, finds no procedure there that it
+/// can call; empty if it does.
+std::string ObjectionToMain(const RuleScript& script) {
+    const std::string name = ScriptFile::MethodName(script.RuleID);
+    const basic::ParsedModule parsed =
+        basic::ParseModule(ScriptFile::ScriptOfRule(script.RuleID, script.Text));
+    const basic::ProcedureNode* const main = FindProcedure(parsed.Module, name);
+    if (main == nullptr) {
+        return "the first 'Sub Main' of the script, which a review takes for its main procedure, "
+               "is none: it "
+               "stands in a comment or a text, or begins a longer name";
+    }
+    const bool needsArguments =
+        std::any_of(main->Parameters.begin(), main->Parameters.end(), [](const auto& parameter) {
+            return !parameter.IsOptional && !parameter.IsParamArray;
+        });
+    return needsArguments ? "a review calls 'Sub Main' without arguments, and this one needs some"
+                          : std::string();
+}
+
+/// Something for each name that a script defines, so that the scripts that use them can be compiled without it.
+/// Nothing where it defines what nothing else can stand for.
+std::optional<std::string> StandIn(std::string_view script) {
+    std::string text = "Sub Main()\nEnd Sub\n";
+    for (const basic::ModuleItem& item : basic::ParseModule(script).Module.Items) {
+        if (const auto* procedure = std::get_if<basic::ProcedureNode>(&item)) {
+            if (!modTextCase::Equal(procedure->Name, kMain)) {
+                text += "Function " + procedure->Name + "(ParamArray Any())\nEnd Function\n";
+            }
+        } else if (!std::holds_alternative<basic::ModuleVariablesNode>(item)) {
+            return std::nullopt;
+        }
+    }
+    return text;
+}
+
 }  // namespace
 
 std::vector<std::vector<ScriptFault>>
@@ -86,24 +136,37 @@ RuleScriptChecker::Check(std::span<const RuleScript> scripts) {
 
 void RuleScriptChecker::Read(std::span<const RuleScript> scripts) {
     for (std::size_t position = 0; position < scripts.size(); ++position) {
-        for (const basic::CompileError& error : ReadingErrors(scripts[position].Text)) {
+        const RuleScript& script = scripts[position];
+        for (const basic::CompileError& error : ReadingErrors(script.Text)) {
             m_faults[position].push_back({error.Place.Line, error.Text, error.Place.Column});
+        }
+        if (!m_faults[position].empty()) {
+            continue;
+        }
+        if (std::string objection = ObjectionToMain(script); !objection.empty()) {
+            const ScriptPlace place =
+                PlaceOf(script.Text, modTextCase::Find(script.Text, kSubMain));
+            m_faults[position].push_back({place.Line, std::move(objection), place.Column});
         }
     }
 }
 
 void RuleScriptChecker::Compile(std::span<const RuleScript> scripts) {
     ScriptFile file;
-    std::vector<std::size_t> readable;
+    bool isWhole = true;
     for (std::size_t position = 0; position < scripts.size(); ++position) {
+        const RuleScript& script = scripts[position];
         if (m_faults[position].empty()) {
-            readable.push_back(position);
-            file.AddScript(scripts[position].RuleID, scripts[position].Text);
+            file.AddScript(script.RuleID, script.Text);
+            continue;
         }
+        const std::optional<std::string> standIn = StandIn(script.Text);
+        isWhole = isWhole && standIn.has_value();
+        file.AddScript(script.RuleID, standIn.value_or("Sub Main()\nEnd Sub\n"));
     }
     std::vector<basic::ScriptOrigin> origins;
     for (const ScriptFile::ScriptLines& lines : file.Lines()) {
-        const std::size_t position = readable[origins.size()];
+        const std::size_t position = origins.size();
         origins.push_back(
             {lines.First,
              lines.Last,
@@ -118,26 +181,34 @@ void RuleScriptChecker::Compile(std::span<const RuleScript> scripts) {
     engine.SetAcceptsModules(true);
     engine.LoadText(file.FullFilename(), file.ModuleText());
     ScriptFile::RemoveScriptFile(file.FullFilename());  // and its folder; nothing was written
-    Tell(engine, scripts, readable.size() == scripts.size());
+    Tell(engine, scripts, isWhole);
 }
 
 void RuleScriptChecker::Tell(
     const basic::ScriptEngine& engine, std::span<const RuleScript> scripts, bool isWhole) {
-    const auto tell = [&](const basic::SourcePlace& place, const std::string& text) {
+    // What was told in the reading of a script stands for it; in its place is something else.
+    std::vector<bool> isToldAlready;
+    for (const std::vector<ScriptFault>& faults : m_faults) {
+        isToldAlready.push_back(!faults.empty());
+    }
+    const auto tell = [&](const basic::SourcePlace& place, const std::string& text, bool isError) {
         if (const basic::ScriptOrigin* origin = engine.OriginOfLine(place.Line)) {
             const auto position = static_cast<std::size_t>(origin->Rule);
+            if (isToldAlready[position]) {
+                return;
+            }
             const ScriptPlace within = WithinScript(place, *origin, scripts[position]);
-            m_faults[position].push_back({within.Line, text, within.Column});
+            m_faults[position].push_back({within.Line, text, within.Column, isError});
         }
     };
     for (const basic::CompileError& error : engine.LoadErrors()) {
-        // What is missing may stand in a script that could not be read.
+        // What is missing may stand in a script that could not be read and has no stand-in.
         if (isWhole || error.Number != kNotDefined) {
-            tell(error.Place, error.Text);
+            tell(error.Place, error.Text, /*isError=*/true);
         }
     }
     for (const basic::CompileWarning& warning : engine.Warnings()) {
-        tell(warning.Place, warning.Text);
+        tell(warning.Place, warning.Text, /*isError=*/false);
     }
 }
 

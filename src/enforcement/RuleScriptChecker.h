@@ -15,8 +15,8 @@ public:
     std::vector<std::vector<ScriptFault>> Check(std::span<const RuleScript> scripts) override;
 
 private:
-    /// What keeps a script from being read at all. Such a one stays out of the module, so that it
-    /// cannot hide what is wrong with the others.
+    /// What keeps a script from being read at all, or a review from calling it. In the module something stands
+    /// for the procedures of such a one, so that it cannot hide what is wrong with the others.
     void Read(std::span<const RuleScript> scripts);
     /// What shows only when all of them stand in one module: names that two share, procedures that
     /// no script has, what the extension object does not know.

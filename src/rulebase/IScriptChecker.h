@@ -19,6 +19,7 @@ struct ScriptFault {
     std::int32_t Line = 0;  // 1-based, within the rule's own script
     std::string Sentence;
     std::int32_t Column = 0;  // 1-based, in characters; 0 where it is not known
+    bool IsError = true;      // keeps the scripts of all rules from running; else only a hint
 };
 
 /// Compiles the scripts of a rulebase without running them. The check of a rulebase takes one; the

@@ -91,6 +91,24 @@ std::string_view FaultKindName(FaultKind kind) {
 }
 
 bool RulebaseCheck::Run(std::string_view filename) {
+    if (!Read(filename)) {
+        return false;
+    }
+    CheckContents();
+    return true;
+}
+
+bool RulebaseCheck::RunForLoad(std::string_view filename) {
+    if (!Read(filename)) {
+        return false;
+    }
+    CheckCategories();
+    CheckItems();
+    CheckRuleNumbers();
+    return true;
+}
+
+bool RulebaseCheck::Read(std::string_view filename) {
     m_faults.clear();
     m_problem.clear();
     KyXMLDoc document;
@@ -109,7 +127,6 @@ bool RulebaseCheck::Run(std::string_view filename) {
         return false;
     }
     m_contents = RulebaseReading(*root, m_faults).Read();
-    CheckContents();
     return true;
 }
 
@@ -117,9 +134,8 @@ void RulebaseCheck::CheckContents() {
     CheckTags();
     CheckDefaultViolations();
     CheckCategories();
-    CheckUnique(m_contents.Severities, "SeverityLevel", "the later one takes its place");
-    CheckUnique(m_contents.Components, "LibID", "this one is not loaded");
-    CheckUnique(m_contents.References, "LibID", "this one is not loaded");
+    CheckUnique(m_contents.Severities, "SeverityLevel", "the later one takes its place", false);
+    CheckItems();
     CheckRuleNumbers();
     CompileScripts();
     for (const Rule& rule : m_contents.Rules) {
@@ -131,7 +147,12 @@ void RulebaseCheck::CheckContents() {
 void RulebaseCheck::Tell(
     FaultKind kind, const Rule& rule, std::string_view attribute, std::string sentence) {
     m_faults.push_back(
-        {kind, rule.Content->RuleID(), rule.Element, std::string(attribute), std::move(sentence)});
+        {kind,
+         rule.Content->RuleID(),
+         rule.Element,
+         std::string(attribute),
+         std::move(sentence),
+         rule.Line});
 }
 
 void RulebaseCheck::Tell(RulebaseFault place, FaultKind kind, std::string sentence) {
@@ -143,7 +164,8 @@ void RulebaseCheck::Tell(RulebaseFault place, FaultKind kind, std::string senten
 void RulebaseCheck::CheckUnique(
     const std::vector<RulebaseContents::Identified>& items,
     std::string_view attribute,
-    std::string_view consequence) {
+    std::string_view consequence,
+    bool costsReview) {
     std::map<std::string, std::string> elements;
     for (const RulebaseContents::Identified& item : items) {
         const auto [first, isNew] =
@@ -152,14 +174,25 @@ void RulebaseCheck::CheckUnique(
             std::string sentence = "'" + item.Identifier + "' is already that of ";
             sentence.append(first->second).append("; ").append(consequence);
             m_faults.push_back(
-                {FaultKind::Duplicate, 0, item.Element, std::string(attribute), sentence});
+                {FaultKind::Duplicate,
+                 0,
+                 item.Element,
+                 std::string(attribute),
+                 sentence,
+                 item.Line,
+                 costsReview});
         }
     }
 }
 
+void RulebaseCheck::CheckItems() {
+    CheckUnique(m_contents.Components, "LibID", "this one is not loaded", true);
+    CheckUnique(m_contents.References, "LibID", "this one is not loaded", true);
+}
+
 void RulebaseCheck::CheckCategories() {
     CheckUnique(
-        m_contents.Categories, "ID", "this one and the categories behind it are not loaded");
+        m_contents.Categories, "ID", "this one and the categories behind it are not loaded", true);
     for (const RulebaseContents::Identified& category : m_contents.Categories) {
         const std::int32_t id = modText::WholeNumber(category.Identifier).value_or(0);
         if (m_contents.LastCategoryID.has_value() && id > *m_contents.LastCategoryID) {
@@ -226,34 +259,39 @@ void RulebaseCheck::CheckTagTable(const std::vector<RulebaseContents::Tag>& tags
         // A tag goes into the pattern as it stands; one with alternatives goes in brackets.
         CheckPattern(tag.Content.TagValue(), {FaultKind::Pattern, 0, tag.Element, "TagValue", ""});
     }
-    CheckUnique(names, modRulebaseSchema::kTagName, "the later one takes its place");
+    CheckUnique(names, modRulebaseSchema::kTagName, "the later one takes its place", false);
 }
 
 void RulebaseCheck::CheckRuleNumbers() {
-    std::map<std::int32_t, std::string> elements;
+    std::map<std::int32_t, const Rule*> rules;
     for (const Rule& rule : m_contents.Rules) {
         const std::int32_t number = rule.Content->RuleID();
         if (rule.Unreadable.contains("RuleID")) {
             continue;
         }
-        const auto [first, isNew] = elements.emplace(number, rule.Element);
+        const auto [first, isNew] = rules.emplace(number, &rule);
         if (!isNew) {
             Tell(
                 FaultKind::Duplicate,
                 rule,
                 "RuleID",
-                "the number is already that of " + first->second + "; this rule is not loaded");
+                "the number is already that of " + first->second->Element +
+                    "; this rule is not loaded");
+            m_faults.back().CostsReview = rule.IsOn() && first->second->IsOn();
+            // In a review the number is that of the first rule that is on.
+            first->second = first->second->IsOn() ? first->second : &rule;
         }
     }
-    if (!elements.empty() && m_contents.LastRuleID.has_value() &&
-        elements.rbegin()->first > *m_contents.LastRuleID) {
+    if (!rules.empty() && m_contents.LastRuleID.has_value() &&
+        rules.rbegin()->first > *m_contents.LastRuleID) {
         m_faults.push_back(
             {FaultKind::Duplicate,
              0,
              std::string(modRulebaseSchema::kRules),
              std::string(modRulebaseSchema::kLastRuleID),
              "it is " + std::to_string(*m_contents.LastRuleID) + ", below the number of " +
-                 elements.rbegin()->second + ", so that a new rule would get a number in use"});
+                 rules.rbegin()->second->Element +
+                 ", so that a new rule would get a number in use"});
     }
 }
 

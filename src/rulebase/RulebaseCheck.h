@@ -26,6 +26,8 @@ public:
 
     /// False if the file cannot be checked at all, because it is no rulebase that can be loaded.
     bool Run(std::string_view filename);
+    /// The same, but looks only for what a load would leave out or take a default for.
+    bool RunForLoad(std::string_view filename);
     /// Why it could not be checked, as one sentence without its point; empty after a check.
     const std::string& Problem() const { return m_problem; }
     /// What was found: first what cannot be read, then the rest, each in the order of the file.
@@ -35,14 +37,17 @@ private:
     using Rule = RulebaseContents::Rule;
     using Events = std::vector<std::int32_t>;
 
+    bool Read(std::string_view filename);
     void CheckContents();
 
     // Identifiers and references between the sections
     void CheckUnique(
         const std::vector<RulebaseContents::Identified>& items,
         std::string_view attribute,
-        std::string_view consequence);
+        std::string_view consequence,
+        bool costsReview);
     void CheckCategories();
+    void CheckItems();
     void CheckTags();
     void CheckTagTable(const std::vector<RulebaseContents::Tag>& tags);
     void CheckTagName(const RulebaseContents::Tag& tag, std::string_view table);

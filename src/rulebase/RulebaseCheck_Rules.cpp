@@ -206,6 +206,7 @@ void RulebaseCheck::CheckScript(const Rule& rule) {
     }
     if (!Mentions(script, kMainProcedure)) {
         Tell(FaultKind::Script, rule, "Condition", "the script has no 'Sub Main'");
+        m_faults.back().CostsReview = rule.IsOn();
         return;
     }
     for (const ScriptFault& fault : m_scriptFaults[rule.Content->RuleID()]) {
@@ -216,6 +217,7 @@ void RulebaseCheck::CheckScript(const Rule& rule) {
             rule,
             "Condition",
             "line " + std::to_string(fault.Line) + column + ": " + fault.Sentence);
+        m_faults.back().CostsReview = rule.IsOn() && fault.IsError;
     }
 }
 

@@ -20,6 +20,10 @@ struct RulebaseContents {
         std::shared_ptr<BasicRule> Content;
         std::string Element;
         std::set<std::string> Unreadable;  // attributes whose values are not those of the file
+        std::int32_t Line = 0;             // of the file
+
+        /// Only such a rule takes part in a review; one of which that cannot be read counts as one.
+        bool IsOn() const { return Content->RuleActive() || Unreadable.contains("RuleActive"); }
     };
     struct Tag {
         TagItem Content;
@@ -33,6 +37,7 @@ struct RulebaseContents {
     struct Identified {
         std::string Identifier;
         std::string Element;
+        std::int32_t Line = 0;
     };
     struct Section {
         std::optional<std::int32_t> CategoryID;

@@ -25,6 +25,9 @@ struct RulebaseFault {
     std::string Element;      // for example "UnauthorisedKeyword 5003 'No GoTo'"
     std::string Attribute;    // as the file has it; empty if it is about the whole element
     std::string Sentence;     // without a closing point
+    std::int32_t Line = 0;    // of the file; 0 where it is not known
+    /// A review would leave out something that the file has, or take a default for it.
+    bool CostsReview = false;
 
     /// "Element, Attribute: sentence".
     std::string Text() const {

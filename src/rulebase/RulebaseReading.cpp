@@ -67,6 +67,11 @@ std::string Titled(std::string element, const std::string& title) {
     return title.empty() ? element : element + " '" + title + "'";
 }
 
+RulebaseContents::Identified
+Identified(std::string identifier, const KyXMLElement& element, const std::string& title) {
+    return {std::move(identifier), Titled(element.ElementName(), title), element.XMLNode().Line()};
+}
+
 }  // namespace
 
 RulebaseReading::RulebaseReading(const KyXMLElement& root, std::vector<RulebaseFault>& faults)
@@ -85,7 +90,12 @@ RulebaseContents RulebaseReading::Read() {
     ReadAuthorised<AuthorisedReference>(
         schema::kAuthorisedReferences, schema::Reference(), m_contents.References);
     ReadRulesOfTheirSection();
+    const std::size_t firstOfReport = m_faults.size();
     ReadReport();
+    // A review reads no definition of a report.
+    for (std::size_t fault = firstOfReport; fault < m_faults.size(); ++fault) {
+        m_faults[fault].CostsReview = false;
+    }
     return std::move(m_contents);
 }
 
@@ -103,6 +113,7 @@ RulebaseReading::Element RulebaseReading::RequiredChild(
     const KyXMLElement& parent, std::string_view name, std::string_view where) {
     Element child = FindChild(parent, name);
     if (child == nullptr) {
+        SetPlace(parent);
         Tell(std::string(where), "", "the element '" + std::string(name) + "' is missing");
     }
     return child;
@@ -113,6 +124,7 @@ RulebaseReading::ListElements(const KyXMLElement& section, const std::string& wh
     std::vector<Element> elements;
     for (Element& child : modSectionReading::Children(section)) {
         if (child->ElementType() == kTextNode) {
+            SetPlace(*child);
             Tell(where, "", "text stands between the elements, and a load ends there");
         } else {
             elements.push_back(std::move(child));
@@ -127,7 +139,9 @@ void RulebaseReading::Tell(std::string element, std::string_view attribute, std:
          0,
          std::move(element),
          std::string(attribute),
-         std::move(sentence)});
+         std::move(sentence),
+         m_line,
+         /*CostsReview=*/true});
 }
 
 template <class Owner>
@@ -136,6 +150,7 @@ void RulebaseReading::ReadRows(
     std::type_identity_t<std::span<const AttributeRow<Owner>>> rows,
     Owner& owner,
     const std::function<void(std::string_view attribute, std::string sentence)>& tell) {
+    SetPlace(element);
     for (const AttributeRow<Owner>& row : rows) {
         std::string value;
         Trap(
@@ -153,6 +168,7 @@ void RulebaseReading::ReadRows(
 
 std::optional<std::string> RulebaseReading::Text(
     const KyXMLElement& element, std::string_view name, const std::string& where) {
+    SetPlace(element);
     std::optional<std::string> text;
     Trap(
         {"RulebaseReading", "Text"},
@@ -195,6 +211,7 @@ void RulebaseReading::ReadProperties() {
 }
 
 void RulebaseReading::ReadToleranceLists(const KyXMLElement& section) {
+    SetPlace(section);
     const std::string where(schema::kProperties);
     for (const char* attribute : {"ToleranceCount", "ToleranceImpact"}) {
         const XmlNode& node = section.XMLNode();
@@ -255,6 +272,7 @@ void RulebaseReading::ReadDefaultViolations() {
             element->ElementName() + " " + Position(m_contents.DefaultViolations.size());
         if (m_contents.DefaultViolations.size() ==
             static_cast<std::size_t>(DefaultViolations().Count())) {
+            SetPlace(*element);
             Tell(violation.Element, "", "there are only five default violations");
             return;
         }
@@ -287,7 +305,7 @@ void RulebaseReading::ReadCategories() {
                 Tell(name, attribute, sentence + "; the categories from here on are not loaded");
             });
         m_contents.Categories.push_back(
-            {std::to_string(category.ID()), Titled(element->ElementName(), category.Title())});
+            Identified(std::to_string(category.ID()), *element, category.Title()));
     }
 }
 
@@ -312,7 +330,7 @@ void RulebaseReading::ReadSeverities() {
         const std::optional<std::int32_t> level = Number(*element, schema::kSeverityLevel, name);
         if (level.has_value()) {
             m_contents.Severities.push_back(
-                {std::to_string(*level), Titled(element->ElementName(), severity.Title())});
+                Identified(std::to_string(*level), *element, severity.Title()));
         }
     }
 }
@@ -332,7 +350,7 @@ void RulebaseReading::ReadAuthorised(
         ReadRows<Item>(*element, rows, item, [&](std::string_view attribute, std::string sentence) {
             Tell(name, attribute, sentence + "; the items from here on are not loaded");
         });
-        items.push_back({item.LibID(), Titled(element->ElementName(), item.Title())});
+        items.push_back(Identified(item.LibID(), *element, item.Title()));
     }
 }
 
@@ -348,7 +366,7 @@ void RulebaseReading::ReadRules(
     std::size_t position = 0;
     for (const Element& element : ListElements(*list, std::string(section))) {
         const auto content = std::make_shared<RuleClass>();
-        RulebaseContents::Rule rule{content, "", {}};
+        RulebaseContents::Rule rule{content, "", {}, element->XMLNode().Line()};
         const std::size_t firstFault = m_faults.size();
         ReadRows<RuleClass>(
             *element, rows, *content, [&](std::string_view attribute, std::string sentence) {
@@ -365,6 +383,8 @@ void RulebaseReading::ReadRules(
         for (std::size_t fault = firstFault; fault < m_faults.size(); ++fault) {
             m_faults[fault].Element = rule.Element;
             m_faults[fault].RuleID = content->RuleID();
+            // A review passes over a rule that is switched off before it reads anything else of it.
+            m_faults[fault].CostsReview = rule.IsOn();
         }
         m_contents.Rules.push_back(std::move(rule));
         ++position;
@@ -429,6 +449,7 @@ void RulebaseReading::ReadNameItemsOf(
         ++slot;
         const std::string place = child->ElementName() + " " + std::to_string(slot);
         if (slot > NamingConvention::kItemCount) {
+            SetPlace(*child);
             Tell(
                 rule.Element,
                 place,

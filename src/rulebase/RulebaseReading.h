@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/KyXMLElement.h"
+#include "platform/XmlNode.h"
 #include "rulebase/AttributeRow.h"
 #include "rulebase/NamingConvention.h"
 #include "rulebase/RulebaseContents.h"
@@ -79,10 +80,13 @@ private:
     std::optional<std::string>
     Text(const KyXMLElement& element, std::string_view name, const std::string& where);
 
+    /// What is told from here on stands in that element.
+    void SetPlace(const KyXMLElement& element) { m_line = element.XMLNode().Line(); }
     void Tell(std::string element, std::string_view attribute, std::string sentence);
 
     const KyXMLElement& m_root;
     std::vector<RulebaseFault>& m_faults;
+    std::int32_t m_line = 0;
     RulebaseContents m_contents;
 };
 

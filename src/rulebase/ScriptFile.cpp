@@ -16,16 +16,6 @@ constexpr std::string_view kMainProcedure = "Sub Main";
 constexpr std::string_view kFolderPrefix = "Dorvik";
 constexpr std::string_view kFilename = "DorvikScripts.dvs";
 
-/// The script with its main procedure under the name by which the entry procedure calls it.
-std::string ScriptOfRule(std::string_view key, std::string_view script) {
-    std::string text(script);
-    const std::size_t main = modTextCase::Find(text, kMainProcedure);
-    if (main != std::string::npos) {
-        text.replace(main, kMainProcedure.size(), "Sub Method_" + std::string(key));
-    }
-    return text;
-}
-
 /// Physical lines, however they end: CR LF, LF or CR.
 std::int32_t CountLineEnds(std::string_view text) {
     std::int32_t count = 0;
@@ -49,6 +39,20 @@ ScriptFile::ScriptFile() {
 
 std::string_view ScriptFile::ScriptPrototype() {
     return "Public Sub RunScript(ByVal v_lRuleID As Long)";
+}
+
+std::string ScriptFile::MethodName(std::int32_t ruleID) {
+    return "Method_" + std::to_string(ruleID);
+}
+
+/// Required: the first occurrence, wherever it stands, and nothing else.
+std::string ScriptFile::ScriptOfRule(std::int32_t ruleID, std::string_view script) {
+    std::string text(script);
+    const std::size_t main = modTextCase::Find(text, kMainProcedure);
+    if (main != std::string::npos) {
+        text.replace(main, kMainProcedure.size(), "Sub " + MethodName(ruleID));
+    }
+    return text;
 }
 
 void ScriptFile::AddScript(std::int32_t ruleID, std::string_view script) {
@@ -78,7 +82,7 @@ std::string ScriptFile::ModuleText() const {
     text.append(kLineEnd).append(kLineEnd).append(CreateEntryMethod());
     for (std::int32_t index = 1; index <= m_scripts.Count(); ++index) {
         text.append(kLineEnd).append(kLineEnd);
-        text.append(ScriptOfRule(m_scripts.Key(index), m_scripts.Item(index)));
+        text.append(ScriptOfRule(std::stoi(m_scripts.Key(index)), m_scripts.Item(index)));
     }
     return text.append(kLineEnd).append(kLineEnd);
 }

@@ -30,6 +30,11 @@ public:
     /// The head of the entry procedure, as it stands in the module.
     static std::string_view ScriptPrototype();
 
+    /// The name that the main procedure of a rule's script has in the module.
+    static std::string MethodName(std::int32_t ruleID);
+    /// A rule's script as it stands in the module.
+    static std::string ScriptOfRule(std::int32_t ruleID, std::string_view script);
+
     /// An empty script and a rule that has one already are passed over.
     void AddScript(std::int32_t ruleID, std::string_view script);
     /// Writes the module; an old file of the name goes first. Raises the errors of `modFiles`.

@@ -12,8 +12,10 @@ namespace dorvik::test {
 
 namespace {
 
+using ::testing::AllOf;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using ::testing::Not;
 
 class RulebaseCheckCommand : public RulebaseCommandFixture {
 protected:
@@ -196,6 +198,95 @@ TEST_F(RulebaseCheckCommand, AScriptWithoutSubMainIsToldAndDoesNotSpoilTheRest) 
     EXPECT_EQ(
         FoundIn({"Sub Other()\nEnd Sub", "Sub Main()\nEnd Sub"}),
         Line(6001, "the script has no 'Sub Main'"));
+}
+
+TEST_F(RulebaseCheckCommand, ANameThatIsReadAndNeverSetIsToldOnceAndADeclaredOneIsNot) {
+    EXPECT_EQ(
+        FoundIn({"Sub Main()\n  Dovrik.RaiseViolation\n  Dovrik.RaiseViolation\nEnd Sub"}),
+        Line(6001, "line 2, column 3: 'Dovrik' is read and never set"));
+    EXPECT_EQ(
+        FoundIn({"Sub Main()\n  If cuont > 2 Then Dorvik.RaiseViolation\nEnd Sub"}),
+        Line(6001, "line 2, column 6: 'cuont' is read and never set"));
+    const std::string silent[] = {
+        "Sub Main()\nDim n\nDebug.Print n\nEnd Sub",
+        "Sub Main()\nFor i = 1 To 2\nDebug.Print i\nNext\nEnd Sub",
+        "Sub Main()\nFor Each v In Array(1)\nDebug.Print v\nNext\nEnd Sub",
+        "Sub Main()\nDorvik.GetObjectProperty \"File\", \"Name\", v\nDebug.Print v\nEnd Sub",
+        "Sub Main()\nFill v\nDebug.Print v\nEnd Sub\nSub Fill(x)\nx = 1\nEnd Sub",
+        "Sub Main()\nReDim a(2)\nDebug.Print a(1)\nEnd Sub",
+        "Sub Main()\nSet d = CreateObject(\"Scripting.Dictionary\")\nd(\"a\") = 1\nEnd Sub",
+        "Dim m\nSub Main()\nDebug.Print m, vbCrLf, Err.Number, Now\nEnd Sub",
+        "Sub Main()\nx = 1\nWith x\nEnd With\nEnd Sub",
+    };
+    for (const std::string& script : silent) {
+        EXPECT_EQ(FoundIn({script}), "") << script;
+    }
+}
+
+TEST_F(RulebaseCheckCommand, AnObjectThatCannotBeCreatedIsTold) {
+    EXPECT_EQ(
+        FoundIn({"Sub Main()\nSet x = CreateObject(\"Excel.Application\")\nEnd Sub"}),
+        Line(
+            6001,
+            "line 2, column 22: 'Excel.Application' cannot be created, only "
+            "'Scripting.Dictionary' and 'VBScript.RegExp' can: reaching it raises error 429"));
+}
+
+TEST_F(RulebaseCheckCommand, ASyntaxErrorHidesNoFaultOfAnotherRule) {
+    EXPECT_EQ(
+        FoundIn(
+            {"Sub Main()\nx = )\nEnd Sub\nFunction Helper(n)\nEnd Function",
+             "Sub Main()\nNowhere 1\nEnd Sub",
+             "Sub Main()\nx = Helper(1)\nDovrik.Raise\nEnd Sub"}),
+        Line(6001, "line 2, column 5: Expected expression") +
+            Line(6002, "line 2, column 1: Sub, Function or Property 'Nowhere' is not defined") +
+            Line(6003, "line 3, column 1: 'Dovrik' is read and never set"));
+}
+
+TEST_F(RulebaseCheckCommand, ACompileErrorHidesNoHintOfAnotherRule) {
+    EXPECT_EQ(
+        FoundIn({"Sub Main()\nExit Function\nEnd Sub", "Sub Main()\nDovrik.Raise\nEnd Sub"}),
+        Line(
+            6001,
+            "line 2, column 1: Invalid 'Exit' statement: 'Exit Function' stands in nothing that it "
+            "could leave") +
+            Line(6002, "line 2, column 1: 'Dovrik' is read and never set"));
+}
+
+TEST_F(RulebaseCheckCommand, ASubMainThatAReviewCannotCallIsToldAndHidesNothing) {
+    EXPECT_THAT(
+        FoundIn(
+            {"' the Sub Main of this rule\nSub Main()\nEnd Sub",
+             "Sub Main(x)\nEnd Sub",
+             "Sub MainRule()\nEnd Sub",
+             "Sub Main(Optional x)\nEnd Sub",
+             "Sub Main\nDovrik.Raise\nEnd Sub"}),
+        AllOf(
+            HasSubstr("'R6001', Condition: line 1, column 7: the first 'Sub Main' of the script"),
+            HasSubstr("'R6002', Condition: line 1, column 1: a review calls 'Sub Main' without"),
+            HasSubstr("'R6003', Condition: line 1, column 1: the first 'Sub Main' of the script"),
+            Not(HasSubstr("R6004")),
+            HasSubstr("'R6005', Condition: line 2, column 1: 'Dovrik' is read and never set")));
+}
+
+TEST_F(RulebaseCheckCommand, HabitsOfOtherLanguagesGetAHint) {
+    const std::pair<std::string, std::string> lines[] = {
+        {"If a != 1 Then b = 1", "'!=' is written '<>' here"},
+        {"If a == 1 Then b = 1", "'==' is written '=' here"},
+        {"// a comment", "a comment begins with ' here"},
+        {"b = 1 // a comment", "a comment begins with ' here"},
+        {"b = 'abc'", "a ' begins a comment; a text stands in double quotes"},
+        {"If b = \"abc Then", "the text at the end of the line has no closing quote"},
+        {"b = Left(\"abc, 2)", "the text at the end of the line has no closing quote"},
+    };
+    for (const auto& [line, hint] : lines) {
+        EXPECT_THAT(
+            FoundIn({"Sub Main()\na = 1: b = 2\n" + line + "\nEnd Sub"}),
+            HasSubstr(" (" + hint + ")\n"))
+            << line;
+    }
+    EXPECT_THAT(
+        FoundIn({"Sub Main()\nb = )  ' it's a comment\nEnd Sub"}), Not(HasSubstr("double quotes")));
 }
 
 }  // namespace dorvik::test
