@@ -20,6 +20,7 @@
 #include <CLI/CLI.hpp>
 #include <cstdint>
 #include <functional>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -73,7 +74,7 @@ void AddReports(CLI::App& review, ReportOptions& options) {
             ->check(CLI::IsMember(
                         {ReportOptions::kNone, ReportOptions::kSummary, ReportOptions::kDetailed})
                         .description(""));
-    review.add_option("--reports", options.Folder, "For the pages ('Dorvik' beside each project)")
+    review.add_option("--reports", options.Folder, "For the pages (where the results are)")
         ->type_name("FOLDER")
         ->needs(detail);
     AddReportStyle(review, options.Style);
@@ -139,6 +140,7 @@ void AddReview(CLI::App& app, ReviewOptions& options, std::function<ExitCode()>&
             "Stop a script that takes more (50000000)")
         ->type_name("NUMBER")
         ->check(CLI::Range(std::int64_t{0}, std::int64_t{1'000'000'000'000}).description(""));
+    review.add_flag("--accept-faults", options.AcceptFaults, "Use what can be read of a rulebase");
     review.add_flag("--rule-times", options.RuleTimes, "Tell which scripts took the most time");
     review.add_option("--tolerance", options.Tolerances, "Set (CVC=0) or clear (CVC=none) a limit")
         ->type_name("NAME=N")
@@ -230,6 +232,16 @@ ExitCode TellWrongUse(const NamedCommand& named, const std::string& sentence) {
     return ExitCode::NothingDone;
 }
 
+/// What was not printed was not told: the exit code of a command counts only with its output.
+ExitCode AfterOutput(ExitCode code) {
+    const std::string failure = modConsole::OutputFailure();
+    if (failure.empty()) {
+        return code;
+    }
+    modConsole::PrintError("standard output cannot be written: " + failure);
+    return ExitCode::NothingDone;
+}
+
 }  // namespace
 
 int RunCommandLine(int argc, char** argv) {
@@ -262,11 +274,14 @@ int RunCommandLine(int argc, char** argv) {
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& help) {
-        return app.exit(help);
+        std::ostringstream text;
+        app.exit(help, text, text);
+        modConsole::Print(text.str());
+        return static_cast<int>(AfterOutput(ExitCode::Passed));
     } catch (const CLI::ParseError& error) {
         return static_cast<int>(TellWrongUse(named, error.what()));
     }
-    return static_cast<int>(RunChosen(chosen));
+    return static_cast<int>(AfterOutput(RunChosen(chosen)));
 }
 
 }  // namespace dorvik

@@ -1,10 +1,14 @@
 #include "cli/Console.h"
 
+#include "cli/modTerminalText.h"
 #include "platform/modFiles.h"
 
-#include <cstdio>
+#include <cerrno>
+#include <csignal>
 #include <cstdlib>
+#include <fcntl.h>
 #include <sys/ioctl.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace dorvik {
@@ -15,9 +19,20 @@ namespace {
 
 constexpr std::size_t kDefaultWidth = 80;
 
-void Write(std::FILE* stream, std::string_view text) {
-    std::fwrite(text.data(), 1, text.size(), stream);
-    std::fflush(stream);
+/// The first failure to write to standard output; 0 while there was none.
+int g_outputError = 0;
+
+/// The system's number of the failure; 0 if all of it was written.
+int Write(int descriptor, std::string_view text) {
+    while (!text.empty()) {
+        const ssize_t written = ::write(descriptor, text.data(), text.size());
+        if (written > 0) {
+            text.remove_prefix(static_cast<std::size_t>(written));
+        } else if (errno != EINTR) {
+            return errno;
+        }
+    }
+    return 0;
 }
 
 std::size_t WidthOf(int descriptor) {
@@ -30,8 +45,32 @@ std::size_t WidthOf(int descriptor) {
 
 }  // namespace
 
+void PrepareStreams() {
+    // A file that is opened must never get the number of a stream that the caller has closed: what is printed
+    // would go into it.
+    for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (::fcntl(descriptor, F_GETFD) == -1) {
+            ::open("/dev/null", O_RDONLY);
+        }
+    }
+    // A reader that goes away is told by the failing write.
+    std::signal(SIGPIPE, SIG_IGN);
+}
+
+void PrintData(std::string_view data) {
+    if (g_outputError == 0) {
+        g_outputError = Write(STDOUT_FILENO, data);
+    }
+}
+
 void Print(std::string_view text) {
-    Write(stdout, text);
+    PrintData(modTerminalText::HarmlessLines(text, OutputIsColoured()));
+}
+
+std::string OutputFailure() {
+    return g_outputError == 0 || g_outputError == EPIPE
+               ? std::string()
+               : std::generic_category().message(g_outputError);
 }
 
 void PrintError(std::string_view sentence) {
@@ -39,7 +78,11 @@ void PrintError(std::string_view sentence) {
 }
 
 void PrintErrorLine(std::string_view line) {
-    Write(stderr, std::string(line) + "\n");
+    PrintErrorAsIs(modTerminalText::Harmless(line) + "\n");
+}
+
+void PrintErrorAsIs(std::string_view text) {
+    Write(STDERR_FILENO, text);
 }
 
 bool OutputIsTerminal() {

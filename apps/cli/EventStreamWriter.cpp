@@ -2,6 +2,7 @@
 
 #include "cli/Console.h"
 #include "cli/ProjectStatusText.h"
+#include "cli/modTerminalText.h"
 #include "parser/ScopeName.h"
 #include "parser/VBParserEvents.h"
 #include "source/VirtualObject.h"
@@ -217,7 +218,7 @@ bool EventStreamWriter::StopRequested() {
 }
 
 void EventStreamWriter::Flush() {
-    modConsole::Print(m_pending);
+    modConsole::PrintData(modTerminalText::HarmlessJson(m_pending));
     m_pending.clear();
 }
 

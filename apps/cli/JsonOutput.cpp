@@ -2,6 +2,7 @@
 
 #include "base/modUtf8.h"
 #include "cli/Console.h"
+#include "cli/modTerminalText.h"
 
 #include <rapidjson/prettywriter.h>
 #include <rapidjson/stringbuffer.h>
@@ -101,11 +102,11 @@ void JsonOutput::Null(std::string_view key) {
 }
 
 std::string JsonOutput::Result() const {
-    return {m_parts->Buffer.GetString(), m_parts->Buffer.GetSize()};
+    return modTerminalText::HarmlessJson({m_parts->Buffer.GetString(), m_parts->Buffer.GetSize()});
 }
 
 void JsonOutput::Print() const {
-    modConsole::Print(Result() + "\n");
+    modConsole::PrintData(Result() + "\n");
 }
 
 }  // namespace dorvik

@@ -8,7 +8,7 @@
 namespace dorvik {
 
 /// The one way to print a result as JSON: UTF-8, indented by two blanks, one document a command.
-/// Every value is valid UTF-8, whatever bytes a file held.
+/// Every value is valid UTF-8, whatever bytes a file held, and what would steer a terminal is escaped.
 ///
 /// Calls must nest as the document does. A key comes first in an object and never in an array:
 ///

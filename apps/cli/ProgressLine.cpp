@@ -2,6 +2,7 @@
 
 #include "base/modUtf8.h"
 #include "cli/Console.h"
+#include "cli/modTerminalText.h"
 #include "foundation/modUtilFunctions.h"
 
 #include <array>
@@ -39,6 +40,7 @@ void ProgressLine::Show(const ProgressInfo& progress) {
     const std::size_t room = width > figures.size() ? width - figures.size() : 0;
     std::string names = progress.ProjectName() + "  " +
                         modUtilFunctions::FilenameFromFullPathName(progress.SourceFilePath());
+    names = modTerminalText::Harmless(names);
     names = std::string(modUtf8::Left(names, room));
     names.append(room - modUtf8::Length(names), ' ');
     const std::string line = names + figures;
@@ -46,14 +48,12 @@ void ProgressLine::Show(const ProgressInfo& progress) {
         return;
     }
     m_line = line;
-    std::fputs(("\r" + m_line).c_str(), stderr);
-    std::fflush(stderr);
+    modConsole::PrintErrorAsIs("\r" + m_line);
 }
 
 void ProgressLine::Clear() {
     if (!m_line.empty()) {
-        std::fputs(("\r" + std::string(modUtf8::Length(m_line), ' ') + "\r").c_str(), stderr);
-        std::fflush(stderr);
+        modConsole::PrintErrorAsIs("\r" + std::string(modUtf8::Length(m_line), ' ') + "\r");
         m_line.clear();
     }
 }

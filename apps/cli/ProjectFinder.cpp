@@ -1,6 +1,7 @@
 #include "cli/ProjectFinder.h"
 
 #include "base/modTextCase.h"
+#include "cli/modCommandPath.h"
 #include "foundation/Trap.h"
 #include "platform/modFiles.h"
 #include "source/VirtualProjectGroup.h"
@@ -9,6 +10,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
+#include <unordered_set>
 
 namespace dorvik::modProjectFinder {
 
@@ -16,10 +18,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
-void AddProject(FoundProjects& found, const std::string& filename) {
-    if (std::find(found.Filenames.begin(), found.Filenames.end(), filename) ==
-        found.Filenames.end()) {
-        found.Filenames.push_back(filename);
+/// The projects found so far, each once, in the order in which they were found.
+struct ProjectList {
+    FoundProjects& Found;
+    std::unordered_set<std::string> Known;
+};
+
+void AddProject(ProjectList& list, const std::string& filename) {
+    if (list.Known.insert(filename).second) {
+        list.Found.Filenames.push_back(filename);
     }
 }
 
@@ -91,7 +98,8 @@ private:
     std::vector<std::string> m_projects;
 };
 
-void AddFolder(FoundProjects& found, const fs::path& folder, int codePage) {
+void AddFolder(ProjectList& list, const fs::path& folder, int codePage) {
+    FoundProjects& found = list.Found;
     const std::size_t errorsBefore = found.Errors.size();
     std::vector<std::string> names = FolderSearch(found, codePage).ProjectsBelow(folder);
     if (names.empty() && found.Errors.size() == errorsBefore) {
@@ -101,45 +109,45 @@ void AddFolder(FoundProjects& found, const fs::path& folder, int codePage) {
         return modTextCase::Compare(left, right) < 0;
     });
     for (const std::string& name : names) {
-        AddProject(found, name);
+        AddProject(list, name);
     }
 }
 
-void AddGroup(FoundProjects& found, const fs::path& group, int codePage) {
+void AddGroup(ProjectList& list, const fs::path& group, int codePage) {
     std::vector<std::string> projects;
     const bool read = Trap({"modProjectFinder", "AddGroup"}, [&] {
         projects = VirtualProjectGroup(modFiles::FromHostPath(group, codePage), codePage)
                        .ProjectFilenames();
     });
     if (!read) {
-        found.Errors.push_back("cannot read the project group '" + group.string() + "'");
+        list.Found.Errors.push_back("cannot read the project group '" + group.string() + "'");
     } else if (projects.empty()) {
-        found.Errors.push_back("the project group '" + group.string() + "' names no project");
+        list.Found.Errors.push_back("the project group '" + group.string() + "' names no project");
     }
     for (const std::string& project : projects) {
-        AddProject(found, project);
+        AddProject(list, project);
     }
 }
 
-void AddPath(FoundProjects& found, const std::string& hostPath, int codePage) {
+void AddPath(ProjectList& list, const std::string& hostPath, int codePage) {
     std::error_code error;
-    const fs::path path = fs::absolute(hostPath, error).lexically_normal();
+    const fs::path path = hostPath.empty() ? fs::path() : modCommandPath::Absolute(hostPath);
     const fs::file_status status = fs::status(path, error);
     if (!fs::exists(status)) {
-        found.Errors.push_back("'" + hostPath + "' does not exist");
+        list.Found.Errors.push_back("'" + hostPath + "' does not exist");
         return;
     }
-    if (!NeedPlainPath(found, path, codePage)) {
+    if (!NeedPlainPath(list.Found, path, codePage)) {
         return;
     }
     if (fs::is_directory(status)) {
-        AddFolder(found, path, codePage);
+        AddFolder(list, path, codePage);
     } else if (modTextCase::EndsWith(path.native(), ".vbg")) {
-        AddGroup(found, path, codePage);
+        AddGroup(list, path, codePage);
     } else if (modDorvikUtils::IsVBPFile(path.native())) {
-        AddProject(found, modFiles::FromHostPath(path, codePage));
+        AddProject(list, modFiles::FromHostPath(path, codePage));
     } else {
-        found.Errors.push_back(
+        list.Found.Errors.push_back(
             "'" + hostPath + "' is no project file (.vbp) and no project group (.vbg)");
     }
 }
@@ -148,8 +156,9 @@ void AddPath(FoundProjects& found, const std::string& hostPath, int codePage) {
 
 FoundProjects FindProjects(const std::vector<std::string>& hostPaths, int codePage) {
     FoundProjects found;
+    ProjectList list{found, {}};
     for (const std::string& path : hostPaths) {
-        AddPath(found, path, codePage);
+        AddPath(list, path, codePage);
     }
     return found;
 }

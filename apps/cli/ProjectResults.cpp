@@ -185,7 +185,7 @@ std::string ProjectResults::WhyNoVerdict() const {
 }
 
 std::string ProjectResults::Describe() const {
-    std::string text = modConsole::ShownPath(Filename) + "\n";
+    std::string text = modTerminalText::Harmless(modConsole::ShownPath(Filename)) + "\n";
     text += "  " + modFigureText::Counted(Files, "file", "files") + ", " +
             modFigureText::Counted(Lines, "line", "lines") + "\n";
     text += "  Violations  " + DescribeViolations(Violations) + "\n";
@@ -198,7 +198,8 @@ std::string ProjectResults::Describe() const {
         text += "    and " + modFigureText::Grouped(hidden) + " more\n";
     }
     text += DescribeVerdict(*this);
-    return text + "  Results     " + modConsole::ShownPath(ResultsFile) + "\n";
+    return text + "  Results     " + modTerminalText::Harmless(modConsole::ShownPath(ResultsFile)) +
+           "\n";
 }
 
 void ProjectResults::WriteTo(JsonOutput& json) const {

@@ -1,5 +1,6 @@
 #include "cli/ProjectStatusText.h"
 
+#include "base/modUtf8.h"
 #include "cli/Console.h"
 
 namespace dorvik {
@@ -28,6 +29,18 @@ std::string InPartText(const UnreviewedFile& file, const std::string& name) {
     return text + place + "because of an unexpected error; the review log says why";
 }
 
+/// As much of a line as a sentence takes.
+constexpr std::size_t kShownLine = 60;
+
+std::string ShownLine(const VirtualProject::Line& line) {
+    if (line.Number == 0) {
+        return " holds a line that cannot be understood";
+    }
+    const std::string_view shown = modUtf8::Left(line.Text, kShownLine);
+    return " cannot be understood from line " + std::to_string(line.Number) + " on, which is '" +
+           std::string(shown) + (shown.size() < line.Text.size() ? "...'" : "'");
+}
+
 }  // namespace
 
 std::string ProjectStatusText(std::string_view filename, const VirtualProject& project) {
@@ -38,9 +51,8 @@ std::string ProjectStatusText(std::string_view filename, const VirtualProject& p
             return "the project file " + name + " " +
                    (project.Unreadable().empty() ? "cannot be opened" : project.Unreadable());
         case ProjectLoadStatus::LineFailed:
-            return "the project file " + name +
-                   " holds a line that cannot be understood, such as a key or a source file named "
-                   "twice";
+            return "the project file " + name + ShownLine(project.FailedLine()) +
+                   " (a key or a source file that is named twice is one reason)";
         case ProjectLoadStatus::Good: break;
     }
     return "the project " + name + " could not be reviewed";

@@ -5,6 +5,7 @@
 #include "cli/ResultsFile.h"
 #include "cli/ResultsItems.h"
 #include "cli/WrittenPages.h"
+#include "cli/modCommandPath.h"
 #include "criteria/ProgressInfo.h"
 #include "foundation/modUtilFunctions.h"
 #include "platform/modFiles.h"
@@ -14,15 +15,9 @@
 #include "results/ResultsDB.h"
 #include "settings/DVKWorkData.h"
 
-#include <filesystem>
-
 namespace dorvik {
 
 namespace {
-
-std::string InnerPath(const std::string& hostPath) {
-    return modFiles::FromHostPath(std::filesystem::absolute(hostPath).lexically_normal());
-}
 
 /// Ends the reports when the user asks for it.
 class CancelByInterrupt final : public IReportsEngineEvents {
@@ -60,7 +55,8 @@ class ReportRun {
 public:
     explicit ReportRun(const ReportCommandOptions& options)
         : m_options(options),
-          m_folder(options.Folder.empty() ? std::string() : InnerPath(options.Folder)) {}
+          m_folder(options.Folder.empty() ? std::string() : modCommandPath::Inner(options.Folder)) {
+    }
 
     ExitCode Run() {
         bool complete = true;
@@ -91,7 +87,7 @@ private:
         }
         DVKWorkData settings;  // not the user's, which the database would change at its end
         ResultsDB results(settings);
-        const std::string database = InnerPath(hostPath);
+        const std::string database = modCommandPath::Inner(hostPath);
         const std::string folder =
             m_folder.empty() ? modUtilFunctions::PathFromFilename(database) : m_folder;
         const std::string what = "the report of '" + hostPath + "'";

@@ -63,7 +63,7 @@ ExitCode RunResultsComplete(
             modFigureText::Counted(marked, "violation", "violations") +
             (completed ? " marked as completed.\n" : " open again.\n"));
         return marked == static_cast<std::int32_t>(violations->size()) ? ExitCode::Passed
-                                                                       : ExitCode::NothingDone;
+                                                                       : ExitCode::Incomplete;
     });
 }
 

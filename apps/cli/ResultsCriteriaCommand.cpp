@@ -11,6 +11,7 @@
 #include "results/ResultsDB.h"
 #include "results/modTolerances.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -22,7 +23,8 @@ constexpr std::size_t kIndent = 2;
 
 struct KindRow {
     bool (RulebaseLoadCriteria::*IsTaken)() const;
-    std::int32_t RulebaseLoadCriteria::*Rules;
+    std::int32_t RulebaseLoadCriteria::*
+        Listed;  // elements of the rulebase, whether they took part or not
 };
 
 /// By the number of the kind, from 1.
@@ -58,7 +60,7 @@ std::string TimeText(const DateTime& time) {
 struct Criteria {
     explicit Criteria(ResultsDB& database);
 
-    ResultsRecords Kinds{{"kind", "included", "rules"}};
+    ResultsRecords Kinds{{"kind", "included", "listed"}};
     ResultsRecords Severities{{"level", "title", "included"}};
     ResultsRecords Categories{{"id", "title"}};
     ResultsRecords Tolerances{{"measure", "description", "limit"}};
@@ -66,6 +68,8 @@ struct Criteria {
     ResultsRecords Flat{{"part", "name", "value", "included"}};
     ReviewData Review;
     StoredReviewCriteria Stored;
+
+    std::int32_t RulesThatTookPart() const;
 
 private:
     void AddReview();
@@ -82,6 +86,16 @@ Criteria::Criteria(ResultsDB& database)
     AddTolerances();
 }
 
+/// What is stored counts the authorised items that were loaded as well. They are no rules, and are loaded all
+/// or not at all.
+std::int32_t Criteria::RulesThatTookPart() const {
+    const RulebaseLoadCriteria& load = Stored.LoadCriteria;
+    return std::max(
+        Review.ActiveRules - (load.AuthorisedComponents() ? load.NumAuthComps : 0) -
+            (load.AuthorisedReferences() ? load.NumAuthRefs : 0),
+        0);
+}
+
 void Criteria::AddReview() {
     const auto add = [this](const char* name, RecordValue value) {
         Flat.Add({"review", name, std::move(value), RecordValue()});
@@ -91,7 +105,7 @@ void Criteria::AddReview() {
     add("reviewer", Review.Reviewer);
     add("start", TimeText(Review.Start));
     add("end", TimeText(Review.End));
-    add("activeRules", Review.ActiveRules);
+    add("activeRules", RulesThatTookPart());
     add("ruleExecutions", Review.RuleExecutions);
 }
 
@@ -100,9 +114,9 @@ void Criteria::AddKinds() {
     for (const KindRow& row : kKinds) {
         const std::string key(modRuleKinds::Key(++number));
         const bool included = (Stored.LoadCriteria.*row.IsTaken)();
-        const std::int32_t rules = Stored.LoadCriteria.*row.Rules;
-        Kinds.Add({key, included, rules});
-        Flat.Add({"kind", key, rules, included});
+        const std::int32_t listed = Stored.LoadCriteria.*row.Listed;
+        Kinds.Add({key, included, listed});
+        Flat.Add({"kind", key, listed, included});
     }
 }
 
@@ -143,7 +157,7 @@ void PrintAsJson(const Criteria& criteria, ResultsDB& database) {
     json.Text("reviewer", review.Reviewer);
     json.Text("start", TimeText(review.Start));
     json.Text("end", TimeText(review.End));
-    json.Number("activeRules", review.ActiveRules);
+    json.Number("activeRules", criteria.RulesThatTookPart());
     json.Number("ruleExecutions", review.RuleExecutions);
     criteria.Kinds.WriteTo(json, "kinds");
     criteria.Severities.WriteTo(json, "severities");
@@ -175,7 +189,7 @@ void PrintReview(const Criteria& criteria, ResultsDB& database) {
     add("Reviewed by", review.Reviewer);
     add("Start", TimeText(review.Start));
     add("End", review.End.IsZero() ? "none: the review did not end" : TimeText(review.End));
-    add("Active rules", modFigureText::Grouped(review.ActiveRules));
+    add("Active rules", modFigureText::Grouped(criteria.RulesThatTookPart()));
     add("Executions", modFigureText::Grouped(review.RuleExecutions));
     table.Print();
 }
@@ -186,14 +200,14 @@ TableCell YesOrNo(bool yes) {
 
 void PrintKinds(const Criteria& criteria) {
     PrintHeading("Kinds of rule");
-    TablePrinter table({{"Kind"}, {"Reviewed"}, {"Rules", true}});
+    TablePrinter table({{"Kind"}, {"Reviewed"}, {"Listed", true}});
     table.SetIndent(kIndent);
     std::int32_t number = 0;
     for (const KindRow& row : kKinds) {
         table.AddRow(
             {modRuleKinds::Key(++number),
              YesOrNo((criteria.Stored.LoadCriteria.*row.IsTaken)()),
-             modFigureText::Grouped(criteria.Stored.LoadCriteria.*row.Rules)});
+             modFigureText::Grouped(criteria.Stored.LoadCriteria.*row.Listed)});
     }
     table.Print();
 }

@@ -2,6 +2,7 @@
 
 #include "base/modTextCase.h"
 #include "cli/Console.h"
+#include "cli/modCommandPath.h"
 #include "foundation/LogFile.h"
 #include "foundation/Trap.h"
 #include "platform/ScopedInstall.h"
@@ -10,7 +11,6 @@
 #include "settings/DVKWorkData.h"
 
 #include <chrono>
-#include <filesystem>
 
 namespace dorvik::modResultsFile {
 
@@ -80,13 +80,10 @@ std::string SeeLog() {
 ExitCode
 Use(const std::string& hostPath,
     const std::function<ExitCode(ResultsDB&)>& body,
-    const std::string& failure,
+    const std::function<ExitCode(ExitCode)>& tellFailure,
     std::chrono::milliseconds patience) {
     // Nothing is the name of no file, and has no absolute form.
-    const std::string path =
-        hostPath.empty()
-            ? hostPath
-            : modFiles::FromHostPath(std::filesystem::absolute(hostPath).lexically_normal());
+    const std::string path = hostPath.empty() ? hostPath : modCommandPath::Inner(hostPath);
     if (!modFiles::FileExists(path)) {
         return Refuse(
             "the results database " + Quoted(hostPath) +
@@ -107,7 +104,7 @@ Use(const std::string& hostPath,
     }
     const ExitCode code = body(database);
     if (watch.HasSeenFailure()) {
-        return Refuse(failure + SeeLog());
+        return tellFailure(code);
     }
     return code;
 }
@@ -115,20 +112,30 @@ Use(const std::string& hostPath,
 }  // namespace
 
 ExitCode Read(const std::string& hostPath, const std::function<ExitCode(ResultsDB&)>& body) {
-    return Use(
-        hostPath,
-        body,
-        "parts of the results database " + Quoted(hostPath) + " cannot be read",
-        Database::kPatience);
+    const auto tellFailure = [&](ExitCode) {
+        return Refuse(
+            "parts of the results database " + Quoted(hostPath) + " cannot be read" + SeeLog());
+    };
+    return Use(hostPath, body, tellFailure, Database::kPatience);
 }
 
 ExitCode Change(const std::string& hostPath, const std::function<ExitCode(ResultsDB&)>& body) {
-    return Use(
-        hostPath,
-        body,
-        "the results database " + Quoted(hostPath) +
-            " cannot be changed: it is read-only, or another program is writing to it",
-        kPatienceAtTheTerminal);
+    const auto tellFailure = [&](ExitCode code) {
+        const std::string named = "the results database " + Quoted(hostPath);
+        if (code == ExitCode::NothingDone) {
+            return Refuse(
+                named +
+                " cannot be changed: it is read-only, or another program is writing to it" +
+                SeeLog());
+        }
+        modConsole::PrintError(
+            named +
+            (code == ExitCode::Passed ? " was changed, but parts of it cannot be read"
+                                      : " was changed only in part") +
+            SeeLog());
+        return ExitCode::Incomplete;
+    };
+    return Use(hostPath, body, tellFailure, kPatienceAtTheTerminal);
 }
 
 }  // namespace dorvik::modResultsFile

@@ -19,7 +19,8 @@ namespace modResultsFile {
 /// The lists have the order and the completeness of a fresh installation, whatever the user's settings.
 ExitCode Read(const std::string& hostPath, const std::function<ExitCode(ResultsDB&)>& body);
 
-/// The same for a body that changes the database, with words for that where it fails.
+/// The same for a body that changes the database, with words for that where it fails. A body that changed
+/// anything does not return `NothingDone`; a failure beside that ends in `Incomplete`.
 ExitCode Change(const std::string& hostPath, const std::function<ExitCode(ResultsDB&)>& body);
 
 }  // namespace modResultsFile

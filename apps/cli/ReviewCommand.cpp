@@ -7,25 +7,27 @@
 #include "cli/ProjectFinder.h"
 #include "cli/ProjectStatusText.h"
 #include "cli/ReviewReports.h"
+#include "cli/ReviewRulebase.h"
 #include "cli/ReviewSummary.h"
 #include "cli/ToleranceLimits.h"
 #include "cli/TypeLibrarySettings.h"
+#include "cli/modCommandPath.h"
 #include "cli/modRuleTimes.h"
 #include "criteria/ReviewCriteria.h"
 #include "foundation/modLog.h"
-#include "platform/ScopedInstall.h"
 #include "platform/modFiles.h"
 #include "results/modResultsFilename.h"
 #include "review/ReviewManager.h"
-#include "rulebase/Rulebase.h"
-#include "rulebase/RulebaseManager.h"
 #include "settings/DVKWorkData.h"
+#include "settings/DorvikData.h"
 #include "settings/modGlobal.h"
 
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <memory>
+#include <system_error>
+#include <unordered_map>
 
 namespace dorvik {
 
@@ -34,13 +36,12 @@ namespace {
 /// Steps between two looks at the interrupt flag; a step is about one source line.
 constexpr std::int32_t kStepsASlice = 500;
 
-std::string InnerPath(const std::string& hostPath, int codePage) {
-    return modFiles::FromHostPath(std::filesystem::absolute(hostPath).lexically_normal(), codePage);
-}
+constexpr std::string_view kConventions[] = {"ac", "ar", "cc", "nc", "uk"};
 
 std::string RulebaseFile(const ReviewOptions& options) {
-    return options.RulebaseFile.empty() ? modGlobal::WorkData().LastRulebase()
-                                        : InnerPath(options.RulebaseFile, options.CodePage);
+    return options.RulebaseFile.empty()
+               ? modGlobal::WorkData().LastRulebase()
+               : modCommandPath::Inner(options.RulebaseFile, options.CodePage);
 }
 
 bool Wants(const ReviewOptions& options, const char* convention) {
@@ -88,62 +89,48 @@ std::shared_ptr<ReviewCriteria> MakeCriteria(
 std::vector<std::string>
 WithoutNameClashes(FoundProjects& found, const std::string& resultsFolder) {
     std::vector<std::string> kept;
-    std::vector<std::string> resultsFiles;
+    std::unordered_map<std::string, std::string> projects;  // by their results file
     for (const std::string& filename : found.Filenames) {
         const std::string results = modDorvikUtils::CreateResultsFilename(filename, resultsFolder);
-        const auto same =
-            std::find_if(resultsFiles.begin(), resultsFiles.end(), [&](const std::string& other) {
-                return modTextCase::Equal(other, results);
-            });
-        if (same == resultsFiles.end()) {
+        const auto [first, isNew] = projects.emplace(modTextCase::ToLower(results), filename);
+        if (isNew) {
             kept.push_back(filename);
-            resultsFiles.push_back(results);
         } else {
-            const auto& first = kept.at(static_cast<std::size_t>(same - resultsFiles.begin()));
             found.Errors.push_back(
                 "'" + modConsole::ShownPath(filename) +
                 "' is left out, because its results would replace those of '" +
-                modConsole::ShownPath(first) + "'; review it into another folder");
+                modConsole::ShownPath(first->second) + "'; review it into another folder");
         }
     }
     return kept;
 }
 
-/// Takes the tolerances from the rulebase. False if it cannot be read, which is told.
-bool LoadTolerances(ReviewCriteria& criteria) {
-    CategoryList categories;
-    SeverityTable severities;
-    RulebaseLoadCriteria& load = criteria.LoadCriteria();
-    KeptMessage message;
-    const ScopedInstall<IMessageBox> installed(message);
-    const bool loaded = RulebaseManager().LoadReviewOptions(
-        load.RulebaseFile(), categories, severities, load, &criteria.Tolerances());
-    if (!loaded) {
-        modConsole::PrintError(
-            "the rulebase '" + modConsole::ShownPath(load.RulebaseFile()) + "' cannot be used" +
-            (message.Text().empty() ? std::string() : ": " + message.Text()));
-    }
-    return loaded;
-}
-
-/// Says which rules were given up on the way.
-void TellSwitchedOffRules(const RuleEngine& ruleEngine) {
+/// Says which rules were given up on the way. False if there were any.
+bool TellStoppedRules(const RuleEngine& ruleEngine) {
     for (const RuleEngine::SwitchedOffRule& rule : ruleEngine.SwitchedOffRules()) {
         modConsole::PrintError(
             rule.Name + " was switched off, because its " + std::string(rule.What) +
             " was stopped " + std::to_string(RuleEngine::kStopsUntilSwitchedOff) +
             " times at a limit; the review log says where");
     }
+    for (const RuleEngine::StoppedRule& stopped : ruleEngine.StoppedRules()) {
+        modConsole::PrintError(
+            stopped.Rule.Name + " is incomplete: its " + std::string(stopped.Rule.What) +
+            " was stopped " + std::to_string(stopped.Count) +
+            (stopped.Count == 1 ? " time" : " times") + " at a limit; the review log says where");
+    }
+    return ruleEngine.SwitchedOffRules().empty() && ruleEngine.StoppedRules().empty();
 }
 
-/// Says which rules did not find what they are for, because they failed.
-void TellFailedRules(const RuleEngine& ruleEngine) {
+/// Says which rules did not find what they are for, because they failed. False if there were any.
+bool TellFailedRules(const RuleEngine& ruleEngine) {
     for (const auto& [number, rule] : ruleEngine.FailedRules()) {
         modConsole::PrintError(
             rule.Name + " is broken: its " + std::string(rule.What) + " failed " +
             std::to_string(rule.Count) + (rule.Count == 1 ? " time" : " times") +
             "; the review log says why");
     }
+    return ruleEngine.FailedRules().empty();
 }
 
 /// Says that the log misses lines.
@@ -161,13 +148,62 @@ void TellUnwrittenLog() {
     modConsole::PrintError("a log misses lines: " + why);
 }
 
-/// Says why the review could not begin: nothing but its rulebase can be the reason.
-void TellUnusableRulebase(const std::string& rulebase, const RuleEngine& ruleEngine) {
-    const std::string shown = modConsole::ShownPath(rulebase);
+/// An option that takes a list, and how one value of it looks.
+struct ListOption {
+    std::string_view Name;
+    std::string First;  // of the values that were given; empty if there are none
+    bool (*IsValue)(const std::string& text);
+};
+
+bool IsConvention(const std::string& text) {
+    return std::find(std::begin(kConventions), std::end(kConventions), text) !=
+           std::end(kConventions);
+}
+
+bool IsSeverity(const std::string& text) {
+    return text.size() == 1 && text.front() >= '1' && text.front() <= '5';
+}
+
+bool IsTolerance(const std::string& text) {
+    return modToleranceLimits::Parse(text).has_value();
+}
+
+/// Whoever writes a list with blanks between its values has the rest of them taken for paths. What is wrong with
+/// such a path, and how the list is written; empty if there is none.
+std::string StrayValue(const ReviewOptions& options) {
+    const ListOption lists[] = {
+        {"--conventions",
+         options.Conventions.empty() ? "" : options.Conventions.front(),
+         &IsConvention},
+        {"--severity",
+         options.Severities.empty() ? "" : std::to_string(options.Severities.front()),
+         &IsSeverity},
+        {"--tolerance", options.Tolerances.empty() ? "" : options.Tolerances.front(), &IsTolerance},
+    };
+    for (const std::string& path : options.Paths) {
+        for (const ListOption& list : lists) {
+            std::error_code error;
+            if (!list.First.empty() && list.IsValue(path) &&
+                !std::filesystem::exists(path, error)) {
+                return "'" + path + "' is not a path; the values of " + std::string(list.Name) +
+                       " are joined by commas: " + std::string(list.Name) + " " + list.First + "," +
+                       path;
+            }
+        }
+    }
+    return {};
+}
+
+/// False, and a sentence, if the file is missing that every results database begins as.
+bool HasTemplate() {
+    const std::string& file = modGlobal::Data().ProjectResultsDB();
+    if (modFiles::FileExists(file)) {
+        return true;
+    }
     modConsole::PrintError(
-        ruleEngine.LoadError().empty() ? "the rulebase '" + shown + "' cannot be read"
-                                       : "the scripts of the rulebase '" + shown +
-                                             "' cannot be used: " + ruleEngine.LoadError());
+        "the template of the results databases '" + modConsole::ShownPath(file) +
+        "' is missing; install dorvik again");
+    return false;
 }
 
 /// Runs the review to its end, or until the user gives up.
@@ -228,10 +264,15 @@ bool TellFailures(
 
 ExitCode RunReview(const ReviewOptions& options) {
     modFiles::SetNameCodePage(options.CodePage);
+    if (const std::string stray = StrayValue(options); !stray.empty()) {
+        modConsole::PrintError(stray);
+        return ExitCode::NothingDone;
+    }
     FoundProjects found = modProjectFinder::FindProjects(options.Paths, options.CodePage);
-    const std::string resultsFolder = options.ResultsFolder.empty()
-                                          ? std::string()
-                                          : InnerPath(options.ResultsFolder, options.CodePage);
+    const std::string resultsFolder =
+        options.ResultsFolder.empty()
+            ? std::string()
+            : modCommandPath::Inner(options.ResultsFolder, options.CodePage);
     const std::vector<std::string> filenames = WithoutNameClashes(found, resultsFolder);
     for (const std::string& error : found.Errors) {
         modConsole::PrintError(error);
@@ -239,11 +280,11 @@ ExitCode RunReview(const ReviewOptions& options) {
     if (filenames.empty()) {
         return ExitCode::NothingDone;
     }
+    if (!HasTemplate()) {
+        return ExitCode::NothingDone;
+    }
     const std::string rulebase = RulebaseFile(options);
-    if (!modFiles::FileExists(rulebase)) {
-        modConsole::PrintError(
-            "the rulebase '" + modConsole::ShownPath(rulebase) +
-            (modFiles::FolderExists(rulebase) ? "' is a folder" : "' does not exist"));
+    if (!modReviewRulebase::CanBeUsed(rulebase, options.AcceptFaults)) {
         return ExitCode::NothingDone;
     }
 
@@ -251,8 +292,9 @@ ExitCode RunReview(const ReviewOptions& options) {
         MakeCriteria(options, filenames, resultsFolder);
     ReviewReports reports(
         options.Reports,
-        options.Reports.Folder.empty() ? std::string()
-                                       : InnerPath(options.Reports.Folder, options.CodePage));
+        options.Reports.Folder.empty()
+            ? resultsFolder
+            : modCommandPath::Inner(options.Reports.Folder, options.CodePage));
     reports.FillCriteria(*criteria, options.Paths, filenames);
     TypeLibraryStore typeLibraries(modTypeLibrarySettings::Places(options.TypeLibraries));
     ReviewManager manager;
@@ -270,7 +312,7 @@ ExitCode RunReview(const ReviewOptions& options) {
     if (options.RuleTimes) {
         manager.RuleEngine().MeasureRules();
     }
-    if (!LoadTolerances(*criteria)) {
+    if (!modReviewRulebase::LoadTolerances(*criteria)) {
         return ExitCode::NothingDone;
     }
     modToleranceLimits::Apply(options.Tolerances, criteria->Tolerances());
@@ -283,7 +325,7 @@ ExitCode RunReview(const ReviewOptions& options) {
         return ExitCode::Interrupted;
     }
     if (result == SliceResult::Failed) {
-        TellUnusableRulebase(rulebase, manager.RuleEngine());
+        modReviewRulebase::TellUnusable(rulebase, manager.RuleEngine());
         return ExitCode::NothingDone;
     }
 
@@ -296,13 +338,14 @@ ExitCode RunReview(const ReviewOptions& options) {
     if (options.RuleTimes) {
         modRuleTimes::Print(manager.RuleEngine());
     }
-    TellSwitchedOffRules(manager.RuleEngine());
-    TellFailedRules(manager.RuleEngine());
+    const bool rulesHeld = TellStoppedRules(manager.RuleEngine());
+    const bool rulesWorked = TellFailedRules(manager.RuleEngine()) && rulesHeld;
     TellUnwrittenLog();
     if (const TypeCatalogue* const catalogue = typeLibraries.LoadedCatalogue()) {
         modTypeLibrarySettings::TellFaults(*catalogue);
     }
-    const bool complete = TellFailures(*criteria, summary, reports) && found.Errors.empty();
+    const bool complete =
+        TellFailures(*criteria, summary, reports) && found.Errors.empty() && rulesWorked;
     if (summary.ReviewedProjects() == 0) {
         return ExitCode::NothingDone;
     }

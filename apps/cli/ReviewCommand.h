@@ -24,7 +24,8 @@ struct ReviewOptions {
     std::vector<std::string> Tolerances;     // "CVC=0", "PC=none", over those of the rulebase
     std::vector<std::string> TypeLibraries;  // folders to look for type libraries in
     int CodePage = modEncoding::kDefaultCodePage;
-    bool RuleTimes = false;  // tell which scripts took the most time
+    bool AcceptFaults = false;  // review also with a rulebase that cannot be read as a whole
+    bool RuleTimes = false;     // tell which scripts took the most time
     bool ClearLog = false;
     bool KeepKnownFaults = false;  // see `ReviewCriteria::KeepsKnownFaults`
     bool Progress = false;

@@ -3,6 +3,7 @@
 #include "base/modTextCase.h"
 #include "cli/Console.h"
 #include "cli/ReviewSummary.h"
+#include "cli/modCommandPath.h"
 #include "criteria/ReviewCriteria.h"
 #include "foundation/modUtilFunctions.h"
 #include "platform/modFiles.h"
@@ -12,7 +13,6 @@
 #include "results/ResultsDB.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <memory>
 
 namespace dorvik {
@@ -46,8 +46,7 @@ void NameBatch(
     const std::vector<std::string>& paths,
     const std::vector<std::string>& projectFiles) {
     if (paths.size() == 1 && modTextCase::EndsWith(paths.front(), ".vbg")) {
-        const std::string group =
-            modFiles::FromHostPath(std::filesystem::absolute(paths.front()).lexically_normal());
+        const std::string group = modCommandPath::Inner(paths.front());
         const std::string name = modUtilFunctions::FilenameFromFullPathName(group);
         criteria.SetBatchFilename(group);
         criteria.SetBatchTitle(title.empty() ? WithoutExtension(name) : title);

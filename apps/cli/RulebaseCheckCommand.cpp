@@ -4,6 +4,7 @@
 #include "cli/JsonOutput.h"
 #include "cli/RulebaseFile.h"
 #include "cli/TablePrinter.h"
+#include "cli/modCommandPath.h"
 #include "enforcement/RuleScriptChecker.h"
 #include "rulebase/RulebaseCheck.h"
 
@@ -21,7 +22,7 @@ void PrintFaults(const std::string& file, const std::vector<RulebaseFault>& faul
         const std::string place =
             fault.Element + (fault.Attribute.empty() ? "" : ", " + fault.Attribute);
         text +=
-            file + ": " +
+            modTerminalText::Harmless(file) + ": " +
             modTerminalText::Shaded(modTerminalText::Harmless(place), Shade::Heading, coloured) +
             ": " + modTerminalText::Harmless(fault.Sentence) + "\n";
     }
@@ -35,6 +36,7 @@ void WriteFaults(
         json.Text("file", file);
         json.Text("kind", FaultKindName(fault.Kind));
         fault.RuleID == 0 ? json.Null("rule") : json.Number("rule", fault.RuleID);
+        fault.Line == 0 ? json.Null("line") : json.Number("line", fault.Line);
         json.Text("element", fault.Element);
         json.Text("attribute", fault.Attribute);
         json.Text("sentence", fault.Sentence);
@@ -55,7 +57,7 @@ ExitCode RunRulebaseCheck(const RulebaseCheckOptions& options) {
         }
         RuleScriptChecker scripts;
         RulebaseCheck check(&scripts);
-        if (!check.Run(modRulebaseFile::InnerPath(file))) {
+        if (!check.Run(modCommandPath::Inner(file))) {
             modConsole::PrintError(modRulebaseFile::CannotBeRead(file, check.Problem()));
             worst = ExitCode::NothingDone;
             continue;

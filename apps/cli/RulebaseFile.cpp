@@ -4,6 +4,7 @@
 #include "base/modTextCase.h"
 #include "cli/Console.h"
 #include "cli/TablePrinter.h"
+#include "cli/modCommandPath.h"
 #include "foundation/KyXMLDoc.h"
 #include "foundation/Trap.h"
 #include "platform/ScopedInstall.h"
@@ -12,8 +13,6 @@
 #include "rulebase/RulebaseManager.h"
 
 #include <algorithm>
-#include <filesystem>
-
 namespace dorvik::modRulebaseFile {
 
 namespace {
@@ -49,20 +48,18 @@ std::string Problem(const std::string& path, const std::string& message) {
 
 }  // namespace
 
-std::string InnerPath(const std::string& hostPath) {
-    return modFiles::FromHostPath(std::filesystem::absolute(hostPath).lexically_normal());
-}
-
 std::string CannotBeRead(const std::string& hostPath, const std::string& problem) {
     // The engine names the file in its own form; the sentence has it already.
     const std::string reason = modTextCase::ReplaceAll(
-        modTerminalText::Harmless(WithoutPoint(problem)), " of " + InnerPath(hostPath), "");
+        modTerminalText::Harmless(WithoutPoint(problem)),
+        " of " + modCommandPath::Inner(hostPath),
+        "");
     return "the rulebase " + Quoted(hostPath) + " cannot be read" +
            (reason.empty() ? "" : ": " + reason);
 }
 
 bool Exists(const std::string& hostPath) {
-    const std::string path = InnerPath(hostPath);
+    const std::string path = modCommandPath::Inner(hostPath);
     if (modFiles::FileExists(path)) {
         return true;
     }
@@ -77,7 +74,7 @@ std::unique_ptr<Rulebase> Load(const std::string& hostPath) {
         return nullptr;
     }
     RulebaseLoadCriteria criteria;
-    criteria.SetRulebaseFile(InnerPath(hostPath));
+    criteria.SetRulebaseFile(modCommandPath::Inner(hostPath));
     criteria.SetLoadForEdit(true);
     KeptMessage message;
     const ScopedInstall<IMessageBox> installed(message);
@@ -91,7 +88,7 @@ std::unique_ptr<Rulebase> Load(const std::string& hostPath) {
 
 std::size_t TellUnreadable(const std::string& hostPath) {
     RulebaseCheck check;
-    check.Run(InnerPath(hostPath));
+    check.Run(modCommandPath::Inner(hostPath));
     const auto count = static_cast<std::size_t>(
         std::count_if(check.Faults().begin(), check.Faults().end(), [](const RulebaseFault& fault) {
             return fault.Kind == FaultKind::Unreadable ||
@@ -109,7 +106,7 @@ std::size_t TellUnreadable(const std::string& hostPath) {
 bool Save(Rulebase& rulebase, const std::string& hostPath) {
     KeptMessage message;
     const ScopedInstall<IMessageBox> installed(message);
-    if (Manager().Save(rulebase, InnerPath(hostPath))) {
+    if (Manager().Save(rulebase, modCommandPath::Inner(hostPath))) {
         return true;
     }
     std::string reason = WithoutPoint(message.Text());
@@ -126,7 +123,7 @@ bool Write(const std::string& text, const std::string& hostPath) {
     std::string reason;
     const bool written = Trap(
         {"modRulebaseFile", "Write"},
-        [&] { modFiles::WriteBytesAtomically(InnerPath(hostPath), text); },
+        [&] { modFiles::WriteBytesAtomically(modCommandPath::Inner(hostPath), text); },
         [&](const BasicError& failure) {
             reason = RuntimeErrorText(failure.Number());
             return true;

@@ -11,9 +11,6 @@ namespace dorvik {
 /// wrong is printed as one sentence that names the file.
 namespace modRulebaseFile {
 
-/// The program's path for a path on the command line.
-std::string InnerPath(const std::string& hostPath);
-
 /// "the rulebase 'x' cannot be read: ...", for a problem that the engine told of that file.
 std::string CannotBeRead(const std::string& hostPath, const std::string& problem);
 

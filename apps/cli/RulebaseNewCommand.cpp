@@ -2,12 +2,14 @@
 
 #include "cli/Console.h"
 #include "cli/RulebaseFile.h"
+#include "cli/modCommandPath.h"
+#include "cli/modTerminalText.h"
 #include "platform/modFiles.h"
 
 namespace dorvik {
 
 ExitCode RunRulebaseNew(const RulebaseNewOptions& options) {
-    const std::string path = modRulebaseFile::InnerPath(options.File);
+    const std::string path = modCommandPath::Inner(options.File);
     if (modFiles::FolderExists(path)) {
         modConsole::PrintError("'" + options.File + "' is a folder, not a file to write");
         return ExitCode::NothingDone;
@@ -24,7 +26,10 @@ ExitCode RunRulebaseNew(const RulebaseNewOptions& options) {
     if (!modRulebaseFile::Save(rulebase, options.File)) {
         return ExitCode::NothingDone;
     }
-    modConsole::Print("New rulebase '" + options.File + "', version " + rulebase.Version() + ".\n");
+    modConsole::Print(
+        modTerminalText::Harmless(
+            "New rulebase '" + options.File + "', version " + rulebase.Version() + ".") +
+        "\n");
     return ExitCode::Passed;
 }
 

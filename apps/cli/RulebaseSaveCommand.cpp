@@ -2,6 +2,7 @@
 
 #include "cli/Console.h"
 #include "cli/RulebaseFile.h"
+#include "cli/modTerminalText.h"
 
 #include <filesystem>
 
@@ -31,7 +32,10 @@ ExitCode RunRulebaseSave(const RulebaseSaveOptions& options) {
     if (!modRulebaseFile::Save(*rulebase, options.Target)) {
         return ExitCode::NothingDone;
     }
-    modConsole::Print("Saved '" + options.Target + "' as version " + rulebase->Version() + ".\n");
+    modConsole::Print(
+        modTerminalText::Harmless(
+            "Saved '" + options.Target + "' as version " + rulebase->Version() + ".") +
+        "\n");
     return unreadable > 0 ? ExitCode::Incomplete : ExitCode::Passed;
 }
 

@@ -5,13 +5,14 @@
 #include "cli/Console.h"
 #include "cli/Interrupt.h"
 #include "cli/ScriptFacts.h"
+#include "cli/modCommandPath.h"
+#include "cli/modTerminalText.h"
 #include "enforcement/DVKSaxInterface.h"
 #include "enforcement/DVKSaxOutline.h"
 #include "platform/modEncoding.h"
 #include "platform/modFiles.h"
 
 #include <cmath>
-#include <filesystem>
 
 namespace dorvik {
 
@@ -51,7 +52,7 @@ private:
 };
 
 bool ReadFile(const std::string& file, std::string_view what, std::string& bytes) {
-    const std::string inner = modFiles::FromHostPath(std::filesystem::absolute(file));
+    const std::string inner = modCommandPath::Inner(file);
     const std::string named = std::string(what) + " '" + file + "' ";
     if (modFiles::FolderExists(inner)) {
         modConsole::PrintError(named + "is a folder");
@@ -156,12 +157,12 @@ ExitCode CheckScripts(const std::vector<std::string>& files) {
         basic::IScriptHost host;
         DVKSaxOutline outline;
         basic::ScriptEngine engine(host);
-        if (!LoadOnly(engine, outline, file)) {
-            code = kCompileError;
-            continue;
-        }
+        code = LoadOnly(engine, outline, file) ? code : kCompileError;
         for (const basic::CompileWarning& warning : engine.Warnings()) {
-            modConsole::Print(PlaceText(file, warning.Place) + "warning: " + warning.Text + "\n");
+            modConsole::Print(
+                modTerminalText::Harmless(
+                    PlaceText(file, warning.Place) + "warning: " + warning.Text) +
+                "\n");
         }
     }
     return code;

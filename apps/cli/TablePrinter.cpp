@@ -13,55 +13,6 @@ namespace {
 constexpr std::size_t kGap = 2;
 constexpr std::size_t kNarrowest = 8;  // of a column that wraps; below that nobody can read it
 
-struct ShadeRow {
-    Shade Of;
-    std::string_view Start;
-};
-
-constexpr ShadeRow kShades[] = {
-    {Shade::Heading, "\x1b[1m"},
-    {Shade::Dim, "\x1b[2m"},
-    {Shade::Good, "\x1b[32m"},
-    {Shade::Caution, "\x1b[33m"},
-    {Shade::Bad, "\x1b[31m"},
-};
-constexpr std::string_view kShadeEnd = "\x1b[0m";
-
-constexpr char32_t kDelete = 0x7F;
-constexpr char32_t kLastControl = 0x9F;
-
-bool SteersTerminal(const modUtf8::Character& character) {
-    return !character.Valid || character.CodePoint < U' ' ||
-           (character.CodePoint >= kDelete && character.CodePoint <= kLastControl);
-}
-
-/// Where to cut a word that fills the line: behind the last sign that joins names, else at the end.
-std::size_t PlaceInWord(std::string_view head, std::size_t start) {
-    const std::size_t sign = head.find_last_of("._:/\\");
-    return sign == std::string_view::npos || sign <= start ? head.size() : sign + 1;
-}
-
-/// One line of text, without line ends, in lines of `width`.
-void WrapLine(std::string_view line, std::size_t width, std::vector<std::string>& lines) {
-    while (modUtf8::Length(line) > width) {
-        const std::string_view head = modUtf8::Left(line, width);
-        // A blank right behind the head is as good a place as one in it.
-        std::size_t cut = line.at(head.size()) == ' ' ? head.size() : head.rfind(' ');
-        const std::size_t indent = head.find_first_not_of(' ');
-        if (cut == std::string_view::npos || indent >= cut) {
-            cut = PlaceInWord(head, indent);
-        }
-        lines.emplace_back(line.substr(0, cut));
-        lines.back().erase(lines.back().find_last_not_of(' ') + 1);
-        line.remove_prefix(cut);
-        line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
-        if (line.empty()) {
-            return;
-        }
-    }
-    lines.emplace_back(line);
-}
-
 std::size_t WidestLine(std::string_view text) {
     std::size_t widest = 0;
     for (const std::string& line : modTerminalText::Wrap(text, std::string_view::npos)) {
@@ -71,54 +22,6 @@ std::size_t WidestLine(std::string_view text) {
 }
 
 }  // namespace
-
-namespace modTerminalText {
-
-std::string Harmless(std::string_view text) {
-    std::string result;
-    result.reserve(text.size());
-    for (std::size_t position = 0; position < text.size();) {
-        const modUtf8::Character character = modUtf8::Decode(text, position);
-        if (!character.Valid) {
-            modUtf8::Append(result, character.CodePoint);
-        } else if (SteersTerminal(character)) {
-            result += ' ';
-        } else {
-            result += text.substr(position, character.Size);
-        }
-        position += character.Size;
-    }
-    return result;
-}
-
-std::vector<std::string> Wrap(std::string_view text, std::size_t width) {
-    std::vector<std::string> lines;
-    while (true) {
-        const std::size_t end = text.find('\n');
-        std::string_view line = text.substr(0, end);
-        if (!line.empty() && line.back() == '\r') {
-            line.remove_suffix(1);
-        }
-        WrapLine(Harmless(line), std::max<std::size_t>(width, 1), lines);
-        if (end == std::string_view::npos) {
-            return lines;
-        }
-        text.remove_prefix(end + 1);
-    }
-}
-
-std::string Shaded(std::string_view text, Shade shade, bool coloured) {
-    if (coloured && !text.empty()) {
-        for (const ShadeRow& row : kShades) {
-            if (row.Of == shade) {
-                return std::string(row.Start).append(text).append(kShadeEnd);
-            }
-        }
-    }
-    return std::string(text);
-}
-
-}  // namespace modTerminalText
 
 TablePrinter::TablePrinter(std::vector<TableColumn> columns) : m_columns(std::move(columns)) {}
 

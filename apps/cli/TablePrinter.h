@@ -1,5 +1,7 @@
 #pragma once
 
+#include "cli/modTerminalText.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -7,9 +9,6 @@
 #include <vector>
 
 namespace dorvik {
-
-/// What a piece of text stands for, so that a terminal can colour it.
-enum class Shade { Plain, Heading, Dim, Good, Caution, Bad };
 
 /// One cell. Its text may hold line ends.
 struct TableCell {
@@ -34,8 +33,8 @@ struct TableColumn {
 /// The one way to print a table: columns as wide as their texts, two blanks between them, no rules,
 /// long texts wrapped at blanks within their column, so that no line is wider than the terminal.
 ///
-/// Widths count characters. Control characters of a text are shown as blanks, so that no text out of
-/// a file can steer the terminal.
+/// Widths count characters, those of `modTerminalText::Harmless`: no text out of a file can steer the
+/// terminal.
 class TablePrinter {
 public:
     explicit TablePrinter(std::vector<TableColumn> columns);
@@ -65,18 +64,5 @@ private:
     std::vector<std::vector<TableCell>> m_rows;
     std::size_t m_indent = 0;
 };
-
-/// Text for a terminal, outside of tables.
-namespace modTerminalText {
-
-/// The lines of a text, broken at blanks so that each has `width` characters at most; a longer word is
-/// cut. An empty text is one empty line. Blanks at the start of a line of the text stay.
-std::vector<std::string> Wrap(std::string_view text, std::size_t width);
-/// The text in the colour of its shade, or as it is.
-std::string Shaded(std::string_view text, Shade shade, bool coloured);
-/// The text without anything that steers a terminal: control characters become blanks.
-std::string Harmless(std::string_view text);
-
-}  // namespace modTerminalText
 
 }  // namespace dorvik

@@ -2,12 +2,11 @@
 
 #include "cli/Console.h"
 #include "cli/TablePrinter.h"
+#include "cli/modCommandPath.h"
 #include "platform/modFiles.h"
 #include "settings/DVKWorkData.h"
 #include "settings/DorvikData.h"
 #include "settings/modGlobal.h"
-
-#include <filesystem>
 
 namespace dorvik::modTypeLibrarySettings {
 
@@ -15,8 +14,7 @@ TypeLibraryPlaces Places(const std::vector<std::string>& folders) {
     const DorvikData& data = modGlobal::Data();
     TypeLibraryPlaces places;
     for (const std::string& folder : folders) {
-        const std::string path =
-            modFiles::FromHostPath(std::filesystem::absolute(folder).lexically_normal());
+        const std::string path = modCommandPath::Inner(folder);
         if (modFiles::FolderExists(path) || modFiles::FileExists(path)) {
             places.Folders.push_back(path);
         } else {

@@ -8,8 +8,6 @@
 #include "typelib/TypeKinds.h"
 
 #include <algorithm>
-#include <filesystem>
-
 namespace dorvik::modTypeLibraryText {
 
 namespace {
@@ -64,10 +62,6 @@ void PrintFacts(const KnownTypeLibrary& library) {
 }
 
 }  // namespace
-
-std::string InnerPath(const std::string& hostPath) {
-    return modFiles::FromHostPath(std::filesystem::absolute(hostPath).lexically_normal());
-}
 
 std::string Version(std::int32_t majorVersion, std::int32_t minorVersion) {
     return std::to_string(majorVersion) + "." + std::to_string(minorVersion);

@@ -24,9 +24,6 @@ struct KnownTypeLibrary {
 /// How the commands show type libraries.
 namespace modTypeLibraryText {
 
-/// The program's path for a path on the command line.
-std::string InnerPath(const std::string& hostPath);
-
 /// "2.0"
 std::string Version(std::int32_t majorVersion, std::int32_t minorVersion);
 

@@ -5,6 +5,7 @@
 #include "cli/JsonOutput.h"
 #include "cli/TablePrinter.h"
 #include "cli/TypeLibraryText.h"
+#include "cli/modCommandPath.h"
 #include "foundation/modUtilFunctions.h"
 #include "platform/modFiles.h"
 #include "settings/DorvikData.h"
@@ -82,7 +83,7 @@ void PrintListing(
 }  // namespace
 
 ExitCode RunTypelibIndex(const TypelibIndexOptions& options) {
-    const std::string folder = modTypeLibraryText::InnerPath(options.Folder);
+    const std::string folder = modCommandPath::Inner(options.Folder);
     if (!modFiles::FolderExists(folder)) {
         modConsole::PrintError(
             "the folder '" + options.Folder +

@@ -5,6 +5,7 @@
 #include "cli/JsonOutput.h"
 #include "cli/TypeLibrarySettings.h"
 #include "cli/TypeLibraryText.h"
+#include "cli/modCommandPath.h"
 #include "foundation/modUtilFunctions.h"
 #include "platform/modFiles.h"
 #include "settings/DorvikData.h"
@@ -71,7 +72,7 @@ void AddCatalogued(Found& found, const CatalogueLibrary& library) {
 
 Found ReadPlace(const std::string& text) {
     Found found;
-    const std::string whole = modTypeLibraryText::InnerPath(text);
+    const std::string whole = modCommandPath::Inner(text);
     if (modFiles::FileExists(whole)) {
         AddFile(found, whole, text, modTypeLibraryFile::ReadAll(whole));
         return found;
@@ -93,7 +94,7 @@ Found ReadPlace(const std::string& text) {
 }
 
 Found ReadCatalogueFile(const std::string& text, TypeLibraryStore& store) {
-    const std::string path = modTypeLibraryText::InnerPath(text);
+    const std::string path = modCommandPath::Inner(text);
     if (!modFiles::FileExists(path)) {
         return ReadPlace(text);
     }

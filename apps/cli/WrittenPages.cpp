@@ -1,6 +1,7 @@
 #include "cli/WrittenPages.h"
 
 #include "cli/Console.h"
+#include "cli/modTerminalText.h"
 #include "foundation/LogFile.h"
 #include "foundation/modLog.h"
 #include "foundation/modUtilFunctions.h"
@@ -15,6 +16,10 @@ namespace {
 
 /// As many pages are named one by one.
 constexpr std::size_t kNamedPages = 10;
+
+std::string Shown(std::string_view path) {
+    return modTerminalText::Harmless(modConsole::ShownPath(path));
+}
 
 }  // namespace
 
@@ -55,7 +60,7 @@ void WrittenPages::AddFailed(const ReportsEngine& engine) {
 void WrittenPages::Print() const {
     if (m_pages.size() <= kNamedPages) {
         for (const std::string& page : m_pages) {
-            modConsole::Print("Wrote '" + modConsole::ShownPath(page) + "'\n");
+            modConsole::Print("Wrote '" + Shown(page) + "'\n");
         }
         return;
     }
@@ -66,7 +71,7 @@ void WrittenPages::Print() const {
     for (const auto& [folder, count] : folders) {
         modConsole::Print(
             "Wrote " + std::to_string(count) + (count == 1 ? " page" : " pages") + " into '" +
-            modConsole::ShownPath(modUtilFunctions::RemoveBackslash(folder)) + "'\n");
+            Shown(modUtilFunctions::RemoveBackslash(folder)) + "'\n");
     }
 }
 

@@ -1,5 +1,9 @@
 #include "cli/CommandLine.h"
+#include "cli/Console.h"
+#include "cli/LastResort.h"
 
 int main(int argc, char** argv) {
-    return dorvik::RunCommandLine(argc, argv);
+    dorvik::modConsole::PrepareStreams();
+    dorvik::modLastResort::InstallForTermination();
+    return dorvik::modLastResort::Run([&] { return dorvik::RunCommandLine(argc, argv); });
 }

@@ -110,6 +110,7 @@ NamingResult NamingConventionHelper::TestPattern(
     std::string_view text, std::string_view pattern, bool caseSensitive, std::string* match) {
     auto result = NamingResult::NoMatch;
     m_wasGivenUp = false;
+    m_wasMalformed = false;
     const auto test = [&] {
         m_expression.SetPattern(pattern);
         m_expression.SetIgnoreCase(!caseSensitive);
@@ -127,7 +128,8 @@ NamingResult NamingConventionHelper::TestPattern(
 }
 
 std::string NamingConventionHelper::DetailOfFailure() {
-    m_wasGivenUp = !m_expression.IsMalformed();
+    m_wasMalformed = m_expression.IsMalformed();
+    m_wasGivenUp = !m_wasMalformed;
     const std::string rule =
         m_resultsManager != nullptr ? m_resultsManager->ParserState().CurrentRuleID() : "";
     return rule.empty() ? std::string() : " in rule " + rule;

@@ -85,6 +85,8 @@ public:
         std::string_view text, std::string_view pattern, bool caseSensitive, std::string* match);
     /// True if the last test took too long and was given up.
     bool WasGivenUp() const { return m_wasGivenUp; }
+    /// True if the last test failed because its pattern is none.
+    bool WasMalformed() const { return m_wasMalformed; }
 
     // Each leaves its tag readable as a property of "NamingConvention".
     NamingResult
@@ -118,6 +120,7 @@ private:
     std::string m_projectName;
     RegularExpression m_expression;
     bool m_wasGivenUp = false;
+    bool m_wasMalformed = false;
 };
 
 }  // namespace dorvik

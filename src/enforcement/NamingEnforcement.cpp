@@ -167,6 +167,8 @@ NamingResult NamingEnforcement::Test(
     const NamingResult result = m_helper.TestPattern(text, pattern, rule.CaseSensitive(), match);
     if (m_helper.WasGivenUp()) {
         m_ruleEngine.CountPatternStop(rule);
+    } else if (m_helper.WasMalformed()) {
+        m_ruleEngine.CountPatternFailure(rule);
     }
     return result;
 }

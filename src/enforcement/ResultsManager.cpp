@@ -150,8 +150,7 @@ std::string ResultsManager::ReasonIn(
     if (const auto* const inUse = dynamic_cast<const FileInUse*>(&failure)) {
         return InUseText(*inUse, projectFile, database);
     }
-    // Until the place is reserved the machine fails at nothing but to write there.
-    if (!m_reservation && dynamic_cast<const HostError*>(&failure) != nullptr) {
+    if (dynamic_cast<const HostError*>(&failure) != nullptr) {
         return "Nothing can be written to '" +
                ShownPath(modUtilFunctions::PathFromFilename(database)) +
                "': " + RuntimeErrorText(failure.Number());
@@ -159,7 +158,7 @@ std::string ResultsManager::ReasonIn(
     return {};
 }
 
-bool ResultsManager::PrepareResultsFile(const std::string& target) const {
+bool ResultsManager::PrepareResultsFile(const std::string& target) {
     const std::string& templateFile = modGlobal::Data().ProjectResultsDB();
     Database::DeleteFile(target);
     if (!modFiles::FileExists(templateFile)) {
@@ -169,17 +168,20 @@ bool ResultsManager::PrepareResultsFile(const std::string& target) const {
             kModule);
         return false;
     }
+    m_unfinished.emplace(target);
     Database::CopyFile(templateFile, target);
     return true;
 }
 
 void ResultsManager::EndReview(std::int32_t ruleExecutionCount) {
     m_resultsDB->EndReview(ruleExecutionCount);
+    m_unfinished.reset();
     modLog::Log().CloseReview();
 }
 
 void ResultsManager::AbortReview() {
     m_resultsDB->AbortReview();
+    m_unfinished.reset();
     modLog::Log().CloseReview();
     m_reservation.reset();
 }

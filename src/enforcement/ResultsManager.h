@@ -2,12 +2,14 @@
 
 #include "parser/ParserEvent.h"
 #include "parser/VB6ParserState.h"
+#include "platform/UnfinishedFile.h"
 #include "results/ResultsDB.h"
 #include "results/Violation.h"
 #include "rulebase/RuleType.h"
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -104,11 +106,13 @@ private:
     void ReservePlace(const OutputPlace& place, const std::string& log);
     std::string ReasonIn(
         const BasicError& failure, std::string_view projectFile, const std::string& database) const;
-    bool PrepareResultsFile(const std::string& target) const;
+    bool PrepareResultsFile(const std::string& target);
 
     // Gone last: until then the database and the log are this review's.
     std::shared_ptr<FileInUseMark> m_reservation;
     VB6ParserState m_parserState;
+    std::optional<UnfinishedFile>
+        m_unfinished;  // the results file, between its first byte and its end
     std::unique_ptr<dorvik::ResultsDB> m_resultsDB;
     VirtualProject* m_project = nullptr;
     std::int32_t m_countedFile = 0;  // the `ObjectID` of the file whose lines these are

@@ -189,7 +189,8 @@ void RuleEngine::CountPatternStop(const IRule& rule) {
 }
 
 void RuleEngine::CountStop(std::int32_t ruleId, const SwitchedOffRule& rule) {
-    if (++m_limitStops[ruleId] != kStopsUntilSwitchedOff) {
+    if (++m_limitStops.try_emplace(ruleId, StoppedRule{rule}).first->second.Count !=
+        kStopsUntilSwitchedOff) {
         return;
     }
     m_switchedOff.push_back(rule);
@@ -199,6 +200,16 @@ void RuleEngine::CountStop(std::int32_t ruleId, const SwitchedOffRule& rule) {
                 " was stopped " + std::to_string(kStopsUntilSwitchedOff) + " times: " + rule.Name,
             true);
     }
+}
+
+std::vector<RuleEngine::StoppedRule> RuleEngine::StoppedRules() const {
+    std::vector<StoppedRule> rules;
+    for (const auto& [number, rule] : m_limitStops) {
+        if (rule.Count < kStopsUntilSwitchedOff) {
+            rules.push_back(rule);
+        }
+    }
+    return rules;
 }
 
 void RuleEngine::CountPatternFailure(const IRule& rule) {

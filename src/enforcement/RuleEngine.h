@@ -98,7 +98,7 @@ public:
             return false;
         }
         const auto stops = m_limitStops.find(ruleId);
-        return stops != m_limitStops.end() && stops->second >= kStopsUntilSwitchedOff;
+        return stops != m_limitStops.end() && stops->second.Count >= kStopsUntilSwitchedOff;
     }
     /// For whoever tests a rule's pattern: the test was given up.
     void CountPatternStop(const IRule& rule);
@@ -108,6 +108,13 @@ public:
         std::string_view What;  // was stopped: its "script" or its "pattern"
     };
     const std::vector<SwitchedOffRule>& SwitchedOffRules() const { return m_switchedOff; }
+
+    /// A rule that was stopped at a limit, but not so often that it was switched off.
+    struct StoppedRule {
+        SwitchedOffRule Rule;
+        int Count = 0;
+    };
+    std::vector<StoppedRule> StoppedRules() const;
 
     /// For whoever tests a rule's pattern: it is none.
     void CountPatternFailure(const IRule& rule);
@@ -188,7 +195,7 @@ private:
     std::function<bool()> m_isStopRequested;
     bool m_isStopped = false;
     std::int32_t m_runningRule = 0;
-    std::map<std::int32_t, int> m_limitStops;  // by rule number
+    std::map<std::int32_t, StoppedRule> m_limitStops;  // by rule number
     std::vector<SwitchedOffRule> m_switchedOff;
     std::map<std::int32_t, FailedRule> m_failed;
 };

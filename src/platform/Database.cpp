@@ -8,6 +8,7 @@
 #include "platform/JetReader.h"
 #include "platform/OutputRefusal.h"
 #include "platform/RecordsetState.h"
+#include "platform/UnfinishedFile.h"
 #include "platform/modFiles.h"
 
 #include <array>
@@ -186,6 +187,7 @@ void Database::CopyFile(std::string_view from, std::string_view to) {
     static int counter = 0;
     const std::string copy = std::string(to) + std::string(kNewCopy) + "-" +
                              std::to_string(::getpid()) + "-" + std::to_string(++counter);
+    const UnfinishedFile unfinished(copy);
     modFiles::CopyFile(from, copy);
     std::error_code error;
     fs::rename(modFiles::HostPath(copy), modFiles::HostPath(to), error);

@@ -104,6 +104,7 @@ bool ResultsDB::OpenDatabase(const std::string& filename) {
 }
 
 void ResultsDB::CloseDatabase() {
+    m_isNewReview = false;
     m_database.Close();
     m_databaseOpen = false;
 }
@@ -180,12 +181,18 @@ bool ResultsDB::StartReview(
         if (!OpenDatabase(filename)) {
             return;
         }
+        m_sourceFiles.clear();
+        m_isNewReview = HasNoSourceFiles();
         WriteReview(rulebase, criteria);
         WriteCategoryList(rulebase, criteria);
         WriteSeverityList(rulebase, criteria);
         started = true;
     });
     return started;
+}
+
+bool ResultsDB::HasNoSourceFiles() {
+    return NeedRows(GetReadOnlyRecordset("SELECT SourceID FROM SourceFiles")).EOF_();
 }
 
 void ResultsDB::WriteReview(const Rulebase& rulebase, const ReviewCriteria& criteria) {

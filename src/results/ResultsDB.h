@@ -249,6 +249,7 @@ private:
     }
     void CountFailure();
 
+    bool HasNoSourceFiles();
     void WriteReview(const Rulebase& rulebase, const ReviewCriteria& criteria);
     void WriteCategoryList(const Rulebase& rulebase, const ReviewCriteria& criteria);
     void WriteSeverityList(const Rulebase& rulebase, const ReviewCriteria& criteria);
@@ -285,6 +286,8 @@ private:
     std::int32_t m_sourceId = 0;  // the file that is being written
     bool m_isNewSource = false;   // it had no row before, so all its procedures are known:
     std::unordered_set<std::string> m_procedures;  // name and type in lower case
+    bool m_isNewReview = false;  // all source files of the database are in the next list
+    std::unordered_set<std::string> m_sourceFiles;  // path and name in lower case
 
     DVKWorkData* m_ownSettings = nullptr;  // those of the constructor, if any
     RulebaseLoadCriteria m_filter;

@@ -96,7 +96,10 @@ std::int32_t ResultsDB::SetupSourceFile(VirtualObject& object) {
         const std::string path = TextOf(object, "Path");
         auto rows = NeedRows(GetEditableRecordset(
             "SELECT * FROM SourceFiles WHERE Filename=? AND Path=?", {filename, path}));
-        const bool isNew = rows.BOF() && rows.EOF_();
+        std::string key = modTextCase::ToLower(path) + '\n' + modTextCase::ToLower(filename);
+        // To look through all rows for each file would make the files cost their number squared.
+        const bool isUnseen = m_isNewReview && !m_sourceFiles.contains(key);
+        const bool isNew = isUnseen || (rows.BOF() && rows.EOF_());
         if (isNew) {
             rows.AddNew();
             rows.SetValue("ProjectID", m_projectId);
@@ -112,11 +115,9 @@ std::int32_t ResultsDB::SetupSourceFile(VirtualObject& object) {
         }
         rows.SetValue("Type", TextOf(object, "Type"));
         rows.Update();
-        if (isNew) {
-            rows.MoveFirst();
-        }
-        id = rows.Value("SourceID").AsLong();
+        id = isNew ? rows.LastAddedKey() : rows.Value("SourceID").AsLong();
         m_isNewSource = isNew;
+        m_sourceFiles.insert(std::move(key));
     });
     return id;
 }

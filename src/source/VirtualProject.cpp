@@ -114,9 +114,11 @@ void VirtualProject::BeginAfresh() {
 
 ProjectLoadStatus VirtualProject::ReadLines(TextFileReader& reader, bool propertiesOnly) {
     // A file of 0 bytes has no line at all, and is read without a failure.
-    while (!reader.AtEnd()) {
+    m_failedLine = {};
+    for (std::int32_t number = 1; !reader.AtEnd(); ++number) {
         const std::string_view line = reader.ReadLine();
         if (!DecodeLineFromVBProjectFile(line, propertiesOnly)) {
+            m_failedLine = {number, std::string(line)};
             return ProjectLoadStatus::LineFailed;
         }
         // Required: the first empty line ends the reading. A line of blanks is not an empty line.

@@ -116,6 +116,12 @@ public:
     /// Why a project file that is there holds no text that can be read, to be put behind its name; empty
     /// otherwise.
     const std::string& Unreadable() const { return m_unreadable; }
+    /// The line at which a reading ended with `LineFailed`; its number is 0 where it was none.
+    struct Line {
+        std::int32_t Number = 0;
+        std::string Text;
+    };
+    const Line& FailedLine() const { return m_failedLine; }
     /// The source files that a review could not take in to their end, in the order of the review. They
     /// stay when the lists are dropped, for whoever tells the user afterwards.
     const std::vector<UnreviewedFile>& UnreviewedFiles() const { return m_unreviewedFiles; }
@@ -188,6 +194,7 @@ private:
     std::int32_t m_reviewStatus = 0;
     ProjectLoadStatus m_loadStatus = ProjectLoadStatus::Good;
     std::string m_unreadable;
+    Line m_failedLine;
     std::vector<UnreviewedFile> m_unreviewedFiles;
     LostResults m_resultsLost;
     std::vector<CutLayout> m_cutLayouts;

@@ -32,11 +32,7 @@ void VirtualProjectGroup::TakeLine(std::string_view line, std::string_view folde
         return;
     }
     std::string path(modUtilFunctions::RelativeToAbsolutePath(value, folder));
-    const bool isKnown = std::any_of(
-        m_projectFilenames.begin(), m_projectFilenames.end(), [&](const std::string& known) {
-            return modTextCase::Equal(known, path);
-        });
-    if (!isKnown) {
+    if (m_known.insert(modTextCase::ToLower(path)).second) {
         m_projectFilenames.push_back(std::move(path));
     }
 }

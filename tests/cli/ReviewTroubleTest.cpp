@@ -122,7 +122,7 @@ TEST_F(ReviewTrouble, AnInstructionLimitStopsAScriptAndTheSummaryNamesTheRuleSwi
          "5000",
          "--script-seconds",
          "0"});
-    EXPECT_EQ(result.ExitCode, 0) << result.Error;
+    EXPECT_EQ(result.ExitCode, 3) << result.Error;
     EXPECT_THAT(
         result.Errors(),
         ElementsAre("dorvik: rule 6000 (Slow) was switched off, because its script was stopped 3 "
@@ -143,7 +143,12 @@ TEST_F(ReviewTrouble, AFractionOfAMillisecondIsALimitToo) {
          "0.0001",
          "--script-instructions",
          "0"});
-    EXPECT_EQ(result.ExitCode, 0) << result.Error;
+    EXPECT_EQ(result.ExitCode, 3) << result.Error;
+    EXPECT_THAT(
+        result.Errors(),
+        ElementsAre(
+            "dorvik: rule 6000 (Slow) is incomplete: its script was stopped 1 time at a limit; "
+            "the review log says where"));
     EXPECT_THAT(Bytes("Dorvik/A_DORVIK.txt"), HasSubstr("Script of rule 6000 (Slow), line 3"));
 }
 
@@ -151,6 +156,7 @@ TEST_F(ReviewTrouble, ARuleWhoseScriptFailsIsToldWithTheNumberOfItsFailures) {
     WriteRulebase("Broken.dvk", "Sub Main%CRLF%Dim n%CRLF%n = 1 / 0%CRLF%End Sub");
     WriteProcedures(3);
     const ProgramResult result = Run({"review", "A.vbp", "--rulebase", "Broken.dvk"});
+    EXPECT_EQ(result.ExitCode, 3);
     EXPECT_THAT(
         result.Errors(),
         ElementsAre("dorvik: rule 6000 (Slow) is broken: its script failed 3 times; the review log "
@@ -165,6 +171,7 @@ TEST_F(ReviewTrouble, ARuleWhosePatternIsNoneIsTold) {
     WriteBytes("Broken.dvk", text.insert(at, "("));
     WriteModuleProject("A", "    Stop");
     const ProgramResult result = Run({"review", "A.vbp", "--rulebase", "Broken.dvk"});
+    EXPECT_EQ(result.ExitCode, 3);
     EXPECT_THAT(
         result.Errors(),
         ElementsAre(
@@ -189,7 +196,11 @@ TEST_F(ReviewTrouble, AScriptWithoutSubMainIsToldWithItsRule) {
     const ProgramResult result = Run({"review", "A.vbp", "--rulebase", "Broken.dvk"});
     EXPECT_EQ(result.ExitCode, 2);
     ExpectClearSentences(result);
-    EXPECT_THAT(result.Errors(), ElementsAre(HasSubstr("[rule 6000 (Slow) has no Sub Main]")));
+    EXPECT_THAT(
+        result.Errors(),
+        ElementsAre(
+            HasSubstr("CodingConvention 6000 'Slow', Condition: the script has no 'Sub Main'"),
+            HasSubstr("nothing was reviewed, because the scripts of the rulebase '")));
 }
 
 TEST_F(ReviewTrouble, ATemporaryFolderThatCannotBeUsedIsNamedInOneSentence) {
@@ -215,6 +226,68 @@ TEST_F(ReviewTrouble, AReviewLeavesNothingInTheTemporaryFolder) {
     run.Wait();
     EXPECT_EQ(run.ExitCode(), 0) << run.Error();
     EXPECT_TRUE(fs::is_empty(Work("temp")));
+}
+
+TEST_F(ReviewTrouble, TheLineThatEndsTheReadingOfAProjectFileIsTold) {
+    WriteLines(
+        "A.vbp", {"Type=Exe", "Module=A; A.bas", "Title=\"x\"", "Module=A; A.bas", "Name=\"A\""});
+    const ProgramResult result = Run({"review", "A.vbp"});
+    EXPECT_EQ(result.ExitCode, 2);
+    EXPECT_THAT(
+        result.Errors(),
+        ElementsAre(HasSubstr(
+            "A.vbp' cannot be understood from line 4 on, which is 'Module=A; A.bas' (a key or a "
+            "source file that is named twice is one reason)")));
+    EXPECT_THAT(Run({"events", "A.vbp"}).Error, HasSubstr("cannot be understood from line 4 on"));
+}
+
+TEST_F(ReviewTrouble, AValueOfAListBehindABlankIsNotTakenForAPath) {
+    WriteModuleProject("A", "    x = 1");
+    const std::pair<std::vector<std::string>, std::string> lines[] = {
+        {{"review", "A.vbp", "--tolerance", "CVC=1", "HVC=2"}, "--tolerance CVC=1,HVC=2"},
+        {{"review", "A.vbp", "--severity", "1", "2"}, "--severity 1,2"},
+        {{"review", "A.vbp", "--conventions", "cc", "uk"}, "--conventions cc,uk"},
+    };
+    for (const auto& [line, remedy] : lines) {
+        const ProgramResult result = Run(line);
+        EXPECT_EQ(result.ExitCode, 2);
+        EXPECT_THAT(
+            result.Errors(),
+            ElementsAre(
+                "dorvik: '" + line.back() + "' is not a path; the values of " + line[2] +
+                " are joined by commas: " + remedy));
+        EXPECT_FALSE(Exists("Dorvik"));
+    }
+    fs::copy_file(Work("A.bas"), Work("2"));
+    EXPECT_THAT(
+        Run({"review", "A.vbp", "--severity", "1", "2"}).Error, HasSubstr("'2' is no project file"))
+        << "what is there is a path";
+}
+
+TEST_F(ReviewTrouble, TheFolderOfTheResultsTakesThePagesToo) {
+    WriteModuleProject("A", "    x = 1");
+    EXPECT_EQ(Run({"review", "A.vbp", "--results", "out", "--report", "summary"}).ExitCode, 0);
+    EXPECT_TRUE(Exists("out/A_DORVIK.mdb"));
+    EXPECT_FALSE(Exists("Dorvik"));
+    std::string pages;
+    for (const auto& entry : fs::directory_iterator(Work("out"))) {
+        pages += entry.path().extension() == ".html" ? entry.path().filename().string() : "";
+    }
+    EXPECT_NE(pages, "");
+    Run({"review", "A.vbp", "--results", "two", "--report", "summary", "--reports", "pages"});
+    EXPECT_TRUE(Exists("pages/" + pages));
+    EXPECT_FALSE(Exists("two/" + pages));
+}
+
+TEST_F(ReviewTrouble, ProjectsOfOneGroupThatAreMissingAreToldOneByOne) {
+    std::string group = "VBGROUP 5.0\r\n";
+    for (int number = 0; number < 300; ++number) {
+        group += "Project=p" + std::to_string(number) + ".vbp\r\n";
+    }
+    WriteBytes("g.vbg", group + "Project=P7.VBP\r\n");
+    const ProgramResult result = Run({"review", "g.vbg"});
+    EXPECT_EQ(result.ExitCode, 2);
+    EXPECT_EQ(result.Errors().size(), 300U);
 }
 
 }  // namespace

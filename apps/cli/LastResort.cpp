@@ -1,0 +1,70 @@
+#include "cli/LastResort.h"
+
+#include "base/BasicError.h"
+#include "cli/Console.h"
+#include "platform/UnfinishedFile.h"
+
+#include <cstdlib>
+#include <exception>
+#include <filesystem>
+#include <new>
+#include <string>
+
+namespace dorvik::modLastResort {
+
+namespace {
+
+constexpr std::string_view kOutOfMemory =
+    "dorvik: the memory of this machine is not enough for this; nothing more was done\n";
+constexpr std::string_view kUnknown = "dorvik: ended by an unexpected failure of unknown kind\n";
+
+void TellFailure(const std::exception_ptr& failure) {
+    try {
+        std::rethrow_exception(failure);
+    } catch (const std::bad_alloc&) {
+        modConsole::PrintErrorAsIs(kOutOfMemory);
+    } catch (const BasicError& error) {
+        modConsole::PrintError(error.what());
+    } catch (const std::exception& error) {
+        modConsole::PrintError("ended by an unexpected failure: " + std::string(error.what()));
+    } catch (...) {
+        modConsole::PrintErrorAsIs(kUnknown);
+    }
+}
+
+/// Tells the failure, also where there is no memory left to put it into words.
+void Tell(const std::exception_ptr& failure) noexcept {
+    try {
+        TellFailure(failure);
+    } catch (...) {
+        modConsole::PrintErrorAsIs(kOutOfMemory);
+    }
+}
+
+[[noreturn]] void EndAtOnce() {
+    UnfinishedFile::RemoveAll();
+    if (const std::exception_ptr failure = std::current_exception()) {
+        Tell(failure);
+    } else {
+        modConsole::PrintErrorAsIs(kUnknown);
+    }
+    std::_Exit(static_cast<int>(ExitCode::NothingDone));
+}
+
+}  // namespace
+
+int Run(const std::function<int()>& command) {
+    try {
+        return command();
+    } catch (...) {
+        UnfinishedFile::RemoveAll();
+        Tell(std::current_exception());
+    }
+    return static_cast<int>(ExitCode::NothingDone);
+}
+
+void InstallForTermination() {
+    std::set_terminate(&EndAtOnce);
+}
+
+}  // namespace dorvik::modLastResort
