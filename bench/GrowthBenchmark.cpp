@@ -13,6 +13,7 @@
 #include "rulebase/RuleLists.h"
 #include "source/LayoutReader.h"
 #include "source/VirtualObject.h"
+#include "source/VirtualProjectGroup.h"
 #include "source/VirtualSourceFile.h"
 #include "source/modSource.h"
 #include "source/modVOSource.h"
@@ -216,6 +217,27 @@ Work LinesOfAFile(std::size_t size, std::string_view lineEnd) {
     };
 }
 
+/// A group whose projects are nowhere, in a file that is removed at the end of the program's work with it.
+Work ProjectsOfAGroup(std::size_t size) {
+    const std::shared_ptr<std::filesystem::path> path(
+        new std::filesystem::path(
+            std::filesystem::temp_directory_path() /
+            ("GrowthBenchmark." + std::to_string(size) + ".vbg")),
+        [](const std::filesystem::path* file) {
+            std::filesystem::remove(*file);
+            delete file;
+        });
+    std::ofstream group(*path, std::ios::binary);
+    for (std::size_t number = 0; number < size; ++number) {
+        group << "Project=p" << number << ".vbp\r\n";
+    }
+    group.close();
+    return [path, size] {
+        const VirtualProjectGroup read(modFiles::FromHostPath(*path), 1252);
+        return read.ProjectFilenames().size() == size;
+    };
+}
+
 // ---- scripts ----
 
 Work ScriptOf(std::size_t size, std::string_view line, bool fails) {
@@ -267,6 +289,7 @@ const std::vector<Row>& Rows() {
         {"controls of a layout", 2'000, ControlsOfALayout},
         {"lines of a file, CR", 200'000, std::bind(LinesOfAFile, _1, "\r")},
         {"lines of a file, LF", 200'000, std::bind(LinesOfAFile, _1, "\n")},
+        {"projects of a group", 5'000, ProjectsOfAGroup},
         {"script: calls", 5'000, std::bind(ScriptOf, _1, "x = y + foo(1)\n", false)},
         {"script: If lines", 5'000, std::bind(ScriptOf, _1, "If a Then x Else y\n", false)},
         {"script: wrong expressions", 5'000, std::bind(ScriptOf, _1, "x = )\n", true)},
