@@ -195,8 +195,8 @@ TEST_F(ResultsCommand, CriteriaTellWithWhatAndForWhatTheProjectWasReviewed) {
         AllOf(
             Contains("Rulebase      Team rules"),
             Contains("Active rules  4"),
-            Contains("  keyword        yes           4"),
-            Contains("  naming         no            0"),
+            Contains("  keyword        yes            4"),
+            Contains("  naming         no             0"),
             Contains("      1  Fatal   yes"),
             Contains("   2  Flow, and jumps"),
             Contains("  CVC      Critical Violation Count  at most 0")));

@@ -270,7 +270,7 @@ TEST_F(ResultsViolationsCommand, NoTextOutOfTheDatabaseCanSteerTheTerminal) {
            "d\te'");
     const std::string output = Show({"violations", "--long"}).Output + Show({"summary"}).Output;
     EXPECT_EQ(output.find_first_of("\x1b\x07\t"), std::string::npos);
-    EXPECT_THAT(output, HasSubstr("a [2Jb"));
+    EXPECT_THAT(output, HasSubstr("a\\x1B[2Jb"));
 }
 
 }  // namespace

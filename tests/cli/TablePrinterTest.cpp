@@ -68,7 +68,7 @@ TEST(TablePrinter, WidthsCountCharactersNotBytes) {
 TEST(TablePrinter, ATextCannotSteerTheTerminal) {
     TablePrinter table({{""}});
     table.AddRow({{"a\x1B[31mb\tc\x7F"}});
-    EXPECT_EQ(table.Text(80, false), "a [31mb c\n");
+    EXPECT_EQ(table.Text(80, false), "a\\x1B[31mb c\\x7F\n");
 }
 
 TEST(TablePrinter, ColoursStandAroundTheTextOnly) {
