@@ -175,7 +175,7 @@ struct Pair {
 
 void Print(std::string_view name, const Pair& seconds) {
     std::printf(
-        "%-36.*s %8.3f %8.3f %8.2f\n",
+        "%-40.*s %8.3f %8.3f %8.2f\n",
         static_cast<int>(name.size()),
         name.data(),
         seconds.Ours,
@@ -248,10 +248,11 @@ void CompareDispatchers() {
 
 int main(int argumentCount, char** arguments) {
     const std::string_view wanted = argumentCount > 1 ? arguments[1] : "";
-    std::printf("%-36s %8s %8s %8s\n", "CPU seconds, best of five", "Dorvik", "Lua", "ratio");
-    for (const ScriptProgram& program : kScriptPrograms)
-        if (program.Name.find(wanted) != std::string_view::npos)
-            Compare(program);
+    std::printf("%-40s %8s %8s %8s\n", "CPU seconds, best of five", "Dorvik", "Lua", "ratio");
+    for (const auto programs : {kScriptPrograms, kTextPrograms, kEverydayPrograms})
+        for (const ScriptProgram& program : programs)
+            if (program.Name.find(wanted) != std::string_view::npos)
+                Compare(program);
     if (std::string_view("RunScript").find(wanted) != std::string_view::npos)
         CompareDispatchers();
 }

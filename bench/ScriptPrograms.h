@@ -11,6 +11,9 @@ struct ScriptProgram {
     std::string_view Lua;
 };
 extern const std::span<const ScriptProgram> kScriptPrograms;
+/// What authors of rules write every day: `TextPrograms.cpp`, `EverydayPrograms.cpp`.
+extern const std::span<const ScriptProgram> kTextPrograms;
+extern const std::span<const ScriptProgram> kEverydayPrograms;
 
 inline constexpr int kDispatcherCases = 150;
 
