@@ -9,10 +9,6 @@
 
 namespace dorvik::basic {
 
-bool IsGiven(Arguments arguments, std::size_t position) {
-    return position < arguments.size() && !arguments[position].IsMissing();
-}
-
 const Value& ArgumentAt(Arguments arguments, std::size_t position) {
     static const Value missing = Value::Missing();
     return position < arguments.size() ? arguments[position] : missing;
@@ -73,6 +69,15 @@ bool TextArgument::IsAscii() const {
 
 std::size_t TextArgument::Length() const {
     return m_body ? m_body->Length() : modCharacters::Count(m_view);
+}
+
+std::size_t TextArgument::OffsetOf(std::size_t character) const {
+    return m_body ? m_body->OffsetOf(character) : modCharacters::Skip(m_view, character);
+}
+
+std::size_t TextArgument::CharactersBefore(std::size_t offset) const {
+    return m_body ? m_body->CharactersBefore(offset)
+                  : modCharacters::Count(m_view.substr(0, offset));
 }
 
 Value TextArgument::AsValue() const {

@@ -14,7 +14,9 @@ namespace dorvik::basic {
 using Arguments = std::span<const Value>;
 
 /// Whether an optional argument was given.
-bool IsGiven(Arguments arguments, std::size_t position);
+inline bool IsGiven(Arguments arguments, std::size_t position) {
+    return position < arguments.size() && !arguments[position].IsMissing();
+}
 /// The argument, `Missing` if it was left out.
 const Value& ArgumentAt(Arguments arguments, std::size_t position);
 /// The argument rounded half to even; `byDefault` if it was left out. Raises 6, 13, 94.
@@ -36,6 +38,9 @@ public:
     std::string_view View() const { return m_view; }
     bool IsAscii() const;
     std::size_t Length() const;  // characters
+    /// See `StringBody`.
+    std::size_t OffsetOf(std::size_t character) const;
+    std::size_t CharactersBefore(std::size_t offset) const;
     /// The value as a text, sharing the body where there is one.
     Value AsValue() const;
 

@@ -117,6 +117,7 @@ void ProcedureCompiler::CopyToRecord(
 }
 
 /// `Mid(v, start, length) = s`, `LSet v = s`, `RSet v = s`: the text is taken out, changed and put back.
+/// Where nobody else has the text, Mid changes it in its place.
 void ProcedureCompiler::On(const TextAssignStatement& node, SourcePlace place) {
     const PlaceInfo info = PlaceOf(*node.Target);
     const bool isRecord = info.Type.Kind == DeclaredKind::Record && !info.Type.IsArray;
@@ -137,12 +138,11 @@ void ProcedureCompiler::On(const TextAssignStatement& node, SourcePlace place) {
     std::vector<AfterCall> after;
     const Register reference = m_code.TemporaryGeneric();
     ReferenceTo(*node.Target, info, reference, after);
-    Operand present;
-    present.Slot = m_code.TemporaryGeneric();
-    m_code.Emit(Opcode::LoadReference, present.Slot, reference);
     const std::size_t count = isMid ? 4 : 2;
     const Register first = m_code.PushArguments(count);
-    MoveInto(present, first, text);
+    m_code.Emit(Opcode::LoadReference, first, reference);
+    if (info.Type.Kind == DeclaredKind::Variant)
+        m_code.Emit(Opcode::CoerceString, first, first);
     if (isMid) {
         EvaluateInto(*node.Start, static_cast<Register>(first + 1), number);
         if (node.Length)
@@ -151,15 +151,19 @@ void ProcedureCompiler::On(const TextAssignStatement& node, SourcePlace place) {
             MoveShared(ConstantOperand(&kMissing), static_cast<Register>(first + 2));
     }
     EvaluateInto(*node.Value, static_cast<Register>(first + count - 1), text);
-    if (isMid)
-        m_code.Emit(Opcode::MidAssign, first);
-    else
+    const Label done = m_code.NewLabel();
+    if (isMid) {
+        m_code.Emit(Opcode::MidAssign, first, reference);
+        m_code.EmitJump(Opcode::Jump, done);
+    } else {
         m_code.Emit(Opcode::AlignText, first, 0, node.Kind == TextAssignment::LSet ? 0 : 1);
+    }
     Operand changed;
     changed.Slot = first;
     changed.Type = text;
     changed.IsTyped = true;
     StoreReference(reference, changed, info.Type, false);
+    m_code.Bind(done);
     m_code.Emit(Opcode::ReleaseArguments, first, static_cast<Register>(count));
     m_code.PopArguments(count);
     FinishArguments(after);

@@ -21,6 +21,10 @@ struct BuiltinFunction {
     DeclaredKind Result;  // Variant unless always of one type
     Body Call;
     bool IsRefused = false;  // compiles, raises 70 when reached
+    /// Who counts the work that the texts among the arguments make.
+    enum class TextCost : std::uint8_t { CountedByCaller, CountedByItself };
+    TextCost Cost = TextCost::CountedByCaller;
+    bool IsConversion = false;  // of its one argument to the type of the result
 
     int LeastArguments() const;
     int MostArguments() const;  // -1: any number

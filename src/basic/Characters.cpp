@@ -4,6 +4,9 @@
 #include "platform/CodePageTables.h"
 #include "platform/modEncoding.h"
 
+#include <cstdint>
+#include <cstring>
+
 namespace dorvik::basic::modCharacters {
 
 namespace {
@@ -17,6 +20,17 @@ unsigned ByteAt(std::string_view text, std::size_t position) {
 
 bool IsContinuation(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80;
+}
+
+constexpr std::size_t kWordSize = sizeof(std::uint64_t);
+
+/// How many of eight bytes do not begin a character.
+std::size_t ContinuationsInWord(const char* bytes) {
+    constexpr std::uint64_t kLowestBits = 0x0101010101010101;
+    std::uint64_t word = 0;
+    std::memcpy(&word, bytes, kWordSize);
+    const std::uint64_t flags = (word >> 7U) & ~(word >> 6U) & kLowestBits;
+    return static_cast<std::size_t>((flags * kLowestBits) >> 56U);
 }
 
 /// The half of a surrogate pair whose three bytes begin at `position`; 0 if none does.
@@ -41,6 +55,13 @@ std::size_t Count(std::string_view text) {
 }
 
 std::size_t Skip(std::string_view text, std::size_t count, std::size_t from) {
+    // A word has at most as many characters as bytes; what it begins may end behind it.
+    for (; count > kWordSize && text.size() - from > kWordSize; from += kWordSize) {
+        count -= kWordSize - ContinuationsInWord(text.data() + from);
+    }
+    while (count > 0 && from < text.size() && IsContinuation(text[from])) {
+        ++from;
+    }
     for (; count > 0 && from < text.size(); --count) {
         ++from;
         while (from < text.size() && IsContinuation(text[from])) {

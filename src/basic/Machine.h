@@ -50,6 +50,7 @@ public:
     bool ComparesText() const override { return m_program->ComparesText; }
     ErrorState& CurrentError() override { return m_error; }
     void Breathe() override;
+    void CountText(std::size_t bytes) override;
     std::uint32_t& RandomState() override { return m_random; }
     double NowInDays() override;
     std::int32_t LastLineNumber() const override { return m_lineNumber; }

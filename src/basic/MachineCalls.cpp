@@ -57,7 +57,8 @@ void Machine::RunBuiltin(Instruction in, Value* base) {
     const std::size_t count =
         in.Flags == kCountFollows ? static_cast<std::size_t>(m_at[1].Wide()) : in.Flags;
     Value* const first = base + in.C;
-    const std::size_t cost = CostOfTexts({first, count});
+    const bool countsItself = function.Cost == BuiltinFunction::TextCost::CountedByItself;
+    const std::size_t cost = countsItself ? 0 : CostOfTexts({first, count});
     Value result = function.Call(*this, {first, count});
     Spend(cost + CostOfTexts({&result, 1}) + CostOfArray(result));
     Release(first, count);

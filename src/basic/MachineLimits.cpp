@@ -57,6 +57,11 @@ void Machine::Breathe() {
     Spend(kBreath);
 }
 
+void Machine::CountText(std::size_t bytes) {
+    constexpr std::size_t kBytesOfAUnit = 64;
+    Spend(bytes / kBytesOfAUnit);
+}
+
 void Machine::Yield(Instruction, Value*) {
     AskHost();
 }

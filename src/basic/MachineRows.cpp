@@ -102,7 +102,7 @@ void Machine::InStrRow(Instruction in, Value* base) {
 void Machine::LenRow(Instruction in, Value* base) {
     const Instruction* const row = m_at;
     const Value& source = base[in.B];
-    if (!IsShortText(source)) {
+    if (source.Type() != ValueType::String) {
         base[in.A] = source;
         return;
     }

@@ -33,28 +33,41 @@ std::string ShownText(const Value& value) {
     return (text.starts_with('-') ? "" : " ") + text + " ";
 }
 
+std::size_t LengthOf(const Value& text) {
+    return text.TextBody() != nullptr ? text.TextBody()->Length() : 0;
+}
+
+/// Whether nobody refers to the text but the variable and the slot into which it was read.
+bool IsOnlyIn(const Value& text, const Value& variable) {
+    constexpr std::uint32_t kBoth = 2;
+    return variable.Type() == ValueType::String && variable.TextBody() == text.TextBody() &&
+           text.TextBody()->References() == kBoth;
+}
+
 }  // namespace
 
 void Machine::MidAssign(Instruction in, Value* base) {
     Value& text = base[in.A];
     const std::int32_t start = base[in.A + 1].AsLong();
     const Value& length = base[in.A + 2];
-    const std::string_view old = text.AsText();
-    Spend(old.size() / kBytesOfAUnit);
-    const std::string_view part = base[in.A + 3].AsText();
+    const Value& part = base[in.A + 3];
     const bool hasLength = !length.IsMissing();
+    const std::size_t size = LengthOf(text);
     const auto begin = static_cast<std::size_t>(std::int64_t{start} - 1);
-    if (start < 1 || begin >= modCharacters::Count(old) || (hasLength && length.AsLong() < 0))
+    if (start < 1 || begin >= size || (hasLength && length.AsLong() < 0))
         RaiseError(runtimeerror::kInvalidProcedureCall);
-    std::size_t count = std::min(modCharacters::Count(part), modCharacters::Count(old) - begin);
+    std::size_t count = std::min(LengthOf(part), size - begin);
     if (hasLength)
         count = std::min(count, static_cast<std::size_t>(length.AsLong()));
-    const std::size_t from = modCharacters::Skip(old, begin);
-    const std::size_t to = modCharacters::Skip(old, count, from);
-    std::string changed(old.substr(0, from));
-    changed += part.substr(0, modCharacters::Skip(part, count));
-    changed += old.substr(to);
-    text = Value::Text(std::move(changed));
+    const bool isInPlace = IsOnlyIn(text, *TargetOf(base[in.B]));
+    if (!isInPlace) {
+        Spend(text.AsText().size() / kBytesOfAUnit);
+        text = Value::Text(StringBody::Of(text.AsText()));
+    }
+    const std::string_view taken =
+        count > 0 ? part.AsText().substr(0, part.TextBody()->OffsetOf(count)) : std::string_view();
+    Spend(text.TextBody()->Overwrite(begin, count, taken) / kBytesOfAUnit);
+    m_next = isInPlace ? CodeOfTop() + m_next->Wide() : m_next + 1;
 }
 
 void Machine::AlignText(Instruction in, Value* base) {

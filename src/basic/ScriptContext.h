@@ -2,6 +2,7 @@
 
 #include "basic/Value.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -17,7 +18,13 @@ struct ErrorState {
     std::string HelpFile;
     std::int32_t HelpContext = 0;
 
-    void Clear() { *this = {}; }
+    void Clear() {
+        Number = 0;
+        Description.clear();
+        Source.clear();
+        HelpFile.clear();
+        HelpContext = 0;
+    }
 };
 
 /// What the built-in functions and objects ask of the machine that runs them.
@@ -35,6 +42,8 @@ public:
     /// Called inside long work (a search through a long text, a big loop of a function); raises the
     /// uncatchable stop when the host cancels or a limit is passed.
     virtual void Breathe() = 0;
+    /// Counts bytes of texts that a function has looked at. Raises like `Breathe`.
+    virtual void CountText(std::size_t bytes) = 0;
     /// The last value and the state of `Rnd` (24 bits).
     virtual std::uint32_t& RandomState() = 0;
     /// Local time in days since 30 Dec 1899.

@@ -15,14 +15,7 @@ namespace {
 
 /// The 1-based number of the character that begins at an offset, as a Long.
 Value PositionOf(const TextArgument& text, std::size_t offset) {
-    const std::size_t before =
-        text.IsAscii() ? offset : modCharacters::Count(text.View().substr(0, offset));
-    return Value::Long(static_cast<std::int32_t>(before) + 1);
-}
-
-std::size_t OffsetOf(const TextArgument& text, std::size_t characters) {
-    return text.IsAscii() ? std::min(characters, text.View().size())
-                          : modCharacters::Skip(text.View(), characters);
+    return Value::Long(static_cast<std::int32_t>(text.CharactersBefore(offset)) + 1);
 }
 
 bool IsWhole(const Value& value) {
@@ -38,7 +31,21 @@ bool ReadsCompare(const Value& argument, bool& ignoresCase) {
     return true;
 }
 
-/// The usual question, between two texts of which the first is ASCII. False: it is not that.
+/// Looks for a text from `from` on, and counts how far the search has gone. One without regard to case
+/// may have read all that is left.
+TextSearch::Place Searched(
+    ScriptContext& context,
+    std::string_view text,
+    std::string_view sought,
+    bool ignoresCase,
+    std::size_t from) {
+    const auto place = TextSearch::First(context, text, sought, ignoresCase, from);
+    const bool stopsEarly = place.IsFound() && !ignoresCase;
+    context.CountText(sought.size() + (stopsEarly ? place.Start : text.size()) - from);
+    return place;
+}
+
+/// The usual question, between two texts. False: it is not that.
 bool AnswersInStr(ScriptContext& context, Arguments arguments, Value& answer) {
     const bool hasStart = arguments.size() >= 3 && IsWhole(arguments[0]);
     bool ignoresCase = context.ComparesText();
@@ -50,13 +57,14 @@ bool AnswersInStr(ScriptContext& context, Arguments arguments, Value& answer) {
     const Value& sought = arguments[hasStart ? 2 : 1];
     const std::int64_t start = hasStart ? arguments[0].AsLong() : 1;
     if (text.Type() != ValueType::String || sought.Type() != ValueType::String || start < 1 ||
-        sought.AsText().empty() || text.AsText().empty() || !text.TextBody()->IsAscii()) {
+        sought.AsText().empty() || text.AsText().empty()) {
         return false;
     }
-    const std::string_view all = text.AsText();
-    const std::size_t from = std::min(static_cast<std::size_t>(start - 1), all.size());
-    const auto place = TextSearch::First(context, all, sought.AsText(), ignoresCase, from);
-    answer = Value::Long(place.IsFound() ? static_cast<std::int32_t>(place.Start) + 1 : 0);
+    const StringBody& body = *text.TextBody();
+    const std::size_t from = body.OffsetOf(static_cast<std::size_t>(start - 1));
+    const auto place = Searched(context, body.Text(), sought.AsText(), ignoresCase, from);
+    answer = Value::Long(
+        place.IsFound() ? static_cast<std::int32_t>(body.CharactersBefore(place.Start)) + 1 : 0);
     return true;
 }
 
@@ -81,14 +89,14 @@ Value InStr(ScriptContext& context, Arguments arguments) {
     }
     const TextArgument text(arguments, first);
     const TextArgument sought(arguments, first + 1);
-    const std::size_t from = OffsetOf(text, static_cast<std::size_t>(start) - 1);
+    const std::size_t from = text.OffsetOf(static_cast<std::size_t>(start) - 1);
     if (from == text.View().size()) {
         return Value::Long(0);
     }
     if (sought.View().empty()) {
         return Value::Long(start);
     }
-    const auto place = TextSearch::First(context, text.View(), sought.View(), ignoresCase, from);
+    const auto place = Searched(context, text.View(), sought.View(), ignoresCase, from);
     return place.IsFound() ? PositionOf(text, place.Start) : Value::Long(0);
 }
 
@@ -109,7 +117,7 @@ Value InStrRev(ScriptContext& context, Arguments arguments) {
         return Value::Long(static_cast<std::int32_t>(last));
     }
     const auto place =
-        TextSearch::Last(context, text.View(), sought.View(), ignoresCase, OffsetOf(text, last));
+        TextSearch::Last(context, text.View(), sought.View(), ignoresCase, text.OffsetOf(last));
     return place.IsFound() ? PositionOf(text, place.Start) : Value::Long(0);
 }
 
@@ -184,7 +192,7 @@ Value Replace(ScriptContext& context, Arguments arguments) {
     if (start < 1 || count < -1) {
         RaiseError(runtimeerror::kInvalidProcedureCall);
     }
-    const std::size_t from = OffsetOf(text, static_cast<std::size_t>(start) - 1);
+    const std::size_t from = text.OffsetOf(static_cast<std::size_t>(start) - 1);
     const std::string_view rest = text.View().substr(from);
     if (sought.View().empty() || count == 0 || rest.empty()) {
         return from == 0 ? text.AsValue() : TextResult(rest);
@@ -201,8 +209,15 @@ Value Replace(ScriptContext& context, Arguments arguments) {
     return TextResult(Replaced(context, what, size));
 }
 
+constexpr auto kCountsItsTexts = BuiltinFunction::TextCost::CountedByItself;
+
 constexpr BuiltinFunction kRows[] = {
-    {"InStr", "Start String1 ?String2 ?Compare", DeclaredKind::Variant, InStr},
+    {"InStr",
+     "Start String1 ?String2 ?Compare",
+     DeclaredKind::Variant,
+     InStr,
+     false,
+     kCountsItsTexts},
     {"InStrRev", "StringCheck StringMatch ?Start ?Compare", DeclaredKind::Long, InStrRev},
     {"Replace", "Expression Find Replace ?Start ?Count ?Compare", DeclaredKind::String, Replace},
     {"StrComp", "String1 String2 ?Compare", DeclaredKind::Variant, StrComp},

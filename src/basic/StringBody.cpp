@@ -1,5 +1,6 @@
 #include "basic/StringBody.h"
 
+#include "basic/CharacterIndex.h"
 #include "basic/Characters.h"
 #include "basic/MemoryMeter.h"
 
@@ -71,8 +72,17 @@ StringBody* StringBody::OfCharacter(char character) {
 }
 
 void StringBody::Append(std::string_view text) {
+    GrowTo(m_text.size() + text.size());
+    m_text.append(text);
+    m_hash = 0;
+    if (m_length >= 0) {
+        m_length += static_cast<std::int32_t>(modCharacters::Count(text));
+    }
+}
+
+/// Makes room for a text of that size.
+void StringBody::GrowTo(std::size_t size) {
     MemoryMeter& meter = MemoryMeter::Current();
-    const std::size_t size = m_text.size() + text.size();
     meter.CheckString(size);
     if (size > m_text.capacity()) {
         const std::size_t before = Cost();
@@ -80,11 +90,41 @@ void StringBody::Append(std::string_view text) {
         meter.Charge(sizeof(StringBody) + grown - before);
         m_text.reserve(grown);
     }
-    m_text.append(text);
+}
+
+std::size_t StringBody::Overwrite(std::size_t first, std::size_t count, std::string_view part) {
+    const std::size_t from = OffsetOf(first);
+    const std::size_t size = OffsetOf(first + count) - from;
+    const std::size_t behind = m_text.size() - from - size;
+    GrowTo(m_text.size() - size + part.size());
+    m_text.replace(from, size, part);
     m_hash = 0;
-    if (m_length >= 0) {
-        m_length += static_cast<std::int32_t>(modCharacters::Count(text));
+    if (m_index) {
+        const std::size_t shift = part.size() - size;  // may wrap around
+        m_index->Overwritten(m_text, first, count, static_cast<std::ptrdiff_t>(shift));
     }
+    return part.size() == size ? part.size() : part.size() + behind;
+}
+
+bool StringBody::IsWorthAnIndex() const {
+    constexpr std::size_t kShortText = 128;
+    if (m_text.size() <= kShortText) {
+        return false;
+    }
+    if (!m_index) {
+        m_index = std::make_unique<CharacterIndex>();
+    }
+    return true;
+}
+
+std::size_t StringBody::OffsetOfMixed(std::size_t character) const {
+    return IsWorthAnIndex() ? m_index->OffsetOf(m_text, Length(), character)
+                            : modCharacters::Skip(m_text, character);
+}
+
+std::size_t StringBody::CharactersBeforeMixed(std::size_t offset) const {
+    return IsWorthAnIndex() ? m_index->CharactersBefore(m_text, Length(), offset)
+                            : modCharacters::Count(std::string_view(m_text).substr(0, offset));
 }
 
 std::int32_t StringBody::CountCharacters() const {

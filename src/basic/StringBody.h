@@ -4,10 +4,13 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
 namespace dorvik::basic {
+
+class CharacterIndex;
 
 /// The text of a string value, UTF-8. A lone half of a surrogate pair (from `ChrW`) is kept in its
 /// three-byte form. What a script sees as lengths and positions counts characters; `IsAscii` says
@@ -34,19 +37,42 @@ public:
     /// a part of this one. REQUIRES: !IsShared(). Raises 14 beyond the string limit, 7 beyond the memory limit.
     void Append(std::string_view text);
 
+    /// The byte offset of a character, counted from 0; the size of the text if it has fewer. A question costs
+    /// the same wherever the character stands, but for the first ones about a text that is not ASCII.
+    std::size_t OffsetOf(std::size_t character) const {
+        if (IsAscii())
+            return character < m_text.size() ? character : m_text.size();
+        return OffsetOfMixed(character);
+    }
+    /// How many characters stand before a byte offset.
+    std::size_t CharactersBefore(std::size_t offset) const {
+        return IsAscii() ? offset : CharactersBeforeMixed(offset);
+    }
+
+    /// Overwrites `count` characters from `first` on with as many others, in place, and returns how many
+    /// bytes that has moved. `part` must not be a part of this text.
+    /// REQUIRES: !IsShared(), or that all who share it are meant; the characters are there. Raises 14 and 7 as above.
+    std::size_t Overwrite(std::size_t first, std::size_t count, std::string_view part);
+
     /// Never 0; kept, since texts that are keys are asked again and again.
     std::uint32_t Hash() const { return m_hash != 0 ? m_hash : MakeHash(); }
 
 private:
     StringBody(const char* text, std::size_t size);
     void Charge();
+    void GrowTo(std::size_t size);
     std::int32_t CountCharacters() const;
+    std::size_t OffsetOfMixed(std::size_t character) const;
+    std::size_t CharactersBeforeMixed(std::size_t offset) const;
+    bool IsWorthAnIndex() const;
     std::uint32_t MakeHash() const;
     std::size_t Cost() const;
 
     mutable std::int32_t m_length = -1;  // characters, -1 until asked
     std::string m_text;
     mutable std::uint32_t m_hash = 0;  // 0 until asked
+    mutable std::unique_ptr<CharacterIndex>
+        m_index;  // of a long text that is not ASCII, once asked
 };
 
 }  // namespace dorvik::basic

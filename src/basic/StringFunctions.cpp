@@ -28,15 +28,6 @@ std::size_t CountAt(Arguments arguments, std::size_t position) {
     return static_cast<std::size_t>(count);
 }
 
-/// The offset behind `count` characters of the text that begin at `from`.
-std::size_t OffsetBehind(const TextArgument& text, std::size_t count, std::size_t from = 0) {
-    const std::size_t size = text.View().size();
-    if (text.IsAscii()) {
-        return count < size - from ? from + count : size;
-    }
-    return Skip(text.View(), count, from);
-}
-
 Value Len(ScriptContext&, Arguments arguments) {
     if (IsNullAt(arguments, 0)) {
         return Value::Null();
@@ -51,7 +42,7 @@ Value Left(ScriptContext&, Arguments arguments) {
         return Value::Null();
     }
     const TextArgument text(arguments, 0);
-    const std::size_t end = OffsetBehind(text, count);
+    const std::size_t end = text.OffsetOf(count);
     return end == text.View().size() ? text.AsValue() : TextResult(text.View().substr(0, end));
 }
 
@@ -65,10 +56,32 @@ Value Right(ScriptContext&, Arguments arguments) {
     if (count >= length) {
         return text.AsValue();
     }
-    return TextResult(text.View().substr(OffsetBehind(text, length - count)));
+    return TextResult(text.View().substr(text.OffsetOf(length - count)));
+}
+
+/// The usual question, for a part of a text. False: it is not that.
+bool AnswersMid(Arguments arguments, Value& answer) {
+    const auto isWhole = [](const Value& value) {
+        return value.Type() == ValueType::Long || value.Type() == ValueType::Integer;
+    };
+    if (arguments.size() != 3 || arguments[0].Type() != ValueType::String ||
+        arguments[0].TextBody() == nullptr || !isWhole(arguments[1]) || !isWhole(arguments[2]) ||
+        arguments[1].AsLong() < 1 || arguments[2].AsLong() < 0) {
+        return false;
+    }
+    const StringBody& text = *arguments[0].TextBody();
+    const auto first = static_cast<std::size_t>(arguments[1].AsLong()) - 1;
+    const std::size_t from = text.OffsetOf(first);
+    const std::size_t end = text.OffsetOf(first + static_cast<std::size_t>(arguments[2].AsLong()));
+    answer = Value::Text(std::string_view(text.Text()).substr(from, end - from));
+    return true;
 }
 
 Value Mid(ScriptContext&, Arguments arguments) {
+    Value answer;
+    if (AnswersMid(arguments, answer)) {
+        return answer;
+    }
     const std::int32_t start = LongAt(arguments, 1);
     if (start < 1) {
         RaiseError(runtimeerror::kInvalidProcedureCall);
@@ -79,11 +92,12 @@ Value Mid(ScriptContext&, Arguments arguments) {
         return Value::Null();
     }
     const TextArgument text(arguments, 0);
-    const std::size_t from = OffsetBehind(text, static_cast<std::size_t>(start) - 1);
+    const auto first = static_cast<std::size_t>(std::int64_t{start} - 1);
+    const std::size_t from = text.OffsetOf(first);
     if (!hasCount) {
         return from == 0 ? text.AsValue() : TextResult(text.View().substr(from));
     }
-    return TextResult(text.View().substr(from, OffsetBehind(text, count, from) - from));
+    return TextResult(text.View().substr(from, text.OffsetOf(first + count) - from));
 }
 
 template <std::string (*kConvert)(std::string_view)>
@@ -272,9 +286,12 @@ Value ChrW(ScriptContext&, Arguments arguments) {
 constexpr auto kVariant = DeclaredKind::Variant;
 constexpr auto kString = DeclaredKind::String;
 
+/// The result is all that a part of a text costs: to find its place takes no longer, wherever that is.
+constexpr auto kTakesAPart = BuiltinFunction::TextCost::CountedByItself;
+
 constexpr BuiltinFunction kRows[] = {
-    {"Asc", "String", DeclaredKind::Integer, Asc},
-    {"AscW", "String", DeclaredKind::Integer, AscW},
+    {"Asc", "String", DeclaredKind::Integer, Asc, false, kTakesAPart},
+    {"AscW", "String", DeclaredKind::Integer, AscW, false, kTakesAPart},
     {"Chr", "CharCode", kVariant, Chr},
     {"Chr$", "CharCode", kString, StrictForm<Chr>},
     {"ChrW", "CharCode", kVariant, ChrW},
@@ -283,15 +300,15 @@ constexpr BuiltinFunction kRows[] = {
     {"LCase$", "String", kString, StrictForm<Cased<modTextCase::ToLower>>},
     {"LTrim", "String", kVariant, Trimmed<modText::TrimLeft>},
     {"LTrim$", "String", kString, StrictForm<Trimmed<modText::TrimLeft>>},
-    {"Left", "String Length", kVariant, Left},
-    {"Left$", "String Length", kString, StrictForm<Left>},
-    {"Len", "Expression", kVariant, Len},
-    {"Mid", "String Start ?Length", kVariant, Mid},
-    {"Mid$", "String Start ?Length", kString, StrictForm<Mid>},
+    {"Left", "String Length", kVariant, Left, false, kTakesAPart},
+    {"Left$", "String Length", kString, StrictForm<Left>, false, kTakesAPart},
+    {"Len", "Expression", kVariant, Len, false, kTakesAPart},
+    {"Mid", "String Start ?Length", kVariant, Mid, false, kTakesAPart},
+    {"Mid$", "String Start ?Length", kString, StrictForm<Mid>, false, kTakesAPart},
     {"RTrim", "String", kVariant, Trimmed<modText::TrimRight>},
     {"RTrim$", "String", kString, StrictForm<Trimmed<modText::TrimRight>>},
-    {"Right", "String Length", kVariant, Right},
-    {"Right$", "String Length", kString, StrictForm<Right>},
+    {"Right", "String Length", kVariant, Right, false, kTakesAPart},
+    {"Right$", "String Length", kString, StrictForm<Right>, false, kTakesAPart},
     {"Space", "Number", kVariant, Space},
     {"Space$", "Number", kString, StrictForm<Space>},
     {"StrConv", "String Conversion ?LCID", kVariant, StrConv},

@@ -23,6 +23,7 @@ public:
     bool ComparesText() const override { return ComparesTextNow; }
     ErrorState& CurrentError() override { return Error; }
     void Breathe() override { ++Breaths; }
+    void CountText(std::size_t bytes) override { TextCounted += bytes; }
     std::uint32_t& RandomState() override { return Random; }
     double NowInDays() override { return Now; }
     std::int32_t LastLineNumber() const override { return 120; }
@@ -34,6 +35,7 @@ public:
     bool ComparesTextNow = false;
     ErrorState Error;
     int Breaths = 0;
+    std::size_t TextCounted = 0;  // bytes
     std::uint32_t Random = 327680;
     double Now = 36526.75;  // 1 Jan 2000, 18:00
     std::string Refused;

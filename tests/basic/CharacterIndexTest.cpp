@@ -1,0 +1,142 @@
+#include "basic/CharacterIndex.h"
+
+#include "basic/Characters.h"
+#include "basic/StringBody.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+#include <vector>
+
+namespace dorvik::basic {
+namespace {
+
+/// Characters of one to four bytes, and a half of a surrogate pair.
+const std::vector<std::string> kCharacters = {"a", "\n", "ä", "€", "😀", "\xED\xA0\xBD"};
+
+std::vector<std::string> MixedCharacters(std::size_t count, std::mt19937& random) {
+    std::vector<std::string> characters;
+    for (std::size_t i = 0; i < count; ++i) {
+        characters.push_back(kCharacters[random() % kCharacters.size()]);
+    }
+    return characters;
+}
+
+std::string Joined(const std::vector<std::string>& characters) {
+    std::string text;
+    for (const std::string& character : characters) {
+        text += character;
+    }
+    return text;
+}
+
+/// Whether a body finds the places of all characters, in any order and in both directions.
+void ExpectPlaces(
+    const StringBody& body, const std::vector<std::string>& characters, std::mt19937& random) {
+    std::vector<std::size_t> offsets;
+    std::size_t offset = 0;
+    for (const std::string& character : characters) {
+        offsets.push_back(offset);
+        offset += character.size();
+    }
+    offsets.push_back(offset);
+    ASSERT_EQ(body.Text(), Joined(characters));
+    ASSERT_EQ(body.Length(), characters.size());
+    for (int i = 0; i < 40; ++i) {
+        const std::size_t character = random() % offsets.size();
+        ASSERT_EQ(body.OffsetOf(character), offsets[character]);
+        const std::size_t other = random() % offsets.size();
+        ASSERT_EQ(body.CharactersBefore(offsets[other]), other);
+    }
+    EXPECT_EQ(body.OffsetOf(characters.size() + 1), offset);
+}
+
+TEST(CharacterIndex, FindsCharactersOfAnyWidthAnywhere) {
+    std::mt19937 random(1);
+    for (const std::size_t size : {0, 1, 50, 63, 64, 65, 128, 129, 1000}) {
+        const auto characters = MixedCharacters(size, random);
+        ExpectPlaces(StringBody(Joined(characters)), characters, random);
+    }
+}
+
+TEST(CharacterIndex, FindsCharactersOfATextThatGrows) {
+    std::mt19937 random(2);
+    StringBody body("");
+    std::vector<std::string> characters;
+    for (int round = 0; round < 60; ++round) {
+        const auto more = MixedCharacters(random() % 50, random);
+        characters.insert(characters.end(), more.begin(), more.end());
+        body.Append(Joined(more));
+        ExpectPlaces(body, characters, random);
+    }
+}
+
+TEST(CharacterIndex, FindsCharactersOfATextThatIsOverwritten) {
+    std::mt19937 random(3);
+    auto characters = MixedCharacters(700, random);
+    StringBody body(Joined(characters));
+    for (int round = 0; round < 500; ++round) {
+        const std::size_t first = random() % characters.size();
+        const std::size_t most = std::min<std::size_t>(characters.size() - first, 200);
+        const auto part = MixedCharacters(random() % (most + 1), random);
+        std::copy(
+            part.begin(), part.end(), characters.begin() + static_cast<std::ptrdiff_t>(first));
+        body.Overwrite(first, part.size(), Joined(part));
+        ExpectPlaces(body, characters, random);
+    }
+}
+
+TEST(CharacterIndex, ATextThatBecomesAsciiIsOneAndBack) {
+    StringBody body(std::string(200, 'x') + "ä");
+    EXPECT_FALSE(body.IsAscii());
+    EXPECT_EQ(body.OffsetOf(201), 202U);
+    body.Overwrite(200, 1, "a");
+    EXPECT_TRUE(body.IsAscii());
+    EXPECT_EQ(body.OffsetOf(201), 201U);
+    body.Overwrite(0, 2, "öö");
+    EXPECT_EQ(body.OffsetOf(2), 4U);
+    EXPECT_EQ(body.CharactersBefore(203), 201U);
+}
+
+constexpr std::size_t kLength = 100'000;
+
+TEST(CharacterIndex, AScanReadsTheTextAFewTimesWhateverItsLength) {
+    std::mt19937 random(4);
+    const std::string text = Joined(MixedCharacters(kLength, random));
+    CharacterIndex index;
+    for (std::size_t character = 0; character < kLength; ++character) {
+        const std::size_t offset = index.OffsetOf(text, kLength, character);
+        ASSERT_EQ(index.CharactersBefore(text, kLength, offset), character);
+    }
+    EXPECT_LE(index.BytesRead(), 3 * text.size());
+    const std::size_t forward = index.BytesRead();
+    for (std::size_t character = kLength; character-- > 0;) {
+        index.OffsetOf(text, kLength, character);
+    }
+    EXPECT_LE(index.BytesRead() - forward, kLength * 64 * 4);
+}
+
+TEST(CharacterIndex, AQuestionAnywhereReadsAShortStretch) {
+    std::mt19937 random(5);
+    const std::string text = Joined(MixedCharacters(kLength, random));
+    CharacterIndex index;
+    constexpr std::size_t kQuestions = 10'000;
+    for (std::size_t question = 0; question < kQuestions; ++question) {
+        const std::size_t offset = index.OffsetOf(text, kLength, random() % kLength);
+        index.CharactersBefore(text, kLength, offset);
+    }
+    constexpr std::size_t kStretch = std::size_t{64} * 4;
+    EXPECT_LE(index.BytesRead(), text.size() + 2 * kQuestions * kStretch);
+}
+
+TEST(CharacterIndex, OneCharacterIsOverwrittenWithoutMovingOthers) {
+    StringBody body(std::string(10'000, 'x') + "ä");
+    EXPECT_EQ(body.Overwrite(5000, 1, "y"), 1U);
+    EXPECT_EQ(body.Overwrite(10'000, 1, "ö"), 2U);
+    EXPECT_EQ(body.Overwrite(10'000, 1, "€"), 3U);
+    EXPECT_EQ(body.Overwrite(9'999, 1, "ä"), 2U + 3U);
+}
+
+}  // namespace
+}  // namespace dorvik::basic
