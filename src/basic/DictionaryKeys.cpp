@@ -53,14 +53,29 @@ bool IsNumberKey(const Value& key) {
     return key.IsNumber() || key.Type() == ValueType::Decimal;
 }
 
+/// Whether a number is a whole one, and then which.
+bool ReadWhole(double number, std::int64_t& whole) {
+    constexpr double kAllWhole = 9007199254740992.0;  // 2^53
+    if (!(number >= -kAllWhole && number <= kAllWhole)) {
+        return false;
+    }
+    whole = static_cast<std::int64_t>(number);
+    return static_cast<double>(whole) == number;
+}
+
+/// The same for a key, which may be no number.
+bool ReadWhole(const Value& key, std::int64_t& whole) {
+    if (key.Type() == ValueType::Long || key.Type() == ValueType::Integer) {
+        whole = key.AsLong();
+        return true;
+    }
+    return IsNumberKey(key) && ReadWhole(NumberOf(key), whole);
+}
+
 /// Equal numbers of all types meet: a whole one is hashed as such, whatever its type.
 std::uint32_t HashOfNumber(double number) {
-    constexpr double kAllWhole = 9007199254740992.0;  // 2^53
-    if (number >= -kAllWhole && number <= kAllWhole) {
-        const auto whole = static_cast<std::int64_t>(number);
-        if (static_cast<double>(whole) == number) {
-            return HashOfWhole(whole);
-        }
+    if (std::int64_t whole = 0; ReadWhole(number, whole)) {
+        return HashOfWhole(whole);
     }
     const auto bits = std::bit_cast<std::uint64_t>(number);
     return Mixed(bits ^ (bits >> 32U));  // the lower half alone may be all zeros
@@ -116,8 +131,8 @@ bool IsSameKey(const Value& left, const Value& right, bool ignoresCase) {
 }
 
 std::size_t DictionaryKeys::Find(const Value& key, std::uint32_t hash) const {
-    if (m_slots.empty()) {
-        return kNone;
+    if (m_isRow) {
+        return FindInRow(key);
     }
     const std::size_t mask = m_slots.size() - 1;
     for (std::size_t index = hash & mask;; index = (index + 1) & mask) {
@@ -137,14 +152,40 @@ std::size_t DictionaryKeys::Find(const Value& key, std::uint32_t hash) const {
 }
 
 std::size_t DictionaryKeys::Append(const Value& key, std::uint32_t hash, bool mayMove) {
-    if (IsFull()) {
+    if (m_isRow && !ContinuesRow(key)) {
+        LeaveRow(mayMove);
+    }
+    if (m_isRow && m_entries.empty()) {
+        ReadWhole(key, m_rowStart);
+    } else if (!m_isRow && IsFull()) {
         Rebuild(mayMove);
     }
     const std::size_t place = m_entries.size();
     m_entries.push_back({key, Value(), hash, true});
-    Place(static_cast<std::uint32_t>(place), hash);
+    if (!m_isRow) {
+        Place(static_cast<std::uint32_t>(place), hash);
+    }
     ++m_count;
     return place;
+}
+
+std::size_t DictionaryKeys::FindInRow(const Value& key) const {
+    std::int64_t whole = 0;
+    return ReadWhole(key, whole) ? FindInRow(whole) : kNone;
+}
+
+/// A row that is mostly holes, as of a queue, takes memory for nothing.
+bool DictionaryKeys::ContinuesRow(const Value& key) const {
+    constexpr std::size_t kFewEntries = 16;
+    std::int64_t whole = 0;
+    const bool isMostlyHoles = m_entries.size() > 2 * m_count + kFewEntries;
+    return !isMostlyHoles && ReadWhole(key, whole) &&
+           (m_entries.empty() || whole == m_rowStart + static_cast<std::int64_t>(m_entries.size()));
+}
+
+void DictionaryKeys::LeaveRow(bool mayMove) {
+    m_isRow = false;
+    Rebuild(mayMove);
 }
 
 void DictionaryKeys::FreeSlotOf(std::size_t place) {
@@ -157,7 +198,9 @@ void DictionaryKeys::FreeSlotOf(std::size_t place) {
 }
 
 void DictionaryKeys::Remove(std::size_t place) {
-    FreeSlotOf(place);
+    if (!m_isRow) {
+        FreeSlotOf(place);
+    }
     --m_count;
     Entry& entry = m_entries[place];
     entry.IsAlive = false;
@@ -167,6 +210,9 @@ void DictionaryKeys::Remove(std::size_t place) {
 }
 
 void DictionaryKeys::Rename(std::size_t place, const Value& key, std::uint32_t hash) {
+    if (m_isRow) {
+        LeaveRow(false);
+    }
     FreeSlotOf(place);
     m_entries[place].Hash = hash;
     const Value old = std::move(m_entries[place].Key);
@@ -184,6 +230,7 @@ void DictionaryKeys::Clear() {
     m_slots.clear();
     m_count = 0;
     m_used = 0;
+    m_isRow = true;
 }
 
 std::size_t DictionaryKeys::SlotsAfterGrowth() const {

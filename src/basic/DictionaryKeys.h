@@ -14,7 +14,8 @@ std::uint32_t HashOfKey(const Value& key, bool ignoresCase);
 bool IsSameKey(const Value& left, const Value& right, bool ignoresCase);
 
 /// Keys and items in the order of their insertion, with a hash table of their places. A removed entry
-/// leaves a hole until the table is built anew.
+/// leaves a hole until the table is built anew. As long as the keys are whole numbers that follow one
+/// another, as those of an array do, their places need no table.
 class DictionaryKeys {
 public:
     struct Entry {
@@ -33,6 +34,8 @@ public:
     std::size_t Count() const { return m_count; }
     /// The same as `Find(key, HashOfKey(key))`, faster for the text that was found last: what is read is often written next.
     std::size_t FindAgain(const Value& key) const {
+        if (m_isRow && key.Type() == ValueType::Long)
+            return FindInRow(key.AsLong());
         if (m_lastFound < m_entries.size() && IsSameText(m_entries[m_lastFound].Key, key))
             return m_lastFound;
         return Find(key, HashOf(key));
@@ -72,6 +75,15 @@ private:
     static constexpr std::uint32_t kFree = 0xFFFFFFFF;
     static constexpr std::uint32_t kRemoved = 0xFFFFFFFE;
 
+    /// REQUIRES: the keys are a row.
+    std::size_t FindInRow(std::int64_t number) const {
+        const auto place = static_cast<std::size_t>(number - m_rowStart);
+        return place < m_entries.size() && m_entries[place].IsAlive ? place : kNone;
+    }
+    std::size_t FindInRow(const Value& key) const;
+    bool ContinuesRow(const Value& key) const;
+    void LeaveRow(bool mayMove);
+
     bool IsFull() const { return (m_used + 1) * 4 > m_slots.size() * 3; }
     std::size_t SlotsAfterGrowth() const;
     void Rebuild(bool mayMove);
@@ -84,6 +96,8 @@ private:
     std::size_t m_used = 0;  // slots that are not free
     mutable std::size_t m_lastFound = kNone;
     bool m_ignoresCase = false;
+    bool m_isRow = true;          // no slots then
+    std::int64_t m_rowStart = 0;  // the first key
 };
 
 }  // namespace dorvik::basic
