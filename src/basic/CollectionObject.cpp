@@ -32,10 +32,10 @@ public:
     explicit Walker(Ref<CollectionObject> collection) : m_collection(std::move(collection)) {}
 
     bool Next(Value& element) override {
-        if (m_place >= m_collection->m_order.size()) {
+        if (m_place >= m_collection->m_order.Size()) {
             return false;
         }
-        element = m_collection->m_order[m_place++]->Item;
+        element = m_collection->m_order[m_place++].Value();
         return true;
     }
 
@@ -57,7 +57,7 @@ int CollectionObject::FindParameter(int member, std::string_view name) const {
 Value CollectionObject::Invoke(int member, InvokeKind kind, std::span<const Value> arguments) {
     CheckUse(kMembers, member, kind, arguments);
     switch (static_cast<Member>(member)) {
-        case Member::Item: return NodeOf(arguments[0]).Item;
+        case Member::Item: return ItemOf(arguments[0]);
         case Member::Add: Add(arguments); break;
         case Member::Remove: Remove(PlaceOf(arguments[0])); break;
         case Member::Count: return Value::Long(static_cast<std::int32_t>(Count()));
@@ -70,36 +70,40 @@ std::unique_ptr<ScriptIterator> CollectionObject::Iterate() {
 }
 
 void CollectionObject::ForEachValue(const Visitor& visit) const {
-    for (const auto& node : m_order) {
-        visit(node->Item);
+    for (std::size_t place = 0; place < m_order.Size(); ++place) {
+        visit(m_order[place].Value());
     }
 }
 
 void CollectionObject::Empty() noexcept {
     m_byKey.clear();
-    m_order.clear();
+    m_order.Clear();
     m_memory.SetBytes(0);
 }
 
 void CollectionObject::Add(std::span<const Value> arguments) {
-    auto node = std::make_unique<Node>();
+    Entry entry;
     if (IsGiven(arguments, 1)) {
-        node->Key = LetValue(arguments[1]);
-        if (node->Key.Type() != ValueType::String) {
+        entry.Keyed = std::make_unique<KeyedItem>();
+        entry.Keyed->Key = LetValue(arguments[1]);
+        if (entry.Keyed->Key.Type() != ValueType::String) {
             RaiseError(runtimeerror::kTypeMismatch);
         }
-        if (m_byKey.contains(node->Key.AsText())) {
+        if (m_byKey.contains(entry.Keyed->Key.AsText())) {
             RaiseError(runtimeerror::kKeyInUse);
         }
     }
     const std::size_t place = PlaceForNew(arguments);
-    CountLongWork(std::min(place, m_order.size() - place));
+    CountRareLongWork(std::min(place, m_order.Size() - place));
     m_memory.SetBytes(m_memory.Bytes() + kBytesPerItem);
-    node->Item = StoredValue(arguments[0], InvokeKind::Set);
-    if (node->Key.Type() == ValueType::String) {
-        m_byKey.emplace(node->Key.AsText(), node.get());
+    Value item = StoredValue(arguments[0], InvokeKind::Set);
+    if (entry.Keyed) {
+        entry.Keyed->Item = std::move(item);
+        m_byKey.emplace(entry.Keyed->Key.AsText(), entry.Keyed.get());
+    } else {
+        entry.Item = std::move(item);
     }
-    m_order.insert(m_order.begin() + static_cast<std::ptrdiff_t>(place), std::move(node));
+    m_order.Insert(place, std::move(entry));
 }
 
 std::size_t CollectionObject::PlaceForNew(std::span<const Value> arguments) const {
@@ -111,45 +115,50 @@ std::size_t CollectionObject::PlaceForNew(std::span<const Value> arguments) cons
     if (hasBefore) {
         return PlaceOf(arguments[2]);
     }
-    return hasAfter ? PlaceOf(arguments[3]) + 1 : m_order.size();
+    return hasAfter ? PlaceOf(arguments[3]) + 1 : m_order.Size();
 }
 
-CollectionObject::Node& CollectionObject::NodeOf(const Value& indexOrKey) const {
+const Value& CollectionObject::ItemOf(const Value& indexOrKey) const {
     if (indexOrKey.Type() != ValueType::String) {
-        return *m_order[PlaceOf(indexOrKey)];
+        return m_order[PlaceOf(indexOrKey)].Value();
     }
-    const auto found = m_byKey.find(indexOrKey.AsText());
-    if (found == m_byKey.end()) {
+    const Value* const item = ItemOf(indexOrKey.AsText());
+    if (item == nullptr) {
         RaiseError(runtimeerror::kInvalidProcedureCall);
     }
-    return *found->second;
+    return *item;
+}
+
+std::size_t CollectionObject::PlaceOf(std::int32_t index) const {
+    if (ItemAt(index) == nullptr) {
+        RaiseError(runtimeerror::kSubscriptOutOfRange);
+    }
+    return static_cast<std::size_t>(index) - 1;
 }
 
 std::size_t CollectionObject::PlaceOf(const Value& indexOrKey) const {
+    if (indexOrKey.Type() == ValueType::Integer || indexOrKey.Type() == ValueType::Long) {
+        return PlaceOf(indexOrKey.AsLong());
+    }
     const Value which = LetValue(indexOrKey);
     if (which.Type() != ValueType::String) {
-        const std::int32_t index = LongAt({&which, 1}, 0);
-        if (index < 1 || static_cast<std::size_t>(index) > m_order.size()) {
-            RaiseError(runtimeerror::kSubscriptOutOfRange);
-        }
-        return static_cast<std::size_t>(index) - 1;
+        return PlaceOf(LongAt({&which, 1}, 0));
     }
-    const Node& node = NodeOf(which);
-    const auto found = std::find_if(m_order.begin(), m_order.end(), [&](const auto& candidate) {
-        return candidate.get() == &node;
-    });
-    const auto place = static_cast<std::size_t>(found - m_order.begin());
+    const Value& item = ItemOf(which);
+    std::size_t place = 0;
+    while (&m_order[place].Value() != &item) {
+        ++place;
+    }
     CountLongWork(place);
     return place;
 }
 
 void CollectionObject::Remove(std::size_t place) {
-    CountLongWork(std::min(place, m_order.size() - place));
-    // The node dies last: what dies with it may come back here.
-    const std::unique_ptr<Node> node = std::move(m_order[place]);
-    m_order.erase(m_order.begin() + static_cast<std::ptrdiff_t>(place));
-    if (node->Key.Type() == ValueType::String) {
-        m_byKey.erase(node->Key.AsText());
+    CountRareLongWork(std::min(place, m_order.Size() - place));
+    // The item dies last: what dies with it may come back here.
+    const Entry entry = m_order.Take(place);
+    if (entry.Keyed) {
+        m_byKey.erase(entry.Keyed->Key.AsText());
     }
     m_memory.SetBytes(m_memory.Bytes() - kBytesPerItem);
 }

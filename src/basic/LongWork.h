@@ -8,5 +8,11 @@ namespace dorvik::basic {
 /// the machine that runs can look at its limits and ask its host now and then. Raises the machine's
 /// uncatchable stop; whoever calls it has nothing half done.
 void CountLongWork(std::size_t steps);
+/// The same for what mostly takes no step.
+inline void CountRareLongWork(std::size_t steps) {
+    if (steps > 0) {
+        CountLongWork(steps);
+    }
+}
 
 }  // namespace dorvik::basic

@@ -7,17 +7,6 @@
 
 namespace dorvik::basic {
 
-namespace {
-
-int CountNames(std::string_view parameters) {
-    if (parameters.empty()) {
-        return 0;
-    }
-    return 1 + static_cast<int>(std::count(parameters.begin(), parameters.end(), ' '));
-}
-
-}  // namespace
-
 int FindMemberIn(MemberTable members, std::string_view name) {
     for (std::size_t number = 0; number < members.size(); ++number) {
         if (!members[number].Name.empty() && modTextCase::Equal(members[number].Name, name)) {
@@ -56,7 +45,7 @@ void CheckUse(MemberTable members, int member, InvokeKind kind, Arguments argume
         RaiseError(runtimeerror::kWrongArgumentCount);
     }
     const int count = static_cast<int>(arguments.size()) - (isAssignment ? 1 : 0);
-    if (count > CountNames(row.Parameters) || (count < row.Least && member == kDefaultMember)) {
+    if (count > row.Most || (count < row.Least && member == kDefaultMember)) {
         RaiseError(runtimeerror::kWrongArgumentCount);
     }
     for (int position = 0; position < row.Least; ++position) {

@@ -11,12 +11,21 @@ namespace dorvik::basic {
 /// What may be done with a member. A method and a property that can be read are used alike.
 enum class MemberUse : std::uint8_t { Read, ReadAndWrite, Write };
 
+constexpr int CountNames(std::string_view namesBetweenBlanks) {
+    int count = namesBetweenBlanks.empty() ? 0 : 1;
+    for (const char character : namesBetweenBlanks) {
+        count += character == ' ' ? 1 : 0;
+    }
+    return count;
+}
+
 /// A member of an object's class. Its place in the class's table is its number.
 struct ObjectMember {
     std::string_view Name;
     std::string_view Parameters;  // names separated by blanks, without the value of a Let
     int Least = 0;                // arguments
     MemberUse Use = MemberUse::Read;
+    int Most = CountNames(Parameters);
 };
 
 using MemberTable = std::span<const ObjectMember>;

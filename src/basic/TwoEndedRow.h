@@ -1,0 +1,79 @@
+#pragma once
+
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+namespace dorvik::basic {
+
+/// A row of elements in which every element is found at once, and both ends are cheap to reach. An insertion or
+/// a removal elsewhere moves the elements of the shorter side.
+template <class Element>
+class TwoEndedRow {
+public:
+    std::size_t Size() const { return m_size; }
+    Element& operator[](std::size_t place) { return m_slots[SlotOf(place)]; }
+    const Element& operator[](std::size_t place) const { return m_slots[SlotOf(place)]; }
+
+    /// REQUIRES: place <= Size().
+    void Insert(std::size_t place, Element element) {
+        if (m_size == m_slots.size()) {
+            Grow();
+        }
+        ++m_size;
+        if (place < m_size / 2) {
+            m_first = (m_first - 1) & (m_slots.size() - 1);
+            for (std::size_t moved = 0; moved < place; ++moved) {
+                (*this)[moved] = std::move((*this)[moved + 1]);
+            }
+        } else {
+            for (std::size_t moved = m_size - 1; moved > place; --moved) {
+                (*this)[moved] = std::move((*this)[moved - 1]);
+            }
+        }
+        (*this)[place] = std::move(element);
+    }
+
+    /// Removes an element. REQUIRES: place < Size().
+    Element Take(std::size_t place) {
+        Element taken = std::exchange((*this)[place], Element());
+        if (place < m_size / 2) {
+            for (std::size_t moved = place; moved > 0; --moved) {
+                (*this)[moved] = std::move((*this)[moved - 1]);
+            }
+            m_first = SlotOf(1);
+        } else {
+            for (std::size_t moved = place; moved + 1 < m_size; ++moved) {
+                (*this)[moved] = std::move((*this)[moved + 1]);
+            }
+        }
+        --m_size;
+        return taken;
+    }
+
+    void Clear() {
+        std::vector<Element> dying;  // what dies may come back here
+        dying.swap(m_slots);
+        m_first = 0;
+        m_size = 0;
+    }
+
+private:
+    std::size_t SlotOf(std::size_t place) const { return (m_first + place) & (m_slots.size() - 1); }
+
+    void Grow() {
+        constexpr std::size_t kFewest = 8;
+        std::vector<Element> slots(m_slots.empty() ? kFewest : 2 * m_slots.size());
+        for (std::size_t place = 0; place < m_size; ++place) {
+            slots[place] = std::move((*this)[place]);
+        }
+        m_slots = std::move(slots);
+        m_first = 0;
+    }
+
+    std::vector<Element> m_slots;  // a power of two, or none
+    std::size_t m_first = 0;       // the slot of the first element
+    std::size_t m_size = 0;
+};
+
+}  // namespace dorvik::basic
