@@ -61,7 +61,7 @@ void ProcedureCompiler::ReferenceTo(
     std::vector<AfterCall>& after) {
     if (info.IsVariable) {
         if (info.Variable.IsNew && !info.Type.IsArray)
-            EnsureNew(info.Variable, m_code.TemporaryGeneric());
+            EnsureNew(info.Variable);
         ReferenceToVariable(info.Variable, target);
         return;
     }

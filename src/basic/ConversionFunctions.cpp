@@ -140,16 +140,18 @@ Value Radix(ScriptContext&, Arguments arguments) {
 constexpr auto kVariant = DeclaredKind::Variant;
 constexpr auto kString = DeclaredKind::String;
 
+constexpr auto kByCaller = BuiltinFunction::TextCost::CountedByCaller;
+
 constexpr BuiltinFunction kRows[] = {
     {"CBool", "Expression", DeclaredKind::Boolean, Converted<DeclaredKind::Boolean>},
-    {"CByte", "Expression", DeclaredKind::Byte, Number<DeclaredKind::Byte>},
-    {"CCur", "Expression", DeclaredKind::Currency, Number<DeclaredKind::Currency>},
+    {"CByte", "Expression", DeclaredKind::Byte, Number<DeclaredKind::Byte>, false, kByCaller, true},
+    {"CCur", "Expression", DeclaredKind::Currency, Number<DeclaredKind::Currency>, false, kByCaller, true},
     {"CDate", "Expression", DeclaredKind::Date, Converted<DeclaredKind::Date>},
-    {"CDbl", "Expression", DeclaredKind::Double, Number<DeclaredKind::Double>},
+    {"CDbl", "Expression", DeclaredKind::Double, Number<DeclaredKind::Double>, false, kByCaller, true},
     {"CDec", "Expression", kVariant, CDec},
-    {"CInt", "Expression", DeclaredKind::Integer, Number<DeclaredKind::Integer>},
-    {"CLng", "Expression", DeclaredKind::Long, Number<DeclaredKind::Long>},
-    {"CSng", "Expression", DeclaredKind::Single, Number<DeclaredKind::Single>},
+    {"CInt", "Expression", DeclaredKind::Integer, Number<DeclaredKind::Integer>, false, kByCaller, true},
+    {"CLng", "Expression", DeclaredKind::Long, Number<DeclaredKind::Long>, false, kByCaller, true},
+    {"CSng", "Expression", DeclaredKind::Single, Number<DeclaredKind::Single>, false, kByCaller, true},
     {"CStr", "Expression", kString, CStr},
     {"CVDate", "Expression", kVariant, Converted<DeclaredKind::Date>},
     {"CVErr", "ErrorNumber", kVariant, CVErr},

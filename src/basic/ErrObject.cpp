@@ -49,6 +49,13 @@ Value NumberProperty(std::int32_t& property, InvokeKind kind, Arguments argument
     return Value();
 }
 
+[[noreturn]] void Throw(const ErrorState& state) {
+    RaisedError error(state.Number, state.Description, state.Source);
+    error.HelpContext = state.HelpContext;
+    error.HelpFile = state.HelpFile;
+    throw error;
+}
+
 }  // namespace
 
 int ErrObject::FindMember(std::string_view name) const {
@@ -73,13 +80,18 @@ Value ErrObject::Invoke(int member, InvokeKind kind, std::span<const Value> argu
         case Member::HelpFile: return TextProperty(state.HelpFile, kind, arguments);
         case Member::HelpContext: return NumberProperty(state.HelpContext, kind, arguments);
         case Member::LastDllError: return Value::Long(0);
-        case Member::Raise: RaiseGiven(arguments);
+        case Member::Raise: Throw(ErrorToRaise(kind, arguments));
         case Member::Clear: state.Clear(); break;
     }
     return Value();
 }
 
-void ErrObject::RaiseGiven(std::span<const Value> arguments) {
+bool ErrObject::IsRaise(int member) {
+    return member == static_cast<int>(Member::Raise);
+}
+
+ErrorState ErrObject::ErrorToRaise(InvokeKind kind, std::span<const Value> arguments) {
+    CheckUse(kMembers, static_cast<int>(Member::Raise), kind, arguments);
     const std::int32_t number = LongAt(arguments, 0);
     if (number == 0) {
         RaiseError(runtimeerror::kInvalidProcedureCall);
@@ -87,12 +99,12 @@ void ErrObject::RaiseGiven(std::span<const Value> arguments) {
     const TextArgument source(arguments, 1, "");
     const TextArgument description(arguments, 2, "");
     const TextArgument helpFile(arguments, 3, "");
-    const std::string text =
-        IsGiven(arguments, 2) ? std::string(description.View()) : RuntimeErrorText(number);
-    RaisedError error(number, text, std::string(source.View()));
-    error.HelpContext = LongAt(arguments, 4, 0);
-    error.HelpFile = helpFile.View();
-    throw error;
+    return {
+        number,
+        IsGiven(arguments, 2) ? std::string(description.View()) : RuntimeErrorText(number),
+        std::string(source.View()),
+        std::string(helpFile.View()),
+        LongAt(arguments, 4, 0)};
 }
 
 }  // namespace dorvik::basic

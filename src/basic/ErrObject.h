@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/BasicError.h"
+#include "basic/ScriptContext.h"
 #include "basic/ScriptObject.h"
 
 #include <string>
@@ -24,8 +25,10 @@ public:
     int FindParameter(int member, std::string_view name) const override;
     Value Invoke(int member, InvokeKind kind, std::span<const Value> arguments) override;
 
-private:
-    [[noreturn]] static void RaiseGiven(std::span<const Value> arguments);
+    /// Whether the member raises an error, which the machine does itself.
+    static bool IsRaise(int member);
+    /// The error that `Raise` is told to raise. Raises what is wrong with the arguments.
+    static ErrorState ErrorToRaise(InvokeKind kind, std::span<const Value> arguments);
 };
 
 }  // namespace dorvik::basic

@@ -87,8 +87,10 @@ private:
     void Enter(const Procedure& procedure, Value* base, Value* result, const Instruction* returnTo);
     void Leave();
     [[noreturn]] void StopForDepth();
-    [[noreturn]] void RaiseAt(const Instruction* at, std::int32_t number);
-    bool Recover(std::int32_t number, const std::string& text, const std::string& source);
+    void Fail(std::int32_t number);
+    void Fail(ErrorState error);
+    bool HasHandler() const;
+    bool Recover(ErrorState error);
     void CopyBackAfterError();
     void Unwind();
     void ClearArguments(const Frame& frame);
@@ -117,6 +119,8 @@ private:
     bool SlowForLoop(Instruction in, Value* base);
     bool ForContinues(const Value& counter, const Value& limit, const Value& step);
     void SlowAppend(Instruction in, Value* base);
+    void RaiseOfErr(
+        const ScriptObject& err, int member, const CallSite& site, std::span<const Value> given);
     void RunBuiltin(Instruction in, Value* base);
     void RunExtension(Instruction in, Value* base);
     bool NextElement(Instruction in, Value* base);

@@ -89,7 +89,13 @@ void Machine::SlowIndexGet(Instruction in, Value* base) {
     }
     if (target.Type() != ValueType::Object)
         RaiseError(runtimeerror::kTypeMismatch);
-    base[in.A] = ObjectWithDefault(target).Invoke(kDefaultMember, InvokeKind::Get, index);
+    ScriptObject& object = ObjectWithDefault(target);
+    if (object.Class() == ObjectClass::Collection && index[0].Type() == ValueType::String) {
+        // The loop has looked for it. That a key is not there is often asked in this way.
+        Fail(runtimeerror::kInvalidProcedureCall);
+        return;
+    }
+    base[in.A] = object.Invoke(kDefaultMember, InvokeKind::Get, index);
 }
 
 void Machine::SlowIndexSet(Instruction in, Value* base) {

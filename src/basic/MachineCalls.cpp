@@ -1,5 +1,6 @@
 #include "basic/ArrayBody.h"
 #include "basic/Coercion.h"
+#include "basic/KnownFailure.h"
 #include "basic/Machine.h"
 #include "basic/RuntimeErrors.h"
 #include "basic/ValueKinds.h"
@@ -59,6 +60,13 @@ void Machine::RunBuiltin(Instruction in, Value* base) {
     Value* const first = base + in.C;
     const bool countsItself = function.Cost == BuiltinFunction::TextCost::CountedByItself;
     const std::size_t cost = countsItself ? 0 : CostOfTexts({first, count});
+    if (function.IsConversion && HasHandler()) {
+        if (const std::int32_t number = KnownFailure(*first, function.Result); number != 0) {
+            Spend(cost);
+            Fail(number);
+            return;
+        }
+    }
     Value result = function.Call(*this, {first, count});
     Spend(cost + CostOfTexts({&result, 1}) + CostOfArray(result));
     Release(first, count);

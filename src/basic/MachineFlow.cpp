@@ -46,9 +46,8 @@ void Machine::Resume(Instruction in, Value*) {
 
 void Machine::RaiseNumber(Instruction in, Value* base) {
     const std::int32_t number = base[in.A].AsLong();
-    if (number <= 0 || number > kHighestError)
-        RaiseError(runtimeerror::kInvalidProcedureCall);
-    RaiseError(number);
+    const bool isValid = number > 0 && number <= kHighestError;
+    Fail(isValid ? number : runtimeerror::kInvalidProcedureCall);
 }
 
 void Machine::LineNumber(Instruction in, Value*) {

@@ -1,11 +1,9 @@
 #include "basic/Coercion.h"
-#include "basic/DictionaryObject.h"
 #include "basic/Machine.h"
-#include "basic/Operators.h"
+#include "basic/MachineOperands.h"
 #include "basic/RuntimeErrors.h"
 
 #include <cmath>
-#include <cstring>
 #include <limits>
 
 // One function with one case for each frequent instruction: the price of speed. Cases are short; what takes
@@ -17,114 +15,7 @@
 
 namespace dorvik::basic {
 
-namespace {
-
-constexpr std::uint64_t kWholeTypes = TypeBit(ValueType::Integer) | TypeBit(ValueType::Long);
-
-bool IsOneOf(const Value& value, std::uint64_t types) {
-    return ((types >> static_cast<unsigned>(value.Type())) & 1) != 0;
-}
-
-/// Both are Integer or Long, one of them Long, so that the result is a Long.
-bool AreLongs(const Value& left, const Value& right) {
-    return IsOneOf(left, kWholeTypes) && IsOneOf(right, kWholeTypes) &&
-           (left.Type() == ValueType::Long || right.Type() == ValueType::Long);
-}
-
-bool AreWhole(const Value& left, const Value& right) {
-    return IsOneOf(left, kWholeTypes) && IsOneOf(right, kWholeTypes);
-}
-
-bool AreBooleans(const Value& left, const Value& right) {
-    return left.Type() == ValueType::Boolean && right.Type() == ValueType::Boolean;
-}
-
-bool AreDoubles(const Value& left, const Value& right) {
-    return left.Type() == ValueType::Double && right.Type() == ValueType::Double;
-}
-
-template <class Number>
-bool Holds(Relation relation, Number left, Number right) {
-    switch (relation) {
-        case Relation::Equal: return left == right;
-        case Relation::NotEqual: return left != right;
-        case Relation::Less: return left < right;
-        case Relation::Greater: return left > right;
-        case Relation::LessOrEqual: return left <= right;
-        case Relation::GreaterOrEqual: return left >= right;
-    }
-    return false;
-}
-
-/// Without a branch for the relation, which nobody can foretell.
-[[gnu::always_inline]] inline bool
-HoldsOfWhole(Relation relation, std::int32_t left, std::int32_t right) {
-    constexpr unsigned kLess = 1;
-    constexpr unsigned kSame = 2;
-    constexpr unsigned kGreater = 4;
-    static constexpr std::uint8_t kAllowed[] = {
-        kSame, kLess | kGreater, kLess, kGreater, kLess | kSame, kGreater | kSame};
-    const unsigned order = left < right ? kLess : left == right ? kSame : kGreater;
-    return (kAllowed[static_cast<std::size_t>(relation)] & order) != 0;
-}
-
-bool SameText(const Value& left, const Value& right) {
-    if (left.TextBody() == right.TextBody())
-        return true;
-    const std::string_view a = left.AsText();
-    const std::string_view b = right.AsText();
-    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size()) == 0;
-}
-
-bool FitsInteger(std::int32_t number) {
-    return number == static_cast<std::int16_t>(number);
-}
-
-/// The result of two whole numbers, if it fits the wider type of both.
-[[gnu::always_inline]] inline bool
-PutWhole(Value& target, std::int64_t result, const Value& left, const Value& right) {
-    const bool isLong = left.Type() == ValueType::Long || right.Type() == ValueType::Long;
-    const auto number = static_cast<std::int32_t>(result);
-    if (number != result || (!isLong && !FitsInteger(number))) [[unlikely]]
-        return false;
-    if (target.HoldsBody())
-        target = Value();
-    if (isLong)
-        target.PutLong(number);
-    else
-        target.PutInteger(static_cast<std::int16_t>(number));
-    return true;
-}
-
-/// Whatever the slot held.
-[[gnu::always_inline]] inline void PutFlag(Value& target, bool flag) {
-    if (target.HoldsBody())
-        target = Value();
-    target.PutBoolean(flag);
-}
-
-/// REQUIRES: the divisor is not 0.
-std::int32_t RemainderOf(std::int32_t dividend, std::int32_t divisor) {
-    return divisor == -1 ? 0 : dividend % divisor;
-}
-
-/// The dictionary that a value holds, or null.
-DictionaryObject* DictionaryIn(const Value& value) {
-    if (value.Type() != ValueType::Object || value.AsObject() == nullptr ||
-        value.AsObject()->Class() != ObjectClass::Dictionary)
-        return nullptr;
-    return static_cast<DictionaryObject*>(value.AsObject());
-}
-
-/// Whoever stores one of these asks more questions than the loop does.
-constexpr std::uint64_t kKeptApart =
-    TypeBit(ValueType::Object) | TypeBit(ValueType::Array) | TypeBit(ValueType::Record);
-
-Relation RelationOfFlags(const Instruction& in) {
-    return static_cast<Relation>(in.Flags >> kOperatorShift);
-}
-
-}  // namespace
+using namespace modOperands;
 
 void Machine::Loop() {
     const Instruction* pc = m_next;
@@ -163,8 +54,21 @@ void Machine::Loop() {
     const auto jumpWhen = [&](bool condition) __attribute__((always_inline)) {
         pc = condition ? code + pc->Wide() : pc + 1;
     };
+    // After an operation that may have gone on in another procedure.
+    const auto follow = [&]() __attribute__((always_inline)) {
+        pc = m_next;
+        base = Top().Base;
+        code = CodeOfTop();
+    };
+    const auto coerce = [&](const Instruction& in) __attribute__((always_inline)) {
+        call(&Machine::CoerceKnown, in);
+        follow();
+    };
+    // The case has to be left behind it.
     const auto fail = [&](std::int32_t number) __attribute__((always_inline)) {
-        RaiseAt(pc - 1, number);
+        m_at = pc - 1;
+        Fail(number);
+        follow();
     };
     const auto jumpBack = [&](const Instruction* target) __attribute__((always_inline)) {
         m_budget -= pc > target ? pc - target : 1;
@@ -182,15 +86,19 @@ void Machine::Loop() {
                RelationOfFlags(in) <= Relation::NotEqual && !comparesText;
     };
     const auto putDouble = [&](Value & target, double number) __attribute__((always_inline)) {
-        if (!std::isfinite(number)) [[unlikely]]
+        if (std::isfinite(number)) [[likely]]
+            target.PutDouble(number);
+        else
             fail(runtimeerror::kOverflow);
-        target.PutDouble(number);
     };
     const auto putInteger = [&](Value & target, std::int32_t number)
         __attribute__((always_inline)) {
-        if (!FitsInteger(number)) [[unlikely]]
+        const bool fits = FitsInteger(number);
+        if (fits) [[likely]]
+            target.PutInteger(static_cast<std::int16_t>(number));
+        else
             fail(runtimeerror::kOverflow);
-        target.PutInteger(static_cast<std::int16_t>(number));
+        return fits;
     };
     const auto leave = [&]() __attribute__((always_inline)) {
         pc = Top().ReturnTo;
@@ -217,8 +125,10 @@ void Machine::Loop() {
         LoadGlobalPlain: CopyPlain(a, globals[in.Wide()]); continue;
         StoreGlobal: {
             Value& target = globals[in.Wide()];
-            if (target.Type() == ValueType::Array && target.AsArray()->IsLocked()) [[unlikely]]
+            if (target.Type() == ValueType::Array && target.AsArray()->IsLocked()) [[unlikely]] {
                 fail(runtimeerror::kArrayFixedOrLocked);
+                continue;
+            }
             target = a;
             continue;
         }
@@ -247,13 +157,13 @@ void Machine::Loop() {
             if (IsOneOf(base[in.B], kWholeTypes)) [[likely]]
                 a.PutLong(base[in.B].AsLong());
             else
-                call(&Machine::CoerceKnown, in);
+                coerce(in);
             continue;
         CoerceInteger:
             if (IsOneOf(base[in.B], kWholeTypes) && FitsInteger(base[in.B].AsLong())) [[likely]]
                 a.PutInteger(base[in.B].AsInteger());
             else
-                call(&Machine::CoerceKnown, in);
+                coerce(in);
             continue;
         CoerceDouble:
             if (base[in.B].Type() == ValueType::Double)
@@ -261,62 +171,76 @@ void Machine::Loop() {
             else if (IsOneOf(base[in.B], kWholeTypes))
                 a.PutDouble(base[in.B].AsLong());
             else
-                call(&Machine::CoerceKnown, in);
+                coerce(in);
             continue;
         CoerceBoolean:
             if (base[in.B].Type() == ValueType::Boolean) [[likely]]
                 CopyPlain(a, base[in.B]);
             else
-                call(&Machine::CoerceKnown, in);
+                coerce(in);
             continue;
         CoerceString:
             if (base[in.B].Type() == ValueType::String) [[likely]]
                 a = base[in.B];
             else
-                call(&Machine::CoerceKnown, in);
+                coerce(in);
             continue;
 
         AddLong: {
             std::int32_t sum = 0;
-            if (__builtin_add_overflow(base[in.B].AsLong(), base[in.C].AsLong(), &sum))
+            if (__builtin_add_overflow(base[in.B].AsLong(), base[in.C].AsLong(), &sum)) {
                 fail(runtimeerror::kOverflow);
+                continue;
+            }
             a.PutLong(sum);
             continue;
         }
         SubtractLong: {
             std::int32_t difference = 0;
-            if (__builtin_sub_overflow(base[in.B].AsLong(), base[in.C].AsLong(), &difference))
+            if (__builtin_sub_overflow(base[in.B].AsLong(), base[in.C].AsLong(), &difference)) {
                 fail(runtimeerror::kOverflow);
+                continue;
+            }
             a.PutLong(difference);
             continue;
         }
         MultiplyLong: {
             std::int32_t product = 0;
-            if (__builtin_mul_overflow(base[in.B].AsLong(), base[in.C].AsLong(), &product))
+            if (__builtin_mul_overflow(base[in.B].AsLong(), base[in.C].AsLong(), &product)) {
                 fail(runtimeerror::kOverflow);
+                continue;
+            }
             a.PutLong(product);
             continue;
         }
         AddLongImmediate: {
             std::int32_t sum = 0;
-            if (__builtin_add_overflow(base[in.B].AsLong(), std::int32_t{in.SmallC()}, &sum))
+            if (__builtin_add_overflow(base[in.B].AsLong(), std::int32_t{in.SmallC()}, &sum)) {
                 fail(runtimeerror::kOverflow);
+                continue;
+            }
             a.PutLong(sum);
             continue;
         }
         DivideLong: {
             const std::int32_t divisor = base[in.C].AsLong();
-            if (divisor == 0) [[unlikely]]
+            if (divisor == 0) [[unlikely]] {
                 fail(runtimeerror::kDivisionByZero);
-            if (divisor == -1 && base[in.B].AsLong() == INT32_MIN) [[unlikely]]
+                continue;
+            }
+            if (divisor == -1 && base[in.B].AsLong() == INT32_MIN) [[unlikely]] {
                 fail(runtimeerror::kOverflow);
+                continue;
+            }
             a.PutLong(base[in.B].AsLong() / divisor);
             continue;
         }
         ModuloLong: {
             const std::int32_t divisor = base[in.C].AsLong();
-            if (divisor == 0) [[unlikely]]
+            if (divisor == 0) [[unlikely]] {
                 fail(runtimeerror::kDivisionByZero);
+                continue;
+            }
             a.PutLong(RemainderOf(base[in.B].AsLong(), divisor));
             continue;
         }
@@ -337,10 +261,12 @@ void Machine::Loop() {
             continue;
         DivideDouble: {
             const double divisor = base[in.C].AsDouble();
-            if (divisor == 0) [[unlikely]]
+            if (divisor == 0) [[unlikely]] {
                 fail(
                     base[in.B].AsDouble() == 0 ? runtimeerror::kOverflow
                                                : runtimeerror::kDivisionByZero);
+                continue;
+            }
             putDouble(a, base[in.B].AsDouble() / divisor);
             continue;
         }
@@ -371,8 +297,8 @@ void Machine::Loop() {
             if (AreWhole(left, right) &&
                 PutWhole(a, std::int64_t{left.AsLong()} + right.AsLong(), left, right)) [[likely]]
                 continue;
-            if (AreDoubles(left, right) && !a.HoldsBody())
-                putDouble(a, left.AsDouble() + right.AsDouble());
+            if (HaveDouble(left, right) && !a.HoldsBody())
+                putDouble(a, RealOf(left) + RealOf(right));
             else
                 call(&Machine::SlowOperator, in);
             continue;
@@ -383,8 +309,8 @@ void Machine::Loop() {
             if (AreWhole(left, right) &&
                 PutWhole(a, std::int64_t{left.AsLong()} - right.AsLong(), left, right)) [[likely]]
                 continue;
-            if (AreDoubles(left, right) && !a.HoldsBody())
-                putDouble(a, left.AsDouble() - right.AsDouble());
+            if (HaveDouble(left, right) && !a.HoldsBody())
+                putDouble(a, RealOf(left) - RealOf(right));
             else
                 call(&Machine::SlowOperator, in);
             continue;
@@ -392,12 +318,11 @@ void Machine::Loop() {
         Multiply: {
             const Value& left = base[in.B];
             const Value& right = base[in.C];
-            std::int32_t product = 0;
-            if (AreLongs(left, right) &&
-                !__builtin_mul_overflow(left.AsLong(), right.AsLong(), &product))
-                PutWhole(a, product, left, right);
-            else if (AreDoubles(left, right) && !a.HoldsBody())
-                putDouble(a, left.AsDouble() * right.AsDouble());
+            if (AreWhole(left, right) &&
+                PutWhole(a, std::int64_t{left.AsLong()} * right.AsLong(), left, right)) [[likely]]
+                continue;
+            if (HaveDouble(left, right) && !a.HoldsBody())
+                putDouble(a, RealOf(left) * RealOf(right));
             else
                 call(&Machine::SlowOperator, in);
             continue;
@@ -409,6 +334,8 @@ void Machine::Loop() {
                 PutFlag(a, HoldsOfWhole(RelationOfFlags(in), left.AsLong(), right.AsLong()));
             else if (areTexts(in, left, right))
                 PutFlag(a, sameText(left, right) == (RelationOfFlags(in) == Relation::Equal));
+            else if (AreReal(left, right))
+                PutFlag(a, Holds(RelationOfFlags(in), RealOf(left), RealOf(right)));
             else
                 call(&Machine::Operate, in);
             continue;
@@ -432,11 +359,7 @@ void Machine::Loop() {
                 PutFlag(a, left.AsBoolean() && right.AsBoolean());
             else if (AreBooleans(left, right) && which == BinaryOperator::Or)
                 PutFlag(a, left.AsBoolean() || right.AsBoolean());
-            else if (
-                AreLongs(left, right) && !a.HoldsBody() && which == BinaryOperator::Modulo &&
-                right.AsLong() != 0)
-                a.PutLong(RemainderOf(left.AsLong(), right.AsLong()));
-            else
+            else if (!OperateOnWhole(which, a, left, right) && !Quotient(which, a, left, right))
                 call(&Machine::Operate, in);
             continue;
         }
@@ -505,6 +428,8 @@ void Machine::Loop() {
                 holds = HoldsOfWhole(RelationOfFlags(in), a.AsLong(), right.AsLong());
             } else if (areTexts(in, a, right)) {
                 holds = sameText(a, right) == (RelationOfFlags(in) == Relation::Equal);
+            } else if (AreReal(a, right)) {
+                holds = Holds(RelationOfFlags(in), RealOf(a), RealOf(right));
             } else {
                 m_at = pc - 1;
                 holds = SlowCompare(in, base);
@@ -535,8 +460,10 @@ void Machine::Loop() {
         ForLoopLong: {
             std::int32_t counter = 0;
             if (__builtin_add_overflow(a.AsLong(), std::int32_t{in.SmallC()}, &counter))
-                [[unlikely]]
+                [[unlikely]] {
                 fail(runtimeerror::kOverflow);
+                continue;
+            }
             a.PutLong(counter);
             const std::int32_t limit = base[in.B].AsLong();
             if (in.SmallC() >= 0 ? counter <= limit : counter >= limit)
@@ -546,7 +473,8 @@ void Machine::Loop() {
             continue;
         }
         ForLoopInteger: {
-            putInteger(a, a.AsLong() + in.SmallC());
+            if (!putInteger(a, a.AsLong() + in.SmallC()))
+                continue;
             const std::int32_t limit = base[in.B].AsLong();
             if (in.SmallC() >= 0 ? a.AsLong() <= limit : a.AsLong() >= limit)
                 jumpBack(code + pc->Wide());
@@ -563,6 +491,12 @@ void Machine::Loop() {
                 !__builtin_add_overflow(a.AsLong(), step.AsLong(), &counter)) {
                 a.PutLong(counter);
                 goesOn = step.AsLong() >= 0 ? counter <= limit.AsLong() : counter >= limit.AsLong();
+            } else if (
+                a.Type() == ValueType::Integer && step.Type() == ValueType::Integer &&
+                AreWhole(limit, step) && FitsInteger(a.AsLong() + step.AsLong())) {
+                a.PutInteger(static_cast<std::int16_t>(a.AsLong() + step.AsLong()));
+                goesOn = step.AsLong() >= 0 ? a.AsLong() <= limit.AsLong()
+                                            : a.AsLong() >= limit.AsLong();
             } else {
                 m_at = pc - 1;
                 goesOn = SlowForLoop(in, base);
@@ -574,8 +508,10 @@ void Machine::Loop() {
             continue;
         }
         ForGuard:
-            if (a.Type() == ValueType::Empty) [[unlikely]]
+            if (a.Type() == ValueType::Empty) [[unlikely]] {
                 fail(runtimeerror::kForLoopNotInitialised);
+                continue;
+            }
             continue;
         ForTest:
             m_at = pc - 1;
@@ -624,11 +560,19 @@ void Machine::Loop() {
             if (m_depth == 0)
                 return;
             continue;
+        EnsureObject: {
+            const Value& variable = in.Flags != 0 ? a : *TargetOf(a);
+            if (variable.Type() != ValueType::Object || variable.AsObject() == nullptr) [[unlikely]]
+                call(&Machine::EnsureObject, in);
+            continue;
+        }
+        Invoke: call(&Machine::Invoke, in); follow(); continue;
+        RaiseNumber: call(&Machine::RaiseNumber, in); follow(); continue;
         CallBuiltin:
             m_at = pc - 1;
+            m_next = in.Flags == 255 ? pc + 1 : pc;
             RunBuiltin(in, base);
-            if (in.Flags == 255)
-                ++pc;
+            follow();
             continue;
         CallExtension:
             m_at = pc - 1;
@@ -656,11 +600,12 @@ void Machine::Loop() {
                 const ArrayBody& array = *base[in.B].AsArray();
                 const std::int32_t number = index.AsLong();
                 a = array.Elements()[array.Offset(&number, 1)];
-            } else if (DictionaryObject* const dictionary = DictionaryIn(base[in.B]);
-                       dictionary != nullptr && index.Type() != ValueType::Error) {
-                a = dictionary->Item(index);
+            } else if (const Value* const item = ItemOf(base[in.B], index); item != nullptr) {
+                a = *item;
             } else {
+                m_next = pc;
                 SlowIndexGet(in, base);
+                follow();
             }
             continue;
         }

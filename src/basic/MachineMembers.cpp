@@ -144,6 +144,10 @@ void Machine::Invoke(Instruction in, Value* base) {
             RaiseError(runtimeerror::kTypeMismatch);
         ScriptObject& object = ObjectOf(*first);
         const int member = FindMember(object, site);
+        if (site.SeenClass == ObjectClass::Err && ErrObject::IsRaise(member)) {
+            RaiseOfErr(object, member, site, given);
+            return;
+        }
         if (site.ArgumentNames.empty())
             result = object.Invoke(member, site.Kind, given);
         else
@@ -156,6 +160,14 @@ void Machine::Invoke(Instruction in, Value* base) {
         base[in.A] = std::move(result);
 }
 
+void Machine::RaiseOfErr(
+    const ScriptObject& err, int member, const CallSite& site, std::span<const Value> given) {
+    Fail(
+        site.ArgumentNames.empty()
+            ? ErrObject::ErrorToRaise(site.Kind, given)
+            : ErrObject::ErrorToRaise(site.Kind, Sorted(err, member, site, given)));
+}
+
 void Machine::NewObject(Instruction in, Value* base) {
     Value object = NewScriptObject(static_cast<ObjectClass>(in.B));
     if (object.Type() != ValueType::Object)
@@ -164,9 +176,7 @@ void Machine::NewObject(Instruction in, Value* base) {
 }
 
 void Machine::EnsureObject(Instruction in, Value* base) {
-    Value& variable = *TargetOf(base[in.A]);
-    if (variable.Type() == ValueType::Object && variable.AsObject() != nullptr)
-        return;
+    Value& variable = in.Flags != 0 ? base[in.A] : *TargetOf(base[in.A]);
     variable = NewScriptObject(static_cast<ObjectClass>(in.B));
     if (variable.Type() == ValueType::Object)
         return;

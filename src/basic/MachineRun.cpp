@@ -144,22 +144,23 @@ bool Machine::Guarded(std::size_t procedure, std::span<const Value> arguments) {
             m_alert = {{}, m_program->Name, line, stop.Number, stop.Text, stop.IsLimit};
             return stop.Number == 0;
         } catch (const BasicError& error) {
-            if (!Recover(error.Number(), error.what(), error.Source())) {
+            ErrorState state{error.Number(), error.what(), error.Source(), {}, 0};
+            if (const auto* raised = dynamic_cast<const RaisedError*>(&error)) {
+                state.HelpFile = raised->HelpFile;
+                state.HelpContext = raised->HelpContext;
+            }
+            if (!Recover(std::move(state))) {
                 m_alert.IsLimit = dynamic_cast<const LimitError*>(&error) != nullptr;
                 return false;
             }
-            if (const auto* raised = dynamic_cast<const RaisedError*>(&error)) {
-                m_error.HelpFile = raised->HelpFile;
-                m_error.HelpContext = raised->HelpContext;
-            }
         } catch (const std::bad_alloc&) {
             const std::int32_t number = runtimeerror::kOutOfMemory;
-            if (!Recover(number, RuntimeErrorText(number), {})) {
+            if (!Recover({number, RuntimeErrorText(number), {}, {}, 0})) {
                 m_alert.IsLimit = true;
                 return false;
             }
         } catch (const std::exception& error) {
-            if (!Recover(runtimeerror::kInternalError, error.what(), {}))
+            if (!Recover({runtimeerror::kInternalError, error.what(), {}, {}, 0}))
                 return false;
         }
     }
@@ -207,9 +208,26 @@ void Machine::StopForDepth() {
             : "the limit of " + std::to_string(kStackSlots) + " variables of calls was reached");
 }
 
-void Machine::RaiseAt(const Instruction* at, std::int32_t number) {
-    m_at = at;
-    RaiseError(number);
+bool Machine::HasHandler() const {
+    return std::any_of(m_frames.begin(), m_frames.begin() + m_depth, [](const Frame& frame) {
+        return frame.Handler != kNoHandler && !frame.IsHandling;
+    });
+}
+
+/// An error of the instruction at `m_at`. Where a procedure handles it, the loop goes on there, at `m_next`,
+/// without an exception, which takes as long as a hundred instructions.
+void Machine::Fail(ErrorState error) {
+    if (!HasHandler()) {
+        RaisedError raised(error.Number, error.Description, error.Source);
+        raised.HelpFile = error.HelpFile;
+        raised.HelpContext = error.HelpContext;
+        throw raised;
+    }
+    Recover(std::move(error));
+}
+
+void Machine::Fail(std::int32_t number) {
+    Fail({number, RuntimeErrorText(number), {}, {}, 0});
 }
 
 void Machine::ClearArguments(const Frame& frame) {
@@ -222,6 +240,7 @@ void Machine::ClearArguments(const Frame& frame) {
 void Machine::ClearPins(const Frame& frame) {
     for (Value* slot = frame.Base; slot != frame.Base + frame.Procedure->GenericSlots; ++slot)
         if (slot->Type() == ValueType::Object && slot->AsObject() != nullptr &&
+            slot->AsObject()->Class() == ObjectClass::Any &&
             dynamic_cast<const ArrayPin*>(slot->AsObject()) != nullptr)
             *slot = Value();
 }
@@ -257,13 +276,12 @@ void Machine::Unwind() {
 }
 
 /// Finds who handles an error at `m_at`: false if nobody does; all frames are gone then.
-bool Machine::Recover(std::int32_t number, const std::string& text, const std::string& source) {
+bool Machine::Recover(ErrorState error) {
     constexpr std::int64_t kCost = 50;
     m_budget -= kCost;  // looked at by the next jump
-    m_error.Clear();
-    m_error.Number = number;
-    m_error.Description = text;
-    m_error.Source = source.empty() ? m_program->Name : source;
+    m_error = std::move(error);
+    if (m_error.Source.empty())
+        m_error.Source = m_program->Name;
     const std::int32_t line =
         m_depth > 0 && m_at != nullptr ? Top().Procedure->MarkOf(Position()).Line : 0;
     for (bool isCaller = false; m_depth > 0;) {
@@ -283,7 +301,7 @@ bool Machine::Recover(std::int32_t number, const std::string& text, const std::s
         }
         Unwind();
     }
-    m_alert = {{}, m_error.Source, line, number, text, false};
+    m_alert = {{}, m_error.Source, line, m_error.Number, m_error.Description, false};
     return false;
 }
 

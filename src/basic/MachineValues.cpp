@@ -1,6 +1,7 @@
 #include "base/BasicError.h"
 #include "basic/ArrayBody.h"
 #include "basic/Coercion.h"
+#include "basic/KnownFailure.h"
 #include "basic/Machine.h"
 #include "basic/RecordBody.h"
 #include "basic/RuntimeErrors.h"
@@ -119,6 +120,11 @@ void Machine::CoerceKnown(Instruction in, Value* base) {
                                                                  : DeclaredKind::String;
     if (kind != DeclaredKind::String || base[in.B].Type() == ValueType::Array)
         Spend(CostOf(base[in.B]) - 1);
+    if (const std::int32_t number = HasHandler() ? KnownFailure(base[in.B], kind) : 0;
+        number != 0) {
+        Fail(number);
+        return;
+    }
     base[in.A] = CoerceTo(base[in.B], kind);
 }
 

@@ -215,9 +215,13 @@ void ProcedureCompiler::DeclareLocals(const Block& block) {
     }
 }
 
-void ProcedureCompiler::EnsureNew(const Variable& variable, Register slot) {
-    ReferenceToVariable(variable, slot);
-    m_code.Emit(Opcode::EnsureObject, slot, static_cast<Register>(variable.Type.Class));
+void ProcedureCompiler::EnsureNew(const Variable& variable) {
+    const bool isLocal = variable.Where == Storage::Local;
+    const auto slot = isLocal ? static_cast<Register>(variable.Index) : m_code.TemporaryGeneric();
+    if (!isLocal)
+        ReferenceToVariable(variable, slot);
+    m_code.Emit(
+        Opcode::EnsureObject, slot, static_cast<Register>(variable.Type.Class), 0, isLocal ? 1 : 0);
 }
 
 Operand ProcedureCompiler::Load(const Variable& variable) {
@@ -226,7 +230,7 @@ Operand ProcedureCompiler::Load(const Variable& variable) {
     operand.IsTyped = variable.Type.Kind != DeclaredKind::Variant || variable.Type.IsArray;
     operand.MakesObjects = variable.IsNew && variable.Type.IsArray;
     if (variable.IsNew && !variable.Type.IsArray)
-        EnsureNew(variable, m_code.TemporaryGeneric());
+        EnsureNew(variable);
     const bool isPlain = IsPlain(variable.Type);
     switch (variable.Where) {
         case Storage::Local: operand.Slot = static_cast<Register>(variable.Index); break;

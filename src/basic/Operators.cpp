@@ -222,6 +222,9 @@ bool Holds(BinaryOperator comparison, const Value& left, const Value& right, Ope
     if (types == TypeBit(ValueType::String) && !facts.ComparesText) {
         return Stand(comparison, left.AsText(), right.AsText());
     }
+    if (AreOnly(kPlainTypes, types)) {
+        return Stand(comparison, RealOf(left), RealOf(right));
+    }
     return modComparison::Satisfies(comparison, modComparison::Compare(left, right, facts));
 }
 

@@ -136,7 +136,7 @@ private:
     bool AddLocal(const std::string& name, LocalSymbol symbol);
     Variable NewLocal(const VariableShape& shape);
     Operand Load(const Variable& variable);
-    void EnsureNew(const Variable& variable, Register slot);
+    void EnsureNew(const Variable& variable);
 
     // Expressions
     Operand Evaluate(
