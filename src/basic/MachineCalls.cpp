@@ -60,7 +60,7 @@ void Machine::RunBuiltin(Instruction in, Value* base) {
     Value* const first = base + in.C;
     const bool countsItself = function.Cost == BuiltinFunction::TextCost::CountedByItself;
     const std::size_t cost = countsItself ? 0 : CostOfTexts({first, count});
-    if (function.IsConversion && HasHandler()) {
+    if (function.IsConversion && MayHaveKnownFailure(*first) && HasHandler()) {
         if (const std::int32_t number = KnownFailure(*first, function.Result); number != 0) {
             Spend(cost);
             Fail(number);

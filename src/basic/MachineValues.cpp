@@ -120,10 +120,11 @@ void Machine::CoerceKnown(Instruction in, Value* base) {
                                                                  : DeclaredKind::String;
     if (kind != DeclaredKind::String || base[in.B].Type() == ValueType::Array)
         Spend(CostOf(base[in.B]) - 1);
-    if (const std::int32_t number = HasHandler() ? KnownFailure(base[in.B], kind) : 0;
-        number != 0) {
-        Fail(number);
-        return;
+    if (MayHaveKnownFailure(base[in.B]) && HasHandler()) {
+        if (const std::int32_t number = KnownFailure(base[in.B], kind); number != 0) {
+            Fail(number);
+            return;
+        }
     }
     base[in.A] = CoerceTo(base[in.B], kind);
 }
