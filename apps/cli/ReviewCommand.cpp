@@ -248,9 +248,13 @@ bool TellFailures(
             modConsole::PrintError(ProjectStatusText(project.Filename(), project));
             complete = false;
         }
+        const bool isLossTold = project.ResultsLost().Count > 0;
         for (const UnreviewedFile& file : project.UnreviewedFiles()) {
-            modConsole::PrintError(SourceFileStatusText(file));
             complete = false;
+            if (!file.IsStored && isLossTold) {
+                continue;
+            }
+            modConsole::PrintError(SourceFileStatusText(file));
         }
         for (const CutLayout& layout : project.CutLayouts()) {
             modConsole::PrintError(CutLayoutText(layout.Filename, layout.Fault));

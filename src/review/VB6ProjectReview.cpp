@@ -85,8 +85,7 @@ void VB6ProjectReview::AbortReview() {
 
 void VB6ProjectReview::GiveUp(std::string_view line) {
     m_hasGivenUp = true;
-    // A log that cannot be written to must not save half a database.
-    Trap({kModule, "GiveUp"}, [&] { LogLine(line); });
+    LogLine(line);
     m_resultsManager->AbortReview();
 }
 
@@ -236,7 +235,8 @@ void VB6ProjectReview::NoteSkippedRules() {
 }
 
 void VB6ProjectReview::LogLine(std::string_view line) {
-    m_resultsManager->DumpDebugPrint(line, false);
+    // A log that takes no more lines costs no results; `modLog::FirstUnwritten` tells of it.
+    Trap({kModule, "LogLine"}, [&] { m_resultsManager->DumpDebugPrint(line, false); });
 }
 
 }  // namespace dorvik

@@ -174,9 +174,14 @@ void VB6ProjectReview::MeasureTolerances(VirtualObject& object, bool isProjectFi
     }
 }
 
+bool VB6ProjectReview::IsWhollyReviewed() const {
+    const bool isCut = m_sourceFile->FoundLayoutFault() && !m_criteria->KeepsKnownFaults();
+    return m_skippedRulesAt == 0 && !isCut;
+}
+
 void VB6ProjectReview::LogFileResults() {
     if (const auto file = ParserState().GetVirtualObject(scopename::kFile)) {
-        if (m_skippedRulesAt > 0 && file->Properties().Contains(kAverage)) {
+        if (!IsWhollyReviewed() && file->Properties().Contains(kAverage)) {
             // The results tell by this that a file was reviewed to its end.
             file->Properties().Remove(kAverage);
         }
