@@ -61,11 +61,11 @@ int OpenOwn(const std::filesystem::path& file) {
     modObstacles::NeedFile(file);
     const int use = kAnyFile | O_NOFOLLOW;
     int descriptor = ::open(file.c_str(), O_RDWR | O_CREAT | use, kReadableByAll);
-    if (descriptor < 0 && errno == EACCES) {
+    const int reason = errno;
+    if (descriptor < 0 && reason == EACCES) {
         descriptor = ::open(file.c_str(), O_RDONLY | use);  // one that another user left behind
     }
     if (descriptor < 0) {
-        const int reason = errno;
         RaiseHostError(reason, file, file.string());
     }
     return descriptor;

@@ -11,6 +11,7 @@
 #include <libxml/parserInternals.h>
 #include <libxml/tree.h>
 #include <libxml/xmlerror.h>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -60,10 +61,16 @@ public:
         return m_message.empty() ? "The text is not well-formed." : OnOneLine(m_message);
     }
     int Line() const { return m_line; }
+    /// The library goes on with what it has, as if that were all.
+    bool RanOutOfMemory() const { return m_ranOutOfMemory; }
 
 private:
     static void Note(void* record, xmlError* error) {
         auto* self = static_cast<ErrorRecord*>(record);
+        if (error->code == XML_ERR_NO_MEMORY) {
+            self->m_ranOutOfMemory = true;
+            return;
+        }
         const bool isFatal = error->level == XML_ERR_FATAL;
         if (error->level < XML_ERR_ERROR || self->m_isFatal || (self->m_code != 0 && !isFatal)) {
             return;
@@ -78,7 +85,21 @@ private:
     std::int32_t m_code = 0;
     int m_line = 0;
     bool m_isFatal = false;
+    bool m_ranOutOfMemory = false;
 };
+
+/// The library crashes at some places where it gets no memory, so the shortage is to show before it begins.
+/// Raises std::bad_alloc.
+void NeedMemoryFor(std::size_t bytes) {
+    constexpr std::size_t kOfParser = 1'000'000;
+    constexpr std::size_t kOfEachByte = 32;  // a node of 120 bytes for an element of four, "<a/>"
+    static_cast<void>(std::make_unique_for_overwrite<char[]>(kOfParser + kOfEachByte * bytes));
+}
+
+/// REQUIRES: the parser has come to its end.
+bool RanOutOfMemory(const xmlParserCtxt& parser, const ErrorRecord& errors) {
+    return parser.errNo == XML_ERR_NO_MEMORY || errors.RanOutOfMemory();
+}
 
 std::shared_ptr<XmlTree> EmptyTree() {
     return std::make_shared<XmlTree>(xmlNewDoc(BAD_CAST "1.0"));
@@ -209,8 +230,12 @@ bool XmlDocument::Parse(std::string_view bytes, const char* encoding) {
     if (HasTooManyAttributes(bytes)) {
         return Refuse(XML_ERR_NO_MEMORY, std::string(kTooManyAttributes) + PlaceText(0, m_path));
     }
+    NeedMemoryFor(bytes.size());
     const ErrorRecord errors;
     const ParserContext parser(xmlNewParserCtxt());
+    if (parser == nullptr) {
+        throw std::bad_alloc();
+    }
     bool documentTypeRefused = false;
     parser->_private = &documentTypeRefused;
     parser->sax->internalSubset = &RefuseDocumentType;
@@ -226,6 +251,10 @@ bool XmlDocument::Parse(std::string_view bytes, const char* encoding) {
         // The parser was stopped, but can hand back what it has as if that were all.
         xmlFreeDoc(document);
         return Refuse(XML_ERR_USER_STOP, std::string(kDocumentTypeRefused) + PlaceText(0, m_path));
+    }
+    if (RanOutOfMemory(*parser, errors)) {
+        xmlFreeDoc(document);
+        throw std::bad_alloc();
     }
     if (document == nullptr || parser->wellFormed == 0) {
         xmlFreeDoc(document);

@@ -1,10 +1,13 @@
 #include "platform/XmlNode.h"
 
+#include "base/BasicError.h"
 #include "base/modUtf8.h"
 #include "platform/XmlTree.h"
 
 #include <algorithm>
 #include <libxml/tree.h>
+#include <memory>
+#include <new>
 #include <utility>
 
 namespace dorvik {
@@ -56,9 +59,11 @@ std::optional<std::string> ValueOf(const xmlAttr* attribute) {
         return std::nullopt;
     }
     xmlChar* text = xmlNodeListGetString(attribute->doc, attribute->children, /*inLine=*/1);
-    std::string value(View(text));
-    xmlFree(text);
-    return value;
+    if (text == nullptr && attribute->children != nullptr) {
+        throw std::bad_alloc();
+    }
+    const std::unique_ptr<xmlChar, decltype(xmlFree)> owner(text, xmlFree);
+    return std::string(View(text));
 }
 
 bool IsXmlCharacter(char32_t character) {
@@ -104,31 +109,38 @@ void StoreValue(_xmlNode* node, const xmlAttr* attribute, std::string_view value
 XmlNode::XmlNode(std::shared_ptr<XmlTree> tree, _xmlNode* node)
     : m_tree(std::move(tree)), m_node(node) {}
 
+_xmlNode* XmlNode::Node() const {
+    if (m_node == nullptr) {
+        RaiseRuntimeError(runtimeerror::kObjectNotSet);
+    }
+    return m_node;
+}
+
 std::int32_t XmlNode::Type() const {
-    return static_cast<std::int32_t>(m_node->type);
+    return static_cast<std::int32_t>(Node()->type);
 }
 
 std::string XmlNode::BaseName() const {
-    return m_node->type == XML_ELEMENT_NODE ? std::string(View(m_node->name)) : std::string();
+    return Node()->type == XML_ELEMENT_NODE ? std::string(View(Node()->name)) : std::string();
 }
 
 std::int32_t XmlNode::Line() const {
     // The library counts in 16 bits and stays at the largest number.
     constexpr long kUnknown = 65535;
-    const long line = xmlGetLineNo(m_node);
+    const long line = xmlGetLineNo(Node());
     return line < 1 || line >= kUnknown ? 0 : static_cast<std::int32_t>(line);
 }
 
 std::string XmlNode::Xml() const {
-    return m_tree->TextOf(m_node, /*indented=*/false);
+    return m_tree->TextOf(Node(), /*indented=*/false);
 }
 
 std::int32_t XmlNode::ChildCount() const {
-    return static_cast<std::int32_t>(m_tree->ChildrenOf(m_node).size());
+    return static_cast<std::int32_t>(m_tree->ChildrenOf(Node()).size());
 }
 
 XmlNode XmlNode::Child(std::int32_t position) const {
-    const std::vector<_xmlNode*>& children = m_tree->ChildrenOf(m_node);
+    const std::vector<_xmlNode*>& children = m_tree->ChildrenOf(Node());
     if (position < 0 || static_cast<std::size_t>(position) >= children.size()) {
         return {};
     }
@@ -137,7 +149,7 @@ XmlNode XmlNode::Child(std::int32_t position) const {
 
 std::vector<XmlNode> XmlNode::DescendantsByName(std::string_view name) const {
     std::vector<XmlNode> found;
-    std::vector<_xmlNode*> open{m_node};
+    std::vector<_xmlNode*> open{Node()};
     while (!open.empty()) {
         _xmlNode* node = open.back();
         open.pop_back();
@@ -153,7 +165,7 @@ std::vector<XmlNode> XmlNode::DescendantsByName(std::string_view name) const {
 
 std::int32_t XmlNode::AttributeCount() const {
     std::int32_t count = 0;
-    for (const xmlAttr* attribute = FirstAttribute(m_node); attribute != nullptr;
+    for (const xmlAttr* attribute = FirstAttribute(Node()); attribute != nullptr;
          attribute = attribute->next) {
         ++count;
     }
@@ -161,41 +173,41 @@ std::int32_t XmlNode::AttributeCount() const {
 }
 
 std::optional<std::string> XmlNode::AttributeName(std::int32_t position) const {
-    const xmlAttr* attribute = AttributeAt(m_node, position);
+    const xmlAttr* attribute = AttributeAt(Node(), position);
     return attribute == nullptr ? std::nullopt : std::optional<std::string>(View(attribute->name));
 }
 
 std::optional<std::string> XmlNode::AttributeValue(std::int32_t position) const {
-    return ValueOf(AttributeAt(m_node, position));
+    return ValueOf(AttributeAt(Node(), position));
 }
 
 bool XmlNode::SetAttributeValue(std::int32_t position, std::string_view value) {
-    const xmlAttr* attribute = AttributeAt(m_node, position);
+    const xmlAttr* attribute = AttributeAt(Node(), position);
     if (attribute != nullptr) {
-        StoreValue(m_node, attribute, value);
+        StoreValue(Node(), attribute, value);
     }
     return attribute != nullptr;
 }
 
 std::optional<std::string> XmlNode::Attribute(std::string_view name) const {
-    return ValueOf(AttributeNamed(m_node, name));
+    return ValueOf(AttributeNamed(Node(), name));
 }
 
 void XmlNode::SetAttribute(std::string_view name, std::string_view value) {
-    if (const xmlAttr* attribute = AttributeNamed(m_node, name)) {
-        StoreValue(m_node, attribute, value);
+    if (const xmlAttr* attribute = AttributeNamed(Node(), name)) {
+        StoreValue(Node(), attribute, value);
         return;
     }
-    xmlSetProp(m_node, AsXml(std::string(name)), AsXml(Storable(value)));
+    xmlSetProp(Node(), AsXml(std::string(name)), AsXml(Storable(value)));
 }
 
 XmlNode XmlNode::AddElement(std::string_view name, std::int32_t position) {
     _xmlNode* const before = Child(position).m_node;
-    return {m_tree, m_tree->AddElement(m_node, before, std::string(name))};
+    return {m_tree, m_tree->AddElement(Node(), before, std::string(name))};
 }
 
 bool XmlNode::RemoveChild(const XmlNode& child) {
-    if (child.m_node->parent != m_node) {
+    if (child.Node()->parent != m_node) {
         return false;
     }
     m_tree->Remove(child.m_node);

@@ -14,7 +14,7 @@ namespace dorvik {
 class XmlTree;
 
 /// A node of an XML tree: an element or a piece of text. Cheap to copy; copies name the same node and
-/// keep its tree alive. A default node is null; only `IsNull` may be asked of it. A node that was
+/// keep its tree alive. A default node is null; all but `IsNull` raises `kObjectNotSet` then. A node that was
 /// removed from its parent stays usable. Positions count from 0.
 class XmlNode {
 public:
@@ -58,6 +58,8 @@ public:
     bool RemoveChild(const XmlNode& child);
 
 private:
+    _xmlNode* Node() const;  // never null
+
     std::shared_ptr<XmlTree> m_tree;
     _xmlNode* m_node = nullptr;
 };

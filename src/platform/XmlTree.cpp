@@ -3,6 +3,7 @@
 #include <libxml/tree.h>
 #include <libxml/xmlsave.h>
 #include <memory>
+#include <utility>
 
 namespace dorvik {
 
@@ -33,14 +34,18 @@ _xmlNode* XmlTree::Root() const {
 }
 
 const std::vector<_xmlNode*>& XmlTree::ChildrenOf(_xmlNode* parent) {
-    const auto [entry, isNew] = m_children.try_emplace(parent);
+    if (const auto known = m_children.find(parent); known != m_children.end()) {
+        return known->second;
+    }
+    // Kept only when it is whole: memory may run out on the way.
+    std::vector<_xmlNode*> children;
     // Only elements have children of their own kind; for text the field means something else.
-    if (isNew && parent->type == XML_ELEMENT_NODE) {
+    if (parent->type == XML_ELEMENT_NODE) {
         for (_xmlNode* child = parent->children; child != nullptr; child = child->next) {
-            entry->second.push_back(child);
+            children.push_back(child);
         }
     }
-    return entry->second;
+    return m_children.emplace(parent, std::move(children)).first->second;
 }
 
 _xmlNode* XmlTree::AddElement(_xmlNode* parent, _xmlNode* before, const std::string& name) {

@@ -71,6 +71,11 @@ void ResultsDB::SetupVObjectResults(std::string_view kind, VirtualObject& object
 }
 
 std::int32_t ResultsDB::SetupProject(VirtualObject& object) {
+    // Required: a project file that does not tell its type gets no row. That loses no finding, and counts as no loss.
+    if (!object.Properties().Contains("Type")) {
+        dorvik::Trap({kModule, "SetupProject"}, [&] { TextOf(object, "Type"); });
+        return 0;
+    }
     std::int32_t id = 0;
     Trap({kModule, "SetupProject"}, [&] {
         auto rows = NeedRows(GetEditableRecordset("SELECT * FROM Projects"));

@@ -17,9 +17,7 @@ template <typename Fill>
 bool WritePage(const std::string& folder, const std::string& name, Fill fill) {
     test::ReviewedProject project(folder + name + "_DORVIK.mdb");
     fill(project);
-    ModernReportFacts facts;
-    facts.Unreviewed.emplace();
-    return ModernReport::Save(project.Results(), facts, {folder, "", name + "_Review.html"});
+    return ModernReport::Save(project.Results(), {}, {folder, "", name + "_Review.html"});
 }
 
 }  // namespace

@@ -164,22 +164,6 @@ TEST_F(HostilePlaces, APageIsNotWrittenThroughALink) {
     }
 }
 
-TEST_F(HostilePlaces, PagesAreNotWrittenIntoALinkBesideTheProject) {
-    fs::create_directory_symlink("../home", Work("in/Dorvik"));
-    const ProgramResult result = RunBriefly(
-        {"review",
-         "in/A.vbp",
-         "--results",
-         "out",
-         "--report",
-         "summary",
-         "--report-style",
-         "modern"});
-    EXPECT_EQ(result.ExitCode, 3) << result.Error;
-    EXPECT_THAT(result.Error, HasSubstr("'" + Work("in/Dorvik").string() + "' is a link"));
-    ExpectTheUsersFileUntouched();
-}
-
 TEST_F(HostilePlaces, ABatchPageIsNotWrittenThroughALink) {
     WriteModuleProject("in/B", "    x = 1");
     fs::create_directories(Work("pages"));

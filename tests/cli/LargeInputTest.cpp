@@ -32,10 +32,13 @@ std::string Form(std::string_view layout) {
 
 class LargeInput : public CommandLineFixture {
 protected:
-    void ReviewForm(const std::string& form) const {
+    ProgramResult RunOnForm(const std::string& form) const {
         WriteLines("Big.vbp", {"Type=Exe", "Form=Big.frm", "Name=\"Big\""});
         WriteBytes("Big.frm", form);
-        const ProgramResult result = Run({"review", "Big.vbp", "--quiet", "--conventions", "uk"});
+        return Run({"review", "Big.vbp", "--quiet", "--conventions", "uk"});
+    }
+    void ReviewForm(const std::string& form) const {
+        const ProgramResult result = RunOnForm(form);
         EXPECT_EQ(result.ExitCode, 0) << result.Error;
         EXPECT_THAT(result.Error, IsEmpty());
     }
@@ -117,8 +120,11 @@ TEST_F(LargeInput, ADeepNestOfContainersIsReviewed) {
     EXPECT_EQ(Results("SELECT LineNum FROM Violations WHERE Title = 'No DoEvents'"), "2");
 }
 
-TEST_F(LargeInput, ADeepNestOfContainersThatNeverCloseIsReviewed) {
-    ReviewForm("VERSION 5.00\r\nBegin VB.Form Big \r\n" + Repeated("Begin VB.Frame f \r\n", 2000));
+TEST_F(LargeInput, ADeepNestOfContainersThatNeverCloseIsNamed) {
+    const ProgramResult result = RunOnForm(
+        "VERSION 5.00\r\nBegin VB.Form Big \r\n" + Repeated("Begin VB.Frame f \r\n", 2000));
+    EXPECT_EQ(result.ExitCode, 3);
+    EXPECT_THAT(result.Error, HasSubstr("in line 2002 the layout ends before 'Big' does"));
 }
 
 TEST_F(LargeInput, ADeepNestOfPropertyBlocksIsReviewed) {

@@ -25,9 +25,11 @@ constexpr const char* kDatabase = "out/Lost_DORVIK.mdb";
 /// Reviews whose results do not all reach the disk.
 class LostResults : public CommandLineFixture {
 protected:
-    LostResults() {
+    LostResults() { WriteProject(kViolations); }
+
+    void WriteProject(int violations) const {
         std::string body;
-        for (int line = 0; line < kViolations; ++line) {
+        for (int line = 0; line < violations; ++line) {
             body += (line == 0 ? "" : "\r\n") + std::string("    Stop");
         }
         WriteModuleProject("Lost", body);
@@ -123,6 +125,8 @@ TEST_F(LostResults, PagesOfSuchAReviewShowNoVerdict) {
 
 // Another program that writes to the database for two seconds.
 TEST_F(LostResults, ARowWaitsForTheLockOfAnotherProgram) {
+    constexpr int kManyViolations = 15'000;  // so that the lock comes in the middle
+    WriteProject(kManyViolations);
     ProgramRun run(Settings(Review()));
     sqlite3* engine = nullptr;
     const fs::path file = Work(kDatabase);
@@ -148,7 +152,8 @@ TEST_F(LostResults, ARowWaitsForTheLockOfAnotherProgram) {
     EXPECT_EQ(run.ExitCode(), 1) << run.Error();
     EXPECT_THAT(run.Error(), IsEmpty());
     EXPECT_EQ(
-        Query(kDatabase, "SELECT Count(ViolationID) FROM Violations"), std::to_string(kViolations));
+        Query(kDatabase, "SELECT Count(ViolationID) FROM Violations"),
+        std::to_string(kManyViolations));
 }
 
 TEST_F(LostResults, ReadersDoNotFailWhileAReviewWrites) {

@@ -82,9 +82,10 @@ TEST_F(ReviewTrouble, WithTheKnownFaultsAQuoteInAFolderNameCostsTheResultsOfItsF
     ExpectClearSentences(result);
     EXPECT_THAT(
         result.Errors(),
-        ElementsAre(
-            AllOf(HasSubstr("are incomplete"), HasSubstr("a name or a path has a quote in it")),
-            AllOf(HasSubstr(Work("it's/A.bas").string()), HasSubstr("could not be stored"))));
+        ElementsAre(AllOf(
+            HasSubstr(Work("it's/A.vbp").string()),
+            HasSubstr("are incomplete"),
+            HasSubstr("a name or a path has a quote in it"))));
 }
 
 TEST_F(ReviewTrouble, AReviewLogThatCannotBeWrittenCostsTheProjectAndNotTheProgram) {
@@ -174,10 +175,7 @@ TEST_F(ReviewTrouble, ARuleWhosePatternIsNoneIsTold) {
     EXPECT_EQ(result.ExitCode, 3);
     EXPECT_THAT(
         result.Errors(),
-        ElementsAre(
-            HasSubstr("rule 5032 (No Stop) is broken: its pattern failed"),
-            HasSubstr(
-                "incomplete and have no verdict")));  // what follows the rules is lost with them
+        ElementsAre(HasSubstr("rule 5032 (No Stop) is broken: its pattern failed")));
 }
 
 TEST_F(ReviewTrouble, TheTimesOfTheScriptsAreToldWhenAskedFor) {

@@ -151,20 +151,6 @@ TEST_F(RulebaseAtomicSaveTest, AReadOnlyFileIsNotReplaced) {
     ExpectAlone("team.dvk");
 }
 
-TEST_F(RulebaseAtomicSaveTest, FilesInTheWayOfTheTemporaryOneLeaveTheOldFile) {
-    const std::string old = Saved("Old", 100);
-    EXPECT_TRUE(HoldsInAChild([&] {
-        // One of the names that the next saves of this process could take.
-        const std::string name = ".dorvik-" + std::to_string(::getpid()) + "-";
-        for (int number = 1; number <= 1500; ++number) {
-            fs::create_symlink(
-                "nowhere", m_folder.HostPath() / (name + std::to_string(number) + ".tmp"));
-        }
-        return FailsWith("Access denied.", m_folder.Path("team.dvk"));
-    }));
-    EXPECT_TRUE(m_folder.Read("team.dvk") == old);
-}
-
 TEST_F(RulebaseAtomicSaveTest, AMissingFolderIsAnInvalidPath) {
     EXPECT_TRUE(FailsWith("Invalid path.", m_folder.Path("none\\team.dvk")));
 }
