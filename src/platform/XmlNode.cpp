@@ -6,8 +6,6 @@
 
 #include <algorithm>
 #include <libxml/tree.h>
-#include <memory>
-#include <new>
 #include <utility>
 
 namespace dorvik {
@@ -54,16 +52,17 @@ xmlAttr* AttributeNamed(const _xmlNode* node, std::string_view name) {
     return attribute;
 }
 
+/// Without the library's own function, which hands back what fitted into the memory as if that were all.
 std::optional<std::string> ValueOf(const xmlAttr* attribute) {
     if (attribute == nullptr) {
         return std::nullopt;
     }
-    xmlChar* text = xmlNodeListGetString(attribute->doc, attribute->children, /*inLine=*/1);
-    if (text == nullptr && attribute->children != nullptr) {
-        throw std::bad_alloc();
+    std::string value;
+    // References are resolved: what they stand for is text.
+    for (const xmlNode* piece = attribute->children; piece != nullptr; piece = piece->next) {
+        value += View(piece->content);
     }
-    const std::unique_ptr<xmlChar, decltype(xmlFree)> owner(text, xmlFree);
-    return std::string(View(text));
+    return value;
 }
 
 bool IsXmlCharacter(char32_t character) {

@@ -3,6 +3,9 @@
 #include "base/BasicError.h"
 #include "rulebase/AttributeRow.h"
 
+#include <new>
+#include <utility>
+
 namespace dorvik::modSectionReading {
 
 std::shared_ptr<KyXMLElement> Section(const KyXMLElement& parent, std::string_view name) {
@@ -21,7 +24,11 @@ std::vector<std::shared_ptr<KyXMLElement>> Children(const KyXMLElement& section)
     const std::int32_t count = section.ElementCount();
     children.reserve(static_cast<std::size_t>(count));
     for (std::int32_t position = 0; position < count; ++position) {
-        children.push_back(section.ElementAtPosition(position));
+        std::shared_ptr<KyXMLElement> child = section.ElementAtPosition(position);
+        if (child == nullptr) {  // it is there, but there was no memory to name it
+            throw std::bad_alloc();
+        }
+        children.push_back(std::move(child));
     }
     return children;
 }
