@@ -117,6 +117,9 @@ void Connection::CloseUntouched() {
 
 /// A log that was there stays. An empty one, which reading alone made, goes again without a change of the file.
 void Connection::CloseEngineUntouched() {
+    if (m_engine == nullptr) {  // without memory the engine hands out nothing
+        return;
+    }
     sqlite3_db_config(m_engine, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, m_hadLog ? 1 : 0, nullptr);
     sqlite3_close_v2(std::exchange(m_engine, nullptr));
 }
