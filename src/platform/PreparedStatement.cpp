@@ -32,7 +32,17 @@ bool HasNoRoom(sqlite3* engine) {
     return isNoRoom(ofFile) || isNoRoom(ofLog);
 }
 
+/// Whether another process has deleted the file, before it was opened or since.
+bool IsGone(sqlite3* engine, int code) {
+    const bool isNotFound =
+        (code & 0xFF) == SQLITE_CANTOPEN && sqlite3_system_errno(engine) == ENOENT;
+    return isNotFound || sqlite3_extended_errcode(engine) == SQLITE_READONLY_DBMOVED;
+}
+
 std::int32_t ErrorNumber(sqlite3* engine, int code) {
+    if (engine != nullptr && IsGone(engine, code)) {
+        return databaseerror::kFileNotFound;
+    }
     if ((code & 0xFF) == SQLITE_IOERR && engine != nullptr && HasNoRoom(engine)) {
         return runtimeerror::kDiskFull;
     }

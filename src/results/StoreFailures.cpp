@@ -16,7 +16,8 @@ struct ReasonRow {
     std::string_view Reason;
 };
 
-constexpr std::array<ReasonRow, 7> kReasons = {{
+constexpr std::array<ReasonRow, 8> kReasons = {{
+    {databaseerror::kFileNotFound, "it does not exist any more"},
     {runtimeerror::kDiskFull, "no room is left on the disk"},
     {runtimeerror::kPermissionDenied, "the system does not allow to open it"},
     {databaseerror::kLocked, "another program has it locked"},

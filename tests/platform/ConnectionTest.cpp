@@ -55,6 +55,16 @@ TEST_F(ConnectionTest, ATextOfParametersIsUnderstoodOnceAndItsValuesAreTakenAsTh
     EXPECT_EQ(PreparedStatements(), before);
 }
 
+TEST_F(ConnectionTest, AFileThatIsDeletedBeforeItIsOpenedIsNotFound) {
+    std::int32_t number = 0;
+    try {
+        const Connection late(modFiles::HostPath(m_path + "gone"));
+    } catch (const BasicError& failure) {
+        number = failure.Number();
+    }
+    EXPECT_EQ(number, databaseerror::kFileNotFound);
+}
+
 TEST_F(ConnectionTest, LiteralsAndParametersStandInOneTextInTheirOrder) {
     for (int round = 1; round <= 2; ++round) {
         const BoundText bound = m_connection->Understand(
