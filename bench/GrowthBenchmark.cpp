@@ -252,6 +252,7 @@ public:
     bool ComparesText() const override { return false; }
     basic::ErrorState& CurrentError() override { return m_error; }
     void Breathe() override {}
+    void CountText(std::size_t) override {}
     std::uint32_t& RandomState() override { return m_random; }
     double NowInDays() override { return 0; }
     std::int32_t LastLineNumber() const override { return 0; }

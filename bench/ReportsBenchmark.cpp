@@ -235,7 +235,7 @@ double Measure(const fs::path& folder, int files) {
         ResultsDB results;
         results.OpenReview(database);
         dorvik::ModernReport::Save(
-            results, {}, dorvik::modFiles::FromHostPath(folder / "modern.html"));
+            results, {}, {dorvik::modFiles::FromHostPath(folder) + "\\", "", "modern.html"});
     });
     std::printf("%d files, %d violations\n", files, files * kProcedures * kViolationsOfAProcedure);
     PrintRow("detailed reports", pages.size(), megabytes, detailed);
