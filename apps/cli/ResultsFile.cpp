@@ -124,8 +124,7 @@ ExitCode Change(const std::string& hostPath, const std::function<ExitCode(Result
         const std::string named = "the results database " + Quoted(hostPath);
         if (code == ExitCode::NothingDone) {
             return Refuse(
-                named +
-                " cannot be changed: it is read-only, or another program is writing to it" +
+                named + " cannot be changed: it is read-only, or another program is writing to it" +
                 SeeLog());
         }
         modConsole::PrintError(

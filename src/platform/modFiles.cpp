@@ -348,8 +348,7 @@ void WriteBytesAtomically(std::string_view path, std::string_view bytes) {
 }
 
 void WriteBytesChecked(std::string_view path, std::string_view bytes) {
-    ReplaceFile(
-        WithoutLinks(PossibleHostPath(path)), path, bytes, AfterWriting::ReadBackFirst);
+    ReplaceFile(WithoutLinks(PossibleHostPath(path)), path, bytes, AfterWriting::ReadBackFirst);
 }
 
 void WriteBytesAtomicallyAsNamed(

@@ -79,7 +79,9 @@ void ReportsEngine::CreateBatchReport(const ReviewCriteria& criteria, ProgressIn
         {kModule, "CreateBatchReport"}, [&] { BatchReport(*this, criteria, progress).Write(); });
     if (!ended) {
         m_failedReports.push_back(modDorvikUtils::CreateReportFilename(
-            criteria.BatchFilenameOrDefault(), ReportKind::BatchSummary, criteria.FixedFolderReports()));
+            criteria.BatchFilenameOrDefault(),
+            ReportKind::BatchSummary,
+            criteria.FixedFolderReports()));
     }
 }
 
