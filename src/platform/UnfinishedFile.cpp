@@ -12,8 +12,8 @@ namespace dorvik {
 
 namespace {
 
-/// What is kept beside a database. The journal goes after it: a file must
-/// not be left without the one that says how to take its last changes back.
+/// The database and what is kept beside it. The journal goes after it: a file must not be left without the one
+/// that says how to take its last changes back.
 constexpr std::array<std::string_view, 5> kCompanions = {"-wal", "-shm", "", "-journal", "-lock"};
 
 constexpr std::size_t kLongestPath = 4096;
