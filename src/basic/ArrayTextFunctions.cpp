@@ -4,6 +4,7 @@
 #include "basic/Characters.h"
 #include "basic/Coercion.h"
 #include "basic/CompareMode.h"
+#include "basic/LongWork.h"
 #include "basic/ScriptContext.h"
 #include "basic/TextSearch.h"
 #include "basic/ValueBodies.h"

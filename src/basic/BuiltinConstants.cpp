@@ -1,5 +1,5 @@
 #include "base/modTextCase.h"
-#include "basic/BuiltinFunction.h"
+#include "basic/BuiltinLookup.h"
 
 #include <algorithm>
 #include <string_view>

@@ -1,5 +1,6 @@
 #include "base/modTextCase.h"
 #include "basic/Arguments.h"
+#include "basic/BuiltinLookup.h"
 #include "basic/BuiltinTables.h"
 #include "basic/Characters.h"
 #include "basic/CompareMode.h"

@@ -1,5 +1,6 @@
 #include "basic/Arguments.h"
 #include "basic/ArrayResult.h"
+#include "basic/BuiltinLookup.h"
 #include "basic/BuiltinTables.h"
 #include "basic/Coercion.h"
 #include "basic/Operators.h"

@@ -1,7 +1,6 @@
 #include "basic/ConstantEvaluator.h"
 
 #include "base/BasicError.h"
-#include "basic/BuiltinFunction.h"
 #include "basic/Coercion.h"
 
 namespace dorvik::basic {

@@ -1,6 +1,5 @@
 #include "basic/LongWork.h"
 
-#include "basic/CompareMode.h"
 #include "basic/ScriptContext.h"
 
 namespace dorvik::basic {

@@ -4,6 +4,9 @@
 
 namespace dorvik::basic {
 
+/// Steps of a long loop of a function after which the host is asked whether to go on.
+inline constexpr std::size_t kWorkBetweenBreaths = 4096;
+
 /// Counts the steps (elements looked at, characters compared) of an operation that may take long, so that
 /// the machine that runs can look at its limits and ask its host now and then. Raises the machine's
 /// uncatchable stop; whoever calls it has nothing half done.

@@ -1,4 +1,5 @@
 #include "basic/ArrayBody.h"
+#include "basic/BuiltinLookup.h"
 #include "basic/Coercion.h"
 #include "basic/ErrObject.h"
 #include "basic/Machine.h"

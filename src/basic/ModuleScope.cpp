@@ -1,6 +1,7 @@
 #include "basic/ModuleScope.h"
 
 #include "base/modTextCase.h"
+#include "basic/BuiltinLookup.h"
 #include "basic/Coercion.h"
 
 #include <array>

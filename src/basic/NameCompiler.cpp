@@ -1,4 +1,5 @@
 #include "base/modTextCase.h"
+#include "basic/BuiltinLookup.h"
 #include "basic/Coercion.h"
 #include "basic/ProcedureCompiler.h"
 

@@ -1,6 +1,6 @@
 #include "base/modTextCase.h"
 #include "basic/Arguments.h"
-#include "basic/BuiltinFunction.h"
+#include "basic/BuiltinLookup.h"
 #include "basic/CollectionObject.h"
 #include "basic/DictionaryObject.h"
 #include "basic/RegExpObject.h"

@@ -3,6 +3,7 @@
 #include "basic/Arguments.h"
 #include "basic/Coercion.h"
 #include "basic/CompareMode.h"
+#include "basic/LongWork.h"
 #include "basic/MatchesObject.h"
 #include "basic/ObjectMembers.h"
 #include "basic/ScriptContext.h"

@@ -3,6 +3,7 @@
 #include "basic/BuiltinTables.h"
 #include "basic/Characters.h"
 #include "basic/CompareMode.h"
+#include "basic/LongWork.h"
 #include "basic/ScriptContext.h"
 #include "basic/StrictForm.h"
 #include "basic/TextSearch.h"

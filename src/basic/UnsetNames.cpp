@@ -1,7 +1,7 @@
 #include "basic/UnsetNames.h"
 
 #include "base/modTextCase.h"
-#include "basic/BuiltinFunction.h"
+#include "basic/BuiltinLookup.h"
 
 #include <map>
 #include <unordered_set>

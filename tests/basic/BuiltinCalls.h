@@ -2,7 +2,7 @@
 
 #include "SampleValues.h"
 #include "basic/ArrayBody.h"
-#include "basic/BuiltinFunction.h"
+#include "basic/BuiltinLookup.h"
 #include "basic/ScriptContext.h"
 #include "basic/ScriptObject.h"
 

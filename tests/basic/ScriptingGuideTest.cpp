@@ -1,4 +1,4 @@
-#include "basic/BuiltinFunction.h"
+#include "basic/BuiltinLookup.h"
 #include "basic/ScriptRun.h"
 #include "support/MarkdownBlocks.h"
 

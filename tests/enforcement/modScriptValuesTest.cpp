@@ -1,6 +1,6 @@
 #include "enforcement/modScriptValues.h"
 
-#include "basic/BuiltinFunction.h"
+#include "basic/BuiltinLookup.h"
 #include "foundation/KeyedArrayList.h"
 
 #include <gtest/gtest.h>
