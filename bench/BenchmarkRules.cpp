@@ -1,6 +1,6 @@
 #include "BenchmarkRules.h"
 
-#include "foundation/modHtmlText.h"
+#include "foundation/text/modHtmlText.h"
 
 #include <array>
 

@@ -3,14 +3,14 @@
 //
 // usage: GrowthBenchmark
 
-#include "basic/Parser.h"
-#include "basic/ScriptContext.h"
-#include "basic/TextSearch.h"
-#include "foundation/KeyedArrayList.h"
-#include "foundation/KyXMLDoc.h"
-#include "platform/TextFileReader.h"
-#include "platform/modFiles.h"
-#include "rulebase/RuleLists.h"
+#include "basic/library/TextSearch.h"
+#include "basic/syntax/Parser.h"
+#include "basic/values/ScriptContext.h"
+#include "foundation/lists/KeyedArrayList.h"
+#include "foundation/xml/KyXMLDoc.h"
+#include "platform/host/TextFileReader.h"
+#include "platform/host/modFiles.h"
+#include "rulebase/model/RuleLists.h"
 #include "source/LayoutReader.h"
 #include "source/VirtualObject.h"
 #include "source/VirtualProjectGroup.h"

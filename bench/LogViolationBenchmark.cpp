@@ -4,9 +4,9 @@
 // usage: LogViolationBenchmark [ROWS]
 
 #include "criteria/ReviewCriteria.h"
-#include "platform/modFiles.h"
+#include "platform/host/modFiles.h"
 #include "results/ResultsDB.h"
-#include "rulebase/Rulebase.h"
+#include "rulebase/model/Rulebase.h"
 #include "settings/DVKWorkData.h"
 
 #include <sqlite3.h>

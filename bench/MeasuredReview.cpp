@@ -1,10 +1,10 @@
 #include "MeasuredReview.h"
 
 #include "criteria/ReviewCriteria.h"
-#include "foundation/LogFile.h"
-#include "foundation/modLog.h"
+#include "foundation/log/LogFile.h"
+#include "foundation/log/modLog.h"
 #include "review/ReviewManager.h"
-#include "rulebase/Rulebase.h"
+#include "rulebase/model/Rulebase.h"
 #include "settings/DVKWorkData.h"
 #include "settings/modGlobal.h"
 

@@ -4,10 +4,10 @@
 // usage: ResultsReadBenchmark [VIOLATIONS]
 
 #include "criteria/ReviewCriteria.h"
-#include "platform/modFiles.h"
+#include "platform/host/modFiles.h"
 #include "results/ResultsDB.h"
 #include "results/modViolationListSql.h"
-#include "rulebase/Rulebase.h"
+#include "rulebase/model/Rulebase.h"
 #include "settings/DVKWorkData.h"
 #include "source/VirtualObject.h"
 

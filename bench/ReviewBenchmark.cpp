@@ -4,7 +4,7 @@
 #include "MeasuredReview.h"
 #include "ProjectGenerator.h"
 #include "criteria/ReviewCriteria.h"
-#include "platform/modFiles.h"
+#include "platform/host/modFiles.h"
 #include "review/IProjectEventListener.h"
 #include "review/ProjectEventWalk.h"
 #include "settings/DVKWorkData.h"

@@ -3,8 +3,8 @@
 //
 // usage: RulebaseBenchmark [RULES...]     (1000 2000 4000 8000 without an argument)
 
-#include "platform/modFiles.h"
-#include "rulebase/RulebaseManager.h"
+#include "platform/host/modFiles.h"
+#include "rulebase/file/RulebaseManager.h"
 
 #include <algorithm>
 #include <chrono>

@@ -5,9 +5,9 @@
 #include "MeasuredProcess.h"
 #include "MeasuredReview.h"
 #include "ProjectGenerator.h"
-#include "platform/modFiles.h"
-#include "rulebase/Rulebase.h"
-#include "rulebase/RulebaseManager.h"
+#include "platform/host/modFiles.h"
+#include "rulebase/file/RulebaseManager.h"
+#include "rulebase/model/Rulebase.h"
 #include "settings/modGlobal.h"
 
 #include <algorithm>

@@ -4,7 +4,7 @@
 // usage: ScriptBenchmark [NAME-PART]
 
 #include "ScriptPrograms.h"
-#include "basic/ScriptEngine.h"
+#include "basic/engine/ScriptEngine.h"
 
 #include <algorithm>
 #include <array>

@@ -1,17 +1,21 @@
-# A folder below src/ is one static library that carries its name: src/base is dorvik_base.
+# A folder with code is one static library: src/basic/values is dorvik_basic_values. Headers below its folder
+# include/ are for everybody who links it; those beside the sources are its own. Its include root holds only the
+# former, so an #include of a library that is not linked does not compile.
 # The names behind LINKS are the project's own libraries; SYSTEM names are libraries from outside.
-function(dorvik_library name)
+function(dorvik_library path)
     cmake_parse_arguments(arg "" "" "LINKS;SYSTEM" ${ARGN})
-    file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
+    string(REPLACE "/" "_" name "${path}")
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS
+        "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/*.h" "${CMAKE_CURRENT_SOURCE_DIR}/*.def")
     add_library(dorvik_${name} STATIC ${sources})
-    target_include_directories(dorvik_${name} PUBLIC "${CMAKE_SOURCE_DIR}/src")
+    target_include_directories(dorvik_${name} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}/include")
     target_compile_options(dorvik_${name} PRIVATE -Wconversion)
     set_target_properties(dorvik_${name} PROPERTIES LINKER_LANGUAGE CXX)
     list(TRANSFORM arg_LINKS PREPEND dorvik_)
     target_link_libraries(dorvik_${name} PUBLIC ${arg_LINKS} PRIVATE dorvik_compiler ${arg_SYSTEM})
 endfunction()
 
-# tests/<name> is one test program for src/<name>: dorvik_<name>_tests.
+# tests/<name> is one test program: dorvik_<name>_tests. Tests also see the headers that are a library's own.
 function(dorvik_tests name)
     cmake_parse_arguments(arg "" "" "LINKS" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
@@ -19,7 +23,8 @@ function(dorvik_tests name)
         return()
     endif()
     add_executable(dorvik_${name}_tests ${sources})
-    target_include_directories(dorvik_${name}_tests PRIVATE "${CMAKE_SOURCE_DIR}/tests")
+    target_include_directories(dorvik_${name}_tests
+        PRIVATE "${CMAKE_SOURCE_DIR}/tests" "${CMAKE_SOURCE_DIR}/src" "${CMAKE_SOURCE_DIR}/apps")
     list(TRANSFORM arg_LINKS PREPEND dorvik_)
     target_link_libraries(dorvik_${name}_tests
         PRIVATE ${arg_LINKS} dorvik_test_support dorvik_compiler GTest::gmock GTest::gtest)

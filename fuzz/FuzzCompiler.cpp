@@ -1,5 +1,5 @@
 #include "FuzzHost.h"
-#include "basic/ScriptEngine.h"
+#include "basic/engine/ScriptEngine.h"
 
 #include <cstdlib>
 #include <optional>

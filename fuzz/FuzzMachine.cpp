@@ -1,6 +1,6 @@
 #include "FuzzHost.h"
-#include "basic/MemoryMeter.h"
-#include "basic/ScriptEngine.h"
+#include "basic/engine/ScriptEngine.h"
+#include "basic/values/MemoryMeter.h"
 
 #include <cstdlib>
 #include <optional>

@@ -1,60 +1,95 @@
 #!/usr/bin/env python3
-"""Proves that includes point down the floors only, that no circle of files exists, and that no file
-has a name that says nothing (util, helper, misc, common)."""
-import pathlib
+"""Checks what the compiler alone would let pass: that the links of the libraries make no circle, that a library shows
+others nothing but its public headers, that no two headers include each other, and that the name of a file says
+what is in it."""
 import re
 import sys
 
-ROOT = pathlib.Path(__file__).resolve().parent.parent
-# From the ground up; folders on one line stand on one floor and must not include each other.
-FLOORS = [["base"], ["platform"], ["foundation", "basic"], ["settings", "typelib"], ["source"], ["parser"],
-          ["rulebase"], ["criteria"], ["results"], ["enforcement", "reports"], ["review"], ["workstation"]]
-FLOOR_OF = {folder: number for number, floor in enumerate(FLOORS) for folder in floor}
-INCLUDE = re.compile(r'^#include "([^"]+)"', re.MULTILINE)
+from source_tree import Closure, Includes, Libraries, ROOT, SOURCE_ROOTS, CODE
+
 EMPTY_NAMES = re.compile(r"^(utils?|helpers?|misc|common)\b", re.IGNORECASE)
 
 
-def includes(path):
-    return INCLUDE.findall(path.read_text(encoding="utf-8"))
+def link_faults(libraries):
+    for name, library in libraries.items():
+        for link in library.Links:
+            if link not in libraries:
+                yield f"{library.Folder / 'CMakeLists.txt'}: no library is called '{link}'"
+        if name in Closure(libraries, name):
+            yield f"{library.Folder / 'CMakeLists.txt'}: '{name}' links itself through others"
 
 
-def wrong_directions(files):
-    for path in files:
-        folder = path.parent.name
-        for target in includes(path):
-            other = target.split("/")[0]
-            if other not in FLOOR_OF:
-                yield f"{path}: \"{target}\" is in no known folder"
-            elif other != folder and FLOOR_OF[other] >= FLOOR_OF[folder]:
-                yield f"{path}: \"{target}\" points up or across from {folder}"
+def include_faults(libraries):
+    public = {f"{library.Path}/{header.name}": library.Name
+              for library in libraries.values() for header in library.PublicFolder.glob("*.[hd]*")}
+    for name, library in libraries.items():
+        reachable = Closure(libraries, name) | {name}
+        for path in library.Files:
+            for target in Includes(path):
+                if target in public:
+                    if public[target] not in reachable:
+                        yield f"{path}: '{name}' does not link '{public[target]}', the library of \"{target}\""
+                elif "/" in target:
+                    yield f"{path}: \"{target}\" is not a public header of any library"
+                elif not (path.parent / target).exists():
+                    yield f"{path}: \"{target}\" is not in the folder of the file"
+                elif library.PublicFolder in path.parents:
+                    yield f"{path}: a public header includes a public header by its full name, not \"{target}\""
 
 
-def circles(headers):
-    graph = {str(h.relative_to(ROOT / "src")): includes(h) for h in headers}
-    done, path = set(), []
+def circles(libraries):
+    graph = {}
+    for library in libraries.values():
+        for path in library.Files:
+            if path.suffix != ".cpp":
+                is_public = path.parent == library.PublicFolder
+                key = f"{library.Path}/{path.name}" if is_public else f"{path}"
+                graph[key] = [t if "/" in t else f"{path.parent / t}" for t in Includes(path)]
+    done, trail = set(), []
 
     def visit(name):
-        if name in path:
-            yield "circle: " + " -> ".join(path[path.index(name):] + [name])
+        if name in trail:
+            yield "circle: " + " -> ".join(trail[trail.index(name):] + [name])
         elif name not in done and name in graph:
-            path.append(name)
+            trail.append(name)
             for target in graph[name]:
                 yield from visit(target)
-            path.pop()
+            trail.pop()
             done.add(name)
 
     for name in graph:
         yield from visit(name)
 
 
+def name_faults(libraries):
+    for library in libraries.values():
+        headers = {p.stem for p in library.Files if p.suffix == ".h"}
+        for path in library.Files:
+            if EMPTY_NAMES.match(path.stem):
+                yield f"{path}: name the topic"
+            owner = path.stem.split("_")[0]
+            if "_" in path.stem and owner not in headers:
+                yield f"{path}: a part of '{owner}', but there is no {owner}.h in the library"
+
+
+def homeless(libraries):
+    known = {p for library in libraries.values() for p in library.Files}
+    for root in SOURCE_ROOTS:
+        for path in sorted((ROOT / root).rglob("*")):
+            is_program = path.parent in (ROOT / "apps/cli",)
+            if path.suffix in CODE and path not in known and not is_program:
+                yield f"{path}: belongs to no library"
+
+
 def main():
-    files = sorted(p for p in (ROOT / "src").rglob("*") if p.suffix in (".h", ".cpp"))
-    faults = list(wrong_directions(files)) + list(circles([p for p in files if p.suffix == ".h"]))
-    faults += [f"{p}: name the topic" for p in files if EMPTY_NAMES.match(p.stem)]
+    libraries = Libraries()
+    faults = [*link_faults(libraries), *include_faults(libraries), *circles(libraries), *name_faults(libraries),
+              *homeless(libraries)]
     for fault in faults:
-        print(fault)
-    print(f"layers: {len(files)} files, {len(faults)} faults")
-    return 1 if faults or not files else 0
+        print(fault.replace(f"{ROOT}/", ""))
+    count = sum(len(library.Files) for library in libraries.values())
+    print(f"layers: {len(libraries)} libraries, {count} files, {len(faults)} faults")
+    return 1 if faults or not libraries else 0
 
 
 sys.exit(main())

@@ -4,7 +4,7 @@ import pathlib
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-TABLES = {"src/base/CaseTable.cpp", "src/platform/CodePageTables.cpp"}
+TABLES = {"src/base/CaseTable.cpp", "src/platform/host/CodePageTables.cpp"}
 NAMED, REFUSED = 500, 800
 
 

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Prints src/platform/CodePageTables.cpp: the upper halves of the single-byte code pages.
+"""Prints src/platform/host/CodePageTables.cpp: the upper halves of the single-byte code pages.
 
-    tools/make_code_pages.py > src/platform/CodePageTables.cpp
+    tools/make_code_pages.py > src/platform/host/CodePageTables.cpp
 
 A byte that a page leaves undefined gets the character of its own number. For 81, 8D, 8F, 90 and 9D
 of Windows-1252 that is the control character that Windows gives, too.

@@ -1,8 +1,8 @@
-#include "cli/LastResort.h"
+#include "LastResort.h"
 
 #include "base/BasicError.h"
-#include "cli/Console.h"
-#include "platform/UnfinishedFile.h"
+#include "cli/output/Console.h"
+#include "platform/host/UnfinishedFile.h"
 
 #include <cstdlib>
 #include <exception>

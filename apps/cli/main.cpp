@@ -1,6 +1,6 @@
-#include "cli/CommandLine.h"
-#include "cli/Console.h"
-#include "cli/LastResort.h"
+#include "CommandLine.h"
+#include "LastResort.h"
+#include "cli/output/Console.h"
 
 int main(int argc, char** argv) {
     dorvik::modConsole::PrepareStreams();

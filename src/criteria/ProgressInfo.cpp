@@ -2,7 +2,7 @@
 
 #include "base/BasicError.h"
 #include "base/modTextCase.h"
-#include "platform/modHost.h"
+#include "platform/host/modHost.h"
 
 #include <algorithm>
 #include <cmath>

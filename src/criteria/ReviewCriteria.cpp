@@ -1,6 +1,6 @@
 #include "criteria/ReviewCriteria.h"
 
-#include "foundation/modUtilFunctions.h"
+#include "foundation/text/modUtilFunctions.h"
 #include "settings/DVKWorkData.h"
 #include "settings/modGlobal.h"
 

@@ -3,10 +3,10 @@
 #include "base/BasicError.h"
 #include "base/modText.h"
 #include "base/modTextCase.h"
-#include "foundation/Trap.h"
+#include "foundation/log/Trap.h"
 #include "parser/ScopeName.h"
-#include "rulebase/DefaultViolations.h"
-#include "rulebase/Rulebase.h"
+#include "rulebase/model/DefaultViolations.h"
+#include "rulebase/model/Rulebase.h"
 #include "source/VirtualObject.h"
 #include "source/VirtualReference.h"
 

@@ -1,7 +1,7 @@
 #include "enforcement/CodingEnforcement.h"
 
 #include "enforcement/RuleEngine.h"
-#include "rulebase/Rulebase.h"
+#include "rulebase/model/Rulebase.h"
 
 namespace dorvik {
 

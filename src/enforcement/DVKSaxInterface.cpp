@@ -1,6 +1,6 @@
 #include "enforcement/DVKSaxInterface.h"
 
-#include "basic/Coercion.h"
+#include "basic/values/Coercion.h"
 
 #include <algorithm>
 #include <array>

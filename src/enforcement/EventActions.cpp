@@ -4,7 +4,7 @@
 #include "enforcement/ResultsManager.h"
 #include "enforcement/RuleEngine.h"
 #include "parser/ScopeName.h"
-#include "rulebase/Rulebase.h"
+#include "rulebase/model/Rulebase.h"
 #include "source/LineType.h"
 
 namespace dorvik {

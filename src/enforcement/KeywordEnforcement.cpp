@@ -2,9 +2,9 @@
 
 #include "base/modText.h"
 #include "enforcement/RuleEngine.h"
-#include "foundation/Trap.h"
-#include "rulebase/Rulebase.h"
-#include "rulebase/modRuleFacts.h"
+#include "foundation/log/Trap.h"
+#include "rulebase/model/Rulebase.h"
+#include "rulebase/model/modRuleFacts.h"
 
 namespace dorvik {
 

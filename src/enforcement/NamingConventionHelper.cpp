@@ -3,8 +3,8 @@
 #include "base/BasicError.h"
 #include "base/modTextCase.h"
 #include "enforcement/ResultsManager.h"
-#include "foundation/Trap.h"
-#include "platform/modHost.h"
+#include "foundation/log/Trap.h"
+#include "platform/host/modHost.h"
 #include "source/VirtualSourceFile.h"
 #include "source/modSource.h"
 

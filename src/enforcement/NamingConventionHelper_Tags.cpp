@@ -2,9 +2,9 @@
 #include "base/modTextCase.h"
 #include "enforcement/NamingConventionHelper.h"
 #include "enforcement/ResultsManager.h"
-#include "foundation/Trap.h"
+#include "foundation/log/Trap.h"
 #include "parser/ScopeName.h"
-#include "rulebase/Rulebase.h"
+#include "rulebase/model/Rulebase.h"
 
 #include <array>
 

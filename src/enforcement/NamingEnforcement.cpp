@@ -3,8 +3,8 @@
 #include "base/modTextCase.h"
 #include "base/modUtf8.h"
 #include "enforcement/RuleEngine.h"
-#include "foundation/Trap.h"
-#include "rulebase/Rulebase.h"
+#include "foundation/log/Trap.h"
+#include "rulebase/model/Rulebase.h"
 
 namespace dorvik {
 

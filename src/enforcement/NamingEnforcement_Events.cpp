@@ -1,9 +1,9 @@
 #include "base/modTextCase.h"
 #include "enforcement/NamingEnforcement.h"
-#include "foundation/Trap.h"
+#include "foundation/log/Trap.h"
 #include "parser/ScopeName.h"
-#include "rulebase/Rulebase.h"
-#include "rulebase/modNamingEvents.h"
+#include "rulebase/catalogue/modNamingEvents.h"
+#include "rulebase/model/Rulebase.h"
 
 #include <algorithm>
 #include <array>

@@ -2,10 +2,10 @@
 
 #include "base/modTextCase.h"
 #include "base/modUtf8.h"
-#include "basic/Parser.h"
-#include "basic/ScriptEngine.h"
+#include "basic/engine/ScriptEngine.h"
+#include "basic/syntax/Parser.h"
 #include "enforcement/DVKSaxOutline.h"
-#include "rulebase/ScriptFile.h"
+#include "rulebase/script/ScriptFile.h"
 
 #include <algorithm>
 #include <optional>

@@ -2,7 +2,7 @@
 
 #include "base/BasicError.h"
 #include "base/modText.h"
-#include "foundation/Trap.h"
+#include "foundation/log/Trap.h"
 
 #include <vector>
 

@@ -1,7 +1,7 @@
-#include "enforcement/modScriptValues.h"
+#include "modScriptValues.h"
 
 #include "base/BasicError.h"
-#include "basic/Coercion.h"
+#include "basic/values/Coercion.h"
 
 #include <optional>
 

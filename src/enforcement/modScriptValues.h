@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Variant.h"
-#include "basic/Value.h"
+#include "basic/values/Value.h"
 
 /// The way of values between the property bags of a review and the scripts. Nothing gets lost on the
 /// way to a bag and back: kinds that a bag does not know (dates, whole numbers of 16 bits, Null,

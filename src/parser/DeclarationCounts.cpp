@@ -1,4 +1,4 @@
-#include "parser/DeclarationCounts.h"
+#include "DeclarationCounts.h"
 
 #include "base/modTextCase.h"
 

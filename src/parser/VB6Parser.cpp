@@ -2,10 +2,10 @@
 
 #include "base/BasicError.h"
 #include "base/modText.h"
-#include "foundation/Trap.h"
+#include "foundation/log/Trap.h"
 #include "parser/IFileParserEvents.h"
 #include "parser/VB6ParserState.h"
-#include "platform/modHost.h"
+#include "platform/host/modHost.h"
 #include "source/VirtualObject.h"
 
 #include <utility>

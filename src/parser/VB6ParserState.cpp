@@ -2,7 +2,7 @@
 
 #include "base/modKyErrors.h"
 #include "base/modTextCase.h"
-#include "foundation/Trap.h"
+#include "foundation/log/Trap.h"
 #include "parser/ScopeName.h"
 #include "parser/VBParserEvents.h"
 #include "source/VirtualObject.h"

@@ -4,9 +4,9 @@
 #include "base/DateTime.h"
 #include "base/modTextCase.h"
 #include "criteria/ReviewCriteria.h"
-#include "foundation/Trap.h"
-#include "platform/modHost.h"
-#include "rulebase/Rulebase.h"
+#include "foundation/log/Trap.h"
+#include "platform/host/modHost.h"
+#include "rulebase/model/Rulebase.h"
 #include "settings/DVKWorkData.h"
 #include "settings/modGlobal.h"
 

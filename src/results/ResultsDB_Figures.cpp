@@ -1,6 +1,6 @@
 // Stored figures of an item, and violations counted by category.
 
-#include "foundation/Trap.h"
+#include "foundation/log/Trap.h"
 #include "results/ResultsDB.h"
 
 #include <array>

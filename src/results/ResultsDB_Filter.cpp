@@ -1,6 +1,6 @@
 // The filter, and the violations counted through it.
 
-#include "foundation/Trap.h"
+#include "foundation/log/Trap.h"
 #include "results/ResultsDB.h"
 #include "settings/DVKWorkData.h"
 

@@ -1,7 +1,7 @@
 // The project, its files and its procedures as lists and single records.
 
 #include "base/modTextCase.h"
-#include "foundation/Trap.h"
+#include "foundation/log/Trap.h"
 #include "results/ResultsDB.h"
 #include "settings/DVKWorkData.h"
 

@@ -1,7 +1,7 @@
 // The rows of the reviewed objects: their set-up, their violations and their figures.
 
 #include "base/modTextCase.h"
-#include "foundation/Trap.h"
+#include "foundation/log/Trap.h"
 #include "results/ResultsDB.h"
 #include "results/modTolerances.h"
 #include "source/VirtualObject.h"

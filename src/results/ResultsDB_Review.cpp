@@ -1,7 +1,7 @@
 // Opening a finished review, and what it tells of itself.
 
-#include "foundation/Trap.h"
-#include "foundation/modUtilFunctions.h"
+#include "foundation/log/Trap.h"
+#include "foundation/text/modUtilFunctions.h"
 #include "results/ResultsDB.h"
 
 #include <array>

@@ -1,6 +1,6 @@
 // The verdict: which measures of a stored review missed their tolerances.
 
-#include "foundation/Trap.h"
+#include "foundation/log/Trap.h"
 #include "results/ResultsDB.h"
 #include "results/modTolerances.h"
 

@@ -1,6 +1,6 @@
 // The violations themselves, in lists and one by one.
 
-#include "foundation/Trap.h"
+#include "foundation/log/Trap.h"
 #include "results/ResultsDB.h"
 
 namespace dorvik {

@@ -1,8 +1,8 @@
 #include "results/StoreFailures.h"
 
 #include "base/BasicError.h"
-#include "platform/Database.h"
-#include "platform/OutputRefusal.h"
+#include "platform/database/Database.h"
+#include "platform/host/OutputRefusal.h"
 
 #include <algorithm>
 #include <array>

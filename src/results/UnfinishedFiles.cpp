@@ -1,7 +1,7 @@
 #include "results/UnfinishedFiles.h"
 
 #include "base/modTextCase.h"
-#include "foundation/Trap.h"
+#include "foundation/log/Trap.h"
 #include "results/ResultsDB.h"
 
 #include <string>

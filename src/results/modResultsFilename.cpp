@@ -1,8 +1,8 @@
 #include "results/modResultsFilename.h"
 
 #include "base/modUtf8.h"
-#include "foundation/modFileName.h"
-#include "foundation/modUtilFunctions.h"
+#include "foundation/text/modFileName.h"
+#include "foundation/text/modUtilFunctions.h"
 
 namespace dorvik::modDorvikUtils {
 

@@ -2,7 +2,7 @@
 
 #include "base/modText.h"
 #include "criteria/ReviewCriteria.h"
-#include "foundation/Trap.h"
+#include "foundation/log/Trap.h"
 #include "source/VirtualObject.h"
 
 #include <string>

@@ -1,11 +1,11 @@
 #include "review/ProjectEventWalk.h"
 
 #include "criteria/ReviewCriteria.h"
+#include "modProjectScope.h"
 #include "parser/ScopeName.h"
 #include "parser/VB6Parser.h"
 #include "results/modTolerances.h"
 #include "review/IProjectEventListener.h"
-#include "review/modProjectScope.h"
 #include "source/VirtualSourceFile.h"
 
 namespace dorvik {

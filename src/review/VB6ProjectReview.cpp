@@ -1,16 +1,16 @@
-#include "review/VB6ProjectReview.h"
+#include "VB6ProjectReview.h"
 
 #include "base/BasicError.h"
 #include "criteria/ProgressInfo.h"
 #include "criteria/ReviewCriteria.h"
 #include "enforcement/RuleEngine.h"
-#include "foundation/LogFile.h"
-#include "foundation/Trap.h"
-#include "foundation/modLog.h"
-#include "platform/modHost.h"
+#include "foundation/log/LogFile.h"
+#include "foundation/log/Trap.h"
+#include "foundation/log/modLog.h"
+#include "platform/host/modHost.h"
 #include "review/IProjectReviewEvents.h"
 #include "review/TimeSlice.h"
-#include "rulebase/Rulebase.h"
+#include "rulebase/model/Rulebase.h"
 
 #include <algorithm>
 

@@ -5,7 +5,7 @@
 #include "enforcement/ResultsManager.h"
 #include "parser/IFileParser.h"
 #include "parser/IFileParserEvents.h"
-#include "platform/ITypeLibrarySource.h"
+#include "platform/host/ITypeLibrarySource.h"
 #include "review/IProjectReview.h"
 #include "review/ResultsReservations.h"
 #include "review/TimeSlice.h"

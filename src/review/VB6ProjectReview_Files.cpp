@@ -1,13 +1,13 @@
 // The files' part of the review: opening, ticking and closing one source file after another.
+#include "VB6ProjectReview.h"
 #include "base/BasicError.h"
 #include "criteria/ProgressInfo.h"
 #include "criteria/ReviewCriteria.h"
-#include "foundation/Trap.h"
+#include "foundation/log/Trap.h"
+#include "modProjectScope.h"
 #include "parser/ScopeName.h"
 #include "parser/VB6Parser.h"
 #include "results/modTolerances.h"
-#include "review/VB6ProjectReview.h"
-#include "review/modProjectScope.h"
 
 #include <utility>
 

@@ -1,4 +1,5 @@
 // The project's part of the review: opening, type libraries, global names, references, closing.
+#include "VB6ProjectReview.h"
 #include "base/BasicError.h"
 #include "base/DateTime.h"
 #include "base/modText.h"
@@ -7,14 +8,13 @@
 #include "criteria/ReviewCriteria.h"
 #include "enforcement/RuleEngine.h"
 #include "enforcement/VirtualTypeLibrary.h"
-#include "foundation/Trap.h"
-#include "foundation/modUtilFunctions.h"
+#include "foundation/log/Trap.h"
+#include "foundation/text/modUtilFunctions.h"
+#include "modProjectScope.h"
 #include "parser/ScopeName.h"
-#include "platform/modHost.h"
-#include "reports/ReportsEngine.h"
-#include "review/VB6ProjectReview.h"
-#include "review/modProjectScope.h"
-#include "rulebase/Rulebase.h"
+#include "platform/host/modHost.h"
+#include "reports/classic/ReportsEngine.h"
+#include "rulebase/model/Rulebase.h"
 
 namespace dorvik {
 

@@ -1,4 +1,4 @@
-#include "review/modProjectScope.h"
+#include "modProjectScope.h"
 
 #include "parser/ScopeName.h"
 #include "source/modMemberStats.h"

@@ -1,7 +1,7 @@
 #include "settings/DVKWorkData.h"
 
-#include "foundation/modUtilFunctions.h"
-#include "platform/modHost.h"
+#include "foundation/text/modUtilFunctions.h"
+#include "platform/host/modHost.h"
 
 namespace dorvik {
 

@@ -1,6 +1,6 @@
 #include "settings/DorvikData.h"
 
-#include "platform/modHost.h"
+#include "platform/host/modHost.h"
 #include "settings/ComponentVersion.h"
 
 namespace dorvik {

@@ -1,4 +1,4 @@
-#include "source/DeclarationTokens.h"
+#include "DeclarationTokens.h"
 
 #include "source/modSource.h"
 

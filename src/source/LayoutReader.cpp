@@ -4,7 +4,7 @@
 #include "base/modKyErrors.h"
 #include "base/modText.h"
 #include "base/modTextCase.h"
-#include "foundation/Trap.h"
+#include "foundation/log/Trap.h"
 #include "source/VirtualObject.h"
 #include "source/modKeyword.h"
 #include "source/modSource.h"

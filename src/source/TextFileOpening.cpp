@@ -1,7 +1,7 @@
-#include "source/TextFileOpening.h"
+#include "TextFileOpening.h"
 
 #include "base/BasicError.h"
-#include "foundation/Trap.h"
+#include "foundation/log/Trap.h"
 
 namespace dorvik {
 

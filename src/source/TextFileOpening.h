@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/TextFileReader.h"
+#include "platform/host/TextFileReader.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,10 +1,10 @@
 #include "source/VirtualProject.h"
 
+#include "TextFileOpening.h"
 #include "base/modTextCase.h"
-#include "foundation/Trap.h"
-#include "foundation/modUtilFunctions.h"
-#include "source/TextFileOpening.h"
-#include "source/modProjectFileLine.h"
+#include "foundation/log/Trap.h"
+#include "foundation/text/modUtilFunctions.h"
+#include "modProjectFileLine.h"
 #include "source/modVOSource.h"
 
 namespace dorvik {

@@ -2,8 +2,8 @@
 
 #include "base/modText.h"
 #include "base/modTextCase.h"
-#include "foundation/modUtilFunctions.h"
-#include "platform/TextFileReader.h"
+#include "foundation/text/modUtilFunctions.h"
+#include "platform/host/TextFileReader.h"
 #include "source/modSource.h"
 
 #include <algorithm>

@@ -1,15 +1,15 @@
 #include "source/VirtualSourceFile.h"
 
+#include "TextFileOpening.h"
 #include "base/BasicError.h"
 #include "base/modText.h"
 #include "base/modTextCase.h"
 #include "base/modUtf8.h"
-#include "foundation/LogFile.h"
-#include "foundation/Trap.h"
-#include "foundation/modLog.h"
-#include "source/TextFileOpening.h"
+#include "foundation/log/LogFile.h"
+#include "foundation/log/Trap.h"
+#include "foundation/log/modLog.h"
+#include "modStatementFront.h"
 #include "source/modSource.h"
-#include "source/modStatementFront.h"
 
 #include <algorithm>
 #include <limits>

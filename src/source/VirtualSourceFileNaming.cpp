@@ -1,13 +1,13 @@
 // How a source file gets its name and its type: from its line in the project file or, where that
 // line does not tell the name, from the first line of the file itself that does.
 
+#include "TextFileOpening.h"
 #include "base/BasicError.h"
 #include "base/modText.h"
 #include "base/modTextCase.h"
 #include "base/modUtf8.h"
-#include "foundation/Trap.h"
-#include "foundation/modUtilFunctions.h"
-#include "source/TextFileOpening.h"
+#include "foundation/log/Trap.h"
+#include "foundation/text/modUtilFunctions.h"
 #include "source/VirtualSourceFile.h"
 #include "source/modVOSource.h"
 

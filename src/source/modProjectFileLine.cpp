@@ -1,4 +1,4 @@
-#include "source/modProjectFileLine.h"
+#include "modProjectFileLine.h"
 
 #include "base/BasicError.h"
 #include "base/modText.h"

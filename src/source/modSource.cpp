@@ -1,8 +1,8 @@
 #include "source/modSource.h"
 
 #include "base/modText.h"
+#include "modQuotedText.h"
 #include "source/modKeyword.h"
-#include "source/modQuotedText.h"
 
 #include <algorithm>
 

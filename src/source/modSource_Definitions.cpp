@@ -4,7 +4,7 @@
 #include "base/modText.h"
 #include "base/modTextCase.h"
 #include "base/modUtf8.h"
-#include "foundation/Trap.h"
+#include "foundation/log/Trap.h"
 #include "source/modKeyword.h"
 #include "source/modSource.h"
 

@@ -1,4 +1,4 @@
-#include "source/modStatementFront.h"
+#include "modStatementFront.h"
 
 #include <cstddef>
 

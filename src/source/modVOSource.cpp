@@ -2,8 +2,8 @@
 
 #include "base/BasicError.h"
 #include "base/modUtf8.h"
-#include "foundation/Trap.h"
-#include "foundation/modUtilFunctions.h"
+#include "foundation/log/Trap.h"
+#include "foundation/text/modUtilFunctions.h"
 #include "source/LayoutReader.h"
 #include "source/VirtualObject.h"
 #include "source/modKeyword.h"

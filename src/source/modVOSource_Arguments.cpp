@@ -1,8 +1,8 @@
 // The arguments of a procedure, an event or a declared procedure.
 
+#include "DeclarationTokens.h"
 #include "base/modText.h"
-#include "foundation/Trap.h"
-#include "source/DeclarationTokens.h"
+#include "foundation/log/Trap.h"
 #include "source/VirtualObject.h"
 #include "source/modKeyword.h"
 #include "source/modVOSource.h"

@@ -1,11 +1,11 @@
 // The constants of a declaration.
 
+#include "DeclarationTokens.h"
 #include "base/BasicError.h"
 #include "base/modText.h"
 #include "base/modTextCase.h"
 #include "base/modUtf8.h"
-#include "foundation/Trap.h"
-#include "source/DeclarationTokens.h"
+#include "foundation/log/Trap.h"
 #include "source/VirtualObject.h"
 #include "source/modKeyword.h"
 #include "source/modSource.h"

@@ -1,11 +1,11 @@
 // The variables of a declaration and the elements of a type, which are walked alike.
 
+#include "DeclarationTokens.h"
 #include "base/BasicError.h"
 #include "base/modText.h"
 #include "base/modTextCase.h"
 #include "base/modUtf8.h"
-#include "foundation/Trap.h"
-#include "source/DeclarationTokens.h"
+#include "foundation/log/Trap.h"
 #include "source/VirtualObject.h"
 #include "source/modKeyword.h"
 #include "source/modSource.h"

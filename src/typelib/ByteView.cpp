@@ -1,4 +1,4 @@
-#include "typelib/ByteView.h"
+#include "ByteView.h"
 
 #include "base/BasicError.h"
 

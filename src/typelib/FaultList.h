@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/Trap.h"
+#include "foundation/log/Trap.h"
 
 #include <string>
 #include <utility>

@@ -1,7 +1,7 @@
-#include "typelib/MsftReader.h"
+#include "MsftReader.h"
 
+#include "modLocalePage.h"
 #include "typelib/TypeKinds.h"
-#include "typelib/modLocalePage.h"
 
 #include <algorithm>
 

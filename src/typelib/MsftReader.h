@@ -1,6 +1,6 @@
 #pragma once
 
-#include "typelib/ByteView.h"
+#include "ByteView.h"
 #include "typelib/TypeLibraryFacts.h"
 
 #include <cstdint>

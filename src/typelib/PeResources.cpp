@@ -1,6 +1,6 @@
-#include "typelib/PeResources.h"
+#include "PeResources.h"
 
-#include "typelib/FaultList.h"
+#include "FaultList.h"
 
 #include <algorithm>
 #include <tuple>

@@ -1,7 +1,7 @@
-#include "typelib/SltgReader.h"
+#include "SltgReader.h"
 
+#include "modLocalePage.h"
 #include "typelib/TypeKinds.h"
-#include "typelib/modLocalePage.h"
 
 #include <algorithm>
 

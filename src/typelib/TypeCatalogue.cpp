@@ -1,10 +1,10 @@
 #include "typelib/TypeCatalogue.h"
 
+#include "TypeCatalogueReader.h"
 #include "base/modTextCase.h"
-#include "foundation/Trap.h"
-#include "foundation/modUtilFunctions.h"
-#include "platform/modFiles.h"
-#include "typelib/TypeCatalogueReader.h"
+#include "foundation/log/Trap.h"
+#include "foundation/text/modUtilFunctions.h"
+#include "platform/host/modFiles.h"
 
 #include <algorithm>
 #include <iterator>

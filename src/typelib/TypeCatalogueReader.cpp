@@ -1,4 +1,4 @@
-#include "typelib/TypeCatalogueReader.h"
+#include "TypeCatalogueReader.h"
 
 #include "base/modText.h"
 #include "base/modTextCase.h"

@@ -1,4 +1,4 @@
-#include "typelib/TypeLibraries.h"
+#include "TypeLibraries.h"
 
 #include "typelib/modTypeLibraryFile.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ITypeLibraries.h"
+#include "platform/host/ITypeLibraries.h"
 #include "typelib/TypeCatalogue.h"
 #include "typelib/TypeLibraryIndex.h"
 

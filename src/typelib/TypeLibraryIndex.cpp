@@ -1,6 +1,6 @@
 #include "typelib/TypeLibraryIndex.h"
 
-#include "platform/modHost.h"
+#include "platform/host/modHost.h"
 #include "typelib/modTypeLibraryFile.h"
 
 #include <iterator>

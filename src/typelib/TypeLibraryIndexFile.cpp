@@ -1,8 +1,8 @@
 #include "typelib/TypeLibraryIndexFile.h"
 
 #include "base/modText.h"
-#include "foundation/Trap.h"
-#include "platform/modFiles.h"
+#include "foundation/log/Trap.h"
+#include "platform/host/modFiles.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,6 +1,6 @@
 #include "typelib/TypeLibraryStore.h"
 
-#include "typelib/TypeLibraries.h"
+#include "TypeLibraries.h"
 
 #include <utility>
 

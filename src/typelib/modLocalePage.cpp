@@ -1,7 +1,7 @@
-#include "typelib/modLocalePage.h"
+#include "modLocalePage.h"
 
-#include "platform/modEncoding.h"
-#include "typelib/ByteView.h"
+#include "ByteView.h"
+#include "platform/host/modEncoding.h"
 
 #include <algorithm>
 #include <array>

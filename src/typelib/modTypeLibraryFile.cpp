@@ -1,11 +1,11 @@
 #include "typelib/modTypeLibraryFile.h"
 
-#include "platform/modFiles.h"
-#include "typelib/ByteView.h"
-#include "typelib/FaultList.h"
-#include "typelib/MsftReader.h"
-#include "typelib/PeResources.h"
-#include "typelib/SltgReader.h"
+#include "ByteView.h"
+#include "FaultList.h"
+#include "MsftReader.h"
+#include "PeResources.h"
+#include "SltgReader.h"
+#include "platform/host/modFiles.h"
 
 #include <algorithm>
 #include <charconv>

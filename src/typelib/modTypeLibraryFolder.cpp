@@ -1,9 +1,9 @@
 #include "typelib/modTypeLibraryFolder.h"
 
 #include "base/modTextCase.h"
-#include "foundation/Trap.h"
-#include "foundation/modUtilFunctions.h"
-#include "platform/modFiles.h"
+#include "foundation/log/Trap.h"
+#include "foundation/text/modUtilFunctions.h"
+#include "platform/host/modFiles.h"
 
 #include <algorithm>
 #include <array>

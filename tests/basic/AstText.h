@@ -1,6 +1,6 @@
 #pragma once
 
-#include "basic/Ast.h"
+#include "basic/syntax/Ast.h"
 
 #include <string>
 

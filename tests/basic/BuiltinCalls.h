@@ -1,10 +1,10 @@
 #pragma once
 
 #include "SampleValues.h"
-#include "basic/ArrayBody.h"
-#include "basic/BuiltinLookup.h"
-#include "basic/ScriptContext.h"
-#include "basic/ScriptObject.h"
+#include "basic/library/BuiltinLookup.h"
+#include "basic/values/ArrayBody.h"
+#include "basic/values/ScriptContext.h"
+#include "basic/values/ScriptObject.h"
 
 #include <gtest/gtest.h>
 

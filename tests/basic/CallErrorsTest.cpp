@@ -1,5 +1,5 @@
-#include "basic/MemoryMeter.h"
 #include "basic/ScriptRun.h"
+#include "basic/values/MemoryMeter.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "basic/CharacterIndex.h"
+#include "basic/values/CharacterIndex.h"
 
-#include "basic/Characters.h"
-#include "basic/StringBody.h"
+#include "basic/values/Characters.h"
+#include "basic/values/StringBody.h"
 
 #include <gtest/gtest.h>
 

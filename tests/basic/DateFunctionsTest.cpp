@@ -1,5 +1,5 @@
 #include "BuiltinCalls.h"
-#include "basic/DateText.h"
+#include "basic/values/DateText.h"
 
 #include <gtest/gtest.h>
 

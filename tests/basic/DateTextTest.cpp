@@ -1,6 +1,6 @@
-#include "basic/DateText.h"
+#include "basic/values/DateText.h"
 
-#include "basic/DateSerial.h"
+#include "basic/values/DateSerial.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "SampleValues.h"
-#include "basic/NumberText.h"
+#include "basic/values/NumberText.h"
 
 #include <gtest/gtest.h>
 

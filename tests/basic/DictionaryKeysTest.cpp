@@ -1,4 +1,4 @@
-#include "basic/DictionaryKeys.h"
+#include "basic/library/DictionaryKeys.h"
 
 #include <gtest/gtest.h>
 

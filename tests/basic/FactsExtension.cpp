@@ -1,7 +1,7 @@
 #include "basic/FactsExtension.h"
 
 #include "base/modTextCase.h"
-#include "basic/Coercion.h"
+#include "basic/values/Coercion.h"
 
 #include <algorithm>
 #include <fstream>

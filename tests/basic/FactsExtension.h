@@ -1,6 +1,6 @@
 #pragma once
 
-#include "basic/ScriptHost.h"
+#include "basic/program/ScriptHost.h"
 
 #include <map>
 #include <string>

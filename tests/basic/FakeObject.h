@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/BasicError.h"
-#include "basic/ScriptObject.h"
+#include "basic/values/ScriptObject.h"
 
 #include <string_view>
 #include <utility>

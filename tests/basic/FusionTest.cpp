@@ -1,6 +1,6 @@
 #include "base/BasicError.h"
-#include "basic/ScriptEngine.h"
 #include "basic/ScriptRun.h"
+#include "basic/engine/ScriptEngine.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

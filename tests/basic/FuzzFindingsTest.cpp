@@ -1,8 +1,8 @@
 #include "SampleValues.h"
 #include "base/BasicError.h"
-#include "basic/MemoryMeter.h"
-#include "basic/ScriptObject.h"
 #include "basic/ScriptRun.h"
+#include "basic/values/MemoryMeter.h"
+#include "basic/values/ScriptObject.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "basic/Lexer.h"
+#include "basic/syntax/Lexer.h"
 
 #include "basic/ParsedText.h"
-#include "basic/SourceLines.h"
+#include "basic/syntax/SourceLines.h"
 
 #include <gtest/gtest.h>
 

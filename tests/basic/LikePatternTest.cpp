@@ -1,4 +1,4 @@
-#include "basic/LikePattern.h"
+#include "basic/values/LikePattern.h"
 
 #include "SampleValues.h"
 

@@ -1,7 +1,7 @@
-#include "basic/NumberText.h"
+#include "basic/values/NumberText.h"
 
 #include "SampleValues.h"
-#include "basic/NumberInText.h"
+#include "basic/values/NumberInText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "basic/AstText.h"
-#include "basic/Parser.h"
+#include "basic/syntax/Parser.h"
 
 #include <string>
 #include <string_view>

@@ -1,4 +1,4 @@
-#include "basic/RecordLayout.h"
+#include "basic/program/RecordLayout.h"
 
 #include "basic/ScriptRun.h"
 

@@ -1,5 +1,5 @@
 #include "basic/FactsExtension.h"
-#include "basic/ScriptEngine.h"
+#include "basic/engine/ScriptEngine.h"
 
 #include <gmock/gmock.h>
 

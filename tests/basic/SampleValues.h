@@ -1,9 +1,9 @@
 #pragma once
 
 #include "base/BasicError.h"
-#include "basic/Coercion.h"
-#include "basic/Operators.h"
-#include "basic/ValueBodies.h"
+#include "basic/values/Coercion.h"
+#include "basic/values/Operators.h"
+#include "basic/values/ValueBodies.h"
 
 #include <cstdint>
 #include <string>

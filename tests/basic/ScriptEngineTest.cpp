@@ -1,4 +1,4 @@
-#include "basic/ScriptEngine.h"
+#include "basic/engine/ScriptEngine.h"
 
 #include "basic/ScriptRun.h"
 

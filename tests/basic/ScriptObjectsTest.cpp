@@ -1,6 +1,6 @@
 #include "BuiltinCalls.h"
-#include "basic/ErrObject.h"
-#include "basic/MemoryMeter.h"
+#include "basic/library/ErrObject.h"
+#include "basic/values/MemoryMeter.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "basic/ScriptEngine.h"
+#include "basic/engine/ScriptEngine.h"
 
 #include <string>
 #include <string_view>

@@ -1,5 +1,5 @@
-#include "basic/BuiltinLookup.h"
 #include "basic/ScriptRun.h"
+#include "basic/library/BuiltinLookup.h"
 #include "support/MarkdownBlocks.h"
 
 #include <gmock/gmock.h>

@@ -1,5 +1,5 @@
 #include "BuiltinCalls.h"
-#include "basic/TextSearch.h"
+#include "basic/library/TextSearch.h"
 
 #include <gtest/gtest.h>
 

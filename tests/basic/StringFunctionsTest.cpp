@@ -1,5 +1,5 @@
 #include "BuiltinCalls.h"
-#include "basic/MemoryMeter.h"
+#include "basic/values/MemoryMeter.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "basic/TwoEndedRow.h"
+#include "basic/library/TwoEndedRow.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "SampleValues.h"
-#include "basic/RuntimeErrors.h"
+#include "basic/values/RuntimeErrors.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // Writes the pages that the browser tests open:
 //   dorvik_browser_pages FOLDER    gives Hostile_Review.html and Large_Review.html there
-#include "foundation/modUtilFunctions.h"
-#include "reports/ModernReport.h"
+#include "foundation/text/modUtilFunctions.h"
 #include "reports/ModernReportSamples.h"
+#include "reports/modern/ModernReport.h"
 
 #include <iostream>
 #include <string>

@@ -1,7 +1,7 @@
 #include "cli/CommandLineFixture.h"
 
-#include "platform/Database.h"
-#include "platform/modFiles.h"
+#include "platform/database/Database.h"
+#include "platform/host/modFiles.h"
 #include "support/LineText.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "cli/CsvOutput.h"
+#include "cli/output/CsvOutput.h"
 
 #include "cli/ResultsCommandFixture.h"
 

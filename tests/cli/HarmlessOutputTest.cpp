@@ -1,9 +1,9 @@
 // Names out of a stranger's project on a terminal and in a spreadsheet.
 
-#include "cli/CsvOutput.h"
 #include "cli/ResultsCommandFixture.h"
 #include "cli/ShellRun.h"
-#include "cli/modTerminalText.h"
+#include "cli/output/CsvOutput.h"
+#include "cli/output/modTerminalText.h"
 
 #include <gmock/gmock.h>
 

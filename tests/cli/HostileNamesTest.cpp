@@ -2,7 +2,7 @@
 
 #include "cli/CommandLineFixture.h"
 #include "cli/ReportPages.h"
-#include "platform/modFiles.h"
+#include "platform/host/modFiles.h"
 
 #include <gmock/gmock.h>
 #include <sqlite3.h>

@@ -1,4 +1,4 @@
-#include "cli/JsonOutput.h"
+#include "cli/output/JsonOutput.h"
 
 #include <gtest/gtest.h>
 

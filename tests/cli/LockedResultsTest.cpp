@@ -1,6 +1,6 @@
 #include "cli/CommandLineFixture.h"
-#include "platform/Database.h"
-#include "platform/modFiles.h"
+#include "platform/database/Database.h"
+#include "platform/host/modFiles.h"
 
 #include <gmock/gmock.h>
 

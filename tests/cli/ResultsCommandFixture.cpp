@@ -1,7 +1,7 @@
 #include "cli/ResultsCommandFixture.h"
 
-#include "platform/Database.h"
-#include "platform/modFiles.h"
+#include "platform/database/Database.h"
+#include "platform/host/modFiles.h"
 #include "rulebase/RulebaseText.h"
 
 #include <algorithm>

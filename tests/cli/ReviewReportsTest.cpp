@@ -1,7 +1,7 @@
 #include "cli/CommandLineFixture.h"
 #include "cli/ReportPages.h"
-#include "platform/Database.h"
-#include "platform/modFiles.h"
+#include "platform/database/Database.h"
+#include "platform/host/modFiles.h"
 #include "settings/ComponentVersion.h"
 
 #include <gmock/gmock.h>

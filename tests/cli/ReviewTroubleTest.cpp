@@ -1,5 +1,5 @@
 #include "cli/CommandLineFixture.h"
-#include "platform/modFiles.h"
+#include "platform/host/modFiles.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-#include "cli/TablePrinter.h"
+#include "cli/output/TablePrinter.h"
 
 #include "base/modUtf8.h"
 #include "support/LineText.h"

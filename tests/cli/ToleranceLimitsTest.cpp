@@ -1,4 +1,4 @@
-#include "cli/ToleranceLimits.h"
+#include "cli/commands/results/ToleranceLimits.h"
 
 #include "results/modTolerances.h"
 

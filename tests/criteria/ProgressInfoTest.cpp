@@ -1,7 +1,7 @@
 #include "criteria/ProgressInfo.h"
 
 #include "base/BasicError.h"
-#include "platform/ScopedInstall.h"
+#include "platform/host/ScopedInstall.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "enforcement/AuthorisationEnforcement.h"
 
 #include "enforcement/ResultsManager.h"
-#include "rulebase/Rulebase.h"
+#include "rulebase/model/Rulebase.h"
 #include "source/VirtualReference.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "enforcement/NamingConventionHelper.h"
 #include "enforcement/ResultsManager.h"
-#include "rulebase/Rulebase.h"
+#include "rulebase/model/Rulebase.h"
 #include "source/VirtualComponent.h"
 #include "source/VirtualObject.h"
 #include "source/VirtualReference.h"

@@ -1,8 +1,8 @@
 #include "enforcement/NamingConventionHelper.h"
 
 #include "base/modTextCase.h"
-#include "platform/IHostInput.h"
-#include "platform/ScopedInstall.h"
+#include "platform/host/IHostInput.h"
+#include "platform/host/ScopedInstall.h"
 #include "source/VirtualSourceFile.h"
 #include "support/CapturedLog.h"
 #include "support/TemporaryFolder.h"

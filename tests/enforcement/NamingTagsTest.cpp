@@ -1,7 +1,7 @@
 #include "enforcement/NamingConventionHelper.h"
 #include "enforcement/ResultsManager.h"
 #include "parser/ScopeName.h"
-#include "rulebase/Rulebase.h"
+#include "rulebase/model/Rulebase.h"
 #include "source/VirtualObject.h"
 #include "support/CapturedLog.h"
 

@@ -1,10 +1,10 @@
 #include "enforcement/RuleEngine.h"
 
-#include "basic/ScriptEngine.h"
-#include "platform/modFiles.h"
-#include "rulebase/CodingConvention.h"
-#include "rulebase/Rulebase.h"
-#include "rulebase/UnauthorisedKeyword.h"
+#include "basic/engine/ScriptEngine.h"
+#include "platform/host/modFiles.h"
+#include "rulebase/model/CodingConvention.h"
+#include "rulebase/model/Rulebase.h"
+#include "rulebase/model/UnauthorisedKeyword.h"
 #include "support/CapturedLog.h"
 #include "support/TemporaryFolder.h"
 

@@ -1,7 +1,7 @@
 #include "enforcement/modScriptValues.h"
 
-#include "basic/BuiltinLookup.h"
-#include "foundation/KeyedArrayList.h"
+#include "basic/library/BuiltinLookup.h"
+#include "foundation/lists/KeyedArrayList.h"
 
 #include <gtest/gtest.h>
 

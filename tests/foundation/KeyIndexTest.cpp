@@ -1,7 +1,7 @@
-#include "foundation/KeyIndex.h"
+#include "foundation/lists/KeyIndex.h"
 
-#include "foundation/KeyedArrayList.h"
-#include "foundation/ObjectKeyedArrayList.h"
+#include "foundation/lists/KeyedArrayList.h"
+#include "foundation/lists/ObjectKeyedArrayList.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
-#include "foundation/KeyedList.h"
+#include "foundation/lists/KeyedList.h"
 
 #include "base/BasicError.h"
-#include "foundation/KeyedArrayList.h"
-#include "foundation/ObjectKeyedArrayList.h"
-#include "foundation/StringKeyedArrayList.h"
+#include "foundation/lists/KeyedArrayList.h"
+#include "foundation/lists/ObjectKeyedArrayList.h"
+#include "foundation/lists/StringKeyedArrayList.h"
 
 #include <gtest/gtest.h>
 

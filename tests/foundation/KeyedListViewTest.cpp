@@ -1,4 +1,4 @@
-#include "foundation/KeyedListView.h"
+#include "foundation/lists/KeyedListView.h"
 
 #include "base/BasicError.h"
 #include "base/modKyErrors.h"

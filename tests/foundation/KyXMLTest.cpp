@@ -1,7 +1,7 @@
 #include "base/BasicError.h"
-#include "foundation/KyXMLDoc.h"
-#include "foundation/KyXMLElement.h"
-#include "platform/XmlDocument.h"
+#include "foundation/xml/KyXMLDoc.h"
+#include "foundation/xml/KyXMLElement.h"
+#include "platform/xml/XmlDocument.h"
 #include "support/CapturedLog.h"
 #include "support/TemporaryFolder.h"
 

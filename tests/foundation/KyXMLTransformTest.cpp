@@ -1,5 +1,5 @@
-#include "foundation/KyXMLDoc.h"
-#include "foundation/KyXMLElement.h"
+#include "foundation/xml/KyXMLDoc.h"
+#include "foundation/xml/KyXMLElement.h"
 #include "support/CapturedLog.h"
 #include "support/TemporaryFolder.h"
 

@@ -1,8 +1,8 @@
-#include "foundation/LogFile.h"
+#include "foundation/log/LogFile.h"
 
 #include "base/BasicError.h"
-#include "platform/OutputRefusal.h"
-#include "platform/ScopedInstall.h"
+#include "platform/host/OutputRefusal.h"
+#include "platform/host/ScopedInstall.h"
 #include "support/LineText.h"
 #include "support/TemporaryFolder.h"
 

@@ -1,10 +1,10 @@
-#include "foundation/PlainList.h"
+#include "foundation/lists/PlainList.h"
 
 #include "base/BasicError.h"
-#include "foundation/ArrayList.h"
-#include "foundation/LongArrayList.h"
-#include "foundation/ObjectArrayList.h"
-#include "foundation/StringArrayList.h"
+#include "foundation/lists/ArrayList.h"
+#include "foundation/lists/LongArrayList.h"
+#include "foundation/lists/ObjectArrayList.h"
+#include "foundation/lists/StringArrayList.h"
 #include "support/CapturedLog.h"
 
 #include <gtest/gtest.h>

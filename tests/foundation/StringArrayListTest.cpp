@@ -1,4 +1,4 @@
-#include "foundation/StringArrayList.h"
+#include "foundation/lists/StringArrayList.h"
 
 #include <gtest/gtest.h>
 

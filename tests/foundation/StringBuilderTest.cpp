@@ -1,4 +1,4 @@
-#include "foundation/StringBuilder.h"
+#include "foundation/text/StringBuilder.h"
 
 #include "support/CapturedLog.h"
 

@@ -1,4 +1,4 @@
-#include "foundation/modLog.h"
+#include "foundation/log/modLog.h"
 #include "support/CapturedLog.h"
 #include "support/LineText.h"
 #include "support/TemporaryFolder.h"

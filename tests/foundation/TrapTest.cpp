@@ -1,8 +1,8 @@
-#include "foundation/Trap.h"
+#include "foundation/log/Trap.h"
 
 #include "base/BasicError.h"
-#include "foundation/LogFile.h"
-#include "foundation/modLog.h"
+#include "foundation/log/LogFile.h"
+#include "foundation/log/modLog.h"
 #include "support/CapturedLog.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "foundation/VersionNumber.h"
+#include "foundation/text/VersionNumber.h"
 
 #include "base/BasicError.h"
 #include "support/CapturedLog.h"

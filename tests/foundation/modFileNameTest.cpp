@@ -1,4 +1,4 @@
-#include "foundation/modFileName.h"
+#include "foundation/text/modFileName.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

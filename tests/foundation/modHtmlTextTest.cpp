@@ -1,4 +1,4 @@
-#include "foundation/modHtmlText.h"
+#include "foundation/text/modHtmlText.h"
 
 #include <gtest/gtest.h>
 

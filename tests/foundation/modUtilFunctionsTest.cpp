@@ -1,7 +1,7 @@
-#include "foundation/modUtilFunctions.h"
+#include "foundation/text/modUtilFunctions.h"
 
 #include "base/BasicError.h"
-#include "foundation/ITextBox.h"
+#include "foundation/lists/ITextBox.h"
 #include "support/CapturedLog.h"
 #include "support/TemporaryFolder.h"
 

@@ -3,8 +3,8 @@
 #include "base/BasicError.h"
 #include "parser/ParserEventTable.h"
 #include "parser/SourceFileReview.h"
-#include "platform/IHostInput.h"
-#include "platform/ScopedInstall.h"
+#include "platform/host/IHostInput.h"
+#include "platform/host/ScopedInstall.h"
 #include "source/VirtualObject.h"
 #include "support/CapturedLog.h"
 

@@ -1,4 +1,4 @@
-#include "platform/ByteSet.h"
+#include "platform/regex/ByteSet.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/CharacterSet.h"
+#include "platform/regex/CharacterSet.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/Connection.h"
+#include "platform/database/Connection.h"
 
 #include "platform/DatabaseFixture.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "base/BasicError.h"
-#include "platform/Database.h"
-#include "platform/modFiles.h"
+#include "platform/database/Database.h"
+#include "platform/host/modFiles.h"
 #include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>

@@ -1,9 +1,9 @@
-#include "platform/Database.h"
+#include "platform/database/Database.h"
 
 #include "platform/DatabaseFixture.h"
-#include "platform/FileInUse.h"
-#include "platform/FileInUseMark.h"
-#include "platform/OutputRefusal.h"
+#include "platform/host/FileInUse.h"
+#include "platform/host/FileInUseMark.h"
+#include "platform/host/OutputRefusal.h"
 
 #include <algorithm>
 #include <chrono>

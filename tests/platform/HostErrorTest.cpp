@@ -1,6 +1,6 @@
-#include "platform/HostError.h"
+#include "platform/host/HostError.h"
 
-#include "platform/HostFile.h"
+#include "platform/host/HostFile.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "platform/JetSql.h"
+#include "platform/database/JetSql.h"
 
 #include "base/BasicError.h"
-#include "platform/Database.h"
+#include "platform/database/Database.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/RegularExpression.h"
+#include "platform/regex/RegularExpression.h"
 
 #include <string>
 #include <string_view>

@@ -1,6 +1,6 @@
-#include "platform/OutputRefusal.h"
+#include "platform/host/OutputRefusal.h"
 
-#include "platform/modFiles.h"
+#include "platform/host/modFiles.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
-#include "platform/PatternNeeds.h"
+#include "platform/regex/PatternNeeds.h"
 
-#include "platform/PatternReader.h"
+#include "platform/regex/PatternReader.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "platform/PatternRewriter.h"
+#include "platform/regex/PatternRewriter.h"
 
-#include "platform/PatternReader.h"
-#include "platform/modPatternTraits.h"
+#include "platform/regex/PatternReader.h"
+#include "platform/regex/modPatternTraits.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/Recordset.h"
+#include "platform/database/Recordset.h"
 
 #include "platform/DatabaseFixture.h"
 

@@ -1,4 +1,4 @@
-#include "platform/RegularExpression.h"
+#include "platform/regex/RegularExpression.h"
 
 #include "base/BasicError.h"
 

@@ -1,4 +1,4 @@
-#include "platform/TextFileReader.h"
+#include "platform/host/TextFileReader.h"
 
 #include "base/BasicError.h"
 #include "base/modUtf8.h"

@@ -1,4 +1,4 @@
-#include "platform/TextTraits.h"
+#include "platform/regex/TextTraits.h"
 
 #include <gtest/gtest.h>
 

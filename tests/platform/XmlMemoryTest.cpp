@@ -1,6 +1,6 @@
 #include "base/BasicError.h"
-#include "platform/XmlDocument.h"
-#include "platform/XmlNode.h"
+#include "platform/xml/XmlDocument.h"
+#include "platform/xml/XmlNode.h"
 
 #include <gtest/gtest.h>
 

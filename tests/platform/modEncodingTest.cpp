@@ -1,4 +1,4 @@
-#include "platform/modEncoding.h"
+#include "platform/host/modEncoding.h"
 
 #include "base/BasicError.h"
 #include "base/modUtf8.h"

@@ -1,4 +1,4 @@
-#include "platform/modFiles.h"
+#include "platform/host/modFiles.h"
 
 #include "base/BasicError.h"
 #include "support/TemporaryFolder.h"

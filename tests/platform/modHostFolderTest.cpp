@@ -1,4 +1,4 @@
-#include "platform/modHostFolder.h"
+#include "platform/host/modHostFolder.h"
 
 #include "support/TemporaryFolder.h"
 

@@ -1,7 +1,7 @@
-#include "platform/modHost.h"
+#include "platform/host/modHost.h"
 
-#include "platform/ScopedInstall.h"
-#include "platform/modFiles.h"
+#include "platform/host/ScopedInstall.h"
+#include "platform/host/modFiles.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

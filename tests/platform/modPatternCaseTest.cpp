@@ -1,4 +1,4 @@
-#include "platform/modPatternCase.h"
+#include "platform/regex/modPatternCase.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "platform/modPrivateFolder.h"
+#include "platform/host/modPrivateFolder.h"
 
-#include "platform/modFiles.h"
+#include "platform/host/modFiles.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "platform/modTextForm.h"
+#include "platform/host/modTextForm.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
-#include "reports/BatchReport.h"
+#include "reports/classic/BatchReport.h"
 
 #include "reports/ReportedReviewFixture.h"
-#include "reports/modPassRate.h"
-#include "reports/modSortIndex.h"
+#include "reports/format/modPassRate.h"
+#include "reports/format/modSortIndex.h"
 
 namespace dorvik {
 namespace {

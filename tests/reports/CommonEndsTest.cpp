@@ -1,4 +1,4 @@
-#include "reports/CommonEnds.h"
+#include "reports/format/CommonEnds.h"
 
 #include <gtest/gtest.h>
 

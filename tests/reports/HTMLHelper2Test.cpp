@@ -1,4 +1,4 @@
-#include "reports/HTMLHelper2.h"
+#include "reports/format/HTMLHelper2.h"
 
 #include "support/CapturedLog.h"
 

@@ -1,4 +1,4 @@
-#include "reports/HTMLHelper.h"
+#include "reports/format/HTMLHelper.h"
 
 #include <gtest/gtest.h>
 

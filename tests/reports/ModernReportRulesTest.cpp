@@ -1,4 +1,4 @@
-#include "reports/ModernReportRules.h"
+#include "reports/modern/ModernReportRules.h"
 
 #include "reports/ReviewedProject.h"
 

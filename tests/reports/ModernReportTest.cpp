@@ -1,4 +1,4 @@
-#include "reports/ModernReport.h"
+#include "reports/modern/ModernReport.h"
 
 #include "reports/ModernReportSamples.h"
 #include "support/CapturedLog.h"

@@ -1,4 +1,4 @@
-#include "reports/ProjectReport.h"
+#include "reports/classic/ProjectReport.h"
 
 #include "reports/ReportedReviewFixture.h"
 

@@ -1,5 +1,5 @@
-#include "platform/modFiles.h"
-#include "reports/ReportsEngine.h"
+#include "platform/host/modFiles.h"
+#include "reports/classic/ReportsEngine.h"
 #include "settings/ComponentVersion.h"
 
 #include <gmock/gmock.h>

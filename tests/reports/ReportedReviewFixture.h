@@ -2,8 +2,8 @@
 
 #include "criteria/ProgressInfo.h"
 #include "criteria/ReviewCriteria.h"
-#include "reports/ReportsEngine.h"
 #include "reports/ReviewedProject.h"
+#include "reports/classic/ReportsEngine.h"
 #include "source/VirtualProject.h"
 #include "support/CapturedLog.h"
 #include "support/TemporaryFolder.h"

@@ -1,4 +1,4 @@
-#include "reports/ReportsEngine.h"
+#include "reports/classic/ReportsEngine.h"
 
 #include "criteria/ProgressInfo.h"
 #include "support/CapturedLog.h"

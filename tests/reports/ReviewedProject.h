@@ -1,11 +1,11 @@
 #pragma once
 
 #include "criteria/ReviewCriteria.h"
-#include "platform/ScopedInstall.h"
-#include "platform/modFiles.h"
+#include "platform/host/ScopedInstall.h"
+#include "platform/host/modFiles.h"
 #include "results/ResultsDB.h"
 #include "results/modTolerances.h"
-#include "rulebase/Rulebase.h"
+#include "rulebase/model/Rulebase.h"
 #include "settings/DVKWorkData.h"
 #include "source/VirtualObject.h"
 

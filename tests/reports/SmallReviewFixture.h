@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/ReportsEngine.h"
+#include "reports/classic/ReportsEngine.h"
 #include "results/ResultsDBFixture.h"
 
 #include <gmock/gmock.h>

@@ -1,8 +1,8 @@
-#include "reports/modReportFile.h"
+#include "reports/format/modReportFile.h"
 
 #include "base/BasicError.h"
-#include "platform/OutputRefusal.h"
-#include "platform/modFiles.h"
+#include "platform/host/OutputRefusal.h"
+#include "platform/host/modFiles.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "reports/modReportFilename.h"
+#include "reports/format/modReportFilename.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "reports/modReportFormat.h"
+#include "reports/format/modReportFormat.h"
 
 #include "base/BasicError.h"
 

@@ -1,4 +1,4 @@
-#include "reports/modReportLinks.h"
+#include "reports/format/modReportLinks.h"
 
 #include <gtest/gtest.h>
 

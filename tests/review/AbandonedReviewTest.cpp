@@ -1,9 +1,9 @@
 // A review that is given up from outside: the manager goes, wherever the review stands.
 #include "RulesInReview.h"
 #include "base/BasicError.h"
-#include "platform/modFiles.h"
+#include "platform/host/modFiles.h"
 #include "review/ReviewManager.h"
-#include "rulebase/RulebaseManager.h"
+#include "rulebase/file/RulebaseManager.h"
 #include "support/ScriptedInput.h"
 
 #include <gmock/gmock.h>

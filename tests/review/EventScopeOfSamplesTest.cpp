@@ -1,10 +1,10 @@
 #include "criteria/ReviewCriteria.h"
 #include "parser/ScopeName.h"
 #include "parser/VB6ParserState.h"
-#include "platform/modFiles.h"
+#include "platform/host/modFiles.h"
 #include "review/IProjectEventListener.h"
 #include "review/ProjectEventWalk.h"
-#include "rulebase/modEventScope.h"
+#include "rulebase/catalogue/modEventScope.h"
 #include "settings/DVKWorkData.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 #include "RulesInReview.h"
-#include "rulebase/TagItem.h"
+#include "rulebase/model/TagItem.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

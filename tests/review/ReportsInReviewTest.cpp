@@ -1,5 +1,5 @@
 #include "ReviewRun.h"
-#include "platform/modFiles.h"
+#include "platform/host/modFiles.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "review/ResultsReservations.h"
 
-#include "platform/FileInUse.h"
-#include "platform/FileInUseMark.h"
+#include "platform/host/FileInUse.h"
+#include "platform/host/FileInUseMark.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 
 #include "ReviewRun.h"
 #include "base/BasicError.h"
-#include "platform/modFiles.h"
+#include "platform/host/modFiles.h"
 #include "support/RecordingMessageBox.h"
 #include "support/ScriptedInput.h"
 

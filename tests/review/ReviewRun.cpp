@@ -1,13 +1,13 @@
 #include "ReviewRun.h"
 
 #include "base/modTextCase.h"
-#include "foundation/LogFile.h"
-#include "foundation/modLog.h"
-#include "platform/Database.h"
-#include "platform/modFiles.h"
-#include "rulebase/Rulebase.h"
-#include "rulebase/RulebaseManager.h"
-#include "rulebase/UnauthorisedKeyword.h"
+#include "foundation/log/LogFile.h"
+#include "foundation/log/modLog.h"
+#include "platform/database/Database.h"
+#include "platform/host/modFiles.h"
+#include "rulebase/file/RulebaseManager.h"
+#include "rulebase/model/Rulebase.h"
+#include "rulebase/model/UnauthorisedKeyword.h"
 #include "settings/modGlobal.h"
 
 namespace dorvik::test {

@@ -2,9 +2,9 @@
 
 #include "base/Variant.h"
 #include "criteria/ReviewCriteria.h"
-#include "platform/HostFacts.h"
-#include "platform/IClock.h"
-#include "platform/ScopedInstall.h"
+#include "platform/host/HostFacts.h"
+#include "platform/host/IClock.h"
+#include "platform/host/ScopedInstall.h"
 #include "review/ReviewManager.h"
 #include "support/TemporaryFolder.h"
 

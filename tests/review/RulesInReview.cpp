@@ -1,6 +1,6 @@
 #include "RulesInReview.h"
 
-#include "rulebase/RulebaseManager.h"
+#include "rulebase/file/RulebaseManager.h"
 
 namespace dorvik::test {
 

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "ReviewRun.h"
-#include "rulebase/CodingConvention.h"
-#include "rulebase/NamingConvention.h"
-#include "rulebase/ObjectType.h"
-#include "rulebase/Rulebase.h"
-#include "rulebase/UnauthorisedKeyword.h"
+#include "rulebase/catalogue/ObjectType.h"
+#include "rulebase/model/CodingConvention.h"
+#include "rulebase/model/NamingConvention.h"
+#include "rulebase/model/Rulebase.h"
+#include "rulebase/model/UnauthorisedKeyword.h"
 
 #include <string>
 #include <vector>

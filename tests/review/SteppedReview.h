@@ -4,10 +4,10 @@
 #include "base/BasicError.h"
 #include "criteria/ProgressInfo.h"
 #include "enforcement/RuleEngine.h"
-#include "reports/ReportsEngine.h"
+#include "reports/classic/ReportsEngine.h"
 #include "review/IProjectReviewEvents.h"
 #include "review/VB6ProjectReview.h"
-#include "rulebase/Rulebase.h"
+#include "rulebase/model/Rulebase.h"
 
 #include <cstdint>
 #include <functional>

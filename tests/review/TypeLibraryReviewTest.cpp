@@ -1,7 +1,7 @@
 #include "RulesInReview.h"
-#include "platform/ITypeLibrarySource.h"
-#include "platform/modFiles.h"
-#include "rulebase/TagItem.h"
+#include "platform/host/ITypeLibrarySource.h"
+#include "platform/host/modFiles.h"
+#include "rulebase/model/TagItem.h"
 #include "typelib/TypeLibraryStore.h"
 
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
 // What the single steps of a project review tell, count and give way to.
 #include "RulesInReview.h"
 #include "SteppedReview.h"
-#include "platform/modFiles.h"
+#include "platform/host/modFiles.h"
 #include "support/ScriptedInput.h"
 
 #include <gmock/gmock.h>

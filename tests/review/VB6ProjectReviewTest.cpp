@@ -2,7 +2,7 @@
 
 #include "ReviewRun.h"
 #include "SteppedReview.h"
-#include "platform/modFiles.h"
+#include "platform/host/modFiles.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

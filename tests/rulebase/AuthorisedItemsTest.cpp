@@ -1,7 +1,7 @@
 #include "base/BasicError.h"
 #include "base/modKyErrors.h"
-#include "rulebase/AuthorisedComponents.h"
-#include "rulebase/AuthorisedReferences.h"
+#include "rulebase/model/AuthorisedComponents.h"
+#include "rulebase/model/AuthorisedReferences.h"
 
 #include <gtest/gtest.h>
 

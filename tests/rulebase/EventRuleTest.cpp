@@ -1,6 +1,6 @@
 #include "base/BasicError.h"
-#include "rulebase/CodingConvention.h"
-#include "rulebase/UnauthorisedKeyword.h"
+#include "rulebase/model/CodingConvention.h"
+#include "rulebase/model/UnauthorisedKeyword.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "rulebase/NamingConvention.h"
+#include "rulebase/model/NamingConvention.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "rulebase/ObjectHelper.h"
+#include "rulebase/catalogue/ObjectHelper.h"
 
-#include "rulebase/ObjectCatalogue.h"
-#include "rulebase/ObjectType.h"
+#include "rulebase/catalogue/ObjectCatalogue.h"
+#include "rulebase/catalogue/ObjectType.h"
 #include "support/CapturedLog.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
-#include "rulebase/ObjectCatalogue.h"
-#include "rulebase/ObjectHelper.h"
-#include "rulebase/PropertyDescriptions.h"
+#include "rulebase/catalogue/ObjectCatalogue.h"
+#include "rulebase/catalogue/ObjectHelper.h"
+#include "rulebase/catalogue/PropertyDescriptions.h"
 #include "support/CapturedLog.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "rulebase/RandomRulebase.h"
 
-#include "foundation/KyXMLElement.h"
-#include "rulebase/TableItem.h"
+#include "foundation/xml/KyXMLElement.h"
+#include "rulebase/model/TableItem.h"
 
 #include <limits>
 #include <string_view>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "rulebase/Rulebase.h"
+#include "rulebase/model/Rulebase.h"
 
 #include <cstdint>
 #include <memory>

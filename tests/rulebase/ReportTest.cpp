@@ -1,8 +1,8 @@
-#include "rulebase/Report.h"
+#include "rulebase/model/Report.h"
 
-#include "rulebase/CategoryItem.h"
-#include "rulebase/TableItem.h"
-#include "rulebase/UnauthorisedKeyword.h"
+#include "rulebase/model/CategoryItem.h"
+#include "rulebase/model/TableItem.h"
+#include "rulebase/model/UnauthorisedKeyword.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "rulebase/RuleLists.h"
+#include "rulebase/model/RuleLists.h"
 
 #include "support/CapturedLog.h"
 

@@ -1,8 +1,8 @@
-#include "rulebase/RulebaseCheck.h"
+#include "rulebase/check/RulebaseCheck.h"
 
-#include "platform/modFiles.h"
-#include "rulebase/IScriptChecker.h"
+#include "platform/host/modFiles.h"
 #include "rulebase/RulebaseText.h"
+#include "rulebase/check/IScriptChecker.h"
 #include "support/CapturedLog.h"
 #include "support/TemporaryFolder.h"
 

@@ -1,5 +1,5 @@
 #include "rulebase/RandomRulebase.h"
-#include "rulebase/TableItem.h"
+#include "rulebase/model/TableItem.h"
 
 #include <sstream>
 

@@ -1,6 +1,6 @@
-#include "rulebase/RulebaseDocument.h"
+#include "rulebase/document/RulebaseDocument.h"
 
-#include "rulebase/CategoryItem.h"
+#include "rulebase/model/CategoryItem.h"
 
 #include <gmock/gmock.h>
 

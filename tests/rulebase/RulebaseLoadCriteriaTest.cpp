@@ -1,4 +1,4 @@
-#include "rulebase/RulebaseLoadCriteria.h"
+#include "rulebase/model/RulebaseLoadCriteria.h"
 
 #include <gtest/gtest.h>
 

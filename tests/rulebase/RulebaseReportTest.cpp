@@ -1,5 +1,5 @@
 #include "rulebase/RulebaseManagerFixture.h"
-#include "rulebase/TableItem.h"
+#include "rulebase/model/TableItem.h"
 
 #include <gtest/gtest.h>
 

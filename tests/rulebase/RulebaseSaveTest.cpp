@@ -1,7 +1,7 @@
 #include "base/BasicError.h"
 #include "base/modKyErrors.h"
-#include "rulebase/RulebaseManager.h"
 #include "rulebase/RulebaseText.h"
+#include "rulebase/file/RulebaseManager.h"
 #include "support/CapturedLog.h"
 #include "support/RecordingMessageBox.h"
 #include "support/TemporaryFolder.h"

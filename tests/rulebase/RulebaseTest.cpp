@@ -1,8 +1,8 @@
-#include "rulebase/Rulebase.h"
+#include "rulebase/model/Rulebase.h"
 
 #include "base/BasicError.h"
 #include "base/modKyErrors.h"
-#include "rulebase/CategoryListView.h"
+#include "rulebase/model/CategoryListView.h"
 
 #include <gtest/gtest.h>
 

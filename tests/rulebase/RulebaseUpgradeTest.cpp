@@ -1,4 +1,4 @@
-#include "foundation/KyXMLDoc.h"
+#include "foundation/xml/KyXMLDoc.h"
 #include "rulebase/RulebaseManagerFixture.h"
 
 #include <gtest/gtest.h>

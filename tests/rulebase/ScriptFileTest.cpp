@@ -1,12 +1,12 @@
-#include "rulebase/ScriptFile.h"
+#include "rulebase/script/ScriptFile.h"
 
-#include "platform/ScopedInstall.h"
-#include "platform/modFiles.h"
-#include "platform/modHost.h"
-#include "rulebase/CodingConvention.h"
-#include "rulebase/NamingConvention.h"
-#include "rulebase/RuleLists.h"
-#include "rulebase/UnauthorisedKeyword.h"
+#include "platform/host/ScopedInstall.h"
+#include "platform/host/modFiles.h"
+#include "platform/host/modHost.h"
+#include "rulebase/model/CodingConvention.h"
+#include "rulebase/model/NamingConvention.h"
+#include "rulebase/model/RuleLists.h"
+#include "rulebase/model/UnauthorisedKeyword.h"
 #include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>

@@ -1,9 +1,9 @@
-#include "rulebase/modEventScope.h"
+#include "rulebase/catalogue/modEventScope.h"
 
 #include "parser/ParserEventTable.h"
-#include "rulebase/ObjectCatalogue.h"
-#include "rulebase/ObjectHelper.h"
-#include "rulebase/modNamingEvents.h"
+#include "rulebase/catalogue/ObjectCatalogue.h"
+#include "rulebase/catalogue/ObjectHelper.h"
+#include "rulebase/catalogue/modNamingEvents.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "rulebase/modNamingEvents.h"
+#include "rulebase/catalogue/modNamingEvents.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

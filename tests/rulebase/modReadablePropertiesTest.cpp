@@ -1,7 +1,7 @@
-#include "rulebase/modReadableProperties.h"
+#include "rulebase/catalogue/modReadableProperties.h"
 
-#include "rulebase/ObjectCatalogue.h"
-#include "rulebase/ObjectHelper.h"
+#include "rulebase/catalogue/ObjectCatalogue.h"
+#include "rulebase/catalogue/ObjectHelper.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "rulebase/modTextTags.h"
+#include "rulebase/check/modTextTags.h"
 
 #include "base/modTextCase.h"
 

@@ -1,15 +1,15 @@
 #include "SampleReview.h"
 
 #include "criteria/ReviewCriteria.h"
-#include "foundation/LogFile.h"
-#include "foundation/modLog.h"
-#include "platform/Database.h"
-#include "platform/modFiles.h"
+#include "foundation/log/LogFile.h"
+#include "foundation/log/modLog.h"
+#include "platform/database/Database.h"
+#include "platform/host/modFiles.h"
 #include "results/modResultsFilename.h"
 #include "review/ReviewManager.h"
-#include "rulebase/IRule.h"
-#include "rulebase/Rulebase.h"
-#include "rulebase/RulebaseManager.h"
+#include "rulebase/file/RulebaseManager.h"
+#include "rulebase/model/IRule.h"
+#include "rulebase/model/Rulebase.h"
 #include "settings/modGlobal.h"
 
 #include <algorithm>

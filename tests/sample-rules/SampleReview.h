@@ -1,8 +1,8 @@
 #pragma once
 
 #include "SampleFolder.h"
-#include "platform/HostFacts.h"
-#include "platform/ScopedInstall.h"
+#include "platform/host/HostFacts.h"
+#include "platform/host/ScopedInstall.h"
 #include "support/TemporaryFolder.h"
 
 #include <memory>

@@ -1,7 +1,7 @@
 #include "SampleFolder.h"
 #include "SampleReview.h"
-#include "rulebase/IRule.h"
-#include "rulebase/Rulebase.h"
+#include "rulebase/model/IRule.h"
+#include "rulebase/model/Rulebase.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "SampleReview.h"
-#include "rulebase/Rulebase.h"
-#include "rulebase/TagItem.h"
+#include "rulebase/model/Rulebase.h"
+#include "rulebase/model/TagItem.h"
 
 #include <gtest/gtest.h>
 

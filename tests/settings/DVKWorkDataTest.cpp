@@ -1,7 +1,7 @@
 #include "settings/DVKWorkData.h"
 
 #include "base/BasicError.h"
-#include "platform/ScopedInstall.h"
+#include "platform/host/ScopedInstall.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "support/CapturedLog.h"
 
-#include "foundation/modLog.h"
+#include "foundation/log/modLog.h"
 #include "support/LineText.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/LogFile.h"
+#include "foundation/log/LogFile.h"
 #include "support/TemporaryFolder.h"
 
 #include <string>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/IMessageBox.h"
-#include "platform/ScopedInstall.h"
+#include "platform/host/IMessageBox.h"
+#include "platform/host/ScopedInstall.h"
 
 #include <vector>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/IHostInput.h"
-#include "platform/ScopedInstall.h"
+#include "platform/host/IHostInput.h"
+#include "platform/host/ScopedInstall.h"
 
 #include <functional>
 

@@ -1,7 +1,7 @@
 #include "support/TemporaryFolder.h"
 
 #include "base/modUtf8.h"
-#include "platform/modFiles.h"
+#include "platform/host/modFiles.h"
 
 #include <algorithm>
 #include <fstream>

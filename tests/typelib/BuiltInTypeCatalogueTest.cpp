@@ -1,5 +1,5 @@
 #include "base/modTextCase.h"
-#include "platform/modFiles.h"
+#include "platform/host/modFiles.h"
 #include "typelib/TypeCatalogue.h"
 
 #include <gmock/gmock.h>

@@ -1,0 +1,46 @@
+#include "cli/commands/events/EventsCommand.h"
+
+#include "EventStreamWriter.h"
+#include "cli/commands/review/ProjectFinder.h"
+#include "cli/commands/review/ProjectStatusText.h"
+#include "cli/output/Console.h"
+#include "cli/output/Interrupt.h"
+#include "criteria/ReviewCriteria.h"
+#include "foundation/log/LogFile.h"
+#include "foundation/log/modLog.h"
+#include "platform/host/modFiles.h"
+#include "review/ProjectEventWalk.h"
+#include "source/modDorvikUtils.h"
+
+namespace dorvik {
+
+ExitCode RunEvents(const EventsOptions& options) {
+    modFiles::SetNameCodePage(options.CodePage);
+    modLog::Log().SetLogFilePath({});  // whoever asks what the parser sees wants no file of it
+    if (!modDorvikUtils::IsVBPFile(options.Path)) {
+        modConsole::PrintError("'" + options.Path + "' is no project file (.vbp)");
+        return ExitCode::NothingDone;
+    }
+    const FoundProjects found = modProjectFinder::FindProjects({options.Path}, options.CodePage);
+    for (const std::string& error : found.Errors) {
+        modConsole::PrintError(error);
+    }
+    if (found.Filenames.empty()) {
+        return ExitCode::NothingDone;
+    }
+    VirtualProject project(options.CodePage);
+    if (project.LoadProject(found.Filenames.front()) != ProjectLoadStatus::Good) {
+        modConsole::PrintError(ProjectStatusText(found.Filenames.front(), project));
+        return ExitCode::NothingDone;
+    }
+    const Interrupt interrupt;
+    EventStreamWriter writer(interrupt);
+    ReviewCriteria criteria;
+    criteria.SetKeepsKnownFaults(options.KeepKnownFaults);
+    if (!ProjectEventWalk(project, criteria, writer).Run()) {
+        return ExitCode::Interrupted;
+    }
+    return writer.IsComplete() ? ExitCode::Passed : ExitCode::Incomplete;
+}
+
+}  // namespace dorvik

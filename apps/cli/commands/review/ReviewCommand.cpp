@@ -1,0 +1,362 @@
+#include "cli/commands/review/ReviewCommand.h"
+
+#include "ReviewReports.h"
+#include "ReviewRulebase.h"
+#include "ReviewSummary.h"
+#include "base/modTextCase.h"
+#include "cli/commands/results/ToleranceLimits.h"
+#include "cli/commands/review/ProjectFinder.h"
+#include "cli/commands/review/ProjectStatusText.h"
+#include "cli/commands/typelib/TypeLibrarySettings.h"
+#include "cli/output/Console.h"
+#include "cli/output/Interrupt.h"
+#include "cli/output/ProgressLine.h"
+#include "cli/output/modCommandPath.h"
+#include "criteria/ReviewCriteria.h"
+#include "foundation/log/modLog.h"
+#include "modRuleTimes.h"
+#include "platform/host/modFiles.h"
+#include "results/modResultsFilename.h"
+#include "review/ReviewManager.h"
+#include "settings/DVKWorkData.h"
+#include "settings/DorvikData.h"
+#include "settings/modGlobal.h"
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <memory>
+#include <system_error>
+#include <unordered_map>
+
+namespace dorvik {
+
+namespace {
+
+/// Steps between two looks at the interrupt flag; a step is about one source line.
+constexpr std::int32_t kStepsASlice = 500;
+
+constexpr std::string_view kConventions[] = {"ac", "ar", "cc", "nc", "uk"};
+
+std::string RulebaseFile(const ReviewOptions& options) {
+    return options.RulebaseFile.empty()
+               ? modGlobal::WorkData().LastRulebase()
+               : modCommandPath::Inner(options.RulebaseFile, options.CodePage);
+}
+
+bool Wants(const ReviewOptions& options, const char* convention) {
+    return options.Conventions.empty() ||
+           std::find(options.Conventions.begin(), options.Conventions.end(), convention) !=
+               options.Conventions.end();
+}
+
+void FillLoadCriteria(RulebaseLoadCriteria& load, const ReviewOptions& options) {
+    load.SetRulebaseFile(RulebaseFile(options));
+    load.SetAuthorisedComponents(Wants(options, "ac"));
+    load.SetAuthorisedReferences(Wants(options, "ar"));
+    load.SetCodingConventions(Wants(options, "cc"));
+    load.SetNamingConventions(Wants(options, "nc"));
+    load.SetUnauthorisedKeywords(Wants(options, "uk"));
+    for (std::int32_t level = 1; level <= 5; ++level) {
+        const auto& wanted = options.Severities;
+        load.SetSeverityLevel(
+            level,
+            wanted.empty() || std::find(wanted.begin(), wanted.end(), level) != wanted.end());
+    }
+}
+
+std::shared_ptr<ReviewCriteria> MakeCriteria(
+    const ReviewOptions& options,
+    const std::vector<std::string>& filenames,
+    const std::string& resultsFolder) {
+    auto criteria = std::make_shared<ReviewCriteria>();
+    criteria->SetReviewType(ReviewType_Batch);
+    criteria->SetClearLogBeforeReview(options.ClearLog);
+    criteria->SetKeepsKnownFaults(options.KeepKnownFaults);
+    criteria->SetUseProjectFolderResults(resultsFolder.empty());
+    criteria->SetFixedFolderResults(resultsFolder);
+    FillLoadCriteria(criteria->LoadCriteria(), options);
+    for (const std::string& filename : filenames) {
+        const auto project = std::make_shared<VirtualProject>(options.CodePage);
+        project->SetFilename(filename);
+        criteria->ProjectList().Add(filename, project, true, false);
+    }
+    return criteria;
+}
+
+/// Two projects of one name cannot share a results folder: the second would replace the first one's
+/// results. Such projects are told and left out.
+std::vector<std::string>
+WithoutNameClashes(FoundProjects& found, const std::string& resultsFolder) {
+    std::vector<std::string> kept;
+    std::unordered_map<std::string, std::string> projects;  // by their results file
+    for (const std::string& filename : found.Filenames) {
+        const std::string results = modDorvikUtils::CreateResultsFilename(filename, resultsFolder);
+        const auto [first, isNew] = projects.emplace(modTextCase::ToLower(results), filename);
+        if (isNew) {
+            kept.push_back(filename);
+        } else {
+            found.Errors.push_back(
+                "'" + modConsole::ShownPath(filename) +
+                "' is left out, because its results would replace those of '" +
+                modConsole::ShownPath(first->second) + "'; review it into another folder");
+        }
+    }
+    return kept;
+}
+
+/// Says which rules were given up on the way. False if there were any.
+bool TellStoppedRules(const RuleEngine& ruleEngine) {
+    for (const RuleEngine::SwitchedOffRule& rule : ruleEngine.SwitchedOffRules()) {
+        modConsole::PrintError(
+            rule.Name + " was switched off, because its " + std::string(rule.What) +
+            " was stopped " + std::to_string(RuleEngine::kStopsUntilSwitchedOff) +
+            " times at a limit; the review log says where");
+    }
+    for (const RuleEngine::StoppedRule& stopped : ruleEngine.StoppedRules()) {
+        modConsole::PrintError(
+            stopped.Rule.Name + " is incomplete: its " + std::string(stopped.Rule.What) +
+            " was stopped " + std::to_string(stopped.Count) +
+            (stopped.Count == 1 ? " time" : " times") + " at a limit; the review log says where");
+    }
+    return ruleEngine.SwitchedOffRules().empty() && ruleEngine.StoppedRules().empty();
+}
+
+/// Says which rules did not find what they are for, because they failed. False if there were any.
+bool TellFailedRules(const RuleEngine& ruleEngine) {
+    for (const auto& [number, rule] : ruleEngine.FailedRules()) {
+        modConsole::PrintError(
+            rule.Name + " is broken: its " + std::string(rule.What) + " failed " +
+            std::to_string(rule.Count) + (rule.Count == 1 ? " time" : " times") +
+            "; the review log says why");
+    }
+    return ruleEngine.FailedRules().empty();
+}
+
+/// Says that the log misses lines.
+void TellUnwrittenLog() {
+    std::string why = modLog::FirstUnwritten();
+    if (why.empty()) {
+        return;
+    }
+    // It ends in the path of the log, in the program's form.
+    const std::size_t quote = why.find('\'');
+    if (quote != std::string::npos && why.back() == '\'') {
+        const std::string path = why.substr(quote + 1, why.size() - quote - 2);
+        why.replace(quote + 1, path.size(), modConsole::ShownPath(path));
+    }
+    modConsole::PrintError("a log misses lines: " + why);
+}
+
+/// An option that takes a list, and how one value of it looks.
+struct ListOption {
+    std::string_view Name;
+    std::string First;  // of the values that were given; empty if there are none
+    bool (*IsValue)(const std::string& text);
+};
+
+bool IsConvention(const std::string& text) {
+    return std::find(std::begin(kConventions), std::end(kConventions), text) !=
+           std::end(kConventions);
+}
+
+bool IsSeverity(const std::string& text) {
+    return text.size() == 1 && text.front() >= '1' && text.front() <= '5';
+}
+
+bool IsTolerance(const std::string& text) {
+    return modToleranceLimits::Parse(text).has_value();
+}
+
+/// Whoever writes a list with blanks between its values has the rest of them taken for paths. What is wrong with
+/// such a path, and how the list is written; empty if there is none.
+std::string StrayValue(const ReviewOptions& options) {
+    const ListOption lists[] = {
+        {"--conventions",
+         options.Conventions.empty() ? "" : options.Conventions.front(),
+         &IsConvention},
+        {"--severity",
+         options.Severities.empty() ? "" : std::to_string(options.Severities.front()),
+         &IsSeverity},
+        {"--tolerance", options.Tolerances.empty() ? "" : options.Tolerances.front(), &IsTolerance},
+    };
+    for (const std::string& path : options.Paths) {
+        for (const ListOption& list : lists) {
+            std::error_code error;
+            if (!list.First.empty() && list.IsValue(path) &&
+                !std::filesystem::exists(path, error)) {
+                return "'" + path + "' is not a path; the values of " + std::string(list.Name) +
+                       " are joined by commas: " + std::string(list.Name) + " " + list.First + "," +
+                       path;
+            }
+        }
+    }
+    return {};
+}
+
+/// False, and a sentence, if the file is missing that every results database begins as.
+bool HasTemplate() {
+    const std::string& file = modGlobal::Data().ProjectResultsDB();
+    if (modFiles::FileExists(file)) {
+        return true;
+    }
+    modConsole::PrintError(
+        "the template of the results databases '" + modConsole::ShownPath(file) +
+        "' is missing; install dorvik again");
+    return false;
+}
+
+/// Runs the review to its end, or until the user gives up.
+SliceResult Drive(ReviewManager& manager, const ReviewOptions& options) {
+    const Interrupt interrupt;
+    ProgressLine line(!options.Quiet && (options.Progress || modConsole::ErrorIsTerminal()));
+    manager.SetProgressHandler([&](const ProgressInfo& progress, bool& cancel) {
+        line.Show(progress);
+        if (interrupt.Requested()) {
+            // A cancel of reports alone would let the next project replace its results.
+            manager.Abandon();
+            cancel = true;
+        }
+    });
+    manager.RuleEngine().SetStopRequest([&interrupt] { return interrupt.Requested(); });
+    auto result = SliceResult::Continue;
+    while (result == SliceResult::Continue) {
+        result = manager.ReviewTimeSlice(kStepsASlice);
+    }
+    manager.RuleEngine().SetStopRequest({});
+    return result;
+}
+
+/// Says what could not be reviewed. False if there was anything.
+bool TellFailures(
+    ReviewCriteria& criteria, const ReviewSummary& summary, const ReviewReports& reports) {
+    bool complete = summary.WithoutResults().empty() && summary.Incomplete().empty();
+    for (const ReviewSummary::MissingResults& missing : summary.WithoutResults()) {
+        modConsole::PrintError(
+            "the project '" + modConsole::ShownPath(missing.ProjectFile) +
+            "' was not reviewed, because its results could not be written to '" +
+            modConsole::ShownPath(missing.ResultsFile) + "'" +
+            (missing.Reason.empty() ? "" : ": " + missing.Reason));
+    }
+    for (const ProjectResults* const project : summary.Incomplete()) {
+        modConsole::PrintError(project->WhyNoVerdict());
+    }
+    auto& projects = criteria.ProjectList();
+    for (std::int32_t index = 1; index <= projects.Count(); ++index) {
+        const VirtualProject& project = *projects.Item(index);
+        if (project.LoadStatus() != ProjectLoadStatus::Good) {
+            modConsole::PrintError(ProjectStatusText(project.Filename(), project));
+            complete = false;
+        }
+        const bool isLossTold = project.ResultsLost().Count > 0;
+        for (const UnreviewedFile& file : project.UnreviewedFiles()) {
+            complete = false;
+            if (!file.IsStored && isLossTold) {
+                continue;
+            }
+            modConsole::PrintError(SourceFileStatusText(file));
+        }
+        for (const CutLayout& layout : project.CutLayouts()) {
+            modConsole::PrintError(CutLayoutText(layout.Filename, layout.Fault));
+            complete = false;
+        }
+    }
+    return reports.TellFailures() && complete;
+}
+
+}  // namespace
+
+ExitCode RunReview(const ReviewOptions& options) {
+    modFiles::SetNameCodePage(options.CodePage);
+    if (const std::string stray = StrayValue(options); !stray.empty()) {
+        modConsole::PrintError(stray);
+        return ExitCode::NothingDone;
+    }
+    FoundProjects found = modProjectFinder::FindProjects(options.Paths, options.CodePage);
+    const std::string resultsFolder =
+        options.ResultsFolder.empty()
+            ? std::string()
+            : modCommandPath::Inner(options.ResultsFolder, options.CodePage);
+    const std::vector<std::string> filenames = WithoutNameClashes(found, resultsFolder);
+    for (const std::string& error : found.Errors) {
+        modConsole::PrintError(error);
+    }
+    if (filenames.empty()) {
+        return ExitCode::NothingDone;
+    }
+    if (!HasTemplate()) {
+        return ExitCode::NothingDone;
+    }
+    const std::string rulebase = RulebaseFile(options);
+    if (!modReviewRulebase::CanBeUsed(rulebase, options.AcceptFaults)) {
+        return ExitCode::NothingDone;
+    }
+
+    const std::shared_ptr<ReviewCriteria> criteria =
+        MakeCriteria(options, filenames, resultsFolder);
+    ReviewReports reports(
+        options.Reports,
+        options.Reports.Folder.empty()
+            ? resultsFolder
+            : modCommandPath::Inner(options.Reports.Folder, options.CodePage));
+    reports.FillCriteria(*criteria, options.Paths, filenames);
+    TypeLibraryStore typeLibraries(modTypeLibrarySettings::Places(options.TypeLibraries));
+    ReviewManager manager;
+    manager.SetTypeLibraries(&typeLibraries);
+    manager.InitialiseReview(criteria);
+    basic::ScriptLimits limits;
+    // Up, so that a limit is never rounded to none.
+    limits.Milliseconds = static_cast<std::int32_t>(std::ceil(options.ScriptSeconds * 1000));
+    if (options.ScriptInstructions) {
+        limits.Instructions = *options.ScriptInstructions;
+    } else if (options.ScriptSeconds == 0) {
+        limits.Instructions = 0;
+    }
+    manager.RuleEngine().SetLimits(limits);
+    if (options.RuleTimes) {
+        manager.RuleEngine().MeasureRules();
+    }
+    if (!modReviewRulebase::LoadTolerances(*criteria)) {
+        return ExitCode::NothingDone;
+    }
+    modToleranceLimits::Apply(options.Tolerances, criteria->Tolerances());
+    const SliceResult result = Drive(manager, options);
+    if (result == SliceResult::Aborted) {
+        modConsole::PrintError(
+            manager.ReportsCancelled()
+                ? "interrupted; the results are complete, but the report at hand was not written"
+                : "interrupted; the project at hand has no results");
+        return ExitCode::Interrupted;
+    }
+    if (result == SliceResult::Failed) {
+        modReviewRulebase::TellUnusable(rulebase, manager.RuleEngine());
+        return ExitCode::NothingDone;
+    }
+
+    ReviewSummary summary(*criteria);
+    reports.Finish(*criteria, manager.Reports(), summary);
+    if (!options.Quiet) {
+        summary.Print();
+        reports.Print();
+    }
+    if (options.RuleTimes) {
+        modRuleTimes::Print(manager.RuleEngine());
+    }
+    const bool rulesHeld = TellStoppedRules(manager.RuleEngine());
+    const bool rulesWorked = TellFailedRules(manager.RuleEngine()) && rulesHeld;
+    TellUnwrittenLog();
+    if (const TypeCatalogue* const catalogue = typeLibraries.LoadedCatalogue()) {
+        modTypeLibrarySettings::TellFaults(*catalogue);
+    }
+    const bool complete =
+        TellFailures(*criteria, summary, reports) && found.Errors.empty() && rulesWorked;
+    if (summary.ReviewedProjects() == 0) {
+        return ExitCode::NothingDone;
+    }
+    if (!complete) {
+        return ExitCode::Incomplete;
+    }
+    return summary.AllPassed() ? ExitCode::Passed : ExitCode::Failed;
+}
+
+}  // namespace dorvik

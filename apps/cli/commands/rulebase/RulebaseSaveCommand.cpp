@@ -1,0 +1,42 @@
+#include "cli/commands/rulebase/RulebaseSaveCommand.h"
+
+#include "cli/commands/rulebase/RulebaseFile.h"
+#include "cli/output/Console.h"
+#include "cli/output/modTerminalText.h"
+
+#include <filesystem>
+
+namespace dorvik {
+
+namespace {
+
+bool IsSameFile(const std::string& left, const std::string& right) {
+    std::error_code error;
+    return std::filesystem::equivalent(left, right, error) && !error;
+}
+
+}  // namespace
+
+ExitCode RunRulebaseSave(const RulebaseSaveOptions& options) {
+    const std::unique_ptr<Rulebase> rulebase = modRulebaseFile::Load(options.File);
+    if (rulebase == nullptr) {
+        return ExitCode::NothingDone;
+    }
+    const std::size_t unreadable = modRulebaseFile::TellUnreadable(options.File);
+    if (unreadable > 0 && IsSameFile(options.File, options.Target)) {
+        modConsole::PrintError(
+            "'" + options.File +
+            "' is not saved over itself, because what cannot be read would be lost");
+        return ExitCode::NothingDone;
+    }
+    if (!modRulebaseFile::Save(*rulebase, options.Target)) {
+        return ExitCode::NothingDone;
+    }
+    modConsole::Print(
+        modTerminalText::Harmless(
+            "Saved '" + options.Target + "' as version " + rulebase->Version() + ".") +
+        "\n");
+    return unreadable > 0 ? ExitCode::Incomplete : ExitCode::Passed;
+}
+
+}  // namespace dorvik

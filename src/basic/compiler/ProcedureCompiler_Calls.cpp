@@ -1,0 +1,398 @@
+#include "ProcedureCompiler.h"
+#include "base/modTextCase.h"
+#include "basic/program/RecordLayout.h"
+
+#include <algorithm>
+
+namespace dorvik::basic {
+
+namespace {
+
+std::string Plural(std::size_t count, const std::string& word) {
+    return std::to_string(count) + " " + word + (count == 1 ? "" : "s");
+}
+
+bool HasNames(const std::vector<Argument>& arguments) {
+    return std::any_of(arguments.begin(), arguments.end(), [](const Argument& argument) {
+        return !argument.Name.empty();
+    });
+}
+
+/// The parameters of a built-in function: "String Start ?Length" has three.
+std::vector<std::string_view> NamesOf(std::string_view parameters) {
+    std::vector<std::string_view> names;
+    while (!parameters.empty()) {
+        const std::size_t end = std::min(parameters.find(' '), parameters.size());
+        std::string_view name = parameters.substr(0, end);
+        if (name.starts_with('?'))
+            name.remove_prefix(1);
+        if (!name.empty())
+            names.push_back(name);
+        parameters.remove_prefix(std::min(end + 1, parameters.size()));
+    }
+    return names;
+}
+
+constexpr std::size_t kMostShortCount = 254;
+constexpr std::size_t kMostArguments = 10'000;
+
+}  // namespace
+
+Operand ProcedureCompiler::EvaluateIndex(const Expression& expression, const IndexNode& node) {
+    if (const auto* name = std::get_if<NameNode>(&node.Target->Node))
+        return EvaluateIndexedName(expression, *name, node);
+    if (const auto* member = std::get_if<MemberNode>(&node.Target->Node))
+        return EvaluateMember(*node.Target, *member, &node.Arguments);
+    return ElementOf(Evaluate(*node.Target), node.Arguments, expression.Place);
+}
+
+Operand ProcedureCompiler::EvaluateIndexedName(
+    const Expression& expression, const NameNode& name, const IndexNode& node) {
+    const NameMeaning meaning = ResolveCallee(name.Name, name.Suffix);
+    switch (meaning.What) {
+        case NameMeaning::Kind::Variable:
+            return ElementOf(Load(meaning.Variable), node.Arguments, expression.Place);
+        case NameMeaning::Kind::Procedure:
+        case NameMeaning::Kind::External:
+        case NameMeaning::Kind::Builtin:
+            return CallSymbol(meaning, name.Name, node.Arguments, expression.Place, true);
+        case NameMeaning::Kind::Unknown:
+            Error(
+                compileerror::kNotDefined,
+                node.Target->Place,
+                "Sub, Function or array '" + name.Name + "' is not defined");
+            return Nothing();
+        case NameMeaning::Kind::Constant:
+        case NameMeaning::Kind::Extension:
+        case NameMeaning::Kind::ErrObject:
+        case NameMeaning::Kind::Type:
+            return ElementOf(
+                EvaluateSymbol(meaning, name.Name, expression.Place),
+                node.Arguments,
+                expression.Place);
+    }
+    return Nothing();
+}
+
+Operand ProcedureCompiler::ElementOf(
+    const Operand& target, const std::vector<Argument>& arguments, SourcePlace place) {
+    if (arguments.empty())
+        return target;
+    if (target.Type.IsArray)
+        return ArrayElement(target, arguments, place);
+    const bool mayHaveElements =
+        target.Type.Kind == DeclaredKind::Object ||
+        (target.Type.Kind == DeclaredKind::Variant && target.Constant == nullptr);
+    if (!mayHaveElements) {
+        Error(
+            compileerror::kOther,
+            place,
+            "An array, a procedure or an object is expected before '('");
+        return Nothing();
+    }
+    if (arguments.size() != 1 || !arguments[0].Value || !arguments[0].Name.empty())
+        return InvokeMember(target, {}, InvokeKind::Get, arguments, nullptr, true);
+    const Operand held = MayRunCode(*arguments[0].Value) ? Stable(target) : target;
+    const Register index = SlotOf(Evaluate(*arguments[0].Value));
+    Operand result;
+    result.Slot = m_code.TemporaryGeneric();
+    m_code.Emit(Opcode::ArrayGet, result.Slot, SlotOf(held), index);
+    return result;
+}
+
+Operand ProcedureCompiler::ArrayElement(
+    const Operand& target, const std::vector<Argument>& arguments, SourcePlace place) {
+    Operand result;
+    result.Type = target.Type;
+    result.Type.IsArray = false;
+    result.IsTyped = result.Type.Kind != DeclaredKind::Variant;
+    if (HasNames(arguments) ||
+        std::any_of(
+            arguments.begin(), arguments.end(), [](const Argument& a) { return !a.Value; })) {
+        Error(
+            compileerror::kOther,
+            place,
+            "The indices of an array have no names and none is left out");
+        return Nothing();
+    }
+    if (target.MakesObjects)
+        return CreatedElement(target, arguments);
+    const bool isPlain = IsPlain(result.Type);
+    if (arguments.size() == 1) {
+        const Operand held = MayRunCode(*arguments[0].Value) ? Stable(target) : target;
+        const Register index = LongSlotOf(Evaluate(*arguments[0].Value));
+        result.Slot = TemporaryFor(result.Type);
+        m_code.Emit(
+            isPlain ? Opcode::ArrayGetPlain : Opcode::ArrayGet, result.Slot, held.Slot, index);
+        return result;
+    }
+    Operand element = InvokeMember(target, {}, InvokeKind::Get, arguments, nullptr, true);
+    result.Slot = element.Slot;
+    if (isPlain) {
+        result.Slot = m_code.TemporaryPlain();
+        m_code.Emit(Opcode::MovePlain, result.Slot, element.Slot);
+    }
+    return result;
+}
+
+/// An element of an array declared with `As New`.
+Operand
+ProcedureCompiler::CreatedElement(const Operand& array, const std::vector<Argument>& arguments) {
+    Operand result;
+    result.Type = array.Type;
+    result.Type.IsArray = false;
+    result.IsTyped = true;
+    result.Slot = m_code.TemporaryGeneric();
+    const Register pin = m_code.TemporaryGeneric();
+    const Register reference = m_code.TemporaryGeneric();
+    ReferenceToElement(array, arguments, pin, reference);
+    m_code.Emit(Opcode::LoadReference, result.Slot, reference);
+    m_code.Emit(Opcode::Clear, pin);
+    return result;
+}
+
+bool ProcedureCompiler::BindArguments(
+    const std::string& name,
+    const std::vector<Argument>& arguments,
+    const std::vector<std::string_view>& parameters,
+    BoundArguments& bound,
+    SourcePlace place) {
+    bound.assign(parameters.size(), nullptr);
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const Argument& argument = arguments[i];
+        std::size_t position = i;
+        if (!argument.Name.empty()) {
+            const auto found =
+                std::find_if(parameters.begin(), parameters.end(), [&](std::string_view parameter) {
+                    return modTextCase::Equal(parameter, argument.Name);
+                });
+            position = static_cast<std::size_t>(found - parameters.begin());
+            if (found == parameters.end()) {
+                Error(448, place, "'" + name + "' has no argument named '" + argument.Name + "'");
+                return false;
+            }
+        }
+        if (position >= parameters.size()) {
+            Error(
+                compileerror::kOther,
+                place,
+                "'" + name + "' takes " + Plural(parameters.size(), "argument") + ", not " +
+                    std::to_string(arguments.size()));
+            return false;
+        }
+        if (bound[position] != nullptr) {
+            Error(449, place, "The argument '" + argument.Name + "' is given twice");
+            return false;
+        }
+        bound[position] = &argument;
+    }
+    return true;
+}
+
+Operand ProcedureCompiler::CallProcedure(
+    std::size_t index,
+    const std::vector<Argument>& arguments,
+    SourcePlace place,
+    bool wantsResult,
+    const Operand* newValue,
+    bool setsValue) {
+    const Procedure& callee = m_scope.Result->Procedures[index];
+    const std::size_t given = callee.Parameters.size() - (newValue != nullptr ? 1 : 0);
+    const bool hasRest = given > 0 && callee.Parameters[given - 1].IsParamArray;
+    const std::size_t single = given - (hasRest ? 1 : 0);
+    std::vector<std::string_view> names;
+    for (std::size_t i = 0; i < single; ++i)
+        names.push_back(callee.Parameters[i].Name);
+    const bool splits = hasRest && arguments.size() > single;
+    BoundArguments bound;
+    if (splits && HasNames(arguments)) {
+        Error(446, place, "Named arguments and a ParamArray cannot be used together");
+        return Nothing();
+    }
+    if (splits)
+        for (std::size_t i = 0; i < single; ++i)
+            bound.push_back(&arguments[i]);
+    else if (!BindArguments(callee.Name, arguments, names, bound, place))
+        return Nothing();
+
+    std::vector<AfterCall> after;
+    const Register first = m_code.PushArguments(callee.Parameters.size());
+    for (std::size_t i = 0; i < single; ++i)
+        PassArgument(
+            callee.Parameters[i], bound[i], static_cast<Register>(first + i), place, after);
+    if (hasRest)
+        PassRest(arguments, single, static_cast<Register>(first + single), after);
+    if (newValue != nullptr)
+        PassNewValue(
+            callee.Parameters[given], *newValue, setsValue, static_cast<Register>(first + given));
+    Operand result;
+    result.Type = callee.Result;
+    result.IsTyped = result.Type.Kind != DeclaredKind::Variant;
+    result.IsFresh = true;
+    if (wantsResult)
+        result.Slot = TemporaryFor(result.Type);
+    m_code.EmitTarget(Opcode::Call, result.Slot, index, first);
+    for (const AfterCall& entry : after)
+        if (entry.What != AfterCall::Kind::Unpin)
+            m_code.AddCopyBack(
+                entry.Reference,
+                entry.Slot,
+                entry.What == AfterCall::Kind::CopyElement ? entry.Element
+                                                           : ArgumentCopy::kNoElement);
+    m_code.PopArguments(callee.Parameters.size());
+    FinishArguments(after);
+    return result;
+}
+
+Operand ProcedureCompiler::CallSymbol(
+    const NameMeaning& meaning,
+    const std::string& name,
+    const std::vector<Argument>& arguments,
+    SourcePlace place,
+    bool wantsResult) {
+    if (meaning.What == NameMeaning::Kind::External)
+        return RefuseCall(name, arguments, place);
+    if (meaning.What == NameMeaning::Kind::Builtin)
+        return CallBuiltin(*meaning.Builtin, arguments, place, wantsResult);
+    const Symbol& symbol = *meaning.Symbol;
+    if (symbol.IsProperty && symbol.Get < 0) {
+        Error(compileerror::kOther, place, "The property '" + name + "' cannot be read");
+        return Nothing();
+    }
+    const auto index = symbol.IsProperty ? static_cast<std::size_t>(symbol.Get) : symbol.Index;
+    const Procedure& callee = m_scope.Result->Procedures[index];
+    if (wantsResult && callee.Kind == ProcedureKind::Sub) {
+        Error(compileerror::kOther, place, "'" + name + "' is a Sub and has no value");
+        return Nothing();
+    }
+    if (wantsResult && callee.Parameters.empty() && !arguments.empty())
+        return ElementOf(CallProcedure(index, {}, place, true), arguments, place);
+    return CallProcedure(index, arguments, place, wantsResult);
+}
+
+/// `Len` of what is declared as a number or a Type gives the bytes that it takes.
+std::optional<Operand> ProcedureCompiler::TryLength(
+    const BuiltinFunction& function, const std::vector<Argument>& arguments) {
+    const bool isLength = function.Name == "Len" || function.Name == "LenB";
+    if (!isLength || arguments.size() != 1 || !arguments[0].Value)
+        return std::nullopt;
+    const Expression& expression = *arguments[0].Value;
+    const PlaceInfo info = PlaceOf(expression);
+    const bool isRecord = info.Type.Kind == DeclaredKind::Record && !info.Type.IsArray;
+    if (!info.IsPlace || (!isRecord && !IsPlain(info.Type)))
+        return std::nullopt;
+    if (!info.IsVariable)
+        Evaluate(expression);  // there must be such an element
+    if (isRecord) {
+        const auto form =
+            function.Name == "Len" ? modRecordLayout::Form::File : modRecordLayout::Form::Memory;
+        // With an error among the declarations a Type may contain itself.
+        const bool isSound = m_scope.Messages.Errors.empty();
+        const std::int64_t size =
+            isSound ? modRecordLayout::SizeOf(*m_scope.Result, info.Type.Record, form) : 0;
+        return Fold(
+            Value::Long(static_cast<std::int32_t>(std::min<std::int64_t>(size, INT32_MAX))));
+    }
+    static constexpr std::int16_t kBytes[] = {0, 1, 2, 2, 4, 4, 8, 8, 8};
+    return Fold(Value::Long(kBytes[static_cast<std::size_t>(info.Type.Kind)]));
+}
+
+Operand ProcedureCompiler::CallBuiltin(
+    const BuiltinFunction& function,
+    const std::vector<Argument>& arguments,
+    SourcePlace place,
+    bool wantsResult) {
+    const std::string name(function.Name);
+    if (function.IsRefused)
+        m_scope.Messages.Warn(place, "'" + name + "' is refused: reaching it raises error 70");
+    if (auto length = TryLength(function, arguments))
+        return *length;
+    BoundArguments bound;
+    if (function.MostArguments() < 0) {
+        for (const Argument& argument : arguments)
+            bound.push_back(&argument);
+        if (HasNames(arguments) || arguments.size() > kMostArguments) {
+            Error(446, place, "'" + name + "' takes no named arguments, and not more than 10000");
+            return Nothing();
+        }
+    } else if (!BindArguments(name, arguments, NamesOf(function.Parameters), bound, place)) {
+        return Nothing();
+    }
+    const auto least = static_cast<std::size_t>(function.LeastArguments());
+    std::size_t count = bound.size();
+    while (count > least && bound[count - 1] == nullptr)
+        --count;
+    for (std::size_t i = 0; i < least; ++i)
+        if (i >= bound.size() || bound[i] == nullptr || !bound[i]->Value) {
+            Error(449, place, "'" + name + "' needs " + Plural(least, "argument"));
+            return Nothing();
+        }
+    if (function.Name == "DoEvents")
+        m_code.Emit(Opcode::Yield);
+    const Register first = m_code.PushArguments(count);
+    for (std::size_t i = 0; i < count; ++i)
+        EvaluateShared(bound[i], static_cast<Register>(first + i));
+    Operand result;
+    result.Type.Kind = function.Result;
+    result.IsTyped = function.Result != DeclaredKind::Variant;
+    result.IsFresh = true;
+    if (wantsResult)
+        result.Slot = TemporaryFor(result.Type);
+    const bool isShort = count <= kMostShortCount;
+    m_code.Emit(
+        Opcode::CallBuiltin,
+        result.Slot,
+        static_cast<Register>(m_scope.AddBuiltin(&function)),
+        first,
+        static_cast<std::uint8_t>(isShort ? count : 255));
+    if (!isShort)
+        m_code.EmitWide(Opcode::Jump, 0, static_cast<std::int64_t>(count));
+    m_code.PopArguments(count);
+    return result;
+}
+
+Operand ProcedureCompiler::RefuseCall(
+    const std::string& name, const std::vector<Argument>& arguments, SourcePlace) {
+    const std::size_t mark = m_code.TemporaryMark();
+    for (const Argument& argument : arguments)
+        if (argument.Value)
+            Evaluate(*argument.Value);
+    m_code.ReleaseTemporaries(mark);
+    m_code.EmitWide(Opcode::Refuse, 0, m_scope.AddConstant(Value::Text(name)));
+    Operand result;
+    result.Slot = m_code.TemporaryGeneric();
+    return result;
+}
+
+void ProcedureCompiler::On(const CallStatement& node, SourcePlace place) {
+    if (const auto* name = std::get_if<NameNode>(&node.Callee->Node)) {
+        const NameMeaning meaning = ResolveCallee(name->Name, name->Suffix);
+        const bool canBeCalled = meaning.What == NameMeaning::Kind::Procedure ||
+                                 meaning.What == NameMeaning::Kind::External ||
+                                 meaning.What == NameMeaning::Kind::Builtin;
+        if (canBeCalled)
+            CallSymbol(meaning, name->Name, node.Arguments, place, false);
+        else if (meaning.What == NameMeaning::Kind::Unknown)
+            Error(
+                compileerror::kNotDefined,
+                node.Callee->Place,
+                "Sub, Function or Property '" + name->Name + "' is not defined");
+        else if (meaning.What == NameMeaning::Kind::Extension)
+            EvaluateSymbol(meaning, name->Name, node.Callee->Place);
+        else
+            Error(
+                compileerror::kOther,
+                node.Callee->Place,
+                "'" + name->Name + "' is no procedure that could be called");
+        return;
+    }
+    if (const auto* member = std::get_if<MemberNode>(&node.Callee->Node)) {
+        EvaluateMember(*node.Callee, *member, &node.Arguments, false);
+        return;
+    }
+    const Operand target = Evaluate(*node.Callee);
+    if (!node.Arguments.empty())
+        InvokeMember(target, {}, InvokeKind::Call, node.Arguments, nullptr, false);
+}
+
+}  // namespace dorvik::basic

@@ -1,0 +1,148 @@
+#include "ProcedureCompiler.h"
+#include "base/modTextCase.h"
+
+#include <bit>
+
+namespace dorvik::basic {
+
+namespace {
+
+constexpr std::int32_t kNoSuchMember = 438;
+constexpr std::int32_t kWrongArgumentCount = 450;
+
+const ExtensionMember* FindMember(const ExtensionEntry& extension, const std::string& name) {
+    for (const ExtensionMember& member : extension.Extension->Members())
+        if (modTextCase::Equal(member.Name, name))
+            return &member;
+    return nullptr;
+}
+
+}  // namespace
+
+/// The extension that the name before a point stands for; null if it is anything else.
+const ExtensionEntry* ProcedureCompiler::ExtensionOf(const Expression* target) {
+    const auto* name = target != nullptr ? std::get_if<NameNode>(&target->Node) : nullptr;
+    return name != nullptr ? Resolve(name->Name, 0).Extension : nullptr;
+}
+
+/// Something that can be told now but must not keep the module from loading.
+Operand ProcedureCompiler::RaiseAtRun(std::int32_t number, SourcePlace place, std::string warning) {
+    m_scope.Messages.Warn(place, std::move(warning));
+    m_code.Emit(Opcode::Raise, static_cast<Register>(number));
+    Operand result;
+    result.Slot = m_code.TemporaryGeneric();
+    return result;
+}
+
+Operand ProcedureCompiler::CallExtension(
+    const ExtensionEntry& extension,
+    const std::string& name,
+    const std::vector<Argument>& arguments,
+    SourcePlace place,
+    bool wantsResult) {
+    const std::string full = extension.Prefix + "." + name;
+    const ExtensionMember* member = FindMember(extension, name);
+    if (member == nullptr)
+        return RaiseAtRun(
+            kNoSuchMember, place, "'" + full + "' does not exist: reaching it raises error 438");
+    const auto count = static_cast<std::size_t>(member->Parameters);
+    const bool isFunction =
+        wantsResult && std::popcount(member->OutParameters) == 1 && arguments.size() + 1 == count;
+    for (const Argument& argument : arguments)
+        if (!argument.Name.empty())
+            return RaiseAtRun(446, place, "'" + full + "' takes no named arguments: error 446");
+    if (!isFunction && (arguments.size() != count || wantsResult))
+        return RaiseAtRun(
+            kWrongArgumentCount,
+            place,
+            "'" + full + "' takes " + std::to_string(count) + " arguments, not " +
+                std::to_string(arguments.size()) +
+                ", and cannot be used so: reaching it raises error 450");
+
+    ExtensionCall call;
+    call.Extension = extension.Extension;
+    call.Member = static_cast<std::uint32_t>(member - extension.Extension->Members().data());
+    call.Parameters = static_cast<std::uint32_t>(count);
+    call.Result =
+        isFunction ? static_cast<std::uint32_t>(std::countr_zero(member->OutParameters)) : 0;
+    std::vector<OutArgument> outs;
+    std::vector<AfterCall> pins;
+    const Register first = m_code.PushArguments(count);
+    std::size_t next = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        const auto slot = static_cast<Register>(first + i);
+        if (isFunction && i == call.Result) {
+            m_code.Emit(Opcode::Clear, slot);
+            continue;
+        }
+        const Argument& argument = arguments[next++];
+        if ((member->OutParameters >> i & 1) == 0 || !PassOut(argument, slot, outs, pins))
+            EvaluateArgument(argument, slot);
+    }
+    call.KeepsArguments = !outs.empty();
+    m_scope.Result->ExtensionCalls.push_back(call);
+    Operand result;
+    result.IsFresh = true;
+    if (wantsResult)
+        result.Slot = m_code.TemporaryGeneric();
+    m_code.EmitTarget(
+        Opcode::CallExtension, result.Slot, m_scope.Result->ExtensionCalls.size() - 1, first);
+    for (const OutArgument& out : outs)
+        StoreOut(out);
+    if (call.KeepsArguments)
+        m_code.Emit(Opcode::ReleaseArguments, first, static_cast<Register>(count));
+    m_code.PopArguments(count);
+    FinishArguments(pins);
+    return result;
+}
+
+/// Puts the present value of an out argument into its slot and remembers where the new one goes.
+/// False if it is no variable: then the new value is lost.
+bool ProcedureCompiler::PassOut(
+    const Argument& argument,
+    Register slot,
+    std::vector<OutArgument>& outs,
+    std::vector<AfterCall>& pins) {
+    if (!argument.Value || argument.IsByVal)
+        return false;
+    const Expression& expression = WithoutEmptyParentheses(*argument.Value);
+    OutArgument out;
+    out.Place = PlaceOf(expression);
+    if (!out.Place.IsPlace)
+        return false;
+    out.Slot = slot;
+    if (out.Place.Type.Kind == DeclaredKind::Record || out.Place.Type.IsArray) {
+        Error(
+            compileerror::kOther,
+            expression.Place,
+            "An array or a value of a Type cannot be an out argument");
+        return false;
+    }
+    if (out.Place.IsVariable) {
+        MoveCopy(Load(out.Place.Variable), slot);
+    } else {
+        out.Reference = m_code.TemporaryGeneric();
+        ReferenceTo(expression, out.Place, out.Reference, pins);
+        const Register present = m_code.TemporaryGeneric();
+        m_code.Emit(Opcode::LoadReference, present, out.Reference);
+        m_code.Emit(Opcode::DeepCopy, slot, present);
+    }
+    outs.push_back(out);
+    return true;
+}
+
+void ProcedureCompiler::StoreOut(const OutArgument& out) {
+    Operand value;
+    value.Slot = out.Slot;
+    value.IsFresh = true;
+    const bool isObject = out.Place.Type.Kind == DeclaredKind::Object;
+    const bool isVariant = out.Place.Type.Kind == DeclaredKind::Variant;
+    // An object in a Variant stays the object; no default member is asked for.
+    value.IsTyped = isVariant;
+    if (out.Place.IsVariable)
+        StoreVariable(out.Place.Variable, value, isObject);
+    else
+        StoreReference(out.Reference, value, out.Place.Type, isObject);
+}
+
+}  // namespace dorvik::basic

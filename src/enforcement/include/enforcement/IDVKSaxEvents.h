@@ -1,0 +1,50 @@
+#pragma once
+
+#include "basic/values/Value.h"
+
+#include <string>
+#include <string_view>
+
+namespace dorvik {
+
+/// Receives what rule scripts ask for through the prefix "Dorvik.". The names are those under which
+/// scripts call them. An operation may raise a `BasicError`, which the script can trap.
+class IDVKSaxEvents {
+public:
+    virtual ~IDVKSaxEvents() = default;
+
+    virtual void ApplyConvention() = 0;
+    virtual void CancelPendingViolation() = 0;
+    virtual void RaiseViolation() = 0;
+    virtual void DebugPrint(std::string_view text) = 0;
+    virtual void DumpObject(std::string_view objectName) = 0;
+    /// `value` becomes the property's value, or the empty text if it cannot be found. True: until the next event,
+    /// whoever asks the same gets the same, and nothing else happens.
+    virtual bool GetObjectProperty(
+        std::string_view objectName, std::string_view propertyName, basic::Value& value) = 0;
+    /// Keeps the answer to a question for `KeptAnswer`, until the next event.
+    virtual void KeepAnswer(
+        const basic::Value& /*objectName*/,
+        const basic::Value& /*propertyName*/,
+        const basic::Value& /*value*/) {}
+    /// The answer that was kept for the same two texts; null if there is none.
+    virtual const basic::Value*
+    KeptAnswer(const basic::Value& /*objectName*/, const basic::Value& /*propertyName*/) const {
+        return nullptr;
+    }
+    virtual basic::Value GetParserEvent() = 0;  // its name, a text
+    /// The same if it has been asked for at this event before, otherwise null.
+    virtual const basic::Value* KeptParserEvent() const { return nullptr; }
+    /// Leaves `value` alone when the object is not in scope.
+    virtual void GetObjectWorkField(
+        std::string_view objectName, std::string_view workfieldName, basic::Value& value) = 0;
+    virtual bool IsClassName(std::string_view name) = 0;
+    virtual bool IsFormName(std::string_view name) = 0;
+    virtual bool ObjectHasProperty(std::string_view objectName, std::string_view propertyName) = 0;
+    virtual bool
+    ObjectHasWorkfield(std::string_view objectName, std::string_view workfieldName) = 0;
+    virtual void SetObjectWorkField(
+        std::string_view objectName, std::string_view workfieldName, const basic::Value& value) = 0;
+};
+
+}  // namespace dorvik

@@ -1,0 +1,20 @@
+#include "foundation/lists/StringArrayList.h"
+
+#include "base/modTextCase.h"
+
+#include <algorithm>
+
+namespace dorvik {
+
+void StringArrayList::Sort() {
+    Trap({"StringArrayList", "Sort"}, [this] {
+        for (std::string* next = Begin(); next != End(); ++next) {
+            std::string* const place = std::find_if(Begin(), next, [&](const std::string& sorted) {
+                return modTextCase::Compare(sorted, *next) >= 0;
+            });
+            std::rotate(place, next, next + 1);
+        }
+    });
+}
+
+}  // namespace dorvik

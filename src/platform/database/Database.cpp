@@ -1,0 +1,222 @@
+#include "platform/database/Database.h"
+
+#include "Connection.h"
+#include "JetReader.h"
+#include "RecordsetState.h"
+#include "base/BasicError.h"
+#include "platform/host/FileInUse.h"
+#include "platform/host/FileInUseMark.h"
+#include "platform/host/HostFile.h"
+#include "platform/host/OutputRefusal.h"
+#include "platform/host/UnfinishedFile.h"
+#include "platform/host/modFiles.h"
+
+#include <array>
+#include <cerrno>
+#include <unistd.h>
+#include <vector>
+
+namespace dorvik {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Behind the name of a file while it is being copied; the process and a number follow.
+constexpr std::string_view kNewCopy = "-new";
+constexpr std::string_view kLock = "-lock";
+
+/// The files that the engine opens beside a database.
+constexpr std::array<std::string_view, 3> kOfEngine = {"-wal", "-shm", "-journal"};
+
+/// Raises for a place that cannot exist on this machine.
+fs::path PossiblePlace(std::string_view path) {
+    fs::path file = modFiles::HostPath(path);
+    if (file.empty()) {
+        RaiseHostError(ENOENT, file, path);
+    }
+    return file;
+}
+
+fs::path Beside(const fs::path& file, std::string_view companion) {
+    return file.native() + std::string(companion);
+}
+
+/// The copies of a file that processes left behind which were killed, and those under way.
+std::vector<fs::path> CopiesOf(const fs::path& file) {
+    std::vector<fs::path> copies;
+    const std::string beginning = Beside(file.filename(), kNewCopy).string();
+    const fs::path folder = file.has_parent_path() ? file.parent_path() : ".";
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        if (entry->path().filename().string().starts_with(beginning)) {
+            copies.push_back(entry->path());
+        }
+    }
+    return copies;
+}
+
+/// The engine opens the companions of the file that a link leads to.
+void NeedPlainCompanions(const fs::path& file) {
+    std::error_code error;
+    const fs::path real = fs::canonical(file, error);
+    for (const std::string_view companion : kOfEngine) {
+        modObstacles::NeedFile(Beside(error ? file : real, companion));
+    }
+}
+
+}  // namespace
+
+Database::Database() = default;
+Database::Database(Database&&) noexcept = default;
+Database& Database::operator=(Database&& other) noexcept {
+    if (this != &other) {
+        Close();
+        m_connection = std::move(other.m_connection);
+    }
+    return *this;
+}
+Database::~Database() {
+    Close();
+}
+
+void Database::Open(std::string_view path) {
+    Close();
+    if (!modFiles::FileExists(path)) {
+        throw BasicError(
+            databaseerror::kFileNotFound, "Could not find file '" + std::string(path) + "'.");
+    }
+    const fs::path file = modFiles::HostPath(path);
+    NeedPlainCompanions(file);
+    m_connection = std::make_shared<Connection>(file);
+    SetPatience(kPatience);
+}
+
+bool Database::IsOpen() const {
+    return m_connection != nullptr;
+}
+
+void Database::Close() {
+    if (m_connection != nullptr) {
+        m_connection->Close();
+        m_connection.reset();
+    }
+}
+
+void Database::CloseUntouched() {
+    if (m_connection != nullptr) {
+        m_connection->CloseUntouched();
+        m_connection.reset();
+    }
+}
+
+void Database::SetPatience(std::chrono::milliseconds patience) {
+    Store().SetPatience(patience);
+}
+
+Connection& Database::Store() const {
+    if (m_connection == nullptr) {
+        throw BasicError(databaseerror::kObjectInvalid, "Object invalid or no longer set.");
+    }
+    return *m_connection;
+}
+
+Recordset Database::OpenRecordset(std::string_view sql, RecordsetType type, SqlValues values) {
+    auto [text, literals] = Store().Understand(sql, std::move(values));
+    if (!text->Translation.IsQuery) {
+        throw BasicError(databaseerror::kSyntax, "SQL text returns no rows: " + std::string(sql));
+    }
+    if (type == RecordsetType::Snapshot) {
+        return Recordset(std::make_unique<SnapshotState>(
+            m_connection, text->Translation.Sql, std::move(literals)));
+    }
+    if (text->Table == nullptr) {
+        throw BasicError(
+            databaseerror::kReadOnly, "Rows of this query cannot be updated: " + std::string(sql));
+    }
+    return Recordset(
+        std::make_unique<DynasetState>(m_connection, std::move(text), std::move(literals)));
+}
+
+void Database::Execute(std::string_view sql, SqlValues values) {
+    const auto [text, literals] = Store().Understand(sql, std::move(values));
+    if (text->Translation.IsQuery) {
+        throw BasicError(databaseerror::kSyntax, "SQL text changes nothing: " + std::string(sql));
+    }
+    const auto statement = Store().Lease(text->Translation.Sql);
+    statement->BindAll(literals);
+    Store().Write(*statement);
+}
+
+void Database::EnsureIndex(
+    std::string_view name, std::string_view table, const std::vector<std::string>& columns) {
+    std::string sql = "CREATE INDEX IF NOT EXISTS " + modJetSql::Bracketed(name) + " ON " +
+                      modJetSql::Bracketed(table);
+    std::string separator = " (";
+    for (const std::string& column : columns) {
+        sql += separator + modJetSql::Bracketed(column);
+        separator = ", ";
+    }
+    Store().BeginReading();  // the state held between two writes would keep the index out
+    PreparedStatement statement(Store().Engine(), sql + ')');
+    Store().Write(statement);
+}
+
+void Database::AnalyseIndexes() {
+    Store().BeginReading();
+    // So many entries of an index are looked at, whatever its size.
+    PreparedStatement(Store().Engine(), "PRAGMA analysis_limit = 1000").Run();
+    PreparedStatement statement(Store().Engine(), "ANALYZE");
+    Store().Write(statement);
+}
+
+void Database::NeedRoom(std::string_view path) {
+    const fs::path file = PossiblePlace(path);
+    for (const std::string_view companion : {std::string_view(), kNewCopy, kLock}) {
+        modObstacles::NeedFile(Beside(file, companion));
+    }
+    NeedPlainCompanions(file);
+}
+
+std::shared_ptr<FileInUseMark> Database::Reserve(std::string_view path, std::string_view holder) {
+    return FileInUseMark::SetAlone(Beside(PossiblePlace(path), kLock), holder);
+}
+
+void Database::CopyFile(std::string_view from, std::string_view to) {
+    static int counter = 0;
+    const std::string copy = std::string(to) + std::string(kNewCopy) + "-" +
+                             std::to_string(::getpid()) + "-" + std::to_string(++counter);
+    const UnfinishedFile unfinished(copy);
+    modFiles::CopyFile(from, copy);
+    std::error_code error;
+    fs::rename(modFiles::HostPath(copy), modFiles::HostPath(to), error);
+    if (error) {
+        modFiles::DeleteFile(copy);
+        RaiseRuntimeError(runtimeerror::kPathFileAccess, std::string(to));
+    }
+}
+
+void Database::DeleteFile(std::string_view path) {
+    const fs::path host = modFiles::HostPath(path);
+    if (host.empty()) {
+        return;
+    }
+    if (modFiles::FileExists(path) && FileInUseMark::IsInUse(host)) {
+        throw FileInUse(host);
+    }
+    for (const fs::path& copy : CopiesOf(host)) {
+        std::error_code ignored;  // it is in nobody's way
+        fs::remove(copy, ignored);
+    }
+    // In this order a process killed in between leaves a file that opens, and never a log that the next file
+    // of this name would take for its own: the journal, which only a file being changed has, goes last.
+    for (const std::string_view companion : {"-wal", "-shm", "", "-journal"}) {
+        const std::string file = std::string(path) + std::string(companion);
+        if (modFiles::FileExists(file)) {
+            modFiles::DeleteFile(file);
+        }
+    }
+}
+
+}  // namespace dorvik

@@ -1,0 +1,167 @@
+#include "platform/host/FileInUseMark.h"
+
+#include "base/modUtf8.h"
+#include "platform/host/FileInUse.h"
+#include "platform/host/HostFile.h"
+#include "platform/host/OutputRefusal.h"
+
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <fcntl.h>
+#include <map>
+#include <string>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+#include <utility>
+
+namespace dorvik {
+
+namespace {
+
+using FileIdentity = std::pair<dev_t, ino_t>;
+
+/// The marks of this process. Closing any descriptor of a file drops all record locks that the process
+/// holds on it, those of the database engine too; so a marked file is never opened and closed again here.
+std::map<FileIdentity, std::weak_ptr<FileInUseMark>>& MarksOfThisProcess() {
+    static std::map<FileIdentity, std::weak_ptr<FileInUseMark>> marks;
+    return marks;
+}
+
+FileIdentity IdentityOf(const std::filesystem::path& file) {
+    struct stat status {};
+    return ::stat(file.c_str(), &status) == 0 ? FileIdentity{status.st_dev, status.st_ino}
+                                              : FileIdentity{0, 0};
+}
+
+FileIdentity IdentityOf(int descriptor) {
+    struct stat status {};
+    return ::fstat(descriptor, &status) == 0 ? FileIdentity{status.st_dev, status.st_ino}
+                                             : FileIdentity{0, 0};
+}
+
+/// True where another process holds a lock on the bytes that SQLite locks.
+bool HasEngineLock(int descriptor) {
+    struct flock lock {};
+    lock.l_type = F_WRLCK;
+    lock.l_whence = SEEK_SET;
+    lock.l_start = 0x40000000;  // the lock bytes stand at a fixed place, whatever the file's size
+    lock.l_len = 512;
+    return ::fcntl(descriptor, F_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
+}
+
+/// Nothing waits at a pipe.
+constexpr int kAnyFile = O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+
+/// A descriptor of the file of a mark that is to be the caller's alone.
+int OpenOwn(const std::filesystem::path& file) {
+    constexpr mode_t kReadableByAll = 0666;  // less the user's mask
+    modObstacles::NeedFile(file);
+    const int use = kAnyFile | O_NOFOLLOW;
+    int descriptor = ::open(file.c_str(), O_RDWR | O_CREAT | use, kReadableByAll);
+    const int reason = errno;
+    if (descriptor < 0 && reason == EACCES) {
+        descriptor = ::open(file.c_str(), O_RDONLY | use);  // one that another user left behind
+    }
+    if (descriptor < 0) {
+        RaiseHostError(reason, file, file.string());
+    }
+    return descriptor;
+}
+
+/// Who holds the file. The text comes a moment after the lock.
+std::string HolderIn(int descriptor) {
+    constexpr int kLooks = 20;
+    constexpr auto kPause = std::chrono::milliseconds(5);
+    std::array<char, 200> bytes{};
+    ssize_t count = 0;
+    for (int look = 0; look < kLooks && count <= 0; ++look) {
+        if (look > 0) {
+            std::this_thread::sleep_for(kPause);
+        }
+        count = ::pread(descriptor, bytes.data(), bytes.size(), 0);
+    }
+    std::string text(bytes.data(), count > 0 ? static_cast<std::size_t>(count) : 0);
+    // Anything may stand in a file of that name.
+    const auto isControl = [](char character) {
+        return static_cast<unsigned char>(character) < ' ' || character == '\x7f';
+    };
+    std::erase_if(text, isControl);
+    return modUtf8::IsValid(text) ? text : std::string();
+}
+
+void WriteHolder(int descriptor, std::string_view holder) {
+    std::string text = "process " + std::to_string(::getpid());
+    text += holder;
+    // On a full disk nobody learns who it is; the lock holds all the same.
+    const bool isWritten =
+        ::ftruncate(descriptor, 0) == 0 &&
+        ::pwrite(descriptor, text.data(), text.size(), 0) == static_cast<ssize_t>(text.size());
+    static_cast<void>(isWritten);
+}
+
+}  // namespace
+
+std::shared_ptr<FileInUseMark>
+FileInUseMark::SetAlone(const std::filesystem::path& file, std::string_view holder) {
+    constexpr int kMostTries = 100;  // there are file systems that number a file anew at each look
+    for (int attempt = 1;; ++attempt) {
+        const int descriptor = OpenOwn(file);
+        if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+            const std::string other = HolderIn(descriptor);
+            ::close(descriptor);
+            throw FileInUse(file, other);
+        }
+        // The last holder may have deleted it since it was opened.
+        if (IdentityOf(descriptor) == IdentityOf(file) || attempt == kMostTries) {
+            WriteHolder(descriptor, holder);
+            return std::shared_ptr<FileInUseMark>(new FileInUseMark(descriptor, file));
+        }
+        ::close(descriptor);
+    }
+}
+
+std::shared_ptr<FileInUseMark> FileInUseMark::Set(const std::filesystem::path& file) {
+    const auto identity = IdentityOf(file);
+    auto& marks = MarksOfThisProcess();
+    std::erase_if(marks, [](const auto& entry) { return entry.second.expired(); });
+    if (const auto found = marks.find(identity); found != marks.end()) {
+        return found->second.lock();
+    }
+    const int descriptor = ::open(file.c_str(), O_RDONLY | kAnyFile);
+    if (descriptor < 0) {
+        return nullptr;
+    }
+    ::flock(descriptor, LOCK_SH | LOCK_NB);
+    std::shared_ptr<FileInUseMark> mark(new FileInUseMark(descriptor));
+    marks[identity] = mark;
+    return mark;
+}
+
+bool FileInUseMark::IsInUse(const std::filesystem::path& file) {
+    const auto& marks = MarksOfThisProcess();
+    if (const auto found = marks.find(IdentityOf(file));
+        found != marks.end() && !found->second.expired()) {
+        return true;
+    }
+    const int descriptor = ::open(file.c_str(), O_RDONLY | kAnyFile);
+    if (descriptor < 0) {
+        return false;
+    }
+    const bool isMarked = ::flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    const bool isInUse = isMarked || HasEngineLock(descriptor);
+    ::close(descriptor);
+    return isInUse;
+}
+
+FileInUseMark::~FileInUseMark() {
+    // As long as the lock is held nobody else deletes the file or puts another into its place.
+    if (!m_own.empty() && IdentityOf(m_descriptor) == IdentityOf(m_own)) {
+        ::unlink(m_own.c_str());
+    }
+    ::close(m_descriptor);
+}
+
+}  // namespace dorvik

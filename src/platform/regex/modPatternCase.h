@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/regex/CharacterSet.h"
+
+/// Which characters a pattern takes for the same when case is ignored. ECMAScript compares the capital
+/// letters, with three exceptions: a letter whose capital is written with several characters
+/// stays itself, and so do a letter outside ASCII whose capital lies in ASCII (the long s is no "s") and
+/// everything above U+FFFF.
+namespace dorvik::modPatternCase {
+
+/// The form in which characters are compared.
+char32_t Canonical(char32_t character);
+
+/// The characters that equal one of the set. The set itself is among them.
+CharacterSet WithAllCases(const CharacterSet& set);
+
+}  // namespace dorvik::modPatternCase

@@ -1,0 +1,207 @@
+#include "BatchReport.h"
+
+#include "criteria/ProgressInfo.h"
+#include "criteria/ReviewCriteria.h"
+#include "foundation/text/modUtilFunctions.h"
+#include "platform/host/modHost.h"
+#include "reports/classic/ReportsEngine.h"
+#include "reports/format/modPassRate.h"
+#include "reports/format/modReportFormat.h"
+#include "reports/format/modReportLinks.h"
+#include "reports/format/modSortIndex.h"
+#include "results/UnfinishedFiles.h"
+
+namespace dorvik {
+
+namespace {
+
+constexpr std::int32_t kProjectItem = 1;
+constexpr std::int32_t kActionGeneratingReport = 3;
+
+std::string Sum(std::int64_t sum) {
+    return ReportsEngine::FormatNumber(static_cast<double>(sum));
+}
+
+void InsertDashes(HTMLHelper2& html) {
+    for (int column = 0; column < 3; ++column) {
+        html.InsertTableCell("-");
+    }
+}
+
+}  // namespace
+
+BatchReport::BatchReport(
+    ReportsEngine& engine, const ReviewCriteria& criteria, ProgressInfo& progress)
+    : m_engine(engine), m_criteria(criteria), m_progress(progress) {}
+
+void BatchReport::Write() {
+    m_progress.BeginBatchReport();
+    m_progress.SetAction(kActionGeneratingReport);
+    WriteHead();
+    WriteSummary();
+    WriteProjects();
+    WriteCounts();
+    WriteTotals();
+    WriteCriteria();
+    m_html.EndDocument();
+    m_engine.SaveReport(
+        m_html,
+        m_criteria.BatchFilenameOrDefault(),
+        ReportKind::BatchSummary,
+        m_criteria.FixedFolderReports());
+}
+
+void BatchReport::WriteHead() {
+    m_html.StartDocument("Dorvik Batch Summary Report", m_engine.GetStyleSheet());
+    m_html.InsertBlankLine();
+    m_html.InsertQuickTag("h1", m_criteria.BatchTitle());
+    m_html.InsertQuickTag("h2", "Dorvik Batch Summary Report");
+    m_html.InsertQuickTag(
+        "h3", "Review Performed: " + modReportFormat::FormatLongDate(m_criteria.ReviewStarted()));
+}
+
+void BatchReport::WriteSummary() {
+    const DateTime end = modHost::Now();
+    ReviewSummaryInfo info;
+    info.Heading = "Batch";
+    info.Value = modReportLinks::PathText(m_criteria.BatchFilename());
+    info.ReviewedBy = modHost::LogonName();
+    info.ReviewStart = modReportFormat::FormatGeneralDate(m_criteria.ReviewStarted());
+    info.ReviewEnd = modReportFormat::FormatGeneralDate(end);
+    info.ReviewDuration = modReportFormat::FormatDuration(m_criteria.ReviewStarted(), end);
+    ReportsEngine::InsertReviewSummaryInfo(m_html, info);
+}
+
+void BatchReport::WriteProjects() {
+    m_html.StartTag("h3", {"id", "ProjectStatistics"});
+    m_html.TagValue("Project Statistics");
+    m_html.EndTag("h3");
+    m_html.StartTag("table", {"cellspacing", "0"});
+    m_html.StartTag("tr");
+    for (const std::string_view heading : {"Project", "Verdict", "Violations", "Impact", "Lines"}) {
+        m_html.InsertTableHeading(heading, "20%");
+    }
+    m_html.EndTag("tr");
+    const auto& projects = m_criteria.ProjectList();
+    for (const std::int32_t position : modSortIndex::MakeSortIndex(projects)) {
+        if (projects.Selected(position)) {
+            WriteProject(*projects.Item(position));
+        }
+    }
+}
+
+void BatchReport::WriteProject(const VirtualProject& project) {
+    const std::string name = modUtilFunctions::FilenameFromFullPathName(project.Filename());
+    m_html.StartTag("tr");
+    if (m_engine.OpenResultsDatabase(project, m_criteria, m_results) &&
+        !m_results->GetReviewData().End.IsZero()) {
+        WriteReviewedProject(project, name);
+    } else {
+        WriteFailedProject(name);
+        ++m_errors;
+    }
+    m_html.EndTag("tr");
+}
+
+void BatchReport::WriteFailedProject(const std::string& name) {
+    m_html.InsertTableCell(name, "left");
+    m_html.InsertTableCell("Error", "left", "error");
+    InsertDashes(m_html);
+}
+
+void BatchReport::WriteReviewedProject(const VirtualProject& project, const std::string& name) {
+    const BasicObject details = m_results->GetProjectDetails(/*ignoreFilter=*/true);
+    const auto violations = m_results->GetViolationStats(kProjectItem, details.ObjectID);
+    const auto lines = m_results->GetLineStats(kProjectItem, details.ObjectID);
+    if (m_criteria.ReportOption() > 0) {
+        m_html.InsertHyperLinkedTableCell(name, HrefOfProject(project.Filename()), "left");
+    } else {
+        m_html.InsertTableCell(name, "left");
+    }
+    // Required: whether any tolerance is set is not asked, so without one every project passes.
+    const bool passes = m_results->TolerancePass(kProjectItem, 0);
+    if (passes && !UnfinishedFiles::ReadFrom(*m_results).InPart.empty()) {
+        // Figures of a part are no reason to pass.
+        m_html.InsertTableCell("Incomplete", {}, "error");
+        ++m_errors;
+    } else if (passes) {
+        m_html.InsertTableCell("Pass", {}, "pass");
+        ++m_passed;
+    } else {
+        m_html.InsertTableCell("Fail", {}, "fail");
+        ++m_failed;
+    }
+    m_html.InsertTableCell(ReportsEngine::FormatNumber(violations.TotalViolations()));
+    m_html.InsertTableCell(ReportsEngine::FormatNumber(violations.TotalImpact()));
+    m_html.InsertTableCell(ReportsEngine::FormatNumber(lines.TotalLines()));
+    m_violations += violations.TotalViolations();
+    m_impact += violations.TotalImpact();
+    m_lines += lines.TotalLines();
+}
+
+std::string BatchReport::HrefOfProject(const std::string& projectFile) const {
+    const std::string folder = ReportsFolder();
+    const std::string report =
+        modDorvikUtils::CreateReportFilename(projectFile, ReportKind::Project, folder);
+    return folder.empty()
+               ? modReportLinks::HrefOfPath(report)
+               : modReportLinks::HrefOfFile(modUtilFunctions::FilenameFromFullPathName(report));
+}
+
+void BatchReport::WriteCounts() {
+    m_html.StartTag("tr", {"class", "totalsline"});
+    m_html.StartTag("td", {"colspan", "5"});
+    m_html.TagValue("&nbsp;");
+    m_html.EndTag("td");
+    m_html.EndTag("tr");
+    WriteCount("Total Passed", m_passed, "pass");
+    WriteCount("Total Failed", m_failed, "fail");
+    WriteCount("Total Errors", m_errors, "error");
+}
+
+void BatchReport::WriteCount(
+    std::string_view label, std::int32_t value, std::string_view className) {
+    m_html.StartTag("tr");
+    m_html.InsertTableCell(label, "left");
+    m_html.InsertTableCell(ReportsEngine::FormatNumber(value), {}, className);
+    InsertDashes(m_html);
+    m_html.EndTag("tr");
+}
+
+void BatchReport::WriteTotals() {
+    m_html.StartTag("tr", {"class", "totalsline"});
+    m_html.InsertTableCell("TOTALS", "left");
+    m_html.InsertTableCell(modPassRate::Text(m_passed, m_failed, m_errors), "center");
+    m_html.InsertTableCell(Sum(m_violations));
+    m_html.InsertTableCell(Sum(m_impact));
+    m_html.InsertTableCell(Sum(m_lines));
+    m_html.EndTag("tr");
+    m_html.EndTag("table");
+    m_html.InsertBlankLine();
+}
+
+void BatchReport::WriteCriteria() {
+    const RulebaseLoadCriteria& load = m_criteria.LoadCriteria();
+    const CategoryList& all = m_engine.Categories();
+    CategoryList included;
+    for (std::int32_t index = 1; index <= all.Count(); ++index) {
+        if (!load.IsExcludedCategoryID(all.Item(index)->ID())) {
+            included.Add(all.Item(index), /*newItem=*/false);
+        }
+    }
+    ReviewCriteriaInfo info{
+        load,
+        "Review Information",
+        ReviewCriteriaInfo::kNoRuleCount,
+        ReviewCriteriaInfo::kNoRuleCount,
+        included,
+        m_criteria.Tolerances()};
+    info.ReviewedFiles = 1;
+    m_engine.InsertReviewCriteriaTable(m_html, info);
+}
+
+std::string BatchReport::ReportsFolder() const {
+    return m_criteria.UseProjectFolderReports() ? std::string() : m_criteria.FixedFolderReports();
+}
+
+}  // namespace dorvik

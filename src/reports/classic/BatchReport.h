@@ -1,0 +1,57 @@
+#pragma once
+
+#include "reports/format/HTMLHelper2.h"
+#include "results/ResultsDB.h"
+#include "source/ViolationStatistics.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace dorvik {
+
+class ProgressInfo;
+class ReportsEngine;
+class ReviewCriteria;
+class VirtualProject;
+
+/// Writes the one page about all projects of a batch. Serves for one page.
+class BatchReport {
+public:
+    /// REQUIRES: all of them outlive this.
+    BatchReport(ReportsEngine& engine, const ReviewCriteria& criteria, ProgressInfo& progress);
+
+    /// Raises what goes wrong; nothing is written then.
+    void Write();
+
+private:
+    void WriteHead();
+    void WriteSummary();
+    void WriteProjects();
+    void WriteProject(const VirtualProject& project);
+    void WriteFailedProject(const std::string& name);
+    void WriteReviewedProject(const VirtualProject& project, const std::string& name);
+    std::string HrefOfProject(const std::string& projectFile) const;
+    void WriteCounts();
+    void WriteCount(std::string_view label, std::int32_t value, std::string_view className);
+    void WriteTotals();
+    void WriteCriteria();
+    /// Empty where the reports go beside the projects.
+    std::string ReportsFolder() const;
+
+    ReportsEngine& m_engine;
+    const ReviewCriteria& m_criteria;
+    ProgressInfo& m_progress;
+    HTMLHelper2 m_html;
+    std::unique_ptr<ResultsDB> m_results;  // of the project at hand; closes when the next one comes
+    std::int32_t m_passed = 0;
+    std::int32_t m_failed = 0;
+    std::int32_t m_errors = 0;
+    // Of all projects; 64 bits, because each project alone may fill 32.
+    std::int64_t m_violations = 0;
+    std::int64_t m_impact = 0;
+    std::int64_t m_lines = 0;
+};
+
+}  // namespace dorvik

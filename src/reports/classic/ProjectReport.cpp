@@ -1,0 +1,321 @@
+#include "ProjectReport.h"
+
+#include "criteria/ProgressInfo.h"
+#include "foundation/text/modUtilFunctions.h"
+#include "reports/classic/ReportsEngine.h"
+#include "reports/format/modPassRate.h"
+#include "reports/format/modReportFormat.h"
+#include "reports/format/modReportLinks.h"
+#include "source/VirtualProject.h"
+#include "source/modDorvikUtils.h"
+
+namespace dorvik {
+
+namespace {
+
+constexpr std::int32_t kProjectItem = 1;
+constexpr std::int32_t kFileItem = 2;
+constexpr std::int32_t kWholeDatabase = -1;
+constexpr std::int32_t kActionGeneratingReport = 3;
+constexpr std::string_view kNotAvailable = "N/A";
+
+std::string Figure(std::int32_t value) {
+    return ReportsEngine::FormatNumber(value);
+}
+
+std::string ViolationsRatio(std::int32_t violations, std::int32_t lines) {
+    const double ratio = lines < 1 ? 0 : static_cast<double>(violations) / lines;
+    return ReportsEngine::FormatNumber(ratio, 2, false);
+}
+
+std::string PercentageComments(const SourceLineStatistics& lines) {
+    const auto comments =
+        static_cast<std::int64_t>(lines.CommentOnlyLines()) + lines.InLineCommentLines();
+    const std::int64_t base = comments + lines.CodeLines();
+    return modReportFormat::FormatPercent(
+        base < 1 ? 0 : static_cast<double>(comments) / static_cast<double>(base));
+}
+
+}  // namespace
+
+ProjectReport::ProjectReport(
+    ReportsEngine& engine,
+    ResultsDB& results,
+    ProgressInfo& progress,
+    const ProjectReportOrder& order)
+    : m_engine(engine), m_results(results), m_progress(progress), m_order(order) {}
+
+bool ProjectReport::Write() {
+    m_files = m_results.GetProjectSourceFileList(/*includeAll=*/true, /*sortByFilename=*/true);
+    m_progress.SetAction(kActionGeneratingReport);
+    m_progress.BeginSourceFiles(static_cast<std::int32_t>(m_files.size()));
+    if (m_engine.UpdateProgressDisplay(m_progress, ReportsEngine::kProjectReportState)) {
+        return false;
+    }
+    ReadReview();
+    WriteHead();
+    WriteContents();
+    WriteTables();
+    if (!WriteFiles()) {
+        return false;
+    }
+    WriteCounts();
+    WriteTotals();
+    WriteCriteria();
+    m_html.EndDocument();
+    m_engine.SaveReport(m_html, m_order.ProjectFile, ReportKind::Project, m_order.ReportsFolder);
+    return true;
+}
+
+void ProjectReport::ReadReview() {
+    m_criteria = m_results.GetReviewCriteria();
+    m_review = m_results.GetReviewData();
+    m_project = m_results.GetProjectDetails(/*ignoreFilter=*/true);
+    m_violations = m_results.GetViolationStats(kProjectItem, m_project.ObjectID);
+    m_lines = m_results.GetLineStats(kProjectItem, m_project.ObjectID);
+    // A review without an end is incomplete, and shows no verdict.
+    m_tolerancesSet = !m_review.End.IsZero() && ReportsEngine::TolerancesSet(m_criteria.Tolerances);
+    m_unfinished = UnfinishedFiles::ReadFrom(m_results);
+    if (m_tolerancesSet) {
+        m_passed = m_results.TolerancePass(kProjectItem, 0, m_failures);
+    }
+    RulebaseLoadCriteria& load = m_criteria.LoadCriteria;
+    load.SetRulebaseTitle(m_review.RulebaseTitle);
+    load.SetRulebaseVersion(m_review.RulebaseVersion);
+    load.SetRulebaseFile(m_order.RulebaseFile);
+}
+
+void ProjectReport::WriteHead() {
+    const std::string name = modUtilFunctions::FilenameFromFullPathName(m_order.ProjectFile);
+    m_html.StartDocument(name + " - Dorvik Project Summary Report", m_engine.GetStyleSheet());
+    m_html.InsertQuickTag("h1", name);
+    m_html.InsertQuickTag("h2", "Dorvik Project Summary Report");
+    m_html.InsertQuickTag(
+        "h3", "Review Performed " + modReportFormat::FormatLongDate(m_review.Start));
+    m_html.InsertBlankLine();
+    if (!m_tolerancesSet) {
+        return;
+    }
+    m_html.StartTag("h3");
+    m_html.TagValue("Verdict: ");
+    // Figures of a part are no reason to pass. A file that could not be opened has its own row of error.
+    const bool isIncomplete = m_passed && !m_unfinished.InPart.empty();
+    m_html.StartTag("span", {"class", m_passed && !isIncomplete ? "passtext" : "failtext"});
+    m_html.TagValue(
+        isIncomplete ? "&nbsp;Incomplete&nbsp;"
+        : m_passed   ? "&nbsp;Pass&nbsp;"
+                     : "&nbsp;Fail&nbsp;");
+    m_html.EndTag("span");
+    m_html.EndTag("h3");
+}
+
+void ProjectReport::WriteContents() {
+    m_html.InsertBlankLine();
+    m_html.StartTag("ul");
+    m_html.InsertHyperlinkedLI("#ReviewSummaryInformation", "Review Summary Information");
+    if (!m_passed) {
+        m_html.InsertHyperlinkedLI("#ToleranceFailures", "Tolerance Failures");
+    }
+    m_html.InsertHyperlinkedLI("#ViolationStatistics", "Violation Statistics");
+    m_html.InsertHyperlinkedLI(
+        "#ViolationStatisticsByCategory", "Violation Statistics By Category");
+    m_html.InsertHyperlinkedLI("#SourceLineStatistics", "Source Line Statistics");
+    m_html.InsertHyperlinkedLI("#SourceFileStatistics", "Source File Statistics");
+    m_html.InsertHyperlinkedLI("#ReviewCriteria", "Review Criteria");
+    m_html.EndTag("ul");
+}
+
+void ProjectReport::WriteTables() {
+    WriteSummary();
+    if (!m_passed) {
+        ReportsEngine::InsertToleranceFailures(m_html, m_failures, /*isProject=*/true);
+    }
+    m_engine.InsertViolStatsTable(m_html, m_criteria.LoadCriteria, m_violations);
+    auto categories = m_results.GetViolationStatsByCategory(kWholeDatabase, /*fileLevel=*/false);
+    m_engine.InsertViolStatsByCatTable(m_html, categories, m_violations.TotalViolations());
+    ReportsEngine::InsertSourceLineStatsTable(m_html, m_lines);
+}
+
+void ProjectReport::WriteSummary() {
+    ReviewSummaryInfo info;
+    info.Heading = "Project";
+    info.Value = m_project.Name;
+    info.ReviewedBy = m_review.Reviewer;
+    info.ReviewStart = modReportFormat::FormatGeneralDate(m_review.Start);
+    info.ReviewEnd = kNotAvailable;
+    info.ReviewDuration = kNotAvailable;
+    if (!m_review.End.IsZero()) {
+        info.ReviewEnd = modReportFormat::FormatGeneralDate(m_review.End);
+        info.ReviewDuration = modReportFormat::FormatDuration(m_review.Start, m_review.End);
+    }
+    info.SourceFilesReviewed = Figure(ReviewedFiles());
+    info.TotalSourceLines = Figure(m_lines.TotalLines());
+    info.TotalViolations = Figure(m_violations.TotalViolations());
+    info.TotalImpact = Figure(m_violations.TotalImpact());
+    info.ViolationsRatio = ViolationsRatio(m_violations.TotalViolations(), m_lines.TotalLines());
+    info.PercentageComments = PercentageComments(m_lines);
+    info.LogFile = m_order.LogFile;
+    ReportsEngine::InsertReviewSummaryInfo(m_html, info);
+}
+
+bool ProjectReport::WriteFiles() {
+    m_html.StartTag("h3", {"id", "SourceFileStatistics"});
+    m_html.TagValue("Source File Statistics");
+    m_html.EndTag("h3");
+    m_html.StartTag("table", {"cellspacing", "0"});
+    m_html.StartTag("tr");
+    for (const std::string_view heading :
+         {"Source File", "Verdict", "Violations", "Impact", "Lines"}) {
+        m_html.InsertTableHeading(heading, "20%");
+    }
+    m_html.EndTag("tr");
+    for (const BasicObject& file : m_files) {
+        if (!WriteFile(file)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool ProjectReport::WriteFile(const BasicObject& file) {
+    const ViolationStatistics violations = m_results.GetViolationStats(kFileItem, file.ObjectID);
+    const SourceLineStatistics lines = m_results.GetLineStats(kFileItem, file.ObjectID);
+    const std::int32_t status = ReviewStatusOf(file);
+    const bool hasDetails = status == 0 && !m_unfinished.Unread.contains(file.ObjectID);
+    // Required: a name without "." shows as empty.
+    const std::string shownName = modUtilFunctions::FilenameFromFullPathName(file.Filename);
+    m_html.StartTag("tr");
+    if (m_order.Detailed && hasDetails) {
+        bool cancel = false;
+        m_engine.CreateSourceFileReport(
+            m_order.ProjectFile,
+            file,
+            m_results,
+            m_progress,
+            m_order.ReportsFolder,
+            cancel,
+            m_tolerancesSet);
+        if (cancel) {
+            return false;
+        }
+        m_html.InsertHyperLinkedTableCell(
+            shownName, modReportLinks::HrefOfFile(DetailFilename(file)), "left");
+    } else {
+        m_html.InsertTableCell(shownName, "left");
+    }
+    if (status != 0) {
+        m_html.InsertTableCell("Error", "center", "error");
+        m_html.StartTag("td", {"colspan", "3", "align", "left", "class", "error"});
+        m_html.TagValue(ReportsEngine::GetReviewStatusDescription(status));
+        m_html.EndTag("td");
+    } else {
+        WriteVerdict(file);
+        m_html.InsertTableCell(Figure(violations.TotalViolations()));
+        m_html.InsertTableCell(Figure(violations.TotalImpact()));
+        m_html.InsertTableCell(Figure(lines.TotalLines()));
+    }
+    m_html.EndTag("tr");
+    return true;
+}
+
+void ProjectReport::WriteVerdict(const BasicObject& file) {
+    if (m_unfinished.Contains(file.ObjectID)) {
+        m_html.InsertTableCell("Not reviewed", "center", "error");
+        ++m_counts.NotReviewed;
+    } else if (!m_tolerancesSet) {
+        m_html.InsertTableCell(kNotAvailable, "center");
+    } else if (m_results.TolerancePass(kFileItem, file.ObjectID)) {
+        m_html.InsertTableCell("Pass", {}, "pass");
+        ++m_counts.Passed;
+    } else {
+        m_html.InsertTableCell("Fail", {}, "fail");
+        ++m_counts.Failed;
+    }
+}
+
+void ProjectReport::WriteCounts() {
+    m_html.StartTag("tr");
+    for (const std::string_view heading : {"&nbsp;", "Verdict", "Violations", "Impact", "Lines"}) {
+        m_html.InsertQuickTag("th", heading);
+    }
+    m_html.EndTag("tr");
+    WriteCount("Total Passed", m_tolerancesSet ? Figure(m_counts.Passed) : "", "pass");
+    WriteCount("Total Failed", m_tolerancesSet ? Figure(m_counts.Failed) : "", "fail");
+    WriteCount("Total Errors", Figure(FileErrors()), "error");
+}
+
+void ProjectReport::WriteCount(
+    std::string_view label, std::string_view value, std::string_view className) {
+    m_html.StartTag("tr");
+    m_html.InsertTableCell(label, "left");
+    if (value.empty()) {
+        m_html.InsertTableCell(kNotAvailable, "center");
+    } else {
+        m_html.InsertTableCell(value, {}, className);
+    }
+    for (int column = 0; column < 3; ++column) {
+        m_html.InsertTableCell("-");
+    }
+    m_html.EndTag("tr");
+}
+
+void ProjectReport::WriteTotals() {
+    m_html.StartTag("tr", {"class", "totalsline"});
+    m_html.InsertTableCell("TOTALS", "left");
+    m_html.InsertTableCell(PassRate(), m_tolerancesSet ? "center" : "");
+    m_html.InsertTableCell(Figure(m_violations.TotalViolations()));
+    m_html.InsertTableCell(Figure(m_violations.TotalImpact()));
+    m_html.InsertTableCell(Figure(m_lines.TotalLines()));
+    m_html.EndTag("tr");
+    m_html.EndTag("table");
+    m_html.InsertBlankLine();
+}
+
+void ProjectReport::WriteCriteria() {
+    ReviewCriteriaInfo info{
+        m_criteria.LoadCriteria,
+        "Review Criteria",
+        m_review.ActiveRules,
+        m_review.RuleExecutions,
+        m_criteria.Lists.Categories,
+        m_criteria.Tolerances};
+    info.ReviewedFiles = ReviewedFiles();
+    if (m_order.Project != nullptr) {
+        info.TotalFiles = m_order.Project->SourceFiles().Count();
+    } else {
+        info.RuleEngine = ProjectReportOrder::kNotKnown;
+    }
+    m_engine.InsertReviewCriteriaTable(m_html, info);
+}
+
+std::int32_t ProjectReport::ReviewStatusOf(const BasicObject& file) const {
+    if (m_order.Project == nullptr || modDorvikUtils::IsVBPFile(file.Filename)) {
+        return 0;
+    }
+    // A file whose name could not be found out is listed under its path.
+    const auto* found = m_order.Project->SourceFiles().Find(
+        file.Name.empty() ? file.Path + file.Filename : file.Name);
+    return found == nullptr ? 0 : static_cast<std::int32_t>((*found)->ReviewStatus());
+}
+
+std::string ProjectReport::DetailFilename(const BasicObject& file) const {
+    return modUtilFunctions::FilenameFromFullPathName(modDorvikUtils::CreateReportFilename(
+        m_order.ProjectFile,
+        ReportKind::SourceFile,
+        m_order.ReportsFolder,
+        file.Path + file.Filename,
+        file.Name));
+}
+
+std::string ProjectReport::PassRate() const {
+    if (!m_tolerancesSet) {
+        return std::string(kNotAvailable);
+    }
+    return modPassRate::Text(m_counts.Passed, m_counts.Failed, FileErrors());
+}
+
+std::int32_t ProjectReport::FileErrors() const {
+    return m_counts.NotReviewed + (m_order.Project == nullptr ? 0 : m_order.Project->FileErrors());
+}
+
+}  // namespace dorvik

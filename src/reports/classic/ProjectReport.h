@@ -1,0 +1,78 @@
+#pragma once
+
+#include "reports/classic/ProjectReportOrder.h"
+#include "reports/format/HTMLHelper2.h"
+#include "results/ResultsDB.h"
+#include "results/UnfinishedFiles.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace dorvik {
+
+class ProgressInfo;
+class ReportsEngine;
+
+/// Writes the page of one project and, if that is ordered, the pages of its files. Serves for one page.
+class ProjectReport {
+public:
+    /// REQUIRES: all of them outlive this; a review is open in `results`.
+    ProjectReport(
+        ReportsEngine& engine,
+        ResultsDB& results,
+        ProgressInfo& progress,
+        const ProjectReportOrder& order);
+
+    /// False if the report was cancelled; its own page is not written then. Raises what goes wrong.
+    bool Write();
+
+private:
+    /// How the files of the table came out.
+    struct Counts {
+        std::int32_t Passed = 0;
+        std::int32_t Failed = 0;
+        std::int32_t NotReviewed = 0;  // beside those that the project counted as errors
+    };
+
+    void ReadReview();
+    void WriteHead();
+    void WriteContents();
+    void WriteTables();
+    void WriteSummary();
+    /// False if cancelled.
+    bool WriteFiles();
+    bool WriteFile(const BasicObject& file);
+    void WriteVerdict(const BasicObject& file);
+    void WriteCounts();
+    void WriteCount(std::string_view label, std::string_view value, std::string_view className);
+    void WriteTotals();
+    void WriteCriteria();
+
+    std::int32_t ReviewStatusOf(const BasicObject& file) const;
+    std::string DetailFilename(const BasicObject& file) const;
+    /// In words where there is no rate, as no tolerance is set.
+    std::string PassRate() const;
+    /// The source files, without the project file.
+    std::int32_t ReviewedFiles() const { return static_cast<std::int32_t>(m_files.size()) - 1; }
+    std::int32_t FileErrors() const;
+
+    ReportsEngine& m_engine;
+    ResultsDB& m_results;
+    ProgressInfo& m_progress;
+    const ProjectReportOrder& m_order;
+    HTMLHelper2 m_html;
+    std::vector<BasicObject> m_files;
+    StoredReviewCriteria m_criteria;
+    ReviewData m_review;
+    BasicObject m_project;
+    ViolationStatistics m_violations;
+    SourceLineStatistics m_lines;
+    std::vector<ToleranceFailure> m_failures;
+    UnfinishedFiles m_unfinished;
+    bool m_tolerancesSet = false;
+    bool m_passed = true;
+    Counts m_counts;
+};
+
+}  // namespace dorvik

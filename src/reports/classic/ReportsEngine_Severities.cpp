@@ -1,0 +1,119 @@
+// The severities as a report shows them, and the style sheet, which holds their colours.
+
+#include "base/modText.h"
+#include "reports/classic/ReportsEngine.h"
+
+namespace dorvik {
+
+namespace {
+
+/// By index from 1.
+constexpr std::array<std::string_view, 16> kColours{
+    "Black",
+    "Blue",
+    "Aqua",
+    "Navy",
+    "Teal",
+    "Green",
+    "Gray",
+    "Purple",
+    "Maroon",
+    "Olive",
+    "Lime",
+    "Silver",
+    "Magenta",
+    "Red",
+    "White",
+    "Yellow"};
+
+/// By level from 1.
+constexpr std::array<std::string_view, 5> kClasses{
+    "critical", "high", "medium", "low", "information"};
+
+constexpr std::array<std::string_view, 16> kLinesBeforeSeverities{
+    "<style type=\"text/css\">",
+    "<!--",
+    "body {font-family : Verdana; font-size : x-small;}",
+    "h1 {text-align : left; color : Green;}",
+    "h2 {text-align : left;}",
+    "h3 {text-align : left;}",
+    "table {font-size : x-small; border : thin ridge; padding : 2px 2px 2px 2px; "
+    "margin : 2px 2px 2px 2px; width : 100%;}",
+    "th {background-color : Maroon; text-align : center; color : White; border : 1px inset;}",
+    "tr {font-weight : bold; text-align : right;}",
+    "td {border : 1px inset;}",
+    ".totalsline{background-color : #FAFAD2; font-weight : bold;}",
+    ".pass{text-align : center; background-color : Lime;}",
+    ".fail{text-align : center; background-color : Red;}",
+    ".error{text-align : center; background-color : Yellow;}",
+    ".violationsheading{background-color : #F4A460; font-weight : bold;}",
+    ".lefttableheading{text-align : left;}"};
+
+constexpr std::array<std::string_view, 9> kLinesBehindSeverities{
+    ".passtext{background-color : Lime;}",
+    ".failtext{background-color : Red;}",
+    ".emphasisedtext{font-weight : bold;}",
+    ".code{background-color : Blue; color : White;}",
+    ".comment{background-color : Lime; color : Black;}",
+    ".inlinecomment{background-color : Cyan; color : Black;}",
+    ".blank{background-color : White; color : Black;}",
+    "-->",
+    "</style>"};
+
+bool IsLevel(std::int32_t level) {
+    return level >= 1 && static_cast<std::size_t>(level) <= kClasses.size();
+}
+
+std::size_t PlaceOf(std::int32_t level) {
+    return static_cast<std::size_t>(level) - 1;
+}
+
+template <typename Lines>
+void AddLines(std::string& text, const Lines& lines) {
+    for (const std::string_view line : lines) {
+        text += line;
+        text += modText::kLineEnd;
+    }
+}
+
+}  // namespace
+
+void ReportsEngine::TakeSeverities(const SeverityTable& severities) {
+    for (std::int32_t index = 1; index <= severities.Count(); ++index) {
+        const SeverityItem& item = *severities.Item(index);
+        if (IsLevel(item.SeverityLevel())) {
+            m_severities[PlaceOf(item.SeverityLevel())] = {
+                item.Title(), std::string(LongColourToTextColour(item.Colour()))};
+        }
+    }
+}
+
+std::string_view ReportsEngine::LongColourToTextColour(std::int32_t colour) {
+    const bool isKnown = colour >= 1 && static_cast<std::size_t>(colour) <= kColours.size();
+    return isKnown ? kColours[static_cast<std::size_t>(colour) - 1] : std::string_view();
+}
+
+const std::string& ReportsEngine::GetSeverityText(std::int32_t level) const {
+    static const std::string none;
+    return IsLevel(level) ? m_severities[PlaceOf(level)].Title : none;
+}
+
+std::string_view ReportsEngine::GetSeverityClass(std::int32_t level) {
+    return IsLevel(level) ? kClasses[PlaceOf(level)] : std::string_view();
+}
+
+// Required: a severity without a colour keeps its line, with nothing in place of the name.
+std::string ReportsEngine::GetStyleSheet() const {
+    std::string sheet;
+    AddLines(sheet, kLinesBeforeSeverities);
+    for (std::size_t place = 0; place < kLevels; ++place) {
+        sheet += '.';
+        sheet += kClasses[place];
+        sheet += "{background-color : " + m_severities[place].Colour + "; color : Black;}";
+        sheet += modText::kLineEnd;
+    }
+    AddLines(sheet, kLinesBehindSeverities);
+    return sheet;
+}
+
+}  // namespace dorvik

@@ -1,0 +1,196 @@
+#include "SourceFileReport.h"
+
+#include "criteria/ProgressInfo.h"
+#include "foundation/text/modUtilFunctions.h"
+#include "reports/classic/ReportsEngine.h"
+#include "reports/format/modReportFormat.h"
+#include "reports/format/modReportLinks.h"
+#include "results/UnfinishedFiles.h"
+#include "source/modDorvikUtils.h"
+
+namespace dorvik {
+
+namespace {
+
+constexpr std::int32_t kFileItem = 2;
+constexpr std::int32_t kProcedureItem = 3;
+constexpr std::int32_t kStepsOfProcedure = 4;
+constexpr std::string_view kPageTitle = "Dorvik Source File Detail Report";
+
+}  // namespace
+
+const SourceFileReport::FigureTable SourceFileReport::kCounts{
+    "ViolationStatistics",
+    "Violation Statistics",
+    {&ViolationStatistics::CriticalViolations,
+     &ViolationStatistics::HighViolations,
+     &ViolationStatistics::MediumViolations,
+     &ViolationStatistics::LowViolations,
+     &ViolationStatistics::InfoViolations,
+     &ViolationStatistics::TotalViolations},
+    true};
+
+// Required: its rows are no progress.
+const SourceFileReport::FigureTable SourceFileReport::kImpacts{
+    "ImpactStatistics",
+    "Impact Statistics",
+    {&ViolationStatistics::CriticalImpact,
+     &ViolationStatistics::HighImpact,
+     &ViolationStatistics::MediumImpact,
+     &ViolationStatistics::LowImpact,
+     &ViolationStatistics::InfoImpact,
+     &ViolationStatistics::TotalImpact},
+    false};
+
+SourceFileReport::SourceFileReport(
+    ReportsEngine& engine, const Subject& subject, ResultsDB& results, ProgressInfo& progress)
+    : m_engine(engine),
+      m_subject(subject),
+      m_results(results),
+      m_progress(progress),
+      m_isProjectFile(modDorvikUtils::IsVBPFile(subject.File.Filename)) {}
+
+bool SourceFileReport::Build() {
+    ReadFigures();
+    if (!BeginProgress()) {
+        return false;
+    }
+    InsertHead();
+    InsertContents();
+    if (!m_passed) {
+        ReportsEngine::InsertToleranceFailures(m_html, m_failures, false);
+    }
+    if (!InsertFigureTable(kCounts)) {
+        return false;
+    }
+    InsertCategoryTable();
+    if (!InsertFigureTable(kImpacts)) {
+        return false;
+    }
+    if (!m_isProjectFile && !(InsertLineCounts() && InsertComplexity())) {
+        return false;
+    }
+    if (m_statistics.TotalViolations() > 0 && !InsertViolations()) {
+        return false;
+    }
+    // Required: one end of a table, however many were begun.
+    m_html.EndTag("table");
+    m_html.EndDocument();
+    return true;
+}
+
+void SourceFileReport::ReadFigures() {
+    const std::int32_t id = m_subject.File.ObjectID;
+    m_procedures = m_results.GetSourceFileProcList(id, true, true);
+    for (const BasicObject& location : m_procedures) {
+        m_locationStatistics.emplace(
+            location.ObjectID, m_results.GetViolationStats(kProcedureItem, location.ObjectID));
+    }
+    m_statistics = m_results.GetViolationStats(kFileItem, id);
+    m_isUnfinished = UnfinishedFiles::Include(id, m_results);
+    if (m_subject.TolerancesSet) {
+        m_passed = m_results.TolerancePass(kFileItem, id, m_failures);
+    }
+}
+
+bool SourceFileReport::BeginProgress() {
+    const auto procedures = static_cast<std::int32_t>(m_procedures.size());
+    m_progress.BeginSourceFile(
+        m_subject.File.Name,
+        m_subject.File.Filename,
+        procedures * kStepsOfProcedure + m_statistics.TotalViolations());
+    return !m_engine.UpdateProgressDisplay(m_progress, ReportsEngine::kSourceFileReportState);
+}
+
+bool SourceFileReport::Advance() {
+    m_progress.UpdateSourceFileProgress(1);
+    return !m_engine.UpdateProgressDisplay(m_progress, ReportsEngine::kSourceFileReportState);
+}
+
+// ---- head ----
+
+void SourceFileReport::InsertHead() {
+    m_html.StartDocument(kPageTitle, m_engine.GetStyleSheet());
+    m_html.InsertBlankLine();
+    m_html.InsertQuickTag(
+        "h1", modUtilFunctions::FilenameFromFullPathName(m_subject.File.Filename));
+    m_html.InsertQuickTag("h2", kPageTitle);
+    m_html.InsertQuickTag(
+        "h3",
+        "Review Performed " + modReportFormat::FormatLongDate(m_results.GetReviewData().Start));
+    m_html.InsertBlankLine();
+    if (m_subject.TolerancesSet || m_isUnfinished) {
+        InsertVerdict();
+    }
+    InsertFileNames();
+}
+
+void SourceFileReport::InsertVerdict() {
+    m_html.StartTag("h3");
+    m_html.TagValue("Verdict: ");
+    const bool passed = m_passed && !m_isUnfinished;
+    m_html.StartTag("span", {"class", passed ? "passtext" : "failtext"});
+    m_html.TagValue(
+        m_isUnfinished ? "&nbsp;Not reviewed&nbsp;"
+        : passed       ? "&nbsp;Pass&nbsp;"
+                       : "&nbsp;Fail&nbsp;");
+    m_html.EndTag("span");
+    m_html.EndTag("h3");
+    m_html.InsertBlankLine();
+}
+
+void SourceFileReport::InsertFileNames() {
+    const auto insertLabel = [this](std::string_view label) {
+        m_html.StartTag("span", {"class", "emphasisedtext"});
+        m_html.TagValue(label);
+        m_html.EndTag("span");
+    };
+    const std::string projectReport =
+        modUtilFunctions::FilenameFromFullPathName(modDorvikUtils::CreateReportFilename(
+            m_subject.ProjectFile, ReportKind::Project, m_subject.Folder));
+    m_html.StartTag("p");
+    insertLabel("Project: ");
+    m_html.InsertHyperlinkedText(modReportLinks::HrefOfFile(projectReport), projectReport);
+    m_html.InsertBreak();
+    insertLabel("File: ");
+    m_html.TagValue(modReportLinks::PathText(m_subject.File.Path + m_subject.File.Filename));
+    m_html.EndTag("p");
+    m_html.InsertBlankLine();
+}
+
+void SourceFileReport::InsertContents() {
+    struct Entry {
+        std::string_view Href;
+        std::string_view Text;
+        bool IsPresent;
+    };
+    const Entry entries[] = {
+        {"#ToleranceFailures", "Tolerance Failures", !m_passed},
+        {"#ViolationStatistics", "Violation Statistics", true},
+        {"#ViolationStatisticsByCategory", "Violation Statistics By Category", true},
+        {"#ImpactStatistics", "Impact Statistics", true},
+        {"#LineCountStatistics", "Line Count Statistics", !m_isProjectFile},
+        {"#ComplexityMetrics", "Cyclomatic Complexity", !m_isProjectFile},
+        {"#ViolationDetails", "Violation Details", m_statistics.TotalViolations() > 0},
+    };
+    m_html.InsertQuickTag("h3", "Contents");
+    m_html.StartTag("ul");
+    for (const Entry& entry : entries) {
+        if (entry.IsPresent) {
+            m_html.InsertHyperlinkedLI(entry.Href, entry.Text);
+        }
+    }
+    m_html.EndTag("ul");
+}
+
+void SourceFileReport::InsertSectionHeading(std::string_view id, std::string_view title) {
+    m_html.StartTag("h3", {"id", id});
+    m_html.TagValue(title);
+    m_html.EndTag("h3");
+}
+
+void SourceFileReport::InsertNumber(std::int32_t number) {
+    m_html.InsertTableCell(ReportsEngine::FormatNumber(number));
+}
+
+}  // namespace dorvik

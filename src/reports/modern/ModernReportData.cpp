@@ -1,0 +1,241 @@
+#include "ModernReportData.h"
+
+#include "base/modTextCase.h"
+#include "results/ResultsDB.h"
+#include "results/UnfinishedFiles.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+namespace dorvik {
+
+namespace {
+
+constexpr std::int32_t kProjectItem = 1;
+constexpr std::int32_t kFileItem = 2;
+constexpr std::int32_t kProcedureItem = 3;
+
+using PlaceById = std::unordered_map<std::int32_t, std::size_t>;
+
+std::string ShownName(const std::string& name, const std::string& type) {
+    constexpr std::string_view kPropertyWord = "Property ";
+    if (type.empty()) {
+        return "(" + name + ")";
+    }
+    return modTextCase::StartsWith(type, kPropertyWord)
+               ? name + " (" + type.substr(kPropertyWord.size()) + ")"
+               : name;
+}
+
+bool SetsTolerance(const ToleranceSettings& tolerances) {
+    // The totals count here too: a file can fail on them.
+    for (std::int32_t place = 1; place <= ToleranceSettings::kPlaces; ++place) {
+        if (tolerances.Count.Item(place) != ToleranceSettings::kNotSet ||
+            tolerances.Impact.Item(place) != ToleranceSettings::kNotSet) {
+            return true;
+        }
+    }
+    return tolerances.CyclomaticComplexity != ToleranceSettings::kNotSet ||
+           tolerances.PercentageComments != ToleranceSettings::kNotSet;
+}
+
+std::string ReasonOf(const ModernReportFacts& facts, const std::string& filename) {
+    for (const UnreadFile& file : facts.Unreviewed) {
+        if (modTextCase::Equal(file.Filename, filename)) {
+            return file.Reason;
+        }
+    }
+    return {};
+}
+
+void ReadSeverities(ModernReportData& data) {
+    for (std::size_t place = 0; place < kSeverityLevels; ++place) {
+        data.Severities.at(place).Title = "Severity " + std::to_string(place + 1);
+    }
+    const SeverityTable& severities = data.Criteria.Lists.Severities;
+    for (std::int32_t index = 1; index <= severities.Count(); ++index) {
+        const SeverityItem& item = *severities.Item(index);
+        const auto place = static_cast<std::size_t>(item.SeverityLevel() - 1);
+        if (place < kSeverityLevels) {
+            data.Severities.at(place) = {item.Title(), severities.Selected(index)};
+        }
+    }
+}
+
+/// Why a file was not reviewed, as far as its results tell.
+std::string StoredReasonOf(const UnfinishedFiles& unfinished, std::int32_t sourceId) {
+    return unfinished.InPart.contains(sourceId)   ? "Reviewed only in part"
+           : unfinished.Unread.contains(sourceId) ? "Could not be read"
+                                                  : "";
+}
+
+/// Also names the files that were not reviewed in the list that the head shows, unless the facts named them.
+void ReadFiles(ResultsDB& results, const ModernReportFacts& facts, ModernReportData& data) {
+    const UnfinishedFiles unfinished = UnfinishedFiles::ReadFrom(results);
+    for (BasicObject& object : results.GetProjectSourceFileList(true, true)) {
+        ModernFile file;
+        file.ID = object.ObjectID;
+        file.UnreviewedReason = ReasonOf(facts, object.Filename);
+        if (file.UnreviewedReason.empty() && unfinished.Contains(file.ID)) {
+            file.UnreviewedReason = StoredReasonOf(unfinished, file.ID);
+            data.Unreviewed.push_back({object.Filename, file.UnreviewedReason});
+        }
+        file.Filename = std::move(object.Filename);
+        file.Path = std::move(object.Path);
+        file.IsProjectFile = modTextCase::Equal(object.ObjectType, "Project");
+        file.Violations = results.GetViolationStats(kFileItem, file.ID);
+        file.Lines = results.GetLineStats(kFileItem, file.ID);
+        file.AverageComplexity = object.CyclomaticComplexity;
+        results.TolerancePass(kFileItem, file.ID, file.Failures);
+        data.Files.push_back(std::move(file));
+    }
+}
+
+void NoteComplexity(const ModernProcedure& procedure, ModernFile& file) {
+    if (!procedure.IsSection) {
+        file.WorstComplexity = std::max(file.WorstComplexity.value_or(0), procedure.Complexity);
+    }
+}
+
+PlaceById PlacesOf(const std::vector<ModernFile>& files) {
+    PlaceById places;
+    for (std::size_t place = 0; place < files.size(); ++place) {
+        places[files.at(place).ID] = place;
+    }
+    return places;
+}
+
+PlaceById ReadProcedures(ResultsDB& results, const PlaceById& files, ModernReportData& data) {
+    PlaceById places;
+    auto rows = results.OpenRecordSource(
+        "SELECT ProcID, SourceID, Name, Type, CyclomaticComplexity FROM Procedures");
+    for (; rows && !rows->EOF_(); rows->MoveNext()) {
+        const auto file = files.find(rows->Value("SourceID").AsLong());
+        if (file == files.end()) {
+            continue;
+        }
+        const std::string type = rows->Value("Type").AsText();
+        ModernProcedure procedure;
+        procedure.ID = rows->Value("ProcID").AsLong();
+        procedure.File = file->second;
+        procedure.Name = ShownName(rows->Value("Name").AsText(), type);
+        procedure.IsSection = type.empty();
+        procedure.Complexity = rows->Value("CyclomaticComplexity").AsLong();
+        NoteComplexity(procedure, data.Files.at(procedure.File));
+        places[procedure.ID] = data.Procedures.size();
+        data.Procedures.push_back(std::move(procedure));
+    }
+    return places;
+}
+
+Violation ReadViolation(Recordset& rows) {
+    Violation violation;
+    violation.RuleID = rows.Value("RuleID").AsLong();
+    violation.RuleType = rows.Value("RuleType").AsLong();
+    violation.Title = rows.Value("Title").AsText();
+    violation.Severity = rows.Value("Severity").AsLong();
+    violation.Impact = static_cast<std::int16_t>(rows.Value("Impact").AsLong());
+    violation.CategoryID = rows.Value("CategoryID").AsLong();
+    violation.Completed = rows.Value("Completed").AsBoolean();
+    violation.SourceLine = rows.Value("SourceLine").AsText();
+    violation.Description = rows.Value("Description").AsText();
+    violation.Advice = rows.Value("Advice").AsText();
+    violation.SourceLineNumber = rows.Value("LineNum").AsLong();
+    return violation;
+}
+
+void CountInProcedure(const Violation& violation, ModernProcedure& procedure) {
+    const auto place = static_cast<std::size_t>(violation.Severity - 1);
+    if (place < kSeverityLevels) {
+        ++procedure.Violations.at(place);
+    }
+    ++procedure.TotalViolations;
+    procedure.TotalImpact += violation.Impact;
+}
+
+std::optional<std::size_t> PlaceIn(const PlaceById& places, std::int32_t id) {
+    const auto found = places.find(id);
+    return found == places.end() ? std::nullopt : std::optional(found->second);
+}
+
+void ReadViolations(
+    ResultsDB& results,
+    const PlaceById& files,
+    const PlaceById& procedures,
+    ModernReportData& data) {
+    auto rows = results.OpenRecordSource(
+        "SELECT ViolationID, ItemID, ItemType, RuleID, RuleType, Title, Severity, Impact, "
+        "CategoryID, Completed, SourceLine, Description, Advice, LineNum FROM Violations");
+    for (; rows && !rows->EOF_(); rows->MoveNext()) {
+        ModernViolation violation;
+        violation.ID = rows->Value("ViolationID").AsLong();
+        violation.Violation = ReadViolation(*rows);
+        const std::int32_t itemType = rows->Value("ItemType").AsLong();
+        const std::int32_t itemId = rows->Value("ItemID").AsLong();
+        if (itemType == kFileItem) {
+            violation.File = PlaceIn(files, itemId);
+        } else if (itemType == kProcedureItem) {
+            violation.Procedure = PlaceIn(procedures, itemId);
+        }
+        if (violation.Procedure) {
+            ModernProcedure& procedure = data.Procedures.at(*violation.Procedure);
+            violation.File = procedure.File;
+            CountInProcedure(violation.Violation, procedure);
+        }
+        data.AllViolations.push_back(std::move(violation));
+    }
+}
+
+}  // namespace
+
+SeverityFigures CountsOf(const ViolationStatistics& statistics) {
+    return {
+        statistics.CriticalViolations(),
+        statistics.HighViolations(),
+        statistics.MediumViolations(),
+        statistics.LowViolations(),
+        statistics.InfoViolations()};
+}
+
+SeverityFigures ImpactsOf(const ViolationStatistics& statistics) {
+    return {
+        statistics.CriticalImpact(),
+        statistics.HighImpact(),
+        statistics.MediumImpact(),
+        statistics.LowImpact(),
+        statistics.InfoImpact()};
+}
+
+std::optional<double> CommentShareOf(const SourceLineStatistics& lines) {
+    const double comments = lines.CommentOnlyLines() + lines.InLineCommentLines();
+    const double base = lines.CodeLines() + comments;
+    return base < 1 ? std::nullopt : std::optional(comments / base);
+}
+
+ModernReportData ModernReportData::ReadFrom(ResultsDB& results, const ModernReportFacts& facts) {
+    ModernReportData data;
+    data.ProjectName = results.GetProjectData("Name");
+    data.ProjectFilename = results.GetProjectData("Filename");
+    data.ProjectPath = results.GetProjectData("Path");
+    data.Review = results.GetReviewData();
+    data.Criteria = results.GetReviewCriteria();
+    data.Violations = results.GetViolationStats(kProjectItem, results.ProjectID());
+    data.Lines = results.GetLineStats(kProjectItem, results.ProjectID());
+    data.Categories = results.GetViolationStatsByCategory(-1, /*fileLevel=*/false);
+    data.HasTolerances = SetsTolerance(data.Criteria.Tolerances);
+    data.Passed = results.TolerancePass(kProjectItem, results.ProjectID(), data.Failures);
+    data.Unreviewed = facts.Unreviewed;
+    ReadSeverities(data);
+    ReadFiles(results, facts, data);
+    const PlaceById files = PlacesOf(data.Files);
+    const PlaceById procedures = ReadProcedures(results, files, data);
+    ReadViolations(results, files, procedures, data);
+    return data;
+}
+
+std::size_t ModernReportData::SourceFileCount() const {
+    return static_cast<std::size_t>(std::count_if(
+        Files.begin(), Files.end(), [](const ModernFile& file) { return !file.IsProjectFile; }));
+}
+
+}  // namespace dorvik

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "ModernReportData.h"
+#include "reports/format/CommonEnds.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace dorvik {
+
+/// What the violations of one rule share. The page states it once, each violation only the rest, and that
+/// is what keeps a page of thousands of violations small.
+struct ModernRule {
+    std::int32_t RuleID = 0;
+    std::int32_t RuleType = 0;
+    std::int32_t Severity = 0;
+    std::int32_t CategoryID = 0;
+    std::int32_t Impact = 0;
+    std::string Title;
+    CommonEnds Description;
+    CommonEnds Advice;
+};
+
+/// The rules of the violations in the order in which they come up.
+struct ModernRuleTable {
+    std::vector<ModernRule> Rules;
+    std::vector<std::size_t> RuleOfViolation;  // by the violation's place in its list
+
+    static ModernRuleTable Of(const std::vector<ModernViolation>& violations);
+};
+
+}  // namespace dorvik

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "foundation/text/OutputPlace.h"
+
+#include <string>
+#include <string_view>
+
+/// Where the results of a project lie. All paths use the backslash. The names are made by `modFileName`.
+namespace dorvik::modDorvikUtils {
+
+/// The place of the results database; without a name where the project's path holds no ".". `resultsFolder`
+/// empty means the sub-folder "Dorvik\" beside the project file.
+OutputPlace ResultsPlace(std::string_view projectFile, std::string_view resultsFolder);
+
+/// Full path of the same; empty where it has no name.
+std::string CreateResultsFilename(std::string_view projectFile, std::string_view resultsFolder);
+
+/// Full path of the project's review log, under the same rules, except that a path without "." has one too.
+std::string CreateProjectLogFilename(std::string_view projectFile, std::string_view resultsFolder);
+
+/// The path of the project file moved into the sub-folder "Dorvik\" of its own folder.
+std::string ConvertToDorvikSubFolderPath(std::string_view projectFile);
+
+}  // namespace dorvik::modDorvikUtils

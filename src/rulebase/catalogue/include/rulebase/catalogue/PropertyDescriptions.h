@@ -1,0 +1,41 @@
+#pragma once
+
+#include "rulebase/catalogue/ObjectType.h"
+#include "rulebase/catalogue/PropertyCatalogue.h"
+#include "rulebase/catalogue/PropertyNumber.h"
+
+#include <span>
+#include <string_view>
+
+namespace dorvik {
+
+/// A property of one object.
+struct PropertyDescription {
+    PropertyNumber Number;
+    std::string_view Sentence;               // what the property tells of this object
+    PropertyType Type = PropertyType::None;  // where it is not the catalogue's one type
+};
+
+/// The properties of one object, in the order in which a list shows them.
+struct ObjectPropertyList {
+    ObjectType Object;  // the root of a family
+    std::span<const PropertyDescription> Properties;
+    PropertyNumber FirstName;  // from here on they stay in a list of names only
+};
+
+/// What every object has, and what each of that tells.
+namespace modPropertyDescriptions {
+
+/// One list for every object that has properties of its own.
+std::span<const ObjectPropertyList> Lists();
+/// Null for an object without such a list: a refinement of another, or one whose properties depend
+/// on the control.
+const ObjectPropertyList* FindList(ObjectType root);
+/// Null where the object's list does not hold the property.
+const PropertyDescription* Find(ObjectType root, PropertyNumber number);
+/// True for the five numbers of lines, which only some objects keep.
+bool IsLineStatistic(PropertyNumber number);
+
+}  // namespace modPropertyDescriptions
+
+}  // namespace dorvik

@@ -1,0 +1,83 @@
+#include "rulebase/catalogue/modEventScope.h"
+
+#include "base/modText.h"
+#include "base/modTextCase.h"
+#include "parser/ParserEventTable.h"
+#include "parser/ScopeName.h"
+
+#include <algorithm>
+
+namespace dorvik::modEventScope {
+
+namespace {
+
+constexpr std::string_view kIntroduction = "In scope: ";
+
+/// What a source line may stand in; the event of the line itself comes before those of its contents.
+constexpr std::string_view kOpenAtASourceLine[] = {
+    scopename::kProcedure,
+    scopename::kEnum,
+    scopename::kType,
+    scopename::kLayout,
+    scopename::kLayoutProperties,
+};
+
+const ParserEventRow* Find(std::int32_t event) {
+    if (event < kFirstParserEvent || event > kLastParserEvent) {
+        return nullptr;
+    }
+    return &kParserEvents.at(static_cast<std::size_t>(event - 1));
+}
+
+bool Holds(const std::vector<std::string_view>& names, std::string_view name) {
+    return std::any_of(names.begin(), names.end(), [&](std::string_view known) {
+        return modTextCase::Equal(known, name);
+    });
+}
+
+}  // namespace
+
+std::vector<std::string_view> Promised(std::int32_t event) {
+    const ParserEventRow* row = Find(event);
+    if (row == nullptr) {
+        return {};
+    }
+    std::string_view line = row->InScope;
+    line.remove_prefix(kIntroduction.size());
+    line = line.substr(0, line.find('.'));
+    std::vector<std::string_view> names = modText::Split(line, ',');
+    std::transform(names.begin(), names.end(), names.begin(), [](std::string_view name) {
+        return modText::Trim(name);
+    });
+    return names;
+}
+
+bool MayHold(std::int32_t event, std::string_view objectName) {
+    const std::vector<std::string_view> promised = Promised(event);
+    if (promised.empty()) {
+        return false;
+    }
+    if (modTextCase::Equal(objectName, scopename::kNamingConvention) ||
+        modTextCase::Equal(objectName, scopename::kProjectFile)) {
+        return true;
+    }
+    if (modTextCase::Equal(objectName, scopename::kDeclarations)) {
+        return Holds(promised, scopename::kFile);
+    }
+    if (event == static_cast<std::int32_t>(ParserEvent::SourceLine) &&
+        std::any_of(
+            std::begin(kOpenAtASourceLine),
+            std::end(kOpenAtASourceLine),
+            [&](std::string_view open) { return modTextCase::Equal(open, objectName); })) {
+        return true;
+    }
+    return Holds(promised, objectName);
+}
+
+std::string Describe(std::int32_t event) {
+    const ParserEventRow* row = Find(event);
+    std::string text = "event " + std::to_string(event);
+    return row == nullptr ? text : text + " (" + std::string(row->Text) + ")";
+}
+
+}  // namespace dorvik::modEventScope

@@ -1,0 +1,358 @@
+#include "base/modTextCase.h"
+#include "parser/ParserEventTable.h"
+#include "parser/ScopeName.h"
+#include "parser/VBParserEvents.h"
+#include "rulebase/catalogue/ObjectHelper.h"
+#include "rulebase/catalogue/modEventScope.h"
+#include "rulebase/catalogue/modNamingEvents.h"
+#include "rulebase/catalogue/modReadableProperties.h"
+#include "rulebase/check/IScriptChecker.h"
+#include "rulebase/check/RulebaseCheck.h"
+#include "rulebase/check/modTextTags.h"
+#include "rulebase/model/CodingConvention.h"
+#include "rulebase/model/NamingConvention.h"
+#include "rulebase/model/UnauthorisedKeyword.h"
+
+#include <algorithm>
+
+namespace dorvik {
+
+using modReadableProperties::Reading;
+
+namespace {
+
+constexpr std::string_view kMainProcedure = "Sub Main";
+
+/// Keywords are looked for at these events only, whatever others they are assigned to.
+constexpr ParserEvent kKeywordEvents[] = {
+    ParserEvent::Declaration, ParserEvent::BeginProcedure, ParserEvent::ProcedureBody};
+
+bool IsEvent(std::int32_t event) {
+    return event >= kFirstParserEvent && event <= kLastParserEvent;
+}
+
+bool IsKeywordEvent(std::int32_t event) {
+    return std::find(
+               std::begin(kKeywordEvents),
+               std::end(kKeywordEvents),
+               static_cast<ParserEvent>(event)) != std::end(kKeywordEvents);
+}
+
+bool CanEndAScope(std::int32_t event) {
+    return IsEvent(event) &&
+           kParserEvents.at(static_cast<std::size_t>(event - 1)).EndLevel != kNoLevel;
+}
+
+bool Mentions(std::string_view script, std::string_view word) {
+    return modTextCase::Find(script, word) != std::string_view::npos;
+}
+
+/// Where a part of a name that is worked out from the object takes its value from.
+struct TagSourceRow {
+    PrefixSuffixType Type;
+    std::string_view Name;
+    std::string_view Property;
+};
+
+constexpr TagSourceRow kTagSources[] = {
+    {psControlTag, "a control tag", "ProgID"},
+    {psDataTypeTag, "a data type tag", "DataType"},
+    {psScopeTag, "a scope tag", "Scope"},
+    {psArrayTag, "an array tag", "IsArray"},
+};
+
+/// The scope of arguments and local constants follows from how they are declared, without a property.
+bool HasScopeByItself(ParserEvent event) {
+    return event == ParserEvent::DeclareArgument || event == ParserEvent::EventArgument ||
+           event == ParserEvent::ProcedureArgument || event == ParserEvent::LocalConst;
+}
+
+/// A text fits between patterns of anything: tags are put in at review time.
+std::string Composed(const ObjectArrayList<PrefixSuffixItem>& items) {
+    std::string pattern;
+    for (std::int32_t slot = 1; slot <= items.Count(); ++slot) {
+        const PrefixSuffixItem& item = *items.Item(slot);
+        if (item.PSType == static_cast<std::int32_t>(psText)) {
+            const bool alternatives = item.Value.find('|') != std::string::npos;
+            pattern += alternatives ? "(" + item.Value + ")" : item.Value;
+        } else if (item.PSType != static_cast<std::int32_t>(psNone)) {
+            pattern += "x";
+        }
+    }
+    return pattern;
+}
+
+}  // namespace
+
+void RulebaseCheck::CheckRule(const Rule& rule) {
+    if (const auto* keyword = dynamic_cast<const UnauthorisedKeyword*>(rule.Content.get())) {
+        CheckKeyword(rule, *keyword);
+    } else if (const auto* coding = dynamic_cast<const CodingConvention*>(rule.Content.get())) {
+        CheckCoding(rule, *coding);
+    } else if (const auto* naming = dynamic_cast<const NamingConvention*>(rule.Content.get())) {
+        CheckNaming(rule, *naming);
+    }
+}
+
+RulebaseCheck::Events RulebaseCheck::LiveEvents(const Rule& rule, const EventRule& events) {
+    const bool isKeyword = events.RuleType() == ruleTypeKeyword;
+    Events live;
+    for (const std::int32_t event : events.ParserEvents()) {
+        if (!IsEvent(event)) {
+            Tell(
+                FaultKind::Unknown,
+                rule,
+                "ParserEventID",
+                "there is no event " + std::to_string(event));
+        } else if (isKeyword && !IsKeywordEvent(event)) {
+            Tell(
+                FaultKind::NeverFires,
+                rule,
+                "ParserEventID",
+                "keywords are looked for at events 10, 28 and 30 only, never at " +
+                    modEventScope::Describe(event));
+        } else {
+            live.push_back(event);
+        }
+    }
+    if (events.EventCount() == 0 && !rule.Unreadable.contains("ParserEventID")) {
+        Tell(
+            FaultKind::NeverFires,
+            rule,
+            "ParserEventID",
+            "the rule is assigned to no event, so it never fires");
+    }
+    return live;
+}
+
+void RulebaseCheck::CheckKeyword(const Rule& rule, const EventRule& keyword) {
+    const Events events = LiveEvents(rule, keyword);
+    if (!rule.Unreadable.contains("Condition")) {
+        if (keyword.Condition().empty()) {
+            Tell(
+                FaultKind::Pattern,
+                rule,
+                "Condition",
+                "the pattern is empty, so it fits every statement");
+        }
+        CheckPattern(
+            keyword.Condition(),
+            {FaultKind::Pattern, keyword.RuleID(), rule.Element, "Condition", ""});
+    }
+    CheckViolationTexts(rule, events);
+}
+
+void RulebaseCheck::CheckCoding(const Rule& rule, const CodingConvention& coding) {
+    Events events = LiveEvents(rule, coding);
+    if (coding.PendingViolation()) {
+        if (!CanEndAScope(coding.EndEventID())) {
+            Tell(
+                FaultKind::NeverFires,
+                rule,
+                "EndEventID",
+                "a pending violation falls due at event 8, 17, 24, 27, 34, 35, 36 or 37, not at " +
+                    (coding.EndEventID() == -1 ? "none"
+                                               : modEventScope::Describe(coding.EndEventID())));
+        }
+        // The texts are filled in when it falls due, unless the script raises at once as well.
+        if (!Mentions(coding.Condition(), "RaiseViolation")) {
+            events.clear();
+        }
+        if (IsEvent(coding.EndEventID())) {
+            events.push_back(coding.EndEventID());
+        }
+    } else if (coding.Condition().empty() && !rule.Unreadable.contains("Condition")) {
+        Tell(
+            FaultKind::NeverFires,
+            rule,
+            "Condition",
+            "the rule has no script, so it never raises its violation");
+    }
+    CheckScript(rule);
+    CheckViolationTexts(rule, events);
+}
+
+void RulebaseCheck::CompileScripts() {
+    m_scriptFaults.clear();
+    if (m_scripts == nullptr) {
+        return;
+    }
+    std::vector<RuleScript> scripts;
+    std::set<std::int32_t> numbers;
+    // Coding conventions come first in the module, wherever they stand in the file.
+    for (const bool isCoding : {true, false}) {
+        for (const Rule& rule : m_contents.Rules) {
+            const BasicRule& content = *rule.Content;
+            const bool isTurn =
+                isCoding == (dynamic_cast<const CodingConvention*>(&content) != nullptr);
+            const bool isScript = isTurn &&
+                                  dynamic_cast<const UnauthorisedKeyword*>(&content) == nullptr &&
+                                  Mentions(content.Condition(), kMainProcedure);
+            if (isScript && numbers.insert(content.RuleID()).second) {
+                scripts.push_back({content.RuleID(), rule.Element, content.Condition()});
+            }
+        }
+    }
+    const std::vector<std::vector<ScriptFault>> faults = m_scripts->Check(scripts);
+    for (std::size_t position = 0; position < faults.size(); ++position) {
+        m_scriptFaults[scripts[position].RuleID] = faults[position];
+    }
+}
+
+void RulebaseCheck::CheckScript(const Rule& rule) {
+    const std::string& script = rule.Content->Condition();
+    if (script.empty()) {
+        return;
+    }
+    if (!Mentions(script, kMainProcedure)) {
+        Tell(FaultKind::Script, rule, "Condition", "the script has no 'Sub Main'");
+        m_faults.back().CostsReview = rule.IsOn();
+        return;
+    }
+    for (const ScriptFault& fault : m_scriptFaults[rule.Content->RuleID()]) {
+        const std::string column =
+            fault.Column > 0 ? ", column " + std::to_string(fault.Column) : "";
+        Tell(
+            FaultKind::Script,
+            rule,
+            "Condition",
+            "line " + std::to_string(fault.Line) + column + ": " + fault.Sentence);
+        m_faults.back().CostsReview = rule.IsOn() && fault.IsError;
+    }
+}
+
+void RulebaseCheck::CheckNaming(const Rule& rule, const NamingConvention& naming) {
+    CheckScript(rule);
+    const std::vector<NamingEventRow> rows = modNamingEvents::Of(naming.ObjectType());
+    Events events;
+    for (const NamingEventRow& row : rows) {
+        events.push_back(static_cast<std::int32_t>(row.Event));
+    }
+    if (naming.ObjectType() < kFirstObjectType || naming.ObjectType() > kLastObjectType) {
+        if (!rule.Unreadable.contains("ObjectType")) {
+            Tell(
+                FaultKind::Unknown,
+                rule,
+                "ObjectType",
+                "there is no object type " + std::to_string(naming.ObjectType()));
+        }
+    } else if (rows.empty()) {
+        Tell(
+            FaultKind::NeverFires,
+            rule,
+            "ObjectType",
+            "naming conventions are never applied to '" +
+                std::string(ObjectHelper::ObjectName(naming.ObjectType())) + "'");
+    } else if (!rule.Unreadable.contains("PropertyName")) {
+        CheckProperty(
+            rows.front().ObjectName,
+            naming.PropertyName(),
+            events,
+            "'" + naming.PropertyName() + "'",
+            {FaultKind::Tag, naming.RuleID(), rule.Element, "PropertyName", ""});
+    }
+    CheckNamePattern(rule, naming);
+    CheckNameItems(rule, naming, true);
+    CheckNameItems(rule, naming, false);
+    CheckViolationTexts(rule, events);
+    for (const auto& [active, text, place] :
+         {std::tuple(naming.PrefixActive(), &naming.PrefixAdvice(), "PrefixAdvice"),
+          std::tuple(naming.BodyActive(), &naming.BodyAdvice(), "BodyAdvice"),
+          std::tuple(naming.SuffixActive(), &naming.SuffixAdvice(), "SuffixAdvice")}) {
+        if (active) {
+            CheckText(*text, events, rule.Element, naming.RuleID(), place);
+        }
+    }
+}
+
+void RulebaseCheck::CheckNamePattern(const Rule& rule, const NamingConvention& naming) {
+    if (!naming.PrefixActive() && !naming.BodyActive() && !naming.SuffixActive()) {
+        Tell(
+            FaultKind::NeverFires,
+            rule,
+            "",
+            "prefix, body and suffix are all switched off, so the rule tests nothing");
+    }
+    if (!naming.BodyActive()) {
+        return;
+    }
+    CheckPattern(
+        naming.BodyPattern(),
+        {FaultKind::Pattern, naming.RuleID(), rule.Element, "BodyPattern", ""});
+    if (naming.MaxBodyLength() >= 1 && naming.MinBodyLength() > naming.MaxBodyLength()) {
+        Tell(
+            FaultKind::Pattern,
+            rule,
+            "BodyMinLength",
+            "no body has at least " + std::to_string(naming.MinBodyLength()) +
+                " characters and at most " + std::to_string(naming.MaxBodyLength()));
+    }
+}
+
+void RulebaseCheck::CheckNameItems(const Rule& rule, const NamingConvention& naming, bool prefix) {
+    if (!(prefix ? naming.PrefixActive() : naming.SuffixActive())) {
+        return;
+    }
+    const auto& items = prefix ? naming.PrefixItems() : naming.SuffixItems();
+    const std::string element = prefix ? "PrefixItem" : "SuffixItem";
+    for (std::int32_t slot = 1; slot <= items.Count(); ++slot) {
+        CheckNameItem(rule, naming, *items.Item(slot), element + " " + std::to_string(slot));
+    }
+    CheckPattern(
+        prefix ? "^" + Composed(items) : Composed(items) + "$",
+        {FaultKind::Pattern, naming.RuleID(), rule.Element, element + "s", ""});
+}
+
+void RulebaseCheck::CheckNameItem(
+    const Rule& rule,
+    const NamingConvention& naming,
+    const PrefixSuffixItem& item,
+    const std::string& place) {
+    const std::vector<NamingEventRow> rows = modNamingEvents::Of(naming.ObjectType());
+    if (item.PSType < static_cast<std::int32_t>(psNone) ||
+        item.PSType > static_cast<std::int32_t>(psArrayTag)) {
+        Tell(
+            FaultKind::Tag,
+            rule,
+            place,
+            "there is no item type " + std::to_string(item.PSType) + ", so the item adds nothing");
+        return;
+    }
+    const auto type = static_cast<PrefixSuffixType>(item.PSType);
+    if (type == psProperty) {
+        Events events;
+        for (const NamingEventRow& row : rows) {
+            events.push_back(static_cast<std::int32_t>(row.Event));
+        }
+        const TextTag parts = modTextTags::Split(item.Value);
+        CheckProperty(
+            parts.Object,
+            parts.Property,
+            events,
+            "'" + item.Value + "'",
+            {FaultKind::Tag, naming.RuleID(), rule.Element, place, ""});
+        return;
+    }
+    for (const TagSourceRow& source : kTagSources) {
+        if (source.Type != type || rows.empty()) {
+            continue;
+        }
+        const bool scopeByItself =
+            type == psScopeTag &&
+            std::all_of(rows.begin(), rows.end(), [](const NamingEventRow& row) {
+                return HasScopeByItself(row.Event);
+            });
+        if (!scopeByItself && modReadableProperties::Look(
+                                  rows.front().ObjectName, source.Property) != Reading::Possible) {
+            Tell(
+                FaultKind::Tag,
+                rule,
+                place,
+                "'" + std::string(rows.front().ObjectName) + "' has no '" +
+                    std::string(source.Property) + "', so there is no " +
+                    std::string(source.Name).substr(source.Name.find(' ') + 1) + " for it");
+        }
+    }
+}
+
+}  // namespace dorvik

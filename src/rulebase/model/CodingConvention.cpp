@@ -1,0 +1,42 @@
+#include "rulebase/model/CodingConvention.h"
+
+#include "foundation/log/Trap.h"
+
+namespace dorvik {
+
+void CodingConvention::SetTriggered(bool triggered) {
+    if (m_pendingViolation) {
+        m_triggered = triggered;
+    }
+}
+
+void CodingConvention::SetCancelled(bool cancelled) {
+    if (m_pendingViolation) {
+        m_cancelled = cancelled;
+    }
+}
+
+void CodingConvention::SetPendingViolation(bool pending) {
+    m_pendingViolation = pending;
+    MarkDirty();
+}
+
+void CodingConvention::SetEndEventID(std::int32_t eventID) {
+    m_endEventID = eventID;
+    MarkDirty();
+}
+
+std::shared_ptr<IRule> CodingConvention::Clone() const {
+    std::shared_ptr<IRule> result;
+    Trap({"CodingConvention", "IRule_Clone"}, [&] {
+        const auto clone = std::make_shared<CodingConvention>();
+        clone->CopyCommonFields(*this);
+        clone->SetEndEventID(m_endEventID);
+        clone->CopyEvents(*this);
+        clone->SetPendingViolation(m_pendingViolation);
+        result = clone;
+    });
+    return result;
+}
+
+}  // namespace dorvik

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "foundation/lists/ObjectArrayList.h"
+#include "rulebase/model/BasicRule.h"
+#include "rulebase/model/PrefixSuffixItem.h"
+
+namespace dorvik {
+
+/// Says how the name, or another property, of one kind of source object must look: a prefix, a
+/// body with length limits and a pattern, and a suffix.
+class NamingConvention final : public BasicRule {
+public:
+    /// Slots of a prefix and of a suffix. They are filled from the front.
+    static constexpr std::int32_t kItemCount = 4;
+
+    NamingConvention();
+
+    dorvik::RuleType RuleType() const override { return ruleTypeNaming; }
+    bool Dirty() const override;
+    void SetDirty(bool dirty) override;
+    /// Required: a naming convention never waits, so the writes of both are ignored.
+    bool Triggered() const override { return false; }
+    void SetTriggered(bool) override {}
+    bool Cancelled() const override { return false; }
+    void SetCancelled(bool) override {}
+    bool PendingViolation() const override { return false; }
+    /// Required: neither `ExclusionList` nor `CaseSensitive` is copied.
+    std::shared_ptr<IRule> Clone() const override;
+
+    /// Whether prefix, suffix and body patterns are matched with case.
+    bool CaseSensitive() const { return m_caseSensitive; }
+    void SetCaseSensitive(bool caseSensitive);
+    /// Number of the object in the catalogue; decides at which events the rule runs.
+    std::int32_t ObjectType() const { return m_objectType; }
+    void SetObjectType(std::int32_t objectType);
+    /// Stored and saved only.
+    std::int32_t PropertyType() const { return m_propertyType; }
+    void SetPropertyType(std::int32_t propertyType);
+    /// The property whose value is tested, usually the name.
+    const std::string& PropertyName() const { return m_propertyName; }
+    void SetPropertyName(std::string name);
+    /// Exempt values, separated by ";".
+    const std::string& ExclusionList() const { return m_exclusionList; }
+    void SetExclusionList(std::string list);
+
+    bool PrefixActive() const { return m_prefixActive; }
+    void SetPrefixActive(bool active);
+    /// Always `kItemCount` items, in slot order.
+    const ObjectArrayList<PrefixSuffixItem>& PrefixItems() const { return m_prefixItems; }
+    ObjectArrayList<PrefixSuffixItem>& PrefixItems() { return m_prefixItems; }
+    const std::string& PrefixAdvice() const { return m_prefixAdvice; }
+    void SetPrefixAdvice(std::string advice);
+
+    bool BodyActive() const { return m_bodyActive; }
+    void SetBodyActive(bool active);
+    const std::string& BodyPattern() const { return m_bodyPattern; }
+    void SetBodyPattern(std::string pattern);
+    /// In characters; below 1 is no limit, as for the minimum.
+    std::int16_t MaxBodyLength() const { return m_maxBodyLength; }
+    void SetMaxBodyLength(std::int16_t length);
+    std::int16_t MinBodyLength() const { return m_minBodyLength; }
+    void SetMinBodyLength(std::int16_t length);
+    const std::string& BodyAdvice() const { return m_bodyAdvice; }
+    void SetBodyAdvice(std::string advice);
+
+    bool SuffixActive() const { return m_suffixActive; }
+    void SetSuffixActive(bool active);
+    const ObjectArrayList<PrefixSuffixItem>& SuffixItems() const { return m_suffixItems; }
+    ObjectArrayList<PrefixSuffixItem>& SuffixItems() { return m_suffixItems; }
+    const std::string& SuffixAdvice() const { return m_suffixAdvice; }
+    void SetSuffixAdvice(std::string advice);
+
+private:
+    void CopyPatternFields(const NamingConvention& other);
+
+    std::string m_propertyName;
+    std::string m_exclusionList;
+    std::string m_prefixAdvice;
+    std::string m_bodyPattern;
+    std::string m_bodyAdvice;
+    std::string m_suffixAdvice;
+    ObjectArrayList<PrefixSuffixItem> m_prefixItems;
+    ObjectArrayList<PrefixSuffixItem> m_suffixItems;
+    std::int32_t m_objectType = 0;
+    std::int32_t m_propertyType = 0;
+    std::int16_t m_maxBodyLength = 0;
+    std::int16_t m_minBodyLength = 0;
+    bool m_caseSensitive = true;
+    bool m_prefixActive = false;
+    bool m_bodyActive = false;
+    bool m_suffixActive = false;
+};
+
+}  // namespace dorvik

@@ -1,0 +1,204 @@
+#pragma once
+
+#include "foundation/lists/KeyedArrayList.h"
+#include "foundation/lists/ObjectKeyedArrayList.h"
+#include "foundation/lists/StringKeyedArrayList.h"
+#include "platform/host/modEncoding.h"
+#include "source/FileType.h"
+#include "source/VirtualComponent.h"
+#include "source/VirtualObject.h"
+#include "source/VirtualReference.h"
+#include "source/VirtualSourceFile.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace dorvik {
+
+class TextFileReader;
+
+/// How the reading of a project file ended.
+enum class ProjectLoadStatus : std::int32_t {
+    Good = 0,
+    LineFailed = 1,  // a line could not be decoded; logged
+    NotOpened = 2,
+    NotFound = 3,  // the file or its path does not exist
+};
+
+/// A source file that a review could not take in to its end.
+struct UnreviewedFile {
+    std::string Filename;
+    SourceFileStatus Status;  // why it could not be opened; `Good` if it failed behind that
+    bool IsStored = true;     // false: reviewed, but the results store took no row for it
+    std::string Reason =
+        {};  // more than the status tells, to be put behind the name; empty if nothing
+    std::int32_t LastLine = 0;  // the last physical line that was read; 0 if none was
+};
+
+/// A source file whose layout could not be read on from some line. All behind the layout was reviewed.
+struct CutLayout {
+    std::string Filename;
+    LayoutFault Fault;
+};
+
+/// What a review found and could not store.
+struct LostResults {
+    std::int32_t Count = 0;
+    std::string
+        Reason;  // why the first one was lost; also why a review could not begin. Reads behind a colon
+};
+
+/// A Visual Basic project as its project file tells it, read as text. It owns its lists; each source
+/// file refers back to it without owning it, so a project neither moves nor is copied.
+class VirtualProject {
+public:
+    /// `codePage` is that of the project file and of its source files where no byte order mark
+    /// tells the encoding.
+    explicit VirtualProject(int codePage = modEncoding::kDefaultCodePage);
+    ~VirtualProject();
+    VirtualProject(const VirtualProject&) = delete;
+    VirtualProject& operator=(const VirtualProject&) = delete;
+
+    /// Reads the project file and, where that succeeds, adds the properties of its file name.
+    ProjectLoadStatus LoadProject(std::string_view filename);
+    /// The reader itself. It begins afresh: lists, properties, counts, errors and status of an earlier
+    /// reading, and of the review behind that, are gone. `propertiesOnly` leaves out the default references and every list; the
+    /// file counters go up all the same.
+    ProjectLoadStatus LoadProjectFile(std::string_view filename, bool propertiesOnly);
+
+    /// By GUID; a design-time reference by its file name.
+    ObjectKeyedArrayList<VirtualReference>& References() { return *m_references; }
+    /// Paths as written in the file, by running number ("1", "2", ...).
+    StringKeyedArrayList& RelatedDocs() { return *m_relatedDocs; }
+    /// By the file's name, or by its path where the name is empty.
+    ObjectKeyedArrayList<VirtualSourceFile>& SourceFiles() { return *m_sourceFiles; }
+    /// By GUID; a design-time component by its file name.
+    ObjectKeyedArrayList<VirtualComponent>& Components() { return *m_components; }
+    /// Every key of the project file that opens no list, in order: the bag of `ProjectStats`.
+    KeyedArrayList& Properties() { return m_projectStats->Properties(); }
+    /// Drops `ProjectStats` and the four lists for fresh, empty ones. The scalar values stay.
+    void ClearListProperties();
+
+    const std::string& Name() const { return m_name; }
+    void SetName(std::string_view name) { m_name = name; }
+    /// Full path of the project file, as given to `LoadProject`.
+    const std::string& Filename() const { return m_filename; }
+    void SetFilename(std::string_view filename) { m_filename = filename; }
+    /// "Exe", "OleDll", "OleExe" or "Control".
+    const std::string& ProjectType() const { return m_projectType; }
+    void SetProjectType(std::string_view type) { m_projectType = type; }
+    int CodePage() const { return m_codePage; }
+
+    /// Number of lines that name a file of that type. Forms and MDI forms share one counter, so
+    /// either type gives the sum of both; `None` gives 0.
+    std::int32_t FileCount(FileType type) const;
+
+    const std::shared_ptr<VirtualObject>& ProjectStats() const { return m_projectStats; }
+
+    /// References whose type library failed to load; counted by the project review, as the next three are.
+    std::int32_t ReferenceErrors() const { return m_referenceErrors; }
+    void SetReferenceErrors(std::int32_t count) { m_referenceErrors = count; }
+    std::int32_t ComponentErrors() const { return m_componentErrors; }
+    void SetComponentErrors(std::int32_t count) { m_componentErrors = count; }
+    std::int32_t FileErrors() const { return m_fileErrors; }
+    void SetFileErrors(std::int32_t count) { m_fileErrors = count; }
+    std::int32_t ScanErrors() const { return m_scanErrors; }
+    void SetScanErrors(std::int32_t count) { m_scanErrors = count; }
+    /// Review state of the project: 0 while nothing went wrong.
+    std::int32_t ReviewStatus() const { return m_reviewStatus; }
+    void SetReviewStatus(std::int32_t status) { m_reviewStatus = status; }
+    /// How the last reading of the project file ended.
+    ProjectLoadStatus LoadStatus() const { return m_loadStatus; }
+    /// Why a project file that is there holds no text that can be read, to be put behind its name; empty
+    /// otherwise.
+    const std::string& Unreadable() const { return m_unreadable; }
+    /// The line at which a reading ended with `LineFailed`; its number is 0 where it was none.
+    struct Line {
+        std::int32_t Number = 0;
+        std::string Text;
+    };
+    const Line& FailedLine() const { return m_failedLine; }
+    /// The source files that a review could not take in to their end, in the order of the review. They
+    /// stay when the lists are dropped, for whoever tells the user afterwards.
+    const std::vector<UnreviewedFile>& UnreviewedFiles() const { return m_unreviewedFiles; }
+    void AddUnreviewedFile(UnreviewedFile file) { m_unreviewedFiles.push_back(std::move(file)); }
+    /// Without a count all that was found is stored. Stays as the list above does.
+    const LostResults& ResultsLost() const { return m_resultsLost; }
+    void SetResultsLost(LostResults lost) { m_resultsLost = std::move(lost); }
+    /// The source files whose layouts a review could read only in part; they stay likewise.
+    const std::vector<CutLayout>& CutLayouts() const { return m_cutLayouts; }
+    void AddCutLayout(CutLayout layout) { m_cutLayouts.push_back(std::move(layout)); }
+
+private:
+    /// Lines of the project file that name a source file, by kind.
+    struct FileCounts {
+        std::int32_t Modules = 0;
+        std::int32_t Classes = 0;
+        std::int32_t UserControls = 0;
+        std::int32_t UserDocuments = 0;
+        std::int32_t Designers = 0;
+        std::int32_t Forms = 0;  // MDI forms among them
+        std::int32_t PropertyPages = 0;
+    };
+
+    /// What one line of the project file means.
+    struct Entry {
+        std::string_view Line;
+        std::string_view Key;
+        std::string_view Value;
+    };
+    using EntryAction = bool (VirtualProject::*)(const Entry&, bool propertiesOnly);
+    struct EntryRow;
+    static const EntryRow kEntryRows[];
+
+    void BeginAfresh();
+    ProjectLoadStatus ReadLines(TextFileReader& reader, bool propertiesOnly);
+    bool DecodeLineFromVBProjectFile(std::string_view line, bool propertiesOnly);
+    bool DecodeEntry(const Entry& entry, bool propertiesOnly);
+
+    bool TakeRelatedDoc(const Entry& entry, bool propertiesOnly);
+    bool TakeName(const Entry& entry, bool propertiesOnly);
+    bool TakeType(const Entry& entry, bool propertiesOnly);
+    bool TakeFavorPentiumPro(const Entry& entry, bool propertiesOnly);
+    bool TakeObject(const Entry& entry, bool propertiesOnly);
+    bool TakeReference(const Entry& entry, bool propertiesOnly);
+    bool TakeSourceFile(const Entry& entry, bool propertiesOnly);
+
+    void AddProperty(std::string_view key, std::string_view value);
+    void AddDefaultReferences();
+    bool AddProjectFileSourceFile(std::string_view line);
+    void AddProjectFileReference(std::string_view line);
+    void AddProjectFileComponent(std::string_view line);
+    void ReleaseSourceFiles();
+    /// The counter of a file type, the same for a form and an MDI form; null for `None`.
+    static std::int32_t FileCounts::*Counter(FileType type);
+
+    std::shared_ptr<VirtualObject> m_projectStats;
+    std::unique_ptr<ObjectKeyedArrayList<VirtualReference>> m_references;
+    std::unique_ptr<ObjectKeyedArrayList<VirtualComponent>> m_components;
+    std::unique_ptr<StringKeyedArrayList> m_relatedDocs;
+    std::unique_ptr<ObjectKeyedArrayList<VirtualSourceFile>> m_sourceFiles;
+    FileCounts m_fileCounts;
+    std::int32_t m_referenceErrors = 0;
+    std::int32_t m_componentErrors = 0;
+    std::int32_t m_fileErrors = 0;
+    std::int32_t m_scanErrors = 0;
+    std::string m_name;
+    std::string m_path;  // the project file's folder, with its trailing backslash
+    std::string m_filename;
+    std::string m_projectType;
+    std::int32_t m_reviewStatus = 0;
+    ProjectLoadStatus m_loadStatus = ProjectLoadStatus::Good;
+    std::string m_unreadable;
+    Line m_failedLine;
+    std::vector<UnreviewedFile> m_unreviewedFiles;
+    LostResults m_resultsLost;
+    std::vector<CutLayout> m_cutLayouts;
+    int m_codePage;
+};
+
+}  // namespace dorvik
