@@ -61,9 +61,11 @@ const std::array<Property, 4> kProperties = {{
 }};
 
 const std::string* FindProperty(std::string_view name) {
-    for (const Property& property : kProperties)
-        if (property.Name == name)
+    for (const Property& property : kProperties) {
+        if (property.Name == name) {
             return &property.Text;
+        }
+    }
     return nullptr;
 }
 
@@ -98,8 +100,9 @@ public:
         m_engine.SetLimits(limits);
         m_engine.AddExtension("Dorvik.", m_facts);
         m_engine.SetAcceptsModules(true);
-        if (!m_engine.LoadText("Benchmark.dvs", text))
+        if (!m_engine.LoadText("Benchmark.dvs", text)) {
             Fail(m_engine.ErrorText());
+        }
         m_engine.SetReady(true);
     }
     std::string Run(std::string_view name) {
@@ -118,10 +121,11 @@ private:
 int GetPropertyForLua(lua_State* lua) {
     std::size_t size = 0;
     const char* name = luaL_checklstring(lua, 1, &size);
-    if (const std::string* text = FindProperty({name, size}))
+    if (const std::string* text = FindProperty({name, size})) {
         lua_pushlstring(lua, text->data(), text->size());
-    else
+    } else {
         lua_pushnil(lua);
+    }
     return 1;
 }
 
@@ -151,8 +155,9 @@ public:
 
 private:
     void Check(int status) {
-        if (status != LUA_OK)
+        if (status != LUA_OK) {
             Fail(lua_tostring(m_lua.get(), -1));
+        }
     }
     std::unique_ptr<lua_State, void (*)(lua_State*)> m_lua;
 };
@@ -193,8 +198,9 @@ void Compare(const ScriptProgram& program) {
         std::string luaResult;
         const double ourSeconds = SecondsOf([&] { ourResult = ours.Run("Main"); });
         const double luaSeconds = SecondsOf([&] { luaResult = lua.Run("Main"); });
-        if (WithoutBlanks(ourResult) != luaResult)
+        if (WithoutBlanks(ourResult) != luaResult) {
             Fail(std::string(program.Name) + ": " + ourResult + " is not " + luaResult);
+        }
         best.Add(ourSeconds, luaSeconds);
     }
     Print(program.Name, best);
@@ -208,8 +214,9 @@ void CompareDispatchers() {
     BasicScript ours(ourText);
     LuaScript lua(luaText);
     ScriptHandler handler = ours.Handler("Sub RunScript(ByVal Number As Long)");
-    if (!handler.IsReady())
+    if (!handler.IsReady()) {
         Fail("the dispatcher was not found");
+    }
     Pair dispatched;
     Pair direct;
     const auto numberOf = [](int call) {
@@ -226,11 +233,13 @@ void CompareDispatchers() {
                 }
             }),
             SecondsOf([&] {
-                for (int call = 0; call < kDispatcherCalls; ++call)
+                for (int call = 0; call < kDispatcherCalls; ++call) {
                     lua.CallWithNumber("RunScript", numberOf(call));
+                }
             }));
-        if (WithoutBlanks(ours.Run("Hits")) != lua.Run("Hits"))
+        if (WithoutBlanks(ours.Run("Hits")) != lua.Run("Hits")) {
             Fail("the dispatchers do not agree");
+        }
         direct.Add(SecondsOf([&] { ours.Run("Direct"); }), SecondsOf([&] { lua.Run("Direct"); }));
     }
     Print("RunScript, 1,000,000 calls", dispatched);
@@ -249,10 +258,14 @@ void CompareDispatchers() {
 int main(int argumentCount, char** arguments) {
     const std::string_view wanted = argumentCount > 1 ? arguments[1] : "";
     std::printf("%-40s %8s %8s %8s\n", "CPU seconds, best of five", "Dorvik", "Lua", "ratio");
-    for (const auto programs : {kScriptPrograms, kTextPrograms, kEverydayPrograms})
-        for (const ScriptProgram& program : programs)
-            if (program.Name.find(wanted) != std::string_view::npos)
+    for (const auto programs : {kScriptPrograms, kTextPrograms, kEverydayPrograms}) {
+        for (const ScriptProgram& program : programs) {
+            if (program.Name.find(wanted) != std::string_view::npos) {
                 Compare(program);
-    if (std::string_view("RunScript").find(wanted) != std::string_view::npos)
+            }
+        }
+    }
+    if (std::string_view("RunScript").find(wanted) != std::string_view::npos) {
         CompareDispatchers();
+    }
 }

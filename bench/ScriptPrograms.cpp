@@ -224,9 +224,10 @@ std::string DispatcherInBasic(int calls) {
                        "Sub RunScript(ByVal Number As Long)\n"
                        "    Dim kind, name\n"
                        "    Select Case Number\n";
-    for (int number = 1; number <= kDispatcherCases; ++number)
+    for (int number = 1; number <= kDispatcherCases; ++number) {
         text +=
             "        Case " + std::to_string(number) + "\n" + CaseInBasic(number, "            ");
+    }
     text += "    End Select\n"
             "End Sub\n"
             "Sub Direct()\n"
@@ -247,8 +248,9 @@ std::string DispatcherInBasic(int calls) {
 /// The language has no `Select Case`; a table of functions is its fastest way to branch by a number.
 std::string DispatcherInLua(int calls) {
     std::string text = "local count = 0\nlocal cases = {\n";
-    for (int number = 1; number <= kDispatcherCases; ++number)
+    for (int number = 1; number <= kDispatcherCases; ++number) {
         text += "    function()\n" + CaseInLua(number, "        ") + "    end,\n";
+    }
     text += "}\n"
             "function RunScript(number)\n"
             "    local case = cases[number]\n"

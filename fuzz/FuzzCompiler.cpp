@@ -30,14 +30,19 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static Workbench bench;
     ScriptEngine& engine = bench.Engine;
     const bool loads = engine.LoadText("Fuzz.dvs", text);
-    if (loads != engine.LoadErrors().empty())
+    if (loads != engine.LoadErrors().empty()) {
         std::abort();
-    if (loads && engine.Disassemble().empty() && !text.empty() && !engine.Warnings().empty())
+    }
+    if (loads && engine.Disassemble().empty() && !text.empty() && !engine.Warnings().empty()) {
         std::abort();
-    for (const CompileError& error : engine.LoadErrors())
-        if (error.Text.empty() || error.Number == 0)
+    }
+    for (const CompileError& error : engine.LoadErrors()) {
+        if (error.Text.empty() || error.Number == 0) {
             std::abort();
-    if (!loads && engine.ErrorText().empty())
+        }
+    }
+    if (!loads && engine.ErrorText().empty()) {
         std::abort();
+    }
     return 0;
 }

@@ -14,8 +14,9 @@ class CountingHost : public IScriptHost {
 public:
     void OnErrorAlert(const ErrorAlert& alert) override {
         ++Alerts;
-        if (alert.Description.empty())
+        if (alert.Description.empty()) {
             std::abort();
+        }
     }
 
     int Alerts = 0;
@@ -44,8 +45,9 @@ struct Workbench {
 };
 
 void Expect(bool hasFinished, int alerts) {
-    if (hasFinished == (alerts != 0) || alerts > 1)
+    if (hasFinished == (alerts != 0) || alerts > 1) {
         std::abort();
+    }
 }
 
 void RunAll(Workbench& bench) {
@@ -67,8 +69,9 @@ void ExpectNothingLeft(Workbench& bench) {
     constexpr std::size_t kMostMadeOnce = 64u << 10;
     bench.Extension.Forget();
     bench.Engine.LoadText("Empty.dvs", "");
-    if (MemoryMeter::Current().Used() > kMostMadeOnce)
+    if (MemoryMeter::Current().Used() > kMostMadeOnce) {
         std::abort();
+    }
 }
 
 }  // namespace
@@ -77,8 +80,9 @@ void ExpectNothingLeft(Workbench& bench) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static Workbench bench;
     const std::string_view text(reinterpret_cast<const char*>(data), size);
-    if (!bench.Engine.LoadText("Fuzz.dvs", text))
+    if (!bench.Engine.LoadText("Fuzz.dvs", text)) {
         return -1;
+    }
     RunAll(bench);
     ExpectNothingLeft(bench);
     return 0;

@@ -22,13 +22,18 @@ bool IsSound(const NumberedTypeLibrary& library) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
     const TypeLibraryFile file = modTypeLibraryFile::ReadBytes(bytes, "Fuzz.tlb");
-    if (file.Libraries.empty() && file.Faults.empty())
+    if (file.Libraries.empty() && file.Faults.empty()) {
         std::abort();
-    for (const NumberedTypeLibrary& library : file.Libraries)
-        if (!IsSound(library))
+    }
+    for (const NumberedTypeLibrary& library : file.Libraries) {
+        if (!IsSound(library)) {
             std::abort();
-    for (const std::string& fault : file.Faults)
-        if (!fault.starts_with("\"Fuzz.tlb\"") || !fault.ends_with("."))
+        }
+    }
+    for (const std::string& fault : file.Faults) {
+        if (!fault.starts_with("\"Fuzz.tlb\"") || !fault.ends_with(".")) {
             std::abort();
+        }
+    }
     return 0;
 }

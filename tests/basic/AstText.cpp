@@ -27,8 +27,9 @@ template <class List, class Print>
 std::string Joined(const List& list, const std::string& separator, Print print) {
     std::string text;
     for (const auto& element : list) {
-        if (&element != &list.front())
+        if (&element != &list.front()) {
             text += separator;
+        }
         text += print(element);
     }
     return text;
@@ -36,8 +37,9 @@ std::string Joined(const List& list, const std::string& separator, Print print) 
 
 std::string ArgumentText(const Argument& argument) {
     std::string text = argument.Name.empty() ? "" : argument.Name + ":=";
-    if (argument.IsByVal)
+    if (argument.IsByVal) {
         text += "ByVal ";
+    }
     return text + (argument.Value ? AstText(*argument.Value) : "_");
 }
 
@@ -46,24 +48,33 @@ std::string ArgumentsText(const std::vector<Argument>& arguments) {
 }
 
 std::string ValueText(const Value& value) {
-    if (value.Type() == ValueType::Integer)
+    if (value.Type() == ValueType::Integer) {
         return std::to_string(value.AsInteger());
-    if (value.Type() == ValueType::Long)
+    }
+    if (value.Type() == ValueType::Long) {
         return std::to_string(value.AsLong()) + "&";
-    if (value.Type() == ValueType::Single)
+    }
+    if (value.Type() == ValueType::Single) {
         return Number(value.AsSingle()) + "!";
-    if (value.Type() == ValueType::Double)
+    }
+    if (value.Type() == ValueType::Double) {
         return Number(value.AsDouble()) + "#";
-    if (value.Type() == ValueType::Currency)
+    }
+    if (value.Type() == ValueType::Currency) {
         return Number(static_cast<double>(value.AsCurrency()) / 10'000) + "@";
-    if (value.Type() == ValueType::Date)
+    }
+    if (value.Type() == ValueType::Date) {
         return "#" + Number(value.AsDouble()) + "#";
-    if (value.Type() == ValueType::String)
+    }
+    if (value.Type() == ValueType::String) {
         return "\"" + std::string(value.AsText()) + "\"";
-    if (value.Type() == ValueType::Boolean)
+    }
+    if (value.Type() == ValueType::Boolean) {
         return value.AsBoolean() ? "True" : "False";
-    if (value.Type() == ValueType::Null)
+    }
+    if (value.Type() == ValueType::Null) {
         return "Null";
+    }
     return value.Type() == ValueType::Empty ? "Empty" : "Nothing";
 }
 
@@ -99,11 +110,13 @@ struct ExpressionPrinter {
 };
 
 std::string TypeText(const TypeName& type) {
-    if (type.Name.empty())
+    if (type.Name.empty()) {
         return "";
+    }
     std::string text = std::string(" As ") + (type.IsNew ? "New " : "") + type.Name;
-    if (type.FixedLength)
+    if (type.FixedLength) {
         text += " * " + AstText(type.FixedLength);
+    }
     return text + (type.IsArray ? "()" : "");
 }
 
@@ -139,10 +152,12 @@ std::string Braced(const Block& block) {
 }
 
 std::string CaseText(const CaseTest& test) {
-    if (test.Kind == CaseTestKind::Range)
+    if (test.Kind == CaseTestKind::Range) {
         return AstText(test.Value) + " To " + AstText(test.Upper);
-    if (test.Kind == CaseTestKind::Value)
+    }
+    if (test.Kind == CaseTestKind::Value) {
         return AstText(test.Value);
+    }
     return std::string("Is ") + kBinary[static_cast<int>(test.Comparison)] + " " +
            AstText(test.Value);
 }
@@ -181,10 +196,12 @@ struct StatementPrinter {
         static const char* const kKinds[] = {"Mid", "LSet", "RSet"};
         std::string text =
             std::string(kKinds[static_cast<int>(node.Kind)]) + " " + AstText(node.Target);
-        if (node.Start)
+        if (node.Start) {
             text += " from " + AstText(node.Start);
-        if (node.Length)
+        }
+        if (node.Length) {
             text += " for " + AstText(node.Length);
+        }
         return text + " = " + AstText(node.Value);
     }
     std::string operator()(const CallStatement& node) const {
@@ -193,17 +210,19 @@ struct StatementPrinter {
     }
     std::string operator()(const IfStatement& node) const {
         std::string text;
-        for (const IfBranch& branch : node.Branches)
+        for (const IfBranch& branch : node.Branches) {
             text += (text.empty() ? (node.IsSingleLine ? "LineIf " : "If ") : " ElseIf ") +
                     AstText(branch.Condition) + Braced(branch.Body);
+        }
         return text + (node.ElseBody.empty() ? "" : " Else" + Braced(node.ElseBody));
     }
     std::string operator()(const SelectStatement& node) const {
         std::string text = "Select " + AstText(node.Subject);
-        for (const CaseClause& clause : node.Clauses)
+        for (const CaseClause& clause : node.Clauses) {
             text += " Case " +
                     (clause.Tests.empty() ? "Else" : Joined(clause.Tests, ", ", CaseText)) +
                     Braced(clause.Body);
+        }
         return text;
     }
     std::string operator()(const ForStatement& node) const {
@@ -218,11 +237,13 @@ struct StatementPrinter {
     std::string operator()(const LoopStatement& node) const {
         static const char* const kTests[] = {"", " While ", " Until "};
         std::string text = node.IsWhileWend ? "While" : "Do";
-        if (node.TestBefore != LoopTest::None)
+        if (node.TestBefore != LoopTest::None) {
             text += kTests[static_cast<int>(node.TestBefore)] + AstText(node.Condition);
+        }
         text += Braced(node.Body);
-        if (node.TestAfter != LoopTest::None)
+        if (node.TestAfter != LoopTest::None) {
             text += kTests[static_cast<int>(node.TestAfter)] + AstText(node.Condition);
+        }
         return text;
     }
     std::string operator()(const WithStatement& node) const {

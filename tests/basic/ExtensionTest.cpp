@@ -15,12 +15,13 @@ public:
     }
     void Call(std::size_t member, std::span<Value> arguments) override {
         ++Calls;
-        if (member == 1)
+        if (member == 1) {
             arguments[1] = Answer;
-        else if (member == 2)
+        } else if (member == 2) {
             Answer = arguments[1];
-        else if (member == 3)
+        } else if (member == 3) {
             arguments[0] = arguments[1] = Value::Long(3);
+        }
     }
 
     Value Answer = Value::Text("7");

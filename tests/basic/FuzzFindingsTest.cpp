@@ -18,10 +18,11 @@ public:
         return kMembers;
     }
     void Call(std::size_t member, std::span<Value> arguments) override {
-        if (member == 0)
+        if (member == 0) {
             Kept = arguments[0];
-        else
+        } else {
             arguments[0] = Kept;
+        }
     }
 
     Value Kept;
@@ -87,8 +88,9 @@ TEST(LostContainers, OfOneCallDoNotTakeTheMemoryOfTheNext) {
         "Test.dvs",
         "Sub Main\nFor i = 1 To 1000\nSet c = New Collection\nc.Add c\nNext\nEnd Sub\n"));
     engine.SetReady(true);
-    for (int call = 0; call < 50; ++call)
+    for (int call = 0; call < 50; ++call) {
         engine.RunSub("Main");
+    }
     EXPECT_EQ(host.Alerts, 0);
 }
 

@@ -23,17 +23,19 @@ std::string TokenTexts(std::string_view source) {
     while (lexer.HasLine()) {
         lexer.ReadLine(tokens);
         for (const Token& token : tokens) {
-            if (token.Kind != TokenKind::EndOfLine)
+            if (token.Kind != TokenKind::EndOfLine) {
                 text +=
                     std::string(token.Text) +
                     (token.Kind == TokenKind::Name && token.Suffix ? std::string(1, token.Suffix)
                                                                    : "") +
                     "|";
+            }
         }
         text += "\n";
     }
-    for (const CompileError& error : errors.Take())
+    for (const CompileError& error : errors.Take()) {
         text += "error " + std::to_string(error.Number) + "\n";
+    }
     return text;
 }
 
@@ -114,8 +116,9 @@ TEST(Lexer, ANameHasAtMost255Characters) {
     EXPECT_EQ(BodyText(std::string(255, 'a') + " = 1"), std::string(255, 'a') + " = 1");
     EXPECT_EQ(BodyText(std::string(256, 'a') + " = 1"), "2:1 1030 Identifier too long");
     std::string umlauts;
-    for (int i = 0; i < 255; ++i)
+    for (int i = 0; i < 255; ++i) {
         umlauts += "\xC3\xA4";
+    }
     EXPECT_EQ(BodyText(umlauts + " = 1"), umlauts + " = 1");
 }
 
@@ -154,8 +157,9 @@ TEST(Lexer, NumbersHaveTheTypeThatTheyFit) {
         {"&O177777", "-1"},
         {"&O37777777777", "-1&"},
     };
-    for (const Row& row : rows)
+    for (const Row& row : rows) {
         EXPECT_EQ(ExpressionText(row.Source), row.Expected) << row.Source;
+    }
 }
 
 TEST(Lexer, ANumberOutOfTheRangeOfItsTypeIsAnError) {
@@ -171,8 +175,9 @@ TEST(Lexer, ANumberOutOfTheRangeOfItsTypeIsAnError) {
         {"&HFFFFF%", "2:5 1031 Invalid number: '&HFFFFF%'"},
         {"&O19", "2:5 1031 Invalid number: '&O19'"},
     };
-    for (const Row& row : rows)
+    for (const Row& row : rows) {
         EXPECT_EQ(ExpressionText(row.Source), row.Expected) << row.Source;
+    }
 }
 
 TEST(Lexer, AStringWithoutItsLastQuoteEndsWithTheLine) {
@@ -185,8 +190,9 @@ TEST(Lexer, AStringWithoutItsLastQuoteEndsWithTheLine) {
         {"\"\"\"\"", "\"\"\""},
         {"\"a\"\"b\"", "\"a\"b\""},
     };
-    for (const Row& row : rows)
+    for (const Row& row : rows) {
         EXPECT_EQ(ExpressionText(row.Source), row.Expected) << row.Source;
+    }
 }
 
 TEST(Lexer, DatesAreRead) {
@@ -196,8 +202,9 @@ TEST(Lexer, DatesAreRead) {
         {"#Jan 31, 2000 6:00 PM#", "#36556.75#"},
         {"#13/45/2000#", "2:5 1002 '#13/45/2000#' is no date"},
     };
-    for (const Row& row : rows)
+    for (const Row& row : rows) {
         EXPECT_EQ(ExpressionText(row.Source), row.Expected) << row.Source;
+    }
 }
 
 }  // namespace

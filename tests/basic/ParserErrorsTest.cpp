@@ -12,13 +12,15 @@ struct Row {
 
 /// The sources are bodies of a Sub that begin in line 2.
 void ExpectBodyErrors(std::initializer_list<Row> rows) {
-    for (const Row& row : rows)
+    for (const Row& row : rows) {
         EXPECT_EQ(BodyText(row.Source), row.Errors) << row.Source;
+    }
 }
 
 void ExpectModuleErrors(std::initializer_list<Row> rows) {
-    for (const Row& row : rows)
+    for (const Row& row : rows) {
         EXPECT_EQ(ErrorLines(ParseModule(row.Source)), row.Errors) << row.Source;
+    }
 }
 
 TEST(ParserErrors, AMissingWordIsNamed) {

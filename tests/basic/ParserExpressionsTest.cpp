@@ -11,8 +11,9 @@ struct Row {
 };
 
 void ExpectTrees(std::initializer_list<Row> rows) {
-    for (const Row& row : rows)
+    for (const Row& row : rows) {
         EXPECT_EQ(ExpressionText(row.Source), row.Tree) << row.Source;
+    }
 }
 
 TEST(ParserExpressions, EveryLevelBindsTighterThanTheNext) {

@@ -10,8 +10,9 @@ namespace {
 std::string Repeated(std::string_view text, int count) {
     std::string repeated;
     repeated.reserve(text.size() * static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i)
+    for (int i = 0; i < count; ++i) {
         repeated += text;
+    }
     return repeated;
 }
 
@@ -182,8 +183,9 @@ TEST(ParserRobustness, BytesThatAreNoTextAreErrorsAndNothingWorse) {
 }
 
 TEST(ParserRobustness, NothingButNothingIsAModule) {
-    for (const char* source : {"", "\n", "\r", "\xEF\xBB\xBF", "   ", " _", "'", ":::"})
+    for (const char* source : {"", "\n", "\r", "\xEF\xBB\xBF", "   ", " _", "'", ":::"}) {
         EXPECT_EQ(ErrorLines(ParseModule(source)), "") << source;
+    }
 }
 
 TEST(ParserRobustness, AnyMixtureOfWordsIsParsedToItsEnd) {
@@ -208,8 +210,9 @@ TEST(ParserRobustness, AnyMixtureOfWordsIsParsedToItsEnd) {
     std::mt19937 random(20240229);  // a fixed seed: the same texts in every run
     for (int text = 0; text < 300; ++text) {
         std::string source = "Sub A()\n";
-        for (int i = 0; i < 300; ++i)
+        for (int i = 0; i < 300; ++i) {
             source += std::string(words[random() % std::size(words)]) + " ";
+        }
         const auto parsed = ParseModule(source);
         std::int32_t line = 0;
         for (const CompileError& error : parsed.Errors) {
@@ -217,10 +220,12 @@ TEST(ParserRobustness, AnyMixtureOfWordsIsParsedToItsEnd) {
             EXPECT_LE(error.Place.Line, static_cast<std::int32_t>(parsed.Module.Lines.size()));
             line = error.Place.Line;
         }
-        if (!parsed.Errors.empty())
+        if (!parsed.Errors.empty()) {
             continue;
-        for (const ModuleItem& item : parsed.Module.Items)
+        }
+        for (const ModuleItem& item : parsed.Module.Items) {
             EXPECT_FALSE(AstText(item).empty());
+        }
     }
 }
 

@@ -93,8 +93,9 @@ TEST(Preprocessor, ErrorsNameTheDirective) {
         {"#Const a = 1 / 0", "1:14 1002 This constant cannot be computed: Division by zero"},
         {"#If f(1) Then\n#End If", "1:5 1045 A constant expression is expected here"},
     };
-    for (const Row& row : rows)
+    for (const Row& row : rows) {
         EXPECT_EQ(ErrorLines(ParseModule(row.Source)), row.Errors) << row.Source;
+    }
 }
 
 }  // namespace

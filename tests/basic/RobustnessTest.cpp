@@ -73,8 +73,9 @@ INSTANTIATE_TEST_SUITE_P(Rows, HardScripts, testing::ValuesIn(kRows));
 
 TEST(HardScript, ASelectWith100000CasesRuns) {
     std::string text = "Sub Main\nDim n As Long\nn = 77777\nSelect Case n\n";
-    for (int i = 0; i < 100'000; ++i)
+    for (int i = 0; i < 100'000; ++i) {
         text += "Case " + std::to_string(i) + "\nx = " + std::to_string(i % 1000) + "\n";
+    }
     EXPECT_EQ(RunModule(text + "End Select\nDebug.Print x\nEnd Sub\n").Output(), " 777 \n");
 }
 
@@ -109,8 +110,9 @@ TEST(TimeLimit, ReachesLoopsOfSlowStatements) {
         {"Set d = CreateObject(\"Scripting.Dictionary\")\nFor i = 1 To 20000\nd.Add i, i\nNext",
          "x = d.Keys"},
     };
-    for (const auto& row : rows)
+    for (const auto& row : rows) {
         EXPECT_LT(SecondsUntilStopped(row.Declarations, row.Statement), 5.0) << row.Statement;
+    }
 }
 
 }  // namespace dorvik::basic

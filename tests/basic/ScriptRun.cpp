@@ -19,13 +19,16 @@ private:
 
 std::string ScriptRun::Output() const {
     std::string text;
-    for (const std::string& line : Printed)
+    for (const std::string& line : Printed) {
         text += line + "\n";
-    for (const ErrorAlert& alert : Alerts)
+    }
+    for (const ErrorAlert& alert : Alerts) {
         text += "Error " + std::to_string(alert.Number) + ": " + alert.Description + "\n";
-    if (!Errors.empty())
+    }
+    if (!Errors.empty()) {
         text += "Compile error " + std::to_string(Errors.front().Number) + ": " +
                 Errors.front().Text + "\n";
+    }
     return text;
 }
 
@@ -37,8 +40,9 @@ ScriptRun RunModule(
     ScriptRun run;
     RecordingHost host(run);
     ScriptEngine engine(host);
-    if (extension != nullptr)
+    if (extension != nullptr) {
         engine.AddExtension("Dorvik.", *extension);
+    }
     engine.SetLimits(limits);
     engine.SetAcceptsModules(true);
     if (engine.LoadText("Test.dvs", text)) {
@@ -56,13 +60,16 @@ ScriptRun RunStatements(std::string_view statements, IScriptExtension* extension
 
 std::string Evaluated(std::string_view expression) {
     const ScriptRun run = RunStatements("Debug.Print " + std::string(expression));
-    if (!run.Alerts.empty())
+    if (!run.Alerts.empty()) {
         return "Error " + std::to_string(run.Alerts.front().Number);
-    if (!run.Errors.empty() || run.Printed.empty())
+    }
+    if (!run.Errors.empty() || run.Printed.empty()) {
         return run.Output();
+    }
     std::string text = run.Printed.front();
-    while (!text.empty() && text.back() == ' ')
+    while (!text.empty() && text.back() == ' ') {
         text.pop_back();
+    }
     return text.starts_with(' ') ? text.substr(1) : text;
 }
 

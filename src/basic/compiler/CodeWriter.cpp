@@ -33,25 +33,29 @@ Register CodeWriter::NewPlain() {
 
 Register CodeWriter::ConstantSlot(const Value& number) {
     const std::size_t searched = std::min<std::size_t>(m_numbers.size(), kConstantsSearched);
-    for (std::size_t i = m_numbers.size(); i-- > m_numbers.size() - searched;)
-        if (SameNumber(m_numbers[i].second, number))
+    for (std::size_t i = m_numbers.size(); i-- > m_numbers.size() - searched;) {
+        if (SameNumber(m_numbers[i].second, number)) {
             return m_numbers[i].first;
+        }
+    }
     m_numbers.emplace_back(NewPlain(), number);
     SetInitial(m_numbers.back().first, number);
     return m_numbers.back().first;
 }
 
 Register CodeWriter::TemporaryGeneric() {
-    if (m_freeGeneric.empty())
+    if (m_freeGeneric.empty()) {
         m_freeGeneric.push_back(NewGeneric());
+    }
     m_live.push_back(m_freeGeneric.back());
     m_freeGeneric.pop_back();
     return m_live.back();
 }
 
 Register CodeWriter::TemporaryPlain() {
-    if (m_freePlain.empty())
+    if (m_freePlain.empty()) {
         m_freePlain.push_back(NewPlain());
+    }
     m_live.push_back(m_freePlain.back());
     m_freePlain.pop_back();
     return m_live.back();
@@ -134,19 +138,23 @@ std::size_t CodeWriter::AddSwitch(SwitchTable table) {
 }
 
 Register CodeWriter::Place(Register slot) const {
-    if (slot == kNoSlot || slot < kPlainBase)
+    if (slot == kNoSlot || slot < kPlainBase) {
         return slot;
-    if (slot < kArgumentBase)
+    }
+    if (slot < kArgumentBase) {
         return static_cast<Register>(m_generic + (slot - kPlainBase));
+    }
     return static_cast<Register>(m_generic + m_plain + (slot - kArgumentBase));
 }
 
 void CodeWriter::PlaceOperands(Instruction& instruction) const {
     const std::string_view operands = RowOf(instruction.Code).Operands;
     std::uint16_t* const fields[] = {&instruction.A, &instruction.B, &instruction.C};
-    for (std::size_t i = 0; i < operands.size(); ++i)
-        if (operands[i] == 'r' || operands[i] == 'o')
+    for (std::size_t i = 0; i < operands.size(); ++i) {
+        if (operands[i] == 'r' || operands[i] == 'o') {
             *fields[i] = Place(*fields[i]);
+        }
+    }
 }
 
 std::uint32_t CodeWriter::PositionOf(Label label) const {
@@ -157,31 +165,37 @@ std::uint32_t CodeWriter::PositionOf(Label label) const {
 void CodeWriter::FillInitial() {
     const std::size_t parameters = m_procedure.Parameters.size();
     m_procedure.Initial.resize(m_generic + m_plain - parameters);
-    for (const auto& [slot, value] : m_initials)
+    for (const auto& [slot, value] : m_initials) {
         m_procedure.Initial[Place(slot) - parameters] = value;
+    }
 }
 
 bool CodeWriter::Finish() {
     if (m_generic > kMostSlotsOfAKind || m_plain > kMostSlotsOfAKind ||
-        m_mostArguments > kMostSlotsOfAKind)
+        m_mostArguments > kMostSlotsOfAKind) {
         return false;
-    for (Instruction& instruction : m_procedure.Code)
+    }
+    for (Instruction& instruction : m_procedure.Code) {
         PlaceOperands(instruction);
+    }
     for (ArgumentCopy& copy : m_procedure.CopyBacks) {
         copy.Reference = Place(copy.Reference);
         copy.Slot = Place(copy.Slot);
     }
-    for (const auto& [position, label] : m_jumps)
+    for (const auto& [position, label] : m_jumps) {
         m_procedure.Code[position].SetWide(static_cast<std::int32_t>(PositionOf(label)));
+    }
     for (const std::size_t index : m_switches) {
         SwitchTable& table = m_program.Switches[index];
-        for (std::uint32_t& target : table.Targets)
+        for (std::uint32_t& target : table.Targets) {
             target = PositionOf(target);
+        }
         table.Else = PositionOf(table.Else);
     }
-    for (const LabelledMark& mark : m_marks)
+    for (const LabelledMark& mark : m_marks) {
         m_procedure.Marks.push_back(
             {mark.Start, PositionOf(mark.Again), PositionOf(mark.Next), mark.Line});
+    }
     FillInitial();
     m_procedure.GenericSlots = static_cast<std::uint32_t>(m_generic);
     m_procedure.Slots = static_cast<std::uint32_t>(m_generic + m_plain);

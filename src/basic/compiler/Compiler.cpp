@@ -14,8 +14,9 @@ CompiledModule CompileModule(
     std::span<const ScriptOrigin> origins) {
     ModuleScope scope(module, extensions, origins);
     scope.Declare();
-    for (std::size_t i = 0; i < scope.Nodes.size(); ++i)
+    for (std::size_t i = 0; i < scope.Nodes.size(); ++i) {
         ProcedureCompiler(scope, i).Compile();
+    }
     WarnOfUnsetNames(scope);
     const auto byPlace = [](const auto& left, const auto& right) {
         return std::tie(left.Place.Line, left.Place.Column) <

@@ -21,12 +21,15 @@ public:
         : m_program(program), m_code(code) {}
 
     bool Is(std::initializer_list<Opcode> codes) const {
-        if (codes.size() > m_code.size())
+        if (codes.size() > m_code.size()) {
             return false;
+        }
         std::size_t at = 0;
-        for (const Opcode code : codes)
-            if (m_code[at++].Code != code)
+        for (const Opcode code : codes) {
+            if (m_code[at++].Code != code) {
                 return false;
+            }
+        }
         return true;
     }
     const Instruction& At(std::size_t position) const { return m_code[position]; }
@@ -42,11 +45,14 @@ public:
     bool Calls(std::size_t position, std::string_view name) const {
         const Instruction& call = m_code[position];
         if (call.Flags != position || call.A == kNoSlot || call.C != m_code[0].A ||
-            m_program.Builtins[call.B]->Name != name)
+            m_program.Builtins[call.B]->Name != name) {
             return false;
-        for (std::size_t i = 1; i < position; ++i)
-            if (m_code[i].A != call.C + i)
+        }
+        for (std::size_t i = 1; i < position; ++i) {
+            if (m_code[i].A != call.C + i) {
                 return false;
+            }
+        }
         return true;
     }
     std::size_t Size() const { return m_code.size(); }
@@ -74,8 +80,9 @@ bool IsPropertyRow(const Row& row, const Program& program) {
              Opcode::Move,
              Opcode::CallExtension,
              Opcode::CoerceString,
-             Opcode::ReleaseArguments}))
+             Opcode::ReleaseArguments})) {
         return false;
+    }
     const ExtensionCall& call = program.ExtensionCalls[row.At(3).Target()];
     const std::size_t first = row.At(0).A;
     return call.Parameters == 3 && call.KeepsArguments && row.At(3).A == kNoSlot &&
@@ -94,11 +101,13 @@ bool IsLeftRow(const Row& row) {
 bool IsLeftCasesRow(const Row& row) {
     constexpr std::size_t kFirst = 4;
     if (!IsLeftRow(row) || row.Size() <= kFirst || row.At(3).Code != Opcode::Move ||
-        row.At(3).Flags != kSelectSubject || row.At(3).B != row.At(2).A)
+        row.At(3).Flags != kSelectSubject || row.At(3).B != row.At(2).A) {
         return false;
+    }
     std::size_t at = kFirst;
-    while (row.IsCaseAt(at, row.At(3).A))
+    while (row.IsCaseAt(at, row.At(3).A)) {
         at += 3;
+    }
     return at > kFirst && at < row.Size() && row.At(at).Code == Opcode::Jump;
 }
 
@@ -137,22 +146,23 @@ void Fuse(const Program& program, Procedure& procedure) {
     const std::span<Instruction> code = procedure.Code;
     for (std::size_t at = 0; at < code.size(); ++at) {
         const Row row(program, code.subspan(at));
-        if (IsPropertyRow(row, program))
+        if (IsPropertyRow(row, program)) {
             code[at].Code = Opcode::PropertyRow;
-        else if (IsJumpLeftRow(row))
+        } else if (IsJumpLeftRow(row)) {
             code[at].Code = Opcode::JumpLeftRow;
-        else if (IsLeftCasesRow(row))
+        } else if (IsLeftCasesRow(row)) {
             code[at].Code = Opcode::LeftCasesRow;
-        else if (IsLeftRow(row))
+        } else if (IsLeftRow(row)) {
             code[at].Code = Opcode::LeftRow;
-        else if (IsInStrRow(row, program.ComparesText))
+        } else if (IsInStrRow(row, program.ComparesText)) {
             code[at].Code = Opcode::InStrRow;
-        else if (IsLenRow(row))
+        } else if (IsLenRow(row)) {
             code[at].Code = Opcode::LenRow;
-        else if (IsLikeRow(row, program.ComparesText))
+        } else if (IsLikeRow(row, program.ComparesText)) {
             code[at].Code = Opcode::LikeRow;
-        else if (IsJumpTextRow(row))
+        } else if (IsJumpTextRow(row)) {
             code[at].Code = Opcode::JumpTextRow;
+        }
     }
 }
 

@@ -80,9 +80,11 @@ const Symbol* ModuleScope::Find(std::string_view name) const {
 }
 
 const ExtensionEntry* ModuleScope::FindExtension(std::string_view name) const {
-    for (const ExtensionEntry& extension : m_extensions)
-        if (modTextCase::Equal(extension.Prefix, name))
+    for (const ExtensionEntry& extension : m_extensions) {
+        if (modTextCase::Equal(extension.Prefix, name)) {
             return &extension;
+        }
+    }
     return nullptr;
 }
 
@@ -90,14 +92,16 @@ const Value*
 ModuleScope::FindConstant(const std::string& qualifier, const std::string& name, bool& wasTold) {
     if (!qualifier.empty()) {
         const Symbol* symbol = Find(qualifier);
-        if (symbol == nullptr || symbol->Kind != SymbolKind::Enum)
+        if (symbol == nullptr || symbol->Kind != SymbolKind::Enum) {
             return nullptr;
+        }
         const auto& members = m_enums[symbol->Index];
         const auto found = members.find(modTextCase::ToLower(name));
         return found == members.end() ? nullptr : Compute(m_constants[found->second], wasTold);
     }
-    if (name.starts_with(kLanguagePrefix))
+    if (name.starts_with(kLanguagePrefix)) {
         return FindBuiltinConstant(name.substr(kLanguagePrefix.size()));
+    }
     if (const Symbol* symbol = Find(name)) {
         return symbol->Kind == SymbolKind::Constant ? Compute(m_constants[symbol->Index], wasTold)
                                                     : nullptr;
@@ -138,30 +142,33 @@ const Value* ModuleScope::Compute(ConstantEntry& entry, bool& wasTold) {
             if (before < 0 || start != nullptr) {
                 const std::int64_t number =
                     (start ? std::int64_t{start->AsLong()} + 1 : 0) + distance;
-                if (number <= INT32_MAX)
+                if (number <= INT32_MAX) {
                     value = Value::Long(static_cast<std::int32_t>(number));
-                else
+                } else {
                     Messages.Error(
                         compileerror::kOther,
                         entry.Place,
                         "The value of '" + entry.Name + "' is beyond the range of a Long");
+                }
             }
         }
         const bool failed = !value || entry.State == Progress::Failed;
         entry.State = failed ? Progress::Failed : Progress::Done;
-        if (!failed)
+        if (!failed) {
             entry.Result = *value;
+        }
     }
     wasTold = wasTold || entry.State == Progress::Failed;
     return entry.State == Progress::Done ? &entry.Result : nullptr;
 }
 
 bool ModuleScope::FindClass(std::string_view name, ObjectClass& which) {
-    for (const ClassRow& row : kClasses)
+    for (const ClassRow& row : kClasses) {
         if (modTextCase::Equal(row.Name, name)) {
             which = row.Class;
             return true;
         }
+    }
     return false;
 }
 
@@ -170,15 +177,18 @@ DeclaredType ModuleScope::ResolveType(const TypeName& type, char suffix, std::st
     if (type.Name.empty()) {
         result.Kind = KindOfSuffix(suffix);
         const char first = name.empty() ? '_' : static_cast<char>(name.front() | 0x20);
-        if (suffix == 0 && first >= 'a' && first <= 'z')
+        if (suffix == 0 && first >= 'a' && first <= 'z') {
             result.Kind = Module.DefaultKinds[first - 'a'];
+        }
         return result;
     }
     const std::string lower = modTextCase::ToLower(type.Name);
     const KindName* found = nullptr;
-    for (const KindName& row : kKinds)
-        if (row.Name == lower)
+    for (const KindName& row : kKinds) {
+        if (row.Name == lower) {
             found = &row;
+        }
+    }
     const Symbol* symbol = Find(lower);
     if (found != nullptr) {
         result.Kind = found->Kind;
@@ -186,11 +196,12 @@ DeclaredType ModuleScope::ResolveType(const TypeName& type, char suffix, std::st
             const auto length = Evaluator.EvaluateLong(*type.FixedLength);
             result.Kind = DeclaredKind::FixedString;
             result.Length = length.value_or(1);
-            if (result.Length < 1 || result.Length > kLongestFixedString)
+            if (result.Length < 1 || result.Length > kLongestFixedString) {
                 Messages.Error(
                     compileerror::kOther,
                     type.Place,
                     "The length of a fixed string must lie between 1 and 65535");
+            }
         }
     } else if (symbol != nullptr && symbol->Kind == SymbolKind::Record) {
         result.Kind = DeclaredKind::Record;
@@ -203,13 +214,15 @@ DeclaredType ModuleScope::ResolveType(const TypeName& type, char suffix, std::st
         Messages.Error(
             compileerror::kOther, type.Place, "The type '" + type.Name + "' is not defined");
     }
-    if (suffix != 0 && result.Kind != KindOfSuffix(suffix))
+    if (suffix != 0 && result.Kind != KindOfSuffix(suffix)) {
         Messages.Error(
             compileerror::kOther,
             type.Place,
             "The suffix of '" + std::string(name) + "' contradicts its type");
-    if (type.IsNew && (result.Kind != DeclaredKind::Object || result.Class == ObjectClass::Any))
+    }
+    if (type.IsNew && (result.Kind != DeclaredKind::Object || result.Class == ObjectClass::Any)) {
         Messages.Error(compileerror::kOther, type.Place, "'New' needs a class that can be created");
+    }
     result.IsArray = type.IsArray;
     return result;
 }
@@ -222,8 +235,9 @@ VariableShape ModuleScope::ShapeOf(const VariableNode& variable, std::int32_t op
     shape.IsFixedArray = variable.IsArray && !variable.Bounds.empty();
     for (const BoundsNode& node : variable.Bounds) {
         Bounds bounds{optionBase, 0};
-        if (node.Lower)
+        if (node.Lower) {
             bounds.Lower = Evaluator.EvaluateLong(*node.Lower).value_or(0);
+        }
         const auto upper = node.Upper ? Evaluator.EvaluateLong(*node.Upper) : std::nullopt;
         bounds.Upper = upper.value_or(bounds.Lower);
         if (bounds.Lower > bounds.Upper) {
@@ -243,8 +257,9 @@ std::uint32_t ModuleScope::AddConstant(const Value& value) {
     if (value.Type() == ValueType::String) {
         const auto [place, isNew] = m_textConstants.try_emplace(
             std::string(value.AsText()), static_cast<std::uint32_t>(constants.size()));
-        if (!isNew)
+        if (!isNew) {
             return place->second;
+        }
     }
     constants.push_back(value);
     return static_cast<std::uint32_t>(constants.size() - 1);
@@ -257,9 +272,11 @@ std::uint32_t ModuleScope::AddShape(const VariableShape& shape) {
 
 std::uint32_t ModuleScope::AddType(const DeclaredType& type) {
     auto& types = Result->Types;
-    for (std::size_t i = 0; i < types.size(); ++i)
-        if (types[i] == type)
+    for (std::size_t i = 0; i < types.size(); ++i) {
+        if (types[i] == type) {
             return static_cast<std::uint32_t>(i);
+        }
+    }
     types.push_back(type);
     return static_cast<std::uint32_t>(types.size() - 1);
 }
@@ -271,9 +288,11 @@ std::uint32_t ModuleScope::AddGlobal(const VariableShape& shape) {
 
 std::uint32_t ModuleScope::AddBuiltin(const BuiltinFunction* function) {
     auto& builtins = Result->Builtins;
-    for (std::size_t i = 0; i < builtins.size(); ++i)
-        if (builtins[i] == function)
+    for (std::size_t i = 0; i < builtins.size(); ++i) {
+        if (builtins[i] == function) {
             return static_cast<std::uint32_t>(i);
+        }
+    }
     builtins.push_back(function);
     return static_cast<std::uint32_t>(builtins.size() - 1);
 }

@@ -16,19 +16,26 @@ constexpr int kDeepestRecords = 50;
 void ModuleScope::Declare() {
     Result->Name = Module.Name;
     Result->ComparesText = Module.ComparesText;
-    for (const ModuleItem& item : Module.Items)
+    for (const ModuleItem& item : Module.Items) {
         std::visit([this](const auto& node) { DeclareName(node); }, item);
-    for (std::uint32_t i = 0; i < m_constants.size(); ++i)
+    }
+    for (std::uint32_t i = 0; i < m_constants.size(); ++i) {
         ConstantAt(i);
-    for (const ModuleItem& item : Module.Items)
-        if (const auto* node = std::get_if<RecordNode>(&item))
+    }
+    for (const ModuleItem& item : Module.Items) {
+        if (const auto* node = std::get_if<RecordNode>(&item)) {
             DeclareMembers(*node);
+        }
+    }
     CheckRecordDepth();
-    for (const ModuleItem& item : Module.Items)
-        if (const auto* node = std::get_if<ModuleVariablesNode>(&item))
+    for (const ModuleItem& item : Module.Items) {
+        if (const auto* node = std::get_if<ModuleVariablesNode>(&item)) {
             DeclareVariables(*node);
-    for (std::size_t i = 0; i < Nodes.size(); ++i)
+        }
+    }
+    for (std::size_t i = 0; i < Nodes.size(); ++i) {
         DeclareHead(*Nodes[i], Result->Procedures[i]);
+    }
     CheckProperties();
 }
 
@@ -36,8 +43,9 @@ Symbol* ModuleScope::AddName(
     const std::string& name, SymbolKind kind, SourcePlace place, std::size_t index) {
     Symbol symbol{kind, place, static_cast<std::uint32_t>(index)};
     const auto [entry, isNew] = m_symbols.try_emplace(modTextCase::ToLower(name), symbol);
-    if (isNew)
+    if (isNew) {
         return &entry->second;
+    }
     Messages.Redefined(name, place, entry->second.Place);
     return nullptr;
 }
@@ -50,8 +58,9 @@ void ModuleScope::DeclareName(const ModuleConstantsNode& node) {
         entry.Place = constant.Place;
         entry.Source = constant.Value.get();
         entry.HasType = constant.Suffix != 0 || !constant.Type.Name.empty();
-        if (entry.HasType)
+        if (entry.HasType) {
             entry.Type = ResolveType(constant.Type, constant.Suffix, constant.Name);
+        }
         m_constants.push_back(std::move(entry));
     }
 }
@@ -97,28 +106,31 @@ void ModuleScope::DeclareName(const ProcedureNode& node) {
     procedure.IsPrivate = node.IsPrivate;
     procedure.Place = node.Place;
     Result->Procedures.push_back(std::move(procedure));
-    if (node.Kind == ProcedureKind::Sub || node.Kind == ProcedureKind::Function)
+    if (node.Kind == ProcedureKind::Sub || node.Kind == ProcedureKind::Function) {
         AddName(node.Name, SymbolKind::Procedure, node.Place, static_cast<std::size_t>(index));
-    else
+    } else {
         DeclareProperty(node, index);
+    }
 }
 
 void ModuleScope::DeclareProperty(const ProcedureNode& node, int index) {
     const auto found = m_symbols.find(modTextCase::ToLower(node.Name));
     Symbol* symbol = found == m_symbols.end() ? nullptr : &found->second;
-    if (symbol == nullptr)
+    if (symbol == nullptr) {
         symbol = AddName(node.Name, SymbolKind::Procedure, node.Place, 0);
-    else if (!symbol->IsProperty)
+    } else if (!symbol->IsProperty) {
         return Messages.Redefined(node.Name, node.Place, symbol->Place);
+    }
     symbol->IsProperty = true;
     int& place = node.Kind == ProcedureKind::PropertyGet   ? symbol->Get
                  : node.Kind == ProcedureKind::PropertyLet ? symbol->Let
                                                            : symbol->Set;
-    if (place >= 0)
+    if (place >= 0) {
         Messages.Redefined(
             node.Name, node.Place, Result->Procedures[static_cast<std::size_t>(place)].Place);
-    else
+    } else {
         place = index;
+    }
 }
 
 void ModuleScope::DeclareVariables(const ModuleVariablesNode& node) {
@@ -130,14 +142,16 @@ void ModuleScope::DeclareVariables(const ModuleVariablesNode& node) {
 
 void ModuleScope::DeclareMembers(const RecordNode& node) {
     const Symbol* symbol = Find(node.Name);
-    if (symbol == nullptr || symbol->Kind != SymbolKind::Record || symbol->Place != node.Place)
+    if (symbol == nullptr || symbol->Kind != SymbolKind::Record || symbol->Place != node.Place) {
         return;
+    }
     std::unordered_map<std::string, SourcePlace> places;
     for (const VariableNode& variable : node.Members) {
         const auto [place, isNew] =
             places.try_emplace(modTextCase::ToLower(variable.Name), variable.Place);
-        if (!isNew)
+        if (!isNew) {
             Messages.Redefined(variable.Name, variable.Place, place->second);
+        }
         // Required: arrays in a Type begin at 0 whatever Option Base says.
         Result->Records[symbol->Index].Members.push_back({variable.Name, ShapeOf(variable, 0)});
     }
@@ -149,19 +163,22 @@ void ModuleScope::CheckRecordDepth() {
     bool changed = true;
     for (int pass = 0; changed && pass <= kDeepestRecords; ++pass) {
         changed = false;
-        for (std::size_t i = 0; i < depths.size(); ++i)
+        for (std::size_t i = 0; i < depths.size(); ++i) {
             for (const RecordMember& member : Result->Records[i].Members) {
-                if (member.Shape.Type.Kind != DeclaredKind::Record)
+                if (member.Shape.Type.Kind != DeclaredKind::Record) {
                     continue;
+                }
                 const int inner = depths[static_cast<std::size_t>(member.Shape.Type.Record)] + 1;
                 changed = changed || inner > depths[i];
                 depths[i] = std::max(depths[i], inner);
             }
+        }
     }
     const auto deep = std::find_if(
         depths.begin(), depths.end(), [](int depth) { return depth > kDeepestRecords; });
-    if (deep == depths.end())
+    if (deep == depths.end()) {
         return;
+    }
     const std::string& name = Result->Records[static_cast<std::size_t>(deep - depths.begin())].Name;
     const Symbol* symbol = Find(name);
     Messages.Error(
@@ -179,24 +196,27 @@ Parameter ModuleScope::HeadOf(const ParameterNode& node) {
     parameter.IsOptional = node.IsOptional;
     parameter.IsParamArray = node.IsParamArray;
     const bool isRecord = parameter.Type.Kind == DeclaredKind::Record;
-    if (node.IsByVal && (node.IsArray || isRecord))
+    if (node.IsByVal && (node.IsArray || isRecord)) {
         Messages.Error(
             compileerror::kOther,
             node.Place,
             "An array or a value of a Type cannot be passed ByVal: '" + node.Name + "'");
-    if (node.IsParamArray && parameter.Type.Kind != DeclaredKind::Variant)
+    }
+    if (node.IsParamArray && parameter.Type.Kind != DeclaredKind::Variant) {
         Messages.Error(
             compileerror::kOther, node.Place, "A ParamArray must be an array of Variant");
-    if (node.IsOptional && (node.IsArray || isRecord))
+    }
+    if (node.IsOptional && (node.IsArray || isRecord)) {
         Messages.Error(
             compileerror::kOther, node.Place, "An array or a value of a Type cannot be optional");
-    else if (node.Default)
+    } else if (node.Default) {
         parameter.Default =
             Evaluator.Evaluate(*node.Default, parameter.Type).value_or(Value::Missing());
-    else if (node.IsOptional && parameter.Type.Kind != DeclaredKind::Variant)
+    } else if (node.IsOptional && parameter.Type.Kind != DeclaredKind::Variant) {
         parameter.Default = InitialValue(parameter.Type);
-    else
+    } else {
         parameter.Default = Value::Missing();
+    }
     return parameter;
 }
 
@@ -208,37 +228,44 @@ void ModuleScope::DeclareHead(const ProcedureNode& node, Procedure& procedure) {
         const bool isValueOfProperty =
             (node.Kind == ProcedureKind::PropertyLet || node.Kind == ProcedureKind::PropertySet) &&
             i + 1 == node.Parameters.size();
-        if (sawOptional && !parameter.IsOptional && !parameter.IsParamArray && !isValueOfProperty)
+        if (sawOptional && !parameter.IsOptional && !parameter.IsParamArray && !isValueOfProperty) {
             Messages.Error(
                 compileerror::kOther,
                 parameter.Place,
                 "'" + parameter.Name +
                     "' stands behind an Optional parameter and must be Optional too");
-        if (parameter.IsParamArray && i + 1 != node.Parameters.size())
+        }
+        if (parameter.IsParamArray && i + 1 != node.Parameters.size()) {
             Messages.Error(
                 compileerror::kOther, parameter.Place, "A ParamArray must be the last parameter");
-        if (parameter.IsParamArray && sawOptional)
+        }
+        if (parameter.IsParamArray && sawOptional) {
             Messages.Error(
                 compileerror::kOther,
                 parameter.Place,
                 "A ParamArray cannot follow an Optional parameter");
+        }
         sawOptional = sawOptional || parameter.IsOptional;
     }
     const bool hasResult =
         node.Kind == ProcedureKind::Function || node.Kind == ProcedureKind::PropertyGet;
-    if (hasResult)
+    if (hasResult) {
         procedure.Result = ResolveType(node.Result, node.Suffix, node.Name);
-    if (!hasResult && node.Kind != ProcedureKind::Sub && node.Parameters.empty())
+    }
+    if (!hasResult && node.Kind != ProcedureKind::Sub && node.Parameters.empty()) {
         Messages.Error(
             compileerror::kPropertyNeedsArgument,
             node.Place,
             "Property Let and Property Set need an argument: '" + node.Name + "'");
+    }
 }
 
 void ModuleScope::CheckProperties() {
-    for (const auto& [name, symbol] : m_symbols)
-        if (symbol.IsProperty)
+    for (const auto& [name, symbol] : m_symbols) {
+        if (symbol.IsProperty) {
             CheckProperty(name, symbol);
+        }
+    }
 }
 
 void ModuleScope::CheckProperty(const std::string& name, const Symbol& symbol) {
@@ -252,14 +279,16 @@ void ModuleScope::CheckProperty(const std::string& name, const Symbol& symbol) {
     const int counts[] = {countOf(symbol.Get, 0), countOf(symbol.Let, 1), countOf(symbol.Set, 1)};
     int seen = -1;
     for (const int count : counts) {
-        if (count < 0)
+        if (count < 0) {
             continue;
-        if (seen >= 0 && seen != count)
+        }
+        if (seen >= 0 && seen != count) {
             return Messages.Error(
                 compileerror::kPropertyArguments,
                 symbol.Place,
                 "The procedures of the property '" + name +
                     "' differ in their number of arguments");
+        }
         seen = count;
     }
 }

@@ -17,10 +17,12 @@ bool IsObject(const DeclaredType& type) {
 
 /// Whether a parameter of the first type can refer to a variable of the second.
 bool CanRefer(const DeclaredType& parameter, const DeclaredType& place) {
-    if (IsVariant(parameter))
+    if (IsVariant(parameter)) {
         return place.IsArray || place.Kind != DeclaredKind::Record;
-    if (IsObject(parameter) && IsObject(place))
+    }
+    if (IsObject(parameter) && IsObject(place)) {
         return true;
+    }
     return parameter == place && place.Kind != DeclaredKind::FixedString;
 }
 
@@ -60,8 +62,9 @@ void ProcedureCompiler::ReferenceTo(
     Register target,
     std::vector<AfterCall>& after) {
     if (info.IsVariable) {
-        if (info.Variable.IsNew && !info.Type.IsArray)
+        if (info.Variable.IsNew && !info.Type.IsArray) {
             EnsureNew(info.Variable);
+        }
         ReferenceToVariable(info.Variable, target);
         return;
     }
@@ -90,49 +93,56 @@ void ProcedureCompiler::ReferenceToElement(
     m_code.Emit(Opcode::Move, pin, SlotOf(array));
     const std::size_t count = indices.size();
     const Register first = m_code.PushArguments(count);
-    for (std::size_t i = 0; i < count; ++i)
+    for (std::size_t i = 0; i < count; ++i) {
         EvaluateShared(&indices[i], static_cast<Register>(first + i));
+    }
     m_code.Emit(Opcode::ReferenceElement, target, pin, first, static_cast<std::uint8_t>(count));
     m_code.PopArguments(count);
-    if (array.MakesObjects)
+    if (array.MakesObjects) {
         m_code.Emit(Opcode::EnsureObject, target, static_cast<Register>(array.Type.Class));
+    }
 }
 
 /// The value as it is, sharing whatever the variable holds: for those who only look at it.
 void ProcedureCompiler::MoveShared(const Operand& operand, Register slot) {
-    if (operand.Type.Kind == DeclaredKind::Record && !operand.Type.IsArray)
+    if (operand.Type.Kind == DeclaredKind::Record && !operand.Type.IsArray) {
         Error(compileerror::kOther, m_place, "A value of a Type cannot be passed here");
-    if (operand.Constant != nullptr)
+    }
+    if (operand.Constant != nullptr) {
         m_code.EmitWide(Opcode::LoadConstant, slot, m_scope.AddConstant(*operand.Constant));
-    else if (operand.Slot != slot)
+    } else if (operand.Slot != slot) {
         m_code.Emit(Opcode::Move, slot, operand.Slot);
+    }
 }
 
 /// The value for one who keeps it: objects are shared, arrays copied.
 void ProcedureCompiler::MoveCopy(const Operand& operand, Register slot) {
     const bool mayBeArray =
         operand.Type.IsArray || (operand.Type.Kind == DeclaredKind::Variant && !operand.IsTyped);
-    if (operand.Constant == nullptr && mayBeArray && operand.Slot != slot)
+    if (operand.Constant == nullptr && mayBeArray && operand.Slot != slot) {
         m_code.Emit(Opcode::DeepCopy, slot, operand.Slot, 0, operand.IsFresh ? 1 : 0);
-    else
+    } else {
         MoveShared(operand, slot);
+    }
 }
 
 void ProcedureCompiler::EvaluateShared(const Argument* argument, Register slot) {
     const std::size_t mark = m_code.TemporaryMark();
-    if (argument == nullptr || !argument->Value)
+    if (argument == nullptr || !argument->Value) {
         MoveShared(ConstantOperand(&kMissing), slot);
-    else
+    } else {
         MoveShared(Evaluate(*argument->Value, slot, DeclaredKind::Variant), slot);
+    }
     m_code.ReleaseTemporaries(mark);
 }
 
 void ProcedureCompiler::EvaluateArgument(const Argument& argument, Register slot) {
     const std::size_t mark = m_code.TemporaryMark();
-    if (!argument.Value)
+    if (!argument.Value) {
         MoveShared(ConstantOperand(&kMissing), slot);
-    else
+    } else {
         MoveCopy(Evaluate(*argument.Value, slot, DeclaredKind::Variant), slot);
+    }
     m_code.ReleaseTemporaries(mark);
 }
 
@@ -143,8 +153,9 @@ void ProcedureCompiler::PassArgument(
     SourcePlace place,
     std::vector<AfterCall>& after) {
     if (argument == nullptr || !argument->Value) {
-        if (!parameter.IsOptional)
+        if (!parameter.IsOptional) {
             Error(449, place, "The argument '" + parameter.Name + "' is missing");
+        }
         PassDefault(parameter, slot);
         return;
     }
@@ -156,10 +167,11 @@ void ProcedureCompiler::PassArgument(
     const bool isTemporary =
         argument->IsByVal || std::holds_alternative<ParenthesisNode>(expression.Node);
     const PlaceInfo info = isTemporary ? PlaceInfo{} : PlaceOf(expression);
-    if (info.IsPlace)
+    if (info.IsPlace) {
         PassByReference(parameter, expression, info, slot, after);
-    else
+    } else {
         PassTemporary(parameter, expression, slot);
+    }
 }
 
 void ProcedureCompiler::PassDefault(const Parameter& parameter, Register slot) {
@@ -181,20 +193,21 @@ void ProcedureCompiler::PassByValue(
         MoveCopy(Evaluate(expression, slot, DeclaredKind::Variant), slot);
     } else if (type.IsArray || type.Kind == DeclaredKind::Record) {
         const Operand operand = Evaluate(expression);
-        if (operand.Type == type)
+        if (operand.Type == type) {
             m_code.Emit(Opcode::DeepCopy, slot, SlotOf(operand), 0, operand.IsFresh ? 1 : 0);
-        else if (
-            type.IsArray && (operand.Type.IsArray || operand.Type.Kind == DeclaredKind::Variant))
+        } else if (
+            type.IsArray && (operand.Type.IsArray || operand.Type.Kind == DeclaredKind::Variant)) {
             m_code.Emit(
                 Opcode::Coerce,
                 slot,
                 SlotOf(operand),
                 static_cast<Register>(m_scope.AddType(type)));
-        else
+        } else {
             Error(
                 compileerror::kOther,
                 expression.Place,
                 "The type of this argument is not " + TypeText(type));
+        }
     } else {
         EvaluateInto(expression, slot, type);
     }
@@ -229,11 +242,12 @@ void ProcedureCompiler::PassByReference(
                 "' must be of the type that the procedure declares");
         return;
     }
-    if (!IsVariant(info.Type))
+    if (!IsVariant(info.Type)) {
         m_scope.Messages.Warn(
             expression.Place,
             "The argument '" + parameter.Name + "' is passed by reference as " +
                 TypeText(parameter.Type) + " but is " + TypeText(info.Type));
+    }
     AfterCall copyBack;
     copyBack.What = AfterCall::Kind::CopyBack;
     copyBack.Reference = m_code.TemporaryGeneric();
@@ -248,16 +262,17 @@ void ProcedureCompiler::PassByReference(
         present.Slot,
         copyBack.Reference);
     copyBack.Slot = TemporaryFor(parameter.Type);
-    if (IsObject(parameter.Type))
+    if (IsObject(parameter.Type)) {
         SetInto(present, copyBack.Slot, parameter.Type);
-    else if (parameter.Type.IsArray)
+    } else if (parameter.Type.IsArray) {
         m_code.Emit(
             Opcode::Coerce,
             copyBack.Slot,
             present.Slot,
             static_cast<Register>(m_scope.AddType(parameter.Type)));
-    else
+    } else {
         MoveInto(present, copyBack.Slot, parameter.Type);
+    }
     m_code.Emit(Opcode::MakeReference, slot, copyBack.Slot, 0, TagOf(parameter.Type));
     copyBack.ValueType = parameter.Type;
     after.insert(after.begin(), copyBack);
@@ -267,12 +282,14 @@ void ProcedureCompiler::PassByReference(
 void ProcedureCompiler::PassNewValue(
     const Parameter& parameter, const Operand& value, bool isSet, Register slot) {
     const Register target = parameter.IsByVal ? slot : TemporaryFor(parameter.Type);
-    if (isSet || IsObject(parameter.Type))
+    if (isSet || IsObject(parameter.Type)) {
         SetInto(value, target, parameter.Type);
-    else
+    } else {
         MoveInto(value, target, parameter.Type);
-    if (!parameter.IsByVal)
+    }
+    if (!parameter.IsByVal) {
         m_code.Emit(Opcode::MakeReference, slot, target, 0, TagOf(parameter.Type));
+    }
 }
 
 /// The arguments of a ParamArray. Values go in as copies, and back to the variables that they came from.
@@ -307,8 +324,9 @@ void ProcedureCompiler::PassRest(
         ReferenceTo(expression, info, copyBack.Reference, after);
         // An array goes in itself: its elements are the caller's.
         m_code.Emit(Opcode::LoadReference, target, copyBack.Reference);
-        if (i <= UINT16_MAX && !info.Type.IsArray)
+        if (i <= UINT16_MAX && !info.Type.IsArray) {
             after.insert(after.begin(), copyBack);
+        }
     }
     m_code.Emit(Opcode::ArgumentsToArray, array, first, static_cast<Register>(count));
     m_code.PopArguments(count);

@@ -11,15 +11,17 @@ const Value kMissing = Value::Missing();
 }  // namespace
 
 void ProcedureCompiler::On(const RedimStatement& node, SourcePlace place) {
-    for (const RedimTarget& target : node.Targets)
+    for (const RedimTarget& target : node.Targets) {
         Redimension(target, node.Preserve, place);
+    }
 }
 
 /// `ReDim` of a name that nobody declared declares it.
 void ProcedureCompiler::DeclareRedimensioned(const RedimTarget& target) {
     const auto* name = std::get_if<NameNode>(&target.Target->Node);
-    if (name == nullptr || Resolve(name->Name, name->Suffix).What != NameMeaning::Kind::Unknown)
+    if (name == nullptr || Resolve(name->Name, name->Suffix).What != NameMeaning::Kind::Unknown) {
         return;
+    }
     VariableShape shape;
     shape.Type = m_scope.ResolveType(target.Type, name->Suffix, name->Name);
     shape.Type.IsArray = true;
@@ -45,8 +47,9 @@ void ProcedureCompiler::Redimension(const RedimTarget& target, bool preserve, So
     DeclaredType type = info.Type;
     if (!target.Type.Name.empty()) {
         const DeclaredType said = m_scope.ResolveType(target.Type, 0, {});
-        if (info.Type.IsArray && said.Kind != info.Type.Kind)
+        if (info.Type.IsArray && said.Kind != info.Type.Kind) {
             Error(compileerror::kOther, place, "ReDim cannot change the type of the array");
+        }
         type = said;
     }
     type.IsArray = false;
@@ -58,12 +61,14 @@ void ProcedureCompiler::Redimension(const RedimTarget& target, bool preserve, So
     for (std::size_t i = 0; i < count; ++i) {
         const auto lower = static_cast<Register>(first + 2 * i);
         const DeclaredType asLong{DeclaredKind::Long};
-        if (target.Bounds[i].Lower)
+        if (target.Bounds[i].Lower) {
             EvaluateInto(*target.Bounds[i].Lower, lower, asLong);
-        else
+        } else {
             m_code.EmitWide(Opcode::LoadLong, lower, m_scope.Module.OptionBase);
-        if (target.Bounds[i].Upper)
+        }
+        if (target.Bounds[i].Upper) {
             EvaluateInto(*target.Bounds[i].Upper, static_cast<Register>(lower + 1), asLong);
+        }
     }
     m_code.Emit(
         Opcode::DimensionArray,
@@ -141,14 +146,16 @@ void ProcedureCompiler::On(const TextAssignStatement& node, SourcePlace place) {
     const std::size_t count = isMid ? 4 : 2;
     const Register first = m_code.PushArguments(count);
     m_code.Emit(Opcode::LoadReference, first, reference);
-    if (info.Type.Kind == DeclaredKind::Variant)
+    if (info.Type.Kind == DeclaredKind::Variant) {
         m_code.Emit(Opcode::CoerceString, first, first);
+    }
     if (isMid) {
         EvaluateInto(*node.Start, static_cast<Register>(first + 1), number);
-        if (node.Length)
+        if (node.Length) {
             EvaluateInto(*node.Length, static_cast<Register>(first + 2), number);
-        else
+        } else {
             MoveShared(ConstantOperand(&kMissing), static_cast<Register>(first + 2));
+        }
     }
     EvaluateInto(*node.Value, static_cast<Register>(first + count - 1), text);
     const Label done = m_code.NewLabel();

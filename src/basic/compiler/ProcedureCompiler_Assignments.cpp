@@ -36,8 +36,9 @@ void ProcedureCompiler::Assign(
         }
     }
     Operand operand = Evaluate(value);
-    if (MayRunCode(target))
+    if (MayRunCode(target)) {
         operand = Stable(operand);
+    }
     StoreTo(target, operand, isSet, place);
 }
 
@@ -59,14 +60,17 @@ void ProcedureCompiler::AssignVariable(
         LetDefaultMember(Load(variable), operand);
         return;
     }
-    if (variable.Where == Storage::Local)
+    if (variable.Where == Storage::Local) {
         RefuseLocked(static_cast<Register>(variable.Index));
-    if (TryAppend(variable, value))
+    }
+    if (TryAppend(variable, value)) {
         return;
-    if (variable.Where == Storage::Local)
+    }
+    if (variable.Where == Storage::Local) {
         EvaluateInto(value, static_cast<Register>(variable.Index), type);
-    else
+    } else {
         StoreVariable(variable, Evaluate(value), false);
+    }
 }
 
 /// What is assigned without `Set` to a variable, an element or a member that holds an object: a value already.
@@ -76,36 +80,42 @@ void ProcedureCompiler::LetDefaultMember(const Operand& object, const Operand& v
 
 /// The array that a For Each walks stays in its variable.
 void ProcedureCompiler::RefuseLocked(Register variable) {
-    for (const HeldBlock& block : m_held)
+    for (const HeldBlock& block : m_held) {
         if (block.Variable == variable) {
             m_code.Emit(Opcode::RefuseLocked, variable);
             return;
         }
+    }
 }
 
 /// `s = s & a & b` grows the text of s in place when nobody else has it.
 bool ProcedureCompiler::TryAppend(const Variable& variable, const Expression& value) {
-    if (variable.Type.Kind != DeclaredKind::String && variable.Type.Kind != DeclaredKind::Variant)
+    if (variable.Type.Kind != DeclaredKind::String && variable.Type.Kind != DeclaredKind::Variant) {
         return false;
+    }
     std::vector<const Expression*> parts;
     const Expression* first = &value;
     while (const auto* binary = std::get_if<BinaryNode>(&first->Node)) {
-        if (binary->Operator != BinaryOperator::Concatenate || MayRunCode(*binary->Right))
+        if (binary->Operator != BinaryOperator::Concatenate || MayRunCode(*binary->Right)) {
             return false;
+        }
         parts.push_back(binary->Right.get());
         first = binary->Left.get();
     }
     const auto* name = std::get_if<NameNode>(&first->Node);
-    if (name == nullptr || parts.empty())
+    if (name == nullptr || parts.empty()) {
         return false;
+    }
     const NameMeaning meaning = Resolve(name->Name, name->Suffix);
     if (meaning.What != NameMeaning::Kind::Variable || meaning.Variable.Where != variable.Where ||
-        meaning.Variable.Index != variable.Index)
+        meaning.Variable.Index != variable.Index) {
         return false;
+    }
     Operand rest = Evaluate(*parts.back());
-    for (std::size_t i = parts.size() - 1; i-- > 0;)
+    for (std::size_t i = parts.size() - 1; i-- > 0;) {
         rest = GenericOperator(
             BinaryOperator::Concatenate, rest, Evaluate(*parts[i]), kNoSlot, DeclaredKind::Variant);
+    }
     const Register slot = SlotOf(rest);
     if (variable.Where == Storage::Local) {
         m_code.Emit(Opcode::AppendText, static_cast<Register>(variable.Index), slot);
@@ -124,8 +134,9 @@ Operand ProcedureCompiler::Converted(const Operand& value, const DeclaredType& t
         (value.Type.Kind != DeclaredKind::Variant || value.IsTyped || value.IsScalar);
     const bool isSame = value.Type == type && (IsPlain(type) || type.Kind == DeclaredKind::String);
     Operand result = value;
-    if (!isSet && value.Constant == nullptr && (isSame || (IsVariant(type) && isScalar)))
+    if (!isSet && value.Constant == nullptr && (isSame || (IsVariant(type) && isScalar))) {
         return result;
+    }
     if (!isSet && value.Constant != nullptr && isSame && IsPlain(type)) {
         result.Slot = SlotOf(value);
         result.Constant = nullptr;
@@ -136,16 +147,18 @@ Operand ProcedureCompiler::Converted(const Operand& value, const DeclaredType& t
     result.IsTyped = !IsVariant(type) || !isSet;
     result.IsFresh = true;
     result.Slot = TemporaryFor(type);
-    if (isSet)
+    if (isSet) {
         SetInto(value, result.Slot, type);
-    else
+    } else {
         MoveInto(value, result.Slot, type);
+    }
     return result;
 }
 
 void ProcedureCompiler::CheckSet(const DeclaredType& type, bool isSet) {
-    if (isSet && !IsVariant(type) && !IsObject(type))
+    if (isSet && !IsVariant(type) && !IsObject(type)) {
         Error(compileerror::kOther, m_place, "'Set' needs an object variable on the left");
+    }
 }
 
 void ProcedureCompiler::StoreVariable(const Variable& variable, const Operand& value, bool isSet) {
@@ -154,22 +167,24 @@ void ProcedureCompiler::StoreVariable(const Variable& variable, const Operand& v
     const auto index = static_cast<Register>(variable.Index);
     if (variable.Where == Storage::Local) {
         RefuseLocked(index);
-        if (isSet)
+        if (isSet) {
             SetInto(value, index, type);
-        else
+        } else {
             MoveInto(value, index, type);
+        }
         return;
     }
     const Operand converted = Converted(value, type, isSet);
     const Register slot = SlotOf(converted);
-    if (variable.Where == Storage::Global)
+    if (variable.Where == Storage::Global) {
         m_code.EmitWide(
             IsPlain(type) ? Opcode::StoreGlobalPlain : Opcode::StoreGlobal, slot, variable.Index);
-    else if (IsVariant(type))
+    } else if (IsVariant(type)) {
         m_code.Emit(Opcode::StoreReferenceVariant, index, slot);
-    else
+    } else {
         m_code.Emit(
             IsPlain(type) ? Opcode::StoreReferencePlain : Opcode::StoreReference, index, slot);
+    }
 }
 
 void ProcedureCompiler::StoreReference(
@@ -184,11 +199,12 @@ void ProcedureCompiler::StoreReference(
         return;
     }
     const Register slot = SlotOf(Converted(value, type, isSet));
-    if (IsVariant(type))
+    if (IsVariant(type)) {
         m_code.Emit(Opcode::StoreReferenceVariant, reference, slot);
-    else
+    } else {
         m_code.Emit(
             IsPlain(type) ? Opcode::StoreReferencePlain : Opcode::StoreReference, reference, slot);
+    }
 }
 
 /// Whether a dynamic array can be assigned the value: another of its type, or to bytes a text.
@@ -202,10 +218,11 @@ bool ProcedureCompiler::TakesArray(const DeclaredType& type, const Operand& valu
 void ProcedureCompiler::AssignWhole(
     const Expression& target, const PlaceInfo& info, const Operand& value) {
     if (IsRecord(info.Type)) {
-        if (value.Type == info.Type)
+        if (value.Type == info.Type) {
             m_code.Emit(Opcode::AssignRecord, SlotOf(Evaluate(target)), SlotOf(value));
-        else
+        } else {
             Error(compileerror::kOther, m_place, "A value of the same Type is expected");
+        }
         return;
     }
     if (info.IsFixedArray || !TakesArray(info.Type, value)) {
@@ -244,16 +261,16 @@ void ProcedureCompiler::StoreTo(
 void ProcedureCompiler::StoreName(
     const Expression& target, const NameNode& node, const Operand& value, bool isSet) {
     const NameMeaning meaning = VariableOrImplicit(node, target.Place);
-    if (meaning.What == NameMeaning::Kind::Variable)
+    if (meaning.What == NameMeaning::Kind::Variable) {
         StoreVariable(meaning.Variable, value, isSet);
-    else if (meaning.What == NameMeaning::Kind::Constant)
+    } else if (meaning.What == NameMeaning::Kind::Constant) {
         Error(
             compileerror::kOther,
             target.Place,
             "'" + node.Name + "' is a constant and cannot be assigned to");
-    else if (meaning.What == NameMeaning::Kind::Procedure && meaning.Symbol->IsProperty)
+    } else if (meaning.What == NameMeaning::Kind::Procedure && meaning.Symbol->IsProperty) {
         StoreProperty(*meaning.Symbol, node.Name, {}, value, isSet, target.Place);
-    else if (meaning.What == NameMeaning::Kind::ErrObject && !isSet)
+    } else if (meaning.What == NameMeaning::Kind::ErrObject && !isSet) {
         InvokeMember(
             EvaluateSymbol(meaning, node.Name, target.Place),
             {},
@@ -261,8 +278,9 @@ void ProcedureCompiler::StoreName(
             {},
             &value,
             false);
-    else
+    } else {
         Error(compileerror::kOther, target.Place, "Nothing can be assigned to '" + node.Name + "'");
+    }
 }
 
 void ProcedureCompiler::StoreProperty(
@@ -328,19 +346,22 @@ Operand ProcedureCompiler::HolderOf(const Expression& expression) {
         Operand given = Evaluate(expression);
         const bool mayBeArray = given.Type.IsArray || (given.Type.Kind == DeclaredKind::Variant &&
                                                        given.Constant == nullptr);
-        if (!mayBeArray)
+        if (!mayBeArray) {
             return given;
+        }
         Operand copy = given;
         copy.Slot = m_code.TemporaryGeneric();
         m_code.Emit(Opcode::DeepCopy, copy.Slot, given.Slot, 0, 1);
         return copy;
     }
-    if (index == nullptr)
+    if (index == nullptr) {
         return Evaluate(expression);
+    }
     const Operand outer = HolderOf(*index->Target);
     const Operand element = ElementOf(outer, index->Arguments, expression.Place);
-    if (!outer.Type.IsArray && element.Constant == nullptr)
+    if (!outer.Type.IsArray && element.Constant == nullptr) {
         m_code.Emit(Opcode::CopyGiven, element.Slot, outer.Slot);
+    }
     return element;
 }
 
@@ -359,10 +380,11 @@ void ProcedureCompiler::StoreArrayElement(
     }
     if (IsRecord(type)) {
         const Operand element = ElementOf(array, arguments, place);
-        if (value.Type == type && element.Constant == nullptr)
+        if (value.Type == type && element.Constant == nullptr) {
             m_code.Emit(Opcode::AssignRecord, element.Slot, SlotOf(value));
-        else
+        } else {
             Error(compileerror::kOther, place, "A value of the same Type is expected");
+        }
         return;
     }
     if (arguments.empty()) {
@@ -453,13 +475,14 @@ void ProcedureCompiler::StoreRecordMember(
         return;
     }
     if (IsRecord(type)) {
-        if (value.Type == type)
+        if (value.Type == type) {
             m_code.Emit(
                 Opcode::AssignRecord,
                 RecordMemberOf(record, node.Name, m_place).Slot,
                 SlotOf(value));
-        else
+        } else {
             Error(compileerror::kOther, m_place, "A value of the same Type is expected");
+        }
         return;
     }
     m_code.Emit(

@@ -24,10 +24,12 @@ std::vector<std::string_view> NamesOf(std::string_view parameters) {
     while (!parameters.empty()) {
         const std::size_t end = std::min(parameters.find(' '), parameters.size());
         std::string_view name = parameters.substr(0, end);
-        if (name.starts_with('?'))
+        if (name.starts_with('?')) {
             name.remove_prefix(1);
-        if (!name.empty())
+        }
+        if (!name.empty()) {
             names.push_back(name);
+        }
         parameters.remove_prefix(std::min(end + 1, parameters.size()));
     }
     return names;
@@ -39,10 +41,12 @@ constexpr std::size_t kMostArguments = 10'000;
 }  // namespace
 
 Operand ProcedureCompiler::EvaluateIndex(const Expression& expression, const IndexNode& node) {
-    if (const auto* name = std::get_if<NameNode>(&node.Target->Node))
+    if (const auto* name = std::get_if<NameNode>(&node.Target->Node)) {
         return EvaluateIndexedName(expression, *name, node);
-    if (const auto* member = std::get_if<MemberNode>(&node.Target->Node))
+    }
+    if (const auto* member = std::get_if<MemberNode>(&node.Target->Node)) {
         return EvaluateMember(*node.Target, *member, &node.Arguments);
+    }
     return ElementOf(Evaluate(*node.Target), node.Arguments, expression.Place);
 }
 
@@ -76,10 +80,12 @@ Operand ProcedureCompiler::EvaluateIndexedName(
 
 Operand ProcedureCompiler::ElementOf(
     const Operand& target, const std::vector<Argument>& arguments, SourcePlace place) {
-    if (arguments.empty())
+    if (arguments.empty()) {
         return target;
-    if (target.Type.IsArray)
+    }
+    if (target.Type.IsArray) {
         return ArrayElement(target, arguments, place);
+    }
     const bool mayHaveElements =
         target.Type.Kind == DeclaredKind::Object ||
         (target.Type.Kind == DeclaredKind::Variant && target.Constant == nullptr);
@@ -90,8 +96,9 @@ Operand ProcedureCompiler::ElementOf(
             "An array, a procedure or an object is expected before '('");
         return Nothing();
     }
-    if (arguments.size() != 1 || !arguments[0].Value || !arguments[0].Name.empty())
+    if (arguments.size() != 1 || !arguments[0].Value || !arguments[0].Name.empty()) {
         return InvokeMember(target, {}, InvokeKind::Get, arguments, nullptr, true);
+    }
     const Operand held = MayRunCode(*arguments[0].Value) ? Stable(target) : target;
     const Register index = SlotOf(Evaluate(*arguments[0].Value));
     Operand result;
@@ -115,8 +122,9 @@ Operand ProcedureCompiler::ArrayElement(
             "The indices of an array have no names and none is left out");
         return Nothing();
     }
-    if (target.MakesObjects)
+    if (target.MakesObjects) {
         return CreatedElement(target, arguments);
+    }
     const bool isPlain = IsPlain(result.Type);
     if (arguments.size() == 1) {
         const Operand held = MayRunCode(*arguments[0].Value) ? Stable(target) : target;
@@ -201,44 +209,53 @@ Operand ProcedureCompiler::CallProcedure(
     const bool hasRest = given > 0 && callee.Parameters[given - 1].IsParamArray;
     const std::size_t single = given - (hasRest ? 1 : 0);
     std::vector<std::string_view> names;
-    for (std::size_t i = 0; i < single; ++i)
+    for (std::size_t i = 0; i < single; ++i) {
         names.push_back(callee.Parameters[i].Name);
+    }
     const bool splits = hasRest && arguments.size() > single;
     BoundArguments bound;
     if (splits && HasNames(arguments)) {
         Error(446, place, "Named arguments and a ParamArray cannot be used together");
         return Nothing();
     }
-    if (splits)
-        for (std::size_t i = 0; i < single; ++i)
+    if (splits) {
+        for (std::size_t i = 0; i < single; ++i) {
             bound.push_back(&arguments[i]);
-    else if (!BindArguments(callee.Name, arguments, names, bound, place))
+        }
+    } else if (!BindArguments(callee.Name, arguments, names, bound, place)) {
         return Nothing();
+    }
 
     std::vector<AfterCall> after;
     const Register first = m_code.PushArguments(callee.Parameters.size());
-    for (std::size_t i = 0; i < single; ++i)
+    for (std::size_t i = 0; i < single; ++i) {
         PassArgument(
             callee.Parameters[i], bound[i], static_cast<Register>(first + i), place, after);
-    if (hasRest)
+    }
+    if (hasRest) {
         PassRest(arguments, single, static_cast<Register>(first + single), after);
-    if (newValue != nullptr)
+    }
+    if (newValue != nullptr) {
         PassNewValue(
             callee.Parameters[given], *newValue, setsValue, static_cast<Register>(first + given));
+    }
     Operand result;
     result.Type = callee.Result;
     result.IsTyped = result.Type.Kind != DeclaredKind::Variant;
     result.IsFresh = true;
-    if (wantsResult)
+    if (wantsResult) {
         result.Slot = TemporaryFor(result.Type);
+    }
     m_code.EmitTarget(Opcode::Call, result.Slot, index, first);
-    for (const AfterCall& entry : after)
-        if (entry.What != AfterCall::Kind::Unpin)
+    for (const AfterCall& entry : after) {
+        if (entry.What != AfterCall::Kind::Unpin) {
             m_code.AddCopyBack(
                 entry.Reference,
                 entry.Slot,
                 entry.What == AfterCall::Kind::CopyElement ? entry.Element
                                                            : ArgumentCopy::kNoElement);
+        }
+    }
     m_code.PopArguments(callee.Parameters.size());
     FinishArguments(after);
     return result;
@@ -250,10 +267,12 @@ Operand ProcedureCompiler::CallSymbol(
     const std::vector<Argument>& arguments,
     SourcePlace place,
     bool wantsResult) {
-    if (meaning.What == NameMeaning::Kind::External)
+    if (meaning.What == NameMeaning::Kind::External) {
         return RefuseCall(name, arguments, place);
-    if (meaning.What == NameMeaning::Kind::Builtin)
+    }
+    if (meaning.What == NameMeaning::Kind::Builtin) {
         return CallBuiltin(*meaning.Builtin, arguments, place, wantsResult);
+    }
     const Symbol& symbol = *meaning.Symbol;
     if (symbol.IsProperty && symbol.Get < 0) {
         Error(compileerror::kOther, place, "The property '" + name + "' cannot be read");
@@ -265,8 +284,9 @@ Operand ProcedureCompiler::CallSymbol(
         Error(compileerror::kOther, place, "'" + name + "' is a Sub and has no value");
         return Nothing();
     }
-    if (wantsResult && callee.Parameters.empty() && !arguments.empty())
+    if (wantsResult && callee.Parameters.empty() && !arguments.empty()) {
         return ElementOf(CallProcedure(index, {}, place, true), arguments, place);
+    }
     return CallProcedure(index, arguments, place, wantsResult);
 }
 
@@ -274,15 +294,18 @@ Operand ProcedureCompiler::CallSymbol(
 std::optional<Operand> ProcedureCompiler::TryLength(
     const BuiltinFunction& function, const std::vector<Argument>& arguments) {
     const bool isLength = function.Name == "Len" || function.Name == "LenB";
-    if (!isLength || arguments.size() != 1 || !arguments[0].Value)
+    if (!isLength || arguments.size() != 1 || !arguments[0].Value) {
         return std::nullopt;
+    }
     const Expression& expression = *arguments[0].Value;
     const PlaceInfo info = PlaceOf(expression);
     const bool isRecord = info.Type.Kind == DeclaredKind::Record && !info.Type.IsArray;
-    if (!info.IsPlace || (!isRecord && !IsPlain(info.Type)))
+    if (!info.IsPlace || (!isRecord && !IsPlain(info.Type))) {
         return std::nullopt;
-    if (!info.IsVariable)
+    }
+    if (!info.IsVariable) {
         Evaluate(expression);  // there must be such an element
+    }
     if (isRecord) {
         const auto form =
             function.Name == "Len" ? modRecordLayout::Form::File : modRecordLayout::Form::Memory;
@@ -303,14 +326,17 @@ Operand ProcedureCompiler::CallBuiltin(
     SourcePlace place,
     bool wantsResult) {
     const std::string name(function.Name);
-    if (function.IsRefused)
+    if (function.IsRefused) {
         m_scope.Messages.Warn(place, "'" + name + "' is refused: reaching it raises error 70");
-    if (auto length = TryLength(function, arguments))
+    }
+    if (auto length = TryLength(function, arguments)) {
         return *length;
+    }
     BoundArguments bound;
     if (function.MostArguments() < 0) {
-        for (const Argument& argument : arguments)
+        for (const Argument& argument : arguments) {
             bound.push_back(&argument);
+        }
         if (HasNames(arguments) || arguments.size() > kMostArguments) {
             Error(446, place, "'" + name + "' takes no named arguments, and not more than 10000");
             return Nothing();
@@ -320,24 +346,29 @@ Operand ProcedureCompiler::CallBuiltin(
     }
     const auto least = static_cast<std::size_t>(function.LeastArguments());
     std::size_t count = bound.size();
-    while (count > least && bound[count - 1] == nullptr)
+    while (count > least && bound[count - 1] == nullptr) {
         --count;
-    for (std::size_t i = 0; i < least; ++i)
+    }
+    for (std::size_t i = 0; i < least; ++i) {
         if (i >= bound.size() || bound[i] == nullptr || !bound[i]->Value) {
             Error(449, place, "'" + name + "' needs " + Plural(least, "argument"));
             return Nothing();
         }
-    if (function.Name == "DoEvents")
+    }
+    if (function.Name == "DoEvents") {
         m_code.Emit(Opcode::Yield);
+    }
     const Register first = m_code.PushArguments(count);
-    for (std::size_t i = 0; i < count; ++i)
+    for (std::size_t i = 0; i < count; ++i) {
         EvaluateShared(bound[i], static_cast<Register>(first + i));
+    }
     Operand result;
     result.Type.Kind = function.Result;
     result.IsTyped = function.Result != DeclaredKind::Variant;
     result.IsFresh = true;
-    if (wantsResult)
+    if (wantsResult) {
         result.Slot = TemporaryFor(result.Type);
+    }
     const bool isShort = count <= kMostShortCount;
     m_code.Emit(
         Opcode::CallBuiltin,
@@ -345,8 +376,9 @@ Operand ProcedureCompiler::CallBuiltin(
         static_cast<Register>(m_scope.AddBuiltin(&function)),
         first,
         static_cast<std::uint8_t>(isShort ? count : 255));
-    if (!isShort)
+    if (!isShort) {
         m_code.EmitWide(Opcode::Jump, 0, static_cast<std::int64_t>(count));
+    }
     m_code.PopArguments(count);
     return result;
 }
@@ -354,9 +386,11 @@ Operand ProcedureCompiler::CallBuiltin(
 Operand ProcedureCompiler::RefuseCall(
     const std::string& name, const std::vector<Argument>& arguments, SourcePlace) {
     const std::size_t mark = m_code.TemporaryMark();
-    for (const Argument& argument : arguments)
-        if (argument.Value)
+    for (const Argument& argument : arguments) {
+        if (argument.Value) {
             Evaluate(*argument.Value);
+        }
+    }
     m_code.ReleaseTemporaries(mark);
     m_code.EmitWide(Opcode::Refuse, 0, m_scope.AddConstant(Value::Text(name)));
     Operand result;
@@ -370,20 +404,21 @@ void ProcedureCompiler::On(const CallStatement& node, SourcePlace place) {
         const bool canBeCalled = meaning.What == NameMeaning::Kind::Procedure ||
                                  meaning.What == NameMeaning::Kind::External ||
                                  meaning.What == NameMeaning::Kind::Builtin;
-        if (canBeCalled)
+        if (canBeCalled) {
             CallSymbol(meaning, name->Name, node.Arguments, place, false);
-        else if (meaning.What == NameMeaning::Kind::Unknown)
+        } else if (meaning.What == NameMeaning::Kind::Unknown) {
             Error(
                 compileerror::kNotDefined,
                 node.Callee->Place,
                 "Sub, Function or Property '" + name->Name + "' is not defined");
-        else if (meaning.What == NameMeaning::Kind::Extension)
+        } else if (meaning.What == NameMeaning::Kind::Extension) {
             EvaluateSymbol(meaning, name->Name, node.Callee->Place);
-        else
+        } else {
             Error(
                 compileerror::kOther,
                 node.Callee->Place,
                 "'" + name->Name + "' is no procedure that could be called");
+        }
         return;
     }
     if (const auto* member = std::get_if<MemberNode>(&node.Callee->Node)) {
@@ -391,8 +426,9 @@ void ProcedureCompiler::On(const CallStatement& node, SourcePlace place) {
         return;
     }
     const Operand target = Evaluate(*node.Callee);
-    if (!node.Arguments.empty())
+    if (!node.Arguments.empty()) {
         InvokeMember(target, {}, InvokeKind::Call, node.Arguments, nullptr, false);
+    }
 }
 
 }  // namespace dorvik::basic

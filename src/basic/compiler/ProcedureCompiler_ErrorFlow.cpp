@@ -22,23 +22,26 @@ void ProcedureCompiler::CollectLabels(const Block& block) {
         if (const auto* label = std::get_if<LabelStatement>(&statement.Node)) {
             m_mayJumpIntoLoops = true;
             const auto [entry, isNew] = m_labels.try_emplace(modTextCase::ToLower(label->Label));
-            if (!isNew)
+            if (!isNew) {
                 Error(
                     compileerror::kRedefined,
                     statement.Place,
                     "The label '" + label->Label + "' stands in line " +
                         std::to_string(entry->second.Place.Line) + " already");
-            else
+            } else {
                 entry->second = {m_code.NewLabel(), statement.Place, false, label->Label, m_around};
+            }
         } else if (std::holds_alternative<OnErrorStatement>(statement.Node)) {
             m_mayJumpIntoLoops = true;
         } else if (const auto* choice = std::get_if<IfStatement>(&statement.Node)) {
-            for (const IfBranch& branch : choice->Branches)
+            for (const IfBranch& branch : choice->Branches) {
                 CollectLabels(branch.Body);
+            }
             CollectLabels(choice->ElseBody);
         } else if (const auto* select = std::get_if<SelectStatement>(&statement.Node)) {
-            for (const CaseClause& clause : select->Clauses)
+            for (const CaseClause& clause : select->Clauses) {
                 CollectLabels(clause.Body);
+            }
         } else if (const auto* loop = std::get_if<ForStatement>(&statement.Node)) {
             CollectLabels(loop->Body);
         } else if (const auto* each = std::get_if<ForEachStatement>(&statement.Node)) {
@@ -65,14 +68,17 @@ void ProcedureCompiler::LeaveBlock(const HeldBlock& block) {
 /// A jump lets go of the arrays that the blocks it leaves keep locked.
 void ProcedureCompiler::LeaveBlocksFor(const std::string& label) {
     const auto found = m_labels.find(modTextCase::ToLower(label));
-    if (m_held.empty() || found == m_labels.end())
+    if (m_held.empty() || found == m_labels.end()) {
         return;
+    }
     std::vector<const void*> around;
-    for (const void* node = found->second.Around; node != nullptr; node = m_outer[node])
+    for (const void* node = found->second.Around; node != nullptr; node = m_outer[node]) {
         around.push_back(node);
+    }
     for (auto block = m_held.rbegin(); block != m_held.rend(); ++block) {
-        if (std::find(around.begin(), around.end(), block->Node) != around.end())
+        if (std::find(around.begin(), around.end(), block->Node) != around.end()) {
             return;
+        }
         LeaveBlock(*block);
     }
 }
@@ -88,15 +94,18 @@ Label ProcedureCompiler::LabelOf(const std::string& name, SourcePlace place) {
 }
 
 void ProcedureCompiler::WarnOfUnusedLabels() {
-    for (const auto& [name, entry] : m_labels)
-        if (!entry.IsUsed && !IsLineNumber(name))
+    for (const auto& [name, entry] : m_labels) {
+        if (!entry.IsUsed && !IsLineNumber(name)) {
             m_scope.Messages.Warn(entry.Place, "The label '" + entry.Name + "' is not used");
+        }
+    }
 }
 
 void ProcedureCompiler::On(const LabelStatement& node, SourcePlace place) {
     const auto found = m_labels.find(modTextCase::ToLower(node.Label));
-    if (found == m_labels.end() || found->second.Place != place)
+    if (found == m_labels.end() || found->second.Place != place) {
         return;
+    }
     m_code.Bind(found->second.Label);
     std::int32_t number = 0;
     if (IsLineNumber(node.Label)) {
@@ -122,8 +131,9 @@ void ProcedureCompiler::On(const OnJumpStatement& node, SourcePlace place) {
     const Register selector = LongSlotOf(Evaluate(*node.Selector));
     SwitchTable table;
     table.First = 1;
-    for (const std::string& label : node.Labels)
+    for (const std::string& label : node.Labels) {
         table.Targets.push_back(LabelOf(label, place));
+    }
     table.Else = m_code.NewLabel();
     const Label behind = table.Else;
     m_code.EmitWide(

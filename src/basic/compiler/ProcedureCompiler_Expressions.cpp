@@ -46,32 +46,38 @@ Operand ProcedureCompiler::Nothing() {
 }
 
 Register ProcedureCompiler::SlotOf(const Operand& operand) {
-    if (operand.Constant == nullptr)
+    if (operand.Constant == nullptr) {
         return operand.Slot;
-    if (IsPlain(operand.Type))
+    }
+    if (IsPlain(operand.Type)) {
         return m_code.ConstantSlot(*operand.Constant);
+    }
     const Register slot = m_code.TemporaryGeneric();
     m_code.EmitWide(Opcode::LoadConstant, slot, m_scope.AddConstant(*operand.Constant));
     return slot;
 }
 
 Register ProcedureCompiler::LongSlotOf(const Operand& operand) {
-    if (operand.Constant != nullptr && IsWholeKind(operand.Type.Kind))
+    if (operand.Constant != nullptr && IsWholeKind(operand.Type.Kind)) {
         return m_code.ConstantSlot(Value::Long(operand.Constant->AsLong()));
+    }
     const Register slot = SlotOf(operand);
-    if (IsWholeKind(operand.Type.Kind) && !operand.Type.IsArray)
+    if (IsWholeKind(operand.Type.Kind) && !operand.Type.IsArray) {
         return slot;
+    }
     const Register result = m_code.TemporaryPlain();
     m_code.Emit(Opcode::CoerceLong, result, slot);
     return result;
 }
 
 Register ProcedureCompiler::DoubleSlotOf(const Operand& operand) {
-    if (operand.Constant != nullptr && IsWholeKind(operand.Type.Kind))
+    if (operand.Constant != nullptr && IsWholeKind(operand.Type.Kind)) {
         return m_code.ConstantSlot(Value::Double(operand.Constant->AsLong()));
+    }
     const Register slot = SlotOf(operand);
-    if (operand.Type.Kind == DeclaredKind::Double)
+    if (operand.Type.Kind == DeclaredKind::Double) {
         return slot;
+    }
     const Register result = m_code.TemporaryPlain();
     m_code.Emit(
         IsWholeKind(operand.Type.Kind) ? Opcode::LongToDouble : Opcode::CoerceDouble, result, slot);
@@ -79,24 +85,28 @@ Register ProcedureCompiler::DoubleSlotOf(const Operand& operand) {
 }
 
 Register ProcedureCompiler::ResultSlot(DeclaredKind kind, Register hint, DeclaredKind hintKind) {
-    if (hint != kNoSlot && kind == hintKind)
+    if (hint != kNoSlot && kind == hintKind) {
         return hint;
+    }
     return IsPlainKind(kind) ? m_code.TemporaryPlain() : m_code.TemporaryGeneric();
 }
 
 std::optional<std::int16_t> ProcedureCompiler::SmallConstant(const Operand& operand) const {
-    if (operand.Constant == nullptr || !IsWholeKind(operand.Type.Kind))
+    if (operand.Constant == nullptr || !IsWholeKind(operand.Type.Kind)) {
         return std::nullopt;
+    }
     const std::int32_t number = operand.Constant->AsLong();
-    if (number < -32'767 || number > 32'767)
+    if (number < -32'767 || number > 32'767) {
         return std::nullopt;
+    }
     return static_cast<std::int16_t>(number);
 }
 
 /// A copy of the value if it stands in a variable, which code that runs before its use may change.
 Operand ProcedureCompiler::Stable(const Operand& operand) {
-    if (operand.Constant != nullptr || operand.IsFresh)
+    if (operand.Constant != nullptr || operand.IsFresh) {
         return operand;
+    }
     Operand copy = operand;
     copy.Slot = TemporaryFor(operand.Type);
     m_code.Emit(IsPlain(operand.Type) ? Opcode::MovePlain : Opcode::Move, copy.Slot, operand.Slot);
@@ -104,9 +114,11 @@ Operand ProcedureCompiler::Stable(const Operand& operand) {
 }
 
 bool ProcedureCompiler::MayRunCode(const std::vector<Argument>& arguments) {
-    for (const Argument& argument : arguments)
-        if (argument.Value && MayRunCode(*argument.Value))
+    for (const Argument& argument : arguments) {
+        if (argument.Value && MayRunCode(*argument.Value)) {
             return true;
+        }
+    }
     return false;
 }
 
@@ -115,23 +127,30 @@ bool ProcedureCompiler::MayRunCode(const Expression& expression) {
     const auto inPart = [this](const ExpressionPointer& part) {
         return part && MayRunCode(*part);
     };
-    if (const auto* name = std::get_if<NameNode>(&expression.Node))
+    if (const auto* name = std::get_if<NameNode>(&expression.Node)) {
         return ResolveCallee(name->Name, 0).What == NameMeaning::Kind::Procedure &&
                Resolve(name->Name, 0).What == NameMeaning::Kind::Procedure;
-    if (const auto* inner = std::get_if<ParenthesisNode>(&expression.Node))
+    }
+    if (const auto* inner = std::get_if<ParenthesisNode>(&expression.Node)) {
         return inPart(inner->Inner);
-    if (const auto* unary = std::get_if<UnaryNode>(&expression.Node))
+    }
+    if (const auto* unary = std::get_if<UnaryNode>(&expression.Node)) {
         return inPart(unary->Operand);
-    if (const auto* binary = std::get_if<BinaryNode>(&expression.Node))
+    }
+    if (const auto* binary = std::get_if<BinaryNode>(&expression.Node)) {
         return inPart(binary->Left) || inPart(binary->Right);
-    if (const auto* member = std::get_if<MemberNode>(&expression.Node))
+    }
+    if (const auto* member = std::get_if<MemberNode>(&expression.Node)) {
         return inPart(member->Target) || ExtensionOf(member->Target.get()) != nullptr;
+    }
     if (const auto* index = std::get_if<IndexNode>(&expression.Node)) {
-        if (MayRunCode(index->Arguments))
+        if (MayRunCode(index->Arguments)) {
             return true;
+        }
         const auto* name = std::get_if<NameNode>(&index->Target->Node);
-        if (name == nullptr)
+        if (name == nullptr) {
             return inPart(index->Target);
+        }
         const auto what = ResolveCallee(name->Name, name->Suffix).What;
         return what == NameMeaning::Kind::Procedure || what == NameMeaning::Kind::Unknown;
     }
@@ -140,30 +159,40 @@ bool ProcedureCompiler::MayRunCode(const Expression& expression) {
 
 Operand
 ProcedureCompiler::Evaluate(const Expression& expression, Register hint, DeclaredKind hintKind) {
-    if (const auto* literal = std::get_if<LiteralNode>(&expression.Node))
+    if (const auto* literal = std::get_if<LiteralNode>(&expression.Node)) {
         return ConstantOperand(&literal->Constant);
-    if (const auto* inner = std::get_if<ParenthesisNode>(&expression.Node))
+    }
+    if (const auto* inner = std::get_if<ParenthesisNode>(&expression.Node)) {
         return Evaluate(*inner->Inner, hint, hintKind);
-    if (const auto* binary = std::get_if<BinaryNode>(&expression.Node))
+    }
+    if (const auto* binary = std::get_if<BinaryNode>(&expression.Node)) {
         return EvaluateBinary(*binary, hint, hintKind);
+    }
     return EvaluateNode(expression, hint, hintKind);
 }
 
 Operand ProcedureCompiler::EvaluateNode(const Expression& expression, Register, DeclaredKind) {
-    if (const auto* name = std::get_if<NameNode>(&expression.Node))
+    if (const auto* name = std::get_if<NameNode>(&expression.Node)) {
         return EvaluateName(expression, *name);
-    if (const auto* index = std::get_if<IndexNode>(&expression.Node))
+    }
+    if (const auto* index = std::get_if<IndexNode>(&expression.Node)) {
         return EvaluateIndex(expression, *index);
-    if (const auto* member = std::get_if<MemberNode>(&expression.Node))
+    }
+    if (const auto* member = std::get_if<MemberNode>(&expression.Node)) {
         return EvaluateMember(expression, *member, nullptr);
-    if (const auto* bang = std::get_if<BangNode>(&expression.Node))
+    }
+    if (const auto* bang = std::get_if<BangNode>(&expression.Node)) {
         return EvaluateBang(*bang, expression.Place);
-    if (const auto* unary = std::get_if<UnaryNode>(&expression.Node))
+    }
+    if (const auto* unary = std::get_if<UnaryNode>(&expression.Node)) {
         return EvaluateUnary(*unary, expression.Place);
-    if (const auto* created = std::get_if<NewNode>(&expression.Node))
+    }
+    if (const auto* created = std::get_if<NewNode>(&expression.Node)) {
         return EvaluateNew(*created, expression.Place);
-    if (const auto* test = std::get_if<TypeOfNode>(&expression.Node))
+    }
+    if (const auto* test = std::get_if<TypeOfNode>(&expression.Node)) {
         return EvaluateTypeOf(*test, expression.Place);
+    }
     return Nothing();
 }
 
@@ -217,8 +246,9 @@ Operand ProcedureCompiler::EvaluateNew(const NewNode& node, SourcePlace place) {
 
 Operand ProcedureCompiler::EvaluateTypeOf(const TypeOfNode& node, SourcePlace place) {
     ObjectClass which = ObjectClass::Any;
-    if (node.ClassName != "Object" && !ModuleScope::FindClass(node.ClassName, which))
+    if (node.ClassName != "Object" && !ModuleScope::FindClass(node.ClassName, which)) {
         Error(compileerror::kOther, place, "The class '" + node.ClassName + "' is not defined");
+    }
     const Register object = SlotOf(Evaluate(*node.Operand));
     Operand result;
     result.Slot = m_code.TemporaryPlain();
@@ -233,8 +263,9 @@ void ProcedureCompiler::EvaluateInto(
     const DeclaredKind hintKind =
         type.Kind == DeclaredKind::FixedString ? DeclaredKind::Object : type.Kind;
     const Operand operand = Evaluate(expression, target, hintKind);
-    if (operand.Constant != nullptr || operand.Slot != target)
+    if (operand.Constant != nullptr || operand.Slot != target) {
         MoveInto(operand, target, type);
+    }
 }
 
 bool ProcedureCompiler::MoveConstant(
@@ -259,10 +290,12 @@ bool ProcedureCompiler::MoveConstant(
 /// Let-assignment of a value to a slot of its own type: coerced, with a copy where others share it.
 void ProcedureCompiler::MoveInto(
     const Operand& operand, Register target, const DeclaredType& type) {
-    if (operand.Type.Kind == DeclaredKind::Record && !operand.Type.IsArray)
+    if (operand.Type.Kind == DeclaredKind::Record && !operand.Type.IsArray) {
         Error(compileerror::kOther, m_place, "A value of a Type cannot be used here");
-    if (operand.Constant != nullptr && MoveConstant(*operand.Constant, target, type))
+    }
+    if (operand.Constant != nullptr && MoveConstant(*operand.Constant, target, type)) {
         return;
+    }
     const Register slot = SlotOf(operand);
     const bool isSame = operand.Type == type;
     switch (type.Kind) {
@@ -270,10 +303,11 @@ void ProcedureCompiler::MoveInto(
             const bool isScalar =
                 !operand.Type.IsArray && operand.Type.Kind != DeclaredKind::Object &&
                 (operand.Type.Kind != DeclaredKind::Variant || operand.IsTyped || operand.IsScalar);
-            if (isScalar)
+            if (isScalar) {
                 m_code.Emit(Opcode::Move, target, slot);
-            else
+            } else {
                 m_code.Emit(Opcode::AssignVariant, target, slot, 0, operand.IsFresh ? 1 : 0);
+            }
             return;
         }
         case DeclaredKind::Long:

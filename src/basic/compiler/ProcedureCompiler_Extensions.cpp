@@ -11,9 +11,11 @@ constexpr std::int32_t kNoSuchMember = 438;
 constexpr std::int32_t kWrongArgumentCount = 450;
 
 const ExtensionMember* FindMember(const ExtensionEntry& extension, const std::string& name) {
-    for (const ExtensionMember& member : extension.Extension->Members())
-        if (modTextCase::Equal(member.Name, name))
+    for (const ExtensionMember& member : extension.Extension->Members()) {
+        if (modTextCase::Equal(member.Name, name)) {
             return &member;
+        }
+    }
     return nullptr;
 }
 
@@ -42,22 +44,26 @@ Operand ProcedureCompiler::CallExtension(
     bool wantsResult) {
     const std::string full = extension.Prefix + "." + name;
     const ExtensionMember* member = FindMember(extension, name);
-    if (member == nullptr)
+    if (member == nullptr) {
         return RaiseAtRun(
             kNoSuchMember, place, "'" + full + "' does not exist: reaching it raises error 438");
+    }
     const auto count = static_cast<std::size_t>(member->Parameters);
     const bool isFunction =
         wantsResult && std::popcount(member->OutParameters) == 1 && arguments.size() + 1 == count;
-    for (const Argument& argument : arguments)
-        if (!argument.Name.empty())
+    for (const Argument& argument : arguments) {
+        if (!argument.Name.empty()) {
             return RaiseAtRun(446, place, "'" + full + "' takes no named arguments: error 446");
-    if (!isFunction && (arguments.size() != count || wantsResult))
+        }
+    }
+    if (!isFunction && (arguments.size() != count || wantsResult)) {
         return RaiseAtRun(
             kWrongArgumentCount,
             place,
             "'" + full + "' takes " + std::to_string(count) + " arguments, not " +
                 std::to_string(arguments.size()) +
                 ", and cannot be used so: reaching it raises error 450");
+    }
 
     ExtensionCall call;
     call.Extension = extension.Extension;
@@ -76,21 +82,25 @@ Operand ProcedureCompiler::CallExtension(
             continue;
         }
         const Argument& argument = arguments[next++];
-        if ((member->OutParameters >> i & 1) == 0 || !PassOut(argument, slot, outs, pins))
+        if ((member->OutParameters >> i & 1) == 0 || !PassOut(argument, slot, outs, pins)) {
             EvaluateArgument(argument, slot);
+        }
     }
     call.KeepsArguments = !outs.empty();
     m_scope.Result->ExtensionCalls.push_back(call);
     Operand result;
     result.IsFresh = true;
-    if (wantsResult)
+    if (wantsResult) {
         result.Slot = m_code.TemporaryGeneric();
+    }
     m_code.EmitTarget(
         Opcode::CallExtension, result.Slot, m_scope.Result->ExtensionCalls.size() - 1, first);
-    for (const OutArgument& out : outs)
+    for (const OutArgument& out : outs) {
         StoreOut(out);
-    if (call.KeepsArguments)
+    }
+    if (call.KeepsArguments) {
         m_code.Emit(Opcode::ReleaseArguments, first, static_cast<Register>(count));
+    }
     m_code.PopArguments(count);
     FinishArguments(pins);
     return result;
@@ -103,13 +113,15 @@ bool ProcedureCompiler::PassOut(
     Register slot,
     std::vector<OutArgument>& outs,
     std::vector<AfterCall>& pins) {
-    if (!argument.Value || argument.IsByVal)
+    if (!argument.Value || argument.IsByVal) {
         return false;
+    }
     const Expression& expression = WithoutEmptyParentheses(*argument.Value);
     OutArgument out;
     out.Place = PlaceOf(expression);
-    if (!out.Place.IsPlace)
+    if (!out.Place.IsPlace) {
         return false;
+    }
     out.Slot = slot;
     if (out.Place.Type.Kind == DeclaredKind::Record || out.Place.Type.IsArray) {
         Error(
@@ -139,10 +151,11 @@ void ProcedureCompiler::StoreOut(const OutArgument& out) {
     const bool isVariant = out.Place.Type.Kind == DeclaredKind::Variant;
     // An object in a Variant stays the object; no default member is asked for.
     value.IsTyped = isVariant;
-    if (out.Place.IsVariable)
+    if (out.Place.IsVariable) {
         StoreVariable(out.Place.Variable, value, isObject);
-    else
+    } else {
         StoreReference(out.Reference, value, out.Place.Type, isObject);
+    }
 }
 
 }  // namespace dorvik::basic

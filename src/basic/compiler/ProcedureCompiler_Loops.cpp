@@ -10,9 +10,11 @@ const Value kOne = Value::Integer(1);
 }  // namespace
 
 bool ProcedureCompiler::IsControlVariable(const std::string& lower) const {
-    for (const LoopContext& loop : m_loops)
-        if (!lower.empty() && loop.Variable == lower)
+    for (const LoopContext& loop : m_loops) {
+        if (!lower.empty() && loop.Variable == lower) {
             return true;
+        }
+    }
     return false;
 }
 
@@ -21,8 +23,9 @@ bool ProcedureCompiler::FindControlVariable(
     const Expression& expression, Variable& variable, std::string& lower) {
     const auto* name = std::get_if<NameNode>(&expression.Node);
     NameMeaning meaning;
-    if (name != nullptr)
+    if (name != nullptr) {
         meaning = VariableOrImplicit(*name, expression.Place);
+    }
     if (meaning.What != NameMeaning::Kind::Variable || meaning.Variable.Type.IsArray ||
         meaning.Variable.Type.Kind == DeclaredKind::Record) {
         Error(
@@ -54,16 +57,18 @@ void ProcedureCompiler::On(const ForStatement& node, SourcePlace place) {
     if (node.Step) {
         const auto number = LongConstantOf(*node.Step);
         step.reset();
-        if (number && *number >= -32'767 && *number <= 32'767)
+        if (number && *number >= -32'767 && *number <= 32'767) {
             step = static_cast<std::int16_t>(*number);
+        }
     }
     m_loops.push_back({ExitKind::For, m_code.NewLabel(), name});
     const DeclaredKind kind = variable.Type.Kind;
     const bool isTyped = kind == DeclaredKind::Long || kind == DeclaredKind::Integer;
-    if (variable.Where == Storage::Local && isTyped && step)
+    if (variable.Where == Storage::Local && isTyped && step) {
         CompileTypedFor(node, variable, *step, place);
-    else
+    } else {
         CompileAnyFor(node, variable, place);
+    }
     m_loops.pop_back();
 }
 
@@ -88,8 +93,9 @@ void ProcedureCompiler::CompileTypedFor(
     CompileBlock(node.Body);
     m_code.Bind(next);
     m_code.Mark(node.NextPlace.Line, next, exit);
-    if (m_mayJumpIntoLoops)
+    if (m_mayJumpIntoLoops) {
         m_code.Emit(Opcode::ForGuard, limit);
+    }
     m_code.Emit(
         isLong ? Opcode::ForLoopLong : Opcode::ForLoopInteger,
         counter,
@@ -97,8 +103,9 @@ void ProcedureCompiler::CompileTypedFor(
         static_cast<Register>(step));
     m_code.EmitJump(Opcode::Jump, body);
     m_code.Bind(exit);
-    if (m_mayJumpIntoLoops)
+    if (m_mayJumpIntoLoops) {
         m_code.Emit(Opcode::MovePlain, limit, m_code.ConstantSlot(Value()));
+    }
 }
 
 void ProcedureCompiler::CompileAnyFor(
@@ -122,8 +129,9 @@ void ProcedureCompiler::CompileAnyFor(
     const auto mayBeNull = [](const Operand& operand) {
         return operand.Type.Kind == DeclaredKind::Variant;
     };
-    if (mayBeNull(start) || mayBeNull(end) || mayBeNull(by))
+    if (mayBeNull(start) || mayBeNull(end) || mayBeNull(by)) {
         m_code.Emit(Opcode::ForBounds, limit, SlotOf(start), step);
+    }
     StoreVariable(variable, start, false);
     m_code.Emit(Opcode::ForTest, SlotOf(Load(variable)), limit, step);
     m_code.EmitJump(Opcode::Jump, body);
@@ -161,11 +169,12 @@ void ProcedureCompiler::On(const ForEachStatement& node, SourcePlace place) {
     std::string name;
     const bool isFound = FindControlVariable(*node.Variable, variable, name);
     const bool isObject = variable.Type.Kind == DeclaredKind::Object;
-    if (isFound && !isObject && variable.Type.Kind != DeclaredKind::Variant)
+    if (isFound && !isObject && variable.Type.Kind != DeclaredKind::Variant) {
         Error(
             compileerror::kControlVariable,
             node.Variable->Place,
             "The variable of a For Each must be a Variant or an Object");
+    }
     const Register state = m_code.NewGeneric();
     const Label exit = m_code.NewLabel();
     const Label body = m_code.NewLabel();
@@ -176,8 +185,9 @@ void ProcedureCompiler::On(const ForEachStatement& node, SourcePlace place) {
         const NameMeaning meaning = VariableOrImplicit(*array, node.Collection->Place);
         if (meaning.What == NameMeaning::Kind::Variable &&
             meaning.Variable.Where == Storage::Local && !meaning.Variable.Type.IsArray &&
-            meaning.Variable.Type.Kind == DeclaredKind::Variant)
+            meaning.Variable.Type.Kind == DeclaredKind::Variant) {
             held.Variable = static_cast<Register>(meaning.Variable.Index);
+        }
     }
     const Operand collection = Evaluate(*node.Collection);
     m_code.Emit(Opcode::ForEachBegin, state, SlotOf(collection));
@@ -190,8 +200,9 @@ void ProcedureCompiler::On(const ForEachStatement& node, SourcePlace place) {
     element.IsTyped = true;
     m_code.Emit(Opcode::ForEachNext, element.Slot, state);
     m_code.EmitJump(Opcode::Jump, exit);
-    if (isFound)
+    if (isFound) {
         StoreVariable(variable, element, isObject);
+    }
     m_code.ReleaseTemporaries(mark);
     m_code.Bind(body);
     m_held.push_back(held);
@@ -222,8 +233,9 @@ void ProcedureCompiler::On(const LoopStatement& node, SourcePlace place) {
     m_loops.pop_back();
     m_code.Mark(node.LoopPlace.Line, m_code.Here(), exit);
     m_place = node.LoopPlace;
-    if (node.TestAfter != LoopTest::None)
+    if (node.TestAfter != LoopTest::None) {
         JumpOn(*node.Condition, node.TestAfter == LoopTest::Until, exit);
+    }
     JumpBack(top);
     m_code.Bind(exit);
 }

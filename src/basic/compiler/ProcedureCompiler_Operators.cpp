@@ -80,9 +80,11 @@ constexpr TypedRow kBooleanRows[] = {
 
 template <std::size_t Count>
 const TypedRow* FindRow(const TypedRow (&rows)[Count], BinaryOperator which) {
-    for (const TypedRow& row : rows)
-        if (row.Operator == which)
+    for (const TypedRow& row : rows) {
+        if (row.Operator == which) {
             return &row;
+        }
+    }
     return nullptr;
 }
 
@@ -130,12 +132,15 @@ Operand ProcedureCompiler::EvaluateUnary(const UnaryNode& node, SourcePlace) {
     const Operand operand = Evaluate(*node.Operand);
     if (operand.Constant != nullptr && node.Operator == UnaryOperator::Negate) {
         const Value& number = *operand.Constant;
-        if (number.Type() == ValueType::Integer && number.AsInteger() != INT16_MIN)
+        if (number.Type() == ValueType::Integer && number.AsInteger() != INT16_MIN) {
             return Fold(Value::Integer(static_cast<std::int16_t>(-number.AsInteger())));
-        if (number.Type() == ValueType::Long && number.AsLong() != INT32_MIN)
+        }
+        if (number.Type() == ValueType::Long && number.AsLong() != INT32_MIN) {
             return Fold(Value::Long(-number.AsLong()));
-        if (number.Type() == ValueType::Double)
+        }
+        if (number.Type() == ValueType::Double) {
             return Fold(Value::Double(-number.AsDouble()));
+        }
     }
     Operand result;
     result.IsTyped = operand.IsTyped;
@@ -193,7 +198,7 @@ Operand ProcedureCompiler::LongOperator(
                 hint,
                 hintKind);
         }
-        if (leftNumber && isAdd && right.Constant == nullptr)
+        if (leftNumber && isAdd && right.Constant == nullptr) {
             return TypedOperator(
                 Opcode::AddLongImmediate,
                 DeclaredKind::Long,
@@ -201,6 +206,7 @@ Operand ProcedureCompiler::LongOperator(
                 static_cast<Register>(*leftNumber),
                 hint,
                 hintKind);
+        }
     }
     return TypedOperator(
         FindRow(kLongRows, which)->Code,
@@ -218,12 +224,15 @@ ProcedureCompiler::TryComparison(BinaryOperator which, const Operand& left, cons
         return TypedOperator(
             code, DeclaredKind::Boolean, first, second, kNoSlot, DeclaredKind::Variant, flags);
     };
-    if (IsWhole(left.Type) && IsWhole(right.Type))
+    if (IsWhole(left.Type) && IsWhole(right.Type)) {
         return compare(Opcode::CompareLong, LongSlotOf(left), LongSlotOf(right));
-    if (AreDoubles(left, right))
+    }
+    if (AreDoubles(left, right)) {
         return compare(Opcode::CompareDouble, DoubleSlotOf(left), DoubleSlotOf(right));
-    if (IsScalarText(left.Type) && IsScalarText(right.Type) && !m_scope.Module.ComparesText)
+    }
+    if (IsScalarText(left.Type) && IsScalarText(right.Type) && !m_scope.Module.ComparesText) {
         return compare(Opcode::CompareText, SlotOf(left), SlotOf(right));
+    }
     return std::nullopt;
 }
 
@@ -233,16 +242,19 @@ std::optional<Operand> ProcedureCompiler::TryTyped(
     const Operand& right,
     Register hint,
     DeclaredKind hintKind) {
-    if (IsRelation(which))
+    if (IsRelation(which)) {
         return TryComparison(which, left, right);
-    if (FindRow(kLongRows, which) != nullptr && AreLongs(left, right))
+    }
+    if (FindRow(kLongRows, which) != nullptr && AreLongs(left, right)) {
         return LongOperator(which, left, right, hint, hintKind);
-    if (const TypedRow* row = FindRow(kIntegerRows, which); row && AreIntegers(left, right))
+    }
+    if (const TypedRow* row = FindRow(kIntegerRows, which); row && AreIntegers(left, right)) {
         return TypedOperator(
             row->Code, DeclaredKind::Integer, SlotOf(left), SlotOf(right), hint, hintKind);
+    }
     if (const TypedRow* row = FindRow(kDoubleRows, which);
         row && (AreDoubles(left, right) ||
-                (which == BinaryOperator::Divide && IsWhole(left.Type) && IsWhole(right.Type))))
+                (which == BinaryOperator::Divide && IsWhole(left.Type) && IsWhole(right.Type)))) {
         return TypedOperator(
             row->Code,
             DeclaredKind::Double,
@@ -250,20 +262,24 @@ std::optional<Operand> ProcedureCompiler::TryTyped(
             DoubleSlotOf(right),
             hint,
             hintKind);
+    }
     if (const TypedRow* row = FindRow(kBooleanRows, which);
-        row && IsBoolean(left.Type) && IsBoolean(right.Type))
+        row && IsBoolean(left.Type) && IsBoolean(right.Type)) {
         return TypedOperator(
             row->Code, DeclaredKind::Boolean, SlotOf(left), SlotOf(right), hint, hintKind);
+    }
     return std::nullopt;
 }
 
 /// The index of a text that stands in the module, where an instruction can name it.
 std::optional<std::uint16_t> ProcedureCompiler::TextConstant(const Operand& operand) {
-    if (operand.Constant == nullptr || operand.Constant->Type() != ValueType::String)
+    if (operand.Constant == nullptr || operand.Constant->Type() != ValueType::String) {
         return std::nullopt;
+    }
     const auto index = m_scope.AddConstant(*operand.Constant);
-    if (static_cast<std::int64_t>(index) > UINT16_MAX)
+    if (static_cast<std::int64_t>(index) > UINT16_MAX) {
         return std::nullopt;
+    }
     return static_cast<std::uint16_t>(index);
 }
 
@@ -288,21 +304,23 @@ Operand ProcedureCompiler::GenericOperator(
     }
     const Register second = SlotOf(right);
     Opcode code = Opcode::Operate;
-    if (which == BinaryOperator::Add)
+    if (which == BinaryOperator::Add) {
         code = Opcode::Add;
-    else if (which == BinaryOperator::Subtract)
+    } else if (which == BinaryOperator::Subtract) {
         code = Opcode::Subtract;
-    else if (which == BinaryOperator::Multiply)
+    } else if (which == BinaryOperator::Multiply) {
         code = Opcode::Multiply;
-    else if (which == BinaryOperator::Concatenate)
+    } else if (which == BinaryOperator::Concatenate) {
         code = Opcode::Concatenate;
-    else if (IsRelation(which))
+    } else if (IsRelation(which)) {
         code = Opcode::Compare;
-    if (code == Opcode::Compare)
+    }
+    if (code == Opcode::Compare) {
         flags = static_cast<std::uint8_t>(
             flags | static_cast<int>(RelationOf(which)) << kOperatorShift);
-    else if (code == Opcode::Operate)
+    } else if (code == Opcode::Operate) {
         flags = static_cast<std::uint8_t>(flags | static_cast<int>(which) << kOperatorShift);
+    }
     // A text joined to something that cannot be Null is a String for sure.
     const auto isNeverNull = [](const Operand& operand) {
         return IsPlain(operand.Type) || IsScalarText(operand.Type);
@@ -320,8 +338,9 @@ Operand
 ProcedureCompiler::EvaluateBinary(const BinaryNode& node, Register hint, DeclaredKind hintKind) {
     const std::size_t mark = m_code.TemporaryMark();
     Operand left = Evaluate(*node.Left);
-    if (left.Constant == nullptr && MayRunCode(*node.Right))
+    if (left.Constant == nullptr && MayRunCode(*node.Right)) {
         left = Stable(left);
+    }
     const Operand right = Evaluate(*node.Right);
     auto typed = TryTyped(node.Operator, left, right, hint, hintKind);
     Operand result = typed ? *typed : GenericOperator(node.Operator, left, right, hint, hintKind);
@@ -367,8 +386,9 @@ void ProcedureCompiler::JumpOnRelation(
         Register a = DoubleSlotOf(left);
         Register b = DoubleSlotOf(right);
         const bool swaps = wanted == Relation::Greater || wanted == Relation::GreaterOrEqual;
-        if (swaps)
+        if (swaps) {
             std::swap(a, b);
+        }
         const Relation used = swaps ? Swapped(wanted) : wanted;
         const Opcode code = used == Relation::Equal      ? Opcode::JumpDoubleEqual
                             : used == Relation::NotEqual ? Opcode::JumpDoubleNotEqual
@@ -402,11 +422,13 @@ void ProcedureCompiler::JumpOnRelation(
 }
 
 bool ProcedureCompiler::JumpOnComparison(const BinaryNode& node, bool when, Label target) {
-    if (!IsRelation(node.Operator))
+    if (!IsRelation(node.Operator)) {
         return false;
+    }
     Operand left = Evaluate(*node.Left);
-    if (left.Constant == nullptr && MayRunCode(*node.Right))
+    if (left.Constant == nullptr && MayRunCode(*node.Right)) {
         left = Stable(left);
+    }
     const Operand right = Evaluate(*node.Right);
     JumpOnRelation(RelationOf(node.Operator), left, right, when, target);
     return true;
@@ -422,10 +444,11 @@ void ProcedureCompiler::JumpOn(const Expression& condition, bool when, Label tar
     if (binary == nullptr || !JumpOnComparison(*binary, when, target)) {
         const Operand value = Evaluate(condition);
         const Register slot = SlotOf(value);
-        if (IsBoolean(value.Type))
+        if (IsBoolean(value.Type)) {
             m_code.EmitJump(when ? Opcode::JumpIf : Opcode::JumpUnless, target, slot);
-        else
+        } else {
             m_code.EmitJump(when ? Opcode::JumpIfTrue : Opcode::JumpUnlessTrue, target, slot);
+        }
     }
     m_code.ReleaseTemporaries(mark);
 }

@@ -13,8 +13,9 @@ constexpr std::size_t kSpread = 4;            // entries of a table for each key
 }  // namespace
 
 std::optional<std::int32_t> ProcedureCompiler::LongConstantOf(const Expression& expression) {
-    if (const auto* inner = std::get_if<ParenthesisNode>(&expression.Node))
+    if (const auto* inner = std::get_if<ParenthesisNode>(&expression.Node)) {
         return LongConstantOf(*inner->Inner);
+    }
     const Value* value = nullptr;
     bool isNegative = false;
     const Expression* source = &expression;
@@ -34,11 +35,13 @@ std::optional<std::int32_t> ProcedureCompiler::LongConstantOf(const Expression& 
     const bool isWhole =
         value != nullptr && (value->Type() == ValueType::Integer ||
                              value->Type() == ValueType::Long || value->Type() == ValueType::Byte);
-    if (!isWhole)
+    if (!isWhole) {
         return std::nullopt;
+    }
     const bool isLowest = value->AsLong() == INT16_MIN || value->AsLong() == INT32_MIN;
-    if (isNegative && isLowest)
+    if (isNegative && isLowest) {
         return std::nullopt;  // an overflow, which only a run may tell
+    }
     return isNegative ? -value->AsLong() : value->AsLong();
 }
 
@@ -48,17 +51,21 @@ bool ProcedureCompiler::CollectKeys(
     const SelectStatement& node,
     std::vector<std::pair<std::int32_t, Label>>& keys,
     const std::vector<Label>& bodies) {
-    for (std::size_t i = 0; i < node.Clauses.size(); ++i)
+    for (std::size_t i = 0; i < node.Clauses.size(); ++i) {
         for (const CaseTest& test : node.Clauses[i].Tests) {
-            if (test.Kind == CaseTestKind::Comparison)
+            if (test.Kind == CaseTestKind::Comparison) {
                 return false;
+            }
             const auto low = LongConstantOf(*test.Value);
             const auto high = test.Kind == CaseTestKind::Range ? LongConstantOf(*test.Upper) : low;
-            if (!low || !high || std::int64_t{*high} - *low > kWidestRange)
+            if (!low || !high || std::int64_t{*high} - *low > kWidestRange) {
                 return false;
-            for (std::int64_t key = *low; key <= *high; ++key)
+            }
+            for (std::int64_t key = *low; key <= *high; ++key) {
                 keys.emplace_back(static_cast<std::int32_t>(key), bodies[i]);
+            }
         }
+    }
     std::stable_sort(keys.begin(), keys.end(), [](const auto& left, const auto& right) {
         return left.first < right.first;
     });
@@ -81,15 +88,17 @@ bool ProcedureCompiler::TrySwitch(
         kind == DeclaredKind::Long || kind == DeclaredKind::Integer || kind == DeclaredKind::Byte;
     std::vector<std::pair<std::int32_t, Label>> keys;
     if (!isWhole || subject.Type.IsArray || !CollectKeys(node, keys, bodies) ||
-        keys.size() < kFewestKeys)
+        keys.size() < kFewestKeys) {
         return false;
+    }
     SwitchTable table;
     table.Else = otherwise;
     table.First = keys.front().first;
     const std::int64_t width = std::int64_t{keys.back().first} - table.First + 1;
     const bool isDense = width <= static_cast<std::int64_t>(keys.size() * kSpread);
-    if (isDense)
+    if (isDense) {
         table.Targets.assign(static_cast<std::size_t>(width), otherwise);
+    }
     for (const auto& [key, label] : keys) {
         if (isDense) {
             table.Targets[static_cast<std::size_t>(std::int64_t{key} - table.First)] = label;
@@ -129,8 +138,9 @@ void ProcedureCompiler::On(const SelectStatement& node, SourcePlace place) {
     Label otherwise = end;
     for (const CaseClause& clause : node.Clauses) {
         bodies.push_back(m_code.NewLabel());
-        if (clause.Tests.empty())
+        if (clause.Tests.empty()) {
             otherwise = bodies.back();
+        }
     }
     // Required: after an error in the expression no clause matches but Case Else.
     const Label again = m_code.Here();
@@ -142,21 +152,25 @@ void ProcedureCompiler::On(const SelectStatement& node, SourcePlace place) {
         held.Constant = nullptr;
         held.Slot = IsPlain(subject.Type) ? m_code.NewPlain() : m_code.NewGeneric();
         const bool isKept = IsPlain(subject.Type) || subject.Type.Kind == DeclaredKind::String;
-        if (!isKept)
+        if (!isKept) {
             held.Type = {};
+        }
         const bool isFreshText =
             subject.IsFresh && subject.Type.Kind == DeclaredKind::String && !subject.Type.IsArray;
-        if (isFreshText)
+        if (isFreshText) {
             m_code.Emit(Opcode::Move, held.Slot, SlotOf(subject), 0, kSelectSubject);
-        else
+        } else {
             MoveInto(subject, held.Slot, held.Type);
+        }
         for (std::size_t i = 0; i < node.Clauses.size(); ++i) {
-            if (node.Clauses[i].Tests.empty())
+            if (node.Clauses[i].Tests.empty()) {
                 continue;
+            }
             m_place = node.Clauses[i].Place;
             m_code.Mark(m_place.Line, again, otherwise);
-            for (const CaseTest& test : node.Clauses[i].Tests)
+            for (const CaseTest& test : node.Clauses[i].Tests) {
                 CompileTest(test, held, bodies[i]);
+            }
         }
         m_code.EmitJump(Opcode::Jump, otherwise);
     }

@@ -21,15 +21,17 @@ void ProcedureCompiler::Compile() {
     m_place = m_node.EndPlace;
     const Label end = m_code.Here();
     m_code.Mark(m_node.EndPlace.Line, end, end);
-    if (m_hasHandler)
+    if (m_hasHandler) {
         m_code.Emit(Opcode::ClearHandledError);
+    }
     EmitReturn();
     WarnOfUnusedLabels();
-    if (!m_code.Finish())
+    if (!m_code.Finish()) {
         Error(
             compileerror::kOther,
             m_node.Place,
             "The procedure '" + m_node.Name + "' has too many variables or expressions");
+    }
 }
 
 void ProcedureCompiler::DeclareParameters() {
@@ -44,8 +46,9 @@ void ProcedureCompiler::DeclareParameters() {
     }
     const bool hasResult =
         m_node.Kind == ProcedureKind::Function || m_node.Kind == ProcedureKind::PropertyGet;
-    if (!hasResult)
+    if (!hasResult) {
         return;
+    }
     VariableShape shape;
     shape.Type = m_procedure.Result;
     LocalSymbol symbol;
@@ -57,17 +60,19 @@ void ProcedureCompiler::DeclareParameters() {
 }
 
 void ProcedureCompiler::EmitReturn() {
-    if (!m_result)
+    if (!m_result) {
         m_code.Emit(Opcode::Return);
-    else
+    } else {
         m_code.Emit(
             IsPlain(m_result->Type) ? Opcode::ReturnPlain : Opcode::ReturnValue,
             static_cast<Register>(m_result->Index));
+    }
 }
 
 void ProcedureCompiler::CompileBlock(const Block& block) {
-    for (const Statement& statement : block)
+    for (const Statement& statement : block) {
         CompileStatement(statement);
+    }
 }
 
 void ProcedureCompiler::CompileStatement(const Statement& statement) {
@@ -88,17 +93,19 @@ void ProcedureCompiler::On(const IfStatement& node, SourcePlace) {
         const Label otherwise = m_code.NewLabel();
         // Required: after an error in the condition, Resume Next goes into the block.
         const Label body = m_code.NewLabel();
-        if (i > 0)
+        if (i > 0) {
             m_code.Mark(branch.Place.Line, m_code.Here(), body);
-        else
+        } else {
             m_code.Mark(m_place.Line, m_code.Here(), body);
+        }
         m_place = i > 0 ? branch.Place : m_place;
         JumpOn(*branch.Condition, false, otherwise);
         m_code.Bind(body);
         CompileBlock(branch.Body);
         const bool isLast = i + 1 == node.Branches.size() && node.ElseBody.empty();
-        if (!isLast)
+        if (!isLast) {
             m_code.EmitJump(Opcode::Jump, end);
+        }
         m_code.Bind(otherwise);
     }
     CompileBlock(node.ElseBody);
@@ -114,8 +121,9 @@ void ProcedureCompiler::On(const WithStatement& node, SourcePlace) {
     // Required: after an error in the head, Resume Next goes into the block, where every member is error 91.
     const Label body = m_code.NewLabel();
     m_code.Mark(m_place.Line, m_code.Here(), body);
-    if (m_mayJumpIntoLoops)
+    if (m_mayJumpIntoLoops) {
         m_code.EmitWide(Opcode::LoadConstant, slot, nothing);
+    }
     HoldArraysOf(*node.Target, node);
     const Operand target = Evaluate(*node.Target);
     context.Target = target;
@@ -125,18 +133,20 @@ void ProcedureCompiler::On(const WithStatement& node, SourcePlace) {
     const bool mayBeObject =
         !target.Type.IsArray && (target.Type.Kind == DeclaredKind::Object ||
                                  (target.Type.Kind == DeclaredKind::Variant && !target.Constant));
-    if (!isRecord && !mayBeObject)
+    if (!isRecord && !mayBeObject) {
         Error(compileerror::kOther, m_place, "With needs an object or a value of a Type");
-    else
+    } else {
         m_code.Emit(
             isRecord ? Opcode::Move : Opcode::WithObject, context.Target.Slot, SlotOf(target));
+    }
     m_code.Bind(body);
     m_withs.push_back(context);
     CompileBlock(node.Body);
     m_withs.pop_back();
     m_code.EmitWide(Opcode::LoadConstant, slot, nothing);
-    for (; m_held.size() > held; m_held.pop_back())
+    for (; m_held.size() > held; m_held.pop_back()) {
         m_code.Emit(Opcode::Clear, m_held.back().State);
+    }
 }
 
 /// An array keeps its elements while a With works on one of them: a `ReDim` would leave that to nobody.
@@ -146,13 +156,15 @@ void ProcedureCompiler::HoldArraysOf(const Expression& target, const WithStateme
         return;
     }
     const auto* index = std::get_if<IndexNode>(&target.Node);
-    if (index == nullptr)
+    if (index == nullptr) {
         return;
+    }
     HoldArraysOf(*index->Target, node);
     const bool isElement = PlaceOf(target).IsPlace && !MayRunCode(*index->Target);
     const DeclaredType type = isElement ? PlaceOf(*index->Target).Type : DeclaredType{};
-    if (!type.IsArray || type.Kind != DeclaredKind::Record)
+    if (!type.IsArray || type.Kind != DeclaredKind::Record) {
         return;
+    }
     const std::size_t mark = m_code.TemporaryMark();
     m_held.push_back({&node, m_code.NewGeneric(), m_loops.size()});
     m_code.Emit(Opcode::HoldArray, m_held.back().State, SlotOf(Evaluate(*index->Target)));
@@ -167,22 +179,26 @@ void ProcedureCompiler::On(const ExitStatement& node, SourcePlace place) {
         const bool fits = (node.Kind == ExitKind::Sub && kind == ProcedureKind::Sub) ||
                           (node.Kind == ExitKind::Function && kind == ProcedureKind::Function) ||
                           (node.Kind == ExitKind::Property && kind > ProcedureKind::Function);
-        if (!fits)
+        if (!fits) {
             Error(
                 compileerror::kInvalidExit,
                 place,
                 "This Exit does not fit the procedure around it");
+        }
         m_code.Emit(Opcode::ClearError);
         EmitReturn();
         return;
     }
-    for (std::size_t i = m_loops.size(); i-- > 0;)
+    for (std::size_t i = m_loops.size(); i-- > 0;) {
         if (m_loops[i].Kind == node.Kind) {
-            for (auto block = m_held.rbegin(); block != m_held.rend() && block->Loops > i; ++block)
+            for (auto block = m_held.rbegin(); block != m_held.rend() && block->Loops > i;
+                 ++block) {
                 LeaveBlock(*block);
+            }
             m_code.EmitJump(Opcode::Jump, m_loops[i].Exit);
             return;
         }
+    }
     Error(
         compileerror::kInvalidExit,
         place,
@@ -208,18 +224,21 @@ void ProcedureCompiler::On(const DebugPrintStatement& node, SourcePlace) {
         } else if (part.Kind == PrintPartKind::Tab) {
             m_code.Emit(Opcode::PrintZone);
         }
-        if (part.Separator == PrintSeparator::Zone)
+        if (part.Separator == PrintSeparator::Zone) {
             m_code.Emit(Opcode::PrintZone);
+        }
         isOpen = part.Separator != PrintSeparator::None;
         m_code.ReleaseTemporaries(mark);
     }
-    if (!isOpen)
+    if (!isOpen) {
         m_code.Emit(Opcode::PrintEnd);
+    }
 }
 
 void ProcedureCompiler::On(const DebugAssertStatement& node, SourcePlace) {
-    if (node.Condition)
+    if (node.Condition) {
         Evaluate(*node.Condition);
+    }
 }
 
 void ProcedureCompiler::On(const RefusedStatement& node, SourcePlace place) {

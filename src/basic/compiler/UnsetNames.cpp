@@ -18,17 +18,20 @@ class ProcedureNames {
 public:
     ProcedureNames(ModuleScope& scope, const ProcedureNode& procedure) : m_scope(scope) {
         m_declared.insert(modTextCase::ToLower(procedure.Name));
-        for (const ParameterNode& parameter : procedure.Parameters)
+        for (const ParameterNode& parameter : procedure.Parameters) {
             m_declared.insert(modTextCase::ToLower(parameter.Name));
+        }
         // A declaration holds in the whole procedure, wherever it stands.
         Declare(procedure.Body);
         Look(procedure.Body);
     }
 
     void Warn() const {
-        for (const auto& [key, use] : m_uses)
-            if (!use.IsSet)
+        for (const auto& [key, use] : m_uses) {
+            if (!use.IsSet) {
                 m_scope.Messages.Warn(use.Place, "'" + use.Name + "' is read and never set");
+            }
+        }
     }
 
 private:
@@ -42,27 +45,32 @@ private:
     // ---- what is declared ----
 
     void Declare(const Block& block) {
-        for (const Statement& statement : block)
+        for (const Statement& statement : block) {
             std::visit([this](const auto& node) { DeclareIn(node); }, statement.Node);
+        }
     }
     template <class Node>
     void DeclareIn(const Node&) {}
     void DeclareIn(const DeclareStatement& node) {
-        for (const VariableNode& variable : node.Variables)
+        for (const VariableNode& variable : node.Variables) {
             m_declared.insert(modTextCase::ToLower(variable.Name));
+        }
     }
     void DeclareIn(const ConstStatement& node) {
-        for (const ConstantNode& constant : node.Constants)
+        for (const ConstantNode& constant : node.Constants) {
             m_declared.insert(modTextCase::ToLower(constant.Name));
+        }
     }
     void DeclareIn(const IfStatement& node) {
-        for (const IfBranch& branch : node.Branches)
+        for (const IfBranch& branch : node.Branches) {
             Declare(branch.Body);
+        }
         Declare(node.ElseBody);
     }
     void DeclareIn(const SelectStatement& node) {
-        for (const CaseClause& clause : node.Clauses)
+        for (const CaseClause& clause : node.Clauses) {
             Declare(clause.Body);
+        }
     }
     void DeclareIn(const ForStatement& node) { Declare(node.Body); }
     void DeclareIn(const ForEachStatement& node) { Declare(node.Body); }
@@ -72,8 +80,9 @@ private:
     // ---- what is used ----
 
     void Look(const Block& block) {
-        for (const Statement& statement : block)
+        for (const Statement& statement : block) {
             std::visit([this](const auto& node) { LookAt(node); }, statement.Node);
+        }
     }
     template <class Node>
     void LookAt(const Node&) {}
@@ -87,8 +96,9 @@ private:
         }
     }
     void LookAt(const EraseStatement& node) {
-        for (const ExpressionPointer& target : node.Targets)
+        for (const ExpressionPointer& target : node.Targets) {
             Read(target);
+        }
     }
     void LookAt(const AssignStatement& node) {
         Read(node.Value);
@@ -141,15 +151,17 @@ private:
     void LookAt(const OnJumpStatement& node) { Read(node.Selector); }
     void LookAt(const ErrorStatement& node) { Read(node.Number); }
     void LookAt(const DebugPrintStatement& node) {
-        for (const PrintPart& part : node.Parts)
+        for (const PrintPart& part : node.Parts) {
             Read(part.Value);
+        }
     }
     void LookAt(const DebugAssertStatement& node) { Read(node.Condition); }
 
     void Read(const ExpressionPointer& expression) {
-        if (expression)
+        if (expression) {
             std::visit(
                 [&](const auto& node) { ReadNode(node, expression->Place); }, expression->Node);
+        }
     }
     template <class Node>
     void ReadNode(const Node&, SourcePlace) {}
@@ -167,14 +179,16 @@ private:
 
     /// Something gets a value: a name, or an element or member of what a name stands for.
     void Set(const ExpressionPointer& target) {
-        if (!target)
+        if (!target) {
             return;
+        }
         if (const auto* name = std::get_if<NameNode>(&target->Node)) {
             Note(*name, target->Place, /*isSet=*/true);
         } else if (const auto* index = std::get_if<IndexNode>(&target->Node)) {
             Set(index->Target);
-            for (const Argument& argument : index->Arguments)
+            for (const Argument& argument : index->Arguments) {
                 Read(argument.Value);
+            }
         } else {
             Read(target);
         }
@@ -182,20 +196,24 @@ private:
 
     void Call(const ExpressionPointer& callee, const std::vector<Argument>& arguments) {
         // A name that is called and defined nowhere is an error of its own.
-        if (callee && !std::holds_alternative<NameNode>(callee->Node))
+        if (callee && !std::holds_alternative<NameNode>(callee->Node)) {
             Read(callee);
+        }
         CheckCreateObject(callee, arguments);
         const bool maySet = MaySetArguments(callee);
-        for (const Argument& argument : arguments)
+        for (const Argument& argument : arguments) {
             maySet ? Set(argument.Value) : Read(argument.Value);
+        }
     }
 
     /// A procedure of the module and a callback of an extension can store into their arguments.
     bool MaySetArguments(const ExpressionPointer& callee) const {
-        if (!callee)
+        if (!callee) {
             return true;
-        if (const auto* name = std::get_if<NameNode>(&callee->Node))
+        }
+        if (const auto* name = std::get_if<NameNode>(&callee->Node)) {
             return m_scope.Find(name->Name) != nullptr;
+        }
         const auto* member = std::get_if<MemberNode>(&callee->Node);
         const auto* object = member != nullptr && member->Target
                                  ? std::get_if<NameNode>(&member->Target->Node)
@@ -207,18 +225,21 @@ private:
     CheckCreateObject(const ExpressionPointer& callee, const std::vector<Argument>& arguments) {
         const auto* name = callee ? std::get_if<NameNode>(&callee->Node) : nullptr;
         if (name == nullptr || !modTextCase::Equal(name->Name, kCreateObject) ||
-            !IsNew(*name, /*orBuiltin=*/true) || arguments.empty() || !arguments.front().Value)
+            !IsNew(*name, /*orBuiltin=*/true) || arguments.empty() || !arguments.front().Value) {
             return;
+        }
         const auto* literal = std::get_if<LiteralNode>(&arguments.front().Value->Node);
-        if (literal == nullptr || literal->Constant.Type() != ValueType::String)
+        if (literal == nullptr || literal->Constant.Type() != ValueType::String) {
             return;
+        }
         const std::string program(literal->Constant.AsText());
-        if (!IsScriptObject(program))
+        if (!IsScriptObject(program)) {
             m_scope.Messages.Warn(
                 arguments.front().Value->Place,
                 "'" + program +
                     "' cannot be created, only 'Scripting.Dictionary' and 'VBScript.RegExp' can: "
                     "reaching it raises error 429");
+        }
     }
 
     /// True for a name that neither the procedure nor the module, an extension or the language knows.
@@ -233,8 +254,9 @@ private:
     }
 
     void Note(const NameNode& node, SourcePlace place, bool isSet) {
-        if (!IsNew(node))
+        if (!IsNew(node)) {
             return;
+        }
         Use& use = m_uses.try_emplace(modTextCase::ToLower(node.Name), Use{node.Name, place})
                        .first->second;
         use.IsSet = use.IsSet || isSet;
@@ -250,8 +272,9 @@ private:
 void WarnOfUnsetNames(ModuleScope& scope) {
     for (const ProcedureNode* procedure : scope.Nodes) {
         const ProcedureNames names(scope, *procedure);
-        if (!scope.Module.OptionExplicit)  // else each of them is an error
+        if (!scope.Module.OptionExplicit) {  // else each of them is an error
             names.Warn();
+        }
     }
 }
 

@@ -22,8 +22,9 @@ bool IsLetter(char character) {
 }
 
 bool IsPrefix(std::string_view prefix) {
-    if (prefix.size() < 2 || prefix.back() != '.' || !IsLetter(prefix.front()))
+    if (prefix.size() < 2 || prefix.back() != '.' || !IsLetter(prefix.front())) {
         return false;
+    }
     return std::all_of(prefix.begin(), prefix.end() - 1, [](char character) {
         return IsLetter(character) || (character >= '0' && character <= '9') || character == '_';
     });
@@ -32,8 +33,9 @@ bool IsPrefix(std::string_view prefix) {
 /// "Scripts" of "\\temp\\Scripts.dvs": what stands for the module's name if the module does not tell.
 std::string StemOf(std::string_view path) {
     const std::size_t slash = path.find_last_of("\\/");
-    if (slash != std::string_view::npos)
+    if (slash != std::string_view::npos) {
         path.remove_prefix(slash + 1);
+    }
     return std::string(path.substr(0, path.rfind('.')));
 }
 
@@ -54,8 +56,9 @@ bool EngineParts::Run(std::size_t procedure, std::span<const Value> arguments) {
              "A script is running already: " + RuntimeErrorText(number)});
         return false;
     }
-    if (Runner.Run(procedure, arguments))
+    if (Runner.Run(procedure, arguments)) {
         return true;
+    }
     Alert(Runner.TakeAlert());
     return false;
 }
@@ -68,24 +71,29 @@ void EngineParts::Alert(ErrorAlert alert) {
 void EngineParts::BindHandlers() {
     for (const auto& weak : Handlers) {
         const auto handler = weak.lock();
-        if (!handler)
+        if (!handler) {
             continue;
+        }
         handler->Index = -1;
-        if (!Module || !handler->Wanted)
+        if (!Module || !handler->Wanted) {
             continue;
+        }
         const int index = Module->FindProcedure(handler->Wanted->Name, handler->Wanted->Kind);
         if (index >= 0 &&
-            HasSignature(Module->Procedures[static_cast<std::size_t>(index)], *handler->Wanted))
+            HasSignature(Module->Procedures[static_cast<std::size_t>(index)], *handler->Wanted)) {
             handler->Index = index;
+        }
     }
 }
 
 ScriptEngine::ScriptEngine(IScriptHost& host) : m_parts(std::make_unique<Parts>(host)) {}
 
 ScriptEngine::~ScriptEngine() {
-    for (const auto& weak : m_parts->Handlers)
-        if (const auto handler = weak.lock())
+    for (const auto& weak : m_parts->Handlers) {
+        if (const auto handler = weak.lock()) {
             handler->Engine = nullptr;
+        }
+    }
 }
 
 EngineParts& ScriptEngine::PartsForHandlers() {
@@ -93,19 +101,23 @@ EngineParts& ScriptEngine::PartsForHandlers() {
 }
 
 bool ScriptEngine::AddExtension(std::string_view prefix, IScriptExtension& extension) {
-    if (!IsPrefix(prefix) || m_parts->Module)
+    if (!IsPrefix(prefix) || m_parts->Module) {
         return false;
+    }
     prefix.remove_suffix(1);
-    for (const ExtensionEntry& entry : m_parts->Extensions)
-        if (modTextCase::Equal(entry.Prefix, prefix))
+    for (const ExtensionEntry& entry : m_parts->Extensions) {
+        if (modTextCase::Equal(entry.Prefix, prefix)) {
             return false;
+        }
+    }
     m_parts->Extensions.push_back({std::string(prefix), &extension});
     return true;
 }
 
 void ScriptEngine::SetLimits(const ScriptLimits& limits) {
-    if (!m_parts->Runner.IsRunning())
+    if (!m_parts->Runner.IsRunning()) {
         m_parts->Runner.SetLimits(limits);
+    }
 }
 
 void ScriptEngine::SetOrigins(std::vector<ScriptOrigin> origins) {
@@ -125,8 +137,9 @@ bool ScriptEngine::LoadModule(std::string_view path) {
     try {
         text = modEncoding::Decode(modFiles::ReadBytes(path), modEncoding::kDefaultCodePage);
     } catch (const BasicError& error) {
-        if (!m_parts->Runner.IsRunning())
+        if (!m_parts->Runner.IsRunning()) {
             Discard(path);
+        }
         m_parts->Errors = {{error.Number(), {0, 0}, error.what()}};
         return false;
     }
@@ -157,16 +170,19 @@ bool ScriptEngine::LoadText(std::string_view file, std::string_view text) {
     }
     ParsedModule parsed = ParseModule(text);
     parts.Errors = std::move(parsed.Errors);
-    if (!parts.Errors.empty())
+    if (!parts.Errors.empty()) {
         return false;
+    }
     CompiledModule compiled = CompileModule(parsed.Module, parts.Extensions, parts.Origins);
     parts.Errors = std::move(compiled.Errors);
     parts.Warnings = std::move(compiled.Warnings);
-    if (!compiled.Module)
+    if (!compiled.Module) {
         return false;
+    }
     parts.Module = std::move(compiled.Module);
-    if (parts.Module->Name.empty())
+    if (parts.Module->Name.empty()) {
         parts.Module->Name = StemOf(file);
+    }
     parts.Runner.Load(parts.Module.get());
     parts.BindHandlers();
     return true;
@@ -189,16 +205,19 @@ const std::vector<CompileError>& ScriptEngine::LoadErrors() const {
 }
 
 std::string ScriptEngine::ErrorText() const {
-    if (m_parts->Errors.empty())
+    if (m_parts->Errors.empty()) {
         return {};
+    }
     const CompileError& error = m_parts->Errors.front();
-    if (error.Place.Line == 0)
+    if (error.Place.Line == 0) {
         return m_parts->File + ": " + error.Text;
+    }
     std::string text = m_parts->File + "(" + std::to_string(error.Place.Line) + ", " +
                        std::to_string(error.Place.Column) + "): " + error.Text;
-    if (const ScriptOrigin* origin = OriginOfLine(error.Place.Line))
+    if (const ScriptOrigin* origin = OriginOfLine(error.Place.Line)) {
         text += " [" + origin->Name + ", line " +
                 std::to_string(error.Place.Line - origin->FirstLine + 1) + "]";
+    }
     return text;
 }
 
@@ -211,21 +230,25 @@ const ScriptOrigin* ScriptEngine::OriginOfLine(std::int32_t line) const {
 }
 
 const ScriptOrigin* ScriptEngine::OriginOfRule(std::int32_t rule) const {
-    for (const ScriptOrigin& origin : m_parts->Origins)
-        if (origin.Rule == rule)
+    for (const ScriptOrigin& origin : m_parts->Origins) {
+        if (origin.Rule == rule) {
             return &origin;
+        }
+    }
     return nullptr;
 }
 
 bool ScriptEngine::RunSub(std::string_view name) {
-    if (!IsReady())
+    if (!IsReady()) {
         return false;
+    }
     const int index = m_parts->Module->FindProcedure(name, ProcedureKind::Sub);
     const bool fits =
         index >= 0 &&
         m_parts->Module->Procedures[static_cast<std::size_t>(index)].Parameters.empty();
-    if (fits)
+    if (fits) {
         return m_parts->Run(static_cast<std::size_t>(index), {});
+    }
     const std::int32_t number = runtimeerror::kProcedureNotDefined;
     m_parts->Alert(
         {{},

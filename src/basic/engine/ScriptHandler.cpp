@@ -13,11 +13,13 @@ namespace {
 std::unique_ptr<Procedure> ReadWithEnd(std::string_view prototype, std::string_view end) {
     const std::string text = std::string(prototype) + "\r\n" + std::string(end) + "\r\n";
     const ParsedModule parsed = ParseModule(text);
-    if (!parsed.Errors.empty())
+    if (!parsed.Errors.empty()) {
         return nullptr;
+    }
     CompiledModule compiled = CompileModule(parsed.Module, {}, {});
-    if (!compiled.Module || compiled.Module->Procedures.size() != 1)
+    if (!compiled.Module || compiled.Module->Procedures.size() != 1) {
         return nullptr;
+    }
     return std::make_unique<Procedure>(std::move(compiled.Module->Procedures.front()));
 }
 
@@ -29,20 +31,25 @@ bool IsSameParameter(const Parameter& left, const Parameter& right) {
 }  // namespace
 
 std::unique_ptr<Procedure> ReadPrototype(std::string_view prototype) {
-    for (const std::string_view end : {"End Sub", "End Function"})
-        if (auto procedure = ReadWithEnd(prototype, end))
+    for (const std::string_view end : {"End Sub", "End Function"}) {
+        if (auto procedure = ReadWithEnd(prototype, end)) {
             return procedure;
+        }
+    }
     return nullptr;
 }
 
 bool HasSignature(const Procedure& procedure, const Procedure& wanted) {
     if (!modTextCase::Equal(procedure.Name, wanted.Name) || procedure.Kind != wanted.Kind ||
         procedure.Result != wanted.Result ||
-        procedure.Parameters.size() != wanted.Parameters.size())
+        procedure.Parameters.size() != wanted.Parameters.size()) {
         return false;
-    for (std::size_t i = 0; i < procedure.Parameters.size(); ++i)
-        if (!IsSameParameter(procedure.Parameters[i], wanted.Parameters[i]))
+    }
+    for (std::size_t i = 0; i < procedure.Parameters.size(); ++i) {
+        if (!IsSameParameter(procedure.Parameters[i], wanted.Parameters[i])) {
             return false;
+        }
+    }
     return true;
 }
 
@@ -53,8 +60,9 @@ bool ScriptHandler::IsReady() const {
 }
 
 bool ScriptHandler::Call(std::span<const Value> arguments) {
-    if (!IsReady())
+    if (!IsReady()) {
         return false;
+    }
     EngineParts& engine = *m_state->Engine;
     const auto index = static_cast<std::size_t>(m_state->Index);
     if (arguments.size() != engine.Module->Procedures[index].Parameters.size()) {

@@ -21,23 +21,27 @@ LoopState::~LoopState() {
 }
 
 void LoopState::Leave() {
-    if (m_isLocked)
+    if (m_isLocked) {
         m_array->Unlock();
+    }
     m_isLocked = false;
 }
 
 bool LoopState::Next(Value& element) {
     if (!m_array) {
         const bool isMore = m_iterator->Next(element);
-        if (isMore && element.Type() == ValueType::Array && element.AsArray()->IsShared())
+        if (isMore && element.Type() == ValueType::Array && element.AsArray()->IsShared()) {
             element = element.DeepCopy();
+        }
         return isMore;
     }
-    if (!m_isLocked)
+    if (!m_isLocked) {
         m_array->Lock();
+    }
     m_isLocked = true;
-    if (m_position >= m_array->Elements().size())
+    if (m_position >= m_array->Elements().size()) {
         return false;
+    }
     element = m_array->Elements()[m_position++].DeepCopy();
     return true;
 }

@@ -70,8 +70,9 @@ HoldsOfWhole(Relation relation, std::int32_t left, std::int32_t right) {
 }
 
 inline bool SameText(const Value& left, const Value& right) {
-    if (left.TextBody() == right.TextBody())
+    if (left.TextBody() == right.TextBody()) {
         return true;
+    }
     const std::string_view a = left.AsText();
     const std::string_view b = right.AsText();
     return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size()) == 0;
@@ -86,21 +87,25 @@ inline bool FitsInteger(std::int32_t number) {
 PutWhole(Value& target, std::int64_t result, const Value& left, const Value& right) {
     const bool isLong = left.Type() == ValueType::Long || right.Type() == ValueType::Long;
     const auto number = static_cast<std::int32_t>(result);
-    if (number != result || (!isLong && !FitsInteger(number))) [[unlikely]]
+    if (number != result || (!isLong && !FitsInteger(number))) [[unlikely]] {
         return false;
-    if (target.HoldsBody())
+    }
+    if (target.HoldsBody()) {
         target = Value();
-    if (isLong)
+    }
+    if (isLong) {
         target.PutLong(number);
-    else
+    } else {
         target.PutInteger(static_cast<std::int16_t>(number));
+    }
     return true;
 }
 
 /// Whatever the slot held.
 [[gnu::always_inline]] inline void PutFlag(Value& target, bool flag) {
-    if (target.HoldsBody())
+    if (target.HoldsBody()) {
         target = Value();
+    }
     target.PutBoolean(flag);
 }
 
@@ -112,35 +117,43 @@ inline std::int32_t RemainderOf(std::int32_t dividend, std::int32_t divisor) {
 /// The dictionary that a value holds, or null.
 inline DictionaryObject* DictionaryIn(const Value& value) {
     if (value.Type() != ValueType::Object || value.AsObject() == nullptr ||
-        value.AsObject()->Class() != ObjectClass::Dictionary)
+        value.AsObject()->Class() != ObjectClass::Dictionary) {
         return nullptr;
+    }
     return static_cast<DictionaryObject*>(value.AsObject());
 }
 
 /// The operators on two whole numbers that have no instruction of their own. False: it is not that simple.
 inline bool
 OperateOnWhole(BinaryOperator which, Value& target, const Value& left, const Value& right) {
-    if (!AreWhole(left, right))
+    if (!AreWhole(left, right)) {
         return false;
+    }
     const std::int64_t first = left.AsLong();
     const std::int64_t second = right.AsLong();
-    if (which == BinaryOperator::Modulo)
+    if (which == BinaryOperator::Modulo) {
         return second != 0 && PutWhole(target, first % second, left, right);
-    if (which == BinaryOperator::IntegerDivide)
+    }
+    if (which == BinaryOperator::IntegerDivide) {
         return second != 0 && PutWhole(target, first / second, left, right);
-    if (which == BinaryOperator::And)
+    }
+    if (which == BinaryOperator::And) {
         return PutWhole(target, first & second, left, right);
-    if (which == BinaryOperator::Or)
+    }
+    if (which == BinaryOperator::Or) {
         return PutWhole(target, first | second, left, right);
+    }
     return which == BinaryOperator::Xor && PutWhole(target, first ^ second, left, right);
 }
 
 inline bool Quotient(BinaryOperator which, Value& target, const Value& left, const Value& right) {
-    if (which != BinaryOperator::Divide || !AreReal(left, right) || RealOf(right) == 0)
+    if (which != BinaryOperator::Divide || !AreReal(left, right) || RealOf(right) == 0) {
         return false;
+    }
     const double quotient = RealOf(left) / RealOf(right);
-    if (!std::isfinite(quotient) || target.HoldsBody())
+    if (!std::isfinite(quotient) || target.HoldsBody()) {
         return false;
+    }
     target.PutDouble(quotient);
     return true;
 }
@@ -148,16 +161,20 @@ inline bool Quotient(BinaryOperator which, Value& target, const Value& left, con
 /// The item of a dictionary or a collection at an index, null where there is none, or if the question is
 /// not that simple.
 inline const Value* ItemOf(const Value& container, const Value& index) {
-    if (container.Type() != ValueType::Object || container.AsObject() == nullptr)
+    if (container.Type() != ValueType::Object || container.AsObject() == nullptr) {
         return nullptr;
+    }
     const ObjectClass which = container.AsObject()->Class();
-    if (which == ObjectClass::Dictionary && index.Type() != ValueType::Error)
+    if (which == ObjectClass::Dictionary && index.Type() != ValueType::Error) {
         return &static_cast<DictionaryObject*>(container.AsObject())->Item(index);
-    if (which != ObjectClass::Collection)
+    }
+    if (which != ObjectClass::Collection) {
         return nullptr;
+    }
     const auto& collection = static_cast<const CollectionObject&>(*container.AsObject());
-    if (IsOneOf(index, kWholeTypes))
+    if (IsOneOf(index, kWholeTypes)) {
         return collection.ItemAt(index.AsLong());
+    }
     return index.Type() == ValueType::String ? collection.ItemOf(index.AsText()) : nullptr;
 }
 

@@ -22,35 +22,42 @@ ReferenceTag TagOfElement(const DeclaredType& type) {
 
 /// REQUIRES: an object or Nothing.
 ScriptObject& ObjectWithDefault(const Value& value) {
-    if (value.AsObject() == nullptr)
+    if (value.AsObject() == nullptr) {
         RaiseError(runtimeerror::kObjectNotSet);
-    if (!value.AsObject()->HasDefaultMember())
+    }
+    if (!value.AsObject()->HasDefaultMember()) {
         RaiseError(runtimeerror::kNoSuchMember);
+    }
     return *value.AsObject();
 }
 
 void CheckFree(const ArrayBody& array) {
-    if (array.IsLocked())
+    if (array.IsLocked()) {
         RaiseError(runtimeerror::kArrayFixedOrLocked);
+    }
 }
 
 /// Back to the initial values, in place.
 void ResetElements(ArrayBody& array, const Value& initial) {
-    for (Value& element : array.Elements())
-        if (element.Type() == ValueType::Record)
+    for (Value& element : array.Elements()) {
+        if (element.Type() == ValueType::Record) {
             CopyRecord(*element.AsRecord(), *initial.AsRecord());
-        else
+        } else {
             element = initial;
+        }
+    }
 }
 
 }  // namespace
 
 std::size_t Machine::OffsetOf(const ArrayBody& array, std::span<const Value> indices) {
-    if (indices.size() > kMostDimensions)
+    if (indices.size() > kMostDimensions) {
         RaiseError(runtimeerror::kSubscriptOutOfRange);
+    }
     std::array<std::int32_t, kMostDimensions> numbers{};
-    for (std::size_t i = 0; i < indices.size(); ++i)
+    for (std::size_t i = 0; i < indices.size(); ++i) {
         numbers[i] = ToLong(indices[i]);
+    }
     return array.Offset(numbers.data(), indices.size());
 }
 
@@ -66,14 +73,16 @@ void Machine::StoreElement(ArrayBody& array, std::size_t place, const Value& val
         const Value object = element;
         ObjectWithDefault(object).Invoke(kDefaultMember, InvokeKind::Let, {&value, 1});
     } else if (type.Kind == DeclaredKind::Variant) {
-        if (element.Type() == ValueType::Array)
+        if (element.Type() == ValueType::Array) {
             CheckFree(*element.AsArray());
+        }
         element = value;
     } else if (type.Kind == DeclaredKind::Record) {
         const bool fits =
             value.Type() == ValueType::Record && value.AsRecord()->Type() == type.Record;
-        if (!fits)
+        if (!fits) {
             RaiseError(runtimeerror::kTypeMismatch);
+        }
         CopyRecord(*element.AsRecord(), *value.AsRecord());
     } else {
         element = CoerceTo(value, type);
@@ -87,8 +96,9 @@ void Machine::SlowIndexGet(Instruction in, Value* base) {
         base[in.A] = ElementFrom(target, index);
         return;
     }
-    if (target.Type() != ValueType::Object)
+    if (target.Type() != ValueType::Object) {
         RaiseError(runtimeerror::kTypeMismatch);
+    }
     ScriptObject& object = ObjectWithDefault(target);
     if (object.Class() == ObjectClass::Collection && index[0].Type() == ValueType::String) {
         // The loop has looked for it. That a key is not there is often asked in this way.
@@ -105,8 +115,9 @@ void Machine::SlowIndexSet(Instruction in, Value* base) {
         StoreElement(*target.AsArray(), place, base[in.C], in.Flags != 0);
         return;
     }
-    if (target.Type() != ValueType::Object)
+    if (target.Type() != ValueType::Object) {
         RaiseError(runtimeerror::kTypeMismatch);
+    }
     const Value arguments[] = {base[in.B], base[in.C]};
     ObjectWithDefault(target).Invoke(
         kDefaultMember, in.Flags != 0 ? InvokeKind::Set : InvokeKind::Let, arguments);
@@ -127,15 +138,17 @@ void Machine::ReferenceElement(Instruction in, Value* base) {
         const Value object = holder;
         Value given = ObjectWithDefault(object).Invoke(kDefaultMember, InvokeKind::Get, indices);
         const bool isKept = given.Type() == ValueType::Array && given.AsArray()->IsShared();
-        if (isKept)
+        if (isKept) {
             Spend(given.AsArray()->Elements().size() / 4);
+        }
         holder = isKept ? given.DeepCopy() : std::move(given);
         base[in.A] = TaggedReference(&holder, ReferenceTag::Variant);
     } else {
         RaiseError(runtimeerror::kTypeMismatch);
     }
-    for (Value& index : indices)
+    for (Value& index : indices) {
         index = Value();
+    }
 }
 
 void Machine::DimensionArray(Instruction in, Value* base) {
@@ -145,40 +158,46 @@ void Machine::DimensionArray(Instruction in, Value* base) {
     std::vector<Bounds> dimensions;
     for (std::size_t i = 0; i < static_cast<std::size_t>(in.Flags >> 1); ++i) {
         const Bounds bounds{base[in.C + 2 * i].AsLong(), base[in.C + 2 * i + 1].AsLong()};
-        if (bounds.Lower > bounds.Upper)
+        if (bounds.Lower > bounds.Upper) {
             RaiseError(runtimeerror::kSubscriptOutOfRange);
+        }
         dimensions.push_back(bounds);
     }
     const bool isArray = target.Type() == ValueType::Array;
     if (isArray) {
         CheckFree(*target.AsArray());
-        if (target.AsArray()->IsFixed())
+        if (target.AsArray()->IsFixed()) {
             RaiseError(runtimeerror::kArrayFixedOrLocked);
+        }
     }
     const Value initial = InitialElement(type);
     const bool keepsBody = isArray && target.AsArray()->Element() == type;
     Ref<ArrayBody> array =
         keepsBody ? Ref<ArrayBody>(target.AsArray()) : MakeRef<ArrayBody>(type, false);
-    if (preserves && keepsBody && !array->Dimensions().empty())
+    if (preserves && keepsBody && !array->Dimensions().empty()) {
         array->Redimension(std::move(dimensions), initial);
-    else
+    } else {
         array->Dimension(std::move(dimensions), initial);
+    }
     const std::size_t cost = array->Elements().size() / 4;
-    if (!keepsBody)
+    if (!keepsBody) {
         target = Value::Array(std::move(array));
+    }
     Spend(cost);
 }
 
 void Machine::EraseArray(Instruction in, Value* base) {
     Value& target = *TargetOf(base[in.A]);
-    if (target.Type() != ValueType::Array)
+    if (target.Type() != ValueType::Array) {
         RaiseError(runtimeerror::kTypeMismatch);
+    }
     ArrayBody& array = *target.AsArray();
     CheckFree(array);
-    if (array.IsFixed())
+    if (array.IsFixed()) {
         ResetElements(array, InitialElement(array.Element()));
-    else
+    } else {
         array.Clear();
+    }
 }
 
 void Machine::AssignArray(Instruction in, Value* base) {
@@ -187,12 +206,14 @@ void Machine::AssignArray(Instruction in, Value* base) {
     DeclaredType element = m_program->Types[in.C];
     element.IsArray = false;
     const bool isText = source.Type() != ValueType::Array && element.Kind == DeclaredKind::Byte;
-    if (!isText && (source.Type() != ValueType::Array || source.AsArray()->Element() != element))
+    if (!isText && (source.Type() != ValueType::Array || source.AsArray()->Element() != element)) {
         RaiseError(runtimeerror::kTypeMismatch);
+    }
     if (target.Type() == ValueType::Array) {
         CheckFree(*target.AsArray());
-        if (target.AsArray()->IsFixed())
+        if (target.AsArray()->IsFixed()) {
             RaiseError(runtimeerror::kArrayFixedOrLocked);
+        }
     }
     if (isText) {
         const std::string bytes = modTextBytes::BytesIn(source);
@@ -210,65 +231,77 @@ void Machine::ArgumentsToArray(Instruction in, Value* base) {
     DeclaredType variant;
     auto array = MakeRef<ArrayBody>(variant, false);
     array->Dimension({{0, std::int32_t{in.C} - 1}}, Value());
-    for (std::size_t i = 0; i < in.C; ++i)
+    for (std::size_t i = 0; i < in.C; ++i) {
         array->Elements()[i] = std::move(base[in.B + i]);
+    }
     base[in.A] = Value::Array(std::move(array));
 }
 
 void Machine::CopyBack(Instruction in, Value* base) {
     const ArrayBody& array = *base[in.B].AsArray();
-    if (in.C >= array.Elements().size())
+    if (in.C >= array.Elements().size()) {
         return;  // erased meanwhile
+    }
     const Value& value = array.Elements()[in.C];
     const Value& present = *TargetOf(base[in.A]);
     const bool isSame =
         value.Type() == present.Type() && value.AsCurrency() == present.AsCurrency();
-    if (!isSame)
+    if (!isSame) {
         StoreThrough(base[in.A], value);
+    }
 }
 
 void Machine::ForEachBegin(Instruction in, Value* base) {
     const Value& collection = base[in.B];
     if (collection.Type() == ValueType::Array) {
         Ref<ArrayBody> array(collection.AsArray());
-        if (array->Dimensions().empty())
+        if (array->Dimensions().empty()) {
             RaiseError(runtimeerror::kForLoopNotInitialised);
-        if (array->Element().Kind == DeclaredKind::Record)
+        }
+        if (array->Element().Kind == DeclaredKind::Record) {
             RaiseError(runtimeerror::kTypeMismatch);
+        }
         base[in.A] = Value::Object(MakeRef<LoopState>(std::move(array)));
         return;
     }
-    if (collection.Type() != ValueType::Object)
+    if (collection.Type() != ValueType::Object) {
         RaiseError(runtimeerror::kTypeMismatch);
-    if (collection.AsObject() == nullptr)
+    }
+    if (collection.AsObject() == nullptr) {
         RaiseError(runtimeerror::kObjectNotSet);
+    }
     auto iterator = collection.AsObject()->Iterate();
-    if (!iterator)
+    if (!iterator) {
         RaiseError(runtimeerror::kNoSuchMember);
+    }
     base[in.A] = Value::Object(
         MakeRef<LoopState>(Ref<ScriptObject>(collection.AsObject()), std::move(iterator)));
 }
 
 void Machine::HoldArray(Instruction in, Value* base) {
-    if (base[in.B].Type() == ValueType::Array)
+    if (base[in.B].Type() == ValueType::Array) {
         base[in.A] = Value::Object(MakeRef<LoopState>(Ref<ArrayBody>(base[in.B].AsArray())));
+    }
 }
 
 void Machine::LeaveBlock(Instruction in, Value* base) {
     const Value& state = base[in.A];
-    if (state.Type() == ValueType::Object && state.AsObject() != nullptr)
+    if (state.Type() == ValueType::Object && state.AsObject() != nullptr) {
         static_cast<LoopState*>(state.AsObject())->Leave();
+    }
 }
 
 void Machine::RefuseLocked(Instruction in, Value* base) {
-    if (base[in.A].Type() == ValueType::Array)
+    if (base[in.A].Type() == ValueType::Array) {
         CheckFree(*base[in.A].AsArray());
+    }
 }
 
 bool Machine::NextElement(Instruction in, Value* base) {
     const Value& state = base[in.B];
-    if (state.Type() != ValueType::Object || state.AsObject() == nullptr)
+    if (state.Type() != ValueType::Object || state.AsObject() == nullptr) {
         RaiseError(runtimeerror::kForLoopNotInitialised);
+    }
     return static_cast<LoopState*>(state.AsObject())->Next(base[in.A]);
 }
 

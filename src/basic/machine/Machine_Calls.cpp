@@ -16,9 +16,11 @@ const Value kNone{};
 std::size_t CostOfTexts(std::span<const Value> values) {
     constexpr std::size_t kBytesOfAUnit = 64;
     std::size_t bytes = 0;
-    for (const Value& value : values)
-        if (value.Type() == ValueType::String)
+    for (const Value& value : values) {
+        if (value.Type() == ValueType::String) {
             bytes += value.AsText().size();
+        }
+    }
     return bytes / kBytesOfAUnit;
 }
 
@@ -31,21 +33,24 @@ std::size_t CostOfArray(const Value& result) {
 }
 
 void Release(Value* first, std::size_t count) {
-    for (std::size_t i = 0; i < count; ++i)
+    for (std::size_t i = 0; i < count; ++i) {
         first[i] = Value();
+    }
 }
 
 /// What the host gave must be something that a script can hold.
 void CheckFromHost(const Value& value) {
-    if (value.Type() == ValueType::Record || value.Type() == ValueType::Reference)
+    if (value.Type() == ValueType::Record || value.Type() == ValueType::Reference) {
         RaiseError(runtimeerror::kTypeNotSupported);
+    }
 }
 
 /// What the host has at hand for the function form of a callback; null if it has to be called.
 const Value* Recalled(const ExtensionCall& call, const Value* arguments) {
     constexpr std::uint32_t kMost = 3;
-    if (call.Result + 1 != call.Parameters || call.Parameters > kMost)
+    if (call.Result + 1 != call.Parameters || call.Parameters > kMost) {
         return nullptr;
+    }
     const Value& first = call.Parameters > 1 ? arguments[0] : kNone;
     const Value& second = call.Parameters > 2 ? arguments[1] : kNone;
     return call.Extension->Recall(call.Member, first, second);
@@ -70,8 +75,9 @@ void Machine::RunBuiltin(Instruction in, Value* base) {
     Value result = function.Call(*this, {first, count});
     Spend(cost + CostOfTexts({&result, 1}) + CostOfArray(result));
     Release(first, count);
-    if (in.A == kNoSlot)
+    if (in.A == kNoSlot) {
         return;
+    }
     const bool isAsDeclared =
         function.Result == DeclaredKind::Variant || result.Type() == ValueTypeOf(function.Result);
     base[in.A] = isAsDeclared ? std::move(result) : CoerceTo(result, function.Result);
@@ -86,15 +92,19 @@ void Machine::RunExtension(Instruction in, Value* base) {
         result = *known;
     } else {
         call.Extension->Call(call.Member, {first, call.Parameters});
-        for (std::uint32_t i = 0; i < call.Parameters; ++i)
+        for (std::uint32_t i = 0; i < call.Parameters; ++i) {
             CheckFromHost(first[i]);
-        if (in.A != kNoSlot)
+        }
+        if (in.A != kNoSlot) {
             result = std::move(first[call.Result]);
+        }
     }
-    if (!call.KeepsArguments)
+    if (!call.KeepsArguments) {
         Release(first, call.Parameters);
-    if (in.A != kNoSlot)
+    }
+    if (in.A != kNoSlot) {
         base[in.A] = std::move(result);
+    }
 }
 
 void Machine::ReleaseArguments(Instruction in, Value* base) {

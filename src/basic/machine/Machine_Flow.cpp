@@ -17,23 +17,26 @@ constexpr std::int32_t kHighestError = 65'535;
 void Machine::SetHandler(Instruction in, Value*) {
     Frame& frame = Top();
     m_error.Clear();
-    if (in.Code == Opcode::HandlerEnd)
+    if (in.Code == Opcode::HandlerEnd) {
         frame.IsHandling = false;
-    else
+    } else {
         frame.Handler = in.Code == Opcode::HandlerTo     ? in.Wide()
                         : in.Code == Opcode::HandlerNext ? kResumeNext
                                                          : kNoHandler;
+    }
 }
 
 void Machine::ClearHandledError(Instruction, Value*) {
-    if (Top().IsHandling)
+    if (Top().IsHandling) {
         m_error.Clear();
+    }
 }
 
 void Machine::Resume(Instruction in, Value*) {
     Frame& frame = Top();
-    if (!frame.IsHandling)
+    if (!frame.IsHandling) {
         RaiseError(runtimeerror::kResumeWithoutError);
+    }
     frame.IsHandling = false;
     m_error.Clear();
     const StatementMark& mark = frame.Procedure->MarkOf(frame.ErrorPosition);
@@ -55,10 +58,11 @@ void Machine::LineNumber(Instruction in, Value*) {
 }
 
 void Machine::PushGoSub(const Instruction* returnTo) {
-    if (m_goSubs.size() - Top().GoSubs >= kMostGoSubs)
+    if (m_goSubs.size() - Top().GoSubs >= kMostGoSubs) {
         RaiseLimit(
             runtimeerror::kOutOfStackSpace,
             "the limit of " + std::to_string(kMostGoSubs) + " GoSubs was reached");
+    }
     m_goSubs.push_back(returnTo);
 }
 
@@ -69,8 +73,9 @@ void Machine::GoSub(Instruction in, Value*) {
 }
 
 void Machine::ReturnFromGoSub(Instruction, Value*) {
-    if (m_goSubs.size() == Top().GoSubs)
+    if (m_goSubs.size() == Top().GoSubs) {
         RaiseError(runtimeerror::kReturnWithoutGoSub);
+    }
     m_next = m_goSubs.back();
     m_goSubs.pop_back();
     Spend(10);
@@ -88,13 +93,16 @@ void Machine::JumpByTable(Instruction in, Value* base) {
                             : table.Else);
         return;
     }
-    if (key < 0 || key > kHighestSelector)
+    if (key < 0 || key > kHighestSelector) {
         RaiseError(runtimeerror::kInvalidProcedureCall);
+    }
     Spend(10);
-    if (key == 0 || static_cast<std::size_t>(key) > table.Targets.size())
+    if (key == 0 || static_cast<std::size_t>(key) > table.Targets.size()) {
         return;
-    if (in.Code == Opcode::OnGoSub)
+    }
+    if (in.Code == Opcode::OnGoSub) {
         PushGoSub(m_next);
+    }
     m_next = code + table.Targets[static_cast<std::size_t>(key) - 1];
 }
 

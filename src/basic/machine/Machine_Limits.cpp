@@ -27,30 +27,34 @@ void Machine::CheckBudget() {
     m_spent += kSlice - m_budget;
     m_budget = kSlice;
     const std::int32_t number = runtimeerror::kUserInterrupt;
-    if (m_limits.Instructions > 0 && m_spent > m_limits.Instructions)
+    if (m_limits.Instructions > 0 && m_spent > m_limits.Instructions) {
         throw ScriptStop{
             number,
             "The script was stopped: the limit of " + std::to_string(m_limits.Instructions) +
                 " instructions was reached",
             true};
+    }
     // The clock starts at the first look: the many calls that end before it need not ask for the time.
     const auto now = std::chrono::steady_clock::now();
-    if (!m_hasStarted)
+    if (!m_hasStarted) {
         m_started = now;
+    }
     m_hasStarted = true;
     const auto passed = now - m_started;
-    if (m_limits.Milliseconds > 0 && passed > std::chrono::milliseconds(m_limits.Milliseconds))
+    if (m_limits.Milliseconds > 0 && passed > std::chrono::milliseconds(m_limits.Milliseconds)) {
         throw ScriptStop{
             number,
             "The script was stopped: the limit of " + std::to_string(m_limits.Milliseconds) +
                 " milliseconds was reached",
             true};
+    }
     AskHost();
 }
 
 void Machine::AskHost() {
-    if (!m_host.OnDoEvents())
+    if (!m_host.OnDoEvents()) {
         throw ScriptStop{runtimeerror::kUserInterrupt, "User interrupt occurred", false};
+    }
 }
 
 void Machine::Breathe() {

@@ -47,8 +47,9 @@ void Machine::Loop() {
     const auto sameText = [&](const Value& left, const Value& right) {
         constexpr std::size_t kLongText = 4096;
         const std::size_t size = left.AsText().size();
-        if (size > kLongText && size == right.AsText().size()) [[unlikely]]
+        if (size > kLongText && size == right.AsText().size()) [[unlikely]] {
             m_budget -= static_cast<std::int64_t>(size / 64);
+        }
         return SameText(left, right);
     };
     const auto jumpWhen = [&](bool condition) __attribute__((always_inline)) {
@@ -86,18 +87,20 @@ void Machine::Loop() {
                RelationOfFlags(in) <= Relation::NotEqual && !comparesText;
     };
     const auto putDouble = [&](Value & target, double number) __attribute__((always_inline)) {
-        if (std::isfinite(number)) [[likely]]
+        if (std::isfinite(number)) [[likely]] {
             target.PutDouble(number);
-        else
+        } else {
             fail(runtimeerror::kOverflow);
+        }
     };
     const auto putInteger = [&](Value & target, std::int32_t number)
         __attribute__((always_inline)) {
         const bool fits = FitsInteger(number);
-        if (fits) [[likely]]
+        if (fits) [[likely]] {
             target.PutInteger(static_cast<std::int16_t>(number));
-        else
+        } else {
             fail(runtimeerror::kOverflow);
+        }
         return fits;
     };
     const auto leave = [&]() __attribute__((always_inline)) {

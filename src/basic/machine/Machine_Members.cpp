@@ -16,37 +16,44 @@ namespace {
 
 /// The members of a record. A With that was jumped into has none.
 std::vector<Value>& MembersOf(const Value& record) {
-    if (record.Type() != ValueType::Record)
+    if (record.Type() != ValueType::Record) {
         RaiseError(runtimeerror::kObjectNotSet);
+    }
     return record.AsRecord()->Members();
 }
 
 /// Members read texts to their ends and make arrays for their results.
 std::size_t CostOf(const Value& value) {
-    if (value.Type() == ValueType::String)
+    if (value.Type() == ValueType::String) {
         return value.AsText().size() / 64;
+    }
     return value.Type() == ValueType::Array ? value.AsArray()->Elements().size() / 4 : 0;
 }
 
 ScriptObject& ObjectOf(const Value& value) {
-    if (value.Type() != ValueType::Object)
+    if (value.Type() != ValueType::Object) {
         RaiseError(runtimeerror::kObjectRequired);
-    if (value.AsObject() == nullptr)
+    }
+    if (value.AsObject() == nullptr) {
         RaiseError(runtimeerror::kObjectNotSet);
+    }
     return *value.AsObject();
 }
 
 int FindMember(const ScriptObject& object, const CallSite& site) {
     const ObjectClass which = object.Class();
-    if (which != ObjectClass::Any && which == site.SeenClass)
+    if (which != ObjectClass::Any && which == site.SeenClass) {
         return site.SeenMember;
+    }
     int member = kDefaultMember;
-    if (!site.Name.empty())
+    if (!site.Name.empty()) {
         member = object.FindMember(site.Name);
-    else if (!object.HasDefaultMember())
+    } else if (!object.HasDefaultMember()) {
         member = kNoMember;
-    if (member == kNoMember)
+    }
+    if (member == kNoMember) {
         RaiseError(runtimeerror::kNoSuchMember);
+    }
     site.SeenClass = which;
     site.SeenMember = member;
     return member;
@@ -61,17 +68,21 @@ Sorted(const ScriptObject& object, int member, const CallSite& site, std::span<c
     std::vector<Value> result(given.begin(), given.begin() + static_cast<std::ptrdiff_t>(unnamed));
     for (std::size_t i = 0; i < site.ArgumentNames.size(); ++i) {
         const int found = object.FindParameter(member, site.ArgumentNames[i]);
-        if (found < 0)
+        if (found < 0) {
             RaiseError(runtimeerror::kNamedArgumentNotFound);
+        }
         const auto place = static_cast<std::size_t>(found);
-        if (place < result.size() && !result[place].IsMissing())
+        if (place < result.size() && !result[place].IsMissing()) {
             RaiseError(runtimeerror::kArgumentNotOptional);
-        if (place >= result.size())
+        }
+        if (place >= result.size()) {
             result.resize(place + 1, Value::Missing());
+        }
         result[place] = given[unnamed + i];
     }
-    if (hasValue)
+    if (hasValue) {
         result.push_back(given.back());
+    }
     return result;
 }
 
@@ -83,8 +94,9 @@ void Machine::RecordGet(Instruction in, Value* base) {
 
 void Machine::RecordSet(Instruction in, Value* base) {
     Value& member = MembersOf(base[in.A])[in.C];
-    if (member.Type() == ValueType::Array && member.AsArray()->IsLocked())
+    if (member.Type() == ValueType::Array && member.AsArray()->IsLocked()) {
         RaiseError(runtimeerror::kArrayFixedOrLocked);
+    }
     member = base[in.B];
 }
 
@@ -124,41 +136,49 @@ void Machine::Invoke(Instruction in, Value* base) {
     const CallSite& site = m_program->Sites[in.Target()];
     Value* const first = base + in.C;
     const std::span<Value> given(first + 1, site.Arguments);
-    for (const Value& argument : given)
-        if (argument.Type() == ValueType::String)
+    for (const Value& argument : given) {
+        if (argument.Type() == ValueType::String) {
             Spend(CostOf(argument));
+        }
+    }
     Value result;
     if (first->Type() == ValueType::Array && site.Name.empty()) {
-        if (!site.ArgumentNames.empty())
+        if (!site.ArgumentNames.empty()) {
             RaiseError(runtimeerror::kNoNamedArguments);
+        }
         ArrayBody& array = *first->AsArray();
-        if (site.Kind == InvokeKind::Get || site.Kind == InvokeKind::Call)
+        if (site.Kind == InvokeKind::Get || site.Kind == InvokeKind::Call) {
             result = ElementFrom(*first, given);
-        else
+        } else {
             StoreElement(
                 array,
                 OffsetOf(array, given.first(given.size() - 1)),
                 given.back(),
                 site.Kind == InvokeKind::Set);
+        }
     } else {
-        if (site.Name.empty() && first->Type() != ValueType::Object)
+        if (site.Name.empty() && first->Type() != ValueType::Object) {
             RaiseError(runtimeerror::kTypeMismatch);
+        }
         ScriptObject& object = ObjectOf(*first);
         const int member = FindMember(object, site);
         if (site.SeenClass == ObjectClass::Err && ErrObject::IsRaise(member)) {
             RaiseOfErr(object, member, site, given);
             return;
         }
-        if (site.ArgumentNames.empty())
+        if (site.ArgumentNames.empty()) {
             result = object.Invoke(member, site.Kind, given);
-        else
+        } else {
             result = object.Invoke(member, site.Kind, Sorted(object, member, site, given));
+        }
     }
     Spend(CostOf(result));
-    for (std::size_t i = 0; i <= site.Arguments; ++i)
+    for (std::size_t i = 0; i <= site.Arguments; ++i) {
         first[i] = Value();
-    if (in.A != kNoSlot)
+    }
+    if (in.A != kNoSlot) {
         base[in.A] = std::move(result);
+    }
 }
 
 void Machine::RaiseOfErr(
@@ -171,16 +191,18 @@ void Machine::RaiseOfErr(
 
 void Machine::NewObject(Instruction in, Value* base) {
     Value object = NewScriptObject(static_cast<ObjectClass>(in.B));
-    if (object.Type() != ValueType::Object)
+    if (object.Type() != ValueType::Object) {
         RaiseError(runtimeerror::kCannotCreateObject);
+    }
     base[in.A] = std::move(object);
 }
 
 void Machine::EnsureObject(Instruction in, Value* base) {
     Value& variable = in.Flags != 0 ? base[in.A] : *TargetOf(base[in.A]);
     variable = NewScriptObject(static_cast<ObjectClass>(in.B));
-    if (variable.Type() == ValueType::Object)
+    if (variable.Type() == ValueType::Object) {
         return;
+    }
     variable = Value::Object(Ref<ScriptObject>());
     RaiseError(runtimeerror::kCannotCreateObject);
 }
@@ -197,8 +219,9 @@ void Machine::WithObject(Instruction in, Value* base) {
 }
 
 void Machine::LoadErr(Instruction in, Value* base) {
-    if (m_errObject.Type() != ValueType::Object)
+    if (m_errObject.Type() != ValueType::Object) {
         m_errObject = Value::Object(MakeRef<ErrObject>());
+    }
     base[in.A] = m_errObject;
 }
 

@@ -75,8 +75,9 @@ const std::array<Machine::Operation, 256>& Machine::Operations() {
     };
     static const std::array<Operation, 256> kTable = [] {
         std::array<Operation, 256> table{};
-        for (const Row& row : kRows)
+        for (const Row& row : kRows) {
             table[static_cast<std::size_t>(row.Code)] = row.Carry;
+        }
         return table;
     }();
     return kTable;

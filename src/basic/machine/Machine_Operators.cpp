@@ -14,19 +14,24 @@ namespace {
 constexpr std::size_t kBytesOfAUnit = 64;  // of text that is copied
 
 void RefuseNull(const Value& value) {
-    if (value.Type() == ValueType::Null)
+    if (value.Type() == ValueType::Null) {
         RaiseError(runtimeerror::kInvalidUseOfNull);
+    }
 }
 
 BinaryOperator OperatorOf(const Instruction& in) {
-    if (in.Code == Opcode::Add)
+    if (in.Code == Opcode::Add) {
         return BinaryOperator::Add;
-    if (in.Code == Opcode::Subtract)
+    }
+    if (in.Code == Opcode::Subtract) {
         return BinaryOperator::Subtract;
-    if (in.Code == Opcode::Multiply)
+    }
+    if (in.Code == Opcode::Multiply) {
         return BinaryOperator::Multiply;
-    if (in.Code == Opcode::Concatenate)
+    }
+    if (in.Code == Opcode::Concatenate) {
         return BinaryOperator::Concatenate;
+    }
     const bool isRelation = in.Code == Opcode::Compare || in.Code == Opcode::JumpCompare ||
                             in.Code == Opcode::CompareConstant ||
                             in.Code == Opcode::JumpCompareConstant;
@@ -57,12 +62,13 @@ void Machine::SlowOperator(Instruction in, Value* base) {
     if (in.Code == Opcode::Concatenate) {
         Spend((SizeOf(left) + SizeOf(right)) / kBytesOfAUnit);
         if (left.Type() == ValueType::String && right.Type() == ValueType::String) {
-            if (left.AsText().empty())
+            if (left.AsText().empty()) {
                 base[in.A] = Value(right);
-            else if (right.AsText().empty())
+            } else if (right.AsText().empty()) {
                 base[in.A] = Value(left);
-            else
+            } else {
                 base[in.A] = Value::Text(StringBody::Joined(left.AsText(), right.AsText()));
+            }
             return;
         }
     }
@@ -125,16 +131,19 @@ void Machine::SlowAppend(Instruction in, Value* base) {
     const Value& addition = base[in.B];
     Spend(SizeOf(addition) / kBytesOfAUnit + (isReference ? 1 : 0));
     const bool isFree = !isReference || TagOf(base[in.A]) == ReferenceTag::Variant;
-    if (isFree || (TagOf(base[in.A]) == ReferenceTag::Typed && target.Type() == ValueType::String))
+    if (isFree ||
+        (TagOf(base[in.A]) == ReferenceTag::Typed && target.Type() == ValueType::String)) {
         ConcatenateTo(target, addition);
-    else
+    } else {
         StoreThrough(base[in.A], Apply(BinaryOperator::Concatenate, target, addition, {}));
+    }
 }
 
 bool Machine::ForContinues(const Value& counter, const Value& limit, const Value& step) {
-    if (IsWhole(counter) && IsWhole(limit) && IsWhole(step))
+    if (IsWhole(counter) && IsWhole(limit) && IsWhole(step)) {
         return step.AsLong() >= 0 ? counter.AsLong() <= limit.AsLong()
                                   : counter.AsLong() >= limit.AsLong();
+    }
     RefuseNull(counter);
     RefuseNull(limit);
     RefuseNull(step);
@@ -175,8 +184,9 @@ bool Machine::SlowForLoop(Instruction in, Value* base) {
     const bool isTyped = in.Flags == 0;
     Value sum =
         Apply(BinaryOperator::Add, counter, step, {!isTyped, !isTyped, m_program->ComparesText});
-    if (isTyped && sum.Type() != counter.Type())
+    if (isTyped && sum.Type() != counter.Type()) {
         sum = CoerceTo(sum, KindOf(counter.Type()));
+    }
     counter = std::move(sum);
     return ForContinues(counter, base[in.B], step);
 }

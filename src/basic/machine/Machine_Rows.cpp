@@ -38,8 +38,9 @@ void Machine::PropertyRow(Instruction in, Value* base) {
     m_at = row + 3;
     RunExtension(row[3], base);
     m_next = row + 4;
-    if (first[2].Type() != ValueType::String)
+    if (first[2].Type() != ValueType::String) {
         return;
+    }
     base[row[4].A] = std::move(first[2]);
     ReleaseArguments(row[5], base);
     m_next = row + 6;
@@ -77,8 +78,9 @@ void Machine::LeftCasesRow(Instruction in, Value* base) {
         return;
     }
     const Instruction* at = row + kFirst;
-    while (at->Code != Opcode::Jump && constantOf(*at).AsText() != start)
+    while (at->Code != Opcode::Jump && constantOf(*at).AsText() != start) {
         at += 3;
+    }
     m_next = at->Code == Opcode::Jump ? at : CodeOfTop() + at[2].Wide();
 }
 

@@ -59,8 +59,9 @@ bool TakesOneLong(const Procedure& procedure) {
 Machine::Machine(IScriptHost& host) : m_host(host) {
     // Zeroed memory is a row of Empty values; the system gives pages only as they are used.
     m_stack = static_cast<Value*>(std::calloc(kStackSlots + kBeyond, sizeof(Value)));
-    if (m_stack == nullptr)
+    if (m_stack == nullptr) {
         throw std::bad_alloc();
+    }
     m_stackEnd = m_stack + kStackSlots;
     SetLimits({});
 }
@@ -99,8 +100,9 @@ void Machine::Load(const Program* program) {
 
 void Machine::MakeGlobals() {
     m_globals.resize(m_program->Globals.size());
-    for (std::size_t i = 0; i < m_globals.size(); ++i)
+    for (std::size_t i = 0; i < m_globals.size(); ++i) {
         m_globals[i] = InitialOf(m_program->Shapes[m_program->Globals[i]]);
+    }
     m_hasGlobals = true;
 }
 
@@ -108,17 +110,20 @@ bool Machine::Run(std::size_t procedure, std::span<const Value> arguments) {
     const MeterLimits limits(m_limits);
     const RunningScope scope(*this);
     m_isRunning = true;
-    if (!IsClear(m_error))
+    if (!IsClear(m_error)) {
         m_error.Clear();
+    }
     m_goSubs.clear();
     m_depth = 0;
     StartClock();
     const bool isDone = Guarded(procedure, arguments);
-    while (m_depth > 0)
+    while (m_depth > 0) {
         Unwind();
+    }
     m_hostArguments.clear();
-    if (!m_printLine.empty())
+    if (!m_printLine.empty()) {
         PrintEnd({}, nullptr);
+    }
     m_isRunning = false;
     if (MemoryMeter::Current().Used() > m_searchCyclesAt) {
         ContainerObject::ReleaseCycles();
@@ -133,8 +138,9 @@ bool Machine::Guarded(std::size_t procedure, std::span<const Value> arguments) {
     bool isBegun = false;
     for (;;) {
         try {
-            if (!isBegun)
+            if (!isBegun) {
                 Begin(procedure, arguments);
+            }
             isBegun = true;
             Loop();
             return true;
@@ -160,8 +166,9 @@ bool Machine::Guarded(std::size_t procedure, std::span<const Value> arguments) {
                 return false;
             }
         } catch (const std::exception& error) {
-            if (!Recover({runtimeerror::kInternalError, error.what(), {}, {}, 0}))
+            if (!Recover({runtimeerror::kInternalError, error.what(), {}, {}, 0})) {
                 return false;
+            }
         }
     }
 }
@@ -169,11 +176,13 @@ bool Machine::Guarded(std::size_t procedure, std::span<const Value> arguments) {
 void Machine::Begin(std::size_t index, std::span<const Value> arguments) {
     const Procedure& procedure = m_program->Procedures[index];
     m_at = nullptr;
-    if (!m_hasGlobals)
+    if (!m_hasGlobals) {
         MakeGlobals();
+    }
     Value* const base = m_stack;
-    if (base + procedure.Slots + procedure.ArgumentSlots > m_stackEnd)
+    if (base + procedure.Slots + procedure.ArgumentSlots > m_stackEnd) {
         StopForDepth();
+    }
     if (TakesOneLong(procedure) && arguments[0].Type() == ValueType::Long) {
         // The dispatcher of rules: nothing to convert, and nothing that could fail.
         Enter(procedure, base, nullptr, nullptr);
@@ -187,8 +196,9 @@ void Machine::Begin(std::size_t index, std::span<const Value> arguments) {
 void Machine::TakeArguments(const Procedure& procedure, std::span<const Value> arguments) {
     Value* const base = m_stack;
     m_hostArguments.reserve(arguments.size());
-    for (std::size_t i = 0; i < arguments.size(); ++i)
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
         m_hostArguments.push_back(CoerceTo(arguments[i], procedure.Parameters[i].Type));
+    }
     Enter(procedure, base, nullptr, nullptr);
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const bool isVariant = procedure.Parameters[i].Type.Kind == DeclaredKind::Variant;
@@ -232,23 +242,27 @@ void Machine::Fail(std::int32_t number) {
 
 void Machine::ClearArguments(const Frame& frame) {
     Value* const first = frame.Base + frame.Procedure->Slots;
-    for (Value* slot = first; slot != first + frame.Procedure->ArgumentSlots; ++slot)
+    for (Value* slot = first; slot != first + frame.Procedure->ArgumentSlots; ++slot) {
         *slot = Value();
+    }
 }
 
 /// References of the failed statement are gone, so arrays need not stay locked for them.
 void Machine::ClearPins(const Frame& frame) {
-    for (Value* slot = frame.Base; slot != frame.Base + frame.Procedure->GenericSlots; ++slot)
+    for (Value* slot = frame.Base; slot != frame.Base + frame.Procedure->GenericSlots; ++slot) {
         if (slot->Type() == ValueType::Object && slot->AsObject() != nullptr &&
             slot->AsObject()->Class() == ObjectClass::Any &&
-            dynamic_cast<const ArrayPin*>(slot->AsObject()) != nullptr)
+            dynamic_cast<const ArrayPin*>(slot->AsObject()) != nullptr) {
             *slot = Value();
+        }
+    }
 }
 
 /// What a procedure did to its arguments before it failed stays done, as it does where a reference went in.
 void Machine::CopyBackAfterError() {
-    if (m_at == nullptr)
+    if (m_at == nullptr) {
         return;
+    }
     const Frame& frame = Top();
     const std::uint32_t position = Position();
     const auto& all = frame.Procedure->CopyBacks;
@@ -256,17 +270,19 @@ void Machine::CopyBackAfterError() {
         all.begin(), all.end(), position, [](const ArgumentCopy& left, std::uint32_t right) {
             return left.Call < right;
         });
-    for (; entry != all.end() && entry->Call == position; ++entry)
+    for (; entry != all.end() && entry->Call == position; ++entry) {
         try {
-            if (entry->Element != ArgumentCopy::kNoElement)
+            if (entry->Element != ArgumentCopy::kNoElement) {
                 CopyBack(
                     {Opcode::CopyBack, 0, entry->Reference, entry->Slot, entry->Element},
                     frame.Base);
-            else
+            } else {
                 StoreThrough(frame.Base[entry->Reference], frame.Base[entry->Slot]);
+            }
         } catch (const BasicError&) {
             continue;  // the first error is the one to tell
         }
+    }
 }
 
 void Machine::Unwind() {
@@ -280,14 +296,16 @@ bool Machine::Recover(ErrorState error) {
     constexpr std::int64_t kCost = 50;
     m_budget -= kCost;  // looked at by the next jump
     m_error = std::move(error);
-    if (m_error.Source.empty())
+    if (m_error.Source.empty()) {
         m_error.Source = m_program->Name;
+    }
     const std::int32_t line =
         m_depth > 0 && m_at != nullptr ? Top().Procedure->MarkOf(Position()).Line : 0;
     for (bool isCaller = false; m_depth > 0;) {
         Frame& frame = Top();
-        if (isCaller)
+        if (isCaller) {
             CopyBackAfterError();
+        }
         isCaller = true;
         ClearArguments(frame);
         ClearPins(frame);

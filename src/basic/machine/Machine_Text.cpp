@@ -16,19 +16,24 @@ constexpr std::int32_t kWidestGap = 32'767;
 
 /// What Debug.Print shows of a value.
 std::string ShownText(const Value& value) {
-    if (value.IsMissing())
+    if (value.IsMissing()) {
         RaiseError(runtimeerror::kTypeMismatch);
-    if (value.Type() == ValueType::Object)
+    }
+    if (value.Type() == ValueType::Object) {
         return ShownText(LetValue(value));
-    if (value.Type() == ValueType::Null)
+    }
+    if (value.Type() == ValueType::Null) {
         return "Null";
-    if (value.Type() == ValueType::Error)
+    }
+    if (value.Type() == ValueType::Error) {
         return ErrorText(value);
+    }
     std::string text = ToText(value);
     const bool isShownAsNumber =
         value.IsNumber() && value.Type() != ValueType::Boolean && value.Type() != ValueType::Date;
-    if (!isShownAsNumber)
+    if (!isShownAsNumber) {
         return text;
+    }
     // Required: a number has a place for its sign in front and a blank behind.
     return (text.starts_with('-') ? "" : " ") + text + " ";
 }
@@ -54,11 +59,13 @@ void Machine::MidAssign(Instruction in, Value* base) {
     const bool hasLength = !length.IsMissing();
     const std::size_t size = LengthOf(text);
     const auto begin = static_cast<std::size_t>(std::int64_t{start} - 1);
-    if (start < 1 || begin >= size || (hasLength && length.AsLong() < 0))
+    if (start < 1 || begin >= size || (hasLength && length.AsLong() < 0)) {
         RaiseError(runtimeerror::kInvalidProcedureCall);
+    }
     std::size_t count = std::min(LengthOf(part), size - begin);
-    if (hasLength)
+    if (hasLength) {
         count = std::min(count, static_cast<std::size_t>(length.AsLong()));
+    }
     const bool isInPlace = IsOnlyIn(text, *TargetOf(base[in.B]));
     if (!isInPlace) {
         Spend(text.AsText().size() / kBytesOfAUnit);
@@ -85,17 +92,19 @@ void Machine::PrintText(std::string_view text) {
     MemoryMeter::Current().CheckString(m_printLine.size() + text.size());
     m_printLine += text;
     const std::size_t lineEnd = text.rfind('\n');
-    if (lineEnd == std::string_view::npos)
+    if (lineEnd == std::string_view::npos) {
         m_printColumn += modCharacters::Count(text);
-    else
+    } else {
         m_printColumn = modCharacters::Count(text.substr(lineEnd + 1));
+    }
 }
 
 void Machine::PrintValue(Instruction in, Value* base) {
-    if (base[in.A].Type() == ValueType::String)
+    if (base[in.A].Type() == ValueType::String) {
         PrintText(base[in.A].AsText());
-    else
+    } else {
         PrintText(ShownText(base[in.A]));
+    }
 }
 
 void Machine::PrintPlace(Instruction in, Value* base) {
@@ -109,8 +118,9 @@ void Machine::PrintPlace(Instruction in, Value* base) {
         return;
     }
     const auto column = static_cast<std::size_t>(std::max(asked, 1) - 1);
-    if (column < m_printColumn)
+    if (column < m_printColumn) {
         PrintEnd(in, base);
+    }
     PrintText(std::string(column - m_printColumn, ' '));
 }
 

@@ -15,21 +15,24 @@ namespace {
 
 /// The value for one who keeps it; `isFresh` says that it stands in a slot that nobody reads again.
 Value Kept(const Value& value, bool isFresh) {
-    if (value.Type() != ValueType::Array)
+    if (value.Type() != ValueType::Array) {
         return value.DeepCopy();
+    }
     const bool canTake = isFresh && !value.AsArray()->IsShared() && !value.AsArray()->IsFixed();
     return canTake ? value : Value::Array(value.AsArray()->Copy(false));
 }
 
 void CheckUnlocked(const Value& variable) {
-    if (variable.Type() == ValueType::Array && variable.AsArray()->IsLocked())
+    if (variable.Type() == ValueType::Array && variable.AsArray()->IsLocked()) {
         RaiseError(runtimeerror::kArrayFixedOrLocked);
+    }
 }
 
 /// Arrays that are copied and texts that are read take their time.
 std::size_t CostOf(const Value& value) {
-    if (value.Type() == ValueType::String)
+    if (value.Type() == ValueType::String) {
         return 1 + value.AsText().size() / 64;
+    }
     return value.Type() == ValueType::Array ? 1 + value.AsArray()->Elements().size() / 4 : 1;
 }
 
@@ -77,37 +80,43 @@ void Machine::StoreThrough(Value& reference, const Value& value) {
         CheckUnlocked(target);
         const bool fits = value.Type() == ValueType::Array && !target.AsArray()->IsFixed() &&
                           value.AsArray()->Element() == target.AsArray()->Element();
-        if (!fits)
+        if (!fits) {
             RaiseError(runtimeerror::kTypeMismatch);
+        }
         target = Kept(value, false);
         return;
     }
     DeclaredType type;
     type.Kind = KindOf(target.Type());
-    if (target.Type() == ValueType::Record || type.Kind == DeclaredKind::Variant)
+    if (target.Type() == ValueType::Record || type.Kind == DeclaredKind::Variant) {
         RaiseError(runtimeerror::kTypeMismatch);
+    }
     target = CoerceTo(value, type);
 }
 
 void Machine::AssignVariantSlow(Instruction in, Value* base) {
     const Value& source = base[in.B];
     CheckUnlocked(base[in.A]);
-    if (source.Type() == ValueType::Record || source.IsMissing())
+    if (source.Type() == ValueType::Record || source.IsMissing()) {
         RaiseError(runtimeerror::kTypeMismatch);
-    if (source.Type() == ValueType::Array)
+    }
+    if (source.Type() == ValueType::Array) {
         Spend(CostOf(source));
+    }
     base[in.A] =
         source.Type() == ValueType::Object ? LetValue(source) : Kept(source, in.Flags != 0);
 }
 
 void Machine::SetVariant(Instruction in, Value* base) {
     const Value& source = base[in.B];
-    if (source.Type() != ValueType::Object)
+    if (source.Type() != ValueType::Object) {
         RaiseError(runtimeerror::kObjectRequired);
+    }
     const auto wanted = static_cast<ObjectClass>(in.C);
     if (wanted != ObjectClass::Any && source.AsObject() != nullptr &&
-        source.AsObject()->Class() != wanted)
+        source.AsObject()->Class() != wanted) {
         RaiseError(runtimeerror::kTypeMismatch);
+    }
     CheckUnlocked(base[in.A]);
     base[in.A] = source;
 }
@@ -118,8 +127,9 @@ void Machine::CoerceKnown(Instruction in, Value* base) {
                               : in.Code == Opcode::CoerceDouble  ? DeclaredKind::Double
                               : in.Code == Opcode::CoerceBoolean ? DeclaredKind::Boolean
                                                                  : DeclaredKind::String;
-    if (kind != DeclaredKind::String || base[in.B].Type() == ValueType::Array)
+    if (kind != DeclaredKind::String || base[in.B].Type() == ValueType::Array) {
         Spend(CostOf(base[in.B]) - 1);
+    }
     if (MayHaveKnownFailure(base[in.B]) && HasHandler()) {
         if (const std::int32_t number = KnownFailure(base[in.B], kind); number != 0) {
             Fail(number);
@@ -135,15 +145,17 @@ void Machine::Coerce(Instruction in, Value* base) {
 }
 
 void Machine::DeepCopy(Instruction in, Value* base) {
-    if (base[in.B].Type() == ValueType::Array)
+    if (base[in.B].Type() == ValueType::Array) {
         Spend(CostOf(base[in.B]));
+    }
     base[in.A] = Kept(base[in.B], in.Flags != 0);
 }
 
 void Machine::CopyGiven(Instruction in, Value* base) {
     Value& element = base[in.A];
-    if (base[in.B].Type() != ValueType::Object || element.Type() != ValueType::Array)
+    if (base[in.B].Type() != ValueType::Object || element.Type() != ValueType::Array) {
         return;
+    }
     Spend(CostOf(element));
     element = Kept(element, true);
 }
@@ -157,8 +169,9 @@ Value Machine::InitialRecord(std::int32_t type) {
     Spend(record.Members.size());
     std::vector<Value> members;
     members.reserve(record.Members.size());
-    for (const RecordMember& member : record.Members)
+    for (const RecordMember& member : record.Members) {
         members.push_back(InitialOf(member.Shape));
+    }
     return Value::Record(MakeRef<RecordBody>(type, std::move(members)));
 }
 
@@ -167,8 +180,9 @@ Value Machine::InitialElement(const DeclaredType& type) {
 }
 
 Value Machine::InitialOf(const VariableShape& shape) {
-    if (!shape.Type.IsArray)
+    if (!shape.Type.IsArray) {
         return InitialElement(shape.Type);
+    }
     DeclaredType element = shape.Type;
     element.IsArray = false;
     auto array = MakeRef<ArrayBody>(element, shape.IsFixedArray);

@@ -22,34 +22,45 @@ std::string RightAligned(std::size_t number, std::size_t width) {
 }
 
 std::string ConstantText(const Value& value) {
-    if (value.Type() == ValueType::Null)
+    if (value.Type() == ValueType::Null) {
         return "Null";
-    if (value.Type() == ValueType::Empty)
+    }
+    if (value.Type() == ValueType::Empty) {
         return "Empty";
-    if (value.IsMissing())
+    }
+    if (value.IsMissing()) {
         return "Missing";
-    if (value.Type() != ValueType::String)
+    }
+    if (value.Type() != ValueType::String) {
         return value.IsNumber() ? ToText(value) : TypeNameOf(value);
+    }
     std::string text = "\"";
-    for (const char character : value.AsText().substr(0, kLongestText))
+    for (const char character : value.AsText().substr(0, kLongestText)) {
         text += static_cast<unsigned char>(character) < 0x20 ? '.' : character;
+    }
     return text + (value.AsText().size() > kLongestText ? "...\"" : "\"");
 }
 
 /// What an instruction names besides its slots.
 std::string NoteOf(const Program& program, const Instruction& in) {
-    if (in.Code == Opcode::LoadConstant || in.Code == Opcode::Refuse)
+    if (in.Code == Opcode::LoadConstant || in.Code == Opcode::Refuse) {
         return ConstantText(program.Constants[static_cast<std::size_t>(in.Wide())]);
-    if (in.Code == Opcode::CompareConstant)
+    }
+    if (in.Code == Opcode::CompareConstant) {
         return ConstantText(program.Constants[in.C]);
-    if (in.Code == Opcode::JumpCompareConstant)
+    }
+    if (in.Code == Opcode::JumpCompareConstant) {
         return ConstantText(program.Constants[in.B]);
-    if (in.Code == Opcode::Call)
+    }
+    if (in.Code == Opcode::Call) {
         return program.Procedures[in.Target()].Name;
-    if (in.Code == Opcode::CallBuiltin)
+    }
+    if (in.Code == Opcode::CallBuiltin) {
         return std::string(program.Builtins[in.B]->Name);
-    if (in.Code == Opcode::Invoke)
+    }
+    if (in.Code == Opcode::Invoke) {
         return "." + program.Sites[in.Target()].Name;
+    }
     if (in.Code == Opcode::CallExtension) {
         const ExtensionCall& call = program.ExtensionCalls[in.Target()];
         return std::string(call.Extension->Members()[call.Member].Name);
@@ -72,10 +83,12 @@ std::string InstructionText(const Program& program, const Instruction& in) {
     const OpcodeRow& row = RowOf(in.Code);
     std::string text = Padded(std::string(row.Name), kNameWidth);
     const std::uint16_t values[] = {in.A, in.B, in.C};
-    for (std::size_t i = 0; i < row.Operands.size(); ++i)
+    for (std::size_t i = 0; i < row.Operands.size(); ++i) {
         text += OperandText(in, row.Operands[i], values[i]);
-    if (const std::string note = NoteOf(program, in); !note.empty())
+    }
+    if (const std::string note = NoteOf(program, in); !note.empty()) {
         text += "  ; " + note;
+    }
     text.resize(text.find_last_not_of(' ') + 1);
     return text;
 }
@@ -87,9 +100,10 @@ std::string TableText(const Program& program, const Instruction& in) {
         const std::int64_t key = table.Keys.empty()
                                      ? std::int64_t{table.First} + static_cast<std::int64_t>(i)
                                      : table.Keys[i];
-        if (table.Targets[i] != table.Else)
+        if (table.Targets[i] != table.Else) {
             text += "            case " + std::to_string(key) + " -> " +
                     std::to_string(table.Targets[i]) + "\n";
+        }
     }
     return text + "            else -> " + std::to_string(table.Else) + "\n";
 }
@@ -114,13 +128,15 @@ std::string ProcedureText(const Program& program, const Procedure& procedure) {
     std::int32_t shown = 0;
     for (std::size_t i = 0; i < procedure.Code.size(); ++i) {
         const std::int32_t line = procedure.MarkOf(static_cast<std::uint32_t>(i)).Line;
-        if (line != shown)
+        if (line != shown) {
             text += RightAligned(static_cast<std::size_t>(line), 5) + "  " +
                     SourceLine(program, line) + "\n";
+        }
         shown = line;
         text += RightAligned(i, 10) + "  " + InstructionText(program, procedure.Code[i]) + "\n";
-        if (HasTable(procedure.Code[i].Code))
+        if (HasTable(procedure.Code[i].Code)) {
             text += TableText(program, procedure.Code[i]);
+        }
     }
     return text;
 }
@@ -129,8 +145,9 @@ std::string ProcedureText(const Program& program, const Procedure& procedure) {
 
 std::string Disassemble(const Program& program) {
     std::string text;
-    for (const Procedure& procedure : program.Procedures)
+    for (const Procedure& procedure : program.Procedures) {
         text += (text.empty() ? "" : "\n") + ProcedureText(program, procedure);
+    }
     return text;
 }
 

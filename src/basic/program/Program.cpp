@@ -26,9 +26,11 @@ const StatementMark& Procedure::MarkOf(std::uint32_t position) const {
 }
 
 int Program::FindProcedure(std::string_view name, ProcedureKind kind) const {
-    for (std::size_t i = 0; i < Procedures.size(); ++i)
-        if (Procedures[i].Kind == kind && modTextCase::Equal(Procedures[i].Name, name))
+    for (std::size_t i = 0; i < Procedures.size(); ++i) {
+        if (Procedures[i].Kind == kind && modTextCase::Equal(Procedures[i].Name, name)) {
             return static_cast<int>(i);
+        }
+    }
     return -1;
 }
 

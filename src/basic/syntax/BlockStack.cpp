@@ -55,8 +55,9 @@ void BlockStack::Pop() {
     OpenBlock block = std::move(m_blocks.back());
     m_blocks.pop_back();
     --m_counts[IndexOf(block.Kind)];
-    if (m_blocks.size() < static_cast<std::size_t>(kDeepestNesting))
+    if (m_blocks.size() < static_cast<std::size_t>(kDeepestNesting)) {
         CurrentBody().push_back(std::move(block.Node));
+    }
 }
 
 void BlockStack::Append(Statement statement) {
@@ -64,34 +65,43 @@ void BlockStack::Append(Statement statement) {
 }
 
 Block& BlockStack::CurrentBody() {
-    if (m_blocks.empty())
+    if (m_blocks.empty()) {
         return *m_body;
+    }
     OpenBlock& top = m_blocks.back();
     auto& node = top.Node.Node;
-    if (auto* branches = std::get_if<IfStatement>(&node))
+    if (auto* branches = std::get_if<IfStatement>(&node)) {
         return top.SawElse ? branches->ElseBody : branches->Branches.back().Body;
+    }
     if (auto* select = std::get_if<SelectStatement>(&node)) {
-        if (select->Clauses.empty())
+        if (select->Clauses.empty()) {
             select->Clauses.emplace_back();  // after an error: a statement before the first Case
+        }
         return select->Clauses.back().Body;
     }
-    if (auto* loop = std::get_if<ForStatement>(&node))
+    if (auto* loop = std::get_if<ForStatement>(&node)) {
         return loop->Body;
-    if (auto* each = std::get_if<ForEachStatement>(&node))
+    }
+    if (auto* each = std::get_if<ForEachStatement>(&node)) {
         return each->Body;
-    if (auto* loop = std::get_if<LoopStatement>(&node))
+    }
+    if (auto* loop = std::get_if<LoopStatement>(&node)) {
         return loop->Body;
+    }
     return std::get<WithStatement>(node).Body;
 }
 
 const OpenBlock* BlockStack::FindVariable(const std::string& variable) const {
-    if (!Contains(BlockKind::For) && !Contains(BlockKind::ForEach))
+    if (!Contains(BlockKind::For) && !Contains(BlockKind::ForEach)) {
         return nullptr;
+    }
     // Deeper blocks are an error anyway, and need not be looked through.
     const std::size_t count = std::min(m_blocks.size(), static_cast<std::size_t>(kDeepestNesting));
-    for (std::size_t i = 0; i < count; ++i)
-        if (m_blocks[i].Variable == variable)
+    for (std::size_t i = 0; i < count; ++i) {
+        if (m_blocks[i].Variable == variable) {
             return &m_blocks[i];
+        }
+    }
     return nullptr;
 }
 
@@ -110,17 +120,20 @@ void BlockStack::ReportTop(std::string_view found, SourcePlace place) {
 
 bool BlockStack::Expose(
     BlockKind kind, BlockKind otherKind, std::string_view found, SourcePlace place) {
-    if (!Contains(kind) && !Contains(otherKind))
+    if (!Contains(kind) && !Contains(otherKind)) {
         return false;
+    }
     const auto isWanted = [&](const OpenBlock& block) {
         return block.Kind == kind || block.Kind == otherKind;
     };
     if (Contains(BlockKind::LineIf) && kind != BlockKind::LineIf) {
         // What began before the line's If cannot end behind it.
         auto block = m_blocks.rbegin();
-        while (block != m_blocks.rend() && !isWanted(*block))
-            if ((block++)->Kind == BlockKind::LineIf)
+        while (block != m_blocks.rend() && !isWanted(*block)) {
+            if ((block++)->Kind == BlockKind::LineIf) {
                 return false;
+            }
+        }
     }
     while (!isWanted(m_blocks.back())) {
         ReportTop(found, place);
@@ -132,8 +145,9 @@ bool BlockStack::Expose(
 
 bool BlockStack::TakeOrphan(BlockKind kind) {
     std::int32_t& orphans = m_orphans[IndexOf(kind)];
-    if (orphans == 0)
+    if (orphans == 0) {
         return false;
+    }
     --orphans;
     return true;
 }
@@ -155,8 +169,9 @@ void BlockStack::EndLine() {
 
 void BlockStack::EndProcedure(std::string_view found, SourcePlace place) {
     while (!m_blocks.empty()) {
-        if (m_blocks.back().Kind != BlockKind::LineIf)
+        if (m_blocks.back().Kind != BlockKind::LineIf) {
             ReportTop(found, place);
+        }
         Pop();
     }
 }

@@ -20,8 +20,9 @@ std::optional<Value>
 ConstantEvaluator::Evaluate(const Expression& expression, const DeclaredType& type) {
     try {
         auto value = Compute(expression);
-        if (value && type.Kind != DeclaredKind::Variant)
+        if (value && type.Kind != DeclaredKind::Variant) {
             value = CoerceTo(*value, type);
+        }
         return value;
     } catch (const BasicError& error) {
         m_diagnostics.Error(
@@ -51,20 +52,21 @@ std::optional<Value> ConstantEvaluator::Compute(const Expression& expression) {
     }
     ++m_depth;
     std::optional<Value> value;
-    if (const auto* literal = std::get_if<LiteralNode>(&expression.Node))
+    if (const auto* literal = std::get_if<LiteralNode>(&expression.Node)) {
         value = literal->Constant;
-    else if (const auto* name = std::get_if<NameNode>(&expression.Node))
+    } else if (const auto* name = std::get_if<NameNode>(&expression.Node)) {
         value = ComputeName(expression.Place, {}, name->Name);
-    else if (const auto* member = std::get_if<MemberNode>(&expression.Node))
+    } else if (const auto* member = std::get_if<MemberNode>(&expression.Node)) {
         value = ComputeMember(expression.Place, *member);
-    else if (const auto* inner = std::get_if<ParenthesisNode>(&expression.Node))
+    } else if (const auto* inner = std::get_if<ParenthesisNode>(&expression.Node)) {
         value = Compute(*inner->Inner);
-    else if (const auto* unary = std::get_if<UnaryNode>(&expression.Node))
+    } else if (const auto* unary = std::get_if<UnaryNode>(&expression.Node)) {
         value = ComputeUnary(*unary);
-    else if (const auto* binary = std::get_if<BinaryNode>(&expression.Node))
+    } else if (const auto* binary = std::get_if<BinaryNode>(&expression.Node)) {
         value = ComputeBinary(*binary);
-    else
+    } else {
         value = Refuse(expression.Place);
+    }
     --m_depth;
     return value;
 }
@@ -72,8 +74,9 @@ std::optional<Value> ConstantEvaluator::Compute(const Expression& expression) {
 std::optional<Value> ConstantEvaluator::ComputeName(
     SourcePlace place, const std::string& qualifier, const std::string& name) {
     bool wasTold = false;
-    if (const Value* value = m_names.FindConstant(qualifier, name, wasTold))
+    if (const Value* value = m_names.FindConstant(qualifier, name, wasTold)) {
         return *value;
+    }
     return wasTold ? std::nullopt : Refuse(place);
 }
 
@@ -90,8 +93,9 @@ std::optional<Value> ConstantEvaluator::ComputeUnary(const UnaryNode& node) {
 std::optional<Value> ConstantEvaluator::ComputeBinary(const BinaryNode& node) {
     const auto left = Compute(*node.Left);
     const auto right = Compute(*node.Right);
-    if (!left || !right)
+    if (!left || !right) {
         return std::nullopt;
+    }
     return Apply(node.Operator, *left, *right, {false, false, m_comparesText});
 }
 

@@ -17,24 +17,27 @@ std::vector<VariableNode> DeclarationParser::ParseVariables() {
 }
 
 void DeclarationParser::RefuseValue() {
-    if (m_cursor.At(TokenKind::Equal))
+    if (m_cursor.At(TokenKind::Equal)) {
         m_cursor.Fail(
             parseerror::kExpectedEndOfStatement,
             "a declaration gives no value; assign it in a statement of its own");
+    }
 }
 
 VariableNode DeclarationParser::ParseVariable() {
     VariableNode variable;
-    if (m_cursor.At(Keyword::WithEvents) && m_cursor.Peek(1).Kind == TokenKind::Name)
+    if (m_cursor.At(Keyword::WithEvents) && m_cursor.Peek(1).Kind == TokenKind::Name) {
         m_cursor.FailText(m_cursor.Place(), "'WithEvents' is not available in a module");
+    }
     const Token name = m_cursor.ExpectName();
     variable.Place = name.Place;
     variable.Name = std::string(name.Text);
     variable.Suffix = name.Suffix;
     if (m_cursor.TakeIf(TokenKind::LeftParenthesis)) {
         variable.IsArray = true;
-        if (!m_cursor.TakeIf(TokenKind::RightParenthesis))
+        if (!m_cursor.TakeIf(TokenKind::RightParenthesis)) {
             variable.Bounds = ParseBounds();
+        }
     }
     variable.Type = ParseTypeClause(name.Suffix);
     return variable;
@@ -43,21 +46,25 @@ VariableNode DeclarationParser::ParseVariable() {
 VariableNode DeclarationParser::ParseRecordMember() {
     Token name = m_cursor.Take();
     VariableNode member;
-    if (name.Kind != TokenKind::Name && name.Kind != TokenKind::Keyword)
+    if (name.Kind != TokenKind::Name && name.Kind != TokenKind::Keyword) {
         m_cursor.FailAt(name.Place, parseerror::kExpectedIdentifier);
+    }
     member.Place = name.Place;
     member.Name = std::string(name.Text);
     member.Suffix = name.Suffix;
     if (m_cursor.TakeIf(TokenKind::LeftParenthesis)) {
         member.IsArray = true;
-        if (!m_cursor.TakeIf(TokenKind::RightParenthesis))
+        if (!m_cursor.TakeIf(TokenKind::RightParenthesis)) {
             member.Bounds = ParseBounds();
+        }
     }
-    if (!m_cursor.At(Keyword::As) && member.Suffix == 0)
+    if (!m_cursor.At(Keyword::As) && member.Suffix == 0) {
         m_cursor.FailText(m_cursor.Place(), "Expected 'As': a member of a Type needs one");
+    }
     member.Type = ParseTypeClause(member.Suffix);
-    if (member.Type.IsNew)
+    if (member.Type.IsNew) {
         m_cursor.FailText(member.Type.Place, "A member of a Type cannot be declared with 'New'");
+    }
     return member;
 }
 
@@ -83,10 +90,12 @@ ConstantNode DeclarationParser::ParseConstant() {
 
 TypeName DeclarationParser::ParseTypeClause(char suffix) {
     TypeName type;
-    if (!m_cursor.At(TokenKind::Keyword) || !m_cursor.At(Keyword::As))
+    if (!m_cursor.At(TokenKind::Keyword) || !m_cursor.At(Keyword::As)) {
         return type;
-    if (suffix != 0)
+    }
+    if (suffix != 0) {
         m_cursor.FailText(m_cursor.Place(), "A name with a type suffix takes no 'As'");
+    }
     m_cursor.Take();
     type.IsNew = m_cursor.At(TokenKind::Keyword) && m_cursor.TakeIf(Keyword::New);
     type.Place = m_cursor.Place();
@@ -100,18 +109,22 @@ TypeName DeclarationParser::ParseTypeClause(char suffix) {
 
 TypeName DeclarationParser::ParseResultType(char suffix) {
     TypeName type = ParseTypeClause(suffix);
-    if (type.IsNew)
+    if (type.IsNew) {
         m_cursor.FailText(type.Place, "The result of a function cannot be declared with 'New'");
-    if (type.FixedLength)
+    }
+    if (type.FixedLength) {
         m_cursor.FailText(type.Place, "The result of a function cannot have a fixed length");
-    if (!type.Name.empty())
+    }
+    if (!type.Name.empty()) {
         type.IsArray = TakeEmptyParentheses();
+    }
     return type;
 }
 
 bool DeclarationParser::TakeEmptyParentheses() {
-    if (!m_cursor.TakeIf(TokenKind::LeftParenthesis))
+    if (!m_cursor.TakeIf(TokenKind::LeftParenthesis)) {
         return false;
+    }
     m_cursor.Expect(TokenKind::RightParenthesis, parseerror::kExpectedRightParenthesis);
     return true;
 }
@@ -119,10 +132,11 @@ bool DeclarationParser::TakeEmptyParentheses() {
 std::vector<BoundsNode> DeclarationParser::ParseBounds() {
     std::vector<BoundsNode> bounds;
     do {
-        if (bounds.size() == static_cast<std::size_t>(kMostDimensions))
+        if (bounds.size() == static_cast<std::size_t>(kMostDimensions)) {
             m_cursor.FailText(
                 m_cursor.Place(),
                 "An array has at most " + std::to_string(kMostDimensions) + " dimensions");
+        }
         bounds.push_back(ParseBound());
     } while (m_cursor.TakeIf(TokenKind::Comma));
     m_cursor.Expect(TokenKind::RightParenthesis, parseerror::kExpectedRightParenthesis);
@@ -132,8 +146,9 @@ std::vector<BoundsNode> DeclarationParser::ParseBounds() {
 BoundsNode DeclarationParser::ParseBound() {
     BoundsNode bound;
     bound.Upper = m_expressions.ParseExpression();
-    if (!m_cursor.At(TokenKind::Keyword) || !m_cursor.TakeIf(Keyword::To))
+    if (!m_cursor.At(TokenKind::Keyword) || !m_cursor.TakeIf(Keyword::To)) {
         return bound;
+    }
     bound.Lower = std::move(bound.Upper);
     bound.Upper = m_expressions.ParseExpression();
     return bound;
@@ -157,10 +172,11 @@ RedimTarget DeclarationParser::ParseRedimTarget() {
     std::size_t open = start;
     int depth = 0;
     for (bool goesOn = true; goesOn && !m_cursor.AtEndOfLine();) {
-        if (m_cursor.At(TokenKind::LeftParenthesis) && depth++ == 0)
+        if (m_cursor.At(TokenKind::LeftParenthesis) && depth++ == 0) {
             open = m_cursor.Position();
-        else if (m_cursor.At(TokenKind::RightParenthesis))
+        } else if (m_cursor.At(TokenKind::RightParenthesis)) {
             --depth;
+        }
         m_cursor.Take();
         const TokenKind next = m_cursor.Peek().Kind;
         goesOn = depth > 0 || next == TokenKind::LeftParenthesis || next == TokenKind::Dot ||
@@ -182,8 +198,9 @@ RedimTarget DeclarationParser::ParseRedimTarget() {
 std::vector<ParameterNode> DeclarationParser::ParseParameters() {
     std::vector<ParameterNode> parameters;
     if (!m_cursor.TakeIf(TokenKind::LeftParenthesis) ||
-        m_cursor.TakeIf(TokenKind::RightParenthesis))
+        m_cursor.TakeIf(TokenKind::RightParenthesis)) {
         return parameters;
+    }
     do {
         parameters.push_back(ParseParameter());
         CheckParameterOrder(parameters);
@@ -196,14 +213,15 @@ void DeclarationParser::ParseParameterWords(ParameterNode& parameter) {
     bool hasPassing = false;
     while (m_cursor.At(TokenKind::Keyword)) {
         const bool isPassing = m_cursor.At(Keyword::ByVal) || m_cursor.At(Keyword::ByRef);
-        if (m_cursor.At(Keyword::Optional) && !parameter.IsOptional && !hasPassing)
+        if (m_cursor.At(Keyword::Optional) && !parameter.IsOptional && !hasPassing) {
             parameter.IsOptional = true;
-        else if (m_cursor.At(Keyword::ParamArray) && !parameter.IsParamArray && !hasPassing)
+        } else if (m_cursor.At(Keyword::ParamArray) && !parameter.IsParamArray && !hasPassing) {
             parameter.IsParamArray = true;
-        else if (isPassing && !hasPassing)
+        } else if (isPassing && !hasPassing) {
             parameter.IsByVal = m_cursor.At(Keyword::ByVal);
-        else
+        } else {
             return;
+        }
         hasPassing = hasPassing || isPassing;
         m_cursor.Take();
     }
@@ -219,8 +237,9 @@ ParameterNode DeclarationParser::ParseParameter() {
     parameter.IsArray = TakeEmptyParentheses();
     parameter.Type = ParseTypeClause(name.Suffix);
     if (m_cursor.At(TokenKind::Equal)) {
-        if (!parameter.IsOptional)
+        if (!parameter.IsOptional) {
             m_cursor.FailText(m_cursor.Place(), "Only an optional parameter has a default value");
+        }
         m_cursor.Take();
         parameter.Default = m_expressions.ParseExpression();
     }
@@ -231,32 +250,42 @@ ParameterNode DeclarationParser::ParseParameter() {
 void DeclarationParser::CheckParameter(const ParameterNode& parameter) {
     const TypeName& type = parameter.Type;
     const SourcePlace place = parameter.Place;
-    if (type.IsNew)
+    if (type.IsNew) {
         m_cursor.FailText(type.Place, "A parameter cannot be declared with 'New'");
-    if (type.FixedLength)
+    }
+    if (type.FixedLength) {
         m_cursor.FailText(type.Place, "A parameter cannot have a fixed length");
-    if (parameter.IsArray && parameter.IsByVal && !parameter.IsParamArray)
+    }
+    if (parameter.IsArray && parameter.IsByVal && !parameter.IsParamArray) {
         m_cursor.FailText(place, "An array parameter cannot be 'ByVal'");
-    if (!parameter.IsParamArray)
+    }
+    if (!parameter.IsParamArray) {
         return;
-    if (parameter.IsOptional || parameter.IsByVal)
+    }
+    if (parameter.IsOptional || parameter.IsByVal) {
         m_cursor.FailText(place, "A 'ParamArray' is neither 'Optional' nor 'ByVal'");
+    }
     const bool isVariant = type.Name.empty() || modTextCase::Equal(type.Name, "Variant");
-    if (!parameter.IsArray || !isVariant || parameter.Suffix != 0)
+    if (!parameter.IsArray || !isVariant || parameter.Suffix != 0) {
         m_cursor.FailText(place, "A 'ParamArray' is written 'ParamArray name() As Variant'");
+    }
 }
 
 void DeclarationParser::CheckParameterOrder(const std::vector<ParameterNode>& parameters) {
-    if (parameters.size() < 2)
+    if (parameters.size() < 2) {
         return;
+    }
     const ParameterNode& last = parameters.back();
     const ParameterNode& before = parameters[parameters.size() - 2];
-    if (before.IsParamArray)
+    if (before.IsParamArray) {
         m_cursor.FailText(last.Place, "A 'ParamArray' must be the last parameter");
-    if (before.IsOptional && last.IsParamArray)
+    }
+    if (before.IsOptional && last.IsParamArray) {
         m_cursor.FailText(last.Place, "A 'ParamArray' cannot stand behind an optional parameter");
-    if (before.IsOptional && !last.IsOptional)
+    }
+    if (before.IsOptional && !last.IsOptional) {
         m_cursor.FailText(last.Place, "A required parameter stands behind an optional one");
+    }
 }
 
 }  // namespace dorvik::basic

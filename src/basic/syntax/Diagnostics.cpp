@@ -3,9 +3,11 @@
 namespace dorvik::basic {
 
 const ScriptOrigin* FindOrigin(std::span<const ScriptOrigin> origins, std::int32_t line) {
-    for (const ScriptOrigin& origin : origins)
-        if (line >= origin.FirstLine && line <= origin.LastLine)
+    for (const ScriptOrigin& origin : origins) {
+        if (line >= origin.FirstLine && line <= origin.LastLine) {
             return &origin;
+        }
+    }
     return nullptr;
 }
 
@@ -19,8 +21,9 @@ void Diagnostics::Warn(SourcePlace place, std::string text) {
 
 std::string Diagnostics::LineText(SourcePlace place) const {
     const ScriptOrigin* origin = FindOrigin(m_origins, place.Line);
-    if (origin == nullptr)
+    if (origin == nullptr) {
         return "line " + std::to_string(place.Line);
+    }
     return "line " + std::to_string(place.Line - origin->FirstLine + 1) + " of " + origin->Name +
            " (line " + std::to_string(place.Line) + " of the module)";
 }

@@ -46,19 +46,22 @@ std::string_view SignHint(std::string_view line, std::size_t offset) {
     for (const SignRow& row : kForeignSigns) {
         const bool begins = line.substr(offset).starts_with(row.Sign);
         const bool ends = offset > 0 && line.substr(offset - 1).starts_with(row.Sign);
-        if (begins || ends)
+        if (begins || ends) {
             return row.Hint;
+        }
     }
     return {};
 }
 
 std::string_view HintFor(std::string_view line, std::size_t offset) {
-    if (const std::string_view hint = SignHint(line, offset); !hint.empty())
+    if (const std::string_view hint = SignHint(line, offset); !hint.empty()) {
         return hint;
+    }
     const LineShape shape = ShapeOf(line);
     // An odd quote opens a text in which nothing is a comment any more.
-    if (shape.IsTextOpen)
+    if (shape.IsTextOpen) {
         return kNotClosed;
+    }
     const bool isAtComment =
         shape.Comment != line.npos && line.find_first_not_of(" \t", offset) >= shape.Comment;
     const bool isQuoted = isAtComment && line.find('\'', shape.Comment + 1) != line.npos;
@@ -70,13 +73,15 @@ std::string_view HintFor(std::string_view line, std::size_t offset) {
 void AddHints(std::vector<CompileError>& errors, const std::vector<std::string_view>& lines) {
     for (CompileError& error : errors) {
         const auto number = static_cast<std::size_t>(error.Place.Line);
-        if (number == 0 || number > lines.size() || error.Place.Column < 1)
+        if (number == 0 || number > lines.size() || error.Place.Column < 1) {
             continue;
+        }
         const std::string_view line = lines[number - 1];
         const std::size_t offset =
             modUtf8::Left(line, static_cast<std::size_t>(error.Place.Column - 1)).size();
-        if (const std::string_view hint = HintFor(line, offset); !hint.empty())
+        if (const std::string_view hint = HintFor(line, offset); !hint.empty()) {
             error.Text.append(" (").append(hint).append(")");
+        }
     }
 }
 

@@ -7,14 +7,16 @@ namespace dorvik::basic {
 
 void ErrorList::Add(std::int32_t number, SourcePlace place, std::string_view detail) {
     std::string text(parseerror::TextOf(number));
-    if (!detail.empty())
+    if (!detail.empty()) {
         text.append(": ").append(detail);
+    }
     AddText(number, place, std::move(text));
 }
 
 void ErrorList::AddText(std::int32_t number, SourcePlace place, std::string text) {
-    if (!m_errors.empty() && m_errors.back().Place.Line == place.Line)
+    if (!m_errors.empty() && m_errors.back().Place.Line == place.Line) {
         return;
+    }
     m_errors.push_back({number, place, std::move(text)});
 }
 

@@ -42,8 +42,9 @@ constexpr std::string_view kLanguageParts[] = {
 /// `VBA`, or `VBA.` and a part of it.
 bool IsLanguage(const Expression* target) {
     const auto* node = target != nullptr ? std::get_if<NameNode>(&target->Node) : nullptr;
-    if (node == nullptr || node->Suffix != 0)
+    if (node == nullptr || node->Suffix != 0) {
         return false;
+    }
     const std::string_view name = node->Name;
     const std::string_view library = kLanguagePrefix.substr(0, kLanguagePrefix.size() - 1);
     return modTextCase::Equal(name, library) ||
@@ -69,8 +70,9 @@ private:
 };
 
 bool ExpressionParser::EnterNesting() {
-    if (m_nesting < kDeepestNesting)
+    if (m_nesting < kDeepestNesting) {
         return true;
+    }
     m_cursor.FailText(
         m_cursor.Place(),
         "The expression is nested more than " + std::to_string(kDeepestNesting) + " levels deep");
@@ -79,8 +81,9 @@ bool ExpressionParser::EnterNesting() {
 
 ExpressionPointer ExpressionParser::Make(
     SourcePlace place, std::int32_t heightBelow, decltype(Expression::Node) node) {
-    if (m_cursor.HasFailed())
+    if (m_cursor.HasFailed()) {
         return nullptr;
+    }
     if (heightBelow >= kTallestExpression) {
         m_cursor.FailText(
             place,
@@ -103,8 +106,9 @@ ExpressionPointer ExpressionParser::ParseBinary(int leastLevel) {
     ExpressionPointer left = ParseUnary();
     while (!m_cursor.HasFailed()) {
         const OperatorRow row = BinaryOperatorOf(m_cursor.Peek());
-        if (row.Level < leastLevel || row.Level == 0)
+        if (row.Level < leastLevel || row.Level == 0) {
             break;
+        }
         const SourcePlace place = m_cursor.Take().Place;
         // Equal ones go from left to right: what stands on the right binds tighter.
         ExpressionPointer right = ParseBinary(row.Level + 1);
@@ -116,24 +120,29 @@ ExpressionPointer ExpressionParser::ParseBinary(int leastLevel) {
 }
 
 void ExpressionParser::RefuseForeignOperator() {
-    if (!m_cursor.At(TokenKind::Name))
+    if (!m_cursor.At(TokenKind::Name)) {
         return;
-    for (const ForeignRow& row : kForeignOperators)
-        if (m_cursor.At(row.Word))
+    }
+    for (const ForeignRow& row : kForeignOperators) {
+        if (m_cursor.At(row.Word)) {
             m_cursor.FailText(m_cursor.Place(), std::string(row.Advice));
+        }
+    }
 }
 
 ExpressionPointer ExpressionParser::ParseUnary() {
     UnaryOperator operation = UnaryOperator::Not;
-    if (m_cursor.At(TokenKind::Minus))
+    if (m_cursor.At(TokenKind::Minus)) {
         operation = UnaryOperator::Negate;
-    else if (m_cursor.At(TokenKind::Plus))
+    } else if (m_cursor.At(TokenKind::Plus)) {
         operation = UnaryOperator::Plus;
-    else if (!m_cursor.At(TokenKind::Keyword) || !m_cursor.At(Keyword::Not))
+    } else if (!m_cursor.At(TokenKind::Keyword) || !m_cursor.At(Keyword::Not)) {
         return ParsePostfix(ParseOperand(), false);
+    }
     const SourcePlace place = m_cursor.Take().Place;
-    if (!EnterNesting())
+    if (!EnterNesting()) {
         return nullptr;
+    }
     const NestingGuard guard(*this);
     const bool isNot = operation == UnaryOperator::Not;
     ExpressionPointer operand = ParseBinary(isNot ? precedence::kNot : precedence::kSign);
@@ -152,14 +161,15 @@ ExpressionPointer ExpressionParser::ParsePostfix(ExpressionPointer left, bool st
         const bool isNamed = !isLiteral && !std::holds_alternative<ParenthesisNode>(left->Node) &&
                              !std::holds_alternative<NewNode>(left->Node) &&
                              !std::holds_alternative<TypeOfNode>(left->Node);
-        if (m_cursor.At(TokenKind::LeftParenthesis) && isNamed)
+        if (m_cursor.At(TokenKind::LeftParenthesis) && isNamed) {
             left = ParseIndex(std::move(left));
-        else if (m_cursor.At(TokenKind::Dot) && !isLiteral && ContinuesTarget(stopsAtBlank))
+        } else if (m_cursor.At(TokenKind::Dot) && !isLiteral && ContinuesTarget(stopsAtBlank)) {
             left = ParseMember(std::move(left));
-        else if (m_cursor.At(TokenKind::Bang) && !isLiteral && ContinuesTarget(stopsAtBlank))
+        } else if (m_cursor.At(TokenKind::Bang) && !isLiteral && ContinuesTarget(stopsAtBlank)) {
             left = ParseMember(std::move(left));
-        else
+        } else {
             break;
+        }
     }
     return left;
 }
@@ -194,28 +204,32 @@ ExpressionPointer ExpressionParser::ParseMember(ExpressionPointer target) {
             "'" + std::string(sign.Text) + std::string(name.Text) + "' stands in no 'With'");
         return nullptr;
     }
-    if (!isBang && IsLanguage(target.get()))
+    if (!isBang && IsLanguage(target.get())) {
         return Make(
             name.Place,
             0,
             NameNode{std::string(kLanguagePrefix) + std::string(name.Text), name.Suffix});
+    }
     const std::int32_t height = HeightOf(target);
-    if (isBang)
+    if (isBang) {
         return Make(name.Place, height, BangNode{std::move(target), std::string(name.Text)});
+    }
     return Make(
         name.Place, height, MemberNode{std::move(target), std::string(name.Text), name.Suffix});
 }
 
 ExpressionPointer ExpressionParser::ParseIndex(ExpressionPointer target) {
     m_cursor.Take();
-    if (!EnterNesting())
+    if (!EnterNesting()) {
         return nullptr;
+    }
     const NestingGuard guard(*this);
     IndexNode node;
     ParseArguments(node.Arguments);
     std::int32_t height = HeightOf(target);
-    for (const Argument& argument : node.Arguments)
+    for (const Argument& argument : node.Arguments) {
         height = std::max(height, HeightOf(argument.Value));
+    }
     const SourcePlace place = target->Place;
     node.Target = std::move(target);
     return Make(place, height, std::move(node));
@@ -227,15 +241,19 @@ ExpressionPointer ExpressionParser::ParseOperand() {
         const Token name = m_cursor.Take();
         return Make(name.Place, 0, NameNode{std::string(name.Text), name.Suffix});
     }
-    if (token.Kind == TokenKind::Keyword)
+    if (token.Kind == TokenKind::Keyword) {
         return ParseWord();
-    if (token.Kind == TokenKind::Dot || token.Kind == TokenKind::Bang)
+    }
+    if (token.Kind == TokenKind::Dot || token.Kind == TokenKind::Bang) {
         return ParseMember(nullptr);
-    if (token.Kind != TokenKind::LeftParenthesis)
+    }
+    if (token.Kind != TokenKind::LeftParenthesis) {
         return ParseLiteral();
+    }
     m_cursor.Take();
-    if (!EnterNesting())
+    if (!EnterNesting()) {
         return nullptr;
+    }
     const NestingGuard guard(*this);
     ExpressionPointer inner = ParseExpression();
     m_cursor.Expect(TokenKind::RightParenthesis, parseerror::kExpectedRightParenthesis);
@@ -266,8 +284,9 @@ ExpressionPointer ExpressionParser::ParseLiteral() {
     }
     if (token.Kind == TokenKind::Date) {
         const auto date = DateLiteral(token.Text);
-        if (!date)
+        if (!date) {
             m_cursor.FailText(token.Place, "'#" + std::string(token.Text) + "#' is no date");
+        }
         m_cursor.Take();
         return Make(token.Place, 0, LiteralNode{date.value_or(Value())});
     }
@@ -304,8 +323,9 @@ ExpressionPointer ExpressionParser::ParseWord() {
     };
     const Token token = m_cursor.Peek();
     for (const LiteralRow& row : kLiterals) {
-        if (token.Word != row.Word)
+        if (token.Word != row.Word) {
             continue;
+        }
         m_cursor.Take();
         return Make(token.Place, 0, LiteralNode{row.Make()});
     }
@@ -314,23 +334,26 @@ ExpressionPointer ExpressionParser::ParseWord() {
         std::string name = ParseTypeName();
         return Make(token.Place, 0, NewNode{std::move(name)});
     }
-    if (token.Word == Keyword::TypeOf)
+    if (token.Word == Keyword::TypeOf) {
         return ParseTypeOf();
-    if (token.Word == Keyword::Me)
+    }
+    if (token.Word == Keyword::Me) {
         m_cursor.FailText(token.Place, "'Me' is not available in a module");
-    else if (token.Word == Keyword::AddressOf)
+    } else if (token.Word == Keyword::AddressOf) {
         m_cursor.FailText(token.Place, "'AddressOf' is not available");
-    else
+    } else {
         m_cursor.Fail(parseerror::kExpectedExpression);
+    }
     return nullptr;
 }
 
 ExpressionPointer ExpressionParser::ParseTypeOf() {
     const SourcePlace place = m_cursor.Take().Place;
     ExpressionPointer operand = ParsePostfix(ParseOperand(), false);
-    if (!m_cursor.TakeIf(Keyword::Is))
+    if (!m_cursor.TakeIf(Keyword::Is)) {
         m_cursor.Fail(
             parseerror::kSyntax, "'TypeOf x' is followed by 'Is' and the name of a class");
+    }
     std::string name = ParseTypeName();
     const std::int32_t height = HeightOf(operand);
     return Make(place, height, TypeOfNode{std::move(operand), std::move(name)});
@@ -340,8 +363,9 @@ std::string ExpressionParser::ParseTypeName() {
     const bool isTypeWord = m_cursor.At(TokenKind::Keyword) && m_cursor.At(Keyword::TypeWord);
     const Token first = isTypeWord ? m_cursor.Take() : m_cursor.ExpectName();
     std::string name(first.Text);
-    while (m_cursor.TakeIf(TokenKind::Dot))
+    while (m_cursor.TakeIf(TokenKind::Dot)) {
         name.append(".").append(m_cursor.ExpectName().Text);
+    }
     return name;
 }
 

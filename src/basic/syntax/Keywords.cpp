@@ -161,8 +161,9 @@ constexpr char Lower(char c) {
 
 constexpr std::size_t SlotOf(std::string_view word) {
     std::uint32_t hash = 2166136261u;
-    for (char c : word)
+    for (char c : word) {
         hash = (hash ^ static_cast<unsigned char>(Lower(c))) * 16777619u;
+    }
     return (hash ^ (hash >> 13)) % kSlots;
 }
 
@@ -172,8 +173,9 @@ constexpr std::array<std::uint8_t, kSlots> MakeSlots() {
     std::uint8_t number = 0;
     for (const Row& row : kRows) {
         std::size_t slot = SlotOf(row.Text);
-        while (slots[slot] != 0)
+        while (slots[slot] != 0) {
             slot = (slot + 1) % kSlots;
+        }
         slots[slot] = ++number;
     }
     return slots;
@@ -182,23 +184,28 @@ constexpr std::array<std::uint8_t, kSlots> MakeSlots() {
 constexpr auto kSlotTable = MakeSlots();
 
 bool EqualsLower(std::string_view word, std::string_view lower) {
-    if (word.size() != lower.size())
+    if (word.size() != lower.size()) {
         return false;
-    for (std::size_t i = 0; i < word.size(); ++i)
-        if (Lower(word[i]) != lower[i])
+    }
+    for (std::size_t i = 0; i < word.size(); ++i) {
+        if (Lower(word[i]) != lower[i]) {
             return false;
+        }
+    }
     return true;
 }
 
 }  // namespace
 
 Keyword FindKeyword(std::string_view word) {
-    if (word.size() < 2 || word.size() > kLongestWord)
+    if (word.size() < 2 || word.size() > kLongestWord) {
         return Keyword::None;
+    }
     for (std::size_t slot = SlotOf(word); kSlotTable[slot] != 0; slot = (slot + 1) % kSlots) {
         const Row& row = kRows[kSlotTable[slot] - 1];
-        if (EqualsLower(word, row.Text))
+        if (EqualsLower(word, row.Text)) {
             return row.Word;
+        }
     }
     return Keyword::None;
 }

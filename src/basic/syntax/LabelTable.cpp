@@ -11,12 +11,13 @@ void LabelTable::Begin() {
 
 void LabelTable::Define(const std::string& label, SourcePlace place) {
     const auto [entry, isNew] = m_places.emplace(modTextCase::ToLower(label), place);
-    if (!isNew)
+    if (!isNew) {
         m_errors.Add(
             parseerror::kNameRedefined,
             place,
             "the label '" + label + "' stands in line " + std::to_string(entry->second.Line) +
                 " already");
+    }
 }
 
 void LabelTable::Refer(const std::string& label, SourcePlace place) {
@@ -24,12 +25,14 @@ void LabelTable::Refer(const std::string& label, SourcePlace place) {
 }
 
 void LabelTable::Check() {
-    for (const Reference& reference : m_references)
-        if (!m_places.contains(modTextCase::ToLower(reference.Label)))
+    for (const Reference& reference : m_references) {
+        if (!m_places.contains(modTextCase::ToLower(reference.Label))) {
             m_errors.AddText(
                 parseerror::kSyntax,
                 reference.Place,
                 "The label '" + reference.Label + "' does not exist in this procedure");
+        }
+    }
 }
 
 }  // namespace dorvik::basic

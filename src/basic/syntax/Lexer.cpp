@@ -23,8 +23,9 @@ bool IsCaselessEqual(std::string_view text, std::string_view lower) {
 
 /// Whether a file number may follow the words: `Print #1`, `As #1`, but not `Debug.Print`.
 bool TakesFileNumber(std::span<const Token> words) {
-    if (words.empty() || (words.size() > 1 && words[words.size() - 2].Kind == TokenKind::Dot))
+    if (words.empty() || (words.size() > 1 && words[words.size() - 2].Kind == TokenKind::Dot)) {
         return false;
+    }
     const Keyword word = words.back().Word;
     constexpr Keyword kWords[] = {
         Keyword::As,
@@ -65,8 +66,9 @@ void Lexer::BeginPhysicalLine() {
 }
 
 bool Lexer::ContinueOnNextLine() {
-    if (m_line + 1 >= m_lines.size())
+    if (m_line + 1 >= m_lines.size()) {
         return false;
+    }
     ++m_line;
     BeginPhysicalLine();
     return true;
@@ -74,8 +76,9 @@ bool Lexer::ContinueOnNextLine() {
 
 SourcePlace Lexer::PlaceAt(std::size_t offset) {
     const auto line = static_cast<std::int32_t>(m_line + 1);
-    if (m_isAscii)
+    if (m_isAscii) {
         return {line, static_cast<std::int32_t>(offset + 1)};
+    }
     while (m_countedOffset < offset) {
         m_countedOffset += modUtf8::CharacterSize(m_text, m_countedOffset);
         ++m_countedColumn;
@@ -91,12 +94,14 @@ void Lexer::ReadLine(std::vector<Token>& tokens) {
         const bool blankBefore = SkipBlanks();
         if (AtContinuation()) {
             isContinued = ContinueOnNextLine();
-            if (isContinued)
+            if (isContinued) {
                 continue;
+            }
             m_at = m_text.size();
         }
-        if (m_at >= m_text.size())
+        if (m_at >= m_text.size()) {
             break;
+        }
         if (m_text[m_at] == '\'' || AtRem(tokens)) {
             SkipComment();
             break;
@@ -125,20 +130,23 @@ void Lexer::SkipLine() {
         const std::string_view line = m_lines[m_line++];
         bool inString = false;
         for (std::size_t i = 0; i < line.size() && !inComment; ++i) {
-            if (line[i] == '"')
+            if (line[i] == '"') {
                 inString = !inString;
-            else if (line[i] == '\'' && !inString)
+            } else if (line[i] == '\'' && !inString) {
                 inComment = true;
+            }
         }
-        if (!EndsWithContinuation(line) || (inString && !inComment) || !HasLine())
+        if (!EndsWithContinuation(line) || (inString && !inComment) || !HasLine()) {
             return;
+        }
     }
 }
 
 bool Lexer::SkipBlanks() {
     const std::size_t start = m_at;
-    while (m_at < m_text.size() && IsBlank(m_text[m_at]))
+    while (m_at < m_text.size() && IsBlank(m_text[m_at])) {
         ++m_at;
+    }
     return m_at != start;
 }
 
@@ -155,12 +163,15 @@ void Lexer::SkipComment() {
 
 /// `Rem` begins a comment where a statement may begin.
 bool Lexer::AtRem(const std::vector<Token>& tokens) const {
-    if ((m_text[m_at] | 0x20) != 'r' || !IsCaselessEqual(m_text.substr(m_at, 3), "rem"))
+    if ((m_text[m_at] | 0x20) != 'r' || !IsCaselessEqual(m_text.substr(m_at, 3), "rem")) {
         return false;
-    if (m_at + 3 < m_text.size() && !IsBlank(m_text[m_at + 3]))
+    }
+    if (m_at + 3 < m_text.size() && !IsBlank(m_text[m_at + 3])) {
         return false;
-    if (tokens.empty())
+    }
+    if (tokens.empty()) {
         return true;
+    }
     const Token& last = tokens.back();
     return last.Kind == TokenKind::Colon || last.Word == Keyword::Then ||
            last.Word == Keyword::Else || (last.Kind == TokenKind::Number && tokens.size() == 1);
@@ -193,10 +204,11 @@ void Lexer::ReadToken(std::vector<Token>& tokens) {
     } else if (c == '[') {
         ReadBracketedName(token);
     } else if (c == '&') {
-        if (const std::size_t digits = RadixDigits(tokens, token.BlankBefore))
+        if (const std::size_t digits = RadixDigits(tokens, token.BlankBefore)) {
             ReadRadixNumber(token, digits);
-        else
+        } else {
             ReadSign(token);
+        }
     } else if (c != '#' || !ReadDate(tokens, token)) {
         ReadSign(token);
     }
@@ -213,8 +225,9 @@ void Lexer::ReadString(Token& token) {
             break;
         }
         m_at = quote + 1;
-        if (CharacterAt(m_at) != '"')
+        if (CharacterAt(m_at) != '"') {
             break;
+        }
         ++m_at;
     }
     token.Text = m_text.substr(start, m_at - start);
@@ -224,24 +237,28 @@ void Lexer::ReadString(Token& token) {
 /// directive, and one that opens a file number has no partner of that kind.
 bool Lexer::ReadDate(const std::vector<Token>& tokens, Token& token) {
     constexpr std::size_t kLongestDate = 64;
-    if (tokens.size() == 1 || TakesFileNumber(std::span(tokens).first(tokens.size() - 1)))
+    if (tokens.size() == 1 || TakesFileNumber(std::span(tokens).first(tokens.size() - 1))) {
         return false;
+    }
     const std::size_t end = m_text.substr(0, m_at + kLongestDate).find('#', m_at + 1);
-    if (end == std::string_view::npos)
+    if (end == std::string_view::npos) {
         return false;
+    }
     const std::string_view text = m_text.substr(m_at + 1, end - m_at - 1);
     bool hasDigit = false;
     bool hasDivider = false;
     for (char c : text) {
         const bool isLetter = (c | 0x20) >= 'a' && (c | 0x20) <= 'z';
         const bool isDigit = c >= '0' && c <= '9';
-        if (!isLetter && !isDigit && std::string_view(" ,./:-").find(c) == std::string_view::npos)
+        if (!isLetter && !isDigit && std::string_view(" ,./:-").find(c) == std::string_view::npos) {
             return false;
+        }
         hasDigit = hasDigit || isDigit;
         hasDivider = hasDivider || isLetter || c == '/' || c == ':' || c == '-';
     }
-    if (!hasDigit || !hasDivider)
+    if (!hasDigit || !hasDivider) {
         return false;
+    }
     token.Kind = TokenKind::Date;
     token.Text = text;
     m_at = end + 1;

@@ -28,10 +28,12 @@ constexpr bool IsHexDigit(char c) {
 /// A letter of another script than ASCII: everything from the first accented letter on that is no
 /// sign, punctuation or private character.
 bool IsOtherLetter(char32_t c) {
-    if (c == 0xAA || c == 0xB5 || c == 0xBA)
+    if (c == 0xAA || c == 0xB5 || c == 0xBA) {
         return true;
-    if (c < 0xC0 || c == 0xD7 || c == 0xF7 || c == 0xFFFD || c >= 0xF0000)
+    }
+    if (c < 0xC0 || c == 0xD7 || c == 0xF7 || c == 0xFFFD || c >= 0xF0000) {
         return false;
+    }
     return !(c >= 0x2000 && c <= 0x2BFF) && !(c >= 0x3000 && c <= 0x3003) &&
            !(c >= 0xE000 && c <= 0xF8FF);
 }
@@ -78,8 +80,9 @@ constexpr SignRow kSigns[] = {
 constexpr auto kKindOfSign = [] {
     std::array<TokenKind, 256> kinds{};
     kinds.fill(TokenKind::Invalid);
-    for (const SignRow& row : kSigns)
+    for (const SignRow& row : kSigns) {
         kinds[static_cast<unsigned char>(row.Sign)] = row.Kind;
+    }
     return kinds;
 }();
 
@@ -109,8 +112,9 @@ bool EndsOperand(const Token& token) {
 bool Lexer::BeginsName(std::size_t offset, std::size_t& size) const {
     const char c = m_text[offset];
     size = 1;
-    if (static_cast<unsigned char>(c) < 0x80)
+    if (static_cast<unsigned char>(c) < 0x80) {
         return IsLetter(c);
+    }
     const auto character = modUtf8::Decode(m_text, offset);
     size = character.Size;
     return character.Valid && IsOtherLetter(character.CodePoint);
@@ -121,12 +125,13 @@ void Lexer::ReadWord(std::vector<Token>& tokens, Token& token) {
     std::size_t size = 0;
     while (m_at < m_text.size()) {
         const char c = m_text[m_at];
-        if (IsDigit(c) || c == '_')
+        if (IsDigit(c) || c == '_') {
             ++m_at;
-        else if (BeginsName(m_at, size))
+        } else if (BeginsName(m_at, size)) {
             m_at += size;
-        else
+        } else {
             break;
+        }
     }
     token.Text = m_text.substr(start, m_at - start);
     token.Word = FindKeyword(token.Text);
@@ -138,10 +143,12 @@ void Lexer::ReadWord(std::vector<Token>& tokens, Token& token) {
         JoinGo(tokens);
         return;
     }
-    if (IsReserved(token.Word))
+    if (IsReserved(token.Word)) {
         token.Word = Keyword::None;
-    if (token.Text.size() > kLongestName && modUtf8::Length(token.Text) > kLongestName)
+    }
+    if (token.Text.size() > kLongestName && modUtf8::Length(token.Text) > kLongestName) {
         m_errors.Add(parseerror::kIdentifierTooLong, token.Place);
+    }
     ReadSuffix(token);
 }
 
@@ -151,8 +158,9 @@ void Lexer::JoinGo(std::vector<Token>& tokens) {
     const std::size_t place = tokens.size() - 2;
     if (tokens.size() < 2 || (second != Keyword::To && second != Keyword::Sub) ||
         !modTextCase::Equal(tokens[place].Text, "Go") || tokens[place].Suffix != 0 ||
-        !MayBeginJump(std::span(tokens).first(place)))
+        !MayBeginJump(std::span(tokens).first(place))) {
         return;
+    }
     tokens.pop_back();
     tokens.back().Kind = TokenKind::Keyword;
     tokens.back().Word = second == Keyword::To ? Keyword::GoTo : Keyword::GoSub;
@@ -169,17 +177,21 @@ bool Lexer::JoinsTwo() const {
 /// `!` before a name is the sign between an object and a key.
 void Lexer::ReadSuffix(Token& token) {
     const char c = CharacterAt(m_at);
-    if (c == '\0' || std::string_view("%&!#@$").find(c) == std::string_view::npos)
+    if (c == '\0' || std::string_view("%&!#@$").find(c) == std::string_view::npos) {
         return;
-    if (token.Kind == TokenKind::Number && c == '$')
+    }
+    if (token.Kind == TokenKind::Number && c == '$') {
         return;
+    }
     std::size_t size = 0;
     const bool nameFollows =
         m_at + 1 < m_text.size() && (BeginsName(m_at + 1, size) || m_text[m_at + 1] == '[');
-    if (c == '!' && nameFollows)
+    if (c == '!' && nameFollows) {
         return;
-    if (c == '&' && JoinsTwo())
+    }
+    if (c == '&' && JoinsTwo()) {
         return;
+    }
     token.Suffix = c;
     ++m_at;
 }
@@ -195,26 +207,30 @@ void Lexer::ReadBracketedName(Token& token) {
     }
     token.Text = m_text.substr(m_at + 1, end - m_at - 1);
     m_at = end + 1;
-    if (token.Text.empty())
+    if (token.Text.empty()) {
         m_errors.Add(parseerror::kExpectedIdentifier, token.Place);
-    else if (modUtf8::Length(token.Text) > kLongestName)
+    } else if (modUtf8::Length(token.Text) > kLongestName) {
         m_errors.Add(parseerror::kIdentifierTooLong, token.Place);
+    }
     ReadSuffix(token);
 }
 
 void Lexer::ReadDigits() {
-    while (IsDigit(CharacterAt(m_at)))
+    while (IsDigit(CharacterAt(m_at))) {
         ++m_at;
+    }
 }
 
 void Lexer::ReadExponent() {
     const char c = static_cast<char>(CharacterAt(m_at) | 0x20);
-    if (c != 'e' && c != 'd')
+    if (c != 'e' && c != 'd') {
         return;
+    }
     const char sign = CharacterAt(m_at + 1);
     const std::size_t digits = m_at + (sign == '+' || sign == '-' ? 2 : 1);
-    if (!IsDigit(CharacterAt(digits)))
+    if (!IsDigit(CharacterAt(digits))) {
         return;
+    }
     m_at = digits;
     ReadDigits();
 }
@@ -235,14 +251,17 @@ void Lexer::ReadNumber(Token& token) {
 /// Where the digits of `&H..`, `&O..` or `&..` begin, counted from the `&`; 0 if it is the operator.
 std::size_t Lexer::RadixDigits(const std::vector<Token>& tokens, bool blankBefore) const {
     const bool behindOperand = tokens.size() > 1 && EndsOperand(tokens[tokens.size() - 2]);
-    if (behindOperand && !blankBefore)
+    if (behindOperand && !blankBefore) {
         return 0;
+    }
     const char c = static_cast<char>(CharacterAt(m_at + 1) | 0x20);
     const char digit = CharacterAt(m_at + 2);
-    if (c == 'h' && IsHexDigit(digit))
+    if (c == 'h' && IsHexDigit(digit)) {
         return 2;
-    if (c == 'o' && digit >= '0' && digit <= '7')
+    }
+    if (c == 'o' && digit >= '0' && digit <= '7') {
         return 2;
+    }
     const char octal = CharacterAt(m_at + 1);
     return !behindOperand && octal >= '0' && octal <= '7' ? 1 : 0;
 }
@@ -252,8 +271,9 @@ void Lexer::ReadRadixNumber(Token& token, std::size_t digits) {
     token.Kind = TokenKind::Number;
     const bool isHex = (CharacterAt(m_at + 1) | 0x20) == 'h';
     m_at += digits;
-    while (isHex ? IsHexDigit(CharacterAt(m_at)) : IsDigit(CharacterAt(m_at)))
+    while (isHex ? IsHexDigit(CharacterAt(m_at)) : IsDigit(CharacterAt(m_at))) {
         ++m_at;
+    }
     ReadSuffix(token);
     token.Text = m_text.substr(start, m_at - start);
 }
@@ -264,14 +284,16 @@ void Lexer::ReadSign(Token& token) {
     std::size_t size = 1;
     if (next == '=' || next == '<' || next == '>') {
         for (const PairRow& row : kPairs) {
-            if (!m_text.substr(m_at).starts_with(row.Text))
+            if (!m_text.substr(m_at).starts_with(row.Text)) {
                 continue;
+            }
             token.Kind = row.Kind;
             size = row.Text.size();
         }
     }
-    if (token.Kind == TokenKind::Invalid)
+    if (token.Kind == TokenKind::Invalid) {
         size = modUtf8::CharacterSize(m_text, m_at);
+    }
     token.Text = m_text.substr(m_at, size);
     m_at += size;
 }

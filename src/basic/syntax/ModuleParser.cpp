@@ -46,17 +46,20 @@ ModuleParser::ModuleParser(TokenCursor& cursor, ITokenSource& source, ModuleNode
 
 void ModuleParser::Parse() {
     while (m_cursor.NextLine(m_source)) {
-        while (!m_cursor.AtEndOfLine())
-            if (!m_cursor.TakeIf(TokenKind::Colon))
+        while (!m_cursor.AtEndOfLine()) {
+            if (!m_cursor.TakeIf(TokenKind::Colon)) {
                 ParseItem();
+            }
+        }
     }
 }
 
 void ModuleParser::ParseItem() {
     const Token first = m_cursor.Peek();
     if (first.Kind == TokenKind::Name) {
-        if (!ParseNamedItem(first))
+        if (!ParseNamedItem(first)) {
             ReportStray();
+        }
     } else if (first.Word == Keyword::Option) {
         ParseOption();
     } else if (first.Word == Keyword::DefaultType) {
@@ -83,30 +86,35 @@ void ModuleParser::ParseItem() {
 bool ModuleParser::ParseNamedItem(const Token& first) {
     const Token& next = m_cursor.Peek(1);
     const bool hasWord = next.Kind == TokenKind::Name || next.Kind == TokenKind::Keyword;
-    if (!hasWord)
+    if (!hasWord) {
         return false;
-    if (first.Word == Keyword::Attribute)
+    }
+    if (first.Word == Keyword::Attribute) {
         ParseAttribute();
-    else if (first.Word == Keyword::Property || first.Word == Keyword::Type)
+    } else if (first.Word == Keyword::Property || first.Word == Keyword::Type) {
         ParseScoped();
-    else if (
+    } else if (
         first.Word == Keyword::Event || first.Word == Keyword::Implements ||
         first.Word == Keyword::Class) {
         m_sawClass = m_sawClass || first.Word == Keyword::Class;
         m_cursor.FailText(
             first.Place, "'" + std::string(first.Text) + "' is not available in a module");
-    } else
+    } else {
         return false;
+    }
     return true;
 }
 
 void ModuleParser::FinishItem() {
-    if (std::exchange(m_headFollows, false))
+    if (std::exchange(m_headFollows, false)) {
         return;
-    if (!m_cursor.HasFailed() && (!m_cursor.AtEnd() || m_cursor.At(Keyword::Else)))
+    }
+    if (!m_cursor.HasFailed() && (!m_cursor.AtEnd() || m_cursor.At(Keyword::Else))) {
         m_cursor.Fail(parseerror::kExpectedEndOfStatement);
-    if (m_cursor.HasFailed())
+    }
+    if (m_cursor.HasFailed()) {
         m_cursor.SkipStatement();
+    }
 }
 
 void ModuleParser::ReportStray() {
@@ -131,14 +139,15 @@ void ModuleParser::ReportStray() {
 
 bool ModuleParser::NoteOption(std::size_t option, SourcePlace place) {
     SourcePlace& earlier = m_optionPlaces[option];
-    if (m_sawProcedure)
+    if (m_sawProcedure) {
         m_cursor.FailText(place, "An 'Option' must stand before the first procedure");
-    else if (earlier.Line != 0)
+    } else if (earlier.Line != 0) {
         m_cursor.FailAt(
             place,
             parseerror::kNameRedefined,
             "'" + std::string(kOptionNames[option]) + "' stands in line " +
                 std::to_string(earlier.Line) + " already");
+    }
     earlier = place;
     return !m_cursor.HasFailed();
 }
@@ -150,19 +159,23 @@ void ModuleParser::ParseOption() {
         m_module.OptionExplicit = NoteOption(0, place);
     } else if (word.Word == Keyword::Base) {
         const Token number = m_cursor.Peek();
-        if (number.Kind != TokenKind::Number)
+        if (number.Kind != TokenKind::Number) {
             m_cursor.Fail(parseerror::kExpectedInteger);
-        else if (number.Text != "0" && number.Text != "1")
+        } else if (number.Text != "0" && number.Text != "1") {
             m_cursor.FailText(number.Place, "'Option Base' must be 0 or 1");
+        }
         m_cursor.Take();
-        if (NoteOption(1, place))
+        if (NoteOption(1, place)) {
             m_module.OptionBase = number.Text == "1" ? 1 : 0;
+        }
     } else if (word.Word == Keyword::Compare) {
-        if (!m_cursor.At(Keyword::Binary) && !m_cursor.At(Keyword::Text))
+        if (!m_cursor.At(Keyword::Binary) && !m_cursor.At(Keyword::Text)) {
             m_cursor.FailText(m_cursor.Place(), "Expected 'Binary' or 'Text'");
+        }
         const bool isText = m_cursor.Take().Word == Keyword::Text;
-        if (NoteOption(2, place))
+        if (NoteOption(2, place)) {
             m_module.ComparesText = isText;
+        }
     } else if (word.Word == Keyword::Private && m_cursor.At(Keyword::Module)) {
         m_cursor.Take();
         NoteOption(3, place);
@@ -175,25 +188,30 @@ void ModuleParser::ParseOption() {
 void ModuleParser::ParseAttribute() {
     m_cursor.Take();
     const bool isName = modTextCase::Equal(m_cursor.Take().Text, "VB_Name");
-    if (isName && m_cursor.At(TokenKind::Equal) && m_cursor.Peek(1).Kind == TokenKind::String)
+    if (isName && m_cursor.At(TokenKind::Equal) && m_cursor.Peek(1).Kind == TokenKind::String) {
         m_module.Name = std::string(StringLiteral(m_cursor.Peek(1).Text).AsText());
+    }
     m_cursor.TakeToEnd();
 }
 
 void ModuleParser::ParseDefaultTypes() {
     const Token word = m_cursor.Take();
-    if (m_sawProcedure)
+    if (m_sawProcedure) {
         m_cursor.FailText(
             word.Place, "'" + std::string(word.Text) + "' must stand before the first procedure");
+    }
     DeclaredKind kind = DeclaredKind::Variant;
-    for (const DefaultRow& row : kDefaults)
-        if (modTextCase::Equal(row.Word, word.Text))
+    for (const DefaultRow& row : kDefaults) {
+        if (modTextCase::Equal(row.Word, word.Text)) {
             kind = row.Kind;
+        }
+    }
     const auto letter = [this] {
         const Token token = m_cursor.Peek();
         const char c = token.Text.size() == 1 ? static_cast<char>(token.Text[0] | 0x20) : '\0';
-        if (token.Kind != TokenKind::Name || c < 'a' || c > 'z')
+        if (token.Kind != TokenKind::Name || c < 'a' || c > 'z') {
             m_cursor.FailText(token.Place, "Expected a letter");
+        }
         m_cursor.Take();
         return m_cursor.HasFailed() ? 'a' : c;
     };
@@ -206,16 +224,18 @@ void ModuleParser::ParseDefaultTypes() {
 }
 
 void ModuleParser::SetDefault(char first, char last, DeclaredKind kind, SourcePlace place) {
-    if (first > last)
+    if (first > last) {
         m_cursor.FailText(place, "The letters of a range stand in the order of the alphabet");
+    }
     for (char c = first; c <= last && !m_cursor.HasFailed(); ++c) {
         const auto index = static_cast<std::size_t>(c - 'a');
-        if (m_defaultPlaces[index].Line != 0)
+        if (m_defaultPlaces[index].Line != 0) {
             m_cursor.FailAt(
                 place,
                 parseerror::kNameRedefined,
                 "the letter '" + std::string(1, c) + "' has a type from line " +
                     std::to_string(m_defaultPlaces[index].Line) + " already");
+        }
         m_defaultPlaces[index] = place;
         m_module.DefaultKinds[index] = kind;
     }

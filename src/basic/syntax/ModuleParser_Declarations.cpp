@@ -14,14 +14,15 @@ void ModuleParser::ParseScoped() {
     bool hasScope = false;
     while (m_cursor.At(TokenKind::Keyword)) {
         const Keyword word = m_cursor.Peek().Word;
-        if (word == Keyword::Static && !isStatic)
+        if (word == Keyword::Static && !isStatic) {
             isStatic = true;
-        else if (
+        } else if (
             !hasScope && (word == Keyword::Public || word == Keyword::Private ||
-                          word == Keyword::Global || word == Keyword::Friend))
+                          word == Keyword::Global || word == Keyword::Friend)) {
             hasScope = true;
-        else
+        } else {
             break;
+        }
         isPrivate = isPrivate || word == Keyword::Private;
         isFriend = isFriend || word == Keyword::Friend;
         m_cursor.Take();
@@ -31,54 +32,60 @@ void ModuleParser::ParseScoped() {
     const bool nameFollows = next.Kind == TokenKind::Name || next.Kind == TokenKind::Keyword;
     const bool isProperty =
         token.Word == Keyword::Property && nameFollows && next.Word != Keyword::As;
-    if (token.Word == Keyword::Sub || token.Word == Keyword::Function || isProperty)
+    if (token.Word == Keyword::Sub || token.Word == Keyword::Function || isProperty) {
         ParseProcedure(isPrivate, isStatic);
-    else if (isStatic || isFriend)
+    } else if (isStatic || isFriend) {
         m_cursor.FailText(place, "'Static' and 'Friend' stand before procedures only");
-    else if (token.Word == Keyword::Const) {
+    } else if (token.Word == Keyword::Const) {
         m_cursor.Take();
         ParseConstants();
-    } else if (token.Word == Keyword::Enum)
+    } else if (token.Word == Keyword::Enum) {
         ParseEnum();
-    else if (token.Word == Keyword::Declare)
+    } else if (token.Word == Keyword::Declare) {
         ParseDeclare();
-    else if (token.Word == Keyword::Type && nameFollows && next.Word != Keyword::As)
+    } else if (token.Word == Keyword::Type && nameFollows && next.Word != Keyword::As) {
         ParseRecord();
-    else if (
+    } else if (
         (token.Word == Keyword::Event || token.Word == Keyword::WithEvents) &&
-        next.Kind == TokenKind::Name)
+        next.Kind == TokenKind::Name) {
         m_cursor.FailText(
             token.Place, "'" + std::string(token.Text) + "' is not available in a module");
-    else
+    } else {
         ParseVariables();
+    }
 }
 
 void ModuleParser::ParseVariables() {
     ModuleVariablesNode node{m_declarations.ParseVariables()};
-    for (const VariableNode& variable : node.Variables)
+    for (const VariableNode& variable : node.Variables) {
         m_statements.NoteModuleName(variable.Name);
+    }
     m_toldStray = false;
-    if (!m_cursor.HasFailed())
+    if (!m_cursor.HasFailed()) {
         m_module.Items.emplace_back(std::move(node));
+    }
 }
 
 void ModuleParser::ParseConstants() {
     ModuleConstantsNode node{m_declarations.ParseConstants()};
     m_toldStray = false;
-    if (!m_cursor.HasFailed())
+    if (!m_cursor.HasFailed()) {
         m_module.Items.emplace_back(std::move(node));
+    }
 }
 
 /// At something that begins another declaration: the block before it has no end.
 bool ModuleParser::AtDeclarationHead() const {
     const Token& token = m_cursor.Peek();
-    if (token.Kind != TokenKind::Keyword)
+    if (token.Kind != TokenKind::Keyword) {
         return false;
+    }
     // A member may be called so, with a type or a value behind it.
     const Token& next = m_cursor.Peek(1);
     if (next.Word == Keyword::As || next.Kind == TokenKind::Equal ||
-        next.Kind == TokenKind::LeftParenthesis)
+        next.Kind == TokenKind::LeftParenthesis) {
         return false;
+    }
     return token.Word == Keyword::Sub || token.Word == Keyword::Function ||
            token.Word == Keyword::Public || token.Word == Keyword::Private ||
            token.Word == Keyword::Declare || token.Word == Keyword::Dim ||
@@ -101,8 +108,9 @@ void ModuleParser::ParseMembers(
         }
         if (m_cursor.AtEndOfLine()) {
             if (m_cursor.NextLine(m_source)) {
-                if (m_cursor.AtEndOfLine() || m_cursor.At(TokenKind::Colon))
+                if (m_cursor.AtEndOfLine() || m_cursor.At(TokenKind::Colon)) {
                     continue;
+                }
             } else {
                 expectedEnd("the text ends");
                 return;
@@ -110,12 +118,13 @@ void ModuleParser::ParseMembers(
         }
         if (m_cursor.At(Keyword::End) && m_cursor.Peek(1).Word != Keyword::As) {
             m_cursor.Take();
-            if (m_cursor.At(closing))
+            if (m_cursor.At(closing)) {
                 m_cursor.Take();
-            else
+            } else {
                 m_cursor.Fail(
                     parseerror::kExpectedEnd,
                     "the block ends with 'End " + std::string(what) + "'");
+            }
             return;
         }
         if (AtDeclarationHead()) {
@@ -140,8 +149,9 @@ void ModuleParser::ParseRecord() {
     ParseMembers(Keyword::Type, "Type", place, [&] {
         node.Members.push_back(m_declarations.ParseRecordMember());
     });
-    if (node.Members.empty())
+    if (node.Members.empty()) {
         m_cursor.Errors().AddText(parseerror::kSyntax, place, "A 'Type' needs a member");
+    }
     m_module.Items.emplace_back(std::move(node));
 }
 
@@ -158,12 +168,14 @@ void ModuleParser::ParseEnum() {
         const Token memberName = m_cursor.ExpectName();
         member.Place = memberName.Place;
         member.Name = std::string(memberName.Text);
-        if (m_cursor.TakeIf(TokenKind::Equal))
+        if (m_cursor.TakeIf(TokenKind::Equal)) {
             member.Value = m_expressions.ParseExpression();
+        }
         node.Members.push_back(std::move(member));
     });
-    if (node.Members.empty())
+    if (node.Members.empty()) {
         m_cursor.Errors().AddText(parseerror::kSyntax, place, "An 'Enum' needs a member");
+    }
     m_module.Items.emplace_back(std::move(node));
 }
 
@@ -171,43 +183,50 @@ void ModuleParser::ParseEnum() {
 void ModuleParser::ParseDeclare() {
     m_cursor.Take();
     ExternalNode node;
-    if (m_cursor.At(Keyword::PtrSafe))
+    if (m_cursor.At(Keyword::PtrSafe)) {
         m_cursor.Take();
+    }
     node.IsFunction = m_cursor.At(Keyword::Function);
-    if (node.IsFunction)
+    if (node.IsFunction) {
         m_cursor.Take();
-    else
+    } else {
         m_cursor.Expect(Keyword::Sub, parseerror::kExpectedSub);
+    }
     const Token name = m_cursor.ExpectName();
     node.Place = name.Place;
     node.Name = std::string(name.Text);
-    if (!m_cursor.TakeIf(Keyword::Lib))
+    if (!m_cursor.TakeIf(Keyword::Lib)) {
         m_cursor.FailText(m_cursor.Place(), "Expected 'Lib'");
+    }
     m_cursor.Expect(TokenKind::String, parseerror::kExpectedLiteral);
-    if (m_cursor.TakeIf(Keyword::Alias))
+    if (m_cursor.TakeIf(Keyword::Alias)) {
         m_cursor.Expect(TokenKind::String, parseerror::kExpectedLiteral);
+    }
     node.Parameters = m_declarations.ParseParameters();
-    if (node.IsFunction)
+    if (node.IsFunction) {
         m_declarations.ParseResultType(name.Suffix);
+    }
     m_toldStray = false;
-    if (!m_cursor.HasFailed())
+    if (!m_cursor.HasFailed()) {
         m_module.Items.emplace_back(std::move(node));
+    }
 }
 
 void ModuleParser::ParseProcedureKind(ProcedureNode& procedure) {
     const Token kind = m_cursor.Take();
-    if (kind.Word == Keyword::Sub)
+    if (kind.Word == Keyword::Sub) {
         procedure.Kind = ProcedureKind::Sub;
-    else if (kind.Word == Keyword::Function)
+    } else if (kind.Word == Keyword::Function) {
         procedure.Kind = ProcedureKind::Function;
-    else if (m_cursor.TakeIf(Keyword::Get))
+    } else if (m_cursor.TakeIf(Keyword::Get)) {
         procedure.Kind = ProcedureKind::PropertyGet;
-    else if (m_cursor.TakeIf(Keyword::Let))
+    } else if (m_cursor.TakeIf(Keyword::Let)) {
         procedure.Kind = ProcedureKind::PropertyLet;
-    else if (m_cursor.TakeIf(Keyword::Set))
+    } else if (m_cursor.TakeIf(Keyword::Set)) {
         procedure.Kind = ProcedureKind::PropertySet;
-    else
+    } else {
         m_cursor.Fail(parseerror::kExpectedLetSetGet);
+    }
 }
 
 /// The body is read whatever is wrong with the head, so that its `End Sub` finds its place.
@@ -220,22 +239,25 @@ void ModuleParser::ParseProcedure(bool isPrivate, bool isStatic) {
         m_cursor.At(Keyword::Property) ? ProcedureKind::PropertyGet : ProcedureKind::Sub;
     ParseProcedureKind(procedure);
     const Token name = m_cursor.ExpectName();
-    if (!m_cursor.HasFailed())
+    if (!m_cursor.HasFailed()) {
         procedure.Place = name.Place;
+    }
     procedure.Name = std::string(name.Text);
     procedure.Suffix = name.Suffix;
     m_statements.NoteModuleName(procedure.Name);
     procedure.Parameters = m_declarations.ParseParameters();
     const bool hasResult =
         procedure.Kind == ProcedureKind::Function || procedure.Kind == ProcedureKind::PropertyGet;
-    if (hasResult)
+    if (hasResult) {
         procedure.Result = m_declarations.ParseResultType(procedure.Suffix);
-    else if (procedure.Suffix != 0)
+    } else if (procedure.Suffix != 0) {
         m_cursor.FailText(procedure.Place, "Only a function has a type suffix");
-    else
+    } else {
         CheckProperty(procedure);
-    if (m_cursor.At(TokenKind::Keyword) && m_cursor.TakeIf(Keyword::Static))
+    }
+    if (m_cursor.At(TokenKind::Keyword) && m_cursor.TakeIf(Keyword::Static)) {
         procedure.IsStatic = true;
+    }
     FinishItem();
     m_sawProcedure = true;
     m_toldStray = false;
@@ -244,8 +266,9 @@ void ModuleParser::ParseProcedure(bool isPrivate, bool isStatic) {
 }
 
 void ModuleParser::CheckProperty(const ProcedureNode& procedure) {
-    if (procedure.Kind != ProcedureKind::Sub && procedure.Parameters.empty())
+    if (procedure.Kind != ProcedureKind::Sub && procedure.Parameters.empty()) {
         m_cursor.FailAt(procedure.Place, parseerror::kPropertyNeedsArgument);
+    }
 }
 
 }  // namespace dorvik::basic

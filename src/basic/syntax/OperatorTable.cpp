@@ -43,23 +43,26 @@ constexpr WordRow kWordRows[] = {
 
 constexpr auto kBySign = [] {
     std::array<OperatorRow, kTokenKinds> rows{};
-    for (const SignRow& sign : kSignRows)
+    for (const SignRow& sign : kSignRows) {
         rows[static_cast<std::size_t>(sign.Kind)] = sign.Row;
+    }
     return rows;
 }();
 
 constexpr auto kByWord = [] {
     std::array<OperatorRow, kKeywords> rows{};
-    for (const WordRow& word : kWordRows)
+    for (const WordRow& word : kWordRows) {
         rows[static_cast<std::size_t>(word.Word)] = word.Row;
+    }
     return rows;
 }();
 
 }  // namespace
 
 OperatorRow BinaryOperatorOf(const Token& token) {
-    if (token.Kind == TokenKind::Keyword)
+    if (token.Kind == TokenKind::Keyword) {
         return kByWord[static_cast<std::size_t>(token.Word)];
+    }
     return kBySign[static_cast<std::size_t>(token.Kind)];
 }
 

@@ -11,8 +11,9 @@ namespace dorvik::basic {
 
 ParsedModule ParseModule(std::string_view source) {
     constexpr std::string_view kMark = "\xEF\xBB\xBF";
-    if (source.starts_with(kMark))
+    if (source.starts_with(kMark)) {
         source.remove_prefix(kMark.size());
+    }
     std::string valid;
     if (!modUtf8::IsValid(source)) {
         valid = WithValidCharacters(source);

@@ -20,8 +20,9 @@ constexpr EndRow kEndOfFunction = {Keyword::Function, "Function", parseerror::kE
 constexpr EndRow kEndOfProperty = {Keyword::Property, "Property", parseerror::kExpectedProperty};
 
 const EndRow& EndOf(ProcedureKind kind) {
-    if (kind == ProcedureKind::Sub)
+    if (kind == ProcedureKind::Sub) {
         return kEndOfSub;
+    }
     return kind == ProcedureKind::Function ? kEndOfFunction : kEndOfProperty;
 }
 
@@ -78,8 +79,9 @@ const StatementParser::HandlerRow StatementParser::kHandlers[] = {
 StatementParser::Handler StatementParser::HandlerOf(Keyword word) {
     static const auto byWord = [] {
         std::array<Handler, kKeywords> handlers{};
-        for (const HandlerRow& row : kHandlers)
+        for (const HandlerRow& row : kHandlers) {
             handlers[static_cast<std::size_t>(row.Word)] = row.Parse;
+        }
         return handlers;
     }();
     return byWord[static_cast<std::size_t>(word)];
@@ -113,8 +115,9 @@ bool StatementParser::ParseBody(ProcedureNode& procedure) {
     m_labels.Begin();
     m_localNames = {};
     m_localNames.Note(procedure.Name);
-    for (const ParameterNode& parameter : procedure.Parameters)
+    for (const ParameterNode& parameter : procedure.Parameters) {
         m_localNames.Note(parameter.Name);
+    }
     m_crossedVariable.clear();
     m_statementsOnLine = 1;
     m_needsNoSeparator = false;
@@ -123,10 +126,11 @@ bool StatementParser::ParseBody(ProcedureNode& procedure) {
     m_sawTry = false;
     UpdateWith();
     while (!m_isOver) {
-        if (m_cursor.AtEndOfLine())
+        if (m_cursor.AtEndOfLine()) {
             BeginLine();
-        else if (!m_cursor.TakeIf(TokenKind::Colon))
+        } else if (!m_cursor.TakeIf(TokenKind::Colon)) {
             ParseStatement();
+        }
     }
     UpdateWith();
     m_labels.Check();
@@ -154,33 +158,38 @@ void StatementParser::ParseLabel() {
     const Token token = m_cursor.Peek();
     const bool isNumber = token.Kind == TokenKind::Number &&
                           token.Text.find_first_not_of("0123456789") == std::string_view::npos;
-    if (!isNumber && !AtNamedLabel())
+    if (!isNumber && !AtNamedLabel()) {
         return;
+    }
     RequireCase();
     std::string label = ParseLabelName();
     m_cursor.TakeIf(TokenKind::Colon);
     m_labels.Define(label, token.Place);
     Add(token.Place, LabelStatement{std::move(label)});
-    if (m_cursor.HasFailed())
+    if (m_cursor.HasFailed()) {
         m_cursor.SkipStatement();
+    }
 }
 
 bool StatementParser::ParseProcedureEnd() {
-    if (!m_cursor.At(TokenKind::Keyword) || !m_cursor.At(Keyword::End))
+    if (!m_cursor.At(TokenKind::Keyword) || !m_cursor.At(Keyword::End)) {
         return false;
+    }
     const Keyword found = m_cursor.Peek(1).Word;
-    if (found != Keyword::Sub && found != Keyword::Function && found != Keyword::Property)
+    if (found != Keyword::Sub && found != Keyword::Function && found != Keyword::Property) {
         return false;
+    }
     const EndRow& expected = EndOf(m_procedure->Kind);
     const SourcePlace place = m_cursor.Take().Place;
     const std::string text = "End " + std::string(m_cursor.Take().Text);
-    if (found != expected.Word)
+    if (found != expected.Word) {
         m_cursor.Errors().AddText(
             expected.Number,
             place,
             "Expected 'End " + std::string(expected.Text) + "', found '" + text + "'");
-    else if (m_blocks.Contains(BlockKind::LineIf))
+    } else if (m_blocks.Contains(BlockKind::LineIf)) {
         m_cursor.FailText(place, "'" + text + "' cannot stand behind a single-line 'If'");
+    }
     m_blocks.EndProcedure(text, place);
     m_procedure->EndPlace = place;
     m_isOver = true;
@@ -194,11 +203,13 @@ bool StatementParser::AtProcedureHead() const {
            (m_cursor.Peek(ahead).Word == Keyword::Public ||
             m_cursor.Peek(ahead).Word == Keyword::Private ||
             m_cursor.Peek(ahead).Word == Keyword::Friend ||
-            m_cursor.Peek(ahead).Word == Keyword::Static))
+            m_cursor.Peek(ahead).Word == Keyword::Static)) {
         ++ahead;
+    }
     const Token& token = m_cursor.Peek(ahead);
-    if (token.Kind == TokenKind::Keyword)
+    if (token.Kind == TokenKind::Keyword) {
         return token.Word == Keyword::Sub || token.Word == Keyword::Function;
+    }
     const Keyword next = m_cursor.Peek(ahead + 1).Word;
     const bool isKind = next == Keyword::Get || next == Keyword::Let || next == Keyword::Set;
     return token.Word == Keyword::Property && isKind &&
@@ -218,8 +229,9 @@ void StatementParser::EndUnfinished(std::string_view found, SourcePlace place) {
 }
 
 void StatementParser::ParseStatement() {
-    if (ParseProcedureEnd())
+    if (ParseProcedureEnd()) {
         return;
+    }
     if (AtProcedureHead()) {
         EndUnfinished(m_cursor.Peek().Text, m_cursor.Place());
         return;
@@ -228,46 +240,53 @@ void StatementParser::ParseStatement() {
     const Handler handler = token.Kind == TokenKind::Keyword ? HandlerOf(token.Word) : nullptr;
     const bool belongsToSelect = token.Kind == TokenKind::Keyword &&
                                  (token.Word == Keyword::Case || token.Word == Keyword::End);
-    if (!belongsToSelect)
+    if (!belongsToSelect) {
         RequireCase();
-    if (handler)
+    }
+    if (handler) {
         (this->*handler)();
-    else if (
+    } else if (
         token.Kind == TokenKind::Name || token.Kind == TokenKind::Dot ||
-        token.Kind == TokenKind::Bang || token.Word == Keyword::Me)
+        token.Kind == TokenKind::Bang || token.Word == Keyword::Me) {
         ParseNamed();
-    else
+    } else {
         m_cursor.Fail(parseerror::kExpectedStatement);
+    }
     ++m_statementsOnLine;
     FinishStatement();
 }
 
 void StatementParser::FinishStatement() {
     const bool needsNoSeparator = std::exchange(m_needsNoSeparator, false);
-    if (!m_cursor.HasFailed() && !needsNoSeparator && !m_cursor.AtEnd())
+    if (!m_cursor.HasFailed() && !needsNoSeparator && !m_cursor.AtEnd()) {
         m_cursor.Fail(parseerror::kExpectedEndOfStatement);
-    if (m_cursor.HasFailed())
+    }
+    if (m_cursor.HasFailed()) {
         m_cursor.SkipStatement();
+    }
 }
 
 void StatementParser::Add(SourcePlace place, decltype(Statement::Node) node) {
-    if (!m_cursor.HasFailed())
+    if (!m_cursor.HasFailed()) {
         m_blocks.Append({place, std::move(node)});
+    }
 }
 
 void StatementParser::ParseDim() {
     const SourcePlace place = m_cursor.Take().Place;
     DeclareStatement statement{LocalScope::Dim, m_declarations.ParseVariables()};
-    for (const VariableNode& variable : statement.Variables)
+    for (const VariableNode& variable : statement.Variables) {
         m_localNames.Note(variable.Name);
+    }
     Add(place, std::move(statement));
 }
 
 void StatementParser::ParseStatic() {
     const SourcePlace place = m_cursor.Take().Place;
     DeclareStatement statement{LocalScope::Static, m_declarations.ParseVariables()};
-    for (const VariableNode& variable : statement.Variables)
+    for (const VariableNode& variable : statement.Variables) {
         m_localNames.Note(variable.Name);
+    }
     Add(place, std::move(statement));
 }
 
@@ -300,12 +319,13 @@ void StatementParser::ParseStop() {
 void StatementParser::RefuseModuleLevel() {
     const Token word = m_cursor.Peek();
     std::string text = "'" + std::string(word.Text) + "' can stand outside procedures only";
-    if (word.Word == Keyword::Enum || m_cursor.Peek(1).Word == Keyword::Enum)
+    if (word.Word == Keyword::Enum || m_cursor.Peek(1).Word == Keyword::Enum) {
         SkipLinesTo(word, Keyword::Enum, std::move(text));
-    else if (m_cursor.Peek(1).Word == Keyword::Type && m_cursor.Peek(2).Kind == TokenKind::Name)
+    } else if (m_cursor.Peek(1).Word == Keyword::Type && m_cursor.Peek(2).Kind == TokenKind::Name) {
         SkipLinesTo(word, Keyword::Type, std::move(text));
-    else
+    } else {
         m_cursor.FailText(word.Place, std::move(text));
+    }
 }
 
 void StatementParser::RefuseOption() {

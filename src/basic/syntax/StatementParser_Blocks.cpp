@@ -17,11 +17,12 @@ void StatementParser::Open(BlockKind kind, SourcePlace place, decltype(Statement
 
 void StatementParser::CloseSimple(
     BlockKind kind, std::string_view closing, std::string_view opening, SourcePlace place) {
-    if (m_blocks.Expose(kind, kind, closing, place))
+    if (m_blocks.Expose(kind, kind, closing, place)) {
         m_blocks.Pop();
-    else if (!m_blocks.TakeOrphan(kind))
+    } else if (!m_blocks.TakeOrphan(kind)) {
         m_cursor.FailText(
             place, "'" + std::string(closing) + "' without '" + std::string(opening) + "'");
+    }
     UpdateWith();
 }
 
@@ -38,8 +39,9 @@ void StatementParser::ParseIf() {
     statement.IsSingleLine = !m_cursor.AtEndOfLine();
     const BlockKind kind = statement.IsSingleLine ? BlockKind::LineIf : BlockKind::If;
     Open(kind, place, std::move(statement));
-    if (kind == BlockKind::LineIf)
+    if (kind == BlockKind::LineIf) {
         TakeLineJump();
+    }
 }
 
 /// After an error in the condition: a block has begun unless something follows a `Then`.
@@ -56,8 +58,9 @@ void StatementParser::RecoverIf(SourcePlace place) {
 /// Behind the Then or Else of a single line a statement follows at once, or the number of a line.
 void StatementParser::TakeLineJump() {
     m_needsNoSeparator = true;
-    if (!m_cursor.At(TokenKind::Number))
+    if (!m_cursor.At(TokenKind::Number)) {
         return;
+    }
     const SourcePlace place = m_cursor.Place();
     std::string label = ParseLabelName();
     m_labels.Refer(label, place);
@@ -79,16 +82,18 @@ void StatementParser::ParseElse() {
         m_blocks.Pop();
     }
     m_needsNoSeparator = true;
-    if (isInLine)
+    if (isInLine) {
         m_cursor.FailAt(place, parseerror::kExpectedEndOfStatement);
-    else if (!m_blocks.Expose(BlockKind::If, BlockKind::If, "Else", place)) {
-        if (!m_blocks.HasOrphan(BlockKind::If))
+    } else if (!m_blocks.Expose(BlockKind::If, BlockKind::If, "Else", place)) {
+        if (!m_blocks.HasOrphan(BlockKind::If)) {
             m_cursor.FailText(place, "'Else' without 'If'");
-    } else if (m_blocks.Top().SawElse)
+        }
+    } else if (m_blocks.Top().SawElse) {
         m_cursor.FailText(place, "'Else' behind 'Else'");
-    else {
-        if (!IsFirstOnLine())
+    } else {
+        if (!IsFirstOnLine()) {
             m_cursor.FailAt(place, parseerror::kMustBeFirst);
+        }
         m_blocks.Top().SawElse = true;
     }
     UpdateWith();
@@ -101,22 +106,25 @@ void StatementParser::ParseElseIf() {
         return;
     }
     if (!m_blocks.Expose(BlockKind::If, BlockKind::If, "ElseIf", place)) {
-        if (!m_blocks.HasOrphan(BlockKind::If))
+        if (!m_blocks.HasOrphan(BlockKind::If)) {
             m_cursor.FailText(place, "'ElseIf' without 'If'");
+        }
         m_cursor.TakeToEnd();
         return;
     }
     UpdateWith();
-    if (!IsFirstOnLine())
+    if (!IsFirstOnLine()) {
         m_cursor.FailAt(place, parseerror::kMustBeFirst);
-    else if (m_blocks.Top().SawElse)
+    } else if (m_blocks.Top().SawElse) {
         m_cursor.FailText(place, "'ElseIf' behind 'Else'");
+    }
     IfBranch branch;
     branch.Place = place;
     branch.Condition = m_expressions.ParseExpression();
     m_cursor.Expect(Keyword::Then, parseerror::kExpectedThen);
-    if (!m_blocks.Top().SawElse)
+    if (!m_blocks.Top().SawElse) {
         std::get<IfStatement>(m_blocks.Top().Node.Node).Branches.push_back(std::move(branch));
+    }
     m_needsNoSeparator = true;
 }
 
@@ -131,8 +139,9 @@ void StatementParser::CloseIf(SourcePlace place) {
     }
     const bool isOpen = m_blocks.Contains(BlockKind::If);
     CloseSimple(BlockKind::If, "End If", "If", place);
-    if (isOpen && !IsFirstOnLine())
+    if (isOpen && !IsFirstOnLine()) {
         m_cursor.FailAt(place, parseerror::kMustBeFirst);
+    }
 }
 
 void StatementParser::ParseSelect() {
@@ -145,11 +154,13 @@ void StatementParser::ParseSelect() {
 
 /// Between `Select Case` and the first `Case` no statement may stand.
 void StatementParser::RequireCase() {
-    if (!m_blocks.TopIs(BlockKind::Select))
+    if (!m_blocks.TopIs(BlockKind::Select)) {
         return;
+    }
     auto& clauses = std::get<SelectStatement>(m_blocks.Top().Node.Node).Clauses;
-    if (!clauses.empty())
+    if (!clauses.empty()) {
         return;
+    }
     m_cursor.Errors().Add(
         parseerror::kExpectedCase, m_cursor.Place(), "no statement can stand before the first one");
     clauses.emplace_back();
@@ -158,16 +169,18 @@ void StatementParser::RequireCase() {
 void StatementParser::ParseCase() {
     const SourcePlace place = m_cursor.Take().Place;
     if (!m_blocks.Expose(BlockKind::Select, BlockKind::Select, "Case", place)) {
-        if (!m_blocks.HasOrphan(BlockKind::Select))
+        if (!m_blocks.HasOrphan(BlockKind::Select)) {
             m_cursor.FailText(place, "'Case' without 'Select Case'");
+        }
         m_cursor.TakeToEnd();
         m_cursor.TakeIf(Keyword::Else);
         return;
     }
     UpdateWith();
     const bool sawElse = m_blocks.Top().SawElse;
-    if (sawElse)
+    if (sawElse) {
         m_cursor.FailText(place, "'Case' behind 'Case Else'");
+    }
     CaseClause clause;
     clause.Place = place;
     if (m_cursor.TakeIf(Keyword::Else)) {
@@ -183,10 +196,11 @@ void StatementParser::ParseCase() {
 CaseTest StatementParser::ParseCaseTest() {
     CaseTest test{CaseTestKind::Value, BinaryOperator::Equal, nullptr, nullptr};
     const bool hasIs = m_cursor.At(TokenKind::Keyword) && m_cursor.TakeIf(Keyword::Is);
-    if (m_expressions.TakeComparison(test.Comparison))
+    if (m_expressions.TakeComparison(test.Comparison)) {
         test.Kind = CaseTestKind::Comparison;
-    else if (hasIs)
+    } else if (hasIs) {
         m_cursor.Fail(parseerror::kSyntax, "'Case Is' is followed by a comparison operator");
+    }
     test.Value = m_expressions.ParseExpression();
     if (test.Kind == CaseTestKind::Value && m_cursor.At(TokenKind::Keyword) &&
         m_cursor.TakeIf(Keyword::To)) {

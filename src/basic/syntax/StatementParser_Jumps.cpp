@@ -9,8 +9,9 @@ namespace dorvik::basic {
 std::string StatementParser::ParseLabelName() {
     constexpr std::string_view kLargest = "2147483647";
     const Token token = m_cursor.Peek();
-    if (token.Kind == TokenKind::Name && token.Suffix == 0)
+    if (token.Kind == TokenKind::Name && token.Suffix == 0) {
         return std::string(m_cursor.Take().Text);
+    }
     const bool isWhole = token.Kind == TokenKind::Number &&
                          token.Text.find_first_not_of("0123456789") == std::string_view::npos;
     if (!isWhole) {
@@ -32,8 +33,9 @@ void StatementParser::ParseGoTo() {
     const SourcePlace place = m_cursor.Take().Place;
     const SourcePlace labelPlace = m_cursor.Place();
     std::string label = ParseLabelName();
-    if (!m_cursor.HasFailed())
+    if (!m_cursor.HasFailed()) {
         m_labels.Refer(label, labelPlace);
+    }
     Add(place, GoToStatement{std::move(label)});
 }
 
@@ -41,17 +43,19 @@ void StatementParser::ParseGoSub() {
     const SourcePlace place = m_cursor.Take().Place;
     const SourcePlace labelPlace = m_cursor.Place();
     std::string label = ParseLabelName();
-    if (!m_cursor.HasFailed())
+    if (!m_cursor.HasFailed()) {
         m_labels.Refer(label, labelPlace);
+    }
     Add(place, GoSubStatement{std::move(label)});
 }
 
 void StatementParser::ParseReturn() {
     const SourcePlace place = m_cursor.Take().Place;
-    if (!m_cursor.AtEnd())
+    if (!m_cursor.AtEnd()) {
         m_cursor.Fail(
             parseerror::kExpectedEndOfStatement,
             "'Return' gives no value; assign it to the name of the function");
+    }
     Add(place, ReturnStatement{});
 }
 
@@ -61,22 +65,25 @@ void StatementParser::ParseOn() {
     const Keyword behind = m_cursor.Peek(local + 1).Word;
     if (m_cursor.Peek(local).Word == Keyword::Error &&
         (behind == Keyword::GoTo || behind == Keyword::Resume)) {
-        for (std::size_t i = 0; i <= local; ++i)
+        for (std::size_t i = 0; i <= local; ++i) {
             m_cursor.Take();
+        }
         ParseOnError(place);
         return;
     }
     OnJumpStatement statement;
     statement.Selector = m_expressions.ParseExpression();
-    if (m_cursor.At(Keyword::GoTo) || m_cursor.At(Keyword::GoSub))
+    if (m_cursor.At(Keyword::GoTo) || m_cursor.At(Keyword::GoSub)) {
         statement.IsGoSub = m_cursor.Take().Word == Keyword::GoSub;
-    else
+    } else {
         m_cursor.Fail(parseerror::kSyntax, "expected 'GoTo' or 'GoSub'");
+    }
     do {
         const SourcePlace labelPlace = m_cursor.Place();
         statement.Labels.push_back(ParseLabelName());
-        if (!m_cursor.HasFailed())
+        if (!m_cursor.HasFailed()) {
             m_labels.Refer(statement.Labels.back(), labelPlace);
+        }
     } while (m_cursor.TakeIf(TokenKind::Comma));
     Add(place, std::move(statement));
 }
@@ -100,8 +107,9 @@ void StatementParser::ParseOnError(SourcePlace place) {
         Add(place, OnErrorStatement{ErrorPolicy::Off, {}});
         return;
     }
-    if (!m_cursor.HasFailed())
+    if (!m_cursor.HasFailed()) {
         m_labels.Refer(label, token.Place);
+    }
     Add(place, OnErrorStatement{ErrorPolicy::GoToLabel, std::move(label)});
 }
 
@@ -121,8 +129,9 @@ void StatementParser::ParseResume() {
         Add(place, ResumeStatement{ResumeKind::Same, {}});
         return;
     }
-    if (!m_cursor.HasFailed())
+    if (!m_cursor.HasFailed()) {
         m_labels.Refer(label, token.Place);
+    }
     Add(place, ResumeStatement{ResumeKind::Label, std::move(label)});
 }
 
@@ -142,8 +151,9 @@ void StatementParser::ParseExit() {
     const ProcedureKind kind = m_procedure->Kind;
     const bool isProperty = kind != ProcedureKind::Sub && kind != ProcedureKind::Function;
     for (const Row& row : kRows) {
-        if (!m_cursor.At(row.Word))
+        if (!m_cursor.At(row.Word)) {
             continue;
+        }
         const bool fits = (row.Kind == ExitKind::Sub && kind == ProcedureKind::Sub) ||
                           (row.Kind == ExitKind::Function && kind == ProcedureKind::Function) ||
                           (row.Kind == ExitKind::Property && isProperty) ||
@@ -151,11 +161,12 @@ void StatementParser::ParseExit() {
                           (row.Kind == ExitKind::For && (m_blocks.Contains(BlockKind::For) ||
                                                          m_blocks.Contains(BlockKind::ForEach)));
         const Token word = m_cursor.Take();
-        if (!fits)
+        if (!fits) {
             m_cursor.FailAt(
                 place,
                 parseerror::kInvalidExit,
                 "'Exit " + std::string(word.Text) + "' stands in nothing that it could leave");
+        }
         Add(place, ExitStatement{row.Kind});
         return;
     }

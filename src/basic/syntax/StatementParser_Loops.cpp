@@ -9,19 +9,23 @@ namespace dorvik::basic {
 ExpressionPointer StatementParser::ParseLoopVariable(std::string& name) {
     const SourcePlace place = m_cursor.Place();
     ExpressionPointer variable = m_expressions.ParseTarget();
-    if (!variable)
+    if (!variable) {
         return variable;
-    if (const auto* plain = std::get_if<NameNode>(&variable->Node))
+    }
+    if (const auto* plain = std::get_if<NameNode>(&variable->Node)) {
         name = modTextCase::ToLower(plain->Name);
-    else if (!std::holds_alternative<MemberNode>(variable->Node))
+    } else if (!std::holds_alternative<MemberNode>(variable->Node)) {
         m_cursor.FailAt(place, parseerror::kInvalidForVariable);
-    if (name.empty())
+    }
+    if (name.empty()) {
         return variable;
-    if (const OpenBlock* outer = m_blocks.FindVariable(name))
+    }
+    if (const OpenBlock* outer = m_blocks.FindVariable(name)) {
         m_cursor.FailAt(
             place,
             parseerror::kInvalidForVariable,
             "the 'For' in line " + std::to_string(outer->Place.Line) + " has the same");
+    }
     return variable;
 }
 
@@ -38,8 +42,9 @@ void StatementParser::ParseFor() {
     statement.From = m_expressions.ParseExpression();
     m_cursor.Expect(Keyword::To, parseerror::kExpectedTo);
     statement.To = m_expressions.ParseExpression();
-    if (m_cursor.At(TokenKind::Name) && m_cursor.TakeIf(Keyword::Step))
+    if (m_cursor.At(TokenKind::Name) && m_cursor.TakeIf(Keyword::Step)) {
         statement.Step = m_expressions.ParseExpression();
+    }
     Open(BlockKind::For, place, std::move(statement));
     m_blocks.Top().Variable = std::move(name);
 }
@@ -62,15 +67,17 @@ void StatementParser::ParseNext() {
     }
     do {
         const ExpressionPointer variable = m_expressions.ParseTarget();
-        if (!CloseLoopOf(next, variable))
+        if (!CloseLoopOf(next, variable)) {
             return;
+        }
     } while (m_cursor.TakeIf(TokenKind::Comma));
 }
 
 bool StatementParser::CloseLoopOf(const Token& next, const ExpressionPointer& variable) {
     if (!m_blocks.Expose(BlockKind::For, BlockKind::ForEach, "Next", next.Place)) {
-        if (!m_blocks.TakeOrphan(BlockKind::For) && !m_blocks.TakeOrphan(BlockKind::ForEach))
+        if (!m_blocks.TakeOrphan(BlockKind::For) && !m_blocks.TakeOrphan(BlockKind::ForEach)) {
             m_cursor.FailAt(next.Place, parseerror::kUnexpectedNext);
+        }
         return !m_cursor.HasFailed();
     }
     OpenBlock& top = m_blocks.Top();
@@ -78,30 +85,35 @@ bool StatementParser::CloseLoopOf(const Token& next, const ExpressionPointer& va
     const std::string name = plain ? modTextCase::ToLower(plain->Name) : std::string();
     if (plain && !top.Variable.empty() && name != top.Variable) {
         // Two loops that end in the wrong order are told once.
-        if (name != m_crossedVariable)
+        if (name != m_crossedVariable) {
             m_cursor.FailAt(
                 variable->Place,
                 parseerror::kInvalidForVariable,
                 "'Next " + plain->Name + "' does not belong to the 'For' in line " +
                     std::to_string(top.Place.Line));
+        }
         m_crossedVariable = top.Variable;
     }
-    if (auto* loop = std::get_if<ForStatement>(&top.Node.Node))
+    if (auto* loop = std::get_if<ForStatement>(&top.Node.Node)) {
         loop->NextPlace = next.Place;
-    else
+    } else {
         std::get<ForEachStatement>(top.Node.Node).NextPlace = next.Place;
+    }
     m_blocks.Pop();
     UpdateWith();
     return true;
 }
 
 LoopTest StatementParser::TakeLoopTest() {
-    if (m_cursor.TakeIf(Keyword::While))
+    if (m_cursor.TakeIf(Keyword::While)) {
         return LoopTest::While;
-    if (m_cursor.TakeIf(Keyword::Until))
+    }
+    if (m_cursor.TakeIf(Keyword::Until)) {
         return LoopTest::Until;
-    if (!m_cursor.AtEnd())
+    }
+    if (!m_cursor.AtEnd()) {
         m_cursor.Fail(parseerror::kExpectedWhileUntilOrEnd);
+    }
     return LoopTest::None;
 }
 
@@ -109,16 +121,18 @@ void StatementParser::ParseDo() {
     const SourcePlace place = m_cursor.Take().Place;
     LoopStatement statement;
     statement.TestBefore = TakeLoopTest();
-    if (statement.TestBefore != LoopTest::None)
+    if (statement.TestBefore != LoopTest::None) {
         statement.Condition = m_expressions.ParseExpression();
+    }
     Open(BlockKind::Do, place, std::move(statement));
 }
 
 void StatementParser::ParseLoop() {
     const SourcePlace place = m_cursor.Take().Place;
     if (!m_blocks.Expose(BlockKind::Do, BlockKind::Do, "Loop", place)) {
-        if (!m_blocks.TakeOrphan(BlockKind::Do))
+        if (!m_blocks.TakeOrphan(BlockKind::Do)) {
             m_cursor.FailAt(place, parseerror::kLoopWithoutDo);
+        }
         m_cursor.TakeToEnd();
         return;
     }
@@ -149,8 +163,9 @@ void StatementParser::ParseWhile() {
 
 void StatementParser::ParseWend() {
     const SourcePlace place = m_cursor.Take().Place;
-    if (m_blocks.Expose(BlockKind::While, BlockKind::While, "Wend", place))
+    if (m_blocks.Expose(BlockKind::While, BlockKind::While, "Wend", place)) {
         std::get<LoopStatement>(m_blocks.Top().Node.Node).LoopPlace = place;
+    }
     CloseSimple(BlockKind::While, "Wend", "While", place);
 }
 

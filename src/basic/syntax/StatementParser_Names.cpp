@@ -46,26 +46,31 @@ bool IsRefusedCall(Keyword word) {
 
 void StatementParser::ParseNamed() {
     const Token& first = m_cursor.Peek();
-    if (first.Kind != TokenKind::Name || first.Word == Keyword::None || !ParseSpecial())
+    if (first.Kind != TokenKind::Name || first.Word == Keyword::None || !ParseSpecial()) {
         ParseTargetStatement();
+    }
 }
 
 bool StatementParser::StatementContains(Keyword word) const {
     for (std::size_t ahead = 1;; ++ahead) {
         const Token& token = m_cursor.Peek(ahead);
-        if (token.Kind == TokenKind::EndOfLine || token.Kind == TokenKind::Colon)
+        if (token.Kind == TokenKind::EndOfLine || token.Kind == TokenKind::Colon) {
             return false;
-        if (token.Kind == TokenKind::Keyword && token.Word == word)
+        }
+        if (token.Kind == TokenKind::Keyword && token.Word == word) {
             return true;
+        }
     }
 }
 
 bool StatementParser::AtRefused(const Token& first) const {
     const Token& next = m_cursor.Peek(1);
-    if (next.Kind == TokenKind::Equal || next.Kind == TokenKind::Dot)
+    if (next.Kind == TokenKind::Equal || next.Kind == TokenKind::Dot) {
         return false;
-    if (first.Word == Keyword::Line)
+    }
+    if (first.Word == Keyword::Line) {
         return next.Word == Keyword::Input;
+    }
     const bool hasFile = next.Kind == TokenKind::Hash || first.Suffix == '#';
     return std::any_of(std::begin(kRefused), std::end(kRefused), [&](const RefusedRow& row) {
         return row.Word == first.Word &&
@@ -76,10 +81,12 @@ bool StatementParser::AtRefused(const Token& first) const {
 
 /// `Date = x` and `Time = x` set the clock, where neither is a name of the script's own.
 bool StatementParser::AtRefusedClock(const Token& first) const {
-    if (m_cursor.Peek(1).Kind != TokenKind::Equal || (first.Suffix != 0 && first.Suffix != '$'))
+    if (m_cursor.Peek(1).Kind != TokenKind::Equal || (first.Suffix != 0 && first.Suffix != '$')) {
         return false;
-    if (first.Word == Keyword::Date)
+    }
+    if (first.Word == Keyword::Date) {
         return !m_moduleNames.Date && !m_localNames.Date;
+    }
     return first.Word == Keyword::Time && !m_moduleNames.Time && !m_localNames.Time;
 }
 
@@ -88,19 +95,21 @@ bool StatementParser::ParseSpecial() {
     const Token& next = m_cursor.Peek(1);
     if (first.Word == Keyword::Debug && next.Kind == TokenKind::Dot) {
         const Keyword member = m_cursor.Peek(2).Word;
-        if (member == Keyword::Print)
+        if (member == Keyword::Print) {
             ParseDebugPrint();
-        else if (member == Keyword::Assert)
+        } else if (member == Keyword::Assert) {
             ParseDebugAssert();
-        else
+        } else {
             return false;
+        }
         return true;
     }
     if (AtRefused(first)) {
         m_cursor.TakeToEnd();
         std::string name(first.Text);
-        if (first.Word == Keyword::Line)
+        if (first.Word == Keyword::Line) {
             name += " Input";
+        }
         Add(first.Place, RefusedStatement{std::move(name), nullptr});
         return true;
     }
@@ -162,27 +171,31 @@ void StatementParser::SkipLinesTo(const Token& first, Keyword word, std::string 
 void StatementParser::ParseTargetStatement() {
     const SourcePlace place = m_cursor.Place();
     ExpressionPointer target = m_expressions.ParseTarget();
-    if (m_cursor.HasFailed())
+    if (m_cursor.HasFailed()) {
         return;
+    }
     if (m_cursor.At(TokenKind::Equal)) {
-        if (!TakeMidAssignment(place, target))
+        if (!TakeMidAssignment(place, target)) {
             ParseAssignment(place, std::move(target));
+        }
         return;
     }
     RefuseForeignAssignment();
-    if (!m_cursor.HasFailed())
+    if (!m_cursor.HasFailed()) {
         ParseCallStatement(place, std::move(target));
+    }
 }
 
 void StatementParser::RefuseForeignAssignment() {
     const Token& sign = m_cursor.Peek();
     const Token& next = m_cursor.Peek(1);
     const bool isSign = sign.Kind >= TokenKind::Plus && sign.Kind <= TokenKind::Ampersand;
-    if (isSign && next.Kind == TokenKind::Equal && !next.BlankBefore)
+    if (isSign && next.Kind == TokenKind::Equal && !next.BlankBefore) {
         m_cursor.FailText(
             sign.Place,
             "'" + std::string(sign.Text) + "=' is not an operator of this language; write 'x = x " +
                 std::string(sign.Text) + " ...'");
+    }
 }
 
 void StatementParser::ParseAssignment(SourcePlace place, ExpressionPointer target) {
@@ -226,20 +239,25 @@ bool StatementParser::TakeMidAssignment(SourcePlace place, ExpressionPointer& ta
     auto* index = std::get_if<IndexNode>(&target->Node);
     const auto* name = index ? std::get_if<NameNode>(&index->Target->Node) : nullptr;
     if (!name || !modTextCase::Equal(name->Name, "Mid") ||
-        (name->Suffix != 0 && name->Suffix != '$'))
+        (name->Suffix != 0 && name->Suffix != '$')) {
         return false;
+    }
     auto& arguments = index->Arguments;
-    if (arguments.size() < 2 || arguments.size() > 3)
+    if (arguments.size() < 2 || arguments.size() > 3) {
         return false;
-    for (const Argument& argument : arguments)
-        if (!argument.Value || !argument.Name.empty())
+    }
+    for (const Argument& argument : arguments) {
+        if (!argument.Value || !argument.Name.empty()) {
             return false;
+        }
+    }
     m_cursor.Take();
     TextAssignStatement statement{TextAssignment::Mid, nullptr, nullptr, nullptr, nullptr};
     statement.Target = std::move(arguments[0].Value);
     statement.Start = std::move(arguments[1].Value);
-    if (arguments.size() == 3)
+    if (arguments.size() == 3) {
         statement.Length = std::move(arguments[2].Value);
+    }
     statement.Value = m_expressions.ParseExpression();
     Add(place, std::move(statement));
     return true;
@@ -248,11 +266,13 @@ bool StatementParser::TakeMidAssignment(SourcePlace place, ExpressionPointer& ta
 void StatementParser::ParseCall() {
     const SourcePlace place = m_cursor.Take().Place;
     ExpressionPointer target = m_expressions.ParseTarget();
-    if (m_cursor.HasFailed())
+    if (m_cursor.HasFailed()) {
         return;
-    if (!m_cursor.AtEnd())
+    }
+    if (!m_cursor.AtEnd()) {
         m_cursor.Fail(
             parseerror::kExpectedEndOfStatement, "the arguments of 'Call' stand in parentheses");
+    }
     CallStatement call;
     call.IsCallForm = true;
     if (auto* index = std::get_if<IndexNode>(&target->Node)) {
@@ -305,17 +325,19 @@ std::size_t StatementParser::LastParenthesis() const {
     do {
         --position;
         const TokenKind kind = m_cursor.TokenAt(position).Kind;
-        if (kind == TokenKind::RightParenthesis)
+        if (kind == TokenKind::RightParenthesis) {
             ++depth;
-        else if (kind == TokenKind::LeftParenthesis)
+        } else if (kind == TokenKind::LeftParenthesis) {
             --depth;
+        }
     } while (depth > 0);
     return position;
 }
 
 void StatementParser::AddCall(SourcePlace place, CallStatement call) {
-    if (m_cursor.HasFailed())
+    if (m_cursor.HasFailed()) {
         return;
+    }
     const auto* name = std::get_if<NameNode>(&call.Callee->Node);
     const Keyword word = name && name->Suffix == 0 ? FindKeyword(name->Name) : Keyword::None;
     if (word == Keyword::Error && !call.IsCallForm && call.Arguments.size() == 1 &&

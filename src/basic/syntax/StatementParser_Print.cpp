@@ -10,8 +10,9 @@ void StatementParser::ParseDebugPrint() {
     m_cursor.Take();
     m_cursor.Take();
     DebugPrintStatement statement;
-    while (!m_cursor.AtEnd() && !m_cursor.HasFailed())
+    while (!m_cursor.AtEnd() && !m_cursor.HasFailed()) {
         statement.Parts.push_back(ParsePrintPart());
+    }
     Add(place, std::move(statement));
 }
 
@@ -31,12 +32,13 @@ PrintPart StatementParser::ParsePrintPart() {
     } else if (!m_cursor.At(TokenKind::Semicolon) && !m_cursor.At(TokenKind::Comma)) {
         part.Value = m_expressions.ParseExpression();
     }
-    if (m_cursor.TakeIf(TokenKind::Semicolon))
+    if (m_cursor.TakeIf(TokenKind::Semicolon)) {
         part.Separator = PrintSeparator::Join;
-    else if (m_cursor.TakeIf(TokenKind::Comma))
+    } else if (m_cursor.TakeIf(TokenKind::Comma)) {
         part.Separator = PrintSeparator::Zone;
-    else if (!m_cursor.AtEnd())
+    } else if (!m_cursor.AtEnd()) {
         part.Separator = PrintSeparator::Join;  // `Debug.Print "a" b` joins as well
+    }
     return part;
 }
 

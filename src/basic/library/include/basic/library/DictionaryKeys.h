@@ -34,16 +34,19 @@ public:
     std::size_t Count() const { return m_count; }
     /// The same as `Find(key, HashOfKey(key))`, faster for the text that was found last: what is read is often written next.
     std::size_t FindAgain(const Value& key) const {
-        if (m_isRow && key.Type() == ValueType::Long)
+        if (m_isRow && key.Type() == ValueType::Long) {
             return FindInRow(key.AsLong());
-        if (m_lastFound < m_entries.size() && IsSameText(m_entries[m_lastFound].Key, key))
+        }
+        if (m_lastFound < m_entries.size() && IsSameText(m_entries[m_lastFound].Key, key)) {
             return m_lastFound;
+        }
         return Find(key, HashOf(key));
     }
     /// Like `HashOfKey`.
     std::uint32_t HashOf(const Value& key) const {
-        if (key.Type() == ValueType::String && !m_ignoresCase && key.TextBody() != nullptr)
+        if (key.Type() == ValueType::String && !m_ignoresCase && key.TextBody() != nullptr) {
             return key.TextBody()->Hash();
+        }
         return HashOfKey(key, m_ignoresCase);
     }
     /// The place of a key, `kNone` if it is not there.

@@ -105,8 +105,9 @@ private:
     void StartClock();
     void Spend(std::size_t units) {
         m_budget -= static_cast<std::int64_t>(units);
-        if (m_budget < 0)
+        if (m_budget < 0) {
             CheckBudget();
+        }
     }
 
     // Slow halves of instructions of the loop
@@ -241,18 +242,23 @@ inline void Machine::Enter(
         static_cast<std::uint32_t>(m_goSubs.size())};
     // No slot from here on holds a body, nor do the initial values, so that they can be copied as bytes.
     Value* target = base + procedure.ParameterCount;
-    for (const Value& value : procedure.Initial)
+    for (const Value& value : procedure.Initial) {
         CopyPlain(*target++, value);
+    }
 }
 
 /// Takes the frame off; what its slots held is released.
 inline void Machine::Leave() {
     const Frame& frame = m_frames[--m_depth];
-    for (Value *slot = frame.Base, *end = slot + frame.Procedure->GenericSlots; slot != end; ++slot)
-        if (slot->HoldsBody())
+    for (Value *slot = frame.Base, *end = slot + frame.Procedure->GenericSlots; slot != end;
+         ++slot) {
+        if (slot->HoldsBody()) {
             *slot = Value();
-    if (m_goSubs.size() != frame.GoSubs)
+        }
+    }
+    if (m_goSubs.size() != frame.GoSubs) {
         m_goSubs.resize(frame.GoSubs);
+    }
 }
 
 /// Ends a script for good; nothing in it can trap this.

@@ -40,8 +40,9 @@ public:
         if (count == 1 && m_dimensions.size() == 1) {
             const Bounds& bounds = m_dimensions.front();
             const std::int64_t offset = std::int64_t{*indices} - bounds.Lower;
-            if (offset >= 0 && *indices <= bounds.Upper) [[likely]]
+            if (offset >= 0 && *indices <= bounds.Upper) [[likely]] {
                 return static_cast<std::size_t>(offset);
+            }
         }
         return OffsetOfMany(indices, count);
     }

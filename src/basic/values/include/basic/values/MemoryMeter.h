@@ -23,15 +23,17 @@ public:
 
     /// Raises 7, "Out of memory (the limit of N bytes was reached)", and counts nothing, when the limit would be passed.
     void Charge(std::size_t bytes) {
-        if (bytes > m_limit || m_used > m_limit - bytes)
+        if (bytes > m_limit || m_used > m_limit - bytes) {
             RaiseOutOfMemory();
+        }
         m_used += bytes;
     }
     void Refund(std::size_t bytes) noexcept { m_used -= std::min(bytes, m_used); }
     /// Raises 14 with a text that names the limit.
     void CheckString(std::size_t bytes) const {
-        if (bytes > m_stringLimit)
+        if (bytes > m_stringLimit) {
             RaiseOutOfStringSpace();
+        }
     }
 
 private:

@@ -34,8 +34,9 @@ class Ref {
 public:
     Ref() = default;
     explicit Ref(T* body) : m_body(body) {
-        if (m_body)
+        if (m_body) {
             m_body->AddReference();
+        }
     }
     Ref(const Ref& other) : Ref(other.m_body) {}
     Ref(Ref&& other) noexcept : m_body(std::exchange(other.m_body, nullptr)) {}
@@ -46,8 +47,9 @@ public:
         return *this;
     }
     ~Ref() {
-        if (m_body && m_body->DropReference())
+        if (m_body && m_body->DropReference()) {
             ReferenceCounted::Destroy(m_body);
+        }
     }
 
     T* Get() const { return m_body; }

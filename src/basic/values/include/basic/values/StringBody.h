@@ -40,8 +40,9 @@ public:
     /// The byte offset of a character, counted from 0; the size of the text if it has fewer. A question costs
     /// the same wherever the character stands, but for the first ones about a text that is not ASCII.
     std::size_t OffsetOf(std::size_t character) const {
-        if (IsAscii())
+        if (IsAscii()) {
             return character < m_text.size() ? character : m_text.size();
+        }
         return OffsetOfMixed(character);
     }
     /// How many characters stand before a byte offset.

@@ -40,8 +40,9 @@ public:
         return *this;
     }
     ~Value() {
-        if (HoldsBody())
+        if (HoldsBody()) {
             Drop(m_data.Body, m_type);
+        }
     }
 
     static Value Null() noexcept { return Plain(ValueType::Null, 0); }
@@ -193,8 +194,9 @@ private:
         return ((types >> static_cast<unsigned>(m_type)) & 1) != 0;
     }
     void Retain() const noexcept {
-        if (HoldsBody() && m_data.Body != nullptr)
+        if (HoldsBody() && m_data.Body != nullptr) {
             m_data.Body->AddReference();
+        }
     }
     /// The old body goes last: it may own whatever the new value was read from.
     void Replace(const Data& data, ValueType type) noexcept {
@@ -203,12 +205,14 @@ private:
         const bool heldBody = HoldsBody();
         m_data = data;
         m_type = type;
-        if (heldBody)
+        if (heldBody) {
             Drop(oldData.Body, oldType);
+        }
     }
     static void Drop(ReferenceCounted* body, ValueType type) noexcept {
-        if (body != nullptr && body->DropReference())
+        if (body != nullptr && body->DropReference()) {
             Destroy(body, type);
+        }
     }
     static void Destroy(ReferenceCounted* body, ValueType type) noexcept;
     Value DeepCopyBody() const;
