@@ -19,7 +19,7 @@ MAY_CATCH_BELOW = ("src/platform/",)
 # So does a constructor or destructor, which the log knows under a name of its own.
 SPEAKS_FOR_ANOTHER = {("src/source/LayoutReader.cpp", "Extract"), ("src/enforcement/RuleEngine.cpp", "RuleEngine")}
 FUNCTION = re.compile(r"^[A-Za-z].*?(?:\b([A-Za-z_]\w*)::)?([A-Za-z_]\w*)\((?!.*;$)", re.MULTILINE)
-TRAP = re.compile(r"Trap\(\s*\{\s*([\w:\"]+),\s*\"([^\"]+)\"\s*\}")
+TRAP = re.compile(r"Trap(?:ped)?\(\s*\{\s*([\w:\"]+),\s*\"([^\"]+)\"\s*\}")
 
 
 def same_operation(logged, function):

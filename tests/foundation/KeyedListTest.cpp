@@ -10,6 +10,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace dorvik {
 namespace {
@@ -229,6 +230,20 @@ TYPED_TEST(AnyKeyedList, HundredEntriesAreAllFound) {
     for (int number = 0; number < 100; ++number) {
         EXPECT_EQ(list.FindIndexByKey("kEY" + std::to_string(number)), number + 1);
     }
+}
+
+TEST(KeyedArrayList, RangeGivesTheValuesInOrderAndKeysTheirKeys) {
+    KeyedArrayList list;
+    list.Add("b", Variant("two"));
+    list.Add("a", Variant("one"));
+    std::vector<std::string> texts;
+    for (const Variant& value : list) {
+        texts.push_back(value.AsText());
+    }
+    EXPECT_EQ(texts, (std::vector<std::string>{"two", "one"}));
+    EXPECT_EQ(
+        std::vector<std::string>(list.Keys().begin(), list.Keys().end()),
+        (std::vector<std::string>{"b", "a"}));
 }
 
 TEST(KeyedArrayList, RemoveByValueTakesTheFirstOfTwoEqualValues) {

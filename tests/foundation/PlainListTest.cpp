@@ -7,6 +7,7 @@
 #include "foundation/lists/StringArrayList.h"
 #include "support/CapturedLog.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -241,6 +242,16 @@ TEST(PlainList, MoveItemShiftsWhatLiesBetweenAndKeepsTheFlag) {
         EXPECT_EQ(list.SelectedCount(), 1);
         EXPECT_TRUE(list.Dirty());
     }
+}
+
+TEST(PlainList, RangeIsWhatCountSaysAndNotTheStaleSlotsAfterIt) {
+    LongArrayList list;
+    for (const std::int32_t number : {1, 2, 3}) {
+        list.Add(number);
+    }
+    list.Remove(1);
+    EXPECT_THAT(std::vector<std::int32_t>(list.begin(), list.end()), testing::ElementsAre(2, 3));
+    EXPECT_EQ(LongArrayList().begin(), LongArrayList().end());
 }
 
 TEST(PlainList, MoveItemToItsOwnPlaceDoesNotSetDirty) {

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -38,6 +39,32 @@ TEST(Trap, BodyThatEndsLogsNothing) {
     EXPECT_TRUE(Trap({"Reader", "Load"}, [&] { ++calls; }));
     EXPECT_EQ(calls, 1);
     EXPECT_TRUE(log.Lines().empty());
+}
+
+TEST(Trapped, GivesTheValueOfItsBodyAndLogsNothing) {
+    const test::CapturedLog log;
+    EXPECT_EQ(Trapped({"Reader", "Size"}, -1, [] { return 7; }), 7);
+    EXPECT_TRUE(log.Lines().empty());
+}
+
+TEST(Trapped, AfterAFailureGivesTheOtherValueAndLogsTheFailure) {
+    const test::CapturedLog log;
+    const int size =
+        Trapped({"Reader", "Size"}, -1, []() -> int { throw BasicError(53, "File not found"); });
+    EXPECT_EQ(size, -1);
+    EXPECT_EQ(log.Entries(), std::vector<std::string>{"Error #53 - File not found#Reader::Size"});
+}
+
+TEST(Trapped, SmallRecordThatComesBackInRegistersKeepsItsOtherValue) {
+    struct Tally {
+        std::int64_t Count;
+        std::int64_t Impact;
+    };
+    const test::CapturedLog log;
+    const Tally tally =
+        Trapped({"Reader", "Tally"}, {3, 4}, []() -> Tally { throw std::runtime_error("odd"); });
+    EXPECT_EQ(tally.Count, 3);
+    EXPECT_EQ(tally.Impact, 4);
 }
 
 TEST(Trap, LogThatCannotBeOpenedIsRememberedAndDoesNoMoreHarm) {

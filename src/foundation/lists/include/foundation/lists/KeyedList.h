@@ -66,6 +66,12 @@ public:
     std::int32_t IndexOfValue(Sought value) const { return m_values.IndexOfValue(value); }
     void MoveItem(std::int32_t from, std::int32_t to);
 
+    /// The values in the order of their positions, for a range-based `for`. Valid until the list changes.
+    auto begin() const { return m_values.begin(); }
+    auto end() const { return m_values.end(); }
+    /// The keys in the same order.
+    const StringArrayList& Keys() const { return m_keys; }
+
 protected:
     /// Returns the new position. Raises `kyErrKeyInUse` to the caller if the key is to be tested
     /// and there already.

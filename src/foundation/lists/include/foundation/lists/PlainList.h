@@ -59,13 +59,17 @@ public:
     /// The first position with that value; -1 if there is none.
     std::int32_t IndexOfValue(Sought value) const;
 
-    /// Moves an element with its flag; those between shift one place toward `from`.
+    /// Moves an element with its flag; those between shift one position toward `from`.
     void MoveItem(std::int32_t from, std::int32_t to);
 
+    /// The elements at the positions 1 to `Count`, for a range-based `for`. Valid until the list changes.
+    const T* begin() const { return m_items.data(); }
+    const T* end() const { return m_items.data() + m_count; }
+
 protected:
-    /// The elements in use, for an algorithm of a derived list. Flags and `Dirty` are not its business.
-    T* Begin() { return m_items.data(); }
-    T* End() { return m_items.data() + m_count; }
+    /// The same elements, for an algorithm of a derived list that moves them. It leaves flags and `Dirty` alone.
+    T* MutableBegin() { return m_items.data(); }
+    T* MutableEnd() { return m_items.data() + m_count; }
 
 private:
     static std::size_t Slot(std::int32_t index) { return static_cast<std::size_t>(index) - 1; }
