@@ -234,10 +234,10 @@ private:
 
     /// `dorvik::Trap`, which notes the failure as well. An operation that calls others counts as one.
     template <typename Body>
-    bool Trap(const Place& place, Body&& body) {
+    bool Trap(const LogOrigin& origin, Body&& body) {
         ++m_openTraps;
         const bool isDone =
-            dorvik::Trap(place, std::forward<Body>(body), [this](const BasicError& failure) {
+            dorvik::Trap(origin, std::forward<Body>(body), [this](const BasicError& failure) {
                 m_failures.NoteReason(failure);
                 return false;
             });
