@@ -19,11 +19,11 @@ bool ProjectEventWalk::Run() {
     Fire(dorvik::ParserEvent::BeginProject);
     WalkReferences();
     Fire(dorvik::ParserEvent::BeginSourceFiles);
-    for (std::int32_t index = 1; index <= m_project.SourceFiles().Count() && !m_stopped; ++index) {
-        WalkFile(*m_project.SourceFiles().Item(index));
-    }
-    if (m_stopped) {
-        return false;
+    for (const auto& file : m_project.SourceFiles()) {
+        WalkFile(*file);
+        if (m_stopped) {
+            return false;
+        }
     }
     Fire(dorvik::ParserEvent::EndSourceFiles);
     modTolerances::SetTolerancePassValue(
@@ -34,9 +34,9 @@ bool ProjectEventWalk::Run() {
 }
 
 void ProjectEventWalk::WalkReferences() {
-    for (std::int32_t index = 1; index <= m_project.References().Count(); ++index) {
+    for (const auto& reference : m_project.References()) {
         // Nothing is authorised where there is no rulebase.
-        modProjectScope::AttachReference(m_state, *m_project.References().Item(index), false);
+        modProjectScope::AttachReference(m_state, *reference, false);
         Fire(dorvik::ParserEvent::Reference);
         modProjectScope::DetachReference(m_state);
     }

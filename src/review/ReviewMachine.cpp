@@ -64,11 +64,8 @@ std::int32_t ReviewMachine::InitialiseReview(std::shared_ptr<ReviewCriteria> cri
 }
 
 SliceResult ReviewMachine::ReviewTimeSlice(std::int32_t ticks) {
-    if (const auto refusal = m_slices.RefusalNow()) {
-        Trap({kModule, "ReviewTimeSlice"}, [&] {
-            modLog::Log().LogEvent(refusal->Reason, "ReviewTimeSlice", kModule);
-        });
-        return refusal->Result;
+    if (const auto refused = m_slices.Refuse(kModule)) {
+        return *refused;
     }
     const SliceGuard::Slice running(m_slices);
     auto result = SliceResult::Failed;
@@ -95,7 +92,7 @@ void ReviewMachine::Abandon() {
     if (m_slices.IsRunning()) {
         return;  // the slice sees it behind its step
     }
-    const bool hasTouchedProjects = m_state != ReviewStatus::Start && !m_slices.RefusalNow();
+    const bool hasTouchedProjects = m_state != ReviewStatus::Start && m_slices.IsReady();
     if (hasTouchedProjects) {
         Trap({kModule, "Abandon"}, [&] {
             Abort();
@@ -133,19 +130,21 @@ SliceResult ReviewMachine::Abort() {
 }
 
 ReviewStatus ReviewMachine::DetermineReviewStatus() {
-    // The numbers are shared with the project review, so most of them are no state of this machine.
-    switch (static_cast<std::int32_t>(m_state)) {
-        case 1: return ReviewStatus::ShowLoadingRulebase;
-        case 2: return State_ShowLoadingRulebase();
-        case 3: return State_LoadRulebase();
-        case 4: return State_InitialiseReports();
-        case 5: return State_BeginProjects();
-        case 6: return State_OpenProject();
-        case 17: return State_ProjectTimeSlice();
-        case 26: return State_CloseProject();
-        case 27: return State_BatchReport();
-        default: return ReviewStatus::IsError;
+    switch (m_state) {
+        case ReviewStatus::Start: return ReviewStatus::ShowLoadingRulebase;
+        case ReviewStatus::ShowLoadingRulebase: return State_ShowLoadingRulebase();
+        case ReviewStatus::LoadRulebase: return State_LoadRulebase();
+        case ReviewStatus::InitialiseReports: return State_InitialiseReports();
+        case ReviewStatus::BeginProjects: return State_BeginProjects();
+        case ReviewStatus::OpenProject: return State_OpenProject();
+        case ReviewStatus::ProjectTimeSlice: return State_ProjectTimeSlice();
+        case ReviewStatus::CloseProject: return State_CloseProject();
+        case ReviewStatus::BatchReport: return State_BatchReport();
+        case ReviewStatus::IsReviewComplete:
+        case ReviewStatus::IsError:
+        case ReviewStatus::IsAbort: break;
     }
+    return ReviewStatus::IsError;
 }
 
 ReviewStatus ReviewMachine::RecoverFromError(ReviewStatus state) {
@@ -182,20 +181,22 @@ void ReviewMachine::ReleaseProjectReview() {
 }
 
 void ReviewMachine::ClearProjects() {
-    auto& projects = m_criteria->ProjectList();
-    for (std::int32_t index = 1; index <= projects.Count(); ++index) {
-        projects.Item(index)->ClearListProperties();
+    for (const auto& project : m_criteria->ProjectList()) {
+        project->ClearListProperties();
     }
 }
 
 ReviewStatus ReviewMachine::SignalProgress(ReviewStatus status) {
+    return IsCancelledNow() ? ReviewStatus::IsAbort : status;
+}
+
+bool ReviewMachine::IsCancelledNow() {
     m_progress.RecalcPercentages();
-    if (!m_progress.HasChanged()) {
-        return status;
-    }
     bool cancel = false;
-    SignalReviewProgress(cancel);
-    return cancel ? ReviewStatus::IsAbort : status;
+    if (m_progress.HasChanged()) {
+        SignalReviewProgress(cancel);
+    }
+    return cancel;
 }
 
 void ReviewMachine::SignalReviewProgress(bool& cancel) {
@@ -205,8 +206,8 @@ void ReviewMachine::SignalReviewProgress(bool& cancel) {
     cancel = cancel || m_isAbandoned;
 }
 
-void ReviewMachine::ReportsProgress(ProgressInfo&, std::int32_t state, bool& cancel) {
-    if (SignalProgress(static_cast<ReviewStatus>(state)) == ReviewStatus::IsAbort) {
+void ReviewMachine::ReportsProgress(ProgressInfo&, std::int32_t /*state*/, bool& cancel) {
+    if (IsCancelledNow()) {
         cancel = true;
         m_reportsCancelled = true;
     }
@@ -218,22 +219,20 @@ ReviewStatus ReviewMachine::State_ShowLoadingRulebase() {
 }
 
 ReviewStatus ReviewMachine::State_LoadRulebase() {
-    auto status = ReviewStatus::IsError;
     const MessagesOfStep messages(*m_criteria);
-    Trap({kModule, "State_LoadRulebase"}, [&] {
+    return Trapped({kModule, "State_LoadRulebase"}, ReviewStatus::IsError, [&] {
         RulebaseManager manager;
         m_rulebase = manager.LoadRulebase(m_criteria->LoadCriteria());
-        if (m_rulebase) {
-            m_criteria->LoadCriteria().SetRulebaseTitle(m_rulebase->Title());
-            m_criteria->LoadCriteria().SetRulebaseVersion(m_rulebase->Version());
-            std::vector<basic::ScriptOrigin> origins;
-            const std::string script = m_rulebase->RuleLists().CreateScriptFile(&origins);
-            if (m_ruleEngine.LoadScript(script, std::move(origins))) {
-                status = ReviewStatus::InitialiseReports;
-            }
+        if (!m_rulebase) {
+            return ReviewStatus::IsError;
         }
+        m_criteria->LoadCriteria().SetRulebaseTitle(m_rulebase->Title());
+        m_criteria->LoadCriteria().SetRulebaseVersion(m_rulebase->Version());
+        std::vector<basic::ScriptOrigin> origins;
+        const std::string script = m_rulebase->RuleLists().CreateScriptFile(&origins);
+        const bool loaded = m_ruleEngine.LoadScript(script, std::move(origins));
+        return loaded ? ReviewStatus::InitialiseReports : ReviewStatus::IsError;
     });
-    return status;
 }
 
 ReviewStatus ReviewMachine::State_InitialiseReports() {
@@ -253,18 +252,15 @@ ReviewStatus ReviewMachine::State_BeginProjects() {
 }
 
 ReviewStatus ReviewMachine::State_OpenProject() {
-    auto status = ReviewStatus::IsError;
     const MessagesOfStep messages(*m_criteria);
-    Trap({kModule, "State_OpenProject"}, [&] {
+    return Trapped({kModule, "State_OpenProject"}, ReviewStatus::IsError, [&] {
         m_projectReview = m_factory();
         m_projectReview->HookupCallback(this);
-        if (m_projectReview->InitialiseReview(
-                m_criteria, m_progress, m_rulebase, m_ruleEngine, m_reports) == 0 &&
-            m_projectReview->LoadProject(m_projectIndex) == 0) {
-            status = ReviewStatus::ProjectTimeSlice;
-        }
+        const bool opened = m_projectReview->InitialiseReview(
+                                m_criteria, m_progress, m_rulebase, m_ruleEngine, m_reports) == 0 &&
+                            m_projectReview->LoadProject(m_projectIndex) == 0;
+        return opened ? ReviewStatus::ProjectTimeSlice : ReviewStatus::IsError;
     });
-    return status;
 }
 
 ReviewStatus ReviewMachine::State_ProjectTimeSlice() {

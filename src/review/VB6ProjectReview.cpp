@@ -96,11 +96,8 @@ void VB6ProjectReview::GiveUpUnlessEnded() {
 }
 
 SliceResult VB6ProjectReview::ReviewTimeSlice(std::int32_t ticks) {
-    if (const auto refusal = m_slices.RefusalNow()) {
-        Trap({kModule, "ReviewTimeSlice"}, [&] {
-            modLog::Log().LogEvent(refusal->Reason, "ReviewTimeSlice", kModule);
-        });
-        return refusal->Result;
+    if (const auto refused = m_slices.Refuse(kModule)) {
+        return *refused;
     }
     const SliceGuard::Slice running(m_slices);
     auto result = SliceResult::Failed;
@@ -118,16 +115,16 @@ SliceResult VB6ProjectReview::ReviewTimeSlice(std::int32_t ticks) {
 }
 
 SliceResult VB6ProjectReview::ProjectReviewStep() {
-    ReviewStatus status = DetermineProjectParserStatus();
-    if (status == ReviewStatus::IsProjectComplete) {
+    ProjectReviewStatus status = DetermineProjectParserStatus();
+    if (status == ProjectReviewStatus::IsProjectComplete) {
         return SliceResult::Complete;
     }
-    if (status == ReviewStatus::IsAbort) {
+    if (status == ProjectReviewStatus::IsAbort) {
         return SliceResult::Aborted;
     }
-    if (status == ReviewStatus::IsError) {
+    if (status == ProjectReviewStatus::IsError) {
         status = RecoverFromProjectError(m_state);
-        if (status == ReviewStatus::IsError) {
+        if (status == ProjectReviewStatus::IsError) {
             return SliceResult::Failed;
         }
     }
@@ -136,49 +133,63 @@ SliceResult VB6ProjectReview::ProjectReviewStep() {
     return SliceResult::Continue;
 }
 
-ReviewStatus VB6ProjectReview::DetermineProjectParserStatus() {
-    // The numbers are shared with the driver, so some of them are no state of this machine.
-    switch (static_cast<std::int32_t>(m_state)) {
-        case 7: return State_BeginLoadReferences();
-        case 8: return State_LoadTypeLib_Reference();
-        case 9: return State_BeginLoadComponents();
-        case 10: return State_LoadTypeLib_Component();
-        case 11: return State_BeginPrescan();
-        case 12: return State_PrescanFile();
-        case 13: return State_BeginProject();
-        case 34: return State_Reference();
-        case 14: return State_BeginSourceFiles();
-        case 17: return State_LoadSourceFile();
-        case 25: return State_EndSourceFiles();
-        case 26: return State_EndProject();
-        case 35: return State_SourceFileTick();
-        case 36: return State_EndSourceFile(false);
-        default: return ReviewStatus::IsError;
+ProjectReviewStatus VB6ProjectReview::DetermineProjectParserStatus() {
+    switch (m_state) {
+        case ProjectReviewStatus::BeginLoadReferences: return State_BeginLoadReferences();
+        case ProjectReviewStatus::LoadTypeLibReference: return State_LoadTypeLib_Reference();
+        case ProjectReviewStatus::BeginLoadComponents: return State_BeginLoadComponents();
+        case ProjectReviewStatus::LoadTypeLibComponent: return State_LoadTypeLib_Component();
+        case ProjectReviewStatus::BeginPrescan: return State_BeginPrescan();
+        case ProjectReviewStatus::PrescanFile: return State_PrescanFile();
+        case ProjectReviewStatus::BeginProject: return State_BeginProject();
+        case ProjectReviewStatus::Reference: return State_Reference();
+        case ProjectReviewStatus::BeginSourceFiles: return State_BeginSourceFiles();
+        case ProjectReviewStatus::LoadSourceFile: return State_LoadSourceFile();
+        case ProjectReviewStatus::SourceFileTick: return State_SourceFileTick();
+        case ProjectReviewStatus::EndSourceFile: return State_EndSourceFile(false);
+        case ProjectReviewStatus::EndSourceFiles: return State_EndSourceFiles();
+        case ProjectReviewStatus::EndProject: return State_EndProject();
+        case ProjectReviewStatus::IsSourceFileOpened:
+        case ProjectReviewStatus::IsSourceFileClosed:
+        case ProjectReviewStatus::IsProjectComplete:
+        case ProjectReviewStatus::IsError:
+        case ProjectReviewStatus::IsAbort: break;
     }
+    return ProjectReviewStatus::IsError;
 }
 
-ReviewStatus VB6ProjectReview::RecoverFromProjectError(ReviewStatus state) {
-    const auto number = static_cast<std::int32_t>(state);
-    if (number == 7 || number == 8) {
-        m_project->SetReferenceErrors(m_project->ReferenceErrors() + 1);
-        return ReviewStatus::LoadTypeLibReference;
+ProjectReviewStatus VB6ProjectReview::RecoverFromProjectError(ProjectReviewStatus state) {
+    switch (state) {
+        case ProjectReviewStatus::BeginLoadReferences:
+        case ProjectReviewStatus::LoadTypeLibReference:
+            m_project->SetReferenceErrors(m_project->ReferenceErrors() + 1);
+            return ProjectReviewStatus::LoadTypeLibReference;
+        case ProjectReviewStatus::BeginLoadComponents:
+        case ProjectReviewStatus::LoadTypeLibComponent:
+            m_project->SetComponentErrors(m_project->ComponentErrors() + 1);
+            return ProjectReviewStatus::LoadTypeLibComponent;
+        case ProjectReviewStatus::BeginPrescan:
+        case ProjectReviewStatus::PrescanFile:
+            m_project->SetScanErrors(m_project->ScanErrors() + 1);
+            return ProjectReviewStatus::PrescanFile;
+        case ProjectReviewStatus::IsSourceFileOpened:
+        case ProjectReviewStatus::LoadSourceFile:
+        case ProjectReviewStatus::IsSourceFileClosed:
+        case ProjectReviewStatus::SourceFileTick: return State_EndSourceFile(true);
+        case ProjectReviewStatus::Reference: return ProjectReviewStatus::BeginSourceFiles;
+        case ProjectReviewStatus::BeginProject:
+        case ProjectReviewStatus::BeginSourceFiles:
+        case ProjectReviewStatus::EndSourceFile:
+        case ProjectReviewStatus::EndSourceFiles:
+        case ProjectReviewStatus::EndProject:
+        case ProjectReviewStatus::IsProjectComplete:
+        case ProjectReviewStatus::IsError:
+        case ProjectReviewStatus::IsAbort: break;
     }
-    if (number == 9 || number == 10) {
-        m_project->SetComponentErrors(m_project->ComponentErrors() + 1);
-        return ReviewStatus::LoadTypeLibComponent;
-    }
-    if (number == 11 || number == 12) {
-        m_project->SetScanErrors(m_project->ScanErrors() + 1);
-        return ReviewStatus::PrescanFile;
-    }
-    if ((number >= 15 && number <= 24) || state == ReviewStatus::SourceFileTick) {
-        return State_EndSourceFile(true);
-    }
-    return state == ReviewStatus::Reference ? ReviewStatus::BeginSourceFiles
-                                            : ReviewStatus::IsError;
+    return ProjectReviewStatus::IsError;
 }
 
-ReviewStatus VB6ProjectReview::SignalProjectProgress(ReviewStatus status) {
+ProjectReviewStatus VB6ProjectReview::SignalProjectProgress(ProjectReviewStatus status) {
     if (!m_progress->HasChanged()) {
         return status;
     }
@@ -186,18 +197,18 @@ ReviewStatus VB6ProjectReview::SignalProjectProgress(ReviewStatus status) {
     if (m_callback != nullptr) {
         m_callback->SignalReviewProgress(cancel);
     }
-    return cancel ? ReviewStatus::IsAbort : status;
+    return cancel ? ProjectReviewStatus::IsAbort : status;
 }
 
-ReviewStatus VB6ProjectReview::MoveToNextSourceFile() {
+ProjectReviewStatus VB6ProjectReview::MoveToNextSourceFile() {
     while (true) {
         ++m_sourceFileIndex;
         if (m_sourceFileIndex > m_project->SourceFiles().Count()) {
-            return ReviewStatus::EndSourceFiles;
+            return ProjectReviewStatus::EndSourceFiles;
         }
         if (m_project->SourceFiles().Selected(m_sourceFileIndex)) {
             ++m_reviewedFileCount;
-            return ReviewStatus::LoadSourceFile;
+            return ProjectReviewStatus::LoadSourceFile;
         }
     }
 }

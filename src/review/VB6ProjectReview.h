@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ProjectReviewStatus.h"
 #include "enforcement/EventActions.h"
 #include "enforcement/NamingConventionHelper.h"
 #include "enforcement/ResultsManager.h"
@@ -65,32 +66,32 @@ public:
     void Dispose() override;
 
     /// The state of the machine, as in the table above.
-    ReviewStatus State() const { return m_state; }
+    ProjectReviewStatus State() const { return m_state; }
 
 private:
     void ParserEvent(dorvik::ParserEvent event) override;
     void ExecuteEventActions(dorvik::ParserEvent event);
 
     SliceResult ProjectReviewStep();
-    ReviewStatus DetermineProjectParserStatus();
-    ReviewStatus RecoverFromProjectError(ReviewStatus state);
-    ReviewStatus SignalProjectProgress(ReviewStatus status);
-    ReviewStatus MoveToNextSourceFile();
+    ProjectReviewStatus DetermineProjectParserStatus();
+    ProjectReviewStatus RecoverFromProjectError(ProjectReviewStatus state);
+    ProjectReviewStatus SignalProjectProgress(ProjectReviewStatus status);
+    ProjectReviewStatus MoveToNextSourceFile();
 
-    ReviewStatus State_BeginLoadReferences();
-    ReviewStatus State_LoadTypeLib_Reference();
-    ReviewStatus State_BeginLoadComponents();
-    ReviewStatus State_LoadTypeLib_Component();
-    ReviewStatus State_BeginPrescan();
-    ReviewStatus State_PrescanFile();
-    ReviewStatus State_BeginProject();
-    ReviewStatus State_Reference();
-    ReviewStatus State_BeginSourceFiles();
-    ReviewStatus State_LoadSourceFile();
-    ReviewStatus State_SourceFileTick();
-    ReviewStatus State_EndSourceFile(bool incomplete);
-    ReviewStatus State_EndSourceFiles();
-    ReviewStatus State_EndProject();
+    ProjectReviewStatus State_BeginLoadReferences();
+    ProjectReviewStatus State_LoadTypeLib_Reference();
+    ProjectReviewStatus State_BeginLoadComponents();
+    ProjectReviewStatus State_LoadTypeLib_Component();
+    ProjectReviewStatus State_BeginPrescan();
+    ProjectReviewStatus State_PrescanFile();
+    ProjectReviewStatus State_BeginProject();
+    ProjectReviewStatus State_Reference();
+    ProjectReviewStatus State_BeginSourceFiles();
+    ProjectReviewStatus State_LoadSourceFile();
+    ProjectReviewStatus State_SourceFileTick();
+    ProjectReviewStatus State_EndSourceFile(bool incomplete);
+    ProjectReviewStatus State_EndSourceFiles();
+    ProjectReviewStatus State_EndProject();
 
     bool OpenProject(std::int32_t projectIndex);
     /// Takes a library that was loaded in, and logs how the loading of what `name` tells ended.
@@ -100,7 +101,7 @@ private:
     void GiveUp(std::string_view line);
     /// The same where this object goes in the middle of the review, and nobody has ended that.
     void GiveUpUnlessEnded();
-    ReviewStatus FailToConnect(SourceFileStatus status);
+    ProjectReviewStatus FailToConnect(SourceFileStatus status);
     /// Rules of an event were skipped, not for a fault of a rule but for want of memory and the like.
     void NoteSkippedRules();
     void LogLayoutFault();
@@ -130,7 +131,7 @@ private:
     std::int32_t m_typeLibIndex = 0;
     std::int32_t m_skippedRulesAt =
         0;  // the line of the file where rules were skipped first; 0: nowhere
-    ReviewStatus m_state = ReviewStatus::BeginLoadReferences;
+    ProjectReviewStatus m_state = ProjectReviewStatus::BeginLoadReferences;
     std::shared_ptr<ReviewCriteria> m_criteria;
     std::shared_ptr<Rulebase> m_rulebase;
     ProgressInfo* m_progress = nullptr;

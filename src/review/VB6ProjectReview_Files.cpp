@@ -21,9 +21,8 @@ constexpr std::string_view kAverage = "AverageCyclomatic";
 
 }  // namespace
 
-ReviewStatus VB6ProjectReview::State_BeginSourceFiles() {
-    auto status = ReviewStatus::IsError;
-    Trap({kModule, "State_BeginSourceFiles"}, [&] {
+ProjectReviewStatus VB6ProjectReview::State_BeginSourceFiles() {
+    return Trapped({kModule, "State_BeginSourceFiles"}, ProjectReviewStatus::IsError, [&] {
         ExecuteEventActions(dorvik::ParserEvent::BeginSourceFiles);
         const std::int32_t selected = m_project->SourceFiles().SelectedCount();
         m_progress->BeginSourceFiles(selected);
@@ -32,61 +31,56 @@ ReviewStatus VB6ProjectReview::State_BeginSourceFiles() {
             m_criteria->ReportOption() == kReportsForEveryFile ? selected + 1 : 0);
         m_sourceFileIndex = 0;
         m_reviewedFileCount = 0;
-        status = MoveToNextSourceFile();
+        return MoveToNextSourceFile();
     });
-    return status;
 }
 
-ReviewStatus VB6ProjectReview::State_LoadSourceFile() {
-    auto status = ReviewStatus::IsError;
-    Trap({kModule, "State_LoadSourceFile"}, [&] {
+ProjectReviewStatus VB6ProjectReview::State_LoadSourceFile() {
+    return Trapped({kModule, "State_LoadSourceFile"}, ProjectReviewStatus::IsError, [&] {
         m_sourceFile = m_project->SourceFiles().Item(m_sourceFileIndex);
         m_skippedRulesAt = 0;
         modProjectScope::AttachFile(ParserState(), *m_sourceFile);
         const SourceFileStatus connected = m_sourceFile->Connect();
         if (connected != SourceFileStatus::Good) {
-            status = FailToConnect(connected);
-            return;
+            return FailToConnect(connected);
         }
         m_progress->BeginSourceFile(
             m_sourceFile->Name(), m_sourceFile->Filename(), m_sourceFile->Size());
-        const ReviewStatus signalled = SignalProjectProgress(ReviewStatus::IsSourceFileOpened);
-        if (signalled != ReviewStatus::IsSourceFileOpened) {
-            status = signalled;
-            return;
+        const ProjectReviewStatus signalled =
+            SignalProjectProgress(ProjectReviewStatus::IsSourceFileOpened);
+        if (signalled != ProjectReviewStatus::IsSourceFileOpened) {
+            return signalled;
         }
         m_fileParser = std::make_unique<VB6Parser>();
         m_fileParser->InitialiseSourceFileReview(*m_sourceFile, ParserState());
         m_fileParser->HookupCallback(*this);
-        status = ReviewStatus::SourceFileTick;
+        return ProjectReviewStatus::SourceFileTick;
     });
-    return status;
 }
 
-ReviewStatus VB6ProjectReview::FailToConnect(SourceFileStatus status) {
+ProjectReviewStatus VB6ProjectReview::FailToConnect(SourceFileStatus status) {
     m_project->SetFileErrors(m_project->FileErrors() + 1);
     m_sourceFile->SetReviewStatus(status);
     return State_EndSourceFile(true);
 }
 
-ReviewStatus VB6ProjectReview::State_SourceFileTick() {
+ProjectReviewStatus VB6ProjectReview::State_SourceFileTick() {
     std::int32_t charactersDone = 0;
     auto result = TickResult::Failed;
     m_fileParser->ReviewTick(charactersDone, result);
     switch (result) {
         case TickResult::GoesOn:
             m_progress->UpdateSourceFileProgress(charactersDone);
-            return ReviewStatus::SourceFileTick;
-        case TickResult::Stopped: return ReviewStatus::IsAbort;
-        case TickResult::EndOfFile: return ReviewStatus::EndSourceFile;
+            return ProjectReviewStatus::SourceFileTick;
+        case TickResult::Stopped: return ProjectReviewStatus::IsAbort;
+        case TickResult::EndOfFile: return ProjectReviewStatus::EndSourceFile;
         case TickResult::Failed: break;
     }
-    return RecoverFromProjectError(ReviewStatus::SourceFileTick);
+    return RecoverFromProjectError(ProjectReviewStatus::SourceFileTick);
 }
 
-ReviewStatus VB6ProjectReview::State_EndSourceFile(bool incomplete) {
-    auto status = ReviewStatus::IsError;
-    Trap({kModule, "State_EndSourceFile"}, [&] {
+ProjectReviewStatus VB6ProjectReview::State_EndSourceFile(bool incomplete) {
+    return Trapped({kModule, "State_EndSourceFile"}, ProjectReviewStatus::IsError, [&] {
         if (!m_sourceFile) {
             // A first attempt failed when the file was closed already; the project ends here.
             RaiseRuntimeError(runtimeerror::kObjectNotSet);
@@ -108,10 +102,11 @@ ReviewStatus VB6ProjectReview::State_EndSourceFile(bool incomplete) {
         m_sourceFile->SetProject(nullptr);
         m_sourceFile.reset();
         m_progress->EndSourceFile();
-        const ReviewStatus signalled = SignalProjectProgress(ReviewStatus::IsSourceFileClosed);
-        status = signalled == ReviewStatus::IsSourceFileClosed ? MoveToNextSourceFile() : signalled;
+        const ProjectReviewStatus signalled =
+            SignalProjectProgress(ProjectReviewStatus::IsSourceFileClosed);
+        return signalled == ProjectReviewStatus::IsSourceFileClosed ? MoveToNextSourceFile()
+                                                                    : signalled;
     });
-    return status;
 }
 
 void VB6ProjectReview::LogLayoutFault() {
@@ -191,13 +186,11 @@ void VB6ProjectReview::LogFileResults() {
     m_resultsManager->LogVirtualObjectResults(scopename::kFile);
 }
 
-ReviewStatus VB6ProjectReview::State_EndSourceFiles() {
-    auto status = ReviewStatus::IsError;
-    Trap({kModule, "State_EndSourceFiles"}, [&] {
+ProjectReviewStatus VB6ProjectReview::State_EndSourceFiles() {
+    return Trapped({kModule, "State_EndSourceFiles"}, ProjectReviewStatus::IsError, [&] {
         ExecuteEventActions(dorvik::ParserEvent::EndSourceFiles);
-        status = ReviewStatus::EndProject;
+        return ProjectReviewStatus::EndProject;
     });
-    return status;
 }
 
 }  // namespace dorvik

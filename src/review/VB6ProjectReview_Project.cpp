@@ -101,29 +101,28 @@ bool VB6ProjectReview::OpenProject(std::int32_t projectIndex) {
             m_typeLibraries =
                 m_typeLibrarySource->ForProject(modUtilFunctions::PathFromFilename(filename));
         }
-        m_state = ReviewStatus::BeginLoadReferences;
+        m_state = ProjectReviewStatus::BeginLoadReferences;
     } else {
-        m_state = ReviewStatus::BeginProject;
+        m_state = ProjectReviewStatus::BeginProject;
     }
     return true;
 }
 
-ReviewStatus VB6ProjectReview::State_BeginLoadReferences() {
+ProjectReviewStatus VB6ProjectReview::State_BeginLoadReferences() {
     m_progress->SetAction(kActionLoadingReferences);
     m_typeLibIndex = 0;
     return State_LoadTypeLib_Reference();
 }
 
-ReviewStatus VB6ProjectReview::State_LoadTypeLib_Reference() {
-    auto status = ReviewStatus::IsError;
-    Trap({kModule, "State_LoadTypeLib_Reference"}, [&] {
+ProjectReviewStatus VB6ProjectReview::State_LoadTypeLib_Reference() {
+    return Trapped({kModule, "State_LoadTypeLib_Reference"}, ProjectReviewStatus::IsError, [&] {
         ++m_typeLibIndex;
         if (m_typeLibIndex > m_project->References().Count()) {
-            status = SignalProjectProgress(ReviewStatus::BeginLoadComponents);
-            return;
+            return SignalProjectProgress(ProjectReviewStatus::BeginLoadComponents);
         }
-        const ReviewStatus signalled = SignalProjectProgress(ReviewStatus::LoadTypeLibReference);
-        if (signalled == ReviewStatus::LoadTypeLibReference) {
+        const ProjectReviewStatus signalled =
+            SignalProjectProgress(ProjectReviewStatus::LoadTypeLibReference);
+        if (signalled == ProjectReviewStatus::LoadTypeLibReference) {
             const auto reference = ObjectAt(m_project->References(), m_typeLibIndex);
             const auto library = std::make_shared<VirtualTypeLibrary>(m_typeLibraries.get());
             const bool loaded = library->LoadVirtualReferenceTypeLib(*reference);
@@ -131,9 +130,8 @@ ReviewStatus VB6ProjectReview::State_LoadTypeLib_Reference() {
                 m_project->SetReferenceErrors(m_project->ReferenceErrors() + 1);
             }
         }
-        status = signalled;
+        return signalled;
     });
-    return status;
 }
 
 bool VB6ProjectReview::TakeTypeLibrary(
@@ -143,23 +141,22 @@ bool VB6ProjectReview::TakeTypeLibrary(
     return taken;
 }
 
-ReviewStatus VB6ProjectReview::State_BeginLoadComponents() {
+ProjectReviewStatus VB6ProjectReview::State_BeginLoadComponents() {
     m_progress->SetAction(kActionLoadingComponents);
     m_typeLibIndex = 0;
     return State_LoadTypeLib_Component();
 }
 
-ReviewStatus VB6ProjectReview::State_LoadTypeLib_Component() {
-    auto status = ReviewStatus::IsError;
-    Trap({kModule, "State_LoadTypeLib_Component"}, [&] {
+ProjectReviewStatus VB6ProjectReview::State_LoadTypeLib_Component() {
+    return Trapped({kModule, "State_LoadTypeLib_Component"}, ProjectReviewStatus::IsError, [&] {
         ++m_typeLibIndex;
         if (m_typeLibIndex > m_project->Components().Count()) {
             m_progress->BeginPreScan();
-            status = SignalProjectProgress(ReviewStatus::BeginPrescan);
-            return;
+            return SignalProjectProgress(ProjectReviewStatus::BeginPrescan);
         }
-        const ReviewStatus signalled = SignalProjectProgress(ReviewStatus::LoadTypeLibComponent);
-        if (signalled == ReviewStatus::LoadTypeLibComponent) {
+        const ProjectReviewStatus signalled =
+            SignalProjectProgress(ProjectReviewStatus::LoadTypeLibComponent);
+        if (signalled == ProjectReviewStatus::LoadTypeLibComponent) {
             const auto component = ObjectAt(m_project->Components(), m_typeLibIndex);
             const auto library = std::make_shared<VirtualTypeLibrary>(m_typeLibraries.get());
             const bool loaded = library->LoadVirtualComponentTypeLib(*component);
@@ -167,58 +164,52 @@ ReviewStatus VB6ProjectReview::State_LoadTypeLib_Component() {
                 m_project->SetComponentErrors(m_project->ComponentErrors() + 1);
             }
         }
-        status = signalled;
+        return signalled;
     });
-    return status;
 }
 
-ReviewStatus VB6ProjectReview::State_BeginPrescan() {
+ProjectReviewStatus VB6ProjectReview::State_BeginPrescan() {
     m_progress->SetAction(kActionExtractingNames);
     m_sourceFileIndex = 0;
     return State_PrescanFile();
 }
 
-ReviewStatus VB6ProjectReview::State_PrescanFile() {
-    auto status = ReviewStatus::IsError;
-    Trap({kModule, "State_PrescanFile"}, [&] {
+ProjectReviewStatus VB6ProjectReview::State_PrescanFile() {
+    return Trapped({kModule, "State_PrescanFile"}, ProjectReviewStatus::IsError, [&] {
         ++m_sourceFileIndex;
         if (m_sourceFileIndex > m_project->SourceFiles().Count()) {
-            status = ReviewStatus::BeginProject;
-            return;
+            return ProjectReviewStatus::BeginProject;
         }
         const auto file = ObjectAt(m_project->SourceFiles(), m_sourceFileIndex);
         m_progress->PreScanFile(file->Name(), file->Filename());
-        const ReviewStatus signalled = SignalProjectProgress(ReviewStatus::PrescanFile);
-        if (signalled == ReviewStatus::PrescanFile &&
+        const ProjectReviewStatus signalled =
+            SignalProjectProgress(ProjectReviewStatus::PrescanFile);
+        if (signalled == ProjectReviewStatus::PrescanFile &&
             m_namingHelper->ExtractGlobalNames(*file) != 0) {
             LogLine("Failed to extract global names for source file " + file->Filename());
-            return;
+            return ProjectReviewStatus::IsError;
         }
-        status = signalled;
+        return signalled;
     });
-    return status;
 }
 
-ReviewStatus VB6ProjectReview::State_BeginProject() {
-    auto status = ReviewStatus::IsError;
-    Trap({kModule, "State_BeginProject"}, [&] {
+ProjectReviewStatus VB6ProjectReview::State_BeginProject() {
+    return Trapped({kModule, "State_BeginProject"}, ProjectReviewStatus::IsError, [&] {
         modProjectScope::AttachProject(ParserState(), *m_project);
         m_progress->SetAction(kActionReviewing);
         m_progress->BeginProject();
-        const ReviewStatus signalled = SignalProjectProgress(ReviewStatus::BeginProject);
-        if (signalled != ReviewStatus::BeginProject) {
-            status = signalled;
-            return;
+        const ProjectReviewStatus signalled =
+            SignalProjectProgress(ProjectReviewStatus::BeginProject);
+        if (signalled != ProjectReviewStatus::BeginProject) {
+            return signalled;
         }
         ExecuteEventActions(dorvik::ParserEvent::BeginProject);
-        status = ReviewStatus::Reference;
+        return ProjectReviewStatus::Reference;
     });
-    return status;
 }
 
-ReviewStatus VB6ProjectReview::State_Reference() {
-    auto status = ReviewStatus::IsError;
-    Trap({kModule, "State_Reference"}, [&] {
+ProjectReviewStatus VB6ProjectReview::State_Reference() {
+    return Trapped({kModule, "State_Reference"}, ProjectReviewStatus::IsError, [&] {
         for (std::int32_t index = 1; index <= m_project->References().Count(); ++index) {
             const auto reference = ObjectAt(m_project->References(), index);
             AuthorisationEnforcement& authorisation = m_eventActions->Authorisation();
@@ -230,14 +221,12 @@ ReviewStatus VB6ProjectReview::State_Reference() {
             ExecuteEventActions(dorvik::ParserEvent::Reference);
             modProjectScope::DetachReference(ParserState());
         }
-        status = ReviewStatus::BeginSourceFiles;
+        return ProjectReviewStatus::BeginSourceFiles;
     });
-    return status;
 }
 
-ReviewStatus VB6ProjectReview::State_EndProject() {
-    auto status = ReviewStatus::IsError;
-    Trap({kModule, "State_EndProject"}, [&] {
+ProjectReviewStatus VB6ProjectReview::State_EndProject() {
+    return Trapped({kModule, "State_EndProject"}, ProjectReviewStatus::IsError, [&] {
         if (const auto projectFile = ParserState().GetVirtualObject(scopename::kProjectFile)) {
             MeasureTolerances(*projectFile, /*isProjectFile=*/true);
         }
@@ -266,9 +255,8 @@ ReviewStatus VB6ProjectReview::State_EndProject() {
         m_eventActions.reset();
         m_resultsManager.reset();
         m_project.reset();
-        status = ReviewStatus::IsProjectComplete;
+        return ProjectReviewStatus::IsProjectComplete;
     });
-    return status;
 }
 
 void VB6ProjectReview::TakeResultsLost() {

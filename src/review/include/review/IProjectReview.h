@@ -1,6 +1,6 @@
 #pragma once
 
-#include "review/ReviewStatus.h"
+#include "review/SliceResult.h"
 
 #include <cstdint>
 #include <memory>

@@ -68,7 +68,9 @@ private:
     ReviewStatus RecoverFromError(ReviewStatus state);
     ReviewStatus MoveToNextProject(bool releaseCurrent);
     std::int32_t FindNextSelectedProject(std::int32_t from) const;
+    /// Reports a change of the progress. `IsAbort` if the handler cancels the review, otherwise `status`.
     ReviewStatus SignalProgress(ReviewStatus status);
+    bool IsCancelledNow();
     void ReleaseProjectReview();
     void ClearProjects();
 

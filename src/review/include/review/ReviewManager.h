@@ -1,7 +1,7 @@
 #pragma once
 
 #include "review/ReviewMachine.h"
-#include "review/ReviewStatus.h"
+#include "review/SliceResult.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "review/ReviewStatus.h"
+#include "review/SliceResult.h"
 
 #include <cstdint>
 #include <optional>
@@ -26,12 +26,6 @@ SliceResult RunSteps(std::int32_t ticks, Step&& step) {
 /// a slice, and not behind its end.
 class SliceGuard {
 public:
-    /// What a slice at a wrong moment comes back with, and why.
-    struct Refusal {
-        SliceResult Result;
-        std::string_view Reason;  // a sentence for the log
-    };
-
     /// There is something to step from now on.
     void Open() { m_isOpen = true; }
     bool IsOpen() const { return m_isOpen; }
@@ -43,21 +37,11 @@ public:
     }
     bool IsRunning() const { return m_isRunning; }
 
-    /// Nothing if a slice may run.
-    std::optional<Refusal> RefusalNow() const {
-        if (m_isRunning) {
-            return Refusal{
-                SliceResult::Continue, "A time slice was refused: another one is running."};
-        }
-        if (m_end) {
-            return Refusal{*m_end, "A time slice was refused: the review has ended."};
-        }
-        if (!m_isOpen) {
-            return Refusal{
-                SliceResult::Failed, "A time slice was refused: the review has not begun."};
-        }
-        return std::nullopt;
-    }
+    /// True if a slice may run.
+    bool IsReady() const { return m_isOpen && !m_end && !m_isRunning; }
+    /// The result of a slice that comes at a wrong moment and does not run, which is logged under the module;
+    /// nothing if a slice may run.
+    std::optional<SliceResult> Refuse(std::string_view module) const;
 
     /// A slice runs as long as this lives.
     class Slice {
@@ -72,6 +56,14 @@ public:
     };
 
 private:
+    /// The result of a slice at a wrong moment, and a sentence for the log.
+    struct Refusal {
+        SliceResult Result;
+        std::string_view Reason;
+    };
+
+    std::optional<Refusal> RefusalNow() const;
+
     bool m_isOpen = false;
     bool m_isRunning = false;
     std::optional<SliceResult> m_end;
