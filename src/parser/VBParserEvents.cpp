@@ -2,23 +2,12 @@
 
 #include "parser/ParserEventTable.h"
 
+#include <algorithm>
 #include <array>
 
 namespace dorvik {
 
 namespace {
-
-/// Null for a number outside the table.
-const ParserEventRow* FindRow(std::int32_t eventNumber) {
-    if (eventNumber < kFirstParserEvent || eventNumber > kLastParserEvent) {
-        return nullptr;
-    }
-    return &kParserEvents[static_cast<std::size_t>(eventNumber - kFirstParserEvent)];
-}
-
-const ParserEventRow& Row(ParserEvent event) {
-    return *FindRow(static_cast<std::int32_t>(event));
-}
 
 // Required: "Reference" stands behind "begin Project", and "Line Label" behind "Variable (local)".
 constexpr std::array kEventsInListOrder = {
@@ -60,7 +49,6 @@ constexpr std::array kEventsInListOrder = {
     ParserEvent::EndSourceFiles,
     ParserEvent::EndProject,
 };
-static_assert(kEventsInListOrder.size() == kParserEvents.size());
 
 constexpr std::array kEndEventsInListOrder = {
     ParserEvent::EndProject,
@@ -73,6 +61,20 @@ constexpr std::array kEndEventsInListOrder = {
     ParserEvent::EndProcedure,
 };
 
+constexpr bool IsEveryEndEventListed() {
+    return std::ranges::all_of(kParserEvents, [](const ParserEventRow& row) {
+        return CanEndScope(row) == (std::ranges::count(kEndEventsInListOrder, row.Event) == 1);
+    });
+}
+static_assert(IsEveryEndEventListed());
+
+constexpr bool IsEveryEventListed() {
+    return std::ranges::all_of(kParserEvents, [](const ParserEventRow& row) {
+        return std::ranges::count(kEventsInListOrder, row.Event) == 1;
+    });
+}
+static_assert(IsEveryEventListed());
+
 }  // namespace
 
 std::string VBParserEvents::ParserEventKey(std::int32_t eventNumber) {
@@ -80,12 +82,12 @@ std::string VBParserEvents::ParserEventKey(std::int32_t eventNumber) {
 }
 
 std::string_view VBParserEvents::ParserEventText(std::int32_t eventNumber) {
-    const ParserEventRow* row = FindRow(eventNumber);
+    const ParserEventRow* row = FindParserEvent(eventNumber);
     return row == nullptr ? "Unknown Event" : row->Text;
 }
 
 std::string VBParserEvents::ParserEventHelp(std::int32_t eventNumber) {
-    const ParserEventRow* row = FindRow(eventNumber);
+    const ParserEventRow* row = FindParserEvent(eventNumber);
     if (row == nullptr) {
         return "Unknown Parser Event";
     }
@@ -94,21 +96,21 @@ std::string VBParserEvents::ParserEventHelp(std::int32_t eventNumber) {
 }
 
 std::string_view VBParserEvents::ParserEventIcon(std::int32_t eventNumber) {
-    const ParserEventRow* row = FindRow(eventNumber);
+    const ParserEventRow* row = FindParserEvent(eventNumber);
     return row == nullptr ? "Event" : row->IconKey;
 }
 
 void VBParserEvents::PopulateCCEventsImageCombo(IImageCombo& combo) {
     combo.Clear();
     for (const ParserEvent event : kEventsInListOrder) {
-        AddImageComboItem(combo, event, Row(event).TreeLevel);
+        AddImageComboItem(combo, event, RowOf(event).TreeLevel);
     }
 }
 
 void VBParserEvents::PopulateCCEndEventsImageCombo(IImageCombo& combo) {
     combo.Clear();
     for (const ParserEvent event : kEndEventsInListOrder) {
-        AddImageComboItem(combo, event, Row(event).EndLevel);
+        AddImageComboItem(combo, event, RowOf(event).EndLevel);
     }
 }
 

@@ -22,13 +22,6 @@ constexpr std::string_view kOpenAtASourceLine[] = {
     scopename::kLayoutProperties,
 };
 
-const ParserEventRow* Find(std::int32_t event) {
-    if (event < kFirstParserEvent || event > kLastParserEvent) {
-        return nullptr;
-    }
-    return &kParserEvents.at(static_cast<std::size_t>(event - 1));
-}
-
 bool Holds(const std::vector<std::string_view>& names, std::string_view name) {
     return std::any_of(names.begin(), names.end(), [&](std::string_view known) {
         return modTextCase::Equal(known, name);
@@ -38,7 +31,7 @@ bool Holds(const std::vector<std::string_view>& names, std::string_view name) {
 }  // namespace
 
 std::vector<std::string_view> Promised(std::int32_t event) {
-    const ParserEventRow* row = Find(event);
+    const ParserEventRow* row = FindParserEvent(event);
     if (row == nullptr) {
         return {};
     }
@@ -75,9 +68,28 @@ bool MayHold(std::int32_t event, std::string_view objectName) {
 }
 
 std::string Describe(std::int32_t event) {
-    const ParserEventRow* row = Find(event);
+    const ParserEventRow* row = FindParserEvent(event);
     std::string text = "event " + std::to_string(event);
     return row == nullptr ? text : text + " (" + std::string(row->Text) + ")";
+}
+
+std::string NumbersOf(
+    const std::function<bool(const ParserEventRow&)>& isListed, std::string_view conjunction) {
+    std::vector<std::string> numbers;
+    for (const ParserEventRow& row : kParserEvents) {
+        if (isListed(row)) {
+            numbers.push_back(std::to_string(static_cast<std::int32_t>(row.Event)));
+        }
+    }
+    std::string text;
+    for (std::size_t position = 0; position < numbers.size(); ++position) {
+        const bool isLast = position + 1 == numbers.size();
+        if (position > 0) {
+            text += isLast ? " " + std::string(conjunction) + " " : ", ";
+        }
+        text += numbers[position];
+    }
+    return text;
 }
 
 }  // namespace dorvik::modEventScope

@@ -23,24 +23,13 @@ namespace {
 
 constexpr std::string_view kMainProcedure = "Sub Main";
 
-/// Keywords are looked for at these events only, whatever others they are assigned to.
-constexpr ParserEvent kKeywordEvents[] = {
-    ParserEvent::Declaration, ParserEvent::BeginProcedure, ParserEvent::ProcedureBody};
-
-bool IsEvent(std::int32_t event) {
-    return event >= kFirstParserEvent && event <= kLastParserEvent;
+bool TestsKeywords(const ParserEventRow& row) {
+    return row.Rules.TestsKeywords;
 }
 
-bool IsKeywordEvent(std::int32_t event) {
-    return std::find(
-               std::begin(kKeywordEvents),
-               std::end(kKeywordEvents),
-               static_cast<ParserEvent>(event)) != std::end(kKeywordEvents);
-}
-
-bool CanEndAScope(std::int32_t event) {
-    return IsEvent(event) &&
-           kParserEvents.at(static_cast<std::size_t>(event - 1)).EndLevel != kNoLevel;
+bool CanEndScopeAt(std::int32_t event) {
+    const ParserEventRow* row = FindParserEvent(event);
+    return row != nullptr && CanEndScope(*row);
 }
 
 bool Mentions(std::string_view script, std::string_view word) {
@@ -98,18 +87,20 @@ RulebaseCheck::Events RulebaseCheck::LiveEvents(const Rule& rule, const EventRul
     const bool isKeyword = events.RuleType() == ruleTypeKeyword;
     Events live;
     for (const std::int32_t event : events.ParserEvents()) {
-        if (!IsEvent(event)) {
+        const ParserEventRow* row = FindParserEvent(event);
+        if (row == nullptr) {
             Tell(
                 FaultKind::Unknown,
                 rule,
                 "ParserEventID",
                 "there is no event " + std::to_string(event));
-        } else if (isKeyword && !IsKeywordEvent(event)) {
+        } else if (isKeyword && !TestsKeywords(*row)) {
             Tell(
                 FaultKind::NeverFires,
                 rule,
                 "ParserEventID",
-                "keywords are looked for at events 10, 28 and 30 only, never at " +
+                "keywords are looked for at events " +
+                    modEventScope::NumbersOf(TestsKeywords, "and") + " only, never at " +
                     modEventScope::Describe(event));
         } else {
             live.push_back(event);
@@ -145,12 +136,13 @@ void RulebaseCheck::CheckKeyword(const Rule& rule, const EventRule& keyword) {
 void RulebaseCheck::CheckCoding(const Rule& rule, const CodingConvention& coding) {
     Events events = LiveEvents(rule, coding);
     if (coding.PendingViolation()) {
-        if (!CanEndAScope(coding.EndEventID())) {
+        if (!CanEndScopeAt(coding.EndEventID())) {
             Tell(
                 FaultKind::NeverFires,
                 rule,
                 "EndEventID",
-                "a pending violation falls due at event 8, 17, 24, 27, 34, 35, 36 or 37, not at " +
+                "a pending violation falls due at event " +
+                    modEventScope::NumbersOf(CanEndScope, "or") + ", not at " +
                     (coding.EndEventID() == -1 ? "none"
                                                : modEventScope::Describe(coding.EndEventID())));
         }
@@ -158,7 +150,7 @@ void RulebaseCheck::CheckCoding(const Rule& rule, const CodingConvention& coding
         if (!Mentions(coding.Condition(), "RaiseViolation")) {
             events.clear();
         }
-        if (IsEvent(coding.EndEventID())) {
+        if (FindParserEvent(coding.EndEventID()) != nullptr) {
             events.push_back(coding.EndEventID());
         }
     } else if (coding.Condition().empty() && !rule.Unreadable.contains("Condition")) {

@@ -11,6 +11,25 @@ namespace dorvik {
 
 inline constexpr std::int32_t kNoLevel = -1;
 
+/// Which source line a violation is reported at that is raised for an object at its end.
+enum class EndEventLine {
+    None,         // the object has no line of its own
+    ObjectStart,  // the line at which the object begins
+    FileStart,    // line 1, without its text
+};
+
+/// What the rules do at an event. Everything is false or `None` unless a row says otherwise.
+struct EventRules {
+    /// Unauthorised keywords are tested, whatever events they are assigned to in the rulebase.
+    bool TestsKeywords = false;
+    /// The line of a violation of the object that ends. A coding convention that raises its violation at an
+    /// event with such a line reports it there, and not at the line that ends the object.
+    EndEventLine ViolationLine = EndEventLine::None;
+    /// Required: naming conventions report at the end of the object that they test. These are not the events
+    /// with a line: the end of a file or project has none, and at "end Declarations" no name is tested.
+    bool EndsNamedObject = false;
+};
+
 /// All that is known about a parser event.
 struct ParserEventRow {
     ParserEvent Event;
@@ -20,6 +39,7 @@ struct ParserEventRow {
     std::int32_t EndLevel;   // indentation in the list of closing events, kNoLevel if not in it
     std::string_view Fired;
     std::string_view InScope;
+    EventRules Rules = {};
 };
 
 // In the order of the numbers, which are the positions from 1.
@@ -54,7 +74,8 @@ inline constexpr std::array<ParserEventRow, kLastParserEvent> kParserEvents = {{
      "In scope: Source, File, Project."},
     {ParserEvent::Declaration, "Declaration", "Event", 5, kNoLevel,
      "for each source line statement in the declarations section.",
-     "In scope: Source, File, Project."},
+     "In scope: Source, File, Project.",
+     {.TestsKeywords = true}},
     {ParserEvent::Const, "Const", "Const", 6, kNoLevel,
      "when a module-level 'Const' declaration is encountered.",
      "In scope: Const, Source, File, Project."},
@@ -75,7 +96,8 @@ inline constexpr std::array<ParserEventRow, kLastParserEvent> kParserEvents = {{
      "In scope: EnumElement, Enum, Source, File, Project."},
     {ParserEvent::EndEnum, "end Enum", "Event", 6, 4,
      "when the 'End Enum' of an 'Enum' declaration is encountered.",
-     "In scope: Enum, Source, File, Project."},
+     "In scope: Enum, Source, File, Project.",
+     {.ViolationLine = EndEventLine::ObjectStart, .EndsNamedObject = true}},
     {ParserEvent::Event, "Event", "WithEvents", 6, kNoLevel,
      "when an 'Event' statement is encountered.",
      "In scope: Event, Source, File, Project."},
@@ -96,7 +118,8 @@ inline constexpr std::array<ParserEventRow, kLastParserEvent> kParserEvents = {{
      "In scope: TypeElement, Type, Source, File, Project."},
     {ParserEvent::EndType, "end Type", "Event", 6, 4,
      "when the 'End Type' of a 'Type' declaration is encountered.",
-     "In scope: Type, Source, File, Project."},
+     "In scope: Type, Source, File, Project.",
+     {.ViolationLine = EndEventLine::ObjectStart, .EndsNamedObject = true}},
     {ParserEvent::Variable, "Variable", "Variable", 6, kNoLevel,
      "when a module-level variable declaration is encountered.",
      "In scope: Variable, Source, File, Project."},
@@ -105,16 +128,19 @@ inline constexpr std::array<ParserEventRow, kLastParserEvent> kParserEvents = {{
      "In scope: Reference, Project."},
     {ParserEvent::EndDeclarations, "end Declarations", "Event", 4, 3,
      "when the end of the declarations section is reached for the current source file.",
-     "In scope: Source, File, Project."},
+     "In scope: Source, File, Project.",
+     {.ViolationLine = EndEventLine::FileStart}},
     {ParserEvent::BeginProcedure, "begin Procedure", "Event", 4, kNoLevel,
      "when the start of a 'Sub', 'Function' or 'Property' declaration is encountered.",
-     "In scope: Procedure, Source, File, Project."},
+     "In scope: Procedure, Source, File, Project.",
+     {.TestsKeywords = true}},
     {ParserEvent::ProcedureArgument, "Argument (Procedure)", "Argument", 5, kNoLevel,
      "for each argument (if any) in a procedure declaration.",
      "In scope: Argument, Procedure, Source, File, Project."},
     {ParserEvent::ProcedureBody, "Procedure <body>", "ProcedureBody", 5, kNoLevel,
      "for each source line statement within a procedure.",
-     "In scope: Procedure, Source, File, Project."},
+     "In scope: Procedure, Source, File, Project.",
+     {.TestsKeywords = true}},
     {ParserEvent::LocalConst, "Const (local)", "LocalConst", 6, kNoLevel,
      "when a local 'Const' declaration is encountered within a procedure.",
      "In scope: Const, Procedure, Source, File, Project."},
@@ -126,16 +152,19 @@ inline constexpr std::array<ParserEventRow, kLastParserEvent> kParserEvents = {{
      "In scope: Variable, Procedure, Source, File, Project."},
     {ParserEvent::EndProcedure, "end Procedure", "Event", 4, 3,
      "when the 'End Sub', 'End Function' or 'End Property' of a procedure declaration is encountered.",
-     "In scope: Procedure, Source, File, Project."},
+     "In scope: Procedure, Source, File, Project.",
+     {.ViolationLine = EndEventLine::ObjectStart, .EndsNamedObject = true}},
     {ParserEvent::EndFile, "end File", "Event", 2, 2,
      "when the end of the current source file is reached.",
-     "In scope: File, Project."},
+     "In scope: File, Project.",
+     {.EndsNamedObject = true}},
     {ParserEvent::EndSourceFiles, "end Source Files", "Event", 1, 1,
      "when all source files for the current project have been reviewed.",
      "In scope: Project."},
     {ParserEvent::EndProject, "end Project", "Event", 0, 0,
      "at the end of the review of the current project.",
-     "In scope: Project."},
+     "In scope: Project.",
+     {.EndsNamedObject = true}},
 }};
 // clang-format on
 
@@ -148,5 +177,23 @@ constexpr bool IsEveryParserEventAtItsNumber() {
     return true;
 }
 static_assert(IsEveryParserEventAtItsNumber());
+
+/// Null for a number outside the table.
+constexpr const ParserEventRow* FindParserEvent(std::int32_t eventNumber) {
+    if (eventNumber < kFirstParserEvent || eventNumber > kLastParserEvent) {
+        return nullptr;
+    }
+    return &kParserEvents[static_cast<std::size_t>(eventNumber - kFirstParserEvent)];
+}
+
+/// REQUIRES: not `ParserEvent::None`.
+constexpr const ParserEventRow& RowOf(ParserEvent event) {
+    return kParserEvents.at(static_cast<std::size_t>(event) - 1);
+}
+
+/// True for the events that can end the scope of a coding convention, and so make a pending violation due.
+constexpr bool CanEndScope(const ParserEventRow& row) {
+    return row.EndLevel != kNoLevel;
+}
 
 }  // namespace dorvik

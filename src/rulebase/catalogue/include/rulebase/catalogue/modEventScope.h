@@ -1,6 +1,9 @@
 #pragma once
 
+#include "parser/ParserEventTable.h"
+
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,5 +22,9 @@ bool MayHold(std::int32_t event, std::string_view objectName);
 
 /// "event 10 (Declaration)".
 std::string Describe(std::int32_t event);
+
+/// The numbers of the listed events as a sentence names them: "10, 28 and 30" with the conjunction "and".
+std::string
+NumbersOf(const std::function<bool(const ParserEventRow&)>& isListed, std::string_view conjunction);
 
 }  // namespace dorvik::modEventScope
