@@ -1,6 +1,8 @@
 #include "MeasuredReview.h"
 
+#include "criteria/ProgressInfo.h"
 #include "criteria/ReviewCriteria.h"
+#include "enforcement/RuleEngine.h"
 #include "foundation/log/LogFile.h"
 #include "foundation/log/modLog.h"
 #include "review/ReviewManager.h"

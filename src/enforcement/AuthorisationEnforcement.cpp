@@ -3,8 +3,10 @@
 #include "base/BasicError.h"
 #include "base/modText.h"
 #include "base/modTextCase.h"
+#include "enforcement/ViolationLog.h"
 #include "foundation/log/Trap.h"
 #include "parser/ScopeName.h"
+#include "parser/VB6ParserState.h"
 #include "rulebase/model/DefaultViolations.h"
 #include "rulebase/model/Rulebase.h"
 #include "source/VirtualObject.h"
@@ -65,7 +67,7 @@ void AuthorisationEnforcement::EnforceAuthorisedReference(
     reference.IsAuthorised = false;
     const auto type = verdict.Found ? DefaultViolationType::UnauthorisedReferenceVersion
                                     : DefaultViolationType::UnauthorisedReference;
-    m_resultsManager.RaiseViolation(
+    m_violations.RaiseViolation(
         DefinitionOf(m_rulebase, type),
         {Location::File, 0, ruleTypeReference, "(Reference)"},
         verdict.Advice);
@@ -95,8 +97,7 @@ AuthorisationEnforcement::FindComponent(VirtualObject& component) const {
 
 void AuthorisationEnforcement::EnforceAuthorisedComponents() {
     Trap({"C_VB6ProjectReview", "EnforceAuthorisedComponents"}, [&] {
-        VirtualObject* component =
-            m_resultsManager.ParserState().FindVirtualObject(scopename::kComponent);
+        VirtualObject* component = m_state.FindVirtualObject(scopename::kComponent);
         if (component == nullptr) {
             RaiseRuntimeError(runtimeerror::kObjectNotSet);
         }
@@ -107,7 +108,7 @@ void AuthorisationEnforcement::EnforceAuthorisedComponents() {
         }
         const auto type = verdict.Found ? DefaultViolationType::UnauthorisedComponentVersion
                                         : DefaultViolationType::UnauthorisedComponent;
-        m_resultsManager.RaiseViolation(
+        m_violations.RaiseViolation(
             DefinitionOf(m_rulebase, type),
             {Location::Layout, 0, ruleTypeComponent, "(Component)"},
             verdict.Advice);

@@ -1,29 +1,20 @@
 #include "enforcement/CodingEnforcement.h"
 
 #include "enforcement/RuleEngine.h"
+#include "enforcement/ViolationLog.h"
+#include "parser/VB6ParserState.h"
 #include "rulebase/model/Rulebase.h"
 
 namespace dorvik {
-
-namespace {
-
-/// At the end of something a violation is told at its start.
-bool IsTellingTheStart(ParserEvent event) {
-    return event == ParserEvent::EndEnum || event == ParserEvent::EndType ||
-           event == ParserEvent::EndDeclarations || event == ParserEvent::EndProcedure;
-}
-
-}  // namespace
 
 CodingEnforcement::EventRules& CodingEnforcement::RulesOf(ParserEvent event) {
     const auto number = static_cast<std::int32_t>(event);
     EventRules& rules = m_rules.at(static_cast<std::size_t>(number));
     if (!rules.Prepared) {
         rules.Assigned.clear();  // what an attempt that failed left
-        if (const auto* assigned = m_rulebase.RuleLists().ParserEventCCList(number, false)) {
-            for (std::int32_t index = 1; index <= assigned->Count(); ++index) {
-                CodingConvention& rule = *assigned->Item(index);
-                rules.Assigned.push_back({&rule, std::to_string(rule.RuleID())});
+        if (const auto* assigned = m_review.Rulebase.RuleLists().ParserEventCCList(number, false)) {
+            for (const auto& rule : *assigned) {
+                rules.Assigned.push_back({rule.get(), std::to_string(rule->RuleID())});
             }
         }
         rules.Prepared = true;
@@ -36,39 +27,34 @@ void CodingEnforcement::EnforceCodingConventions(const EventPlace& place) {
         RunRule(assigned, place);
     }
     const auto event = static_cast<std::int32_t>(place.Event);
-    if (const auto* pending = m_rulebase.RuleLists().PendingViolations(event)) {
-        for (std::int32_t index = 1; index <= pending->Count(); ++index) {
-            SettlePendingViolation(*pending->Item(index), place);
+    if (const auto* pending = m_review.Rulebase.RuleLists().PendingViolations(event)) {
+        for (const auto& rule : *pending) {
+            SettlePendingViolation(*rule, place);
         }
     }
 }
 
 void CodingEnforcement::RunRule(const AssignedRule& assigned, const EventPlace& place) {
     CodingConvention& rule = *assigned.Rule;
-    if (rule.Cancelled() || m_ruleEngine.IsSwitchedOff(rule.RuleID())) {
+    if (rule.Cancelled() || m_review.RuleEngine.IsSwitchedOff(rule.RuleID())) {
         return;  // silent until its end event, or for good
     }
     if (rule.PendingViolation()) {
         rule.SetTriggered(true);
     }
-    m_resultsManager.ParserState().SetCurrentRuleID(assigned.RuleID);
-    const ScriptResult result = m_ruleEngine.ExecuteRuleCondition(rule.RuleID());
+    m_review.State.SetCurrentRuleID(assigned.RuleID);
+    const ScriptResult result = m_review.RuleEngine.ExecuteRuleCondition(rule.RuleID());
     if (result == ScriptResult::CancelPendingViolation) {
         rule.SetCancelled(true);
     } else if (result == ScriptResult::RaiseViolation) {
-        if (IsTellingTheStart(place.Event)) {
-            m_resultsManager.RaiseEndEventViolation(
-                rule.ViolationDefinition(), place.OriginOf(rule), place.Event);
-        } else {
-            m_resultsManager.RaiseViolation(rule.ViolationDefinition(), place.OriginOf(rule), "");
-        }
+        m_review.Violations.RaiseAtEvent(rule, place);
     }
 }
 
 void CodingEnforcement::SettlePendingViolation(CodingConvention& rule, const EventPlace& place) {
-    const bool isDue = rule.Triggered() && !m_ruleEngine.IsSwitchedOff(rule.RuleID());
+    const bool isDue = rule.Triggered() && !m_review.RuleEngine.IsSwitchedOff(rule.RuleID());
     if (!rule.Cancelled() && isDue) {
-        m_resultsManager.RaiseEndEventViolation(
+        m_review.Violations.RaiseEndEventViolation(
             rule.ViolationDefinition(), place.OriginOf(rule), place.Event);
     } else {
         rule.SetCancelled(false);

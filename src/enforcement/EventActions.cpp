@@ -1,23 +1,19 @@
 #include "enforcement/EventActions.h"
 
 #include "criteria/ReviewCriteria.h"
+#include "enforcement/AuthorisationEnforcement.h"
+#include "enforcement/CodingEnforcement.h"
+#include "enforcement/KeywordEnforcement.h"
+#include "enforcement/NamingEnforcement.h"
 #include "enforcement/ResultsManager.h"
 #include "enforcement/RuleEngine.h"
+#include "parser/ParserEventTable.h"
 #include "parser/ScopeName.h"
-#include "rulebase/model/Rulebase.h"
+#include "results/ResultsDB.h"
 #include "source/LineType.h"
+#include "source/VirtualObject.h"
 
 namespace dorvik {
-
-namespace {
-
-/// The events at which keywords run, whatever events a keyword is assigned to in the rulebase.
-bool IsKeywordEvent(ParserEvent event) {
-    return event == ParserEvent::Declaration || event == ParserEvent::BeginProcedure ||
-           event == ParserEvent::ProcedureBody;
-}
-
-}  // namespace
 
 std::string_view LocationMember(const VB6ParserState& state, Location location) {
     switch (location) {
@@ -40,22 +36,27 @@ EventActions::EventActions(
     RuleEngine& ruleEngine,
     ResultsManager& resultsManager)
     : m_criteria(criteria),
-      m_rulebase(rulebase),
-      m_ruleEngine(ruleEngine),
       m_resultsManager(resultsManager),
-      m_authorisation(rulebase, resultsManager),
-      m_coding(rulebase, ruleEngine, resultsManager),
-      m_keywords(rulebase, ruleEngine, resultsManager) {}
+      m_review{
+          rulebase,
+          ruleEngine,
+          resultsManager.ParserState(),
+          resultsManager.Log(),
+          resultsManager.Violations()},
+      m_authorisation(std::make_unique<AuthorisationEnforcement>(
+          rulebase, m_review.State, m_review.Violations)),
+      m_coding(std::make_unique<CodingEnforcement>(m_review)),
+      m_keywords(std::make_unique<KeywordEnforcement>(m_review)) {}
+
+EventActions::~EventActions() = default;
 
 void EventActions::SetNamingHelper(NamingConventionHelper& helper) {
-    m_naming.emplace(m_rulebase, m_ruleEngine, m_resultsManager, helper);
+    m_naming = std::make_unique<NamingEnforcement>(m_review, helper);
 }
 
 void EventActions::Execute(ParserEvent event, bool parserActive) {
-    VB6ParserState& state = m_resultsManager.ParserState();
-    state.SetParserEvent(event);
-    const Location location = parserActive ? state.CurrentLocation() : Location::File;
-    const EventPlace place{event, location, LocationMember(state, location)};
+    const Location location = parserActive ? m_review.State.CurrentLocation() : Location::File;
+    const EventPlace place{event, location, LocationMember(m_review.State, location)};
     SetupResults(event);
     EnforceRules(place);
     LogFinishedObjects(event);
@@ -63,25 +64,25 @@ void EventActions::Execute(ParserEvent event, bool parserActive) {
 
 void EventActions::EnforceRules(const EventPlace& place) {
     const RulebaseLoadCriteria& active = m_criteria.LoadCriteria();
-    m_ruleEngine.BeginEvent();
+    m_review.RuleEngine.BeginEvent();
     if (place.Event == ParserEvent::Component) {
         if (active.AuthorisedComponents()) {
-            m_authorisation.EnforceAuthorisedComponents();
+            m_authorisation->EnforceAuthorisedComponents();
         }
     } else if (active.NamingConventions() && m_naming) {
         m_naming->EnforceNamingConventions(place);
     }
     if (active.CodingConventions()) {
-        m_coding.EnforceCodingConventions(place);
+        m_coding->EnforceCodingConventions(place);
     }
-    if (IsKeywordEvent(place.Event) && active.UnauthorisedKeywords() &&
-        m_resultsManager.ParserState().CurrentLineType() != LineType::CommentOnly) {
-        m_keywords.EnforceUnauthorisedKeywords(place);
+    if (RowOf(place.Event).Rules.TestsKeywords && active.UnauthorisedKeywords() &&
+        m_review.State.CurrentLineType() != LineType::CommentOnly) {
+        m_keywords->EnforceUnauthorisedKeywords(place);
     }
 }
 
 void EventActions::SetupResults(ParserEvent event) {
-    VB6ParserState& state = m_resultsManager.ParserState();
+    const VB6ParserState& state = m_review.State;
     const auto setup = [&](std::string_view name) {
         if (const std::shared_ptr<VirtualObject> object = state.GetVirtualObject(name)) {
             m_resultsManager.ResultsDB().SetupVObjectResults(name, *object);

@@ -2,9 +2,13 @@
 
 #include "base/modText.h"
 #include "enforcement/RuleEngine.h"
+#include "enforcement/ViolationLog.h"
 #include "foundation/log/Trap.h"
+#include "parser/VB6ParserState.h"
 #include "rulebase/model/Rulebase.h"
 #include "rulebase/model/modRuleFacts.h"
+
+#include <utility>
 
 namespace dorvik {
 
@@ -13,13 +17,13 @@ std::vector<KeywordEnforcement::KeywordTest>& KeywordEnforcement::KeywordsOf(Par
     EventKeywords& keywords = m_keywords.at(static_cast<std::size_t>(number));
     if (!keywords.Prepared) {
         keywords.Tests.clear();  // what an attempt that failed left
-        if (const auto* rules = m_rulebase.RuleLists().ParserEventUKList(number)) {
-            for (std::int32_t index = 1; index <= rules->Count(); ++index) {
-                const IRule& rule = *rules->Item(index);
+        const RuleLists& lists = std::as_const(m_review.Rulebase).RuleLists();
+        if (const auto* rules = lists.ParserEventUKList(number)) {
+            for (const auto& rule : *rules) {
                 KeywordTest& test = keywords.Tests.emplace_back();
-                test.Rule = &rule;
-                test.RuleID = std::to_string(rule.RuleID());
-                test.Expression.SetPattern(rule.Condition());
+                test.Rule = rule.get();
+                test.RuleID = std::to_string(rule->RuleID());
+                test.Expression.SetPattern(rule->Condition());
                 test.Needs = test.Expression.Needs();
             }
         }
@@ -33,22 +37,22 @@ void KeywordEnforcement::EnforceUnauthorisedKeywords(const EventPlace& place) {
     if (keywords.empty()) {
         return;
     }
-    VB6ParserState& state = m_resultsManager.ParserState();
+    VB6ParserState& state = m_review.State;
     const std::string_view statement = modText::TrimLeft(state.StrippedSourceStatement());
     const TextTraits traits(statement);
     const KeywordTest* current = nullptr;
     for (KeywordTest& keyword : keywords) {
-        if (m_ruleEngine.IsSwitchedOff(keyword.Rule->RuleID())) {
+        if (m_review.RuleEngine.IsSwitchedOff(keyword.Rule->RuleID())) {
             continue;
         }
-        m_ruleEngine.IncrementRuleExecutionCount();
+        m_review.RuleEngine.IncrementRuleExecutionCount();
         current = &keyword;
         if (!keyword.Needs.MayMatch(statement, traits)) {
             continue;
         }
         state.SetCurrentRuleID(keyword.RuleID);
         if (IsMatch(keyword, statement, traits)) {
-            Raise(*keyword.Rule, place);
+            m_review.Violations.RaiseAtEvent(*keyword.Rule, place);
         }
     }
     if (current != nullptr) {
@@ -63,22 +67,13 @@ bool KeywordEnforcement::IsMatch(
         [&] { isMatch = keyword.Expression.Test(statement, traits); },
         [&] {
             if (keyword.Expression.IsMalformed()) {
-                m_ruleEngine.CountPatternFailure(*keyword.Rule);
+                m_review.RuleEngine.CountPatternFailure(*keyword.Rule);
             } else {
-                m_ruleEngine.CountPatternStop(*keyword.Rule);
+                m_review.RuleEngine.CountPatternStop(*keyword.Rule);
             }
             return " in " + modRuleFacts::NameOf(*keyword.Rule);
         });
     return isMatch;
-}
-
-void KeywordEnforcement::Raise(const IRule& rule, const EventPlace& place) {
-    if (place.Event == ParserEvent::EndProcedure) {
-        m_resultsManager.RaiseEndEventViolation(
-            rule.ViolationDefinition(), place.OriginOf(rule), place.Event);
-    } else {
-        m_resultsManager.RaiseViolation(rule.ViolationDefinition(), place.OriginOf(rule), "");
-    }
 }
 
 }  // namespace dorvik

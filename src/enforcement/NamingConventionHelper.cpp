@@ -2,8 +2,8 @@
 
 #include "base/BasicError.h"
 #include "base/modTextCase.h"
-#include "enforcement/ResultsManager.h"
 #include "foundation/log/Trap.h"
+#include "parser/VB6ParserState.h"
 #include "platform/host/modHost.h"
 #include "source/VirtualSourceFile.h"
 #include "source/modSource.h"
@@ -130,8 +130,7 @@ NamingResult NamingConventionHelper::TestPattern(
 std::string NamingConventionHelper::DetailOfFailure() {
     m_wasMalformed = m_expression.IsMalformed();
     m_wasGivenUp = !m_wasMalformed;
-    const std::string rule =
-        m_resultsManager != nullptr ? m_resultsManager->ParserState().CurrentRuleID() : "";
+    const std::string rule = m_state != nullptr ? m_state->CurrentRuleID() : std::string();
     return rule.empty() ? std::string() : " in rule " + rule;
 }
 

@@ -1,9 +1,10 @@
 #include "base/modText.h"
 #include "base/modTextCase.h"
 #include "enforcement/NamingConventionHelper.h"
-#include "enforcement/ResultsManager.h"
+#include "enforcement/ReviewLog.h"
 #include "foundation/log/Trap.h"
 #include "parser/ScopeName.h"
+#include "parser/VB6ParserState.h"
 #include "rulebase/model/Rulebase.h"
 
 #include <array>
@@ -57,18 +58,6 @@ bool IsArgumentEvent(ParserEvent event) {
 
 }  // namespace
 
-std::string
-NamingConventionHelper::PropertyText(std::string_view objectName, std::string_view propertyName) {
-    bool found = false;
-    std::string errorText;
-    const Variant value = m_resultsManager->ParserState().GetObjectProperty(
-        objectName, propertyName, found, errorText);
-    if (!found) {
-        m_resultsManager->DumpDebugPrint(errorText, true);
-    }
-    return value.AsText();
-}
-
 NamingResult NamingConventionHelper::ComputePrefixSuffixPattern(
     const ObjectArrayList<PrefixSuffixItem>& items,
     ParserEvent event,
@@ -107,7 +96,7 @@ NamingResult NamingConventionHelper::TextOfItem(
         case psProperty: {
             const std::size_t dot = item.Value.find('.');
             const std::string_view value = item.Value;
-            text = PropertyText(
+            text = m_log->PropertyText(
                 value.substr(0, dot),
                 dot == std::string_view::npos ? std::string_view() : value.substr(dot + 1));
             break;
@@ -121,9 +110,8 @@ NamingResult
 NamingConventionHelper::GetAppropriateControlTag(std::string_view objectName, std::string& tag) {
     auto result = NamingResult::TestFailed;
     Trap({kModule, "GetAppropriateControlTag"}, [&] {
-        const std::string programId = PropertyText(objectName, "ProgId");
-        VB6ParserState& state = m_resultsManager->ParserState();
-        state.SetControlTag("");
+        const std::string programId = m_log->PropertyText(objectName, "ProgId");
+        m_state->SetControlTag("");
         const TagTable& tags = m_rulebase->ControlTags();
         if (!tags.Contains(programId) && m_rulebase->UnknownControlViolation()) {
             result = NamingResult::UnknownControl;
@@ -132,7 +120,7 @@ NamingConventionHelper::GetAppropriateControlTag(std::string_view objectName, st
         // The default row is spelt "(Unknown ProgID)"; keys ignore case. A rulebase without it fails here.
         tag = tags.Item(tags.Contains(programId) ? std::string_view(programId) : kUnknownProgId)
                   ->TagValue();
-        state.SetControlTag(tag);
+        m_state->SetControlTag(tag);
         result = NamingResult::Success;
     });
     return result;
@@ -140,17 +128,19 @@ NamingConventionHelper::GetAppropriateControlTag(std::string_view objectName, st
 
 std::string_view NamingConventionHelper::ScopeRow(ParserEvent event, std::string_view objectName) {
     if (IsArgumentEvent(event)) {
-        return modTextCase::Equal(PropertyText(objectName, "PassBy"), "ByVal") ? "ByVal Argument"
-                                                                               : "ByRef Argument";
+        return modTextCase::Equal(m_log->PropertyText(objectName, "PassBy"), "ByVal")
+                   ? "ByVal Argument"
+                   : "ByRef Argument";
     }
     if (event == ParserEvent::LocalConst) {
         return "Local";
     }
     if (event == ParserEvent::LocalVariable) {
-        return modTextCase::Equal(PropertyText(objectName, "IsStatic"), "True") ? "Local (Static)"
-                                                                                : "Local";
+        return modTextCase::Equal(m_log->PropertyText(objectName, "IsStatic"), "True")
+                   ? "Local (Static)"
+                   : "Local";
     }
-    const std::string scope = PropertyText(objectName, "Scope");
+    const std::string scope = m_log->PropertyText(objectName, "Scope");
     if (modTextCase::Equal(scope, "Public") || modTextCase::Equal(scope, "Global")) {
         return "Public (Global)";
     }
@@ -165,7 +155,7 @@ NamingResult NamingConventionHelper::GetAppropriateScopeTag(
         if (found != nullptr) {
             tag = *found;
         }
-        m_resultsManager->ParserState().SetScopeTag(found != nullptr ? *found : std::string());
+        m_state->SetScopeTag(found != nullptr ? *found : std::string());
         result = found != nullptr ? NamingResult::Success : NamingResult::UnknownScope;
     });
     return result;
@@ -175,21 +165,20 @@ NamingResult
 NamingConventionHelper::GetAppropriateDataTypeTag(std::string_view objectName, std::string& tag) {
     auto result = NamingResult::TestFailed;
     Trap({kModule, "GetAppropriateDataTypeTag"}, [&] {
-        std::string dataType = PropertyText(objectName, "DataType");
-        const std::string file = PropertyText(scopename::kFile, "Name");
+        std::string dataType = m_log->PropertyText(objectName, "DataType");
+        const std::string file = m_log->PropertyText(scopename::kFile, "Name");
         if (dataType.empty()) {
             dataType = "Variant";
         }
         dataType.resize(std::min(dataType.size(), dataType.find(kFixedLengthMark)));
-        VB6ParserState& state = m_resultsManager->ParserState();
         if (const std::string* found = DataTypeTag(dataType, file)) {
             tag = *found;
-            state.SetDataTypeTag(tag);
+            m_state->SetDataTypeTag(tag);
             result = NamingResult::Success;
             return;
         }
-        state.SetDataTypeTag("");
-        m_resultsManager->DumpDebugPrint("Data type '" + dataType + "' undefined.", true);
+        m_state->SetDataTypeTag("");
+        m_log->DumpDebugPrint("Data type '" + dataType + "' undefined.", true);
         result = NamingResult::UnknownDataType;
     });
     return result;
@@ -222,9 +211,9 @@ NamingConventionHelper::TagOfKind(TypeKind kind, const std::string& programId) c
 NamingResult
 NamingConventionHelper::GetAppropriateArrayTag(std::string_view objectName, std::string& tag) {
     Trap({kModule, "GetAppropriateArrayTag"}, [&] {
-        const bool isArray = modTextCase::Equal(PropertyText(objectName, "IsArray"), "True");
+        const bool isArray = modTextCase::Equal(m_log->PropertyText(objectName, "IsArray"), "True");
         tag = isArray ? m_rulebase->ArrayTag() : std::string();
-        m_resultsManager->ParserState().SetArrayTag(tag);
+        m_state->SetArrayTag(tag);
     });
     return NamingResult::Success;
 }

@@ -2,8 +2,12 @@
 
 #include "base/modTextCase.h"
 #include "base/modUtf8.h"
+#include "enforcement/NamingConventionHelper.h"
+#include "enforcement/ReviewLog.h"
 #include "enforcement/RuleEngine.h"
+#include "enforcement/ViolationLog.h"
 #include "foundation/log/Trap.h"
+#include "parser/VB6ParserState.h"
 #include "rulebase/model/Rulebase.h"
 
 namespace dorvik {
@@ -23,42 +27,22 @@ bool IsExcluded(std::string_view name, std::string_view exclusionList) {
 
 }  // namespace
 
-bool NamingEnforcement::FindProperty(
-    std::string_view objectName, std::string_view propertyName, std::string& text) {
-    bool found = false;
-    std::string errorText;
-    const Variant value = m_resultsManager.ParserState().GetObjectProperty(
-        objectName, propertyName, found, errorText);
-    if (found) {
-        text = value.AsText();
-    } else {
-        m_resultsManager.DumpDebugPrint(errorText, true);
-    }
-    return found;
-}
-
-std::string
-NamingEnforcement::PropertyText(std::string_view objectName, std::string_view propertyName) {
-    std::string text;
-    FindProperty(objectName, propertyName, text);
-    return text;
-}
-
 void NamingEnforcement::ApplyObjectNamingConventions(
     const EventPlace& place, std::string_view objectName, ObjectType type, bool endEvent) {
-    auto* rules = m_rulebase.RuleLists().ObjectNCList(static_cast<std::int32_t>(type), false);
+    auto* rules =
+        m_review.Rulebase.RuleLists().ObjectNCList(static_cast<std::int32_t>(type), false);
     if (rules == nullptr) {
         return;
     }
-    for (std::int32_t index = 1; index <= rules->Count(); ++index) {
+    for (const auto& candidate : *rules) {
         Trap({kModule, "ApplyObjectNamingConventions"}, [&] {
-            NamingConvention& rule = *rules->Item(index);
-            if (m_ruleEngine.IsSwitchedOff(rule.RuleID())) {
+            NamingConvention& rule = *candidate;
+            if (m_review.RuleEngine.IsSwitchedOff(rule.RuleID())) {
                 return;
             }
-            m_resultsManager.ParserState().SetCurrentRuleID(std::to_string(rule.RuleID()));
-            if (rule.Condition().empty() ||
-                m_ruleEngine.ExecuteRuleCondition(rule.RuleID()) == ScriptResult::ApplyConvention) {
+            m_review.State.SetCurrentRuleID(std::to_string(rule.RuleID()));
+            if (rule.Condition().empty() || m_review.RuleEngine.ExecuteRuleCondition(
+                                                rule.RuleID()) == ScriptResult::ApplyConvention) {
                 ApplyNamingConvention(place, objectName, rule, endEvent);
             }
         });
@@ -68,20 +52,24 @@ void NamingEnforcement::ApplyObjectNamingConventions(
 void NamingEnforcement::ApplyNamingConvention(
     const EventPlace& place, std::string_view objectName, NamingConvention& rule, bool endEvent) {
     Trap({kModule, "ApplyNamingConvention"}, [&] {
-        std::string name;
-        if (!FindProperty(objectName, rule.PropertyName(), name) ||
-            IsExcluded(name, rule.ExclusionList())) {
+        const std::optional<Variant> property =
+            m_review.Log.FindProperty(objectName, rule.PropertyName());
+        if (!property) {
+            return;
+        }
+        const std::string name = property->AsText();
+        if (IsExcluded(name, rule.ExclusionList())) {
             return;
         }
         const ViolationDefinition* definition = FailedTest(place, objectName, name, rule);
         if (definition == nullptr) {
             return;
         }
-        const ResultsManager::Origin origin = place.OriginOf(rule);
+        const ViolationOrigin origin = place.OriginOf(rule);
         if (endEvent) {
-            m_resultsManager.RaiseEndEventViolation(*definition, origin, place.Event);
+            m_review.Violations.RaiseEndEventViolation(*definition, origin, place.Event);
         } else {
-            m_resultsManager.RaiseViolation(*definition, origin, "");
+            m_review.Violations.RaiseViolation(*definition, origin, "");
         }
     });
 }
@@ -91,7 +79,7 @@ const ViolationDefinition* NamingEnforcement::FailedTest(
     std::string_view objectName,
     std::string_view name,
     NamingConvention& rule) {
-    const ViolationDefinition& unknownControl = m_rulebase.DefaultViolations().Item(
+    const ViolationDefinition& unknownControl = m_review.Rulebase.DefaultViolations().Item(
         static_cast<std::int32_t>(DefaultViolationType::UnknownControl));
     // Required: the advice is written into the rule's own definition, where it stays for the review.
     const auto failWith = [&rule](const std::string& advice) {
@@ -166,9 +154,9 @@ NamingResult NamingEnforcement::Test(
     std::string* match) {
     const NamingResult result = m_helper.TestPattern(text, pattern, rule.CaseSensitive(), match);
     if (m_helper.WasGivenUp()) {
-        m_ruleEngine.CountPatternStop(rule);
+        m_review.RuleEngine.CountPatternStop(rule);
     } else if (m_helper.WasMalformed()) {
-        m_ruleEngine.CountPatternFailure(rule);
+        m_review.RuleEngine.CountPatternFailure(rule);
     }
     return result;
 }

@@ -1,6 +1,8 @@
 #include "base/modTextCase.h"
 #include "enforcement/NamingEnforcement.h"
+#include "enforcement/ReviewLog.h"
 #include "foundation/log/Trap.h"
+#include "parser/ParserEventTable.h"
 #include "parser/ScopeName.h"
 #include "rulebase/catalogue/modNamingEvents.h"
 #include "rulebase/model/Rulebase.h"
@@ -29,13 +31,6 @@ constexpr std::array kFileKinds{
     FileKind{"UserDocument", ObjectType::UserDocumentFile},
 };
 
-/// At the end of a whole object a violation is told at its start.
-bool IsEndOfObject(ParserEvent event) {
-    return event == ParserEvent::EndEnum || event == ParserEvent::EndType ||
-           event == ParserEvent::EndProcedure || event == ParserEvent::EndFile ||
-           event == ParserEvent::EndProject;
-}
-
 }  // namespace
 
 void NamingEnforcement::EnforceNamingConventions(const EventPlace& place) {
@@ -47,14 +42,14 @@ void NamingEnforcement::EnforceNamingConventions(const EventPlace& place) {
         for (const NamingEventRow& row : modNamingEvents::At(place.Event)) {
             if (HasRulesFor(row.Type) && IsOfType(place.Event, row.Type)) {
                 ApplyObjectNamingConventions(
-                    here, row.ObjectName, row.Type, IsEndOfObject(place.Event));
+                    here, row.ObjectName, row.Type, RowOf(place.Event).Rules.EndsNamedObject);
             }
         }
     });
 }
 
 bool NamingEnforcement::HasRulesFor(ObjectType type) const {
-    const RuleLists& rules = std::as_const(m_rulebase).RuleLists();
+    const RuleLists& rules = std::as_const(m_review.Rulebase).RuleLists();
     return rules.ObjectNCList(static_cast<std::int32_t>(type)) != nullptr;
 }
 
@@ -80,11 +75,11 @@ bool NamingEnforcement::IsOfType(ParserEvent event, ObjectType type) {
 
 bool NamingEnforcement::PropertyIs(
     std::string_view objectName, std::string_view propertyName, std::string_view text) {
-    return modTextCase::Equal(PropertyText(objectName, propertyName), text);
+    return modTextCase::Equal(m_review.Log.PropertyText(objectName, propertyName), text);
 }
 
 bool NamingEnforcement::IsPublic(std::string_view objectName) {
-    const std::string scope = PropertyText(objectName, "Scope");
+    const std::string scope = m_review.Log.PropertyText(objectName, "Scope");
     return modTextCase::Equal(scope, "Global") || modTextCase::Equal(scope, "Public");
 }
 
@@ -116,7 +111,7 @@ bool NamingEnforcement::IsProcedureOfType(ObjectType type) {
     if (type == ObjectType::Procedure) {
         return true;
     }
-    const std::string text = PropertyText(scopename::kProcedure, "ProcedureType");
+    const std::string text = m_review.Log.PropertyText(scopename::kProcedure, "ProcedureType");
     if (modTextCase::Equal(text, "Sub")) {
         return type == ObjectType::SubProcedure;
     }
@@ -128,14 +123,14 @@ bool NamingEnforcement::IsFileOfType(ObjectType type) {
     if (type == ObjectType::File) {
         return true;
     }
-    const std::string text = PropertyText(scopename::kFile, "Type");
+    const std::string text = m_review.Log.PropertyText(scopename::kFile, "Type");
     return std::ranges::any_of(kFileKinds, [&](const FileKind& row) {
         return row.Object == type && modTextCase::Equal(row.Type, text);
     });
 }
 
 bool NamingEnforcement::IsFormOfType(ObjectType type) {
-    const std::string text = PropertyText(scopename::kFile, "Type");
+    const std::string text = m_review.Log.PropertyText(scopename::kFile, "Type");
     const bool isForm = modTextCase::Equal(text, "Form") || modTextCase::Equal(text, "MDIForm");
     if (!isForm || PropertyIs(scopename::kLayout, "IsMDIParent", "True")) {
         return false;

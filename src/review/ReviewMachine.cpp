@@ -1,5 +1,6 @@
-#include "review/ReviewMachine.h"
+#include "ReviewMachine.h"
 
+#include "TimeSlice.h"
 #include "VB6ProjectReview.h"
 #include "foundation/log/LogFile.h"
 #include "foundation/log/Trap.h"
@@ -7,7 +8,6 @@
 #include "platform/host/IMessageBox.h"
 #include "platform/host/ScopedInstall.h"
 #include "platform/host/modHost.h"
-#include "review/TimeSlice.h"
 #include "rulebase/file/RulebaseManager.h"
 #include "rulebase/model/Rulebase.h"
 #include "source/VirtualProject.h"

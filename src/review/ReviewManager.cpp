@@ -1,5 +1,7 @@
 #include "review/ReviewManager.h"
 
+#include "ReviewMachine.h"
+
 #include <utility>
 
 namespace dorvik {
@@ -32,6 +34,22 @@ SliceResult ReviewManager::ReviewTimeSlice(std::int32_t ticks) {
 
 void ReviewManager::Abandon() {
     m_machine->Abandon();
+}
+
+RuleEngine& ReviewManager::RuleEngine() {
+    return m_machine->RuleEngine();
+}
+
+const ReportsEngine& ReviewManager::Reports() const {
+    return m_machine->Reports();
+}
+
+bool ReviewManager::ReportsCancelled() const {
+    return m_machine->ReportsCancelled();
+}
+
+const Rulebase* ReviewManager::LoadedRulebase() const {
+    return m_machine->LoadedRulebase();
 }
 
 }  // namespace dorvik

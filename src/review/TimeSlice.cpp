@@ -1,4 +1,4 @@
-#include "review/TimeSlice.h"
+#include "TimeSlice.h"
 
 #include "foundation/log/LogFile.h"
 #include "foundation/log/Trap.h"

@@ -1,16 +1,24 @@
 #include "VB6ProjectReview.h"
 
+#include "TimeSlice.h"
 #include "base/BasicError.h"
 #include "criteria/ProgressInfo.h"
 #include "criteria/ReviewCriteria.h"
+#include "enforcement/EventActions.h"
+#include "enforcement/NamingConventionHelper.h"
+#include "enforcement/ResultsManager.h"
 #include "enforcement/RuleEngine.h"
 #include "foundation/log/LogFile.h"
 #include "foundation/log/Trap.h"
 #include "foundation/log/modLog.h"
+#include "parser/IFileParser.h"
+#include "parser/VB6ParserState.h"
+#include "platform/host/ITypeLibrarySource.h"
 #include "platform/host/modHost.h"
 #include "review/IProjectReviewEvents.h"
-#include "review/TimeSlice.h"
 #include "rulebase/model/Rulebase.h"
+#include "source/VirtualProject.h"
+#include "source/VirtualSourceFile.h"
 
 #include <algorithm>
 
@@ -215,6 +223,15 @@ ProjectReviewStatus VB6ProjectReview::MoveToNextSourceFile() {
 
 void VB6ProjectReview::ParserEvent(dorvik::ParserEvent event) {
     ExecuteEventActions(event);
+}
+
+void VB6ProjectReview::FireProjectEvent(dorvik::ParserEvent event) {
+    ParserState().SetParserEvent(event);
+    ExecuteEventActions(event);
+}
+
+VB6ParserState& VB6ProjectReview::ParserState() {
+    return m_resultsManager->ParserState();
 }
 
 void VB6ProjectReview::ExecuteEventActions(dorvik::ParserEvent event) {

@@ -1,25 +1,30 @@
 #pragma once
 
 #include "ProjectReviewStatus.h"
-#include "enforcement/EventActions.h"
-#include "enforcement/NamingConventionHelper.h"
-#include "enforcement/ResultsManager.h"
-#include "parser/IFileParser.h"
+#include "TimeSlice.h"
 #include "parser/IFileParserEvents.h"
-#include "platform/host/ITypeLibrarySource.h"
 #include "review/IProjectReview.h"
-#include "review/ResultsReservations.h"
-#include "review/TimeSlice.h"
-#include "source/VirtualProject.h"
-#include "source/VirtualSourceFile.h"
 
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 
 namespace dorvik {
+
+class EventActions;
+class IFileParser;
+class ITypeLibraries;
+class ITypeLibrarySource;
+class NamingConventionHelper;
+class ResultsManager;
+class ResultsReservations;
+class VB6ParserState;
+class VirtualObject;
+class VirtualProject;
+class VirtualSourceFile;
+class VirtualTypeLibrary;
+enum class SourceFileStatus : std::int32_t;
 
 /// Reviews one project from end to end: opens its results store, loads the type libraries of its
 /// references and components, scans all files for global names, fires the project's own parser
@@ -70,6 +75,8 @@ public:
 
 private:
     void ParserEvent(dorvik::ParserEvent event) override;
+    /// Fires an event of the project itself, as the file parser fires its own.
+    void FireProjectEvent(dorvik::ParserEvent event);
     void ExecuteEventActions(dorvik::ParserEvent event);
 
     SliceResult ProjectReviewStep();
@@ -116,7 +123,7 @@ private:
     void LogVerdict();
     void LogLine(std::string_view line);
     void ReleaseFromRules();
-    VB6ParserState& ParserState() { return m_resultsManager->ParserState(); }
+    VB6ParserState& ParserState();
 
     SliceGuard m_slices;
     bool m_hasGivenUp = false;

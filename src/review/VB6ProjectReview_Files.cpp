@@ -3,11 +3,17 @@
 #include "base/BasicError.h"
 #include "criteria/ProgressInfo.h"
 #include "criteria/ReviewCriteria.h"
+#include "enforcement/EventActions.h"
+#include "enforcement/ResultsManager.h"
 #include "foundation/log/Trap.h"
 #include "modProjectScope.h"
 #include "parser/ScopeName.h"
 #include "parser/VB6Parser.h"
+#include "results/ResultsDB.h"
 #include "results/modTolerances.h"
+#include "source/VirtualObject.h"
+#include "source/VirtualProject.h"
+#include "source/VirtualSourceFile.h"
 
 #include <utility>
 
@@ -23,7 +29,7 @@ constexpr std::string_view kAverage = "AverageCyclomatic";
 
 ProjectReviewStatus VB6ProjectReview::State_BeginSourceFiles() {
     return Trapped({kModule, "State_BeginSourceFiles"}, ProjectReviewStatus::IsError, [&] {
-        ExecuteEventActions(dorvik::ParserEvent::BeginSourceFiles);
+        FireProjectEvent(dorvik::ParserEvent::BeginSourceFiles);
         const std::int32_t selected = m_project->SourceFiles().SelectedCount();
         m_progress->BeginSourceFiles(selected);
         // One report for each file, and the project report itself.
@@ -188,7 +194,7 @@ void VB6ProjectReview::LogFileResults() {
 
 ProjectReviewStatus VB6ProjectReview::State_EndSourceFiles() {
     return Trapped({kModule, "State_EndSourceFiles"}, ProjectReviewStatus::IsError, [&] {
-        ExecuteEventActions(dorvik::ParserEvent::EndSourceFiles);
+        FireProjectEvent(dorvik::ParserEvent::EndSourceFiles);
         return ProjectReviewStatus::EndProject;
     });
 }

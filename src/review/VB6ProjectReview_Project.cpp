@@ -1,4 +1,5 @@
 // The project's part of the review: opening, type libraries, global names, references, closing.
+#include "ResultsReservations.h"
 #include "VB6ProjectReview.h"
 #include "base/BasicError.h"
 #include "base/DateTime.h"
@@ -6,15 +7,24 @@
 #include "base/modTextCase.h"
 #include "criteria/ProgressInfo.h"
 #include "criteria/ReviewCriteria.h"
+#include "enforcement/AuthorisationEnforcement.h"
+#include "enforcement/EventActions.h"
+#include "enforcement/NamingConventionHelper.h"
+#include "enforcement/ResultsManager.h"
 #include "enforcement/RuleEngine.h"
 #include "enforcement/VirtualTypeLibrary.h"
 #include "foundation/log/Trap.h"
 #include "foundation/text/modUtilFunctions.h"
 #include "modProjectScope.h"
 #include "parser/ScopeName.h"
+#include "parser/VB6ParserState.h"
+#include "platform/host/ITypeLibrarySource.h"
 #include "platform/host/modHost.h"
 #include "reports/classic/ReportsEngine.h"
+#include "results/ResultsDB.h"
 #include "rulebase/model/Rulebase.h"
+#include "source/VirtualObject.h"
+#include "source/VirtualProject.h"
 
 namespace dorvik {
 
@@ -94,7 +104,7 @@ bool VB6ProjectReview::OpenProject(std::int32_t projectIndex) {
     if (m_criteria->LoadCriteria().NamingConventions()) {
         m_namingHelper = std::make_unique<NamingConventionHelper>();
         m_namingHelper->SetRulebase(m_rulebase.get());
-        m_namingHelper->SetResultsManager(m_resultsManager.get());
+        m_namingHelper->SetScope(&ParserState(), &m_resultsManager->Log());
         m_namingHelper->SetProjectName(m_project->Name());
         m_eventActions->SetNamingHelper(*m_namingHelper);
         if (m_typeLibrarySource != nullptr) {
@@ -203,7 +213,7 @@ ProjectReviewStatus VB6ProjectReview::State_BeginProject() {
         if (signalled != ProjectReviewStatus::BeginProject) {
             return signalled;
         }
-        ExecuteEventActions(dorvik::ParserEvent::BeginProject);
+        FireProjectEvent(dorvik::ParserEvent::BeginProject);
         return ProjectReviewStatus::Reference;
     });
 }
@@ -218,7 +228,7 @@ ProjectReviewStatus VB6ProjectReview::State_Reference() {
             if (m_criteria->LoadCriteria().AuthorisedReferences()) {
                 authorisation.EnforceAuthorisedReference(*reference, verdict);
             }
-            ExecuteEventActions(dorvik::ParserEvent::Reference);
+            FireProjectEvent(dorvik::ParserEvent::Reference);
             modProjectScope::DetachReference(ParserState());
         }
         return ProjectReviewStatus::BeginSourceFiles;
@@ -234,7 +244,7 @@ ProjectReviewStatus VB6ProjectReview::State_EndProject() {
             m_project->ReferenceErrors() > 0 || m_project->ScanErrors() > 0) {
             m_project->SetReviewStatus(1);
         }
-        ExecuteEventActions(dorvik::ParserEvent::EndProject);
+        FireProjectEvent(dorvik::ParserEvent::EndProject);
         modProjectScope::DetachProject(ParserState());
         TakeResultsLost();
         LogLine("Review end date: " + DateAndTime());
@@ -270,7 +280,7 @@ void VB6ProjectReview::TakeResultsLost() {
 void VB6ProjectReview::ReleaseFromRules() {
     m_ruleEngine->SetResultsManager(nullptr);
     if (m_namingHelper) {
-        m_namingHelper->SetResultsManager(nullptr);
+        m_namingHelper->SetScope(nullptr, nullptr);
     }
 }
 

@@ -20,7 +20,8 @@ protected:
         m_reference.Version = version;
         m_reference.DesignTime = designTime;
         m_reference.AuthorisedVersions = "as it was";
-        return AuthorisationEnforcement(m_rulebase, m_results).FindReference(m_reference);
+        return AuthorisationEnforcement(m_rulebase, m_results.ParserState(), m_results.Violations())
+            .FindReference(m_reference);
     }
 
     void List(const std::string& versions, const std::string& advice = "") {

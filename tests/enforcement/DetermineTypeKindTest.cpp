@@ -119,7 +119,7 @@ TEST_F(DetermineTypeKindTest, ANameWithAnUnknownLibraryIsLookedForInAll) {
 class DataTypeKindTest : public DetermineTypeKindTest {
 protected:
     DataTypeKindTest() {
-        m_helper.SetResultsManager(&m_results);
+        m_helper.SetScope(&m_results.ParserState(), &m_results.Log());
         m_helper.SetRulebase(&m_rulebase);
         for (const char* row :
              {"(Classes)", "(Controls)", "(Enumerations)", "(User-Defined Types)"}) {

@@ -31,7 +31,7 @@ void AddItem(
 class NamingTagsTest : public testing::Test {
 protected:
     NamingTagsTest() {
-        m_helper.SetResultsManager(&m_results);
+        m_helper.SetScope(&m_results.ParserState(), &m_results.Log());
         m_helper.SetRulebase(&m_rulebase);
     }
 

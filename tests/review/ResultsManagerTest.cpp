@@ -37,7 +37,9 @@ protected:
         m_manager.ParserState().Attach(procedure, "Procedure");
     }
 
-    std::string Expand(std::string_view text) { return m_manager.ChangeTagsToValues(text); }
+    std::string Expand(std::string_view text) {
+        return m_manager.Violations().ChangeTagsToValues(text);
+    }
 
     CapturedLog m_log;
     ResultsManager m_manager;
@@ -321,7 +323,7 @@ TEST(ViolationsOfOneLine, FromThe64thOnTheirLineIsCutAndMarkedInEachFile) {
 TEST(ViolationsOfOneLine, ALineIsCutAtItsCharactersAndAShortOneNotAtAll) {
     EXPECT_EQ(TextsOfViolations("    forbidden", 64).at(63), "    forbidden");
     const std::string whole =
-        "    forbidden '" + std::string(ResultsManager::kLongestWholeLine - 15, 'x');
+        "    forbidden '" + std::string(ViolationLog::kLongestWholeLine - 15, 'x');
     EXPECT_EQ(TextsOfViolations(whole, 1).at(0), whole);
     EXPECT_EQ(TextsOfViolations(whole + "x", 1).at(0), whole.substr(0, 1000) + " ...");
 }

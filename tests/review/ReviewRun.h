@@ -1,7 +1,9 @@
 #pragma once
 
 #include "base/Variant.h"
+#include "criteria/ProgressInfo.h"
 #include "criteria/ReviewCriteria.h"
+#include "enforcement/RuleEngine.h"
 #include "platform/host/HostFacts.h"
 #include "platform/host/IClock.h"
 #include "platform/host/ScopedInstall.h"

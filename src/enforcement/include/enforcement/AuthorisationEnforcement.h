@@ -1,13 +1,13 @@
 #pragma once
 
-#include "enforcement/ResultsManager.h"
-
-#include <string>
 #include <string_view>
 
 namespace dorvik {
 
 class Rulebase;
+class VB6ParserState;
+class ViolationLog;
+class VirtualObject;
 struct VirtualReference;
 
 /// Compares the references and components of a project with the lists of authorised ones.
@@ -17,9 +17,10 @@ struct VirtualReference;
 /// that it counts as not listed.
 class AuthorisationEnforcement {
 public:
-    /// REQUIRES: both outlive this object.
-    AuthorisationEnforcement(const Rulebase& rulebase, ResultsManager& resultsManager)
-        : m_rulebase(rulebase), m_resultsManager(resultsManager) {}
+    /// REQUIRES: all three outlive this object.
+    AuthorisationEnforcement(
+        const Rulebase& rulebase, const VB6ParserState& state, ViolationLog& violations)
+        : m_rulebase(rulebase), m_state(state), m_violations(violations) {}
 
     /// What the lists say of a reference.
     struct Verdict {
@@ -41,7 +42,8 @@ private:
     Verdict FindComponent(VirtualObject& component) const;
 
     const Rulebase& m_rulebase;
-    ResultsManager& m_resultsManager;
+    const VB6ParserState& m_state;
+    ViolationLog& m_violations;
 };
 
 }  // namespace dorvik

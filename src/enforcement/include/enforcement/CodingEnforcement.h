@@ -1,6 +1,7 @@
 #pragma once
 
 #include "enforcement/EventPlace.h"
+#include "enforcement/ReviewContext.h"
 
 #include <array>
 #include <string>
@@ -9,8 +10,6 @@
 namespace dorvik {
 
 class CodingConvention;
-class RuleEngine;
-class Rulebase;
 
 /// Runs the coding conventions of an event.
 ///
@@ -24,9 +23,7 @@ class Rulebase;
 /// own. A rule whose end event never comes keeps its state into the next file.
 class CodingEnforcement {
 public:
-    /// REQUIRES: all three outlive this object.
-    CodingEnforcement(Rulebase& rulebase, RuleEngine& ruleEngine, ResultsManager& resultsManager)
-        : m_rulebase(rulebase), m_ruleEngine(ruleEngine), m_resultsManager(resultsManager) {}
+    explicit CodingEnforcement(const ReviewContext& review) : m_review(review) {}
 
     /// First the scripts of the event's rules, then the pending violations that fall due at it.
     void EnforceCodingConventions(const EventPlace& place);
@@ -45,9 +42,7 @@ private:
     void RunRule(const AssignedRule& assigned, const EventPlace& place);
     void SettlePendingViolation(CodingConvention& rule, const EventPlace& place);
 
-    Rulebase& m_rulebase;
-    RuleEngine& m_ruleEngine;
-    ResultsManager& m_resultsManager;
+    const ReviewContext m_review;
     std::array<EventRules, kLastParserEvent + 1> m_rules;  // by event number
 };
 

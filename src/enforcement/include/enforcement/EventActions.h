@@ -1,22 +1,22 @@
 #pragma once
 
-#include "enforcement/AuthorisationEnforcement.h"
-#include "enforcement/CodingEnforcement.h"
-#include "enforcement/KeywordEnforcement.h"
-#include "enforcement/NamingEnforcement.h"
+#include "enforcement/ReviewContext.h"
 #include "parser/Location.h"
 #include "parser/ParserEvent.h"
 
-#include <optional>
+#include <memory>
 #include <string_view>
 
 namespace dorvik {
 
+class AuthorisationEnforcement;
+class CodingEnforcement;
+class KeywordEnforcement;
+class NamingConventionHelper;
+class NamingEnforcement;
 class ResultsManager;
 class ReviewCriteria;
-class RuleEngine;
-class Rulebase;
-class VB6ParserState;
+struct EventPlace;
 
 /// What happens at a parser event: which object gets its results record, which kinds of rule run in
 /// which order, and when a finished object goes to the results store. One per project review.
@@ -31,16 +31,18 @@ public:
         Rulebase& rulebase,
         RuleEngine& ruleEngine,
         ResultsManager& resultsManager);
+    ~EventActions();
 
     /// Names are tested from now on. REQUIRES: the helper outlives this object.
     void SetNamingHelper(NamingConventionHelper& helper);
 
     /// Runs everything that belongs to the event, but for what needs the project review itself.
     /// `parserActive` is false at the events of the project. An error is raised to the caller.
+    /// REQUIRES: the parser state has the event.
     void Execute(ParserEvent event, bool parserActive);
 
     /// The lists of authorised references, for which the project review asks before event 26.
-    AuthorisationEnforcement& Authorisation() { return m_authorisation; }
+    AuthorisationEnforcement& Authorisation() { return *m_authorisation; }
 
 private:
     void SetupResults(ParserEvent event);
@@ -48,13 +50,12 @@ private:
     void LogFinishedObjects(ParserEvent event);
 
     const ReviewCriteria& m_criteria;
-    Rulebase& m_rulebase;
-    RuleEngine& m_ruleEngine;
     ResultsManager& m_resultsManager;
-    AuthorisationEnforcement m_authorisation;
-    std::optional<NamingEnforcement> m_naming;
-    CodingEnforcement m_coding;
-    KeywordEnforcement m_keywords;
+    const ReviewContext m_review;
+    const std::unique_ptr<AuthorisationEnforcement> m_authorisation;
+    std::unique_ptr<NamingEnforcement> m_naming;  // null unless names are tested
+    const std::unique_ptr<CodingEnforcement> m_coding;
+    const std::unique_ptr<KeywordEnforcement> m_keywords;
 };
 
 /// The display name of the place where the parser stands: "(Project)", "(Layout)", a procedure name ...

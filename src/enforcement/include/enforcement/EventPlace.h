@@ -1,15 +1,25 @@
 #pragma once
 
-#include "enforcement/ResultsManager.h"
 #include "parser/Location.h"
 #include "parser/ParserEvent.h"
-#include "rulebase/model/IRule.h"
+#include "rulebase/model/RuleType.h"
 
+#include <cstdint>
 #include <string_view>
 
 namespace dorvik {
 
-/// Where the parser stands at an event, as violations tell it.
+class IRule;
+
+/// Where and by which rule a violation is raised.
+struct ViolationOrigin {
+    Location Place;
+    std::int32_t RuleID;  // 0 for the violations that belong to no rule
+    dorvik::RuleType RuleType;
+    std::string_view LocationMember;
+};
+
+/// Where the parser is at an event, as violations report it.
 struct EventPlace {
     ParserEvent Event;
     dorvik::Location Location;
@@ -17,9 +27,7 @@ struct EventPlace {
     std::string_view LocationMember;
 
     /// Where a violation of the rule at this place comes from.
-    ResultsManager::Origin OriginOf(const IRule& rule) const {
-        return {Location, rule.RuleID(), rule.RuleType(), LocationMember};
-    }
+    ViolationOrigin OriginOf(const IRule& rule) const;
 };
 
 }  // namespace dorvik

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "enforcement/NamingResult.h"
 #include "enforcement/VirtualNameTable.h"
 #include "enforcement/VirtualTypeLibrary.h"
 #include "foundation/lists/ObjectArrayList.h"
@@ -15,19 +16,10 @@
 
 namespace dorvik {
 
-class ResultsManager;
+class ReviewLog;
 class Rulebase;
+class VB6ParserState;
 class VirtualSourceFile;
-
-/// What the operations of `NamingConventionHelper` give.
-enum class NamingResult : std::int32_t {
-    Success = 0,         // or a match
-    TestFailed = 1,      // the pattern could not be tested
-    UnknownControl = 2,  // the control has no tag, and that is a violation
-    NoMatch = 3,
-    UnknownScope = 4,     // the scope has no tag
-    UnknownDataType = 5,  // the data type has no tag
-};
 
 /// What a type name of the project stands for.
 enum class TypeKind : std::int32_t {
@@ -49,9 +41,12 @@ public:
     /// What `ExtractGlobalNames` gives for a file that cannot be opened.
     static constexpr std::int32_t kNotConnected = 10;
 
-    /// Whom to ask and tell while names are tested. REQUIRES: they outlive their time here; all must be
-    /// set before a name is tested.
-    void SetResultsManager(ResultsManager* resultsManager) { m_resultsManager = resultsManager; }
+    /// The objects whose names are tested, and where it is logged that something is missing; null between
+    /// projects. REQUIRES: these and the rulebase outlive their time here, and are set before a name is tested.
+    void SetScope(VB6ParserState* state, const ReviewLog* log) {
+        m_state = state;
+        m_log = log;
+    }
     void SetRulebase(const dorvik::Rulebase* rulebase) { m_rulebase = rulebase; }
     const std::string& ProjectName() const { return m_projectName; }
     void SetProjectName(std::string_view name) { m_projectName = name; }
@@ -108,14 +103,14 @@ private:
     /// The tag of a data type; null if the rulebase has none for it.
     const std::string* DataTypeTag(const std::string& dataType, std::string_view file) const;
     const std::string* TagOfKind(TypeKind kind, const std::string& programId) const;
-    std::string PropertyText(std::string_view objectName, std::string_view propertyName);
     /// Why a test failed, for the log: the rule at hand. Notes whether it was given up.
     std::string DetailOfFailure();
     TypeKind KindInLibrary(const VirtualTypeLibrary& library, std::string_view name) const;
 
     VirtualNameTable m_nameTable;
     ObjectKeyedArrayList<VirtualTypeLibrary> m_typeLibraries;
-    ResultsManager* m_resultsManager = nullptr;
+    VB6ParserState* m_state = nullptr;
+    const ReviewLog* m_log = nullptr;
     const dorvik::Rulebase* m_rulebase = nullptr;
     std::string m_projectName;
     RegularExpression m_expression;

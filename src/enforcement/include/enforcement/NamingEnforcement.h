@@ -1,8 +1,11 @@
 #pragma once
 
 #include "enforcement/EventPlace.h"
-#include "enforcement/NamingConventionHelper.h"
+#include "enforcement/NamingResult.h"
+#include "enforcement/ReviewContext.h"
+#include "foundation/lists/ObjectArrayList.h"
 #include "rulebase/catalogue/ObjectType.h"
+#include "rulebase/model/PrefixSuffixItem.h"
 
 #include <string>
 #include <string_view>
@@ -10,8 +13,8 @@
 namespace dorvik {
 
 class NamingConvention;
-class RuleEngine;
-class Rulebase;
+class NamingConventionHelper;
+class ViolationDefinition;
 
 /// Applies naming conventions: works out from the event which kinds of object it stands for, and tests
 /// a property of the object, usually its name, against prefix, suffix and body of each rule for
@@ -19,22 +22,15 @@ class Rulebase;
 /// "C_VB6ProjectReview" and cost one rule.
 class NamingEnforcement {
 public:
-    /// REQUIRES: all four outlive this object.
-    NamingEnforcement(
-        Rulebase& rulebase,
-        RuleEngine& ruleEngine,
-        ResultsManager& resultsManager,
-        NamingConventionHelper& helper)
-        : m_rulebase(rulebase),
-          m_ruleEngine(ruleEngine),
-          m_resultsManager(resultsManager),
-          m_helper(helper) {}
+    /// REQUIRES: the helper outlives this object.
+    NamingEnforcement(const ReviewContext& review, NamingConventionHelper& helper)
+        : m_review(review), m_helper(helper) {}
 
     /// Applies the rules for all kinds of object that the event stands for.
     void EnforceNamingConventions(const EventPlace& place);
 
     /// Applies the rules for one kind of object to the object in scope of that name. With `endEvent`
-    /// a violation is told at the object's start.
+    /// a violation is reported at the object's start.
     void ApplyObjectNamingConventions(
         const EventPlace& place, std::string_view objectName, ObjectType type, bool endEvent);
 
@@ -74,9 +70,6 @@ private:
         std::string* match);
     bool BodyPasses(std::string_view body, const NamingConvention& rule);
     bool
-    FindProperty(std::string_view objectName, std::string_view propertyName, std::string& text);
-    std::string PropertyText(std::string_view objectName, std::string_view propertyName);
-    bool
     PropertyIs(std::string_view objectName, std::string_view propertyName, std::string_view text);
     bool IsPublic(std::string_view objectName);
 
@@ -89,9 +82,7 @@ private:
     bool IsFileOfType(ObjectType type);
     bool IsFormOfType(ObjectType type);
 
-    Rulebase& m_rulebase;
-    RuleEngine& m_ruleEngine;
-    ResultsManager& m_resultsManager;
+    const ReviewContext m_review;
     NamingConventionHelper& m_helper;
 };
 

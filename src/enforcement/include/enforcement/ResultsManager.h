@@ -1,45 +1,29 @@
 #pragma once
 
-#include "parser/ParserEvent.h"
+#include "enforcement/ReviewLog.h"
+#include "enforcement/ViolationLog.h"
 #include "parser/VB6ParserState.h"
-#include "platform/host/UnfinishedFile.h"
-#include "results/ResultsDB.h"
-#include "results/Violation.h"
-#include "rulebase/model/RuleType.h"
 
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 namespace dorvik {
 
-class BasicError;
 class FileInUseMark;
-class Rulebase;
+class ResultsDB;
+class ResultsFile;
 class ReviewCriteria;
+class Rulebase;
 class ViolationDefinition;
 class VirtualProject;
-struct OutputPlace;
 
-/// Stands between the rules and the results store of one project review. A rule hands in a
-/// `ViolationDefinition` with the coordinates of the event; this class builds the `Violation`,
-/// expands its texts against the objects in scope, writes it at once and counts it on the chain of
-/// owning objects. It also opens and closes the results database and the review log.
-///
-/// Owns the `ResultsDB` and the `VB6ParserState` of the project.
+/// The results of one project review: opens and closes the results database and the review log, and owns
+/// what the rules work with meanwhile, the state of the parser, the violation log and the review log.
+/// `ReviewContext` hands those on; scripts reach them through the operations of this class.
 class ResultsManager {
 public:
-    /// Where and by which rule a violation is raised.
-    struct Origin {
-        Location Place;
-        std::int32_t RuleID;  // 0 for the violations that belong to no rule
-        dorvik::RuleType RuleType;
-        std::string_view LocationMember;
-    };
-
     ResultsManager();
     /// Ends the review log.
     ~ResultsManager();
@@ -48,6 +32,8 @@ public:
 
     VB6ParserState& ParserState() { return m_parserState; }
     dorvik::ResultsDB& ResultsDB() { return *m_resultsDB; }
+    ReviewLog& Log() { return m_log; }
+    ViolationLog& Violations() { return m_violations; }
     /// REQUIRES: the project outlives this object, or is replaced by null before it goes.
     void SetProject(VirtualProject* project) { m_project = project; }
 
@@ -59,64 +45,43 @@ public:
     bool BeginReview(
         std::string_view projectFile, const ReviewCriteria& criteria, const Rulebase& rulebase);
     /// What keeps other reviews out; null without a review.
-    const std::shared_ptr<FileInUseMark>& Reservation() const { return m_reservation; }
+    std::shared_ptr<FileInUseMark> Reservation() const;
     void EndReview(std::int32_t ruleExecutionCount);
     /// Leaves no results file behind. May be called again without harm.
     void AbortReview();
 
-    /// The first violations of a source line store it whole, unless it is longer than `kLongestWholeLine`
-    /// characters; any other stores its first `kCutLine` characters and " ..." behind them, also of the
-    /// other texts.
-    static constexpr std::int32_t kWholeLines = 63;
-    static constexpr std::size_t kLongestWholeLine = 32'768;
-    static constexpr std::size_t kCutLine = 1000;
-
-    /// Raises a violation at the current source line. `advice` replaces the definition's unless empty.
-    void RaiseViolation(
-        const ViolationDefinition& definition, const Origin& origin, std::string_view advice);
-    /// Raises a violation at the end event of an object; it is told at the line where the object starts.
-    void RaiseEndEventViolation(
-        const ViolationDefinition& definition, const Origin& origin, ParserEvent event);
-
     /// Stores properties and statistics of the object in scope of that name, if it was given an `ObjectID`.
     void LogVirtualObjectResults(std::string_view objectName);
 
-    /// Writes a line to the review log, with the current event and rule in front if asked.
-    void DumpDebugPrint(std::string_view message, bool withPrefix);
-    /// Writes all properties and workfields of an object in scope to the review log.
-    void DumpVirtualObject(std::string_view objectName);
-
+    // What the violation log and the review log do, under the names by which scripts and callers know it.
+    void RaiseViolation(
+        const ViolationDefinition& definition,
+        const ViolationOrigin& origin,
+        std::string_view advice) {
+        m_violations.RaiseViolation(definition, origin, advice);
+    }
+    void RaiseEndEventViolation(
+        const ViolationDefinition& definition, const ViolationOrigin& origin, ParserEvent event) {
+        m_violations.RaiseEndEventViolation(definition, origin, event);
+    }
+    void DumpDebugPrint(std::string_view message, bool withPrefix) {
+        m_log.DumpDebugPrint(message, withPrefix);
+    }
+    void DumpVirtualObject(std::string_view objectName) { m_log.DumpVirtualObject(objectName); }
     /// The text of the current parser event.
-    std::string GetParserEvent() const;
+    std::string GetParserEvent() const { return std::string(m_parserState.GetParserEventText()); }
     /// True if the project has a class file (or a form) of that name.
     bool IsClassName(std::string_view name) const;
     bool IsFormName(std::string_view name) const;
 
-    /// Replaces each "%Object.Property%" by the value of that property. Stops at the first malformed tag, and
-    /// at the bounds of `modTextTags`, which the review log tells.
-    std::string ChangeTagsToValues(std::string_view text);
-
 private:
-    void LogViolation(const Violation& violation);
-    void NoteViolation(bool isStored);
-    Violation MakeViolation(const ViolationDefinition& definition, const Origin& origin) const;
-    void MarkCurrentRule(std::int32_t ruleId, std::string_view mark);
-    std::string TagValue(std::string_view tag);
-    void LimitTexts(Violation& violation);
-    void ReservePlace(const OutputPlace& place, const std::string& log);
-    std::string ReasonIn(
-        const BasicError& failure, std::string_view projectFile, const std::string& database) const;
-    bool PrepareResultsFile(const std::string& target);
-
     // Gone last: until then the database and the log are this review's.
-    std::shared_ptr<FileInUseMark> m_reservation;
+    std::unique_ptr<ResultsFile> m_file;  // null without a review
     VB6ParserState m_parserState;
-    std::optional<UnfinishedFile>
-        m_unfinished;  // the results file, between its first byte and its end
+    ReviewLog m_log;
+    ViolationLog m_violations;
     std::unique_ptr<dorvik::ResultsDB> m_resultsDB;
     VirtualProject* m_project = nullptr;
-    std::int32_t m_countedFile = 0;  // the `ObjectID` of the file whose lines these are
-    std::unordered_map<std::int32_t, std::int32_t> m_violationsOfLines;
 };
 
 }  // namespace dorvik

@@ -1,12 +1,16 @@
 #pragma once
 
-#include "review/ReviewMachine.h"
+#include "review/IProjectReview.h"
 #include "review/SliceResult.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 
 namespace dorvik {
+
+class ITypeLibrarySource;
+class ReviewMachine;
 
 /// Drives one review: loads the rulebase, then hands each selected project to a project review.
 /// All work is cut into steps of a state machine, and the caller decides how many run at a time.
@@ -20,8 +24,8 @@ class ReviewManager final {
 public:
     /// A handler that sets `cancel` to true ends the review as aborted; while the reports of a project are
     /// written it ends those reports only.
-    using ProgressHandler = ReviewMachine::ProgressHandler;
-    using ProjectReviewFactory = ReviewMachine::ProjectReviewFactory;
+    using ProgressHandler = std::function<void(const ProgressInfo& progress, bool& cancel)>;
+    using ProjectReviewFactory = std::function<std::unique_ptr<IProjectReview>()>;
 
     /// Reviews projects with `VB6ProjectReview`.
     ReviewManager();
@@ -51,13 +55,13 @@ public:
     void Abandon();
 
     /// The rule engine of this review, for its limits and for what it tells afterwards.
-    dorvik::RuleEngine& RuleEngine() { return m_machine->RuleEngine(); }
+    dorvik::RuleEngine& RuleEngine();
     /// The reports of this review, for what they wrote.
-    const ReportsEngine& Reports() const { return m_machine->Reports(); }
+    const ReportsEngine& Reports() const;
     /// True if reports of a project were cancelled: its results are complete then, its pages are not.
-    bool ReportsCancelled() const { return m_machine->ReportsCancelled(); }
+    bool ReportsCancelled() const;
     /// The rulebase of this review once it is loaded, otherwise null.
-    const dorvik::Rulebase* LoadedRulebase() const { return m_machine->LoadedRulebase(); }
+    const dorvik::Rulebase* LoadedRulebase() const;
 
 private:
     std::shared_ptr<ReviewMachine> m_machine;  // shared with a slice that runs

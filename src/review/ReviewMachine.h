@@ -1,14 +1,14 @@
 #pragma once
 
+#include "ResultsReservations.h"
+#include "ReviewStatus.h"
+#include "TimeSlice.h"
 #include "criteria/ProgressInfo.h"
 #include "criteria/ReviewCriteria.h"
 #include "enforcement/RuleEngine.h"
 #include "reports/classic/ReportsEngine.h"
 #include "review/IProjectReview.h"
 #include "review/IProjectReviewEvents.h"
-#include "review/ResultsReservations.h"
-#include "review/ReviewStatus.h"
-#include "review/TimeSlice.h"
 
 #include <cstdint>
 #include <functional>

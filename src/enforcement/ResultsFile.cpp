@@ -1,0 +1,104 @@
+#include "ResultsFile.h"
+
+#include "base/BasicError.h"
+#include "base/DateTime.h"
+#include "foundation/log/LogFile.h"
+#include "foundation/log/modLog.h"
+#include "foundation/text/modUtilFunctions.h"
+#include "platform/database/Database.h"
+#include "platform/host/FileInUse.h"
+#include "platform/host/FileInUseMark.h"
+#include "platform/host/HostError.h"
+#include "platform/host/OutputRefusal.h"
+#include "platform/host/modFiles.h"
+#include "platform/host/modHost.h"
+#include "results/modResultsFilename.h"
+#include "settings/DorvikData.h"
+#include "settings/modGlobal.h"
+
+#include <utility>
+
+namespace dorvik {
+
+namespace {
+
+/// A person reads these: paths are those of this machine.
+std::string ShownPath(const std::string& path) {
+    return modFiles::HostPath(path).string();
+}
+
+/// Who is reviewing, behind the number of the process.
+std::string Holder() {
+    const DateTime now = modHost::Now();
+    return " of user '" + modHost::LogonName() + "', since " + modDateText::LongTime(now) + " on " +
+           modDateText::LongDate(now);
+}
+
+/// Who has the place of the results, and what to do then.
+std::string
+InUseText(const FileInUse& failure, const std::string& projectFile, const std::string& database) {
+    if (failure.Holder().empty()) {
+        return "Unable to replace the existing results database '" + ShownPath(database) +
+               "', because it is locked by another process.";
+    }
+    return "'" + ShownPath(projectFile) + "' is in another review (" + failure.Holder() +
+           "): wait for its end, or choose another folder for the results";
+}
+
+}  // namespace
+
+ResultsFile::ResultsFile(std::string_view projectFile, std::string folder)
+    : m_projectFile(projectFile),
+      m_folder(std::move(folder)),
+      m_path(modDorvikUtils::CreateResultsFilename(projectFile, m_folder)) {}
+
+bool ResultsFile::Prepare(bool clearLog) {
+    if (m_path.empty()) {
+        RaiseRuntimeError(runtimeerror::kPathNotFound, m_projectFile);
+    }
+    const std::string log = modDorvikUtils::CreateProjectLogFilename(m_projectFile, m_folder);
+    ReservePlace(log);
+    modLog::Log().SetReviewLog(log, clearLog);
+    return CopyTemplate();
+}
+
+/// Nothing is touched before it is certain that all of it is this review's to write.
+void ResultsFile::ReservePlace(const std::string& log) {
+    const OutputPlace place = modDorvikUtils::ResultsPlace(m_projectFile, m_folder);
+    place.MakeFolder();
+    Database::NeedRoom(place.Path());
+    modObstacles::NeedFile(modFiles::HostPath(log));
+    m_reservation = Database::Reserve(place.Path(), Holder());
+}
+
+bool ResultsFile::CopyTemplate() {
+    const std::string& templateFile = modGlobal::Data().ProjectResultsDB();
+    Database::DeleteFile(m_path);
+    if (!modFiles::FileExists(templateFile)) {
+        modLog::Log().LogSetupError(
+            "Template results database file '" + templateFile + "' not found.",
+            "BeginReview",
+            "C_ResultsManager");
+        return false;
+    }
+    m_unfinished.emplace(m_path);
+    Database::CopyFile(templateFile, m_path);
+    return true;
+}
+
+std::string ResultsFile::ReasonIn(const BasicError& failure) const {
+    if (std::string refusal = OutputRefusal::SentenceIn(failure); !refusal.empty()) {
+        return refusal;
+    }
+    if (const auto* const inUse = dynamic_cast<const FileInUse*>(&failure)) {
+        return InUseText(*inUse, m_projectFile, m_path);
+    }
+    if (dynamic_cast<const HostError*>(&failure) != nullptr) {
+        return "Nothing can be written to '" +
+               ShownPath(modUtilFunctions::PathFromFilename(m_path)) +
+               "': " + RuntimeErrorText(failure.Number());
+    }
+    return {};
+}
+
+}  // namespace dorvik
