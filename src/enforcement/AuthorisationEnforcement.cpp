@@ -9,6 +9,7 @@
 #include "parser/VB6ParserState.h"
 #include "rulebase/model/DefaultViolations.h"
 #include "rulebase/model/Rulebase.h"
+#include "source/PropertyName.h"
 #include "source/VirtualObject.h"
 #include "source/VirtualReference.h"
 
@@ -17,13 +18,6 @@ namespace dorvik {
 namespace {
 
 constexpr std::int32_t kNotListed = -1;
-
-constexpr std::string_view kGuid = "GUID";
-constexpr std::string_view kFilename = "Filename";
-constexpr std::string_view kDesignTime = "DesignTime";
-constexpr std::string_view kVersion = "Version";
-constexpr std::string_view kAuthorisedVersions = "AuthorisedVersions";
-constexpr std::string_view kIsAuthorised = "IsAuthorised";
 
 bool IsBlank(std::string_view text) {
     return modText::Trim(text).empty();
@@ -76,22 +70,24 @@ void AuthorisationEnforcement::EnforceAuthorisedReference(
 AuthorisationEnforcement::Verdict
 AuthorisationEnforcement::FindComponent(VirtualObject& component) const {
     KeyedArrayList& properties = component.Properties();
-    if (properties.Item(kDesignTime).AsBoolean()) {
+    if (properties.Item(propertyname::kDesignTime).AsBoolean()) {
         return {};
     }
     const AuthorisedComponents& list = m_rulebase.AuthorisedComponents();
-    std::int32_t position = list.FindByLibID(properties.Item(kGuid).AsText());
+    std::int32_t position = list.FindByLibID(properties.Item(propertyname::kGUID).AsText());
     if (position == kNotListed) {
-        position = list.FindByFilename(properties.Item(kFilename).AsText());
+        position = list.FindByFilename(properties.Item(propertyname::kFilename).AsText());
     }
     if (position == kNotListed) {
         return {};
     }
     const AuthorisedComponent& entry = *list.Item(position);
     const bool listsVersions = !IsBlank(entry.VersionList());
-    properties.Add(kAuthorisedVersions, listsVersions ? entry.VersionList() : std::string());
+    properties.Add(
+        propertyname::kAuthorisedVersions, listsVersions ? entry.VersionList() : std::string());
     const bool authorised =
-        !listsVersions || IsListed(properties.Item(kVersion).AsText(), entry.VersionList());
+        !listsVersions ||
+        IsListed(properties.Item(propertyname::kVersion).AsText(), entry.VersionList());
     return {true, authorised, AdviceOf(entry.Advice())};
 }
 
@@ -102,7 +98,7 @@ void AuthorisationEnforcement::EnforceAuthorisedComponents() {
             RaiseRuntimeError(runtimeerror::kObjectNotSet);
         }
         const Verdict verdict = FindComponent(*component);
-        component->Properties().Add(kIsAuthorised, verdict.Authorised);
+        component->Properties().Add(propertyname::kIsAuthorised, verdict.Authorised);
         if (verdict.Found && verdict.Authorised) {
             return;
         }

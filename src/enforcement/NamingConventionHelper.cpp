@@ -33,12 +33,11 @@ NameKind KindOfFile(FileType type) {
 }  // namespace
 
 std::int32_t NamingConventionHelper::ExtractGlobalNames(VirtualSourceFile& file) {
-    std::int32_t status = 0;
-    Trap({kModule, "ExtractGlobalNames"}, [&] {
+    constexpr std::int32_t kSuccess = 0;
+    return Trapped({kModule, "ExtractGlobalNames"}, kSuccess, [&] {
         m_nameTable.AddName(file.Name(), KindOfFile(file.FileType()), "", "");
         if (file.Connect() != SourceFileStatus::Good) {
-            status = kNotConnected;
-            return;
+            return kNotConnected;
         }
         SourceLine line;
         while (file.GetNextSourceLine(line)) {
@@ -53,12 +52,10 @@ std::int32_t NamingConventionHelper::ExtractGlobalNames(VirtualSourceFile& file)
             }
             modHost::YieldToInput();
         }
-        if (file.ReadingFailed()) {
-            status = kNotConnected;
-        }
+        const std::int32_t status = file.ReadingFailed() ? kNotConnected : kSuccess;
         file.Disconnect();
+        return status;
     });
-    return status;
 }
 
 bool NamingConventionHelper::AddTypeLibrary(
@@ -93,11 +90,10 @@ TypeKind NamingConventionHelper::DetermineTypeKind(
             return KindInLibrary(**library, name);
         }
     }
-    for (std::int32_t index = 1; index <= m_typeLibraries.Count(); ++index) {
-        const VirtualTypeLibrary& library = *m_typeLibraries.Item(index);
-        const TypeKind kind = KindInLibrary(library, name);
+    for (const auto& library : m_typeLibraries) {
+        const TypeKind kind = KindInLibrary(*library, name);
         if (kind == TypeKind::Class || kind == TypeKind::Control) {
-            qualifiedName = library.Name() + "." + std::string(name);
+            qualifiedName = library->Name() + "." + std::string(name);
         }
         if (kind != TypeKind::Unknown) {
             return kind;

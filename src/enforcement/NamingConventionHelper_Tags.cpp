@@ -6,6 +6,7 @@
 #include "parser/ScopeName.h"
 #include "parser/VB6ParserState.h"
 #include "rulebase/model/Rulebase.h"
+#include "source/PropertyName.h"
 
 #include <array>
 
@@ -63,23 +64,21 @@ NamingResult NamingConventionHelper::ComputePrefixSuffixPattern(
     ParserEvent event,
     std::string_view objectName,
     std::string& pattern) {
-    auto result = NamingResult::TestFailed;
-    Trap({kModule, "ComputePrefixSuffixPattern"}, [&] {
+    return Trapped({kModule, "ComputePrefixSuffixPattern"}, NamingResult::TestFailed, [&] {
         std::string composed;
-        for (std::int32_t index = 1; index <= items.Count(); ++index) {
+        for (const auto& item : items) {
             std::string text;
-            result = TextOfItem(*items.Item(index), event, objectName, text);
+            const NamingResult result = TextOfItem(*item, event, objectName, text);
             if (result != NamingResult::Success) {
-                return;
+                return result;
             }
             // Alternatives stay one part of the pattern.
             const bool hasAlternatives = text.find('|') != std::string::npos;
             composed.append(hasAlternatives ? "(" + text + ")" : text);
         }
-        result = NamingResult::Success;
         pattern = std::move(composed);
+        return NamingResult::Success;
     });
-    return result;
 }
 
 NamingResult NamingConventionHelper::TextOfItem(
@@ -108,27 +107,24 @@ NamingResult NamingConventionHelper::TextOfItem(
 
 NamingResult
 NamingConventionHelper::GetAppropriateControlTag(std::string_view objectName, std::string& tag) {
-    auto result = NamingResult::TestFailed;
-    Trap({kModule, "GetAppropriateControlTag"}, [&] {
+    return Trapped({kModule, "GetAppropriateControlTag"}, NamingResult::TestFailed, [&] {
         const std::string programId = m_log->PropertyText(objectName, "ProgId");
         m_state->SetControlTag("");
         const TagTable& tags = m_rulebase->ControlTags();
         if (!tags.Contains(programId) && m_rulebase->UnknownControlViolation()) {
-            result = NamingResult::UnknownControl;
-            return;
+            return NamingResult::UnknownControl;
         }
         // The default row is spelt "(Unknown ProgID)"; keys ignore case. A rulebase without it fails here.
         tag = tags.Item(tags.Contains(programId) ? std::string_view(programId) : kUnknownProgId)
                   ->TagValue();
         m_state->SetControlTag(tag);
-        result = NamingResult::Success;
+        return NamingResult::Success;
     });
-    return result;
 }
 
 std::string_view NamingConventionHelper::ScopeRow(ParserEvent event, std::string_view objectName) {
     if (IsArgumentEvent(event)) {
-        return modTextCase::Equal(m_log->PropertyText(objectName, "PassBy"), "ByVal")
+        return modTextCase::Equal(m_log->PropertyText(objectName, propertyname::kPassBy), "ByVal")
                    ? "ByVal Argument"
                    : "ByRef Argument";
     }
@@ -136,11 +132,11 @@ std::string_view NamingConventionHelper::ScopeRow(ParserEvent event, std::string
         return "Local";
     }
     if (event == ParserEvent::LocalVariable) {
-        return modTextCase::Equal(m_log->PropertyText(objectName, "IsStatic"), "True")
+        return modTextCase::Equal(m_log->PropertyText(objectName, propertyname::kIsStatic), "True")
                    ? "Local (Static)"
                    : "Local";
     }
-    const std::string scope = m_log->PropertyText(objectName, "Scope");
+    const std::string scope = m_log->PropertyText(objectName, propertyname::kScope);
     if (modTextCase::Equal(scope, "Public") || modTextCase::Equal(scope, "Global")) {
         return "Public (Global)";
     }
@@ -149,24 +145,21 @@ std::string_view NamingConventionHelper::ScopeRow(ParserEvent event, std::string
 
 NamingResult NamingConventionHelper::GetAppropriateScopeTag(
     ParserEvent event, std::string_view objectName, std::string& tag) {
-    auto result = NamingResult::TestFailed;
-    Trap({kModule, "GetAppropriateScopeTag"}, [&] {
+    return Trapped({kModule, "GetAppropriateScopeTag"}, NamingResult::TestFailed, [&] {
         const std::string* found = FindTag(m_rulebase->ScopeTags(), ScopeRow(event, objectName));
         if (found != nullptr) {
             tag = *found;
         }
         m_state->SetScopeTag(found != nullptr ? *found : std::string());
-        result = found != nullptr ? NamingResult::Success : NamingResult::UnknownScope;
+        return found != nullptr ? NamingResult::Success : NamingResult::UnknownScope;
     });
-    return result;
 }
 
 NamingResult
 NamingConventionHelper::GetAppropriateDataTypeTag(std::string_view objectName, std::string& tag) {
-    auto result = NamingResult::TestFailed;
-    Trap({kModule, "GetAppropriateDataTypeTag"}, [&] {
-        std::string dataType = m_log->PropertyText(objectName, "DataType");
-        const std::string file = m_log->PropertyText(scopename::kFile, "Name");
+    return Trapped({kModule, "GetAppropriateDataTypeTag"}, NamingResult::TestFailed, [&] {
+        std::string dataType = m_log->PropertyText(objectName, propertyname::kDataType);
+        const std::string file = m_log->PropertyText(scopename::kFile, propertyname::kName);
         if (dataType.empty()) {
             dataType = "Variant";
         }
@@ -174,14 +167,12 @@ NamingConventionHelper::GetAppropriateDataTypeTag(std::string_view objectName, s
         if (const std::string* found = DataTypeTag(dataType, file)) {
             tag = *found;
             m_state->SetDataTypeTag(tag);
-            result = NamingResult::Success;
-            return;
+            return NamingResult::Success;
         }
         m_state->SetDataTypeTag("");
         m_log->DumpDebugPrint("Data type '" + dataType + "' undefined.", true);
-        result = NamingResult::UnknownDataType;
+        return NamingResult::UnknownDataType;
     });
-    return result;
 }
 
 const std::string*
@@ -211,7 +202,8 @@ NamingConventionHelper::TagOfKind(TypeKind kind, const std::string& programId) c
 NamingResult
 NamingConventionHelper::GetAppropriateArrayTag(std::string_view objectName, std::string& tag) {
     Trap({kModule, "GetAppropriateArrayTag"}, [&] {
-        const bool isArray = modTextCase::Equal(m_log->PropertyText(objectName, "IsArray"), "True");
+        const bool isArray =
+            modTextCase::Equal(m_log->PropertyText(objectName, propertyname::kIsArray), "True");
         tag = isArray ? m_rulebase->ArrayTag() : std::string();
         m_state->SetArrayTag(tag);
     });

@@ -6,6 +6,7 @@
 #include "parser/ScopeName.h"
 #include "rulebase/catalogue/modNamingEvents.h"
 #include "rulebase/model/Rulebase.h"
+#include "source/PropertyName.h"
 
 #include <algorithm>
 #include <array>
@@ -79,7 +80,7 @@ bool NamingEnforcement::PropertyIs(
 }
 
 bool NamingEnforcement::IsPublic(std::string_view objectName) {
-    const std::string scope = m_review.Log.PropertyText(objectName, "Scope");
+    const std::string scope = m_review.Log.PropertyText(objectName, propertyname::kScope);
     return modTextCase::Equal(scope, "Global") || modTextCase::Equal(scope, "Public");
 }
 
@@ -87,7 +88,7 @@ bool NamingEnforcement::IsVariableOfType(ObjectType type) {
     if (type == ObjectType::Variable) {
         return true;
     }
-    const bool withEvents = PropertyIs(scopename::kVariable, "IsWithEvents", "True");
+    const bool withEvents = PropertyIs(scopename::kVariable, propertyname::kIsWithEvents, "True");
     const bool isOfEvents = type == ObjectType::WithEventsVariable ||
                             type == ObjectType::PublicWithEventsVariable ||
                             type == ObjectType::PrivateWithEventsVariable;
@@ -103,7 +104,7 @@ bool NamingEnforcement::IsVariableOfType(ObjectType type) {
 bool NamingEnforcement::IsLocalVariableOfType(ObjectType type) {
     const bool isOfScope =
         type == ObjectType::LocalVariable || type == ObjectType::LocalStaticVariable;
-    return !isOfScope || PropertyIs(scopename::kVariable, "IsStatic", "True") ==
+    return !isOfScope || PropertyIs(scopename::kVariable, propertyname::kIsStatic, "True") ==
                              (type == ObjectType::LocalStaticVariable);
 }
 
@@ -111,7 +112,8 @@ bool NamingEnforcement::IsProcedureOfType(ObjectType type) {
     if (type == ObjectType::Procedure) {
         return true;
     }
-    const std::string text = m_review.Log.PropertyText(scopename::kProcedure, "ProcedureType");
+    const std::string text =
+        m_review.Log.PropertyText(scopename::kProcedure, propertyname::kProcedureType);
     if (modTextCase::Equal(text, "Sub")) {
         return type == ObjectType::SubProcedure;
     }
@@ -123,19 +125,19 @@ bool NamingEnforcement::IsFileOfType(ObjectType type) {
     if (type == ObjectType::File) {
         return true;
     }
-    const std::string text = m_review.Log.PropertyText(scopename::kFile, "Type");
+    const std::string text = m_review.Log.PropertyText(scopename::kFile, propertyname::kType);
     return std::ranges::any_of(kFileKinds, [&](const FileKind& row) {
         return row.Object == type && modTextCase::Equal(row.Type, text);
     });
 }
 
 bool NamingEnforcement::IsFormOfType(ObjectType type) {
-    const std::string text = m_review.Log.PropertyText(scopename::kFile, "Type");
+    const std::string text = m_review.Log.PropertyText(scopename::kFile, propertyname::kType);
     const bool isForm = modTextCase::Equal(text, "Form") || modTextCase::Equal(text, "MDIForm");
-    if (!isForm || PropertyIs(scopename::kLayout, "IsMDIParent", "True")) {
+    if (!isForm || PropertyIs(scopename::kLayout, propertyname::kIsMDIParent, "True")) {
         return false;
     }
-    return PropertyIs(scopename::kLayout, "IsMDIChild", "True") ==
+    return PropertyIs(scopename::kLayout, propertyname::kIsMDIChild, "True") ==
            (type == ObjectType::MDIChildFormFile);
 }
 

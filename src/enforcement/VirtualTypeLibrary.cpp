@@ -22,23 +22,19 @@ constexpr std::int32_t kCoClass = 5;
 }  // namespace
 
 bool VirtualTypeLibrary::LoadVirtualReferenceTypeLib(const VirtualReference& reference) {
-    bool loaded = false;
-    Trap({kModule, "LoadVirtualReferenceTypeLib"}, [&] {
+    return Trapped({kModule, "LoadVirtualReferenceTypeLib"}, false, [&] {
         m_type = Source::Reference;
-        loaded =
-            !reference.DesignTime && LoadVersion(reference.GUID, reference.Version, reference.LCID);
+        return !reference.DesignTime &&
+               LoadVersion(reference.GUID, reference.Version, reference.LCID);
     });
-    return loaded;
 }
 
 bool VirtualTypeLibrary::LoadVirtualComponentTypeLib(const VirtualComponent& component) {
-    bool loaded = false;
-    Trap({kModule, "LoadVirtualComponentTypeLib"}, [&] {
+    return Trapped({kModule, "LoadVirtualComponentTypeLib"}, false, [&] {
         m_type = Source::Component;
-        loaded =
-            !component.DesignTime && LoadVersion(component.GUID, component.Version, component.LCID);
+        return !component.DesignTime &&
+               LoadVersion(component.GUID, component.Version, component.LCID);
     });
-    return loaded;
 }
 
 bool VirtualTypeLibrary::LoadVersion(

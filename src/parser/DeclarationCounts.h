@@ -1,5 +1,6 @@
 #pragma once
 
+#include "source/PropertyName.h"
 #include "source/VirtualObject.h"
 
 #include <string_view>
@@ -16,13 +17,19 @@ struct DeclarationCounts {
 };
 
 inline constexpr DeclarationCounts kConstCounts{
-    "PublicConstCount", "PrivateConstCount", "ConstCount"};
+    propertyname::kPublicConstCount, propertyname::kPrivateConstCount, propertyname::kConstCount};
 inline constexpr DeclarationCounts kVariableCounts{
-    "PublicVariableCount", "PrivateVariableCount", "VariableCount"};
-inline constexpr DeclarationCounts kEnumCounts{"PublicEnumCount", "PrivateEnumCount", "EnumCount"};
-inline constexpr DeclarationCounts kTypeCounts{"PublicTypeCount", "PrivateTypeCount", "TypeCount"};
+    propertyname::kPublicVariableCount,
+    propertyname::kPrivateVariableCount,
+    propertyname::kVariableCount};
+inline constexpr DeclarationCounts kEnumCounts{
+    propertyname::kPublicEnumCount, propertyname::kPrivateEnumCount, propertyname::kEnumCount};
+inline constexpr DeclarationCounts kTypeCounts{
+    propertyname::kPublicTypeCount, propertyname::kPrivateTypeCount, propertyname::kTypeCount};
 inline constexpr DeclarationCounts kDeclareCounts{
-    "PublicDeclareCount", "PrivateDeclareCount", "DeclareCount"};
+    propertyname::kPublicDeclareCount,
+    propertyname::kPrivateDeclareCount,
+    propertyname::kDeclareCount};
 
 /// Enums, types and declare statements are public without a scope word.
 bool IsPublicWithoutScope(std::string_view scope);

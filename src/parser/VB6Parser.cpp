@@ -6,6 +6,7 @@
 #include "parser/IFileParserEvents.h"
 #include "parser/VB6ParserState.h"
 #include "platform/host/modHost.h"
+#include "source/PropertyName.h"
 #include "source/VirtualObject.h"
 
 #include <utility>
@@ -117,9 +118,9 @@ FileParserState VB6Parser::DetermineFileParserStatus() {
     };
     for (const StateRow& row : kStates) {
         if (row.State == m_currentState) {
-            FileParserState next = FileParserState::Failed;
-            Trap({kModule, row.Name}, [&] { next = (this->*row.Operation)(); });
-            return next;
+            return Trapped({kModule, row.Name}, FileParserState::Failed, [&] {
+                return (this->*row.Operation)();
+            });
         }
     }
     return m_currentState == FileParserState::Stopped ? FileParserState::Stopped
@@ -240,7 +241,7 @@ void VB6Parser::FollowCommentBlock(bool isLineRead) {
     if (m_previousLineType != LineType::Blank && m_previousLineType != LineType::CommentOnly) {
         if (m_isHeaderCommentPending) {
             m_sourceFile->FileStats()->Properties().Add(
-                "HeaderComment",
+                propertyname::kHeaderComment,
                 m_commentBlock == nullptr ? std::string() : *m_commentBlock,
                 false);
         }

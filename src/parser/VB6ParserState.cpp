@@ -5,6 +5,7 @@
 #include "foundation/log/Trap.h"
 #include "parser/ScopeName.h"
 #include "parser/VBParserEvents.h"
+#include "source/PropertyName.h"
 #include "source/VirtualObject.h"
 #include "source/modSource.h"
 
@@ -235,10 +236,10 @@ Variant VB6ParserState::NamingConventionProperty(
         std::string VB6ParserState::*Tag;
     };
     static constexpr std::array kTags = {
-        Row{"ArrayTag", &VB6ParserState::m_arrayTag},
-        Row{"ControlTag", &VB6ParserState::m_controlTag},
-        Row{"ScopeTag", &VB6ParserState::m_scopeTag},
-        Row{"DataTypeTag", &VB6ParserState::m_dataTypeTag},
+        Row{propertyname::kArrayTag, &VB6ParserState::m_arrayTag},
+        Row{propertyname::kControlTag, &VB6ParserState::m_controlTag},
+        Row{propertyname::kScopeTag, &VB6ParserState::m_scopeTag},
+        Row{propertyname::kDataTypeTag, &VB6ParserState::m_dataTypeTag},
     };
     if (const Row* row = FindRow(kTags, propertyName)) {
         return this->*row->Tag;
@@ -255,23 +256,23 @@ const std::string* VB6ParserState::FindSourceText(std::string_view propertyName)
         const std::string& (*Text)(const State&);
     };
     static constexpr std::array kTexts = {
-        Row{"StrippedStatement",
+        Row{propertyname::kStrippedStatement,
             [](const State& s) -> const std::string& {
                 return s.StrippedSourceStatement();
             }},
-        Row{"Statement",
+        Row{propertyname::kStatement,
             [](const State& s) -> const std::string& {
                 return s.m_statement;
             }},
-        Row{"StrippedLine",
+        Row{propertyname::kStrippedLine,
             [](const State& s) -> const std::string& {
                 return s.StrippedLine();
             }},
-        Row{"Line",
+        Row{propertyname::kLine,
             [](const State& s) -> const std::string& {
                 return s.m_line;
             }},
-        Row{"PhysicalLine",
+        Row{propertyname::kPhysicalLine,
             [](const State& s) -> const std::string& {
                 return s.m_physicalLine;
             }},
@@ -288,32 +289,32 @@ Variant VB6ParserState::SourceProperty(
         Variant (*Value)(const State&);
     };
     static constexpr std::array kProperties = {
-        Row{"IsBlank",
+        Row{propertyname::kIsBlank,
             [](const State& s) {
                 return Variant(s.m_lineType == LineType::Blank);
             }},
-        Row{"IsCode",
+        Row{propertyname::kIsCode,
             [](const State& s) {
                 return Variant(
                     s.m_lineType == LineType::Code || s.m_lineType == LineType::CodeWithComment);
             }},
-        Row{"IsComment",
+        Row{propertyname::kIsComment,
             [](const State& s) {
                 return Variant(s.m_lineType == LineType::CommentOnly);
             }},
-        Row{"IsMultiStatement",
+        Row{propertyname::kIsMultiStatement,
             [](const State& s) {
                 return Variant(s.m_isMultiStatement);
             }},
-        Row{"PhysicalLineCount",
+        Row{propertyname::kPhysicalLineCount,
             [](const State& s) {
                 return Variant(s.m_physicalLineCount);
             }},
-        Row{"LineNumber",
+        Row{propertyname::kLineNumber,
             [](const State& s) {
                 return Variant(s.m_sourceLineNumber);
             }},
-        Row{"CommentBlock",
+        Row{propertyname::kCommentBlock,
             [](const State& s) {
                 return Variant(s.CommentBlock());
             }},

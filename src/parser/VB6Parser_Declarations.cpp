@@ -5,6 +5,7 @@
 #include "parser/ScopeName.h"
 #include "parser/VB6Parser.h"
 #include "parser/VB6ParserState.h"
+#include "source/PropertyName.h"
 #include "source/VirtualObject.h"
 
 // The parser's states of the declaration section, and of enum and type bodies.
@@ -22,8 +23,8 @@ std::shared_ptr<VirtualObject> MakeObject(std::string_view parentViolations) {
 }
 
 void AddArgumentInfo(KeyedArrayList& bag, const modSource::ArgumentInfo& info) {
-    bag.Add("ArgumentCount", info.ArgumentCount, false);
-    bag.Add("ArgumentList", info.ArgumentList, false);
+    bag.Add(propertyname::kArgumentCount, info.ArgumentCount, false);
+    bag.Add(propertyname::kArgumentList, info.ArgumentList, false);
 }
 
 }  // namespace
@@ -103,8 +104,8 @@ void VB6Parser::BeginBlock(const BlockKind& kind, std::string_view scope, std::s
     m_parserState->SetObjectStartLine(m_sourceLineNumber, m_line.Raw);
     auto object = MakeObject(scopename::kDeclarations);
     object->SetHasLSTATS(true);
-    object->Properties().Add("Name", name, false);
-    object->Properties().Add("Scope", scope, false);
+    object->Properties().Add(propertyname::kName, name, false);
+    object->Properties().Add(propertyname::kScope, scope, false);
     kind.Counts.Count(ObjectInScope(scopename::kFile), IsPublicWithoutScope(scope));
     // The opening line came before the object was in scope, and belongs to it all the same.
     object->LineStats().IncrementCount(m_lineType);
@@ -132,12 +133,14 @@ FileParserState VB6Parser::State_EnumBodyLine() {
 void VB6Parser::ProcessEnumElement(std::string_view text) {
     const std::size_t equals = text.find('=');
     const bool hasValue = equals != std::string_view::npos;
-    m_parserState->IncrementMemberStats(scopename::kEnum, "ElementCount");
+    m_parserState->IncrementMemberStats(scopename::kEnum, propertyname::kElementCount);
     auto element = MakeObject(scopename::kDeclarations);
-    element->Properties().Add("Name", modText::Trim(text.substr(0, equals)), false);
+    element->Properties().Add(propertyname::kName, modText::Trim(text.substr(0, equals)), false);
     element->Properties().Add(
-        "Value", hasValue ? modText::Trim(text.substr(equals + 1)) : std::string_view(), false);
-    element->Properties().Add("HasValue", hasValue, false);
+        propertyname::kValue,
+        hasValue ? modText::Trim(text.substr(equals + 1)) : std::string_view(),
+        false);
+    element->Properties().Add(propertyname::kHasValue, hasValue, false);
     Announce(std::move(element), scopename::kEnumElement, ParserEvent::EnumElement);
 }
 
@@ -164,19 +167,19 @@ void VB6Parser::ProcessTypeElement(std::string_view text) {
             "Error extracting type element.", "State_TypeBodyLine", kModule);
         return;
     }
-    m_parserState->IncrementMemberStats(scopename::kType, "ElementCount");
+    m_parserState->IncrementMemberStats(scopename::kType, propertyname::kElementCount);
     Announce(std::move(element), scopename::kTypeElement, ParserEvent::TypeElement);
 }
 
 void VB6Parser::ProcessEventDeclaration(
     std::string_view statement, std::string_view name, std::string_view scope) {
     auto object = MakeObject(scopename::kDeclarations);
-    object->Properties().Add("Name", name, false);
-    object->Properties().Add("Scope", scope, false);
+    object->Properties().Add(propertyname::kName, name, false);
+    object->Properties().Add(propertyname::kScope, scope, false);
     modSource::ArgumentInfo info;
     modSource::ExtractArgumentInfoFromDef(statement, info);
     AddArgumentInfo(object->Properties(), info);
-    ObjectInScope(scopename::kFile).IncrementMemberCount("EventCount");
+    ObjectInScope(scopename::kFile).IncrementMemberCount(propertyname::kEventCount);
     m_parserState->Attach(std::move(object), scopename::kEvent);
     FireParserEvent(ParserEvent::Event);
     AnnounceArguments(
@@ -192,15 +195,15 @@ void VB6Parser::ProcessDeclareStatement(
     std::string_view statement, const modSource::DeclareStatement& declare) {
     auto object = MakeObject(scopename::kDeclarations);
     KeyedArrayList& bag = object->Properties();
-    bag.Add("Scope", declare.Scope, false);
-    bag.Add("ProcedureType", declare.ProcedureType, false);
-    bag.Add("Name", declare.Name, false);
-    bag.Add("Alias", declare.Alias, false);
-    bag.Add("Lib", declare.Library, false);
+    bag.Add(propertyname::kScope, declare.Scope, false);
+    bag.Add(propertyname::kProcedureType, declare.ProcedureType, false);
+    bag.Add(propertyname::kName, declare.Name, false);
+    bag.Add(propertyname::kAlias, declare.Alias, false);
+    bag.Add(propertyname::kLib, declare.Library, false);
     modSource::ArgumentInfo info;
     modSource::ExtractArgumentInfoFromDef(statement, info);
     AddArgumentInfo(bag, info);
-    bag.Add("DataType", info.ReturnType, false);
+    bag.Add(propertyname::kDataType, info.ReturnType, false);
     kDeclareCounts.Count(ObjectInScope(scopename::kFile), IsPublicWithoutScope(declare.Scope));
     m_parserState->Attach(std::move(object), scopename::kDeclare);
     FireParserEvent(ParserEvent::Declare);
@@ -231,9 +234,9 @@ void VB6Parser::AnnounceArguments(const ArgumentKind& kind, const modSource::Arg
 void VB6Parser::ProcessImplementsStatement(
     std::string_view library, std::string_view interfaceName) {
     auto object = MakeObject(scopename::kDeclarations);
-    object->Properties().Add("Library", library, false);
-    object->Properties().Add("Interface", interfaceName, false);
-    ObjectInScope(scopename::kFile).IncrementMemberCount("ImplementsCount");
+    object->Properties().Add(propertyname::kLibrary, library, false);
+    object->Properties().Add(propertyname::kInterface, interfaceName, false);
+    ObjectInScope(scopename::kFile).IncrementMemberCount(propertyname::kImplementsCount);
     Announce(std::move(object), scopename::kImplements, ParserEvent::Implements);
 }
 
@@ -268,7 +271,7 @@ void VB6Parser::AnnounceItems(
         m_parserState->Attach(item, kind.Name);
         if (isAtFileLevel) {
             kind.Counts.Count(
-                owner, IsPublicOnlyByScope(item->Properties().Item("Scope").AsText()));
+                owner, IsPublicOnlyByScope(item->Properties().Item(propertyname::kScope).AsText()));
             NoteEventSource(*item);
         } else {
             owner.IncrementMemberCount(kind.Counts.Total);
@@ -279,9 +282,9 @@ void VB6Parser::AnnounceItems(
 }
 
 void VB6Parser::NoteEventSource(const VirtualObject& variable) {
-    const Variant* isWithEvents = variable.Properties().Find("IsWithEvents");
+    const Variant* isWithEvents = variable.Properties().Find(propertyname::kIsWithEvents);
     if (isWithEvents != nullptr && isWithEvents->AsBoolean()) {
-        m_sourceFile->AddEventItem(variable.Properties().Item("Name").AsText());
+        m_sourceFile->AddEventItem(variable.Properties().Item(propertyname::kName).AsText());
     }
 }
 

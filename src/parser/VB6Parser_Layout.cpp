@@ -3,6 +3,7 @@
 #include "parser/ScopeName.h"
 #include "parser/VB6Parser.h"
 #include "parser/VB6ParserState.h"
+#include "source/PropertyName.h"
 #include "source/VirtualObject.h"
 #include "source/modKeyword.h"
 
@@ -102,7 +103,7 @@ void VB6Parser::State_Component() {
     m_parserState->SetCurrentLocation(Location::Layout);
     component->SetParentViolations(scopename::kLayout);
     m_parserState->Attach(std::move(component), scopename::kComponent);
-    m_parserState->IncrementMemberStats(scopename::kFile, "ComponentCount");
+    m_parserState->IncrementMemberStats(scopename::kFile, propertyname::kComponentCount);
     FireParserEvent(ParserEvent::Component);
     m_parserState->Detach(scopename::kComponent);
 }
@@ -176,15 +177,15 @@ void VB6Parser::NoteLayoutFault(std::size_t place, std::string reason) {
 void VB6Parser::AnnounceLayout(VirtualObject& layoutProperties, VirtualObject& layout) {
     modVOSource::LayoutControl found;
     if (m_layoutReader->Extract(1, layoutProperties, found)) {
-        layoutProperties.Properties().Add("Name", found.Name, false);
+        layoutProperties.Properties().Add(propertyname::kName, found.Name, false);
     } else {
         NoteLayoutFault(m_layoutReader->LastFault().Place, m_layoutReader->LastFault().Reason);
     }
     KeyedArrayList& bag = layout.Properties();
-    bag.Add("ControlCount", m_objectCount - 1, false);
-    bag.Add("Name", found.Name, false);
-    bag.Add("IsMDIParent", m_sourceFile->FileType() == FileType::MDIForm, false);
-    bag.Add("IsMDIChild", layoutProperties.Properties().Contains("MDIChild"), false);
+    bag.Add(propertyname::kControlCount, m_objectCount - 1, false);
+    bag.Add(propertyname::kName, found.Name, false);
+    bag.Add(propertyname::kIsMDIParent, m_sourceFile->FileType() == FileType::MDIForm, false);
+    bag.Add(propertyname::kIsMDIChild, layoutProperties.Properties().Contains("MDIChild"), false);
     m_layoutName = found.Name;
     m_parserState->SetCurrentControlName(found.Name);
     m_parserState->SetCurrentLocation(Location::Layout);
@@ -220,12 +221,12 @@ void VB6Parser::AnnounceControl(
             "the type '" + found.ControlType + "' of '" + found.Name + "' names no library");
     }
     KeyedArrayList& bag = control.Properties();
-    bag.Add("Name", found.Name, false);
-    bag.Add("ProgID", found.ControlType, false);
-    bag.Add("Class", ClassOf(found.ControlType), false);
-    bag.Add("Library", LibraryOf(found.ControlType), false);
-    bag.Add("Container", found.Container, false);
-    bag.Add("Index", found.Index, false);
+    bag.Add(propertyname::kName, found.Name, false);
+    bag.Add(propertyname::kProgID, found.ControlType, false);
+    bag.Add(propertyname::kClass, ClassOf(found.ControlType), false);
+    bag.Add(propertyname::kLibrary, LibraryOf(found.ControlType), false);
+    bag.Add(propertyname::kContainer, found.Container, false);
+    bag.Add(propertyname::kIndex, found.Index, false);
     m_sourceFile->AddEventItem(found.Name);
     properties->SetParentViolations(scopename::kControl);
     m_parserState->Attach(std::move(properties), scopename::kControlProperties);
@@ -257,10 +258,12 @@ FileParserState VB6Parser::State_EndSourceFile() {
             ? 0
             : modText::RoundToLong(static_cast<double>(m_complexityTotal) / m_procedureCount);
     VirtualObject& file = ObjectInScope(scopename::kFile);
-    file.IncrementMemberCount("AverageCyclomatic", average);
-    file.IncrementMemberCount("MaximumCyclomatic", m_complexityMaximum);
+    file.IncrementMemberCount(propertyname::kAverageCyclomatic, average);
+    file.IncrementMemberCount(propertyname::kMaximumCyclomatic, m_complexityMaximum);
     file.Properties().Add(
-        "ReviewStatus", static_cast<std::int32_t>(m_sourceFile->ReviewStatus()), false);
+        propertyname::kReviewStatus,
+        static_cast<std::int32_t>(m_sourceFile->ReviewStatus()),
+        false);
     FireParserEvent(ParserEvent::EndFile);
     m_parserState->SetCurrentLocation(Location::File);
     return FileParserState::Finished;

@@ -6,11 +6,13 @@
 #include "parser/ScopeName.h"
 #include "parser/VB6Parser.h"
 #include "parser/VB6ParserState.h"
+#include "source/PropertyName.h"
 #include "source/VirtualObject.h"
 #include "source/modKeyword.h"
 #include "source/modMemberStats.h"
 
 #include <algorithm>
+#include <array>
 
 // The parser's states of procedures, and their cyclomatic complexity.
 
@@ -55,14 +57,24 @@ constexpr Branch kBranches[] = {
     {"On ", "On Error "},
 };
 
-constexpr std::string_view kFirstLettersOfBranches = "cifewdo";
+/// True for the letters, in lower case, with which a branch begins: most statements begin with another.
+constexpr std::array<bool, 128> kBeginsBranch = [] {
+    std::array<bool, 128> begins{};
+    for (const Branch& branch : kBranches) {
+        begins.at(static_cast<std::size_t>(modKeyword::FoldAscii(branch.Text.front()))) = true;
+    }
+    return begins;
+}();
+
+bool MayBeBranch(char first) {
+    return !modKeyword::IsAscii(first) ||
+           kBeginsBranch.at(static_cast<std::size_t>(modKeyword::FoldAscii(first)));
+}
 
 /// A statement opens one way at most, however many conditions it holds.
 bool IsBranch(std::string_view statement) {
     const std::string_view text = modText::Trim(statement);
-    if (text.empty() || (modKeyword::IsAscii(text.front()) &&
-                         kFirstLettersOfBranches.find(modKeyword::FoldAscii(text.front())) ==
-                             std::string_view::npos)) {
+    if (text.empty() || !MayBeBranch(text.front())) {
         return false;
     }
     return std::any_of(std::begin(kBranches), std::end(kBranches), [&](const Branch& branch) {
@@ -90,21 +102,21 @@ FileParserState VB6Parser::State_BeginProcedure(const modSource::ProcedureDefini
     object->SetHasVLIST(true);
     object->SetParentViolations(scopename::kFile);
     KeyedArrayList& bag = object->Properties();
-    bag.Add("Name", procedure.Name, false);
-    bag.Add("ProcedureType", procedure.ProcedureType, false);
-    bag.Add("Scope", procedure.Scope, false);
-    bag.Add("IsStatic", procedure.IsStatic, false);
-    bag.Add("IsEventProcedure", IsEventProcedure(procedure.Name), false);
+    bag.Add(propertyname::kName, procedure.Name, false);
+    bag.Add(propertyname::kProcedureType, procedure.ProcedureType, false);
+    bag.Add(propertyname::kScope, procedure.Scope, false);
+    bag.Add(propertyname::kIsStatic, procedure.IsStatic, false);
+    bag.Add(propertyname::kIsEventProcedure, IsEventProcedure(procedure.Name), false);
     modSource::ArgumentInfo info;
     modSource::ExtractArgumentInfoFromDef(m_parserState->SourceStatement(), info);
-    bag.Add("ArgumentCount", info.ArgumentCount, false);
-    bag.Add("ArgumentList", info.ArgumentList, false);
-    bag.Add("DataType", info.ReturnType, false);
+    bag.Add(propertyname::kArgumentCount, info.ArgumentCount, false);
+    bag.Add(propertyname::kArgumentList, info.ArgumentList, false);
+    bag.Add(propertyname::kDataType, info.ReturnType, false);
     m_parserState->Attach(object, scopename::kProcedure);
     modMemberStats::InitialiseProcedureMemberStats(*object);
     // The header came before the object was in scope, and is a line of it all the same.
     object->LineStats().IncrementCount(m_lineType);
-    m_sourceFile->FileStats()->IncrementMemberCount("ProcedureCount");
+    m_sourceFile->FileStats()->IncrementMemberCount(propertyname::kProcedureCount);
     FireParserEvent(ParserEvent::BeginProcedure);
     ProcessProcedureArguments(info);
     return FileParserState::ProcedureBodyLine;
@@ -154,7 +166,8 @@ FileParserState VB6Parser::State_ProcedureBodyLine() {
 }
 
 FileParserState VB6Parser::EndProcedure() {
-    ObjectInScope(scopename::kProcedure).IncrementMemberCount("CyclomaticComplexity", m_complexity);
+    ObjectInScope(scopename::kProcedure)
+        .IncrementMemberCount(propertyname::kCyclomaticComplexity, m_complexity);
     m_complexityTotal += m_complexity;
     ++m_procedureCount;
     m_complexityMaximum = std::max(m_complexityMaximum, m_complexity);
@@ -168,7 +181,7 @@ FileParserState VB6Parser::EndProcedure() {
 void VB6Parser::ProcessLineLabel(std::string_view line) {
     auto label = std::make_shared<VirtualObject>();
     label->SetParentViolations(scopename::kProcedure);
-    label->Properties().Add("Name", line.substr(0, line.find(':')), false);
+    label->Properties().Add(propertyname::kName, line.substr(0, line.find(':')), false);
     Announce(std::move(label), scopename::kLineLabel, ParserEvent::LineLabel);
 }
 

@@ -4,6 +4,7 @@
 #include "foundation/log/Trap.h"
 #include "results/ResultsDB.h"
 #include "results/modTolerances.h"
+#include "source/PropertyName.h"
 #include "source/VirtualObject.h"
 
 namespace dorvik {
@@ -22,7 +23,7 @@ std::int32_t BoolToInt(bool value) {
 
 void SetProcedureFields(Recordset& rows, const VirtualObject& object) {
     rows.SetValue("Scope", TextOf(object, "Scope"));
-    rows.SetValue("IsStatic", object.Properties().Item("IsStatic"));
+    rows.SetValue("IsStatic", object.Properties().Item(propertyname::kIsStatic));
     rows.SetValue("ReturnType", TextOf(object, "DataType"));
 }
 
@@ -72,7 +73,7 @@ void ResultsDB::SetupVObjectResults(std::string_view kind, VirtualObject& object
 
 std::int32_t ResultsDB::SetupProject(VirtualObject& object) {
     // Required: a project file that does not tell its type gets no row. That loses no finding, and counts as no loss.
-    if (!object.Properties().Contains("Type")) {
+    if (!object.Properties().Contains(propertyname::kType)) {
         dorvik::Trap({kModule, "SetupProject"}, [&] { TextOf(object, "Type"); });
         return 0;
     }
@@ -210,13 +211,13 @@ void ResultsDB::LogVirtualObjectProperties(const VirtualObject& object) {
         const auto& properties = object.Properties();
         const std::int32_t id = object.ObjectID();
         if (object.ObjectType() == kProjectItem) {
-            if (const Variant* const name = properties.Find("ExeName32")) {
+            if (const Variant* const name = properties.Find(propertyname::kExeName32)) {
                 Execute(
                     "UPDATE Projects SET ExeName32 = ? WHERE ProjectID = ?", {name->AsText(), id});
             }
         } else if (object.ObjectType() == kFileItem) {
             // Required: the average here, while the measure CC holds the maximum.
-            if (const Variant* const average = properties.Find("AverageCyclomatic")) {
+            if (const Variant* const average = properties.Find(propertyname::kAverageCyclomatic)) {
                 Execute(
                     "UPDATE SourceFiles SET CyclomaticComplexity = ? WHERE SourceID = ?",
                     {average->AsLong(), id});
@@ -229,7 +230,8 @@ void ResultsDB::LogVirtualObjectProperties(const VirtualObject& object) {
                     std::move(values));
             }
         } else if (object.ObjectType() == kProcedureItem) {
-            if (const Variant* const complexity = properties.Find("CyclomaticComplexity")) {
+            if (const Variant* const complexity =
+                    properties.Find(propertyname::kCyclomaticComplexity)) {
                 Execute(
                     "UPDATE Procedures SET CyclomaticComplexity = ? WHERE ProcID = ?",
                     {complexity->AsLong(), id});

@@ -3,6 +3,7 @@
 #include "base/modText.h"
 #include "criteria/ReviewCriteria.h"
 #include "foundation/log/Trap.h"
+#include "source/PropertyName.h"
 #include "source/VirtualObject.h"
 
 #include <string>
@@ -70,7 +71,7 @@ void MeasureSource(VirtualObject& object, const ReviewCriteria& criteria) {
         const std::int32_t actual = PercentageOfComments(object.LineStats());
         AddMeasure(object, "PC", {actual, limit, actual >= limit});
     }
-    const Variant* const maximum = object.Properties().Find("MaximumCyclomatic");
+    const Variant* const maximum = object.Properties().Find(propertyname::kMaximumCyclomatic);
     if (const auto limit = criteria.ToleranceCyclomaticComplexity(); limit > kNotSet && maximum) {
         const std::int32_t actual = maximum->AsLong();
         AddMeasure(object, "CC", {actual, limit, actual <= limit});

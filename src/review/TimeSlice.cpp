@@ -11,7 +11,7 @@ std::optional<SliceResult> SliceGuard::Refuse(std::string_view module) const {
     if (!refusal) {
         return std::nullopt;
     }
-    Trap({module, "ReviewTimeSlice"}, [&] {
+    Trap({"SliceGuard", "Refuse"}, [&] {
         modLog::Log().LogEvent(refusal->Reason, "ReviewTimeSlice", module);
     });
     return refusal->Result;

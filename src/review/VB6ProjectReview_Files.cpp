@@ -11,6 +11,7 @@
 #include "parser/VB6Parser.h"
 #include "results/ResultsDB.h"
 #include "results/modTolerances.h"
+#include "source/PropertyName.h"
 #include "source/VirtualObject.h"
 #include "source/VirtualProject.h"
 #include "source/VirtualSourceFile.h"
@@ -23,7 +24,6 @@ namespace {
 
 constexpr std::string_view kModule = "C_VB6ProjectReview";
 constexpr std::int32_t kReportsForEveryFile = 2;
-constexpr std::string_view kAverage = "AverageCyclomatic";
 
 }  // namespace
 
@@ -182,9 +182,9 @@ bool VB6ProjectReview::IsWhollyReviewed() const {
 
 void VB6ProjectReview::LogFileResults() {
     if (const auto file = ParserState().GetVirtualObject(scopename::kFile)) {
-        if (!IsWhollyReviewed() && file->Properties().Contains(kAverage)) {
+        if (!IsWhollyReviewed() && file->Properties().Contains(propertyname::kAverageCyclomatic)) {
             // The results tell by this that a file was reviewed to its end.
-            file->Properties().Remove(kAverage);
+            file->Properties().Remove(propertyname::kAverageCyclomatic);
         }
         MeasureTolerances(*file, /*isProjectFile=*/false);
     }

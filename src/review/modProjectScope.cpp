@@ -1,6 +1,7 @@
 #include "modProjectScope.h"
 
 #include "parser/ScopeName.h"
+#include "source/PropertyName.h"
 #include "source/modMemberStats.h"
 #include "source/modVOSource.h"
 
@@ -37,8 +38,8 @@ void AttachProject(VB6ParserState& state, VirtualProject& project) {
     state.Attach(project.ProjectStats(), scopename::kProject);
     modMemberStats::InitialiseProjectMemberStats(project);
     const auto projectFile = std::make_shared<VirtualObject>();
-    projectFile->Properties().Add("Name", project.Name(), false);
-    projectFile->Properties().Add("Type", "Project", false);
+    projectFile->Properties().Add(propertyname::kName, project.Name(), false);
+    projectFile->Properties().Add(propertyname::kType, "Project", false);
     modVOSource::AddFilenameRelatedProperties(*projectFile, project.Filename());
     projectFile->SetParentViolations(scopename::kProject);
     projectFile->SetHasVLIST(true);
@@ -55,13 +56,13 @@ void AttachReference(VB6ParserState& state, const VirtualReference& reference, b
     object->SetParentViolations(scopename::kProjectFile);
     state.Attach(object, scopename::kReference);
     KeyedArrayList& properties = object->Properties();
-    properties.Add("GUID", reference.GUID, false);
-    properties.Add("AuthorisedVersions", reference.AuthorisedVersions, false);
-    properties.Add("Description", reference.Description, false);
-    properties.Add("DesignTime", reference.DesignTime, false);
-    properties.Add("Filename", reference.Filename, false);
-    properties.Add("IsAuthorised", isAuthorised, false);
-    properties.Add("Version", reference.Version, false);
+    properties.Add(propertyname::kGUID, reference.GUID, false);
+    properties.Add(propertyname::kAuthorisedVersions, reference.AuthorisedVersions, false);
+    properties.Add(propertyname::kDescription, reference.Description, false);
+    properties.Add(propertyname::kDesignTime, reference.DesignTime, false);
+    properties.Add(propertyname::kFilename, reference.Filename, false);
+    properties.Add(propertyname::kIsAuthorised, isAuthorised, false);
+    properties.Add(propertyname::kVersion, reference.Version, false);
 }
 
 void DetachReference(VB6ParserState& state) {

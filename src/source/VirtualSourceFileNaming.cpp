@@ -8,6 +8,7 @@
 #include "base/modUtf8.h"
 #include "foundation/log/Trap.h"
 #include "foundation/text/modUtilFunctions.h"
+#include "source/PropertyName.h"
 #include "source/VirtualSourceFile.h"
 #include "source/modVOSource.h"
 
@@ -120,8 +121,8 @@ VirtualSourceFile::InitFromLine(std::string_view line, std::string_view projectF
     }
     // A file that could not be read is named, and has its properties, all the same.
     m_name = name.empty() ? m_filename : name;
-    Properties().Add("Name", Variant(m_name), false);
-    Properties().Add("Type", Variant(key), false);
+    Properties().Add(propertyname::kName, Variant(m_name), false);
+    Properties().Add(propertyname::kType, Variant(key), false);
     modVOSource::AddFilenameRelatedProperties(*m_fileStats, m_filename);
     return status;
 }

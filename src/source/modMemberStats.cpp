@@ -1,5 +1,6 @@
 #include "source/modMemberStats.h"
 
+#include "source/PropertyName.h"
 #include "source/VirtualObject.h"
 #include "source/VirtualProject.h"
 
@@ -8,16 +9,29 @@ namespace dorvik::modMemberStats {
 namespace {
 
 constexpr std::string_view kFileMembers[] = {
-    "ComponentCount",       "ConstCount",      "PublicConstCount",
-    "PrivateConstCount",    "VariableCount",   "PublicVariableCount",
-    "PrivateVariableCount", "TypeCount",       "PublicTypeCount",
-    "PrivateTypeCount",     "EnumCount",       "PublicEnumCount",
-    "PrivateEnumCount",     "DeclareCount",    "PublicDeclareCount",
-    "PrivateDeclareCount",  "ImplementsCount", "ProcedureCount",
-    "EventCount",
+    propertyname::kComponentCount,
+    propertyname::kConstCount,
+    propertyname::kPublicConstCount,
+    propertyname::kPrivateConstCount,
+    propertyname::kVariableCount,
+    propertyname::kPublicVariableCount,
+    propertyname::kPrivateVariableCount,
+    propertyname::kTypeCount,
+    propertyname::kPublicTypeCount,
+    propertyname::kPrivateTypeCount,
+    propertyname::kEnumCount,
+    propertyname::kPublicEnumCount,
+    propertyname::kPrivateEnumCount,
+    propertyname::kDeclareCount,
+    propertyname::kPublicDeclareCount,
+    propertyname::kPrivateDeclareCount,
+    propertyname::kImplementsCount,
+    propertyname::kProcedureCount,
+    propertyname::kEventCount,
 };
 
-constexpr std::string_view kProcedureMembers[] = {"ConstCount", "VariableCount"};
+constexpr std::string_view kProcedureMembers[] = {
+    propertyname::kConstCount, propertyname::kVariableCount};
 
 struct FileCountRow {
     std::string_view Name;
@@ -25,13 +39,13 @@ struct FileCountRow {
 };
 
 constexpr FileCountRow kProjectFileCounts[] = {
-    {"FormFileCount", FileType::Form},
-    {"ClassFileCount", FileType::Class},
-    {"DesignerFileCount", FileType::Designer},
-    {"ModuleFileCount", FileType::Module},
-    {"PropertyPageFileCount", FileType::PropertyPage},
-    {"UserControlFileCount", FileType::UserControl},
-    {"UserDocumentFileCount", FileType::UserDocument},
+    {propertyname::kFormFileCount, FileType::Form},
+    {propertyname::kClassFileCount, FileType::Class},
+    {propertyname::kDesignerFileCount, FileType::Designer},
+    {propertyname::kModuleFileCount, FileType::Module},
+    {propertyname::kPropertyPageFileCount, FileType::PropertyPage},
+    {propertyname::kUserControlFileCount, FileType::UserControl},
+    {propertyname::kUserDocumentFileCount, FileType::UserDocument},
 };
 
 /// One band of complexities, from `From` up to the next band.
@@ -69,11 +83,11 @@ void AddCount(KeyedArrayList& properties, std::string_view name, std::int32_t co
 
 void InitialiseProjectMemberStats(VirtualProject& project) {
     KeyedArrayList& properties = project.Properties();
-    AddCount(properties, "RelatedDocCount", project.RelatedDocs().Count());
-    AddCount(properties, "ComponentCount", project.Components().Count());
-    AddCount(properties, "ReferenceCount", project.References().Count());
+    AddCount(properties, propertyname::kRelatedDocCount, project.RelatedDocs().Count());
+    AddCount(properties, propertyname::kComponentCount, project.Components().Count());
+    AddCount(properties, propertyname::kReferenceCount, project.References().Count());
     // Required: the project file counts as a source file too.
-    AddCount(properties, "SourceFileCount", project.SourceFiles().Count() + 1);
+    AddCount(properties, propertyname::kSourceFileCount, project.SourceFiles().Count() + 1);
     for (const FileCountRow& row : kProjectFileCounts) {
         AddCount(properties, row.Name, project.FileCount(row.Type));
     }

@@ -5,6 +5,7 @@
 #include "foundation/log/Trap.h"
 #include "foundation/text/modUtilFunctions.h"
 #include "source/LayoutReader.h"
+#include "source/PropertyName.h"
 #include "source/VirtualObject.h"
 #include "source/modKeyword.h"
 
@@ -34,16 +35,16 @@ std::string_view TextBeforeLastQuote(std::string_view text) {
 void AddComponentProperties(std::string_view line, KeyedArrayList& properties) {
     // Another project of the environment stands in the place of a compiled component.
     if (modKeyword::StartsWith(line, "Object = \"*\\")) {
-        properties.Add("DesignTime", true);
-        properties.Add("Filename", TextBeforeLastQuote(modUtf8::Mid(line, 13)));
+        properties.Add(propertyname::kDesignTime, true);
+        properties.Add(propertyname::kFilename, TextBeforeLastQuote(modUtf8::Mid(line, 13)));
         return;
     }
     // By columns: `Object = "{GUID}#version#locale"; "filename"`.
-    properties.Add("DesignTime", false);
-    properties.Add("GUID", modUtf8::Mid(line, 11, 38));
-    properties.Add("Version", TextBefore(modUtf8::Mid(line, 50), '#'));
+    properties.Add(propertyname::kDesignTime, false);
+    properties.Add(propertyname::kGUID, modUtf8::Mid(line, 11, 38));
+    properties.Add(propertyname::kVersion, TextBefore(modUtf8::Mid(line, 50), '#'));
     const std::string_view behind = line.substr(TextBefore(line, ';').size());
-    properties.Add("Filename", TextBeforeLastQuote(modUtf8::Mid(behind, 4)));
+    properties.Add(propertyname::kFilename, TextBeforeLastQuote(modUtf8::Mid(behind, 4)));
 }
 
 }  // namespace
@@ -66,10 +67,11 @@ void AddFilenameRelatedProperties(VirtualObject& object, std::string_view filena
     const std::string name = modUtilFunctions::FilenameFromFullPathName(filename);
     const std::size_t point = name.rfind('.');
     KeyedArrayList& properties = object.Properties();
-    properties.Add("FullFilename", filename);
-    properties.Add("Path", modUtilFunctions::PathFromFilename(filename));
-    properties.Add("Filename", name);
-    properties.Add("Extension", point == std::string::npos ? std::string() : name.substr(point));
+    properties.Add(propertyname::kFullFilename, filename);
+    properties.Add(propertyname::kPath, modUtilFunctions::PathFromFilename(filename));
+    properties.Add(propertyname::kFilename, name);
+    properties.Add(
+        propertyname::kExtension, point == std::string::npos ? std::string() : name.substr(point));
 }
 
 }  // namespace dorvik::modVOSource

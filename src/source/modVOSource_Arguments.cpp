@@ -3,6 +3,7 @@
 #include "DeclarationTokens.h"
 #include "base/modText.h"
 #include "foundation/log/Trap.h"
+#include "source/PropertyName.h"
 #include "source/VirtualObject.h"
 #include "source/modKeyword.h"
 #include "source/modVOSource.h"
@@ -33,15 +34,15 @@ std::shared_ptr<VirtualObject>
 MakeObject(const Argument& argument, std::string_view parent, std::int32_t index) {
     auto object = std::make_shared<VirtualObject>();
     KeyedArrayList& properties = object->Properties();
-    properties.Add("Name", argument.Name);
-    properties.Add("DefaultValue", argument.DefaultValue);
-    properties.Add("DataType", argument.DataType);
-    properties.Add("IsOptional", argument.IsOptional);
-    properties.Add("IsParamArray", argument.IsParamArray);
-    properties.Add("IsArray", IsArrayName(argument.Name));
-    properties.Add("ParentObject", parent);
-    properties.Add("PassBy", argument.PassBy);
-    properties.Add("Index", index);
+    properties.Add(propertyname::kName, argument.Name);
+    properties.Add(propertyname::kDefaultValue, argument.DefaultValue);
+    properties.Add(propertyname::kDataType, argument.DataType);
+    properties.Add(propertyname::kIsOptional, argument.IsOptional);
+    properties.Add(propertyname::kIsParamArray, argument.IsParamArray);
+    properties.Add(propertyname::kIsArray, IsArrayName(argument.Name));
+    properties.Add(propertyname::kParentObject, parent);
+    properties.Add(propertyname::kPassBy, argument.PassBy);
+    properties.Add(propertyname::kIndex, index);
     return object;
 }
 

@@ -6,6 +6,7 @@
 #include "base/modTextCase.h"
 #include "base/modUtf8.h"
 #include "foundation/log/Trap.h"
+#include "source/PropertyName.h"
 #include "source/VirtualObject.h"
 #include "source/modKeyword.h"
 #include "source/modSource.h"
@@ -34,12 +35,12 @@ std::shared_ptr<VirtualObject>
 MakeObject(const Constant& constant, const Declaration& declaration) {
     auto object = std::make_shared<VirtualObject>();
     KeyedArrayList& properties = object->Properties();
-    properties.Add("Name", constant.Name);
-    properties.Add("Scope", declaration.Scope);
-    properties.Add("Value", constant.Value);
-    properties.Add("IsMultiItem", declaration.IsMultiItem);
-    properties.Add("DataType", constant.DataType);
-    properties.Add("IsLocal", declaration.IsLocal);
+    properties.Add(propertyname::kName, constant.Name);
+    properties.Add(propertyname::kScope, declaration.Scope);
+    properties.Add(propertyname::kValue, constant.Value);
+    properties.Add(propertyname::kIsMultiItem, declaration.IsMultiItem);
+    properties.Add(propertyname::kDataType, constant.DataType);
+    properties.Add(propertyname::kIsLocal, declaration.IsLocal);
     return object;
 }
 

@@ -6,6 +6,7 @@
 #include "base/modTextCase.h"
 #include "base/modUtf8.h"
 #include "foundation/log/Trap.h"
+#include "source/PropertyName.h"
 #include "source/VirtualObject.h"
 #include "source/modKeyword.h"
 #include "source/modSource.h"
@@ -40,16 +41,16 @@ std::shared_ptr<VirtualObject>
 MakeObject(const Variable& variable, const Declaration& declaration) {
     auto object = std::make_shared<VirtualObject>();
     KeyedArrayList& properties = object->Properties();
-    properties.Add("Scope", declaration.Scope);
-    properties.Add("IsStatic", declaration.IsStatic);
-    properties.Add("IsWithEvents", declaration.IsWithEvents);
-    properties.Add("Name", variable.Name);
-    properties.Add("IsArray", variable.IsArray);
-    properties.Add("IsMultiItem", declaration.IsMultiItem);
-    properties.Add("ArraySize", variable.ArraySize);
-    properties.Add("DataType", variable.DataType);
-    properties.Add("IsLocal", declaration.IsLocal);
-    properties.Add("IsAsNew", variable.IsAsNew);
+    properties.Add(propertyname::kScope, declaration.Scope);
+    properties.Add(propertyname::kIsStatic, declaration.IsStatic);
+    properties.Add(propertyname::kIsWithEvents, declaration.IsWithEvents);
+    properties.Add(propertyname::kName, variable.Name);
+    properties.Add(propertyname::kIsArray, variable.IsArray);
+    properties.Add(propertyname::kIsMultiItem, declaration.IsMultiItem);
+    properties.Add(propertyname::kArraySize, variable.ArraySize);
+    properties.Add(propertyname::kDataType, variable.DataType);
+    properties.Add(propertyname::kIsLocal, declaration.IsLocal);
+    properties.Add(propertyname::kIsAsNew, variable.IsAsNew);
     return object;
 }
 
@@ -167,10 +168,10 @@ void WalkTypeElement(std::string_view text, VirtualObject& element) {
         TakeToken(token.Text, Walk::TypeElement, tokens, variable);
     }
     KeyedArrayList& properties = element.Properties();
-    properties.Add("Name", variable.Name);
-    properties.Add("IsArray", variable.IsArray);
-    properties.Add("ArraySize", variable.ArraySize);
-    properties.Add("DataType", variable.DataType);
+    properties.Add(propertyname::kName, variable.Name);
+    properties.Add(propertyname::kIsArray, variable.IsArray);
+    properties.Add(propertyname::kArraySize, variable.ArraySize);
+    properties.Add(propertyname::kDataType, variable.DataType);
 }
 
 std::string_view TextToWalk(std::string_view statement) {

@@ -4,6 +4,7 @@
 #include "parser/ScopeName.h"
 #include "rulebase/catalogue/ObjectCatalogue.h"
 #include "rulebase/catalogue/PropertyDescriptions.h"
+#include "source/PropertyName.h"
 
 #include <algorithm>
 #include <span>
@@ -21,22 +22,22 @@ struct ExtraRow {
 
 /// Set by the parser or the review, and in no list of the catalogue.
 constexpr ExtraRow kUnlisted[] = {
-    {scopename::kFile, "ReviewStatus"},
-    {scopename::kSource, "IsBlank"},
-    {scopename::kReference, "Filename"},
-    {scopename::kProjectFile, "Name"},
-    {scopename::kProjectFile, "Type"},
-    {scopename::kProjectFile, "FullFilename"},
-    {scopename::kProjectFile, "Path"},
-    {scopename::kProjectFile, "Filename"},
-    {scopename::kProjectFile, "Extension"},
+    {scopename::kFile, propertyname::kReviewStatus},
+    {scopename::kSource, propertyname::kIsBlank},
+    {scopename::kReference, propertyname::kFilename},
+    {scopename::kProjectFile, propertyname::kName},
+    {scopename::kProjectFile, propertyname::kType},
+    {scopename::kProjectFile, propertyname::kFullFilename},
+    {scopename::kProjectFile, propertyname::kPath},
+    {scopename::kProjectFile, propertyname::kFilename},
+    {scopename::kProjectFile, propertyname::kExtension},
     // Keys that Visual Basic writes and the catalogue leaves out; near others in spelling.
     {scopename::kProject, "Path32"},
     {scopename::kProject, "AutoRefresh"},
     {scopename::kProject, "Keyword"},
 };
 
-constexpr ExtraRow kNeverSet[] = {{scopename::kReference, "FullFilename"}};
+constexpr ExtraRow kNeverSet[] = {{scopename::kReference, propertyname::kFullFilename}};
 
 /// Objects in scope that are no objects of the catalogue.
 constexpr std::string_view kUncatalogued[] = {scopename::kProjectFile, scopename::kDeclarations};

@@ -12,6 +12,7 @@
 #include "rulebase/model/CodingConvention.h"
 #include "rulebase/model/NamingConvention.h"
 #include "rulebase/model/UnauthorisedKeyword.h"
+#include "source/PropertyName.h"
 
 #include <algorithm>
 
@@ -44,10 +45,10 @@ struct TagSourceRow {
 };
 
 constexpr TagSourceRow kTagSources[] = {
-    {psControlTag, "a control tag", "ProgID"},
-    {psDataTypeTag, "a data type tag", "DataType"},
-    {psScopeTag, "a scope tag", "Scope"},
-    {psArrayTag, "an array tag", "IsArray"},
+    {psControlTag, "a control tag", propertyname::kProgID},
+    {psDataTypeTag, "a data type tag", propertyname::kDataType},
+    {psScopeTag, "a scope tag", propertyname::kScope},
+    {psArrayTag, "an array tag", propertyname::kIsArray},
 };
 
 /// The scope of arguments and local constants follows from how they are declared, without a property.

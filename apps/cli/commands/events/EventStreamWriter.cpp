@@ -5,6 +5,7 @@
 #include "cli/output/modTerminalText.h"
 #include "parser/ScopeName.h"
 #include "parser/VBParserEvents.h"
+#include "source/PropertyName.h"
 #include "source/VirtualObject.h"
 #include "source/VirtualSourceFile.h"
 
@@ -62,10 +63,18 @@ constexpr AnnouncementRow kAnnouncements[] = {
 };
 
 constexpr std::string_view kSourceProperties[] = {
-    "Line", "PhysicalLine", "StrippedLine", "IsMultiStatement", "CommentBlock"};
+    propertyname::kLine,
+    propertyname::kPhysicalLine,
+    propertyname::kStrippedLine,
+    propertyname::kIsMultiStatement,
+    propertyname::kCommentBlock};
 
 constexpr std::string_view kLineStats[] = {
-    "TotalLineCount", "CodeLineCount", "BlankLineCount", "CommentLineCount", "InLineCommentCount"};
+    propertyname::kTotalLineCount,
+    propertyname::kCodeLineCount,
+    propertyname::kBlankLineCount,
+    propertyname::kCommentLineCount,
+    propertyname::kInLineCommentCount};
 
 const AnnouncementRow* FindAnnouncement(ParserEvent event) {
     for (const AnnouncementRow& row : kAnnouncements) {
@@ -145,7 +154,9 @@ void WritePosition(Writer& writer, const VB6ParserState& state, const std::strin
     PutKey(writer, "physicalLines");
     bool found = false;
     std::string errorText;
-    writer.Int(state.GetObjectProperty(scopename::kSource, "PhysicalLineCount", found, errorText)
+    writer.Int(state
+                   .GetObjectProperty(
+                       scopename::kSource, propertyname::kPhysicalLineCount, found, errorText)
                    .AsLong());
     PutKey(writer, "lineType");
     writer.Int(static_cast<int>(state.CurrentLineType()));

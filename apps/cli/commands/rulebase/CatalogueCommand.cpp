@@ -41,7 +41,7 @@ std::string_view WithoutName(const ObjectRow& row) {
 }
 
 std::string_view CanEnd(const ParserEventRow& row) {
-    return row.EndLevel == kNoLevel ? "" : "yes";
+    return CanEndScope(row) ? "yes" : "";
 }
 
 void PrintHeading(std::string_view title) {
@@ -136,7 +136,7 @@ void WriteEvents(JsonOutput& json) {
         json.Text("name", row.Text);
         json.Text("fired", row.Fired);
         json.Number("level", row.TreeLevel);
-        json.Flag("endsScope", row.EndLevel != kNoLevel);
+        json.Flag("endsScope", CanEndScope(row));
         json.EndObject();
     }
 }
