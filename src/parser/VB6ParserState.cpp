@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <array>
 #include <functional>
+#include <utility>
 
 namespace dorvik {
 
@@ -193,44 +194,49 @@ Variant VB6ParserState::GetObjectProperty(
     std::string_view propertyName,
     bool& ok,
     std::string& errorText) const {
-    ok = true;
-    errorText.clear();
+    Answer answer = AnswerOf(objectName, propertyName);
+    ok = !answer.Error.has_value();
+    errorText = std::move(answer.Error).value_or(std::string());
+    return std::move(answer.Value);
+}
+
+VB6ParserState::Answer
+VB6ParserState::AnswerOf(std::string_view objectName, std::string_view propertyName) const {
     if (IsNamed(objectName, scopename::kNamingConvention)) {
-        return NamingConventionProperty(propertyName, ok, errorText);
+        return NamingConventionProperty(propertyName);
     }
     if (IsNamed(objectName, scopename::kSource)) {
-        return SourceProperty(propertyName, ok, errorText);
+        return SourceProperty(propertyName);
     }
     VirtualObject* object = FindVirtualObject(objectName);
     if (object == nullptr) {
-        ok = false;
-        errorText =
-            Concatenate({"Unknown virtual object '", objectName, "' or object not in scope."});
-        return std::string();
+        return {
+            std::string(),
+            Concatenate({"Unknown virtual object '", objectName, "' or object not in scope."})};
     }
     if (const Variant* value = FindEntryOf(*object, propertyName)) {
-        return *value;
+        return {*value, std::nullopt};
     }
     const bool isWorkfield = modTextCase::StartsWith(propertyName, scopename::kWorkfieldPrefix);
     std::int32_t count = 0;
     if (!isWorkfield && AnswersWithLineStatistics(objectName) &&
         object->LineStats().SourceLineStatByName(propertyName, count)) {
-        return count;
+        return {count, std::nullopt};
     }
-    ok = false;
-    errorText = Concatenate(
-        {"Virtual object ",
-         isWorkfield ? "workfield" : "property",
-         " '",
-         objectName,
-         ".",
-         propertyName,
-         "' not found."});
-    return std::string();
+    return {
+        std::string(),
+        Concatenate(
+            {"Virtual object ",
+             isWorkfield ? "workfield" : "property",
+             " '",
+             objectName,
+             ".",
+             propertyName,
+             "' not found."})};
 }
 
-Variant VB6ParserState::NamingConventionProperty(
-    std::string_view propertyName, bool& ok, std::string& errorText) const {
+VB6ParserState::Answer
+VB6ParserState::NamingConventionProperty(std::string_view propertyName) const {
     struct Row {
         std::string_view Name;
         std::string VB6ParserState::*Tag;
@@ -242,11 +248,11 @@ Variant VB6ParserState::NamingConventionProperty(
         Row{propertyname::kDataTypeTag, &VB6ParserState::m_dataTypeTag},
     };
     if (const Row* row = FindRow(kTags, propertyName)) {
-        return this->*row->Tag;
+        return {this->*row->Tag, std::nullopt};
     }
-    ok = false;
-    errorText = Concatenate({"Invalid NamingConvention property '", propertyName, "' specified."});
-    return std::string();
+    return {
+        std::string(),
+        Concatenate({"Invalid NamingConvention property '", propertyName, "' specified."})};
 }
 
 const std::string* VB6ParserState::FindSourceText(std::string_view propertyName) const {
@@ -281,8 +287,7 @@ const std::string* VB6ParserState::FindSourceText(std::string_view propertyName)
     return row == nullptr ? nullptr : &row->Text(*this);
 }
 
-Variant VB6ParserState::SourceProperty(
-    std::string_view propertyName, bool& ok, std::string& errorText) const {
+VB6ParserState::Answer VB6ParserState::SourceProperty(std::string_view propertyName) const {
     using State = VB6ParserState;
     struct Row {
         std::string_view Name;
@@ -320,14 +325,13 @@ Variant VB6ParserState::SourceProperty(
             }},
     };
     if (const std::string* text = FindSourceText(propertyName)) {
-        return *text;
+        return {*text, std::nullopt};
     }
     if (const Row* row = FindRow(kProperties, propertyName)) {
-        return row->Value(*this);
+        return {row->Value(*this), std::nullopt};
     }
-    ok = false;
-    errorText = Concatenate({"Invalid Source property '", propertyName, "' specified."});
-    return {};
+    // Required: this value is empty, where those of other objects are the empty text.
+    return {Variant(), Concatenate({"Invalid Source property '", propertyName, "' specified."})};
 }
 
 }  // namespace dorvik

@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -98,10 +99,16 @@ private:
         std::shared_ptr<VirtualObject> Object;
     };
 
+    /// The value of a property; where there is none, an empty one and the reason.
+    struct Answer {
+        Variant Value;
+        std::optional<std::string> Error;
+    };
+
     const ScopeEntry* FindEntry(std::string_view name) const;
-    Variant
-    NamingConventionProperty(std::string_view propertyName, bool& ok, std::string& errorText) const;
-    Variant SourceProperty(std::string_view propertyName, bool& ok, std::string& errorText) const;
+    Answer AnswerOf(std::string_view objectName, std::string_view propertyName) const;
+    Answer NamingConventionProperty(std::string_view propertyName) const;
+    Answer SourceProperty(std::string_view propertyName) const;
     const std::string& StrippedLine() const;
     std::string_view CommentBlock() const;
 
