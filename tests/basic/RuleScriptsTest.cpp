@@ -1,5 +1,6 @@
 #include "basic/FactsExtension.h"
 #include "basic/engine/ScriptEngine.h"
+#include "support/NamedTests.h"
 
 #include <gmock/gmock.h>
 
@@ -14,6 +15,8 @@ namespace dorvik::basic::test {
 namespace {
 
 namespace fs = std::filesystem;
+using dorvik::test::RegisterNamedTest;
+using dorvik::test::TestName;
 
 /// A rule's script under tests/basic/rules and the files of facts beside it: NAME.dvs with NAME.raise.json,
 /// NAME.quiet.json, NAME.quiet2.json and so on.
@@ -73,21 +76,29 @@ bool Acts(const fs::path& factsFile) {
     });
 }
 
-}  // namespace
-
-TEST(RuleScripts, EveryRuleDoesWhatItsFactsSay) {
+/// Each file of facts is a test `RuleScripts/<rule>.<NameOfTheFacts>`.
+bool RegisterFactsOfRules() {
     for (const RuleCase& rule : RuleCases()) {
-        for (const fs::path& facts : rule.Raise) {
-            ExpectItDoesWhatTheFactsSay(rule.Script, facts);
-        }
-        for (const fs::path& facts : rule.Quiet) {
-            ExpectItDoesWhatTheFactsSay(rule.Script, facts);
+        const std::string suite = "RuleScripts/" + rule.Script.stem().string();
+        for (const std::vector<fs::path>* files : {&rule.Raise, &rule.Quiet}) {
+            for (const fs::path& facts : *files) {
+                const std::string name = facts.stem().extension().string();  // ".raise2"
+                RegisterNamedTest({suite, TestName(name), facts, 1, [rule, facts] {
+                                       ExpectItDoesWhatTheFactsSay(rule.Script, facts);
+                                   }});
+            }
         }
     }
+    return true;
 }
+
+const bool kFactsAreRegistered = RegisterFactsOfRules();
+
+}  // namespace
 
 TEST(RuleScripts, EveryRuleHasFactsAtWhichItActsAndFactsAtWhichItDoesNot) {
     const std::vector<RuleCase> rules = RuleCases();
+    EXPECT_TRUE(kFactsAreRegistered);
     EXPECT_GE(rules.size(), 30U) << "Where have the rules gone?";
     for (const RuleCase& rule : rules) {
         EXPECT_FALSE(rule.Raise.empty()) << rule.Script;
