@@ -3,6 +3,7 @@
 #include "reports/ReportedReviewFixture.h"
 #include "reports/format/modPassRate.h"
 #include "reports/format/modSortIndex.h"
+#include "support/StateNames.h"
 
 namespace dorvik {
 namespace {
@@ -218,7 +219,7 @@ TEST_F(BatchReportTest, ExcludedCategoriesAreNotAmongThoseIncluded) {
 TEST_F(BatchReportTest, ProgressTellsThatAReportIsMade) {
     Review("Billing", 0);
     Report();
-    EXPECT_EQ(m_progress.Action(), 3);
+    EXPECT_EQ(m_progress.Action(), test::ProgressAction::GeneratingReport);
     EXPECT_EQ(m_progress.CurrentProject(), 0);
     EXPECT_THAT(m_states, IsEmpty()) << "it is one step, which cannot be cancelled";
 }

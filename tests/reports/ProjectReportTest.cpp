@@ -1,6 +1,7 @@
 #include "reports/classic/ProjectReport.h"
 
 #include "reports/ReportedReviewFixture.h"
+#include "support/StateNames.h"
 
 #include <filesystem>
 
@@ -297,7 +298,7 @@ TEST_F(ProjectReportTest, ProgressIsToldAsAReportOfThatManyFiles) {
     WriteProjectFile(0);
     WriteModule("modA", 0, 10);
     Report();
-    EXPECT_EQ(m_progress.Action(), 3);
+    EXPECT_EQ(m_progress.Action(), test::ProgressAction::GeneratingReport);
     EXPECT_EQ(m_progress.NumSourceFiles(), 2);
 }
 
@@ -434,12 +435,15 @@ TEST_F(ProjectReportTest, APageThatCannotBeWrittenIsNotSaidToBe) {
     EXPECT_TRUE(m_log.Contains("#ReportsEngine::SaveReport"));
 }
 
+/// Among the states that were told: the host's events were processed.
+constexpr std::int32_t kYield = -1;
+
 /// Notes that the host's events were processed.
 class WaitingInput final : public IHostInput {
 public:
     explicit WaitingInput(std::vector<std::int32_t>& states) : m_states(states) {}
     bool InputIsWaiting() override { return true; }
-    void ProcessInput() override { m_states.push_back(-1); }
+    void ProcessInput() override { m_states.push_back(kYield); }
 
 private:
     std::vector<std::int32_t>& m_states;
@@ -448,13 +452,19 @@ private:
 TEST_F(ProjectReportTest, UpdateProgressDisplayRaisesThenYieldsThenGivesTheCancelBack) {
     WaitingInput input(m_states);
     const ScopedInstall<IHostInput> installed(input);
-    EXPECT_FALSE(m_engine.UpdateProgressDisplay(m_progress, 31));
-    EXPECT_THAT(m_states, ElementsAre(31, -1));
+    EXPECT_FALSE(m_engine.UpdateProgressDisplay(m_progress, ReportsEngine::kProjectReportState));
+    EXPECT_THAT(m_states, ElementsAre(ReportsEngine::kProjectReportState, kYield));
     m_cancelAt = 3;
-    EXPECT_TRUE(m_engine.UpdateProgressDisplay(m_progress, 32));
-    EXPECT_THAT(m_states, ElementsAre(31, -1, 32, -1));
+    EXPECT_TRUE(m_engine.UpdateProgressDisplay(m_progress, ReportsEngine::kSourceFileReportState));
+    EXPECT_THAT(
+        m_states,
+        ElementsAre(
+            ReportsEngine::kProjectReportState,
+            kYield,
+            ReportsEngine::kSourceFileReportState,
+            kYield));
     m_engine.SetEvents(nullptr);
-    EXPECT_FALSE(m_engine.UpdateProgressDisplay(m_progress, 32));
+    EXPECT_FALSE(m_engine.UpdateProgressDisplay(m_progress, ReportsEngine::kSourceFileReportState));
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "review/ReviewManager.h"
 #include "rulebase/file/RulebaseManager.h"
 #include "support/ScriptedInput.h"
+#include "support/StateNames.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,6 +16,7 @@ namespace dorvik {
 
 namespace {
 
+using test::ProgressAction;
 using test::RulesInReview;
 using test::Script;
 using testing::Contains;
@@ -250,7 +252,7 @@ TEST_F(AbandonedReview, InAScriptStopsTheScript) {
 TEST_F(AbandonedReview, WhileReportsAreWrittenKeepsTheResultsOfTheProject) {
     Begin();
     m_manager->SetProgressHandler([&](const ProgressInfo& progress, bool&) {
-        if (progress.Action() == 3) {
+        if (progress.Action() == ProgressAction::GeneratingReport) {
             m_manager.reset();
         }
     });

@@ -1,5 +1,6 @@
 #include "ReviewRun.h"
 #include "platform/host/modFiles.h"
+#include "support/StateNames.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,6 +11,7 @@ namespace dorvik {
 namespace {
 
 using test::ModuleWith;
+using test::ProgressAction;
 using test::ReviewRun;
 using testing::Each;
 using testing::HasSubstr;
@@ -102,7 +104,7 @@ TEST_F(ReportsInReview, ProgressShowsTheReportsAndStaysWithinAHundredPercent) {
     m_run.Run([&](const ProgressInfo& progress, bool&) {
         percentages.push_back(progress.ProjectPercentage());
         percentages.push_back(progress.ReviewPercentage());
-        if (progress.Action() == 3) {
+        if (progress.Action() == ProgressAction::GeneratingReport) {
             reported.push_back(progress.SourceFileName());
         }
     });
@@ -123,7 +125,8 @@ TEST_F(ReportsInReview, DetailedReportsToComeAreOneForEachSelectedFileAndThatOfT
         std::vector<int> reports;  // each new number, while files are parsed
         m_run.Run([&](const ProgressInfo& progress, bool&) {
             const int number = progress.NumReports();
-            if (progress.SourceFileName() == "modA" && progress.Action() != 3 &&
+            if (progress.SourceFileName() == "modA" &&
+                progress.Action() != ProgressAction::GeneratingReport &&
                 (reports.empty() || reports.back() != number)) {
                 reports.push_back(number);
             }
@@ -191,7 +194,13 @@ TEST_F(ReportsInReview, AnEmptyBatchWritesNoPageAndIsComplete) {
             [&](const ProgressInfo& progress, bool&) { actions.push_back(progress.Action()); });
         manager.InitialiseReview(m_run.SharedCriteria());
         EXPECT_EQ(manager.ReviewTimeSlice(kWholeReview), SliceResult::Complete);
-        EXPECT_THAT(actions, testing::ElementsAre(1, 6, 3)) << "no project comes in between";
+        EXPECT_THAT(
+            actions,
+            testing::ElementsAre(
+                ProgressAction::LoadingRulebase,
+                ProgressAction::InitialisingReview,
+                ProgressAction::GeneratingReport))
+            << "no project comes in between";
         EXPECT_FALSE(modFiles::FolderExists(m_run.Folder().Path("Dorvik")));
         EXPECT_THAT(manager.Reports().WrittenReports(), IsEmpty());
         EXPECT_THAT(manager.Reports().FailedReports(), testing::SizeIs(1));
@@ -205,7 +214,8 @@ TEST_F(ReportsInReview, CancelledInTheReportsOfAProjectTheNextProjectFollows) {
     MakeBatch();
     ReviewManager manager;
     manager.SetProgressHandler([](const ProgressInfo& progress, bool& cancel) {
-        cancel = progress.Action() == 3 && progress.CurrentProject() == 1;
+        cancel =
+            progress.Action() == ProgressAction::GeneratingReport && progress.CurrentProject() == 1;
     });
     manager.InitialiseReview(m_run.SharedCriteria());
     EXPECT_EQ(manager.ReviewTimeSlice(kWholeReview), SliceResult::Complete);
@@ -220,7 +230,8 @@ TEST_F(ReportsInReview, CancelledInTheReportsOfAProjectTheNextProjectFollows) {
 TEST_F(ReportsInReview, CancelledAtTheEndOfABatchTheReviewIsAborted) {
     MakeBatch();
     const SliceResult result = m_run.Run([](const ProgressInfo& progress, bool& cancel) {
-        cancel = progress.Action() == 3 && progress.CurrentProject() == 0;
+        cancel =
+            progress.Action() == ProgressAction::GeneratingReport && progress.CurrentProject() == 0;
     });
     EXPECT_EQ(result, SliceResult::Aborted);
     EXPECT_THAT(Page("A_Dorvik.html"), HasSubstr("</html>"));
@@ -231,7 +242,8 @@ TEST_F(ReportsInReview, CancelledInAPageOfAFileNoPartOfItIsLeft) {
     m_run.Criteria().SetReportOption(2);
     bool begun = false;  // with the page of the project file, which comes first
     m_run.Run([&](const ProgressInfo& progress, bool& cancel) {
-        begun = begun || (progress.Action() == 3 && progress.SourceFileName() == "A");
+        begun = begun || (progress.Action() == ProgressAction::GeneratingReport &&
+                          progress.SourceFileName() == "A");
         cancel = begun && progress.SourceFileName() == "modA";
     });
     EXPECT_TRUE(begun);

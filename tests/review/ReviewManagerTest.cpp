@@ -5,6 +5,7 @@
 #include "platform/host/modFiles.h"
 #include "support/RecordingMessageBox.h"
 #include "support/ScriptedInput.h"
+#include "support/StateNames.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,6 +14,7 @@ namespace dorvik {
 
 namespace {
 
+using test::ProgressAction;
 using test::ReviewRun;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -167,12 +169,12 @@ TEST_F(ReviewManagerTest, ReviewTimeSlice_OfZeroTicksRunsOneStep) {
     int signals = 0;
     m_manager.SetProgressHandler([&](const ProgressInfo&, bool&) { ++signals; });
     EXPECT_EQ(m_manager.ReviewTimeSlice(0), SliceResult::Continue);
-    EXPECT_EQ(signals, 0);  // state 1 does nothing
+    EXPECT_EQ(signals, 0);  // Start does nothing
     EXPECT_EQ(m_manager.ReviewTimeSlice(1), SliceResult::Continue);
-    EXPECT_EQ(signals, 1);  // state 2 tells that the rulebase is being loaded
+    EXPECT_EQ(signals, 1);  // ShowLoadingRulebase tells that the rulebase is being loaded
     EXPECT_EQ(m_manager.LoadedRulebase(), nullptr);
     EXPECT_EQ(m_manager.ReviewTimeSlice(0), SliceResult::Continue);
-    EXPECT_NE(m_manager.LoadedRulebase(), nullptr);  // state 3
+    EXPECT_NE(m_manager.LoadedRulebase(), nullptr);  // by LoadRulebase
 }
 
 TEST_F(ReviewManagerTest, ReviewTimeSlice_WithoutLimitComesBackOnlyWithAResult) {
@@ -198,8 +200,9 @@ TEST_F(ReviewManagerTest, NoProjectSelected_TheReviewIsCompleteWithoutAProjectRe
 }
 
 TEST_F(ReviewManagerTest, CancelWhileTheRulebaseIsAnnounced_LoadsNoRulebase) {
-    m_manager.SetProgressHandler(
-        [](const ProgressInfo& progress, bool& cancel) { cancel = progress.Action() == 1; });
+    m_manager.SetProgressHandler([](const ProgressInfo& progress, bool& cancel) {
+        cancel = progress.Action() == ProgressAction::LoadingRulebase;
+    });
     EXPECT_EQ(m_manager.ReviewTimeSlice(kWholeReview), SliceResult::Aborted);
     EXPECT_EQ(m_manager.LoadedRulebase(), nullptr);
 }
@@ -285,7 +288,7 @@ TEST_F(ReviewManagerTest, EachStepGivesWayToInputOnce) {
     m_run.AddProject("B.vbp", "Name=\"B\"\n");
     m_script.Slices = {SliceResult::Continue, SliceResult::Failed};
     test::ScriptedInput input;
-    // States 1 to 6, two slices of the project, of which the second fails, and the same for the next one.
+    // The five before OpenProject; then OpenProject and two slices of the project, of which the second fails, for each.
     for (int step = 1; step <= 5 + 2 * 3; ++step) {
         EXPECT_EQ(m_manager.ReviewTimeSlice(1), SliceResult::Continue) << step;
         EXPECT_EQ(input.Yields, step);
@@ -300,7 +303,12 @@ TEST_F(ReviewManagerTest, TheDriverTellsThatItLoadsTheRulebaseAndThatItInitialis
     m_manager.SetProgressHandler(
         [&](const ProgressInfo& progress, bool&) { actions.push_back(progress.Action()); });
     m_manager.ReviewTimeSlice(kWholeReview);
-    EXPECT_THAT(actions, ElementsAre(1, 6, 6));
+    EXPECT_THAT(
+        actions,
+        ElementsAre(
+            ProgressAction::LoadingRulebase,
+            ProgressAction::InitialisingReview,
+            ProgressAction::InitialisingReview));
 }
 
 TEST_F(ReviewManagerTest, SignalsOnlyWhatChanged) {

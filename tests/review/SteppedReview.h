@@ -8,6 +8,7 @@
 #include "review/IProjectReviewEvents.h"
 #include "review/VB6ProjectReview.h"
 #include "rulebase/model/Rulebase.h"
+#include "support/StateNames.h"
 
 #include <cstdint>
 #include <functional>
@@ -33,9 +34,9 @@ public:
     }
 
     SliceResult Step() { return m_review.ReviewTimeSlice(1); }
-    int State() const { return static_cast<int>(m_review.State()); }
-    std::vector<int> StatesToTheEnd() {
-        std::vector<int> states{State()};
+    ProjectState State() const { return m_review.State(); }
+    std::vector<ProjectState> StatesToTheEnd() {
+        std::vector<ProjectState> states{State()};
         while (Step() == SliceResult::Continue) {
             if (states.back() != State()) {
                 states.push_back(State());
@@ -48,7 +49,7 @@ public:
     VB6ProjectReview& Review() { return m_review; }
 
     /// Steps until the machine stands in that state.
-    void StepTo(int state) {
+    void StepTo(ProjectState state) {
         while (State() != state && Step() == SliceResult::Continue) {
         }
     }

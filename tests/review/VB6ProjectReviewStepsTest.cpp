@@ -12,6 +12,8 @@ namespace dorvik {
 namespace {
 
 using test::ModuleWith;
+using test::ProgressAction;
+using test::ProjectState;
 using test::ReviewRun;
 using test::RulesInReview;
 using test::Script;
@@ -23,6 +25,7 @@ using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
+using testing::Pair;
 
 /// An open project of two modules and one component, whose type libraries are nowhere.
 class ProjectSteps : public testing::Test {
@@ -82,17 +85,17 @@ TEST_F(ProjectSteps, ASliceBehindTheEndGivesTheResultOfTheEnd) {
 
 TEST_F(ProjectSteps, ASliceBehindAnAbortIsAborted) {
     SteppedReview review(m_run);
-    review.StepTo(17);
+    review.StepTo(ProjectState::LoadSourceFile);
     review.Review().AbortReview();
     EXPECT_EQ(review.Step(), SliceResult::Aborted);
-    EXPECT_EQ(review.State(), 17);
+    EXPECT_EQ(review.State(), ProjectState::LoadSourceFile);
 }
 
 TEST_F(ProjectSteps, ASliceInsideASliceRunsNothing) {
     SteppedReview review(m_run);
     std::vector<SliceResult> inner;
     review.OnSignal = [&](const ProgressInfo&) {
-        const int state = review.State();
+        const ProjectState state = review.State();
         inner.push_back(review.Review().ReviewTimeSlice(kWholeReview));
         EXPECT_EQ(review.State(), state);
     };
@@ -106,7 +109,7 @@ TEST_F(ProjectSteps, ASliceInsideASliceRunsNothing) {
 
 TEST_F(ProjectSteps, AnAbortThatCannotBeLoggedStillLeavesNoResults) {
     SteppedReview review(m_run);
-    review.StepTo(17);
+    review.StepTo(ProjectState::LoadSourceFile);
     BlockTheLog();
     EXPECT_NO_THROW(review.Review().AbortReview());
     EXPECT_FALSE(m_run.HasResults("P"));
@@ -114,7 +117,7 @@ TEST_F(ProjectSteps, AnAbortThatCannotBeLoggedStillLeavesNoResults) {
 
 TEST_F(ProjectSteps, ACancelThatCannotBeLoggedStillLeavesNoResults) {
     SteppedReview review(m_run);
-    review.StepTo(17);
+    review.StepTo(ProjectState::LoadSourceFile);
     BlockTheLog();
     review.Cancel = true;
     EXPECT_EQ(review.Step(), SliceResult::Aborted);
@@ -124,7 +127,7 @@ TEST_F(ProjectSteps, ACancelThatCannotBeLoggedStillLeavesNoResults) {
 TEST_F(ProjectSteps, AReviewThatNobodyEndsLeavesNoResults) {
     {
         SteppedReview review(m_run);
-        review.StepTo(35);
+        review.StepTo(ProjectState::SourceFileTick);
         EXPECT_TRUE(m_run.HasResults("P"));
     }
     EXPECT_FALSE(m_run.HasResults("P"));
@@ -136,13 +139,13 @@ TEST_F(ProjectSteps, AFailureBehindTheSignalOfALibraryIsCountedAndTheNextLibrary
     BlockTheLog();
     for (int errors = 1; errors <= 3; ++errors) {  // the references that every project has
         EXPECT_EQ(review.Step(), SliceResult::Continue);
-        EXPECT_EQ(review.State(), 8);
+        EXPECT_EQ(review.State(), ProjectState::LoadTypeLibReference);
         EXPECT_EQ(Project().ReferenceErrors(), errors);
     }
     review.Step();
-    EXPECT_EQ(review.State(), 9);
+    EXPECT_EQ(review.State(), ProjectState::BeginLoadComponents);
     review.Step();
-    EXPECT_EQ(review.State(), 10);
+    EXPECT_EQ(review.State(), ProjectState::LoadTypeLibComponent);
     EXPECT_EQ(Project().ComponentErrors(), 1);
 }
 
@@ -152,10 +155,10 @@ TEST_F(ProjectSteps, AnErrorAmongTheReferencesIsSkippedToTheSourceFiles) {
     m_run.Criteria().LoadCriteria().SetNamingConventions(false);
     Project().References().Add("{none}", nullptr);
     SteppedReview review(m_run);
-    review.StepTo(34);
+    review.StepTo(ProjectState::Reference);
     ScriptedInput input;
     EXPECT_EQ(review.Step(), SliceResult::Continue);
-    EXPECT_EQ(review.State(), 14);
+    EXPECT_EQ(review.State(), ProjectState::BeginSourceFiles);
     EXPECT_EQ(input.Yields, 1);
     EXPECT_THAT(m_run.Log("P"), Contains(HasSubstr("#C_VB6ProjectReview::State_Reference")));
     EXPECT_EQ(review.Review().ReviewTimeSlice(kWholeReview), SliceResult::Complete);
@@ -173,7 +176,24 @@ TEST_F(ProjectSteps, AnErrorInALibraryIsCountedInTheStatesOfItsKind) {
     SteppedReview review(m_run);
     EXPECT_THAT(
         review.StatesToTheEnd(),
-        ElementsAre(7, 8, 9, 10, 11, 12, 13, 34, 14, 17, 35, 36, 17, 35, 36, 25, 26));
+        ElementsAre(
+            ProjectState::BeginLoadReferences,
+            ProjectState::LoadTypeLibReference,
+            ProjectState::BeginLoadComponents,
+            ProjectState::LoadTypeLibComponent,
+            ProjectState::BeginPrescan,
+            ProjectState::PrescanFile,
+            ProjectState::BeginProject,
+            ProjectState::Reference,
+            ProjectState::BeginSourceFiles,
+            ProjectState::LoadSourceFile,
+            ProjectState::SourceFileTick,
+            ProjectState::EndSourceFile,
+            ProjectState::LoadSourceFile,
+            ProjectState::SourceFileTick,
+            ProjectState::EndSourceFile,
+            ProjectState::EndSourceFiles,
+            ProjectState::EndProject));
     EXPECT_THAT(m_run.Log("P"), Contains("2 error(s) loading components."));
     EXPECT_THAT(m_run.Log("P"), Contains("2 error(s) loading references."));
 }
@@ -203,7 +223,7 @@ TEST_F(ProjectSteps, AnErrorOfAScanAloneSpoilsTheStatus) {
     Project().SourceFiles().SetSelected(1, false);
     modFiles::DeleteFile(m_run.Folder().Path("modA.bas"));
     SteppedReview review(m_run);
-    review.StepTo(12);
+    review.StepTo(ProjectState::PrescanFile);
     EXPECT_EQ(Project().ScanErrors(), 1);
     EXPECT_EQ(review.Review().ReviewTimeSlice(kWholeReview), SliceResult::Complete);
     EXPECT_EQ(Project().ReviewStatus(), 1);
@@ -241,7 +261,8 @@ TEST_F(ProjectSteps, AnErrorOfAFileAloneSpoilsTheStatus) {
 
 TEST_F(ProjectSteps, EachPartOfTheReviewTellsItsAction) {
     SteppedReview review(m_run);
-    std::vector<std::pair<int, std::int32_t>> told;  // state and action, where the action is new
+    std::vector<std::pair<ProjectState, std::int32_t>>
+        told;  // state and action, where the action is new
     review.OnSignal = [&](const ProgressInfo& progress) {
         if (told.empty() || told.back().second != progress.Action()) {
             told.emplace_back(review.State(), progress.Action());
@@ -249,27 +270,32 @@ TEST_F(ProjectSteps, EachPartOfTheReviewTellsItsAction) {
     };
     review.Review().ReviewTimeSlice(kWholeReview);
     EXPECT_THAT(
-        told, ElementsAre(std::pair(7, 5), std::pair(9, 7), std::pair(11, 4), std::pair(13, 2)));
+        told,
+        ElementsAre(
+            Pair(ProjectState::BeginLoadReferences, ProgressAction::LoadingReferences),
+            Pair(ProjectState::BeginLoadComponents, ProgressAction::LoadingComponents),
+            Pair(ProjectState::BeginPrescan, ProgressAction::ExtractingNames),
+            Pair(ProjectState::BeginProject, ProgressAction::Reviewing)));
 }
 
 TEST_F(ProjectSteps, TheScanIsAnnouncedAndCountsTheFiles) {
     SteppedReview review(m_run);
-    review.StepTo(10);
+    review.StepTo(ProjectState::LoadTypeLibComponent);
     std::vector<std::int32_t> files;
     review.OnSignal = [&](const ProgressInfo& progress) {
         files.push_back(progress.CurrentSourceFile());
     };
     review.Step();
-    ASSERT_EQ(review.State(), 11);
+    ASSERT_EQ(review.State(), ProjectState::BeginPrescan);
     EXPECT_THAT(files, ElementsAre(0)) << "the last step of the components tells of it";
-    review.StepTo(13);
+    review.StepTo(ProjectState::BeginProject);
     EXPECT_THAT(files, ElementsAre(0, 1, 2));
     EXPECT_EQ(review.Progress().SourceFileName(), "modB");
 }
 
 TEST_F(ProjectSteps, ABegunProjectCountsItsFilesAnew) {
     SteppedReview review(m_run);
-    review.StepTo(13);
+    review.StepTo(ProjectState::BeginProject);
     EXPECT_EQ(review.Progress().CurrentSourceFile(), 2);
     std::vector<std::int32_t> files;
     review.OnSignal = [&](const ProgressInfo& progress) {
@@ -301,32 +327,34 @@ TEST_F(ProjectSteps, TheSecondProjectOfABatchBeginsAtZeroPercent) {
 TEST_F(ProjectSteps, EachStepGivesWayToInputOnceAndLongerWorkMoreOften) {
     SteppedReview review(m_run);
     ScriptedInput input;
-    std::vector<std::pair<int, int>> yields;  // of each step, behind the state in which it began
+    std::vector<std::pair<ProjectState, int>>
+        yields;  // of each step, behind the state in which it began
     auto result = SliceResult::Continue;
     while (result == SliceResult::Continue) {
-        const int state = review.State();
+        const ProjectState state = review.State();
         const int before = input.Yields;
         result = review.Step();
         yields.emplace_back(state, input.Yields - before);
     }
     EXPECT_EQ(result, SliceResult::Complete);
     for (const auto& [state, count] : yields) {
-        if (state == 11 || state == 12) {
+        if (state == ProjectState::BeginPrescan || state == ProjectState::PrescanFile) {
             // Three lines of each file, the last scan has none.
-            EXPECT_THAT(count, testing::AnyOf(1, 3)) << state;
-        } else if (state == 35) {
-            EXPECT_GE(count, 1) << state;
+            EXPECT_THAT(count, testing::AnyOf(1, 3)) << testing::PrintToString(state);
+        } else if (state == ProjectState::SourceFileTick) {
+            EXPECT_GE(count, 1) << testing::PrintToString(state);
         } else {
-            EXPECT_EQ(count, 1) << state;
+            EXPECT_EQ(count, 1) << testing::PrintToString(state);
         }
     }
-    EXPECT_EQ(yields.back(), std::pair(26, 1)) << "before the results are closed";
+    EXPECT_EQ(yields.back(), std::pair(ProjectState::EndProject, 1))
+        << "before the results are closed";
 }
 
 TEST_F(ProjectSteps, AFileThatCannotBeScannedGivesWayAllTheSame) {
     modFiles::DeleteFile(m_run.Folder().Path("modA.bas"));
     SteppedReview review(m_run);
-    review.StepTo(11);
+    review.StepTo(ProjectState::BeginPrescan);
     ScriptedInput input;
     review.Step();
     EXPECT_EQ(Project().ScanErrors(), 1);
@@ -345,7 +373,7 @@ TEST_F(ProjectSteps, AScriptGivesWayToInputWhereItSaysDoEvents) {
     std::vector<basic::ScriptOrigin> origins;
     const std::string module = rules->RuleLists().CreateScriptFile(&origins);
     ASSERT_TRUE(review.Engine().LoadScript(module, std::move(origins)));
-    review.StepTo(13);
+    review.StepTo(ProjectState::BeginProject);
     ScriptedInput input;
     int processed = 0;
     input.OnYield = [&] {

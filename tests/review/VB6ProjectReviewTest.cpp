@@ -12,6 +12,7 @@ namespace dorvik {
 namespace {
 
 using test::ModuleWith;
+using test::ProjectState;
 using test::ReviewRun;
 using test::SteppedReview;
 using testing::AllOf;
@@ -30,7 +31,21 @@ TEST(VB6ProjectReview, StatesOfAProjectWithNamingConventionsInTheirOrder) {
     run.Criteria().LoadCriteria().SetNamingConventions(true);
     SteppedReview review(run);
     EXPECT_THAT(
-        review.StatesToTheEnd(), ElementsAre(7, 8, 9, 11, 12, 13, 34, 14, 17, 35, 36, 25, 26));
+        review.StatesToTheEnd(),
+        ElementsAre(
+            ProjectState::BeginLoadReferences,
+            ProjectState::LoadTypeLibReference,
+            ProjectState::BeginLoadComponents,
+            ProjectState::BeginPrescan,
+            ProjectState::PrescanFile,
+            ProjectState::BeginProject,
+            ProjectState::Reference,
+            ProjectState::BeginSourceFiles,
+            ProjectState::LoadSourceFile,
+            ProjectState::SourceFileTick,
+            ProjectState::EndSourceFile,
+            ProjectState::EndSourceFiles,
+            ProjectState::EndProject));
 }
 
 TEST(VB6ProjectReview, WithoutNamingConventionsNoTypeLibraryIsTouched) {
@@ -38,8 +53,18 @@ TEST(VB6ProjectReview, WithoutNamingConventionsNoTypeLibraryIsTouched) {
     run.AddProject("P.vbp", kOneModule);
     run.AddFile("modA.bas", ModuleWith("modA", ""));
     SteppedReview review(run);
-    EXPECT_EQ(review.State(), 13);
-    EXPECT_THAT(review.StatesToTheEnd(), ElementsAre(13, 34, 14, 17, 35, 36, 25, 26));
+    EXPECT_EQ(review.State(), ProjectState::BeginProject);
+    EXPECT_THAT(
+        review.StatesToTheEnd(),
+        ElementsAre(
+            ProjectState::BeginProject,
+            ProjectState::Reference,
+            ProjectState::BeginSourceFiles,
+            ProjectState::LoadSourceFile,
+            ProjectState::SourceFileTick,
+            ProjectState::EndSourceFile,
+            ProjectState::EndSourceFiles,
+            ProjectState::EndProject));
     const VirtualProject& project = *run.Criteria().ProjectList().Item(1);
     EXPECT_EQ(project.ScanErrors() + project.ReferenceErrors() + project.ComponentErrors(), 0);
     EXPECT_EQ(project.ReviewStatus(), 0);
@@ -52,18 +77,25 @@ TEST(VB6ProjectReview, ProjectWithoutReferencesOrComponentsPassesTheTypeLibrarie
     run.Criteria().LoadCriteria().SetNamingConventions(true);
     SteppedReview review(run);
     run.Criteria().ProjectList().Item(1)->References().Clear();  // the three that every project has
-    EXPECT_EQ(review.State(), 7);
+    EXPECT_EQ(review.State(), ProjectState::BeginLoadReferences);
     review.Step();
-    EXPECT_EQ(review.State(), 9);
+    EXPECT_EQ(review.State(), ProjectState::BeginLoadComponents);
     review.Step();
-    EXPECT_EQ(review.State(), 11);
+    EXPECT_EQ(review.State(), ProjectState::BeginPrescan);
 }
 
 TEST(VB6ProjectReview, ProjectWithoutSelectedFileFiresProjectEventsOnly) {
     ReviewRun run;
     run.AddProject("P.vbp", "Type=Exe\nName=\"P\"\n");
     SteppedReview review(run);
-    EXPECT_THAT(review.StatesToTheEnd(), ElementsAre(13, 34, 14, 25, 26));
+    EXPECT_THAT(
+        review.StatesToTheEnd(),
+        ElementsAre(
+            ProjectState::BeginProject,
+            ProjectState::Reference,
+            ProjectState::BeginSourceFiles,
+            ProjectState::EndSourceFiles,
+            ProjectState::EndProject));
     EXPECT_THAT(run.Query("P", "SELECT Type FROM SourceFiles"), ElementsAre("Project"));
 }
 
@@ -199,13 +231,13 @@ TEST(VB6ProjectReview, CancelWhenAFileHasJustBeenOpenedMakesNoParser) {
     run.AddProject("P.vbp", kOneModule);
     run.AddFile("modA.bas", ModuleWith("modA", ""));
     SteppedReview review(run);
-    while (review.State() != 17) {
+    while (review.State() != ProjectState::LoadSourceFile) {
         review.Step();
     }
     const auto file = run.Criteria().ProjectList().Item(1)->SourceFiles().Item(1);
     review.Cancel = true;
     EXPECT_EQ(review.Step(), SliceResult::Aborted);
-    EXPECT_EQ(review.State(), 17);
+    EXPECT_EQ(review.State(), ProjectState::LoadSourceFile);
     EXPECT_FALSE(run.HasResults("P"));
     EXPECT_EQ(run.Log("P").back(), "Review aborted by user.");
     // Nothing of the file has been read, and it is still open: it goes with the project.
@@ -240,7 +272,7 @@ TEST(VB6ProjectReview, ReportsOfEveryFileCountOneMoreForTheProjectReport) {
     run.AddFile("modA.bas", ModuleWith("modA", ""));
     run.Criteria().SetReportOption(2);
     SteppedReview review(run);
-    while (review.State() != 17) {
+    while (review.State() != ProjectState::LoadSourceFile) {
         review.Step();
     }
     EXPECT_EQ(review.Progress().NumReports(), 2);
@@ -338,7 +370,14 @@ TEST(VB6ProjectReview, ProjectWithFilesOfWhichNoneIsSelectedFiresProjectEventsOn
     ASSERT_EQ(project.LoadProject(project.Filename()), ProjectLoadStatus::Good);
     run.Criteria().SetReviewType(ReviewType_IDE);
     SteppedReview review(run);
-    EXPECT_THAT(review.StatesToTheEnd(), ElementsAre(13, 34, 14, 25, 26));
+    EXPECT_THAT(
+        review.StatesToTheEnd(),
+        ElementsAre(
+            ProjectState::BeginProject,
+            ProjectState::Reference,
+            ProjectState::BeginSourceFiles,
+            ProjectState::EndSourceFiles,
+            ProjectState::EndProject));
     EXPECT_THAT(run.Query("P", "SELECT Type FROM SourceFiles"), ElementsAre("Project"));
     EXPECT_THAT(run.Log("P"), Contains("Review: Selected files."));
 }
@@ -374,7 +413,7 @@ TEST(VB6ProjectReview, ListenerThatFailsWhileAFileIsClosedEndsTheProjectOnly) {
     ReviewRun run;
     run.AddProject("P.vbp", "Module=modGone; modGone.bas\nType=Exe\nName=\"P\"\n");
     SteppedReview review(run);
-    while (review.State() != 17) {
+    while (review.State() != ProjectState::LoadSourceFile) {
         review.Step();
     }
     review.Fail = true;

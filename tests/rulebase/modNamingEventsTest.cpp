@@ -11,11 +11,11 @@ namespace {
 
 using testing::ElementsAre;
 
-std::vector<int> TypesAt(ParserEvent event) {
-    std::vector<int> types;
+std::vector<ObjectType> TypesAt(ParserEvent event) {
+    std::vector<ObjectType> types;
     for (const NamingEventRow& row : modNamingEvents::At(event)) {
         EXPECT_EQ(row.Event, event);
-        types.push_back(static_cast<int>(row.Type));
+        types.push_back(row.Type);
     }
     return types;
 }
@@ -33,18 +33,48 @@ TEST(modNamingEvents, TheEventsTogetherHaveAllRowsInTheirOrder) {
 }
 
 TEST(modNamingEvents, EachEventHasItsTypesInTheOrderInWhichTheyAreTried) {
-    EXPECT_THAT(TypesAt(ParserEvent::Control), ElementsAre(6));
-    EXPECT_THAT(TypesAt(ParserEvent::Const), ElementsAre(5, 22, 26));
-    EXPECT_THAT(TypesAt(ParserEvent::Declare), ElementsAre(7));
-    EXPECT_THAT(TypesAt(ParserEvent::DeclareArgument), ElementsAre(1, 13));
-    EXPECT_THAT(TypesAt(ParserEvent::EventArgument), ElementsAre(1, 19));
-    EXPECT_THAT(TypesAt(ParserEvent::Variable), ElementsAre(28, 43, 29, 30, 33, 34, 35));
-    EXPECT_THAT(TypesAt(ParserEvent::ProcedureArgument), ElementsAre(1, 20));
-    EXPECT_THAT(TypesAt(ParserEvent::LocalConst), ElementsAre(5, 27));
-    EXPECT_THAT(TypesAt(ParserEvent::LocalVariable), ElementsAre(28, 43, 31, 32));
-    EXPECT_THAT(TypesAt(ParserEvent::EndProcedure), ElementsAre(17, 44, 46, 45));
-    EXPECT_THAT(TypesAt(ParserEvent::EndFile), testing::Contains(47));
-    EXPECT_THAT(TypesAt(ParserEvent::EndProject), ElementsAre(18));
+    EXPECT_THAT(TypesAt(ParserEvent::Control), ElementsAre(ObjectType::Control));
+    EXPECT_THAT(
+        TypesAt(ParserEvent::Const),
+        ElementsAre(ObjectType::Const, ObjectType::PublicConst, ObjectType::PrivateConst));
+    EXPECT_THAT(TypesAt(ParserEvent::Declare), ElementsAre(ObjectType::Declare));
+    EXPECT_THAT(
+        TypesAt(ParserEvent::DeclareArgument),
+        ElementsAre(ObjectType::Argument, ObjectType::DeclareArgument));
+    EXPECT_THAT(
+        TypesAt(ParserEvent::EventArgument),
+        ElementsAre(ObjectType::Argument, ObjectType::EventArgument));
+    EXPECT_THAT(
+        TypesAt(ParserEvent::Variable),
+        ElementsAre(
+            ObjectType::Variable,
+            ObjectType::NoWithEventsVariable,
+            ObjectType::PublicVariable,
+            ObjectType::PrivateVariable,
+            ObjectType::WithEventsVariable,
+            ObjectType::PublicWithEventsVariable,
+            ObjectType::PrivateWithEventsVariable));
+    EXPECT_THAT(
+        TypesAt(ParserEvent::ProcedureArgument),
+        ElementsAre(ObjectType::Argument, ObjectType::ProcedureArgument));
+    EXPECT_THAT(
+        TypesAt(ParserEvent::LocalConst), ElementsAre(ObjectType::Const, ObjectType::LocalConst));
+    EXPECT_THAT(
+        TypesAt(ParserEvent::LocalVariable),
+        ElementsAre(
+            ObjectType::Variable,
+            ObjectType::NoWithEventsVariable,
+            ObjectType::LocalVariable,
+            ObjectType::LocalStaticVariable));
+    EXPECT_THAT(
+        TypesAt(ParserEvent::EndProcedure),
+        ElementsAre(
+            ObjectType::Procedure,
+            ObjectType::SubProcedure,
+            ObjectType::FunctionProcedure,
+            ObjectType::PropertyProcedure));
+    EXPECT_THAT(TypesAt(ParserEvent::EndFile), testing::Contains(ObjectType::MDIFormFile));
+    EXPECT_THAT(TypesAt(ParserEvent::EndProject), ElementsAre(ObjectType::Project));
 }
 
 TEST(modNamingEvents, OtherEventsHaveNone) {
