@@ -1,21 +1,14 @@
 #include "base/Variant.h"
 
 #include "base/BasicError.h"
+#include "base/RaisedNumber.h"
 
 #include <gtest/gtest.h>
 
 namespace dorvik {
 namespace {
 
-template <typename Body>
-std::int32_t NumberRaisedBy(Body&& body) {
-    try {
-        body();
-    } catch (const BasicError& error) {
-        return error.Number();
-    }
-    return 0;
-}
+using test::NumberRaisedBy;
 
 TEST(Variant, KnowsItsKind) {
     EXPECT_TRUE(Variant().IsEmpty());

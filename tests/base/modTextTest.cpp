@@ -1,6 +1,7 @@
 #include "base/modText.h"
 
 #include "base/BasicError.h"
+#include "base/RaisedNumber.h"
 
 #include <gtest/gtest.h>
 
@@ -17,16 +18,7 @@ using modText::Trim;
 using modText::TrimLeft;
 using modText::TrimRight;
 using modText::WholeNumber;
-
-template <typename Body>
-std::int32_t NumberRaisedBy(Body&& body) {
-    try {
-        body();
-    } catch (const BasicError& error) {
-        return error.Number();
-    }
-    return 0;
-}
+using test::NumberRaisedBy;
 
 TEST(modText, TrimmingRemovesBlanksOnly) {
     EXPECT_EQ(Trim("  a b  "), "a b");

@@ -16,7 +16,7 @@ constexpr std::int32_t kLongMin = std::numeric_limits<std::int32_t>::min();
 constexpr std::int32_t kLongMax = std::numeric_limits<std::int32_t>::max();
 constexpr std::int64_t kCurrencyMax = std::numeric_limits<std::int64_t>::max();
 
-struct Case {
+struct ArithmeticCase {
     Value Left;
     Op Operation;
     Value Right;
@@ -24,8 +24,8 @@ struct Case {
     OperandFacts Facts = kTyped;
 };
 
-void Expect(std::initializer_list<Case> cases) {
-    for (const Case& one : cases) {
+void ExpectArithmetic(std::initializer_list<ArithmeticCase> cases) {
+    for (const ArithmeticCase& one : cases) {
         EXPECT_EQ(
             ShownOrError([&] { return Apply(one.Operation, one.Left, one.Right, one.Facts); }),
             one.Expected)
@@ -37,7 +37,7 @@ void Expect(std::initializer_list<Case> cases) {
 }  // namespace
 
 TEST(Arithmetic, OverflowsBetweenTypedOperands) {
-    Expect({
+    ExpectArithmetic({
         {I(32767), Op::Add, I(1), "error 6"},
         {I(-32768), Op::Subtract, I(1), "error 6"},
         {I(300), Op::Multiply, I(300), "error 6"},
@@ -59,7 +59,7 @@ TEST(Arithmetic, OverflowsBetweenTypedOperands) {
 }
 
 TEST(Arithmetic, WidensWhenAnOperandIsAVariant) {
-    Expect({
+    ExpectArithmetic({
         {I(32767), Op::Add, I(1), "Long 32768", kVariants},
         {I(32767), Op::Add, I(1), "Long 32768", kVariantThenTyped},
         {I(32767), Op::Add, I(1), "Long 32768", kTypedThenVariant},
@@ -79,7 +79,7 @@ TEST(Arithmetic, WidensWhenAnOperandIsAVariant) {
 }
 
 TEST(Arithmetic, StaysInTheTypeWhileItFits) {
-    Expect({
+    ExpectArithmetic({
         {I(32766), Op::Add, I(1), "Integer 32767", kVariants},
         {Y(200), Op::Add, Y(55), "Byte 255", kVariants},
         {L(1), Op::Add, I(1), "Long 2"},
@@ -100,7 +100,7 @@ TEST(Arithmetic, StaysInTheTypeWhileItFits) {
 }
 
 TEST(Arithmetic, AddsTextsAsTextAndATextToANumberAsNumber) {
-    Expect({
+    ExpectArithmetic({
         {X("10"), Op::Add, X("5"), "String 105"},
         {X("10"), Op::Add, X("5"), "String 105", kVariants},
         {X("10"), Op::Add, I(5), "Double 15"},
@@ -114,7 +114,7 @@ TEST(Arithmetic, AddsTextsAsTextAndATextToANumberAsNumber) {
 }
 
 TEST(Arithmetic, GivesTheOtherOperandOfAnEmptyOne) {
-    Expect({
+    ExpectArithmetic({
         {E(), Op::Add, X("a"), "String a"},
         {X("a"), Op::Add, E(), "String a"},
         {E(), Op::Add, T(2), "Date 1/1/1900"},
@@ -126,7 +126,7 @@ TEST(Arithmetic, GivesTheOtherOperandOfAnEmptyOne) {
 }
 
 TEST(Arithmetic, GivesNullForNull) {
-    Expect({
+    ExpectArithmetic({
         {N(), Op::Add, I(1), "Null"},
         {X("abc"), Op::Multiply, N(), "Null"},
         {N(), Op::Divide, I(0), "Null"},
@@ -137,7 +137,7 @@ TEST(Arithmetic, GivesNullForNull) {
 }
 
 TEST(Arithmetic, TellsDivisionByZeroFromZeroByZero) {
-    Expect({
+    ExpectArithmetic({
         {I(1), Op::Divide, I(0), "error 11"},
         {I(0), Op::Divide, I(0), "error 6"},
         {D(0), Op::Divide, D(0), "error 6"},
@@ -153,7 +153,7 @@ TEST(Arithmetic, TellsDivisionByZeroFromZeroByZero) {
 }
 
 TEST(Arithmetic, Divides) {
-    Expect({
+    ExpectArithmetic({
         {I(1), Op::Divide, I(4), "Double 0.25"},
         {S(1), Op::Divide, I(3), "Single 0.3333333"},
         {L(1), Op::Divide, S(4), "Double 0.25"},
@@ -165,7 +165,7 @@ TEST(Arithmetic, Divides) {
 }
 
 TEST(Arithmetic, RoundsHalfToEvenBeforeWholeDivisionAndRemainder) {
-    Expect({
+    ExpectArithmetic({
         {D(2.5), Op::IntegerDivide, I(1), "Long 2"},
         {D(3.5), Op::IntegerDivide, I(1), "Long 4"},
         {I(7), Op::IntegerDivide, D(2.5), "Long 3"},
@@ -180,7 +180,7 @@ TEST(Arithmetic, RoundsHalfToEvenBeforeWholeDivisionAndRemainder) {
 }
 
 TEST(Arithmetic, GivesTheRemainderTheSignOfTheLeft) {
-    Expect({
+    ExpectArithmetic({
         {I(-7), Op::Modulo, I(3), "Integer -1"},
         {I(7), Op::Modulo, I(-3), "Integer 1"},
         {I(-7), Op::Modulo, I(-3), "Integer -1"},
@@ -190,14 +190,14 @@ TEST(Arithmetic, GivesTheRemainderTheSignOfTheLeft) {
 }
 
 TEST(Arithmetic, RefusesTheOneWholeQuotientThatDoesNotFit) {
-    Expect({
+    ExpectArithmetic({
         {L(kLongMin), Op::IntegerDivide, L(-1), "error 6"},
         {I(-32768), Op::IntegerDivide, I(-1), "error 6"},
     });
 }
 
 TEST(Arithmetic, RaisesToPowers) {
-    Expect({
+    ExpectArithmetic({
         {I(2), Op::Power, I(10), "Double 1024"},
         {I(2), Op::Power, I(-1), "Double 0.5"},
         {I(-2), Op::Power, I(3), "Double -8"},
@@ -248,7 +248,7 @@ TEST(Arithmetic, LeavesAnOperandOfUnaryPlusAsItIs) {
 }
 
 TEST(Arithmetic, CalculatesCurrencyExactly) {
-    Expect({
+    ExpectArithmetic({
         {C(1), Op::Add, C(2), "Currency 0.0003"},
         {C(kCurrencyMax), Op::Subtract, C(1), "Currency 922337203685477.5806"},
         {C(5), Op::Multiply, C(1000), "Currency 0"},        // 0.00005 goes to the even 0.0000
@@ -261,7 +261,7 @@ TEST(Arithmetic, CalculatesCurrencyExactly) {
 }
 
 TEST(Concatenation, JoinsTheTextsOfBothOperands) {
-    Expect({
+    ExpectArithmetic({
         {X("a"), Op::Concatenate, X("b"), "String ab"},
         {X("a"), Op::Concatenate, I(3), "String a3"},
         {I(1), Op::Concatenate, I(2), "String 12"},

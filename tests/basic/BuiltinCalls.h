@@ -5,6 +5,7 @@
 #include "basic/values/ArrayBody.h"
 #include "basic/values/ScriptContext.h"
 #include "basic/values/ScriptObject.h"
+#include "basic/DateText.h"
 
 #include <gtest/gtest.h>
 
@@ -40,6 +41,11 @@ public:
     double Now = 36526.75;  // 1 Jan 2000, 18:00
     std::string Refused;
 };
+
+/// A Date by its text.
+inline Value At(std::string_view text) {
+    return T(ReadDate(text, 2000).value());
+}
 
 inline Value
 CallBuiltin(FixedContext& context, std::string_view name, std::span<const Value> arguments) {

@@ -7,17 +7,17 @@ namespace dorvik::basic {
 
 namespace {
 
-struct Row {
+struct CallRow {
     const char* What;
     const char* Text;
     const char* Output;
 };
 
-void PrintTo(const Row& row, std::ostream* stream) {
+void PrintTo(const CallRow& row, std::ostream* stream) {
     *stream << row.What;
 }
 
-class CallErrors : public testing::TestWithParam<Row> {};
+class CallErrors : public testing::TestWithParam<CallRow> {};
 
 }  // namespace
 
@@ -25,7 +25,7 @@ TEST_P(CallErrors, LeaveWhatTheProcedureHadDone) {
     EXPECT_EQ(RunModule(GetParam().Text).Output(), GetParam().Output);
 }
 
-constexpr Row kRows[] = {
+constexpr CallRow kCallRows[] = {
     {"ParamArray elements go back though the procedure fails",
      "Sub Fill(ParamArray all())\nall(0) = 7\nall(1) = \"x\"\nErr.Raise 5\nEnd Sub\nSub Main\n"
      "On Error Resume Next\nFill a, b\nDebug.Print a; b; Err.Number\nEnd Sub",
@@ -57,7 +57,7 @@ constexpr Row kRows[] = {
      "Debug.Print Err.HelpFile & \".\"\nEnd Sub",
      ".\n"},
 };
-INSTANTIATE_TEST_SUITE_P(Rows, CallErrors, testing::ValuesIn(kRows));
+INSTANTIATE_TEST_SUITE_P(Rows, CallErrors, testing::ValuesIn(kCallRows));
 
 TEST(MachineLimits, HoldOnlyWhileTheScriptRuns) {
     const std::size_t memory = MemoryMeter::Current().Limit();

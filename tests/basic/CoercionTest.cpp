@@ -14,14 +14,14 @@ namespace {
 using namespace sample;
 using Kind = DeclaredKind;
 
-struct Case {
+struct CoercionCase {
     Value Given;
     Kind Wanted;
     std::string_view Expected;
 };
 
-void Expect(std::initializer_list<Case> cases) {
-    for (const Case& one : cases) {
+void ExpectCoercions(std::initializer_list<CoercionCase> cases) {
+    for (const CoercionCase& one : cases) {
         EXPECT_EQ(ShownOrError([&] { return CoerceTo(one.Given, one.Wanted); }), one.Expected)
             << Shown(one.Given) << " to " << static_cast<int>(one.Wanted);
     }
@@ -41,7 +41,7 @@ constexpr Kind kScalars[] = {
 }  // namespace
 
 TEST(Coercion, RoundsHalfToEven) {
-    Expect({
+    ExpectCoercions({
         {D(0.5), Kind::Long, "Long 0"},
         {D(1.5), Kind::Long, "Long 2"},
         {D(2.5), Kind::Integer, "Integer 2"},
@@ -61,7 +61,7 @@ TEST(Coercion, RoundsHalfToEven) {
 }
 
 TEST(Coercion, OverflowsOutOfRange) {
-    Expect({
+    ExpectCoercions({
         {D(32767.5), Kind::Integer, "error 6"},
         {D(32767.4), Kind::Integer, "Integer 32767"},
         {D(-32768.5), Kind::Integer, "Integer -32768"},
@@ -89,7 +89,7 @@ TEST(Coercion, OverflowsOutOfRange) {
 }
 
 TEST(Coercion, TakesBooleansAsMinusOneAnd255AsByte) {
-    Expect({
+    ExpectCoercions({
         {B(true), Kind::Integer, "Integer -1"},
         {B(true), Kind::Double, "Double -1"},
         {B(true), Kind::Byte, "Byte 255"},
@@ -101,7 +101,7 @@ TEST(Coercion, TakesBooleansAsMinusOneAnd255AsByte) {
 }
 
 TEST(Coercion, TakesEveryNumberButZeroAsTrue) {
-    Expect({
+    ExpectCoercions({
         {I(2), Kind::Boolean, "Boolean True"},
         {D(0.001), Kind::Boolean, "Boolean True"},
         {C(1), Kind::Boolean, "Boolean True"},
@@ -117,7 +117,7 @@ TEST(Coercion, TakesEveryNumberButZeroAsTrue) {
 }
 
 TEST(Coercion, ReadsNumbersInTexts) {
-    Expect({
+    ExpectCoercions({
         {X(" 12 "), Kind::Long, "Long 12"},
         {X("+12"), Kind::Long, "Long 12"},
         {X("-12"), Kind::Long, "Long -12"},
@@ -155,7 +155,7 @@ TEST(Coercion, RefusesTextsThatAreNoNumbers) {
 }
 
 TEST(Coercion, ReadsDatesInTexts) {
-    Expect({
+    ExpectCoercions({
         {X("1/31/2000"), Kind::Date, "Date 1/31/2000"},
         {X("13:00"), Kind::Date, "Date 1:00:00 PM"},
         {X("36526"), Kind::Date, "error 13"},
@@ -165,7 +165,7 @@ TEST(Coercion, ReadsDatesInTexts) {
 }
 
 TEST(Coercion, TakesEmptyAsTheFirstValueOfEachType) {
-    Expect({
+    ExpectCoercions({
         {E(), Kind::Byte, "Byte 0"},
         {E(), Kind::Boolean, "Boolean False"},
         {E(), Kind::Integer, "Integer 0"},
@@ -271,7 +271,7 @@ TEST(Coercion, SeesAVariableThroughItsReference) {
 }
 
 TEST(Coercion, WritesTexts) {
-    Expect({
+    ExpectCoercions({
         {I(-5), Kind::String, "String -5"},
         {Y(200), Kind::String, "String 200"},
         {S(0.1), Kind::String, "String 0.1"},

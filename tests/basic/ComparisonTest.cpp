@@ -14,7 +14,7 @@ using Op = BinaryOperator;
 constexpr std::string_view kTrue = "Boolean True";
 constexpr std::string_view kFalse = "Boolean False";
 
-struct Case {
+struct ComparisonCase {
     Value Left;
     Op Operation;
     Value Right;
@@ -22,8 +22,8 @@ struct Case {
     OperandFacts Facts = kTyped;
 };
 
-void Expect(std::initializer_list<Case> cases) {
-    for (const Case& one : cases) {
+void ExpectComparisons(std::initializer_list<ComparisonCase> cases) {
+    for (const ComparisonCase& one : cases) {
         const std::string found =
             ShownOrError([&] { return Apply(one.Operation, one.Left, one.Right, one.Facts); });
         EXPECT_EQ(found, one.Expected)
@@ -66,7 +66,7 @@ TEST(Comparison, KnowsAllSixOperators) {
 }
 
 TEST(Comparison, GivesNullForNull) {
-    Expect({
+    ExpectComparisons({
         {N(), Op::Equal, N(), "Null"},
         {N(), Op::NotEqual, I(1), "Null"},
         {X(""), Op::Equal, N(), "Null"},
@@ -75,7 +75,7 @@ TEST(Comparison, GivesNullForNull) {
 }
 
 TEST(Comparison, ComparesTextsByCodePoints) {
-    Expect({
+    ExpectComparisons({
         {X("a"), Op::Equal, X("A"), kFalse},
         {X("B"), Op::Less, X("a"), kTrue},
         {X("ab"), Op::Greater, X("a"), kTrue},
@@ -88,7 +88,7 @@ TEST(Comparison, ComparesTextsByCodePoints) {
 
 TEST(Comparison, IgnoresCaseUnderOptionCompareText) {
     constexpr OperandFacts kText{false, false, true};
-    Expect({
+    ExpectComparisons({
         {X("abc"), Op::Equal, X("ABC"), kTrue, kText},
         {X("ÄÖÜ"), Op::Equal, X("äöü"), kTrue, kText},
         {X("Ÿ"), Op::Equal, X("ÿ"), kTrue, kText},
@@ -98,7 +98,7 @@ TEST(Comparison, IgnoresCaseUnderOptionCompareText) {
 }
 
 TEST(Comparison, TakesEmptyAsZeroOrAsNoText) {
-    Expect({
+    ExpectComparisons({
         {E(), Op::Equal, E(), kTrue},
         {E(), Op::Equal, I(0), kTrue},
         {E(), Op::Equal, X(""), kTrue},
@@ -111,7 +111,7 @@ TEST(Comparison, TakesEmptyAsZeroOrAsNoText) {
 }
 
 TEST(Comparison, PutsNumbersBelowTextsBetweenVariants) {
-    Expect({
+    ExpectComparisons({
         {I(5), Op::Less, X("1"), kTrue, kVariants},
         {X("1"), Op::Greater, I(5), kTrue, kVariants},
         {I(5), Op::Equal, X("5"), kFalse, kVariants},
@@ -122,7 +122,7 @@ TEST(Comparison, PutsNumbersBelowTextsBetweenVariants) {
 }
 
 TEST(Comparison, ComparesADeclaredTextWithANumberInAVariantAsText) {
-    Expect({
+    ExpectComparisons({
         {I(5), Op::Equal, X("5"), kTrue, kVariantThenTyped},
         {I(5), Op::Equal, X("5.0"), kFalse, kVariantThenTyped},
         {I(0), Op::Equal, X(""), kFalse, kVariantThenTyped},
@@ -138,7 +138,7 @@ TEST(Comparison, ComparesADeclaredTextWithANumberInAVariantAsText) {
 }
 
 TEST(Comparison, ComparesADeclaredNumberWithAnyTextAsNumber) {
-    Expect({
+    ExpectComparisons({
         {I(5), Op::Equal, X("5.0"), kTrue},
         {I(10), Op::Greater, X("9"), kTrue},
         {I(10), Op::Greater, X("9"), kTrue, kTypedThenVariant},
@@ -153,7 +153,7 @@ TEST(Comparison, ComparesADeclaredNumberWithAnyTextAsNumber) {
 }
 
 TEST(Comparison, ComparesADeclaredBooleanWithATextAsBoolean) {
-    Expect({
+    ExpectComparisons({
         {B(true), Op::Equal, X("true"), kTrue},
         {B(true), Op::Equal, X("5"), kTrue},
         {X("False"), Op::Equal, B(false), kTrue},
@@ -163,7 +163,7 @@ TEST(Comparison, ComparesADeclaredBooleanWithATextAsBoolean) {
 }
 
 TEST(Comparison, ComparesADeclaredDateWithATextAsDate) {
-    Expect({
+    ExpectComparisons({
         {T(36556), Op::Equal, X("Jan 31, 2000"), kTrue},
         {T(36556), Op::Equal, X("36556"), kTrue},
         {T(36556), Op::Equal, X("abc"), "error 13"},
@@ -171,7 +171,7 @@ TEST(Comparison, ComparesADeclaredDateWithATextAsDate) {
 }
 
 TEST(Comparison, ComparesNumbersOfDifferentTypes) {
-    Expect({
+    ExpectComparisons({
         {B(true), Op::Equal, I(-1), kTrue},
         {B(true), Op::Less, B(false), kTrue},
         {Y(255), Op::Greater, I(-1), kTrue},
@@ -184,7 +184,7 @@ TEST(Comparison, ComparesNumbersOfDifferentTypes) {
 }
 
 TEST(Comparison, ComparesASingleWithADoubleAsSingle) {
-    Expect({
+    ExpectComparisons({
         {S(0.1), Op::Equal, D(0.1), kTrue},
         {D(0.1), Op::Equal, S(0.1), kTrue},
         {S(0.5), Op::Less, D(1e300), kTrue},
@@ -193,7 +193,7 @@ TEST(Comparison, ComparesASingleWithADoubleAsSingle) {
 }
 
 TEST(Comparison, ComparesFloatsWithCurrencyAndDecimalInThose) {
-    Expect({
+    ExpectComparisons({
         {C(1), Op::Equal, D(0.00010001), kTrue},
         {C(1), Op::Less, D(1e300), kTrue},
         {D(-1e300), Op::Less, C(1), kTrue},
@@ -205,7 +205,7 @@ TEST(Comparison, ComparesFloatsWithCurrencyAndDecimalInThose) {
 }
 
 TEST(Comparison, TakesErrorsOnlyWithErrors) {
-    Expect({
+    ExpectComparisons({
         {Value::Error(5), Op::Equal, Value::Error(5), kTrue},
         {Value::Error(5), Op::Equal, Value::Error(6), kFalse},
         {Value::Error(5), Op::Equal, I(5), "error 13"},

@@ -6,18 +6,18 @@ namespace dorvik::basic {
 
 namespace {
 
-struct Row {
+struct CompilerErrorRow {
     const char* What;
     const char* Text;
     std::int32_t Number;
     std::int32_t Line;
 };
 
-void PrintTo(const Row& row, std::ostream* stream) {
+void PrintTo(const CompilerErrorRow& row, std::ostream* stream) {
     *stream << row.What;
 }
 
-class CompilerErrors : public testing::TestWithParam<Row> {};
+class CompilerErrors : public testing::TestWithParam<CompilerErrorRow> {};
 
 }  // namespace
 
@@ -28,7 +28,7 @@ TEST_P(CompilerErrors, AreToldWithTheirNumberAndLine) {
     EXPECT_EQ(run.Errors.front().Place.Line, GetParam().Line) << run.Output();
 }
 
-constexpr Row kRows[] = {
+constexpr CompilerErrorRow kCompilerErrorRows[] = {
     {"duplicate procedure", "Sub Main\nEnd Sub\nSub main\nEnd Sub", 1041, 3},
     {"duplicate local", "Sub Main\nDim a\nDim A\nEnd Sub", 1041, 3},
     {"duplicate module name", "Const a = 1\nDim a\nSub Main\nEnd Sub", 1041, 2},
@@ -59,7 +59,7 @@ constexpr Row kRows[] = {
      1051,
      1},
 };
-INSTANTIATE_TEST_SUITE_P(Rows, CompilerErrors, testing::ValuesIn(kRows));
+INSTANTIATE_TEST_SUITE_P(Rows, CompilerErrors, testing::ValuesIn(kCompilerErrorRows));
 
 TEST(CompilerMessages, ADuplicateNameTellsBothScripts) {
     IScriptHost host;

@@ -1,20 +1,11 @@
 #include "BuiltinCalls.h"
-#include "basic/values/DateText.h"
+
 
 #include <gtest/gtest.h>
 
 namespace dorvik::basic {
 
 using namespace sample;
-
-namespace {
-
-/// A Date by its text.
-Value At(std::string_view text) {
-    return T(ReadDate(text, 2000).value());
-}
-
-}  // namespace
 
 TEST(DateFunctions, TheClock) {
     ExpectCalls({

@@ -34,14 +34,14 @@ std::string TextOrError(Make make) {
 
 using Operation = DecimalNumber (*)(const DecimalNumber&, const DecimalNumber&);
 
-struct Case {
+struct DecimalCase {
     std::string_view Left;
     std::string_view Right;
     std::string_view Expected;
 };
 
-void Expect(Operation operation, std::initializer_list<Case> cases) {
-    for (const Case& one : cases) {
+void Expect(Operation operation, std::initializer_list<DecimalCase> cases) {
+    for (const DecimalCase& one : cases) {
         EXPECT_EQ(
             TextOrError([&] { return operation(Number(one.Left), Number(one.Right)); }),
             one.Expected)

@@ -28,17 +28,17 @@ public:
     int Calls = 0;
 };
 
-struct Row {
+struct ExtensionRow {
     const char* What;
     const char* Text;
     const char* Output;
 };
 
-void PrintTo(const Row& row, std::ostream* stream) {
+void PrintTo(const ExtensionRow& row, std::ostream* stream) {
     *stream << row.What;
 }
 
-class Extension : public testing::TestWithParam<Row> {};
+class Extension : public testing::TestWithParam<ExtensionRow> {};
 
 }  // namespace
 
@@ -47,7 +47,7 @@ TEST_P(Extension, AnswersScripts) {
     EXPECT_EQ(RunStatements(GetParam().Text, &extension).Output(), GetParam().Output);
 }
 
-constexpr Row kRows[] = {
+constexpr ExtensionRow kExtensionRows[] = {
     {"statement form", "Dorvik.Get \"a\", v: Debug.Print v", "7\n"},
     {"Call form", "Call dorvik.get(\"a\", v): Debug.Print v", "7\n"},
     {"function form", "Debug.Print Dorvik.Get(\"a\")", "7\n"},
@@ -79,7 +79,7 @@ constexpr Row kRows[] = {
      "x = Dorvik",
      "Compile error 1002: 'Dorvik' is no value: a point and the name of a member must follow\n"},
 };
-INSTANTIATE_TEST_SUITE_P(Rows, Extension, testing::ValuesIn(kRows));
+INSTANTIATE_TEST_SUITE_P(Rows, Extension, testing::ValuesIn(kExtensionRows));
 
 TEST(ExtensionWarnings, TellOfUnknownMembersAndWrongCounts) {
     StubExtension extension;

@@ -1,5 +1,5 @@
 #include "BuiltinCalls.h"
-#include "basic/values/DateText.h"
+
 
 #include <gtest/gtest.h>
 
@@ -24,10 +24,6 @@ void ExpectFormats(std::initializer_list<FormatCase> cases) {
             "String " + std::string(row.Expected))
             << Shown(row.Expression) << " by " << row.Pattern;
     }
-}
-
-Value At(std::string_view text) {
-    return T(ReadDate(text, 2000).value());
 }
 
 }  // namespace

@@ -36,16 +36,16 @@ std::string OutputOf(std::string_view statements, IScriptExtension* extension = 
     return RunStatements(statements, extension).Output();
 }
 
-struct Row {
+struct CycleRow {
     const char* What;
     const char* Statements;
 };
 
-void PrintTo(const Row& row, std::ostream* stream) {
+void PrintTo(const CycleRow& row, std::ostream* stream) {
     *stream << row.What;
 }
 
-class CyclesOfContainers : public testing::TestWithParam<Row> {};
+class CyclesOfContainers : public testing::TestWithParam<CycleRow> {};
 
 }  // namespace
 
@@ -56,7 +56,7 @@ TEST_P(CyclesOfContainers, AreGoneWithTheirModule) {
     EXPECT_EQ(UsedMemory(), before);
 }
 
-constexpr Row kCycles[] = {
+constexpr CycleRow kCycles[] = {
     {"a collection in itself", "Dim c As New Collection: c.Add c: Debug.Print \"done\""},
     {"a dictionary in itself",
      "Set d = CreateObject(\"Scripting.Dictionary\"): d.Add \"me\", d: Debug.Print \"done\""},

@@ -8,7 +8,7 @@
 namespace dorvik::basic {
 namespace {
 
-struct Row {
+struct TokenRow {
     std::string Source;
     const char* Expected;
 };
@@ -127,7 +127,7 @@ TEST(Lexer, ColumnsCountCharacters) {
 }
 
 TEST(Lexer, NumbersHaveTheTypeThatTheyFit) {
-    const Row rows[] = {
+    const TokenRow rows[] = {
         {"0", "0"},
         {"32767", "32767"},
         {"32768", "32768&"},
@@ -157,13 +157,13 @@ TEST(Lexer, NumbersHaveTheTypeThatTheyFit) {
         {"&O177777", "-1"},
         {"&O37777777777", "-1&"},
     };
-    for (const Row& row : rows) {
+    for (const TokenRow& row : rows) {
         EXPECT_EQ(ExpressionText(row.Source), row.Expected) << row.Source;
     }
 }
 
 TEST(Lexer, ANumberOutOfTheRangeOfItsTypeIsAnError) {
-    const Row rows[] = {
+    const TokenRow rows[] = {
         {"32768%", "2:5 1031 Invalid number: '32768%' is out of the range of an Integer"},
         {"1.5%", "2:5 1031 Invalid number: '1.5%' is out of the range of an Integer"},
         {"2147483648&", "2:5 1031 Invalid number: '2147483648&' is out of the range of a Long"},
@@ -175,13 +175,13 @@ TEST(Lexer, ANumberOutOfTheRangeOfItsTypeIsAnError) {
         {"&HFFFFF%", "2:5 1031 Invalid number: '&HFFFFF%'"},
         {"&O19", "2:5 1031 Invalid number: '&O19'"},
     };
-    for (const Row& row : rows) {
+    for (const TokenRow& row : rows) {
         EXPECT_EQ(ExpressionText(row.Source), row.Expected) << row.Source;
     }
 }
 
 TEST(Lexer, AStringWithoutItsLastQuoteEndsWithTheLine) {
-    const Row rows[] = {
+    const TokenRow rows[] = {
         {"\"abc", "\"abc\""},
         {"\"abc\"\"", "\"abc\"\""},
         {"\"", "\"\""},
@@ -190,19 +190,19 @@ TEST(Lexer, AStringWithoutItsLastQuoteEndsWithTheLine) {
         {"\"\"\"\"", "\"\"\""},
         {"\"a\"\"b\"", "\"a\"b\""},
     };
-    for (const Row& row : rows) {
+    for (const TokenRow& row : rows) {
         EXPECT_EQ(ExpressionText(row.Source), row.Expected) << row.Source;
     }
 }
 
 TEST(Lexer, DatesAreRead) {
-    const Row rows[] = {
+    const TokenRow rows[] = {
         {"#1/31/2000#", "#36556#"},
         {"#13:00:05#", "#0.541724537037037#"},
         {"#Jan 31, 2000 6:00 PM#", "#36556.75#"},
         {"#13/45/2000#", "2:5 1002 '#13/45/2000#' is no date"},
     };
-    for (const Row& row : rows) {
+    for (const TokenRow& row : rows) {
         EXPECT_EQ(ExpressionText(row.Source), row.Expected) << row.Source;
     }
 }

@@ -10,7 +10,7 @@ namespace dorvik::basic {
 
 namespace {
 
-struct Case {
+struct LikeCase {
     std::string_view Text;
     std::string_view Pattern;
     bool Expected;
@@ -19,7 +19,7 @@ struct Case {
 }  // namespace
 
 TEST(LikePattern, Matches) {
-    const Case cases[] = {
+    const LikeCase cases[] = {
         {"", "", true},
         {"", "*", true},
         {"", "?", false},
@@ -77,21 +77,21 @@ TEST(LikePattern, Matches) {
         {"a", "a[]", true},
         {"a", "A", false},
     };
-    for (const Case& one : cases) {
+    for (const LikeCase& one : cases) {
         EXPECT_EQ(MatchesLike(one.Text, one.Pattern, false), one.Expected)
             << "\"" << one.Text << "\" Like \"" << one.Pattern << "\"";
     }
 }
 
 TEST(LikePattern, IgnoresCaseWhenAskedTo) {
-    const Case cases[] = {
+    const LikeCase cases[] = {
         {"abc", "ABC", true},
         {"f", "[A-Z]", true},
         {"F", "[a-z]", true},
         {"ÄB", "ä?", true},
         {"F", "[!a-z]", false},
     };
-    for (const Case& one : cases) {
+    for (const LikeCase& one : cases) {
         EXPECT_EQ(MatchesLike(one.Text, one.Pattern, true), one.Expected)
             << "\"" << one.Text << "\" Like \"" << one.Pattern << "\"";
     }

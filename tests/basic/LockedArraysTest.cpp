@@ -6,17 +6,17 @@ namespace dorvik::basic {
 
 namespace {
 
-struct Row {
+struct LockedArrayRow {
     const char* What;
     const char* Text;
     const char* Output;
 };
 
-void PrintTo(const Row& row, std::ostream* stream) {
+void PrintTo(const LockedArrayRow& row, std::ostream* stream) {
     *stream << row.What;
 }
 
-class LockedArrays : public testing::TestWithParam<Row> {};
+class LockedArrays : public testing::TestWithParam<LockedArrayRow> {};
 
 }  // namespace
 
@@ -26,7 +26,7 @@ TEST_P(LockedArrays, AreLockedAsLongAsTheyAreUsed) {
 
 constexpr const char* kLocked = "Error 10: This array is fixed or temporarily locked\n";
 
-constexpr Row kRows[] = {
+constexpr LockedArrayRow kLockedArrayRows[] = {
     {"For Each locks", "Sub Main\nReDim a(2)\nFor Each x In a\nReDim a(9)\nNext\nEnd Sub", kLocked},
     {"GoTo out of For Each lets go",
      "Sub Main\nReDim a(2)\nFor Each x In a\nGoTo Out\nNext\nOut:\nReDim a(9)\n"
@@ -100,6 +100,6 @@ constexpr Row kRows[] = {
      "End Sub",
      kLocked},
 };
-INSTANTIATE_TEST_SUITE_P(Rows, LockedArrays, testing::ValuesIn(kRows));
+INSTANTIATE_TEST_SUITE_P(Rows, LockedArrays, testing::ValuesIn(kLockedArrayRows));
 
 }  // namespace dorvik::basic

@@ -11,15 +11,15 @@ namespace {
 using namespace sample;
 using Op = BinaryOperator;
 
-struct Case {
+struct LogicCase {
     Value Left;
     Op Operation;
     Value Right;
     std::string_view Expected;
 };
 
-void Expect(std::initializer_list<Case> cases) {
-    for (const Case& one : cases) {
+void ExpectLogic(std::initializer_list<LogicCase> cases) {
+    for (const LogicCase& one : cases) {
         EXPECT_EQ(
             ShownOrError([&] { return Apply(one.Operation, one.Left, one.Right, kTyped); }),
             one.Expected)
@@ -55,7 +55,7 @@ TEST(Logic, HasTheFiveTruthTables) {
 }
 
 TEST(Logic, WorksOnBits) {
-    Expect({
+    ExpectLogic({
         {I(12), Op::And, I(10), "Integer 8"},
         {I(12), Op::Or, I(10), "Integer 14"},
         {I(12), Op::Xor, I(10), "Integer 6"},
@@ -71,7 +71,7 @@ TEST(Logic, WorksOnBits) {
 }
 
 TEST(Logic, RoundsOtherNumbersToLong) {
-    Expect({
+    ExpectLogic({
         {D(2.5), Op::And, I(-1), "Long 2"},
         {S(3.5), Op::And, I(-1), "Long 4"},
         {C(25000), Op::Or, I(0), "Long 2"},
@@ -85,7 +85,7 @@ TEST(Logic, RoundsOtherNumbersToLong) {
 }
 
 TEST(Logic, KnowsWhatNullLeavesOpen) {
-    Expect({
+    ExpectLogic({
         {B(false), Op::And, N(), "Boolean False"},
         {N(), Op::And, B(false), "Boolean False"},
         {I(0), Op::And, N(), "Integer 0"},

@@ -6,18 +6,18 @@ namespace dorvik::basic {
 
 namespace {
 
-struct Row {
+struct ScriptRow {
     const char* What;
     const char* Text;
     const char* Output;
 };
 
-void PrintTo(const Row& row, std::ostream* stream) {
+void PrintTo(const ScriptRow& row, std::ostream* stream) {
     *stream << row.What;
 }
 
-class MachineStatements : public testing::TestWithParam<Row> {};
-class MachineModules : public testing::TestWithParam<Row> {};
+class MachineStatements : public testing::TestWithParam<ScriptRow> {};
+class MachineModules : public testing::TestWithParam<ScriptRow> {};
 
 }  // namespace
 
@@ -29,7 +29,7 @@ TEST_P(MachineModules, PrintWhatTheyShould) {
     EXPECT_EQ(RunModule(GetParam().Text).Output(), GetParam().Output);
 }
 
-constexpr Row kStatements[] = {
+constexpr ScriptRow kStatements[] = {
     {"sum", "Debug.Print 1 + 2", " 3 \n"},
     {"typed overflow", "Debug.Print 32767 + 1", "Error 6: Overflow\n"},
     {"Variants widen", "a = 32767: Debug.Print a + 1", " 32768 \n"},
@@ -115,7 +115,7 @@ constexpr Row kStatements[] = {
 };
 INSTANTIATE_TEST_SUITE_P(Rows, MachineStatements, testing::ValuesIn(kStatements));
 
-constexpr Row kModules[] = {
+constexpr ScriptRow kModules[] = {
     {"recursion",
      "Function F(n As Long) As Long\nIf n < 2 Then F = n Else F = F(n - 1) + F(n - 2)\nEnd "
      "Function\n"

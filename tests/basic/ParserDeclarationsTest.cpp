@@ -5,13 +5,13 @@
 namespace dorvik::basic {
 namespace {
 
-struct Row {
+struct DeclarationRow {
     const char* Source;
     const char* Tree;
 };
 
-void ExpectTrees(std::initializer_list<Row> rows) {
-    for (const Row& row : rows) {
+void ExpectTrees(std::initializer_list<DeclarationRow> rows) {
+    for (const DeclarationRow& row : rows) {
         EXPECT_EQ(ModuleText(row.Source), row.Tree) << row.Source;
     }
 }

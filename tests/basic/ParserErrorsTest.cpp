@@ -5,20 +5,20 @@
 namespace dorvik::basic {
 namespace {
 
-struct Row {
+struct ParserErrorRow {
     const char* Source;
     const char* Errors;
 };
 
 /// The sources are bodies of a Sub that begin in line 2.
-void ExpectBodyErrors(std::initializer_list<Row> rows) {
-    for (const Row& row : rows) {
+void ExpectBodyErrors(std::initializer_list<ParserErrorRow> rows) {
+    for (const ParserErrorRow& row : rows) {
         EXPECT_EQ(BodyText(row.Source), row.Errors) << row.Source;
     }
 }
 
-void ExpectModuleErrors(std::initializer_list<Row> rows) {
-    for (const Row& row : rows) {
+void ExpectModuleErrors(std::initializer_list<ParserErrorRow> rows) {
+    for (const ParserErrorRow& row : rows) {
         EXPECT_EQ(ErrorLines(ParseModule(row.Source)), row.Errors) << row.Source;
     }
 }

@@ -5,19 +5,19 @@
 namespace dorvik::basic {
 namespace {
 
-struct Row {
+struct ExpressionRow {
     const char* Source;
     const char* Tree;
 };
 
-void ExpectTrees(std::initializer_list<Row> rows) {
-    for (const Row& row : rows) {
+void ExpectExpressionTrees(std::initializer_list<ExpressionRow> rows) {
+    for (const ExpressionRow& row : rows) {
         EXPECT_EQ(ExpressionText(row.Source), row.Tree) << row.Source;
     }
 }
 
 TEST(ParserExpressions, EveryLevelBindsTighterThanTheNext) {
-    ExpectTrees({
+    ExpectExpressionTrees({
         {"-3 ^ 2", "(- (3 ^ 2))"},
         {"2 ^ -1", "(2 ^ (- 1))"},
         {"-a * b", "((- a) * b)"},
@@ -40,7 +40,7 @@ TEST(ParserExpressions, EveryLevelBindsTighterThanTheNext) {
 }
 
 TEST(ParserExpressions, EqualLevelsGoFromLeftToRight) {
-    ExpectTrees({
+    ExpectExpressionTrees({
         {"2 ^ 3 ^ 2", "((2 ^ 3) ^ 2)"},
         {"a - b + c", "((a - b) + c)"},
         {"a / b * c", "((a / b) * c)"},
@@ -51,7 +51,7 @@ TEST(ParserExpressions, EqualLevelsGoFromLeftToRight) {
 }
 
 TEST(ParserExpressions, ComparisonsHaveAllTheirSpellings) {
-    ExpectTrees({
+    ExpectExpressionTrees({
         {"a <= b", "(a <= b)"},
         {"a =< b", "(a <= b)"},
         {"a >= b", "(a >= b)"},
@@ -65,7 +65,7 @@ TEST(ParserExpressions, ComparisonsHaveAllTheirSpellings) {
 }
 
 TEST(ParserExpressions, SignsAndNotStandBeforeAnyOperand) {
-    ExpectTrees({
+    ExpectExpressionTrees({
         {"- - a", "(- (- a))"},
         {"+-a", "(+ (- a))"},
         {"Not Not a", "(Not (Not a))"},
@@ -76,7 +76,7 @@ TEST(ParserExpressions, SignsAndNotStandBeforeAnyOperand) {
 }
 
 TEST(ParserExpressions, MembersKeysAndArgumentsFollowEachOther) {
-    ExpectTrees({
+    ExpectExpressionTrees({
         {"a.b.c", "a.b.c"},
         {"f(1)(2).x", "f(1)(2).x"},
         {"a!b!c", "a!b!c"},
@@ -94,7 +94,7 @@ TEST(ParserExpressions, MembersKeysAndArgumentsFollowEachOther) {
 }
 
 TEST(ParserExpressions, KeywordsAreNamesBehindAPointOrInBrackets) {
-    ExpectTrees({
+    ExpectExpressionTrees({
         {"x.Type + x.Item + x.End", "((x.Type + x.Item) + x.End)"},
         {"x!Next", "x!Next"},
         {"[Next] + [a name]", "(Next + a name)"},
@@ -103,7 +103,7 @@ TEST(ParserExpressions, KeywordsAreNamesBehindAPointOrInBrackets) {
 }
 
 TEST(ParserExpressions, NewAndTypeOfNameAClass) {
-    ExpectTrees({
+    ExpectExpressionTrees({
         {"New Collection", "(New Collection)"},
         {"New Scripting.Dictionary", "(New Scripting.Dictionary)"},
         {"TypeOf x Is Collection", "(TypeOf x Is Collection)"},
@@ -113,7 +113,7 @@ TEST(ParserExpressions, NewAndTypeOfNameAClass) {
 }
 
 TEST(ParserExpressions, LiteralsHaveTheirTypes) {
-    ExpectTrees({
+    ExpectExpressionTrees({
         {"True And False", "(True And False)"},
         {"Null", "Null"},
         {"Empty", "Empty"},
@@ -125,7 +125,7 @@ TEST(ParserExpressions, LiteralsHaveTheirTypes) {
 }
 
 TEST(ParserExpressions, NamesOfStatementsAreOrdinaryNames) {
-    ExpectTrees({
+    ExpectExpressionTrees({
         {"Name + Open + Close + Get + Put", "((((Name + Open) + Close) + Get) + Put)"},
         {"Date - Time", "(Date - Time)"},
         {"Step + Text + Base + Compare", "(((Step + Text) + Base) + Compare)"},

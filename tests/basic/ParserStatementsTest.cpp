@@ -5,19 +5,19 @@
 namespace dorvik::basic {
 namespace {
 
-struct Row {
+struct StatementRow {
     const char* Source;
     const char* Tree;
 };
 
-void ExpectTrees(std::initializer_list<Row> rows) {
-    for (const Row& row : rows) {
+void ExpectStatementTrees(std::initializer_list<StatementRow> rows) {
+    for (const StatementRow& row : rows) {
         EXPECT_EQ(BodyText(row.Source), row.Tree) << row.Source;
     }
 }
 
 TEST(ParserStatements, AssignmentsAreLetOrSet) {
-    ExpectTrees({
+    ExpectStatementTrees({
         {"x = 1", "x = 1"},
         {"Let x = 1", "x = 1"},
         {"x$ = \"a\"", "x$ = \"a\""},
@@ -30,7 +30,7 @@ TEST(ParserStatements, AssignmentsAreLetOrSet) {
 }
 
 TEST(ParserStatements, CallsTakeTheirArgumentsWithAndWithoutParentheses) {
-    ExpectTrees({
+    ExpectStatementTrees({
         {"Foo", "call Foo <>"},
         {"Foo a, b", "call Foo <a, b>"},
         {"Foo a, , c", "call Foo <a, _, c>"},
@@ -57,7 +57,7 @@ TEST(ParserStatements, CallsTakeTheirArgumentsWithAndWithoutParentheses) {
 }
 
 TEST(ParserStatements, ANameWithAColonAtTheStartOfALineIsALabel) {
-    ExpectTrees({
+    ExpectStatementTrees({
         {"Foo: Bar", "Foo:; call Bar <>"},
         {"x = 1: Foo: Bar", "x = 1; call Foo <>; call Bar <>"},
         {"Close: x = 1", "Close:; x = 1"},
@@ -70,7 +70,7 @@ TEST(ParserStatements, ANameWithAColonAtTheStartOfALineIsALabel) {
 }
 
 TEST(ParserStatements, ASingleLineIfHoldsTheRestOfItsLine) {
-    ExpectTrees({
+    ExpectStatementTrees({
         {"If a Then x: y Else z: w\nv",
          "LineIf a [call x <>; call y <>] Else [call z <>; call w <>]; call v <>"},
         {"If a Then If b Then x Else y", "LineIf a [LineIf b [call x <>] Else [call y <>]]"},
@@ -88,7 +88,7 @@ TEST(ParserStatements, ASingleLineIfHoldsTheRestOfItsLine) {
 }
 
 TEST(ParserStatements, ABlockIfHasElseIfAndElse) {
-    ExpectTrees({
+    ExpectStatementTrees({
         {"If a Then\nx\nEnd If", "If a [call x <>]"},
         {"If a Then ' comment\nx\nEndIf", "If a [call x <>]"},
         {"If a Then\nElseIf b Then x: y\nElse z\nEnd If",
@@ -101,7 +101,7 @@ TEST(ParserStatements, ABlockIfHasElseIfAndElse) {
 }
 
 TEST(ParserStatements, SelectCaseTakesValuesRangesAndComparisons) {
-    ExpectTrees({
+    ExpectStatementTrees({
         {"Select Case x\nCase 1, 2 To 3, Is > 4, < 5\ny\nCase Is <= a\nCase Else\nz\nEnd Select",
          "Select x Case 1, 2 To 3, Is > 4, Is < 5 [call y <>] Case Is <= a [] Case Else [call z "
          "<>]"},
@@ -112,7 +112,7 @@ TEST(ParserStatements, SelectCaseTakesValuesRangesAndComparisons) {
 }
 
 TEST(ParserStatements, LoopsNest) {
-    ExpectTrees({
+    ExpectStatementTrees({
         {"For i = 1 To 10\nx\nNext", "For i = 1 To 10 [call x <>]"},
         {"For i = 10 To 1 Step -1: Next i", "For i = 10 To 1 Step (- 1) []"},
         {"For i = 1 To 2\nFor j = 1 To 3\nx\nNext j, i",
@@ -132,7 +132,7 @@ TEST(ParserStatements, LoopsNest) {
 }
 
 TEST(ParserStatements, JumpsNameLabels) {
-    ExpectTrees({
+    ExpectStatementTrees({
         {"L: GoSub L: Return", "L:; GoSub L; Return"},
         {"1 On x GoTo 1, L\nL:\nOn x + 1 GoSub L", "1:; On x GoTo 1, L; L:; On (x + 1) GoSub L"},
         {"L: On Error GoTo L", "L:; On Error GoTo L"},
@@ -146,7 +146,7 @@ TEST(ParserStatements, JumpsNameLabels) {
 }
 
 TEST(ParserStatements, MidLSetAndRSetChangeText) {
-    ExpectTrees({
+    ExpectStatementTrees({
         {"Mid(s, 1) = t", "Mid s from 1 = t"},
         {"Mid$(s.x, 1, 2) = t", "Mid s.x from 1 for 2 = t"},
         {"Mid(1) = t", "Mid(1) = t"},
@@ -156,7 +156,7 @@ TEST(ParserStatements, MidLSetAndRSetChangeText) {
 }
 
 TEST(ParserStatements, ReDimTakesNamesAndMembers) {
-    ExpectTrees({
+    ExpectStatementTrees({
         {"ReDim a(5)", "ReDim a(5)"},
         {"ReDim Preserve a(1 To 3, n) As Long, b(2)", "ReDim Preserve a(1 To 3, n) As Long, b(2)"},
         {"ReDim r.m(1), r.a(2).b(3)", "ReDim r.m(1), r.a(2).b(3)"},
@@ -166,7 +166,7 @@ TEST(ParserStatements, ReDimTakesNamesAndMembers) {
 }
 
 TEST(ParserStatements, LocalDeclarations) {
-    ExpectTrees({
+    ExpectStatementTrees({
         {"Dim a As Long, b, c$, d(5) As String, e() As Variant, f As String * 10, g As New "
          "Collection",
          "Dim a As Long, b, c$, d(5) As String, e() As Variant, f As String * 10, g As New "
@@ -179,7 +179,7 @@ TEST(ParserStatements, LocalDeclarations) {
 }
 
 TEST(ParserStatements, DebugPrintKeepsItsSeparators) {
-    ExpectTrees({
+    ExpectStatementTrees({
         {"Debug.Print", "Print "},
         {"Debug.Print a; b, c", "Print a; b, c"},
         {"Debug.Print a;", "Print a;"},
@@ -191,7 +191,7 @@ TEST(ParserStatements, DebugPrintKeepsItsSeparators) {
 }
 
 TEST(ParserStatements, FileStatementsAreRefusedAndNotRead) {
-    ExpectTrees({
+    ExpectStatementTrees({
         {"Open \"f\" For Input As #1: x = 1", "refused Open; x = 1"},
         {"Open (p) For Binary Access Read Lock Write As f Len = 3", "refused Open"},
         {"Close #1, #2", "refused Close"},
@@ -212,7 +212,7 @@ TEST(ParserStatements, FileStatementsAreRefusedAndNotRead) {
 }
 
 TEST(ParserStatements, FileStatementsThatLookLikeCallsKeepTheCall) {
-    ExpectTrees({
+    ExpectStatementTrees({
         {"Reset", "refused Reset <>"},
         {"x = 1: Close", "x = 1; refused Close <>"},
         {"Close 1, 2", "refused Close <1, 2>"},
@@ -222,7 +222,7 @@ TEST(ParserStatements, FileStatementsThatLookLikeCallsKeepTheCall) {
 }
 
 TEST(ParserStatements, NamesOfStatementsAreVariablesWhereTheRestDoesNotFit) {
-    ExpectTrees({
+    ExpectStatementTrees({
         {"Name = 5", "Name = 5"},
         {"Open = Close", "Open = Close"},
         {"Get(1) = Put", "Get(1) = Put"},

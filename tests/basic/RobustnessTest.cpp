@@ -8,17 +8,17 @@ namespace dorvik::basic {
 
 namespace {
 
-struct Row {
+struct HardScriptRow {
     const char* What;
     const char* Module;
     const char* Output;
 };
 
-void PrintTo(const Row& row, std::ostream* stream) {
+void PrintTo(const HardScriptRow& row, std::ostream* stream) {
     *stream << row.What;
 }
 
-class HardScripts : public testing::TestWithParam<Row> {};
+class HardScripts : public testing::TestWithParam<HardScriptRow> {};
 
 /// How long a script runs that repeats a statement for ever, with 50 ms to do so.
 double SecondsUntilStopped(const std::string& declarations, const std::string& statement) {
@@ -38,7 +38,7 @@ TEST_P(HardScripts, SucceedOrFailWithAClearError) {
     EXPECT_EQ(RunModule(GetParam().Module).Output(), GetParam().Output);
 }
 
-constexpr Row kRows[] = {
+constexpr HardScriptRow kHardScriptRows[] = {
     {"10,000 arrays in each other",
      "Sub Main\nv = 1\nFor i = 1 To 10000\nv = Array(v)\nNext\nEnd Sub\n",
      "Error 28: Out of stack space (the limit of 500 nested arrays was reached)\n"},
@@ -69,7 +69,7 @@ constexpr Row kRows[] = {
      "Sub Main\nReDim a(2147483647, 2147483647, 2147483647)\nEnd Sub\n",
      "Error 7: Out of memory (the limit of 268435456 bytes was reached)\n"},
 };
-INSTANTIATE_TEST_SUITE_P(Rows, HardScripts, testing::ValuesIn(kRows));
+INSTANTIATE_TEST_SUITE_P(Rows, HardScripts, testing::ValuesIn(kHardScriptRows));
 
 TEST(HardScript, ASelectWith100000CasesRuns) {
     std::string text = "Sub Main\nDim n As Long\nn = 77777\nSelect Case n\n";

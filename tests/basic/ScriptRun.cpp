@@ -4,9 +4,9 @@ namespace dorvik::basic {
 
 namespace {
 
-class RecordingHost : public IScriptHost {
+class RunHost : public IScriptHost {
 public:
-    explicit RecordingHost(ScriptRun& run) : m_run(run) {}
+    explicit RunHost(ScriptRun& run) : m_run(run) {}
     void OnErrorAlert(const ErrorAlert& alert) override { m_run.Alerts.push_back(alert); }
     void OnDebugPrint(std::string_view line) override { m_run.Printed.emplace_back(line); }
     void OnRefusedText(std::string_view text) override { m_run.Refused.emplace_back(text); }
@@ -38,7 +38,7 @@ ScriptRun RunModule(
     IScriptExtension* extension,
     const ScriptLimits& limits) {
     ScriptRun run;
-    RecordingHost host(run);
+    RunHost host(run);
     ScriptEngine engine(host);
     if (extension != nullptr) {
         engine.AddExtension("Dorvik.", *extension);

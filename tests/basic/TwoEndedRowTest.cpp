@@ -9,9 +9,9 @@
 namespace dorvik::basic {
 namespace {
 
-using Number = std::unique_ptr<int>;
+using OwnedNumber = std::unique_ptr<int>;
 
-void ExpectSame(const TwoEndedRow<Number>& row, const std::vector<int>& model) {
+void ExpectSame(const TwoEndedRow<OwnedNumber>& row, const std::vector<int>& model) {
     ASSERT_EQ(row.Size(), model.size());
     for (std::size_t place = 0; place < model.size(); ++place) {
         ASSERT_EQ(*row[place], model[place]);
@@ -20,7 +20,7 @@ void ExpectSame(const TwoEndedRow<Number>& row, const std::vector<int>& model) {
 
 TEST(TwoEndedRow, KeepsItsOrderWhereverElementsComeAndGo) {
     std::mt19937 random(1);
-    TwoEndedRow<Number> row;
+    TwoEndedRow<OwnedNumber> row;
     std::vector<int> model;
     for (int step = 0; step < 5000; ++step) {
         const bool grows = random() % 100 < (step < 2500 ? 60 : 40);
@@ -38,7 +38,7 @@ TEST(TwoEndedRow, KeepsItsOrderWhereverElementsComeAndGo) {
 }
 
 TEST(TwoEndedRow, IsAQueueInBothDirections) {
-    TwoEndedRow<Number> row;
+    TwoEndedRow<OwnedNumber> row;
     for (int step = 0; step < 100; ++step) {
         row.Insert(row.Size(), std::make_unique<int>(step));
         row.Insert(row.Size(), std::make_unique<int>(step));

@@ -19,13 +19,13 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
 
-constexpr int kViolations = 1500;
-constexpr const char* kDatabase = "out/Lost_DORVIK.mdb";
+constexpr int kViolationsToLose = 1500;
+constexpr const char* kLostDatabase = "out/Lost_DORVIK.mdb";
 
 /// Reviews whose results do not all reach the disk.
 class LostResults : public CommandLineFixture {
 protected:
-    LostResults() { WriteProject(kViolations); }
+    LostResults() { WriteProject(kViolationsToLose); }
 
     void WriteProject(int violations) const {
         std::string body;
@@ -86,23 +86,24 @@ TEST_F(LostResults, AFullDiskGivesNoVerdictButTheReasonAndExitCode3) {
 
 TEST_F(LostResults, ALaterReaderSeesThatTheResultsAreIncomplete) {
     ReviewOnAFullDisk();
-    const int stored = std::stoi(Query(kDatabase, "SELECT Count(ViolationID) FROM Violations"));
+    const int stored = std::stoi(Query(kLostDatabase, "SELECT Count(ViolationID) FROM Violations"));
     EXPECT_GT(stored, 0);
-    EXPECT_LT(stored, kViolations);
-    const ProgramResult summary = Run({"results", kDatabase, "summary"});
+    EXPECT_LT(stored, kViolationsToLose);
+    const ProgramResult summary = Run({"results", kLostDatabase, "summary"});
     EXPECT_EQ(summary.ExitCode, 0);
     EXPECT_THAT(summary.Error, HasSubstr("are incomplete"));
     EXPECT_THAT(summary.Output, AllOf(HasSubstr("Verdict     none"), Not(HasSubstr("passed"))));
     rapidjson::Document json;
-    json.Parse(Run({"results", kDatabase, "summary", "--json"}).Output.c_str());
+    json.Parse(Run({"results", kLostDatabase, "summary", "--json"}).Output.c_str());
     ASSERT_TRUE(json.IsObject());
     EXPECT_FALSE(json["ended"].GetBool());
     EXPECT_TRUE(json["passed"].IsNull());
-    json.Parse(Run({"results", kDatabase, "tolerances", "--json"}).Output.c_str());
+    json.Parse(Run({"results", kLostDatabase, "tolerances", "--json"}).Output.c_str());
     ASSERT_TRUE(json.IsObject());
     EXPECT_TRUE(json["passed"].IsNull());
-    EXPECT_THAT(Run({"results", kDatabase, "summary", "--csv"}).Output, Not(HasSubstr(",true,")));
-    const ProgramResult report = Run({"report", kDatabase});
+    EXPECT_THAT(
+        Run({"results", kLostDatabase, "summary", "--csv"}).Output, Not(HasSubstr(",true,")));
+    const ProgramResult report = Run({"report", kLostDatabase});
     EXPECT_EQ(report.ExitCode, 2);
     EXPECT_THAT(report.Error, HasSubstr("are incomplete"));
     EXPECT_FALSE(Exists("out/Lost_DORVIK.html"));
@@ -129,7 +130,7 @@ TEST_F(LostResults, ARowWaitsForTheLockOfAnotherProgram) {
     WriteProject(kManyViolations);
     ProgramRun run(Settings(Review()));
     sqlite3* engine = nullptr;
-    const fs::path file = Work(kDatabase);
+    const fs::path file = Work(kLostDatabase);
     bool isLocked = false;
     while (!isLocked && run.IsRunning()) {
         std::error_code ignored;
@@ -152,7 +153,7 @@ TEST_F(LostResults, ARowWaitsForTheLockOfAnotherProgram) {
     EXPECT_EQ(run.ExitCode(), 1) << run.Error();
     EXPECT_THAT(run.Error(), IsEmpty());
     EXPECT_EQ(
-        Query(kDatabase, "SELECT Count(ViolationID) FROM Violations"),
+        Query(kLostDatabase, "SELECT Count(ViolationID) FROM Violations"),
         std::to_string(kManyViolations));
 }
 
@@ -161,7 +162,7 @@ TEST_F(LostResults, ReadersDoNotFailWhileAReviewWrites) {
     ProgramRun run(Settings(Review()));
     int reads = 0;
     while (run.IsRunning()) {
-        const ProgramResult read = Run({"results", kDatabase, "summary"});
+        const ProgramResult read = Run({"results", kLostDatabase, "summary"});
         // The review takes away the results of the one before; they are not there for a moment, and then
         // hold nothing for another.
         if (read.ExitCode != 0) {

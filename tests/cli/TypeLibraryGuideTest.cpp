@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string BytesOf(const fs::path& file) {
+std::string FileBytes(const fs::path& file) {
     std::ifstream stream(file, std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), {}};
 }
@@ -25,7 +25,7 @@ class TypeLibraryGuide : public CommandLineFixture {
 protected:
     static std::vector<MarkdownBlock> Blocks(const std::string& language) {
         std::vector<MarkdownBlock> blocks =
-            BlocksOf(BytesOf(fs::path(DORVIK_DOCS_FOLDER) / "type-libraries.md"));
+            BlocksOf(FileBytes(fs::path(DORVIK_DOCS_FOLDER) / "type-libraries.md"));
         std::erase_if(
             blocks, [&](const MarkdownBlock& block) { return block.Language != language; });
         return blocks;
@@ -38,8 +38,8 @@ protected:
 
     void WriteFiles() const {
         const fs::path libraries = DORVIK_TYPE_LIBRARIES;
-        WriteBytes("libs/kinds.tlb", BytesOf(libraries / "kinds.tlb"));
-        WriteBytes("libs/german.tlb", BytesOf(libraries / "german.tlb"));
+        WriteBytes("libs/kinds.tlb", FileBytes(libraries / "kinds.tlb"));
+        WriteBytes("libs/german.tlb", FileBytes(libraries / "german.tlb"));
         WriteBytes("Stock.txt", Blocks("catalogue").front().Text);
     }
 };

@@ -3,6 +3,8 @@
 #include "parser/ScopeName.h"
 #include "source/modMemberStats.h"
 
+#include <gtest/gtest.h>
+
 namespace dorvik {
 
 namespace {
@@ -74,6 +76,16 @@ SourceFileReview::ValuesAt(ParserEvent event, std::string_view object, std::stri
     Run();
     m_events->SetHandler(nullptr);
     return values;
+}
+
+std::string EventsOf(FileType type, std::string_view text) {
+    SourceFileReview review(type, text);
+    EXPECT_EQ(review.Run(), TickResult::EndOfFile) << text;
+    return review.Events().Numbers();
+}
+
+std::string EventsOf(std::string_view text) {
+    return EventsOf(FileType::Module, text);
 }
 
 std::string ModuleText(std::string_view code) {

@@ -48,6 +48,9 @@ private:
     std::int32_t m_characters = 0;  // of the last tick
 };
 
+/// The numbers of the events of a file, which is read to its end, with a blank between; of a module if nothing is said.
+std::string EventsOf(FileType type, std::string_view text);
+std::string EventsOf(std::string_view text);
 /// A module with the name attribute, so that its first line of `code` is line 1.
 std::string ModuleText(std::string_view code);
 /// A form F with those lines of layout inside, and code behind it.

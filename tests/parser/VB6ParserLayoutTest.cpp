@@ -9,12 +9,6 @@ namespace {
 
 using Values = std::vector<std::string>;
 
-std::string EventsOf(FileType type, std::string_view text) {
-    SourceFileReview review(type, text);
-    EXPECT_EQ(review.Run(), TickResult::EndOfFile);
-    return review.Events().Numbers();
-}
-
 Values FormValues(
     std::string_view controls,
     ParserEvent event,

@@ -9,12 +9,6 @@ namespace {
 
 using Values = std::vector<std::string>;
 
-std::string EventsOf(std::string_view text) {
-    SourceFileReview review(FileType::Module, text);
-    EXPECT_EQ(review.Run(), TickResult::EndOfFile) << text;
-    return review.Events().Numbers();
-}
-
 Values ProcedureValues(std::string_view text, ParserEvent event, std::string_view property) {
     SourceFileReview review(FileType::Module, text);
     return review.ValuesAt(event, "Procedure", property);

@@ -15,12 +15,6 @@
 namespace dorvik {
 namespace {
 
-std::string EventsOf(FileType type, std::string_view text) {
-    SourceFileReview review(type, text);
-    EXPECT_EQ(review.Run(), TickResult::EndOfFile);
-    return review.Events().Numbers();
-}
-
 using Values = std::vector<std::string>;
 
 TEST(VB6Parser, LinesOfAClassFilesHeaderAreDeclarationLinesOfLineOne) {

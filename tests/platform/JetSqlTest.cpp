@@ -22,16 +22,16 @@ std::string ErrorOf(std::string_view text) {
     return "";
 }
 
-struct Row {
+struct SqlRow {
     std::string_view Jet;
     std::string_view Sqlite;
 };
 
-void PrintTo(const Row& row, std::ostream* out) {
+void PrintTo(const SqlRow& row, std::ostream* out) {
     *out << row.Jet;
 }
 
-class JetSqlRows : public testing::TestWithParam<Row> {};
+class JetSqlRows : public testing::TestWithParam<SqlRow> {};
 
 TEST_P(JetSqlRows, IsTranslated) {
     EXPECT_EQ(Translated(GetParam().Jet).Sql, GetParam().Sqlite);
@@ -41,34 +41,45 @@ INSTANTIATE_TEST_SUITE_P(
     Constructs,
     JetSqlRows,
     testing::Values(
-        Row{"SELECT * FROM Review WHERE ReviewID = 0",
+        SqlRow{
+            "SELECT * FROM Review WHERE ReviewID = 0",
             "SELECT * FROM [Review] WHERE [ReviewID] = ?"},
-        Row{"SELECT RuleExecutions, [End] FROM Review",
+        SqlRow{
+            "SELECT RuleExecutions, [End] FROM Review",
             "SELECT [RuleExecutions] AS [RuleExecutions], [End] AS [End] FROM [Review]"},
-        Row{"select  Count(*)   from\tT", "SELECT Count(*) AS [Expr1000] FROM [T]"},
-        Row{"SELECT Count(A), Max(B) FROM T",
+        SqlRow{"select  Count(*)   from\tT", "SELECT Count(*) AS [Expr1000] FROM [T]"},
+        SqlRow{
+            "SELECT Count(A), Max(B) FROM T",
             "SELECT Count([A]) AS [Expr1000], Max([B]) AS [Expr1001] FROM [T]"},
-        Row{"SELECT A & '_' & B As C, * FROM T",
+        SqlRow{
+            "SELECT A & '_' & B As C, * FROM T",
             "SELECT (ifnull((ifnull([A], '') || ifnull(?, '')), '') || ifnull([B], '')) AS [C], * "
             "FROM [T]"},
-        Row{"SELECT T.*, T.A FROM T", "SELECT [T].*, [T].[A] AS [A] FROM [T]"},
-        Row{"SELECT * FROM T WHERE Completed = False AND A = True",
+        SqlRow{"SELECT T.*, T.A FROM T", "SELECT [T].*, [T].[A] AS [A] FROM [T]"},
+        SqlRow{
+            "SELECT * FROM T WHERE Completed = False AND A = True",
             "SELECT * FROM [T] WHERE [Completed] = 0 AND [A] = -1"},
-        Row{"SELECT * FROM T WHERE A <> -1 OR NOT B >= 2.5 AND C IS NOT NULL",
+        SqlRow{
+            "SELECT * FROM T WHERE A <> -1 OR NOT B >= 2.5 AND C IS NOT NULL",
             "SELECT * FROM [T] WHERE [A] <> -(?) OR NOT [B] >= ? AND [C] IS NOT NULL"},
-        Row{"SELECT * FROM (A INNER JOIN B ON A.X = B.X)  INNER JOIN C ON B.Y = C.Y",
+        SqlRow{
+            "SELECT * FROM (A INNER JOIN B ON A.X = B.X)  INNER JOIN C ON B.Y = C.Y",
             "SELECT * FROM ([A] INNER JOIN [B] ON [A].[X] = [B].[X]) INNER JOIN [C] ON [B].[Y] = "
             "[C].[Y]"},
-        Row{"SELECT DISTINCT A FROM T GROUP BY A ORDER BY A DESC, B ASC",
+        SqlRow{
+            "SELECT DISTINCT A FROM T GROUP BY A ORDER BY A DESC, B ASC",
             "SELECT DISTINCT [A] AS [A] FROM [T] GROUP BY [A] ORDER BY [A] DESC, [B] ASC"},
-        Row{"SELECT A FROM T UNION SELECT B FROM U UNION ALL SELECT C FROM V",
+        SqlRow{
+            "SELECT A FROM T UNION SELECT B FROM U UNION ALL SELECT C FROM V",
             "SELECT [A] AS [A] FROM [T] UNION SELECT [B] AS [B] FROM [U] UNION ALL "
             "SELECT [C] AS [C] FROM [V]"},
-        Row{"UPDATE T Set A = 1, [B] = 'x' WHERE C = 2",
+        SqlRow{
+            "UPDATE T Set A = 1, [B] = 'x' WHERE C = 2",
             "UPDATE [T] SET [A] = ?, [B] = ? WHERE [C] = ?"},
-        Row{"SELECT A + B * 2 - C / 3 FROM T",
+        SqlRow{
+            "SELECT A + B * 2 - C / 3 FROM T",
             "SELECT [A] + [B] * ? - 1.0 * [C] / ? AS [Expr1000] FROM [T]"},
-        Row{"SELECT * FROM [Order By] AS T", "SELECT * FROM [Order By] AS [T]"}));
+        SqlRow{"SELECT * FROM [Order By] AS T", "SELECT * FROM [Order By] AS [T]"}));
 
 TEST(JetSql, AndBehindOrderByBelongsToTheLastSortExpression) {
     EXPECT_EQ(

@@ -10,13 +10,13 @@
 namespace dorvik {
 namespace {
 
-struct Row {
+struct NeedsRow {
     const char* Pattern;
     const char* Bytes;
     const char* Literal;
 };
 
-void PrintTo(const Row& row, std::ostream* stream) {
+void PrintTo(const NeedsRow& row, std::ostream* stream) {
     *stream << row.Pattern;
 }
 
@@ -27,7 +27,7 @@ PatternNeeds NeedsOf(std::string_view pattern, bool ignoreCase) {
     return NeedsOfPattern(tree);
 }
 
-class PatternNeedsTest : public testing::TestWithParam<Row> {};
+class PatternNeedsTest : public testing::TestWithParam<NeedsRow> {};
 
 TEST_P(PatternNeedsTest, AreWhatEveryMatchHolds) {
     const PatternNeeds needs = NeedsOf(GetParam().Pattern, false);
@@ -39,68 +39,70 @@ INSTANTIATE_TEST_SUITE_P(
     Understood,
     PatternNeedsTest,
     testing::Values(
-        Row{"", "", ""},
-        Row{"\\bGoTo\\b", "GoTo", "GoTo"},
-        Row{"On Error Resume Next", "On Error Resume Next", "On Error Resume Next"},
-        Row{"^Stop$", "Stop", "Stop"},
-        Row{"Debug\\.Print", "Debug.Print", "Debug.Print"},
-        Row{"Debug[.]Print", "Debug.Print", "Debug.Print"},
-        Row{"abc?de", "abde", "ab"},
-        Row{"abc*", "ab", "ab"},
-        Row{"ab+cd", "abcd", "ab"},
-        Row{"a{0}b", "b", "b"},
-        Row{"a{0,3}b", "b", "b"},
-        Row{"a{2}bc", "abc", "bc"},
-        Row{"(?:a{2}){0}b", "b", "b"},
-        Row{"a+?b", "ab", "a"},
-        Row{"(?:a+)??b", "b", "b"},
-        Row{"a??b", "b", "b"},
-        Row{"ab|cd", "", ""},
-        Row{"GoTo|GoSub", "Go", ""},
-        Row{"ab|ab", "ab", "ab"},
-        Row{"ab|", "", ""},
-        Row{"a(bc)d", "abcd", "bc"},
-        Row{"a(?:bc)*d", "ad", "a"},
-        Row{"a(bc|bd)e", "abe", "a"},
-        Row{"x(ab(cde)?f)y", "xabfy", "ab"},
-        Row{"a(?=bcd)", "abcd", "bcd"},
-        Row{"Error (?!GoTo)", "Error ", "Error "},
-        Row{"a[bc]d", "ad", "a"},
-        Row{"[]a]b", "ab]", "a]b"},  // an empty class, then text: it matches nothing at all
-        Row{"[^]]b", "b]", "]b"},
-        Row{"[\\]x]yz", "yz", "yz"},
-        Row{"a\\sb\\d", "ab", "a"},
-        Row{"a.b", "ab", "a"},
-        Row{"Stra\xC3\x9F"
+        NeedsRow{"", "", ""},
+        NeedsRow{"\\bGoTo\\b", "GoTo", "GoTo"},
+        NeedsRow{"On Error Resume Next", "On Error Resume Next", "On Error Resume Next"},
+        NeedsRow{"^Stop$", "Stop", "Stop"},
+        NeedsRow{"Debug\\.Print", "Debug.Print", "Debug.Print"},
+        NeedsRow{"Debug[.]Print", "Debug.Print", "Debug.Print"},
+        NeedsRow{"abc?de", "abde", "ab"},
+        NeedsRow{"abc*", "ab", "ab"},
+        NeedsRow{"ab+cd", "abcd", "ab"},
+        NeedsRow{"a{0}b", "b", "b"},
+        NeedsRow{"a{0,3}b", "b", "b"},
+        NeedsRow{"a{2}bc", "abc", "bc"},
+        NeedsRow{"(?:a{2}){0}b", "b", "b"},
+        NeedsRow{"a+?b", "ab", "a"},
+        NeedsRow{"(?:a+)??b", "b", "b"},
+        NeedsRow{"a??b", "b", "b"},
+        NeedsRow{"ab|cd", "", ""},
+        NeedsRow{"GoTo|GoSub", "Go", ""},
+        NeedsRow{"ab|ab", "ab", "ab"},
+        NeedsRow{"ab|", "", ""},
+        NeedsRow{"a(bc)d", "abcd", "bc"},
+        NeedsRow{"a(?:bc)*d", "ad", "a"},
+        NeedsRow{"a(bc|bd)e", "abe", "a"},
+        NeedsRow{"x(ab(cde)?f)y", "xabfy", "ab"},
+        NeedsRow{"a(?=bcd)", "abcd", "bcd"},
+        NeedsRow{"Error (?!GoTo)", "Error ", "Error "},
+        NeedsRow{"a[bc]d", "ad", "a"},
+        NeedsRow{"[]a]b", "ab]", "a]b"},  // an empty class, then text: it matches nothing at all
+        NeedsRow{"[^]]b", "b]", "]b"},
+        NeedsRow{"[\\]x]yz", "yz", "yz"},
+        NeedsRow{"a\\sb\\d", "ab", "a"},
+        NeedsRow{"a.b", "ab", "a"},
+        NeedsRow{
+            "Stra\xC3\x9F"
             "e",
             "Stra\xC3\x9F"
             "e",
             "Stra\xC3\x9F"
             "e"},
-        Row{"\xC3\xA9?ab", "ab", "ab"},
-        Row{"]}", "]}", "]}"}));
+        NeedsRow{"\xC3\xA9?ab", "ab", "ab"},
+        NeedsRow{"]}", "]}", "]}"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Rewritten,
     PatternNeedsTest,
     testing::Values(
-        Row{"abc\\x41", "abcA", "abcA"},
-        Row{"abc\\u0041d", "abcdA", "abcAd"},
-        Row{"\\A\\Qa?\\Eb", "AQEb", "AQ"},
-        Row{"\\101b\\cMc", "Ab\rc", "Ab\rc"},
-        Row{"(a)b\\1c", "abc", "a"},
-        Row{"a{,3}b", "a{,3}b", "a{,3}b"},
-        Row{"a{b", "a{b", "a{b"},
-        Row{"{a", "{a", "{a"},
-        Row{"[[:alpha:]]b", "]b", "]b"},
-        Row{"[\\cA]b",
+        NeedsRow{"abc\\x41", "abcA", "abcA"},
+        NeedsRow{"abc\\u0041d", "abcdA", "abcAd"},
+        NeedsRow{"\\A\\Qa?\\Eb", "AQEb", "AQ"},
+        NeedsRow{"\\101b\\cMc", "Ab\rc", "Ab\rc"},
+        NeedsRow{"(a)b\\1c", "abc", "a"},
+        NeedsRow{"a{,3}b", "a{,3}b", "a{,3}b"},
+        NeedsRow{"a{b", "a{b", "a{b"},
+        NeedsRow{"{a", "{a", "{a"},
+        NeedsRow{"[[:alpha:]]b", "]b", "]b"},
+        NeedsRow{
+            "[\\cA]b",
             "\x01"
             "b",
             "\x01"
             "b"},
-        Row{"(?:ab){2}c", "abc", "ab"},
-        Row{"(?:ab)c", "abc", "abc"},
-        Row{"\\p{L}b", "p{L}b", "p{L}b"}));
+        NeedsRow{"(?:ab){2}c", "abc", "ab"},
+        NeedsRow{"(?:ab)c", "abc", "abc"},
+        NeedsRow{"\\p{L}b", "p{L}b", "p{L}b"}));
 
 TEST(PatternNeeds, LettersAreNeededOnlyWhereCaseCounts) {
     const PatternNeeds needs = NeedsOf("Debug\\.Print = 12", true);
@@ -108,17 +110,17 @@ TEST(PatternNeeds, LettersAreNeededOnlyWhereCaseCounts) {
     EXPECT_EQ(needs.Literal, " = 12");
 }
 
-using Pieces = std::vector<std::string>;
+using PieceTexts = std::vector<std::string>;
 
 struct PiecesRow {
     const char* Pattern;
-    std::vector<Pieces> OneOfEach;
+    std::vector<PieceTexts> OneOfEach;
 };
 
 class PatternPiecesTest : public testing::TestWithParam<PiecesRow> {};
 
 TEST_P(PatternPiecesTest, OneOfEachListStandsInEveryMatch) {
-    std::vector<Pieces> lists;
+    std::vector<PieceTexts> lists;
     for (const PatternPieces& pieces : NeedsOf(GetParam().Pattern, false).OneOfEach) {
         lists.push_back(pieces.Texts);
         ASSERT_EQ(pieces.Pairs.size(), pieces.Texts.size());
@@ -133,20 +135,24 @@ INSTANTIATE_TEST_SUITE_P(
     Alternatives,
     PatternPiecesTest,
     testing::Values(
-        PiecesRow{"\\s(Eqv|Imp)\\s", {Pieces{"Eqv", "Imp"}}},
-        PiecesRow{"^GoSub|^Return$", {Pieces{"GoSub", "Return"}}},
-        PiecesRow{"(?=.*\\s(?:And|Or)\\s).*", {Pieces{"And", "Or"}}},
+        PiecesRow{"\\s(Eqv|Imp)\\s", {PieceTexts{"Eqv", "Imp"}}},
+        PiecesRow{"^GoSub|^Return$", {PieceTexts{"GoSub", "Return"}}},
+        PiecesRow{"(?=.*\\s(?:And|Or)\\s).*", {PieceTexts{"And", "Or"}}},
         PiecesRow{"(?!.*(And|Or)).*", {}},
         PiecesRow{"(Date|Time)?=", {}},
         PiecesRow{"(Date|\\d)=", {}},
         PiecesRow{"(Date|\\d|Time)=", {}},
-        PiecesRow{"((ab|cd)|ef)", {Pieces{"ab", "cd", "ef"}}},
-        PiecesRow{"(a|b)(cd|ef)", {Pieces{"cd", "ef"}, Pieces{"a", "b"}}},  // the rarer ones first
-        PiecesRow{"(cd|ef)(a|b)", {Pieces{"cd", "ef"}, Pieces{"a", "b"}}},
+        PiecesRow{"((ab|cd)|ef)", {PieceTexts{"ab", "cd", "ef"}}},
+        PiecesRow{
+            "(a|b)(cd|ef)",
+            {PieceTexts{"cd", "ef"}, PieceTexts{"a", "b"}}},  // the rarer ones first
+        PiecesRow{"(cd|ef)(a|b)", {PieceTexts{"cd", "ef"}, PieceTexts{"a", "b"}}},
         PiecesRow{
             "(a|b)(c|d)(ef|gh)(ij|kl)",
-            {Pieces{"ef", "gh"}, Pieces{"ij", "kl"}, Pieces{"a", "b"}}},  // three are enough
-        PiecesRow{"((a|b)(cd|ef))|gh", {Pieces{"cd", "ef", "gh"}}},
+            {PieceTexts{"ef", "gh"},
+             PieceTexts{"ij", "kl"},
+             PieceTexts{"a", "b"}}},  // three are enough
+        PiecesRow{"((a|b)(cd|ef))|gh", {PieceTexts{"cd", "ef", "gh"}}},
         PiecesRow{"a|b|c|d|e|f|g|h|i", {}}));  // more than anybody looks for
 
 TEST(PatternNeeds, ATextWithoutAPieceOfEachListHasNoMatch) {

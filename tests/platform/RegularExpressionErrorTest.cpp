@@ -7,17 +7,17 @@
 namespace dorvik {
 namespace {
 
-struct Row {
+struct ErrorRow {
     std::string Pattern;
     std::int32_t Number;
     int Position;
 };
 
-void PrintTo(const Row& row, std::ostream* stream) {
+void PrintTo(const ErrorRow& row, std::ostream* stream) {
     *stream << '/' << row.Pattern << '/';
 }
 
-class RegularExpressionErrorTest : public testing::TestWithParam<Row> {};
+class RegularExpressionErrorTest : public testing::TestWithParam<ErrorRow> {};
 
 TEST_P(RegularExpressionErrorTest, NamesTheNumberAndThePlace) {
     for (const char* flags : {"", "i", "gm"}) {
@@ -36,97 +36,97 @@ INSTANTIATE_TEST_SUITE_P(
     Syntax,
     RegularExpressionErrorTest,
     testing::Values(
-        Row{")", 5017, 1},
-        Row{"a)", 5017, 2},
-        Row{"(a))b", 5017, 4},
-        Row{"a|)", 5017, 3},
-        Row{"\\", 5017, 1},
-        Row{"ab\\", 5017, 3},
-        Row{"[\\", 5017, 2},
-        Row{"[z-a]", 5017, 2},
-        Row{"x[ab-ac]y", 5017, 4},
-        Row{"[b-\\x61]", 5017, 2},
-        Row{"a{3,2}", 5017, 2},
-        Row{"(ab{2,1}", 5017, 4},
-        Row{"\xFF", 5017, 1},
-        Row{"\xC3\xA9\xFF", 5017, 2},
-        Row{std::string(251, '(') + std::string(251, ')'), 5017, 251}));
+        ErrorRow{")", 5017, 1},
+        ErrorRow{"a)", 5017, 2},
+        ErrorRow{"(a))b", 5017, 4},
+        ErrorRow{"a|)", 5017, 3},
+        ErrorRow{"\\", 5017, 1},
+        ErrorRow{"ab\\", 5017, 3},
+        ErrorRow{"[\\", 5017, 2},
+        ErrorRow{"[z-a]", 5017, 2},
+        ErrorRow{"x[ab-ac]y", 5017, 4},
+        ErrorRow{"[b-\\x61]", 5017, 2},
+        ErrorRow{"a{3,2}", 5017, 2},
+        ErrorRow{"(ab{2,1}", 5017, 4},
+        ErrorRow{"\xFF", 5017, 1},
+        ErrorRow{"\xC3\xA9\xFF", 5017, 2},
+        ErrorRow{std::string(251, '(') + std::string(251, ')'), 5017, 251}));
 
 INSTANTIATE_TEST_SUITE_P(
     UnexpectedQuantifier,
     RegularExpressionErrorTest,
     testing::Values(
-        Row{"*", 5018, 1},
-        Row{"*a", 5018, 1},
-        Row{"+a", 5018, 1},
-        Row{"?a", 5018, 1},
-        Row{"{2}", 5018, 1},
-        Row{"{2,}a", 5018, 1},
-        Row{"a**", 5018, 3},
-        Row{"a++", 5018, 3},  // no possessive repetition
-        Row{"a*+", 5018, 3},
-        Row{"a?+", 5018, 3},
-        Row{"a???", 5018, 4},
-        Row{"a+??", 5018, 4},
-        Row{"a{2}{3}", 5018, 5},
-        Row{"a{2}+", 5018, 5},
-        Row{"a*{2}", 5018, 3},
-        Row{"a|*b", 5018, 3},
-        Row{"(*a)", 5018, 2},
-        Row{"(|+a)", 5018, 3},
-        Row{"(?:+a)", 5018, 4},
-        Row{"^*", 5018, 2},
-        Row{"^+a", 5018, 2},
-        Row{"a$?", 5018, 3},
-        Row{"\\b+", 5018, 3},
-        Row{"\\B{2}", 5018, 3},
-        Row{"\xC3\xA9**", 5018, 3},
-        Row{"(?i)a", 5018, 2},  // what other dialects know begins with "(?", too
-        Row{"(?i:a)", 5018, 2},
-        Row{"(?-i)a", 5018, 2},
-        Row{"(?<=a)b", 5018, 2},
-        Row{"(?<!a)b", 5018, 2},
-        Row{"(?<name>a)", 5018, 2},
-        Row{"(?P<name>a)", 5018, 2},
-        Row{"(?'name'a)", 5018, 2},
-        Row{"(?>a)", 5018, 2},
-        Row{"(?#text)", 5018, 2},
-        Row{"(?|a)", 5018, 2},
-        Row{"(?R)", 5018, 2},
-        Row{"(?1)", 5018, 2},
-        Row{"(?(1)a|b)", 5018, 2},
-        Row{"(?)", 5018, 2},
-        Row{"(?", 5018, 2},
-        Row{"(*UTF)a", 5018, 2},
-        Row{"(*FAIL)", 5018, 2}));
+        ErrorRow{"*", 5018, 1},
+        ErrorRow{"*a", 5018, 1},
+        ErrorRow{"+a", 5018, 1},
+        ErrorRow{"?a", 5018, 1},
+        ErrorRow{"{2}", 5018, 1},
+        ErrorRow{"{2,}a", 5018, 1},
+        ErrorRow{"a**", 5018, 3},
+        ErrorRow{"a++", 5018, 3},  // no possessive repetition
+        ErrorRow{"a*+", 5018, 3},
+        ErrorRow{"a?+", 5018, 3},
+        ErrorRow{"a???", 5018, 4},
+        ErrorRow{"a+??", 5018, 4},
+        ErrorRow{"a{2}{3}", 5018, 5},
+        ErrorRow{"a{2}+", 5018, 5},
+        ErrorRow{"a*{2}", 5018, 3},
+        ErrorRow{"a|*b", 5018, 3},
+        ErrorRow{"(*a)", 5018, 2},
+        ErrorRow{"(|+a)", 5018, 3},
+        ErrorRow{"(?:+a)", 5018, 4},
+        ErrorRow{"^*", 5018, 2},
+        ErrorRow{"^+a", 5018, 2},
+        ErrorRow{"a$?", 5018, 3},
+        ErrorRow{"\\b+", 5018, 3},
+        ErrorRow{"\\B{2}", 5018, 3},
+        ErrorRow{"\xC3\xA9**", 5018, 3},
+        ErrorRow{"(?i)a", 5018, 2},  // what other dialects know begins with "(?", too
+        ErrorRow{"(?i:a)", 5018, 2},
+        ErrorRow{"(?-i)a", 5018, 2},
+        ErrorRow{"(?<=a)b", 5018, 2},
+        ErrorRow{"(?<!a)b", 5018, 2},
+        ErrorRow{"(?<name>a)", 5018, 2},
+        ErrorRow{"(?P<name>a)", 5018, 2},
+        ErrorRow{"(?'name'a)", 5018, 2},
+        ErrorRow{"(?>a)", 5018, 2},
+        ErrorRow{"(?#text)", 5018, 2},
+        ErrorRow{"(?|a)", 5018, 2},
+        ErrorRow{"(?R)", 5018, 2},
+        ErrorRow{"(?1)", 5018, 2},
+        ErrorRow{"(?(1)a|b)", 5018, 2},
+        ErrorRow{"(?)", 5018, 2},
+        ErrorRow{"(?", 5018, 2},
+        ErrorRow{"(*UTF)a", 5018, 2},
+        ErrorRow{"(*FAIL)", 5018, 2}));
 
 INSTANTIATE_TEST_SUITE_P(
     ExpectedBracket,
     RegularExpressionErrorTest,
     testing::Values(
-        Row{"[", 5019, 2},
-        Row{"[a", 5019, 3},
-        Row{"[^", 5019, 3},
-        Row{"[a-", 5019, 4},
-        Row{"x[\\]", 5019, 5},
-        Row{"[[:alpha:", 5019, 10},
-        Row{"([)", 5019, 4},
-        Row{"[\xC3\xA9", 5019, 3}));
+        ErrorRow{"[", 5019, 2},
+        ErrorRow{"[a", 5019, 3},
+        ErrorRow{"[^", 5019, 3},
+        ErrorRow{"[a-", 5019, 4},
+        ErrorRow{"x[\\]", 5019, 5},
+        ErrorRow{"[[:alpha:", 5019, 10},
+        ErrorRow{"([)", 5019, 4},
+        ErrorRow{"[\xC3\xA9", 5019, 3}));
 
 INSTANTIATE_TEST_SUITE_P(
     ExpectedParenthesis,
     RegularExpressionErrorTest,
     testing::Values(
-        Row{"(", 5020, 2},
-        Row{"(a", 5020, 3},
-        Row{"((a)", 5020, 5},
-        Row{"(?:a", 5020, 5},
-        Row{"(?=a|b", 5020, 7},
-        Row{"(?!", 5020, 4},
-        Row{"(\\)", 5020, 4},
-        Row{"([)]", 5020, 5},
-        Row{"Debug(Print", 5020, 12},
-        Row{"\xC3\xA4(\xC3\xA4", 5020, 4}));
+        ErrorRow{"(", 5020, 2},
+        ErrorRow{"(a", 5020, 3},
+        ErrorRow{"((a)", 5020, 5},
+        ErrorRow{"(?:a", 5020, 5},
+        ErrorRow{"(?=a|b", 5020, 7},
+        ErrorRow{"(?!", 5020, 4},
+        ErrorRow{"(\\)", 5020, 4},
+        ErrorRow{"([)]", 5020, 5},
+        ErrorRow{"Debug(Print", 5020, 12},
+        ErrorRow{"\xC3\xA4(\xC3\xA4", 5020, 4}));
 
 std::string DescriptionOf(std::string_view pattern, std::string_view text) {
     try {

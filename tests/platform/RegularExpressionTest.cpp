@@ -262,7 +262,7 @@ private:
     std::mt19937& m_random;
 };
 
-std::string RandomText(std::mt19937& random) {
+std::string RandomLine(std::mt19937& random) {
     static constexpr std::array<const char*, 12> kPieces{
         "a", "b", "a", "b", "B", "-", ".", " ", "\xC3\xA9", "\x80", "]", "i"};
     std::string text;
@@ -272,13 +272,13 @@ std::string RandomText(std::mt19937& random) {
     return text;
 }
 
-struct Tally {
+struct TestTally {
     int Malformed = 0;
     int Matched = 0;
     int Rejected = 0;  // turned down, though the pattern has no match in any case
 };
 
-void CompareBothTests(RegularExpression& expression, const std::string& text, Tally& tally) {
+void CompareBothTests(RegularExpression& expression, const std::string& text, TestTally& tally) {
     bool searched = false;
     bool quick = false;
     const Raised raised = RaisedBy([&] { searched = expression.Test(text); });
@@ -297,12 +297,12 @@ void CompareBothTests(RegularExpression& expression, const std::string& text, Ta
 TEST(RegularExpression, TestWithAndWithoutTheSetOfBytesAgreeOnRandomPatterns) {
     std::mt19937 random(20261121);
     PatternMaker maker(random);
-    Tally tally;
+    TestTally tally;
     for (int round = 0; round < 12000; ++round) {
         RegularExpression expression(round % 4 == 0 ? maker.Tokens() : maker.Branches(0));
         expression.SetIgnoreCase(round % 3 == 0);
         for (int i = 0; i < 12; ++i) {
-            CompareBothTests(expression, RandomText(random), tally);
+            CompareBothTests(expression, RandomLine(random), tally);
             ASSERT_FALSE(HasFatalFailure());
         }
     }

@@ -8,17 +8,16 @@ namespace dorvik {
 
 namespace {
 
+using test::AdviceOf;
+using test::Item;
 using test::RulesInReview;
+using test::RunForm;
 using test::Script;
 using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-
-PrefixSuffixItem Item(PrefixSuffixType type, std::string value = {}) {
-    return {static_cast<std::int32_t>(type), std::move(value)};
-}
 
 /// A rule whose prefix is one item, with the prefix as its advice.
 NamingConvention& AddPrefixRule(
@@ -46,15 +45,6 @@ std::string Escaped(std::string_view text) {
         pattern.append(character == '(' || character == ')' ? "\\" : "").append(1, character);
     }
     return pattern;
-}
-
-std::vector<std::string> AdviceOf(RulesInReview& review) {
-    return review.Query("SELECT Advice FROM Violations");
-}
-
-void RunForm(RulesInReview& review, const std::string& text) {
-    review.Review().AddFile("frmA.frm", text);
-    review.RunProject("Type=Exe\nName=\"P\"\nForm=frmA.frm\n");
 }
 
 TEST(NamingPlaces, EachScopeHasItsTag) {

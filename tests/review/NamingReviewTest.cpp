@@ -8,34 +8,23 @@ namespace dorvik {
 
 namespace {
 
+using test::AdviceOf;
+using test::Item;
 using test::RulesInReview;
+using test::RunForm;
 using test::Script;
+using test::SetTag;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-void SetTag(TagTable& tags, const std::string& row, const std::string& value) {
-    if (tags.Contains(row)) {
-        tags.Item(row)->SetTagValue(value);
-        return;
-    }
-    const auto item = std::make_shared<TagItem>();
-    item->SetTagName(row);
-    item->SetTagValue(value);
-    tags.Add(row, item, false, true);
-}
-
 void SetItems(
     ObjectArrayList<PrefixSuffixItem>& items, const std::vector<PrefixSuffixItem>& values) {
     for (std::size_t index = 0; index < values.size(); ++index) {
         *items.Item(static_cast<std::int32_t>(index) + 1) = values[index];
     }
-}
-
-PrefixSuffixItem Item(PrefixSuffixType type, std::string value = {}) {
-    return {static_cast<std::int32_t>(type), std::move(value)};
 }
 
 /// The rule of a usual standard: scope tag, array tag, data type tag, then a capital.
@@ -53,10 +42,6 @@ NamingConvention& AddUsualRule(RulesInReview& review) {
     SetTag(review.Rules().DataTypeTags(), "String", "s");
     review.Rules().SetArrayTag("a");
     return rule;
-}
-
-std::vector<std::string> AdviceOf(RulesInReview& review) {
-    return review.Query("SELECT Advice FROM Violations");
 }
 
 TEST(NamingReview, AComposedPrefixAndABodyPass) {
@@ -322,11 +307,6 @@ TEST(NamingReview, AFailedPrefixOverwritesTheAdviceOfTheRuleForTheRestOfTheRevie
 std::string FormWith(const std::string& programId, const std::string& moreProperties = {}) {
     return "VERSION 5.00\nBegin VB.Form frmA\n" + moreProperties + "   Begin " + programId +
            " ctlOne\n   End\nEnd\nAttribute VB_Name = \"frmA\"\n";
-}
-
-void RunForm(RulesInReview& review, const std::string& text) {
-    review.Review().AddFile("frmA.frm", text);
-    review.RunProject("Type=Exe\nName=\"P\"\nForm=frmA.frm\n");
 }
 
 NamingConvention& AddControlRule(RulesInReview& review) {

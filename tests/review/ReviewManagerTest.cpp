@@ -20,7 +20,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 /// What a scripted project review was asked to do, and what it answers.
-struct Script {
+struct SliceScript {
     std::vector<std::string> Calls;
     std::int32_t LoadResult = 0;
     std::vector<SliceResult> Slices{SliceResult::Complete};
@@ -30,7 +30,7 @@ struct Script {
 
 class ScriptedReview final : public IProjectReview {
 public:
-    explicit ScriptedReview(Script& script) : m_script(script) {}
+    explicit ScriptedReview(SliceScript& script) : m_script(script) {}
 
     void HookupCallback(IProjectReviewEvents* callback) override {
         m_callback = callback;
@@ -68,7 +68,7 @@ public:
     void Dispose() override { m_script.Calls.emplace_back("Dispose"); }
 
 private:
-    Script& m_script;
+    SliceScript& m_script;
     IProjectReviewEvents* m_callback = nullptr;
     ProgressInfo* m_progress = nullptr;
     std::size_t m_step = 0;
@@ -84,7 +84,7 @@ protected:
     std::string ErrorLog() { return m_run.Folder().Read("user\\Error.log"); }
 
     ReviewRun m_run;
-    Script m_script;
+    SliceScript m_script;
     ReviewManager m_manager;
 };
 

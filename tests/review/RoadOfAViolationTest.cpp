@@ -8,6 +8,7 @@ namespace dorvik {
 
 namespace {
 
+using test::Item;
 using test::RulesInReview;
 using test::Script;
 using testing::ElementsAre;
@@ -69,10 +70,6 @@ TEST_F(RoadOfAViolation, TheFileHasItsVerdictAndTheProjectItsOwn) {
     EXPECT_THAT(Query("SELECT HVC FROM SourceFiles WHERE Type = 'Module'"), ElementsAre("1"));
     EXPECT_THAT(Query("SELECT HVCPass FROM SourceFiles WHERE Type = 'Module'"), ElementsAre("0"));
     EXPECT_THAT(Query("SELECT HVCPass FROM SourceFiles WHERE Type = 'Project'"), ElementsAre("-1"));
-}
-
-PrefixSuffixItem Item(PrefixSuffixType type) {
-    return {static_cast<std::int32_t>(type), ""};
 }
 
 /// The usual standard: scope tag, array tag, data type tag, then a capital. It is the only rule.

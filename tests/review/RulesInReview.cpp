@@ -1,6 +1,10 @@
 #include "RulesInReview.h"
 
 #include "rulebase/file/RulebaseManager.h"
+#include "rulebase/TagItem.h"
+
+#include <memory>
+#include <utility>
 
 namespace dorvik::test {
 
@@ -75,6 +79,28 @@ SliceResult RulesInReview::RunProject(const std::string& projectLines) {
 
 std::string Script(const std::string& body) {
     return "Sub Main\r\n" + body + "\r\nEnd Sub\r\n";
+}
+
+PrefixSuffixItem Item(PrefixSuffixType type, std::string value) {
+    return {static_cast<std::int32_t>(type), std::move(value)};
+}
+
+void SetTag(TagTable& tags, const std::string& row, const std::string& value) {
+    if (!tags.Contains(row)) {
+        const auto item = std::make_shared<TagItem>();
+        item->SetTagName(row);
+        tags.Add(row, item, false, true);
+    }
+    tags.Item(row)->SetTagValue(value);
+}
+
+void RunForm(RulesInReview& review, const std::string& text) {
+    review.Review().AddFile("frmA.frm", text);
+    review.RunProject("Type=Exe\nName=\"P\"\nForm=frmA.frm\n");
+}
+
+std::vector<std::string> AdviceOf(RulesInReview& review) {
+    return review.Query("SELECT Advice FROM Violations");
 }
 
 }  // namespace dorvik::test

@@ -52,4 +52,16 @@ private:
 /// A script whose main procedure has these lines.
 std::string Script(const std::string& body);
 
+/// A part of the prefix or suffix of a naming convention.
+PrefixSuffixItem Item(PrefixSuffixType type, std::string value = {});
+
+/// Gives the row of a table of tags its value; a row that is not there is added.
+void SetTag(TagTable& tags, const std::string& row, const std::string& value);
+
+/// Reviews a project P of one form, frmA.
+void RunForm(RulesInReview& review, const std::string& text);
+
+/// The advice of all violations.
+std::vector<std::string> AdviceOf(RulesInReview& review);
+
 }  // namespace dorvik::test

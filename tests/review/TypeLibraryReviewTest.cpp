@@ -1,7 +1,6 @@
 #include "RulesInReview.h"
 #include "platform/host/ITypeLibrarySource.h"
 #include "platform/host/modFiles.h"
-#include "rulebase/model/TagItem.h"
 #include "typelib/TypeLibraryStore.h"
 
 #include <gmock/gmock.h>
@@ -12,6 +11,7 @@ namespace dorvik {
 namespace {
 
 using test::RulesInReview;
+using test::SetTag;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -40,15 +40,6 @@ private:
         }
     };
 };
-
-void SetTag(TagTable& tags, const std::string& row, const std::string& value) {
-    if (!tags.Contains(row)) {
-        const auto item = std::make_shared<TagItem>();
-        item->SetTagName(row);
-        tags.Add(row, item, false, true);
-    }
-    tags.Item(row)->SetTagValue(value);
-}
 
 /// Every variable begins with the tag of its type.
 void AddTypeTagRule(RulesInReview& review) {

@@ -219,7 +219,7 @@ constexpr std::int32_t kNoProperty[] = {
     std::numeric_limits<std::int32_t>::max(),
     std::numeric_limits<std::int32_t>::min()};
 
-std::int32_t Number(ObjectType type) {
+std::int32_t TypeNumber(ObjectType type) {
     return static_cast<std::int32_t>(type);
 }
 
@@ -245,12 +245,12 @@ std::string PropertiesOf(std::int32_t mode, std::int32_t objectType) {
 }
 
 std::string PropertiesOf(std::int32_t mode, ObjectType type) {
-    return PropertiesOf(mode, Number(type));
+    return PropertiesOf(mode, TypeNumber(type));
 }
 
 std::string Described(ObjectType type, PropertyNumber property) {
     return ObjectHelper::ObjectPropertyDescription(
-        Number(type), static_cast<std::int32_t>(property));
+        TypeNumber(type), static_cast<std::int32_t>(property));
 }
 
 }  // namespace
@@ -313,7 +313,7 @@ TEST(ObjectHelper, EveryModeBut3ListsTheWholeListOfAnObject) {
         const std::string expected =
             std::string(fact.Names).append(fact.HasLineStatistics ? kLineStatistics : "");
         for (const std::int32_t mode : {0, 1, 2, 4, 5}) {
-            EXPECT_EQ(PropertiesOf(mode, fact.Object), expected) << Number(fact.Object);
+            EXPECT_EQ(PropertiesOf(mode, fact.Object), expected) << TypeNumber(fact.Object);
         }
     }
 }
@@ -332,7 +332,7 @@ TEST(ObjectHelper, Mode3LeavesOnlyTheNameOfObjectsThatHaveOne) {
           ObjectType::Procedure,
           ObjectType::TypeElement,
           ObjectType::Variable}) {
-        EXPECT_EQ(PropertiesOf(3, type), "Name") << Number(type);
+        EXPECT_EQ(PropertiesOf(3, type), "Name") << TypeNumber(type);
     }
 }
 
@@ -353,8 +353,8 @@ TEST(ObjectHelper, Mode3ListsTheWholeListOfObjectsThatAreNotCutDown) {
           ObjectType::NamingConvention,
           ObjectType::Reference,
           ObjectType::Source}) {
-        EXPECT_EQ(PropertiesOf(3, type), PropertiesOf(1, type)) << Number(type);
-        EXPECT_NE(PropertiesOf(3, type), "") << Number(type);
+        EXPECT_EQ(PropertiesOf(3, type), PropertiesOf(1, type)) << TypeNumber(type);
+        EXPECT_NE(PropertiesOf(3, type), "") << TypeNumber(type);
     }
 }
 
@@ -369,7 +369,7 @@ TEST(ObjectHelper, ARefinementListsThePropertiesOfItsFamily) {
 TEST(ObjectHelper, Type36ListsThePropertiesOfFileAndIsReadThroughTheNameFile) {
     EXPECT_EQ(ObjectHelper::ObjectName(36), "File (Form)");
     EXPECT_EQ(PropertiesOf(1, 36), PropertiesOf(1, 12));
-    EXPECT_EQ(ObjectHelper::ObjectName(Number(modObjectCatalogue::Find(36)->Root)), "File");
+    EXPECT_EQ(ObjectHelper::ObjectName(TypeNumber(modObjectCatalogue::Find(36)->Root)), "File");
 }
 
 TEST(ObjectHelper, PropertiesThatDependOnTheControlGiveAnEmptyListWithoutANote) {

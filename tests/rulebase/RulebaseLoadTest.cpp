@@ -111,12 +111,12 @@ TEST_F(RulebaseLoadTest, ACodingConventionIsReadWithItsPendingState) {
     EXPECT_EQ(rulebase->RuleLists().PendingViolations(34)->Count(), 1);
 }
 
-const char* const kOneItem = R"(<PrefixItem PSType="1" PSValue="txt"/>)";
+const char* const kOnePrefixItem = R"(<PrefixItem PSType="1" PSValue="txt"/>)";
 
 TEST_F(RulebaseLoadTest, ANamingConventionIsReadWithItsItemsAndItsExclusionsAreWrapped) {
     RulebaseText text;
-    text.Naming =
-        "<NamingConventions>" + NamingElement("5000", kOneItem, "True") + "</NamingConventions>";
+    text.Naming = "<NamingConventions>" + NamingElement("5000", kOnePrefixItem, "True") +
+                  "</NamingConventions>";
     const auto forReview = Load(text);
     ASSERT_NE(forReview, nullptr);
     const NamingConvention& rule = *forReview->RuleLists().NamingConventions().Item(1);
@@ -143,8 +143,8 @@ TEST_F(RulebaseLoadTest, AnEmptyExclusionListBecomesTwoSeparators) {
 
 TEST_F(RulebaseLoadTest, ThePrefixItemsOfAPrefixThatIsSwitchedOffAreNotRead) {
     RulebaseText text;
-    text.Naming =
-        "<NamingConventions>" + NamingElement("5000", kOneItem, "False") + "</NamingConventions>";
+    text.Naming = "<NamingConventions>" + NamingElement("5000", kOnePrefixItem, "False") +
+                  "</NamingConventions>";
     const auto rulebase = Load(text);
     ASSERT_NE(rulebase, nullptr);
     EXPECT_EQ(rulebase->RuleLists().NamingConventions().Item(1)->PrefixItems().Item(1)->PSType, 0);

@@ -111,7 +111,7 @@ std::string ArgumentText(std::string_view definition) {
     return info.ArgumentList + "|" + std::to_string(info.ArgumentCount) + "|" + info.ReturnType;
 }
 
-struct Row {
+struct DefinitionRow {
     std::string_view Line;
     std::string_view Expected;
 };
@@ -174,7 +174,7 @@ TEST(modSourceDefinitions, TruncatedDefinitionsAreCutWithoutHarm) {
 }
 
 TEST(modSourceDefinitions, ProcedureDefinitionGivesItsParts) {
-    const std::vector<Row> rows = {
+    const std::vector<DefinitionRow> rows = {
         {"Sub F()", "Sub|F||"},
         {"Public Sub F(a)", "Sub|F|Public|"},
         {"Private Static Sub F()", "Sub|F|Private|static"},
@@ -192,7 +192,7 @@ TEST(modSourceDefinitions, ProcedureDefinitionGivesItsParts) {
         {"Dim F()", "none"},
         {"End Sub", "none"},
     };
-    for (const Row& row : rows) {
+    for (const DefinitionRow& row : rows) {
         EXPECT_EQ(ProcedureText(row.Line), row.Expected) << row.Line;
     }
 }
@@ -224,7 +224,7 @@ TEST(modSourceDefinitions, VariableTestTakesEveryScopeWordButFriend) {
 }
 
 TEST(modSourceDefinitions, ScopeIsTheFirstWord) {
-    const std::vector<Row> rows = {
+    const std::vector<DefinitionRow> rows = {
         {"Private x", "Private"},
         {"PUBLIC x", "Public"},
         {"\t global x", "Global"},
@@ -233,7 +233,7 @@ TEST(modSourceDefinitions, ScopeIsTheFirstWord) {
         {"Sub x()", ""},
         {"Privately x", ""},
     };
-    for (const Row& row : rows) {
+    for (const DefinitionRow& row : rows) {
         EXPECT_EQ(modSource::ScopeFromDef(row.Line), row.Expected) << row.Line;
     }
 }
@@ -269,7 +269,7 @@ TEST(modSourceDefinitions, EnumAndTypeNamesAreTheRestOfTheLine) {
 }
 
 TEST(modSourceDefinitions, DeclareStatementIsCutFromTheLeft) {
-    const std::vector<Row> rows = {
+    const std::vector<DefinitionRow> rows = {
         {"Declare Sub S Lib \"k32\" ()", "|Sub|S|k32|"},
         {"Private Declare Function F Lib \"k32\" Alias \"G\" (a) As Long",
          "Private|Function|F|k32|G"},
@@ -278,7 +278,7 @@ TEST(modSourceDefinitions, DeclareStatementIsCutFromTheLeft) {
         {"Declare Sub S Lib \"my k32\" ()", "|Sub|S|m|"},
         {"Dim S", "none"},
     };
-    for (const Row& row : rows) {
+    for (const DefinitionRow& row : rows) {
         EXPECT_EQ(DeclareText(row.Line), row.Expected) << row.Line;
     }
 }
@@ -313,7 +313,7 @@ TEST(modSourceDefinitions, ImplementsStatementIsDividedAtItsPoint) {
 }
 
 TEST(modSourceDefinitions, ArgumentInfoGivesListCountAndReturnType) {
-    const std::vector<Row> rows = {
+    const std::vector<DefinitionRow> rows = {
         {"Sub F()", "|0|"},
         {"Sub F( )", "|0|"},
         {"Sub F(a)", "a|1|"},
@@ -329,7 +329,7 @@ TEST(modSourceDefinitions, ArgumentInfoGivesListCountAndReturnType) {
         {"(a, b)", "a, b|2|"},
         {"Sub F(Optional s = \"a)\") As X", "Optional s = \"a)\"|1|X"},
     };
-    for (const Row& row : rows) {
+    for (const DefinitionRow& row : rows) {
         EXPECT_EQ(ArgumentText(row.Line), row.Expected) << row.Line;
     }
 }

@@ -15,7 +15,7 @@ namespace {
 
 using modVOSource::VirtualObjects;
 
-struct Row {
+struct LineRow {
     std::string_view Text;
     std::string_view Expected;
 };
@@ -120,7 +120,7 @@ TEST(modVOSource, ConstantInAProcedureIsLocal) {
 }
 
 TEST(modVOSource, ConstantsAreDividedAtCommasOutsideStrings) {
-    const std::vector<Row> rows = {
+    const std::vector<LineRow> rows = {
         {"Const A = 1, B = 2", "A=1::multi;B=2::multi;"},
         {"Const C = \"x, y\"", "C=x, y:;"},
         {"Const C$ = \"x\", D As Long = 2", "C$=x:$:multi;D=2:Long:multi;"},
@@ -132,7 +132,7 @@ TEST(modVOSource, ConstantsAreDividedAtCommasOutsideStrings) {
         {"Global Const A = #1/2/2000 10:00:00 AM#", "A=#1/2/2000 10:00:00 AM#:;"},
         {"Const A = 1 , B = 2", "A=1 ::multi;B=2::multi;"},
     };
-    for (const Row& row : rows) {
+    for (const LineRow& row : rows) {
         EXPECT_EQ(ConstantsText(row.Text), row.Expected) << row.Text;
     }
 }

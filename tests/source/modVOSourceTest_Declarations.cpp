@@ -15,7 +15,7 @@ namespace {
 
 using modVOSource::VirtualObjects;
 
-struct Row {
+struct DeclarationRow {
     std::string_view Text;
     std::string_view Expected;
 };
@@ -112,7 +112,7 @@ TEST(modVOSourceArguments, SuffixInFrontOfTheBracketsIsTheDataType) {
 }
 
 TEST(modVOSourceArguments, ArgumentsAreWalkedTokenByToken) {
-    const std::vector<Row> rows = {
+    const std::vector<DeclarationRow> rows = {
         {"byval x%, ByRef y As Foo.Bar", "x%:%::byval;y:Foo.Bar::ByRef;"},
         {"a As Long , b", "a:Long::;b:::;"},
         {"Optional a = 1 + 2, b", "a::1 + 2::IsOptional;b:::;"},
@@ -126,7 +126,7 @@ TEST(modVOSourceArguments, ArgumentsAreWalkedTokenByToken) {
         {"", ";"},  // the comma that ends the walk completes an argument without a name
         {"\xC3\xA9t\xC3\xA9 As Long", "\xC3\xA9t\xC3\xA9:Long::;"},
     };
-    for (const Row& row : rows) {
+    for (const DeclarationRow& row : rows) {
         EXPECT_EQ(ArgumentsText(row.Text), row.Expected) << row.Text;
     }
 }
@@ -176,7 +176,7 @@ TEST(modVOSourceVariables, AsNewIsKnown) {
 }
 
 TEST(modVOSourceVariables, VariablesAreWalkedTokenByToken) {
-    const std::vector<Row> rows = {
+    const std::vector<DeclarationRow> rows = {
         {"Dim a, b As Long", "a:::;b:Long::;"},
         {"Static n As Long", "n:Long:::IsStatic;"},
         {"Public s$, n%", "s$:$::Public;n%:%::Public;"},
@@ -190,7 +190,7 @@ TEST(modVOSourceVariables, VariablesAreWalkedTokenByToken) {
         {"Dim s As String*10", "s:String*10::;"},
         {"Dim a As Foo.Bar: Rem x", "a:Foo.Bar::;"},
     };
-    for (const Row& row : rows) {
+    for (const DeclarationRow& row : rows) {
         EXPECT_EQ(VariablesText(row.Text), row.Expected) << row.Text;
     }
 }
@@ -223,7 +223,7 @@ TEST(modVOSourceVariables, BracketThatNeverClosesIsLoggedAndFails) {
 }
 
 TEST(modVOSourceTypeElements, ElementIsWalkedLikeAVariableWithoutNewAndComma) {
-    const std::vector<Row> rows = {
+    const std::vector<DeclarationRow> rows = {
         {"x As Long", "Name=x|IsArray=False|ArraySize=|DataType=Long"},
         {"  x(1 To 3) As String * 5 ' note",
          "Name=x|IsArray=True|ArraySize=1 To 3|DataType=String * 5"},
@@ -233,7 +233,7 @@ TEST(modVOSourceTypeElements, ElementIsWalkedLikeAVariableWithoutNewAndComma) {
         {"", "Name=|IsArray=False|ArraySize=|DataType="},
         {"x(1 To", "failed"},
     };
-    for (const Row& row : rows) {
+    for (const DeclarationRow& row : rows) {
         const test::CapturedLog log;
         EXPECT_EQ(ElementText(row.Text), row.Expected) << row.Text;
     }

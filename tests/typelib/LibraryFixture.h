@@ -8,6 +8,9 @@
 
 namespace dorvik::test {
 
+/// The GUID of libraries/kinds.tlb.
+inline constexpr std::string_view kKinds = "{6F5B1C10-8A4E-4D3A-9B61-0C2F5E7A1D01}";
+
 /// The bytes of libraries/<name>.tlb.
 std::string LibraryBytes(std::string_view name);
 

@@ -2,6 +2,7 @@
 
 #include "support/ScriptedInput.h"
 #include "support/TemporaryFolder.h"
+#include "typelib/LibraryFixture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,23 +10,16 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 namespace dorvik {
 
 namespace {
 
+using test::kKinds;
+using test::LibraryBytes;
 using test::TemporaryFolder;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-constexpr std::string_view kKinds = "{6F5B1C10-8A4E-4D3A-9B61-0C2F5E7A1D01}";
-
-/// The bytes of a compiled library of these tests.
-std::string LibraryBytes(const std::string& name) {
-    std::ifstream stream(std::filesystem::path(DORVIK_TYPE_LIBRARIES) / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 std::vector<std::string> NamesIn(TypeLibraryIndex& index, const std::string& folder) {
     std::vector<std::string> names;
@@ -46,8 +40,8 @@ void Touch(const TemporaryFolder& folder, const char* name) {
 
 TEST(TypeLibraryIndex, ALookThroughAFolderGivesWayToInputBehindEachFile) {
     const TemporaryFolder folder;
-    folder.Write("kinds.tlb", LibraryBytes("kinds.tlb"));
-    folder.Write("below\\old.OLB", LibraryBytes("old.tlb"));
+    folder.Write("kinds.tlb", LibraryBytes("kinds"));
+    folder.Write("below\\old.OLB", LibraryBytes("old"));
     folder.Write("program.exe", "no program");
     TypeLibraryIndex index("");
     test::ScriptedInput input;
@@ -59,8 +53,8 @@ TEST(TypeLibraryIndex, ALookThroughAFolderGivesWayToInputBehindEachFile) {
 
 TEST(TypeLibraryIndex, ALookThroughAFolderMayBeAskedForTheSameFolderWhileItGivesWay) {
     const TemporaryFolder folder;
-    folder.Write("kinds.tlb", LibraryBytes("kinds.tlb"));
-    folder.Write("old.tlb", LibraryBytes("old.tlb"));
+    folder.Write("kinds.tlb", LibraryBytes("kinds"));
+    folder.Write("old.tlb", LibraryBytes("old"));
     TypeLibraryIndex index("");
     test::ScriptedInput input;
     std::size_t inner = 0;
@@ -74,9 +68,9 @@ TEST(TypeLibraryIndex, ALookThroughAFolderMayBeAskedForTheSameFolderWhileItGives
 
 TEST(TypeLibraryIndex, FindsTheLibrariesInAFolderAndBelow) {
     const TemporaryFolder folder;
-    folder.Write("kinds.tlb", LibraryBytes("kinds.tlb"));
-    folder.Write("below\\old.OLB", LibraryBytes("old.tlb"));
-    folder.Write("readme.txt", LibraryBytes("german.tlb"));
+    folder.Write("kinds.tlb", LibraryBytes("kinds"));
+    folder.Write("below\\old.OLB", LibraryBytes("old"));
+    folder.Write("readme.txt", LibraryBytes("german"));
     folder.Write("program.exe", "no program");
     TypeLibraryIndex index("");
     const TypeLibraryFolderListing& listing = index.LibrariesIn(folder.Path());
@@ -97,9 +91,9 @@ TEST(TypeLibraryIndex, FindsTheLibrariesInAFolderAndBelow) {
 
 TEST(TypeLibraryIndex, DamagedLibraryIsToldWithItsFileAndTheOthersAreFound) {
     const TemporaryFolder folder;
-    const std::string bytes = LibraryBytes("kinds.tlb");
+    const std::string bytes = LibraryBytes("kinds");
     folder.Write("broken.tlb", bytes.substr(0, bytes.size() / 3));
-    folder.Write("german.tlb", LibraryBytes("german.tlb"));
+    folder.Write("german.tlb", LibraryBytes("german"));
     TypeLibraryIndex index("");
     const TypeLibraryFolderListing& listing = index.LibrariesIn(folder.Path());
     EXPECT_THAT(NamesIn(index, folder.Path()), ElementsAre("GermanLibrary"));
@@ -111,7 +105,7 @@ TEST(TypeLibraryIndex, DamagedLibraryIsToldWithItsFileAndTheOthersAreFound) {
 TEST(TypeLibraryIndex, UnchangedFileIsNotReadAgain) {
     const TemporaryFolder folder;
     const std::string indexFile = folder.Path("state\\Libraries.index");
-    folder.Write("libs\\a.tlb", LibraryBytes("kinds.tlb"));
+    folder.Write("libs\\a.tlb", LibraryBytes("kinds"));
     const auto path = folder.HostPath() / "libs" / "a.tlb";
     const auto time = std::filesystem::last_write_time(path);
     {
@@ -119,7 +113,7 @@ TEST(TypeLibraryIndex, UnchangedFileIsNotReadAgain) {
         EXPECT_THAT(NamesIn(index, folder.Path("libs")), ElementsAre("KindsLibrary"));
     }
     // The same size and time, so that only a reader could tell.
-    folder.Write("libs\\a.tlb", std::string(LibraryBytes("kinds.tlb").size(), 'x'));
+    folder.Write("libs\\a.tlb", std::string(LibraryBytes("kinds").size(), 'x'));
     std::filesystem::last_write_time(path, time);
     TypeLibraryIndex second(indexFile);
     EXPECT_THAT(NamesIn(second, folder.Path("libs")), ElementsAre("KindsLibrary"));
@@ -128,12 +122,12 @@ TEST(TypeLibraryIndex, UnchangedFileIsNotReadAgain) {
 TEST(TypeLibraryIndex, ChangedFileIsReadAgain) {
     const TemporaryFolder folder;
     const std::string indexFile = folder.Path("state\\Libraries.index");
-    folder.Write("libs\\a.tlb", LibraryBytes("kinds.tlb"));
+    folder.Write("libs\\a.tlb", LibraryBytes("kinds"));
     {
         TypeLibraryIndex index(indexFile);
         EXPECT_THAT(NamesIn(index, folder.Path("libs")), ElementsAre("KindsLibrary"));
     }
-    folder.Write("libs\\a.tlb", LibraryBytes("german.tlb"));
+    folder.Write("libs\\a.tlb", LibraryBytes("german"));
     Touch(folder, "libs/a.tlb");
     {
         TypeLibraryIndex index(indexFile);
@@ -147,7 +141,7 @@ TEST(TypeLibraryIndex, ChangedFileIsReadAgain) {
 TEST(TypeLibraryIndex, FaultsOfAnUnchangedFileAreToldInEveryRun) {
     const TemporaryFolder folder;
     const std::string indexFile = folder.Path("state\\Libraries.index");
-    const std::string bytes = LibraryBytes("kinds.tlb");
+    const std::string bytes = LibraryBytes("kinds");
     folder.Write("libs\\broken.tlb", bytes.substr(0, bytes.size() / 3));
     for (int run = 0; run < 2; ++run) {
         TypeLibraryIndex index(indexFile);
@@ -159,14 +153,14 @@ TEST(TypeLibraryIndex, FolderIsWalkedOnceInALife) {
     const TemporaryFolder folder;
     TypeLibraryIndex index("");
     EXPECT_THAT(NamesIn(index, folder.Path()), IsEmpty());
-    folder.Write("kinds.tlb", LibraryBytes("kinds.tlb"));
+    folder.Write("kinds.tlb", LibraryBytes("kinds"));
     EXPECT_THAT(NamesIn(index, folder.Path()), IsEmpty());
 }
 
 TEST(TypeLibraryIndex, FindTakesTheFirstFolderAmongEquals) {
     const TemporaryFolder folder;
-    folder.Write("one\\a.tlb", LibraryBytes("kinds.tlb"));
-    folder.Write("two\\b.tlb", LibraryBytes("kinds.tlb"));
+    folder.Write("one\\a.tlb", LibraryBytes("kinds"));
+    folder.Write("two\\b.tlb", LibraryBytes("kinds"));
     TypeLibraryIndex index("");
     const std::vector<std::string> folders{folder.Path("two"), folder.Path("one")};
     const IndexedTypeLibrary* const found = index.Find(folders, {kKinds, 3, 7, 0});

@@ -1,26 +1,21 @@
 #include "typelib/TypeLibraryStore.h"
 
 #include "support/TemporaryFolder.h"
+#include "typelib/LibraryFixture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 namespace dorvik {
 
 namespace {
 
+using test::kKinds;
+using test::LibraryBytes;
 using test::TemporaryFolder;
-
-constexpr std::string_view kKinds = "{6F5B1C10-8A4E-4D3A-9B61-0C2F5E7A1D01}";
-
-std::string LibraryBytes(const std::string& name) {
-    std::ifstream stream(std::filesystem::path(DORVIK_TYPE_LIBRARIES) / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 constexpr const char* kCatalogue =
     "library FromCatalogue\nguid {6f5b1c10-8a4e-4d3a-9b61-0c2f5e7a1d01}\nversion 3.9\n"
@@ -51,7 +46,7 @@ protected:
 }  // namespace
 
 TEST_F(TypeLibraryStoreTest, FileAnswersBeforeTheCatalogue) {
-    m_folder.Write("libs\\kinds.tlb", LibraryBytes("kinds.tlb"));
+    m_folder.Write("libs\\kinds.tlb", LibraryBytes("kinds"));
     TypeLibraryStore store(Places({m_folder.Path("libs")}));
     const auto libraries = store.ForProject("");
     const auto contents = libraries->Open(kKinds, 3, 7, 0);
@@ -62,7 +57,7 @@ TEST_F(TypeLibraryStoreTest, FileAnswersBeforeTheCatalogue) {
 }
 
 TEST_F(TypeLibraryStoreTest, CatalogueAnswersWhereNoFileDoes) {
-    m_folder.Write("libs\\kinds.tlb", LibraryBytes("kinds.tlb"));
+    m_folder.Write("libs\\kinds.tlb", LibraryBytes("kinds"));
     TypeLibraryStore store(Places({m_folder.Path("libs")}));
     const auto libraries = store.ForProject("");
     EXPECT_EQ(NameOf(*libraries, "{00000001-0000-0000-0000-000000000000}", 1, 0), "Other");
@@ -74,15 +69,15 @@ TEST_F(TypeLibraryStoreTest, CatalogueAnswersWhereNoFileDoes) {
 }
 
 TEST_F(TypeLibraryStoreTest, ProjectsOwnFolderIsLookedThroughForThatProjectOnly) {
-    m_folder.Write("project\\bin\\kinds.tlb", LibraryBytes("kinds.tlb"));
+    m_folder.Write("project\\bin\\kinds.tlb", LibraryBytes("kinds"));
     TypeLibraryStore store(Places({}));
     EXPECT_EQ(NameOf(*store.ForProject(m_folder.Path("project\\")), kKinds, 3, 7), "KindsLibrary");
     EXPECT_EQ(NameOf(*store.ForProject(m_folder.Path("else\\")), kKinds, 3, 7), "FromCatalogue");
 }
 
 TEST_F(TypeLibraryStoreTest, SearchPathComesBeforeTheProjectsOwnFolder) {
-    m_folder.Write("libs\\kinds.tlb", LibraryBytes("kinds.tlb"));
-    m_folder.Write("project\\kinds.tlb", LibraryBytes("kinds.tlb"));
+    m_folder.Write("libs\\kinds.tlb", LibraryBytes("kinds"));
+    m_folder.Write("project\\kinds.tlb", LibraryBytes("kinds"));
     TypeLibraryStore store(Places({m_folder.Path("libs")}));
     const auto libraries = store.ForProject(m_folder.Path("project\\"));
     EXPECT_EQ(NameOf(*libraries, kKinds, 3, 7), "KindsLibrary");
@@ -91,11 +86,11 @@ TEST_F(TypeLibraryStoreTest, SearchPathComesBeforeTheProjectsOwnFolder) {
 }
 
 TEST_F(TypeLibraryStoreTest, FileThatHasChangedUnderUsIsLeftToTheCatalogue) {
-    m_folder.Write("libs\\kinds.tlb", LibraryBytes("kinds.tlb"));
+    m_folder.Write("libs\\kinds.tlb", LibraryBytes("kinds"));
     TypeLibraryStore store(Places({m_folder.Path("libs")}));
     const auto libraries = store.ForProject("");
     EXPECT_EQ(NameOf(*libraries, kKinds, 3, 7), "KindsLibrary");
-    m_folder.Write("libs\\kinds.tlb", LibraryBytes("german.tlb"));
+    m_folder.Write("libs\\kinds.tlb", LibraryBytes("german"));
     EXPECT_EQ(NameOf(*libraries, kKinds, 3, 7), "FromCatalogue");
 }
 

@@ -19,7 +19,7 @@ std::ostream& operator<<(std::ostream& stream, const ChoiceRow& row) {
     return stream << row.Name;
 }
 
-std::string NameOfRow(const ::testing::TestParamInfo<ChoiceRow>& info) {
+std::string NameOfChoice(const ::testing::TestParamInfo<ChoiceRow>& info) {
     return std::string(info.param.Name);
 }
 
@@ -86,7 +86,7 @@ INSTANTIATE_TEST_SUITE_P(
         ChoiceRow{"ThenAnyLanguage", Offers{{kGuid, 2, 0, 1033}}, {kGuid, 2, 0, 9}, 0},
         ChoiceRow{
             "FirstOfEqualsWins", Offers{{kGuid, 2, 0, 0}, {kGuid, 2, 0, 0}}, {kGuid, 2, 0, 0}, 0}),
-    NameOfRow);
+    NameOfChoice);
 
 TEST_P(NearestTypeLibrary, IsChosen) {
     EXPECT_EQ(
@@ -114,6 +114,6 @@ INSTANTIATE_TEST_SUITE_P(
             Offers{{kGuid, 2, 0, 0}, {kGuid, 2, 3, 0}, {kGuid, 2, 2, 0}},
             {kGuid, 2, 9, 0},
             1}),
-    NameOfRow);
+    NameOfChoice);
 
 }  // namespace dorvik
