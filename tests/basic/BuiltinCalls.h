@@ -3,9 +3,9 @@
 #include "SampleValues.h"
 #include "basic/library/BuiltinLookup.h"
 #include "basic/values/ArrayBody.h"
+#include "basic/values/DateText.h"
 #include "basic/values/ScriptContext.h"
 #include "basic/values/ScriptObject.h"
-#include "basic/DateText.h"
 
 #include <gtest/gtest.h>
 

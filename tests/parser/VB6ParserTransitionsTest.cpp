@@ -1,5 +1,5 @@
+#include "parser/FileParserStates.h"
 #include "parser/SourceFileReview.h"
-#include "support/StateNames.h"
 
 #include <gtest/gtest.h>
 

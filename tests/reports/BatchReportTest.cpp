@@ -3,7 +3,7 @@
 #include "reports/ReportedReviewFixture.h"
 #include "reports/format/modPassRate.h"
 #include "reports/format/modSortIndex.h"
-#include "support/StateNames.h"
+#include "support/ProgressAction.h"
 
 namespace dorvik {
 namespace {

@@ -1,7 +1,7 @@
 #include "reports/classic/ProjectReport.h"
 
 #include "reports/ReportedReviewFixture.h"
-#include "support/StateNames.h"
+#include "support/ProgressAction.h"
 
 #include <filesystem>
 

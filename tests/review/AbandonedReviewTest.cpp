@@ -4,8 +4,8 @@
 #include "platform/host/modFiles.h"
 #include "review/ReviewManager.h"
 #include "rulebase/file/RulebaseManager.h"
+#include "support/ProgressAction.h"
 #include "support/ScriptedInput.h"
-#include "support/StateNames.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "ReviewRun.h"
 #include "platform/host/modFiles.h"
-#include "support/StateNames.h"
+#include "support/ProgressAction.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

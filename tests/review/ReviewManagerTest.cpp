@@ -3,9 +3,9 @@
 #include "ReviewRun.h"
 #include "base/BasicError.h"
 #include "platform/host/modFiles.h"
+#include "support/ProgressAction.h"
 #include "support/RecordingMessageBox.h"
 #include "support/ScriptedInput.h"
-#include "support/StateNames.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

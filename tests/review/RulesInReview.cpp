@@ -1,7 +1,7 @@
 #include "RulesInReview.h"
 
 #include "rulebase/file/RulebaseManager.h"
-#include "rulebase/TagItem.h"
+#include "rulebase/model/TagItem.h"
 
 #include <memory>
 #include <utility>

@@ -6,9 +6,9 @@
 #include "enforcement/RuleEngine.h"
 #include "reports/classic/ReportsEngine.h"
 #include "review/IProjectReviewEvents.h"
+#include "review/ProjectState.h"
 #include "review/VB6ProjectReview.h"
 #include "rulebase/model/Rulebase.h"
-#include "support/StateNames.h"
 
 #include <cstdint>
 #include <functional>

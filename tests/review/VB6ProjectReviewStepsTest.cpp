@@ -2,6 +2,7 @@
 #include "RulesInReview.h"
 #include "SteppedReview.h"
 #include "platform/host/modFiles.h"
+#include "support/ProgressAction.h"
 #include "support/ScriptedInput.h"
 
 #include <gmock/gmock.h>
