@@ -5,6 +5,7 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 option(DORVIK_TESTS "Build the tests" ON)
+set(DORVIK_TEST_BATCH 1 CACHE STRING "How many sources of a test program are compiled at a time")
 option(DORVIK_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
 
 add_library(dorvik_compiler INTERFACE)

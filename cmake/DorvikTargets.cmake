@@ -16,8 +16,10 @@ function(dorvik_library path)
 endfunction()
 
 # tests/<name> is one test program: dorvik_<name>_tests. Tests also see the headers that are a library's own.
+# CTest starts it once, or once for each of the SHARDS, which then take turns with the tests: a process for each
+# test would cost more than the tests do. `dorvik_<name>_tests --gtest_filter=...` runs some of them.
 function(dorvik_tests name)
-    cmake_parse_arguments(arg "" "" "LINKS" ${ARGN})
+    cmake_parse_arguments(arg "" "SHARDS" "LINKS" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
     if(NOT sources)
         return()
@@ -28,6 +30,32 @@ function(dorvik_tests name)
     list(TRANSFORM arg_LINKS PREPEND dorvik_)
     target_link_libraries(dorvik_${name}_tests
         PRIVATE ${arg_LINKS} dorvik_test_support dorvik_compiler GTest::gmock GTest::gtest)
-    set_property(GLOBAL APPEND PROPERTY DORVIK_TEST_PROGRAMS dorvik_${name}_tests)
-    gtest_discover_tests(dorvik_${name}_tests DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+    dorvik_test_batches(dorvik_${name}_tests)
+    if(NOT arg_SHARDS)
+        set(arg_SHARDS 1)
+    endif()
+    foreach(shard RANGE 1 ${arg_SHARDS})
+        math(EXPR index "${shard} - 1")
+        set(test "${name}")
+        if(arg_SHARDS GREATER 1)
+            set(test "${name}.${shard}of${arg_SHARDS}")
+        endif()
+        add_test(NAME "${test}" COMMAND dorvik_${name}_tests --gtest_brief=1)
+        set_tests_properties("${test}" PROPERTIES
+            TIMEOUT 1800
+            ENVIRONMENT "GTEST_TOTAL_SHARDS=${arg_SHARDS};GTEST_SHARD_INDEX=${index}"
+            FAIL_REGULAR_EXPRESSION "==========. 0 tests from")
+    endforeach()
+endfunction()
+
+# Where a preset asks for batches, several sources of a test program are one translation unit: most of the cost of
+# a test's source is GoogleTest and the standard library, which a batch reads and instantiates once. Names without
+# linkage must therefore differ within a program. In optimised builds tests themselves are optimised little.
+function(dorvik_test_batches target)
+    if(DORVIK_TEST_BATCH GREATER 1)
+        set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE ${DORVIK_TEST_BATCH})
+        # A fixture of an anonymous namespace lies, to the compiler, in a file that others include.
+        target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
+    endif()
+    target_compile_options(${target} PRIVATE "$<$<CONFIG:Release>:-O1>")
 endfunction()

@@ -9,6 +9,7 @@ readonly kBuildPackages=(
 # What the tests need on top.
 readonly kTestPackages=(
     libgtest-dev libgmock-dev ccache mold python3
+    clang-format-14 clang-tidy-14 universal-ctags
     chromium chromium-driver python3-selenium
 )
 # What the benchmarks measure against; a build works without.

@@ -1,6 +1,5 @@
 #include "BuiltinCalls.h"
 
-
 #include <gtest/gtest.h>
 
 namespace dorvik::basic {
