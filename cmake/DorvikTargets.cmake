@@ -1,7 +1,7 @@
 # A folder with code is one static library: src/basic/values is dorvik_basic_values. Headers below its folder
 # include/ are for everybody who links it; those beside the sources are its own. Its include root holds only the
 # former, so an #include of a library that is not linked does not compile.
-# The names behind LINKS are the project's own libraries; SYSTEM names are libraries from outside.
+# The names after LINKS are the project's own libraries; SYSTEM names are libraries from outside.
 function(dorvik_library path)
     cmake_parse_arguments(arg "" "" "LINKS;SYSTEM" ${ARGN})
     string(REPLACE "/" "_" name "${path}")

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Compares the place that each Trap names with the function that it stands in, so that a copied trap
-does not tell a lie in the log; and finds catch clauses outside the places that may hold one."""
+"""Compares the place that each Trap names with the function that it is in, so that a copied trap
+leaves no wrong name in the log; and finds catch clauses outside the places that may hold one."""
 import pathlib
 import re
 import sys
@@ -38,7 +38,7 @@ def faults_of(path):
         function = before[-1].group(2) if before else "(none)"
         if not same_operation(trap.group(2), function) and (name, function) not in SPEAKS_FOR_ANOTHER:
             line = text.count("\n", 0, trap.start()) + 1
-            yield f"{name}:{line}: the trap names '{trap.group(2)}' but stands in '{function}'"
+            yield f"{name}:{line}: the trap names '{trap.group(2)}' but is in '{function}'"
 
 
 def main():

@@ -15,7 +15,7 @@ readonly kTestPackages=(
 # What the benchmarks measure against; a build works without.
 readonly kBenchPackages=(cloc universal-ctags liblua5.4-dev)
 
-# Objects that ccache holds serve every checkout of the project, wherever it lies.
+# Objects that ccache holds serve every checkout of the project, wherever it is.
 export CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=1
 
 # True when every package named is installed.

@@ -16,7 +16,7 @@ class Library:
     def __init__(self, path, folder, links):
         self.Path, self.Folder, self.Links = path, folder, links
         self.PublicFolder = folder / "include" / path
-        # A generated file lies in the build tree and is nobody's concern here.
+        # A generated file is in the build tree and does not count here.
         self.Files = sorted(p for p in folder.rglob("*") if p.suffix in CODE)
 
     @property

@@ -33,7 +33,7 @@ class GlobalObjects {
 public:
     GlobalObjects() {
         modGlobal::CreateGlobalObjects();
-        // Nobody is there to answer a box; the log still gets its lines.
+        // No one is there to answer a box; the log still gets its lines.
         modLog::Log().SetQuiet(true);
     }
     ~GlobalObjects() { modGlobal::DestroyGlobalObjects(); }
@@ -45,16 +45,16 @@ std::string CheckCodePage(const std::string& text) {
     const bool known = !text.empty() && text.size() < 6 &&
                        text.find_first_not_of("0123456789") == std::string::npos &&
                        modEncoding::IsKnownCodePage(std::stoi(text));
-    return known ? std::string() : "'" + text + "' is no code page that dorvik knows";
+    return known ? std::string() : "unknown code page '" + text + "'";
 }
 
 void AddCodePage(CLI::App& command, int& codePage) {
-    command.add_option("--code-page", codePage, "Of files without a byte order mark (1252)")
+    command.add_option("--code-page", codePage, "For files without a byte order mark (1252)")
         ->type_name("NUMBER")
         ->check(CheckCodePage);
 }
 
-// The texts fit a terminal of 80 columns: at most 49 characters behind the column of names.
+// The texts fit a terminal of 80 columns: at most 49 characters after the column of names.
 
 /// Left out of the help: it serves comparisons with results of older versions.
 void AddKeepKnownFaults(CLI::App& command, bool& keep) {
@@ -62,7 +62,7 @@ void AddKeepKnownFaults(CLI::App& command, bool& keep) {
 }
 
 void AddReportStyle(CLI::App& command, std::string& style) {
-    command.add_option("--report-style", style, "'modern' adds a page for the screen (classic)")
+    command.add_option("--report-style", style, "'modern' adds an interactive page (classic)")
         ->type_name("NAME")
         ->check(CLI::IsMember({ReportOptions::kClassic, ReportOptions::kModern}).description(""));
 }
@@ -74,12 +74,12 @@ void AddReports(CLI::App& review, ReportOptions& options) {
             ->check(CLI::IsMember(
                         {ReportOptions::kNone, ReportOptions::kSummary, ReportOptions::kDetailed})
                         .description(""));
-    review.add_option("--reports", options.Folder, "For the pages (where the results are)")
+    review.add_option("--reports", options.Folder, "Folder for the pages (where the results are)")
         ->type_name("FOLDER")
         ->needs(detail);
     AddReportStyle(review, options.Style);
     review.get_option("--report-style")->needs(detail);
-    review.add_option("--batch-title", options.BatchTitle, "Of the page of all projects")
+    review.add_option("--batch-title", options.BatchTitle, "Title of the page of all projects")
         ->type_name("TEXT")
         ->needs(detail);
 }
@@ -89,15 +89,16 @@ void AddReport(
     ReportCommandOptions& options,
     std::string& style,
     std::function<ExitCode()>& chosen) {
-    CLI::App& report = *app.add_subcommand("report", "Write reports again from results databases");
+    CLI::App& report =
+        *app.add_subcommand("report", "Write reports from finished results databases");
     report.add_option("DATABASE", options.Databases, "Results databases of finished reviews")
         ->required()
         ->type_name("");
     report.add_flag("--detailed", options.Detailed, "Also a page for each source file");
-    report.add_option("--reports", options.Folder, "For the pages (beside each database)")
+    report.add_option("--reports", options.Folder, "Folder for the pages (beside each database)")
         ->type_name("FOLDER");
     AddReportStyle(report, style);
-    report.add_flag("--quiet", options.Quiet, "Print nothing but errors");
+    report.add_flag("--quiet", options.Quiet, "Print only errors");
     report.callback([&] {
         options.Modern = style == ReportOptions::kModern;
         chosen = [&options] {
@@ -115,7 +116,7 @@ void AddReview(CLI::App& app, ReviewOptions& options, std::function<ExitCode()>&
         ->type_name("FILE");
     review
         .add_option(
-            "--results", options.ResultsFolder, "For results ('Dorvik' beside each project)")
+            "--results", options.ResultsFolder, "Results folder ('Dorvik' beside each project)")
         ->type_name("FOLDER");
     AddReports(review, options.Reports);
     review.add_flag("--clear-log", options.ClearLog, "Empty each project's review log first");
@@ -124,24 +125,27 @@ void AddReview(CLI::App& app, ReviewOptions& options, std::function<ExitCode()>&
         ->delimiter(',')
         ->allow_extra_args(false)
         ->check(CLI::IsMember({"ac", "ar", "cc", "nc", "uk"}).description(""));
-    review.add_option("--severity", options.Severities, "1 (critical) to 5 (information) (all)")
+    review
+        .add_option(
+            "--severity", options.Severities, "Severities: 1 (critical) to 5 (information) (all)")
         ->type_name("LIST")
         ->delimiter(',')
         ->allow_extra_args(false)
         ->check(CLI::Range(1, 5).description(""));
     review
-        .add_option("--script-seconds", options.ScriptSeconds, "Stop a script that runs longer (5)")
+        .add_option("--script-seconds", options.ScriptSeconds, "Seconds that a script may run (5)")
         ->type_name("NUMBER")
         ->check(CLI::Range(0.0, 2'000'000.0).description(""));
     review
         .add_option(
             "--script-instructions",
             options.ScriptInstructions,
-            "Stop a script that takes more (50000000)")
+            "Instructions that a script may run (50000000)")
         ->type_name("NUMBER")
         ->check(CLI::Range(std::int64_t{0}, std::int64_t{1'000'000'000'000}).description(""));
-    review.add_flag("--accept-faults", options.AcceptFaults, "Use what can be read of a rulebase");
-    review.add_flag("--rule-times", options.RuleTimes, "Tell which scripts took the most time");
+    review.add_flag(
+        "--accept-faults", options.AcceptFaults, "Review with the readable part of a rulebase");
+    review.add_flag("--rule-times", options.RuleTimes, "Show which scripts took the most time");
     review.add_option("--tolerance", options.Tolerances, "Set (CVC=0) or clear (CVC=none) a limit")
         ->type_name("NAME=N")
         ->delimiter(',')
@@ -154,8 +158,8 @@ void AddReview(CLI::App& app, ReviewOptions& options, std::function<ExitCode()>&
         ->allow_extra_args(false);
     AddCodePage(review, options.CodePage);
     AddKeepKnownFaults(review, options.KeepKnownFaults);
-    review.add_flag("--progress", options.Progress, "Show progress also without a terminal");
-    review.add_flag("--quiet", options.Quiet, "Print nothing but errors");
+    review.add_flag("--progress", options.Progress, "Show progress even without a terminal");
+    review.add_flag("--quiet", options.Quiet, "Print only errors");
     review.callback([&] {
         chosen = [&options] {
             return RunReview(options);
@@ -196,7 +200,7 @@ std::vector<const CLI::Option*> Positionals(const CLI::App& app) {
 /// The commands that the user names, as far as they are commands.
 struct NamedCommand {
     std::string Path = "dorvik";
-    std::string Wrong;  // the word behind them that should be a command and is none
+    std::string Wrong;  // the word after them that should be a command and is none
 };
 
 NamedCommand ReadCommand(const CLI::App& app, int argc, char** argv) {
@@ -227,18 +231,18 @@ NamedCommand ReadCommand(const CLI::App& app, int argc, char** argv) {
     return named;
 }
 
-ExitCode TellWrongUse(const NamedCommand& named, const std::string& sentence) {
+ExitCode ReportWrongUse(const NamedCommand& named, const std::string& sentence) {
     modConsole::PrintError(sentence + " (see '" + named.Path + " --help')");
     return ExitCode::NothingDone;
 }
 
-/// What was not printed was not told: the exit code of a command counts only with its output.
+/// A command whose output was lost has failed, whatever its exit code.
 ExitCode AfterOutput(ExitCode code) {
     const std::string failure = modConsole::OutputFailure();
     if (failure.empty()) {
         return code;
     }
-    modConsole::PrintError("standard output cannot be written: " + failure);
+    modConsole::PrintError("cannot write to standard output: " + failure);
     return ExitCode::NothingDone;
 }
 
@@ -267,9 +271,9 @@ int RunCommandLine(int argc, char** argv) {
     const NamedCommand named = ReadCommand(app, argc, argv);
     if (!named.Wrong.empty()) {
         const bool atTop = named.Path == app.get_name();
-        return static_cast<int>(TellWrongUse(
+        return static_cast<int>(ReportWrongUse(
             named,
-            "'" + named.Wrong + "' is no command" + (atTop ? "" : " of '" + named.Path + "'")));
+            "unknown command '" + named.Wrong + "'" + (atTop ? "" : " of '" + named.Path + "'")));
     }
     try {
         app.parse(argc, argv);
@@ -279,7 +283,7 @@ int RunCommandLine(int argc, char** argv) {
         modConsole::Print(text.str());
         return static_cast<int>(AfterOutput(ExitCode::Passed));
     } catch (const CLI::ParseError& error) {
-        return static_cast<int>(TellWrongUse(named, error.what()));
+        return static_cast<int>(ReportWrongUse(named, error.what()));
     }
     return static_cast<int>(AfterOutput(RunChosen(chosen)));
 }

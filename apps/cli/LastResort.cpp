@@ -14,11 +14,10 @@ namespace dorvik::modLastResort {
 
 namespace {
 
-constexpr std::string_view kOutOfMemory =
-    "dorvik: the memory of this machine is not enough for this; nothing more was done\n";
-constexpr std::string_view kUnknown = "dorvik: ended by an unexpected failure of unknown kind\n";
+constexpr std::string_view kOutOfMemory = "dorvik: out of memory; the command was aborted\n";
+constexpr std::string_view kUnknown = "dorvik: aborted by an unexpected error of unknown type\n";
 
-void TellFailure(const std::exception_ptr& failure) {
+void ReportFailure(const std::exception_ptr& failure) {
     try {
         std::rethrow_exception(failure);
     } catch (const std::bad_alloc&) {
@@ -26,16 +25,16 @@ void TellFailure(const std::exception_ptr& failure) {
     } catch (const BasicError& error) {
         modConsole::PrintError(error.what());
     } catch (const std::exception& error) {
-        modConsole::PrintError("ended by an unexpected failure: " + std::string(error.what()));
+        modConsole::PrintError("aborted by an unexpected error: " + std::string(error.what()));
     } catch (...) {
         modConsole::PrintErrorAsIs(kUnknown);
     }
 }
 
-/// Tells the failure, also where there is no memory left to put it into words.
-void Tell(const std::exception_ptr& failure) noexcept {
+/// Reports the failure, also where there is no memory left to put it into words.
+void Report(const std::exception_ptr& failure) noexcept {
     try {
-        TellFailure(failure);
+        ReportFailure(failure);
     } catch (...) {
         modConsole::PrintErrorAsIs(kOutOfMemory);
     }
@@ -44,7 +43,7 @@ void Tell(const std::exception_ptr& failure) noexcept {
 [[noreturn]] void EndAtOnce() {
     UnfinishedFile::RemoveAll();
     if (const std::exception_ptr failure = std::current_exception()) {
-        Tell(failure);
+        Report(failure);
     } else {
         modConsole::PrintErrorAsIs(kUnknown);
     }
@@ -58,7 +57,7 @@ int Run(const std::function<int()>& command) {
         return command();
     } catch (...) {
         UnfinishedFile::RemoveAll();
-        Tell(std::current_exception());
+        Report(std::current_exception());
     }
     return static_cast<int>(ExitCode::NothingDone);
 }

@@ -6,10 +6,10 @@
 
 namespace dorvik {
 
-/// What stands around a whole command, so that nothing leaves the program but an exit code and a sentence.
+/// What is around a whole command, so that nothing leaves the program but an exit code and a sentence.
 namespace modLastResort {
 
-/// Runs the command. A failure that nobody else has caught is told in one sentence, files that it left
+/// Runs the command. A failure that nothing else has caught is reported in one sentence, files that it left
 /// unfinished are removed, and the exit code is `NothingDone`.
 int Run(const std::function<int()>& command);
 

@@ -26,7 +26,7 @@ std::size_t SkipDigits(const std::string& text, std::size_t position) {
     return position;
 }
 
-/// Behind the exponent that begins at `position`, or `position` itself if none does. The reviewed
+/// After the exponent that begins at `position`, or `position` itself if none does. The reviewed
 /// language writes "D" as well as "E"; the "D" is turned into an "E".
 std::size_t SkipExponent(std::string& text, std::size_t position) {
     if (position >= text.size() ||
@@ -45,7 +45,7 @@ std::size_t SkipExponent(std::string& text, std::size_t position) {
     return end;
 }
 
-/// The byte behind the number that the text begins with; 0 if it begins with none.
+/// The byte after the number that the text begins with; 0 if it begins with none.
 std::size_t NumberEnd(std::string& text) {
     const std::size_t first = !text.empty() && text[0] == '-' ? 1 : 0;
     std::size_t end = SkipDigits(text, first);
@@ -146,7 +146,7 @@ std::int32_t RoundToLong(double value) {
     const double rounded = std::nearbyint(value);
     constexpr double kLeast = std::numeric_limits<std::int32_t>::min();
     constexpr double kGreatest = std::numeric_limits<std::int32_t>::max();
-    if (!(rounded >= kLeast && rounded <= kGreatest)) {  // also true for what is no number
+    if (!(rounded >= kLeast && rounded <= kGreatest)) {  // also true for what is not a number
         RaiseRuntimeError(runtimeerror::kOverflow);
     }
     return static_cast<std::int32_t>(rounded);

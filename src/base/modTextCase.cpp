@@ -21,7 +21,7 @@ namespace {
 constexpr std::size_t kNone = std::string_view::npos;
 constexpr std::uint64_t kHighBits = 0x8080808080808080ULL;
 
-/// Stray bytes count as characters of their own behind the last one of Unicode, each different.
+/// Stray bytes count as characters of their own after the last one of Unicode, each different.
 constexpr char32_t kFirstStrayByte = 0x110000;
 
 constexpr std::array<unsigned char, 256> MakeLowerTable() {
@@ -77,7 +77,7 @@ char32_t Mapped(std::span<const CaseRun> runs, char32_t codePoint) {
     return static_cast<char32_t>(static_cast<std::int32_t>(codePoint) + run.Distance);
 }
 
-/// The lower-case form of the character at `position`, which moves behind it.
+/// The lower-case form of the character at `position`, which moves after it.
 char32_t NextLower(std::string_view text, std::size_t& position) {
     const unsigned char byte = ByteAt(text, position);
     if (byte < 0x80) {
@@ -111,7 +111,7 @@ std::size_t CommonAscii(std::string_view left, std::string_view right) {
     return position;
 }
 
-/// Steps over one character that stands in the same form in both texts.
+/// Steps over one character that is in the same form in both texts.
 bool StepOverSame(std::string_view left, std::string_view right, Agreement& found) {
     const modUtf8::Character character = modUtf8::Decode(left, found.Left);
     const std::string_view bytes = left.substr(found.Left, character.Size);

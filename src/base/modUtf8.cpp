@@ -31,7 +31,7 @@ std::size_t PromisedSize(unsigned lead) {
     return lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF5 ? 4 : 0;
 }
 
-/// Turns away overlong forms, surrogates and what lies above U+10FFFF.
+/// Rejects overlong forms, surrogates and what is above U+10FFFF.
 bool IsAllowed(char32_t codePoint, std::size_t size) {
     switch (size) {
         case 3: return codePoint >= 0x800 && (codePoint < 0xD800 || codePoint > 0xDFFF);
@@ -40,7 +40,7 @@ bool IsAllowed(char32_t codePoint, std::size_t size) {
     }
 }
 
-/// The byte offset behind `count` characters that begin at `position`.
+/// The byte offset after `count` characters that begin at `position`.
 std::size_t Advance(std::string_view text, std::size_t position, std::size_t count) {
     while (count > 0 && position < text.size()) {
         position += CharacterSize(text, position);

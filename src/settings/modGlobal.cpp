@@ -62,7 +62,7 @@ void CreateGlobalObjects() {
 void DestroyGlobalObjects() {
     Trap({"modGlobal", "DestroyGlobalObjects"}, [] {
         if (g_useCount == 1) {
-            // Somebody may have installed a log of his own since.
+            // Someone may have installed a log of his own since.
             if (&modLog::Log() == &Existing().Log) {
                 modLog::Install(nullptr);
             }

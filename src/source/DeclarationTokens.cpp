@@ -27,7 +27,7 @@ std::size_t DeclarationTokens::EndOfToken(std::size_t from) const {
             return i;
         }
         if (m_text[i] == '"' && m_strings == Strings::Emptied) {
-            // A quote without a partner is an ordinary character, and blanks behind it divide again.
+            // A quote without a partner is an ordinary character, and blanks after it divide again.
             const std::size_t closing = m_text.find('"', i + 1);
             i = closing == std::string_view::npos ? i : closing;
         }

@@ -18,16 +18,16 @@ public:
 
     struct Token {
         std::string_view Text;     ///< lives until the next token is taken
-        std::string_view Written;  ///< as it stands in the declaration
+        std::string_view Written;  ///< as it is written in the declaration
         std::size_t Start = 0;     ///< byte offset of `Written`
     };
 
     DeclarationTokens(std::string_view text, Strings strings) : m_text(text), m_strings(strings) {}
 
     bool AtEnd() const { return m_next > m_text.size(); }
-    /// False behind the last token.
+    /// False after the last token.
     bool Next(Token& token);
-    /// Goes on from that byte offset of the text; at its end, none is left.
+    /// Continues from that byte offset of the text; at its end, none is left.
     void GoOnFrom(std::size_t position);
 
 private:

@@ -38,8 +38,8 @@ bool IsObjectEnd(std::string_view line) {
     return line.size() == 3 && modKeyword::StartsWith(line, "End");
 }
 
-/// What stands behind the `Begin ` of a line, from its column 7 on.
-std::string_view BehindBegin(std::string_view line) {
+/// What follows the `Begin ` of a line, from its column 7 on.
+std::string_view AfterBegin(std::string_view line) {
     return line.substr(modKeyword::Match(line, "Begin "));
 }
 
@@ -97,7 +97,7 @@ bool LayoutReader::Extract(
     m_fault = {};
     const auto extract = [&] {
         WalkTo(ordinal);
-        const std::string_view definition = BehindBegin(modText::Trim(m_lines[m_next - 1]));
+        const std::string_view definition = AfterBegin(modText::Trim(m_lines[m_next - 1]));
         const std::size_t blank = definition.find(' ');
         if (blank == std::string_view::npos) {
             Fail(runtimeerror::kInvalidProcedureCall, m_next - 1, "a 'Begin' names no control");
@@ -128,7 +128,7 @@ void LayoutReader::NoteFailedProperty(std::int32_t errorNumber, const std::strin
         std::string buffer;
         const std::string_view line = modText::Trim(m_lines[m_place]);
         m_fault.Reason = "the property '" + std::string(KeyOf(line, m_propertyPath, buffer)) +
-                         "' of '" + controlName + "' stands a second time";
+                         "' of '" + controlName + "' is set twice";
     }
 }
 
@@ -142,7 +142,7 @@ void LayoutReader::WalkTo(std::int32_t ordinal) {
         const std::string_view line = modText::Trim(m_lines[m_next++]);
         if (IsBegin(line)) {
             ++m_count;
-            AppendName(m_containerPath, TextBehindBlank(BehindBegin(line)));
+            AppendName(m_containerPath, TextBehindBlank(AfterBegin(line)));
         } else if (modKeyword::StartsWith(line, "End")) {
             // Required: `EndProperty`, and any property whose name begins so, leaves a container too.
             DropLastName(m_containerPath);

@@ -33,7 +33,7 @@ struct CaseBlindEqual {
     }
 };
 
-/// Whether the line goes on in the next one. Most lines are done with by their last character.
+/// Whether the line continues in the next one. Most lines are done with by their last character.
 bool IsContinued(std::string_view physicalLine) {
     const std::size_t last = physicalLine.find_last_not_of(' ');
     return last != std::string_view::npos && physicalLine[last] == '_' &&
@@ -136,7 +136,7 @@ bool VirtualSourceFile::GetNextSourceLine(SourceLine& line) {
             return;
         }
         ReadPhysicalLines(line);
-        JudgeAttributeOrCode(line);
+        ClassifyAttributeOrCode(line);
         got = true;
     });
     return got;
@@ -179,8 +179,8 @@ void VirtualSourceFile::ReadContinuations(SourceLine& line) {
     }
 }
 
-void VirtualSourceFile::JudgeAttributeOrCode(SourceLine& line) {
-    // Required: an attribute line is one wherever it stands, also in a procedure.
+void VirtualSourceFile::ClassifyAttributeOrCode(SourceLine& line) {
+    // Required: an attribute line is one wherever it is, also in a procedure.
     if (IsAttributeLine(line.Raw)) {
         line.PhysicalLines = 0;
         if (modTextCase::StartsWith(line.Raw, "Attribute VB_Name =")) {

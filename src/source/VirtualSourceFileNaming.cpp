@@ -16,10 +16,10 @@ namespace dorvik {
 
 namespace {
 
-/// Where in a naming line the name stands.
+/// Where in a naming line the name is.
 enum class NamePlace {
     RestOfLine,
-    BehindBrace,    // two characters behind the first "}"
+    AfterBrace,     // two characters after the first "}"
     BetweenQuotes,  // between the first two double quotes
 };
 
@@ -34,14 +34,14 @@ struct NamingRow {
 constexpr NamingRow kNamingRows[] = {
     {"Begin VB.Form ", NamePlace::RestOfLine, "Form"},
     {"Begin VB.MDIForm ", NamePlace::RestOfLine, "MDIForm"},
-    {"Begin {", NamePlace::BehindBrace, "Designer"},
+    {"Begin {", NamePlace::AfterBrace, "Designer"},
     {"Begin VB.PropertyPage ", NamePlace::RestOfLine, "PropertyPage"},
     {"Begin VB.UserDocument ", NamePlace::RestOfLine, "UserDocument"},
     {"Begin VB.UserControl ", NamePlace::RestOfLine, "UserControl"},
     {"Attribute VB_Name = ", NamePlace::BetweenQuotes, ""},
 };
 
-/// The row whose prefix the line begins with as it stands: an indented line, that of a control
+/// The row whose prefix the line begins with as it is written: an indented line, that of a control
 /// inside the layout, matches none.
 const NamingRow* FindNamingRow(std::string_view line) {
     if (line.empty() || std::string_view("BbAa").find(line.front()) == std::string_view::npos) {
@@ -55,7 +55,7 @@ const NamingRow* FindNamingRow(std::string_view line) {
     return nullptr;
 }
 
-std::string_view BehindBrace(std::string_view line) {
+std::string_view AfterBrace(std::string_view line) {
     const std::size_t brace = line.find('}');
     return brace == std::string_view::npos ? std::string_view()
                                            : modUtf8::Mid(line.substr(brace), 3);
@@ -76,7 +76,7 @@ std::string_view BetweenQuotes(std::string_view line) {
 std::string_view NameFromLine(std::string_view line, const NamingRow& row) {
     switch (row.Place) {
         case NamePlace::RestOfLine: return line.substr(row.Prefix.size());
-        case NamePlace::BehindBrace: return BehindBrace(line);
+        case NamePlace::AfterBrace: return AfterBrace(line);
         case NamePlace::BetweenQuotes: return BetweenQuotes(line);
     }
     return {};

@@ -20,7 +20,7 @@ std::vector<std::string_view> Elements(std::string_view text, std::size_t needed
     return elements;
 }
 
-/// Required: everything behind the first backslash, so that the letter in front of the name stays
+/// Required: everything after the first backslash, so that the letter in front of the name stays
 /// with it. A line without a backslash is taken whole.
 std::string_view DesignTimeFilename(std::string_view line) {
     return line.substr(line.find('\\') + 1);

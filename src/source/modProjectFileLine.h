@@ -30,7 +30,7 @@ Keyed<VirtualReference> ReferenceFromLine(std::string_view line);
 Keyed<VirtualComponent> ComponentFromLine(std::string_view line);
 
 /// A hexadecimal locale as the reviewed language reads "&H" and the text: blanks and tabs skipped,
-/// up to the first character that is no digit, four digits giving a signed 16-bit number.
+/// up to the first character that is not a digit, four digits giving a signed 16-bit number.
 std::int32_t LocaleFromHexadecimal(std::string_view digits);
 
 }  // namespace dorvik::modProjectFileLine

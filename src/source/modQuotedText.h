@@ -6,9 +6,9 @@
 /// Strings in a line, as far as a plain pairing of its double quotes finds them.
 namespace dorvik::modQuotedText {
 
-/// Calls `visit(part)` for what stands around the strings, from left to right; joined, the parts are
+/// Calls `visit(part)` for what is around the strings, from left to right; joined, the parts are
 /// the line with every string emptied, its two quotes kept. A quote without a partner and what
-/// stands behind it belong to the last part.
+/// follows it belong to the last part.
 template <typename Visit>
 void ForEachPartAround(std::string_view line, Visit&& visit) {
     std::size_t from = 0;

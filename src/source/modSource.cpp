@@ -13,7 +13,7 @@ namespace {
 constexpr std::string_view kRemComment = ": Rem ";
 
 /// The two flags with which a text is walked character by character. A string counts as closed only
-/// at the first character behind its closing quote, since that may be a doubled quote.
+/// at the first character after its closing quote, since that may be a doubled quote.
 class QuoteScanner {
 public:
     bool InString() const { return m_inString; }
@@ -37,7 +37,7 @@ private:
     bool m_closePending = false;
 };
 
-/// Byte offset of the first `character` outside a string, or npos. REQUIRES: it is folded.
+/// Byte offset of the first `character` outside a string, or npos. REQUIRES: it is case-folded.
 std::size_t FindOutsideStrings(std::string_view text, char character) {
     QuoteScanner scanner;
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -71,7 +71,7 @@ std::string_view DropLineNumber(std::string_view line) {
     return line.substr(static_cast<std::size_t>(start - line.begin()));
 }
 
-/// Whether the text behind a colon makes the line one of several statements.
+/// Whether the text after a colon makes the line one of several statements.
 bool IsFurtherStatement(std::string_view behind) {
     const std::string_view text = modText::TrimLeft(behind);
     if (text.empty() || text.front() == '=' || text.front() == '\'') {
@@ -90,7 +90,7 @@ LineType SourceLineType(std::string_view line) {
     if (IsCommentOnlyLine(line)) {
         return LineType::CommentOnly;
     }
-    // Required: asked before the in-line comment, so a comment behind code may "continue" the line.
+    // Required: tested before the in-line comment, so a comment after code may "continue" the line.
     if (modText::TrimRight(line).ends_with('_')) {
         return LineType::Continued;
     }
@@ -111,7 +111,7 @@ bool IsCommentOnlyLine(std::string_view line) {
     if (text.front() == '\'') {
         return true;
     }
-    // Required: the trimmed text must hold the blank, so `Rem` alone is no comment.
+    // Required: the trimmed text must hold the blank, so `Rem` alone is not a comment.
     return modKeyword::StartsWith(text, "Rem ") && !modText::TrimLeft(text.substr(4)).empty();
 }
 
@@ -137,7 +137,7 @@ bool IsMultiStatementLine(std::string_view line) noexcept {
         if (line[i] == '"') {
             scanner.Quote();
         } else if (line[i] == '\'') {
-            // Required: a single quote directly behind a string is passed over and doesn't close it.
+            // Required: a single quote directly after a string is skipped and doesn't close it.
             if (!scanner.InString()) {
                 return false;
             }

@@ -27,7 +27,7 @@ constexpr auto kFunction = MakeTable(
 constexpr auto kProperty = MakeTable(
     "PRIVATE STATIC PROPERTY ", "FRIEND STATIC PROPERTY ", "PUBLIC STATIC PROPERTY ",
     "PRIVATE PROPERTY ", "STATIC PROPERTY ", "FRIEND PROPERTY ", "PUBLIC PROPERTY ", "PROPERTY ");
-// Required: no blank behind the words of an end, so `End Subroutine` matches too.
+// Required: no blank after the words of an end, so `End Subroutine` matches too.
 constexpr auto kProcedureEnd = MakeTable("END PROPERTY", "END FUNCTION", "END SUB");
 constexpr auto kEnumEnd = MakeTable("END ENUM");
 constexpr auto kTypeEnd = MakeTable("END TYPE");
@@ -60,12 +60,12 @@ std::string_view CutAt(std::string_view text, char character) {
     return text.substr(0, text.find(character));
 }
 
-/// The name behind a keyword: up to the first bracket, or all there is.
+/// The name after a keyword: up to the first bracket, or all there is.
 std::string NameFrom(std::optional<std::string_view> text) {
     return std::string(modText::Trim(CutAt(text.value_or(std::string_view()), '(')));
 }
 
-/// Required: is-static goes by the place of the word, wherever it stands in front of the keyword.
+/// Required: is-static goes by the place of the word, wherever it is in front of the keyword.
 bool IsStaticBefore(std::string_view line, std::string_view keyword) {
     const std::string_view text = StripTabsAndComment(line);
     const std::size_t found = modTextCase::Find(text, "Static");
@@ -124,7 +124,7 @@ DeclareStatement CutDeclareStatement(std::string_view line) {
     result.ProcedureType = procedureType;
     result.Name = name;
     result.Library = NextQuotedWord(*library);
-    // The blank behind the library belongs to what is searched: " Alias " begins with it.
+    // The blank after the library belongs to what is searched: " Alias " begins with it.
     if (const auto alias = TextFrom(library->substr(library->find(' ')), " Alias ", 8)) {
         result.Alias = NextQuotedWord(*alias);
     }

@@ -33,7 +33,7 @@ std::string_view TextBeforeLastQuote(std::string_view text) {
 }
 
 void AddComponentProperties(std::string_view line, KeyedArrayList& properties) {
-    // Another project of the environment stands in the place of a compiled component.
+    // A project of the environment in place of a compiled component.
     if (modKeyword::StartsWith(line, "Object = \"*\\")) {
         properties.Add(propertyname::kDesignTime, true);
         properties.Add(propertyname::kFilename, TextBeforeLastQuote(modUtf8::Mid(line, 13)));

@@ -44,7 +44,7 @@ MakeObject(const Constant& constant, const Declaration& declaration) {
     return object;
 }
 
-/// Takes the value that begins at the token and leaves the walk behind it.
+/// Takes the value that begins at the token and leaves the cursor after it.
 void TakeValue(
     std::string_view text, std::size_t start, DeclarationTokens& tokens, Constant& constant) {
     const std::string_view rest = text.substr(start);
@@ -55,7 +55,7 @@ void TakeValue(
         RaiseRuntimeError(runtimeerror::kInvalidProcedureCall);
     }
     constant.Value = modSource::RemoveQuotes(value);
-    // One character stands between the comma and the next name.
+    // One character is between the comma and the next name.
     const std::size_t behind = start + comma;
     tokens.GoOnFrom(behind < text.size() ? behind + modUtf8::CharacterSize(text, behind) : behind);
 }

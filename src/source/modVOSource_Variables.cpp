@@ -119,7 +119,7 @@ bool TakeToken(std::string_view token, Walk walk, DeclarationTokens& tokens, Var
         variable.DataType.clear();  // a suffix gives way to the type that is written
         variable.HasWrittenType = true;
     }
-    // Required: a token behind the data type is appended to it, also behind a second "As".
+    // Required: a token after the data type is appended to it, also after a second "As".
     variable.DataType += token;
     return complete;
 }
@@ -135,7 +135,7 @@ Declaration TakeDeclaration(std::string_view& text, std::string_view parent) {
     Declaration declaration;
     declaration.Scope = modSource::ScopeFromDef(text);
     if (!declaration.Scope.empty()) {
-        // Required: a `Static` behind the scope word stays and is read as a name.
+        // Required: a `Static` after the scope word stays and is read as a name.
         text = modUtf8::Mid(text, declaration.Scope.size() + 2);
     } else if (!DropPrefix(text, "Dim ")) {
         declaration.IsStatic = DropPrefix(text, "Static ");

@@ -83,7 +83,7 @@ ByteView ByteView::Part(std::uint64_t offset, std::uint64_t size, std::string_vi
     if (offset > Size() || size > Size() - offset) {
         RaiseFormatError(
             std::string(name) + " (" + std::to_string(size) + " bytes at offset " +
-            HexText(FileOffset(offset)) + ") lies outside " + Extent());
+            HexText(FileOffset(offset)) + ") is outside " + Extent());
     }
     ByteView part(m_bytes.substr(offset, size), name);
     part.m_start = FileOffset(offset);

@@ -17,7 +17,7 @@ std::string HexText(std::uint64_t number);
 [[noreturn]] void RaiseFormatError(const std::string& text);
 
 /// A named stretch of a file, read by offsets from its own start, in the byte order of Intel. What
-/// lies outside raises `kInvalidFileFormat` with the offset in the file and the name, so a reader
+/// is outside raises `kInvalidFileFormat` with the offset in the file and the name, so a reader
 /// may follow whatever numbers a file gives it. REQUIRES: the bytes outlive the view.
 class ByteView {
 public:
@@ -41,7 +41,7 @@ public:
 
     /// A stretch of this one.
     ByteView Part(std::uint64_t offset, std::uint64_t size, std::string_view name) const;
-    /// What stands from there to the end.
+    /// What is from there to the end.
     ByteView From(std::uint64_t offset, std::string_view name) const;
 
 private:

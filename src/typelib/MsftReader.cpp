@@ -56,7 +56,7 @@ MsftReader::MsftReader(const ByteView& library)
       m_codePage(CodePageOf(library)) {
     if (m_typeCount > m_types.Size() / kTypeSize) {
         RaiseFormatError(
-            "offset " + HexText(library.FileOffset(kTypeCountField)) + " tells of " +
+            "offset " + HexText(library.FileOffset(kTypeCountField)) + " declares " +
             std::to_string(m_typeCount) + " types, but the table of types holds " +
             std::to_string(m_types.Size() / kTypeSize));
     }

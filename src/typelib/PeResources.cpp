@@ -105,7 +105,7 @@ PeResources::OfType(std::string_view typeName, std::vector<std::string>& faults)
 void PeResources::ReadSections(std::uint64_t start, std::uint16_t count) {
     if (count > kMostSections) {
         RaiseFormatError(
-            "the program's header tells of " + std::to_string(count) + " sections before offset " +
+            "the program's header declares " + std::to_string(count) + " sections before offset " +
             HexText(m_file.FileOffset(start)));
     }
     for (std::uint16_t number = 0; number < count; ++number) {

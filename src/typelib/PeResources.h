@@ -20,7 +20,7 @@ struct PeResource {
 /// Finds resources in a 32-bit or 64-bit program of Windows (the PE format), by the layout that its
 /// maker publishes: a header that leads to sections, and in one of them a tree of three levels, for
 /// the types, the numbers and the languages. Resources that have a name instead of a number are
-/// passed over. REQUIRES: the bytes of the file outlive the object.
+/// skipped. REQUIRES: the bytes of the file outlive the object.
 class PeResources {
 public:
     enum class FileKind { NoProgram, DosProgram, WindowsProgram16Bit, OtherProgram, Pe };
@@ -32,7 +32,7 @@ public:
     explicit PeResources(const ByteView& file);
 
     /// The resources of a type that has a name, by number, then language. What is damaged among
-    /// them is left out and told in `faults`.
+    /// them is left out and reported in `faults`.
     std::vector<PeResource> OfType(std::string_view typeName, std::vector<std::string>& faults);
 
 private:

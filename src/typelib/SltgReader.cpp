@@ -36,12 +36,12 @@ constexpr std::uint64_t kNamesStart = 0x210;
 constexpr std::uint64_t kFirstName = 8;  // offsets of names count from here
 constexpr std::uint64_t kLongestName = 255;
 
-/// Follows the chain of blocks, whose data stand in its order, to the last one.
+/// Follows the chain of blocks, whose data are in its order, to the last one.
 ByteView LibraryBlock(const ByteView& library) {
     const std::uint64_t count = library.Word(kBlockCountField);
     if (count < 2) {
         RaiseFormatError(
-            "offset " + HexText(library.FileOffset(kBlockCountField)) + " tells of no blocks");
+            "offset " + HexText(library.FileOffset(kBlockCountField)) + " declares no blocks");
     }
     const ByteView entries =
         library.Part(kHeaderSize, (count - 1) * kBlockSize, "the list of blocks");

@@ -45,7 +45,7 @@ private:
     void Skip(std::uint64_t size) { m_place += size; }
 
     ByteView m_block;                          // of the library
-    std::uint64_t m_place = 0;                 // where in it reading goes on
+    std::uint64_t m_place = 0;                 // where in it reading continues
     std::vector<std::uint16_t> m_nameOffsets;  // of the types
     int m_codePage = 0;
 };

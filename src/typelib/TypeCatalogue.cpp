@@ -77,7 +77,7 @@ void TypeCatalogue::Take(CatalogueLibrary library) {
 }
 
 void TypeCatalogue::LendTypes() {
-    // One that borrows may lend itself, so nobody can be asked more often than there are libraries.
+    // One that borrows may lend itself, so no one can be queried more often than there are libraries.
     std::size_t rounds = m_libraries.size();
     bool isMoving = true;
     while (isMoving && rounds-- > 0) {

@@ -111,11 +111,11 @@ void TypeCatalogueReader::ReadLine(std::string_view line) {
         return;
     }
     if (m_draft.Line == 0 && !modTextCase::Equal(word, kLibraryWord)) {
-        Complain(m_line, "it stands before the first line that begins with 'library'");
+        Complain(m_line, "it comes before the first line that begins with 'library'");
     } else if (rest.empty()) {
-        Complain(m_line, "nothing stands behind " + Quoted(word));
+        Complain(m_line, "no value follows " + Quoted(word));
     } else if (!TakeFact(word, rest) && !TakeTypes(word, rest)) {
-        Complain(m_line, Quoted(word) + " is no word of the type catalogue");
+        Complain(m_line, "unknown keyword " + Quoted(word));
     }
 }
 
@@ -146,7 +146,7 @@ bool TypeCatalogueReader::TakeTypes(std::string_view word, std::string_view name
 
 void TypeCatalogueReader::AddType(std::string_view name, std::int32_t kind) {
     if (!IsTypeName(name)) {
-        Complain(m_line, Quoted(name) + " is no name of a type");
+        Complain(m_line, Quoted(name) + " is not a valid name of a type");
     } else if (!m_draft.Names.insert(modTextCase::ToLower(name)).second) {
         Complain(m_line, "the library has the name " + Quoted(name) + " already");
     } else {
@@ -167,7 +167,7 @@ void TypeCatalogueReader::TakeGuid(std::string_view rest) {
     } else {
         Complain(
             m_line,
-            Quoted(rest) + " is no GUID; one looks like {00020430-0000-0000-C000-000000000046}");
+            Quoted(rest) + " is not a GUID; an example is {00020430-0000-0000-C000-000000000046}");
     }
 }
 
@@ -195,7 +195,7 @@ void TypeCatalogueReader::TakeVersions(std::string_view rest) {
         if (ReadVersion(word, version)) {
             m_draft.Versions.push_back(version);
         } else {
-            Complain(m_line, Quoted(word) + " is no version; one looks like 2.0");
+            Complain(m_line, Quoted(word) + " is not a version; an example is 2.0");
         }
     }
 }
@@ -205,7 +205,7 @@ void TypeCatalogueReader::TakeLanguage(std::string_view rest) {
     if (number.has_value() && *number >= 0) {
         m_draft.Library.Facts.Lcid = *number;
     } else {
-        Complain(m_line, Quoted(rest) + " is no language; one looks like 1033, and 0 is none");
+        Complain(m_line, Quoted(rest) + " is not a language; an example is 1033, and 0 means none");
     }
 }
 
@@ -232,7 +232,7 @@ void TypeCatalogueReader::TakeTypesAs(std::string_view rest) {
         m_draft.Library.TypesAs = {
             modTextCase::ToUpper(guid), version.Major, version.Minor, m_line};
     } else {
-        Complain(m_line, "a GUID and a version belong behind 'types-as'");
+        Complain(m_line, "'types-as' must be followed by a GUID and a version");
     }
 }
 

@@ -10,13 +10,13 @@
 
 namespace dorvik {
 
-/// The type libraries for one project: those in files on its search path, and behind them the catalogue
+/// The type libraries for one project: those in files on its search path, and after them the catalogue
 /// of the well-known ones.
 class TypeLibraries final : public ITypeLibraries {
 public:
     using CatalogueGetter = std::function<const TypeCatalogue&()>;
 
-    /// `catalogue` is asked only when no file answers. REQUIRES: the index, and what the getter uses,
+    /// `catalogue` is queried only when no file has the library. REQUIRES: the index, and what the getter uses,
     /// outlive this object.
     TypeLibraries(
         TypeLibraryIndex& index, std::vector<std::string> folders, CatalogueGetter catalogue);

@@ -41,10 +41,10 @@ const TypeLibraryFolderListing& TypeLibraryIndex::LibrariesIn(std::string_view f
     if (found != m_folders.end()) {
         return found->second;
     }
-    return m_folders.emplace(folder, LookThrough(folder)).first->second;
+    return m_folders.emplace(folder, Scan(folder)).first->second;
 }
 
-TypeLibraryFolderListing TypeLibraryIndex::LookThrough(std::string_view folder) {
+TypeLibraryFolderListing TypeLibraryIndex::Scan(std::string_view folder) {
     const TypeLibraryFolderFiles files = modTypeLibraryFolder::FilesBelow(folder, m_limits);
     TypeLibraryFolderListing listing;
     listing.FileCount = files.Files.size();
@@ -56,7 +56,7 @@ TypeLibraryFolderListing TypeLibraryIndex::LookThrough(std::string_view folder) 
         for (const std::string& fault : file.Faults) {
             listing.Faults.push_back({candidate.Path, fault});
         }
-        // Thousands of files may lie there, and a review waits for them.
+        // Thousands of files may be there, and a review waits for them.
         modHost::YieldToInput();
     }
     m_file.Save();

@@ -169,7 +169,7 @@ bool TypeLibraryIndexFile::Save() {
         return true;
     }
     bool saved = false;
-    // The index only saves time, so nobody is troubled where it cannot be kept.
+    // The index only saves time, so a failure to keep it is not reported.
     Trap(
         {kModule, "Save"},
         [&] {

@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::string_view kResourceType = "TYPELIB";
 constexpr std::int32_t kHighestNumber = 0xFFFF;
-constexpr std::size_t kMostFaults = 20;  // of a file; nobody reads more
+constexpr std::size_t kMostFaults = 20;  // of a file; no one reads more
 
 /// What a file's faults begin with.
 std::string FileText(std::string_view name) {
@@ -36,7 +36,7 @@ public:
         } else {
             AddFaults(" is damaged: ", [this](auto& faults) { return TryProgram(faults); });
         }
-        TellMissing();
+        ReportMissing();
         LimitFaults();
         return std::move(m_result);
     }
@@ -57,13 +57,13 @@ private:
     void TryProgram(std::vector<std::string>& faults) {
         switch (PeResources::KindOf(m_file)) {
             case PeResources::FileKind::NoProgram:
-                return TellOther("is neither a type library nor a program");
+                return ReportOther("is neither a type library nor a program");
             case PeResources::FileKind::DosProgram:
-                return TellOther("is a DOS program, which holds no type library");
+                return ReportOther("is a DOS program, which holds no type library");
             case PeResources::FileKind::WindowsProgram16Bit:
-                return TellOther("is a 16-bit program, whose type libraries cannot be read");
+                return ReportOther("is a 16-bit program, whose type libraries cannot be read");
             case PeResources::FileKind::OtherProgram:
-                return TellOther("is a program of a kind that holds no type library");
+                return ReportOther("is a program of a kind that holds no type library");
             case PeResources::FileKind::Pe: return ReadProgram(faults);
         }
     }
@@ -72,7 +72,7 @@ private:
         PeResources resources(m_file);
         const std::vector<PeResource> found = resources.OfType(kResourceType, faults);
         if (found.empty() && faults.empty()) {
-            return TellOther("is a program without type libraries");
+            return ReportOther("is a program without type libraries");
         }
         std::uint64_t total = 0;
         for (const PeResource& resource : found) {
@@ -106,16 +106,16 @@ private:
             return SltgReader(library).Read();
         }
         RaiseFormatError(
-            "what begins at offset " + HexText(library.FileOffset(0)) + " has no known format");
+            "the data at offset " + HexText(library.FileOffset(0)) + " has an unknown format");
     }
 
-    void TellOther(std::string_view text) {
+    void ReportOther(std::string_view text) {
         m_result.IsOther = true;
         m_result.Faults.push_back(FileText(m_name) + " " + std::string(text) + ".");
     }
 
-    /// Somebody asked for one library, and the file has others.
-    void TellMissing() {
+    /// One library was requested, and the file has others.
+    void ReportMissing() {
         if (m_number && !m_numbers.empty() && std::ranges::count(m_numbers, *m_number) == 0) {
             m_result.Faults.push_back(
                 FileText(m_name) + " has no type library " + std::to_string(*m_number) + ", only " +

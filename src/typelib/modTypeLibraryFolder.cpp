@@ -22,7 +22,7 @@ bool PassOver(const BasicError& /*failure*/) {
     return true;
 }
 
-/// One walk, level by level, so that a limit costs what lies deepest.
+/// One traversal, level by level, so that a limit costs what is deepest.
 class Walk {
 public:
     explicit Walk(const TypeLibraryFolderLimits& limits) : m_limits(limits) {}

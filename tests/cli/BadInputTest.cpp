@@ -221,11 +221,11 @@ TEST_P(NoText, IsNamedAndNotReviewedAndCostsOnlyThatFile) {
         ElementsAre(
             "dorvik: the source file '" + Work(name).string() +
             (isText ? "' is UTF-32 text; save it as UTF-8, as UTF-16 or in its Windows code page"
-                    : "' holds no text but binary data")));
+                    : "' holds binary data, not text")));
     EXPECT_EQ(GoodFileIsReviewed(), "2");
     EXPECT_THAT(
         Run({"results", "Dorvik/P_DORVIK.mdb", "summary"}).Output,
-        HasSubstr("Verdict     none: 1 of 2 files was not reviewed to the end"));
+        HasSubstr("Verdict     none: 1 of 2 files was not reviewed completely"));
     EXPECT_THAT(Bytes("Dorvik/P_DORVIK.txt"), HasSubstr("1 error(s) reviewing source files."));
 }
 
@@ -304,7 +304,7 @@ TEST_F(BadInput, AFileReviewedInPartPassesNowhere) {
     const std::string database = "Dorvik/P_DORVIK.mdb";
     EXPECT_THAT(
         Run({"results", database, "summary"}).Output,
-        HasSubstr("Verdict     none: 1 of 2 files was not reviewed to the end"));
+        HasSubstr("Verdict     none: 1 of 2 files was not reviewed completely"));
     EXPECT_THAT(
         Run({"results", database, "summary", "--json"}).Output,
         AllOf(HasSubstr("\"unfinishedFiles\": 1"), HasSubstr("\"passed\": false")));
@@ -348,7 +348,7 @@ TEST_F(BadInput, AControlThatSavedAPropertyTwiceIsNamedAndTheNextFormIsReviewedW
     const std::string sentence = "dorvik: the layout of the source file '" +
                                  Work("X.frm").string() +
                                  "' was read only in part, because in line 5 the property 'Rows' "
-                                 "of 'G' stands a second time";
+                                 "of 'G' is set twice";
     EXPECT_THAT(result.Errors(), ElementsAre(sentence));
     EXPECT_EQ(
         Query("Dorvik/P_DORVIK.mdb", "SELECT LineNum FROM Violations WHERE Title = 'No Stop'"),

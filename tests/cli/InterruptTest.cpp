@@ -53,7 +53,7 @@ TEST_F(InterruptedReview, EndsInOrderAtEachSignalThatAsksForAnEnd) {
     for (const std::string signal : {"INT", "TERM", "HUP", "PIPE"}) {
         const ProgramResult result = Interrupted(signal);
         EXPECT_EQ(result.ExitCode, 130) << signal;
-        EXPECT_THAT(result.Error, HasSubstr("interrupted; the project at hand has no results"));
+        EXPECT_THAT(result.Error, HasSubstr("interrupted; the current project has no results"));
         EXPECT_EQ(Left(), "A_DORVIK.txt ") << signal;
     }
 }

@@ -278,7 +278,7 @@ TEST_F(ResultsCommand, CompleteAndReopenMarkViolationsAndLeaveOneFile) {
     EXPECT_THAT(FilesBeside(), ElementsAre("Shop_DORVIK.mdb", "Shop_DORVIK.txt"));
     const ProgramResult reopen = Show({"reopen", "1"});
     EXPECT_EQ(reopen.ExitCode, 0) << reopen.Error;
-    EXPECT_EQ(reopen.Output, "1 violation open again.\n");
+    EXPECT_EQ(reopen.Output, "1 violation reopened.\n");
     EXPECT_EQ(Values({"violations", "--severity", "1"}, "violations", "id"), "1 ");
     EXPECT_EQ(Show({"reopen", "3"}).ExitCode, 0);
     EXPECT_EQ(Values({"violations", "--severity", "1"}, "violations", "id"), "1 3 ");

@@ -78,7 +78,7 @@ TEST_F(ResultsRefusal, WhatIsNoResultsDatabaseIsToldAndLeftAsItIs) {
     } rows[] = {
         {"bad/text.mdb", "'bad/text.mdb' is not a database"},
         {"bad/empty.mdb", "'bad/empty.mdb' is not a results database"},
-        {"bad/cut.mdb", "'bad/cut.mdb' is not a database, or it is damaged"},
+        {"bad/cut.mdb", "'bad/cut.mdb' is not a database, or is damaged"},
         {"bad/old.mdb", "of version '6.01.0000' instead of '6.02.0000'; review the project again"},
         {"bad/noversion.mdb", "'bad/noversion.mdb' is not a results database"},
         {"bad/noreview.mdb", "'bad/noreview.mdb' holds no review"},
@@ -123,7 +123,7 @@ TEST_F(ResultsRefusal, NamesThatAreNotInTheDatabaseAreTold) {
 }
 
 TEST_F(ResultsRefusal, WrongUseNamesTheCommandThatHelps) {
-    ExpectRefusal(Show({"odd"}), "'odd' is no command of 'dorvik results DATABASE'");
+    ExpectRefusal(Show({"odd"}), "unknown command 'odd' of 'dorvik results DATABASE'");
     ExpectRefusal(Show({}), "(see 'dorvik results DATABASE --help')");
     ExpectRefusal(Run({"results"}), "DATABASE is required");
     ExpectRefusal(Show({"complete"}), "(see 'dorvik results DATABASE complete --help')");

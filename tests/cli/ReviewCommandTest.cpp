@@ -146,7 +146,7 @@ TEST_F(ReviewCommand, AMissingSourceFileEndsWithThreeAndIsNamed) {
         result.Errors(),
         ElementsAre("dorvik: the source file '" + Work("Lost.bas").string() + "' does not exist"));
     EXPECT_THAT(
-        result.Output, HasSubstr("Verdict     none: 1 of 2 files was not reviewed to the end"));
+        result.Output, HasSubstr("Verdict     none: 1 of 2 files was not reviewed completely"));
 }
 
 TEST_F(ReviewCommand, ADriveThatDoesNotExistHereIsAMissingFile) {
@@ -396,7 +396,7 @@ TEST_F(ReviewCommand, CtrlCLeavesNoHalfWrittenResultsAndKeepsFinishedOnes) {
     EXPECT_FALSE(Exists("Dorvik/First_DORVIK.mdb-lock"));
     EXPECT_FALSE(Exists("Dorvik/Second_DORVIK.mdb-lock"));
     EXPECT_EQ(Query("Dorvik/First_DORVIK.mdb", "SELECT Name FROM Projects"), "First");
-    EXPECT_EQ(run.Error(), "dorvik: interrupted; the project at hand has no results\n");
+    EXPECT_EQ(run.Error(), "dorvik: interrupted; the current project has no results\n");
     EXPECT_THAT(Bytes("Dorvik/Second_DORVIK.txt"), HasSubstr("Review aborted by user."));
 }
 
@@ -421,7 +421,7 @@ TEST_F(ReviewCommand, CtrlCWhilePagesAreWrittenLeavesTheNextProjectAlone) {
     EXPECT_EQ(run.ExitCode(), 130);
     EXPECT_EQ(
         run.Error(),
-        "dorvik: interrupted; the results are complete, but the report at hand was not written\n");
+        "dorvik: interrupted; the results are complete, but the current report was not written\n");
     EXPECT_NE(Query("Dorvik/First_DORVIK.mdb", "SELECT [End] FROM Review"), "");
     EXPECT_FALSE(Exists("Dorvik/First_Dorvik.html"));
     EXPECT_EQ(Bytes("Dorvik/Second_DORVIK.mdb"), before);

@@ -94,7 +94,7 @@ TEST_F(ReviewRulebase, WithAcceptFaultsTheRestIsUsedAndTheFaultsAreTold) {
         result.Errors(),
         ElementsAre(
             HasSubstr("ToleranceCount: the attribute is missing"),
-            HasSubstr("note: the review goes without what cannot be read of")));
+            HasSubstr("note: the unreadable parts of")));
     EXPECT_THAT(result.Output, HasSubstr("passed"));
 }
 

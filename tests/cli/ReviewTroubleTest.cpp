@@ -126,8 +126,8 @@ TEST_F(ReviewTrouble, AnInstructionLimitStopsAScriptAndTheSummaryNamesTheRuleSwi
     EXPECT_EQ(result.ExitCode, 3) << result.Error;
     EXPECT_THAT(
         result.Errors(),
-        ElementsAre("dorvik: rule 6000 (Slow) was switched off, because its script was stopped 3 "
-                    "times at a limit; the review log says where"));
+        ElementsAre("dorvik: rule 6000 (Slow) was disabled, because its script exceeded a limit 3 "
+                    "times; see the review log"));
     EXPECT_THAT(
         Bytes("Dorvik/A_DORVIK.txt"), HasSubstr("the limit of 5000 instructions was reached"));
 }
@@ -148,8 +148,8 @@ TEST_F(ReviewTrouble, AFractionOfAMillisecondIsALimitToo) {
     EXPECT_THAT(
         result.Errors(),
         ElementsAre(
-            "dorvik: rule 6000 (Slow) is incomplete: its script was stopped 1 time at a limit; "
-            "the review log says where"));
+            "dorvik: rule 6000 (Slow) is incomplete, because its script exceeded a limit 1 time; "
+            "see the review log"));
     EXPECT_THAT(Bytes("Dorvik/A_DORVIK.txt"), HasSubstr("Script of rule 6000 (Slow), line 3"));
 }
 
@@ -160,8 +160,9 @@ TEST_F(ReviewTrouble, ARuleWhoseScriptFailsIsToldWithTheNumberOfItsFailures) {
     EXPECT_EQ(result.ExitCode, 3);
     EXPECT_THAT(
         result.Errors(),
-        ElementsAre("dorvik: rule 6000 (Slow) is broken: its script failed 3 times; the review log "
-                    "says why"));
+        ElementsAre(
+            "dorvik: rule 6000 (Slow) is incomplete, because its script failed 3 times; see "
+            "the review log"));
 }
 
 TEST_F(ReviewTrouble, ARuleWhosePatternIsNoneIsTold) {
@@ -175,7 +176,7 @@ TEST_F(ReviewTrouble, ARuleWhosePatternIsNoneIsTold) {
     EXPECT_EQ(result.ExitCode, 3);
     EXPECT_THAT(
         result.Errors(),
-        ElementsAre(HasSubstr("rule 5032 (No Stop) is broken: its pattern failed")));
+        ElementsAre(HasSubstr("rule 5032 (No Stop) is incomplete, because its pattern failed")));
 }
 
 TEST_F(ReviewTrouble, TheTimesOfTheScriptsAreToldWhenAskedFor) {
@@ -234,9 +235,9 @@ TEST_F(ReviewTrouble, TheLineThatEndsTheReadingOfAProjectFileIsTold) {
     EXPECT_THAT(
         result.Errors(),
         ElementsAre(HasSubstr(
-            "A.vbp' cannot be understood from line 4 on, which is 'Module=A; A.bas' (a key or a "
+            "A.vbp' cannot be parsed from line 4 on, which is 'Module=A; A.bas' (a key or a "
             "source file that is named twice is one reason)")));
-    EXPECT_THAT(Run({"events", "A.vbp"}).Error, HasSubstr("cannot be understood from line 4 on"));
+    EXPECT_THAT(Run({"events", "A.vbp"}).Error, HasSubstr("cannot be parsed from line 4 on"));
 }
 
 TEST_F(ReviewTrouble, AValueOfAListBehindABlankIsNotTakenForAPath) {
@@ -252,13 +253,14 @@ TEST_F(ReviewTrouble, AValueOfAListBehindABlankIsNotTakenForAPath) {
         EXPECT_THAT(
             result.Errors(),
             ElementsAre(
-                "dorvik: '" + line.back() + "' is not a path; the values of " + line[2] +
-                " are joined by commas: " + remedy));
+                "dorvik: '" + line.back() + "' does not exist; to give several values to " +
+                line[2] + ", separate them with commas: " + remedy));
         EXPECT_FALSE(Exists("Dorvik"));
     }
     fs::copy_file(Work("A.bas"), Work("2"));
     EXPECT_THAT(
-        Run({"review", "A.vbp", "--severity", "1", "2"}).Error, HasSubstr("'2' is no project file"))
+        Run({"review", "A.vbp", "--severity", "1", "2"}).Error,
+        HasSubstr("'2' is neither a project file"))
         << "what is there is a path";
 }
 

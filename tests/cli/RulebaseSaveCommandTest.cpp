@@ -58,7 +58,7 @@ TEST_F(RulebaseSaveCommand, WhatCannotBeReadIsToldAndNotLostInTheFileItself) {
     WriteBytes("torn.dvk", text.Text());
     const ProgramResult other = Run({"rulebase", "save", "torn.dvk", "--to", "other.dvk"});
     EXPECT_EQ(other.ExitCode, 3);
-    EXPECT_THAT(other.Error, HasSubstr("note: 1 place of 'torn.dvk' cannot be read"));
+    EXPECT_THAT(other.Error, HasSubstr("note: 1 part of 'torn.dvk' cannot be read"));
     const ProgramResult itself = Run({"rulebase", "save", "torn.dvk", "--to", "torn.dvk"});
     EXPECT_EQ(itself.ExitCode, 2);
     EXPECT_EQ(Bytes("torn.dvk"), text.Text());

@@ -58,7 +58,7 @@ TEST_F(RulebaseShowCommand, WhatCannotBeReadIsNoted) {
     WriteBytes("partly.dvk", partly.Text());
     const ProgramResult result = Run({"rulebase", "show", "partly.dvk"});
     EXPECT_EQ(result.ExitCode, 0);
-    EXPECT_THAT(result.Error, HasSubstr("note: 10 places of 'partly.dvk' cannot be read"));
+    EXPECT_THAT(result.Error, HasSubstr("note: 10 parts of 'partly.dvk' cannot be read"));
     EXPECT_THAT(
         Run({"rulebase", "show", "team.dvk"}).Error, HasSubstr("'team.dvk' cannot be read"));
 }
@@ -106,7 +106,7 @@ TEST_F(RulebaseShowCommand, SaysInOneSentenceWhyAFileIsNoUse) {
 TEST_F(RulebaseShowCommand, WrongUseNamesTheCommandToAsk) {
     EXPECT_THAT(
         Run({"rulebase", "paint"}).Error,
-        HasSubstr("'paint' is no command of 'dorvik rulebase' (see 'dorvik rulebase --help')"));
+        HasSubstr("unknown command 'paint' of 'dorvik rulebase' (see 'dorvik rulebase --help')"));
     EXPECT_THAT(Run({"rulebase"}).Error, HasSubstr("(see 'dorvik rulebase --help')"));
     EXPECT_THAT(Run({"rulebase", "show"}).Error, HasSubstr("(see 'dorvik rulebase show --help')"));
     EXPECT_EQ(Run({"rulebase", "show"}).ExitCode, 2);

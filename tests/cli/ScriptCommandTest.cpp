@@ -80,7 +80,7 @@ TEST_F(ScriptCommand, WithoutFactsTheExtensionObjectIsNotThereAndTheUserIsTold) 
     EXPECT_EQ(
         result.Error,
         "Run-time error '424': Object required (a.dvs, line 2)\n"
-        "dorvik: without --facts there is no object 'Dorvik'\n");
+        "dorvik: the object 'Dorvik' exists only with --facts\n");
 }
 
 TEST_F(ScriptCommand, AMissingFileAndAFolderAreNamedInOneSentence) {

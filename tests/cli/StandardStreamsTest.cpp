@@ -54,7 +54,7 @@ TEST_F(StandardStreams, AFullDiskBehindTheOutputIsToldAndEndsEveryCommandWithTwo
         EXPECT_EQ(result.ExitCode, 2) << command;
         EXPECT_THAT(
             result.Error,
-            HasSubstr("dorvik: standard output cannot be written: No space left on device\n"))
+            HasSubstr("dorvik: cannot write to standard output: No space left on device\n"))
             << command;
     }
 }
@@ -62,7 +62,7 @@ TEST_F(StandardStreams, AFullDiskBehindTheOutputIsToldAndEndsEveryCommandWithTwo
 TEST_F(StandardStreams, AClosedOutputIsToldAndNothingOfItGoesIntoAFile) {
     const ProgramResult result = Shell("$DORVIK review A.vbp --rulebase $RULEBASE >&-");
     EXPECT_EQ(result.ExitCode, 2);
-    EXPECT_THAT(result.Error, HasSubstr("standard output cannot be written"));
+    EXPECT_THAT(result.Error, HasSubstr("cannot write to standard output"));
     EXPECT_EQ(Query("Dorvik/A_DORVIK.mdb", "SELECT Count(ViolationID) FROM Violations"), "1");
     EXPECT_EQ(
         Shell("$DORVIK review A.vbp --rulebase $RULEBASE --tolerance TVC=0 --quiet >&- 2>&- <&-")
@@ -136,13 +136,13 @@ TEST(LastResort, AnyFailureIsOneSentenceAndTheCodeOfNothingDone) {
     };
     EXPECT_EQ(
         told([]() -> int { throw std::bad_alloc(); }),
-        "dorvik: the memory of this machine is not enough for this; nothing more was done\n");
+        "dorvik: out of memory; the command was aborted\n");
     EXPECT_EQ(told([]() -> int { throw BasicError(76, "no folder"); }), "dorvik: no folder\n");
     EXPECT_EQ(
         told([]() -> int { throw std::runtime_error("odd\x1b[2J"); }),
-        "dorvik: ended by an unexpected failure: odd\\x1B[2J\n");
+        "dorvik: aborted by an unexpected error: odd\\x1B[2J\n");
     EXPECT_EQ(
-        told([]() -> int { throw 1; }), "dorvik: ended by an unexpected failure of unknown kind\n");
+        told([]() -> int { throw 1; }), "dorvik: aborted by an unexpected error of unknown type\n");
     EXPECT_EQ(modLastResort::Run([] { return 3; }), 3);
 }
 

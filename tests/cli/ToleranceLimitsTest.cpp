@@ -46,7 +46,7 @@ TEST(ToleranceLimits, WhatIsNoToleranceIsToldWithTheWayToWriteIt) {
     }
     EXPECT_THAT(
         modToleranceLimits::Check("XYZ=1"),
-        HasSubstr("no tolerance 'XYZ' (there are CVC, HVC, MVC, LVC, IVC, TVC, CVI"));
+        HasSubstr("unknown tolerance 'XYZ' (known: CVC, HVC, MVC, LVC, IVC, TVC, CVI"));
     EXPECT_EQ(modToleranceLimits::Check("pc=40"), "");
 }
 

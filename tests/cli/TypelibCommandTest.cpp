@@ -157,12 +157,11 @@ TEST_F(TypelibCommand, ListReadsAFileOfTheCatalogueAndTellsItsFaults) {
     EXPECT_THAT(result.Output, AllOf(HasSubstr("Stock 1.0\n"), HasSubstr("  class  Shelf\n")));
     EXPECT_EQ(
         result.Error,
-        "dorvik: line 4 of the type catalogue 'Stock.txt' is left out: 'clas' is no word of the "
-        "type catalogue\n");
+        "dorvik: line 4 of the type catalogue 'Stock.txt' is skipped: unknown keyword 'clas'\n");
     WriteLines("empty.txt", {"# nothing"});
     const ProgramResult empty = Run({"typelib", "list", "empty.txt"});
     EXPECT_EQ(empty.ExitCode, 2);
-    EXPECT_EQ(empty.Error, "dorvik: the file 'empty.txt' tells of no type library\n");
+    EXPECT_EQ(empty.Error, "dorvik: the file 'empty.txt' describes no type library\n");
 }
 
 TEST_F(TypelibCommand, IndexPrintsTheLibrariesInAFolder) {

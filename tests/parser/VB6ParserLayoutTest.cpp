@@ -380,21 +380,21 @@ INSTANTIATE_TEST_SUITE_P(
             "VERSION 5.00\n\nBegin VB.Form F\n   Begin My.Grid G\n      Rows = 1\n\n      Cols = "
             "2\n"
             "      rows = 3\n   End\nEnd\n",
-            "in line 8 the property 'rows' of 'G' stands a second time"},
+            "in line 8 the property 'rows' of 'G' is set twice"},
         LayoutFaultRow{
             "PropertyOfABlockTwice",
             "Begin VB.Form F\n   Begin My.Grid G\n      BeginProperty Font {0BE3}\n"
             "         Size = 1\n         Size = 2\n      EndProperty\n   End\nEnd\n",
-            "in line 5 the property 'Font.Size' of 'G' stands a second time"},
+            "in line 5 the property 'Font.Size' of 'G' is set twice"},
         LayoutFaultRow{
             "PropertyOfTheFormTwice",
             "Begin VB.Form F\n   Tag = 1\n   Tag = 2\nEnd\n",
-            "in line 3 the property 'Tag' of 'F' stands a second time"},
+            "in line 3 the property 'Tag' of 'F' is set twice"},
         LayoutFaultRow{
             "FirstOfSeveral",
             "Begin VB.Form F\n   Tag = 1\n   Tag = 2\n   Begin VB.Label L\n   Tag = 1\n   Tag = 2\n"
             "   End\nEnd\n",
-            "in line 3 the property 'Tag' of 'F' stands a second time"},
+            "in line 3 the property 'Tag' of 'F' is set twice"},
         LayoutFaultRow{
             "LineThatIsNoProperty",
             "Begin VB.Form F\n   Begin VB.Label L\n<<<<<<< HEAD\n   End\nEnd\n",

@@ -174,8 +174,8 @@ TEST(JetSql, RowsOfAnythingElseCannotBeEdited) {
 TEST(JetSql, ATextNotUnderstoodIsAnErrorThatQuotesThePlace) {
     EXPECT_EQ(
         ErrorOf("SELECT A FROM T WHERE A LIKE 'x'"),
-        "SQL text not understood at \"LIKE 'x'\": SELECT A FROM T WHERE A LIKE 'x'");
-    EXPECT_EQ(ErrorOf("SELECT A FROM"), "SQL text not understood at its end: SELECT A FROM");
+        "SQL syntax error at \"LIKE 'x'\": SELECT A FROM T WHERE A LIKE 'x'");
+    EXPECT_EQ(ErrorOf("SELECT A FROM"), "SQL syntax error at its end: SELECT A FROM");
 }
 
 TEST(JetSql, WhatIsOutsideTheGrammarIsRefused) {

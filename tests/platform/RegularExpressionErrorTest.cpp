@@ -148,7 +148,7 @@ TEST(RegularExpressionError, TheDescriptionNamesThePatternThePlaceAndTheFault) {
         "5018 Unexpected quantifier in regular expression 'a++' at position 3");
     EXPECT_EQ(
         DescriptionOf("a)", ""),
-        "5017 Syntax error in regular expression 'a)' at position 2: a ')' without its '('");
+        "5017 Syntax error in regular expression 'a)' at position 2: an unmatched ')'");
     EXPECT_EQ(
         DescriptionOf("[z-a]", ""),
         "5017 Syntax error in regular expression '[z-a]' at position 2: a range that runs "
@@ -167,7 +167,7 @@ class GivenUpTest : public testing::TestWithParam<const char*> {};
 TEST_P(GivenUpTest, IsAnErrorThatNamesTheLimitAndNoMatch) {
     const std::string description = DescriptionOf(GetParam(), LongText());
     const std::string prefix = "16 Expression too complex: the search for regular expression '" +
-                               std::string(GetParam()) + "' was given up, ";
+                               std::string(GetParam()) + "' was aborted, ";
     ASSERT_EQ(description.substr(0, prefix.size()), prefix);
     EXPECT_NE(description.find("limit exceeded", prefix.size()), std::string::npos) << description;
     RegularExpression expression = ExpressionOf(GetParam(), "g");

@@ -180,8 +180,7 @@ TEST_F(ProjectEventWalkTest, LayoutThatEndsTooEarlyIsTold) {
     EXPECT_TRUE(Run());
     EXPECT_THAT(m_listener.Failed, IsEmpty());
     EXPECT_THAT(
-        m_listener.Cut,
-        ElementsAre("frmC in line 4 the property 'Tag' of 'L' stands a second time"));
+        m_listener.Cut, ElementsAre("frmC in line 4 the property 'Tag' of 'L' is set twice"));
 }
 
 TEST_F(ProjectEventWalkTest, FileThatCannotBeOpenedIsToldAndTheNextOneFollows) {

@@ -168,7 +168,7 @@ TEST(VB6ProjectReview, FormWithAPropertyTwiceIsNamedAndTheNextFormIsReviewedWhol
     EXPECT_TRUE(project.UnreviewedFiles().empty());
     ASSERT_EQ(project.CutLayouts().size(), 1U);
     EXPECT_THAT(project.CutLayouts().front().Filename, EndsWith("frmA.frm"));
-    const std::string clause = "in line 5 the property 'Rows' of 'grd' stands a second time";
+    const std::string clause = "in line 5 the property 'Rows' of 'grd' is set twice";
     EXPECT_EQ(project.CutLayouts().front().Fault.Clause(), clause);
     const std::string form = run.Folder().Path("frmA.frm");
     EXPECT_THAT(

@@ -131,7 +131,8 @@ TEST(RulebaseCheck, TellsAPartOfATolerancesListThatIsTooLargeToBeRead) {
         RulebaseCheck check;
         EXPECT_TRUE(check.Run(folder.Write("a.dvk", text)));
         EXPECT_THAT(
-            TextsOf(check), ::testing::Contains(HasSubstr("is no whole number and is too large")));
+            TextsOf(check),
+            ::testing::Contains(HasSubstr("is not a whole number and is too large")));
     }
 }
 
@@ -174,13 +175,14 @@ TEST(RulebaseCheck, TellsWhatBelongsWhereSomethingElseStands) {
     EXPECT_THAT(
         CheckText(WithKeywords(rule)),
         ElementsAre(
-            HasSubstr("RuleActive: 'Perhaps' stands where True or False belongs"),
-            HasSubstr("ParserEventID: '30|x' stands where a list of whole numbers")));
+            HasSubstr("RuleActive: 'Perhaps' was found where True or False was expected"),
+            HasSubstr("ParserEventID: '30|x' was found where a list of whole numbers")));
     RulebaseText text;
     text.LastRuleID = "many";
     EXPECT_THAT(
         CheckText(text),
-        ElementsAre("unreadable Rules, LastRuleID: 'many' stands where a whole number belongs"));
+        ElementsAre(
+            "unreadable Rules, LastRuleID: 'many' was found where a whole number was expected"));
 }
 
 TEST(RulebaseCheck, TellsTextBetweenTheElements) {
@@ -211,7 +213,7 @@ TEST(RulebaseCheck, ToleranceListsAreReadLenientlyAndThatIsTold) {
         CheckText(text),
         ElementsAre(
             HasSubstr("the list has more than six parts"),
-            HasSubstr("'none' is no whole number and would count as 0")));
+            HasSubstr("'none' is not a whole number and would count as 0")));
 }
 
 TEST(RulebaseCheck, AFifthPrefixItemEndsTheSection) {

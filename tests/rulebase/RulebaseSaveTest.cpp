@@ -237,7 +237,7 @@ TEST_F(RulebaseSaveTest, ASectionThatFailsLeavesTheOldFileAndIsTold) {
     ASSERT_EQ(m_box.Messages.size(), 1U);
     EXPECT_EQ(
         m_box.Messages[0].Text,
-        "Error during save: Overflow: there is no version behind 32767.9999.9999");
+        "Error during save: Overflow: there is no version after 32767.9999.9999");
     EXPECT_TRUE(rulebase.Dirty());
     EXPECT_EQ(rulebase.Version(), "32767.9999.9999");
 }

@@ -137,7 +137,7 @@ TEST(MsftReader, ComparesTheNumberOfTypesWithTheTableBeforeItIsUsed) {
     PutDoubleWord(bytes, 0x58 + 4, 99);
     EXPECT_EQ(
         OnlyFault(bytes),
-        "\"test.tlb\" is damaged: offset 0x20 tells of 1 types, but the table of types "
+        "\"test.tlb\" is damaged: offset 0x20 declares 1 types, but the table of types "
         "holds 0.");
 }
 

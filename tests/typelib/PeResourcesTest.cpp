@@ -127,7 +127,7 @@ TEST(PeResources, RefusesHeadersThatLeadNowhere) {
     };
     const Row rows[] = {
         {0x3C, 0x7FFFFFFF, "offset 0x7FFFFFFF leads outside the file"},
-        {0x80 + 4, 0x61014C, "tells of 97 sections"},
+        {0x80 + 4, 0x61014C, "declares 97 sections"},
         {0x80 + 24, 0x107, "the program's header at offset 0x98 has the unknown mark 0x107"},
         {0x98 + 96 + 16, 0x5000, "leads to the address 0x5000, which no section holds"},
         {0x98 + 96 + 128 + 40 + 20, 0x100000, "the section of the resources ("},

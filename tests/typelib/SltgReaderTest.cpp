@@ -77,10 +77,10 @@ TEST(SltgReader, NamesThePlaceOfWhatIsWrong) {
         std::string_view Fault;
     };
     const Row rows[] = {
-        {kBlockCount, 0, "offset 0x4 tells of no blocks"},
+        {kBlockCount, 0, "offset 0x4 declares no blocks"},
         {kBlockCount,
          0xFFFF,
-         "the list of blocks (524272 bytes at offset 0x24) lies outside the file (0x0 to 0x525)"},
+         "the list of blocks (524272 bytes at offset 0x24) is outside the file (0x0 to 0x525)"},
         {kFirstBlock, 0, "the chain of blocks from offset 0xA has no end"},
         {kFirstBlock, 9, "offset 0x64 leads outside the list of blocks (0x24 to 0x3C)"},
         {kThirdBlock + 6, 1, "the chain of blocks from offset 0xA has no end"},
@@ -88,11 +88,11 @@ TEST(SltgReader, NamesThePlaceOfWhatIsWrong) {
         {kFirstKind, 8, "the type before offset 0x221 has the unknown kind 8"},
         {kNamesOffset,
          0xFFF0,
-         "the table of names (0 bytes at offset 0x1015E) lies outside the block of the library "
+         "the table of names (0 bytes at offset 0x1015E) is outside the block of the library "
          "(0x16E to 0x4E1)"},
         {kNamesSize,
          0x1000,
-         "the list of names (4096 bytes at offset 0x473) lies outside the table of names "
+         "the list of names (4096 bytes at offset 0x473) is outside the table of names "
          "(0x263 to 0x4E1)"},
         {kNamesSize, 0x30, "offset 0x4B5 leads outside the list of names (0x473 to 0x4A3)"},
         {kNamesSize, 0x22, "the text at offset 0x48F has no end"},

@@ -145,26 +145,22 @@ INSTANTIATE_TEST_SUITE_P(
     TypeCatalogue,
     FaultOfTypeCatalogue,
     ::testing::Values(
-        FaultRow{
-            "UnknownWord",
-            Library("A", "1", "1.0") + "clas X\n",
-            4,
-            "'clas' is no word of the type catalogue"},
+        FaultRow{"UnknownWord", Library("A", "1", "1.0") + "clas X\n", 4, "unknown keyword 'clas'"},
         FaultRow{
             "NoLibraryYet",
             "class X\n",
             1,
-            "it stands before the first line that begins with 'library'"},
+            "it comes before the first line that begins with 'library'"},
         FaultRow{
             "NothingBehindTheWord",
             Library("A", "1", "1.0") + "class \n",
             4,
-            "nothing stands behind 'class'"},
+            "no value follows 'class'"},
         FaultRow{
             "NoNameOfAType",
             Library("A", "1", "1.0") + "class X 1Y Z\n",
             4,
-            "'1Y' is no name of a type"},
+            "'1Y' is not a valid name of a type"},
         FaultRow{
             "NameTwice",
             Library("A", "1", "1.0") + "class X\nenum x\n",
@@ -174,17 +170,17 @@ INSTANTIATE_TEST_SUITE_P(
             "NoVersionNumber",
             Library("A", "1", "1.0 2") + "class X\n",
             3,
-            "'2' is no version; one looks like 2.0"},
+            "'2' is not a version; an example is 2.0"},
         FaultRow{
             "VersionTooHigh",
             Library("A", "1", "1.0 2.65536") + "class X\n",
             3,
-            "'2.65536' is no version; one looks like 2.0"},
+            "'2.65536' is not a version; an example is 2.0"},
         FaultRow{
             "NoLanguage",
             Library("A", "1", "1.0") + "language German\n",
             4,
-            "'German' is no language; one looks like 1033, and 0 is none"},
+            "'German' is not a language; an example is 1033, and 0 means none"},
         FaultRow{
             "LibraryWithoutGuid", "\nlibrary A\nversion 1.0\n", 2, "the library 'A' has no GUID"},
         FaultRow{
@@ -196,7 +192,7 @@ INSTANTIATE_TEST_SUITE_P(
             "TypesAsSomethingThatIsNoGuid",
             Library("A", "1", "1.0") + "types-as ADODB 2.7\n",
             4,
-            "a GUID and a version belong behind 'types-as'"},
+            "'types-as' must be followed by a GUID and a version"},
         FaultRow{
             "TypesAsAnUnknownLibrary",
             Library("A", "1", "1.0") + "types-as {00000007-0000-0000-0000-000000000000} 1.0\n",

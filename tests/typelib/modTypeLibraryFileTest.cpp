@@ -83,7 +83,7 @@ TEST(modTypeLibraryFile, GivesTheIntactLibrariesOfAFileAndNamesTheDamagedOnes) {
         file.Faults[1],
         testing::StartsWith("\"\\lib\\Mixed.ocx\", type library 5, is damaged: what begins "
                             "at offset 0x"));
-    EXPECT_THAT(file.Faults[1], testing::EndsWith(" has no known format."));
+    EXPECT_THAT(file.Faults[1], testing::EndsWith(" has an unknown format."));
     EXPECT_FALSE(file.IsOther);
 }
 

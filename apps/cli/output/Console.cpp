@@ -53,7 +53,7 @@ void PrepareStreams() {
             ::open("/dev/null", O_RDONLY);
         }
     }
-    // A reader that goes away is told by the failing write.
+    // A reader that goes away shows in the failing write.
     std::signal(SIGPIPE, SIG_IGN);
 }
 

@@ -20,7 +20,7 @@ bool IsNumber(std::string_view value) {
                              rest.find_first_not_of("0123456789", 1) == rest.npos));
 }
 
-/// Spreadsheets take a cell that begins so for a formula, and run it; some pass over blanks.
+/// Spreadsheets take a cell that begins so for a formula, and run it; some skip blanks.
 bool IsFormula(std::string_view value) {
     constexpr std::string_view kStarts[] = {
         "=",

@@ -16,7 +16,7 @@ volatile std::sig_atomic_t g_requested = 0;
 std::array<struct sigaction, kSignals.size()> g_before{};
 
 extern "C" void Remember(int signal) {
-    // Every further write to an output without a reader sends its signal again; nobody asks twice by that.
+    // Every further write to an output without a reader sends its signal again; that is not a second request to end.
     if (g_requested == 0 || signal == SIGPIPE) {
         g_requested = 1;
         return;

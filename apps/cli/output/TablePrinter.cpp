@@ -11,7 +11,7 @@ namespace dorvik {
 namespace {
 
 constexpr std::size_t kGap = 2;
-constexpr std::size_t kNarrowest = 8;  // of a column that wraps; below that nobody can read it
+constexpr std::size_t kNarrowest = 8;  // of a column that wraps; below that no one can read it
 
 std::size_t WidestLine(std::string_view text) {
     std::size_t widest = 0;

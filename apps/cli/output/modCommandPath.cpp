@@ -8,7 +8,7 @@ namespace dorvik::modCommandPath {
 
 std::filesystem::path Absolute(const std::string& typed) {
     if (typed.empty()) {
-        throw BasicError(runtimeerror::kPathNotFound, "an empty text is not the path of anything");
+        throw BasicError(runtimeerror::kPathNotFound, "an empty text is not a path");
     }
     std::error_code error;
     const std::filesystem::path path = std::filesystem::absolute(typed, error);
@@ -16,8 +16,8 @@ std::filesystem::path Absolute(const std::string& typed) {
         throw BasicError(
             runtimeerror::kPathNotFound,
             "'" + typed +
-                "' cannot be found, because the working folder is not there any more; change to "
-                "another one");
+                "' cannot be found, because the working folder no longer exists; change to another "
+                "one");
     }
     return path.lexically_normal();
 }

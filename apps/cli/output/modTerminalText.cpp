@@ -31,7 +31,7 @@ struct CharacterRange {
     char32_t Last;
 };
 
-/// What moves the cursor, changes colours or modes, or turns the direction of what stands around it.
+/// What moves the cursor, changes colours or modes, or turns the direction of what is around it.
 constexpr CharacterRange kSteering[] = {
     {0x00, 0x1F},
     {0x7F, 0x9F},
@@ -106,7 +106,7 @@ AppendVisible(std::string& result, std::string_view text, std::size_t position, 
     return character.Size;
 }
 
-/// Where to cut a word that fills the line: behind the last sign that joins names, else at the end.
+/// Where to cut a word that fills the line: after the last character that joins names, else at the end.
 std::size_t PlaceInWord(std::string_view head, std::size_t start) {
     const std::size_t sign = head.find_last_of("._:/\\");
     return sign == std::string_view::npos || sign <= start ? head.size() : sign + 1;
@@ -116,7 +116,7 @@ std::size_t PlaceInWord(std::string_view head, std::size_t start) {
 void WrapLine(std::string_view line, std::size_t width, std::vector<std::string>& lines) {
     while (modUtf8::Length(line) > width) {
         const std::string_view head = modUtf8::Left(line, width);
-        // A blank right behind the head is as good a place as one in it.
+        // A blank right after the head is as good a place as one in it.
         std::size_t cut = line.at(head.size()) == ' ' ? head.size() : head.rfind(' ');
         const std::size_t indent = head.find_first_not_of(' ');
         if (cut == std::string_view::npos || indent >= cut) {

@@ -48,8 +48,8 @@ void ForEachBody(Body body, const std::function<void(Body)>& visit) {
     }
 }
 
-/// Tells the containers that can be reached from outside of all containers from those that cannot: a body
-/// with more references than the containers account for is held by somebody else.
+/// Separates the containers that can be reached from outside of all containers from those that cannot: a body
+/// with more references than the containers account for is held by someone else.
 class CycleSearch {
 public:
     void Add(Body container) {

@@ -71,7 +71,7 @@ std::string Front(std::string_view text, std::string_view allowed) {
     return front;
 }
 
-/// The number behind `&H`, `&O` or `&`; without digits, 0.
+/// The number after `&H`, `&O` or `&`; without digits, 0.
 double RadixVal(const std::string& front) {
     const char letter = front.size() > 1 ? static_cast<char>(front[1] & ~0x20) : '\0';
     const bool isHex = letter == 'H';

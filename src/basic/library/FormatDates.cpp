@@ -109,7 +109,7 @@ private:
                 break;
             default: break;
         }
-        m_followsHour = followsHour;  // what is no token parts nothing
+        m_followsHour = followsHour;  // what is not a token separates nothing
         m_text += m_pattern[m_position];
         return 1;
     }
@@ -140,7 +140,7 @@ private:
         return length;
     }
 
-    /// Right behind the hours, with nothing but separators between, these are the minutes.
+    /// Right after the hours, with nothing but separators between, these are the minutes.
     std::size_t WriteMonth(std::size_t length, bool followsHour) {
         if (length <= 2) {
             return WriteNumber(followsHour ? m_parts.Minute : m_parts.Month, length);

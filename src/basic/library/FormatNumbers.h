@@ -19,7 +19,7 @@ std::string NullByPattern(std::string_view pattern);
 /// The pattern of a named numeric format, in any case; nothing for another name.
 std::optional<std::string_view> NamedPattern(std::string_view name);
 
-/// What `FormatNumber` and its relatives are told.
+/// The arguments of `FormatNumber` and its relatives.
 struct Settings {
     std::int32_t Places = 2;
     bool HasLeadingZero = true;

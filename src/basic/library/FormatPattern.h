@@ -7,17 +7,17 @@
 /// What all formats of the `Format` function have in common: literal characters and sections.
 namespace dorvik::basic::modFormatPattern {
 
-/// What a pattern asks for, told by the first character with a meaning.
+/// What a pattern formats, by the first character with a meaning.
 enum class Kind : std::uint8_t { Number, Date, Text };
 Kind KindOf(std::string_view pattern);
 
-/// If a literal (`\x` or `"text"`) begins at `position`, appends it and moves behind it.
+/// If a literal (`\x` or `"text"`) begins at `position`, appends it and moves after it.
 bool TakeLiteral(std::string_view pattern, std::size_t& position, std::string& literal);
 
-/// The parts between semicolons that are no literals.
+/// The parts between semicolons that are not literals.
 std::vector<std::string_view> Sections(std::string_view pattern);
 
-/// How often the character at `position` stands there in a row, in any case, at most `most` times.
+/// How often the character at `position` is repeated, in any case, at most `most` times.
 std::size_t RunLength(std::string_view pattern, std::size_t position, std::size_t most);
 
 /// The letter in its small form; anything else as it is.

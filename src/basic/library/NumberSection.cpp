@@ -31,7 +31,7 @@ void NumberSection::AddDigit(bool isRequired) {
     }
 }
 
-/// Between digits a comma asks for groups; right before the point or the end each divides by 1000.
+/// Between digits a comma requests groups; right before the point or the end each divides by 1000.
 void NumberSection::ReadComma(std::string_view section, std::size_t position) {
     if (m_hasPoint || m_integerPlaces == 0) {
         return;

@@ -33,7 +33,7 @@ Value Rnd(ScriptContext& context, Arguments arguments) {
     return Value::Single(static_cast<float>(state) / static_cast<float>(kStateMask + 1));
 }
 
-/// Without a number the sequence goes on as it is, so that a script gives the same answer twice.
+/// Without a number the sequence continues as it is, so that a script gives the same answer twice.
 Value Randomize(ScriptContext& context, Arguments arguments) {
     if (IsGiven(arguments, 0)) {
         const auto bits = std::bit_cast<std::uint64_t>(ToDouble(arguments[0]));

@@ -11,7 +11,7 @@ Value Refused(ScriptContext&, Arguments) {
     RaiseError(runtimeerror::kPermissionDenied);
 }
 
-/// The host is told what would have been shown.
+/// The host learns what would have been shown.
 Value RefusedBox(ScriptContext& context, Arguments arguments) {
     const TextArgument prompt(arguments, 0);
     context.Refuse(prompt.View());

@@ -22,7 +22,7 @@ private:
     void SetPattern(std::string_view pattern);
     Value Execute(std::span<const Value> arguments);
     Value Replace(std::span<const Value> arguments);
-    /// Asks the host now and then while the expression works.
+    /// Polls the host now and then while the expression works.
     void BreatheSometimes();
 
     std::size_t m_steps = 0;

@@ -69,7 +69,7 @@ bool AnswersInStr(ScriptContext& context, Arguments arguments, Value& answer) {
     return true;
 }
 
-/// Without a start the texts stand one place further in front.
+/// Without a start the texts are one argument earlier.
 Value InStr(ScriptContext& context, Arguments arguments) {
     Value answer;
     if (AnswersInStr(context, arguments, answer)) {

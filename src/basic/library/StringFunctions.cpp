@@ -164,7 +164,7 @@ bool SeparatesWords(char character) {
     return character == ' ' || character == '\0' || (character >= '\t' && character <= '\r');
 }
 
-/// Every letter behind a blank or a line end large, the others small.
+/// Every letter after a blank or a line end large, the others small.
 std::string ProperCase(std::string_view text) {
     std::string proper = modTextCase::ToLower(text);
     std::string result;

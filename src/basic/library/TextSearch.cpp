@@ -15,7 +15,7 @@ namespace {
 constexpr std::size_t kNone = std::string_view::npos;
 /// The longest text that is sought by trying every place.
 constexpr std::size_t kLongestTried = 32;
-/// How much is searched before the host is asked.
+/// How much is searched before the host is polled.
 constexpr std::size_t kWindow = 16 * 1024;
 
 bool ContinuesCharacter(char byte) {
@@ -168,7 +168,7 @@ TextSearch::Place TextSearch::Last(
     if (!place.IsFound()) {
         return {};
     }
-    // The characters behind the place are as many as in the text itself.
+    // The characters after the place are as many as in the text itself.
     const std::string_view behind = std::string_view(backward).substr(0, place.Start);
     std::size_t start = text.size();
     for (std::size_t left = modCharacters::Count(behind) + modCharacters::Count(sought); left > 0;

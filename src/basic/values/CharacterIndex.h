@@ -8,7 +8,7 @@
 namespace dorvik::basic {
 
 /// Finds characters of a long text that is not ASCII: where every so many characters begin, as far as
-/// anybody has asked, and the place of the last answer, near which most questions are. A question then
+/// anyone has asked, and the position of the last answer, near which most questions are. A question then
 /// costs no more than the way from there, however long the text is.
 /// The text is handed in with each question, and may have grown at its end since the last one.
 class CharacterIndex {
@@ -19,7 +19,7 @@ public:
     std::size_t CharactersBefore(std::string_view text, std::size_t length, std::size_t offset);
 
     /// `count` characters from `first` on were overwritten with as many others, which has moved what is
-    /// behind them by `shift` bytes.
+    /// after them by `shift` bytes.
     void
     Overwritten(std::string_view text, std::size_t first, std::size_t count, std::ptrdiff_t shift);
 

@@ -55,7 +55,7 @@ std::size_t Count(std::string_view text) {
 }
 
 std::size_t Skip(std::string_view text, std::size_t count, std::size_t from) {
-    // A word has at most as many characters as bytes; what it begins may end behind it.
+    // A word has at most as many characters as bytes; what it begins may end after it.
     for (; count > kWordSize && text.size() - from > kWordSize; from += kWordSize) {
         count -= kWordSize - ContinuationsInWord(text.data() + from);
     }

@@ -40,7 +40,7 @@ std::int64_t RoundCurrency(std::int64_t tenThousandths) {
     return isAway ? whole + (tenThousandths < 0 ? -1 : 1) : whole;
 }
 
-/// Any value that is no plain scalar: an object gives its default member, a reference its variable.
+/// Any value that is not a plain scalar: an object gives its default member, a reference its variable.
 /// Raises 94 for Null and 13 for what cannot be converted at all.
 Value Underlying(const Value& value) {
     if (value.Type() == ValueType::Null) {

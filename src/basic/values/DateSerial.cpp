@@ -7,7 +7,7 @@ namespace dorvik::basic::modDateSerial {
 
 namespace {
 
-/// The day number of 1 March 0, the start of a cycle of 400 years whose leap days stand at the end.
+/// The day number of 1 March 0, the start of a cycle of 400 years whose leap days are at the end.
 constexpr std::int64_t kCycleStart = -693899;
 constexpr std::int64_t kDaysPerCycle = 146097;
 

@@ -112,7 +112,7 @@ HalfOfDay HalfAt(Tokens tokens, std::size_t position) {
     return modTextCase::Equal(tokens[position].Text, "PM") ? HalfOfDay::Pm : HalfOfDay::None;
 }
 
-/// Where the time stands among the tokens, and what it says.
+/// Where the time is among the tokens, and what it says.
 struct TimeFound {
     std::size_t Begin = 0;
     std::size_t End = 0;  // Begin: no time

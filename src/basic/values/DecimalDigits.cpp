@@ -101,7 +101,7 @@ DecimalDigits DecimalDigits::FromText(std::string_view scientific) {
     std::string_view exponent = scientific.substr(mark + 1);
     exponent.remove_prefix(exponent.starts_with('+') ? 1 : 0);
     std::from_chars(exponent.data(), exponent.data() + exponent.size(), number.m_point);
-    ++number.m_point;  // one digit stands before the point
+    ++number.m_point;  // one digit is before the point
     number.Normalise();
     return number;
 }

@@ -70,7 +70,7 @@ WideNumber Scaled(const DecimalNumber& number, int scale) {
     return result;
 }
 
-/// Cuts zeros behind the point.
+/// Cuts zeros after the point.
 DecimalNumber WithoutTrailingZeros(DecimalNumber number) {
     while (number.Scale > 0 && number.Magnitude % 10 == 0) {
         number.Magnitude /= 10;

@@ -16,8 +16,8 @@ constexpr std::size_t kNone = std::string_view::npos;
 
 constexpr unsigned kAsciiEnd = 0x80;
 
-constexpr std::string_view kElements = "*?#[";  // what is no character of its own in a pattern
-constexpr std::size_t kBytesAStep = 16;         // that a search passes over in the time of a step
+constexpr std::string_view kElements = "*?#[";  // what is not a character of its own in a pattern
+constexpr std::size_t kBytesAStep = 16;         // that a search skips in the time of a step
 
 char32_t Next(std::string_view text, std::size_t& position) {
     const auto byte = static_cast<unsigned char>(text[position]);
@@ -28,7 +28,7 @@ char32_t Next(std::string_view text, std::size_t& position) {
     return modCharacters::Next(text, position);
 }
 
-/// The inside of a list, and where the pattern goes on behind it.
+/// The inside of a list, and where the pattern continues after it.
 struct List {
     std::string_view Inside;
     std::size_t Behind = 0;
@@ -37,7 +37,7 @@ struct List {
     bool IsNothing() const { return Inside.empty() && !IsNegated; }  // "[]"
 };
 
-/// The list whose "[" stands at `position`. REQUIRES: it has an end.
+/// The list whose "[" is at `position`. REQUIRES: it has an end.
 List ListAt(std::string_view pattern, std::size_t position) {
     const std::size_t end = pattern.find(']', position);
     List list{pattern.substr(position + 1, end - position - 1), end + 1};
@@ -127,7 +127,7 @@ private:
         return true;
     }
 
-    /// A character of its own behind the star: the star ends where that stands, or takes all.
+    /// A character of its own after the star: the star ends where that is, or takes all.
     void SkipToLiteral() {
         if (m_behindStar >= m_pattern.size() || kElements.find(m_pattern[m_behindStar]) != kNone) {
             return;
@@ -138,7 +138,7 @@ private:
         m_starEnd = end;
     }
 
-    /// The last star takes one character more. Earlier stars need no second try: whatever stands
+    /// The last star takes one character more. Earlier stars need no second try: whatever is
     /// between two stars was found as early as possible.
     bool Retry() {
         if (m_behindStar == kNone || m_starEnd >= m_text.size()) {

@@ -66,14 +66,14 @@ std::int32_t Combine(BinaryOperator operation, std::int32_t left, std::int32_t r
     return operation == BinaryOperator::Eqv ? ~(left ^ right) : ~left | right;
 }
 
-/// The bits of an operand, nothing for Null. Raises 13 and 6 for what is no whole number of 32 bits.
+/// The bits of an operand, nothing for Null. Raises 13 and 6 for what is not a whole number of 32 bits.
 std::optional<std::int32_t> BitsOf(const OperandView& operand) {
     operand.RefuseError();
     return operand.IsNull() ? std::nullopt : std::optional(ToLong(*operand));
 }
 
 /// One operand is Null: the result if the other one settles it alone.
-std::optional<std::int32_t> SettledBy(
+std::optional<std::int32_t> DecidedBy(
     BinaryOperator operation, std::optional<std::int32_t> left, std::optional<std::int32_t> right) {
     const std::optional<std::int32_t> known = left ? left : right;
     if (!known) {
@@ -103,7 +103,7 @@ Value Apply(BinaryOperator operation, const Value& left, const Value& right) {
     if (leftBits && rightBits) {
         return Result(Combine(operation, *leftBits, *rightBits), width);
     }
-    const std::optional<std::int32_t> settled = SettledBy(operation, leftBits, rightBits);
+    const std::optional<std::int32_t> settled = DecidedBy(operation, leftBits, rightBits);
     return settled ? Result(*settled, width) : Value::Null();
 }
 

@@ -44,7 +44,7 @@ bool TakeDollar(std::string_view& text) {
     return true;
 }
 
-/// `&H12`, `&o17`, `&17`; nothing if the text begins otherwise or goes on with something else.
+/// `&H12`, `&o17`, `&17`; nothing if the text begins otherwise or continues with something else.
 std::optional<std::int32_t> RadixNumber(std::string_view text) {
     if (text.size() < 2 || text.front() != '&') {
         return std::nullopt;

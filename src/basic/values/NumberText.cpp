@@ -12,7 +12,7 @@ constexpr int kCurrencyPlaces = 4;
 constexpr int kSingleDigits = 7;
 constexpr int kDoubleDigits = 15;
 
-/// Writes characters one behind the other into a buffer that is large enough.
+/// Writes characters one after the other into a buffer that is large enough.
 class BufferWriter {
 public:
     explicit BufferWriter(NumberBuffer& buffer) : m_begin(buffer.data()), m_end(buffer.data()) {}
@@ -93,7 +93,7 @@ void PutScientific(const Significant& number, BufferWriter& writer) {
     writer.Put(exponent);
 }
 
-/// Digits with a point behind the first `whole` of them, which may be none or more than there are.
+/// Digits with a point after the first `whole` of them, which may be none or more than there are.
 void PutPlain(std::string_view digits, int whole, BufferWriter& writer) {
     const auto count = static_cast<int>(digits.size());
     if (whole <= 0) {
@@ -110,7 +110,7 @@ void PutPlain(std::string_view digits, int whole, BufferWriter& writer) {
     }
 }
 
-/// Below 1E-4 the plain form stands only while it has no more places than the type has digits.
+/// Below 1E-4 the plain form is used only while it has no more places than the type has digits.
 bool NeedsScientific(const Significant& number, int precision) {
     const int places = number.Count - 1 - number.Exponent;
     return number.Exponent >= precision || (number.Exponent < -4 && places > precision);
@@ -144,7 +144,7 @@ std::string_view DigitsOf(UnsignedWide magnitude, std::array<char, 40>& digits) 
     return {digits.data() + begin, digits.size() - begin};
 }
 
-/// A number with a power of ten below it, zeros behind the point cut.
+/// A number with a power of ten below it, zeros after the point cut.
 std::string_view
 TextOfScaled(UnsignedWide magnitude, int scale, bool isNegative, NumberBuffer& buffer) {
     while (scale > 0 && magnitude % 10 == 0) {

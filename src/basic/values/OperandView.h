@@ -28,7 +28,7 @@ public:
     const Value* operator->() const { return m_value; }
     ValueType Type() const { return m_value->Type(); }
     bool IsNull() const { return Type() == ValueType::Null; }
-    /// The value came out of an object, so nobody declared its type.
+    /// The value came out of an object, so no one declared its type.
     bool IsOfObject() const { return m_isOfObject; }
     /// Raises 13 for an Error, which no operator but a comparison takes.
     void RefuseError() const;

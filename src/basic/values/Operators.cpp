@@ -62,7 +62,7 @@ bool AreBoth(ValueType type, const Value& left, const Value& right) {
     return left.Type() == type && right.Type() == type;
 }
 
-// The number types of nearly all calculations. Whatever is no plain case of them, an overflow
+// The number types of nearly all calculations. Whatever is not a plain case of them, an overflow
 // included, is left to `modArithmetic`.
 constexpr std::uint64_t kIntegerTypes = TypeBit(ValueType::Integer) | TypeBit(ValueType::Long);
 constexpr std::uint64_t kPlainTypes = kIntegerTypes | TypeBit(ValueType::Double);
@@ -143,7 +143,7 @@ Value Modulo(const Value& left, const Value& right) {
     return modArithmetic::Modulo(left, right);
 }
 
-/// Whether two texts compared by code points, or two numbers, stand as a comparison asks.
+/// Whether two texts compared by code points, or two numbers, satisfy a comparison.
 template <class Operand>
 bool Stand(BinaryOperator comparison, const Operand& left, const Operand& right) {
     if (comparison == BinaryOperator::Equal) {

@@ -16,7 +16,7 @@ namespace {
 /// What a string holds without memory of its own.
 const std::size_t kInPlace = std::string().capacity();
 
-/// The texts of one ASCII character. They belong to nobody's script and are charged to none.
+/// The texts of one ASCII character. They belong to no script and are charged to none.
 class CharacterBodies {
 public:
     CharacterBodies() {

@@ -20,7 +20,7 @@ public:
     std::shared_ptr<IListItem> Item(std::string_view key) const override {
         return m_list.Item(key);
     }
-    /// An item that is no `Object` raises `kTypeMismatch`.
+    /// An item that is not an `Object` raises `kTypeMismatch`.
     void Add(const std::shared_ptr<IListItem>& item, bool newItem) override;
     void Remove(std::int32_t index) override { m_list.Remove(index); }
     void Remove(std::string_view key) override { m_list.Remove(key); }

@@ -112,7 +112,7 @@ void CreateFolders(std::string_view path) {
         }
         folder += parts[index];
         if (!FolderExists(folder)) {
-            modFiles::EnsureFolder(folder);  // somebody else may be making it at this moment
+            modFiles::EnsureFolder(folder);  // someone else may be making it at this moment
         }
     }
 }

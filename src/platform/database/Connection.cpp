@@ -17,8 +17,8 @@ namespace {
 /// Texts of a rulebase's or a user's making are few; this only keeps a long-lived reader from growing.
 constexpr std::size_t kMaxCached = 400;
 
-/// The log is folded into the file whenever it has grown by so many pages.
-constexpr int kFoldPages = 4000;
+/// A checkpoint copies the log into the file whenever it has grown by so many pages.
+constexpr int kCheckpointPages = 4000;
 
 int NoteLogPages(void* logPages, sqlite3*, const char*, int pages) {
     *static_cast<int*>(logPages) = pages;
@@ -84,7 +84,7 @@ void Connection::Configure() {
     RunUnprepared("SELECT count(*) FROM sqlite_master");  // a file of another kind fails here
 }
 
-void Connection::NeedOpen() const {
+void Connection::RequireOpen() const {
     if (!IsOpen()) {
         throw BasicError(databaseerror::kObjectInvalid, "Object invalid or no longer set.");
     }
@@ -139,7 +139,7 @@ void Connection::RunUnprepared(const char* sql) {
     }
 }
 
-BoundText Connection::Understand(std::string_view sql, SqlValues values) {
+BoundText Connection::Translate(std::string_view sql, SqlValues values) {
     if (!values.empty()) {
         const auto known = m_parameterTexts.find(sql);
         if (known != m_parameterTexts.end() && known->second.Parameters == values.size()) {
@@ -147,7 +147,7 @@ BoundText Connection::Understand(std::string_view sql, SqlValues values) {
         }
     }
     JetTokens tokens = modJetSql::Tokenise(sql, std::move(values));
-    auto text = UnderstandShape(tokens, sql);
+    auto text = TranslateShape(tokens, sql);
     if (tokens.HasOnlyParameters && !tokens.Literals.empty()) {
         if (m_parameterTexts.size() >= kMaxCached) {
             m_parameterTexts.clear();
@@ -159,7 +159,7 @@ BoundText Connection::Understand(std::string_view sql, SqlValues values) {
 }
 
 std::shared_ptr<const UnderstoodText>
-Connection::UnderstandShape(const JetTokens& tokens, std::string_view text) {
+Connection::TranslateShape(const JetTokens& tokens, std::string_view text) {
     if (const auto known = m_texts.find(tokens.Shape); known != m_texts.end()) {
         return known->second;
     }
@@ -251,20 +251,20 @@ void Connection::ReleaseSnapshot() {
     }
 }
 
-/// A failure is no failure of the write: the log just grows on, and is folded later or on closing.
+/// A failure here does not fail the write: the log keeps growing, and is checkpointed later or on closing.
 void Connection::FoldLongLog() {
-    if (m_logPages < kFoldPages) {
-        m_foldAtPages = kFoldPages;
+    if (m_logPages < kCheckpointPages) {
+        m_foldAtPages = kCheckpointPages;
     } else if (m_logPages >= m_foldAtPages) {
         ReleaseSnapshot();
         sqlite3_wal_checkpoint_v2(m_engine, nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
-        m_foldAtPages = m_logPages + kFoldPages;
+        m_foldAtPages = m_logPages + kCheckpointPages;
     }
 }
 
 void Connection::TurnLoggingOn() {
     // Where it cannot be turned on now (a read-only file, a row of this file being read), the write that
-    // follows goes its own way: it works without the log or tells why it cannot.
+    // follows goes its own way: it works without the log or reports why it cannot.
     const auto noteMode = [](void* isLogging, int, char** values, char**) {
         *static_cast<bool*>(isLogging) = modTextCase::Equal(values[0], "wal");
         return 0;

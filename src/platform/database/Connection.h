@@ -40,7 +40,7 @@ struct BoundText {
     SqlValues Literals;
 };
 
-/// A prepared statement and whether somebody is using it.
+/// A prepared statement and whether someone is using it.
 struct StatementSlot {
     PreparedStatement Statement;
     bool InUse = false;
@@ -79,8 +79,8 @@ public:
     bool IsOpen() const { return m_engine != nullptr; }
     sqlite3* Engine() const { return m_engine; }
     /// Raises `databaseerror::kObjectInvalid` once it is closed.
-    void NeedOpen() const;
-    /// Folds the log into the file, so that it stands alone again.
+    void RequireOpen() const;
+    /// Checkpoints the log into the file, so that the file is complete by itself again.
     void Close();
     /// Leaves the file and its log as they were found.
     void CloseUntouched();
@@ -88,7 +88,7 @@ public:
 
     /// The caches are keyed by what stays the same: a text whose values are all parameters by itself, any
     /// other by its shape, and a statement by the text in the engine's spelling, which has no literals.
-    BoundText Understand(std::string_view sql, SqlValues values = {});
+    BoundText Translate(std::string_view sql, SqlValues values = {});
     StatementLease Lease(const std::string& sql);
 
     /// To be called before rows are read, so that they are those of this moment.
@@ -113,7 +113,7 @@ private:
     };
 
     std::shared_ptr<const UnderstoodText>
-    UnderstandShape(const JetTokens& tokens, std::string_view text);
+    TranslateShape(const JetTokens& tokens, std::string_view text);
     void Configure();
     void DropStatements();
     void CloseEngineUntouched();
@@ -129,7 +129,7 @@ private:
     std::shared_ptr<FileInUseMark> m_mark;
     bool m_isLogging = false;
     // A write that follows another one at once finds the state of the file still held by this query and so
-    // needs no locks but the one for writing. Whoever reads lets go of it first.
+    // needs no locks but the one for writing. A read releases it first.
     std::unique_ptr<PreparedStatement> m_snapshot;
     bool m_isHolding = false;
     bool m_hasJustWritten = false;

@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Behind the name of a file while it is being copied; the process and a number follow.
+/// After the name of a file while it is being copied; the process and a number follow.
 constexpr std::string_view kNewCopy = "-new";
 constexpr std::string_view kLock = "-lock";
 
@@ -42,7 +42,7 @@ fs::path Beside(const fs::path& file, std::string_view companion) {
     return file.native() + std::string(companion);
 }
 
-/// The copies of a file that processes left behind which were killed, and those under way.
+/// The copies of a file left behind by processes that were killed, and those under way.
 std::vector<fs::path> CopiesOf(const fs::path& file) {
     std::vector<fs::path> copies;
     const std::string beginning = Beside(file.filename(), kNewCopy).string();
@@ -58,7 +58,7 @@ std::vector<fs::path> CopiesOf(const fs::path& file) {
 }
 
 /// The engine opens the companions of the file that a link leads to.
-void NeedPlainCompanions(const fs::path& file) {
+void RequirePlainCompanions(const fs::path& file) {
     std::error_code error;
     const fs::path real = fs::canonical(file, error);
     for (const std::string_view companion : kOfEngine) {
@@ -88,7 +88,7 @@ void Database::Open(std::string_view path) {
             databaseerror::kFileNotFound, "Could not find file '" + std::string(path) + "'.");
     }
     const fs::path file = modFiles::HostPath(path);
-    NeedPlainCompanions(file);
+    RequirePlainCompanions(file);
     m_connection = std::make_shared<Connection>(file);
     SetPatience(kPatience);
 }
@@ -123,7 +123,7 @@ Connection& Database::Store() const {
 }
 
 Recordset Database::OpenRecordset(std::string_view sql, RecordsetType type, SqlValues values) {
-    auto [text, literals] = Store().Understand(sql, std::move(values));
+    auto [text, literals] = Store().Translate(sql, std::move(values));
     if (!text->Translation.IsQuery) {
         throw BasicError(databaseerror::kSyntax, "SQL text returns no rows: " + std::string(sql));
     }
@@ -140,7 +140,7 @@ Recordset Database::OpenRecordset(std::string_view sql, RecordsetType type, SqlV
 }
 
 void Database::Execute(std::string_view sql, SqlValues values) {
-    const auto [text, literals] = Store().Understand(sql, std::move(values));
+    const auto [text, literals] = Store().Translate(sql, std::move(values));
     if (text->Translation.IsQuery) {
         throw BasicError(databaseerror::kSyntax, "SQL text changes nothing: " + std::string(sql));
     }
@@ -176,7 +176,7 @@ void Database::NeedRoom(std::string_view path) {
     for (const std::string_view companion : {std::string_view(), kNewCopy, kLock}) {
         modObstacles::NeedFile(Beside(file, companion));
     }
-    NeedPlainCompanions(file);
+    RequirePlainCompanions(file);
 }
 
 std::shared_ptr<FileInUseMark> Database::Reserve(std::string_view path, std::string_view holder) {
@@ -206,7 +206,7 @@ void Database::DeleteFile(std::string_view path) {
         throw FileInUse(host);
     }
     for (const fs::path& copy : CopiesOf(host)) {
-        std::error_code ignored;  // it is in nobody's way
+        std::error_code ignored;  // it is in no one's way
         fs::remove(copy, ignored);
     }
     // In this order a process killed in between leaves a file that opens, and never a log that the next file

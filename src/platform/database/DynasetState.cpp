@@ -78,7 +78,7 @@ bool DynasetState::BOF() {
 
 bool DynasetState::AtEnd() {
     LoadKeys();
-    return m_position >= m_keys.size() + m_added.size();  // nowhere is behind everything
+    return m_position >= m_keys.size() + m_added.size();  // nowhere is after everything
 }
 
 void DynasetState::MoveFirst() {
@@ -140,7 +140,7 @@ Variant DynasetState::Value(int position) {
     }
     if (m_row.empty()) {
         if (TableColumn(position) == m_table.KeyColumn && CurrentIsAdded()) {
-            return static_cast<std::int32_t>(CurrentKey());  // known without a look at the row
+            return static_cast<std::int32_t>(CurrentKey());  // known without reading the row
         }
         ReadRow();
     }

@@ -85,19 +85,19 @@ bool JetReader::TakeSymbol(std::string_view symbol) {
     return taken;
 }
 
-void JetReader::NeedWord(std::string_view word) {
+void JetReader::ExpectWord(std::string_view word) {
     if (!TakeWord(word)) {
         Fail();
     }
 }
 
-void JetReader::NeedSymbol(std::string_view symbol) {
+void JetReader::ExpectSymbol(std::string_view symbol) {
     if (!TakeSymbol(symbol)) {
         Fail();
     }
 }
 
-std::string JetReader::NeedName() {
+std::string JetReader::ExpectName() {
     if (!IsName()) {
         Fail();
     }
@@ -143,7 +143,7 @@ JetExpression JetReader::Comparison() {
     JetExpression left = Joined();
     if (TakeWord("IS")) {
         const bool isNegated = TakeWord("NOT");
-        NeedWord("NULL");
+        ExpectWord("NULL");
         return Condition(left.AsValue() + (isNegated ? " IS NOT NULL" : " IS NULL"));
     }
     for (const std::string_view sign : {"=", "<>", "<=", ">=", "<", ">"}) {
@@ -209,7 +209,7 @@ JetExpression JetReader::Primary() {
     }
     if (TakeSymbol("(")) {
         JetExpression inner = Expression();
-        NeedSymbol(")");
+        ExpectSymbol(")");
         inner.Sql = '(' + inner.Sql + ')';
         inner.Column.clear();
         return inner;
@@ -236,16 +236,16 @@ JetExpression JetReader::Function() {
     m_at += 2;
     const bool countsRows = modTextCase::Equal(sql, "Count") && TakeSymbol("*");
     sql += '(' + (countsRows ? "*" : Expression().AsValue()) + ')';
-    NeedSymbol(")");
+    ExpectSymbol(")");
     return Value(std::move(sql));
 }
 
 JetExpression JetReader::Column() {
     JetExpression result;
-    result.Column = NeedName();
+    result.Column = ExpectName();
     if (TakeSymbol(".")) {
         result.Qualifier = std::move(result.Column);
-        result.Column = NeedName();
+        result.Column = ExpectName();
         result.Sql = Bracketed(result.Qualifier) + '.';
     }
     result.Sql += Bracketed(result.Column);

@@ -22,7 +22,7 @@ struct JetExpression {
 };
 
 /// Reads the tokens of an SQL text from the first on, and translates the expressions among them; the
-/// grammar stands in JetSql.cpp. Whatever does not fit raises `databaseerror::kSyntax`.
+/// grammar is in JetSql.cpp. Whatever does not fit raises `databaseerror::kSyntax`.
 class JetReader {
 public:
     /// REQUIRES: both outlive this.
@@ -41,11 +41,11 @@ public:
 
     bool TakeWord(std::string_view word);
     bool TakeSymbol(std::string_view symbol);
-    void NeedWord(std::string_view word);
-    void NeedSymbol(std::string_view symbol);
-    std::string NeedName();
+    void ExpectWord(std::string_view word);
+    void ExpectSymbol(std::string_view symbol);
+    std::string ExpectName();
 
-    [[noreturn]] void Fail() const { modJetSql::RaiseNotUnderstood(m_text, Here().Position); }
+    [[noreturn]] void Fail() const { modJetSql::RaiseSyntaxError(m_text, Here().Position); }
 
     /// One level of brackets or operators; it ends with its scope.
     class Nesting {

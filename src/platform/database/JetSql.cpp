@@ -26,7 +26,7 @@
 //   sign        "-" sign | primary
 //   primary     literal | TRUE | FALSE | NULL | function "(" ... ")" | name ["." name] | "(" or ")"
 //
-// A sort term takes a whole "or": an AND behind ORDER BY belongs to the last sort term. AND, OR and NOT
+// A sort term takes a whole "or": an AND after ORDER BY belongs to the last sort term. AND, OR and NOT
 // work bit by bit where an operand is a number: "Impact AND Severity <> 1" is the impact where the
 // comparison holds (-1, all bits) and 0 where it does not.
 
@@ -66,13 +66,13 @@ public:
 
 private:
     std::string Update() {
-        m_reader.NeedWord("UPDATE");
-        std::string sql = "UPDATE " + Bracketed(m_reader.NeedName());
-        m_reader.NeedWord("SET");
+        m_reader.ExpectWord("UPDATE");
+        std::string sql = "UPDATE " + Bracketed(m_reader.ExpectName());
+        m_reader.ExpectWord("SET");
         std::string separator = " SET ";
         do {
-            sql += separator + Bracketed(m_reader.NeedName()) + " = ";
-            m_reader.NeedSymbol("=");
+            sql += separator + Bracketed(m_reader.ExpectName()) + " = ";
+            m_reader.ExpectSymbol("=");
             sql += m_reader.Expression().AsValue();
             separator = ", ";
         } while (m_reader.TakeSymbol(","));
@@ -93,10 +93,10 @@ private:
     }
 
     std::string Select(JetTranslation* result) {
-        m_reader.NeedWord("SELECT");
+        m_reader.ExpectWord("SELECT");
         const bool isDistinct = m_reader.TakeWord("DISTINCT");
         const SelectList list = Items();
-        m_reader.NeedWord("FROM");
+        m_reader.ExpectWord("FROM");
         std::string onlyTable;
         const std::string source = Source(onlyTable);
         const std::string where = Where();
@@ -134,9 +134,9 @@ private:
             return;
         }
         if (m_reader.IsName() && IsQualifiedStar()) {
-            const std::string table = m_reader.NeedName();
-            m_reader.NeedSymbol(".");
-            m_reader.NeedSymbol("*");
+            const std::string table = m_reader.ExpectName();
+            m_reader.ExpectSymbol(".");
+            m_reader.ExpectSymbol("*");
             list.Sql += Bracketed(table) + ".*";
             list.OnlyPlainColumns = false;
             NoteQualifier(list, table, isFirst);
@@ -150,7 +150,7 @@ private:
         NoteQualifier(list, expression.Qualifier, isFirst);
         list.Sql += expression.AsValue() + " AS ";
         if (hasAlias) {
-            list.Sql += Bracketed(m_reader.NeedName());
+            list.Sql += Bracketed(m_reader.ExpectName());
         } else if (!expression.Column.empty()) {
             list.Sql += Bracketed(expression.Column);
         } else {
@@ -183,7 +183,7 @@ private:
         return sql;
     }
 
-    /// True for what can stand behind the one table of a source.
+    /// True for what can follow the one table of a source.
     static bool EndsSource(const JetToken& token) {
         return token.Type == Kind::End ||
                (token.Type == Kind::Word && (modTextCase::Equal(token.Spelling, "WHERE") ||
@@ -204,9 +204,9 @@ private:
             } else {
                 return sql;
             }
-            m_reader.NeedWord("JOIN");
+            m_reader.ExpectWord("JOIN");
             sql += Table();
-            m_reader.NeedWord("ON");
+            m_reader.ExpectWord("ON");
             sql += " ON " + m_reader.Expression().Sql;
         }
     }
@@ -218,17 +218,17 @@ private:
             const bool isQuery = m_reader.IsWord("SELECT");
             const auto nesting = m_reader.EnterNesting();
             sql = '(' + (isQuery ? Query(nullptr) : Join()) + ')';
-            m_reader.NeedSymbol(")");
+            m_reader.ExpectSymbol(")");
             if (!isQuery) {
                 return sql;
             }
             // A sub-query without a name still answers to the table that its columns come from.
             inheritedName = m_commonQualifier.value_or("");
         } else {
-            sql = Bracketed(m_reader.NeedName());
+            sql = Bracketed(m_reader.ExpectName());
         }
         if (m_reader.TakeWord("AS") || m_reader.IsName()) {
-            return sql + " AS " + Bracketed(m_reader.NeedName());
+            return sql + " AS " + Bracketed(m_reader.ExpectName());
         }
         return inheritedName.empty() ? sql : sql + " AS " + Bracketed(inheritedName);
     }
@@ -240,7 +240,7 @@ private:
     std::string GroupBy() {
         std::string sql;
         if (m_reader.TakeWord("GROUP")) {
-            m_reader.NeedWord("BY");
+            m_reader.ExpectWord("BY");
             do {
                 sql += (sql.empty() ? " GROUP BY " : ", ") + SortedValue();
             } while (m_reader.TakeSymbol(","));
@@ -251,7 +251,7 @@ private:
     std::string OrderBy() {
         std::string sql;
         if (m_reader.TakeWord("ORDER")) {
-            m_reader.NeedWord("BY");
+            m_reader.ExpectWord("BY");
             do {
                 sql += (sql.empty() ? " ORDER BY " : ", ") + SortedValue();
                 if (m_reader.TakeWord("DESC")) {

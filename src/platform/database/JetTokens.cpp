@@ -26,7 +26,7 @@ bool BeginsWord(char c) {
 class Cutter {
 public:
     Cutter(std::string_view text, SqlValues values) : m_text(text), m_values(std::move(values)) {
-        constexpr std::size_t kUsualToken = 5;  // characters, with the space behind it
+        constexpr std::size_t kUsualToken = 5;  // characters, with the space after it
         m_result.Shape.reserve(text.size() + text.size() / kUsualToken);
         m_result.Tokens.reserve(text.size() / kUsualToken + 2);
     }
@@ -104,7 +104,7 @@ private:
         const bool isWhole = asWhole.ec == std::errc{} && asWhole.ptr == asFraction.ptr;
         const auto end = static_cast<std::size_t>(asFraction.ptr - m_text.data());
         if (end < m_text.size() && BeginsWord(m_text[end])) {
-            RaiseNotUnderstood(m_text, m_position);  // "12abc" is neither a number nor a name
+            RaiseSyntaxError(m_text, m_position);  // "12abc" is neither a number nor a name
         }
         FinishWithLiteral(
             JetToken::Kind::Number, end, isWhole ? SqlLiteral(whole) : SqlLiteral(fraction));
@@ -116,7 +116,7 @@ private:
         auto end = m_position + 1;
         for (;; ++end) {
             if (end == m_text.size()) {
-                RaiseNotUnderstood(m_text, m_position);
+                RaiseSyntaxError(m_text, m_position);
             }
             if (m_text[end] == quote) {
                 ++end;
@@ -132,7 +132,7 @@ private:
     void CutBracketedName() {
         const auto closing = m_text.find(']', m_position);
         if (closing == std::string_view::npos || closing == m_position + 1) {
-            RaiseNotUnderstood(m_text, m_position);
+            RaiseSyntaxError(m_text, m_position);
         }
         FinishWithSpelling(JetToken::Kind::BracketedName, closing + 1);
         m_token.Spelling = m_token.Spelling.substr(1, m_token.Spelling.size() - 2);
@@ -174,9 +174,9 @@ private:
 
 }  // namespace
 
-void RaiseNotUnderstood(std::string_view text, std::size_t position) {
+void RaiseSyntaxError(std::string_view text, std::size_t position) {
     constexpr std::size_t kQuoted = 60;  // enough to find the place, short enough for a log line
-    std::string description = "SQL text not understood ";
+    std::string description = "SQL syntax error ";
     if (position >= text.size()) {
         description += "at its end";
     } else {

@@ -33,7 +33,7 @@ public:
     /// REQUIRES: as many literals as the statement has parameters.
     void BindAll(const std::vector<SqlLiteral>& literals);
 
-    /// True when it stands on a row.
+    /// True when it is on a row.
     bool Step();
     /// Steps to the end and makes it ready for new values, also where it fails.
     void Run();

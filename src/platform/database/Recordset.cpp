@@ -28,7 +28,7 @@ RecordsetState& Recordset::State() {
     if (m_state == nullptr) {
         throw BasicError(databaseerror::kObjectInvalid, "Object invalid or no longer set.");
     }
-    m_state->NeedOpen();
+    m_state->RequireOpen();
     return *m_state;
 }
 

@@ -12,7 +12,7 @@
 
 namespace dorvik {
 
-/// What stands behind a `Recordset`, one class for each kind. The operations are those of `Recordset`.
+/// The implementation of a `Recordset`, one class for each kind. The operations are those of `Recordset`.
 class RecordsetState {
 public:
     explicit RecordsetState(std::shared_ptr<Connection> connection)
@@ -33,7 +33,7 @@ public:
     virtual void SetValue(int position, Variant value) = 0;
 
     /// Raises `kObjectInvalid` once the database is closed.
-    void NeedOpen() const { m_connection->NeedOpen(); }
+    void RequireOpen() const { m_connection->RequireOpen(); }
     /// The position of the field from 0. Raises `kUnknownField`.
     int FieldPosition(std::string_view name);
 

@@ -23,7 +23,7 @@ std::size_t PairIndex(unsigned lead, unsigned trail) {
 }
 
 struct ByteRange {
-    unsigned First = 1;  // as it stands: no byte at all
+    unsigned First = 1;  // as it is written: no byte at all
     unsigned Last = 0;
 };
 

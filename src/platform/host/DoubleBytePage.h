@@ -12,8 +12,8 @@ namespace dorvik {
 /// a letter; it belongs to its character and is never seen alone.
 ///
 /// The characters come from the C library's converter, but one pair at a time into a table: given a
-/// whole text, the converter passes over some pairs that it cannot convert and over others not, so
-/// that nobody can tell where to go on.
+/// whole text, the converter skips some pairs that it cannot convert and over others not, so
+/// that no one can tell where to go on.
 class DoubleBytePage {
 public:
     /// Null for any other code page, and for one that the C library of this machine does not offer.

@@ -47,7 +47,7 @@ bool HasEngineLock(int descriptor) {
     struct flock lock {};
     lock.l_type = F_WRLCK;
     lock.l_whence = SEEK_SET;
-    lock.l_start = 0x40000000;  // the lock bytes stand at a fixed place, whatever the file's size
+    lock.l_start = 0x40000000;  // the lock bytes are at a fixed place, whatever the file's size
     lock.l_len = 512;
     return ::fcntl(descriptor, F_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
 }
@@ -84,7 +84,7 @@ std::string HolderIn(int descriptor) {
         count = ::pread(descriptor, bytes.data(), bytes.size(), 0);
     }
     std::string text(bytes.data(), count > 0 ? static_cast<std::size_t>(count) : 0);
-    // Anything may stand in a file of that name.
+    // Anything may be in a file of that name.
     const auto isControl = [](char character) {
         return static_cast<unsigned char>(character) < ' ' || character == '\x7f';
     };
@@ -95,7 +95,7 @@ std::string HolderIn(int descriptor) {
 void WriteHolder(int descriptor, std::string_view holder) {
     std::string text = "process " + std::to_string(::getpid());
     text += holder;
-    // On a full disk nobody learns who it is; the lock holds all the same.
+    // On a full disk no one learns who it is; the lock holds all the same.
     const bool isWritten =
         ::ftruncate(descriptor, 0) == 0 &&
         ::pwrite(descriptor, text.data(), text.size(), 0) == static_cast<ssize_t>(text.size());
@@ -157,7 +157,7 @@ bool FileInUseMark::IsInUse(const std::filesystem::path& file) {
 }
 
 FileInUseMark::~FileInUseMark() {
-    // As long as the lock is held nobody else deletes the file or puts another into its place.
+    // As long as the lock is held no one else deletes the file or puts another into its place.
     if (!m_own.empty() && IdentityOf(m_descriptor) == IdentityOf(m_own)) {
         ::unlink(m_own.c_str());
     }

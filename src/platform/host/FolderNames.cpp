@@ -21,7 +21,7 @@ std::int64_t Nanoseconds(const timespec& time) {
 }
 
 /// A file that appears within the same tick of the host's clock leaves the folder's time as it was.
-/// Only a folder whose last change lies this far back is known to show every later one.
+/// Only a folder whose last change is this far back is known to show every later one.
 bool LiesBack(std::int64_t changed) {
     constexpr std::int64_t kCoarsestTick = 2 * kNanosecondsPerSecond;
     timespec now{};

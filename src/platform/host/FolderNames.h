@@ -23,11 +23,11 @@ public:
     bool IsUpToDate() const;
 
 private:
-    /// What the host tells of a folder, to notice a change.
+    /// What the host reports of a folder, to notice a change.
     struct Version {
         std::uint64_t Device = 0;
         std::uint64_t Number = 0;
-        std::int64_t Changed = 0;  // nanoseconds since 1970; 0 where the folder cannot be asked
+        std::int64_t Changed = 0;  // nanoseconds since 1970; 0 where the folder cannot be queried
 
         friend bool operator==(const Version&, const Version&) = default;
     };

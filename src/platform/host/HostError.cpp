@@ -20,7 +20,7 @@ struct CodeRow {
     std::int32_t Code;
 };
 
-// What the run-time errors do not tell apart.
+// What the run-time errors do not distinguish.
 constexpr CodeRow kByErrorOfHost[] = {
     {EROFS, kWriteProtected},
     {ENXIO, kNotReady},

@@ -121,7 +121,7 @@ std::string HostFile::ReadAll() {
     if (status.st_size > kMostBytes) {
         Raise(EFBIG);
     }
-    // One byte more than the length tells the end of the file without growing the buffer.
+    // One byte more than the length finds the end of the file without growing the buffer.
     std::string bytes(static_cast<std::size_t>(status.st_size) + 1, '\0');
     std::size_t size = 0;
     for (;;) {

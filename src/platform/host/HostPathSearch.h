@@ -30,7 +30,7 @@ class HostPathSearch {
 public:
     /// The path as written if it exists; otherwise the first that equals it but for case, with the
     /// spelling as written preferred in each part; otherwise the part that is found nowhere, and all
-    /// behind it, as written.
+    /// after it, as written.
     std::filesystem::path Find(const PathParts& path, int codePage);
 
 private:

@@ -24,9 +24,10 @@ std::string_view KindOf(fs::file_type type) {
     return "thing of an unknown kind";
 }
 
-void Need(const fs::path& place, fs::file_type wanted) {
-    std::error_code ignored;  // what cannot be looked at cannot be opened either, which tells why
-    // "Folder/" would be looked at behind the link.
+void Require(const fs::path& place, fs::file_type wanted) {
+    std::error_code
+        ignored;  // what cannot be examined cannot be opened either, which then reports why
+    // "Folder/" would mean the target of the link.
     const fs::path named = place.has_filename() ? place : place.parent_path();
     const fs::file_type type = fs::symlink_status(named, ignored).type();
     if (type == wanted || type == fs::file_type::not_found || type == fs::file_type::none) {
@@ -58,11 +59,11 @@ std::string OutputRefusal::SentenceIn(const BasicError& failure) {
 namespace modObstacles {
 
 void NeedFile(const fs::path& place) {
-    Need(place, fs::file_type::regular);
+    Require(place, fs::file_type::regular);
 }
 
 void NeedFolder(const fs::path& place) {
-    Need(place, fs::file_type::directory);
+    Require(place, fs::file_type::directory);
 }
 
 }  // namespace modObstacles

@@ -9,7 +9,7 @@ namespace dorvik {
 
 namespace {
 
-/// Where `sought` next stands; the end of the text where it stands nowhere.
+/// Where `sought` next is; the end of the text where it is nowhere.
 std::size_t NextPlace(std::string_view text, char sought, std::size_t from) {
     return std::min(text.find(sought, from), text.size());
 }

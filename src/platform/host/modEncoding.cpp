@@ -91,7 +91,7 @@ std::string DecodeUtf8(std::string_view bytes) {
     return modUtf8::IsValid(bytes) ? std::string(bytes) : RepairUtf8(bytes);
 }
 
-/// The 16-bit units of UTF-16 text; an odd byte at the end is no unit.
+/// The 16-bit units of UTF-16 text; an odd byte at the end is not a unit.
 class UnitSequence {
 public:
     UnitSequence(std::string_view bytes, bool isBigEndian)

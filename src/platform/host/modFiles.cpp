@@ -70,7 +70,7 @@ fs::path WithoutLinks(const fs::path& host) {
     return error ? host : real;
 }
 
-/// A name that leads to an entry of the folder that it stands behind, and nowhere else.
+/// A name that leads to an entry of the folder that it follows, and nowhere else.
 bool IsPlainName(std::string_view name) {
     return !name.empty() && name != "." && name != ".." &&
            name.find_first_of(std::string_view("\\/\0", 3)) == std::string_view::npos;
@@ -132,7 +132,7 @@ public:
     }
 
 private:
-    /// Nobody can lay something in the way of a name that he cannot guess.
+    /// No one can lay something in the way of a name that he cannot guess.
     static std::string UniqueName() {
         static std::random_device random;
         return ".dorvik-" + std::to_string(::getpid()) + "-" + std::to_string(random()) + "-" +
@@ -327,7 +327,7 @@ bool AppendLine(std::string_view path, std::string_view line, std::int64_t mostB
 bool TurnOver(std::string_view path, std::string_view older, std::int64_t fromBytes) {
     const fs::path host = PossibleHostPath(path);
     const HostFile file(host, FileUse::Append, path);
-    // Whoever holds the lock of the file that has this name turns it over; the others find another file.
+    // The holder of the lock of the file that has this name renames it; the others find another file.
     if (!file.LockAlone() || file.Size() < fromBytes || !file.Is(host)) {
         return false;
     }

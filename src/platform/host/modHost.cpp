@@ -75,7 +75,7 @@ std::string InsidePath(const std::filesystem::path& folder) {
     return path;
 }
 
-/// The installed answer, or null if the machine is to be asked.
+/// The installed answer, or null if the machine is to be queried.
 const std::string* InstalledFact(std::string HostFacts::*field) {
     const bool isThere = installedFacts != nullptr && !(installedFacts->*field).empty();
     return isThere ? &(installedFacts->*field) : nullptr;

@@ -12,11 +12,11 @@ namespace dorvik::modHostFolder {
 
 struct Entry {
     std::string Name;
-    std::optional<bool> IsFolder;  // nothing where only a look at the file tells, as for a link
+    std::optional<bool> IsFolder;  // nothing where only the file itself shows it, as for a link
 };
 
-/// What is in the folder, without "." and "..", in the order of the disk. `error` tells why it is not, or
-/// not all, there. Raises nothing but the want of memory.
+/// What is in the folder, without "." and "..", in the order of the disk. `error` says why it is not, or
+/// not all, there. Raises nothing but a lack of memory.
 std::vector<Entry> Entries(const std::filesystem::path& folder, std::error_code& error);
 
 }  // namespace dorvik::modHostFolder

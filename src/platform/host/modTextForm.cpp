@@ -168,7 +168,7 @@ std::string_view WhyUnreadable(TextForm form) {
     switch (form) {
         case TextForm::Utf32:
             return "is UTF-32 text; save it as UTF-8, as UTF-16 or in its Windows code page";
-        case TextForm::Binary: return "holds no text but binary data";
+        case TextForm::Binary: return "holds binary data, not text";
         case TextForm::Bytes:
         case TextForm::Utf16Little:
         case TextForm::Utf16Big: break;

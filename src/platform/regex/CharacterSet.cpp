@@ -35,7 +35,7 @@ const CharacterSet& CharacterSet::LineEnds() {
 }
 
 void CharacterSet::Add(Range range) {
-    // The first range that touches or follows the new one, and the first that lies wholly behind it.
+    // The first range that touches or follows the new one, and the first that is wholly after it.
     const auto first = std::lower_bound(
         m_ranges.begin(), m_ranges.end(), range.First, [](const Range& each, char32_t begin) {
             return each.Last + 1 < begin;

@@ -98,7 +98,7 @@ void CompiledPattern::RaiseTooComplex(const std::string& limit) const {
     throw BasicError(
         kRegularExpressionTooComplex,
         "Expression too complex: the search for regular expression '" + m_pattern +
-            "' was given up, " + limit);
+            "' was aborted, " + limit);
 }
 
 bool CompiledPattern::Require(PatternMachine::Outcome outcome) const {
@@ -148,7 +148,7 @@ bool CompiledPattern::Find(
     return false;
 }
 
-/// The library tells the place faster, even where it would take another text there.
+/// The library finds the position faster, even where it would take another text there.
 bool CompiledPattern::FindByMachine(
     std::string_view text, std::size_t from, std::vector<PatternSpan>& groups) const {
     PatternMachine machine(*m_program, text);

@@ -20,8 +20,8 @@ class LibraryPattern;
 /// may serve every `RegularExpression` with this pattern. Only `RegularExpression` uses it.
 ///
 /// `PatternReader` reads the pattern, `PatternRewriter` writes it for the library, and `LibraryPattern` searches.
-/// Whether and from where on a text matches is always told by the library (unless it cannot hold the pattern, or
-/// a back reference hangs on groups that it would keep); which text and which groups, by the library or,
+/// Whether and from where on a text matches is always decided by the library (unless it cannot hold the pattern, or
+/// a back reference depends on groups that only the library keeps from earlier rounds); which text and which groups, by the library or,
 /// where that would take others than the dialect, by `PatternMachine`.
 class CompiledPattern {
 public:
@@ -45,7 +45,7 @@ public:
     // `kRegularExpressionTooComplex`.
 
     bool IsIn(std::string_view text) const;
-    /// The first match that begins at or behind `from`, and its groups behind it; false if there is none.
+    /// The first match that begins at or after `from`, followed by its groups; false if there is none.
     bool Find(std::string_view text, std::size_t from, std::vector<PatternSpan>& groups) const;
     /// The longest match at the first place where there is one; with back references, the first.
     std::optional<PatternSpan> FindLongest(std::string_view text) const;

@@ -161,7 +161,7 @@ LibraryPattern::Outcome LibraryPattern::Find(
     }
     const std::size_t* bounds = pcre2_get_ovector_pointer(data);
     const auto known =
-        static_cast<std::size_t>(result);  // groups behind the last one that is set are not
+        static_cast<std::size_t>(result);  // groups after the last one that is set are not
     spans.assign(groupCount + 1, PatternSpan{});
     for (std::size_t group = 0; group < std::min(known, spans.size()); ++group) {
         if (bounds[2 * group] != PCRE2_UNSET) {
@@ -193,7 +193,7 @@ LibraryPattern::FindLongest(std::string_view text, std::size_t start, PatternSpa
     }
     const Outcome outcome = OutcomeOf(result);
     if (outcome == Outcome::Match) {
-        span = FirstSpan(workspace.Whole.get());  // the longest is told first
+        span = FirstSpan(workspace.Whole.get());  // the longest is reported first
     }
     return outcome;
 }

@@ -29,7 +29,7 @@ public:
     /// False if the library cannot hold the pattern; no search may be made then.
     bool IsUsable() const { return m_code != nullptr; }
 
-    /// The first match that begins at or behind `from`.
+    /// The first match that begins at or after `from`.
     Outcome Find(std::string_view text, std::size_t from, PatternSpan& span) const;
     /// The same with its groups: the whole, then `groupCount` groups.
     Outcome Find(

@@ -180,7 +180,7 @@ bool PatternMachine::TestPlace(Op code) const {
 
 // ---- Repetitions ----
 
-/// Goes on to the round that follows the test, or out.
+/// Continues to the round that follows the test, or out.
 void PatternMachine::TestLoop(const PatternProgram::Loop& loop) {
     const std::size_t rounds = m_registers[loop.Counter];
     const bool mayGoOn = loop.Most == PatternNode::kUnbounded || rounds < loop.Most;
@@ -201,7 +201,7 @@ void PatternMachine::BeginRound(const PatternProgram::Loop& loop) {
     }
 }
 
-/// A round beyond the least number that took nothing is no round.
+/// A round beyond the least number that took nothing is not a round.
 bool PatternMachine::EndRound(const PatternProgram::Loop& loop, std::uint32_t test) {
     const std::size_t rounds = m_registers[loop.Counter];
     if (rounds >= loop.Least && m_position == m_registers[loop.Counter + 1]) {
@@ -225,7 +225,7 @@ void PatternMachine::EnterLookahead(const PatternProgram::Instruction& instructi
     Set(instruction.A + 1, m_position);
 }
 
-/// The roads inside are closed for good; what was noted inside is forgotten only with what lies before.
+/// The paths inside are closed for good; what was noted inside is forgotten only with what is before.
 void PatternMachine::LeaveLookahead(std::uint32_t registers) {
     const auto first = m_stack.begin() + static_cast<std::ptrdiff_t>(m_registers[registers]);
     m_stack.erase(

@@ -34,7 +34,7 @@ public:
 
     /// A match that begins at a byte. `Longest` tries all roads and keeps the longest.
     Outcome MatchAt(std::size_t start, Wanted wanted);
-    /// The first match that begins at a byte or behind it.
+    /// The first match that begins at a byte or after it.
     Outcome Search(std::size_t from);
 
     /// Of the last match: the whole, then the groups.

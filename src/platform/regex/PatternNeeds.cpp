@@ -116,7 +116,7 @@ void SequenceNeeds::AddCharacter(char32_t character) {
     m_needs.Bytes.AddAll(ByteSet(bytes));
 }
 
-/// A piece of its own, of which it is not known what stands next to its literal text.
+/// A piece of its own, of which it is not known what is next to its literal text.
 void SequenceNeeds::AddInner(const PatternNode& node) {
     EndRun();
     PatternNeeds inner =

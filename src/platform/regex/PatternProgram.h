@@ -8,7 +8,7 @@
 namespace dorvik {
 
 /// A pattern as steps for `PatternMachine`. Registers 2n and 2n + 1 hold where the group n begins and
-/// ends (group 0 is the whole match); behind these come those of the loops and lookaheads.
+/// ends (group 0 is the whole match); after these come those of the loops and lookaheads.
 class PatternProgram {
 public:
     enum class Op {
@@ -27,7 +27,7 @@ public:
         Jump,               // to A
         LoopEnter,          // A: index into the loops; no round yet
         LoopTest,           // A: index into the loops; another round, or out
-        RoundBegin,         // A: index into the loops; always behind LoopTest
+        RoundBegin,         // A: index into the loops; always after LoopTest
         LoopNext,           // A: index into the loops; the end of a round, B: of its LoopTest
         LookEnter,          // A: register of the height of the stack, A + 1: of the position
         LookLeave,          // the same: it matched, go on where it began

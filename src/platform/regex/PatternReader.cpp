@@ -55,7 +55,7 @@ bool PatternReader::Read(PatternTree& tree) {
         return false;
     }
     if (!AtEnd()) {
-        return Fail(kRegularExpressionSyntax, m_position, "a ')' without its '('");
+        return Fail(kRegularExpressionSyntax, m_position, "an unmatched ')'");
     }
     tree.Flags = m_flags;
     tree.GroupCount = m_groupCount;
@@ -71,7 +71,7 @@ bool PatternReader::Accept(std::u32string_view text) {
     return true;
 }
 
-/// The first fault is the one that is told.
+/// The first fault is the one that is reported.
 bool PatternReader::Fail(std::int32_t number, std::size_t at, std::string detail) {
     if (m_fault.Number == 0) {
         m_fault = {number, at + 1, std::move(detail)};
@@ -163,7 +163,7 @@ bool PatternReader::ReadGroup(PatternNode& node) {
         outer.Kind = PatternKind::Group;
         outer.Number = m_nextGroup++;
     }
-    // Any other "?" is a quantifier that has nothing before it, and is told as one.
+    // Any other "?" is a quantifier that has nothing before it, and is reported as one.
     PatternNode inner;
     if (!ReadAlternatives(inner)) {
         return false;
@@ -246,7 +246,7 @@ bool PatternReader::ReadRepetition(PatternNode& node) {
             break;
     }
     if (outer.Least > outer.Most) {
-        return Fail(kRegularExpressionSyntax, first, "a count from more to fewer");
+        return Fail(kRegularExpressionSyntax, first, "a repeat range in descending order");
     }
     outer.IsLazy = Accept(U"?");
     outer.Children.push_back(std::move(node));

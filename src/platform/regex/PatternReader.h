@@ -11,7 +11,7 @@ namespace dorvik {
 /// Why a pattern is malformed.
 struct PatternFault {
     std::int32_t Number = 0;   // 5017 to 5020, or 0: the pattern is well formed
-    std::size_t Position = 0;  // of the offending character, from 1; behind the last one at the end
+    std::size_t Position = 0;  // of the offending character, from 1; after the last one at the end
     std::string Detail;        // a sentence part for the user; empty if the number says it all
 };
 
@@ -21,7 +21,7 @@ class PatternReader {
 public:
     PatternReader(std::string_view pattern, PatternFlags flags);
 
-    /// False for a malformed pattern; `Fault` tells why, and the tree is of no use then.
+    /// False for a malformed pattern; `Fault` says why, and the tree is of no use then.
     bool Read(PatternTree& tree);
     const PatternFault& Fault() const { return m_fault; }
 

@@ -16,7 +16,7 @@ bool IsLetter(char32_t character) {
 
 bool PatternReader::ReadEscape(PatternNode& node) {
     if (AtEnd()) {
-        return Fail(kRegularExpressionSyntax, m_position - 1, "nothing behind the '\\'");
+        return Fail(kRegularExpressionSyntax, m_position - 1, "nothing after the '\\'");
     }
     switch (const char32_t letter = m_pattern[m_position]) {
         case 'b':
@@ -63,7 +63,7 @@ bool PatternReader::ReadNumberEscape(PatternNode& node) {
     return true;
 }
 
-/// Behind "\": an escape that stands for one character. REQUIRES: not AtEnd().
+/// After "\": an escape that stands for one character. REQUIRES: not AtEnd().
 char32_t PatternReader::ReadEscapedCharacter() {
     const char32_t character = m_pattern[m_position];
     if (character >= '0' && character <= '7') {
@@ -161,7 +161,7 @@ bool PatternReader::ReadClass(PatternNode& node) {
         if (!part.IsCharacter || !last.IsCharacter) {
             set.Add('-');  // "\d-x": no range can begin or end with a set
         } else if (part.Character > last.Character) {
-            return Fail(kRegularExpressionSyntax, first, "a range that runs backwards");
+            return Fail(kRegularExpressionSyntax, first, "a range in descending order");
         } else {
             set.Add({part.Character, last.Character});
         }
@@ -178,7 +178,7 @@ bool PatternReader::ReadClassPart(ClassPart& part) {
     char32_t character = m_pattern[m_position++];
     if (character == '\\') {
         if (AtEnd()) {
-            return Fail(kRegularExpressionSyntax, m_position - 1, "nothing behind the '\\'");
+            return Fail(kRegularExpressionSyntax, m_position - 1, "nothing after the '\\'");
         }
         part.IsCharacter = false;
         const char32_t letter = m_pattern[m_position];

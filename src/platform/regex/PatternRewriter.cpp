@@ -36,10 +36,10 @@ bool IsLetter(char32_t character) {
     return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
 }
 
-/// The library's short cuts may miss matches of two kinds of patterns: where a repetition stands behind
-/// alternatives of several lengths (places are passed by where it has failed on another road), and where a
-/// lookahead stands first (its character is looked for again behind the first one). They do not reach
-/// behind a lookahead without text, so one in front keeps the library from taking them.
+/// The library's short cuts may miss matches of two kinds of patterns: where a repetition follows
+/// alternatives of several lengths (positions are skipped where it has failed on another path), and where a
+/// lookahead is first (its character is looked for again after the first one). They do not reach
+/// after a lookahead without text, so one in front keeps the library from taking them.
 constexpr const char* kBarrier = "(?=)";
 
 bool NeedsBarrier(const PatternNode& node) {
@@ -176,7 +176,7 @@ bool PatternRewriter::WriteGrouped(const char* opener, const PatternNode& node) 
     return true;
 }
 
-/// Case is switched off only around ASCII letters. Of these, "k" and "s" have a third form for the library
+/// Case is disabled only around ASCII letters. Of these, "k" and "s" have a third form for the library
 /// (the Kelvin sign and the long s), which the dialect does not know.
 void PatternRewriter::WriteLetter(char32_t character, bool isAnyCase) {
     if (isAnyCase && (character | 0x20U) != 'k' && (character | 0x20U) != 's') {

@@ -4,7 +4,7 @@
 
 /// Which characters a pattern takes for the same when case is ignored. ECMAScript compares the capital
 /// letters, with three exceptions: a letter whose capital is written with several characters
-/// stays itself, and so do a letter outside ASCII whose capital lies in ASCII (the long s is no "s") and
+/// stays itself, and so do a letter outside ASCII whose capital is in ASCII (the long s is not a "s") and
 /// everything above U+FFFF.
 namespace dorvik::modPatternCase {
 

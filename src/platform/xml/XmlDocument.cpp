@@ -61,7 +61,7 @@ public:
         return m_message.empty() ? "The text is not well-formed." : OnOneLine(m_message);
     }
     int Line() const { return m_line; }
-    /// The library goes on with what it has, as if that were all.
+    /// The library continues with what it has, as if that were all.
     bool RanOutOfMemory() const { return m_ranOutOfMemory; }
 
 private:
@@ -90,7 +90,7 @@ private:
 
 /// The library crashes at some places where it gets no memory, so the shortage is to show before it begins.
 /// Raises std::bad_alloc.
-void NeedMemoryFor(std::size_t bytes) {
+void RequireMemoryFor(std::size_t bytes) {
     constexpr std::size_t kOfParser = 1'000'000;
     constexpr std::size_t kOfEachByte = 32;  // a node of 120 bytes for an element of four, "<a/>"
     static_cast<void>(std::make_unique_for_overwrite<char[]>(kOfParser + kOfEachByte * bytes));
@@ -105,7 +105,7 @@ std::shared_ptr<XmlTree> EmptyTree() {
     return std::make_shared<XmlTree>(xmlNewDoc(BAD_CAST "1.0"));
 }
 
-/// What stands in there is text as it is, white space too.
+/// What is in there is text as it is, white space too.
 bool IsTextOfAStyleSheet(const xmlNode* element) {
     return element->ns != nullptr && xmlStrEqual(element->name, BAD_CAST "text") != 0 &&
            xmlStrEqual(element->ns->href, BAD_CAST "http://www.w3.org/1999/XSL/Transform") != 0;
@@ -159,7 +159,7 @@ std::size_t CountOfAttributes(std::string_view bytes) {
     return count;
 }
 
-/// Whether an element has more attributes than anybody writes, so many that the library would hang.
+/// Whether an element has more attributes than anyone writes, so many that the library would hang.
 /// Works on the bytes of any encoding, because no value of an attribute holds a "<".
 bool HasTooManyAttributes(std::string_view bytes) {
     constexpr std::size_t kShortest = 4;  // of a name, "=" and two quotation marks
@@ -230,7 +230,7 @@ bool XmlDocument::Parse(std::string_view bytes, const char* encoding) {
     if (HasTooManyAttributes(bytes)) {
         return Refuse(XML_ERR_NO_MEMORY, std::string(kTooManyAttributes) + PlaceText(0, m_path));
     }
-    NeedMemoryFor(bytes.size());
+    RequireMemoryFor(bytes.size());
     const ErrorRecord errors;
     const ParserContext parser(xmlNewParserCtxt());
     if (parser == nullptr) {

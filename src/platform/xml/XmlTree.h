@@ -12,7 +12,7 @@ struct _xmlNode;
 
 namespace dorvik {
 
-/// The tree behind a document and its nodes, on libxml2; shared by all of them, so a node outlives
+/// The tree of a document and its nodes, on libxml2; shared by all of them, so a node outlives
 /// its document. Only the XML layer of this folder uses it.
 class XmlTree {
 public:
@@ -36,7 +36,7 @@ public:
 
 private:
     _xmlDoc* m_document;
-    std::unordered_set<_xmlNode*> m_removed;  // freed with the tree, somebody may still hold them
+    std::unordered_set<_xmlNode*> m_removed;  // freed with the tree, someone may still hold them
     // Positions are asked for one by one, but the library has the children as a chain.
     std::unordered_map<_xmlNode*, std::vector<_xmlNode*>> m_children;
 };

@@ -61,9 +61,9 @@ void Note(void*, const char* format, ...) {
 xmlDoc* RefuseOtherDocument(const xmlChar* address, xmlDict*, int, void*, xsltLoadType) {
     if (xmlStrEqual(address, BAD_CAST kOwnAddress) == 0 && !g_record->Refused) {
         g_record->Refused = true;
-        g_record->Reason = "The style sheet asks for '" +
+        g_record->Reason = "The style sheet requests '" +
                            std::string(reinterpret_cast<const char*>(address)) +
-                           "', but it may use no other document.";
+                           "', but it must not use other documents.";
     }
     return nullptr;
 }

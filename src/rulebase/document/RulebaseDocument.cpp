@@ -174,12 +174,12 @@ void RulebaseDocument::WriteRule(const IRule& rule) {
     m_body += "<article class=\"rule s" + std::to_string(violation.Severity()) + "\">\n";
     Element(
         "h3", "", rule.Title().empty() ? "Rule " + std::to_string(rule.RuleID()) : rule.Title());
-    m_body +=
-        "<p class=\"marks\"><span class=\"severity\">" +
-        Escape(modRuleFacts::SeverityTitle(m_rulebase, violation.Severity())) + "</span>" + kDot +
-        std::string(modRuleFacts::KindName(rule.RuleType())) + " " + std::to_string(rule.RuleID()) +
-        kDot + "impact " + std::to_string(violation.Impact()) +
-        (rule.RuleActive() ? "" : kDot + "<span class=\"off\">switched off</span>") + "</p>\n";
+    m_body += "<p class=\"marks\"><span class=\"severity\">" +
+              Escape(modRuleFacts::SeverityTitle(m_rulebase, violation.Severity())) + "</span>" +
+              kDot + std::string(modRuleFacts::KindName(rule.RuleType())) + " " +
+              std::to_string(rule.RuleID()) + kDot + "impact " +
+              std::to_string(violation.Impact()) +
+              (rule.RuleActive() ? "" : kDot + "<span class=\"off\">disabled</span>") + "</p>\n";
     Paragraphs(rule.Description(), "");
     m_body += "<dl>\n";
     for (const RuleFact& fact : modRuleFacts::Of(rule, m_rulebase)) {

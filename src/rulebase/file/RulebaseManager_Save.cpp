@@ -85,7 +85,7 @@ bool RulebaseManager::SaveProperties(KyXMLElement& root, Rulebase& rulebase, std
                 version.SetVersion(rulebase.Version());
                 Explain(
                     [&] { version.Increment(); },
-                    [&] { return ": there is no version behind " + rulebase.Version(); });
+                    [&] { return ": there is no version after " + rulebase.Version(); });
                 rulebase.SetVersion(version.Version());
             }
             const auto section = Section(root, schema::kProperties);
@@ -242,7 +242,7 @@ bool RulebaseManager::SaveNamingConventions(
                 const NamingConvention& rule = *rules.NamingConventions().Item(index);
                 const auto element = AddWithAttributes<NamingConvention>(
                     *section, schema::kNamingConvention, schema::Naming(), rule);
-                // Required: the items of a prefix or suffix that is switched off are lost by a save.
+                // Required: the items of a prefix or suffix that is disabled are lost by a save.
                 if (rule.PrefixActive()) {
                     AddNameItems(
                         *element, schema::kPrefixItems, schema::kPrefixItem, rule.PrefixItems());

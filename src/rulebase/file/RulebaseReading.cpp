@@ -56,7 +56,7 @@ Refused(const BasicError& failure, const std::string& value, const std::string& 
     if (failure.Number() == runtimeerror::kOverflow) {
         return "'" + value + "' is too large a number";
     }
-    return "'" + value + "' stands where " + Belonging(defaultText) + " belongs";
+    return "'" + value + "' was found where " + Belonging(defaultText) + " was expected";
 }
 
 std::string Position(std::size_t index) {
@@ -114,7 +114,7 @@ RulebaseReading::Element RulebaseReading::RequiredChild(
     Element child = FindChild(parent, name);
     if (child == nullptr) {
         SetPlace(parent);
-        Tell(std::string(where), "", "the element '" + std::string(name) + "' is missing");
+        Report(std::string(where), "", "the element '" + std::string(name) + "' is missing");
     }
     return child;
 }
@@ -125,7 +125,7 @@ RulebaseReading::ListElements(const KyXMLElement& section, const std::string& wh
     for (Element& child : modSectionReading::Children(section)) {
         if (child->ElementType() == kTextNode) {
             SetPlace(*child);
-            Tell(where, "", "text stands between the elements, and a load ends there");
+            Report(where, "", "there is text between the elements, where a load ends");
         } else {
             elements.push_back(std::move(child));
         }
@@ -133,7 +133,8 @@ RulebaseReading::ListElements(const KyXMLElement& section, const std::string& wh
     return elements;
 }
 
-void RulebaseReading::Tell(std::string element, std::string_view attribute, std::string sentence) {
+void RulebaseReading::Report(
+    std::string element, std::string_view attribute, std::string sentence) {
     m_faults.push_back(
         {FaultKind::Unreadable,
          0,
@@ -174,7 +175,7 @@ std::optional<std::string> RulebaseReading::Text(
         {"RulebaseReading", "Text"},
         [&] { text = element.AttributeValueByName(name); },
         [&](const BasicError& failure) {
-            Tell(where, name, Refused(failure, "", ""));
+            Report(where, name, Refused(failure, "", ""));
             return true;
         });
     return text;
@@ -188,7 +189,7 @@ std::optional<std::int32_t> RulebaseReading::Number(
     }
     const std::optional<std::int32_t> number = modText::WholeNumber(*text);
     if (!number.has_value()) {
-        Tell(where, name, "'" + *text + "' stands where a whole number belongs");
+        Report(where, name, "'" + *text + "' was found where a whole number was expected");
     }
     return number;
 }
@@ -200,7 +201,7 @@ void RulebaseReading::ReadProperties() {
         return;
     }
     const auto tell = [&](std::string_view attribute, std::string sentence) {
-        Tell(where, attribute, std::move(sentence) + "; what follows it keeps its default");
+        Report(where, attribute, std::move(sentence) + "; what follows it keeps its default");
     };
     Rulebase rulebase;
     ReadRows<Rulebase>(*section, schema::Properties(), rulebase, tell);
@@ -221,17 +222,17 @@ void RulebaseReading::ReadToleranceLists(const KyXMLElement& section) {
         }
         const std::vector<std::string_view> parts = modText::Split(text, '|');
         if (parts.size() > ToleranceSettings::kPlaces) {
-            Tell(where, attribute, "the list has more than six parts");
+            Report(where, attribute, "the list has more than six parts");
         }
         for (const std::string_view part : parts) {
             if (modText::WholeNumber(modText::Trim(part)).has_value()) {
                 continue;
             }
             const std::optional<std::int32_t> value = LeadingLong(part);
-            Tell(
+            Report(
                 where,
                 attribute,
-                "'" + std::string(part) + "' is no whole number and " +
+                "'" + std::string(part) + "' is not a whole number and " +
                     (value ? "would count as " + std::to_string(*value)
                            : "is too large to be read"));
         }
@@ -255,7 +256,7 @@ void RulebaseReading::ReadTags(
         tag.Element = Titled(name, tag.Content.TagName());
         ReadRows<TagItem>(
             *element, rows, tag.Content, [&](std::string_view attribute, std::string sentence) {
-                Tell(tag.Element, attribute, sentence + "; the tags from here on are not loaded");
+                Report(tag.Element, attribute, sentence + "; the tags from here on are not loaded");
             });
         tags.push_back(std::move(tag));
     }
@@ -273,7 +274,7 @@ void RulebaseReading::ReadDefaultViolations() {
         if (m_contents.DefaultViolations.size() ==
             static_cast<std::size_t>(DefaultViolations().Count())) {
             SetPlace(*element);
-            Tell(violation.Element, "", "there are only five default violations");
+            Report(violation.Element, "", "there are only five default violations");
             return;
         }
         ReadRows<ViolationDefinition>(
@@ -281,7 +282,7 @@ void RulebaseReading::ReadDefaultViolations() {
             schema::ViolationItem(),
             violation.Content,
             [&](std::string_view attribute, std::string sentence) {
-                Tell(violation.Element, attribute, std::move(sentence));
+                Report(violation.Element, attribute, std::move(sentence));
             });
         m_contents.DefaultViolations.push_back(std::move(violation));
     }
@@ -302,7 +303,7 @@ void RulebaseReading::ReadCategories() {
             schema::Category(),
             category,
             [&](std::string_view attribute, std::string sentence) {
-                Tell(name, attribute, sentence + "; the categories from here on are not loaded");
+                Report(name, attribute, sentence + "; the categories from here on are not loaded");
             });
         m_contents.Categories.push_back(
             Identified(std::to_string(category.ID()), *element, category.Title()));
@@ -325,7 +326,7 @@ void RulebaseReading::ReadSeverities() {
             schema::ExistingSeverity(),
             severity,
             [&](std::string_view attribute, std::string sentence) {
-                Tell(name, attribute, sentence + "; the severities from here on are not loaded");
+                Report(name, attribute, sentence + "; the severities from here on are not loaded");
             });
         const std::optional<std::int32_t> level = Number(*element, schema::kSeverityLevel, name);
         if (level.has_value()) {
@@ -348,7 +349,7 @@ void RulebaseReading::ReadAuthorised(
         Item item;
         const std::string name = element->ElementName() + " " + Position(items.size());
         ReadRows<Item>(*element, rows, item, [&](std::string_view attribute, std::string sentence) {
-            Tell(name, attribute, sentence + "; the items from here on are not loaded");
+            Report(name, attribute, sentence + "; the items from here on are not loaded");
         });
         items.push_back(Identified(item.LibID(), *element, item.Title()));
     }
@@ -371,7 +372,7 @@ void RulebaseReading::ReadRules(
         ReadRows<RuleClass>(
             *element, rows, *content, [&](std::string_view attribute, std::string sentence) {
                 rule.Unreadable.emplace(attribute);
-                Tell("", attribute, sentence + "; the rules from here on are not loaded");
+                Report("", attribute, sentence + "; the rules from here on are not loaded");
             });
         rule.Element = Titled(
             element->ElementName() + " " +
@@ -383,7 +384,7 @@ void RulebaseReading::ReadRules(
         for (std::size_t fault = firstFault; fault < m_faults.size(); ++fault) {
             m_faults[fault].Element = rule.Element;
             m_faults[fault].RuleID = content->RuleID();
-            // A review passes over a rule that is switched off before it reads anything else of it.
+            // A review skips a rule that is disabled before it reads anything else of it.
             m_faults[fault].CostsReview = rule.IsOn();
         }
         m_contents.Rules.push_back(std::move(rule));
@@ -415,7 +416,7 @@ void RulebaseReading::ReadViolation(const KyXMLElement& element, RulebaseContent
         rule.Content->ViolationDefinition(),
         [&](std::string_view attribute, std::string sentence) {
             rule.Unreadable.emplace(attribute);
-            Tell(
+            Report(
                 rule.Element,
                 "ViolationDefinition " + std::string(attribute),
                 sentence + "; a review does not load the rule");
@@ -450,7 +451,7 @@ void RulebaseReading::ReadNameItemsOf(
         const std::string place = child->ElementName() + " " + std::to_string(slot);
         if (slot > NamingConvention::kItemCount) {
             SetPlace(*child);
-            Tell(
+            Report(
                 rule.Element,
                 place,
                 "a prefix or suffix has four items at most; the rules from here on are not loaded");
@@ -461,7 +462,7 @@ void RulebaseReading::ReadNameItemsOf(
             schema::NameItem(),
             *items.Item(slot),
             [&](std::string_view attribute, std::string sentence) {
-                Tell(rule.Element, place + " " + std::string(attribute), std::move(sentence));
+                Report(rule.Element, place + " " + std::string(attribute), std::move(sentence));
             });
     }
 }

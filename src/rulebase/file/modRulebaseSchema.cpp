@@ -7,7 +7,7 @@ namespace dorvik::modRulebaseSchema {
 namespace {
 
 /// Lenient, unlike every other number of the file: a part without a number is 0. Required: parts
-/// beyond the sixth are stored behind the places of the list.
+/// beyond the sixth are stored after the places of the list.
 /// An empty text has no parts, so that all places stay as they are.
 void ReadTolerances(LongArrayList& list, const std::string& text) {
     if (text.empty()) {

@@ -34,7 +34,7 @@ void CategoryList::Sort() {
         const auto isLess = [](const auto& left, const std::string& title) {
             return modTextCase::Compare(left->Title(), title) < 0;
         };
-        // Required: of equal titles the one met later stands first.
+        // Required: of equal titles the one met later is first.
         const auto place = std::lower_bound(sorted.begin(), sorted.end(), item->Title(), isLess);
         sorted.insert(place, item);
     }

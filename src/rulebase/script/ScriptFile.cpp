@@ -45,7 +45,7 @@ std::string ScriptFile::MethodName(std::int32_t ruleID) {
     return "Method_" + std::to_string(ruleID);
 }
 
-/// Required: the first occurrence, wherever it stands, and nothing else.
+/// Required: the first occurrence, wherever it is, and nothing else.
 std::string ScriptFile::ScriptOfRule(std::int32_t ruleID, std::string_view script) {
     std::string text(script);
     const std::size_t main = modTextCase::Find(text, kMainProcedure);
@@ -105,7 +105,7 @@ void ScriptFile::CreateScriptFile() const {
     }
     std::string text = ModuleText();
     if (!modUtf8::IsAscii(text)) {
-        text.insert(0, "\xEF\xBB\xBF");  // the mark tells the engine that the text is UTF-8
+        text.insert(0, "\xEF\xBB\xBF");  // the mark informs the engine that the text is UTF-8
     }
     modFiles::WriteBytesAtomically(m_fullFilename, text);
 }

@@ -16,9 +16,9 @@ namespace dorvik {
 
 ExitCode RunEvents(const EventsOptions& options) {
     modFiles::SetNameCodePage(options.CodePage);
-    modLog::Log().SetLogFilePath({});  // whoever asks what the parser sees wants no file of it
+    modLog::Log().SetLogFilePath({});  // the command prints its output and writes no file
     if (!modDorvikUtils::IsVBPFile(options.Path)) {
-        modConsole::PrintError("'" + options.Path + "' is no project file (.vbp)");
+        modConsole::PrintError("'" + options.Path + "' is not a project file (.vbp)");
         return ExitCode::NothingDone;
     }
     const FoundProjects found = modProjectFinder::FindProjects({options.Path}, options.CodePage);

@@ -19,7 +19,7 @@ namespace dorvik {
 
 namespace {
 
-/// Ends the reports when the user asks for it.
+/// Ends the reports when the user interrupts the program.
 class CancelByInterrupt final : public IReportsEngineEvents {
 public:
     void ReportsProgress(ProgressInfo&, std::int32_t, bool& cancel) override {
@@ -31,18 +31,17 @@ private:
     Interrupt m_interrupt;
 };
 
-/// The review log lies beside the database, if it is there still.
+/// The review log is beside the database, if it is there still.
 std::string LogBeside(const std::string& database) {
     const std::string log = database.substr(0, database.rfind('.')) + ".txt";
     return modFiles::FileExists(log) ? log : std::string();
 }
 
-/// Why there are no pages to be made of the database; empty if they can be made. What cannot be read
-/// is told.
+/// Whether pages can be made of the database. What cannot be read is reported.
 ExitCode Examine(const std::string& hostPath, std::string& projectFile) {
     return modResultsFile::Read(hostPath, [&](ResultsDB& results) {
         if (results.GetReviewData().End.IsZero()) {
-            modConsole::PrintError("there is no report of '" + hostPath + "' for that reason");
+            modConsole::PrintError("no report of '" + hostPath + "' was written for that reason");
             return ExitCode::NothingDone;
         }
         projectFile = ResultsItems::FullPath(
@@ -63,15 +62,15 @@ public:
         for (const std::string& database : m_options.Databases) {
             complete = Write(database) && complete;
             if (m_events.Requested()) {
-                modConsole::PrintError("interrupted; the page at hand was not written");
+                modConsole::PrintError("interrupted; the current page was not written");
                 return ExitCode::Interrupted;
             }
         }
         if (!m_options.Quiet) {
             m_pages.Print();
         }
-        m_pages.TellReplaced();
-        m_pages.TellFailed();
+        m_pages.ReportReplaced();
+        m_pages.ReportFailed();
         if (m_pages.Empty()) {
             return ExitCode::NothingDone;
         }
@@ -79,7 +78,7 @@ public:
     }
 
 private:
-    /// False where the database cannot be used, which is told.
+    /// False where the database cannot be used, which is reported.
     bool Write(const std::string& hostPath) {
         std::string projectFile;
         if (Examine(hostPath, projectFile) != ExitCode::Passed) {
@@ -93,7 +92,7 @@ private:
         const std::string what = "the report of '" + hostPath + "'";
         if (!results.OpenReview(database)) {
             modConsole::PrintError(
-                what + " was not written, because the database cannot be opened any more");
+                what + " was not written, because the database can no longer be opened");
             return false;
         }
         WriteClassic(results, projectFile, folder, what);

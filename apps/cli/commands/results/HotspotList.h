@@ -15,7 +15,7 @@ class ResultsDB;
 /// A file or a procedure with its figures.
 struct Hotspot {
     BasicObject Object;
-    std::string File;  // object name of the file that a procedure lies in; empty for a file
+    std::string File;  // object name of the file that a procedure is in; empty for a file
     std::string Name;  // to be shown: the file name of a file
     /// Percentage of comment lines among code and comment lines; nothing for what has no lines of its own.
     std::optional<std::int32_t> Comments;

@@ -92,14 +92,13 @@ std::string DescribeFinding(const Finding& finding) {
 }
 
 std::string Reason(const ProjectResults& results) {
-    return results.WhyIncomplete.empty() ? "the review did not come to its end"
-                                         : results.WhyIncomplete;
+    return results.WhyIncomplete.empty() ? "the review did not finish" : results.WhyIncomplete;
 }
 
 std::string DescribeUnfinished(const ProjectResults& results) {
     return modFigureText::Grouped(results.UnfinishedFiles) + " of " +
            modFigureText::Counted(results.Files, "file", "files") +
-           (results.UnfinishedFiles == 1 ? " was" : " were") + " not reviewed to the end";
+           (results.UnfinishedFiles == 1 ? " was" : " were") + " not reviewed completely";
 }
 
 std::string DescribeVerdict(const ProjectResults& results) {
@@ -168,7 +167,7 @@ ProjectResults ProjectResults::ReadFrom(ResultsDB& database) {
         results.FailedMeasures.push_back(failure.Description);
     }
     if (const StoreFailures& lost = database.Failures(); lost.Count() > 0) {
-        results.TakeLoss("what was stored cannot be read: " + lost.Reason());
+        results.TakeLoss("stored results cannot be read: " + lost.Reason());
     }
     return results;
 }

@@ -15,7 +15,7 @@ namespace {
 
 constexpr const char* kResults = "results";
 
-/// Help texts that name the database, which stands between the two words of a command.
+/// Help texts that name the database, which comes between the two words of a command.
 class UsageWithDatabase final : public CLI::Formatter {
 public:
     std::string make_usage(const CLI::App* app, std::string name) const override {
@@ -26,7 +26,7 @@ public:
     }
 };
 
-// The texts fit a terminal of 80 columns: at most 49 characters behind the column of names.
+// The texts fit a terminal of 80 columns: at most 49 characters after the column of names.
 
 constexpr std::size_t kHelpWidth = 48;
 
@@ -36,8 +36,7 @@ void AddForm(CLI::App& command, ResultsForm& form) {
 }
 
 void AddFilter(CLI::App& command, ResultsFilterOptions& filter) {
-    command
-        .add_option("--severity", filter.Severities, "Only of these: 1 or critical to 5 or info")
+    command.add_option("--severity", filter.Severities, "Only these: 1 or critical to 5 or info")
         ->type_name("LIST")
         ->delimiter(',')
         ->allow_extra_args(false);
@@ -45,15 +44,14 @@ void AddFilter(CLI::App& command, ResultsFilterOptions& filter) {
         .add_option(
             "--kind",
             filter.Kinds,
-            "Only of these kinds: component,reference,keyword,\n"
+            "Only these kinds: component,reference,keyword,\n"
             "coding,naming,documentation")
         ->type_name("LIST")
         ->delimiter(',')
         ->allow_extra_args(false)
         ->check(CLI::IsMember(modRuleKinds::Keys()).description(""));
     command
-        .add_option(
-            "--category", filter.Categories, "Only of this title or ID, or 'none'; repeatable")
+        .add_option("--category", filter.Categories, "Only this title or ID, or 'none'; repeatable")
         ->type_name("NAME")
         ->allow_extra_args(false);
 }
@@ -69,7 +67,7 @@ void AddSort(
     command.add_option("--sort", key, text)
         ->type_name("KEY")
         ->check(CLI::IsMember(keys).description(""));
-    command.add_flag("--descending", descending, "Turn that order");
+    command.add_flag("--descending", descending, "Reverse that order");
 }
 
 }  // namespace
@@ -105,7 +103,8 @@ void ResultsCommands::AddOverviews(CLI::App& results, std::function<ExitCode()>&
         };
     });
 
-    CLI::App& tolerances = *results.add_subcommand("tolerances", "The limits, and who misses them");
+    CLI::App& tolerances =
+        *results.add_subcommand("tolerances", "The limits, and what exceeds them");
     tolerances.add_option("--file", m_tolerances.File, "All measures of this file")
         ->type_name("NAME");
     AddForm(tolerances, m_tolerances.Form);
@@ -129,7 +128,8 @@ void ResultsCommands::AddHotspots(CLI::App& results, std::function<ExitCode()>& 
 
     CLI::App& procedures =
         *results.add_subcommand("procedures", "The procedures with their figures");
-    procedures.add_option("FILE", m_procedures.File, "Only of this file (all)")->type_name("");
+    procedures.add_option("FILE", m_procedures.File, "Only those of this file (all)")
+        ->type_name("");
     AddFilter(procedures, m_procedures.Filter);
     AddSort(procedures, HotspotList::SortKeys(), m_procedures.SortKey, m_procedures.Descending);
     AddForm(procedures, m_procedures.Form);
@@ -143,8 +143,9 @@ void ResultsCommands::AddHotspots(CLI::App& results, std::function<ExitCode()>& 
 void ResultsCommands::AddViolations(CLI::App& results, std::function<ExitCode()>& chosen) {
     CLI::App& violations = *results.add_subcommand("violations", "The violations, worst first");
     AddFilter(violations, m_violations.Filter);
-    violations.add_option("--file", m_violations.File, "Only of this file")->type_name("NAME");
-    violations.add_option("--procedure", m_violations.Procedure, "Only of this procedure")
+    violations.add_option("--file", m_violations.File, "Only those of this file")
+        ->type_name("NAME");
+    violations.add_option("--procedure", m_violations.Procedure, "Only those of this procedure")
         ->type_name("NAME");
     violations.add_flag(
         "--include-completed", m_violations.IncludeCompleted, "Also those marked as completed");
@@ -167,11 +168,11 @@ void ResultsCommands::AddMarks(CLI::App& results, std::function<ExitCode()>& cho
     };
     constexpr Mark kMarks[] = {
         {"complete", "Mark violations as completed", true},
-        {"reopen", "Take that mark away", false},
+        {"reopen", "Remove that mark", false},
     };
     for (const Mark& mark : kMarks) {
         CLI::App& command = *results.add_subcommand(mark.Name, mark.Description);
-        command.add_option("ID", m_ids, "Of violations, as 'violations' shows them")
+        command.add_option("ID", m_ids, "IDs of violations, as 'violations' shows them")
             ->required()
             ->type_name("");
         command.callback([this, &chosen, completed = mark.Completed] {

@@ -61,7 +61,7 @@ ExitCode RunResultsComplete(
         }
         modConsole::Print(
             modFigureText::Counted(marked, "violation", "violations") +
-            (completed ? " marked as completed.\n" : " open again.\n"));
+            (completed ? " marked as completed.\n" : " reopened.\n"));
         return marked == static_cast<std::int32_t>(violations->size()) ? ExitCode::Passed
                                                                        : ExitCode::Incomplete;
     });

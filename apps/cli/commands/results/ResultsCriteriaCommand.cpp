@@ -86,7 +86,7 @@ Criteria::Criteria(ResultsDB& database)
     AddTolerances();
 }
 
-/// What is stored counts the authorised items that were loaded as well. They are no rules, and are loaded all
+/// What is stored counts the authorised items that were loaded as well. They are not rules, and are loaded all
 /// or not at all.
 std::int32_t Criteria::RulesThatTookPart() const {
     const RulebaseLoadCriteria& load = Stored.LoadCriteria;
@@ -188,7 +188,7 @@ void PrintReview(const Criteria& criteria, ResultsDB& database) {
     add("Version", review.RulebaseVersion);
     add("Reviewed by", review.Reviewer);
     add("Start", TimeText(review.Start));
-    add("End", review.End.IsZero() ? "none: the review did not end" : TimeText(review.End));
+    add("End", review.End.IsZero() ? "none: the review did not finish" : TimeText(review.End));
     add("Active rules", modFigureText::Grouped(criteria.RulesThatTookPart()));
     add("Executions", modFigureText::Grouped(review.RuleExecutions));
     table.Print();

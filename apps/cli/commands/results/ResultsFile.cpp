@@ -44,7 +44,7 @@ std::string Quoted(const std::string& path) {
 std::string WordsFor(const StoreFailures& failures, const std::string& hostPath) {
     switch (failures.FirstNumber()) {
         case databaseerror::kNotADatabase:
-            return Quoted(hostPath) + " is not a database, or it is damaged";
+            return Quoted(hostPath) + " is not a database, or is damaged";
         case databaseerror::kUnknownName: return Quoted(hostPath) + " is not a results database";
         default: return Quoted(hostPath) + " cannot be read: " + failures.Reason();
     }
@@ -80,7 +80,7 @@ std::string SeeLog() {
 ExitCode
 Use(const std::string& hostPath,
     const std::function<ExitCode(ResultsDB&)>& body,
-    const std::function<ExitCode(ExitCode)>& tellFailure,
+    const std::function<ExitCode(ExitCode)>& reportFailure,
     std::chrono::milliseconds patience) {
     // Nothing is the name of no file, and has no absolute form.
     const std::string path = hostPath.empty() ? hostPath : modCommandPath::Inner(hostPath);
@@ -99,12 +99,13 @@ Use(const std::string& hostPath,
     if (database.GetReviewData().End.IsZero()) {
         modConsole::PrintError(
             "note: the results in " + Quoted(hostPath) +
-            " are incomplete, because the review did not come to its end; there is no verdict, and "
-            "this is what is stored so far");
+            " are incomplete, because the review did not finish; there is no verdict, and only "
+            "what "
+            "was stored so far is shown");
     }
     const ExitCode code = body(database);
     if (watch.HasSeenFailure()) {
-        return tellFailure(code);
+        return reportFailure(code);
     }
     return code;
 }
@@ -112,15 +113,15 @@ Use(const std::string& hostPath,
 }  // namespace
 
 ExitCode Read(const std::string& hostPath, const std::function<ExitCode(ResultsDB&)>& body) {
-    const auto tellFailure = [&](ExitCode) {
+    const auto reportFailure = [&](ExitCode) {
         return Refuse(
             "parts of the results database " + Quoted(hostPath) + " cannot be read" + SeeLog());
     };
-    return Use(hostPath, body, tellFailure, Database::kPatience);
+    return Use(hostPath, body, reportFailure, Database::kPatience);
 }
 
 ExitCode Change(const std::string& hostPath, const std::function<ExitCode(ResultsDB&)>& body) {
-    const auto tellFailure = [&](ExitCode code) {
+    const auto reportFailure = [&](ExitCode code) {
         const std::string named = "the results database " + Quoted(hostPath);
         if (code == ExitCode::NothingDone) {
             return Refuse(
@@ -134,7 +135,7 @@ ExitCode Change(const std::string& hostPath, const std::function<ExitCode(Result
             SeeLog());
         return ExitCode::Incomplete;
     };
-    return Use(hostPath, body, tellFailure, kPatienceAtTheTerminal);
+    return Use(hostPath, body, reportFailure, kPatienceAtTheTerminal);
 }
 
 }  // namespace dorvik::modResultsFile

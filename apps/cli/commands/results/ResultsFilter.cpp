@@ -33,7 +33,7 @@ constexpr std::array<KindRow, 6> kKinds = {{
     {"documentation", &RulebaseLoadCriteria::SetDocumentationConventions},
 }};
 
-void TellUnknown(const std::string& what, const std::string& wanted, const std::string& known) {
+void ReportUnknown(const std::string& what, const std::string& wanted, const std::string& known) {
     modConsole::PrintError(
         "the review has no " + what + " '" + wanted + "'" +
         (known.empty() ? "" : " (it has " + known + ")"));
@@ -69,7 +69,7 @@ bool TakeSeverities(
     for (const std::string& text : wanted) {
         const std::optional<std::int32_t> level = FindSeverity(table, text);
         if (!level.has_value()) {
-            TellUnknown("severity", text, KnownSeverities(table));
+            ReportUnknown("severity", text, KnownSeverities(table));
             return false;
         }
         levels.insert(*level);
@@ -117,7 +117,7 @@ bool TakeCategories(
     for (const std::string& text : wanted) {
         const std::optional<std::int32_t> category = FindCategory(list, text);
         if (!category.has_value()) {
-            TellUnknown("category", text, "");
+            ReportUnknown("category", text, "");
             return false;
         }
         others.erase(*category);

@@ -23,7 +23,7 @@ namespace {
 using modTolerances::kMeasures;
 
 /// One measure of one file.
-struct Judged {
+struct AssessedMeasure {
     std::int32_t SourceID = 0;
     std::string Filename;
     std::string Path;
@@ -45,8 +45,9 @@ std::string MeasureQuery() {
 
 /// The measures of all files that have a tolerance. The project file has two measures whatever the
 /// tolerances are; without one they are left out.
-std::vector<Judged> ReadMeasures(const ToleranceSettings& tolerances, ResultsDB& database) {
-    std::vector<Judged> result;
+std::vector<AssessedMeasure>
+ReadMeasures(const ToleranceSettings& tolerances, ResultsDB& database) {
+    std::vector<AssessedMeasure> result;
     Trap({"ResultsTolerancesCommand", "ReadMeasures"}, [&] {
         auto rows = database.OpenRecordSource(MeasureQuery());
         for (; rows && !rows->EOF_(); rows->MoveNext()) {
@@ -56,7 +57,7 @@ std::vector<Judged> ReadMeasures(const ToleranceSettings& tolerances, ResultsDB&
                     modToleranceLimits::Limit(tolerances, place) == ToleranceSettings::kNotSet) {
                     continue;
                 }
-                Judged& judged = result.emplace_back();
+                AssessedMeasure& judged = result.emplace_back();
                 judged.SourceID = rows->Value("SourceID").AsLong();
                 judged.Filename = rows->Value("Filename").AsText();
                 judged.Path = rows->Value("Path").AsText();
@@ -70,9 +71,9 @@ std::vector<Judged> ReadMeasures(const ToleranceSettings& tolerances, ResultsDB&
     return result;
 }
 
-std::int32_t FailedFiles(const std::vector<Judged>& measures, std::size_t measure) {
+std::int32_t FailedFiles(const std::vector<AssessedMeasure>& measures, std::size_t measure) {
     return static_cast<std::int32_t>(
-        std::count_if(measures.begin(), measures.end(), [&](const Judged& judged) {
+        std::count_if(measures.begin(), measures.end(), [&](const AssessedMeasure& judged) {
             return judged.Measure == measure && !judged.Passed;
         }));
 }
@@ -81,13 +82,15 @@ TableCell Verdict(bool passed) {
     return passed ? TableCell("passed", Shade::Good) : TableCell("failed", Shade::Bad);
 }
 
-/// Of a review that did not end nobody knows whether the files that are not there would have passed.
+/// Of a review that did not end no one knows whether the files that are not there would have passed.
 bool HasEnded(ResultsDB& database) {
     return !database.GetReviewData().End.IsZero();
 }
 
 void PrintTolerances(
-    const ToleranceSettings& tolerances, const std::vector<Judged>& measures, bool hasEnded) {
+    const ToleranceSettings& tolerances,
+    const std::vector<AssessedMeasure>& measures,
+    bool hasEnded) {
     TablePrinter table(
         {{"Measure"}, {"Description", false, true}, {"Limit"}, {"Failed in"}, {"Verdict"}});
     for (std::size_t place = 0; place < kMeasures.size(); ++place) {
@@ -111,14 +114,14 @@ void PrintTolerances(
     table.Print();
 }
 
-void PrintFiles(const std::vector<Judged>& measures, bool withPassed) {
+void PrintFiles(const std::vector<AssessedMeasure>& measures, bool withPassed) {
     TablePrinter table(
         {{"Source file", false, true},
          {"Measure", false, true},
          {"Actual", true},
          {"Limit"},
          {"Verdict"}});
-    for (const Judged& judged : measures) {
+    for (const AssessedMeasure& judged : measures) {
         if (withPassed || !judged.Passed) {
             table.AddRow(
                 {judged.Filename,
@@ -134,9 +137,9 @@ void PrintFiles(const std::vector<Judged>& measures, bool withPassed) {
     }
 }
 
-ResultsRecords FileRecords(const std::vector<Judged>& measures) {
+ResultsRecords FileRecords(const std::vector<AssessedMeasure>& measures) {
     ResultsRecords records({"file", "path", "measure", "description", "actual", "limit", "passed"});
-    for (const Judged& judged : measures) {
+    for (const AssessedMeasure& judged : measures) {
         const auto& measure = kMeasures.at(judged.Measure);
         records.Add(
             {judged.Filename,
@@ -151,7 +154,9 @@ ResultsRecords FileRecords(const std::vector<Judged>& measures) {
 }
 
 void PrintAsJson(
-    const ToleranceSettings& tolerances, const std::vector<Judged>& measures, ResultsDB& database) {
+    const ToleranceSettings& tolerances,
+    const std::vector<AssessedMeasure>& measures,
+    ResultsDB& database) {
     ResultsRecords limits({"measure", "description", "limit", "failedFiles", "passed"});
     for (std::size_t place = 0; place < kMeasures.size(); ++place) {
         const std::int32_t limit = modToleranceLimits::Limit(tolerances, place);
@@ -188,15 +193,16 @@ ExitCode
 RunResultsTolerances(const std::string& database, const ResultsTolerancesOptions& options) {
     return modResultsFile::Read(database, [&](ResultsDB& results) {
         const ToleranceSettings tolerances = results.GetReviewCriteria().Tolerances;
-        std::vector<Judged> measures = ReadMeasures(tolerances, results);
+        std::vector<AssessedMeasure> measures = ReadMeasures(tolerances, results);
         if (!options.File.empty()) {
             const std::set<std::int32_t> wanted = ResultsItems(results).FilesNamed(options.File);
             if (wanted.empty()) {
                 modConsole::PrintError("the results have no file '" + options.File + "'");
                 return ExitCode::NothingDone;
             }
-            std::erase_if(
-                measures, [&](const Judged& judged) { return !wanted.contains(judged.SourceID); });
+            std::erase_if(measures, [&](const AssessedMeasure& judged) {
+                return !wanted.contains(judged.SourceID);
+            });
         }
         if (options.Form.Json) {
             PrintAsJson(tolerances, measures, results);

@@ -18,7 +18,7 @@ namespace {
 constexpr std::size_t kFactIndent = 2;
 constexpr std::int32_t kControlLocation = 5;
 
-void TellUnknown(const std::string& what, const std::string& name) {
+void ReportUnknown(const std::string& what, const std::string& name) {
     modConsole::PrintError("the results have no " + what + " '" + name + "'");
 }
 
@@ -30,7 +30,7 @@ FindScope(const ResultsViolationsOptions& options, const ResultsItems& items) {
     if (!options.File.empty()) {
         scope.Files = items.FilesNamed(options.File);
         if (scope.Files.empty()) {
-            TellUnknown("file", options.File);
+            ReportUnknown("file", options.File);
             return std::nullopt;
         }
     }
@@ -44,7 +44,7 @@ FindScope(const ResultsViolationsOptions& options, const ResultsItems& items) {
         scope.Procedures = items.ProceduresNamed(options.Procedure, within);
         scope.Files.clear();
         if (scope.Procedures.empty()) {
-            TellUnknown("procedure", options.Procedure);
+            ReportUnknown("procedure", options.Procedure);
             return std::nullopt;
         }
     }

@@ -95,9 +95,9 @@ std::string Check(const std::string& text) {
     const std::size_t sign = text.find('=');
     const std::string name = text.substr(0, sign);
     if (!FindMeasure(name).has_value()) {
-        return "there is no tolerance '" + name + "' (there are " + AllNames() + ")";
+        return "unknown tolerance '" + name + "' (known: " + AllNames() + ")";
     }
-    return "'" + text + "' is no tolerance; it is written " + name + "=NUMBER or " + name + "=none";
+    return "'" + text + "' is not a tolerance; write " + name + "=NUMBER or " + name + "=none";
 }
 
 void Apply(const std::vector<std::string>& texts, ToleranceSettings& tolerances) {

@@ -39,7 +39,7 @@ bool HasBackslash(const fs::path& path, int codePage) {
 }
 
 /// False, with a sentence, for a path that would mean another one inside the program.
-bool NeedPlainPath(FoundProjects& found, const fs::path& path, int codePage) {
+bool RequirePlainPath(FoundProjects& found, const fs::path& path, int codePage) {
     const bool isPlain = !HasBackslash(path, codePage);
     if (!isPlain) {
         found.Errors.push_back(
@@ -87,7 +87,7 @@ private:
     }
 
     void Take(const fs::path& project) {
-        if (NeedPlainPath(m_found, project, m_codePage)) {
+        if (RequirePlainPath(m_found, project, m_codePage)) {
             m_projects.push_back(modFiles::FromHostPath(project, m_codePage));
         }
     }
@@ -103,7 +103,7 @@ void AddFolder(ProjectList& list, const fs::path& folder, int codePage) {
     const std::size_t errorsBefore = found.Errors.size();
     std::vector<std::string> names = FolderSearch(found, codePage).ProjectsBelow(folder);
     if (names.empty() && found.Errors.size() == errorsBefore) {
-        found.Errors.push_back("there is no project file below '" + folder.string() + "'");
+        found.Errors.push_back("there is no project file in or below '" + folder.string() + "'");
     }
     std::sort(names.begin(), names.end(), [](const std::string& left, const std::string& right) {
         return modTextCase::Compare(left, right) < 0;
@@ -137,7 +137,7 @@ void AddPath(ProjectList& list, const std::string& hostPath, int codePage) {
         list.Found.Errors.push_back("'" + hostPath + "' does not exist");
         return;
     }
-    if (!NeedPlainPath(list.Found, path, codePage)) {
+    if (!RequirePlainPath(list.Found, path, codePage)) {
         return;
     }
     if (fs::is_directory(status)) {
@@ -148,7 +148,7 @@ void AddPath(ProjectList& list, const std::string& hostPath, int codePage) {
         AddProject(list, modFiles::FromHostPath(path, codePage));
     } else {
         list.Found.Errors.push_back(
-            "'" + hostPath + "' is no project file (.vbp) and no project group (.vbg)");
+            "'" + hostPath + "' is neither a project file (.vbp) nor a project group (.vbg)");
     }
 }
 

@@ -7,14 +7,14 @@ namespace dorvik {
 
 namespace {
 
-/// What is said of a file that is there and is not opened, or not read on.
+/// Why an existing file was not opened, or not read any further.
 std::string UnreadText(const UnreviewedFile& file, const std::string& name) {
     if (!file.Reason.empty()) {
         return name + " " + file.Reason;
     }
     if (file.LastLine > 0) {
-        return name + " could not be read on behind line " + std::to_string(file.LastLine) +
-               "; the review log says why";
+        return name + " could not be read after line " + std::to_string(file.LastLine) +
+               "; see the review log";
     }
     return name + " cannot be opened";
 }
@@ -34,10 +34,10 @@ constexpr std::size_t kShownLine = 60;
 
 std::string ShownLine(const VirtualProject::Line& line) {
     if (line.Number == 0) {
-        return " holds a line that cannot be understood";
+        return " has a line that cannot be parsed";
     }
     const std::string_view shown = modUtf8::Left(line.Text, kShownLine);
-    return " cannot be understood from line " + std::to_string(line.Number) + " on, which is '" +
+    return " cannot be parsed from line " + std::to_string(line.Number) + " on, which is '" +
            std::string(shown) + (shown.size() < line.Text.size() ? "...'" : "'");
 }
 
@@ -52,7 +52,7 @@ std::string ProjectStatusText(std::string_view filename, const VirtualProject& p
                    (project.Unreadable().empty() ? "cannot be opened" : project.Unreadable());
         case ProjectLoadStatus::LineFailed:
             return "the project file " + name + ShownLine(project.FailedLine()) +
-                   " (a key or a source file that is named twice is one reason)";
+                   " (one possible reason is a key or a source file that is named twice)";
         case ProjectLoadStatus::Good: break;
     }
     return "the project " + name + " could not be reviewed";

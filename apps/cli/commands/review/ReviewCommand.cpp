@@ -87,7 +87,7 @@ std::shared_ptr<ReviewCriteria> MakeCriteria(
 }
 
 /// Two projects of one name cannot share a results folder: the second would replace the first one's
-/// results. Such projects are told and left out.
+/// results. Such projects are reported and skipped.
 std::vector<std::string>
 WithoutNameClashes(FoundProjects& found, const std::string& resultsFolder) {
     std::vector<std::string> kept;
@@ -100,43 +100,43 @@ WithoutNameClashes(FoundProjects& found, const std::string& resultsFolder) {
         } else {
             found.Errors.push_back(
                 "'" + modConsole::ShownPath(filename) +
-                "' is left out, because its results would replace those of '" +
-                modConsole::ShownPath(first->second) + "'; review it into another folder");
+                "' is skipped, because its results would replace those of '" +
+                modConsole::ShownPath(first->second) + "'; choose another folder for its results");
         }
     }
     return kept;
 }
 
-/// Says which rules were given up on the way. False if there were any.
-bool TellStoppedRules(const RuleEngine& ruleEngine) {
+/// Reports the rules that were stopped or disabled during the review. False if there were any.
+bool ReportStoppedRules(const RuleEngine& ruleEngine) {
     for (const RuleEngine::SwitchedOffRule& rule : ruleEngine.SwitchedOffRules()) {
         modConsole::PrintError(
-            rule.Name + " was switched off, because its " + std::string(rule.What) +
-            " was stopped " + std::to_string(RuleEngine::kStopsUntilSwitchedOff) +
-            " times at a limit; the review log says where");
+            rule.Name + " was disabled, because its " + std::string(rule.What) +
+            " exceeded a limit " + std::to_string(RuleEngine::kStopsUntilSwitchedOff) +
+            " times; see the review log");
     }
     for (const RuleEngine::StoppedRule& stopped : ruleEngine.StoppedRules()) {
         modConsole::PrintError(
-            stopped.Rule.Name + " is incomplete: its " + std::string(stopped.Rule.What) +
-            " was stopped " + std::to_string(stopped.Count) +
-            (stopped.Count == 1 ? " time" : " times") + " at a limit; the review log says where");
+            stopped.Rule.Name + " is incomplete, because its " + std::string(stopped.Rule.What) +
+            " exceeded a limit " + std::to_string(stopped.Count) +
+            (stopped.Count == 1 ? " time" : " times") + "; see the review log");
     }
     return ruleEngine.SwitchedOffRules().empty() && ruleEngine.StoppedRules().empty();
 }
 
-/// Says which rules did not find what they are for, because they failed. False if there were any.
-bool TellFailedRules(const RuleEngine& ruleEngine) {
+/// Reports the rules whose script or pattern failed. False if there were any.
+bool ReportFailedRules(const RuleEngine& ruleEngine) {
     for (const auto& [number, rule] : ruleEngine.FailedRules()) {
         modConsole::PrintError(
-            rule.Name + " is broken: its " + std::string(rule.What) + " failed " +
+            rule.Name + " is incomplete, because its " + std::string(rule.What) + " failed " +
             std::to_string(rule.Count) + (rule.Count == 1 ? " time" : " times") +
-            "; the review log says why");
+            "; see the review log");
     }
     return ruleEngine.FailedRules().empty();
 }
 
-/// Says that the log misses lines.
-void TellUnwrittenLog() {
+/// Reports that lines are missing from the log.
+void ReportUnwrittenLog() {
     std::string why = modLog::FirstUnwritten();
     if (why.empty()) {
         return;
@@ -147,7 +147,7 @@ void TellUnwrittenLog() {
         const std::string path = why.substr(quote + 1, why.size() - quote - 2);
         why.replace(quote + 1, path.size(), modConsole::ShownPath(path));
     }
-    modConsole::PrintError("a log misses lines: " + why);
+    modConsole::PrintError("lines are missing from a log: " + why);
 }
 
 /// An option that takes a list, and how one value of it looks.
@@ -170,8 +170,8 @@ bool IsTolerance(const std::string& text) {
     return modToleranceLimits::Parse(text).has_value();
 }
 
-/// Whoever writes a list with blanks between its values has the rest of them taken for paths. What is wrong with
-/// such a path, and how the list is written; empty if there is none.
+/// In a list that is written with blanks between its values all but the first are taken for paths. What is wrong
+/// with such a path, and how the list is written; empty if there is none.
 std::string StrayValue(const ReviewOptions& options) {
     const ListOption lists[] = {
         {"--conventions",
@@ -187,9 +187,10 @@ std::string StrayValue(const ReviewOptions& options) {
             std::error_code error;
             if (!list.First.empty() && list.IsValue(path) &&
                 !std::filesystem::exists(path, error)) {
-                return "'" + path + "' is not a path; the values of " + std::string(list.Name) +
-                       " are joined by commas: " + std::string(list.Name) + " " + list.First + "," +
-                       path;
+                return "'" + path + "' does not exist; to give several values to " +
+                       std::string(list.Name) +
+                       ", separate them with commas: " + std::string(list.Name) + " " + list.First +
+                       "," + path;
             }
         }
     }
@@ -229,8 +230,8 @@ SliceResult Drive(ReviewManager& manager, const ReviewOptions& options) {
     return result;
 }
 
-/// Says what could not be reviewed. False if there was anything.
-bool TellFailures(
+/// Reports what could not be reviewed. False if there was anything.
+bool ReportFailures(
     ReviewCriteria& criteria, const ReviewSummary& summary, const ReviewReports& reports) {
     bool complete = summary.WithoutResults().empty() && summary.Incomplete().empty();
     for (const ReviewSummary::MissingResults& missing : summary.WithoutResults()) {
@@ -263,7 +264,7 @@ bool TellFailures(
             complete = false;
         }
     }
-    return reports.TellFailures() && complete;
+    return reports.ReportFailures() && complete;
 }
 
 }  // namespace
@@ -326,12 +327,12 @@ ExitCode RunReview(const ReviewOptions& options) {
     if (result == SliceResult::Aborted) {
         modConsole::PrintError(
             manager.ReportsCancelled()
-                ? "interrupted; the results are complete, but the report at hand was not written"
-                : "interrupted; the project at hand has no results");
+                ? "interrupted; the results are complete, but the current report was not written"
+                : "interrupted; the current project has no results");
         return ExitCode::Interrupted;
     }
     if (result == SliceResult::Failed) {
-        modReviewRulebase::TellUnusable(rulebase, manager.RuleEngine());
+        modReviewRulebase::ReportUnusable(rulebase, manager.RuleEngine());
         return ExitCode::NothingDone;
     }
 
@@ -344,14 +345,14 @@ ExitCode RunReview(const ReviewOptions& options) {
     if (options.RuleTimes) {
         modRuleTimes::Print(manager.RuleEngine());
     }
-    const bool rulesHeld = TellStoppedRules(manager.RuleEngine());
-    const bool rulesWorked = TellFailedRules(manager.RuleEngine()) && rulesHeld;
-    TellUnwrittenLog();
+    const bool rulesHeld = ReportStoppedRules(manager.RuleEngine());
+    const bool rulesWorked = ReportFailedRules(manager.RuleEngine()) && rulesHeld;
+    ReportUnwrittenLog();
     if (const TypeCatalogue* const catalogue = typeLibraries.LoadedCatalogue()) {
-        modTypeLibrarySettings::TellFaults(*catalogue);
+        modTypeLibrarySettings::ReportFaults(*catalogue);
     }
     const bool complete =
-        TellFailures(*criteria, summary, reports) && found.Errors.empty() && rulesWorked;
+        ReportFailures(*criteria, summary, reports) && found.Errors.empty() && rulesWorked;
     if (summary.ReviewedProjects() == 0) {
         return ExitCode::NothingDone;
     }

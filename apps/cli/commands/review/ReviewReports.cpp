@@ -78,7 +78,7 @@ std::string ReasonOf(const UnreviewedFile& file) {
 std::vector<UnreadFile> UnreadFiles(const VirtualProject& project) {
     std::vector<UnreadFile> files;
     for (const UnreviewedFile& file : project.UnreviewedFiles()) {
-        // Nothing behind a backslash is the whole name: npos + 1 is 0.
+        // Nothing after a backslash is the whole name: npos + 1 is 0.
         files.push_back({file.Filename.substr(file.Filename.rfind('\\') + 1), ReasonOf(file)});
     }
     return files;
@@ -88,7 +88,7 @@ std::string ReportOf(const VirtualProject& project) {
     return "the report of '" + modConsole::ShownPath(project.Filename()) + "'";
 }
 
-/// False where nothing came of the review of a project; what lies in the place of its results is then of
+/// False where nothing came of the review of a project; what is at the place of its results is then of
 /// an earlier one.
 bool WasReviewed(const VirtualProject& project, const ReviewSummary& summary) {
     const auto& missing = summary.WithoutResults();
@@ -179,8 +179,8 @@ void ReviewReports::FinishBatch(const ReportsEngine& engine, const std::string& 
     }
 }
 
-bool ReviewReports::TellFailures() const {
-    m_pages.TellReplaced();
+bool ReviewReports::ReportFailures() const {
+    m_pages.ReportReplaced();
     if (m_hasBatchPage) {
         for (const std::string& project : m_older) {
             modConsole::PrintError(
@@ -188,7 +188,7 @@ bool ReviewReports::TellFailures() const {
                 modConsole::ShownPath(project) + "', because it could not be reviewed this time");
         }
     }
-    m_pages.TellFailed();
+    m_pages.ReportFailed();
     return m_pages.Complete();
 }
 

@@ -27,7 +27,7 @@ public:
         const std::vector<std::string>& paths,
         const std::vector<std::string>& projectFiles) const;
 
-    /// Takes in what the review wrote and could not write, and writes the modern pages, which stand on its
+    /// Takes in what the review wrote and could not write, and writes the modern pages, which are on its
     /// finished results.
     void Finish(
         const ReviewCriteria& criteria, const ReportsEngine& engine, const ReviewSummary& summary);
@@ -36,7 +36,7 @@ public:
     void Print() const { m_pages.Print(); }
     /// Says which pages there should be and are not, and which tell of an older review. False if there
     /// should be any that is not.
-    bool TellFailures() const;
+    bool ReportFailures() const;
 
 private:
     void FinishProject(

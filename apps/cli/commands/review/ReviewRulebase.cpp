@@ -17,29 +17,29 @@ namespace dorvik::modReviewRulebase {
 
 namespace {
 
-/// As many faults are told one by one.
-constexpr std::size_t kToldFaults = 10;
+/// As many faults are reported one by one.
+constexpr std::size_t kReportedFaults = 10;
 
-void TellFault(const std::string& shown, const RulebaseFault& fault) {
+void ReportFault(const std::string& shown, const RulebaseFault& fault) {
     const std::string line = fault.Line > 0 ? ", line " + std::to_string(fault.Line) : "";
     modConsole::PrintError("the rulebase '" + shown + "'" + line + ": " + fault.Text());
 }
 
-/// Tells the faults that cost a review something and are of the wanted sort. Returns their number.
-std::size_t TellFaults(
+/// Reports the faults that cost a review something and are of the wanted sort. Returns their number.
+std::size_t ReportFaults(
     const std::string& shown,
     const RulebaseCheck& check,
     const std::function<bool(const RulebaseFault&)>& isWanted) {
     std::size_t count = 0;
     for (const RulebaseFault& fault : check.Faults()) {
-        if (fault.CostsReview && isWanted(fault) && ++count <= kToldFaults) {
-            TellFault(shown, fault);
+        if (fault.CostsReview && isWanted(fault) && ++count <= kReportedFaults) {
+            ReportFault(shown, fault);
         }
     }
-    if (count > kToldFaults) {
+    if (count > kReportedFaults) {
         modConsole::PrintError(
-            "there are " + std::to_string(count - kToldFaults) +
-            " more such places (see 'dorvik rulebase check')");
+            "there are " + std::to_string(count - kReportedFaults) +
+            " more faults (see 'dorvik rulebase check')");
     }
     return count;
 }
@@ -56,13 +56,14 @@ bool CanBeUsed(const std::string& path, bool acceptFaults) {
         modConsole::PrintError(modRulebaseFile::CannotBeRead(shown, check.Problem()));
         return false;
     }
-    if (TellFaults(shown, check, [](const RulebaseFault&) { return true; }) == 0) {
+    if (ReportFaults(shown, check, [](const RulebaseFault&) { return true; }) == 0) {
         return true;
     }
     modConsole::PrintError(
-        acceptFaults ? "note: the review goes without what cannot be read of '" + shown + "'"
-                     : "nothing was reviewed, because '" + shown +
-                           "' cannot be read as a whole (--accept-faults reviews with the rest)");
+        acceptFaults
+            ? "note: the unreadable parts of '" + shown + "' take no part in the review"
+            : "nothing was reviewed, because '" + shown +
+                  "' cannot be read completely (use --accept-faults to review with the rest)");
     return acceptFaults;
 }
 
@@ -81,7 +82,7 @@ bool LoadTolerances(ReviewCriteria& criteria) {
     return loaded;
 }
 
-void TellUnusable(const std::string& path, const RuleEngine& ruleEngine) {
+void ReportUnusable(const std::string& path, const RuleEngine& ruleEngine) {
     const std::string shown = modConsole::ShownPath(path);
     if (ruleEngine.LoadError().empty()) {
         modConsole::PrintError(modRulebaseFile::CannotBeRead(shown, ""));
@@ -89,16 +90,16 @@ void TellUnusable(const std::string& path, const RuleEngine& ruleEngine) {
     }
     RuleScriptChecker scripts;
     RulebaseCheck check(&scripts);
-    bool isTold = false;
+    bool isReported = false;
     // The check may fail for the reason that the review did, as a temporary folder that cannot be used.
-    Trap({"modReviewRulebase", "TellUnusable"}, [&] {
-        isTold = check.Run(path) && TellFaults(shown, check, [](const RulebaseFault& fault) {
-                                        return fault.Kind == FaultKind::Script;
-                                    }) > 0;
+    Trap({"modReviewRulebase", "ReportUnusable"}, [&] {
+        isReported = check.Run(path) && ReportFaults(shown, check, [](const RulebaseFault& fault) {
+                                            return fault.Kind == FaultKind::Script;
+                                        }) > 0;
     });
     modConsole::PrintError(
         "nothing was reviewed, because the scripts of the rulebase '" + shown + "' cannot be used" +
-        (isTold ? "" : ": " + ruleEngine.LoadError()));
+        (isReported ? "" : ": " + ruleEngine.LoadError()));
 }
 
 }  // namespace dorvik::modReviewRulebase

@@ -11,16 +11,16 @@ class RuleEngine;
 /// `dorvik rulebase check` says of the same file. The paths are in the program's form.
 namespace modReviewRulebase {
 
-/// False if no review is to begin with this file, and why has been told: it is no rulebase, or parts of it
+/// False if no review is to begin with this file, and why has been reported: it is not a rulebase, or parts of it
 /// cannot be read, so that rules and tolerances would be missing in silence. With `acceptFaults` such parts are
-/// only told.
+/// only reported.
 bool CanBeUsed(const std::string& path, bool acceptFaults);
 
-/// Takes the tolerances from the rulebase of the criteria. False if it cannot be read, which is told.
+/// Takes the tolerances from the rulebase of the criteria. False if it cannot be read, which is reported.
 bool LoadTolerances(ReviewCriteria& criteria);
 
 /// Says why a review that was to begin with this rulebase did not: nothing else can be the reason.
-void TellUnusable(const std::string& path, const RuleEngine& ruleEngine);
+void ReportUnusable(const std::string& path, const RuleEngine& ruleEngine);
 
 }  // namespace modReviewRulebase
 

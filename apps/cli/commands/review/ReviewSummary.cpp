@@ -14,7 +14,7 @@ namespace dorvik {
 
 namespace {
 
-/// False where the results file could not be made ready: what lies in its place is of an older
+/// False where the results file could not be made ready: what is in its place is of an older
 /// review. A review that began and has a status counted an error as well.
 bool HasBegun(const VirtualProject& project) {
     return project.ReviewStatus() == 0 || project.ComponentErrors() > 0 ||

@@ -20,11 +20,11 @@ public:
     void Print() const;
 
     std::size_t ReviewedProjects() const { return m_projects.size(); }
-    /// A project that could be loaded but left no results behind, and where they were to lie.
+    /// A project that could be loaded but left no results, and where they were to be.
     struct MissingResults {
         std::string ProjectFile;
         std::string ResultsFile;
-        std::string Reason;  // reads behind a colon; empty where it is not known
+        std::string Reason;  // to be read after a colon; empty where it is not known
     };
     const std::vector<MissingResults>& WithoutResults() const { return m_withoutResults; }
     /// The projects whose results are not whole, and which have no verdict for that reason.

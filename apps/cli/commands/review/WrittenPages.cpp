@@ -75,7 +75,7 @@ void WrittenPages::Print() const {
     }
 }
 
-void WrittenPages::TellReplaced() const {
+void WrittenPages::ReportReplaced() const {
     if (m_replaced.empty()) {
         return;
     }
@@ -86,10 +86,11 @@ void WrittenPages::TellReplaced() const {
         (others == 0   ? " was"
          : others == 1 ? " and 1 other were"
                        : " and " + std::to_string(others) + " others were") +
-        " written more than once, because files of one name share a page; only the last is there");
+        " written more than once, because files of the same name share a page; only the last was "
+        "kept");
 }
 
-void WrittenPages::TellFailed() const {
+void WrittenPages::ReportFailed() const {
     for (const FailedPage& failed : m_failed) {
         const std::string why =
             failed.Reason.empty()

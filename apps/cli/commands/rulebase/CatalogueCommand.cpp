@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::size_t kTreeStep = 2;
 
-/// The type of the property for this object, and what it tells there.
+/// The type of the property for this object, and what it means there.
 struct PropertyText {
     std::string_view Name;
     std::string_view Type;
@@ -33,7 +33,7 @@ std::string_view RootName(ObjectType root) {
     return modObjectCatalogue::Find(static_cast<std::int32_t>(root))->Name;
 }
 
-/// The sentence behind the name that it begins with.
+/// The sentence after the name that it begins with.
 std::string_view WithoutName(const ObjectRow& row) {
     std::string_view text = row.Description;
     const std::size_t colon = text.find(": ");

@@ -4,7 +4,7 @@
 
 namespace dorvik {
 
-// The texts fit a terminal of 80 columns: at most 49 characters behind the column of names.
+// The texts fit a terminal of 80 columns: at most 49 characters after the column of names.
 
 void RuleAuthorCommands::AddTo(CLI::App& app, std::function<ExitCode()>& chosen) {
     CLI::App& rulebase =
@@ -17,7 +17,7 @@ void RuleAuthorCommands::AddTo(CLI::App& app, std::function<ExitCode()>& chosen)
 }
 
 void RuleAuthorCommands::AddReaders(CLI::App& rulebase, std::function<ExitCode()>& chosen) {
-    CLI::App& show = *rulebase.add_subcommand("show", "What the rulebase is, at a glance");
+    CLI::App& show = *rulebase.add_subcommand("show", "Show the rulebase at a glance");
     show.add_option("FILE", m_show.File, "The rulebase")->required()->type_name("");
     show.callback([&] {
         chosen = [this] {
@@ -25,9 +25,9 @@ void RuleAuthorCommands::AddReaders(CLI::App& rulebase, std::function<ExitCode()
         };
     });
 
-    CLI::App& explain = *rulebase.add_subcommand("explain", "Everything about one rule");
+    CLI::App& explain = *rulebase.add_subcommand("explain", "Show everything about one rule");
     explain.add_option("FILE", m_explain.File, "The rulebase")->required()->type_name("");
-    explain.add_option("RULE", m_explain.Rule, "Its number, or its title or a part of that")
+    explain.add_option("RULE", m_explain.Rule, "Its number, its title or a part of the title")
         ->required()
         ->type_name("");
     explain.add_flag("--json", m_explain.Json, "Print JSON");
@@ -38,7 +38,7 @@ void RuleAuthorCommands::AddReaders(CLI::App& rulebase, std::function<ExitCode()
     });
 
     CLI::App& check =
-        *rulebase.add_subcommand("check", "Tell what would go wrong in a review; 1 if anything");
+        *rulebase.add_subcommand("check", "Report faults before a review; 1 if there are any");
     check.add_option("FILE", m_check.Files, "Rulebases")->required()->type_name("");
     check.add_flag("--json", m_check.Json, "Print JSON");
     check.callback([&] {
@@ -49,9 +49,9 @@ void RuleAuthorCommands::AddReaders(CLI::App& rulebase, std::function<ExitCode()
 }
 
 void RuleAuthorCommands::AddList(CLI::App& rulebase, std::function<ExitCode()>& chosen) {
-    CLI::App& list = *rulebase.add_subcommand("list", "The rules as a table");
+    CLI::App& list = *rulebase.add_subcommand("list", "List the rules as a table");
     list.add_option("FILE", m_list.File, "The rulebase")->required()->type_name("");
-    list.add_option("--kind", m_list.Kinds, "Only of: keyword,coding,naming")
+    list.add_option("--kind", m_list.Kinds, "Only these kinds: keyword,coding,naming")
         ->type_name("LIST")
         ->delimiter(',')
         ->allow_extra_args(false)
@@ -61,9 +61,10 @@ void RuleAuthorCommands::AddList(CLI::App& rulebase, std::function<ExitCode()>& 
         ->delimiter(',')
         ->allow_extra_args(false)
         ->check(CLI::Range(1, 5).description(""));
-    list.add_option("--category", m_list.Category, "Only of this title or ID, or 'none'")
+    list.add_option("--category", m_list.Category, "Only this title or ID, or 'none'")
         ->type_name("NAME");
-    list.add_option("--event", m_list.Event, "Only those tried at this event")->type_name("EVENT");
+    list.add_option("--event", m_list.Event, "Only rules that apply at this event")
+        ->type_name("EVENT");
     list.add_flag("--json", m_list.Json, "Print JSON, with everything about each rule");
     list.callback([&] {
         chosen = [this] {
@@ -76,14 +77,15 @@ void RuleAuthorCommands::AddWriters(CLI::App& rulebase, std::function<ExitCode()
     CLI::App& fresh = *rulebase.add_subcommand("new", "Write a rulebase without rules");
     fresh.add_option("FILE", m_new.File, "The rulebase to write")->required()->type_name("");
     fresh.add_option("--title", m_new.Title, "Its title ('Untitled')")->type_name("TEXT");
-    fresh.add_flag("--force", m_new.Force, "Replace a file that is there");
+    fresh.add_flag("--force", m_new.Force, "Overwrite an existing file");
     fresh.callback([&] {
         chosen = [this] {
             return RunRulebaseNew(m_new);
         };
     });
 
-    CLI::App& save = *rulebase.add_subcommand("save", "Read a rulebase and write it anew");
+    CLI::App& save =
+        *rulebase.add_subcommand("save", "Read a rulebase and write it to another file");
     save.add_option("FILE", m_save.File, "The rulebase to read")->required()->type_name("");
     save.add_option("--to", m_save.Target, "The file to write")->required()->type_name("FILE");
     save.callback([&] {

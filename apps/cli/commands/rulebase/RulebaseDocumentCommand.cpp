@@ -16,10 +16,10 @@ ExitCode RunRulebaseDocument(const RulebaseDocumentOptions& options) {
     std::error_code error;
     if (std::filesystem::equivalent(options.File, options.Target, error) && !error) {
         modConsole::PrintError(
-            "the page is not written over the rulebase '" + options.File + "' itself");
+            "the page would overwrite the rulebase '" + options.File + "'; write to another file");
         return ExitCode::NothingDone;
     }
-    const std::size_t unreadable = modRulebaseFile::TellUnreadable(options.File);
+    const std::size_t unreadable = modRulebaseFile::ReportUnreadable(options.File);
     if (!modRulebaseFile::Write(RulebaseDocument(*rulebase).Write(), options.Target)) {
         return ExitCode::NothingDone;
     }

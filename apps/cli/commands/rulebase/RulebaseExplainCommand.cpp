@@ -49,7 +49,7 @@ std::vector<const IRule*> Find(const Rulebase& rulebase, const std::string& want
     });
 }
 
-/// The lines of a script as they stand, each with its number. They are not wrapped: a script is read
+/// The lines of a script as they are written, each with its number. They are not wrapped: a script is read
 /// and copied line by line.
 void PrintScript(const RuleFact& fact) {
     const bool coloured = modConsole::OutputIsColoured();

@@ -86,7 +86,7 @@ std::unique_ptr<Rulebase> Load(const std::string& hostPath) {
     return rulebase;
 }
 
-std::size_t TellUnreadable(const std::string& hostPath) {
+std::size_t ReportUnreadable(const std::string& hostPath) {
     RulebaseCheck check;
     check.Run(modCommandPath::Inner(hostPath));
     const auto count = static_cast<std::size_t>(
@@ -96,7 +96,7 @@ std::size_t TellUnreadable(const std::string& hostPath) {
         }));
     if (count > 0) {
         modConsole::PrintError(
-            "note: " + std::to_string(count) + (count == 1 ? " place of " : " places of ") +
+            "note: " + std::to_string(count) + (count == 1 ? " part of " : " parts of ") +
             Quoted(hostPath) + " cannot be read, and what depends on " +
             (count == 1 ? "it" : "them") + " is missing (see 'dorvik rulebase check')");
     }

@@ -155,7 +155,7 @@ ExitCode RunRulebaseList(const RulebaseListOptions& options) {
     } else {
         PrintTable(*rulebase, rules);
     }
-    modRulebaseFile::TellUnreadable(options.File);
+    modRulebaseFile::ReportUnreadable(options.File);
     return ExitCode::Passed;
 }
 

@@ -11,12 +11,12 @@ namespace dorvik {
 ExitCode RunRulebaseNew(const RulebaseNewOptions& options) {
     const std::string path = modCommandPath::Inner(options.File);
     if (modFiles::FolderExists(path)) {
-        modConsole::PrintError("'" + options.File + "' is a folder, not a file to write");
+        modConsole::PrintError("'" + options.File + "' is a folder, not a file");
         return ExitCode::NothingDone;
     }
     if (!options.Force && modFiles::FileExists(path)) {
         modConsole::PrintError(
-            "'" + options.File + "' is there already and stays as it is (--force replaces it)");
+            "'" + options.File + "' already exists and was not overwritten (use --force)");
         return ExitCode::NothingDone;
     }
     Rulebase rulebase;

@@ -22,11 +22,12 @@ ExitCode RunRulebaseSave(const RulebaseSaveOptions& options) {
     if (rulebase == nullptr) {
         return ExitCode::NothingDone;
     }
-    const std::size_t unreadable = modRulebaseFile::TellUnreadable(options.File);
+    const std::size_t unreadable = modRulebaseFile::ReportUnreadable(options.File);
     if (unreadable > 0 && IsSameFile(options.File, options.Target)) {
         modConsole::PrintError(
             "'" + options.File +
-            "' is not saved over itself, because what cannot be read would be lost");
+            "' was not overwritten, because the parts that cannot be read would be lost; save to "
+            "another file");
         return ExitCode::NothingDone;
     }
     if (!modRulebaseFile::Save(*rulebase, options.Target)) {

@@ -104,7 +104,7 @@ ExitCode RunRulebaseShow(const RulebaseShowOptions& options) {
     PrintCategories(*rulebase);
     PrintSeverities(*rulebase);
     PrintTolerances(*rulebase);
-    modRulebaseFile::TellUnreadable(options.File);
+    modRulebaseFile::ReportUnreadable(options.File);
     return ExitCode::Passed;
 }
 

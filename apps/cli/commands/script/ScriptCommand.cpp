@@ -75,7 +75,7 @@ std::string PlaceText(const std::string& file, const basic::SourcePlace& place) 
     return file + ":" + std::to_string(place.Line) + ":" + std::to_string(place.Column) + ": ";
 }
 
-/// Compiles the file. False: what is wrong has been told.
+/// Compiles the file. False after errors, which have been reported.
 bool Load(basic::ScriptEngine& engine, const std::string& file) {
     std::string text;
     if (!ReadFile(file, "the script", text)) {
@@ -122,7 +122,7 @@ Run(basic::ScriptEngine& engine, const ConsoleHost& host, const ScriptRunOptions
         return ExitCode::Passed;
     }
     if (options.FactsFile.empty() && host.ErrorNumber() == kObjectRequired) {
-        modConsole::PrintError("without --facts there is no object 'Dorvik'");
+        modConsole::PrintError("the object 'Dorvik' exists only with --facts");
     }
     return host.IsInterrupted() ? ExitCode::Interrupted : kRuntimeError;
 }

@@ -14,7 +14,7 @@ namespace dorvik {
 
 namespace {
 
-/// The name as it is spelt of an object that is always there, has properties only and is no object
+/// The name, as the catalogue spells it, of an object that is always there, has properties only and is not an object
 /// in scope; else empty.
 std::string_view OfTheParser(std::string_view objectName) {
     for (const std::string_view name : {scopename::kSource, scopename::kNamingConvention}) {
@@ -49,7 +49,7 @@ std::string Quoted(std::string_view text) {
     return "'" + std::string(text) + "'";
 }
 
-/// A slip of the pen would otherwise go unseen: the fact would just not be there.
+/// A misspelt member would otherwise go unnoticed.
 bool KnowsAllMembers(
     const Json& object,
     const std::string& place,
@@ -57,7 +57,7 @@ bool KnowsAllMembers(
     std::string& error) {
     for (const auto& [name, json] : object.GetObject()) {
         if (std::ranges::find(known, TextOf(name)) == known.end()) {
-            error = Quoted(TextOf(name)) + " in " + place + " is no member of facts";
+            error = "unknown member " + Quoted(TextOf(name)) + " in " + place;
             return false;
         }
     }
@@ -75,18 +75,18 @@ bool ReadValues(
         return true;
     }
     if (!object[key].IsObject()) {
-        error = Quoted(key) + " of " + Quoted(name) + " is no JSON object";
+        error = Quoted(key) + " of " + Quoted(name) + " must be a JSON object";
         return false;
     }
     for (const auto& [propertyName, json] : object[key].GetObject()) {
         const auto [entry, isNew] = values.try_emplace(modTextCase::ToLower(TextOf(propertyName)));
         const std::string place = Quoted(name + "." + std::string(TextOf(propertyName)));
         if (!isNew) {
-            error = place + " stands twice in its " + Quoted(key);
+            error = "duplicate " + place + " in " + Quoted(key);
             return false;
         }
         if (!ReadValue(json, entry->second)) {
-            error = place + " is no text, no whole number of 32 bits and no boolean";
+            error = place + " must be a string, a 32-bit integer or a boolean";
             return false;
         }
     }
@@ -103,7 +103,7 @@ bool ReadNames(
         list.IsArray() &&
         std::ranges::all_of(list.GetArray(), [](const Json& name) { return name.IsString(); });
     if (!isListOfTexts) {
-        error = Quoted(key) + " is no list of names";
+        error = Quoted(key) + " must be an array of strings";
         return false;
     }
     for (const Json& name : list.GetArray()) {
@@ -115,12 +115,12 @@ bool ReadNames(
 /// "line 3, column 7" of a byte in a text.
 std::string PlaceOf(std::string_view text, std::size_t byte) {
     const std::string_view before = text.substr(0, byte);
-    const std::size_t lineStart = before.rfind('\n') + 1;  // 0 behind npos
+    const std::size_t lineStart = before.rfind('\n') + 1;  // 0 after npos
     return "line " + std::to_string(std::ranges::count(before, '\n') + 1) + ", column " +
            std::to_string(modUtf8::Length(before.substr(lineStart)) + 1);
 }
 
-/// The library's sentence without its point, to go on with.
+/// The library's sentence without its full stop, to be continued.
 std::string Reason(rapidjson::ParseErrorCode code) {
     std::string text = rapidjson::GetParseError_En(code);
     if (text.ends_with('.')) {
@@ -150,12 +150,12 @@ bool ScriptFacts::Read(const std::string& json, std::string& error) {
     facts.Parse<rapidjson::kParseIterativeFlag | rapidjson::kParseValidateEncodingFlag>(
         json.data(), json.size());
     if (facts.HasParseError()) {
-        error = "no JSON at " + PlaceOf(json, facts.GetErrorOffset()) + ": " +
+        error = "invalid JSON at " + PlaceOf(json, facts.GetErrorOffset()) + ": " +
                 Reason(facts.GetParseError());
         return false;
     }
     if (!facts.IsObject()) {
-        error = "the whole is no JSON object";
+        error = "expected a JSON object";
         return false;
     }
     if (!KnowsAllMembers(
@@ -164,7 +164,7 @@ bool ScriptFacts::Read(const std::string& json, std::string& error) {
     }
     if (facts.HasMember("event")) {
         if (!facts["event"].IsString()) {
-            error = "'event' is no text";
+            error = "'event' must be a string";
             return false;
         }
         m_event = TextOf(facts["event"]);
@@ -176,18 +176,18 @@ bool ScriptFacts::Read(const std::string& json, std::string& error) {
 
 bool ScriptFacts::ReadObjects(const rapidjson::Value& objects, std::string& error) {
     if (!objects.IsObject()) {
-        error = "'objects' is no JSON object";
+        error = "'objects' must be a JSON object";
         return false;
     }
     for (const auto& [name, json] : objects.GetObject()) {
         const std::string objectName(TextOf(name));
         const auto [entry, isNew] = m_objects.try_emplace(modTextCase::ToLower(objectName));
         if (!isNew) {
-            error = Quoted(objectName) + " stands twice in 'objects'";
+            error = "duplicate " + Quoted(objectName) + " in 'objects'";
             return false;
         }
         if (!json.IsObject()) {
-            error = Quoted(objectName) + " in 'objects' is no JSON object";
+            error = Quoted(objectName) + " in 'objects' must be a JSON object";
             return false;
         }
         Object& object = entry->second;

@@ -11,7 +11,7 @@
 
 namespace dorvik {
 
-/// Stands for a review when a rule script is tried without one: the objects in scope come from a file
+/// Takes the place of a review when a rule script is tried without one: the objects in scope come from a file
 /// of facts, and what the script does to the review is printed, a line each on standard output.
 ///
 ///     {
@@ -26,7 +26,7 @@ namespace dorvik {
 ///       "forms": ["frmMain"]
 ///     }
 ///
-/// A member "expect" is left to whoever keeps facts as tests.
+/// A member "expect" is ignored, for callers that keep facts as tests.
 class ScriptFacts final : public IDVKSaxEvents {
 public:
     /// Reads the facts. False if the text is not of that form; `error` says what is wrong and where.

@@ -19,7 +19,7 @@ TypeLibraryPlaces Places(const std::vector<std::string>& folders) {
             places.Folders.push_back(path);
         } else {
             modConsole::PrintError(
-                "the folder '" + folder + "' for type libraries does not exist and is left out");
+                "the folder '" + folder + "' for type libraries does not exist and is skipped");
         }
     }
     const std::vector<std::string>& set = modGlobal::WorkData().TypeLibraryFolders();
@@ -31,10 +31,10 @@ TypeLibraryPlaces Places(const std::vector<std::string>& folders) {
 
 std::string Sentence(const TypeCatalogueFault& fault, const std::string& shown) {
     return "line " + std::to_string(fault.Line) + " of the type catalogue '" + shown +
-           "' is left out: " + modTerminalText::Harmless(fault.What);
+           "' is skipped: " + modTerminalText::Harmless(fault.What);
 }
 
-void TellFaults(const TypeCatalogue& catalogue) {
+void ReportFaults(const TypeCatalogue& catalogue) {
     for (const TypeCatalogueFault& fault : catalogue.Faults()) {
         modConsole::PrintError(Sentence(fault, modConsole::ShownPath(fault.File)));
     }

@@ -102,7 +102,7 @@ ExitCode RunTypelibIndex(const TypelibIndexOptions& options) {
         modConsole::PrintError(
             "the folder '" + options.Folder + "' holds more than " +
             std::to_string(TypeLibraryFolderLimits().Entries) +
-            " files and folders; those beyond were not looked at");
+            " files and folders; the rest was not searched");
     }
     return listing.Faults.empty() && !listing.IsCut ? ExitCode::Passed : ExitCode::Incomplete;
 }

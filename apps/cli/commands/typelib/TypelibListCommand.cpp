@@ -112,7 +112,7 @@ Found ReadCatalogueFile(const std::string& text, TypeLibraryStore& store) {
         }
     }
     if (found.Libraries.empty() && found.Problems.empty()) {
-        found.Problems.push_back("the file '" + text + "' tells of no type library");
+        found.Problems.push_back("the file '" + text + "' describes no type library");
     }
     return found;
 }

@@ -6,7 +6,7 @@
 
 namespace dorvik {
 
-/// Run-time error numbers of the reviewed language that the system itself raises or tells apart.
+/// Run-time error numbers of the reviewed language that the system itself raises or distinguishes.
 namespace runtimeerror {
 inline constexpr std::int32_t kInvalidProcedureCall = 5;
 inline constexpr std::int32_t kOverflow = 6;
@@ -22,7 +22,7 @@ inline constexpr std::int32_t kObjectNotSet = 91;
 inline constexpr std::int32_t kInvalidFileFormat = 321;
 }  // namespace runtimeerror
 
-/// A failure with a number, as the reviewed language tells failures: either one of `runtimeerror`
+/// A failure with a number, as the reviewed language reports failures: either one of `runtimeerror`
 /// or one of `modKyErrors`. `what()` is the description; `Source` names the raising "Class::Procedure"
 /// for the numbered errors of argument checks and is empty elsewhere.
 class BasicError : public std::runtime_error {

@@ -5,8 +5,8 @@
 
 namespace dorvik {
 
-/// A run of characters that lie equally far from their other case: `First`, every `Step`-th one
-/// behind it, to `Last`. `Distance` is what to add for the other case.
+/// A run of characters that are equally far from their other case: `First`, every `Step`-th one
+/// after it, to `Last`. `Distance` is what to add for the other case.
 struct CaseRun {
     std::uint32_t First;
     std::uint32_t Last;

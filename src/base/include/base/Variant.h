@@ -10,8 +10,8 @@
 
 namespace dorvik {
 
-/// A value of a kind that this floor does not know, such as the dates, arrays and objects that a
-/// rule script keeps for later. Only who made it can read it; everybody can show it.
+/// A value of a kind that this layer does not know, such as the dates, arrays and objects that a
+/// rule script keeps for later. Only its creator can read it; everyone can show it.
 class HeldValue {
 public:
     virtual ~HeldValue() = default;

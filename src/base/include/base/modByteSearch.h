@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-/// Looks for texts by the byte of them that is rarest in source code: most of the text is then passed over at the
+/// Looks for texts by the byte of them that is rarest in source code: most of the text is then skipped at the
 /// speed of `memchr`, which a search for the first byte seldom reaches.
 namespace dorvik::modByteSearch {
 

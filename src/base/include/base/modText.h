@@ -18,8 +18,8 @@ std::string_view Trim(std::string_view text);
 std::vector<std::string_view> Split(std::string_view text, char separator);
 std::string Join(const std::vector<std::string>& parts, std::string_view separator);
 
-/// The leading number of the text, blanks ignored wherever they stand, "." as the decimal point, with
-/// an exponent behind "E" or "D"; 0 where there is none. Raises `kOverflow` if a double cannot hold it.
+/// The leading number of the text, blanks ignored wherever they are, "." as the decimal point, with
+/// an exponent after "E" or "D"; 0 where there is none. Raises `kOverflow` if a double cannot hold it.
 double LeadingNumber(std::string_view text);
 /// The whole text as a 32-bit decimal integer with an optional sign; nothing if it is anything else.
 std::optional<std::int32_t> WholeNumber(std::string_view text);

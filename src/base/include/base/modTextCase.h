@@ -14,9 +14,9 @@ bool Equal(std::string_view left, std::string_view right);
 int Compare(std::string_view left, std::string_view right);
 bool StartsWith(std::string_view text, std::string_view prefix);
 bool EndsWith(std::string_view text, std::string_view suffix);
-/// The first place at or behind `from` where `sought` stands in any case. An empty `sought` is found at `from`.
+/// The first place at or after `from` where `sought` is in any case. An empty `sought` is found at `from`.
 std::size_t Find(std::string_view text, std::string_view sought, std::size_t from = 0);
-/// Every occurrence of `sought`, in any case, replaced; the search goes on behind each replacement.
+/// Every occurrence of `sought`, in any case, replaced; the search continues after each replacement.
 std::string
 ReplaceAll(std::string_view text, std::string_view sought, std::string_view replacement);
 

@@ -16,14 +16,14 @@ bool IsAscii(std::string_view text);
 std::size_t Length(std::string_view text);
 
 /// The part that begins at the 1-based character `start`, `count` characters long or to the end.
-/// Empty where `start` lies behind the end. REQUIRES: start >= 1.
+/// Empty where `start` is after the end. REQUIRES: start >= 1.
 std::string_view
 Mid(std::string_view text, std::size_t start, std::size_t count = std::string_view::npos);
 std::string_view Left(std::string_view text, std::size_t count);
 /// The text without its last `count` characters; empty if it has no more than that.
 std::string_view WithoutLast(std::string_view text, std::size_t count);
 
-/// One character as it stands in a text.
+/// One character as it is written in a text.
 struct Character {
     char32_t CodePoint;  // U+FFFD unless valid
     std::size_t Size;    // bytes
@@ -39,7 +39,7 @@ std::size_t CharacterSize(std::string_view text, std::size_t position);
 /// The code point that begins at `position`; U+FFFD for a byte that begins no valid sequence.
 char32_t CodePoint(std::string_view text, std::size_t position);
 
-/// Appends the character; U+FFFD for a number that is no character.
+/// Appends the character; U+FFFD for a number that is not a character.
 void Append(std::string& text, char32_t codePoint);
 
 /// True if every byte belongs to a well-formed sequence (no overlong forms, no surrogates).

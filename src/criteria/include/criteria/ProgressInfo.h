@@ -8,8 +8,8 @@
 
 namespace dorvik {
 
-/// The one record through which a review tells the outside what it is doing: counters, names,
-/// times, three percentages, and a changed flag that says whether telling is worth while at all.
+/// The one record through which a review reports what it is doing: counters, names,
+/// times, three percentages, and a changed flag that says whether showing it is worthwhile.
 /// It lives as long as the review's driver. Counters are 16 bits wide and raise `kOverflow`
 /// beyond 32767.
 class ProgressInfo {
@@ -31,7 +31,7 @@ public:
     void PreScanFile(std::string_view name, std::string_view path);
     /// The changed flag, which the call clears.
     bool HasChanged();
-    /// Works out the percentages anew; sets the changed flag only if one of them moved. Runs after
+    /// Computes the percentages anew; sets the changed flag only if one of them moved. Runs after
     /// every parser tick.
     void RecalcPercentages();
 
@@ -66,7 +66,7 @@ public:
     void SetAction(std::int32_t action);
     const std::string& ActionText() const { return m_actionText; }
     void SetActionText(std::string_view text);
-    /// A line for the log of whoever shows the progress; a write always counts as a change.
+    /// A line for the log of the view that shows the progress; a write always counts as a change.
     const std::string& LogMessage() const { return m_logMessage; }
     void SetLogMessage(std::string_view message);
 

@@ -23,11 +23,11 @@ enum class ReviewType : std::int32_t {
 using enum ReviewType;
 
 /// What is to be reviewed and how. It is filled before a review, read by everything in it and
-/// written by nobody during it; it outlives the review. Every write of a scalar sets the own flag.
+/// written by no one during it; it outlives the review. Every write of a scalar sets the own flag.
 class ReviewCriteria {
 public:
     /// The workstation settings give some of the defaults. Without an argument those of the process
-    /// are taken; that raises `kObjectNotSet` while nobody uses the objects of `modGlobal`.
+    /// are taken; that raises `kObjectNotSet` while no one uses the objects of `modGlobal`.
     explicit ReviewCriteria(const DVKWorkData& settings);
     ReviewCriteria();
     ReviewCriteria(const ReviewCriteria&) = delete;
@@ -42,7 +42,7 @@ public:
     /// Keyed by project name; only selected projects are reviewed.
     ObjectKeyedArrayList<VirtualProject>& ProjectList() { return m_projectList; }
     const ObjectKeyedArrayList<VirtualProject>& ProjectList() const { return m_projectList; }
-    /// Results database and review log stand beside the project file, or in the fixed folder.
+    /// Results database and review log are beside the project file, or in the fixed folder.
     bool UseProjectFolderResults() const { return m_useProjectFolderResults; }
     void SetUseProjectFolderResults(bool use);
     const std::string& FixedFolderResults() const { return m_fixedFolderResults; }

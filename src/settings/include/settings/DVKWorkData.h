@@ -26,7 +26,7 @@ public:
     std::int16_t BackgroundTickCount() const { return m_backgroundTickCount; }
     void SetBackgroundTickCount(std::int16_t value) { m_backgroundTickCount = value; }
 
-    /// Folders where type libraries are looked for, the project's own folder behind them; none at first.
+    /// Folders where type libraries are looked for, the project's own folder after them; none at first.
     const std::vector<std::string>& TypeLibraryFolders() const { return m_typeLibraryFolders; }
     void SetTypeLibraryFolders(std::vector<std::string> folders) {
         m_typeLibraryFolders = std::move(folders);

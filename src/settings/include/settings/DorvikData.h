@@ -5,7 +5,7 @@
 
 namespace dorvik {
 
-/// The facts of the installation: where files lie and where the maker is found. All folders are
+/// The facts of the installation: where files are and where the maker is found. All folders are
 /// the program's own paths with a backslash at the end. A new object holds the defaults of the
 /// machine; nothing reads a store of installation facts yet, that comes with the registry.
 class DorvikData {

@@ -6,7 +6,7 @@ class DorvikData;
 class DVKWorkData;
 
 /// The objects that the whole process shares: the facts of the installation, the user's settings and
-/// the log. They live as long as somebody uses them, and all on the one thread of the program.
+/// the log. They live as long as someone uses them, and all on the one thread of the program.
 namespace modGlobal {
 
 /// The first user creates the three objects and makes the log the installed one of `modLog`: its path
@@ -18,10 +18,10 @@ void CreateGlobalObjects();
 /// The last user releases the objects; from then on the log is the quiet one of `modLog` again.
 void DestroyGlobalObjects();
 
-/// Whether somebody uses the objects.
+/// Whether someone uses the objects.
 bool IsInUse();
 
-/// These raise `kObjectNotSet` while nobody uses the objects.
+/// These raise `kObjectNotSet` while no one uses the objects.
 DorvikData& Data();
 DVKWorkData& WorkData();
 

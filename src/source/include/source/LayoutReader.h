@@ -10,8 +10,8 @@
 namespace dorvik {
 
 /// Reads the objects of a layout one after the other. It gives what
-/// `modVOSource::ExtractControlFromLayout` gives for the same ordinal, but goes on from the object
-/// before instead of from the first line; an ordinal that lies behind starts anew.
+/// `modVOSource::ExtractControlFromLayout` gives for the same ordinal, but continues from the object
+/// before instead of from the first line; an ordinal before that starts anew.
 /// REQUIRES: the lines outlive the reader and do not change.
 class LayoutReader {
 public:
@@ -38,7 +38,7 @@ private:
     void NoteFailedProperty(std::int32_t errorNumber, const std::string& controlName);
 
     std::span<const std::string> m_lines;
-    std::size_t m_next = 0;      // the line behind the one walked last
+    std::size_t m_next = 0;      // the line after the one read last
     std::int32_t m_count = 0;    // `Begin ` lines so far
     std::size_t m_place = 0;     // the line now being read
     std::string m_propertyPath;  // the names of the open blocks of properties, likewise

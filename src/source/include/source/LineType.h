@@ -8,7 +8,7 @@ enum class LineType : int {
     CommentOnly = 1,
     CodeWithComment = 2,
     Code = 3,
-    Continued = 4,  ///< code that goes on in the next physical line
+    Continued = 4,  ///< code that continues in the next physical line
     None = 5        ///< no line is current
 };
 

@@ -15,7 +15,7 @@ namespace dorvik {
 /// each of them; what an object is shows in its bag of properties and in the name under which it is
 /// attached to the parser state. Shared, as one object can be in several scopes at once.
 ///
-/// The four members behind pointers come into being at first use, so an object that only carries a
+/// The four members held by pointers come into being at first use, so an object that only carries a
 /// name costs little. Reading one that was never used gives an empty one, never an absence.
 class VirtualObject {
 public:

@@ -32,14 +32,14 @@ enum class ProjectLoadStatus : std::int32_t {
 /// A source file that a review could not take in to its end.
 struct UnreviewedFile {
     std::string Filename;
-    SourceFileStatus Status;  // why it could not be opened; `Good` if it failed behind that
+    SourceFileStatus Status;  // why it could not be opened; `Good` if it failed after that
     bool IsStored = true;     // false: reviewed, but the results store took no row for it
     std::string Reason =
-        {};  // more than the status tells, to be put behind the name; empty if nothing
+        {};  // more than the status says, to be put after the name; empty if nothing
     std::int32_t LastLine = 0;  // the last physical line that was read; 0 if none was
 };
 
-/// A source file whose layout could not be read on from some line. All behind the layout was reviewed.
+/// A source file whose layout could not be read on from some line. All that follows the layout was reviewed.
 struct CutLayout {
     std::string Filename;
     LayoutFault Fault;
@@ -49,15 +49,15 @@ struct CutLayout {
 struct LostResults {
     std::int32_t Count = 0;
     std::string
-        Reason;  // why the first one was lost; also why a review could not begin. Reads behind a colon
+        Reason;  // why the first one was lost; also why a review could not begin. To be read after a colon
 };
 
-/// A Visual Basic project as its project file tells it, read as text. It owns its lists; each source
+/// A Visual Basic project as its project file describes it, read as text. It owns its lists; each source
 /// file refers back to it without owning it, so a project neither moves nor is copied.
 class VirtualProject {
 public:
     /// `codePage` is that of the project file and of its source files where no byte order mark
-    /// tells the encoding.
+    /// gives the encoding.
     explicit VirtualProject(int codePage = modEncoding::kDefaultCodePage);
     ~VirtualProject();
     VirtualProject(const VirtualProject&) = delete;
@@ -66,7 +66,7 @@ public:
     /// Reads the project file and, where that succeeds, adds the properties of its file name.
     ProjectLoadStatus LoadProject(std::string_view filename);
     /// The reader itself. It begins afresh: lists, properties, counts, errors and status of an earlier
-    /// reading, and of the review behind that, are gone. `propertiesOnly` leaves out the default references and every list; the
+    /// reading, and of the review that followed it, are gone. `propertiesOnly` leaves out the default references and every list; the
     /// file counters go up all the same.
     ProjectLoadStatus LoadProjectFile(std::string_view filename, bool propertiesOnly);
 
@@ -113,7 +113,7 @@ public:
     void SetReviewStatus(std::int32_t status) { m_reviewStatus = status; }
     /// How the last reading of the project file ended.
     ProjectLoadStatus LoadStatus() const { return m_loadStatus; }
-    /// Why a project file that is there holds no text that can be read, to be put behind its name; empty
+    /// Why an existing project file holds no text that can be read, to be put after its name; empty
     /// otherwise.
     const std::string& Unreadable() const { return m_unreadable; }
     /// The line at which a reading ended with `LineFailed`; its number is 0 where it was none.
@@ -123,7 +123,7 @@ public:
     };
     const Line& FailedLine() const { return m_failedLine; }
     /// The source files that a review could not take in to their end, in the order of the review. They
-    /// stay when the lists are dropped, for whoever tells the user afterwards.
+    /// stay when the lists are dropped, for the messages to the user afterwards.
     const std::vector<UnreviewedFile>& UnreviewedFiles() const { return m_unreviewedFiles; }
     void AddUnreviewedFile(UnreviewedFile file) { m_unreviewedFiles.push_back(std::move(file)); }
     /// Without a count all that was found is stored. Stays as the list above does.

@@ -21,7 +21,7 @@ enum class SourceFileStatus : std::int32_t {
     Good = 0,
     UnexpectedError = 1,  // logged
     NameUnknown = 2,      // the file ended before a line that gives its name
-    TypeUnknown = 3,      // the project file's line has no "=", or its key is no file type
+    TypeUnknown = 3,      // the project file's line has no "=", or its key is not a file type
     NotFound = 4,         // the file or its path does not exist
 };
 
@@ -37,7 +37,7 @@ struct SourceLine {
 /// A line of a layout at which its reading ends too early. The rest of the file is read as usual.
 struct LayoutFault {
     std::int32_t PhysicalLine = 0;
-    std::string Reason;  // what is wrong in that line, as a clause: "the property 'X' stands ..."
+    std::string Reason;  // what is wrong in that line, as a clause: "the property 'X' is ..."
 
     /// The clause with its line: "in line 7 the property ...".
     std::string Clause() const { return "in line " + std::to_string(PhysicalLine) + " " + Reason; }
@@ -50,13 +50,13 @@ struct LayoutFault {
 /// `GetNextSourceLine` until false, `Disconnect`. Every reading behaves as the first.
 class VirtualSourceFile {
 public:
-    /// `codePage` is that of the file's text where no byte order mark tells the encoding.
+    /// `codePage` is that of the file's text where no byte order mark gives the encoding.
     explicit VirtualSourceFile(int codePage = modEncoding::kDefaultCodePage);
     ~VirtualSourceFile();
     VirtualSourceFile(const VirtualSourceFile&) = delete;
     VirtualSourceFile& operator=(const VirtualSourceFile&) = delete;
 
-    /// Opens the file for a reading. A missing file is told to the log as a message.
+    /// Opens the file for a reading. A missing file is logged as a message.
     SourceFileStatus Connect();
 
     /// Takes name, file and type from a line of the project file ("Class=Name; file" or
@@ -75,7 +75,7 @@ public:
     /// until the next `Connect`.
     std::int32_t PhysicalLine() const { return m_physicalLine; }
 
-    /// Why a file that is there holds no text that can be read, to be put behind its name; empty otherwise.
+    /// Why a file that is there holds no text that can be read, to be put after its name; empty otherwise.
     const std::string& Unreadable() const { return m_unreadable; }
 
     /// Where the layout of the file could not be read on. The first place stays until the next `Connect`.
@@ -98,7 +98,7 @@ public:
     VirtualProject* Project() const { return m_project; }
     void SetProject(VirtualProject* project) { m_project = project; }
 
-    /// Length in bytes, known once `Connect` succeeded; a file beyond 31 bits tells the largest number.
+    /// Length in bytes, known once `Connect` succeeded; a file beyond 31 bits gives the largest number.
     std::int32_t Size() const { return m_size; }
 
     /// True for the types that have a layout section. A class has a header in its text too, which is
@@ -118,7 +118,7 @@ public:
     /// Whether `EventItems` holds the name, in any case. Does not scan the list.
     bool HasEventItem(std::string_view name) const;
 
-    /// True behind the name attribute, while the file is open: lines count from there on.
+    /// True after the name attribute, while the file is open: lines count from there on.
     bool LineCountingEnabled() const { return m_lineCountingEnabled; }
 
     SourceFileStatus ReviewStatus() const { return m_reviewStatus; }
@@ -135,7 +135,7 @@ private:
     /// Appends the next physical line to the raw text and gives it as it is analysed.
     std::string_view ReadPhysicalLine(SourceLine& line);
     void ReadContinuations(SourceLine& line);
-    void JudgeAttributeOrCode(SourceLine& line);
+    void ClassifyAttributeOrCode(SourceLine& line);
     EventNames& EventNamesAtFirstUse() const;
 
     std::string m_name;

@@ -54,8 +54,8 @@ inline std::string_view WithoutLeading(std::string_view text, char character) {
     return text.substr(start);
 }
 
-/// The text without its leading blanks, the tabs behind them and the blanks behind those. A tab that
-/// stands behind such a blank stays.
+/// The text without its leading blanks, the tabs after them and the blanks after those. A tab that
+/// follows such a blank stays.
 inline std::string_view StatementStart(std::string_view line) {
     const std::string_view text = WithoutLeading(line, ' ');
     if (text.empty() || text.front() != '\t') {
@@ -78,7 +78,7 @@ public:
 
     /// Whether the statement, less its outer white space and its comment, begins with one of the
     /// texts. The comment needs no cutting: no text holds a single quote, and a blank that ends one
-    /// is only left by the trimming where something other than a comment stands behind it.
+    /// is only left by the trimming where something other than a comment follows it.
     bool Begins(std::string_view line) const {
         const std::string_view text = StatementStart(line);
         if (!MayBegin(text)) {

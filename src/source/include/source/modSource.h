@@ -32,8 +32,8 @@ bool IsOCXObjectDefinition(std::string_view line);
 
 // Statements and comments ------------------------------------------------------------------------
 
-/// Cuts the first statement off `rest`, which keeps what stands behind it. `more` is false only for
-/// the call behind the last statement, which gives an empty one; callers end their loop by it.
+/// Cuts the first statement off `rest`, which keeps what follows it. `more` is false only for
+/// the call after the last statement, which gives an empty one; callers end their loop by it.
 std::string_view NextStatementFromSourceLine(std::string_view& rest, bool& more) noexcept;
 /// The byte position, from 1, of the first `character` (ASCII) outside a string; 0 if there is none.
 /// A quote is never outside.
@@ -100,7 +100,7 @@ bool IsProcedureDefinitionEnd(std::string_view line);
 bool IsEnumDefEnd(std::string_view line);
 bool IsTypeDefEnd(std::string_view line);
 bool IsConstDef(std::string_view line);
-/// Everything that begins with a scope word or `Dim`: to be asked last.
+/// Everything that begins with a scope word or `Dim`: to be tested last.
 bool IsVariableDef(std::string_view line);
 std::optional<EventDefinition> IsEventDef(std::string_view line);
 std::optional<BlockDefinition> IsEnumDef(std::string_view line);

@@ -12,7 +12,7 @@ namespace dorvik {
 class VirtualObject;
 
 /// Turns the text of a declaration into virtual objects. The text is split at blanks and walked with
-/// a small mode counter, so blanks around "=" and "As" must stand as the development environment
+/// a small mode counter, so blanks around "=" and "As" must be as the development environment
 /// writes them. A name keeps its type suffix, which is its data type as well.
 ///
 /// Each function logs an unexpected error and gives false; what it had extracted by then stays.
@@ -20,7 +20,7 @@ namespace modVOSource {
 
 using VirtualObjects = std::vector<std::shared_ptr<VirtualObject>>;
 
-/// What the layout tells about a control besides its properties.
+/// What the layout says about a control besides its properties.
 struct LayoutControl {
     std::string Name;
     std::string ControlType;  ///< as written: "VB.Label", or a braced GUID
@@ -45,7 +45,7 @@ bool ExtractTypeElementFromDeclaration(std::string_view text, VirtualObject& ele
 
 /// The object of that ordinal (a count of `Begin ` lines from 1) in the lines of a layout, outermost
 /// `Begin` first: its properties go to the bag of `object`. It walks from the first line each time;
-/// whoever reads object after object takes a `LayoutReader`.
+/// to read object after object, take a `LayoutReader`.
 bool ExtractControlFromLayout(
     std::span<const std::string> lines,
     VirtualObject& object,

@@ -20,7 +20,7 @@ struct TypeCatalogueFault {
     std::string What;      // what is wrong, as the end of a sentence
 };
 
-/// A library as the catalogue tells of it, in one version.
+/// A library as the catalogue describes it, in one version.
 struct CatalogueLibrary {
     /// Another library of the catalogue, whose types this one has too.
     struct Lender {
@@ -35,13 +35,13 @@ struct CatalogueLibrary {
     std::string Filename;  // of the library, as project files write it; may be empty
     std::string Source;    // where the facts come from
     std::string Note;
-    std::string CatalogueFile;  // the file of the catalogue that tells of it
+    std::string CatalogueFile;  // the file of the catalogue that describes it
 };
 
 /// What is known of well-known type libraries where none of their files is at hand: a folder of text
 /// files. `docs/type-libraries.md` describes their format.
 ///
-/// A line that cannot be understood costs only itself, and `Faults` tells of it. A library that is told of again, with the same GUID, version and language,
+/// A line that cannot be understood costs only itself, and `Faults` reports it. A library that is described again, with the same GUID, version and language,
 /// replaces the one before: so a folder of the user's own, read last, wins.
 class TypeCatalogue {
 public:

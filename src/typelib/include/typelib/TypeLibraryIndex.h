@@ -25,7 +25,7 @@ struct TypeLibraryFolderListing {
     bool IsCut = false;         // the folder holds more than a walk looks at
 };
 
-/// Knows which type libraries lie in which folders. A file is read once; what it holds is kept in an
+/// Knows which type libraries are in which folders. A file is read once; what it holds is kept in an
 /// index file between runs, and the file is read again only when its size or time changes. Each folder
 /// is walked once in the life of this object.
 class TypeLibraryIndex {
@@ -43,7 +43,7 @@ public:
     Find(const std::vector<std::string>& folders, const TypeLibraryWish& wish);
 
 private:
-    TypeLibraryFolderListing LookThrough(std::string_view folder);
+    TypeLibraryFolderListing Scan(std::string_view folder);
     const IndexedTypeLibraryFile& FileOf(const TypeLibraryCandidate& candidate);
 
     TypeLibraryFolderLimits m_limits;

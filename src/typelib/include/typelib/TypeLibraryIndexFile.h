@@ -8,7 +8,7 @@
 
 namespace dorvik {
 
-/// Where a type library lies, and what tells it from others.
+/// Where a type library is, and what distinguishes it from others.
 struct IndexedTypeLibrary {
     std::string Path;
     std::int32_t Number = 1;  // of the library within the file

@@ -12,7 +12,7 @@ namespace dorvik {
 
 /// Where type libraries are looked for. Paths are the program's own.
 struct TypeLibraryPlaces {
-    std::vector<std::string> Folders;  // looked through in this order, a project's own behind
+    std::vector<std::string> Folders;           // searched in this order, a project's own last
     std::vector<std::string> CatalogueFolders;  // a later one wins
     std::string IndexFile;                      // empty: the index is not kept
 };
@@ -28,7 +28,7 @@ public:
     TypeLibraryIndex& Index() { return m_index; }
     const std::vector<std::string>& Folders() const { return m_places.Folders; }
     const TypeCatalogue& Catalogue();
-    /// The catalogue if anything has been asked of it.
+    /// The catalogue if it has been queried at all.
     const TypeCatalogue* LoadedCatalogue() const { return m_catalogue ? &*m_catalogue : nullptr; }
 
 private:

@@ -8,7 +8,7 @@
 
 namespace dorvik {
 
-/// Which library somebody asks for.
+/// The library that is requested.
 struct TypeLibraryWish {
     std::string_view Guid;  // compared without regard to case
     std::int32_t MajorVersion = 0;

@@ -9,7 +9,7 @@
 
 namespace dorvik {
 
-/// A library of a file, with the number that a project file writes behind the file's name
+/// A library of a file, with the number that a project file writes after the file's name
 /// (`MSVBVM60.DLL\3`): that of the resource. The library of a loose file has number 1.
 struct NumberedTypeLibrary {
     std::int32_t Number = 1;
@@ -22,7 +22,7 @@ struct TypeLibraryFile {
     std::vector<NumberedTypeLibrary> Libraries;
     std::vector<std::string> Faults;
     /// The file is of another kind, or a program without type libraries. `Faults` says so, for
-    /// somebody who asked for this file; somebody who looks through a folder passes over it.
+    /// a caller that named this file; a search of a folder skips it.
     bool IsOther = false;
 };
 
@@ -38,7 +38,7 @@ struct TypeLibraryPlace {
 /// Paths are the program's own, with backslashes.
 namespace modTypeLibraryFile {
 
-/// Above this size a file is not read but told in `Faults`.
+/// Above this size a file is not read but reported in `Faults`.
 inline constexpr std::int64_t kLargestFile = std::int64_t{256} * 1024 * 1024;
 
 /// Every library in the file. A number that is there in several languages comes several times.

@@ -14,8 +14,8 @@ struct TypeLibraryCandidate {
     std::int64_t Modified = 0;  // nanoseconds since 1970
 };
 
-/// How far a walk goes. A project may lie in a folder that holds half of the machine, and a review must
-/// not walk that; what lies beyond a limit is passed over.
+/// How far a traversal goes. A project may be in a folder that holds half of the machine, and a review must
+/// not traverse that; what is beyond a limit is skipped.
 struct TypeLibraryFolderLimits {
     std::int32_t Depth = 8;         // folders below the folder
     std::int32_t Entries = 20'000;  // files and folders looked at, of whatever kind
@@ -32,7 +32,7 @@ namespace modTypeLibraryFolder {
 bool IsCandidate(std::string_view name);
 
 /// The candidates in the folder and below, a folder's own files before those below it, each level in the
-/// order of the names. Hidden folders below it are passed over, links to folders are followed once.
+/// order of the names. Hidden folders below it are skipped, links to folders are followed once.
 /// A path that names a file gives that file. Nothing for a path that names nothing.
 TypeLibraryFolderFiles
 FilesBelow(std::string_view folder, const TypeLibraryFolderLimits& limits = {});

@@ -18,13 +18,13 @@ void PrepareStreams();
 
 /// Lines for a person, whatever is in them made harmless for a terminal.
 void Print(std::string_view text);
-/// What another program reads, as it stands.
+/// What another program reads, unchanged.
 void PrintData(std::string_view data);
 /// Why standard output did not take everything; empty if it did, or if its reader had enough and left. Nothing
 /// more is printed after such a failure.
 std::string OutputFailure();
 
-/// One sentence on standard error, behind the program's name.
+/// One sentence on standard error, after the program's name.
 void PrintError(std::string_view sentence);
 /// One line on standard error, for what programs read: "file:line:column: text".
 void PrintErrorLine(std::string_view line);
@@ -32,12 +32,12 @@ void PrintErrorLine(std::string_view line);
 void PrintErrorAsIs(std::string_view text);
 
 bool OutputIsTerminal();
-/// Columns of the terminal behind standard output; 80 where there is none.
+/// Columns of the terminal that standard output is; 80 where there is none.
 std::size_t OutputWidth();
 /// Whether standard output takes colours: a terminal, unless NO_COLOR is set.
 bool OutputIsColoured();
 bool ErrorIsTerminal();
-/// Columns of the terminal behind standard error; 80 where there is none.
+/// Columns of the terminal that standard error is; 80 where there is none.
 std::size_t ErrorWidth();
 
 /// A path of this machine as a person knows it; not yet harmless for a terminal.
@@ -45,7 +45,7 @@ std::string ShownPath(std::string_view path);
 
 }  // namespace modConsole
 
-/// Shows the engine's message boxes as lines on standard error. Nobody is asked: a question is answered
+/// Shows the engine's message boxes as lines on standard error. There is no prompt: a question is answered
 /// by `Refusal`.
 class ConsoleMessageBox final : public IMessageBox {
 public:

@@ -7,7 +7,7 @@
 namespace dorvik {
 
 /// The one way to print a result as comma-separated values, as RFC 4180 has them: lines end in CR LF, a
-/// value with a comma, a quote or a line end stands in quotes, a quote inside is doubled. UTF-8.
+/// value with a comma, a quote or a line end is quoted, a quote inside is doubled. UTF-8.
 /// The first line that is added is the header.
 ///
 /// No value runs in a spreadsheet: a text that begins like a formula gets a `'` in front, which spreadsheets do

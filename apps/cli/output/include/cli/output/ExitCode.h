@@ -2,7 +2,7 @@
 
 namespace dorvik {
 
-/// What the program tells its caller.
+/// The result of a command for the calling process.
 enum class ExitCode : int {
     Passed = 0,         // done, and every verdict is a pass
     Failed = 1,         // reviewed, and a verdict is a fail

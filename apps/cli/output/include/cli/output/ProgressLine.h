@@ -21,7 +21,7 @@ public:
 
 private:
     bool m_shown;
-    std::string m_line;  // as it stands on the screen
+    std::string m_line;  // as it is written on the screen
 };
 
 }  // namespace dorvik

@@ -4,7 +4,7 @@
 
 namespace dorvik::basic {
 
-/// The bytes that one object has told the memory meter; given back with the object.
+/// The bytes that one object has reported to the memory meter; given back with the object.
 class ContainerMemory {
 public:
     ContainerMemory() = default;

@@ -23,7 +23,7 @@ public:
     static void ReleaseCycles();
 
 protected:
-    /// Tells the memory meter `bytes` for the object without what it holds. Raises 7.
+    /// Reports `bytes` to the memory meter for the object without what it holds. Raises 7.
     explicit ContainerObject(std::size_t bytes);
 
 private:

@@ -8,7 +8,7 @@
 
 namespace dorvik::basic {
 
-/// An error of `Err.Raise`, with all that this was told.
+/// An error of `Err.Raise`, with all of its arguments.
 class RaisedError final : public BasicError {
 public:
     using BasicError::BasicError;
@@ -27,7 +27,7 @@ public:
 
     /// Whether the member raises an error, which the machine does itself.
     static bool IsRaise(int member);
-    /// The error that `Raise` is told to raise. Raises what is wrong with the arguments.
+    /// The error that the arguments of `Raise` describe. Raises what is wrong with the arguments.
     static ErrorState ErrorToRaise(InvokeKind kind, std::span<const Value> arguments);
 };
 

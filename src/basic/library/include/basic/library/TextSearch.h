@@ -11,7 +11,7 @@ namespace dorvik::basic {
 class ScriptContext;
 
 /// Looks for one text in another, from left to right. The time grows with the length of the text and
-/// not with the product of both lengths, and the host is asked now and then whether to go on.
+/// not with the product of both lengths, and the host is polled now and then whether to continue.
 /// REQUIRES: both texts outlive this.
 class TextSearch {
 public:
@@ -26,10 +26,10 @@ public:
     TextSearch(
         ScriptContext& context, std::string_view text, std::string_view sought, bool ignoreCase);
 
-    /// The first place at or behind `from`. REQUIRES: no call with a smaller `from` came before.
+    /// The first place at or after `from`. REQUIRES: no call with a smaller `from` came before.
     Place Next(std::size_t from);
 
-    /// The first place at or behind `from`, for one who asks once.
+    /// The first place at or after `from`, for a single search.
     static Place First(
         ScriptContext& context,
         std::string_view text,

@@ -27,8 +27,8 @@ public:
     const std::vector<Value>& Elements() const { return m_elements; }
 
     /// New elements with the initial value of the type. Raises 9 for a lower above an upper bound
-    /// (upper = lower - 1 is an empty array, which only functions make: whoever carries out a `ReDim`
-    /// looks for that himself), 7 beyond the memory limit, 10 while locked. `initial` is the initial
+    /// (upper = lower - 1 is an empty array, which only functions make: a `ReDim` checks
+    /// that itself), 7 beyond the memory limit, 10 while locked. `initial` is the initial
     /// value of an element; arrays and records in it are copied for each.
     void Dimension(std::vector<Bounds> dimensions, const Value& initial);
     /// The same, keeping the elements: only the last upper bound may differ, else 9.
@@ -47,7 +47,7 @@ public:
         return OffsetOfMany(indices, count);
     }
 
-    /// All elements, each copied whole, in an array that nobody else refers to and nobody has locked.
+    /// All elements, each copied whole, in an array that no one else refers to and no one has locked.
     Ref<ArrayBody> Copy(bool isFixed) const;
 
     /// While locked (a reference to an element is out, or a For Each walks it) the array can be neither
@@ -67,7 +67,7 @@ private:
     std::vector<Bounds> m_dimensions;
     std::vector<Value> m_elements;
     std::uint32_t m_locks = 0;
-    std::size_t m_charged = 0;  // bytes told to the memory meter
+    std::size_t m_charged = 0;  // bytes reported to the memory meter
 };
 
 }  // namespace dorvik::basic

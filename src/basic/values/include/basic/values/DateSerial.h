@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-/// The calendar behind a Date: days since 30 Dec 1899, the fraction being the time. The fraction always
+/// The calendar of a Date: days since 30 Dec 1899, the fraction being the time. The fraction always
 /// counts forward, before day 0 too: -1.25 is 29 Dec 1899 06:00.
 namespace dorvik::basic::modDateSerial {
 

@@ -22,16 +22,16 @@ public:
 
     bool IsZero() const { return m_digits.empty(); }
     bool IsNegative() const { return m_isNegative; }
-    /// Digits before and behind the point, without outer zeros.
+    /// Digits before and after the point, without outer zeros.
     int IntegerDigits() const { return m_point > 0 ? m_point : 0; }
     int FractionDigits() const;
-    /// Digits before the point; negative for zeros behind it. REQUIRES: !IsZero().
+    /// Digits before the point; negative for zeros after it. REQUIRES: !IsZero().
     int Magnitude() const { return m_point; }
     /// The digit for 10 to the power of `power`.
     char DigitAt(int power) const;
 
     void MultiplyByPowerOfTen(int power);
-    /// Rounds to a number of places behind the point.
+    /// Rounds to a number of places after the point.
     void Round(int places, HalfRounding half);
     /// As a number of the same type. REQUIRES: `model` is a Single, Double or Date.
     Value AsTypeOf(const Value& model) const;

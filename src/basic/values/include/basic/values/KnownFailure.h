@@ -12,7 +12,7 @@ inline bool MayHaveKnownFailure(const Value& value) {
 }
 
 /// The error that a conversion to a type is known to end with, for one who would rather not see it raised:
-/// 13 for a text that is no number, 94 for Null. 0 if it has to be tried.
+/// 13 for a text that is not a number, 94 for Null. 0 if it has to be tried.
 std::int32_t KnownFailure(const Value& value, DeclaredKind kind);
 
 }  // namespace dorvik::basic

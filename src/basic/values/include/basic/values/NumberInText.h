@@ -10,10 +10,10 @@
 namespace dorvik::basic {
 
 /// A text that says a number: blanks around it, a sign, digits with "," anywhere before the point, an
-/// exponent behind E or D; `&H` and `&O`; `$` in front; `(1)` for -1.
+/// exponent after E or D; `&H` and `&O`; `$` in front; `(1)` for -1.
 class NumberInText {
 public:
-    /// Nothing if the text is no number.
+    /// Nothing if the text is not a number.
     static std::optional<NumberInText> Read(std::string_view text);
 
     double ToDouble() const;  // 6
@@ -31,11 +31,11 @@ private:
     bool m_isNegative = false;
 };
 
-/// The text as a Double; raises 13 if it is no number, 6 if it is too large.
+/// The text as a Double; raises 13 if it is not a number, 6 if it is too large.
 double DoubleOfText(std::string_view text);
 /// Whether `DoubleOfText` takes it.
 bool IsNumericText(std::string_view text);
-/// The digits behind `&H` or `&O` up to the end of the text as a number, an `&` behind them making it a
+/// The digits after `&H` or `&O` up to the end of the text as a number, an `&` after them making it a
 /// Long: up to FFFF it has 16 bits, up to FFFFFFFF 32. Nothing for other characters or more bits.
 std::optional<std::int32_t> ReadRadixDigits(std::string_view digits, int bitsPerDigit);
 

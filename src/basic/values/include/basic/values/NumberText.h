@@ -14,7 +14,7 @@ using NumberBuffer = std::array<char, 64>;
 
 std::string_view TextOfWhole(std::int64_t number, NumberBuffer& buffer);
 /// At most 7 (Single) or 15 (Double) significant digits and no more than needed; `1E+15`, `1.5E-20`
-/// where that many digits do not reach the point or do not suffice behind it.
+/// where that many digits do not reach the point or do not suffice after it.
 std::string_view TextOfSingle(float number, NumberBuffer& buffer);
 std::string_view TextOfDouble(double number, NumberBuffer& buffer);
 std::string_view TextOfCurrency(std::int64_t tenThousandths, NumberBuffer& buffer);

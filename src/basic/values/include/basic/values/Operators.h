@@ -47,11 +47,11 @@ Value Apply(UnaryOperator operation, const Value& operand, bool isVariant);
 /// making a value of it.
 bool Holds(BinaryOperator comparison, const Value& left, const Value& right, OperandFacts facts);
 
-/// target = target & addition. A text that nobody shares grows in place, so that building a long text
+/// target = target & addition. A text that no one shares grows in place, so that building a long text
 /// takes time by its length.
 void ConcatenateTo(Value& target, const Value& addition);
 
-/// Whether a condition holds: Null counts as False. Raises 13 for a text that is no truth value or number.
+/// Whether a condition holds: Null counts as False. Raises 13 for a text that is not a truth value or number.
 bool IsTrue(const Value& condition);
 
 }  // namespace dorvik::basic

@@ -5,7 +5,7 @@
 
 namespace dorvik::basic {
 
-/// What a `Ref` points to: a body that lives as long as somebody refers to it. Scripts run on one
+/// What a `Ref` points to: a body that lives as long as someone refers to it. Scripts run on one
 /// thread, so the count is a plain number.
 class ReferenceCounted {
 public:
@@ -20,7 +20,7 @@ public:
     bool IsShared() const { return m_references > 1; }
     std::uint32_t References() const { return m_references; }
 
-    /// Destroys a body that nobody refers to. A chain of bodies (a collection in a collection in ...)
+    /// Destroys a body that no one refers to. A chain of bodies (a collection in a collection in ...)
     /// is taken apart link by link, so that no script can exhaust the stack of the program with one.
     static void Destroy(const ReferenceCounted* body) noexcept;
 

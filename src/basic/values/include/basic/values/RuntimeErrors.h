@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
-/// The run-time errors that only scripts meet. Their texts stand with all others behind
+/// The run-time errors that only scripts meet. Their texts are with all others in
 /// `RuntimeErrorText`.
 namespace dorvik::runtimeerror {
 inline constexpr std::int32_t kReturnWithoutGoSub = 3;
@@ -41,8 +41,8 @@ inline constexpr std::int32_t kElementNotFound = 32811;
 
 namespace dorvik::basic {
 
-/// The script has used up what the host gives it: memory, the length of a text, or calls within each other. The kind
-/// tells, and not the text, which a script can give to errors of its own.
+/// The script has used up what the host gives it: memory, the length of a text, or calls within each other. The type
+/// decides, and not the text, which a script can give to errors of its own.
 class LimitError final : public BasicError {
 public:
     using BasicError::BasicError;
@@ -50,7 +50,7 @@ public:
 
 /// A `BasicError` of that number with its own text.
 [[noreturn]] void RaiseError(std::int32_t number);
-/// The same with the reason behind the text, in parentheses.
+/// The same with the reason after the text, in parentheses.
 [[noreturn]] void RaiseError(std::int32_t number, std::string_view reason);
 /// A `LimitError`; its text names the limit: "Out of memory (the limit of ...)".
 [[noreturn]] void RaiseLimit(std::int32_t number, std::string_view limit);

@@ -50,7 +50,7 @@ public:
     virtual double NowInDays() = 0;
     /// The line number label passed last, for `Erl`.
     virtual std::int32_t LastLineNumber() const = 0;
-    /// `Shell`, `MsgBox` and their like: tells the host the text it would have shown, then raises 70.
+    /// `Shell`, `MsgBox` and their like: reports to the host the text it would have shown, then raises 70.
     [[noreturn]] virtual void Refuse(std::string_view what) = 0;
 
 private:

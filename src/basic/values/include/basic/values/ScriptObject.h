@@ -36,7 +36,7 @@ public:
     /// Uses a member. For Let and Set the last argument is the new value. An argument left out is
     /// `Missing`. Raises 438, 450, 449, 451 and whatever the member raises.
     virtual Value Invoke(int member, InvokeKind kind, std::span<const Value> arguments) = 0;
-    /// Null for an object that is no collection (438).
+    /// Null for an object that is not a collection (438).
     virtual std::unique_ptr<ScriptIterator> Iterate() { return nullptr; }
 };
 

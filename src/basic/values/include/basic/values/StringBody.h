@@ -23,7 +23,7 @@ public:
 
     /// A body with a text of its own.
     static Ref<StringBody> Of(std::string_view text);
-    /// Both texts, one behind the other, with a single allocation.
+    /// Both texts, one after the other, with a single allocation.
     static Ref<StringBody> Joined(std::string_view left, std::string_view right);
     /// The body, shared by all who ask, of a text of one ASCII character.
     static StringBody* OfCharacter(char character);
@@ -38,14 +38,14 @@ public:
     void Append(std::string_view text);
 
     /// The byte offset of a character, counted from 0; the size of the text if it has fewer. A question costs
-    /// the same wherever the character stands, but for the first ones about a text that is not ASCII.
+    /// the same wherever the character is, but for the first queries of a text that is not ASCII.
     std::size_t OffsetOf(std::size_t character) const {
         if (IsAscii()) {
             return character < m_text.size() ? character : m_text.size();
         }
         return OffsetOfMixed(character);
     }
-    /// How many characters stand before a byte offset.
+    /// How many characters are before a byte offset.
     std::size_t CharactersBefore(std::size_t offset) const {
         return IsAscii() ? offset : CharactersBeforeMixed(offset);
     }
@@ -55,7 +55,7 @@ public:
     /// REQUIRES: !IsShared(), or that all who share it are meant; the characters are there. Raises 14 and 7 as above.
     std::size_t Overwrite(std::size_t first, std::size_t count, std::string_view part);
 
-    /// Never 0; kept, since texts that are keys are asked again and again.
+    /// Never 0; kept, since texts that are keys are looked up again and again.
     std::uint32_t Hash() const { return m_hash != 0 ? m_hash : MakeHash(); }
 
 private:

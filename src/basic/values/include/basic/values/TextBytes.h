@@ -6,7 +6,7 @@
 #include <string_view>
 
 /// The bytes that a text has in UTF-16, the lower one of each unit first, and arrays of bytes. A text of an odd number
-/// of bytes cannot be held: 0 goes behind its last one.
+/// of bytes cannot be held: a 0 is appended.
 namespace dorvik::basic::modTextBytes {
 
 std::string BytesOf(std::string_view text);

@@ -18,7 +18,7 @@ struct DecimalNumber;
 
 /// One value of a script, 16 bytes: a type and either the value itself or a counted body.
 /// Copying shares a string, an object or a decimal, which never change in place as far as others can
-/// see; an array or a record is copied whole by `DeepCopy` only, and whoever stores one says so.
+/// see; an array or a record is copied whole by `DeepCopy` only, and callers that store one say so.
 /// The `As...` readers below do not convert: REQUIRES the matching type. Conversions are in `Coercion.h`.
 class Value {
 public:
@@ -96,7 +96,7 @@ public:
     static Value Error(std::int32_t number) noexcept { return Plain(ValueType::Error, number); }
     /// An optional Variant argument that was left out.
     static Value Missing() noexcept { return Plain(ValueType::Error, kMissing); }
-    /// Stands for the variable `target` in the frame of a procedure that takes it ByRef. The caller of
+    /// Refers to the variable `target` in the frame of a procedure that takes it ByRef. The caller of
     /// the procedure keeps `target` alive.
     static Value Reference(Value* target) noexcept {
         Value result;
@@ -173,7 +173,7 @@ private:
         std::int32_t Long;
         float Single;
         double Double;
-        ReferenceCounted* Body;  // of all that follow but Reference: the base stands first in each
+        ReferenceCounted* Body;  // of all that follow but Reference: the base is first in each
         StringBody* Text;
         DecimalBody* Decimal;
         ScriptObject* Object;

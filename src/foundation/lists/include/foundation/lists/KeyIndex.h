@@ -40,7 +40,7 @@ private:
     using Table = std::vector<std::int32_t>;  // positions, 0 for a free place
 
     void Build(const StringArrayList& keys);
-    /// The place of the key in the table, or the free one where it would stand.
+    /// The place of the key in the table, or the free one where it would be.
     std::int32_t& Place(const StringArrayList& keys, std::string_view key) const;
     void Enter(const StringArrayList& keys, std::int32_t position) const;
 

@@ -5,7 +5,7 @@
 
 namespace dorvik {
 
-/// Objects under keys, in order of addition; shared with whoever else holds them.
+/// Objects under keys, in order of addition; shared with their other holders.
 template <typename Object>
 class ObjectKeyedArrayList : public KeyedList<ObjectArrayList<Object>> {
 public:

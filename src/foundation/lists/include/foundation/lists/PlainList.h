@@ -17,7 +17,7 @@ namespace dorvik {
 ///
 /// Capacity begins at 10, doubles when an `Add` exceeds it and halves, down to 1, when a `Remove`
 /// leaves less than half of it in use. It says which positions exist: those from `Count` + 1 to
-/// `Capacity` hold nothing, or what a `Remove` left behind there, and may be read and written
+/// `Capacity` hold nothing, or what a `Remove` left there, and may be read and written
 /// without an effect on `Count`. Memory is taken with the first element, not before.
 ///
 /// `Dirty` is set by what changes elements and cleared by `Clear` and its owner only; the Selected
@@ -79,7 +79,7 @@ private:
     void ShiftDown(std::int32_t index);
     void Shrink();
 
-    // Slots behind the end of either vector, up to the capacity, are empty: no value, not selected.
+    // Slots after the end of either vector, up to the capacity, are empty: no value, not selected.
     std::vector<T> m_items;
     std::vector<bool> m_selected;
     std::int32_t m_count = 0;

@@ -49,7 +49,7 @@ public:
         std::string_view description,
         std::string_view procedure,
         std::string_view module);
-    /// The same for a caught failure. One that is no `BasicError` has the language's number for it:
+    /// The same for a caught failure. One that is not a `BasicError` has the language's number for it:
     /// 7 when memory ran out, 51 (an internal error) otherwise.
     void LogBasicError(
         const std::exception& failure, std::string_view procedure, std::string_view module);
@@ -69,7 +69,7 @@ public:
     /// Category "Event".
     void LogEvent(std::string_view message, std::string_view procedure, std::string_view module);
 
-    /// Writes a complete line as it stands. The end of the line is added.
+    /// Writes a complete line unchanged. The end of the line is added.
     void LogMessage(std::string_view line);
 
     /// Lines go to `reviewLog` from now on; `clearLog` empties that file first.

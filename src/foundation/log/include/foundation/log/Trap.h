@@ -22,7 +22,7 @@ struct LogOrigin {
 /// True if the body ran to its end; what it assigned before a failure stays assigned. For an operation
 /// that returns a value there is `Trapped`. Costs nothing as long as nothing fails.
 ///
-/// A log that cannot be written to does no more harm: `modLog::FirstUnwritten` tells of it.
+/// A log that cannot be written to does no more harm: `modLog::FirstUnwritten` reports it.
 template <typename Body>
 bool Trap(const LogOrigin& origin, Body&& body) {
     try {
@@ -64,7 +64,7 @@ bool Trap(const LogOrigin& origin, Body&& body, Handle&& handle) {
     });
 }
 
-/// Runs a part of an operation. A `BasicError` inside goes on to whoever traps around, with the text
+/// Runs a part of an operation. A `BasicError` inside continues to the enclosing trap, with the text
 /// that `detail` returns appended to its description: what the part was about.
 template <typename Body, typename Detail>
 void Explain(Body&& body, Detail&& detail) {

@@ -4,7 +4,7 @@
 
 namespace dorvik {
 
-/// Where a file of this program's making lies: its name in a folder that the user chose, or in the folder
+/// Where a file that this program writes is: its name in a folder that the user chose, or in the folder
 /// "Dorvik" that the program makes beside a project. What is above and at the chosen folder is the user's
 /// affair; below it nothing is written through a link.
 struct OutputPlace {

@@ -7,7 +7,7 @@
 namespace dorvik {
 
 /// A version of three 16-bit numbers; reads "6.2.0001". Texts are converted as the reviewed language
-/// does it: `kTypeMismatch` for what is no number, `kOverflow` outside 16 bits.
+/// does it: `kTypeMismatch` for what is not a number, `kOverflow` outside 16 bits.
 class VersionNumber {
 public:
     std::int16_t Major() const { return m_major; }
@@ -30,7 +30,7 @@ public:
 
     /// Major, minor and revision with "." between them.
     std::string Version() const;
-    /// A text of fewer than three parts, or one part that is no number, is logged; the numbers
+    /// A text of fewer than three parts, or one part that is not a number, is logged; the numbers
     /// before the failure are set, the others keep their values.
     void SetVersion(std::string_view version);
 

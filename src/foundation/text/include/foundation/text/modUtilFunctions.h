@@ -15,7 +15,7 @@ class ITextBox;
 namespace modUtilFunctions {
 
 /// The path that `relative` names as seen from `base`, which must end in a backslash: none is
-/// inserted. Leading "..\" go up from `base`; a path with a drive letter comes back as it stands.
+/// inserted. Leading "..\" go up from `base`; a path with a drive letter comes back as it is written.
 // Required: "..\" further inside is not resolved, a leading backslash does not make a path absolute.
 std::string RelativeToAbsolutePath(std::string_view relative, std::string_view base);
 
@@ -23,22 +23,21 @@ std::string RelativeToAbsolutePath(std::string_view relative, std::string_view b
 // Required: "abc\" gives "a".
 std::string ParentFolderFromPath(std::string_view path);
 
-/// What stands behind the last backslash.
+/// What follows the last backslash.
 // Required: empty if that holds no ".".
 std::string FilenameFromFullPathName(std::string_view path);
 
 /// The path up to and including the last backslash; empty if there is none.
 std::string PathFromFilename(std::string_view path);
 
-/// The part before the first NUL; all of it if there is none. Raises `kOverflow` if the NUL stands
-/// behind character 32767.
+/// The part before the first NUL; all of it if there is none. Raises `kOverflow` if the NUL follows character 32767.
 std::string TrimAtNull(std::string_view text);
 
 std::string AddBackslash(std::string_view path);
 std::string RemoveBackslash(std::string_view path);
 
 /// True if a search of the folder for the last part of the path finds a file. "*" and "?" count as
-/// wildcards and a path that ends in a backslash asks for any file; folders and hidden files (by
+/// wildcards and a path that ends in a backslash matches any file; folders and hidden files (by
 /// the host's convention: those whose names begin with a dot) are not found. A failure is logged
 /// and gives false.
 bool FileExists(std::string_view path);

@@ -12,7 +12,7 @@ namespace dorvik {
 class XmlDocument;
 
 /// An XML document: the thin layer through which the rulebase code reads and writes its file.
-/// Failures are logged, never raised. Elements that were handed out keep the tree that they stand
+/// Failures are logged, never raised. Elements that were handed out keep the tree that they are
 /// in alive, also when this object is gone or has loaded another text.
 class KyXMLDoc {
 public:
@@ -29,7 +29,7 @@ public:
     std::shared_ptr<KyXMLElement> RootElement();
 
     /// Both are kept as set and have no effect: a document with a document type is refused, so there
-    /// is nothing to validate against, and loading never goes on behind the caller's back.
+    /// is nothing to validate against, and loading never continues without the caller's knowledge.
     void SetValidateWhileParsing(bool validate) { m_validateWhileParsing = validate; }
     void SetAsynchronousDownload(bool asynchronous) { m_asynchronousDownload = asynchronous; }
 

@@ -25,7 +25,7 @@ class KyXMLElement {
 public:
     const XmlNode& XMLNode() const { return m_node; }
     std::string XMLString() const;
-    /// Where it stands, for messages: "the element Rules (line 4 of \team\rules.dvk)". Line and file
+    /// Where it is, for messages: "the element Rules (line 4 of \team\rules.dvk)". Line and file
     /// are left out where they are not known.
     std::string PlaceText() const;
 
@@ -48,7 +48,7 @@ public:
     void SetAttributeValueByName(std::string_view name, std::string_view value);
     void AddAttribute(std::string_view name, std::string_view value);
 
-    /// The first child of that name, without regard to case, at or behind `startPosition`; a
+    /// The first child of that name, without regard to case, at or after `startPosition`; a
     /// `startPosition` that names no child stands for 0. `position` becomes its position, or -1.
     std::shared_ptr<KyXMLElement> ElementByName(
         std::string_view name, std::int32_t& position, std::int32_t startPosition = 0) const;

@@ -51,7 +51,7 @@ public:
     Database(Database&&) noexcept;
     Database& operator=(Database&&) noexcept;
 
-    /// Opens an existing file, which nobody can `DeleteFile` until `Close`. Raises `kFileNotFound`,
+    /// Opens an existing file, which no one can `DeleteFile` until `Close`. Raises `kFileNotFound`,
     /// `kNotADatabase`, `runtimeerror::kPermissionDenied` (70) where the system refuses the file, or an
     /// `OutputRefusal` where a companion is something that the engine would wait for.
     void Open(std::string_view path);
@@ -78,17 +78,17 @@ public:
     /// Notes how the values of the indexes are spread, so that the best one is taken for each query.
     void AnalyseIndexes();
 
-    /// Copies a database file that nobody has open. Whenever the process ends, the copy is either whole or
+    /// Copies a database file that no one has open. Whenever the process ends, the copy is either whole or
     /// not there.
     static void CopyFile(std::string_view from, std::string_view to);
-    /// Deletes a database file, read-only or not, and its companions. A file that does not exist is no
-    /// failure. Raises `FileInUse` (70) while this or another process has it open.
+    /// Deletes a database file, read-only or not, and its companions. A file that does not exist is not
+    /// a failure. Raises `FileInUse` (70) while this or another process has it open.
     static void DeleteFile(std::string_view path);
-    /// Raises an `OutputRefusal` where a database is to lie, or one of its companions, and something else
-    /// lies there: a link, a pipe, a folder.
+    /// Raises an `OutputRefusal` where a database is to be, or one of its companions, and something else
+    /// is there: a link, a pipe, a folder.
     static void NeedRoom(std::string_view path);
     /// Reserves the place of a database that is about to be replaced for the caller alone, whether there is
-    /// one yet or not; nobody is kept from reading one. `holder` is told to whoever comes second, who gets
+    /// one yet or not; no one is kept from reading one. `holder` is shown to the second caller, who gets
     /// a `FileInUse`.
     static std::shared_ptr<FileInUseMark> Reserve(std::string_view path, std::string_view holder);
 

@@ -30,10 +30,10 @@ struct JetTokens {
     std::vector<JetToken> Tokens;    // the last one is of kind End
     SqlValues Literals;              // with the values of parameters, in their order of appearance
     std::string Shape;               // equal for texts that differ only in literals and blanks
-    bool HasOnlyParameters = false;  // no literal stands in the text itself
+    bool HasOnlyParameters = false;  // no literal is in the text itself
 };
 
-/// What the store is asked to do, in the spelling of SQLite, with "?" for each literal in order.
+/// What the store is to do, in the spelling of SQLite, with "?" for each literal in order.
 struct JetTranslation {
     std::string Sql;
     bool IsQuery = false;
@@ -56,7 +56,7 @@ struct JetTranslation {
 namespace modJetSql {
 
 /// Raises `databaseerror::kSyntax` with the part of the text that begins at `position`.
-[[noreturn]] void RaiseNotUnderstood(std::string_view text, std::size_t position);
+[[noreturn]] void RaiseSyntaxError(std::string_view text, std::size_t position);
 
 /// Raises `databaseerror::kSyntax` for a quote or bracket without its partner, and where there are not as
 /// many values as parameters.

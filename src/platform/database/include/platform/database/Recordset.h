@@ -17,9 +17,9 @@ enum class RecordsetType : int { Dynaset = 2, Snapshot = 4 };
 
 /// The rows of a query, with a current row. Got from `Database::OpenRecordset`; movable, not copyable.
 ///
-/// Fields are addressed by name without regard to case, or by position from 0. A new recordset stands
+/// Fields are addressed by name without regard to case, or by position from 0. A new recordset is
 /// on its first row, if it has one. A dynaset keeps the rows that it held when it was first looked at,
-/// and behind them those added through it, whether or not they match the query; an addition leaves the
+/// and after them those added through it, whether or not they match the query; an addition leaves the
 /// current row where it was, so on an empty set `MoveFirst` goes to the added row. The query of a
 /// dynaset runs when a row is first asked for, so adding rows never runs it.
 ///
@@ -35,7 +35,7 @@ public:
     bool EOF_();
     /// Raises `kNoCurrentRecord` where there is no row at all.
     void MoveFirst();
-    /// Raises `kNoCurrentRecord` behind the last row.
+    /// Raises `kNoCurrentRecord` after the last row.
     void MoveNext();
 
     /// Begins a new row; it is written by `Update`. Fields not set get the table's default.
@@ -45,7 +45,7 @@ public:
     /// Writes the fields set since `AddNew` or `Edit`. The row is on disk when this returns.
     void Update();
 
-    /// The counter of the row that was added last, told without a look at any row. Raises
+    /// The counter of the row that was added last, known without reading any row. Raises
     /// `kNoCurrentRecord` where none was.
     std::int32_t LastAddedKey();
 

@@ -7,17 +7,17 @@
 
 namespace dorvik {
 
-/// Somebody else has a file that was asked for alone. Number 70.
+/// Someone else has a file that was asked for alone. Number 70.
 class FileInUse final : public BasicError {
 public:
-    /// Somebody has the file open.
+    /// Someone has the file open.
     explicit FileInUse(const std::filesystem::path& file)
         : BasicError(
               runtimeerror::kPermissionDenied,
               RuntimeErrorText(runtimeerror::kPermissionDenied) + ": '" + file.string() + "'") {}
-    /// Somebody has it for himself; `holder` says who, in words for a person.
+    /// Someone has it for himself; `holder` says who, in words for a person.
     FileInUse(const std::filesystem::path& file, const std::string& holder) : FileInUse(file) {
-        m_holder = holder.empty() ? "a process that did not say its number" : holder;
+        m_holder = holder.empty() ? "an unknown process" : holder;
     }
 
     /// Empty where the file is open and no more.

@@ -14,7 +14,7 @@ public:
     HostError(int errorOfHost, std::int32_t number, const std::string& description)
         : BasicError(number, description), m_errorOfHost(errorOfHost) {}
 
-    /// The code under which the XML layer tells the failure: 0x80070002 no such file, 0x80070003 no
+    /// The code under which the XML layer reports the failure: 0x80070002 no such file, 0x80070003 no
     /// such folder, 0x80070005 access denied, 0x80070013 write-protected, 0x80070015 device not
     /// ready, 0x80070070 disk full (or a file longer than it may be).
     std::int32_t SystemCode() const;

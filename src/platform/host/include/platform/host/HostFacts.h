@@ -4,7 +4,7 @@
 
 namespace dorvik {
 
-/// Answers that stand in for those of the machine. An empty field means "ask the machine".
+/// Values used in place of those of the machine. An empty field means "query the machine".
 /// The folders are inside paths with a trailing backslash.
 struct HostFacts {
     std::string LogonName;

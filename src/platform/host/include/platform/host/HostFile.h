@@ -20,7 +20,7 @@ enum class FileUse {
 RaiseHostError(int errorOfHost, const std::filesystem::path& host, std::string_view path);
 
 /// One ordinary file of the host, open as long as the object lives. Folders, devices and pipes are
-/// refused with 75, so that no reading waits or goes on for ever; a file to be written to is refused with
+/// refused with 75, so that no reading waits or continues for ever; a file to be written to is refused with
 /// an `OutputRefusal` if it is one of those or a link. Every failure raises.
 class HostFile {
 public:
@@ -33,12 +33,12 @@ public:
     void Write(std::string_view bytes);
     /// Returns when the bytes written are on the disk.
     void Synchronise();
-    /// Closes the file; tells failures that only show then.
+    /// Closes the file; reports failures that only show then.
     void Close();
 
     /// Length in bytes.
     std::int64_t Size() const;
-    /// Keeps everybody else from locking the file until it is closed; false where somebody else does. True
+    /// Keeps everybody else from locking the file until it is closed; false where someone else does. True
     /// on a file system without locks.
     bool LockAlone() const;
     /// Whether this file, and not another by now, has that name.

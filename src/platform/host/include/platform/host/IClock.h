@@ -4,7 +4,7 @@
 
 namespace dorvik {
 
-/// Tells the local time. The program's own clock is the machine's; tests install one that stands still.
+/// Gives the local time. The program's own clock is the machine's; tests install one that is still.
 class IClock {
 public:
     virtual ~IClock() = default;

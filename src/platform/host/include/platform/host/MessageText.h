@@ -20,7 +20,7 @@ enum class MessageButtons : int { Ok = 0, OkCancel = 1, YesNoCancel = 3, YesNo =
 /// closed without a button answers as `Refusal` does.
 enum class MessageAnswer : int { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
 
-/// The answer that agrees to nothing: that of a box which nobody sees.
+/// The answer that agrees to nothing: that of a box which no one sees.
 constexpr MessageAnswer Refusal(MessageButtons buttons) {
     switch (buttons) {
         case MessageButtons::Ok: return MessageAnswer::Ok;

@@ -29,7 +29,7 @@ public:
     /// Reads the file and decodes it: UTF-8 and UTF-16 as they are recognised, anything else by
     /// `codePage`, which also serves to find names on disk that are not UTF-8. Raises 53 or 76 where
     /// there is no such file, 75 for a folder or a device, 70 for a file that may not be read, and
-    /// `UnreadableText` for UTF-32 and for data that is no text.
+    /// `UnreadableText` for UTF-32 and for data that is not text.
     TextFileReader(std::string_view path, int codePage);
 
     // Lines handed out point into the reader.
@@ -42,7 +42,7 @@ public:
     /// lives as long as the reader.
     std::string_view ReadLine();
 
-    /// Whether that stands anywhere in the text.
+    /// Whether that is anywhere in the text.
     bool Contains(std::string_view sought) const {
         return m_text.find(sought) != std::string::npos;
     }
@@ -54,7 +54,7 @@ private:
     std::string m_text;
     std::int64_t m_size = 0;
     std::size_t m_position = 0;  // begin of the next line
-    // The next CR and LF at or behind m_position; kept because a file may hold only one of the two,
+    // The next CR and LF at or after m_position; kept because a file may hold only one of the two,
     // and a search for the other runs through the rest of the file.
     std::size_t m_nextReturn = 0;
     std::size_t m_nextFeed = 0;

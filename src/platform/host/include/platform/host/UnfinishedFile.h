@@ -5,7 +5,7 @@
 
 namespace dorvik {
 
-/// While it lives, a file that is worth nothing before it is finished stands on a list, so that a program that
+/// While it lives, a file that is worth nothing before it is finished is on a list, so that a program that
 /// has to end at once can remove it. The file is that of the program's path and those that the database engine
 /// keeps beside it. One path counts once; a path that is too long, or one too many, is not on the list.
 class UnfinishedFile {

@@ -6,7 +6,7 @@
 /// From the bytes of a file to the program's UTF-8. A code page is named by its Windows number:
 /// 874, 1250 to 1258, 437, 850, 866, 28591 (Latin-1), 65001 (UTF-8), and the double-byte pages 932,
 /// 936, 949 and 950. No input fails: a byte that a single-byte page leaves undefined becomes the
-/// character of the same number, a byte that is no UTF-8 its Windows-1252 character, and what a
+/// character of the same number, a byte that is not UTF-8 its Windows-1252 character, and what a
 /// double-byte page or UTF-16 cannot tell becomes U+FFFD. ASCII text comes back unchanged.
 namespace dorvik::modEncoding {
 
@@ -22,7 +22,7 @@ bool HasMark(std::string_view bytes);
 /// code page and is never part of the text. Raises `kInvalidProcedureCall` for an unknown code page.
 std::string Decode(std::string_view bytes, int codePage);
 
-/// UTF-16 without a mark, or behind one. An odd byte at the end is U+FFFD.
+/// UTF-16 without a mark, or after one. An odd byte at the end is U+FFFD.
 std::string DecodeUtf16(std::string_view bytes, bool isBigEndian);
 
 /// As `Decode`, but ASCII text stays where it is, so that a large file is not held twice.

@@ -16,7 +16,7 @@
 /// that is already there or a file of 2 GB, 70 no permission, 61 disk full.
 namespace dorvik::modFiles {
 
-/// Stands for the code page last given to `SetNameCodePage`.
+/// Means the code page last given to `SetNameCodePage`.
 inline constexpr int kNameCodePage = 0;
 
 /// The code page of names on disk that are not UTF-8; `modEncoding::kDefaultCodePage` at first.
@@ -49,7 +49,7 @@ void DeleteFile(std::string_view path);
 /// Creates one folder; the folder above it must exist.
 void CreateFolder(std::string_view path);
 /// Creates a folder below `parent` that no other program can read and whose name, `prefix` and
-/// something behind it, nobody has. Its path ends in a backslash.
+/// a suffix, no one has. Its path ends in a backslash.
 std::string CreatePrivateFolder(std::string_view parent, std::string_view prefix);
 /// Deletes a folder that is empty.
 void DeleteFolder(std::string_view path);
@@ -61,7 +61,7 @@ std::string ReadBytes(std::string_view path, int codePage = kNameCodePage);
 /// Length in bytes.
 std::int64_t FileSize(std::string_view path);
 
-/// What tells whether a file is still the one that it was.
+/// What shows whether a file is still the one that it was.
 struct FileStamp {
     std::int64_t Size = 0;      // bytes
     std::int64_t Modified = 0;  // nanoseconds since 1970
@@ -70,14 +70,14 @@ struct FileStamp {
 };
 FileStamp StampOf(std::string_view path);
 
-/// Creates the folder unless there is one, maybe made by somebody else at this moment.
+/// Creates the folder unless there is one, maybe made by someone else at this moment.
 void EnsureFolder(std::string_view path);
 
 inline constexpr std::int64_t kAnySize = INT64_MAX;
 
 /// Adds the line and CR LF to the file, which is created if need be and is open only for this call. False,
 /// with nothing written, where the file would grow beyond `mostBytes`. Raises an `OutputRefusal` (75) where
-/// a link lies there, or anything else that is no ordinary file.
+/// a link is there, or anything else that is not an ordinary file.
 bool AppendLine(std::string_view path, std::string_view line, std::int64_t mostBytes = kAnySize);
 /// Leaves an empty file there, whether there was one before or not. Raises as `AppendLine`.
 void EmptyFile(std::string_view path);
@@ -96,7 +96,7 @@ void WriteBytesChecked(std::string_view path, std::string_view bytes);
 /// the folder holds, whereas a name that is not there yet is otherwise looked for among all of them.
 ///
 /// Nothing is written outside the folder: a name with a separator or a NUL in it, "." and ".." raise 75,
-/// and what lies there already and is a link, or no ordinary file, raises an `OutputRefusal`.
+/// and what is there already and is a link, or no ordinary file, raises an `OutputRefusal`.
 void WriteBytesAtomicallyAsNamed(
     std::string_view folder, std::string_view name, std::string_view bytes);
 

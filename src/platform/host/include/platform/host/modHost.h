@@ -8,7 +8,7 @@
 
 #include <string>
 
-/// What the program asks of the machine and of whoever sits in front of it. A face of the program,
+/// What the program queries of the machine and of its user. A front end of the program,
 /// or a test, replaces an answer by installing its own object for it.
 namespace dorvik::modHost {
 

@@ -11,12 +11,12 @@ namespace dorvik {
 class ByteSet {
 public:
     ByteSet() = default;
-    /// The bytes that stand in the text.
+    /// The bytes that are in the text.
     explicit ByteSet(std::string_view text);
 
     void Add(unsigned char byte);
     void AddAll(const ByteSet& other);
-    /// Keeps only what stands in the other set, too.
+    /// Keeps only what is in the other set, too.
     void KeepOnly(const ByteSet& other);
 
     bool IsEmpty() const;

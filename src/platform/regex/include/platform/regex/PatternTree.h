@@ -20,7 +20,7 @@ enum class PatternKind {
     Group,           // a capturing group: its content is the only child
     Lookahead,       // the child matches here, too
     NegativeLookahead,
-    Sequence,      // the children, one behind the other
+    Sequence,      // the children, one after the other
     Alternatives,  // one of the children, tried in this order
     Repetition,    // the child, `Least` to `Most` times
 };

@@ -30,7 +30,7 @@ inline constexpr std::int32_t kRegularExpressionTooComplex = 16;
 /// The text that a group in parentheses took.
 struct SubMatch {
     std::string Value;      // empty for a group that took no part
-    bool TookPart = false;  // tells an empty text from a group that was passed by
+    bool TookPart = false;  // distinguishes an empty text from a group that took no part
 
     friend bool operator==(const SubMatch&, const SubMatch&) = default;
 };
@@ -56,9 +56,9 @@ struct Match {
 /// feed, carriage return, U+2028, U+2029).
 ///
 /// Setting a pattern is cheap: it is compiled at its first use and kept for the whole process, so an
-/// object may serve many patterns in turn. Whoever tests the same patterns over and over keeps an
-/// object for each, which spares the look-up as well. A malformed pattern raises one of 5017 to 5020 at
-/// every use, not when it is set. Any bytes may stand in the text; those that are not UTF-8 match nothing.
+/// object may serve many patterns in turn. A caller that tests the same patterns over and over keeps an
+/// object for each, which saves the lookup as well. A malformed pattern raises one of 5017 to 5020 at
+/// every use, not when it is set. Any bytes may be in the text; those that are not UTF-8 match nothing.
 ///
 /// One object serves one thread; copies share the compiled pattern.
 class RegularExpression {
@@ -87,26 +87,26 @@ public:
     bool Test(std::string_view text);
 
     /// The same for a caller that tests many patterns on one text and has looked up its traits once: a
-    /// text without what every match needs is turned down at once. Such a text never
+    /// text without what every match needs is rejected by the prefilter. Such a text never
     /// raises `kRegularExpressionTooComplex`. REQUIRES: traits == TextTraits(text).
     bool Test(std::string_view text, const TextTraits& traits);
 
-    /// Is told after each step of a long piece of work how many bytes its result takes so far, and may
-    /// end the work by raising an error.
+    /// Called after each step of a long search with the number of bytes its result takes so far; it may
+    /// end the search by raising an error.
     using Progress = std::function<void(std::size_t bytes)>;
 
     /// The matches from left to right, none overlapping; at most one unless `Global`.
     std::vector<Match> Execute(std::string_view text, const Progress& progress = {});
 
     /// The text with the first match, or with all of them if `Global`, replaced. In the replacement, "$&" is
-    /// the match, "$`" what stands before it, "$'" what stands behind it, "$1" to "$99" a group (empty
+    /// the match, "$`" what is before it, "$'" what follows it, "$1" to "$99" a group (empty
     /// if it took no part), and "$$" a "$". Any other "$" stands for itself.
     std::string
     Replace(std::string_view text, std::string_view replacement, const Progress& progress = {});
 
     /// The longest match at the first place where the pattern matches, whereas `Execute` takes the
-    /// alternative that stands first: "a|ab" on "ab" gives "ab". A pattern with a back reference
-    /// gives what `Execute` gives. The sub-matches are not told.
+    /// alternative that is first: "a|ab" on "ab" gives "ab". A pattern with a back reference
+    /// gives what `Execute` gives. The sub-matches are not returned.
     std::optional<Match> LongestMatch(std::string_view text);
 
 private:

@@ -11,7 +11,7 @@ namespace dorvik {
 class PairSet {
 public:
     PairSet() = default;
-    /// The pairs that stand in the text.
+    /// The pairs that are in the text.
     explicit PairSet(std::string_view text);
 
     bool ContainsAll(const PairSet& other) const { return (other.m_bits & ~m_bits) == 0; }

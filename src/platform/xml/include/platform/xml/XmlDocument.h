@@ -15,7 +15,7 @@ struct XmlError {
     std::int32_t Code = 0;
     std::string Reason;
 
-    /// The form in which the log tells it.
+    /// The form in which it is logged.
     std::string Message() const;
 };
 
@@ -54,7 +54,7 @@ public:
     bool Save(std::string_view path);
 
     /// The document in the form that a style sheet gives it, as UTF-8 text. A style sheet reaches
-    /// nothing outside itself and the document. Empty after a failure, which `Error` tells.
+    /// nothing outside itself and the document. Empty after a failure, which `Error` reports.
     std::string Transform(const XmlDocument& styleSheet);
 
     /// The path of the last `Load`; empty for a document that came from elsewhere.

@@ -54,7 +54,7 @@ public:
     /// A new element before the child at `position`, at the end where there is none.
     /// REQUIRES: this is an element, the document `AllowsName(name)`.
     XmlNode AddElement(std::string_view name, std::int32_t position);
-    /// False if `child` is no child of this.
+    /// False if `child` is not a child of this.
     bool RemoveChild(const XmlNode& child);
 
 private:

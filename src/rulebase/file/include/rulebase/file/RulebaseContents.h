@@ -13,7 +13,7 @@
 namespace dorvik {
 
 /// What a rulebase file says, element by element and with the names of the elements for messages.
-/// Unlike a loaded `Rulebase` it keeps what a load would drop: duplicates, and what stands behind an
+/// Unlike a loaded `Rulebase` it keeps what a load would drop: duplicates, and what follows an
 /// unreadable attribute.
 struct RulebaseContents {
     struct Rule {

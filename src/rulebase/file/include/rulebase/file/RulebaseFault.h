@@ -13,8 +13,8 @@ enum class FaultKind {
     Unknown,     // a number that names nothing: a category, severity, event, object or rule
     NeverFires,  // a rule, or one of its events, that can raise nothing
     Pattern,     // a regular expression that does not compile, or fits everything or nothing
-    Tag,         // a text or prefix asks for what does not exist
-    Scope,       // a text or prefix asks for an object where it is not in scope
+    Tag,         // a text or prefix names what does not exist
+    Scope,       // a text or prefix names an object where it is not in scope
     Script,      // a script that does not compile
 };
 

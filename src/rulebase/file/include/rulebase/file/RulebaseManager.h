@@ -14,7 +14,7 @@ class KyXMLElement;
 
 /// The only reader and writer of rulebase files (".dvk"). Every section is read and written under
 /// its own trap: a failure costs the rest of that section, is logged under module
-/// "RulebaseManager", and the load goes on.
+/// "RulebaseManager", and the load continues.
 class RulebaseManager {
 public:
     /// `applicationName` is the running program's own name, `localAppPath` the folder of the
@@ -22,7 +22,7 @@ public:
     /// categories are shown.
     RulebaseManager(std::string applicationName, std::string localAppPath);
     /// For the running program as its log names it and the installation as the settings tell it.
-    /// Raises `kObjectNotSet` while nobody uses the objects of `modGlobal`.
+    /// Raises `kObjectNotSet` while no one uses the objects of `modGlobal`.
     RulebaseManager();
 
     /// The rulebase of `criteria.RulebaseFile`, filtered by the criteria unless `LoadForEdit` is
@@ -43,8 +43,8 @@ public:
 
     /// Writes the whole file; with an empty `filename` to the rulebase's own, which stays as it is. The file
     /// there is replaced only by one that has every section and can be read back as it was meant.
-    /// The version is incremented first if the rulebase asks for it, also when the save then fails.
-    /// False after a failure, which is told in a message box, and `Dirty` then stays.
+    /// The version is incremented first if the rulebase requests it, also when the save then fails.
+    /// False after a failure, which is reported in a message box, and `Dirty` then stays.
     /// Raises `kyErrNoFilename` if neither names a file.
     bool Save(Rulebase& rulebase, std::string_view filename);
 

@@ -19,8 +19,8 @@
 
 namespace dorvik {
 
-/// Reads a rulebase document the way a load does, but goes on behind everything that would end a
-/// load, and tells each such place as a fault.
+/// Reads a rulebase document the way a load does, but continues after everything that would end a
+/// load, and reports each such place as a fault.
 class RulebaseReading {
 public:
     /// REQUIRES: `root` is of the current schema and outlives this, as does `faults`.
@@ -80,9 +80,9 @@ private:
     std::optional<std::string>
     Text(const KyXMLElement& element, std::string_view name, const std::string& where);
 
-    /// What is told from here on stands in that element.
+    /// What is reported from here on is in that element.
     void SetPlace(const KyXMLElement& element) { m_line = element.XMLNode().Line(); }
-    void Tell(std::string element, std::string_view attribute, std::string sentence);
+    void Report(std::string element, std::string_view attribute, std::string sentence);
 
     const KyXMLElement& m_root;
     std::vector<RulebaseFault>& m_faults;

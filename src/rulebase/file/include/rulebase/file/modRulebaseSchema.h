@@ -68,13 +68,13 @@ std::span<const AttributeRow<Rulebase>> Properties();
 std::span<const AttributeRow<ToleranceSettings>> Tolerances();
 std::span<const AttributeRow<Rulebase>> PropertiesBehindTolerances();
 
-/// What a tag element holds behind its `TagName`.
+/// What a tag element holds after its `TagName`.
 std::span<const AttributeRow<TagItem>> ControlTag();
 std::span<const AttributeRow<TagItem>> OtherTag();
 
 std::span<const AttributeRow<ViolationDefinition>> ViolationItem();
 std::span<const AttributeRow<CategoryItem>> Category();
-/// What a file tells of a category besides its ID and whether it is hidden.
+/// What a file holds of a category besides its ID and whether it is hidden.
 std::span<const AttributeRow<CategoryItem>> CategoryTexts();
 std::span<const AttributeRow<SeverityItem>> Severity();
 /// Required: what a file can change of a level that is there already; its level text is not in it.
@@ -86,7 +86,7 @@ std::span<const AttributeRow<CodingConvention>> Coding();
 std::span<const AttributeRow<NamingConvention>> Naming();
 std::span<const AttributeRow<PrefixSuffixItem>> NameItem();
 std::span<const AttributeRow<ViolationDefinition>> Violation();
-/// What a section of a report definition holds behind its `SectionType` if it is a table.
+/// What a section of a report definition holds after its `SectionType` if it is a table.
 std::span<const AttributeRow<TableItem>> Table();
 
 }  // namespace dorvik::modRulebaseSchema

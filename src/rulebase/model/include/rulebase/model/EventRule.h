@@ -17,7 +17,7 @@ public:
     const std::vector<std::int32_t>& ParserEvents() const { return m_events; }
     /// The events in list order, joined with "|"; empty when there are none.
     std::string ParserEventList() const;
-    /// True once the event stands in the list, newly added or not.
+    /// True once the event is in the list, newly added or not.
     bool AddParserEventID(std::int32_t eventID);
     /// -1 removes all events. The last event takes the place of the removed one. Always true, and
     /// always sets `Dirty`, also when the event was not there.

@@ -5,8 +5,8 @@
 
 namespace dorvik {
 
-/// The numbers that the rules of one `RuleLists` have now. A rule that is held there tells it of each
-/// change of its number, so that no rule has to be asked when another one is added.
+/// The numbers that the rules of one `RuleLists` have now. A rule that is held there reports each
+/// change of its number here, so that no rule has to be read when another one is added.
 class HeldRuleNumbers {
 public:
     bool Contains(std::int32_t number) const { return m_numbers.contains(number); }

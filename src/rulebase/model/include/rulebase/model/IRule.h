@@ -20,7 +20,7 @@ public:
     /// Unique within the rulebase; 0 until one is given.
     virtual std::int32_t RuleID() const = 0;
     virtual void SetRuleID(std::int32_t ruleID) = 0;
-    /// For the rule lists only: where a change of the number is to be told; null for nowhere.
+    /// For the rule lists only: where a change of the number is to be reported; null for nowhere.
     virtual void SetHeldNumbers(const std::shared_ptr<HeldRuleNumbers>& numbers) = 0;
     virtual dorvik::RuleType RuleType() const = 0;
     /// Script text, or the regular expression of an unauthorised keyword.

@@ -55,7 +55,7 @@ public:
     void SetBodyActive(bool active);
     const std::string& BodyPattern() const { return m_bodyPattern; }
     void SetBodyPattern(std::string pattern);
-    /// In characters; below 1 is no limit, as for the minimum.
+    /// In characters; below 1 is not a limit, as for the minimum.
     std::int16_t MaxBodyLength() const { return m_maxBodyLength; }
     void SetMaxBodyLength(std::int16_t length);
     std::int16_t MinBodyLength() const { return m_minBodyLength; }

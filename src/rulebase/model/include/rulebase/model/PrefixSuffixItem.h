@@ -17,7 +17,7 @@ enum class PrefixSuffixType : std::int32_t {
 };
 using enum PrefixSuffixType;
 
-/// One slot of a prefix or suffix. It has no dirty flag: whoever edits it marks the rule.
+/// One slot of a prefix or suffix. It has no dirty flag: its editor marks the rule.
 struct PrefixSuffixItem {
     /// A `PrefixSuffixType`; kept as the number so that a file's unknown types survive.
     std::int32_t PSType = 0;

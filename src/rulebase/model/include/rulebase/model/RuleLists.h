@@ -18,9 +18,9 @@
 
 namespace dorvik {
 
-/// The index of the rules of one rulebase. Every rule stands once in the list of all rules and
+/// The index of the rules of one rulebase. Every rule is once in the list of all rules and
 /// once in that of its kind, and is shared with per-event and per-object lists, which are built
-/// when a rule is added. Rules stand in each list in the order in which they were added, and a
+/// when a rule is added. Rules are in each list in the order in which they were added, and a
 /// review applies them in that order.
 ///
 /// Cost. Keyed lists scan their keys, so testing each of n new keys there would take n * n / 2
@@ -60,7 +60,7 @@ public:
     }
 
     /// The rules of a parser event or object type; null when there is no list, unless `create`
-    /// asks for a new empty one. The lists live as long as this object.
+    /// requests a new empty one. The lists live as long as this object.
     ObjectArrayList<CodingConvention>* ParserEventCCList(std::int32_t event, bool create);
     ObjectArrayList<UnauthorisedKeyword>* ParserEventUKList(std::int32_t event, bool create);
     ObjectArrayList<NamingConvention>* ObjectNCList(std::int32_t objectType, bool create);
@@ -105,7 +105,7 @@ public:
 
     /// Writes the module of all rule scripts, of coding conventions first, then of naming
     /// conventions, each in list order, and gives its file name; empty if that failed. `origins`
-    /// receives where each script stands in it. The caller removes the file when its work is done
+    /// receives where each script is in it. The caller removes the file when its work is done
     /// (`ScriptFile::RemoveScriptFile`).
     std::string CreateScriptFile(std::vector<basic::ScriptOrigin>* origins = nullptr) const;
 

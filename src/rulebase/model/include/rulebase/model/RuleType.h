@@ -4,7 +4,7 @@
 
 namespace dorvik {
 
-/// Kind of the rule behind a violation. The results database stores these numbers. No rule object
+/// Kind of the rule that a violation breaks. The results database stores these numbers. No rule object
 /// carries the first two: they mark the violations about authorised items.
 enum class RuleType : std::int32_t {
     ruleTypeComponent = 1,

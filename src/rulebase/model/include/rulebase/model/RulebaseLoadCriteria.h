@@ -13,7 +13,7 @@ namespace dorvik {
 /// A write that changes a value sets `Dirty`; a write of the same value does not.
 class RulebaseLoadCriteria {
 public:
-    /// Path of the file; a change of case alone is no change.
+    /// Path of the file; a change of case alone is not a change.
     const std::string& RulebaseFile() const { return m_rulebaseFile; }
     void SetRulebaseFile(std::string file);
     /// Title and version of the loaded rulebase, for the user.

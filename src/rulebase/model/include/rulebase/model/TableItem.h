@@ -8,8 +8,8 @@
 
 namespace dorvik {
 
-/// A named table in a report definition. What a type and a key stand for is known to whoever
-/// renders the report.
+/// A named table in a report definition. What a type and a key stand for is known to the code
+/// that renders the report.
 class TableItem final : public IListItem {
 public:
     const std::string& TableKey() const { return m_tableKey; }

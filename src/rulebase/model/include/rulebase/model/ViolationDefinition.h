@@ -34,7 +34,7 @@ public:
     bool Dirty() const { return m_dirty; }
     void SetDirty(bool dirty) { m_dirty = dirty; }
 
-    /// `ID` of a `CategoryItem`; -1 is no category.
+    /// `ID` of a `CategoryItem`; -1 is not a category.
     std::int32_t CategoryID() const { return m_categoryID; }
     void SetCategoryID(std::int32_t categoryID);
 

@@ -23,7 +23,7 @@ struct RuleFact {
     FactForm Form = FactForm::Text;
 };
 
-/// Rules in words, for whoever shows them.
+/// Rules in words, for display.
 namespace modRuleFacts {
 
 /// How errors name the rule: "rule 12 (No GoTo)".
@@ -45,7 +45,7 @@ std::vector<std::int32_t> EventsOf(const IRule& rule);
 /// A prefix or suffix in words: "the scope tag, then the text 'x'"; "nothing" without items.
 std::string Describe(const ObjectArrayList<PrefixSuffixItem>& items);
 
-/// Everything about the rule, in the order in which a person asks; nothing that is empty.
+/// Everything about the rule, in the order in which a person wants to know it; nothing that is empty.
 std::vector<RuleFact> Of(const IRule& rule, const Rulebase& rulebase);
 
 /// A tolerance in words, for example "critical violations, at most: 0", for each that is set.

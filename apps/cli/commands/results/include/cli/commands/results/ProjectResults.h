@@ -24,8 +24,8 @@ struct ProjectResults {
     std::vector<std::string> FailedMeasures;
     std::int32_t UnfinishedFiles = 0;  // source files that were not reviewed to their end
     bool Ended = true;   // false where the review runs still, was killed or lost results
-    bool Passed = true;  // never with unfinished files, nor without `Ended`; it tells nothing then
-    std::string WhyIncomplete;  // where it is known; reads behind a colon
+    bool Passed = true;  // never with unfinished files, nor without `Ended`; it means nothing then
+    std::string WhyIncomplete;  // where it is known; to be read after a colon
 
     /// REQUIRES: the database has a review open.
     static ProjectResults ReadFrom(ResultsDB& database);

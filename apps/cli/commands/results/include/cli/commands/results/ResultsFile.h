@@ -13,8 +13,8 @@ class ResultsDB;
 namespace modResultsFile {
 
 /// Opens the review in a results database, runs the body on it, and closes it. What the file turns out
-/// to be instead, and what cannot be read of it, is told in one sentence and ends in `NothingDone`. A file
-/// that is no results database of this version is not changed in any way.
+/// to be instead, and what cannot be read of it, is reported in one sentence and ends in `NothingDone`. A file
+/// that is not a results database of this version is not changed in any way.
 ///
 /// The lists have the order and the completeness of a fresh installation, whatever the user's settings.
 ExitCode Read(const std::string& hostPath, const std::function<ExitCode(ResultsDB&)>& body);

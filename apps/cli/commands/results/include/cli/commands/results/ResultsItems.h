@@ -30,13 +30,13 @@ public:
 
     const std::map<std::int32_t, BasicObject>& Files() const { return m_files; }
     const std::map<std::int32_t, Procedure>& Procedures() const { return m_procedures; }
-    /// The file that an item is or lies in; null for the project and for what is not there.
+    /// The file that an item is, or is part of; null for the project and for what is not there.
     const BasicObject* FileOf(std::int32_t itemType, std::int32_t itemId) const;
     /// Null for anything but a procedure or section.
     const Procedure* ProcedureOf(std::int32_t itemType, std::int32_t itemId) const;
 
     /// The files of that file name, object name or path, in any case. A path is one of this machine; a
-    /// part of it that begins behind a separator is enough.
+    /// part of it that begins after a separator is enough.
     std::set<std::int32_t> FilesNamed(const std::string& name) const;
     /// The procedures of that name within those files, in any case: all of a property, and a section
     /// with or without brackets.

@@ -16,7 +16,7 @@ public:
     bool Contains(const std::string& page) const;
     /// Notes a page that should have been written; `what` begins its sentence ("the report of 'X'"), and
     /// `reason` ends it where there is one that helps more than the log. Of several notes of one page the
-    /// first stands.
+    /// first is.
     void
     AddFailed(const std::string& page, const std::string& what, const std::string& reason = {});
     /// The same for whatever else the engine could not write.
@@ -29,9 +29,9 @@ public:
     /// otherwise.
     void Print() const;
     /// Says on standard error that pages have replaced others of the same name, if any has.
-    void TellReplaced() const;
+    void ReportReplaced() const;
     /// Says on standard error which pages could not be written, a sentence for each.
-    void TellFailed() const;
+    void ReportFailed() const;
 
 private:
     struct FailedPage {

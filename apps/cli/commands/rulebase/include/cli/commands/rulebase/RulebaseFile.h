@@ -11,7 +11,7 @@ namespace dorvik {
 /// wrong is printed as one sentence that names the file.
 namespace modRulebaseFile {
 
-/// "the rulebase 'x' cannot be read: ...", for a problem that the engine told of that file.
+/// "the rulebase 'x' cannot be read: ...", for a problem that the engine reported for that file.
 std::string CannotBeRead(const std::string& hostPath, const std::string& problem);
 
 /// False, and a sentence, if there is no file of that name.
@@ -22,7 +22,7 @@ bool Exists(const std::string& hostPath);
 std::unique_ptr<Rulebase> Load(const std::string& hostPath);
 
 /// How many places of the file a load leaves out; says so if there are any.
-std::size_t TellUnreadable(const std::string& hostPath);
+std::size_t ReportUnreadable(const std::string& hostPath);
 
 /// False, and a sentence, if the rulebase cannot be written there.
 bool Save(Rulebase& rulebase, const std::string& hostPath);
