@@ -10,7 +10,7 @@ namespace {
 
 using Kind = BenchmarkRule::Kind;
 
-// Each script asks for a property or two and leaves early, as scripts do that run at every statement.
+// Each script reads a property or two and leaves early, as scripts do that run at every statement.
 constexpr std::string_view kStatementStart =
     "Sub Main()\n"
     "    Dim sLine As String\n"

@@ -200,7 +200,7 @@ std::string TypeOf(int number) {
     return std::string(kTypes[static_cast<std::size_t>(number) % std::size(kTypes)]);
 }
 
-/// Every third case asks for the type that is there, and none for the name that is.
+/// Every third case compares with the type that is there, and none with the name that is.
 std::string CaseInBasic(int number, std::string_view indent) {
     const std::string in(indent);
     return in + "kind = Dorvik.GetProperty(\"Type\")\n" + in +

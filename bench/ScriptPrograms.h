@@ -17,7 +17,7 @@ extern const std::span<const ScriptProgram> kEverydayPrograms;
 
 inline constexpr int kDispatcherCases = 150;
 
-/// A `RunScript(Number)` with a case for each number, each of which asks two properties and compares
+/// A `RunScript(Number)` with a case for each number, each of which reads two properties and compares
 /// them; `Direct`, which does that work `calls` times in a loop; `Reset` and `Hits` for the result.
 std::string DispatcherInBasic(int calls);
 std::string DispatcherInLua(int calls);

@@ -3,7 +3,7 @@
 
     tools/make_case_table.py > src/base/CaseTable.cpp
 
-A row is a run of characters, each `step` behind the one before, that have the same distance to
+A row is a run of characters, each `step` after the one before, that have the same distance to
 their other case. Only mappings of one character to one character count.
 """
 import unicodedata

@@ -132,7 +132,7 @@ public:
     }
 
 private:
-    /// No one can lay something in the way of a name that he cannot guess.
+    /// No one can put something in the way of a name that he cannot guess.
     static std::string UniqueName() {
         static std::random_device random;
         return ".dorvik-" + std::to_string(::getpid()) + "-" + std::to_string(random()) + "-" +
