@@ -29,7 +29,7 @@ TEST_F(RulebaseNewCommand, NeverReplacesAFileUnlessForced) {
     const std::string before = Bytes("team.dvk");
     const ProgramResult refused = Run({"rulebase", "new", "team.dvk"});
     EXPECT_EQ(refused.ExitCode, 2);
-    EXPECT_THAT(refused.Error, HasSubstr("'team.dvk' is there already and stays as it is"));
+    EXPECT_THAT(refused.Error, HasSubstr("'team.dvk' already exists and was not overwritten"));
     EXPECT_EQ(Bytes("team.dvk"), before);
     EXPECT_EQ(Run({"rulebase", "new", "TEAM.DVK"}).ExitCode, 2) << "in another case";
     EXPECT_EQ(Run({"rulebase", "new", "team.dvk", "--force"}).ExitCode, 0);

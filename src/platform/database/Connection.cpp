@@ -79,7 +79,8 @@ void Connection::Configure() {
     // Without this a misspelt column in double quotes would count as a text.
     sqlite3_db_config(m_engine, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     modJetFunctions::Register(m_engine);
-    sqlite3_wal_hook(m_engine, &NoteLogPages, &m_logPages);  // instead of the engine's own folding
+    sqlite3_wal_hook(
+        m_engine, &NoteLogPages, &m_logPages);  // instead of the engine's own checkpoints
     RunUnprepared("PRAGMA synchronous = NORMAL");
     RunUnprepared("SELECT count(*) FROM sqlite_master");  // a file of another kind fails here
 }
@@ -233,7 +234,7 @@ void Connection::Write(PreparedStatement& statement) {
         statement.Run();
     }
     m_hasJustWritten = true;
-    FoldLongLog();
+    CheckpointLongLog();
 }
 
 void Connection::HoldSnapshot() {
@@ -252,13 +253,13 @@ void Connection::ReleaseSnapshot() {
 }
 
 /// A failure here does not fail the write: the log keeps growing, and is checkpointed later or on closing.
-void Connection::FoldLongLog() {
+void Connection::CheckpointLongLog() {
     if (m_logPages < kCheckpointPages) {
-        m_foldAtPages = kCheckpointPages;
-    } else if (m_logPages >= m_foldAtPages) {
+        m_checkpointAtPages = kCheckpointPages;
+    } else if (m_logPages >= m_checkpointAtPages) {
         ReleaseSnapshot();
         sqlite3_wal_checkpoint_v2(m_engine, nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
-        m_foldAtPages = m_logPages + kCheckpointPages;
+        m_checkpointAtPages = m_logPages + kCheckpointPages;
     }
 }
 

@@ -120,7 +120,7 @@ private:
     void TurnLoggingOn();
     void HoldSnapshot();
     void ReleaseSnapshot();
-    void FoldLongLog();
+    void CheckpointLongLog();
     TableInfo& Table(const std::string& name);
     void RunUnprepared(const char* sql);
 
@@ -134,7 +134,7 @@ private:
     bool m_isHolding = false;
     bool m_hasJustWritten = false;
     int m_logPages = 0;  // in the write-ahead log, after the last write
-    int m_foldAtPages = 0;
+    int m_checkpointAtPages = 0;
     std::unordered_map<std::string, std::shared_ptr<const UnderstoodText>> m_texts;
     std::unordered_map<std::string, ParameterText, TextHash, std::equal_to<>> m_parameterTexts;
     std::unordered_map<std::string, std::vector<std::unique_ptr<StatementSlot>>> m_statements;
