@@ -17,7 +17,7 @@ namespace {
 constexpr std::string_view kModule = "TypeCatalogue";
 constexpr std::string_view kExtension = ".txt";
 
-TypeLibraryOffer OfferOf(const TypeLibraryFacts& facts) {
+TypeLibraryCandidate CandidateOf(const TypeLibraryFacts& facts) {
     return {facts.Guid, facts.MajorVersion, facts.MinorVersion, facts.Lcid};
 }
 
@@ -122,16 +122,16 @@ bool TypeCatalogue::Borrow(CatalogueLibrary& library) {
     return true;
 }
 
-const CatalogueLibrary* TypeCatalogue::Find(const TypeLibraryWish& wish) const {
-    std::vector<TypeLibraryOffer> offers;
+const CatalogueLibrary* TypeCatalogue::Find(const TypeLibraryRequest& request) const {
+    std::vector<TypeLibraryCandidate> candidates;
     std::vector<const CatalogueLibrary*> libraries;
     for (const CatalogueLibrary& library : m_libraries) {
         if (!library.Facts.Contents.Types.empty()) {
-            offers.push_back(OfferOf(library.Facts));
+            candidates.push_back(CandidateOf(library.Facts));
             libraries.push_back(&library);
         }
     }
-    const auto chosen = modTypeLibraryChoice::Nearest(offers, wish);
+    const auto chosen = modTypeLibraryChoice::Nearest(candidates, request);
     return chosen ? libraries[*chosen] : nullptr;
 }
 

@@ -33,13 +33,13 @@ std::optional<TypeLibraryContents> TypeLibraries::Open(
     std::int32_t majorVersion,
     std::int32_t minorVersion,
     std::int32_t lcid) const {
-    const TypeLibraryWish wish{guid, majorVersion, minorVersion, lcid};
-    if (const IndexedTypeLibrary* const found = m_index.Find(m_folders, wish)) {
+    const TypeLibraryRequest request{guid, majorVersion, minorVersion, lcid};
+    if (const IndexedTypeLibrary* const found = m_index.Find(m_folders, request)) {
         if (auto contents = ContentsOf(*found)) {
             return contents;
         }
     }
-    if (const CatalogueLibrary* const known = m_catalogue().Find(wish)) {
+    if (const CatalogueLibrary* const known = m_catalogue().Find(request)) {
         return known->Facts.Contents;
     }
     return std::nullopt;

@@ -73,17 +73,17 @@ const IndexedTypeLibraryFile& TypeLibraryIndex::FileOf(const TypeLibraryCandidat
 }
 
 const IndexedTypeLibrary*
-TypeLibraryIndex::Find(const std::vector<std::string>& folders, const TypeLibraryWish& wish) {
-    std::vector<TypeLibraryOffer> offers;
+TypeLibraryIndex::Find(const std::vector<std::string>& folders, const TypeLibraryRequest& request) {
+    std::vector<TypeLibraryCandidate> candidates;
     std::vector<const IndexedTypeLibrary*> libraries;
     for (const std::string& folder : folders) {
         for (const IndexedTypeLibrary& library : LibrariesIn(folder).Libraries) {
-            offers.push_back(
+            candidates.push_back(
                 {library.Guid, library.MajorVersion, library.MinorVersion, library.Lcid});
             libraries.push_back(&library);
         }
     }
-    const auto chosen = modTypeLibraryChoice::Registered(offers, wish);
+    const auto chosen = modTypeLibraryChoice::Registered(candidates, request);
     return chosen ? libraries[*chosen] : nullptr;
 }
 

@@ -15,45 +15,45 @@ constexpr std::int32_t kPrimaryLanguage = 0x3FF;
 using Rank = std::int64_t;
 constexpr Rank kUnfit = -1;
 
-Rank RankOfLanguage(std::int32_t offered, std::int32_t wanted) {
-    if (offered == wanted) {
+Rank RankOfLanguage(std::int32_t candidate, std::int32_t wanted) {
+    if (candidate == wanted) {
         return 0;
     }
-    if (offered == (wanted & kPrimaryLanguage)) {
+    if (candidate == (wanted & kPrimaryLanguage)) {
         return 1;
     }
-    return offered == 0 ? 2 : 3;
+    return candidate == 0 ? 2 : 3;
 }
 
-Rank RankAsRegistered(std::int32_t offered, std::int32_t wanted) {
+Rank RankAsRegistered(std::int32_t candidate, std::int32_t wanted) {
     constexpr Rank kHighest = 0x1'0000'0000;
-    if (offered < wanted) {
+    if (candidate < wanted) {
         return kUnfit;
     }
-    return offered == wanted ? 0 : kHighest - offered;
+    return candidate == wanted ? 0 : kHighest - candidate;
 }
 
-Rank RankByDistance(std::int32_t offered, std::int32_t wanted) {
+Rank RankByDistance(std::int32_t candidate, std::int32_t wanted) {
     constexpr Rank kBelow = 0x1'0000'0000;
-    const Rank distance = Rank{offered} - wanted;
+    const Rank distance = Rank{candidate} - wanted;
     return distance >= 0 ? distance : kBelow - distance;
 }
 
 template <class RankOfMinor>
 std::optional<std::size_t> Choose(
-    const std::vector<TypeLibraryOffer>& offers,
-    const TypeLibraryWish& wish,
+    const std::vector<TypeLibraryCandidate>& candidates,
+    const TypeLibraryRequest& request,
     RankOfMinor rankOfMinor) {
     std::optional<std::size_t> chosen;
     std::pair<Rank, Rank> best;
-    for (std::size_t index = 0; index < offers.size(); ++index) {
-        const TypeLibraryOffer& offer = offers[index];
-        const Rank minor = rankOfMinor(offer.MinorVersion, wish.MinorVersion);
-        if (offer.MajorVersion != wish.MajorVersion || minor == kUnfit ||
-            !modTextCase::Equal(offer.Guid, wish.Guid)) {
+    for (std::size_t index = 0; index < candidates.size(); ++index) {
+        const TypeLibraryCandidate& candidate = candidates[index];
+        const Rank minor = rankOfMinor(candidate.MinorVersion, request.MinorVersion);
+        if (candidate.MajorVersion != request.MajorVersion || minor == kUnfit ||
+            !modTextCase::Equal(candidate.Guid, request.Guid)) {
             continue;
         }
-        const std::pair<Rank, Rank> rank(minor, RankOfLanguage(offer.Lcid, wish.Lcid));
+        const std::pair<Rank, Rank> rank(minor, RankOfLanguage(candidate.Lcid, request.Lcid));
         if (!chosen || rank < best) {
             chosen = index;
             best = rank;
@@ -65,13 +65,13 @@ std::optional<std::size_t> Choose(
 }  // namespace
 
 std::optional<std::size_t>
-Registered(const std::vector<TypeLibraryOffer>& offers, const TypeLibraryWish& wish) {
-    return Choose(offers, wish, RankAsRegistered);
+Registered(const std::vector<TypeLibraryCandidate>& candidates, const TypeLibraryRequest& request) {
+    return Choose(candidates, request, RankAsRegistered);
 }
 
 std::optional<std::size_t>
-Nearest(const std::vector<TypeLibraryOffer>& offers, const TypeLibraryWish& wish) {
-    return Choose(offers, wish, RankByDistance);
+Nearest(const std::vector<TypeLibraryCandidate>& candidates, const TypeLibraryRequest& request) {
+    return Choose(candidates, request, RankByDistance);
 }
 
 }  // namespace dorvik::modTypeLibraryChoice

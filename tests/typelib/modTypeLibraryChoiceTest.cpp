@@ -10,8 +10,8 @@ constexpr std::string_view kGuid = "{00020430-0000-0000-C000-000000000046}";
 
 struct ChoiceRow {
     std::string_view Name;
-    std::vector<TypeLibraryOffer> Offers;
-    TypeLibraryWish Wish;
+    std::vector<TypeLibraryCandidate> Candidates;
+    TypeLibraryRequest Request;
     int Chosen;  // -1: none
 };
 
@@ -27,7 +27,7 @@ int PositionOf(const std::optional<std::size_t>& chosen) {
     return chosen ? static_cast<int>(*chosen) : -1;
 }
 
-using Offers = std::vector<TypeLibraryOffer>;
+using Candidates = std::vector<TypeLibraryCandidate>;
 
 class RegisteredTypeLibrary : public ::testing::TestWithParam<ChoiceRow> {};
 class NearestTypeLibrary : public ::testing::TestWithParam<ChoiceRow> {};
@@ -36,7 +36,7 @@ class NearestTypeLibrary : public ::testing::TestWithParam<ChoiceRow> {};
 
 TEST_P(RegisteredTypeLibrary, IsChosen) {
     EXPECT_EQ(
-        PositionOf(modTypeLibraryChoice::Registered(GetParam().Offers, GetParam().Wish)),
+        PositionOf(modTypeLibraryChoice::Registered(GetParam().Candidates, GetParam().Request)),
         GetParam().Chosen);
 }
 
@@ -45,52 +45,55 @@ INSTANTIATE_TEST_SUITE_P(
     RegisteredTypeLibrary,
     ::testing::Values(
         ChoiceRow{"NothingOutOfNothing", {}, {kGuid, 2, 0, 0}, -1},
-        ChoiceRow{"AnotherGuidIsNone", Offers{{"{1}", 2, 0, 0}}, {kGuid, 2, 0, 0}, -1},
+        ChoiceRow{"AnotherGuidIsNone", Candidates{{"{1}", 2, 0, 0}}, {kGuid, 2, 0, 0}, -1},
         ChoiceRow{
             "GuidComparesWithoutRegardToCase",
-            Offers{{"{00020430-0000-0000-c000-000000000046}", 2, 0, 0}},
+            Candidates{{"{00020430-0000-0000-c000-000000000046}", 2, 0, 0}},
             {kGuid, 2, 0, 0},
             0},
-        ChoiceRow{"AnotherMajorVersionIsNone", Offers{{kGuid, 3, 0, 0}}, {kGuid, 2, 0, 0}, -1},
-        ChoiceRow{"LowerMinorVersionIsNone", Offers{{kGuid, 2, 1, 0}}, {kGuid, 2, 2, 0}, -1},
+        ChoiceRow{"AnotherMajorVersionIsNone", Candidates{{kGuid, 3, 0, 0}}, {kGuid, 2, 0, 0}, -1},
+        ChoiceRow{"LowerMinorVersionIsNone", Candidates{{kGuid, 2, 1, 0}}, {kGuid, 2, 2, 0}, -1},
         ChoiceRow{
             "EqualMinorVersionWinsOverHigherOnes",
-            Offers{{kGuid, 2, 3, 0}, {kGuid, 2, 1, 0}, {kGuid, 2, 2, 0}},
+            Candidates{{kGuid, 2, 3, 0}, {kGuid, 2, 1, 0}, {kGuid, 2, 2, 0}},
             {kGuid, 2, 1, 0},
             1},
         ChoiceRow{
             "HighestMinorVersionWinsWhereNoneIsEqual",
-            Offers{{kGuid, 2, 2, 0}, {kGuid, 2, 7, 0}, {kGuid, 2, 3, 0}},
+            Candidates{{kGuid, 2, 2, 0}, {kGuid, 2, 7, 0}, {kGuid, 2, 3, 0}},
             {kGuid, 2, 1, 0},
             1},
         ChoiceRow{
             "VersionIsDecidedBeforeTheLanguage",
-            Offers{{kGuid, 2, 5, 1031}, {kGuid, 2, 1, 0}},
+            Candidates{{kGuid, 2, 5, 1031}, {kGuid, 2, 1, 0}},
             {kGuid, 2, 1, 1031},
             1},
         ChoiceRow{
             "ExactLanguageFirst",
-            Offers{{kGuid, 2, 0, 0}, {kGuid, 2, 0, 7}, {kGuid, 2, 0, 1031}},
+            Candidates{{kGuid, 2, 0, 0}, {kGuid, 2, 0, 7}, {kGuid, 2, 0, 1031}},
             {kGuid, 2, 0, 1031},
             2},
         ChoiceRow{
             "ThenThePrimaryLanguage",
-            Offers{{kGuid, 2, 0, 0}, {kGuid, 2, 0, 7}, {kGuid, 2, 0, 2055}},
+            Candidates{{kGuid, 2, 0, 0}, {kGuid, 2, 0, 7}, {kGuid, 2, 0, 2055}},
             {kGuid, 2, 0, 1031},
             1},
         ChoiceRow{
             "ThenNoLanguage",
-            Offers{{kGuid, 2, 0, 1033}, {kGuid, 2, 0, 0}},
+            Candidates{{kGuid, 2, 0, 1033}, {kGuid, 2, 0, 0}},
             {kGuid, 2, 0, 1031},
             1},
-        ChoiceRow{"ThenAnyLanguage", Offers{{kGuid, 2, 0, 1033}}, {kGuid, 2, 0, 9}, 0},
+        ChoiceRow{"ThenAnyLanguage", Candidates{{kGuid, 2, 0, 1033}}, {kGuid, 2, 0, 9}, 0},
         ChoiceRow{
-            "FirstOfEqualsWins", Offers{{kGuid, 2, 0, 0}, {kGuid, 2, 0, 0}}, {kGuid, 2, 0, 0}, 0}),
+            "FirstOfEqualsWins",
+            Candidates{{kGuid, 2, 0, 0}, {kGuid, 2, 0, 0}},
+            {kGuid, 2, 0, 0},
+            0}),
     NameOfChoice);
 
 TEST_P(NearestTypeLibrary, IsChosen) {
     EXPECT_EQ(
-        PositionOf(modTypeLibraryChoice::Nearest(GetParam().Offers, GetParam().Wish)),
+        PositionOf(modTypeLibraryChoice::Nearest(GetParam().Candidates, GetParam().Request)),
         GetParam().Chosen);
 }
 
@@ -98,20 +101,20 @@ INSTANTIATE_TEST_SUITE_P(
     modTypeLibraryChoice,
     NearestTypeLibrary,
     ::testing::Values(
-        ChoiceRow{"AnotherMajorVersionIsNone", Offers{{kGuid, 3, 0, 0}}, {kGuid, 2, 0, 0}, -1},
+        ChoiceRow{"AnotherMajorVersionIsNone", Candidates{{kGuid, 3, 0, 0}}, {kGuid, 2, 0, 0}, -1},
         ChoiceRow{
             "EqualMinorVersionFirst",
-            Offers{{kGuid, 2, 2, 0}, {kGuid, 2, 1, 0}},
+            Candidates{{kGuid, 2, 2, 0}, {kGuid, 2, 1, 0}},
             {kGuid, 2, 1, 0},
             1},
         ChoiceRow{
             "ThenTheNearestAbove",
-            Offers{{kGuid, 2, 7, 0}, {kGuid, 2, 0, 0}, {kGuid, 2, 4, 0}},
+            Candidates{{kGuid, 2, 7, 0}, {kGuid, 2, 0, 0}, {kGuid, 2, 4, 0}},
             {kGuid, 2, 1, 0},
             2},
         ChoiceRow{
             "ThenTheNearestBelow",
-            Offers{{kGuid, 2, 0, 0}, {kGuid, 2, 3, 0}, {kGuid, 2, 2, 0}},
+            Candidates{{kGuid, 2, 0, 0}, {kGuid, 2, 3, 0}, {kGuid, 2, 2, 0}},
             {kGuid, 2, 9, 0},
             1}),
     NameOfChoice);

@@ -21,8 +21,8 @@ class LibraryPattern;
 ///
 /// `PatternReader` reads the pattern, `PatternRewriter` writes it for the library, and `LibraryPattern` searches.
 /// Whether and from where on a text matches is always decided by the library (unless it cannot hold the pattern, or
-/// a back reference depends on groups that only the library keeps from earlier rounds); which text and which groups, by the library or,
-/// where that would take others than the dialect, by `PatternMachine`.
+/// a back reference depends on groups that only the library keeps from earlier rounds); which text and which groups,
+/// by the library or, where that would take others than the dialect, by `PatternMachine`.
 class CompiledPattern {
 public:
     CompiledPattern(std::string_view pattern, PatternFlags flags);

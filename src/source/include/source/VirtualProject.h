@@ -66,8 +66,8 @@ public:
     /// Reads the project file and, where that succeeds, adds the properties of its file name.
     ProjectLoadStatus LoadProject(std::string_view filename);
     /// The reader itself. It begins afresh: lists, properties, counts, errors and status of an earlier
-    /// reading, and of the review that followed it, are gone. `propertiesOnly` leaves out the default references and every list; the
-    /// file counters go up all the same.
+    /// reading, and of the review that followed it, are gone. `propertiesOnly` leaves out the default
+    /// references and every list; the file counters go up all the same.
     ProjectLoadStatus LoadProjectFile(std::string_view filename, bool propertiesOnly);
 
     /// By GUID; a design-time reference by its file name.

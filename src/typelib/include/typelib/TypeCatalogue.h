@@ -41,8 +41,9 @@ struct CatalogueLibrary {
 /// What is known of well-known type libraries where none of their files is at hand: a folder of text
 /// files. `docs/type-libraries.md` describes their format.
 ///
-/// A line that cannot be understood costs only itself, and `Faults` reports it. A library that is described again, with the same GUID, version and language,
-/// replaces the one before: so a folder of the user's own, read last, wins.
+/// A line that cannot be understood costs only itself, and `Faults` reports it. A library that is described
+/// again, with the same GUID, version and language, replaces the one before: so a folder of the user's own,
+/// read last, wins.
 class TypeCatalogue {
 public:
     /// Reads the files "*.txt" in the folder, in the order of their names. A folder that does not exist
@@ -56,9 +57,9 @@ public:
     const std::vector<CatalogueLibrary>& Libraries() const { return m_libraries; }
     const std::vector<TypeCatalogueFault>& Faults() const { return m_faults; }
 
-    /// The library that answers the wish: one whose types are known, of that minor version or else of
+    /// The library that answers the request: one whose types are known, of that minor version or else of
     /// the nearest one. Null where there is none. Valid until the next reading.
-    const CatalogueLibrary* Find(const TypeLibraryWish& wish) const;
+    const CatalogueLibrary* Find(const TypeLibraryRequest& request) const;
 
 private:
     void TakeAll(TypeCatalogueReader& reader);

@@ -37,10 +37,10 @@ public:
     /// The libraries in the folder and below.
     const TypeLibraryFolderListing& LibrariesIn(std::string_view folder);
 
-    /// The library in the folders that answers the wish; a folder before another wins between equals.
+    /// The library in the folders that answers the request; a folder before another wins between equals.
     /// Null where there is none. Valid as long as this object.
     const IndexedTypeLibrary*
-    Find(const std::vector<std::string>& folders, const TypeLibraryWish& wish);
+    Find(const std::vector<std::string>& folders, const TypeLibraryRequest& request);
 
 private:
     TypeLibraryFolderListing Scan(std::string_view folder);

@@ -9,7 +9,7 @@
 namespace dorvik {
 
 /// The library that is requested.
-struct TypeLibraryWish {
+struct TypeLibraryRequest {
     std::string_view Guid;  // compared without regard to case
     std::int32_t MajorVersion = 0;
     std::int32_t MinorVersion = 0;
@@ -17,14 +17,14 @@ struct TypeLibraryWish {
 };
 
 /// A library that there is, as far as the choice goes.
-struct TypeLibraryOffer {
+struct TypeLibraryCandidate {
     std::string_view Guid;
     std::int32_t MajorVersion = 0;
     std::int32_t MinorVersion = 0;
     std::int32_t Lcid = 0;
 };
 
-/// Which of several libraries answers a wish. The major version is always the one asked for. The minor
+/// Which of several libraries answers a request. The major version is always the one asked for. The minor
 /// version is decided first, the language within it: the very one, then the neutral form of its
 /// primary language, then no language, then any. Of equals the first one answers.
 namespace modTypeLibraryChoice {
@@ -32,11 +32,11 @@ namespace modTypeLibraryChoice {
 /// The position of the library that answers as a registered one does: the minor version asked for, or
 /// the highest one above it.
 std::optional<std::size_t>
-Registered(const std::vector<TypeLibraryOffer>& offers, const TypeLibraryWish& wish);
+Registered(const std::vector<TypeLibraryCandidate>& candidates, const TypeLibraryRequest& request);
 
 /// As above, but any minor version will do: the one asked for, the nearest above it, the nearest below.
 std::optional<std::size_t>
-Nearest(const std::vector<TypeLibraryOffer>& offers, const TypeLibraryWish& wish);
+Nearest(const std::vector<TypeLibraryCandidate>& candidates, const TypeLibraryRequest& request);
 
 }  // namespace modTypeLibraryChoice
 

@@ -14,7 +14,8 @@ std::size_t Count(std::string_view text);
 std::size_t Skip(std::string_view text, std::size_t count, std::size_t from = 0);
 /// The offset of the character that ends before `position`. REQUIRES: position > 0.
 std::size_t Previous(std::string_view text, std::size_t position);
-/// The character that begins at `position`, surrogates too; moves `position` after it. REQUIRES: position < text.size().
+/// The character that begins at `position`, surrogates too; moves `position` after it.
+/// REQUIRES: position < text.size().
 char32_t Next(std::string_view text, std::size_t& position);
 /// Appends a character, surrogates too. REQUIRES: codePoint < 0x110000.
 void Append(std::string& text, char32_t codePoint);
