@@ -10,7 +10,7 @@
 #include <cstring>
 #include <span>
 
-// Every operation walks ASCII text byte by byte (or eight bytes at a time) and takes the way through
+// Every operation reads ASCII text byte by byte (or eight bytes at a time) and takes the way through
 // decoded characters only from the first byte outside ASCII on. A character outside ASCII may have an
 // ASCII letter as its lower-case form (the Kelvin sign is one), and the two forms of a letter may
 // differ in length, so byte lengths alone decide nothing there.

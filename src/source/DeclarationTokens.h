@@ -6,7 +6,7 @@
 
 namespace dorvik {
 
-/// Walks the parts of a declaration between its blanks, one after the other, without a list of them.
+/// Traverses the parts of a declaration between its blanks, one after the other, without a list of them.
 /// Two blanks in a row have an empty part between them.
 /// REQUIRES: the text outlives the walk.
 class DeclarationTokens {

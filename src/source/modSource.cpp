@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::string_view kRemComment = ": Rem ";
 
-/// The two flags with which a text is walked character by character. A string counts as closed only
+/// The two flags with which a text is traversed character by character. A string counts as closed only
 /// at the first character after its closing quote, since that may be a doubled quote.
 class QuoteScanner {
 public:

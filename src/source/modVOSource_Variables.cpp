@@ -1,4 +1,4 @@
-// The variables of a declaration and the elements of a type, which are walked alike.
+// The variables of a declaration and the elements of a type, which are traversed alike.
 
 #include "DeclarationTokens.h"
 #include "base/BasicError.h"

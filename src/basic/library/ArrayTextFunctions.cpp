@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
 
-/// The number of parts, so that the memory is asked for before it is used.
+/// The number of parts, so that the memory is requested before it is used.
 std::size_t CountParts(ScriptContext& context, TextSearch search, std::size_t most) {
     std::size_t count = 1;
     for (std::size_t from = 0; count < most; ++count) {

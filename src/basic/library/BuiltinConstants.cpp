@@ -107,7 +107,7 @@ constexpr NumberRow kNumbers[] = {
     {"vbIgnore", 5},
     {"vbYes", 6},
     {"vbNo", 7},
-    // Files and windows, for the refused functions
+    // Files and windows, for the unsupported functions
     {"vbNormal", 0},
     {"vbReadOnly", 1},
     {"vbHidden", 2},

@@ -25,7 +25,7 @@ std::size_t CountAt(Arguments arguments, std::size_t position) {
     return static_cast<std::size_t>(count);
 }
 
-/// The bytes of an argument from one on, so many or all. Of a text of ASCII no others are made than are asked for.
+/// The bytes of an argument from one on, so many or all. Of a text of ASCII no others are made than are requested.
 std::string BytesAt(const Value& value, std::size_t from, std::size_t count = std::string::npos) {
     const std::string_view text = value.Type() == ValueType::String &&
                                           value.TextBody() != nullptr && value.TextBody()->IsAscii()

@@ -6,7 +6,7 @@
 
 namespace dorvik::basic {
 
-/// Walks a list that does not change: the elements 0 to `count` - 1 as a function gives them.
+/// Traverses a list that does not change: the elements 0 to `count` - 1 as a function gives them.
 class IndexWalker final : public ScriptIterator {
 public:
     IndexWalker(std::size_t count, std::function<Value(std::size_t)> elementAt)

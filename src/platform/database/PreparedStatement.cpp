@@ -15,7 +15,7 @@ namespace dorvik {
 
 namespace {
 
-/// Whether the system refused more room for the file or for the log beside it. A quota, or a limit of a
+/// Whether the system denied more room for the file or for the log beside it. A quota, or a limit of a
 /// file's size, is to its user what a full disk is.
 bool HasNoRoom(sqlite3* engine) {
     int ofFile = 0;

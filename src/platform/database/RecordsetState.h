@@ -45,7 +45,7 @@ protected:
 
 private:
     std::shared_ptr<Connection> m_connection;
-    int m_lastField = -1;  // fields are asked for in their order more often than not
+    int m_lastField = -1;  // fields are read in their order more often than not
 };
 
 /// Rows read one after the other while the caller moves on.
@@ -82,7 +82,7 @@ private:
     bool m_isOnFirst = false;
 };
 
-/// The keys of rows of one table. The query and the rows are read when they are asked for.
+/// The keys of rows of one table. The query and the rows are read when they are needed.
 class DynasetState : public RecordsetState {
 public:
     DynasetState(

@@ -15,7 +15,7 @@ namespace dorvik {
 
 namespace {
 
-/// Nothing waits at a pipe: it is opened without blocking and then refused.
+/// Nothing waits at a pipe: it is opened without blocking and then rejected.
 constexpr int kAlways = O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
 constexpr int kWriting = O_WRONLY | O_CREAT | O_NOFOLLOW | kAlways;
 

@@ -17,7 +17,7 @@ void KeepLonger(std::string& literal, const std::string& other) {
     }
 }
 
-/// The needs of a sequence while it is walked from left to right.
+/// The needs of a sequence while it is traversed from left to right.
 class SequenceNeeds {
 public:
     void Add(const PatternNode& node);

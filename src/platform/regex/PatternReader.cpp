@@ -9,7 +9,7 @@ namespace dorvik {
 
 namespace {
 
-/// Deeper nesting would exhaust the stack of whatever walks the tree.
+/// Deeper nesting would exhaust the stack of any code that traverses the tree.
 constexpr std::size_t kDeepestGroup = 250;
 
 /// The groups that capture: the "(" that are neither escaped nor in a class nor followed by "?".

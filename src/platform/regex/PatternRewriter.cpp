@@ -68,7 +68,7 @@ bool BeginsAtStart(const PatternNode& node) {
     return false;
 }
 
-/// Without the halves of characters, which the library refuses; no text has any.
+/// Without the halves of characters, which the library rejects; no text has any.
 CharacterSet WithoutHalves(const CharacterSet& set) {
     CharacterSet outside = set.Complement();
     outside.Add({0xD800, 0xDFFF});

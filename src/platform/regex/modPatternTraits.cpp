@@ -11,7 +11,7 @@ namespace {
 /// What is known of the groups after a piece has matched: true for those that it has surely set.
 using SetGroups = std::vector<bool>;
 
-/// Walks one round of a repetition in the order of matching.
+/// Traverses one round of a repetition in the order of matching.
 class RoundWalk {
 public:
     explicit RoundWalk(const PatternNode& body) : m_first(body.FirstGroup), m_end(body.EndGroup) {}

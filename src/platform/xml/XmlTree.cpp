@@ -54,7 +54,7 @@ _xmlNode* XmlTree::AddElement(_xmlNode* parent, _xmlNode* before, const std::str
         m_children.erase(parent);
         return xmlAddPrevSibling(before, node);
     }
-    // A child at the end joins the others, so that a long list is not walked for each of them.
+    // A child at the end joins the others, so that a long list is not traversed for each of them.
     if (const auto known = m_children.find(parent); known != m_children.end()) {
         known->second.push_back(node);
     }

@@ -37,7 +37,7 @@ public:
 private:
     _xmlDoc* m_document;
     std::unordered_set<_xmlNode*> m_removed;  // freed with the tree, someone may still hold them
-    // Positions are asked for one by one, but the library has the children as a chain.
+    // Positions are queried one by one, but the library has the children as a chain.
     std::unordered_map<_xmlNode*, std::vector<_xmlNode*>> m_children;
 };
 

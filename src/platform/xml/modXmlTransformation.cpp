@@ -57,7 +57,7 @@ void Note(void*, const char* format, ...) {
     }
 }
 
-/// Nothing but the style sheet itself, which the library has already, can be asked for.
+/// Nothing but the style sheet itself, which the library has already, can be requested.
 xmlDoc* RefuseOtherDocument(const xmlChar* address, xmlDict*, int, void*, xsltLoadType) {
     if (xmlStrEqual(address, BAD_CAST kOwnAddress) == 0 && !g_record->Refused) {
         g_record->Refused = true;

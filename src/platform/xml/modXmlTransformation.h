@@ -14,7 +14,7 @@
 namespace dorvik::modXmlTransformation {
 
 /// The result as UTF-8 text, whatever encoding the style sheet requests. Both trees stay as they
-/// are. After a failure, of which a refused access is one, the text is empty and `error` reports it.
+/// are. After a failure, of which a rejected access is one, the text is empty and `error` reports it.
 std::string Transform(const XmlTree& document, const XmlTree& styleSheet, XmlError& error);
 
 }  // namespace dorvik::modXmlTransformation

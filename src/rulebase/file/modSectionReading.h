@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-/// How the loader of rulebase files walks its elements.
+/// How the loader of rulebase files traverses its elements.
 namespace dorvik::modSectionReading {
 
 /// The first child of that name; raises `kObjectNotSet`, with the place, where there is none.

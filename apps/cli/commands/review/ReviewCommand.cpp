@@ -209,7 +209,7 @@ bool HasTemplate() {
     return false;
 }
 
-/// Runs the review to its end, or until the user gives up.
+/// Runs the review to its end, or until the user interrupts it.
 SliceResult Drive(ReviewManager& manager, const ReviewOptions& options) {
     const Interrupt interrupt;
     ProgressLine line(!options.Quiet && (options.Progress || modConsole::ErrorIsTerminal()));

@@ -39,7 +39,7 @@ std::string NameFromTitle(const std::string& title) {
     return name;
 }
 
-/// A batch is called by the one project group that was asked for, or else by its title.
+/// A batch is called by the one project group that was requested, or else by its title.
 void NameBatch(
     ReviewCriteria& criteria,
     const std::string& title,

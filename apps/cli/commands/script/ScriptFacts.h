@@ -60,7 +60,7 @@ private:
 
     bool ReadObjects(const rapidjson::Value& objects, std::string& error);
     Object* Find(std::string_view objectName);
-    /// As `Find`, without those that have properties only: what can be asked for work fields.
+    /// As `Find`, without those that have properties only: what can have work fields.
     Object* FindInScope(std::string_view objectName);
     /// Why a property could not be had, as a review would log it.
     static std::string

@@ -23,7 +23,7 @@ ReplaceAll(std::string_view text, std::string_view sought, std::string_view repl
 std::string ToLower(std::string_view text);
 std::string ToUpper(std::string_view text);
 
-/// Equal texts have equal hashes; for look-up tables over case-blind keys.
+/// Equal texts have equal hashes; for lookup tables over case-blind keys.
 std::size_t Hash(std::string_view text);
 
 }  // namespace dorvik::modTextCase

@@ -11,7 +11,7 @@ namespace dorvik {
 
 class VirtualObject;
 
-/// Turns the text of a declaration into virtual objects. The text is split at blanks and walked with
+/// Turns the text of a declaration into virtual objects. The text is split at blanks and traversed with
 /// a small mode counter, so blanks around "=" and "As" must be as the development environment
 /// writes them. A name keeps its type suffix, which is its data type as well.
 ///
@@ -44,7 +44,7 @@ bool ExtractVariablesFromDeclaration(
 bool ExtractTypeElementFromDeclaration(std::string_view text, VirtualObject& element);
 
 /// The object of that ordinal (a count of `Begin ` lines from 1) in the lines of a layout, outermost
-/// `Begin` first: its properties go to the bag of `object`. It walks from the first line each time;
+/// `Begin` first: its properties go to the bag of `object`. It starts at the first line each time;
 /// to read object after object, take a `LayoutReader`.
 bool ExtractControlFromLayout(
     std::span<const std::string> lines,

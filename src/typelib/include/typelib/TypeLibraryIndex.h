@@ -27,7 +27,7 @@ struct TypeLibraryFolderListing {
 
 /// Knows which type libraries are in which folders. A file is read once; what it holds is kept in an
 /// index file between runs, and the file is read again only when its size or time changes. Each folder
-/// is walked once in the life of this object.
+/// is traversed once in the life of this object.
 class TypeLibraryIndex {
 public:
     /// `indexFile` is where the index is kept; empty for nowhere. One that cannot be read or written

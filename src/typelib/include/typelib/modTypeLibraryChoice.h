@@ -24,17 +24,17 @@ struct TypeLibraryCandidate {
     std::int32_t Lcid = 0;
 };
 
-/// Which of several libraries answers a request. The major version is always the one asked for. The minor
+/// Which of several libraries answers a request. The major version is always the one requested. The minor
 /// version is decided first, the language within it: the very one, then the neutral form of its
 /// primary language, then no language, then any. Of equals the first one answers.
 namespace modTypeLibraryChoice {
 
-/// The position of the library that answers as a registered one does: the minor version asked for, or
+/// The position of the library that answers as a registered one does: the minor version requested, or
 /// the highest one above it.
 std::optional<std::size_t>
 Registered(const std::vector<TypeLibraryCandidate>& candidates, const TypeLibraryRequest& request);
 
-/// As above, but any minor version will do: the one asked for, the nearest above it, the nearest below.
+/// As above, but any minor version will do: the one requested, the nearest above it, the nearest below.
 std::optional<std::size_t>
 Nearest(const std::vector<TypeLibraryCandidate>& candidates, const TypeLibraryRequest& request);
 

@@ -50,7 +50,7 @@ public:
     /// All elements, each copied whole, in an array that no one else refers to and no one has locked.
     Ref<ArrayBody> Copy(bool isFixed) const;
 
-    /// While locked (a reference to an element is out, or a For Each walks it) the array can be neither
+    /// While locked (a reference to an element is out, or a For Each traverses it) the array can be neither
     /// redimensioned nor erased nor assigned to: 10.
     void Lock() { ++m_locks; }
     void Unlock() { --m_locks; }

@@ -12,7 +12,7 @@ namespace dorvik::basic {
 /// Converts for an assignment, an argument by value or a `CXxx` function. An object answers with its
 /// default member unless an object is wanted. Arrays and records must match and come back copied whole.
 /// To Variant an object stays what it is (an assignment without `Set` calls `LetValue` first), an
-/// array comes back as a copy that can be redimensioned, and a record is refused.
+/// array comes back as a copy that can be redimensioned, and a record is rejected.
 /// Raises 13, 6, 94, 91, 438, and 424 where an object is wanted.
 Value CoerceTo(const Value& value, const DeclaredType& type);
 Value CoerceTo(const Value& value, DeclaredKind scalarKind);

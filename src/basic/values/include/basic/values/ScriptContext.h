@@ -59,7 +59,7 @@ private:
 };
 
 /// Makes a context the running one as long as it lives. Objects outlive the machine that made them and may
-/// be used by another one, so they ask for the running one whenever they need it.
+/// be used by another one, so they get the running one whenever they need it.
 class RunningScope {
 public:
     explicit RunningScope(ScriptContext& context)

@@ -11,7 +11,7 @@ namespace dorvik::basic {
 /// How a member is used.
 enum class InvokeKind : std::uint8_t { Get, Let, Set, Call };
 
-/// Walks a collection for `For Each`.
+/// Traverses a collection for `For Each`.
 class ScriptIterator {
 public:
     virtual ~ScriptIterator() = default;

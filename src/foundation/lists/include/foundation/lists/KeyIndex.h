@@ -15,7 +15,7 @@ namespace dorvik {
 /// does; keys that are appended join it, any other change drops it. So it never costs more than a
 /// small multiple of the scans alone, and n additions with a test of each key take time linear in n.
 ///
-/// Not for use by several threads at once, not even for look-ups.
+/// Not for use by several threads at once, not even for lookups.
 class KeyIndex {
 public:
     KeyIndex() = default;

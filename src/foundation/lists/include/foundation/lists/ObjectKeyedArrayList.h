@@ -10,7 +10,7 @@ template <typename Object>
 class ObjectKeyedArrayList : public KeyedList<ObjectArrayList<Object>> {
 public:
     /// Returns the new position. The key is tested, and `kyErrKeyInUse` raised if it is there
-    /// already, only with `ensureUniqueKey`. Of entries under one key, look-ups find the first.
+    /// already, only with `ensureUniqueKey`. Of entries under one key, lookups find the first.
     std::int32_t
     Add(std::string_view key,
         std::shared_ptr<Object> item,

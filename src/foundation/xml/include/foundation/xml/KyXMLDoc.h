@@ -28,7 +28,7 @@ public:
     /// The root; a document without one is given "Root_Element" first. No object on a failure.
     std::shared_ptr<KyXMLElement> RootElement();
 
-    /// Both are kept as set and have no effect: a document with a document type is refused, so there
+    /// Both are kept as set and have no effect: a document with a document type is rejected, so there
     /// is nothing to validate against, and loading never continues without the caller's knowledge.
     void SetValidateWhileParsing(bool validate) { m_validateWhileParsing = validate; }
     void SetAsynchronousDownload(bool asynchronous) { m_asynchronousDownload = asynchronous; }

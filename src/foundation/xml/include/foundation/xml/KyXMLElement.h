@@ -19,7 +19,7 @@ class XmlDocument;
 /// Attribute values are stored with a line end, a tab, "<" and ">" written out as "%CRLF%", "%TAB%",
 /// "%LT%" and "%GT%"; callers see the characters.
 ///
-/// Errors: look-ups that fail are logged and give no object. Reading an attribute that is not there
+/// Errors: lookups that fail are logged and give no object. Reading an attribute that is not there
 /// raises `kObjectNotSet` to the caller.
 class KyXMLElement {
 public:

@@ -52,7 +52,7 @@ public:
     Database& operator=(Database&&) noexcept;
 
     /// Opens an existing file, which no one can `DeleteFile` until `Close`. Raises `kFileNotFound`,
-    /// `kNotADatabase`, `runtimeerror::kPermissionDenied` (70) where the system refuses the file, or an
+    /// `kNotADatabase`, `runtimeerror::kPermissionDenied` (70) where the system denies access to the file, or an
     /// `OutputRefusal` where a companion is something that the engine would wait for.
     void Open(std::string_view path);
     bool IsOpen() const;

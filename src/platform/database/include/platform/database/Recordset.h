@@ -21,7 +21,7 @@ enum class RecordsetType : int { Dynaset = 2, Snapshot = 4 };
 /// on its first row, if it has one. A dynaset keeps the rows that it held when it was first looked at,
 /// and after them those added through it, whether or not they match the query; an addition leaves the
 /// current row where it was, so on an empty set `MoveFirst` goes to the added row. The query of a
-/// dynaset runs when a row is first asked for, so adding rows never runs it.
+/// dynaset runs when a row is first requested, so adding rows never runs it.
 ///
 /// Failures raise BasicError with a number of `databaseerror`. Closing the database makes every
 /// recordset of it invalid.

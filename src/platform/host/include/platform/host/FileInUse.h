@@ -7,15 +7,15 @@
 
 namespace dorvik {
 
-/// Someone else has a file that was asked for alone. Number 70.
+/// A file that is to be used exclusively is in use. Number 70.
 class FileInUse final : public BasicError {
 public:
-    /// Someone has the file open.
+    /// Another process has the file open.
     explicit FileInUse(const std::filesystem::path& file)
         : BasicError(
               runtimeerror::kPermissionDenied,
               RuntimeErrorText(runtimeerror::kPermissionDenied) + ": '" + file.string() + "'") {}
-    /// Someone has it for himself; `holder` says who, in words for a person.
+    /// Another process uses it exclusively; `holder` says which, in words for a person.
     FileInUse(const std::filesystem::path& file, const std::string& holder) : FileInUse(file) {
         m_holder = holder.empty() ? "an unknown process" : holder;
     }

@@ -20,7 +20,7 @@ enum class FileUse {
 RaiseHostError(int errorOfHost, const std::filesystem::path& host, std::string_view path);
 
 /// One ordinary file of the host, open as long as the object lives. Folders, devices and pipes are
-/// refused with 75, so that no reading waits or continues for ever; a file to be written to is refused with
+/// rejected with 75, so that no reading waits or continues for ever; a file to be written to is rejected with
 /// an `OutputRefusal` if it is one of those or a link. Every failure raises.
 class HostFile {
 public:

@@ -23,7 +23,7 @@ inline constexpr std::int32_t kRegularExpressionQuantifier =
     5018;                                                        // nothing to be repeated before it
 inline constexpr std::int32_t kRegularExpressionBracket = 5019;  // expected ']'
 inline constexpr std::int32_t kRegularExpressionParenthesis = 5020;  // expected ')'
-/// "Expression too complex": the search was given up, because it took more steps or memory than a sane
+/// "Expression too complex": the search was abandoned, because it took more steps or memory than a sane
 /// pattern ever needs. This says nothing about whether the text matches.
 inline constexpr std::int32_t kRegularExpressionTooComplex = 16;
 
@@ -49,7 +49,7 @@ struct Match {
 /// What that edition forbids or leaves open is read as VBScript documents it: an escaped letter without
 /// a meaning is that letter, a brace that begins no count is a brace, `\12` without twelve groups is the
 /// first group and a "2", and without any an octal number. Anything of other dialects ("(?i)",
-/// "(?<name>", "a++") is refused.
+/// "(?<name>", "a++") is rejected.
 ///
 /// Characters are Unicode characters, also those that that edition would see as two halves. `\w`, `\d` and
 /// `\b` know ASCII only, `\s` knows all spaces and line ends, "." is any character but a line end (line
@@ -83,7 +83,7 @@ public:
     bool IsMalformed();
 
     /// True if the pattern matches anywhere in the text. Each operation raises one of 5017 to 5020 for
-    /// a malformed pattern and `kRegularExpressionTooComplex` for a search that was given up.
+    /// a malformed pattern and `kRegularExpressionTooComplex` for a search that was abandoned.
     bool Test(std::string_view text);
 
     /// The same for a caller that tests many patterns on one text and has looked up its traits once: a

@@ -22,7 +22,7 @@ struct XmlError {
 /// An XML document in memory, as the XML layer of the foundation needs it; nothing else uses it.
 ///
 /// What is read may come from anywhere, so nothing is fetched from outside, a document type is
-/// refused as a whole (and with it every entity of its own), and size and depth are limited. White
+/// rejected as a whole (and with it every entity of its own), and size and depth are limited. White
 /// space between elements, comments and processing instructions are not kept. A character data
 /// section is kept as text.
 ///
@@ -35,7 +35,7 @@ public:
     static constexpr std::size_t kMaximumAttributes = 10'000;
     /// The code of a failed transformation.
     static constexpr std::int32_t kTransformationFailed = static_cast<std::int32_t>(0x80004005);
-    /// The reason that stands for a refused document type.
+    /// The reason of a rejected document type.
     static constexpr std::string_view kDocumentTypeRefused = "A document type is not allowed.";
 
     XmlDocument();

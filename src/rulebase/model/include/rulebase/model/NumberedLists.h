@@ -13,7 +13,7 @@ namespace dorvik {
 
 /// A keyed table of rule lists whose keys are numbers in decimal: parser events or object types.
 /// Numbers below `kDirectCount`, which is all that a review queries, are found through an array
-/// beside the table, so that a look-up at event time neither formats a number nor scans keys.
+/// beside the table, so that a lookup at event time neither formats a number nor scans keys.
 /// The lists live as long as the table and never move.
 template <class Rule>
 class NumberedLists {

@@ -28,7 +28,7 @@ namespace dorvik {
 /// those that the rules have now: a rule may be given another number, and its entry keeps the old key. A
 /// number is in use when it is in either set, and the lists are filled without their own test.
 /// Adding a rule so takes time that depends on its events only, and a rulebase of 2,000
-/// rules loads in time linear in its size. A look-up at event time is one array access.
+/// rules loads in time linear in its size. A lookup at event time is one array access.
 ///
 /// Failures inside an operation are logged under module "RuleLists"; the operation returns its
 /// default. A rule whose number is in use is logged and stays out of all lists.
@@ -64,7 +64,7 @@ public:
     ObjectArrayList<CodingConvention>* ParserEventCCList(std::int32_t event, bool create);
     ObjectArrayList<UnauthorisedKeyword>* ParserEventUKList(std::int32_t event, bool create);
     ObjectArrayList<NamingConvention>* ObjectNCList(std::int32_t objectType, bool create);
-    /// The same look-ups for a reader, which never create.
+    /// The same lookups for a reader, which never create.
     const ObjectArrayList<CodingConvention>* ParserEventCCList(std::int32_t event) const;
     const ObjectArrayList<UnauthorisedKeyword>* ParserEventUKList(std::int32_t event) const;
     const ObjectArrayList<NamingConvention>* ObjectNCList(std::int32_t objectType) const;
