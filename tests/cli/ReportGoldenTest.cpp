@@ -9,6 +9,7 @@
 #include "platform/host/ScopedInstall.h"
 #include "platform/host/modFiles.h"
 #include "platform/host/modHost.h"
+#include "reports/classic/ReportsEngine.h"
 #include "review/ReviewManager.h"
 #include "settings/ComponentVersion.h"
 #include "settings/modGlobal.h"

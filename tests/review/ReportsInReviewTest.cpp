@@ -1,5 +1,6 @@
 #include "ReviewRun.h"
 #include "platform/host/modFiles.h"
+#include "reports/classic/ReportsEngine.h"
 #include "support/ProgressAction.h"
 
 #include <gmock/gmock.h>
