@@ -1,5 +1,8 @@
 #include "parser/VBParserEvents.h"
 
+#include "parser/ParserEventTable.h"
+
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -168,6 +171,38 @@ TEST(VBParserEvents, NumbersOutsideTheTableAreUnknown) {
         EXPECT_EQ(VBParserEvents::ParserEventIcon(number), "Event") << number;
         EXPECT_EQ(VBParserEvents::ParserEventHelp(number), "Unknown Parser Event") << number;
     }
+}
+
+/// The numbers of the events of which that is true.
+template <typename IsListed>
+std::vector<int> EventsWhere(IsListed isListed) {
+    std::vector<int> numbers;
+    for (const ParserEventRow& row : kParserEvents) {
+        if (isListed(row.Rules)) {
+            numbers.push_back(static_cast<int>(row.Event));
+        }
+    }
+    return numbers;
+}
+
+TEST(ParserEventTable, KeywordsAreTestedOnStatements) {
+    EXPECT_THAT(
+        EventsWhere([](const EventRules& rules) { return rules.TestsKeywords; }),
+        testing::ElementsAre(10, 28, 30));
+}
+
+TEST(ParserEventTable, EndsOfObjectsHaveALine) {
+    const auto at = [](EndEventLine line) {
+        return EventsWhere([=](const EventRules& rules) { return rules.ViolationLine == line; });
+    };
+    EXPECT_THAT(at(EndEventLine::ObjectStart), testing::ElementsAre(17, 24, 34));
+    EXPECT_THAT(at(EndEventLine::FileStart), testing::ElementsAre(27));
+}
+
+TEST(ParserEventTable, NamesAreReportedAtTheEndOfTheirObject) {
+    EXPECT_THAT(
+        EventsWhere([](const EventRules& rules) { return rules.EndsNamedObject; }),
+        testing::ElementsAre(17, 24, 34, 35, 37));
 }
 
 }  // namespace

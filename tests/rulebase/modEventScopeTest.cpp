@@ -89,4 +89,17 @@ TEST(modNamingEvents, OnlyTheseObjectsAreNeverTested) {
             "Source"}));
 }
 
+TEST(modEventScope, NumbersReadAsASentenceNamesThem) {
+    const auto tests = [](const ParserEventRow& row) {
+        return row.Rules.TestsKeywords;
+    };
+    EXPECT_EQ(modEventScope::NumbersOf(tests, "and"), "10, 28 and 30");
+    EXPECT_EQ(modEventScope::NumbersOf(CanEndScope, "or"), "8, 17, 24, 27, 34, 35, 36 or 37");
+    const auto first = [](const ParserEventRow& row) {
+        return row.Event == ParserEvent::BeginProject;
+    };
+    EXPECT_EQ(modEventScope::NumbersOf(first, "or"), "1");
+    EXPECT_EQ(modEventScope::NumbersOf([](const ParserEventRow&) { return false; }, "or"), "");
+}
+
 }  // namespace dorvik
