@@ -17,7 +17,7 @@ namespace {
 constexpr std::string_view kModule = "TypeCatalogue";
 constexpr std::string_view kExtension = ".txt";
 
-TypeLibraryCandidate CandidateOf(const TypeLibraryFacts& facts) {
+AvailableTypeLibrary CandidateOf(const TypeLibraryFacts& facts) {
     return {facts.Guid, facts.MajorVersion, facts.MinorVersion, facts.Lcid};
 }
 
@@ -123,7 +123,7 @@ bool TypeCatalogue::Borrow(CatalogueLibrary& library) {
 }
 
 const CatalogueLibrary* TypeCatalogue::Find(const TypeLibraryRequest& request) const {
-    std::vector<TypeLibraryCandidate> candidates;
+    std::vector<AvailableTypeLibrary> candidates;
     std::vector<const CatalogueLibrary*> libraries;
     for (const CatalogueLibrary& library : m_libraries) {
         if (!library.Facts.Contents.Types.empty()) {

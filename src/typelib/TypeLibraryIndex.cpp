@@ -74,7 +74,7 @@ const IndexedTypeLibraryFile& TypeLibraryIndex::FileOf(const TypeLibraryCandidat
 
 const IndexedTypeLibrary*
 TypeLibraryIndex::Find(const std::vector<std::string>& folders, const TypeLibraryRequest& request) {
-    std::vector<TypeLibraryCandidate> candidates;
+    std::vector<AvailableTypeLibrary> candidates;
     std::vector<const IndexedTypeLibrary*> libraries;
     for (const std::string& folder : folders) {
         for (const IndexedTypeLibrary& library : LibrariesIn(folder).Libraries) {

@@ -41,13 +41,13 @@ Rank RankByDistance(std::int32_t candidate, std::int32_t wanted) {
 
 template <class RankOfMinor>
 std::optional<std::size_t> Choose(
-    const std::vector<TypeLibraryCandidate>& candidates,
+    const std::vector<AvailableTypeLibrary>& candidates,
     const TypeLibraryRequest& request,
     RankOfMinor rankOfMinor) {
     std::optional<std::size_t> chosen;
     std::pair<Rank, Rank> best;
     for (std::size_t index = 0; index < candidates.size(); ++index) {
-        const TypeLibraryCandidate& candidate = candidates[index];
+        const AvailableTypeLibrary& candidate = candidates[index];
         const Rank minor = rankOfMinor(candidate.MinorVersion, request.MinorVersion);
         if (candidate.MajorVersion != request.MajorVersion || minor == kUnfit ||
             !modTextCase::Equal(candidate.Guid, request.Guid)) {
@@ -65,12 +65,12 @@ std::optional<std::size_t> Choose(
 }  // namespace
 
 std::optional<std::size_t>
-Registered(const std::vector<TypeLibraryCandidate>& candidates, const TypeLibraryRequest& request) {
+Registered(const std::vector<AvailableTypeLibrary>& candidates, const TypeLibraryRequest& request) {
     return Choose(candidates, request, RankAsRegistered);
 }
 
 std::optional<std::size_t>
-Nearest(const std::vector<TypeLibraryCandidate>& candidates, const TypeLibraryRequest& request) {
+Nearest(const std::vector<AvailableTypeLibrary>& candidates, const TypeLibraryRequest& request) {
     return Choose(candidates, request, RankByDistance);
 }
 

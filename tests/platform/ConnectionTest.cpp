@@ -13,7 +13,7 @@ protected:
     }
 
     std::shared_ptr<const UnderstoodText> Understood(std::string_view sql) {
-        return m_connection->Understand(sql).Text;
+        return m_connection->Translate(sql).Text;
     }
 
     int PreparedStatements() const {
@@ -47,7 +47,7 @@ TEST_F(ConnectionTest, ATextOfParametersIsUnderstoodOnceAndItsValuesAreTakenAsTh
     m_connection->Lease(literals->Translation.Sql);
     const int before = PreparedStatements();
     for (const char* const name : {"x", "x' OR ''='", "?", "\"", "]"}) {
-        const BoundText bound = m_connection->Understand(kSql, {name, 7});
+        const BoundText bound = m_connection->Translate(kSql, {name, 7});
         EXPECT_EQ(bound.Text, literals);  // the same statement, too
         EXPECT_EQ(bound.Literals, (SqlValues{name, 7}));
         m_connection->Lease(bound.Text->Translation.Sql);
@@ -67,7 +67,7 @@ TEST_F(ConnectionTest, AFileThatIsDeletedBeforeItIsOpenedIsNotFound) {
 
 TEST_F(ConnectionTest, LiteralsAndParametersStandInOneTextInTheirOrder) {
     for (int round = 1; round <= 2; ++round) {
-        const BoundText bound = m_connection->Understand(
+        const BoundText bound = m_connection->Translate(
             "SELECT Name FROM Items WHERE Size = 3 AND Name = ? AND Size = 4", {"it's"});
         EXPECT_EQ(bound.Literals, (SqlValues{3, "it's", 4}));
     }
@@ -75,7 +75,7 @@ TEST_F(ConnectionTest, LiteralsAndParametersStandInOneTextInTheirOrder) {
 
 TEST_F(ConnectionTest, AsManyValuesAsParametersAreNeeded) {
     const auto understand = [&](std::string_view sql, SqlValues values) {
-        return test::ErrorNumberOf([&] { m_connection->Understand(sql, std::move(values)); });
+        return test::ErrorNumberOf([&] { m_connection->Translate(sql, std::move(values)); });
     };
     EXPECT_EQ(understand("SELECT Name FROM Items WHERE Size = ?", {1}), 0);
     for (int round = 1; round <= 2; ++round) {  // also once the text is known

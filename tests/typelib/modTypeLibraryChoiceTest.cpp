@@ -10,7 +10,7 @@ constexpr std::string_view kGuid = "{00020430-0000-0000-C000-000000000046}";
 
 struct ChoiceRow {
     std::string_view Name;
-    std::vector<TypeLibraryCandidate> Candidates;
+    std::vector<AvailableTypeLibrary> Candidates;
     TypeLibraryRequest Request;
     int Chosen;  // -1: none
 };
@@ -27,7 +27,7 @@ int PositionOf(const std::optional<std::size_t>& chosen) {
     return chosen ? static_cast<int>(*chosen) : -1;
 }
 
-using Candidates = std::vector<TypeLibraryCandidate>;
+using Candidates = std::vector<AvailableTypeLibrary>;
 
 class RegisteredTypeLibrary : public ::testing::TestWithParam<ChoiceRow> {};
 class NearestTypeLibrary : public ::testing::TestWithParam<ChoiceRow> {};

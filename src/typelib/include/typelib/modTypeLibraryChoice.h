@@ -17,7 +17,7 @@ struct TypeLibraryRequest {
 };
 
 /// A library that there is, as far as the choice goes.
-struct TypeLibraryCandidate {
+struct AvailableTypeLibrary {
     std::string_view Guid;
     std::int32_t MajorVersion = 0;
     std::int32_t MinorVersion = 0;
@@ -32,11 +32,11 @@ namespace modTypeLibraryChoice {
 /// The position of the library that answers as a registered one does: the minor version requested, or
 /// the highest one above it.
 std::optional<std::size_t>
-Registered(const std::vector<TypeLibraryCandidate>& candidates, const TypeLibraryRequest& request);
+Registered(const std::vector<AvailableTypeLibrary>& candidates, const TypeLibraryRequest& request);
 
 /// As above, but any minor version will do: the one requested, the nearest above it, the nearest below.
 std::optional<std::size_t>
-Nearest(const std::vector<TypeLibraryCandidate>& candidates, const TypeLibraryRequest& request);
+Nearest(const std::vector<AvailableTypeLibrary>& candidates, const TypeLibraryRequest& request);
 
 }  // namespace modTypeLibraryChoice
 
