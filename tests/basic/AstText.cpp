@@ -280,7 +280,7 @@ struct StatementPrinter {
     std::string operator()(const DebugAssertStatement& node) const {
         return "Assert " + AstText(node.Condition);
     }
-    std::string operator()(const RefusedStatement& node) const {
+    std::string operator()(const UnsupportedStatement& node) const {
         return "refused " + node.Name +
                (node.Call ? " <" + ArgumentsText(node.Call->Arguments) + ">" : "");
     }

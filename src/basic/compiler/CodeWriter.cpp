@@ -137,7 +137,7 @@ std::size_t CodeWriter::AddSwitch(SwitchTable table) {
     return m_switches.back();
 }
 
-Register CodeWriter::Place(Register slot) const {
+Register CodeWriter::FinalSlot(Register slot) const {
     if (slot == kNoSlot || slot < kPlainBase) {
         return slot;
     }
@@ -147,12 +147,12 @@ Register CodeWriter::Place(Register slot) const {
     return static_cast<Register>(m_generic + m_plain + (slot - kArgumentBase));
 }
 
-void CodeWriter::PlaceOperands(Instruction& instruction) const {
+void CodeWriter::SettleOperands(Instruction& instruction) const {
     const std::string_view operands = RowOf(instruction.Code).Operands;
     std::uint16_t* const fields[] = {&instruction.A, &instruction.B, &instruction.C};
     for (std::size_t i = 0; i < operands.size(); ++i) {
         if (operands[i] == 'r' || operands[i] == 'o') {
-            *fields[i] = Place(*fields[i]);
+            *fields[i] = FinalSlot(*fields[i]);
         }
     }
 }
@@ -166,7 +166,7 @@ void CodeWriter::FillInitial() {
     const std::size_t parameters = m_procedure.Parameters.size();
     m_procedure.Initial.resize(m_generic + m_plain - parameters);
     for (const auto& [slot, value] : m_initials) {
-        m_procedure.Initial[Place(slot) - parameters] = value;
+        m_procedure.Initial[FinalSlot(slot) - parameters] = value;
     }
 }
 
@@ -176,11 +176,11 @@ bool CodeWriter::Finish() {
         return false;
     }
     for (Instruction& instruction : m_procedure.Code) {
-        PlaceOperands(instruction);
+        SettleOperands(instruction);
     }
     for (ArgumentCopy& copy : m_procedure.CopyBacks) {
-        copy.Reference = Place(copy.Reference);
-        copy.Slot = Place(copy.Slot);
+        copy.Reference = FinalSlot(copy.Reference);
+        copy.Slot = FinalSlot(copy.Slot);
     }
     for (const auto& [position, label] : m_jumps) {
         m_procedure.Code[position].SetWide(static_cast<std::int32_t>(PositionOf(label)));

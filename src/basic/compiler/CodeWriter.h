@@ -7,16 +7,16 @@
 
 namespace dorvik::basic {
 
-/// A slot before its place in the frame is known: generic ones count from 0 (the parameters first),
+/// A slot before its position in the frame is known: generic ones count from 0 (the parameters first),
 /// plain ones from `kPlainBase`, arguments being built from `kArgumentBase`.
 using Register = std::uint16_t;
 inline constexpr Register kPlainBase = 0x4000;
 inline constexpr Register kArgumentBase = 0x8000;
 
-/// A place in the code that jumps name before it is known.
+/// A position in the code that jumps can name before it is known.
 using Label = std::uint32_t;
 
-/// Writes the code of one procedure: gives out slots and labels, and puts final numbers in at the end.
+/// Writes the code of one procedure: allocates slots and labels, and replaces them by final numbers at the end.
 /// REQUIRES: program and procedure outlive this.
 class CodeWriter {
 public:
@@ -32,12 +32,12 @@ public:
     /// What a slot for good holds when a call begins; Empty otherwise. REQUIRES: no body.
     void SetInitial(Register slot, const Value& value) { m_initials.emplace_back(slot, value); }
 
-    /// Slots for the parts of one statement, given back together.
+    /// Slots for the parts of one statement, released together.
     Register TemporaryGeneric();
     Register TemporaryPlain();
     std::size_t TemporaryMark() const { return m_live.size(); }
     void ReleaseTemporaries(std::size_t mark);
-    /// Gives back all temporaries behind the mark but one.
+    /// Releases all temporaries after the mark but one.
     void KeepOnly(std::size_t mark, Register kept);
 
     Register PushArguments(std::size_t count);
@@ -51,14 +51,15 @@ public:
     void EmitJump(Opcode code, Label target, Register a = 0);
     /// An instruction with a 24-bit number in B and the flags.
     void EmitTarget(Opcode code, Register a, std::size_t target, Register c);
-    /// What follows belongs to a statement of that line.
+    /// What follows belongs to a statement of that line; `Resume` continues at `again`, `Resume Next` at `next`.
     void Mark(std::int32_t line, Label again, Label next);
-    /// Tells of an argument of the call just written that goes back to its variable.
+    /// An argument of the call just written goes back to its variable.
     void AddCopyBack(Register reference, Register slot, std::uint16_t element);
     /// A switch whose targets are labels until the end.
     std::size_t AddSwitch(SwitchTable table);
 
-    /// Puts in the final numbers. False if the procedure needs more slots than instructions can name.
+    /// Puts in the final numbers, then superinstructions (`Fusion.h`). Nothing can be written afterwards. False if the
+    /// procedure needs more slots than instructions can name.
     bool Finish();
 
 private:
@@ -69,8 +70,8 @@ private:
         std::int32_t Line;
     };
 
-    Register Place(Register slot) const;
-    void PlaceOperands(Instruction& instruction) const;
+    Register FinalSlot(Register slot) const;
+    void SettleOperands(Instruction& instruction) const;
     void FillInitial();
     std::uint32_t PositionOf(Label label) const;
 
@@ -86,7 +87,7 @@ private:
     std::vector<std::pair<Register, Value>> m_initials;
     std::vector<std::pair<Register, Value>> m_numbers;  // the constant slots
     std::vector<std::uint32_t> m_labels;
-    std::vector<std::pair<std::size_t, Label>> m_jumps;  // instruction and where it goes
+    std::vector<std::pair<std::size_t, Label>> m_jumps;  // instruction and target
     std::vector<LabelledMark> m_marks;
     std::vector<std::size_t> m_switches;
 };

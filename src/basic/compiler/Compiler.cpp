@@ -15,7 +15,7 @@ CompiledModule CompileModule(
     ModuleScope scope(module, extensions, origins);
     scope.Declare();
     for (std::size_t i = 0; i < scope.Nodes.size(); ++i) {
-        ProcedureCompiler(scope, i).Compile();
+        CompileProcedure(scope, i);
     }
     WarnOfUnsetNames(scope);
     const auto byPlace = [](const auto& left, const auto& right) {

@@ -114,6 +114,10 @@ const Value* ModuleScope::ConstantAt(std::uint32_t index) {
     return Compute(m_constants[index], wasTold);
 }
 
+const RecordType& ModuleScope::RecordAt(std::int32_t record) const {
+    return Result->Records[static_cast<std::size_t>(record)];
+}
+
 const Value* ModuleScope::Compute(ConstantEntry& entry, bool& wasTold) {
     if (entry.State == Progress::Running) {
         Messages.Error(

@@ -39,6 +39,9 @@ public:
     FindConstant(const std::string& qualifier, const std::string& name, bool& wasTold) override;
     const Value* ConstantAt(std::uint32_t index);
 
+    /// A `Type` of the module by its index. REQUIRES: there is one.
+    const RecordType& RecordAt(std::int32_t record) const;
+
     DeclaredType ResolveType(const TypeName& type, char suffix, std::string_view name);
     VariableShape ShapeOf(const VariableNode& variable, std::int32_t optionBase);
     /// The class of objects that a name after `As` or `New` stands for; false if there is none.

@@ -38,7 +38,7 @@ std::optional<std::int32_t> ConstantEvaluator::EvaluateLong(const Expression& ex
     return value ? std::optional(value->AsLong()) : std::nullopt;
 }
 
-std::optional<Value> ConstantEvaluator::Refuse(SourcePlace place) {
+std::optional<Value> ConstantEvaluator::Reject(SourcePlace place) {
     m_diagnostics.Error(
         compileerror::kConstantExpected, place, "A constant expression is expected here");
     return std::nullopt;
@@ -65,7 +65,7 @@ std::optional<Value> ConstantEvaluator::Compute(const Expression& expression) {
     } else if (const auto* binary = std::get_if<BinaryNode>(&expression.Node)) {
         value = ComputeBinary(*binary);
     } else {
-        value = Refuse(expression.Place);
+        value = Reject(expression.Place);
     }
     --m_depth;
     return value;
@@ -77,12 +77,12 @@ std::optional<Value> ConstantEvaluator::ComputeName(
     if (const Value* value = m_names.FindConstant(qualifier, name, wasTold)) {
         return *value;
     }
-    return wasTold ? std::nullopt : Refuse(place);
+    return wasTold ? std::nullopt : Reject(place);
 }
 
 std::optional<Value> ConstantEvaluator::ComputeMember(SourcePlace place, const MemberNode& member) {
     const auto* qualifier = member.Target ? std::get_if<NameNode>(&member.Target->Node) : nullptr;
-    return qualifier ? ComputeName(place, qualifier->Name, member.Name) : Refuse(place);
+    return qualifier ? ComputeName(place, qualifier->Name, member.Name) : Reject(place);
 }
 
 std::optional<Value> ConstantEvaluator::ComputeUnary(const UnaryNode& node) {

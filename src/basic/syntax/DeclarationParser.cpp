@@ -12,11 +12,11 @@ std::vector<VariableNode> DeclarationParser::ParseVariables() {
     do {
         variables.push_back(ParseVariable());
     } while (m_cursor.TakeIf(TokenKind::Comma));
-    RefuseValue();
+    RejectValue();
     return variables;
 }
 
-void DeclarationParser::RefuseValue() {
+void DeclarationParser::RejectValue() {
     if (m_cursor.At(TokenKind::Equal)) {
         m_cursor.Fail(
             parseerror::kExpectedEndOfStatement,
@@ -29,7 +29,12 @@ VariableNode DeclarationParser::ParseVariable() {
     if (m_cursor.At(Keyword::WithEvents) && m_cursor.Peek(1).Kind == TokenKind::Name) {
         m_cursor.FailText(m_cursor.Place(), "'WithEvents' is not available in a module");
     }
-    const Token name = m_cursor.ExpectName();
+    BeginVariable(m_cursor.ExpectName(), variable);
+    variable.Type = ParseTypeClause(variable.Suffix);
+    return variable;
+}
+
+void DeclarationParser::BeginVariable(const Token& name, VariableNode& variable) {
     variable.Place = name.Place;
     variable.Name = std::string(name.Text);
     variable.Suffix = name.Suffix;
@@ -39,25 +44,15 @@ VariableNode DeclarationParser::ParseVariable() {
             variable.Bounds = ParseBounds();
         }
     }
-    variable.Type = ParseTypeClause(name.Suffix);
-    return variable;
 }
 
 VariableNode DeclarationParser::ParseRecordMember() {
-    Token name = m_cursor.Take();
+    const Token name = m_cursor.Take();
     VariableNode member;
     if (name.Kind != TokenKind::Name && name.Kind != TokenKind::Keyword) {
         m_cursor.FailAt(name.Place, parseerror::kExpectedIdentifier);
     }
-    member.Place = name.Place;
-    member.Name = std::string(name.Text);
-    member.Suffix = name.Suffix;
-    if (m_cursor.TakeIf(TokenKind::LeftParenthesis)) {
-        member.IsArray = true;
-        if (!m_cursor.TakeIf(TokenKind::RightParenthesis)) {
-            member.Bounds = ParseBounds();
-        }
-    }
+    BeginVariable(name, member);
     if (!m_cursor.At(Keyword::As) && member.Suffix == 0) {
         m_cursor.FailText(m_cursor.Place(), "Expected 'As': a member of a Type needs one");
     }
@@ -160,7 +155,7 @@ RedimStatement DeclarationParser::ParseRedim() {
     do {
         statement.Targets.push_back(ParseRedimTarget());
     } while (m_cursor.TakeIf(TokenKind::Comma));
-    RefuseValue();
+    RejectValue();
     return statement;
 }
 

@@ -26,18 +26,20 @@ public:
 
 private:
     VariableNode ParseVariable();
+    /// The name, taken already, and the bounds after it.
+    void BeginVariable(const Token& name, VariableNode& variable);
     ConstantNode ParseConstant();
     ParameterNode ParseParameter();
     void ParseParameterWords(ParameterNode& parameter);
     void CheckParameter(const ParameterNode& parameter);
     void CheckParameterOrder(const std::vector<ParameterNode>& parameters);
     RedimTarget ParseRedimTarget();
-    /// The bounds behind the `(` already taken, with the `)`.
+    /// The bounds after the `(`, which is taken already, with the `)`.
     std::vector<BoundsNode> ParseBounds();
     BoundsNode ParseBound();
     bool TakeEmptyParentheses();
     TypeName ParseTypeClause(char suffix);
-    void RefuseValue();
+    void RejectValue();
 
     TokenCursor& m_cursor;
     ExpressionParser& m_expressions;

@@ -115,11 +115,11 @@ ExpressionPointer ExpressionParser::ParseBinary(int leastLevel) {
         const std::int32_t height = std::max(HeightOf(left), HeightOf(right));
         left = Make(place, height, BinaryNode{row.Operator, std::move(left), std::move(right)});
     }
-    RefuseForeignOperator();
+    RejectForeignOperator();
     return left;
 }
 
-void ExpressionParser::RefuseForeignOperator() {
+void ExpressionParser::RejectForeignOperator() {
     if (!m_cursor.At(TokenKind::Name)) {
         return;
     }

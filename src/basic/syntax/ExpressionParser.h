@@ -48,7 +48,7 @@ private:
     ExpressionPointer ParseTypeOf();
     Argument ParseArgument();
     void ParseArgumentList(std::vector<Argument>& arguments);
-    void RefuseForeignOperator();
+    void RejectForeignOperator();
     bool EnterNesting();
     ExpressionPointer
     Make(SourcePlace place, std::int32_t heightBelow, decltype(Expression::Node) node);

@@ -38,20 +38,20 @@ const StatementParser::HandlerRow StatementParser::kHandlers[] = {
     {Keyword::Call, &StatementParser::ParseCall},
     {Keyword::Case, &StatementParser::ParseCase},
     {Keyword::Const, &StatementParser::ParseConst},
-    {Keyword::Declare, &StatementParser::RefuseModuleLevel},
-    {Keyword::DefaultType, &StatementParser::RefuseModuleLevel},
+    {Keyword::Declare, &StatementParser::RejectModuleLevel},
+    {Keyword::DefaultType, &StatementParser::RejectModuleLevel},
     {Keyword::Dim, &StatementParser::ParseDim},
     {Keyword::Do, &StatementParser::ParseDo},
     {Keyword::Else, &StatementParser::ParseElse},
     {Keyword::ElseIf, &StatementParser::ParseElseIf},
     {Keyword::End, &StatementParser::ParseEnd},
     {Keyword::EndIf, &StatementParser::ParseEndIf},
-    {Keyword::Enum, &StatementParser::RefuseModuleLevel},
+    {Keyword::Enum, &StatementParser::RejectModuleLevel},
     {Keyword::Erase, &StatementParser::ParseErase},
     {Keyword::Exit, &StatementParser::ParseExit},
     {Keyword::For, &StatementParser::ParseFor},
-    {Keyword::Friend, &StatementParser::RefuseModuleLevel},
-    {Keyword::Global, &StatementParser::RefuseModuleLevel},
+    {Keyword::Friend, &StatementParser::RejectModuleLevel},
+    {Keyword::Global, &StatementParser::RejectModuleLevel},
     {Keyword::GoSub, &StatementParser::ParseGoSub},
     {Keyword::GoTo, &StatementParser::ParseGoTo},
     {Keyword::If, &StatementParser::ParseIf},
@@ -60,9 +60,9 @@ const StatementParser::HandlerRow StatementParser::kHandlers[] = {
     {Keyword::LSet, &StatementParser::ParseLSet},
     {Keyword::Next, &StatementParser::ParseNext},
     {Keyword::On, &StatementParser::ParseOn},
-    {Keyword::Option, &StatementParser::RefuseOption},
-    {Keyword::Private, &StatementParser::RefuseModuleLevel},
-    {Keyword::Public, &StatementParser::RefuseModuleLevel},
+    {Keyword::Option, &StatementParser::RejectOption},
+    {Keyword::Private, &StatementParser::RejectModuleLevel},
+    {Keyword::Public, &StatementParser::RejectModuleLevel},
     {Keyword::ReDim, &StatementParser::ParseReDim},
     {Keyword::Resume, &StatementParser::ParseResume},
     {Keyword::Return, &StatementParser::ParseReturn},
@@ -110,22 +110,16 @@ void StatementParser::NoteModuleName(std::string_view name) {
 }
 
 bool StatementParser::ParseBody(ProcedureNode& procedure) {
-    m_procedure = &procedure;
+    m_body = {};
+    m_body.Procedure = &procedure;
     m_blocks.Begin(procedure.Body);
     m_labels.Begin();
-    m_localNames = {};
-    m_localNames.Note(procedure.Name);
+    m_body.Names.Note(procedure.Name);
     for (const ParameterNode& parameter : procedure.Parameters) {
-        m_localNames.Note(parameter.Name);
+        m_body.Names.Note(parameter.Name);
     }
-    m_crossedVariable.clear();
-    m_statementsOnLine = 1;
-    m_needsNoSeparator = false;
-    m_isOver = false;
-    m_isWhole = true;
-    m_sawTry = false;
     UpdateWith();
-    while (!m_isOver) {
+    while (!m_body.IsOver) {
         if (m_cursor.AtEndOfLine()) {
             BeginLine();
         } else if (!m_cursor.TakeIf(TokenKind::Colon)) {
@@ -134,7 +128,7 @@ bool StatementParser::ParseBody(ProcedureNode& procedure) {
     }
     UpdateWith();
     m_labels.Check();
-    return m_isWhole;
+    return m_body.IsWhole;
 }
 
 void StatementParser::BeginLine() {
@@ -144,7 +138,7 @@ void StatementParser::BeginLine() {
         EndUnfinished("", {});
         return;
     }
-    m_statementsOnLine = 0;
+    m_body.StatementsOnLine = 0;
     ParseLabel();
 }
 
@@ -179,7 +173,7 @@ bool StatementParser::ParseProcedureEnd() {
     if (found != Keyword::Sub && found != Keyword::Function && found != Keyword::Property) {
         return false;
     }
-    const EndRow& expected = EndOf(m_procedure->Kind);
+    const EndRow& expected = EndOf(m_body.Procedure->Kind);
     const SourcePlace place = m_cursor.Take().Place;
     const std::string text = "End " + std::string(m_cursor.Take().Text);
     if (found != expected.Word) {
@@ -191,8 +185,8 @@ bool StatementParser::ParseProcedureEnd() {
         m_cursor.FailText(place, "'" + text + "' cannot stand behind a single-line 'If'");
     }
     m_blocks.EndProcedure(text, place);
-    m_procedure->EndPlace = place;
-    m_isOver = true;
+    m_body.Procedure->EndPlace = place;
+    m_body.IsOver = true;
     return true;
 }
 
@@ -217,15 +211,15 @@ bool StatementParser::AtProcedureHead() const {
 }
 
 void StatementParser::EndUnfinished(std::string_view found, SourcePlace place) {
-    std::string text = "Expected 'End " + std::string(EndOf(m_procedure->Kind).Text) + "': ";
+    std::string text = "Expected 'End " + std::string(EndOf(m_body.Procedure->Kind).Text) + "': ";
     text += found.empty() ? "the text ends"
                           : "'" + std::string(found) + "' in line " + std::to_string(place.Line) +
                                 " comes before it";
-    m_cursor.Errors().AddText(parseerror::kExpectedEnd, m_procedure->Place, std::move(text));
+    m_cursor.Errors().AddText(parseerror::kExpectedEnd, m_body.Procedure->Place, std::move(text));
     m_blocks.EndProcedure(found, place);
-    m_procedure->EndPlace = place;
-    m_isOver = true;
-    m_isWhole = false;
+    m_body.Procedure->EndPlace = place;
+    m_body.IsOver = true;
+    m_body.IsWhole = false;
 }
 
 void StatementParser::ParseStatement() {
@@ -252,12 +246,12 @@ void StatementParser::ParseStatement() {
     } else {
         m_cursor.Fail(parseerror::kExpectedStatement);
     }
-    ++m_statementsOnLine;
+    ++m_body.StatementsOnLine;
     FinishStatement();
 }
 
 void StatementParser::FinishStatement() {
-    const bool needsNoSeparator = std::exchange(m_needsNoSeparator, false);
+    const bool needsNoSeparator = std::exchange(m_body.NeedsNoSeparator, false);
     if (!m_cursor.HasFailed() && !needsNoSeparator && !m_cursor.AtEnd()) {
         m_cursor.Fail(parseerror::kExpectedEndOfStatement);
     }
@@ -276,7 +270,7 @@ void StatementParser::ParseDim() {
     const SourcePlace place = m_cursor.Take().Place;
     DeclareStatement statement{LocalScope::Dim, m_declarations.ParseVariables()};
     for (const VariableNode& variable : statement.Variables) {
-        m_localNames.Note(variable.Name);
+        m_body.Names.Note(variable.Name);
     }
     Add(place, std::move(statement));
 }
@@ -285,7 +279,7 @@ void StatementParser::ParseStatic() {
     const SourcePlace place = m_cursor.Take().Place;
     DeclareStatement statement{LocalScope::Static, m_declarations.ParseVariables()};
     for (const VariableNode& variable : statement.Variables) {
-        m_localNames.Note(variable.Name);
+        m_body.Names.Note(variable.Name);
     }
     Add(place, std::move(statement));
 }
@@ -316,7 +310,7 @@ void StatementParser::ParseStop() {
     Add(place, StopStatement{});
 }
 
-void StatementParser::RefuseModuleLevel() {
+void StatementParser::RejectModuleLevel() {
     const Token word = m_cursor.Peek();
     std::string text = "'" + std::string(word.Text) + "' can stand outside procedures only";
     if (word.Word == Keyword::Enum || m_cursor.Peek(1).Word == Keyword::Enum) {
@@ -328,7 +322,7 @@ void StatementParser::RefuseModuleLevel() {
     }
 }
 
-void StatementParser::RefuseOption() {
+void StatementParser::RejectOption() {
     m_cursor.FailText(m_cursor.Place(), "An 'Option' must stand before the first procedure");
 }
 

@@ -34,6 +34,17 @@ private:
         bool Time = false;
         void Note(std::string_view name);
     };
+    /// What is known of the procedure whose body is being read.
+    struct BodyState {
+        ProcedureNode* Procedure = nullptr;
+        ClockNames Names;
+        int StatementsOnLine = 1;
+        bool NeedsNoSeparator = false;  // after Then and Else a statement may follow at once
+        bool IsOver = false;
+        bool IsWhole = true;  // its end was found
+        bool SawTry = false;
+        std::string CrossedVariable;  // of the For that the last `Next` closed under another name
+    };
     static const HandlerRow kHandlers[];
     static Handler HandlerOf(Keyword word);
 
@@ -61,16 +72,16 @@ private:
     void ParseAligned(TextAssignment kind);
     void ParseCall();
     void ParseStop();
-    void RefuseModuleLevel();
-    void RefuseOption();
+    void RejectModuleLevel();
+    void RejectOption();
 
     // Names: assignments, calls, and statements whose words may be names
     void ParseNamed();
     bool ParseSpecial();
     bool ParseForeign(const Token& first);
     void SkipLinesTo(const Token& first, Keyword word, std::string text);
-    bool AtRefused(const Token& first) const;
-    bool AtRefusedClock(const Token& first) const;
+    bool AtUnsupported(const Token& first) const;
+    bool AtClockStatement(const Token& first) const;
     bool StatementContains(Keyword word) const;
     void ParseTargetStatement();
     void ParseAssignment(SourcePlace place, ExpressionPointer target);
@@ -78,7 +89,7 @@ private:
     void ParseCallStatement(SourcePlace place, ExpressionPointer target);
     void ParseCallWithIndex(SourcePlace place, IndexNode& index);
     void AddCall(SourcePlace place, CallStatement call);
-    void RefuseForeignAssignment();
+    void RejectForeignAssignment();
     std::size_t LastParenthesis() const;
     void ParseDebugPrint();
     void ParseDebugAssert();
@@ -112,7 +123,7 @@ private:
         BlockKind kind, std::string_view closing, std::string_view opening, SourcePlace place);
     void Open(BlockKind kind, SourcePlace place, decltype(Statement::Node) node);
     void UpdateWith();
-    bool IsFirstOnLine() const { return m_statementsOnLine == 0; }
+    bool IsFirstOnLine() const { return m_body.StatementsOnLine == 0; }
 
     // Jumps
     void ParseGoTo();
@@ -130,15 +141,8 @@ private:
     DeclarationParser& m_declarations;
     BlockStack m_blocks;
     LabelTable m_labels;
-    ProcedureNode* m_procedure = nullptr;
-    int m_statementsOnLine = 0;
-    bool m_needsNoSeparator = false;  // behind Then and Else a statement may follow at once
-    bool m_isOver = false;
-    bool m_isWhole = false;
-    bool m_sawTry = false;
     ClockNames m_moduleNames;
-    ClockNames m_localNames;
-    std::string m_crossedVariable;  // of the For that the last `Next` closed under another name
+    BodyState m_body;
 };
 
 }  // namespace dorvik::basic

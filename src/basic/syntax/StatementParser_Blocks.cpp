@@ -57,7 +57,7 @@ void StatementParser::RecoverIf(SourcePlace place) {
 
 /// Behind the Then or Else of a single line a statement follows at once, or the number of a line.
 void StatementParser::TakeLineJump() {
-    m_needsNoSeparator = true;
+    m_body.NeedsNoSeparator = true;
     if (!m_cursor.At(TokenKind::Number)) {
         return;
     }
@@ -65,7 +65,7 @@ void StatementParser::TakeLineJump() {
     std::string label = ParseLabelName();
     m_labels.Refer(label, place);
     Add(place, GoToStatement{std::move(label)});
-    m_needsNoSeparator = false;
+    m_body.NeedsNoSeparator = false;
 }
 
 void StatementParser::ParseElse() {
@@ -81,7 +81,7 @@ void StatementParser::ParseElse() {
         }
         m_blocks.Pop();
     }
-    m_needsNoSeparator = true;
+    m_body.NeedsNoSeparator = true;
     if (isInLine) {
         m_cursor.FailAt(place, parseerror::kExpectedEndOfStatement);
     } else if (!m_blocks.Expose(BlockKind::If, BlockKind::If, "Else", place)) {
@@ -125,7 +125,7 @@ void StatementParser::ParseElseIf() {
     if (!m_blocks.Top().SawElse) {
         std::get<IfStatement>(m_blocks.Top().Node.Node).Branches.push_back(std::move(branch));
     }
-    m_needsNoSeparator = true;
+    m_body.NeedsNoSeparator = true;
 }
 
 void StatementParser::ParseEndIf() {
@@ -229,7 +229,7 @@ void StatementParser::ParseEnd() {
     } else if (word.Word == Keyword::With) {
         m_cursor.Take();
         CloseSimple(BlockKind::With, "End With", "With", place);
-    } else if (word.Word == Keyword::Try && m_sawTry) {
+    } else if (word.Word == Keyword::Try && m_body.SawTry) {
         m_cursor.Take();
     } else if (
         word.Kind == TokenKind::Name || word.Word == Keyword::Enum || word.Word == Keyword::While) {

@@ -148,7 +148,7 @@ void StatementParser::ParseExit() {
         {Keyword::For, ExitKind::For},
     };
     const SourcePlace place = m_cursor.Take().Place;
-    const ProcedureKind kind = m_procedure->Kind;
+    const ProcedureKind kind = m_body.Procedure->Kind;
     const bool isProperty = kind != ProcedureKind::Sub && kind != ProcedureKind::Function;
     for (const Row& row : kRows) {
         if (!m_cursor.At(row.Word)) {

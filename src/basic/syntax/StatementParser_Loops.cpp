@@ -85,14 +85,14 @@ bool StatementParser::CloseLoopOf(const Token& next, const ExpressionPointer& va
     const std::string name = plain ? modTextCase::ToLower(plain->Name) : std::string();
     if (plain && !top.Variable.empty() && name != top.Variable) {
         // Two loops that end in the wrong order are told once.
-        if (name != m_crossedVariable) {
+        if (name != m_body.CrossedVariable) {
             m_cursor.FailAt(
                 variable->Place,
                 parseerror::kInvalidForVariable,
                 "'Next " + plain->Name + "' does not belong to the 'For' in line " +
                     std::to_string(top.Place.Line));
         }
-        m_crossedVariable = top.Variable;
+        m_body.CrossedVariable = top.Variable;
     }
     if (auto* loop = std::get_if<ForStatement>(&top.Node.Node)) {
         loop->NextPlace = next.Place;

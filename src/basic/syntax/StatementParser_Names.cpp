@@ -13,13 +13,13 @@ namespace {
 
 /// Statements on files. `NeedsFile`: refused where `#` follows; else `FirstMark` or `SecondMark` must
 /// occur. Those with `IsCall` are refused too where they look like a call.
-struct RefusedRow {
+struct UnsupportedRow {
     Keyword Word;
     bool TakesFile;
     bool IsCall;
     Keyword Mark;  // a word that the statement has and a call cannot have
 };
-constexpr RefusedRow kRefused[] = {
+constexpr UnsupportedRow kUnsupported[] = {
     {Keyword::Open, false, false, Keyword::As},
     {Keyword::Open, false, false, Keyword::For},
     {Keyword::Name, false, false, Keyword::As},
@@ -36,10 +36,11 @@ constexpr RefusedRow kRefused[] = {
     {Keyword::Write, true, false, Keyword::None},
 };
 
-bool IsRefusedCall(Keyword word) {
-    return std::any_of(std::begin(kRefused), std::end(kRefused), [word](const RefusedRow& row) {
-        return row.Word == word && row.IsCall;
-    });
+bool IsUnsupportedCall(Keyword word) {
+    return std::any_of(
+        std::begin(kUnsupported), std::end(kUnsupported), [word](const UnsupportedRow& row) {
+            return row.Word == word && row.IsCall;
+        });
 }
 
 }  // namespace
@@ -63,7 +64,7 @@ bool StatementParser::StatementContains(Keyword word) const {
     }
 }
 
-bool StatementParser::AtRefused(const Token& first) const {
+bool StatementParser::AtUnsupported(const Token& first) const {
     const Token& next = m_cursor.Peek(1);
     if (next.Kind == TokenKind::Equal || next.Kind == TokenKind::Dot) {
         return false;
@@ -72,22 +73,23 @@ bool StatementParser::AtRefused(const Token& first) const {
         return next.Word == Keyword::Input;
     }
     const bool hasFile = next.Kind == TokenKind::Hash || first.Suffix == '#';
-    return std::any_of(std::begin(kRefused), std::end(kRefused), [&](const RefusedRow& row) {
-        return row.Word == first.Word &&
-               ((row.TakesFile && hasFile) ||
-                (row.Mark != Keyword::None && StatementContains(row.Mark)));
-    });
+    return std::any_of(
+        std::begin(kUnsupported), std::end(kUnsupported), [&](const UnsupportedRow& row) {
+            return row.Word == first.Word &&
+                   ((row.TakesFile && hasFile) ||
+                    (row.Mark != Keyword::None && StatementContains(row.Mark)));
+        });
 }
 
 /// `Date = x` and `Time = x` set the clock, where neither is a name of the script's own.
-bool StatementParser::AtRefusedClock(const Token& first) const {
+bool StatementParser::AtClockStatement(const Token& first) const {
     if (m_cursor.Peek(1).Kind != TokenKind::Equal || (first.Suffix != 0 && first.Suffix != '$')) {
         return false;
     }
     if (first.Word == Keyword::Date) {
-        return !m_moduleNames.Date && !m_localNames.Date;
+        return !m_moduleNames.Date && !m_body.Names.Date;
     }
-    return first.Word == Keyword::Time && !m_moduleNames.Time && !m_localNames.Time;
+    return first.Word == Keyword::Time && !m_moduleNames.Time && !m_body.Names.Time;
 }
 
 bool StatementParser::ParseSpecial() {
@@ -104,20 +106,20 @@ bool StatementParser::ParseSpecial() {
         }
         return true;
     }
-    if (AtRefused(first)) {
+    if (AtUnsupported(first)) {
         m_cursor.TakeToEnd();
         std::string name(first.Text);
         if (first.Word == Keyword::Line) {
             name += " Input";
         }
-        Add(first.Place, RefusedStatement{std::move(name), nullptr});
+        Add(first.Place, UnsupportedStatement{std::move(name), nullptr});
         return true;
     }
-    if (AtRefusedClock(first)) {
+    if (AtClockStatement(first)) {
         m_cursor.Take();
         m_cursor.Take();
         m_expressions.ParseExpression();
-        Add(first.Place, RefusedStatement{std::string(first.Text), nullptr});
+        Add(first.Place, UnsupportedStatement{std::string(first.Text), nullptr});
         return true;
     }
     if (first.Word == Keyword::Attribute && next.Kind == TokenKind::Name) {
@@ -139,9 +141,9 @@ bool StatementParser::ParseForeign(const Token& first) {
         behindNext == TokenKind::EndOfLine) {
         SkipLinesTo(first, Keyword::Type, "'Type' can stand outside procedures only");
     } else if (first.Word == Keyword::Try && standsAlone) {
-        m_sawTry = true;
+        m_body.SawTry = true;
         m_cursor.FailText(first.Place, "'Try' is not part of this language; use 'On Error'");
-    } else if (m_sawTry && (first.Word == Keyword::Catch || first.Word == Keyword::Finally)) {
+    } else if (m_body.SawTry && (first.Word == Keyword::Catch || first.Word == Keyword::Finally)) {
         m_cursor.TakeToEnd();
     } else {
         return false;
@@ -162,7 +164,7 @@ void StatementParser::SkipLinesTo(const Token& first, Keyword word, std::string 
         const bool isProcedureEnd =
             ended == Keyword::Sub || ended == Keyword::Function || ended == Keyword::Property;
         if (isProcedureEnd || AtProcedureHead()) {
-            m_needsNoSeparator = true;
+            m_body.NeedsNoSeparator = true;
             return;
         }
     }
@@ -180,13 +182,13 @@ void StatementParser::ParseTargetStatement() {
         }
         return;
     }
-    RefuseForeignAssignment();
+    RejectForeignAssignment();
     if (!m_cursor.HasFailed()) {
         ParseCallStatement(place, std::move(target));
     }
 }
 
-void StatementParser::RefuseForeignAssignment() {
+void StatementParser::RejectForeignAssignment() {
     const Token& sign = m_cursor.Peek();
     const Token& next = m_cursor.Peek(1);
     const bool isSign = sign.Kind >= TokenKind::Plus && sign.Kind <= TokenKind::Ampersand;
@@ -343,10 +345,11 @@ void StatementParser::AddCall(SourcePlace place, CallStatement call) {
     if (word == Keyword::Error && !call.IsCallForm && call.Arguments.size() == 1 &&
         call.Arguments[0].Value && call.Arguments[0].Name.empty()) {
         Add(place, ErrorStatement{std::move(call.Arguments[0].Value)});
-    } else if (IsRefusedCall(word)) {
+    } else if (IsUnsupportedCall(word)) {
         std::string text = name->Name;
         Add(place,
-            RefusedStatement{std::move(text), std::make_unique<CallStatement>(std::move(call))});
+            UnsupportedStatement{
+                std::move(text), std::make_unique<CallStatement>(std::move(call))});
     } else {
         Add(place, std::move(call));
     }

@@ -58,6 +58,10 @@ inline constexpr int kOperatorShift = 2;
 /// A flag of Move: only the tests of one `Select Case` read the target, and nobody else the source.
 inline constexpr std::uint8_t kSelectSubject = 1;
 
+/// The flags of CallBuiltin when there are more arguments than they can count: a Jump word follows, which is never
+/// executed and has their number.
+inline constexpr std::uint8_t kCountInNextWord = 255;
+
 /// Told in the low bits of a reference: what the variable behind a ByRef Variant parameter is.
 enum class ReferenceTag : std::uint8_t { Variant = 0, Typed = 1, FixedString = 2 };
 

@@ -270,7 +270,7 @@ struct DebugAssertStatement {
     ExpressionPointer Condition;
 };
 /// A statement that must not act (Open, Kill, Print #, ...): raises 70 when reached.
-struct RefusedStatement {
+struct UnsupportedStatement {
     std::string Name;
     /// The same words as an ordinary call, null where they make none (`Print #1`): a procedure or
     /// variable of the module with this name goes before the statement.
@@ -306,7 +306,7 @@ struct Statement {
         ErrorStatement,
         DebugPrintStatement,
         DebugAssertStatement,
-        RefusedStatement>
+        UnsupportedStatement>
         Node;
 };
 

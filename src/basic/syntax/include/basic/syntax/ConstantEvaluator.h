@@ -35,7 +35,7 @@ private:
     std::optional<Value> ComputeMember(SourcePlace place, const MemberNode& member);
     std::optional<Value> ComputeUnary(const UnaryNode& node);
     std::optional<Value> ComputeBinary(const BinaryNode& node);
-    std::optional<Value> Refuse(SourcePlace place);
+    std::optional<Value> Reject(SourcePlace place);
 
     IConstantNames& m_names;
     Diagnostics& m_diagnostics;

@@ -1,8 +1,19 @@
-#include "ProcedureCompiler.h"
+#include "CallCompiler.h"
+
+#include "ArgumentCompiler.h"
+#include "ExpressionCompiler.h"
+#include "LValueCompiler.h"
+#include "MemberCompiler.h"
+#include "NameResolver.h"
+#include "OperandCompiler.h"
+#include "OperandTypes.h"
 #include "base/modTextCase.h"
 #include "basic/program/RecordLayout.h"
+#include "basic/values/RuntimeErrors.h"
+#include "basic/values/ValueKinds.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace dorvik::basic {
 
@@ -10,12 +21,6 @@ namespace {
 
 std::string Plural(std::size_t count, const std::string& word) {
     return std::to_string(count) + " " + word + (count == 1 ? "" : "s");
-}
-
-bool HasNames(const std::vector<Argument>& arguments) {
-    return std::any_of(arguments.begin(), arguments.end(), [](const Argument& argument) {
-        return !argument.Name.empty();
-    });
 }
 
 /// The parameters of a built-in function: "String Start ?Length" has three.
@@ -35,131 +40,11 @@ std::vector<std::string_view> NamesOf(std::string_view parameters) {
     return names;
 }
 
-constexpr std::size_t kMostShortCount = 254;
 constexpr std::size_t kMostArguments = 10'000;
 
 }  // namespace
 
-Operand ProcedureCompiler::EvaluateIndex(const Expression& expression, const IndexNode& node) {
-    if (const auto* name = std::get_if<NameNode>(&node.Target->Node)) {
-        return EvaluateIndexedName(expression, *name, node);
-    }
-    if (const auto* member = std::get_if<MemberNode>(&node.Target->Node)) {
-        return EvaluateMember(*node.Target, *member, &node.Arguments);
-    }
-    return ElementOf(Evaluate(*node.Target), node.Arguments, expression.Place);
-}
-
-Operand ProcedureCompiler::EvaluateIndexedName(
-    const Expression& expression, const NameNode& name, const IndexNode& node) {
-    const NameMeaning meaning = ResolveCallee(name.Name, name.Suffix);
-    switch (meaning.What) {
-        case NameMeaning::Kind::Variable:
-            return ElementOf(Load(meaning.Variable), node.Arguments, expression.Place);
-        case NameMeaning::Kind::Procedure:
-        case NameMeaning::Kind::External:
-        case NameMeaning::Kind::Builtin:
-            return CallSymbol(meaning, name.Name, node.Arguments, expression.Place, true);
-        case NameMeaning::Kind::Unknown:
-            Error(
-                compileerror::kNotDefined,
-                node.Target->Place,
-                "Sub, Function or array '" + name.Name + "' is not defined");
-            return Nothing();
-        case NameMeaning::Kind::Constant:
-        case NameMeaning::Kind::Extension:
-        case NameMeaning::Kind::ErrObject:
-        case NameMeaning::Kind::Type:
-            return ElementOf(
-                EvaluateSymbol(meaning, name.Name, expression.Place),
-                node.Arguments,
-                expression.Place);
-    }
-    return Nothing();
-}
-
-Operand ProcedureCompiler::ElementOf(
-    const Operand& target, const std::vector<Argument>& arguments, SourcePlace place) {
-    if (arguments.empty()) {
-        return target;
-    }
-    if (target.Type.IsArray) {
-        return ArrayElement(target, arguments, place);
-    }
-    const bool mayHaveElements =
-        target.Type.Kind == DeclaredKind::Object ||
-        (target.Type.Kind == DeclaredKind::Variant && target.Constant == nullptr);
-    if (!mayHaveElements) {
-        Error(
-            compileerror::kOther,
-            place,
-            "An array, a procedure or an object is expected before '('");
-        return Nothing();
-    }
-    if (arguments.size() != 1 || !arguments[0].Value || !arguments[0].Name.empty()) {
-        return InvokeMember(target, {}, InvokeKind::Get, arguments, nullptr, true);
-    }
-    const Operand held = MayRunCode(*arguments[0].Value) ? Stable(target) : target;
-    const Register index = SlotOf(Evaluate(*arguments[0].Value));
-    Operand result;
-    result.Slot = m_code.TemporaryGeneric();
-    m_code.Emit(Opcode::ArrayGet, result.Slot, SlotOf(held), index);
-    return result;
-}
-
-Operand ProcedureCompiler::ArrayElement(
-    const Operand& target, const std::vector<Argument>& arguments, SourcePlace place) {
-    Operand result;
-    result.Type = target.Type;
-    result.Type.IsArray = false;
-    result.IsTyped = result.Type.Kind != DeclaredKind::Variant;
-    if (HasNames(arguments) ||
-        std::any_of(
-            arguments.begin(), arguments.end(), [](const Argument& a) { return !a.Value; })) {
-        Error(
-            compileerror::kOther,
-            place,
-            "The indices of an array have no names and none is left out");
-        return Nothing();
-    }
-    if (target.MakesObjects) {
-        return CreatedElement(target, arguments);
-    }
-    const bool isPlain = IsPlain(result.Type);
-    if (arguments.size() == 1) {
-        const Operand held = MayRunCode(*arguments[0].Value) ? Stable(target) : target;
-        const Register index = LongSlotOf(Evaluate(*arguments[0].Value));
-        result.Slot = TemporaryFor(result.Type);
-        m_code.Emit(
-            isPlain ? Opcode::ArrayGetPlain : Opcode::ArrayGet, result.Slot, held.Slot, index);
-        return result;
-    }
-    Operand element = InvokeMember(target, {}, InvokeKind::Get, arguments, nullptr, true);
-    result.Slot = element.Slot;
-    if (isPlain) {
-        result.Slot = m_code.TemporaryPlain();
-        m_code.Emit(Opcode::MovePlain, result.Slot, element.Slot);
-    }
-    return result;
-}
-
-/// An element of an array declared with `As New`.
-Operand
-ProcedureCompiler::CreatedElement(const Operand& array, const std::vector<Argument>& arguments) {
-    Operand result;
-    result.Type = array.Type;
-    result.Type.IsArray = false;
-    result.IsTyped = true;
-    result.Slot = m_code.TemporaryGeneric();
-    const Register pin = m_code.TemporaryGeneric();
-    const Register reference = m_code.TemporaryGeneric();
-    ReferenceToElement(array, arguments, pin, reference);
-    m_code.Emit(Opcode::LoadReference, result.Slot, reference);
-    m_code.Emit(Opcode::Clear, pin);
-    return result;
-}
-
-bool ProcedureCompiler::BindArguments(
+bool CallCompiler::BindArguments(
     const std::string& name,
     const std::vector<Argument>& arguments,
     const std::vector<std::string_view>& parameters,
@@ -176,7 +61,10 @@ bool ProcedureCompiler::BindArguments(
                 });
             position = static_cast<std::size_t>(found - parameters.begin());
             if (found == parameters.end()) {
-                Error(448, place, "'" + name + "' has no argument named '" + argument.Name + "'");
+                Error(
+                    runtimeerror::kNamedArgumentNotFound,
+                    place,
+                    "'" + name + "' has no argument named '" + argument.Name + "'");
                 return false;
             }
         }
@@ -189,7 +77,10 @@ bool ProcedureCompiler::BindArguments(
             return false;
         }
         if (bound[position] != nullptr) {
-            Error(449, place, "The argument '" + argument.Name + "' is given twice");
+            Error(
+                runtimeerror::kArgumentNotOptional,
+                place,
+                "The argument '" + argument.Name + "' is given twice");
             return false;
         }
         bound[position] = &argument;
@@ -197,7 +88,7 @@ bool ProcedureCompiler::BindArguments(
     return true;
 }
 
-Operand ProcedureCompiler::CallProcedure(
+Operand CallCompiler::CallProcedure(
     std::size_t index,
     const std::vector<Argument>& arguments,
     SourcePlace place,
@@ -214,29 +105,32 @@ Operand ProcedureCompiler::CallProcedure(
     }
     const bool splits = hasRest && arguments.size() > single;
     BoundArguments bound;
-    if (splits && HasNames(arguments)) {
-        Error(446, place, "Named arguments and a ParamArray cannot be used together");
-        return Nothing();
+    if (splits && ArgumentCompiler::HasNames(arguments)) {
+        Error(
+            runtimeerror::kNoNamedArguments,
+            place,
+            "Named arguments and a ParamArray cannot be used together");
+        return Operands().Nothing();
     }
     if (splits) {
         for (std::size_t i = 0; i < single; ++i) {
             bound.push_back(&arguments[i]);
         }
     } else if (!BindArguments(callee.Name, arguments, names, bound, place)) {
-        return Nothing();
+        return Operands().Nothing();
     }
 
     std::vector<AfterCall> after;
     const Register first = m_code.PushArguments(callee.Parameters.size());
     for (std::size_t i = 0; i < single; ++i) {
-        PassArgument(
+        Arguments().Pass(
             callee.Parameters[i], bound[i], static_cast<Register>(first + i), place, after);
     }
     if (hasRest) {
-        PassRest(arguments, single, static_cast<Register>(first + single), after);
+        Arguments().PassRest(arguments, single, static_cast<Register>(first + single), after);
     }
     if (newValue != nullptr) {
-        PassNewValue(
+        Arguments().PassNewValue(
             callee.Parameters[given], *newValue, setsValue, static_cast<Register>(first + given));
     }
     Operand result;
@@ -244,7 +138,7 @@ Operand ProcedureCompiler::CallProcedure(
     result.IsTyped = result.Type.Kind != DeclaredKind::Variant;
     result.IsFresh = true;
     if (wantsResult) {
-        result.Slot = TemporaryFor(result.Type);
+        result.Slot = Operands().TemporaryFor(result.Type);
     }
     m_code.EmitTarget(Opcode::Call, result.Slot, index, first);
     for (const AfterCall& entry : after) {
@@ -257,18 +151,18 @@ Operand ProcedureCompiler::CallProcedure(
         }
     }
     m_code.PopArguments(callee.Parameters.size());
-    FinishArguments(after);
+    Arguments().Finish(after);
     return result;
 }
 
-Operand ProcedureCompiler::CallSymbol(
+Operand CallCompiler::CallSymbol(
     const NameMeaning& meaning,
     const std::string& name,
     const std::vector<Argument>& arguments,
     SourcePlace place,
     bool wantsResult) {
     if (meaning.What == NameMeaning::Kind::External) {
-        return RefuseCall(name, arguments, place);
+        return RejectCall(name, arguments, place);
     }
     if (meaning.What == NameMeaning::Kind::Builtin) {
         return CallBuiltin(*meaning.Builtin, arguments, place, wantsResult);
@@ -276,35 +170,35 @@ Operand ProcedureCompiler::CallSymbol(
     const Symbol& symbol = *meaning.Symbol;
     if (symbol.IsProperty && symbol.Get < 0) {
         Error(compileerror::kOther, place, "The property '" + name + "' cannot be read");
-        return Nothing();
+        return Operands().Nothing();
     }
     const auto index = symbol.IsProperty ? static_cast<std::size_t>(symbol.Get) : symbol.Index;
     const Procedure& callee = m_scope.Result->Procedures[index];
     if (wantsResult && callee.Kind == ProcedureKind::Sub) {
         Error(compileerror::kOther, place, "'" + name + "' is a Sub and has no value");
-        return Nothing();
+        return Operands().Nothing();
     }
     if (wantsResult && callee.Parameters.empty() && !arguments.empty()) {
-        return ElementOf(CallProcedure(index, {}, place, true), arguments, place);
+        return Members().ElementOf(CallProcedure(index, {}, place, true), arguments, place);
     }
     return CallProcedure(index, arguments, place, wantsResult);
 }
 
 /// `Len` of what is declared as a number or a Type gives the bytes that it takes.
-std::optional<Operand> ProcedureCompiler::TryLength(
-    const BuiltinFunction& function, const std::vector<Argument>& arguments) {
+std::optional<Operand>
+CallCompiler::TryLength(const BuiltinFunction& function, const std::vector<Argument>& arguments) {
     const bool isLength = function.Name == "Len" || function.Name == "LenB";
     if (!isLength || arguments.size() != 1 || !arguments[0].Value) {
         return std::nullopt;
     }
     const Expression& expression = *arguments[0].Value;
-    const PlaceInfo info = PlaceOf(expression);
-    const bool isRecord = info.Type.Kind == DeclaredKind::Record && !info.Type.IsArray;
-    if (!info.IsPlace || (!isRecord && !IsPlain(info.Type))) {
+    const LValue lvalue = LValues().LValueOf(expression);
+    const bool isRecord = IsRecord(lvalue.Type);
+    if (!lvalue.IsAssignable || (!isRecord && !IsPlain(lvalue.Type))) {
         return std::nullopt;
     }
-    if (!info.IsVariable) {
-        Evaluate(expression);  // there must be such an element
+    if (!lvalue.IsVariable) {
+        Expressions().Evaluate(expression);  // there must be such an element
     }
     if (isRecord) {
         const auto form =
@@ -312,15 +206,16 @@ std::optional<Operand> ProcedureCompiler::TryLength(
         // With an error among the declarations a Type may contain itself.
         const bool isSound = m_scope.Messages.Errors.empty();
         const std::int64_t size =
-            isSound ? modRecordLayout::SizeOf(*m_scope.Result, info.Type.Record, form) : 0;
-        return Fold(
+            isSound ? modRecordLayout::SizeOf(*m_scope.Result, lvalue.Type.Record, form) : 0;
+        return Operands().Fold(
             Value::Long(static_cast<std::int32_t>(std::min<std::int64_t>(size, INT32_MAX))));
     }
-    static constexpr std::int16_t kBytes[] = {0, 1, 2, 2, 4, 4, 8, 8, 8};
-    return Fold(Value::Long(kBytes[static_cast<std::size_t>(info.Type.Kind)]));
+    static constexpr std::int16_t kBytes[] = {0, 1, 2, 2, 4, 4, 8, 8, 8};  // of the plain kinds
+    static_assert(std::size(kBytes) == static_cast<std::size_t>(DeclaredKind::Date) + 1);
+    return Operands().Fold(Value::Long(kBytes[static_cast<std::size_t>(lvalue.Type.Kind)]));
 }
 
-Operand ProcedureCompiler::CallBuiltin(
+Operand CallCompiler::CallBuiltin(
     const BuiltinFunction& function,
     const std::vector<Argument>& arguments,
     SourcePlace place,
@@ -337,12 +232,15 @@ Operand ProcedureCompiler::CallBuiltin(
         for (const Argument& argument : arguments) {
             bound.push_back(&argument);
         }
-        if (HasNames(arguments) || arguments.size() > kMostArguments) {
-            Error(446, place, "'" + name + "' takes no named arguments, and not more than 10000");
-            return Nothing();
+        if (ArgumentCompiler::HasNames(arguments) || arguments.size() > kMostArguments) {
+            Error(
+                runtimeerror::kNoNamedArguments,
+                place,
+                "'" + name + "' takes no named arguments, and not more than 10000");
+            return Operands().Nothing();
         }
     } else if (!BindArguments(name, arguments, NamesOf(function.Parameters), bound, place)) {
-        return Nothing();
+        return Operands().Nothing();
     }
     const auto least = static_cast<std::size_t>(function.LeastArguments());
     std::size_t count = bound.size();
@@ -351,8 +249,11 @@ Operand ProcedureCompiler::CallBuiltin(
     }
     for (std::size_t i = 0; i < least; ++i) {
         if (i >= bound.size() || bound[i] == nullptr || !bound[i]->Value) {
-            Error(449, place, "'" + name + "' needs " + Plural(least, "argument"));
-            return Nothing();
+            Error(
+                runtimeerror::kArgumentNotOptional,
+                place,
+                "'" + name + "' needs " + Plural(least, "argument"));
+            return Operands().Nothing();
         }
     }
     if (function.Name == "DoEvents") {
@@ -360,22 +261,22 @@ Operand ProcedureCompiler::CallBuiltin(
     }
     const Register first = m_code.PushArguments(count);
     for (std::size_t i = 0; i < count; ++i) {
-        EvaluateShared(bound[i], static_cast<Register>(first + i));
+        Arguments().EvaluateShared(bound[i], static_cast<Register>(first + i));
     }
     Operand result;
     result.Type.Kind = function.Result;
     result.IsTyped = function.Result != DeclaredKind::Variant;
     result.IsFresh = true;
     if (wantsResult) {
-        result.Slot = TemporaryFor(result.Type);
+        result.Slot = Operands().TemporaryFor(result.Type);
     }
-    const bool isShort = count <= kMostShortCount;
+    const bool isShort = count < kCountInNextWord;
     m_code.Emit(
         Opcode::CallBuiltin,
         result.Slot,
         static_cast<Register>(m_scope.AddBuiltin(&function)),
         first,
-        static_cast<std::uint8_t>(isShort ? count : 255));
+        static_cast<std::uint8_t>(isShort ? count : kCountInNextWord));
     if (!isShort) {
         m_code.EmitWide(Opcode::Jump, 0, static_cast<std::int64_t>(count));
     }
@@ -383,12 +284,12 @@ Operand ProcedureCompiler::CallBuiltin(
     return result;
 }
 
-Operand ProcedureCompiler::RefuseCall(
+Operand CallCompiler::RejectCall(
     const std::string& name, const std::vector<Argument>& arguments, SourcePlace) {
     const std::size_t mark = m_code.TemporaryMark();
     for (const Argument& argument : arguments) {
         if (argument.Value) {
-            Evaluate(*argument.Value);
+            Expressions().Evaluate(*argument.Value);
         }
     }
     m_code.ReleaseTemporaries(mark);
@@ -398,9 +299,9 @@ Operand ProcedureCompiler::RefuseCall(
     return result;
 }
 
-void ProcedureCompiler::On(const CallStatement& node, SourcePlace place) {
+void CallCompiler::Compile(const CallStatement& node, SourcePlace place) {
     if (const auto* name = std::get_if<NameNode>(&node.Callee->Node)) {
-        const NameMeaning meaning = ResolveCallee(name->Name, name->Suffix);
+        const NameMeaning meaning = Names().ResolveCallee(name->Name, name->Suffix);
         const bool canBeCalled = meaning.What == NameMeaning::Kind::Procedure ||
                                  meaning.What == NameMeaning::Kind::External ||
                                  meaning.What == NameMeaning::Kind::Builtin;
@@ -412,7 +313,7 @@ void ProcedureCompiler::On(const CallStatement& node, SourcePlace place) {
                 node.Callee->Place,
                 "Sub, Function or Property '" + name->Name + "' is not defined");
         } else if (meaning.What == NameMeaning::Kind::Extension) {
-            EvaluateSymbol(meaning, name->Name, node.Callee->Place);
+            Expressions().EvaluateSymbol(meaning, name->Name, node.Callee->Place);
         } else {
             Error(
                 compileerror::kOther,
@@ -422,12 +323,12 @@ void ProcedureCompiler::On(const CallStatement& node, SourcePlace place) {
         return;
     }
     if (const auto* member = std::get_if<MemberNode>(&node.Callee->Node)) {
-        EvaluateMember(*node.Callee, *member, &node.Arguments, false);
+        Members().EvaluateMember(*node.Callee, *member, &node.Arguments, false);
         return;
     }
-    const Operand target = Evaluate(*node.Callee);
+    const Operand target = Expressions().Evaluate(*node.Callee);
     if (!node.Arguments.empty()) {
-        InvokeMember(target, {}, InvokeKind::Call, node.Arguments, nullptr, false);
+        Members().Invoke(target, {}, InvokeKind::Call, node.Arguments, nullptr, false);
     }
 }
 

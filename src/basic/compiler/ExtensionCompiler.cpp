@@ -1,14 +1,18 @@
-#include "ProcedureCompiler.h"
+#include "ExtensionCompiler.h"
+
+#include "ArgumentCompiler.h"
+#include "LValueCompiler.h"
+#include "OperandCompiler.h"
+#include "VariableCompiler.h"
 #include "base/modTextCase.h"
+#include "basic/values/RuntimeErrors.h"
 
 #include <bit>
+#include <utility>
 
 namespace dorvik::basic {
 
 namespace {
-
-constexpr std::int32_t kNoSuchMember = 438;
-constexpr std::int32_t kWrongArgumentCount = 450;
 
 const ExtensionMember* FindMember(const ExtensionEntry& extension, const std::string& name) {
     for (const ExtensionMember& member : extension.Extension->Members()) {
@@ -21,14 +25,8 @@ const ExtensionMember* FindMember(const ExtensionEntry& extension, const std::st
 
 }  // namespace
 
-/// The extension that the name before a point stands for; null if it is anything else.
-const ExtensionEntry* ProcedureCompiler::ExtensionOf(const Expression* target) {
-    const auto* name = target != nullptr ? std::get_if<NameNode>(&target->Node) : nullptr;
-    return name != nullptr ? Resolve(name->Name, 0).Extension : nullptr;
-}
-
 /// Something that can be told now but must not keep the module from loading.
-Operand ProcedureCompiler::RaiseAtRun(std::int32_t number, SourcePlace place, std::string warning) {
+Operand ExtensionCompiler::RaiseAtRun(std::int32_t number, SourcePlace place, std::string warning) {
     m_scope.Messages.Warn(place, std::move(warning));
     m_code.Emit(Opcode::Raise, static_cast<Register>(number));
     Operand result;
@@ -36,7 +34,7 @@ Operand ProcedureCompiler::RaiseAtRun(std::int32_t number, SourcePlace place, st
     return result;
 }
 
-Operand ProcedureCompiler::CallExtension(
+Operand ExtensionCompiler::Call(
     const ExtensionEntry& extension,
     const std::string& name,
     const std::vector<Argument>& arguments,
@@ -46,19 +44,24 @@ Operand ProcedureCompiler::CallExtension(
     const ExtensionMember* member = FindMember(extension, name);
     if (member == nullptr) {
         return RaiseAtRun(
-            kNoSuchMember, place, "'" + full + "' does not exist: reaching it raises error 438");
+            runtimeerror::kNoSuchMember,
+            place,
+            "'" + full + "' does not exist: reaching it raises error 438");
     }
     const auto count = static_cast<std::size_t>(member->Parameters);
     const bool isFunction =
         wantsResult && std::popcount(member->OutParameters) == 1 && arguments.size() + 1 == count;
     for (const Argument& argument : arguments) {
         if (!argument.Name.empty()) {
-            return RaiseAtRun(446, place, "'" + full + "' takes no named arguments: error 446");
+            return RaiseAtRun(
+                runtimeerror::kNoNamedArguments,
+                place,
+                "'" + full + "' takes no named arguments: error 446");
         }
     }
     if (!isFunction && (arguments.size() != count || wantsResult)) {
         return RaiseAtRun(
-            kWrongArgumentCount,
+            runtimeerror::kWrongArgumentCount,
             place,
             "'" + full + "' takes " + std::to_string(count) + " arguments, not " +
                 std::to_string(arguments.size()) +
@@ -83,7 +86,7 @@ Operand ProcedureCompiler::CallExtension(
         }
         const Argument& argument = arguments[next++];
         if ((member->OutParameters >> i & 1) == 0 || !PassOut(argument, slot, outs, pins)) {
-            EvaluateArgument(argument, slot);
+            Arguments().EvaluateCopy(argument, slot);
         }
     }
     call.KeepsArguments = !outs.empty();
@@ -102,13 +105,13 @@ Operand ProcedureCompiler::CallExtension(
         m_code.Emit(Opcode::ReleaseArguments, first, static_cast<Register>(count));
     }
     m_code.PopArguments(count);
-    FinishArguments(pins);
+    Arguments().Finish(pins);
     return result;
 }
 
 /// Puts the present value of an out argument into its slot and remembers where the new one goes.
 /// False if it is no variable: then the new value is lost.
-bool ProcedureCompiler::PassOut(
+bool ExtensionCompiler::PassOut(
     const Argument& argument,
     Register slot,
     std::vector<OutArgument>& outs,
@@ -116,25 +119,25 @@ bool ProcedureCompiler::PassOut(
     if (!argument.Value || argument.IsByVal) {
         return false;
     }
-    const Expression& expression = WithoutEmptyParentheses(*argument.Value);
+    const Expression& expression = LValues().WithoutEmptyParentheses(*argument.Value);
     OutArgument out;
-    out.Place = PlaceOf(expression);
-    if (!out.Place.IsPlace) {
+    out.Target = LValues().LValueOf(expression);
+    if (!out.Target.IsAssignable) {
         return false;
     }
     out.Slot = slot;
-    if (out.Place.Type.Kind == DeclaredKind::Record || out.Place.Type.IsArray) {
+    if (out.Target.Type.Kind == DeclaredKind::Record || out.Target.Type.IsArray) {
         Error(
             compileerror::kOther,
             expression.Place,
             "An array or a value of a Type cannot be an out argument");
         return false;
     }
-    if (out.Place.IsVariable) {
-        MoveCopy(Load(out.Place.Variable), slot);
+    if (out.Target.IsVariable) {
+        Operands().MoveCopy(Variables().Load(out.Target.Variable), slot);
     } else {
         out.Reference = m_code.TemporaryGeneric();
-        ReferenceTo(expression, out.Place, out.Reference, pins);
+        LValues().ReferTo(expression, out.Target, out.Reference, pins);
         const Register present = m_code.TemporaryGeneric();
         m_code.Emit(Opcode::LoadReference, present, out.Reference);
         m_code.Emit(Opcode::DeepCopy, slot, present);
@@ -143,18 +146,18 @@ bool ProcedureCompiler::PassOut(
     return true;
 }
 
-void ProcedureCompiler::StoreOut(const OutArgument& out) {
+void ExtensionCompiler::StoreOut(const OutArgument& out) {
     Operand value;
     value.Slot = out.Slot;
     value.IsFresh = true;
-    const bool isObject = out.Place.Type.Kind == DeclaredKind::Object;
-    const bool isVariant = out.Place.Type.Kind == DeclaredKind::Variant;
+    const bool isObject = out.Target.Type.Kind == DeclaredKind::Object;
+    const bool isVariant = out.Target.Type.Kind == DeclaredKind::Variant;
     // An object in a Variant stays the object; no default member is asked for.
     value.IsTyped = isVariant;
-    if (out.Place.IsVariable) {
-        StoreVariable(out.Place.Variable, value, isObject);
+    if (out.Target.IsVariable) {
+        Variables().Store(out.Target.Variable, value, isObject);
     } else {
-        StoreReference(out.Reference, value, out.Place.Type, isObject);
+        Variables().StoreReference(out.Reference, value, out.Target.Type, isObject);
     }
 }
 

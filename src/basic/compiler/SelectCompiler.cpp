@@ -1,6 +1,14 @@
-#include "ProcedureCompiler.h"
+#include "SelectCompiler.h"
+
+#include "ConditionCompiler.h"
+#include "ExpressionCompiler.h"
+#include "OperandCompiler.h"
+#include "Relations.h"
+#include "StatementCompiler.h"
+#include "basic/values/ValueKinds.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace dorvik::basic {
 
@@ -12,42 +20,9 @@ constexpr std::size_t kSpread = 4;            // entries of a table for each key
 
 }  // namespace
 
-std::optional<std::int32_t> ProcedureCompiler::LongConstantOf(const Expression& expression) {
-    if (const auto* inner = std::get_if<ParenthesisNode>(&expression.Node)) {
-        return LongConstantOf(*inner->Inner);
-    }
-    const Value* value = nullptr;
-    bool isNegative = false;
-    const Expression* source = &expression;
-    if (const auto* unary = std::get_if<UnaryNode>(&source->Node);
-        unary && unary->Operator == UnaryOperator::Negate) {
-        isNegative = true;
-        source = unary->Operand.get();
-    }
-    if (const auto* literal = std::get_if<LiteralNode>(&source->Node)) {
-        value = &literal->Constant;
-    } else if (const auto* name = std::get_if<NameNode>(&source->Node)) {
-        const NameMeaning meaning = Resolve(name->Name, name->Suffix);
-        value = meaning.What == NameMeaning::Kind::Constant ? meaning.Constant : nullptr;
-    } else if (const auto* member = std::get_if<MemberNode>(&source->Node)) {
-        value = EnumMemberOf(*member);
-    }
-    const bool isWhole =
-        value != nullptr && (value->Type() == ValueType::Integer ||
-                             value->Type() == ValueType::Long || value->Type() == ValueType::Byte);
-    if (!isWhole) {
-        return std::nullopt;
-    }
-    const bool isLowest = value->AsLong() == INT16_MIN || value->AsLong() == INT32_MIN;
-    if (isNegative && isLowest) {
-        return std::nullopt;  // an overflow, which only a run may tell
-    }
-    return isNegative ? -value->AsLong() : value->AsLong();
-}
-
 /// All values of all tests with the bodies that they lead to, the first of equal ones in front.
 /// False if a test is none of whole constants.
-bool ProcedureCompiler::CollectKeys(
+bool SelectCompiler::CollectKeys(
     const SelectStatement& node,
     std::vector<std::pair<std::int32_t, Label>>& keys,
     const std::vector<Label>& bodies) {
@@ -56,8 +31,9 @@ bool ProcedureCompiler::CollectKeys(
             if (test.Kind == CaseTestKind::Comparison) {
                 return false;
             }
-            const auto low = LongConstantOf(*test.Value);
-            const auto high = test.Kind == CaseTestKind::Range ? LongConstantOf(*test.Upper) : low;
+            const auto low = Expressions().LongConstantOf(*test.Value);
+            const auto high =
+                test.Kind == CaseTestKind::Range ? Expressions().LongConstantOf(*test.Upper) : low;
             if (!low || !high || std::int64_t{*high} - *low > kWidestRange) {
                 return false;
             }
@@ -78,7 +54,7 @@ bool ProcedureCompiler::CollectKeys(
     return true;
 }
 
-bool ProcedureCompiler::TrySwitch(
+bool SelectCompiler::TrySwitch(
     const SelectStatement& node,
     const Operand& subject,
     const std::vector<Label>& bodies,
@@ -109,30 +85,29 @@ bool ProcedureCompiler::TrySwitch(
     }
     m_code.EmitWide(
         isDense ? Opcode::SwitchDense : Opcode::SwitchSparse,
-        SlotOf(subject),
+        Operands().SlotOf(subject),
         static_cast<std::int64_t>(m_code.AddSwitch(std::move(table))));
     return true;
 }
 
-void ProcedureCompiler::CompileTest(const CaseTest& test, const Operand& subject, Label body) {
+void SelectCompiler::CompileTest(const CaseTest& test, const Operand& subject, Label body) {
     const std::size_t mark = m_code.TemporaryMark();
-    const Operand value = Evaluate(*test.Value);
+    const Operand value = Expressions().Evaluate(*test.Value);
     if (test.Kind == CaseTestKind::Range) {
         const Label outside = m_code.NewLabel();
-        JumpOnRelation(Relation::GreaterOrEqual, subject, value, false, outside);
-        JumpOnRelation(Relation::LessOrEqual, subject, Evaluate(*test.Upper), true, body);
+        Conditions().JumpOnRelation(Relation::GreaterOrEqual, subject, value, false, outside);
+        Conditions().JumpOnRelation(
+            Relation::LessOrEqual, subject, Expressions().Evaluate(*test.Upper), true, body);
         m_code.Bind(outside);
     } else {
-        const int relation =
-            test.Kind == CaseTestKind::Value
-                ? 0
-                : static_cast<int>(test.Comparison) - static_cast<int>(BinaryOperator::Equal);
-        JumpOnRelation(static_cast<Relation>(relation), subject, value, true, body);
+        const Relation relation =
+            test.Kind == CaseTestKind::Value ? Relation::Equal : RelationOf(test.Comparison);
+        Conditions().JumpOnRelation(relation, subject, value, true, body);
     }
     m_code.ReleaseTemporaries(mark);
 }
 
-void ProcedureCompiler::On(const SelectStatement& node, SourcePlace place) {
+void SelectCompiler::Compile(const SelectStatement& node, SourcePlace place) {
     std::vector<Label> bodies;
     const Label end = m_code.NewLabel();
     Label otherwise = end;
@@ -146,7 +121,7 @@ void ProcedureCompiler::On(const SelectStatement& node, SourcePlace place) {
     const Label again = m_code.Here();
     m_code.Mark(place.Line, again, otherwise);
     const std::size_t mark = m_code.TemporaryMark();
-    Operand subject = Evaluate(*node.Subject);
+    Operand subject = Expressions().Evaluate(*node.Subject);
     if (!TrySwitch(node, subject, bodies, otherwise)) {
         Operand held = subject;
         held.Constant = nullptr;
@@ -158,16 +133,16 @@ void ProcedureCompiler::On(const SelectStatement& node, SourcePlace place) {
         const bool isFreshText =
             subject.IsFresh && subject.Type.Kind == DeclaredKind::String && !subject.Type.IsArray;
         if (isFreshText) {
-            m_code.Emit(Opcode::Move, held.Slot, SlotOf(subject), 0, kSelectSubject);
+            m_code.Emit(Opcode::Move, held.Slot, Operands().SlotOf(subject), 0, kSelectSubject);
         } else {
-            MoveInto(subject, held.Slot, held.Type);
+            Operands().MoveInto(subject, held.Slot, held.Type);
         }
         for (std::size_t i = 0; i < node.Clauses.size(); ++i) {
             if (node.Clauses[i].Tests.empty()) {
                 continue;
             }
-            m_place = node.Clauses[i].Place;
-            m_code.Mark(m_place.Line, again, otherwise);
+            m_context.Place = node.Clauses[i].Place;
+            m_code.Mark(m_context.Place.Line, again, otherwise);
             for (const CaseTest& test : node.Clauses[i].Tests) {
                 CompileTest(test, held, bodies[i]);
             }
@@ -177,7 +152,7 @@ void ProcedureCompiler::On(const SelectStatement& node, SourcePlace place) {
     m_code.ReleaseTemporaries(mark);
     for (std::size_t i = 0; i < node.Clauses.size(); ++i) {
         m_code.Bind(bodies[i]);
-        CompileBlock(node.Clauses[i].Body);
+        Statements().CompileBlock(node.Clauses[i].Body);
         m_code.EmitJump(Opcode::Jump, end);
     }
     m_code.Bind(end);

@@ -1,5 +1,9 @@
-#include "ProcedureCompiler.h"
+#include "JumpCompiler.h"
+
+#include "ExpressionCompiler.h"
+#include "OperandCompiler.h"
 #include "base/modTextCase.h"
+#include "basic/values/ValueKinds.h"
 
 #include <algorithm>
 #include <charconv>
@@ -17,10 +21,10 @@ bool IsLineNumber(const std::string& label) {
 
 }  // namespace
 
-void ProcedureCompiler::CollectLabels(const Block& block) {
+void JumpCompiler::CollectLabels(const Block& block) {
     for (const Statement& statement : block) {
         if (const auto* label = std::get_if<LabelStatement>(&statement.Node)) {
-            m_mayJumpIntoLoops = true;
+            m_mayEnterBlocks = true;
             const auto [entry, isNew] = m_labels.try_emplace(modTextCase::ToLower(label->Label));
             if (!isNew) {
                 Error(
@@ -32,7 +36,7 @@ void ProcedureCompiler::CollectLabels(const Block& block) {
                 entry->second = {m_code.NewLabel(), statement.Place, false, label->Label, m_around};
             }
         } else if (std::holds_alternative<OnErrorStatement>(statement.Node)) {
-            m_mayJumpIntoLoops = true;
+            m_mayEnterBlocks = true;
         } else if (const auto* choice = std::get_if<IfStatement>(&statement.Node)) {
             for (const IfBranch& branch : choice->Branches) {
                 CollectLabels(branch.Body);
@@ -54,28 +58,28 @@ void ProcedureCompiler::CollectLabels(const Block& block) {
     }
 }
 
-void ProcedureCompiler::CollectLabelsIn(const void* node, const Block& body) {
+void JumpCompiler::CollectLabelsIn(const void* node, const Block& body) {
     m_outer.emplace(node, m_around);
     const void* const around = std::exchange(m_around, node);
     CollectLabels(body);
     m_around = around;
 }
 
-void ProcedureCompiler::LeaveBlock(const HeldBlock& block) {
+void JumpCompiler::LeaveBlock(const HeldBlock& block) {
     m_code.Emit(Opcode::LeaveBlock, block.State);
 }
 
-/// A jump lets go of the arrays that the blocks it leaves keep locked.
-void ProcedureCompiler::LeaveBlocksFor(const std::string& label) {
+void JumpCompiler::LeaveBlocksFor(const std::string& label) {
     const auto found = m_labels.find(modTextCase::ToLower(label));
-    if (m_held.empty() || found == m_labels.end()) {
+    if (m_context.Blocks.Held.empty() || found == m_labels.end()) {
         return;
     }
     std::vector<const void*> around;
     for (const void* node = found->second.Around; node != nullptr; node = m_outer[node]) {
         around.push_back(node);
     }
-    for (auto block = m_held.rbegin(); block != m_held.rend(); ++block) {
+    for (auto block = m_context.Blocks.Held.rbegin(); block != m_context.Blocks.Held.rend();
+         ++block) {
         if (std::find(around.begin(), around.end(), block->Node) != around.end()) {
             return;
         }
@@ -83,7 +87,7 @@ void ProcedureCompiler::LeaveBlocksFor(const std::string& label) {
     }
 }
 
-Label ProcedureCompiler::LabelOf(const std::string& name, SourcePlace place) {
+Label JumpCompiler::LabelOf(const std::string& name, SourcePlace place) {
     const auto found = m_labels.find(modTextCase::ToLower(name));
     if (found != m_labels.end()) {
         found->second.IsUsed = true;
@@ -93,7 +97,7 @@ Label ProcedureCompiler::LabelOf(const std::string& name, SourcePlace place) {
     return m_code.Here();
 }
 
-void ProcedureCompiler::WarnOfUnusedLabels() {
+void JumpCompiler::WarnOfUnusedLabels() {
     for (const auto& [name, entry] : m_labels) {
         if (!entry.IsUsed && !IsLineNumber(name)) {
             m_scope.Messages.Warn(entry.Place, "The label '" + entry.Name + "' is not used");
@@ -101,7 +105,7 @@ void ProcedureCompiler::WarnOfUnusedLabels() {
     }
 }
 
-void ProcedureCompiler::On(const LabelStatement& node, SourcePlace place) {
+void JumpCompiler::Compile(const LabelStatement& node, SourcePlace place) {
     const auto found = m_labels.find(modTextCase::ToLower(node.Label));
     if (found == m_labels.end() || found->second.Place != place) {
         return;
@@ -114,21 +118,21 @@ void ProcedureCompiler::On(const LabelStatement& node, SourcePlace place) {
     }
 }
 
-void ProcedureCompiler::On(const GoToStatement& node, SourcePlace place) {
+void JumpCompiler::Compile(const GoToStatement& node, SourcePlace place) {
     LeaveBlocksFor(node.Label);
     m_code.EmitJump(Opcode::JumpCounted, LabelOf(node.Label, place));
 }
 
-void ProcedureCompiler::On(const GoSubStatement& node, SourcePlace place) {
+void JumpCompiler::Compile(const GoSubStatement& node, SourcePlace place) {
     m_code.EmitJump(Opcode::GoSub, LabelOf(node.Label, place));
 }
 
-void ProcedureCompiler::On(const ReturnStatement&, SourcePlace) {
+void JumpCompiler::Compile(const ReturnStatement&, SourcePlace) {
     m_code.Emit(Opcode::ReturnFromGoSub);
 }
 
-void ProcedureCompiler::On(const OnJumpStatement& node, SourcePlace place) {
-    const Register selector = LongSlotOf(Evaluate(*node.Selector));
+void JumpCompiler::Compile(const OnJumpStatement& node, SourcePlace place) {
+    const Register selector = Operands().LongSlotOf(Expressions().Evaluate(*node.Selector));
     SwitchTable table;
     table.First = 1;
     for (const std::string& label : node.Labels) {
@@ -143,31 +147,50 @@ void ProcedureCompiler::On(const OnJumpStatement& node, SourcePlace place) {
     m_code.Bind(behind);
 }
 
-void ProcedureCompiler::On(const OnErrorStatement& node, SourcePlace place) {
-    switch (node.Policy) {
-        case ErrorPolicy::GoToLabel:
-            m_hasHandler = true;
-            m_code.EmitJump(Opcode::HandlerTo, LabelOf(node.Label, place));
-            break;
-        case ErrorPolicy::ResumeNext: m_code.Emit(Opcode::HandlerNext); break;
-        case ErrorPolicy::Off: m_code.Emit(Opcode::HandlerOff); break;
-        case ErrorPolicy::EndHandler: m_code.Emit(Opcode::HandlerEnd); break;
+void JumpCompiler::EmitReturn() {
+    if (!m_context.Result) {
+        m_code.Emit(Opcode::Return);
+    } else {
+        m_code.Emit(
+            IsPlain(m_context.Result->Type) ? Opcode::ReturnPlain : Opcode::ReturnValue,
+            static_cast<Register>(m_context.Result->Index));
     }
 }
 
-void ProcedureCompiler::On(const ResumeStatement& node, SourcePlace place) {
-    switch (node.Kind) {
-        case ResumeKind::Same: m_code.Emit(Opcode::ResumeSame); break;
-        case ResumeKind::Next: m_code.Emit(Opcode::ResumeNext); break;
-        case ResumeKind::Label:
-            LeaveBlocksFor(node.Label);
-            m_code.EmitJump(Opcode::ResumeLabel, LabelOf(node.Label, place));
-            break;
+void JumpCompiler::Compile(const ExitStatement& node, SourcePlace place) {
+    const bool leavesProcedure = node.Kind == ExitKind::Sub || node.Kind == ExitKind::Function ||
+                                 node.Kind == ExitKind::Property;
+    if (leavesProcedure) {
+        const ProcedureKind kind = m_context.Node.Kind;
+        const bool fits = (node.Kind == ExitKind::Sub && kind == ProcedureKind::Sub) ||
+                          (node.Kind == ExitKind::Function && kind == ProcedureKind::Function) ||
+                          (node.Kind == ExitKind::Property && kind > ProcedureKind::Function);
+        if (!fits) {
+            Error(
+                compileerror::kInvalidExit,
+                place,
+                "This Exit does not fit the procedure around it");
+        }
+        m_code.Emit(Opcode::ClearError);
+        EmitReturn();
+        return;
     }
-}
-
-void ProcedureCompiler::On(const ErrorStatement& node, SourcePlace) {
-    m_code.Emit(Opcode::RaiseNumber, LongSlotOf(Evaluate(*node.Number)));
+    for (std::size_t i = m_context.Blocks.Loops.size(); i-- > 0;) {
+        if (m_context.Blocks.Loops[i].Kind == node.Kind) {
+            for (auto block = m_context.Blocks.Held.rbegin();
+                 block != m_context.Blocks.Held.rend() && block->Loops > i;
+                 ++block) {
+                LeaveBlock(*block);
+            }
+            m_code.EmitJump(Opcode::Jump, m_context.Blocks.Loops[i].Exit);
+            return;
+        }
+    }
+    Error(
+        compileerror::kInvalidExit,
+        place,
+        node.Kind == ExitKind::Do ? "'Exit Do' stands outside any Do loop"
+                                  : "'Exit For' stands outside any For loop");
 }
 
 }  // namespace dorvik::basic
