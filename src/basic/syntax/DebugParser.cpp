@@ -1,11 +1,10 @@
-#include "OperatorTable.h"
-#include "StatementParser.h"
+#include "DebugParser.h"
 
 #include <utility>
 
 namespace dorvik::basic {
 
-void StatementParser::ParseDebugPrint() {
+void DebugParser::ParseDebugPrint() {
     const SourcePlace place = m_cursor.Take().Place;
     m_cursor.Take();
     m_cursor.Take();
@@ -13,10 +12,10 @@ void StatementParser::ParseDebugPrint() {
     while (!m_cursor.AtEnd() && !m_cursor.HasFailed()) {
         statement.Parts.push_back(ParsePrintPart());
     }
-    Add(place, std::move(statement));
+    m_context.Add(place, std::move(statement));
 }
 
-PrintPart StatementParser::ParsePrintPart() {
+PrintPart DebugParser::ParsePrintPart() {
     PrintPart part;
     const bool isSpaces = m_cursor.At(Keyword::Spc);
     const bool isTab = m_cursor.At(Keyword::Tab);
@@ -42,12 +41,12 @@ PrintPart StatementParser::ParsePrintPart() {
     return part;
 }
 
-void StatementParser::ParseDebugAssert() {
+void DebugParser::ParseDebugAssert() {
     const SourcePlace place = m_cursor.Take().Place;
     m_cursor.Take();
     m_cursor.Take();
     ExpressionPointer condition = m_expressions.ParseExpression();
-    Add(place, DebugAssertStatement{std::move(condition)});
+    m_context.Add(place, DebugAssertStatement{std::move(condition)});
 }
 
 }  // namespace dorvik::basic

@@ -1,4 +1,5 @@
-#include "StatementParser.h"
+#include "LoopParser.h"
+
 #include "base/modTextCase.h"
 
 #include <utility>
@@ -6,7 +7,7 @@
 namespace dorvik::basic {
 
 /// A variable, or a member of one; `name` is that of a plain variable in lower case.
-ExpressionPointer StatementParser::ParseLoopVariable(std::string& name) {
+ExpressionPointer LoopParser::ParseLoopVariable(std::string& name) {
     const SourcePlace place = m_cursor.Place();
     ExpressionPointer variable = m_expressions.ParseTarget();
     if (!variable) {
@@ -20,7 +21,7 @@ ExpressionPointer StatementParser::ParseLoopVariable(std::string& name) {
     if (name.empty()) {
         return variable;
     }
-    if (const OpenBlock* outer = m_blocks.FindVariable(name)) {
+    if (const OpenBlock* outer = m_context.Blocks.FindVariable(name)) {
         m_cursor.FailAt(
             place,
             parseerror::kInvalidForVariable,
@@ -29,7 +30,7 @@ ExpressionPointer StatementParser::ParseLoopVariable(std::string& name) {
     return variable;
 }
 
-void StatementParser::ParseFor() {
+void LoopParser::ParseFor() {
     const SourcePlace place = m_cursor.Take().Place;
     if (m_cursor.TakeIf(Keyword::Each)) {
         ParseForEach(place);
@@ -45,21 +46,21 @@ void StatementParser::ParseFor() {
     if (m_cursor.At(TokenKind::Name) && m_cursor.TakeIf(Keyword::Step)) {
         statement.Step = m_expressions.ParseExpression();
     }
-    Open(BlockKind::For, place, std::move(statement));
-    m_blocks.Top().Variable = std::move(name);
+    m_context.Open(BlockKind::For, place, std::move(statement));
+    m_context.Blocks.Top().Variable = std::move(name);
 }
 
-void StatementParser::ParseForEach(SourcePlace place) {
+void LoopParser::ParseForEach(SourcePlace place) {
     ForEachStatement statement;
     std::string name;
     statement.Variable = ParseLoopVariable(name);
     m_cursor.Expect(Keyword::In, parseerror::kExpectedIn);
     statement.Collection = m_expressions.ParseExpression();
-    Open(BlockKind::ForEach, place, std::move(statement));
-    m_blocks.Top().Variable = std::move(name);
+    m_context.Open(BlockKind::ForEach, place, std::move(statement));
+    m_context.Blocks.Top().Variable = std::move(name);
 }
 
-void StatementParser::ParseNext() {
+void LoopParser::ParseNext() {
     const Token next = m_cursor.Take();
     if (m_cursor.AtEnd()) {
         CloseLoopOf(next, nullptr);
@@ -73,38 +74,39 @@ void StatementParser::ParseNext() {
     } while (m_cursor.TakeIf(TokenKind::Comma));
 }
 
-bool StatementParser::CloseLoopOf(const Token& next, const ExpressionPointer& variable) {
-    if (!m_blocks.Expose(BlockKind::For, BlockKind::ForEach, "Next", next.Place)) {
-        if (!m_blocks.TakeOrphan(BlockKind::For) && !m_blocks.TakeOrphan(BlockKind::ForEach)) {
+bool LoopParser::CloseLoopOf(const Token& next, const ExpressionPointer& variable) {
+    if (!m_context.Blocks.Expose(BlockKind::For, BlockKind::ForEach, "Next", next.Place)) {
+        if (!m_context.Blocks.TakeOrphan(BlockKind::For) &&
+            !m_context.Blocks.TakeOrphan(BlockKind::ForEach)) {
             m_cursor.FailAt(next.Place, parseerror::kUnexpectedNext);
         }
         return !m_cursor.HasFailed();
     }
-    OpenBlock& top = m_blocks.Top();
+    OpenBlock& top = m_context.Blocks.Top();
     const auto* plain = variable ? std::get_if<NameNode>(&variable->Node) : nullptr;
     const std::string name = plain ? modTextCase::ToLower(plain->Name) : std::string();
     if (plain && !top.Variable.empty() && name != top.Variable) {
         // Two loops that end in the wrong order are told once.
-        if (name != m_body.CrossedVariable) {
+        if (name != m_context.Body.CrossedVariable) {
             m_cursor.FailAt(
                 variable->Place,
                 parseerror::kInvalidForVariable,
                 "'Next " + plain->Name + "' does not belong to the 'For' in line " +
                     std::to_string(top.Place.Line));
         }
-        m_body.CrossedVariable = top.Variable;
+        m_context.Body.CrossedVariable = top.Variable;
     }
     if (auto* loop = std::get_if<ForStatement>(&top.Node.Node)) {
         loop->NextPlace = next.Place;
     } else {
         std::get<ForEachStatement>(top.Node.Node).NextPlace = next.Place;
     }
-    m_blocks.Pop();
-    UpdateWith();
+    m_context.Blocks.Pop();
+    m_context.UpdateWith();
     return true;
 }
 
-LoopTest StatementParser::TakeLoopTest() {
+LoopTest LoopParser::TakeLoopTest() {
     if (m_cursor.TakeIf(Keyword::While)) {
         return LoopTest::While;
     }
@@ -117,27 +119,27 @@ LoopTest StatementParser::TakeLoopTest() {
     return LoopTest::None;
 }
 
-void StatementParser::ParseDo() {
+void LoopParser::ParseDo() {
     const SourcePlace place = m_cursor.Take().Place;
     LoopStatement statement;
     statement.TestBefore = TakeLoopTest();
     if (statement.TestBefore != LoopTest::None) {
         statement.Condition = m_expressions.ParseExpression();
     }
-    Open(BlockKind::Do, place, std::move(statement));
+    m_context.Open(BlockKind::Do, place, std::move(statement));
 }
 
-void StatementParser::ParseLoop() {
+void LoopParser::ParseLoop() {
     const SourcePlace place = m_cursor.Take().Place;
-    if (!m_blocks.Expose(BlockKind::Do, BlockKind::Do, "Loop", place)) {
-        if (!m_blocks.TakeOrphan(BlockKind::Do)) {
+    if (!m_context.Blocks.Expose(BlockKind::Do, BlockKind::Do, "Loop", place)) {
+        if (!m_context.Blocks.TakeOrphan(BlockKind::Do)) {
             m_cursor.FailAt(place, parseerror::kLoopWithoutDo);
         }
         m_cursor.TakeToEnd();
         return;
     }
-    UpdateWith();
-    auto& statement = std::get<LoopStatement>(m_blocks.Top().Node.Node);
+    m_context.UpdateWith();
+    auto& statement = std::get<LoopStatement>(m_context.Blocks.Top().Node.Node);
     statement.LoopPlace = place;
     const SourcePlace testPlace = m_cursor.Place();
     const LoopTest test = TakeLoopTest();
@@ -148,25 +150,25 @@ void StatementParser::ParseLoop() {
         statement.TestAfter = test;
         statement.Condition = m_expressions.ParseExpression();
     }
-    m_blocks.Pop();
-    UpdateWith();
+    m_context.Blocks.Pop();
+    m_context.UpdateWith();
 }
 
-void StatementParser::ParseWhile() {
+void LoopParser::ParseWhile() {
     const SourcePlace place = m_cursor.Take().Place;
     LoopStatement statement;
     statement.IsWhileWend = true;
     statement.TestBefore = LoopTest::While;
     statement.Condition = m_expressions.ParseExpression();
-    Open(BlockKind::While, place, std::move(statement));
+    m_context.Open(BlockKind::While, place, std::move(statement));
 }
 
-void StatementParser::ParseWend() {
+void LoopParser::ParseWend() {
     const SourcePlace place = m_cursor.Take().Place;
-    if (m_blocks.Expose(BlockKind::While, BlockKind::While, "Wend", place)) {
-        std::get<LoopStatement>(m_blocks.Top().Node.Node).LoopPlace = place;
+    if (m_context.Blocks.Expose(BlockKind::While, BlockKind::While, "Wend", place)) {
+        std::get<LoopStatement>(m_context.Blocks.Top().Node.Node).LoopPlace = place;
     }
-    CloseSimple(BlockKind::While, "Wend", "While", place);
+    m_context.CloseSimple(BlockKind::While, "Wend", "While", place);
 }
 
 }  // namespace dorvik::basic
