@@ -69,7 +69,7 @@ TEST(CompilerMessages, ADuplicateNameTellsBothScripts) {
     ASSERT_FALSE(engine.LoadText("m.dvs", "\nSub Help\nEnd Sub\n\nSub Help\nEnd Sub\n"));
     EXPECT_EQ(
         engine.LoadErrors().front().Text,
-        "Name redefined: 'Help' stands in line 2 of rule 9 (B) (line 5 of the module) and in "
+        "Name redefined: 'Help' is defined in line 2 of rule 9 (B) (line 5 of the module) and in "
         "line 2 of rule 7 (A) (line 2 of the module)");
     EXPECT_EQ(engine.ErrorText().substr(0, 10), "m.dvs(5, 5");
 }

@@ -77,7 +77,7 @@ constexpr ExtensionRow kExtensionRows[] = {
      " 0 \n"},
     {"the bare prefix is no value",
      "x = Dorvik",
-     "Compile error 1002: 'Dorvik' is no value: a point and the name of a member must follow\n"},
+     "Compile error 1002: 'Dorvik' is not a value: a point and the name of a member must follow\n"},
 };
 INSTANTIATE_TEST_SUITE_P(Rows, Extension, testing::ValuesIn(kExtensionRows));
 

@@ -200,7 +200,7 @@ TEST(Lexer, DatesAreRead) {
         {"#1/31/2000#", "#36556#"},
         {"#13:00:05#", "#0.541724537037037#"},
         {"#Jan 31, 2000 6:00 PM#", "#36556.75#"},
-        {"#13/45/2000#", "2:5 1002 '#13/45/2000#' is no date"},
+        {"#13/45/2000#", "2:5 1002 '#13/45/2000#' is not a date"},
     };
     for (const TokenRow& row : rows) {
         EXPECT_EQ(ExpressionText(row.Source), row.Expected) << row.Source;

@@ -72,9 +72,9 @@ TEST(ParserErrors, SomethingBehindAStatementIsNamed) {
          "2:8 1025 Expected end of statement: 'Return' gives no value; assign it to the name of "
          "the function"},
         {"Call Foo a",
-         "2:10 1025 Expected end of statement: the arguments of 'Call' stand in parentheses"},
+         "2:10 1025 Expected end of statement: the arguments of 'Call' must be in parentheses"},
         {"Call Foo (a), b",
-         "2:13 1025 Expected end of statement: the arguments of 'Call' stand in parentheses"},
+         "2:13 1025 Expected end of statement: the arguments of 'Call' must be in parentheses"},
         {"Do While a\nLoop Until b",
          "3:6 1025 Expected end of statement: the 'Do' has a condition already"},
         {"If a Then b Else c Else d", "2:20 1025 Expected end of statement"},
@@ -112,8 +112,8 @@ TEST(ParserErrors, ParenthesesAroundTheArgumentsOfACallStatement) {
 
 TEST(ParserErrors, ArgumentsWithoutANameStandBeforeThoseWithOne) {
     ExpectBodyErrors({
-        {"Foo a:=1, 2", "2:11 1002 An argument without a name stands behind a named one"},
-        {"x = f(a:=1, , b:=2)", "2:13 1002 An argument without a name stands behind a named one"},
+        {"Foo a:=1, 2", "2:11 1002 An argument without a name follows a named one"},
+        {"x = f(a:=1, , b:=2)", "2:13 1002 An argument without a name follows a named one"},
     });
 }
 
@@ -144,7 +144,7 @@ TEST(ParserErrors, CrossedBlocksAreReportedOnce) {
          "4:6 1040 Invalid 'For' loop control variable: 'Next i' does not belong to the 'For' in "
          "line 3"},
         {"If a Then For i = 1 To 2\nx\nNext",
-         "2:11 1020 Expected 'Next' on the same line: the block began behind a single-line 'If'"},
+         "2:11 1020 Expected 'Next' on the same line: the block began after a single-line 'If'"},
     });
 }
 
@@ -160,11 +160,11 @@ TEST(ParserErrors, AClosingWordWithoutItsBlock) {
         {"End Select", "2:1 1002 'End Select' without 'Select Case'"},
         {"Case 1", "2:1 1002 'Case' without 'Select Case'"},
         {"End With", "2:1 1002 'End With' without 'With'"},
-        {"If a Then\nElse\nElse\nEnd If", "4:1 1002 'Else' behind 'Else'"},
-        {"If a Then\nElse\nElseIf b Then\nEnd If", "4:1 1002 'ElseIf' behind 'Else'"},
-        {"Select Case a\nCase Else\nCase 1\nEnd Select", "4:1 1002 'Case' behind 'Case Else'"},
+        {"If a Then\nElse\nElse\nEnd If", "4:1 1002 'Else' after 'Else'"},
+        {"If a Then\nElse\nElseIf b Then\nEnd If", "4:1 1002 'ElseIf' after 'Else'"},
+        {"Select Case a\nCase Else\nCase 1\nEnd Select", "4:1 1002 'Case' after 'Case Else'"},
         {"Select Case a\nx\ny\nCase 1\nEnd Select",
-         "3:1 1021 Expected 'Case': no statement can stand before the first one"},
+         "3:1 1021 Expected 'Case': no statement can come before the first one"},
         {"If a Then x: End If", "2:14 1002 'End If' cannot end a single-line 'If'"},
         {"If a Then\nx = 1: Else\nEnd If", "3:8 1042 Must be first statement on the line"},
         {"If a Then\nx = 1: End If", "3:8 1042 Must be first statement on the line"},
@@ -197,11 +197,11 @@ TEST(ParserErrors, ALineHasAtMostOneError) {
 TEST(ParserErrors, ExitStandsInWhatItLeaves) {
     ExpectBodyErrors({
         {"Exit For",
-         "2:1 1039 Invalid 'Exit' statement: 'Exit For' stands in nothing that it could leave"},
+         "2:1 1039 Invalid 'Exit' statement: 'Exit For' is not in anything that it could leave"},
         {"While a\nExit Do\nWend",
-         "3:1 1039 Invalid 'Exit' statement: 'Exit Do' stands in nothing that it could leave"},
+         "3:1 1039 Invalid 'Exit' statement: 'Exit Do' is not in anything that it could leave"},
         {"Exit Function",
-         "2:1 1039 Invalid 'Exit' statement: 'Exit Function' stands in nothing that it could "
+         "2:1 1039 Invalid 'Exit' statement: 'Exit Function' is not in anything that it could "
          "leave"},
         {"Exit While",
          "2:6 1039 Invalid 'Exit' statement: expected 'Sub', 'Function', 'Property', 'Do' or "
@@ -221,8 +221,8 @@ TEST(ParserErrors, ANestedForNeedsAVariableOfItsOwn) {
 
 TEST(ParserErrors, LabelsAreUniqueAndKnown) {
     ExpectBodyErrors({
-        {"L: x\nl: y", "3:1 1041 Name redefined: the label 'l' stands in line 2 already"},
-        {"1 x\n01 y", "3:1 1041 Name redefined: the label '1' stands in line 2 already"},
+        {"L: x\nl: y", "3:1 1041 Name redefined: the label 'l' is in line 2 already"},
+        {"1 x\n01 y", "3:1 1041 Name redefined: the label '1' is in line 2 already"},
         {"GoTo L", "2:6 1002 The label 'L' does not exist in this procedure"},
         {"If a Then 5", "2:11 1002 The label '5' does not exist in this procedure"},
         {"1 On x GoTo 1, 2", "2:16 1002 The label '2' does not exist in this procedure"},
@@ -242,54 +242,54 @@ TEST(ParserErrors, LabelsBelongToTheirProcedure) {
 
 TEST(ParserErrors, APointNeedsAWith) {
     ExpectBodyErrors({
-        {".x = 1", "2:1 1002 '.x' stands in no 'With'"},
-        {"With a\nEnd With\ny = !x", "4:5 1002 '!x' stands in no 'With'"},
+        {".x = 1", "2:1 1002 '.x' is not in a 'With'"},
+        {"With a\nEnd With\ny = !x", "4:5 1002 '!x' is not in a 'With'"},
     });
 }
 
 TEST(ParserErrors, DeclarationsOfModulesStandOutsideProcedures) {
     ExpectBodyErrors({
-        {"Public x", "2:1 1002 'Public' can stand outside procedures only"},
-        {"Private Const A = 1", "2:1 1002 'Private' can stand outside procedures only"},
-        {"Type T\nx As Long\nEnd Type", "2:1 1002 'Type' can stand outside procedures only"},
-        {"Enum E\nA\nEnd Enum", "2:1 1002 'Enum' can stand outside procedures only"},
-        {"Private Enum E\nA = \nEnd Enum", "2:1 1002 'Private' can stand outside procedures only"},
-        {"Type T\nx As Long", "2:1 1002 'Type' can stand outside procedures only"},
-        {"DefInt A-Z", "2:1 1002 'DefInt' can stand outside procedures only"},
-        {"Option Explicit", "2:1 1002 An 'Option' must stand before the first procedure"},
+        {"Public x", "2:1 1002 'Public' is allowed outside procedures only"},
+        {"Private Const A = 1", "2:1 1002 'Private' is allowed outside procedures only"},
+        {"Type T\nx As Long\nEnd Type", "2:1 1002 'Type' is allowed outside procedures only"},
+        {"Enum E\nA\nEnd Enum", "2:1 1002 'Enum' is allowed outside procedures only"},
+        {"Private Enum E\nA = \nEnd Enum", "2:1 1002 'Private' is allowed outside procedures only"},
+        {"Type T\nx As Long", "2:1 1002 'Type' is allowed outside procedures only"},
+        {"DefInt A-Z", "2:1 1002 'DefInt' is allowed outside procedures only"},
+        {"Option Explicit", "2:1 1002 An 'Option' must come before the first procedure"},
     });
 }
 
 TEST(ParserErrors, OptionsStandBeforeTheFirstProcedureAndOnce) {
     ExpectModuleErrors({
         {"Sub A()\nEnd Sub\nOption Explicit",
-         "3:1 1002 An 'Option' must stand before the first procedure"},
+         "3:1 1002 An 'Option' must come before the first procedure"},
         {"Option Explicit\nOption Explicit",
-         "2:1 1041 Name redefined: 'Option Explicit' stands in line 1 already"},
+         "2:1 1041 Name redefined: 'Option Explicit' is in line 1 already"},
         {"Option Base 2", "1:13 1002 'Option Base' must be 0 or 1"},
         {"Option Base x", "1:13 1026 Expected integer constant"},
         {"Option Compare Database", "1:16 1002 Expected 'Binary' or 'Text'"},
         {"Option Strict", "1:8 1002 Expected 'Explicit', 'Base', 'Compare' or 'Private Module'"},
         {"DefInt A-C\nDefStr B",
          "2:8 1041 Name redefined: the letter 'b' has a type from line 1 already"},
-        {"DefInt Z-A", "1:8 1002 The letters of a range stand in the order of the alphabet"},
+        {"DefInt Z-A", "1:8 1002 The letters of a range must be in alphabetical order"},
         {"DefInt xy", "1:8 1002 Expected a letter"},
-        {"Sub A()\nEnd Sub\nDefInt A", "3:1 1002 'DefInt' must stand before the first procedure"},
+        {"Sub A()\nEnd Sub\nDefInt A", "3:1 1002 'DefInt' must come before the first procedure"},
     });
 }
 
 TEST(ParserErrors, StatementsStandInProcedures) {
     ExpectModuleErrors({
-        {"x = 1", "1:1 1002 A statement must stand in a procedure"},
+        {"x = 1", "1:1 1002 A statement must be in a procedure"},
         {"x = 1\ny = 2\nIf a Then\nEnd If\nSub A()\nEnd Sub\nz = 1",
-         "1:1 1002 A statement must stand in a procedure\n"
-         "7:1 1002 A statement must stand in a procedure"},
+         "1:1 1002 A statement must be in a procedure\n"
+         "7:1 1002 A statement must be in a procedure"},
         {"End Sub", "1:1 1002 'End Sub' without 'Sub'"},
         {"Event X()", "1:1 1002 'Event' is not available in a module"},
         {"Class C\nSub A()\nEnd Sub\nEnd Class", "1:1 1002 'Class' is not available in a module"},
         {"Implements X", "1:1 1002 'Implements' is not available in a module"},
         {"Dim WithEvents x As Y", "1:5 1002 'WithEvents' is not available in a module"},
-        {"Static x", "1:1 1002 'Static' and 'Friend' stand before procedures only"},
+        {"Static x", "1:1 1002 'Static' and 'Friend' are allowed before procedures only"},
     });
 }
 
@@ -304,8 +304,7 @@ TEST(ParserErrors, AProcedureEndsWithItsOwnWords) {
         {"Sub A()\nIf x Then\nPrivate Function B()\nEnd Function",
          "1:5 1014 Expected 'End Sub': 'Private' in line 3 comes before it\n"
          "2:1 1014 Expected 'End If': 'Private' in line 3 comes before it"},
-        {"Sub A()\nIf x Then End Sub",
-         "2:11 1002 'End Sub' cannot stand behind a single-line 'If'"},
+        {"Sub A()\nIf x Then End Sub", "2:11 1002 'End Sub' cannot follow a single-line 'If'"},
     });
 }
 
@@ -317,12 +316,11 @@ TEST(ParserErrors, HeadsOfProcedures) {
         {"Sub A$()\nEnd Sub", "1:5 1002 Only a function has a type suffix"},
         {"Property A()\nEnd Property", "1:10 1049 Expected Let, Set or Get"},
         {"Property Let A()\nEnd Property", "1:14 1054 Property Let or Set needs an argument"},
-        {"Sub A(Optional a, b)\nEnd Sub",
-         "1:19 1002 A required parameter stands behind an optional one"},
+        {"Sub A(Optional a, b)\nEnd Sub", "1:19 1002 A required parameter follows an optional one"},
         {"Sub A(ParamArray a(), b)\nEnd Sub",
          "1:23 1002 A 'ParamArray' must be the last parameter"},
         {"Sub A(Optional a, ParamArray b())\nEnd Sub",
-         "1:30 1002 A 'ParamArray' cannot stand behind an optional parameter"},
+         "1:30 1002 A 'ParamArray' cannot follow an optional parameter"},
         {"Sub A(ParamArray a)\nEnd Sub",
          "1:18 1002 A 'ParamArray' is written 'ParamArray name() As Variant'"},
         {"Sub A(ParamArray a() As Long)\nEnd Sub",

@@ -174,7 +174,7 @@ TEST_F(RulebaseCheckCommand, ScriptsUseEachOthersProceduresAndMustNotShareAName)
         FoundIn({helper + "Sub Main()\nEnd Sub", "Sub Main()\nEnd Sub\n" + helper});
     EXPECT_THAT(found, HasSubstr("'R6002', Condition: line 3, column "));
     EXPECT_THAT(
-        found, HasSubstr("Name redefined: 'Twice' stands in line 3 of CodingConvention 6002"));
+        found, HasSubstr("Name redefined: 'Twice' is defined in line 3 of CodingConvention 6002"));
     EXPECT_THAT(found, HasSubstr("line 1 of CodingConvention 6001 'R6001'"));
 }
 
@@ -248,7 +248,7 @@ TEST_F(RulebaseCheckCommand, ACompileErrorHidesNoHintOfAnotherRule) {
         FoundIn({"Sub Main()\nExit Function\nEnd Sub", "Sub Main()\nDovrik.Raise\nEnd Sub"}),
         Line(
             6001,
-            "line 2, column 1: Invalid 'Exit' statement: 'Exit Function' stands in nothing that it "
+            "line 2, column 1: Invalid 'Exit' statement: 'Exit Function' is not in anything that it "
             "could leave") +
             Line(6002, "line 2, column 1: 'Dovrik' is read and never set"));
 }
@@ -275,7 +275,7 @@ TEST_F(RulebaseCheckCommand, HabitsOfOtherLanguagesGetAHint) {
         {"If a == 1 Then b = 1", "'==' is written '=' here"},
         {"// a comment", "a comment begins with ' here"},
         {"b = 1 // a comment", "a comment begins with ' here"},
-        {"b = 'abc'", "a ' begins a comment; a text stands in double quotes"},
+        {"b = 'abc'", "a ' begins a comment; a string is in double quotes"},
         {"If b = \"abc Then", "the text at the end of the line has no closing quote"},
         {"b = Left(\"abc, 2)", "the text at the end of the line has no closing quote"},
     };

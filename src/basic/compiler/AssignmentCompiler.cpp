@@ -66,7 +66,7 @@ void AssignmentCompiler::AssignVariable(
     }
 }
 
-/// `s = s & a & b` grows the text of s in place when nobody else has it.
+/// `s = s & a & b` extends the text of s in place when no one else shares it.
 bool AssignmentCompiler::TryAppend(const Variable& variable, const Expression& value) {
     if (variable.Type.Kind != DeclaredKind::String && variable.Type.Kind != DeclaredKind::Variant) {
         return false;

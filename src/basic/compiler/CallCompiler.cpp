@@ -318,7 +318,7 @@ void CallCompiler::Compile(const CallStatement& node, SourcePlace place) {
             Error(
                 compileerror::kOther,
                 node.Callee->Place,
-                "'" + name->Name + "' is no procedure that could be called");
+                "'" + name->Name + "' is not a procedure and cannot be called");
         }
         return;
     }

@@ -155,7 +155,7 @@ Operand ExpressionCompiler::EvaluateSymbol(
             Error(
                 compileerror::kOther,
                 place,
-                "'" + name + "' is no value: a point and the name of a member must follow");
+                "'" + name + "' is not a value: a point and the name of a member must follow");
             return Operands().Nothing();
         case NameMeaning::Kind::Type:
             Error(compileerror::kOther, place, "'" + name + "' is a type, not a value");

@@ -25,7 +25,7 @@ const ExtensionMember* FindMember(const ExtensionEntry& extension, const std::st
 
 }  // namespace
 
-/// Something that can be told now but must not keep the module from loading.
+/// An error that is known already but must not keep the module from loading.
 Operand ExtensionCompiler::RaiseAtRun(std::int32_t number, SourcePlace place, std::string warning) {
     m_scope.Messages.Warn(place, std::move(warning));
     m_code.Emit(Opcode::Raise, static_cast<Register>(number));
@@ -110,7 +110,7 @@ Operand ExtensionCompiler::Call(
 }
 
 /// Puts the present value of an out argument into its slot and remembers where the new one goes.
-/// False if it is no variable: then the new value is lost.
+/// False if it is not a variable: then the new value is lost.
 bool ExtensionCompiler::PassOut(
     const Argument& argument,
     Register slot,

@@ -30,7 +30,7 @@ void JumpCompiler::CollectLabels(const Block& block) {
                 Error(
                     compileerror::kRedefined,
                     statement.Place,
-                    "The label '" + label->Label + "' stands in line " +
+                    "The label '" + label->Label + "' is in line " +
                         std::to_string(entry->second.Place.Line) + " already");
             } else {
                 entry->second = {m_code.NewLabel(), statement.Place, false, label->Label, m_around};
@@ -189,8 +189,8 @@ void JumpCompiler::Compile(const ExitStatement& node, SourcePlace place) {
     Error(
         compileerror::kInvalidExit,
         place,
-        node.Kind == ExitKind::Do ? "'Exit Do' stands outside any Do loop"
-                                  : "'Exit For' stands outside any For loop");
+        node.Kind == ExitKind::Do ? "'Exit Do' is outside any Do loop"
+                                  : "'Exit For' is outside any For loop");
 }
 
 }  // namespace dorvik::basic

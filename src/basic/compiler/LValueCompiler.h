@@ -9,7 +9,7 @@
 
 namespace dorvik::basic {
 
-/// Tells whether an expression can be assigned to, and makes references to those that can.
+/// Finds out whether an expression can be assigned to, and makes references to those that can.
 class LValueCompiler : private ProcedurePart {
 public:
     explicit LValueCompiler(ProcedureContext& context) : ProcedurePart(context) {}
@@ -17,7 +17,7 @@ public:
     /// The slot `pin` keeps the array until it is cleared.
     void ReferToElement(
         const Operand& array, const std::vector<Argument>& indices, Register pin, Register target);
-    /// Tells what an expression stands for if something can be stored there, without writing code.
+    /// What an expression stands for if something can be stored there. Writes no code.
     LValue LValueOf(const Expression& expression);
     /// `a()` of a whole array stands for the array itself.
     const Expression& WithoutEmptyParentheses(const Expression& expression);
@@ -29,7 +29,7 @@ public:
         Register target,
         std::vector<AfterCall>& after);
     /// The array or object in whose element something is stored. What an object or a function gives is not a variable:
-    /// of an array that comes from there a copy is changed, and nobody sees that.
+    /// an array that comes from there is copied first, so that the change is lost.
     Operand HolderOf(const Expression& expression);
 
 private:

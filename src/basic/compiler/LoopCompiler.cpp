@@ -27,7 +27,7 @@ bool LoopCompiler::IsControlVariable(const std::string& lower) const {
     return false;
 }
 
-/// The variable of a For, which must be a plain name. False if it is not; that has been told then.
+/// The variable of a For, which must be a plain name. False if it is not; that has been reported then.
 bool LoopCompiler::FindControlVariable(
     const Expression& expression, Variable& variable, std::string& lower) {
     const auto* name = std::get_if<NameNode>(&expression.Node);
@@ -223,7 +223,7 @@ void LoopCompiler::Compile(const ForEachStatement& node, SourcePlace place) {
     Statements().CompileBlock(node.Body);
     m_context.Blocks.Loops.pop_back();
     m_context.Blocks.Held.pop_back();
-    // After a failed header the loop was entered without a state: the Next tells.
+    // After an error in the header the loop was entered without a state: then the Next is an error.
     const Label next = m_code.Here();
     m_code.Mark(node.NextPlace.Line, next, exit);
     m_code.Emit(Opcode::ForGuard, state);

@@ -88,8 +88,8 @@ const ExtensionEntry* ModuleScope::FindExtension(std::string_view name) const {
     return nullptr;
 }
 
-const Value*
-ModuleScope::FindConstant(const std::string& qualifier, const std::string& name, bool& wasTold) {
+const Value* ModuleScope::FindConstant(
+    const std::string& qualifier, const std::string& name, bool& wasReported) {
     if (!qualifier.empty()) {
         const Symbol* symbol = Find(qualifier);
         if (symbol == nullptr || symbol->Kind != SymbolKind::Enum) {
@@ -97,28 +97,29 @@ ModuleScope::FindConstant(const std::string& qualifier, const std::string& name,
         }
         const auto& members = m_enums[symbol->Index];
         const auto found = members.find(modTextCase::ToLower(name));
-        return found == members.end() ? nullptr : Compute(m_constants[found->second], wasTold);
+        return found == members.end() ? nullptr : Compute(m_constants[found->second], wasReported);
     }
     if (name.starts_with(kLanguagePrefix)) {
         return FindBuiltinConstant(name.substr(kLanguagePrefix.size()));
     }
     if (const Symbol* symbol = Find(name)) {
-        return symbol->Kind == SymbolKind::Constant ? Compute(m_constants[symbol->Index], wasTold)
-                                                    : nullptr;
+        return symbol->Kind == SymbolKind::Constant
+                   ? Compute(m_constants[symbol->Index], wasReported)
+                   : nullptr;
     }
     return FindBuiltinConstant(name);
 }
 
 const Value* ModuleScope::ConstantAt(std::uint32_t index) {
-    bool wasTold = false;
-    return Compute(m_constants[index], wasTold);
+    bool wasReported = false;
+    return Compute(m_constants[index], wasReported);
 }
 
 const RecordType& ModuleScope::RecordAt(std::int32_t record) const {
     return Result->Records[static_cast<std::size_t>(record)];
 }
 
-const Value* ModuleScope::Compute(ConstantEntry& entry, bool& wasTold) {
+const Value* ModuleScope::Compute(ConstantEntry& entry, bool& wasReported) {
     if (entry.State == Progress::Running) {
         Messages.Error(
             compileerror::kOther,
@@ -142,7 +143,7 @@ const Value* ModuleScope::Compute(ConstantEntry& entry, bool& wasTold) {
             }
             const Value* start =
                 before < 0 ? nullptr
-                           : Compute(m_constants[static_cast<std::size_t>(before)], wasTold);
+                           : Compute(m_constants[static_cast<std::size_t>(before)], wasReported);
             if (before < 0 || start != nullptr) {
                 const std::int64_t number =
                     (start ? std::int64_t{start->AsLong()} + 1 : 0) + distance;
@@ -162,7 +163,7 @@ const Value* ModuleScope::Compute(ConstantEntry& entry, bool& wasTold) {
             entry.Result = *value;
         }
     }
-    wasTold = wasTold || entry.State == Progress::Failed;
+    wasReported = wasReported || entry.State == Progress::Failed;
     return entry.State == Progress::Done ? &entry.Result : nullptr;
 }
 

@@ -30,13 +30,13 @@ public:
         std::span<const ExtensionEntry> extensions,
         std::span<const ScriptOrigin> origins);
 
-    /// Takes in everything that stands outside the procedures, and the procedures' heads.
+    /// Declares everything outside the procedures, and the heads of the procedures.
     void Declare();
 
     const Symbol* Find(std::string_view name) const;
     const ExtensionEntry* FindExtension(std::string_view name) const;
     const Value*
-    FindConstant(const std::string& qualifier, const std::string& name, bool& wasTold) override;
+    FindConstant(const std::string& qualifier, const std::string& name, bool& wasReported) override;
     const Value* ConstantAt(std::uint32_t index);
 
     /// A `Type` of the module by its index. REQUIRES: there is one.
@@ -69,7 +69,6 @@ private:
         DeclaredType Type;
         bool HasType = false;
         int Previous = -1;  // of an enum's member without a value: the member before it
-        bool IsEnumMember = false;
         Progress State = Progress::Waiting;
         Value Result;
     };
@@ -89,7 +88,7 @@ private:
     void CheckProperties();
     void CheckProperty(const std::string& name, const Symbol& symbol);
     void CheckRecordDepth();
-    const Value* Compute(ConstantEntry& entry, bool& wasTold);
+    const Value* Compute(ConstantEntry& entry, bool& wasReported);
 
     std::span<const ExtensionEntry> m_extensions;
     std::unordered_map<std::string, Symbol> m_symbols;  // by the lower-case name

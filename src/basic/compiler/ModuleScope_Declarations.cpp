@@ -85,7 +85,6 @@ void ModuleScope::DeclareName(const EnumNode& node) {
         entry.Type.Kind = DeclaredKind::Long;
         entry.HasType = true;
         entry.Previous = previous;
-        entry.IsEnumMember = true;
         previous = static_cast<int>(m_constants.size());
         m_constants.push_back(std::move(entry));
     }
@@ -157,7 +156,7 @@ void ModuleScope::DeclareMembers(const RecordNode& node) {
     }
 }
 
-/// Levels are found by passes over all types, so that a long chain takes no stack.
+/// Each round over all types finds one more level, so that a long chain takes no stack.
 void ModuleScope::CheckRecordDepth() {
     std::vector<int> depths(Result->Records.size(), 1);
     bool changed = true;
@@ -232,8 +231,7 @@ void ModuleScope::DeclareHead(const ProcedureNode& node, Procedure& procedure) {
             Messages.Error(
                 compileerror::kOther,
                 parameter.Place,
-                "'" + parameter.Name +
-                    "' stands behind an Optional parameter and must be Optional too");
+                "'" + parameter.Name + "' follows an Optional parameter and must be Optional too");
         }
         if (parameter.IsParamArray && i + 1 != node.Parameters.size()) {
             Messages.Error(

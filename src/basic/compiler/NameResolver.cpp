@@ -20,19 +20,19 @@ const Value* NameResolver::EnumMemberOf(const MemberNode& node) {
     if (name == nullptr || Resolve(name->Name, 0).What != NameMeaning::Kind::Type) {
         return nullptr;
     }
-    bool wasTold = false;
-    return m_scope.FindConstant(name->Name, node.Name, wasTold);
+    bool wasReported = false;
+    return m_scope.FindConstant(name->Name, node.Name, wasReported);
 }
 
-const Value*
-NameResolver::FindConstant(const std::string& qualifier, const std::string& name, bool& wasTold) {
+const Value* NameResolver::FindConstant(
+    const std::string& qualifier, const std::string& name, bool& wasReported) {
     if (qualifier.empty()) {
         const auto found = m_locals.find(modTextCase::ToLower(name));
         if (found != m_locals.end()) {
             return found->second.Constant ? &*found->second.Constant : nullptr;
         }
     }
-    return m_scope.FindConstant(qualifier, name, wasTold);
+    return m_scope.FindConstant(qualifier, name, wasReported);
 }
 
 NameMeaning NameResolver::MeaningOf(const Symbol& symbol, const std::string& name, char suffix) {

@@ -26,9 +26,9 @@ public:
     void DeclareLocals(const Block& block);
     /// The extension that the name before a point stands for; null if it is anything else.
     const ExtensionEntry* ExtensionOf(const Expression* target);
-    /// `EName.Member`: the value, or null if the name before the point is no enum.
+    /// `EName.Member`: the value, or null if the name before the point is not an enum.
     const Value* EnumMemberOf(const MemberNode& node);
-    /// `ReDim` of a name that nobody declared declares it.
+    /// `ReDim` of a name without a declaration declares it.
     void DeclareRedimensioned(const RedimTarget& target);
     void DeclareParameters();
     bool HasLocal(const std::string& name) const;
@@ -43,7 +43,7 @@ private:
     };
 
     const Value*
-    FindConstant(const std::string& qualifier, const std::string& name, bool& wasTold) override;
+    FindConstant(const std::string& qualifier, const std::string& name, bool& wasReported) override;
     NameMeaning MeaningOf(const Symbol& symbol, const std::string& name, char suffix);
     NameMeaning MeaningInLanguage(const std::string& name, char suffix);
     Variable DeclareImplicit(const std::string& name, char suffix, SourcePlace place);

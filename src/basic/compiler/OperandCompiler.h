@@ -15,11 +15,11 @@ public:
 
     /// REQUIRES: the value outlives the compilation of the procedure.
     Operand ConstantOperand(const Value* value) const;
-    /// What stands in for an expression with an error.
+    /// Replaces an expression with an error.
     Operand Nothing();
     /// A constant that the compiler computed.
     Operand Fold(Value value);
-    /// A copy of the value if it stands in a variable, which code that runs before its use may change.
+    /// A copy of the value if it is in a variable, which code that runs before its use may change.
     Operand Stable(const Operand& operand);
     /// The slot of the operand; a constant gets one.
     Register SlotOf(const Operand& operand);
@@ -36,11 +36,11 @@ public:
     Register ResultSlot(DeclaredKind kind, ResultHint hint);
     /// The number of a constant that an instruction can hold.
     std::optional<std::int16_t> SmallConstant(const Operand& operand) const;
-    /// The index of a text that stands in the module, where an instruction can name it.
+    /// The index of a constant text, if an instruction can hold it.
     std::optional<std::uint16_t> TextConstant(const Operand& operand);
-    /// The value as it is, sharing whatever the variable holds: for those who only look at it.
+    /// The value as it is, sharing whatever the variable holds: for users that only read it.
     void MoveShared(const Operand& operand, Register slot);
-    /// The value for one who keeps it: objects are shared, arrays copied.
+    /// The value for a user that keeps it: objects are shared, arrays copied.
     void MoveCopy(const Operand& operand, Register slot);
     /// The value in a slot, as a variable of the type would hold it.
     Operand Converted(const Operand& value, const DeclaredType& type, bool isSet);

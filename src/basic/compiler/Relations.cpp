@@ -2,12 +2,27 @@
 
 namespace dorvik::basic {
 
+namespace {
+
+constexpr Relation AsRelation(BinaryOperator which) {
+    return static_cast<Relation>(static_cast<int>(which) - static_cast<int>(BinaryOperator::Equal));
+}
+
+static_assert(AsRelation(BinaryOperator::Equal) == Relation::Equal);
+static_assert(AsRelation(BinaryOperator::NotEqual) == Relation::NotEqual);
+static_assert(AsRelation(BinaryOperator::Less) == Relation::Less);
+static_assert(AsRelation(BinaryOperator::Greater) == Relation::Greater);
+static_assert(AsRelation(BinaryOperator::LessOrEqual) == Relation::LessOrEqual);
+static_assert(AsRelation(BinaryOperator::GreaterOrEqual) == Relation::GreaterOrEqual);
+
+}  // namespace
+
 bool IsRelation(BinaryOperator which) {
     return which >= BinaryOperator::Equal && which <= BinaryOperator::GreaterOrEqual;
 }
 
 Relation RelationOf(BinaryOperator which) {
-    return static_cast<Relation>(static_cast<int>(which) - static_cast<int>(BinaryOperator::Equal));
+    return AsRelation(which);
 }
 
 Relation Swapped(Relation relation) {

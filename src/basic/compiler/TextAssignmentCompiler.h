@@ -11,7 +11,7 @@ public:
     explicit TextAssignmentCompiler(ProcedureContext& context) : ProcedurePart(context) {}
 
     /// `Mid(v, start, length) = s`, `LSet v = s`, `RSet v = s`: the text is taken out, changed and put back.
-    /// Where nobody else has the text, Mid changes it in its place.
+    /// Where no one else shares the text, Mid changes it in place.
     void Compile(const TextAssignStatement& node, SourcePlace place);
 
 private:

@@ -13,7 +13,7 @@ namespace {
 constexpr std::string_view kErrObject = "Err";
 constexpr std::string_view kCreateObject = "CreateObject";
 
-/// The procedure of one module, looked through for the names that it declares by using them.
+/// One procedure of the module, searched for the names that it declares by using them.
 class ProcedureNames {
 public:
     ProcedureNames(ModuleScope& scope, const ProcedureNode& procedure) : m_scope(scope) {
@@ -21,9 +21,9 @@ public:
         for (const ParameterNode& parameter : procedure.Parameters) {
             m_declared.insert(modTextCase::ToLower(parameter.Name));
         }
-        // A declaration holds in the whole procedure, wherever it stands.
+        // A declaration holds in the whole procedure, wherever it is.
         Declare(procedure.Body);
-        Look(procedure.Body);
+        Scan(procedure.Body);
     }
 
     void Warn() const {
@@ -79,14 +79,14 @@ private:
 
     // ---- what is used ----
 
-    void Look(const Block& block) {
+    void Scan(const Block& block) {
         for (const Statement& statement : block) {
-            std::visit([this](const auto& node) { LookAt(node); }, statement.Node);
+            std::visit([this](const auto& node) { ScanNode(node); }, statement.Node);
         }
     }
     template <class Node>
-    void LookAt(const Node&) {}
-    void LookAt(const RedimStatement& node) {
+    void ScanNode(const Node&) {}
+    void ScanNode(const RedimStatement& node) {
         for (const RedimTarget& target : node.Targets) {
             Set(target.Target);
             for (const BoundsNode& bounds : target.Bounds) {
@@ -95,67 +95,67 @@ private:
             }
         }
     }
-    void LookAt(const EraseStatement& node) {
+    void ScanNode(const EraseStatement& node) {
         for (const ExpressionPointer& target : node.Targets) {
             Read(target);
         }
     }
-    void LookAt(const AssignStatement& node) {
+    void ScanNode(const AssignStatement& node) {
         Read(node.Value);
         Set(node.Target);
     }
-    void LookAt(const TextAssignStatement& node) {
+    void ScanNode(const TextAssignStatement& node) {
         Set(node.Target);
         Read(node.Start);
         Read(node.Length);
         Read(node.Value);
     }
-    void LookAt(const CallStatement& node) { Call(node.Callee, node.Arguments); }
-    void LookAt(const IfStatement& node) {
+    void ScanNode(const CallStatement& node) { Call(node.Callee, node.Arguments); }
+    void ScanNode(const IfStatement& node) {
         for (const IfBranch& branch : node.Branches) {
             Read(branch.Condition);
-            Look(branch.Body);
+            Scan(branch.Body);
         }
-        Look(node.ElseBody);
+        Scan(node.ElseBody);
     }
-    void LookAt(const SelectStatement& node) {
+    void ScanNode(const SelectStatement& node) {
         Read(node.Subject);
         for (const CaseClause& clause : node.Clauses) {
             for (const CaseTest& test : clause.Tests) {
                 Read(test.Value);
                 Read(test.Upper);
             }
-            Look(clause.Body);
+            Scan(clause.Body);
         }
     }
-    void LookAt(const ForStatement& node) {
+    void ScanNode(const ForStatement& node) {
         Set(node.Variable);
         Read(node.From);
         Read(node.To);
         Read(node.Step);
-        Look(node.Body);
+        Scan(node.Body);
     }
-    void LookAt(const ForEachStatement& node) {
+    void ScanNode(const ForEachStatement& node) {
         Set(node.Variable);
         Read(node.Collection);
-        Look(node.Body);
+        Scan(node.Body);
     }
-    void LookAt(const LoopStatement& node) {
+    void ScanNode(const LoopStatement& node) {
         Read(node.Condition);
-        Look(node.Body);
+        Scan(node.Body);
     }
-    void LookAt(const WithStatement& node) {
+    void ScanNode(const WithStatement& node) {
         Read(node.Target);
-        Look(node.Body);
+        Scan(node.Body);
     }
-    void LookAt(const OnJumpStatement& node) { Read(node.Selector); }
-    void LookAt(const ErrorStatement& node) { Read(node.Number); }
-    void LookAt(const DebugPrintStatement& node) {
+    void ScanNode(const OnJumpStatement& node) { Read(node.Selector); }
+    void ScanNode(const ErrorStatement& node) { Read(node.Number); }
+    void ScanNode(const DebugPrintStatement& node) {
         for (const PrintPart& part : node.Parts) {
             Read(part.Value);
         }
     }
-    void LookAt(const DebugAssertStatement& node) { Read(node.Condition); }
+    void ScanNode(const DebugAssertStatement& node) { Read(node.Condition); }
 
     void Read(const ExpressionPointer& expression) {
         if (expression) {

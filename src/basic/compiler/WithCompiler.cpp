@@ -44,7 +44,7 @@ void WithCompiler::Compile(const WithStatement& node, SourcePlace) {
     }
 }
 
-/// An array keeps its elements while a With works on one of them: a `ReDim` would leave that to nobody.
+/// An array keeps its elements while a With works on one of them: a `ReDim` would free that element.
 void WithCompiler::HoldArraysOf(const Expression& target, const WithStatement& node) {
     if (const auto* member = std::get_if<MemberNode>(&target.Node); member && member->Target) {
         HoldArraysOf(*member->Target, node);

@@ -33,7 +33,7 @@ void BlockParser::RecoverIf(SourcePlace place) {
     m_context.Open(BlockKind::If, place, std::move(statement));
 }
 
-/// Behind the Then or Else of a single line a statement follows at once, or the number of a line.
+/// After the Then or Else of a single line a statement follows at once, or the number of a line.
 void BlockParser::TakeLineJump() {
     m_context.Body.NeedsNoSeparator = true;
     if (!m_cursor.At(TokenKind::Number)) {
@@ -67,7 +67,7 @@ void BlockParser::ParseElse() {
             m_cursor.FailText(place, "'Else' without 'If'");
         }
     } else if (m_context.Blocks.Top().SawElse) {
-        m_cursor.FailText(place, "'Else' behind 'Else'");
+        m_cursor.FailText(place, "'Else' after 'Else'");
     } else {
         if (!m_context.IsFirstOnLine()) {
             m_cursor.FailAt(place, parseerror::kMustBeFirst);
@@ -94,7 +94,7 @@ void BlockParser::ParseElseIf() {
     if (!m_context.IsFirstOnLine()) {
         m_cursor.FailAt(place, parseerror::kMustBeFirst);
     } else if (m_context.Blocks.Top().SawElse) {
-        m_cursor.FailText(place, "'ElseIf' behind 'Else'");
+        m_cursor.FailText(place, "'ElseIf' after 'Else'");
     }
     IfBranch branch;
     branch.Place = place;
@@ -144,7 +144,7 @@ void BlockParser::ParseCase() {
     m_context.UpdateWith();
     const bool sawElse = m_context.Blocks.Top().SawElse;
     if (sawElse) {
-        m_cursor.FailText(place, "'Case' behind 'Case Else'");
+        m_cursor.FailText(place, "'Case' after 'Case Else'");
     }
     CaseClause clause;
     clause.Place = place;

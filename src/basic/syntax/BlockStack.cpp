@@ -36,12 +36,12 @@ void BlockStack::Begin(Block& body) {
     m_blocks.clear();
     m_counts = {};
     m_orphans = {};
-    m_toldDepth = false;
+    m_reportedDepth = false;
 }
 
 void BlockStack::Push(OpenBlock block) {
-    if (m_blocks.size() == static_cast<std::size_t>(kDeepestNesting) && !m_toldDepth) {
-        m_toldDepth = true;
+    if (m_blocks.size() == static_cast<std::size_t>(kDeepestNesting) && !m_reportedDepth) {
+        m_reportedDepth = true;
         m_errors.AddText(
             parseerror::kSyntax,
             block.Place,
@@ -95,7 +95,7 @@ const OpenBlock* BlockStack::FindVariable(const std::string& variable) const {
     if (!Contains(BlockKind::For) && !Contains(BlockKind::ForEach)) {
         return nullptr;
     }
-    // Deeper blocks are an error anyway, and need not be looked through.
+    // Deeper blocks are an error anyway, and need not be searched.
     const std::size_t count = std::min(m_blocks.size(), static_cast<std::size_t>(kDeepestNesting));
     for (std::size_t i = 0; i < count; ++i) {
         if (m_blocks[i].Variable == variable) {
@@ -127,7 +127,7 @@ bool BlockStack::Expose(
         return block.Kind == kind || block.Kind == otherKind;
     };
     if (Contains(BlockKind::LineIf) && kind != BlockKind::LineIf) {
-        // What began before the line's If cannot end behind it.
+        // What began before the line's If cannot end after it.
         auto block = m_blocks.rbegin();
         while (block != m_blocks.rend() && !isWanted(*block)) {
             if ((block++)->Kind == BlockKind::LineIf) {
@@ -160,7 +160,7 @@ void BlockStack::EndLine() {
                 kClosings[IndexOf(top.Kind)].Number,
                 top.Place,
                 "Expected '" + std::string(ClosingOf(top.Kind)) +
-                    "' on the same line: the block began behind a single-line 'If'");
+                    "' on the same line: the block began after a single-line 'If'");
             ++m_orphans[IndexOf(top.Kind)];
         }
         Pop();

@@ -22,7 +22,7 @@ struct OpenBlock {
 };
 
 /// The open blocks of a procedure, the innermost on top. A block goes into the body around it when it
-/// ends; one that lies deeper than `kDeepestNesting` is dropped, so that no tree grows too deep.
+/// ends; one that is deeper than `kDeepestNesting` is dropped, so that no tree grows too deep.
 class BlockStack {
 public:
     explicit BlockStack(ErrorList& errors) : m_errors(errors) {}
@@ -43,12 +43,12 @@ public:
 
     /// Makes the innermost block one of these kinds, so that `found` can close or continue it: blocks
     /// within it that were left open are reported where they begin. False if no such block is open, or
-    /// none that began on this line where a single-line If stands before.
+    /// none that began on this line where a single-line If comes before.
     bool Expose(BlockKind kind, BlockKind otherKind, std::string_view found, SourcePlace place);
     /// Takes note of one closing word whose block was reported as left open.
     bool TakeOrphan(BlockKind kind);
     bool HasOrphan(BlockKind kind) const { return m_orphans[static_cast<std::size_t>(kind)] > 0; }
-    /// Ends the single-line Ifs of a line, and reports blocks that began behind one and did not end.
+    /// Ends the single-line Ifs of a line, and reports blocks that began after one and did not end.
     void EndLine();
     /// Reports every open block: the procedure ends with `found`.
     void EndProcedure(std::string_view found, SourcePlace place);
@@ -63,7 +63,7 @@ private:
     std::vector<OpenBlock> m_blocks;
     std::array<std::int32_t, kBlockKinds> m_counts{};
     std::array<std::int32_t, kBlockKinds> m_orphans{};
-    bool m_toldDepth = false;
+    bool m_reportedDepth = false;
 };
 
 }  // namespace dorvik::basic

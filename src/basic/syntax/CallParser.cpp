@@ -15,7 +15,7 @@ void CallParser::ParseCall() {
     }
     if (!m_cursor.AtEnd()) {
         m_cursor.Fail(
-            parseerror::kExpectedEndOfStatement, "the arguments of 'Call' stand in parentheses");
+            parseerror::kExpectedEndOfStatement, "the arguments of 'Call' must be in parentheses");
     }
     CallStatement call;
     call.IsCallForm = true;

@@ -73,11 +73,11 @@ std::optional<Value> ConstantEvaluator::Compute(const Expression& expression) {
 
 std::optional<Value> ConstantEvaluator::ComputeName(
     SourcePlace place, const std::string& qualifier, const std::string& name) {
-    bool wasTold = false;
-    if (const Value* value = m_names.FindConstant(qualifier, name, wasTold)) {
+    bool wasReported = false;
+    if (const Value* value = m_names.FindConstant(qualifier, name, wasReported)) {
         return *value;
     }
-    return wasTold ? std::nullopt : Reject(place);
+    return wasReported ? std::nullopt : Reject(place);
 }
 
 std::optional<Value> ConstantEvaluator::ComputeMember(SourcePlace place, const MemberNode& member) {

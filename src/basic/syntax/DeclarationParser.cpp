@@ -276,10 +276,10 @@ void DeclarationParser::CheckParameterOrder(const std::vector<ParameterNode>& pa
         m_cursor.FailText(last.Place, "A 'ParamArray' must be the last parameter");
     }
     if (before.IsOptional && last.IsParamArray) {
-        m_cursor.FailText(last.Place, "A 'ParamArray' cannot stand behind an optional parameter");
+        m_cursor.FailText(last.Place, "A 'ParamArray' cannot follow an optional parameter");
     }
     if (before.IsOptional && !last.IsOptional) {
-        m_cursor.FailText(last.Place, "A required parameter stands behind an optional one");
+        m_cursor.FailText(last.Place, "A required parameter follows an optional one");
     }
 }
 

@@ -20,7 +20,7 @@ public:
     RedimStatement ParseRedim();
     /// With the parentheses, if there are any.
     std::vector<ParameterNode> ParseParameters();
-    /// `As T` of a function's result, where it stands.
+    /// `As T` of a function's result, if it is there.
     TypeName ParseResultType(char suffix);
     VariableNode ParseRecordMember();
 

@@ -32,8 +32,8 @@ void Diagnostics::Redefined(std::string_view name, SourcePlace second, SourcePla
     Error(
         compileerror::kRedefined,
         second,
-        "Name redefined: '" + std::string(name) + "' stands in " + LineText(second) + " and in " +
-            LineText(first));
+        "Name redefined: '" + std::string(name) + "' is defined in " + LineText(second) +
+            " and in " + LineText(first));
 }
 
 }  // namespace dorvik::basic

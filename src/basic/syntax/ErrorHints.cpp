@@ -19,7 +19,7 @@ constexpr SignRow kForeignSigns[] = {
     {"//", "a comment begins with ' here"},
 };
 
-constexpr std::string_view kSingleQuotes = "a ' begins a comment; a text stands in double quotes";
+constexpr std::string_view kSingleQuotes = "a ' begins a comment; a string is in double quotes";
 constexpr std::string_view kNotClosed = "the text at the end of the line has no closing quote";
 
 /// What a line holds besides statements.
@@ -41,7 +41,7 @@ LineShape ShapeOf(std::string_view line) {
     return shape;
 }
 
-/// The foreign sign that the place stands in; empty if none.
+/// The foreign sign at the location; empty if none.
 std::string_view SignHint(std::string_view line, std::size_t offset) {
     for (const SignRow& row : kForeignSigns) {
         const bool begins = line.substr(offset).starts_with(row.Sign);

@@ -12,7 +12,7 @@ namespace dorvik::basic {
 /// The compile errors of a module, at most one for a line: the first that was found there.
 class ErrorList {
 public:
-    /// `detail` goes behind the number's own text, after ": ".
+    /// `detail` follows the number's own text, after ": ".
     void Add(std::int32_t number, SourcePlace place, std::string_view detail = {});
     /// With a text of its own.
     void AddText(std::int32_t number, SourcePlace place, std::string text);

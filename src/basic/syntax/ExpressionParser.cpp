@@ -27,7 +27,7 @@ constexpr ForeignRow kForeignOperators[] = {
     {Keyword::IsNot, "'IsNot' is not an operator of this language; write 'Not a Is b'"},
 };
 
-/// The parts of the language's library, which may stand between `VBA.` and a name.
+/// The parts of the language's library, which may be written between `VBA.` and a name.
 constexpr std::string_view kLanguageParts[] = {
     "ColorConstants", "Constants",        "Conversion",
     "DateTime",       "FileSystem",       "Information",
@@ -110,7 +110,7 @@ ExpressionPointer ExpressionParser::ParseBinary(int leastLevel) {
             break;
         }
         const SourcePlace place = m_cursor.Take().Place;
-        // Equal ones go from left to right: what stands on the right binds tighter.
+        // Equal ones go from left to right: what is on the right binds tighter.
         ExpressionPointer right = ParseBinary(row.Level + 1);
         const std::int32_t height = std::max(HeightOf(left), HeightOf(right));
         left = Make(place, height, BinaryNode{row.Operator, std::move(left), std::move(right)});
@@ -201,7 +201,7 @@ ExpressionPointer ExpressionParser::ParseMember(ExpressionPointer target) {
     if (!target && !m_isInWith) {
         m_cursor.FailText(
             sign.Place,
-            "'" + std::string(sign.Text) + std::string(name.Text) + "' stands in no 'With'");
+            "'" + std::string(sign.Text) + std::string(name.Text) + "' is not in a 'With'");
         return nullptr;
     }
     if (!isBang && IsLanguage(target.get())) {
@@ -285,7 +285,7 @@ ExpressionPointer ExpressionParser::ParseLiteral() {
     if (token.Kind == TokenKind::Date) {
         const auto date = DateLiteral(token.Text);
         if (!date) {
-            m_cursor.FailText(token.Place, "'#" + std::string(token.Text) + "#' is no date");
+            m_cursor.FailText(token.Place, "'#" + std::string(token.Text) + "#' is not a date");
         }
         m_cursor.Take();
         return Make(token.Place, 0, LiteralNode{date.value_or(Value())});

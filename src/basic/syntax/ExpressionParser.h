@@ -6,26 +6,26 @@
 namespace dorvik::basic {
 
 /// Parses expressions and argument lists by precedence climbing over a table of the operators. After a
-/// failure of the cursor the results are null or incomplete and nobody looks at them.
+/// failure of the cursor the results are null or incomplete, and are not used.
 /// REQUIRES: the cursor outlives it.
 class ExpressionParser {
 public:
     explicit ExpressionParser(TokenCursor& cursor) : m_cursor(cursor) {}
 
     ExpressionPointer ParseExpression();
-    /// What may stand on the left of `=` or be called: a name, or a member of the With, followed by
+    /// What can be on the left of `=` or be called: a name, or a member of the With, followed by
     /// `.name`, `!name` and `(...)`. A blank before `.` or `!` ends it: `Foo .x` calls Foo with `.x`.
     ExpressionPointer ParseTarget();
     /// The same, but no further than the token at `position`.
     ExpressionPointer ParseTargetBefore(std::size_t position);
     /// A number, a string, a name or something in parentheses, without operators.
     ExpressionPointer ParsePrimary();
-    /// The arguments behind the `(` already taken, with the `)`.
+    /// The arguments after the `(`, which is taken already, with the `)`.
     void ParseArguments(std::vector<Argument>& arguments);
     /// The arguments of a call without parentheses, to the end of the statement.
     void ParseBareArguments(std::vector<Argument>& arguments);
     ExpressionPointer MakeParenthesis(ExpressionPointer inner);
-    /// `=`, `<`, `>=` ... as they stand in `Case Is`; false if none stands here.
+    /// `=`, `<`, `>=` ... as written in `Case Is`; false if there is none here.
     bool TakeComparison(BinaryOperator& comparison);
     /// A class or type name, perhaps with a library before it: `Scripting.Dictionary`.
     std::string ParseTypeName();

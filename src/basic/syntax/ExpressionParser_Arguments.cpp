@@ -31,7 +31,7 @@ void ExpressionParser::ParseArgumentList(std::vector<Argument>& arguments) {
         arguments.push_back(isLeftOut ? Argument{} : ParseArgument());
         const bool isNamed = !arguments.back().Name.empty();
         if (sawName && !isNamed) {
-            m_cursor.FailText(place, "An argument without a name stands behind a named one");
+            m_cursor.FailText(place, "An argument without a name follows a named one");
         }
         sawName = isNamed;
         if (!m_cursor.TakeIf(TokenKind::Comma)) {

@@ -129,7 +129,7 @@ void JumpParser::ParseExit() {
             m_cursor.FailAt(
                 place,
                 parseerror::kInvalidExit,
-                "'Exit " + std::string(word.Text) + "' stands in nothing that it could leave");
+                "'Exit " + std::string(word.Text) + "' is not in anything that it could leave");
         }
         m_context.Add(place, ExitStatement{row.Kind});
         return;

@@ -6,8 +6,8 @@
 
 namespace dorvik::basic {
 
-/// The words that mean something to the parser. The reserved ones stand first: they are never names,
-/// except behind `.` and `!` and in brackets. The others are ordinary names wherever their meaning
+/// The words that mean something to the parser. The reserved ones come first: they are never names,
+/// except after `.` and `!` and in brackets. The others are ordinary names wherever their meaning
 /// does not fit.
 enum class Keyword : std::uint8_t {
     None,

@@ -15,7 +15,7 @@ void LabelTable::Define(const std::string& label, SourcePlace place) {
         m_errors.Add(
             parseerror::kNameRedefined,
             place,
-            "the label '" + label + "' stands in line " + std::to_string(entry->second.Line) +
+            "the label '" + label + "' is in line " + std::to_string(entry->second.Line) +
                 " already");
     }
 }

@@ -43,7 +43,7 @@ bool TakesFileNumber(std::span<const Token> words) {
     return std::find(std::begin(kWords), std::end(kWords), word) != std::end(kWords);
 }
 
-/// Blanks may follow the sign: nobody sees them.
+/// Blanks may follow the sign: they are invisible.
 bool EndsWithContinuation(std::string_view line) {
     line = line.substr(0, line.find_last_not_of(" \t") + 1);
     return line.size() >= 2 && line.back() == '_' && IsBlank(line[line.size() - 2]);
@@ -111,7 +111,7 @@ void Lexer::ReadLine(std::vector<Token>& tokens) {
             break;
         }
         Token token;
-        // A continuation is no blank: `.x` at the start of the next line belongs to what stands before.
+        // A continuation does not count as a blank: `.x` at the start of the next line belongs to what comes before.
         token.BlankBefore = (blankBefore || m_at == 0) && !isContinued;
         isContinued = false;
         token.Place = PlaceAt(m_at);

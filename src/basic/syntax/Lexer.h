@@ -22,7 +22,7 @@ public:
     char FirstCharacter() const;
     /// Replaces `tokens` by the next line's; the last one is an `EndOfLine`.
     void ReadLine(std::vector<Token>& tokens);
-    /// Passes over the next line with its continuations.
+    /// Skips the next line with its continuations.
     void SkipLine();
 
 private:

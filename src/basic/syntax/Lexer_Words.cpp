@@ -92,7 +92,7 @@ bool BeginsStatement(const Token& token) {
             (token.Word == Keyword::Then || token.Word == Keyword::Else));
 }
 
-/// Whether a jump may follow the words of a line: as a statement, behind its line number, and behind what `On` asks.
+/// Whether a jump may follow the words of a line: as a statement, after its line number, and after the value that `On` tests.
 bool MayBeginJump(std::span<const Token> words) {
     const auto last = std::find_if(words.rbegin(), words.rend(), BeginsStatement);
     const auto statement = words.last(static_cast<std::size_t>(last - words.rbegin()));
@@ -152,7 +152,7 @@ void Lexer::ReadWord(std::vector<Token>& tokens, Token& token) {
     ReadSuffix(token);
 }
 
-/// `Go To` and `Go Sub` are one word where a jump may stand. Elsewhere Go is a name: `For i = go To 5`.
+/// `Go To` and `Go Sub` are one word where a jump is allowed. Elsewhere Go is a name: `For i = go To 5`.
 void Lexer::JoinGo(std::vector<Token>& tokens) {
     const Keyword second = tokens.back().Word;
     const std::size_t place = tokens.size() - 2;
@@ -166,7 +166,7 @@ void Lexer::JoinGo(std::vector<Token>& tokens) {
     tokens.back().Word = second == Keyword::To ? Keyword::GoTo : Keyword::GoSub;
 }
 
-/// Whether an `&` here joins what stands before it and what follows: behind a suffix nothing of that could stand.
+/// Whether an `&` here joins what comes before and after it: after a suffix neither is possible.
 bool Lexer::JoinsTwo() const {
     std::size_t size = 0;
     const char next = CharacterAt(m_at + 1);

@@ -39,7 +39,7 @@ std::string ProblemOf(std::string_view written, char suffix) {
     return problem;
 }
 
-/// The digits as they stand, with `E` for the exponent. Nothing beyond the range; too small is 0.
+/// The digits as written, with `E` for the exponent. Nothing beyond the range; too small is 0.
 std::optional<double> ReadDouble(std::string_view digits) {
     std::string text(digits);
     std::replace_if(
@@ -60,7 +60,7 @@ bool IsWhole(std::string_view digits) {
     return digits.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-/// Ten-thousandths, the digit behind the fourth place rounded half to even.
+/// Ten-thousandths, the digit after the fourth is rounded half to even.
 std::optional<std::int64_t> ReadMoney(std::string_view digits) {
     constexpr auto kMost = std::numeric_limits<std::int64_t>::max();
     if (digits.find_first_of("eEdD") != std::string_view::npos) {

@@ -86,7 +86,7 @@ bool LoopParser::CloseLoopOf(const Token& next, const ExpressionPointer& variabl
     const auto* plain = variable ? std::get_if<NameNode>(&variable->Node) : nullptr;
     const std::string name = plain ? modTextCase::ToLower(plain->Name) : std::string();
     if (plain && !top.Variable.empty() && name != top.Variable) {
-        // Two loops that end in the wrong order are told once.
+        // Two loops that end in the wrong order are reported once.
         if (name != m_context.Body.CrossedVariable) {
             m_cursor.FailAt(
                 variable->Place,

@@ -3,6 +3,7 @@
 #include "Literals.h"
 #include "base/modTextCase.h"
 
+#include <iterator>
 #include <utility>
 
 namespace dorvik::basic {
@@ -125,27 +126,28 @@ void ModuleParser::ReportStray() {
         m_cursor.SkipStatement();
         return;
     }
-    if (!m_toldStray) {
+    if (!m_reportedStray) {
         const bool isEnd = first.Word == Keyword::End && !text.empty();
         m_cursor.Errors().AddText(
             parseerror::kSyntax,
             first.Place,
             isEnd ? "'End " + text + "' without '" + text + "'"
-                  : "A statement must stand in a procedure");
+                  : "A statement must be in a procedure");
     }
-    m_toldStray = true;
+    m_reportedStray = true;
     m_cursor.SkipStatement();
 }
 
 bool ModuleParser::NoteOption(std::size_t option, SourcePlace place) {
+    static_assert(std::size(kOptionNames) == kOptions);
     SourcePlace& earlier = m_optionPlaces[option];
     if (m_sawProcedure) {
-        m_cursor.FailText(place, "An 'Option' must stand before the first procedure");
+        m_cursor.FailText(place, "An 'Option' must come before the first procedure");
     } else if (earlier.Line != 0) {
         m_cursor.FailAt(
             place,
             parseerror::kNameRedefined,
-            "'" + std::string(kOptionNames[option]) + "' stands in line " +
+            "'" + std::string(kOptionNames[option]) + "' is in line " +
                 std::to_string(earlier.Line) + " already");
     }
     earlier = place;
@@ -198,7 +200,7 @@ void ModuleParser::ParseDefaultTypes() {
     const Token word = m_cursor.Take();
     if (m_sawProcedure) {
         m_cursor.FailText(
-            word.Place, "'" + std::string(word.Text) + "' must stand before the first procedure");
+            word.Place, "'" + std::string(word.Text) + "' must come before the first procedure");
     }
     DeclaredKind kind = DeclaredKind::Variant;
     for (const DefaultRow& row : kDefaults) {
@@ -225,7 +227,7 @@ void ModuleParser::ParseDefaultTypes() {
 
 void ModuleParser::SetDefault(char first, char last, DeclaredKind kind, SourcePlace place) {
     if (first > last) {
-        m_cursor.FailText(place, "The letters of a range stand in the order of the alphabet");
+        m_cursor.FailText(place, "The letters of a range must be in alphabetical order");
     }
     for (char c = first; c <= last && !m_cursor.HasFailed(); ++c) {
         const auto index = static_cast<std::size_t>(c - 'a');

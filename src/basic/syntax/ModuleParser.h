@@ -4,7 +4,7 @@
 
 namespace dorvik::basic {
 
-/// Parses what stands outside procedures, and the heads of procedures; the bodies are the statement
+/// Parses what is outside procedures, and the heads of procedures; the bodies are the statement
 /// parser's.
 /// REQUIRES: everything passed outlives it.
 class ModuleParser {
@@ -14,6 +14,8 @@ public:
     void Parse();
 
 private:
+    static constexpr std::size_t kOptions = 4;
+
     void ParseItem();
     bool ParseNamedItem(const Token& first);
     void FinishItem();
@@ -45,11 +47,11 @@ private:
     DeclarationParser m_declarations;
     StatementParser m_statements;
     bool m_sawProcedure = false;
-    bool m_headFollows = false;  // the item had no end; the cursor stands on the next one
+    bool m_headFollows = false;  // the item had no end; the cursor is at the next one
     bool m_sawClass = false;
-    bool m_toldStray = false;  // once for statements that follow each other
-    SourcePlace m_optionPlaces[4];
-    SourcePlace m_defaultPlaces[26];
+    bool m_reportedStray = false;  // once for statements that follow each other
+    SourcePlace m_optionPlaces[kOptions];
+    SourcePlace m_defaultPlaces[26];  // of the letters, 'a' first
 };
 
 }  // namespace dorvik::basic

@@ -35,7 +35,7 @@ void ModuleParser::ParseScoped() {
     if (token.Word == Keyword::Sub || token.Word == Keyword::Function || isProperty) {
         ParseProcedure(isPrivate, isStatic);
     } else if (isStatic || isFriend) {
-        m_cursor.FailText(place, "'Static' and 'Friend' stand before procedures only");
+        m_cursor.FailText(place, "'Static' and 'Friend' are allowed before procedures only");
     } else if (token.Word == Keyword::Const) {
         m_cursor.Take();
         ParseConstants();
@@ -60,7 +60,7 @@ void ModuleParser::ParseVariables() {
     for (const VariableNode& variable : node.Variables) {
         m_statements.NoteModuleName(variable.Name);
     }
-    m_toldStray = false;
+    m_reportedStray = false;
     if (!m_cursor.HasFailed()) {
         m_module.Items.emplace_back(std::move(node));
     }
@@ -68,7 +68,7 @@ void ModuleParser::ParseVariables() {
 
 void ModuleParser::ParseConstants() {
     ModuleConstantsNode node{m_declarations.ParseConstants()};
-    m_toldStray = false;
+    m_reportedStray = false;
     if (!m_cursor.HasFailed()) {
         m_module.Items.emplace_back(std::move(node));
     }
@@ -80,7 +80,7 @@ bool ModuleParser::AtDeclarationHead() const {
     if (token.Kind != TokenKind::Keyword) {
         return false;
     }
-    // A member may be called so, with a type or a value behind it.
+    // A member may be called so, followed by a type or a value.
     const Token& next = m_cursor.Peek(1);
     if (next.Word == Keyword::As || next.Kind == TokenKind::Equal ||
         next.Kind == TokenKind::LeftParenthesis) {
@@ -92,7 +92,7 @@ bool ModuleParser::AtDeclarationHead() const {
            token.Word == Keyword::Const || token.Word == Keyword::Enum;
 }
 
-/// Reads the lines of a Type or Enum to its end. The cursor stands behind the name.
+/// Reads the lines of a Type or Enum to its end. The cursor is after the name.
 template <class ParseMember>
 void ModuleParser::ParseMembers(
     Keyword closing, std::string_view what, SourcePlace place, ParseMember parseMember) {
@@ -144,7 +144,7 @@ void ModuleParser::ParseRecord() {
     const Token name = m_cursor.ExpectName();
     node.Place = name.Place;
     node.Name = std::string(name.Text);
-    m_toldStray = false;
+    m_reportedStray = false;
     const SourcePlace place = name.Text.empty() ? m_cursor.TokenAt(0).Place : name.Place;
     ParseMembers(Keyword::Type, "Type", place, [&] {
         node.Members.push_back(m_declarations.ParseRecordMember());
@@ -161,7 +161,7 @@ void ModuleParser::ParseEnum() {
     const Token name = m_cursor.ExpectName();
     node.Place = name.Place;
     node.Name = std::string(name.Text);
-    m_toldStray = false;
+    m_reportedStray = false;
     const SourcePlace place = name.Text.empty() ? m_cursor.TokenAt(0).Place : name.Place;
     ParseMembers(Keyword::Enum, "Enum", place, [&] {
         EnumMemberNode member;
@@ -206,7 +206,7 @@ void ModuleParser::ParseDeclare() {
     if (node.IsFunction) {
         m_declarations.ParseResultType(name.Suffix);
     }
-    m_toldStray = false;
+    m_reportedStray = false;
     if (!m_cursor.HasFailed()) {
         m_module.Items.emplace_back(std::move(node));
     }
@@ -260,7 +260,7 @@ void ModuleParser::ParseProcedure(bool isPrivate, bool isStatic) {
     }
     FinishItem();
     m_sawProcedure = true;
-    m_toldStray = false;
+    m_reportedStray = false;
     m_headFollows = !m_statements.ParseBody(procedure);
     m_module.Items.emplace_back(std::move(procedure));
 }

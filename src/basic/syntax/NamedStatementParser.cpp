@@ -100,7 +100,7 @@ bool NamedStatementParser::ParseForeign(const Token& first) {
     } else if (
         first.Word == Keyword::Type && next.Kind == TokenKind::Name &&
         behindNext == TokenKind::EndOfLine) {
-        m_context.SkipLinesTo(first, Keyword::Type, "'Type' can stand outside procedures only");
+        m_context.SkipLinesTo(first, Keyword::Type, "'Type' is allowed outside procedures only");
     } else if (first.Word == Keyword::Try && standsAlone) {
         m_context.Body.SawTry = true;
         m_cursor.FailText(first.Place, "'Try' is not part of this language; use 'On Error'");

@@ -25,7 +25,7 @@ inline constexpr int kPower = 14;
 
 struct OperatorRow {
     BinaryOperator Operator = BinaryOperator::Power;
-    int Level = 0;  // 0: the token is no operator between two operands
+    int Level = 0;  // 0: the token is not an operator between two operands
 };
 
 /// The binary operator that a token stands for.

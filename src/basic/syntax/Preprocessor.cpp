@@ -136,7 +136,7 @@ void Preprocessor::ObeyElseIf(SourcePlace place) {
     m_cursor.Take();
     Branch& branch = m_branches.back();
     if (branch.SawElse) {
-        m_cursor.FailText(place, "'#ElseIf' behind '#Else'");
+        m_cursor.FailText(place, "'#ElseIf' after '#Else'");
     }
     branch.IsLive = branch.IsOuterLive && !branch.WasTaken && ReadCondition();
     branch.WasTaken = branch.WasTaken || branch.IsLive;
@@ -148,7 +148,7 @@ void Preprocessor::ObeyElse(SourcePlace place) {
     }
     Branch& branch = m_branches.back();
     if (branch.SawElse) {
-        m_cursor.FailText(place, "'#Else' behind '#Else'");
+        m_cursor.FailText(place, "'#Else' after '#Else'");
     }
     branch.IsLive = branch.IsOuterLive && !branch.WasTaken;
     branch.WasTaken = true;

@@ -11,7 +11,7 @@
 namespace dorvik::basic {
 
 /// Gives the lines of a module that count: `#Const`, `#If`, `#ElseIf`, `#Else` and `#End If` are obeyed,
-/// and lines of a branch not taken are passed over unread.
+/// and lines of a branch not taken are skipped unread.
 /// REQUIRES: the lexer and the error list outlive it.
 class Preprocessor final : public ITokenSource, private IConstantNames {
 public:
@@ -40,7 +40,7 @@ private:
     bool ReadCondition();
     std::optional<Value> Evaluate(const ExpressionPointer& expression);
     const Value*
-    FindConstant(const std::string& qualifier, const std::string& name, bool& wasTold) override;
+    FindConstant(const std::string& qualifier, const std::string& name, bool& wasReported) override;
 
     Lexer& m_lexer;
     ErrorList& m_errors;

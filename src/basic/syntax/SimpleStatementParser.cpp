@@ -50,7 +50,7 @@ void SimpleStatementParser::ParseStop() {
 
 void SimpleStatementParser::RejectModuleLevel() {
     const Token word = m_cursor.Peek();
-    std::string text = "'" + std::string(word.Text) + "' can stand outside procedures only";
+    std::string text = "'" + std::string(word.Text) + "' is allowed outside procedures only";
     if (word.Word == Keyword::Enum || m_cursor.Peek(1).Word == Keyword::Enum) {
         m_context.SkipLinesTo(word, Keyword::Enum, std::move(text));
     } else if (m_cursor.Peek(1).Word == Keyword::Type && m_cursor.Peek(2).Kind == TokenKind::Name) {
@@ -61,7 +61,7 @@ void SimpleStatementParser::RejectModuleLevel() {
 }
 
 void SimpleStatementParser::RejectOption() {
-    m_cursor.FailText(m_cursor.Place(), "An 'Option' must stand before the first procedure");
+    m_cursor.FailText(m_cursor.Place(), "An 'Option' must come before the first procedure");
 }
 
 }  // namespace dorvik::basic

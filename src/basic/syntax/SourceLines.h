@@ -7,7 +7,7 @@
 namespace dorvik::basic {
 
 /// The physical lines of a text without their ends (CR LF, LF or CR, mixed at will). The views point
-/// into `text`. A text that ends with a line end has no empty line behind it.
+/// into `text`. A text that ends with a line end has no empty line after it.
 std::vector<std::string_view> SplitLines(std::string_view text);
 
 /// The text with U+FFFD for every byte that belongs to no valid character of UTF-8.

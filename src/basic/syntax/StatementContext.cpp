@@ -77,7 +77,7 @@ void StatementContext::RequireCase() {
         return;
     }
     Cursor.Errors().Add(
-        parseerror::kExpectedCase, Cursor.Place(), "no statement can stand before the first one");
+        parseerror::kExpectedCase, Cursor.Place(), "no statement can come before the first one");
     clauses.emplace_back();
 }
 

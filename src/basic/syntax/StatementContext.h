@@ -45,7 +45,7 @@ public:
     /// Ends the innermost block of that kind; an error if none is open.
     void CloseSimple(
         BlockKind kind, std::string_view closing, std::string_view opening, SourcePlace place);
-    /// Tells the expressions whether there is a With around them. To be called when blocks have begun or ended.
+    /// Lets the expression parser know whether there is a With around. To be called when blocks have begun or ended.
     void UpdateWith();
     /// Between `Select Case` and the first `Case` no statement is allowed.
     void RequireCase();

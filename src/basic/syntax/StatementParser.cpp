@@ -7,7 +7,7 @@ namespace dorvik::basic {
 
 namespace {
 
-/// The word behind `End` that ends a procedure.
+/// The word after `End` that ends a procedure.
 struct EndRow {
     Keyword Word;
     std::string_view Text;
@@ -177,7 +177,7 @@ bool StatementParser::ParseProcedureEnd() {
             place,
             "Expected 'End " + std::string(expected.Text) + "', found '" + text + "'");
     } else if (m_context.Blocks.Contains(BlockKind::LineIf)) {
-        m_context.Cursor.FailText(place, "'" + text + "' cannot stand behind a single-line 'If'");
+        m_context.Cursor.FailText(place, "'" + text + "' cannot follow a single-line 'If'");
     }
     m_context.Blocks.EndProcedure(text, place);
     m_context.Body.Procedure->EndPlace = place;

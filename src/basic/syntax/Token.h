@@ -10,8 +10,8 @@ namespace dorvik::basic {
 
 enum class TokenKind : std::uint8_t {
     EndOfLine,  // the last token of every line
-    Name,       // an identifier; `Word` tells one that means something in certain places
-    Keyword,    // a reserved word, not behind `.` or `!`
+    Name,       // an identifier; `Word` names one that means something in certain positions
+    Keyword,    // a reserved word, not after `.` or `!`
     Number,
     String,
     Date,

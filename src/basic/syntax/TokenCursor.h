@@ -13,12 +13,12 @@ namespace dorvik::basic {
 class ITokenSource {
 public:
     virtual ~ITokenSource() = default;
-    /// Replaces `tokens` by the next line's, an `EndOfLine` last. False behind the last line; `tokens` is then
+    /// Replaces `tokens` by the next line's, an `EndOfLine` last. False after the last line; `tokens` is then
     /// one `EndOfLine`.
     virtual bool NextLine(std::vector<Token>& tokens) = 0;
 };
 
-/// Stands on a token of the current line. The first failure of a statement is reported; it puts the
+/// Is at a token of the current line. The first failure of a statement is reported; it puts the
 /// cursor on the end of the line, where every loop over tokens ends, and what else fails before
 /// `SkipStatement` is silent. So a caller need not look at every result.
 /// REQUIRES: the error list outlives it.
@@ -35,19 +35,18 @@ public:
     bool At(Keyword word) const { return Peek().Word == word; }
     bool TakeIf(TokenKind kind);
     bool TakeIf(Keyword word);
-    /// Passes over the rest of the statement, whatever it is.
+    /// Skips the rest of the statement, whatever it is.
     void TakeToEnd();
     /// At the end of a statement: end of line, `:`, or the `Else` of a single-line If.
     bool AtEnd() const;
     bool AtEndOfLine() const { return At(TokenKind::EndOfLine); }
-    bool AtFirst() const { return m_position == 0; }
 
     bool Expect(TokenKind kind, std::int32_t number);
     bool Expect(Keyword word, std::int32_t number);
     /// A name, or an empty text after a failure.
     Token ExpectName();
 
-    /// Fails at the present token, with the number's own text and a detail behind it. A character that
+    /// Fails at the present token, with the number's own text followed by a detail. A character that
     /// begins nothing is reported in place of what was missing there.
     void Fail(std::int32_t number, std::string_view detail = {});
     void FailAt(SourcePlace place, std::int32_t number, std::string_view detail = {});

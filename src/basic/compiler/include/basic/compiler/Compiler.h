@@ -10,20 +10,25 @@
 
 namespace dorvik::basic {
 
-/// An extension object under the name that scripts use, without the point.
+/// An object of the host under the name that scripts use for it, without the point: "Dorvik".
+/// REQUIRES: the extension outlives every program compiled with it.
 struct ExtensionEntry {
     std::string Prefix;
     IScriptExtension* Extension = nullptr;
 };
 
+/// What came of a module. Owns everything that it needs: the tree can be destroyed.
 struct CompiledModule {
     std::unique_ptr<Program> Module;       // null if there are errors
     std::vector<CompileError> Errors;      // in the order of the lines
-    std::vector<CompileWarning> Warnings;  // the same, also where there are errors
+    std::vector<CompileWarning> Warnings;  // in the order of the lines, also if there are errors
 };
 
-/// Makes a program of a tree. Finds all errors that can be told; those that only a run can tell become
-/// instructions that raise them. `origins` serves the texts: a duplicate name tells both scripts.
+/// Compiles a module: resolves its names and types, and writes the code of its procedures. Never throws because of the
+/// script. All errors are found, not only the first one. What fails only when it is reached (a member that an extension
+/// does not have, a statement that scripts must not use) is a warning, and an instruction that raises the error.
+/// `origins` are the scripts that the lines come from, for the messages; none: lines count in the module.
+/// REQUIRES: the tree has no parse errors.
 CompiledModule CompileModule(
     const ModuleNode& module,
     std::span<const ExtensionEntry> extensions,

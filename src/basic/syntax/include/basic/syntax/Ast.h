@@ -11,7 +11,7 @@
 #include <variant>
 #include <vector>
 
-/// The tree that the parser makes of a module. Names keep their spelling; whoever looks one up ignores
+/// The tree that the parser makes of a module. Names keep their spelling; lookups ignore
 /// case. A name's type suffix is kept beside it, 0 for none.
 namespace dorvik::basic {
 
@@ -89,7 +89,7 @@ struct Expression {
     std::int32_t Height = 1;
 };
 
-/// What stands behind `As`, before names are looked up.
+/// What is written after `As`, before names are resolved.
 struct TypeName {
     SourcePlace Place;
     std::string Name;  // empty: no As
@@ -261,7 +261,7 @@ enum class PrintSeparator : std::uint8_t {
 struct PrintPart {
     PrintPartKind Kind = PrintPartKind::Value;
     ExpressionPointer Value;                          // null for a lone separator
-    PrintSeparator Separator = PrintSeparator::None;  // behind the part
+    PrintSeparator Separator = PrintSeparator::None;  // after the part
 };
 struct DebugPrintStatement {
     std::vector<PrintPart> Parts;

@@ -7,14 +7,14 @@
 
 namespace dorvik::basic {
 
-/// Tells a constant expression what the names in it stand for.
+/// Resolves the names in a constant expression.
 class IConstantNames {
 public:
     virtual ~IConstantNames() = default;
     /// The value of a constant, or of an enum's member if `qualifier` is the enum. Null if the name is
-    /// none, or has no value for an error that has been told: then `wasTold` is set.
+    /// none, or has no value because of an error that has been reported: then `wasReported` is set.
     virtual const Value*
-    FindConstant(const std::string& qualifier, const std::string& name, bool& wasTold) = 0;
+    FindConstant(const std::string& qualifier, const std::string& name, bool& wasReported) = 0;
 };
 
 /// Computes what a constant, a bound, an enum's member or a default stands for. Every failure, run-time

@@ -31,7 +31,7 @@ public:
 
     void Error(std::int32_t number, SourcePlace place, std::string text);
     void Warn(SourcePlace place, std::string text);
-    /// A name that has two definitions; tells where both stand.
+    /// A name that has two definitions; the message names both locations.
     void Redefined(std::string_view name, SourcePlace second, SourcePlace first);
 
     std::vector<CompileError> Errors;
@@ -43,7 +43,7 @@ private:
     std::span<const ScriptOrigin> m_origins;
 };
 
-/// The script that a line of the module came from; null where nobody told.
+/// The script that a line of the module came from; null if that is not known.
 const ScriptOrigin* FindOrigin(std::span<const ScriptOrigin> origins, std::int32_t line);
 
 }  // namespace dorvik::basic

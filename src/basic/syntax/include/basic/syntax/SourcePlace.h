@@ -4,7 +4,7 @@
 
 namespace dorvik::basic {
 
-/// Where something stands in a module: physical line and column, both from 1, columns in characters.
+/// The location of something in a module: physical line and column, both from 1, columns in characters.
 struct SourcePlace {
     std::int32_t Line = 0;
     std::int32_t Column = 0;
