@@ -215,18 +215,11 @@ CallCompiler::TryLength(const BuiltinFunction& function, const std::vector<Argum
     return Operands().Fold(Value::Long(kBytes[static_cast<std::size_t>(lvalue.Type.Kind)]));
 }
 
-Operand CallCompiler::CallBuiltin(
-    const BuiltinFunction& function,
-    const std::vector<Argument>& arguments,
-    SourcePlace place,
-    bool wantsResult) {
+/// The arguments of a built-in function up to the last one that is given, with those that it requires. Nothing if they
+/// do not fit; that has been reported then.
+std::optional<CallCompiler::BoundArguments> CallCompiler::BindBuiltin(
+    const BuiltinFunction& function, const std::vector<Argument>& arguments, SourcePlace place) {
     const std::string name(function.Name);
-    if (function.IsRefused) {
-        m_scope.Messages.Warn(place, "'" + name + "' is refused: reaching it raises error 70");
-    }
-    if (auto length = TryLength(function, arguments)) {
-        return *length;
-    }
     BoundArguments bound;
     if (function.MostArguments() < 0) {
         for (const Argument& argument : arguments) {
@@ -237,15 +230,14 @@ Operand CallCompiler::CallBuiltin(
                 runtimeerror::kNoNamedArguments,
                 place,
                 "'" + name + "' takes no named arguments, and not more than 10000");
-            return Operands().Nothing();
+            return std::nullopt;
         }
     } else if (!BindArguments(name, arguments, NamesOf(function.Parameters), bound, place)) {
-        return Operands().Nothing();
+        return std::nullopt;
     }
     const auto least = static_cast<std::size_t>(function.LeastArguments());
-    std::size_t count = bound.size();
-    while (count > least && bound[count - 1] == nullptr) {
-        --count;
+    while (bound.size() > least && bound.back() == nullptr) {
+        bound.pop_back();
     }
     for (std::size_t i = 0; i < least; ++i) {
         if (i >= bound.size() || bound[i] == nullptr || !bound[i]->Value) {
@@ -253,15 +245,35 @@ Operand CallCompiler::CallBuiltin(
                 runtimeerror::kArgumentNotOptional,
                 place,
                 "'" + name + "' needs " + Plural(least, "argument"));
-            return Operands().Nothing();
+            return std::nullopt;
         }
     }
+    return bound;
+}
+
+Operand CallCompiler::CallBuiltin(
+    const BuiltinFunction& function,
+    const std::vector<Argument>& arguments,
+    SourcePlace place,
+    bool wantsResult) {
+    if (function.IsRefused) {
+        m_scope.Messages.Warn(
+            place, "'" + std::string(function.Name) + "' is refused: reaching it raises error 70");
+    }
+    if (auto length = TryLength(function, arguments)) {
+        return *length;
+    }
+    const auto bound = BindBuiltin(function, arguments, place);
+    if (!bound) {
+        return Operands().Nothing();
+    }
+    const std::size_t count = bound->size();
     if (function.Name == "DoEvents") {
         m_code.Emit(Opcode::Yield);
     }
     const Register first = m_code.PushArguments(count);
     for (std::size_t i = 0; i < count; ++i) {
-        Arguments().EvaluateShared(bound[i], static_cast<Register>(first + i));
+        Arguments().EvaluateShared((*bound)[i], static_cast<Register>(first + i));
     }
     Operand result;
     result.Type.Kind = function.Result;

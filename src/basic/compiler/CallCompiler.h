@@ -41,6 +41,8 @@ private:
         const std::vector<Argument>& arguments,
         SourcePlace place,
         bool wantsResult);
+    std::optional<BoundArguments> BindBuiltin(
+        const BuiltinFunction& function, const std::vector<Argument>& arguments, SourcePlace place);
     std::optional<Operand>
     TryLength(const BuiltinFunction& function, const std::vector<Argument>& arguments);
     Operand

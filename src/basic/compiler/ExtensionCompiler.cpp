@@ -8,6 +8,7 @@
 #include "basic/values/RuntimeErrors.h"
 
 #include <bit>
+#include <optional>
 #include <utility>
 
 namespace dorvik::basic {
@@ -21,6 +22,43 @@ const ExtensionMember* FindMember(const ExtensionEntry& extension, const std::st
         }
     }
     return nullptr;
+}
+
+/// Whether the arguments are those of the function form, which returns the only out argument.
+bool IsFunctionCall(const ExtensionMember& member, const std::vector<Argument>& arguments) {
+    return std::popcount(member.OutParameters) == 1 &&
+           arguments.size() + 1 == static_cast<std::size_t>(member.Parameters);
+}
+
+struct Misuse {
+    std::int32_t Number;
+    std::string Warning;
+};
+
+/// Why a member, null if there is none, cannot be called so; nothing if it can.
+std::optional<Misuse> MisuseOf(
+    const std::string& name,
+    const ExtensionMember* member,
+    const std::vector<Argument>& arguments,
+    bool wantsResult) {
+    if (member == nullptr) {
+        return Misuse{
+            runtimeerror::kNoSuchMember,
+            "'" + name + "' does not exist: reaching it raises error 438"};
+    }
+    if (ArgumentCompiler::HasNames(arguments)) {
+        return Misuse{
+            runtimeerror::kNoNamedArguments, "'" + name + "' takes no named arguments: error 446"};
+    }
+    const auto count = static_cast<std::size_t>(member->Parameters);
+    if (wantsResult ? IsFunctionCall(*member, arguments) : arguments.size() == count) {
+        return std::nullopt;
+    }
+    return Misuse{
+        runtimeerror::kWrongArgumentCount,
+        "'" + name + "' takes " + std::to_string(count) + " arguments, not " +
+            std::to_string(arguments.size()) +
+            ", and cannot be used so: reaching it raises error 450"};
 }
 
 }  // namespace
@@ -40,47 +78,25 @@ Operand ExtensionCompiler::Call(
     const std::vector<Argument>& arguments,
     SourcePlace place,
     bool wantsResult) {
-    const std::string full = extension.Prefix + "." + name;
     const ExtensionMember* member = FindMember(extension, name);
-    if (member == nullptr) {
-        return RaiseAtRun(
-            runtimeerror::kNoSuchMember,
-            place,
-            "'" + full + "' does not exist: reaching it raises error 438");
+    const std::string full = extension.Prefix + "." + name;
+    if (const auto misuse = MisuseOf(full, member, arguments, wantsResult)) {
+        return RaiseAtRun(misuse->Number, place, misuse->Warning);
     }
     const auto count = static_cast<std::size_t>(member->Parameters);
-    const bool isFunction =
-        wantsResult && std::popcount(member->OutParameters) == 1 && arguments.size() + 1 == count;
-    for (const Argument& argument : arguments) {
-        if (!argument.Name.empty()) {
-            return RaiseAtRun(
-                runtimeerror::kNoNamedArguments,
-                place,
-                "'" + full + "' takes no named arguments: error 446");
-        }
-    }
-    if (!isFunction && (arguments.size() != count || wantsResult)) {
-        return RaiseAtRun(
-            runtimeerror::kWrongArgumentCount,
-            place,
-            "'" + full + "' takes " + std::to_string(count) + " arguments, not " +
-                std::to_string(arguments.size()) +
-                ", and cannot be used so: reaching it raises error 450");
-    }
-
     ExtensionCall call;
     call.Extension = extension.Extension;
     call.Member = static_cast<std::uint32_t>(member - extension.Extension->Members().data());
     call.Parameters = static_cast<std::uint32_t>(count);
     call.Result =
-        isFunction ? static_cast<std::uint32_t>(std::countr_zero(member->OutParameters)) : 0;
+        wantsResult ? static_cast<std::uint32_t>(std::countr_zero(member->OutParameters)) : 0;
     std::vector<OutArgument> outs;
     std::vector<AfterCall> pins;
     const Register first = m_code.PushArguments(count);
     std::size_t next = 0;
     for (std::size_t i = 0; i < count; ++i) {
         const auto slot = static_cast<Register>(first + i);
-        if (isFunction && i == call.Result) {
+        if (wantsResult && i == call.Result) {
             m_code.Emit(Opcode::Clear, slot);
             continue;
         }
