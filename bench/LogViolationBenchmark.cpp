@@ -75,7 +75,7 @@ void LogThroughResultsDB(const std::string& file, int rows) {
         std::exit(1);
     }
     for (int row = 0; row < rows; ++row) {
-        results.LogViolation(row / 10 + 1, 3, Sample(row));
+        results.LogViolation(row / 10 + 1, ItemType::Procedure, Sample(row));
     }
 }
 

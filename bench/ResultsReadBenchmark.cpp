@@ -110,7 +110,7 @@ void WriteReview(ResultsDB& results, int violations) {
                  logged < end;
                  ++logged) {
                 const Violation violation = Sample(logged);
-                results.LogViolation(procedure.ObjectID(), 3, violation);
+                results.LogViolation(procedure.ObjectID(), ItemType::Procedure, violation);
                 procedure.ViolationStats().IncrementCount(violation.Severity, violation.Impact);
             }
             LogFigures(results, procedure, 30);

@@ -7,59 +7,57 @@
 #include "source/VirtualObject.h"
 
 #include <string>
+#include <vector>
 
 namespace dorvik::modTolerances {
 
 namespace {
 
-constexpr std::int32_t kNotSet = -1;
+constexpr std::int32_t kNotSet = ToleranceSettings::kNotSet;
 
-/// Where a measure of the violations finds its figure; in the order of the first twelve measures.
-using Figure = std::int32_t (ViolationStatistics::*)() const;
-constexpr std::array<Figure, 12> kFigures = {
-    &ViolationStatistics::CriticalViolations,
-    &ViolationStatistics::HighViolations,
-    &ViolationStatistics::MediumViolations,
-    &ViolationStatistics::LowViolations,
-    &ViolationStatistics::InfoViolations,
-    &ViolationStatistics::TotalViolations,
-    &ViolationStatistics::CriticalImpact,
-    &ViolationStatistics::HighImpact,
-    &ViolationStatistics::MediumImpact,
-    &ViolationStatistics::LowImpact,
-    &ViolationStatistics::InfoImpact,
-    &ViolationStatistics::TotalImpact,
-};
-constexpr std::size_t kCounts = 6;  // the figures behind them are impacts
-
-struct Judgement {
+struct Comparison {
     std::int32_t Actual = 0;
     std::int32_t Limit = 0;
     bool Pass = true;
 };
 
-void AddMeasure(VirtualObject& object, std::string_view name, const Judgement& judgement) {
+void AddMeasure(VirtualObject& object, std::string_view name, const Comparison& comparison) {
     const std::string measure(name);
-    object.Properties().Add(measure, judgement.Actual, false);
-    object.Properties().Add(measure + "Limit", judgement.Limit, false);
-    object.Properties().Add(measure + "Pass", judgement.Pass, false);
+    object.Properties().Add(measure, comparison.Actual, false);
+    object.Properties().Add(measure + "Limit", comparison.Limit, false);
+    object.Properties().Add(measure + "Pass", comparison.Pass, false);
 }
 
+/// The figures of the violations in the order of the measures: the counts, the impacts, the total after
+/// those of the severities.
+std::vector<std::int32_t> FiguresOf(const ViolationStatistics& stats) {
+    std::vector<std::int32_t> figures(stats.Counts().begin(), stats.Counts().end());
+    figures.push_back(stats.TotalViolations());
+    figures.insert(figures.end(), stats.Impacts().begin(), stats.Impacts().end());
+    figures.push_back(stats.TotalImpact());
+    return figures;
+}
+
+constexpr auto kCounts = static_cast<std::size_t>(ToleranceSettings::kPlaces);
+static_assert(kCounts == kSeverities.size() + 1);
+static_assert(kMeasures[0].Name == "CVC" && kMeasures[kCounts].Name == "CVI");
+static_assert(kMeasures[2 * kCounts].Name == "PC");
+
 void MeasureViolations(VirtualObject& object, const ReviewCriteria& criteria) {
-    for (std::size_t index = 0; index < kFigures.size(); ++index) {
-        const bool isCount = index < kCounts;
-        const auto place = static_cast<std::int32_t>(index % kCounts) + 1;
-        const std::int32_t limit =
-            isCount ? criteria.ToleranceCount(place) : criteria.ToleranceImpact(place);
+    const std::vector<std::int32_t> figures = FiguresOf(object.ViolationStats());
+    for (std::size_t index = 0; index < figures.size(); ++index) {
+        const auto position = static_cast<std::int32_t>(index % kCounts) + 1;
+        const std::int32_t limit = index < kCounts ? criteria.ToleranceCount(position)
+                                                   : criteria.ToleranceImpact(position);
         if (limit > kNotSet) {
-            const std::int32_t actual = (object.ViolationStats().*kFigures[index])();
+            const std::int32_t actual = figures[index];
             AddMeasure(object, kMeasures[index].Name, {actual, limit, actual <= limit});
         }
     }
 }
 
-/// In-line comments count as comments here and stand in the base a second time, since their lines are
-/// code lines too. Blank lines take no part.
+/// In-line comments count as comments here and are in the base a second time, since their lines are
+/// code lines too. Blank lines do not count.
 std::int32_t PercentageOfComments(const SourceLineStatistics& lines) {
     const std::int32_t comments = lines.CommentOnlyLines() + lines.InLineCommentLines();
     const std::int32_t base = lines.CodeLines() + comments;

@@ -1,23 +1,19 @@
 #include "results/modViolationListSql.h"
 
+#include "modItemSql.h"
+
 namespace dorvik::modViolationListSql {
 
 namespace {
 
 constexpr std::string_view kAll = "SELECT ItemID & '_' & ItemType As ItemIDType, * FROM Violations";
 
-std::string OfItem(std::int32_t itemType, std::int32_t itemId) {
-    return std::string(kAll) + " WHERE ItemID = " + std::to_string(itemId) +
-           " AND ItemType = " + std::to_string(itemType);
-}
-
 std::string Base(Scope scope, std::int32_t id) {
-    constexpr std::int32_t kFileItem = 2;
-    constexpr std::int32_t kProcedureItem = 3;
     switch (scope) {
         case Scope::All: return std::string(kAll);
-        case Scope::ProjectFile: return OfItem(kFileItem, id);
-        case Scope::Procedure: return OfItem(kProcedureItem, id);
+        case Scope::ProjectFile: return std::string(kAll) + modItemSql::OfItem(ItemType::File, id);
+        case Scope::Procedure:
+            return std::string(kAll) + modItemSql::OfItem(ItemType::Procedure, id);
         case Scope::SourceFile: break;
     }
     return "SELECT Violations.ItemID & '_' & Violations.ItemType As ItemIDType, Violations.* FROM "

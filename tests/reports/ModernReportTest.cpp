@@ -156,7 +156,7 @@ TEST_F(ModernReportTest, FiveThousandViolationsStayUnderAMegabyte) {
     ASSERT_EQ(
         kViolations,
         m_project.Results()
-            .GetViolationStats(1, m_project.Results().ProjectID())
+            .GetViolationStats(ItemType::Project, m_project.Results().ProjectID())
             .TotalViolations());
     const std::string page = Page();
     EXPECT_TRUE(Holds(page, "lngResult4999"));

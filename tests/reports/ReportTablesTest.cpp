@@ -111,8 +111,8 @@ TEST_F(ReportTables, SumsOfCategoriesGoBeyondThirtyTwoBits) {
     std::vector<CategoryStatistics> categories(2);
     for (CategoryStatistics& category : categories) {
         category.Category = "Jumps";
-        category.Statistics.SetCriticalViolations(2'000'000'000);
-        category.Statistics.SetLowViolations(2'000'000'000);
+        category.Statistics.SetCount(Severity::Critical, 2'000'000'000);
+        category.Statistics.SetCount(Severity::Low, 2'000'000'000);
     }
     m_engine.InsertViolStatsByCatTable(m_html, categories, 1);
     EXPECT_THAT(
@@ -144,8 +144,8 @@ TEST_F(ReportTables, FailuresOfAFileHaveLimitAndFigureAlsoWhereTheyAreZero) {
 TEST_F(ReportTables, ASeverityThatWasLeftOutOfTheReviewIsNotAvailable) {
     m_load.SetSeverityLevel(2, false);
     ViolationStatistics statistics;
-    statistics.SetCriticalViolations(3);
-    statistics.SetCriticalImpact(2700);
+    statistics.SetCount(Severity::Critical, 3);
+    statistics.SetImpact(Severity::Critical, 2700);
     statistics.SetTotalViolations(3);
     statistics.SetTotalImpact(2700);
     m_engine.InsertViolStatsTable(m_html, m_load, statistics);
@@ -164,8 +164,8 @@ TEST_F(ReportTables, ASeverityThatWasLeftOutOfTheReviewIsNotAvailable) {
 
 TEST_F(ReportTables, ACategoryWithoutViolationsIsARowOfDashes) {
     ViolationStatistics jumps;
-    jumps.SetCriticalViolations(2);
-    jumps.SetInfoViolations(1);
+    jumps.SetCount(Severity::Critical, 2);
+    jumps.SetCount(Severity::Information, 1);
     std::vector<CategoryStatistics> categories{{"Clarity", {}}, {"Jumps", jumps}};
     m_engine.InsertViolStatsByCatTable(m_html, categories, 3);
     EXPECT_EQ(

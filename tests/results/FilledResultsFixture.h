@@ -128,19 +128,18 @@ private:
         Finish(*file);
     }
 
-    void
-    Log(std::int32_t itemId, std::int32_t itemType, Violation violation, std::int32_t ruleType) {
+    void Log(std::int32_t itemId, ItemType itemType, Violation violation, std::int32_t ruleType) {
         violation.RuleType = ruleType;
         m_results.LogViolation(itemId, itemType, violation);
     }
 
     void WriteViolations() {
-        Log(1, 1, Breach(4, 50, -1), 2);
-        Log(1, 2, Breach(1, 900, -1), 1);
-        Log(1, 3, Breach(3, 500, 8), 3);
-        Log(2, 3, Breach(2, 750, 7), 3);
-        Log(2, 3, Breach(2, 100, 7), 4);
-        Log(2, 2, Breach(5, 10, 8), 5);
+        Log(1, ItemType::Project, Breach(4, 50, -1), 2);
+        Log(1, ItemType::File, Breach(1, 900, -1), 1);
+        Log(1, ItemType::Procedure, Breach(3, 500, 8), 3);
+        Log(2, ItemType::Procedure, Breach(2, 750, 7), 3);
+        Log(2, ItemType::Procedure, Breach(2, 100, 7), 4);
+        Log(2, ItemType::File, Breach(5, 10, 8), 5);
     }
 };
 

@@ -96,7 +96,7 @@ protected:
             if (number % kOfAFile == 1) {
                 LogFile(results, "mod" + std::to_string(number), file);
             }
-            results.LogViolation(file.ObjectID(), 2, Breach(number % 5 + 1, number));
+            results.LogViolation(file.ObjectID(), ItemType::File, Breach(number % 5 + 1, number));
             process.Tell(number);
         }
         results.EndReview(violations);
@@ -254,13 +254,13 @@ TEST_F(KilledReview, AReaderInAnotherProcessSeesEveryRowToldAndNoHalfState) {
 
 TEST_F(KilledReview, AReaderKeepsTheStateThatItBeganToRead) {
     Start();
-    m_results.LogViolation(1, 3, Breach(1, 1));
-    m_results.LogViolation(1, 3, Breach(1, 2));
+    m_results.LogViolation(1, ItemType::Procedure, Breach(1, 1));
+    m_results.LogViolation(1, ItemType::Procedure, Breach(1, 2));
     Database database;
     database.Open(m_path);
     auto rows = database.OpenRecordset("SELECT Impact FROM Violations", RecordsetType::Snapshot);
     for (std::int32_t number = 3; number <= 2000; ++number) {  // more than one folding of the log
-        m_results.LogViolation(1, 3, Breach(1, number));
+        m_results.LogViolation(1, ItemType::Procedure, Breach(1, number));
     }
     std::int32_t count = 0;
     for (; !rows.EOF_(); rows.MoveNext()) {

@@ -43,7 +43,7 @@ TEST_F(LostRows, ALostRowIsCountedAndTheReviewHasNoEnd) {
     VirtualObject withoutProperties;
     m_results.SetupVObjectResults("File", withoutProperties);
     m_results.SetupVObjectResults("Procedure", withoutProperties);
-    m_results.LogViolation(1, 1, Breach(1, 900));
+    m_results.LogViolation(1, ItemType::Project, Breach(1, 900));
     EXPECT_EQ(m_results.Failures().Count(), 2);
     EXPECT_NE(m_results.Failures().Reason(), "");
     m_results.EndReview(1);
@@ -73,12 +73,12 @@ TEST_F(LostRows, AnEndThatCannotBeWrittenIsALossWithItsReason) {
 TEST_F(LostRows, RowsThatALockCostsAreCountedAndThoseBehindItAreStored) {
     Start();
     Lock();
-    m_results.LogViolation(1, 1, Breach(1, 5));
-    m_results.LogViolation(1, 1, Breach(1, 6));
+    m_results.LogViolation(1, ItemType::Project, Breach(1, 5));
+    m_results.LogViolation(1, ItemType::Project, Breach(1, 6));
     EXPECT_EQ(m_results.Failures().Count(), 2);
     EXPECT_EQ(m_results.Failures().Reason(), "another program has it locked");
     Unlock();
-    m_results.LogViolation(1, 1, Breach(1, 7));
+    m_results.LogViolation(1, ItemType::Project, Breach(1, 7));
     EXPECT_THAT(Rows("SELECT Impact FROM Violations"), ElementsAre("7"));
     m_results.EndReview(1);
     EXPECT_THAT(Rows("SELECT [End] FROM Review"), ElementsAre(""));

@@ -86,7 +86,7 @@ TEST_F(QuotedValuesOfKnownFaults, AQuoteInAFileNameCostsOnlyThatFile) {
     SetUpFile("modA");
     const auto quoted = SetUpFile("mod'B");
     EXPECT_EQ(quoted->ObjectID(), 0);
-    EXPECT_EQ(quoted->ObjectType(), 2);
+    EXPECT_EQ(quoted->ObjectType(), ItemType::File);
     EXPECT_TRUE(m_log.Contains("#C_ResultsDB::GetEditableRecordset"));
     EXPECT_TRUE(m_log.Contains("#C_ResultsDB::SetupSourceFile"));
     SetUpProcedure("Orphan", "Sub");

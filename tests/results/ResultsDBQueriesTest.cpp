@@ -237,11 +237,13 @@ TEST_F(ResultsDBQueries, TheStatValueFollowsTheSortKeyOfItsKind) {
         m_results.SetFileSortKey(key);
         m_results.SetProcSortKey(5 - key);
         EXPECT_EQ(
-            m_results.GetObjectStatValue(object, 2), expected[static_cast<std::size_t>(key - 1)]);
+            m_results.GetObjectStatValue(object, ItemType::File),
+            expected[static_cast<std::size_t>(key - 1)]);
         EXPECT_EQ(
-            m_results.GetObjectStatValue(object, 3), expected[static_cast<std::size_t>(4 - key)]);
+            m_results.GetObjectStatValue(object, ItemType::Procedure),
+            expected[static_cast<std::size_t>(4 - key)]);
     }
-    EXPECT_TRUE(m_results.GetObjectStatValue(object, 1).IsEmpty());
+    EXPECT_TRUE(m_results.GetObjectStatValue(object, ItemType::Project).IsEmpty());
 }
 
 TEST_F(ResultsDBQueries, CountsAndSingleItemsAreFound) {
@@ -410,7 +412,7 @@ TEST_F(ResultsDBQueries, TheSourceOfAViolationFollowsItsItem) {
     EXPECT_EQ(m_results.GetViolationSourceLocation(4, false), (Location{"Billing", "modA"}));
     EXPECT_EQ(m_results.GetViolationSourceLocation(4, true), (Location{"Billing.vbp", "modA.bas"}));
     EXPECT_EQ(m_results.GetViolationSourceLocation(99, true), Location());
-    m_results.LogViolation(0, 3, Breach(1, 100));
+    m_results.LogViolation(0, ItemType::Procedure, Breach(1, 100));
     EXPECT_EQ(m_results.GetViolationSourceLocation(7, true), Location());
 }
 
@@ -452,28 +454,29 @@ TEST_F(ResultsDBQueries, ViolationsAreCountedByCategoryAndTheRestIsUnallocated) 
     const auto rows = m_results.GetViolationStatsByCategory(-1, false);
     ASSERT_EQ(rows.size(), 3U);
     EXPECT_EQ(rows[0].Category, "Clarity");
-    EXPECT_EQ(rows[0].Statistics.MediumViolations(), 1);
-    EXPECT_EQ(rows[0].Statistics.InfoViolations(), 1);
+    EXPECT_EQ(rows[0].Statistics.Count(Severity::Medium), 1);
+    EXPECT_EQ(rows[0].Statistics.Count(Severity::Information), 1);
     EXPECT_EQ(rows[0].Statistics.TotalViolations(), 0);  // not filled
-    EXPECT_EQ(rows[0].Statistics.MediumImpact(), 0);
+    EXPECT_EQ(rows[0].Statistics.Impact(Severity::Medium), 0);
     EXPECT_EQ(rows[1].Category, "Jumps");
-    EXPECT_EQ(rows[1].Statistics.HighViolations(), 2);
+    EXPECT_EQ(rows[1].Statistics.Count(Severity::High), 2);
     EXPECT_EQ(rows[2].Category, "Unallocated");
-    EXPECT_EQ(rows[2].Statistics.CriticalViolations(), 1);
-    EXPECT_EQ(rows[2].Statistics.LowViolations(), 1);
+    EXPECT_EQ(rows[2].Statistics.Count(Severity::Critical), 1);
+    EXPECT_EQ(rows[2].Statistics.Count(Severity::Low), 1);
 }
 
 TEST_F(ResultsDBQueries, ByCategoryAFileCountsItsProceduresOrItself) {
     FilterOfAll().AddExcludedCategoryID(7);  // takes no part
     const auto procedures = m_results.GetViolationStatsByCategory(2, false);
-    EXPECT_EQ(procedures[0].Statistics.MediumViolations(), 1);
-    EXPECT_EQ(procedures[0].Statistics.InfoViolations(), 0);
-    EXPECT_EQ(procedures[1].Statistics.HighViolations(), 2);
+    EXPECT_EQ(procedures[0].Statistics.Count(Severity::Medium), 1);
+    EXPECT_EQ(procedures[0].Statistics.Count(Severity::Information), 0);
+    EXPECT_EQ(procedures[1].Statistics.Count(Severity::High), 2);
     const auto file = m_results.GetViolationStatsByCategory(2, true);
-    EXPECT_EQ(file[0].Statistics.MediumViolations(), 0);
-    EXPECT_EQ(file[0].Statistics.InfoViolations(), 1);
-    EXPECT_EQ(file[1].Statistics.HighViolations(), 0);
-    EXPECT_EQ(m_results.GetViolationStatsByCategory(1, true)[2].Statistics.CriticalViolations(), 1);
+    EXPECT_EQ(file[0].Statistics.Count(Severity::Medium), 0);
+    EXPECT_EQ(file[0].Statistics.Count(Severity::Information), 1);
+    EXPECT_EQ(file[1].Statistics.Count(Severity::High), 0);
+    EXPECT_EQ(
+        m_results.GetViolationStatsByCategory(1, true)[2].Statistics.Count(Severity::Critical), 1);
 }
 
 }  // namespace

@@ -142,7 +142,7 @@ TEST_F(ResultsDBTest, TheProjectGetsItsRowAndTheReviewItsProject) {
     Start();
     const auto project = SetUpProject();
     EXPECT_EQ(project->ObjectID(), 1);
-    EXPECT_EQ(project->ObjectType(), 1);
+    EXPECT_EQ(project->ObjectType(), ItemType::Project);
     EXPECT_EQ(m_results.ProjectID(), 1);
     EXPECT_THAT(
         Rows("SELECT ProjectID, Name, Path, Filename, Type, ExeName32 FROM Projects", 6),
@@ -156,9 +156,9 @@ TEST_F(ResultsDBTest, TheProjectFileAndSourceFilesAreRowsOfOneTable) {
     const auto projectFile = SetUpFile("Billing", "vbp");  // kinds compare without regard to case
     const auto file = SetUpFile("modTotals");
     EXPECT_EQ(projectFile->ObjectID(), 1);
-    EXPECT_EQ(projectFile->ObjectType(), 2);
+    EXPECT_EQ(projectFile->ObjectType(), ItemType::File);
     EXPECT_EQ(file->ObjectID(), 2);
-    EXPECT_EQ(file->ObjectType(), 2);
+    EXPECT_EQ(file->ObjectType(), ItemType::File);
     EXPECT_THAT(
         Rows("SELECT SourceID, ProjectID, Name, Path, Filename, Type FROM SourceFiles", 6),
         ElementsAre(
@@ -191,7 +191,7 @@ TEST_F(ResultsDBTest, ProceduresBelongToTheFileSetUpLast) {
     const auto second = SetUpProcedure("Total", "Function");
     EXPECT_EQ(first->ObjectID(), 1);
     EXPECT_EQ(second->ObjectID(), 2);
-    EXPECT_EQ(second->ObjectType(), 3);
+    EXPECT_EQ(second->ObjectType(), ItemType::Procedure);
     EXPECT_THAT(
         Rows("SELECT ProcID, SourceID, Name, Type, Scope, IsStatic, ReturnType FROM Procedures", 7),
         ElementsAre("1|1|Total|Function|Public|True|Long", "2|2|Total|Function|Public|True|Long"));
@@ -235,7 +235,7 @@ TEST_F(ResultsDBTest, SectionsAreRowsOfTheProceduresWithEmptyValues) {
     m_results.SetupVObjectResults("Declarations", declarations);
     m_results.SetupVObjectResults("Layout", again);
     EXPECT_EQ(layout.ObjectID(), 1);
-    EXPECT_EQ(layout.ObjectType(), 3);
+    EXPECT_EQ(layout.ObjectType(), ItemType::Procedure);
     EXPECT_EQ(declarations.ObjectID(), 2);
     EXPECT_EQ(again.ObjectID(), 1);
     EXPECT_THAT(
@@ -249,7 +249,7 @@ TEST_F(ResultsDBTest, AnyOtherKindDoesNothing) {
     object.SetObjectID(5);
     m_results.SetupVObjectResults("Control", object);
     EXPECT_EQ(object.ObjectID(), 5);
-    EXPECT_EQ(object.ObjectType(), 0);
+    EXPECT_EQ(object.ObjectType(), ItemType::None);
     EXPECT_THAT(m_log.Entries(), IsEmpty());
 }
 
@@ -263,7 +263,7 @@ TEST_F(ResultsDBTest, AnObjectWithoutAPropertyThatItsRowNeedsIsLoggedAndHasNoRow
 }
 
 TEST_F(ResultsDBTest, WritingWithoutAnOpenDatabaseIsLogged) {
-    m_results.LogViolation(1, 3, Breach(1, 900));
+    m_results.LogViolation(1, ItemType::Procedure, Breach(1, 900));
     EXPECT_TRUE(m_log.Contains("#C_ResultsDB::LogViolation"));
 }
 
@@ -275,7 +275,7 @@ TEST_F(ResultsDBTest, LogViolationWritesEveryField) {
     violation.Title = "It's [End] & True";
     violation.SourceLine = std::string(15000, 'x');
     violation.LineBottomOffset = 3;
-    m_results.LogViolation(4, 3, violation);
+    m_results.LogViolation(4, ItemType::Procedure, violation);
     EXPECT_THAT(
         Rows(
             "SELECT ViolationID, ItemID, ItemType, RuleID, RuleType, Title, Description, Advice, "
@@ -290,7 +290,7 @@ TEST_F(ResultsDBTest, LogViolationWritesEveryField) {
 
 TEST_F(ResultsDBTest, AViolationIsOnDiskAtOnce) {
     Start();
-    m_results.LogViolation(1, 1, Breach(1, 900));
+    m_results.LogViolation(1, ItemType::Project, Breach(1, 900));
     EXPECT_THAT(
         Rows("SELECT Count(ViolationID) FROM Violations"),
         ElementsAre("1"));  // a second connection
@@ -299,8 +299,8 @@ TEST_F(ResultsDBTest, AViolationIsOnDiskAtOnce) {
 TEST_F(ResultsDBTest, AViolationWithoutACategoryHasNoCategoryRow) {
     AddCategory(7, "Jumps");
     Start();
-    m_results.LogViolation(1, 3, Breach(1, 900, -1));
-    m_results.LogViolation(1, 3, Breach(1, 900, 7));
+    m_results.LogViolation(1, ItemType::Procedure, Breach(1, 900, -1));
+    m_results.LogViolation(1, ItemType::Procedure, Breach(1, 900, 7));
     EXPECT_THAT(Rows("SELECT CategoryID FROM CategoryList"), ElementsAre("7"));
     EXPECT_THAT(
         Rows("SELECT Count(Violations.ViolationID) AS ViolCount FROM Violations WHERE CategoryID = "
@@ -434,26 +434,26 @@ TEST_F(ResultsDBTest, LineAndViolationCountsAreStoredAndReadBack) {
             "InformationImpact FROM ViolationStats",
             14),
         ElementsAre("1|1|6|1|1|1|1|2|151|10|20|30|40|51"));
-    const ViolationStatistics stats = m_results.GetViolationStats(1, 1);
+    const ViolationStatistics stats = m_results.GetViolationStats(ItemType::Project, 1);
     EXPECT_EQ(stats.TotalViolations(), 6);
-    EXPECT_EQ(stats.InfoViolations(), 2);
-    EXPECT_EQ(stats.CriticalImpact(), 10);
-    EXPECT_EQ(stats.HighImpact(), 20);
-    EXPECT_EQ(stats.MediumImpact(), 30);
-    EXPECT_EQ(stats.LowImpact(), 40);
-    EXPECT_EQ(stats.InfoImpact(), 51);
+    EXPECT_EQ(stats.Count(Severity::Information), 2);
+    EXPECT_EQ(stats.Impact(Severity::Critical), 10);
+    EXPECT_EQ(stats.Impact(Severity::High), 20);
+    EXPECT_EQ(stats.Impact(Severity::Medium), 30);
+    EXPECT_EQ(stats.Impact(Severity::Low), 40);
+    EXPECT_EQ(stats.Impact(Severity::Information), 51);
     EXPECT_EQ(stats.TotalImpact(), 151);
-    EXPECT_EQ(m_results.GetLineStats(1, 1).CommentOnlyLines(), 5);
-    EXPECT_EQ(m_results.GetLineStats(1, 1).InLineCommentLines(), 3);
-    EXPECT_EQ(m_results.GetLineStats(1, 1).BlankLines(), 2);
-    EXPECT_EQ(m_results.GetLineStats(1, 1).TotalLines(), 20);
-    EXPECT_EQ(m_results.GetLineStats(1, 1).CodeLines(), 12);
+    EXPECT_EQ(m_results.GetLineStats(ItemType::Project, 1).CommentOnlyLines(), 5);
+    EXPECT_EQ(m_results.GetLineStats(ItemType::Project, 1).InLineCommentLines(), 3);
+    EXPECT_EQ(m_results.GetLineStats(ItemType::Project, 1).BlankLines(), 2);
+    EXPECT_EQ(m_results.GetLineStats(ItemType::Project, 1).TotalLines(), 20);
+    EXPECT_EQ(m_results.GetLineStats(ItemType::Project, 1).CodeLines(), 12);
 }
 
 TEST_F(ResultsDBTest, AnItemWithoutARowHasZeros) {
     Start();
-    EXPECT_EQ(m_results.GetViolationStats(3, 99).TotalViolations(), 0);
-    EXPECT_EQ(m_results.GetLineStats(3, 99).TotalLines(), 0);
+    EXPECT_EQ(m_results.GetViolationStats(ItemType::Procedure, 99).TotalViolations(), 0);
+    EXPECT_EQ(m_results.GetLineStats(ItemType::Procedure, 99).TotalLines(), 0);
     EXPECT_THAT(m_log.Entries(), IsEmpty());
 }
 

@@ -290,7 +290,7 @@ class ResultsSqlOrder : public ResultsSqlFixture {
 protected:
     void SetUp() override {
         ResultsSqlFixture::SetUp();
-        m_results.LogViolation(2, 3, Breach(2, 40, 8));  // violation 7
+        m_results.LogViolation(2, ItemType::Procedure, Breach(2, 40, 8));  // violation 7
     }
 
     std::string Order(const std::string& clause) const {

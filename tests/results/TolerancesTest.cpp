@@ -181,7 +181,7 @@ TEST_F(TolerancesTest, TheTwelveMeasuresOfAProjectFileAreJudgedLikeThoseOfAFile)
                     "|" + passes + "|-1|-1"))
                 << name;
         }
-        EXPECT_EQ(m_results.TolerancePass(2, projectFile->ObjectID()), below == 0);
+        EXPECT_EQ(m_results.TolerancePass(ItemType::File, projectFile->ObjectID()), below == 0);
     }
 }
 
@@ -211,11 +211,11 @@ TEST_F(TolerancesTest, OneFailingFileFailsTheProject) {
     const auto good = Finish(FileWithViolations("modA", 1, 0));
     const auto bad = Finish(FileWithViolations("modB", 1, 3));
     std::vector<ToleranceFailure> failures;
-    EXPECT_FALSE(m_results.TolerancePass(1, 0, failures));
+    EXPECT_FALSE(m_results.TolerancePass(ItemType::Project, 0, failures));
     EXPECT_THAT(failures, ElementsAre(ToleranceFailure{"Critical Violation Count", 0, 0}));
-    EXPECT_TRUE(m_results.TolerancePass(2, good->ObjectID()));
+    EXPECT_TRUE(m_results.TolerancePass(ItemType::File, good->ObjectID()));
     failures.clear();
-    EXPECT_FALSE(m_results.TolerancePass(2, bad->ObjectID(), failures));
+    EXPECT_FALSE(m_results.TolerancePass(ItemType::File, bad->ObjectID(), failures));
     EXPECT_THAT(failures, ElementsAre(ToleranceFailure{"Critical Violation Count", 3, 0}));
 }
 
@@ -225,7 +225,7 @@ TEST_F(TolerancesTest, AProjectWhoseFilesAllPassPasses) {
     SetUpProject();
     Finish(FileWithViolations("modA", 1, 1));
     Finish(FileWithViolations("modB", 1, 0));
-    EXPECT_TRUE(m_results.TolerancePass(1, 0));
+    EXPECT_TRUE(m_results.TolerancePass(ItemType::Project, 0));
     EXPECT_THAT(Rows("SELECT MAX(CVCPass) As CVCResult FROM SourceFiles"), ElementsAre("-1"));
 }
 
@@ -234,10 +234,10 @@ TEST_F(TolerancesTest, AMeasureThatNoFileHasIsNoFailure) {
     SetUpProject();
     Finish(FileWithViolations("modA", 1, 5));
     std::vector<ToleranceFailure> failures;
-    EXPECT_TRUE(m_results.TolerancePass(1, 0, failures));
+    EXPECT_TRUE(m_results.TolerancePass(ItemType::Project, 0, failures));
     EXPECT_THAT(failures, IsEmpty());
-    EXPECT_TRUE(m_results.TolerancePass(2, 1, failures));
-    EXPECT_TRUE(m_results.TolerancePass(2, 99, failures));  // no such file
+    EXPECT_TRUE(m_results.TolerancePass(ItemType::File, 1, failures));
+    EXPECT_TRUE(m_results.TolerancePass(ItemType::File, 99, failures));  // no such file
     EXPECT_THAT(failures, IsEmpty());
     EXPECT_THAT(m_log.Entries(), IsEmpty());
 }
@@ -252,7 +252,7 @@ TEST_F(TolerancesTest, FailuresComeInTheOrderOfTheMeasures) {
     file->Properties().Add("MaximumCyclomatic", 6);
     file = Finish(std::move(file));
     std::vector<ToleranceFailure> failures;
-    EXPECT_FALSE(m_results.TolerancePass(2, file->ObjectID(), failures));
+    EXPECT_FALSE(m_results.TolerancePass(ItemType::File, file->ObjectID(), failures));
     EXPECT_THAT(
         failures,
         ElementsAre(
@@ -262,7 +262,7 @@ TEST_F(TolerancesTest, FailuresComeInTheOrderOfTheMeasures) {
 }
 
 TEST_F(TolerancesTest, AnErrorIsLoggedAndPasses) {
-    EXPECT_TRUE(m_results.TolerancePass(1, 0));
+    EXPECT_TRUE(m_results.TolerancePass(ItemType::Project, 0));
     EXPECT_TRUE(m_log.Contains("#C_ResultsDB::TolerancePass"));
 }
 
@@ -273,7 +273,7 @@ TEST_F(TolerancesTest, OnlyTheTotalSetCountsAsNoTolerance) {
     SetUpProject();
     const auto file = Finish(FileWithViolations("modA", 3, 1));
     EXPECT_FALSE(m_results.TolerancesSet());
-    EXPECT_FALSE(m_results.TolerancePass(2, file->ObjectID()));
+    EXPECT_FALSE(m_results.TolerancePass(ItemType::File, file->ObjectID()));
 }
 
 TEST_F(TolerancesTest, AnyOtherToleranceCounts) {

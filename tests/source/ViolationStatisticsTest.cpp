@@ -9,19 +9,15 @@ namespace {
 
 /// The twelve numbers in the order of the severities, the total last.
 std::array<std::int32_t, 12> Numbers(const ViolationStatistics& stats) {
-    return {
-        stats.CriticalViolations(),
-        stats.CriticalImpact(),
-        stats.HighViolations(),
-        stats.HighImpact(),
-        stats.MediumViolations(),
-        stats.MediumImpact(),
-        stats.LowViolations(),
-        stats.LowImpact(),
-        stats.InfoViolations(),
-        stats.InfoImpact(),
-        stats.TotalViolations(),
-        stats.TotalImpact()};
+    std::array<std::int32_t, 12> numbers{};
+    std::size_t index = 0;
+    for (const Severity severity : kSeverities) {
+        numbers.at(index++) = stats.Count(severity);
+        numbers.at(index++) = stats.Impact(severity);
+    }
+    numbers.at(index++) = stats.TotalViolations();
+    numbers.at(index++) = stats.TotalImpact();
+    return numbers;
 }
 
 TEST(ViolationStatistics, EachSeverityCountsForItselfAndForTheTotal) {
@@ -49,20 +45,24 @@ TEST(ViolationStatistics, ASeverityOutsideOneToFiveChangesNothing) {
 
 TEST(ViolationStatistics, EveryNumberCanBeWritten) {
     ViolationStatistics stats;
-    stats.SetCriticalViolations(1);
-    stats.SetCriticalImpact(2);
-    stats.SetHighViolations(3);
-    stats.SetHighImpact(4);
-    stats.SetMediumViolations(5);
-    stats.SetMediumImpact(6);
-    stats.SetLowViolations(7);
-    stats.SetLowImpact(8);
-    stats.SetInfoViolations(9);
-    stats.SetInfoImpact(10);
+    std::int32_t number = 0;
+    for (const Severity severity : kSeverities) {
+        stats.SetCount(severity, ++number);
+        stats.SetImpact(severity, ++number);
+    }
     stats.SetTotalViolations(11);
     stats.SetTotalImpact(12);
     EXPECT_EQ(
         Numbers(stats), (std::array<std::int32_t, 12>{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}));
+}
+
+TEST(ViolationStatistics, TheFiguresOfAllSeveritiesAreInTheirOrder) {
+    ViolationStatistics stats;
+    stats.IncrementCount(NumberOf(Severity::Critical), 900);
+    stats.IncrementCount(NumberOf(Severity::Low), 50);
+    stats.IncrementCount(NumberOf(Severity::Low), 60);
+    EXPECT_EQ(stats.Counts(), (SeverityFigures{1, 0, 0, 2, 0}));
+    EXPECT_EQ(stats.Impacts(), (SeverityFigures{900, 0, 0, 110, 0}));
 }
 
 }  // namespace

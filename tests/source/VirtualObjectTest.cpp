@@ -63,7 +63,7 @@ TEST(VirtualObject, MembersStayTheSameOnceCreated) {
     object.LineStats().IncrementCount(LineType::Code);
     EXPECT_EQ(object.LineStats().CodeLines(), 1);
     object.ViolationStats().IncrementCount(1, 900);
-    EXPECT_EQ(object.ViolationStats().CriticalImpact(), 900);
+    EXPECT_EQ(object.ViolationStats().Impact(Severity::Critical), 900);
     object.Workfields().Add("Seen", Variant(true), false);
     EXPECT_TRUE(object.Workfields().Item("seen").AsBoolean());
     EXPECT_EQ(object.Properties().Count(), 0);
@@ -74,17 +74,17 @@ TEST(VirtualObject, StartsWithNothingSetAndKeepsWhatIsSet) {
     EXPECT_FALSE(object.HasVLIST());
     EXPECT_EQ(object.ParentViolations(), "");
     EXPECT_EQ(object.ObjectID(), 0);
-    EXPECT_EQ(object.ObjectType(), 0);
+    EXPECT_EQ(object.ObjectType(), ItemType::None);
     object.SetHasVLIST(true);
     object.SetHasLSTATS(true);
     object.SetParentViolations("Layout");
     object.SetObjectID(12);
-    object.SetObjectType(49);
+    object.SetObjectType(ItemType::Procedure);
     EXPECT_TRUE(object.HasVLIST());
     EXPECT_TRUE(object.HasLSTATS());
     EXPECT_EQ(object.ParentViolations(), "Layout");
     EXPECT_EQ(object.ObjectID(), 12);
-    EXPECT_EQ(object.ObjectType(), 49);
+    EXPECT_EQ(object.ObjectType(), ItemType::Procedure);
 }
 
 }  // namespace

@@ -12,7 +12,8 @@ struct LevelRow {
     dorvik::Shade Shade;
 };
 
-constexpr std::array<LevelRow, kLevels> kRows = {{
+/// In the order of `kSeverities`.
+constexpr std::array<LevelRow, kSeverities.size()> kRows = {{
     {"critical", Shade::Bad},
     {"high", Shade::Bad},
     {"medium", Shade::Caution},
@@ -20,19 +21,20 @@ constexpr std::array<LevelRow, kLevels> kRows = {{
     {"info", Shade::Dim},
 }};
 
-bool IsKnown(std::int32_t level) {
-    return level >= 1 && level <= kLevels;
-}
-
 }  // namespace
 
-std::string Word(std::int32_t level) {
-    return IsKnown(level) ? std::string(kRows.at(static_cast<std::size_t>(level - 1)).Word)
-                          : "unknown";
+std::string Word(Severity severity) {
+    return std::string(kRows.at(IndexOf(severity)).Word);
 }
 
-Shade ShadeOf(std::int32_t level) {
-    return IsKnown(level) ? kRows.at(static_cast<std::size_t>(level - 1)).Shade : Shade::Plain;
+std::string Word(std::int32_t number) {
+    const std::optional<Severity> severity = SeverityOf(number);
+    return severity ? Word(*severity) : "unknown";
+}
+
+Shade ShadeOf(std::int32_t number) {
+    const std::optional<Severity> severity = SeverityOf(number);
+    return severity ? kRows.at(IndexOf(*severity)).Shade : Shade::Plain;
 }
 
 }  // namespace dorvik::modSeverityNames

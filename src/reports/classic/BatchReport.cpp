@@ -15,7 +15,6 @@ namespace dorvik {
 
 namespace {
 
-constexpr std::int32_t kProjectItem = 1;
 constexpr std::int32_t kActionGeneratingReport = 3;
 
 std::string Sum(std::int64_t sum) {
@@ -111,15 +110,15 @@ void BatchReport::WriteFailedProject(const std::string& name) {
 
 void BatchReport::WriteReviewedProject(const VirtualProject& project, const std::string& name) {
     const BasicObject details = m_results->GetProjectDetails(/*ignoreFilter=*/true);
-    const auto violations = m_results->GetViolationStats(kProjectItem, details.ObjectID);
-    const auto lines = m_results->GetLineStats(kProjectItem, details.ObjectID);
+    const auto violations = m_results->GetViolationStats(ItemType::Project, details.ObjectID);
+    const auto lines = m_results->GetLineStats(ItemType::Project, details.ObjectID);
     if (m_criteria.ReportOption() > 0) {
         m_html.InsertHyperLinkedTableCell(name, HrefOfProject(project.Filename()), "left");
     } else {
         m_html.InsertTableCell(name, "left");
     }
     // Required: whether any tolerance is set is not asked, so without one every project passes.
-    const bool passes = m_results->TolerancePass(kProjectItem, 0);
+    const bool passes = m_results->TolerancePass(ItemType::Project, 0);
     if (passes && !UnfinishedFiles::ReadFrom(*m_results).InPart.empty()) {
         // Figures of a part are no reason to pass.
         m_html.InsertTableCell("Incomplete", {}, "error");

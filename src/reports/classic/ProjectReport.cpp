@@ -13,8 +13,6 @@ namespace dorvik {
 
 namespace {
 
-constexpr std::int32_t kProjectItem = 1;
-constexpr std::int32_t kFileItem = 2;
 constexpr std::int32_t kWholeDatabase = -1;
 constexpr std::int32_t kActionGeneratingReport = 3;
 constexpr std::string_view kNotAvailable = "N/A";
@@ -71,13 +69,13 @@ void ProjectReport::ReadReview() {
     m_criteria = m_results.GetReviewCriteria();
     m_review = m_results.GetReviewData();
     m_project = m_results.GetProjectDetails(/*ignoreFilter=*/true);
-    m_violations = m_results.GetViolationStats(kProjectItem, m_project.ObjectID);
-    m_lines = m_results.GetLineStats(kProjectItem, m_project.ObjectID);
+    m_violations = m_results.GetViolationStats(ItemType::Project, m_project.ObjectID);
+    m_lines = m_results.GetLineStats(ItemType::Project, m_project.ObjectID);
     // A review without an end is incomplete, and shows no verdict.
     m_tolerancesSet = !m_review.End.IsZero() && ReportsEngine::TolerancesSet(m_criteria.Tolerances);
     m_unfinished = UnfinishedFiles::ReadFrom(m_results);
     if (m_tolerancesSet) {
-        m_passed = m_results.TolerancePass(kProjectItem, 0, m_failures);
+        m_passed = m_results.TolerancePass(ItemType::Project, 0, m_failures);
     }
     RulebaseLoadCriteria& load = m_criteria.LoadCriteria;
     load.SetRulebaseTitle(m_review.RulebaseTitle);
@@ -178,8 +176,9 @@ bool ProjectReport::WriteFiles() {
 }
 
 bool ProjectReport::WriteFile(const BasicObject& file) {
-    const ViolationStatistics violations = m_results.GetViolationStats(kFileItem, file.ObjectID);
-    const SourceLineStatistics lines = m_results.GetLineStats(kFileItem, file.ObjectID);
+    const ViolationStatistics violations =
+        m_results.GetViolationStats(ItemType::File, file.ObjectID);
+    const SourceLineStatistics lines = m_results.GetLineStats(ItemType::File, file.ObjectID);
     const std::int32_t status = ReviewStatusOf(file);
     const bool hasDetails = status == 0 && !m_unfinished.Unread.contains(file.ObjectID);
     // Required: a name without "." shows as empty.
@@ -224,7 +223,7 @@ void ProjectReport::WriteVerdict(const BasicObject& file) {
         ++m_counts.NotReviewed;
     } else if (!m_tolerancesSet) {
         m_html.InsertTableCell(kNotAvailable, "center");
-    } else if (m_results.TolerancePass(kFileItem, file.ObjectID)) {
+    } else if (m_results.TolerancePass(ItemType::File, file.ObjectID)) {
         m_html.InsertTableCell("Pass", {}, "pass");
         ++m_counts.Passed;
     } else {

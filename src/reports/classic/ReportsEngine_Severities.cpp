@@ -26,8 +26,8 @@ constexpr std::array<std::string_view, 16> kColours{
     "White",
     "Yellow"};
 
-/// By level from 1.
-constexpr std::array<std::string_view, 5> kClasses{
+/// In the order of `kSeverities`.
+constexpr std::array<std::string_view, kSeverities.size()> kClasses{
     "critical", "high", "medium", "low", "information"};
 
 constexpr std::array<std::string_view, 16> kLinesBeforeSeverities{
@@ -49,7 +49,7 @@ constexpr std::array<std::string_view, 16> kLinesBeforeSeverities{
     ".violationsheading{background-color : #F4A460; font-weight : bold;}",
     ".lefttableheading{text-align : left;}"};
 
-constexpr std::array<std::string_view, 9> kLinesBehindSeverities{
+constexpr std::array<std::string_view, 9> kLinesAfterSeverities{
     ".passtext{background-color : Lime;}",
     ".failtext{background-color : Red;}",
     ".emphasisedtext{font-weight : bold;}",
@@ -59,14 +59,6 @@ constexpr std::array<std::string_view, 9> kLinesBehindSeverities{
     ".blank{background-color : White; color : Black;}",
     "-->",
     "</style>"};
-
-bool IsLevel(std::int32_t level) {
-    return level >= 1 && static_cast<std::size_t>(level) <= kClasses.size();
-}
-
-std::size_t PlaceOf(std::int32_t level) {
-    return static_cast<std::size_t>(level) - 1;
-}
 
 template <typename Lines>
 void AddLines(std::string& text, const Lines& lines) {
@@ -81,8 +73,8 @@ void AddLines(std::string& text, const Lines& lines) {
 void ReportsEngine::TakeSeverities(const SeverityTable& severities) {
     for (std::int32_t index = 1; index <= severities.Count(); ++index) {
         const SeverityItem& item = *severities.Item(index);
-        if (IsLevel(item.SeverityLevel())) {
-            m_severities[PlaceOf(item.SeverityLevel())] = {
+        if (const auto severity = SeverityOf(item.SeverityLevel())) {
+            m_severities[IndexOf(*severity)] = {
                 item.Title(), std::string(LongColourToTextColour(item.Colour()))};
         }
     }
@@ -95,24 +87,27 @@ std::string_view ReportsEngine::LongColourToTextColour(std::int32_t colour) {
 
 const std::string& ReportsEngine::GetSeverityText(std::int32_t level) const {
     static const std::string none;
-    return IsLevel(level) ? m_severities[PlaceOf(level)].Title : none;
+    const std::optional<Severity> severity = SeverityOf(level);
+    return severity ? m_severities[IndexOf(*severity)].Title : none;
 }
 
 std::string_view ReportsEngine::GetSeverityClass(std::int32_t level) {
-    return IsLevel(level) ? kClasses[PlaceOf(level)] : std::string_view();
+    const std::optional<Severity> severity = SeverityOf(level);
+    return severity ? kClasses[IndexOf(*severity)] : std::string_view();
 }
 
 // Required: a severity without a colour keeps its line, with nothing in place of the name.
 std::string ReportsEngine::GetStyleSheet() const {
     std::string sheet;
     AddLines(sheet, kLinesBeforeSeverities);
-    for (std::size_t place = 0; place < kLevels; ++place) {
+    for (const Severity severity : kSeverities) {
         sheet += '.';
-        sheet += kClasses[place];
-        sheet += "{background-color : " + m_severities[place].Colour + "; color : Black;}";
+        sheet += kClasses[IndexOf(severity)];
+        sheet +=
+            "{background-color : " + m_severities[IndexOf(severity)].Colour + "; color : Black;}";
         sheet += modText::kLineEnd;
     }
-    AddLines(sheet, kLinesBehindSeverities);
+    AddLines(sheet, kLinesAfterSeverities);
     return sheet;
 }
 

@@ -12,22 +12,6 @@ namespace dorvik {
 
 namespace {
 
-using Figure = std::int32_t (ViolationStatistics::*)() const;
-
-struct LevelFigures {
-    Figure Count;
-    Figure Impact;
-};
-
-/// By severity, from 1.
-constexpr std::array<LevelFigures, 5> kLevelFigures = {{
-    {&ViolationStatistics::CriticalViolations, &ViolationStatistics::CriticalImpact},
-    {&ViolationStatistics::HighViolations, &ViolationStatistics::HighImpact},
-    {&ViolationStatistics::MediumViolations, &ViolationStatistics::MediumImpact},
-    {&ViolationStatistics::LowViolations, &ViolationStatistics::LowImpact},
-    {&ViolationStatistics::InfoViolations, &ViolationStatistics::InfoImpact},
-}};
-
 struct Convention {
     std::string_view Label;
     bool (RulebaseLoadCriteria::*IsIncluded)() const;
@@ -154,7 +138,7 @@ void InsertLimits(
         if (limits.Item(index) == ToleranceSettings::kNotSet) {
             continue;
         }
-        if (index < ToleranceSettings::kPlaces) {
+        if (SeverityOf(index)) {
             label = engine.GetSeverityText(index);
         }
         label += suffix;
@@ -249,14 +233,13 @@ void ReportsEngine::InsertViolStatsTable(
     html.InsertTableHeading("Violations", "30%");
     html.InsertTableHeading("Impact", "30%");
     html.EndTag("tr");
-    std::int32_t level = 0;
-    for (const LevelFigures& figures : kLevelFigures) {
-        ++level;
+    for (const Severity severity : kSeverities) {
+        const std::int32_t level = NumberOf(severity);
         const bool isSelected = filter.SeverityLevel(level);
         html.StartTag("tr");
         html.InsertTableCell(GetSeverityText(level), "left", GetSeverityClass(level));
-        html.InsertTableCell(isSelected ? FormatNumber((statistics.*figures.Count)()) : "N/A");
-        html.InsertTableCell(isSelected ? FormatNumber((statistics.*figures.Impact)()) : "N/A");
+        html.InsertTableCell(isSelected ? FormatNumber(statistics.Count(severity)) : "N/A");
+        html.InsertTableCell(isSelected ? FormatNumber(statistics.Impact(severity)) : "N/A");
         html.EndTag("tr");
     }
     html.StartTag("tr", {"class", "totalsline"});
@@ -282,23 +265,24 @@ void ReportsEngine::InsertViolStatsByCatTable(
     }
     html.StartTag("tr");
     html.InsertTableHeading("Category Title", "40%");
-    for (std::int32_t level = 1; level <= static_cast<std::int32_t>(kLevels); ++level) {
+    for (const Severity severity : kSeverities) {
+        const std::int32_t level = NumberOf(severity);
         html.InsertTableHeading(GetSeverityText(level), "10%", GetSeverityClass(level));
     }
     html.InsertTableHeading("Total", "10%");
     html.EndTag("tr");
 
-    std::array<std::int64_t, kLevels> sums{};
+    std::array<std::int64_t, kSeverities.size()> sums{};
     std::int64_t sumOfAll = 0;
     for (CategoryStatistics& category : categories) {
         html.StartTag("tr");
         html.InsertTableCell(category.Category, "left");
         std::int64_t sum = 0;
-        for (std::size_t place = 0; place < kLevels; ++place) {
-            const std::int32_t count = (category.Statistics.*kLevelFigures.at(place).Count)();
+        for (const Severity severity : kSeverities) {
+            const std::int32_t count = category.Statistics.Count(severity);
             html.InsertTableCell(FormatNumber(count));
             sum += count;
-            sums.at(place) += count;
+            sums.at(IndexOf(severity)) += count;
         }
         html.InsertTableCell(Sum(sum));
         html.EndTag("tr");

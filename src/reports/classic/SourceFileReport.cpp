@@ -12,8 +12,6 @@ namespace dorvik {
 
 namespace {
 
-constexpr std::int32_t kFileItem = 2;
-constexpr std::int32_t kProcedureItem = 3;
 constexpr std::int32_t kStepsOfProcedure = 4;
 constexpr std::string_view kPageTitle = "Dorvik Source File Detail Report";
 
@@ -22,24 +20,16 @@ constexpr std::string_view kPageTitle = "Dorvik Source File Detail Report";
 const SourceFileReport::FigureTable SourceFileReport::kCounts{
     "ViolationStatistics",
     "Violation Statistics",
-    {&ViolationStatistics::CriticalViolations,
-     &ViolationStatistics::HighViolations,
-     &ViolationStatistics::MediumViolations,
-     &ViolationStatistics::LowViolations,
-     &ViolationStatistics::InfoViolations,
-     &ViolationStatistics::TotalViolations},
+    &ViolationStatistics::Counts,
+    &ViolationStatistics::TotalViolations,
     true};
 
 // Required: its rows are no progress.
 const SourceFileReport::FigureTable SourceFileReport::kImpacts{
     "ImpactStatistics",
     "Impact Statistics",
-    {&ViolationStatistics::CriticalImpact,
-     &ViolationStatistics::HighImpact,
-     &ViolationStatistics::MediumImpact,
-     &ViolationStatistics::LowImpact,
-     &ViolationStatistics::InfoImpact,
-     &ViolationStatistics::TotalImpact},
+    &ViolationStatistics::Impacts,
+    &ViolationStatistics::TotalImpact,
     false};
 
 SourceFileReport::SourceFileReport(
@@ -84,12 +74,12 @@ void SourceFileReport::ReadFigures() {
     m_procedures = m_results.GetSourceFileProcList(id, true, true);
     for (const BasicObject& location : m_procedures) {
         m_locationStatistics.emplace(
-            location.ObjectID, m_results.GetViolationStats(kProcedureItem, location.ObjectID));
+            location.ObjectID, m_results.GetViolationStats(ItemType::Procedure, location.ObjectID));
     }
-    m_statistics = m_results.GetViolationStats(kFileItem, id);
+    m_statistics = m_results.GetViolationStats(ItemType::File, id);
     m_isUnfinished = UnfinishedFiles::Include(id, m_results);
     if (m_subject.TolerancesSet) {
-        m_passed = m_results.TolerancePass(kFileItem, id, m_failures);
+        m_passed = m_results.TolerancePass(ItemType::File, id, m_failures);
     }
 }
 

@@ -7,7 +7,6 @@
 #include "source/SourceLineStatistics.h"
 #include "source/ViolationStatistics.h"
 
-#include <array>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -39,13 +38,11 @@ public:
     const HTMLHelper2& Html() const { return m_html; }
 
 private:
-    using Figure = std::int32_t (ViolationStatistics::*)() const;
-    /// Those of the five severities, then the total.
-    using Figures = std::array<Figure, 6>;
     struct FigureTable {
         std::string_view Id;
         std::string_view Title;
-        Figures Columns;
+        const SeverityFigures& (ViolationStatistics::*BySeverity)() const;
+        std::int32_t (ViolationStatistics::*Total)() const;
         bool RowsAreProgress;
     };
     static const FigureTable kCounts;
@@ -64,7 +61,7 @@ private:
     bool InsertFigureRows(const FigureTable& table);
     /// The stored ones, which no filter touches; the rows of the tables go by them.
     const ViolationStatistics& FiguresOf(const BasicObject& location) const;
-    void InsertFigureCells(const ViolationStatistics& statistics, const Figures& columns);
+    void InsertFigureCells(const ViolationStatistics& statistics, const FigureTable& table);
     void InsertCategoryTable();
     bool InsertLineCounts();
     void InsertLineCountCells(const SourceLineStatistics& statistics);

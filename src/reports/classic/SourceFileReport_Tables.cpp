@@ -11,8 +11,6 @@ namespace dorvik {
 
 namespace {
 
-constexpr std::int32_t kFileItem = 2;
-constexpr std::int32_t kProcedureItem = 3;
 constexpr std::string_view kLeftHeading = "lefttableheading";
 constexpr std::string_view kTotalsLine = "totalsline";
 constexpr std::string_view kNothing = "-";
@@ -64,7 +62,7 @@ bool SourceFileReport::InsertFigureTable(const FigureTable& table) {
         }
         m_html.StartTag("tr", {"class", kTotalsLine});
         m_html.InsertTableCell("TOTALS", "left");
-        InsertFigureCells(m_statistics, table.Columns);
+        InsertFigureCells(m_statistics, table);
         m_html.EndTag("tr");
     }
     m_html.EndTag("table");
@@ -74,7 +72,8 @@ bool SourceFileReport::InsertFigureTable(const FigureTable& table) {
 void SourceFileReport::InsertFigureHeading() {
     m_html.StartTag("tr");
     m_html.InsertTableHeading("Location", "40%", kLeftHeading);
-    for (std::int32_t level = 1; level <= 5; ++level) {
+    for (const Severity severity : kSeverities) {
+        const std::int32_t level = NumberOf(severity);
         m_html.InsertTableHeading(
             m_engine.GetSeverityText(level), "10%", ReportsEngine::GetSeverityClass(level));
     }
@@ -85,12 +84,12 @@ void SourceFileReport::InsertFigureHeading() {
 bool SourceFileReport::InsertFigureRows(const FigureTable& table) {
     for (const BasicObject& location : m_procedures) {
         const ViolationStatistics& statistics = FiguresOf(location);
-        if ((statistics.*table.Columns.back())() <= 0) {
+        if ((statistics.*table.Total)() <= 0) {
             continue;
         }
         m_html.StartTag("tr");
         m_html.InsertHyperLinkedTableCell(LabelOf(location), "#" + AnchorOf(location), "left");
-        InsertFigureCells(statistics, table.Columns);
+        InsertFigureCells(statistics, table);
         m_html.EndTag("tr");
         if (table.RowsAreProgress && !Advance()) {
             return false;
@@ -104,10 +103,11 @@ const ViolationStatistics& SourceFileReport::FiguresOf(const BasicObject& locati
 }
 
 void SourceFileReport::InsertFigureCells(
-    const ViolationStatistics& statistics, const Figures& columns) {
-    for (const Figure figure : columns) {
-        InsertNumber((statistics.*figure)());
+    const ViolationStatistics& statistics, const FigureTable& table) {
+    for (const std::int32_t figure : (statistics.*table.BySeverity)()) {
+        InsertNumber(figure);
     }
+    InsertNumber((statistics.*table.Total)());
 }
 
 void SourceFileReport::InsertCategoryTable() {
@@ -134,7 +134,7 @@ bool SourceFileReport::InsertLineCounts() {
         }
         m_html.StartTag("tr");
         m_html.InsertTableCell(LabelOf(location));
-        InsertLineCountCells(m_results.GetLineStats(kProcedureItem, location.ObjectID));
+        InsertLineCountCells(m_results.GetLineStats(ItemType::Procedure, location.ObjectID));
         m_html.EndTag("tr");
         if (!Advance()) {
             return false;
@@ -142,7 +142,7 @@ bool SourceFileReport::InsertLineCounts() {
     }
     m_html.StartTag("tr");
     m_html.InsertTableCell("TOTALS");
-    InsertLineCountCells(m_results.GetLineStats(kFileItem, m_subject.File.ObjectID));
+    InsertLineCountCells(m_results.GetLineStats(ItemType::File, m_subject.File.ObjectID));
     m_html.EndTag("tr");
     m_html.EndTag("table");
     return true;

@@ -30,20 +30,20 @@ std::int32_t SumOf(const SeverityFigures& figures) {
 }
 
 std::string
-SeverityRow(const ModernReportData& data, std::size_t place, const SeverityFigures& counts) {
-    const ModernSeverity& severity = data.Severities.at(place);
-    const SeverityFigures impacts = ImpactsOf(data.Violations);
+SeverityRow(const ModernReportData& data, Severity severity, const SeverityFigures& counts) {
+    const ModernSeverity& reviewed = data.Severities.at(IndexOf(severity));
+    const std::int32_t count = counts.at(IndexOf(severity));
     const std::int32_t most = *std::max_element(counts.begin(), counts.end());
     SeverityFigures only{};
-    only.at(place) = counts.at(place);
-    std::string html = "<tr><th scope=\"row\">" + SeverityShape(place) + " " +
-                       Escape(severity.Title) + "</th><td class=\"bar-cell\">" +
+    only.at(IndexOf(severity)) = count;
+    std::string html = "<tr><th scope=\"row\">" + SeverityShape(severity) + " " +
+                       Escape(reviewed.Title) + "</th><td class=\"bar-cell\">" +
                        StackedBar(only, most) + "</td>";
-    if (!severity.Included) {
+    if (!reviewed.Included) {
         return html + "<td class=\"number\" colspan=\"2\">not reviewed</td></tr>\n";
     }
-    return html + "<td class=\"number\">" + Figure(counts.at(place)) +
-           "</td><td class=\"number\">" + Figure(impacts.at(place)) + "</td></tr>\n";
+    return html + "<td class=\"number\">" + Figure(count) + "</td><td class=\"number\">" +
+           Figure(data.Violations.Impact(severity)) + "</td></tr>\n";
 }
 
 std::string SeverityChart(const ModernReportData& data) {
@@ -52,9 +52,9 @@ std::string SeverityChart(const ModernReportData& data) {
                        "Severity</th><th scope=\"col\"><span class=\"unseen\">Bar</span></th>"
                        "<th scope=\"col\" class=\"number\">Violations</th>"
                        "<th scope=\"col\" class=\"number\">Impact</th></tr></thead>\n<tbody>\n";
-    const SeverityFigures counts = CountsOf(data.Violations);
-    for (std::size_t place = 0; place < kSeverityLevels; ++place) {
-        html += SeverityRow(data, place, counts);
+    const SeverityFigures& counts = data.Violations.Counts();
+    for (const Severity severity : kSeverities) {
+        html += SeverityRow(data, severity, counts);
     }
     return html + "</tbody>\n</table>\n</figure>\n";
 }
@@ -94,9 +94,9 @@ CategoryRow(const std::string& title, const SeverityFigures& counts, std::int32_
 std::string CategoryHead(const ModernReportData& data) {
     std::string html = "<thead><tr><th scope=\"col\">Category</th><th scope=\"col\">"
                        "<span class=\"unseen\">Bar</span></th>";
-    for (std::size_t place = 0; place < kSeverityLevels; ++place) {
-        html += "<th scope=\"col\" class=\"number\">" + SeverityShape(place) +
-                "<span class=\"unseen\">" + Escape(data.Severities.at(place).Title) +
+    for (const Severity severity : kSeverities) {
+        html += "<th scope=\"col\" class=\"number\">" + SeverityShape(severity) +
+                "<span class=\"unseen\">" + Escape(data.Severities.at(IndexOf(severity)).Title) +
                 "</span></th>";
     }
     return html + "<th scope=\"col\" class=\"number\">Total</th></tr></thead>\n";
@@ -105,7 +105,7 @@ std::string CategoryHead(const ModernReportData& data) {
 std::string CategoryChart(const ModernReportData& data) {
     std::vector<std::pair<std::string, SeverityFigures>> rows;
     for (const CategoryStatistics& category : data.Categories) {
-        rows.emplace_back(category.Category, CountsOf(category.Statistics));
+        rows.emplace_back(category.Category, category.Statistics.Counts());
     }
     std::stable_sort(rows.begin(), rows.end(), [](const auto& left, const auto& right) {
         return SumOf(left.second) > SumOf(right.second);
@@ -137,24 +137,24 @@ std::string SymbolSheet() {
 )html";
 }
 
-std::string SeverityShape(std::size_t place) {
-    const std::string level = std::to_string(place + 1);
+std::string SeverityShape(Severity severity) {
+    const std::string level = std::to_string(NumberOf(severity));
     return "<svg class=\"shape level-" + level +
            "\" aria-hidden=\"true\" focusable=\"false\"><use href=\"#shape-" + level + "\"/></svg>";
 }
 
-std::string StackedBar(const std::array<std::int32_t, 5>& figures, std::int32_t whole) {
+std::string StackedBar(const SeverityFigures& figures, std::int32_t whole) {
     std::string html = "<svg class=\"bar\" width=\"100%\" height=\"12\" aria-hidden=\"true\" "
                        "focusable=\"false\">";
     std::int32_t before = 0;
-    for (std::size_t place = 0; place < figures.size(); ++place) {
-        const std::int32_t figure = figures.at(place);
+    for (const Severity severity : kSeverities) {
+        const std::int32_t figure = figures.at(IndexOf(severity));
         if (figure > 0 && whole > 0) {
-            const std::string level = std::to_string(place + 1);
+            const std::string level = std::to_string(NumberOf(severity));
             const std::string box = "x=\"" + Percentage(before, whole) + "\" width=\"" +
                                     Percentage(figure, whole) + "\" height=\"12\"";
             html += "<rect class=\"level-" + level + "\" " + box + "/>";
-            if (place > 0) {
+            if (severity != Severity::Critical) {
                 html += "<rect " + box + " fill=\"url(#hatch-" + level + ")\"/>";
             }
         }

@@ -56,9 +56,9 @@ LimitRows(const ModernReportData& data, const LongArrayList& limits, const std::
     std::string rows;
     for (std::int32_t place = 1; place <= ToleranceSettings::kPlaces; ++place) {
         if (limits.Item(place) != ToleranceSettings::kNotSet) {
-            const auto level = static_cast<std::size_t>(place - 1);
+            const std::optional<Severity> severity = SeverityOf(place);  // none: the total
             const std::string title =
-                level < kSeverityLevels ? Escape(data.Severities.at(level).Title) : "Total";
+                severity ? Escape(data.Severities.at(IndexOf(*severity)).Title) : "Total";
             rows += Row(title + " " + what, "at most " + Figure(limits.Item(place)));
         }
     }

@@ -3,6 +3,7 @@
 #include "base/modTextCase.h"
 #include "results/ResultsDB.h"
 #include "results/UnfinishedFiles.h"
+#include "results/modViolationRow.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -10,10 +11,6 @@
 namespace dorvik {
 
 namespace {
-
-constexpr std::int32_t kProjectItem = 1;
-constexpr std::int32_t kFileItem = 2;
-constexpr std::int32_t kProcedureItem = 3;
 
 using PlaceById = std::unordered_map<std::int32_t, std::size_t>;
 
@@ -49,15 +46,15 @@ std::string ReasonOf(const ModernReportFacts& facts, const std::string& filename
 }
 
 void ReadSeverities(ModernReportData& data) {
-    for (std::size_t place = 0; place < kSeverityLevels; ++place) {
-        data.Severities.at(place).Title = "Severity " + std::to_string(place + 1);
+    for (const Severity severity : kSeverities) {
+        data.Severities.at(IndexOf(severity)).Title =
+            "Severity " + std::to_string(NumberOf(severity));
     }
     const SeverityTable& severities = data.Criteria.Lists.Severities;
     for (std::int32_t index = 1; index <= severities.Count(); ++index) {
         const SeverityItem& item = *severities.Item(index);
-        const auto place = static_cast<std::size_t>(item.SeverityLevel() - 1);
-        if (place < kSeverityLevels) {
-            data.Severities.at(place) = {item.Title(), severities.Selected(index)};
+        if (const std::optional<Severity> severity = SeverityOf(item.SeverityLevel())) {
+            data.Severities.at(IndexOf(*severity)) = {item.Title(), severities.Selected(index)};
         }
     }
 }
@@ -83,10 +80,10 @@ void ReadFiles(ResultsDB& results, const ModernReportFacts& facts, ModernReportD
         file.Filename = std::move(object.Filename);
         file.Path = std::move(object.Path);
         file.IsProjectFile = modTextCase::Equal(object.ObjectType, "Project");
-        file.Violations = results.GetViolationStats(kFileItem, file.ID);
-        file.Lines = results.GetLineStats(kFileItem, file.ID);
+        file.Violations = results.GetViolationStats(ItemType::File, file.ID);
+        file.Lines = results.GetLineStats(ItemType::File, file.ID);
         file.AverageComplexity = object.CyclomaticComplexity;
-        results.TolerancePass(kFileItem, file.ID, file.Failures);
+        results.TolerancePass(ItemType::File, file.ID, file.Failures);
         data.Files.push_back(std::move(file));
     }
 }
@@ -128,26 +125,9 @@ PlaceById ReadProcedures(ResultsDB& results, const PlaceById& files, ModernRepor
     return places;
 }
 
-Violation ReadViolation(Recordset& rows) {
-    Violation violation;
-    violation.RuleID = rows.Value("RuleID").AsLong();
-    violation.RuleType = rows.Value("RuleType").AsLong();
-    violation.Title = rows.Value("Title").AsText();
-    violation.Severity = rows.Value("Severity").AsLong();
-    violation.Impact = static_cast<std::int16_t>(rows.Value("Impact").AsLong());
-    violation.CategoryID = rows.Value("CategoryID").AsLong();
-    violation.Completed = rows.Value("Completed").AsBoolean();
-    violation.SourceLine = rows.Value("SourceLine").AsText();
-    violation.Description = rows.Value("Description").AsText();
-    violation.Advice = rows.Value("Advice").AsText();
-    violation.SourceLineNumber = rows.Value("LineNum").AsLong();
-    return violation;
-}
-
 void CountInProcedure(const Violation& violation, ModernProcedure& procedure) {
-    const auto place = static_cast<std::size_t>(violation.Severity - 1);
-    if (place < kSeverityLevels) {
-        ++procedure.Violations.at(place);
+    if (const std::optional<Severity> severity = SeverityOf(violation.Severity)) {
+        ++procedure.Violations.at(IndexOf(*severity));
     }
     ++procedure.TotalViolations;
     procedure.TotalImpact += violation.Impact;
@@ -164,17 +144,17 @@ void ReadViolations(
     const PlaceById& procedures,
     ModernReportData& data) {
     auto rows = results.OpenRecordSource(
-        "SELECT ViolationID, ItemID, ItemType, RuleID, RuleType, Title, Severity, Impact, "
-        "CategoryID, Completed, SourceLine, Description, Advice, LineNum FROM Violations");
+        "SELECT ViolationID, ItemID, ItemType, " + std::string(modViolationRow::kColumns) +
+        " FROM Violations");
     for (; rows && !rows->EOF_(); rows->MoveNext()) {
         ModernViolation violation;
         violation.ID = rows->Value("ViolationID").AsLong();
-        violation.Violation = ReadViolation(*rows);
-        const std::int32_t itemType = rows->Value("ItemType").AsLong();
+        violation.Violation = modViolationRow::Read(*rows);
+        const ItemType itemType = ItemTypeOf(rows->Value("ItemType").AsLong());
         const std::int32_t itemId = rows->Value("ItemID").AsLong();
-        if (itemType == kFileItem) {
+        if (itemType == ItemType::File) {
             violation.File = PlaceIn(files, itemId);
-        } else if (itemType == kProcedureItem) {
+        } else if (itemType == ItemType::Procedure) {
             violation.Procedure = PlaceIn(procedures, itemId);
         }
         if (violation.Procedure) {
@@ -187,24 +167,6 @@ void ReadViolations(
 }
 
 }  // namespace
-
-SeverityFigures CountsOf(const ViolationStatistics& statistics) {
-    return {
-        statistics.CriticalViolations(),
-        statistics.HighViolations(),
-        statistics.MediumViolations(),
-        statistics.LowViolations(),
-        statistics.InfoViolations()};
-}
-
-SeverityFigures ImpactsOf(const ViolationStatistics& statistics) {
-    return {
-        statistics.CriticalImpact(),
-        statistics.HighImpact(),
-        statistics.MediumImpact(),
-        statistics.LowImpact(),
-        statistics.InfoImpact()};
-}
 
 std::optional<double> CommentShareOf(const SourceLineStatistics& lines) {
     const double comments = lines.CommentOnlyLines() + lines.InLineCommentLines();
@@ -219,11 +181,11 @@ ModernReportData ModernReportData::ReadFrom(ResultsDB& results, const ModernRepo
     data.ProjectPath = results.GetProjectData("Path");
     data.Review = results.GetReviewData();
     data.Criteria = results.GetReviewCriteria();
-    data.Violations = results.GetViolationStats(kProjectItem, results.ProjectID());
-    data.Lines = results.GetLineStats(kProjectItem, results.ProjectID());
+    data.Violations = results.GetViolationStats(ItemType::Project, results.ProjectID());
+    data.Lines = results.GetLineStats(ItemType::Project, results.ProjectID());
     data.Categories = results.GetViolationStatsByCategory(-1, /*fileLevel=*/false);
     data.HasTolerances = SetsTolerance(data.Criteria.Tolerances);
-    data.Passed = results.TolerancePass(kProjectItem, results.ProjectID(), data.Failures);
+    data.Passed = results.TolerancePass(ItemType::Project, results.ProjectID(), data.Failures);
     data.Unreviewed = facts.Unreviewed;
     ReadSeverities(data);
     ReadFiles(results, facts, data);

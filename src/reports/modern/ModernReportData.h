@@ -18,13 +18,6 @@
 
 namespace dorvik {
 
-/// Figures by severity; place 0 is level 1, critical.
-constexpr std::size_t kSeverityLevels = 5;
-using SeverityFigures = std::array<std::int32_t, kSeverityLevels>;
-
-SeverityFigures CountsOf(const ViolationStatistics& statistics);
-SeverityFigures ImpactsOf(const ViolationStatistics& statistics);
-
 /// A severity level as the review had it.
 struct ModernSeverity {
     std::string Title;
@@ -73,7 +66,7 @@ struct ModernReportData {
     std::string ProjectPath;
     ReviewData Review;
     StoredReviewCriteria Criteria;
-    std::array<ModernSeverity, kSeverityLevels> Severities;
+    std::array<ModernSeverity, kSeverities.size()> Severities;  // in the order of `kSeverities`
     std::vector<CategoryStatistics> Categories;
     ViolationStatistics Violations;
     SourceLineStatistics Lines;

@@ -127,7 +127,7 @@ void WriteFile(const ModernFile& file, bool hasTolerances, CompactJson& json) {
         .Text(file.Path)
         .Number(static_cast<int>(VerdictOf(file, hasTolerances)))
         .Open();
-    for (const std::int32_t count : CountsOf(file.Violations)) {
+    for (const std::int32_t count : file.Violations.Counts()) {
         json.Number(count);
     }
     json.Close()

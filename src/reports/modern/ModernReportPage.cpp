@@ -128,13 +128,13 @@ TableFrame(const std::string& name, std::string_view caption, const std::vector<
 std::string SeverityFilter(const ModernReportData& data) {
     std::string html =
         "<fieldset class=\"severities\"><legend>Severity</legend>\n<div class=\"chips\">";
-    const SeverityFigures counts = CountsOf(data.Violations);
-    for (std::size_t place = 0; place < kSeverityLevels; ++place) {
-        const std::string level = std::to_string(place + 1);
+    const SeverityFigures& counts = data.Violations.Counts();
+    for (const Severity severity : kSeverities) {
+        const std::string level = std::to_string(NumberOf(severity));
         html += "<label class=\"chip\"><input type=\"checkbox\" checked id=\"severity-" + level +
-                "\" value=\"" + level + "\">" + SeverityShape(place) + " " +
-                Escape(data.Severities.at(place).Title) + " <span class=\"count\">" +
-                modReportFormat::FormatNumber(counts.at(place), 0, /*showZero=*/true) +
+                "\" value=\"" + level + "\">" + SeverityShape(severity) + " " +
+                Escape(data.Severities.at(IndexOf(severity)).Title) + " <span class=\"count\">" +
+                modReportFormat::FormatNumber(counts.at(IndexOf(severity)), 0, /*showZero=*/true) +
                 "</span></label>\n";
     }
     return html + "</div></fieldset>\n";

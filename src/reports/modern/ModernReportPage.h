@@ -1,7 +1,7 @@
 #pragma once
 
-#include <array>
-#include <cstddef>
+#include "source/ViolationStatistics.h"
+
 #include <cstdint>
 #include <string>
 
@@ -35,13 +35,13 @@ std::string DataBlock(const ModernReportData& data);
 
 /// The shapes of the severity levels and the hatchings of the bars, to be used by number.
 std::string SymbolSheet();
-/// The shape of a level (0 is critical), without words.
-std::string SeverityShape(std::size_t place);
+/// The shape of a severity, without words.
+std::string SeverityShape(Severity severity);
 /// The value or the limit of a measure with its unit, if it has one.
 std::string MeasureFigure(const ToleranceFailure& measure, std::int32_t figure);
-/// A bar of the stacked figures, as wide as their part of `whole`. Says nothing to a screen reader: the
-/// figures stand beside it.
-std::string StackedBar(const std::array<std::int32_t, 5>& figures, std::int32_t whole);
+/// A bar of the stacked figures, as wide as their part of `whole`. Hidden from a screen reader, since
+/// the figures are shown as text too.
+std::string StackedBar(const SeverityFigures& figures, std::int32_t whole);
 
 }  // namespace modModernReport
 

@@ -202,7 +202,7 @@ std::string MeasureFigure(const ToleranceFailure& measure, std::int32_t figure) 
 
 std::string SummarySection(const ModernReportData& data) {
     const Verdict verdict = VerdictOf(data);
-    const SeverityFigures counts = CountsOf(data.Violations);
+    const SeverityFigures& counts = data.Violations.Counts();
     return "<section id=\"summary\" aria-labelledby=\"title\">\n<header class=\"title\">\n"
            "<h1 id=\"title\">" +
            Escape(data.ProjectName) + "</h1>\n<p class=\"byline\">" + Escape(data.ProjectFilename) +

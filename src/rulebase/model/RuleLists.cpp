@@ -161,7 +161,8 @@ void RuleLists::AddToListsOfItsKind(const std::shared_ptr<IRule>& rule) {
             AddNamingConvention(std::static_pointer_cast<NamingConvention>(rule));
             break;
         case ruleTypeComponent:
-        case ruleTypeReference: break;  // no rule object is of these kinds
+        case ruleTypeReference:
+        case ruleTypeDocumentation: break;  // no rule object is of these kinds
     }
 }
 
@@ -216,7 +217,8 @@ void RuleLists::RemoveFromListsOfItsKind(const IRule& rule, std::string_view rul
                 rule.RuleID(), static_cast<const NamingConvention&>(rule).ObjectType());
             break;
         case ruleTypeComponent:
-        case ruleTypeReference: break;  // no rule object is of these kinds
+        case ruleTypeReference:
+        case ruleTypeDocumentation: break;  // no rule object is of these kinds
     }
 }
 

@@ -53,7 +53,7 @@ constexpr std::array<SortRow, 6> kSortRows = {{
 
 /// Nothing where no line was counted.
 std::optional<std::int32_t>
-PercentageOfComments(std::int32_t itemType, std::int32_t itemId, ResultsDB& database) {
+PercentageOfComments(ItemType itemType, std::int32_t itemId, ResultsDB& database) {
     const SourceLineStatistics lines = database.GetLineStats(itemType, itemId);
     const std::int32_t comments = lines.CommentOnlyLines() + lines.InLineCommentLines();
     const std::int32_t base = lines.CodeLines() + comments;
@@ -74,12 +74,11 @@ HotspotList HotspotList::OfFiles(ResultsDB& database) {
         if (ResultsItems::IsProjectFile(file)) {
             hotspot.HasComplexity = false;
         } else {
-            hotspot.Comments = PercentageOfComments(ResultsItems::kFile, file.ObjectID, database);
+            hotspot.Comments = PercentageOfComments(ItemType::File, file.ObjectID, database);
         }
         hotspot.Finished = !unfinished.Contains(file.ObjectID);
         hotspot.HasComplexity = hotspot.HasComplexity && hotspot.Finished;
-        hotspot.Passed =
-            hotspot.Finished && database.TolerancePass(ResultsItems::kFile, file.ObjectID);
+        hotspot.Passed = hotspot.Finished && database.TolerancePass(ItemType::File, file.ObjectID);
         hotspot.Object = std::move(file);
         list.m_rows.push_back(std::move(hotspot));
     }
@@ -97,8 +96,7 @@ void HotspotList::AddProceduresOf(const BasicObject& file, ResultsDB& database) 
         hotspot.File = file.Name;
         hotspot.Name = ResultsItems::ShownName(procedure.Name, procedure.ObjectType);
         hotspot.HasComplexity = !procedure.ObjectType.empty();
-        hotspot.Comments =
-            PercentageOfComments(ResultsItems::kProcedure, procedure.ObjectID, database);
+        hotspot.Comments = PercentageOfComments(ItemType::Procedure, procedure.ObjectID, database);
         hotspot.Object = std::move(procedure);
         hotspot.Object.Filename = file.Filename;
         hotspot.Object.Path = file.Path;

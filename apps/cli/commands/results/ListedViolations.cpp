@@ -6,6 +6,7 @@
 #include "foundation/log/Trap.h"
 #include "results/ResultsDB.h"
 #include "results/modViolationListSql.h"
+#include "results/modViolationRow.h"
 
 #include <algorithm>
 #include <array>
@@ -83,22 +84,6 @@ bool ComesFirst(const ListedViolation& left, const ListedViolation& right) {
     return false;
 }
 
-void ReadFacts(Recordset& rows, Violation& facts) {
-    facts.RuleID = rows.Value("RuleID").AsLong();
-    facts.RuleType = rows.Value("RuleType").AsLong();
-    facts.Title = rows.Value("Title").AsText();
-    facts.Description = rows.Value("Description").AsText();
-    facts.Advice = rows.Value("Advice").AsText();
-    facts.Severity = rows.Value("Severity").AsLong();
-    facts.Impact = static_cast<std::int16_t>(rows.Value("Impact").AsLong());
-    facts.CategoryID = rows.Value("CategoryID").AsLong();
-    facts.SourceLineNumber = rows.Value("LineNum").AsLong();
-    facts.Location = rows.Value("Loc").AsLong();
-    facts.LocationMember = rows.Value("LocMember").AsText();
-    facts.SourceLine = rows.Value("SourceLine").AsText();
-    facts.Completed = rows.Value("Completed").AsBoolean();
-}
-
 }  // namespace
 
 std::string ListedViolation::Place() const {
@@ -158,7 +143,7 @@ void ListedViolations::ListFiles(ResultsDB& database) {
     }
 }
 
-const ListedFile& ListedViolations::FileOf(std::int32_t itemType, std::int32_t itemId) const {
+const ListedFile& ListedViolations::FileOf(ItemType itemType, std::int32_t itemId) const {
     const BasicObject* const file = m_items.FileOf(itemType, itemId);
     return m_files.at(file == nullptr ? kProjectItself : file->ObjectID);
 }
@@ -168,12 +153,14 @@ void ListedViolations::Read(ResultsDB& database, const std::string& sql) {
     Trap({"ListedViolations", "Read"}, [&] {
         auto rows = database.OpenRecordSource(sql);
         for (; rows && !rows->EOF_(); rows->MoveNext()) {
-            const std::int32_t itemType = rows->Value("ItemType").AsLong();
+            const ItemType itemType = ItemTypeOf(rows->Value("ItemType").AsLong());
             const std::int32_t itemId = rows->Value("ItemID").AsLong();
             ListedViolation& violation = m_rows.emplace_back();
             violation.ID = rows->Value("ViolationID").AsLong();
             violation.File = &FileOf(itemType, itemId);
-            ReadFacts(*rows, violation.Facts);
+            violation.Facts = modViolationRow::Read(*rows);
+            violation.Facts.Location = rows->Value("Loc").AsLong();
+            violation.Facts.LocationMember = rows->Value("LocMember").AsText();
             violation.Severity = names.Severity(violation.Facts.Severity);
             violation.Category = names.Category(violation.Facts.CategoryID);
             if (const auto* const procedure = m_items.ProcedureOf(itemType, itemId)) {

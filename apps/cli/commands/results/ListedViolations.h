@@ -59,7 +59,7 @@ public:
 private:
     void ListFiles(ResultsDB& database);
     void Read(ResultsDB& database, const std::string& sql);
-    const ListedFile& FileOf(std::int32_t itemType, std::int32_t itemId) const;
+    const ListedFile& FileOf(ItemType itemType, std::int32_t itemId) const;
 
     const ResultsItems& m_items;
     std::map<std::int32_t, ListedFile> m_files;  // by SourceID, and 0 for the project

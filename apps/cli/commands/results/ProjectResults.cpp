@@ -11,7 +11,6 @@
 #include "results/UnfinishedFiles.h"
 
 #include <algorithm>
-#include <array>
 
 namespace dorvik {
 
@@ -20,34 +19,7 @@ namespace {
 /// How many findings are shown of a project; the database has them all.
 constexpr std::int32_t kShownFindings = 20;
 
-constexpr std::int32_t kProjectItem = 1;
-
-struct LevelRow {
-    std::int32_t (ViolationStatistics::*Count)() const;
-    void (ViolationStatistics::*SetCount)(std::int32_t);
-    std::int32_t (ViolationStatistics::*Impact)() const;
-};
-
-/// By severity from 1.
-constexpr std::array<LevelRow, 5> kLevels = {{
-    {&ViolationStatistics::CriticalViolations,
-     &ViolationStatistics::SetCriticalViolations,
-     &ViolationStatistics::CriticalImpact},
-    {&ViolationStatistics::HighViolations,
-     &ViolationStatistics::SetHighViolations,
-     &ViolationStatistics::HighImpact},
-    {&ViolationStatistics::MediumViolations,
-     &ViolationStatistics::SetMediumViolations,
-     &ViolationStatistics::MediumImpact},
-    {&ViolationStatistics::LowViolations,
-     &ViolationStatistics::SetLowViolations,
-     &ViolationStatistics::LowImpact},
-    {&ViolationStatistics::InfoViolations,
-     &ViolationStatistics::SetInfoViolations,
-     &ViolationStatistics::InfoImpact},
-}};
-
-/// The figures of the project are stored when its review ends; until then the rows tell them.
+/// The figures of the project are stored when its review ends; until then they are counted from the rows.
 ViolationStatistics CountRows(ResultsDB& database) {
     ViolationStatistics stats;
     Trap({"ProjectResults", "CountRows"}, [&] {
@@ -55,10 +27,9 @@ ViolationStatistics CountRows(ResultsDB& database) {
             "SELECT Severity, Count(ViolationID) As ViolCount, Sum(Impact) As ViolImpact "
             "FROM Violations GROUP BY Severity");
         for (; rows && !rows->EOF_(); rows->MoveNext()) {
-            const std::int32_t level = rows->Value("Severity").AsLong();
             const std::int32_t count = rows->Value("ViolCount").AsLong();
-            if (level >= 1 && level <= static_cast<std::int32_t>(kLevels.size())) {
-                (stats.*kLevels.at(static_cast<std::size_t>(level - 1)).SetCount)(count);
+            if (const auto severity = SeverityOf(rows->Value("Severity").AsLong())) {
+                stats.SetCount(*severity, count);
             }
             stats.SetTotalViolations(stats.TotalViolations() + count);
             stats.SetTotalImpact(stats.TotalImpact() + rows->Value("ViolImpact").AsLong());
@@ -70,9 +41,9 @@ ViolationStatistics CountRows(ResultsDB& database) {
 std::string DescribeViolations(const ViolationStatistics& stats) {
     std::string text = modFigureText::Grouped(stats.TotalViolations());
     std::string separator = "  (";
-    for (std::size_t level = 0; level < kLevels.size(); ++level) {
-        text += separator + modFigureText::Grouped((stats.*kLevels.at(level).Count)()) + " " +
-                modSeverityNames::Word(static_cast<std::int32_t>(level) + 1);
+    for (const Severity severity : kSeverities) {
+        text += separator + modFigureText::Grouped(stats.Count(severity)) + " " +
+                modSeverityNames::Word(severity);
         separator = ", ";
     }
     return text + ")";
@@ -123,9 +94,8 @@ std::string DescribeVerdict(const ProjectResults& results) {
 
 void WriteViolations(const ViolationStatistics& stats, JsonOutput& json) {
     json.BeginObject("violations");
-    for (std::size_t level = 0; level < kLevels.size(); ++level) {
-        const std::string word = modSeverityNames::Word(static_cast<std::int32_t>(level) + 1);
-        json.Number(word, (stats.*kLevels.at(level).Count)());
+    for (const Severity severity : kSeverities) {
+        json.Number(modSeverityNames::Word(severity), stats.Count(severity));
     }
     json.Number("total", stats.TotalViolations());
     json.EndObject();
@@ -153,15 +123,15 @@ ProjectResults ProjectResults::ReadFrom(ResultsDB& database) {
     results.Ended = !database.GetReviewData().End.IsZero();
     // The project file has a row there, too.
     results.Files = std::max(database.GetSourceFileCount("") - 1, 0);
-    results.Lines = database.GetLineStats(kProjectItem, database.ProjectID()).TotalLines();
+    results.Lines = database.GetLineStats(ItemType::Project, database.ProjectID()).TotalLines();
     results.Violations = results.Ended
-                             ? database.GetViolationStats(kProjectItem, database.ProjectID())
+                             ? database.GetViolationStats(ItemType::Project, database.ProjectID())
                              : CountRows(database);
     results.Worst = database.GetWorstFindings(kShownFindings);
     std::vector<ToleranceFailure> failures;
     results.UnfinishedFiles =
         static_cast<std::int32_t>(dorvik::UnfinishedFiles::ReadFrom(database).Count());
-    results.Passed = database.TolerancePass(kProjectItem, 0, failures) && results.Ended &&
+    results.Passed = database.TolerancePass(ItemType::Project, 0, failures) && results.Ended &&
                      results.UnfinishedFiles == 0;
     for (const ToleranceFailure& failure : failures) {
         results.FailedMeasures.push_back(failure.Description);

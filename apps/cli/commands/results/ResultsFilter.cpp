@@ -6,6 +6,8 @@
 #include "cli/output/SeverityNames.h"
 #include "foundation/log/Trap.h"
 #include "results/ResultsDB.h"
+#include "rulebase/model/RuleType.h"
+#include "source/Severity.h"
 
 #include <algorithm>
 #include <array>
@@ -19,18 +21,19 @@ namespace {
 constexpr std::int32_t kNoCategory = -1;
 
 struct KindRow {
+    RuleType Type;
     std::string_view Key;
     void (RulebaseLoadCriteria::*Take)(bool);
 };
 
-/// By number from 1.
+/// In the order of their numbers.
 constexpr std::array<KindRow, 6> kKinds = {{
-    {"component", &RulebaseLoadCriteria::SetAuthorisedComponents},
-    {"reference", &RulebaseLoadCriteria::SetAuthorisedReferences},
-    {"keyword", &RulebaseLoadCriteria::SetUnauthorisedKeywords},
-    {"coding", &RulebaseLoadCriteria::SetCodingConventions},
-    {"naming", &RulebaseLoadCriteria::SetNamingConventions},
-    {"documentation", &RulebaseLoadCriteria::SetDocumentationConventions},
+    {ruleTypeComponent, "component", &RulebaseLoadCriteria::SetAuthorisedComponents},
+    {ruleTypeReference, "reference", &RulebaseLoadCriteria::SetAuthorisedReferences},
+    {ruleTypeKeyword, "keyword", &RulebaseLoadCriteria::SetUnauthorisedKeywords},
+    {ruleTypeCoding, "coding", &RulebaseLoadCriteria::SetCodingConventions},
+    {ruleTypeNaming, "naming", &RulebaseLoadCriteria::SetNamingConventions},
+    {ruleTypeDocumentation, "documentation", &RulebaseLoadCriteria::SetDocumentationConventions},
 }};
 
 void ReportUnknown(const std::string& what, const std::string& wanted, const std::string& known) {
@@ -41,13 +44,14 @@ void ReportUnknown(const std::string& what, const std::string& wanted, const std
 
 // ---- severities ----
 
-std::optional<std::int32_t> FindSeverity(const SeverityTable& table, const std::string& wanted) {
+std::optional<Severity> FindSeverity(const SeverityTable& table, const std::string& wanted) {
     const std::optional<std::int32_t> number = modText::WholeNumber(wanted);
-    for (std::int32_t level = 1; level <= modSeverityNames::kLevels; ++level) {
-        const auto* const item = table.Find(SeverityKeyOf(level));
-        if (number == level || modTextCase::Equal(modSeverityNames::Word(level), wanted) ||
+    for (const Severity severity : kSeverities) {
+        const auto* const item = table.Find(SeverityKeyOf(NumberOf(severity)));
+        if (number == NumberOf(severity) ||
+            modTextCase::Equal(modSeverityNames::Word(severity), wanted) ||
             (item != nullptr && modTextCase::Equal((*item)->Title(), wanted))) {
-            return level;
+            return severity;
         }
     }
     return std::nullopt;
@@ -55,27 +59,29 @@ std::optional<std::int32_t> FindSeverity(const SeverityTable& table, const std::
 
 std::string KnownSeverities(const SeverityTable& table) {
     std::string text;
-    for (std::int32_t level = 1; level <= modSeverityNames::kLevels; ++level) {
-        const auto* const item = table.Find(SeverityKeyOf(level));
-        text += (text.empty() ? "" : ", ") + std::to_string(level) + " " +
-                (item == nullptr ? modSeverityNames::Word(level) : (*item)->Title());
+    for (const Severity severity : kSeverities) {
+        const std::int32_t number = NumberOf(severity);
+        const auto* const item = table.Find(SeverityKeyOf(number));
+        text += (text.empty() ? "" : ", ") + std::to_string(number) + " " +
+                (item == nullptr ? modSeverityNames::Word(severity) : (*item)->Title());
     }
     return text;
 }
 
 bool TakeSeverities(
     const std::vector<std::string>& wanted, const SeverityTable& table, ResultsDB& database) {
-    std::set<std::int32_t> levels;
+    std::set<Severity> named;
     for (const std::string& text : wanted) {
-        const std::optional<std::int32_t> level = FindSeverity(table, text);
-        if (!level.has_value()) {
+        const std::optional<Severity> severity = FindSeverity(table, text);
+        if (!severity.has_value()) {
             ReportUnknown("severity", text, KnownSeverities(table));
             return false;
         }
-        levels.insert(*level);
+        named.insert(*severity);
     }
-    for (std::int32_t level = 1; level <= modSeverityNames::kLevels; ++level) {
-        database.Filter().SetSeverityLevel(level, wanted.empty() || levels.contains(level));
+    for (const Severity severity : kSeverities) {
+        database.Filter().SetSeverityLevel(
+            NumberOf(severity), wanted.empty() || named.contains(severity));
     }
     return true;
 }
@@ -155,8 +161,10 @@ std::vector<std::string> Keys() {
 }
 
 std::string_view Key(std::int32_t kind) {
-    const bool known = kind >= 1 && kind <= static_cast<std::int32_t>(kKinds.size());
-    return known ? kKinds.at(static_cast<std::size_t>(kind - 1)).Key : "unknown";
+    const auto found = std::find_if(kKinds.begin(), kKinds.end(), [kind](const KindRow& row) {
+        return static_cast<std::int32_t>(row.Type) == kind;
+    });
+    return found == kKinds.end() ? "unknown" : found->Key;
 }
 
 }  // namespace modRuleKinds

@@ -46,8 +46,8 @@ ResultsItems::ResultsItems(ResultsDB& database) {
     });
 }
 
-const BasicObject* ResultsItems::FileOf(std::int32_t itemType, std::int32_t itemId) const {
-    std::int32_t sourceId = itemType == kFile ? itemId : 0;
+const BasicObject* ResultsItems::FileOf(ItemType itemType, std::int32_t itemId) const {
+    std::int32_t sourceId = itemType == ItemType::File ? itemId : 0;
     if (const Procedure* const procedure = ProcedureOf(itemType, itemId)) {
         sourceId = procedure->SourceID;
     }
@@ -56,8 +56,9 @@ const BasicObject* ResultsItems::FileOf(std::int32_t itemType, std::int32_t item
 }
 
 const ResultsItems::Procedure*
-ResultsItems::ProcedureOf(std::int32_t itemType, std::int32_t itemId) const {
-    const auto found = itemType == kProcedure ? m_procedures.find(itemId) : m_procedures.end();
+ResultsItems::ProcedureOf(ItemType itemType, std::int32_t itemId) const {
+    const auto found =
+        itemType == ItemType::Procedure ? m_procedures.find(itemId) : m_procedures.end();
     return found == m_procedures.end() ? nullptr : &found->second;
 }
 

@@ -176,7 +176,7 @@ void PrintAsJson(
     if (HasEnded(database)) {
         json.Flag(
             "passed",
-            database.TolerancePass(ResultsItems::kProject, 0) &&
+            database.TolerancePass(ItemType::Project, 0) &&
                 UnfinishedFiles::ReadFrom(database).Count() == 0);
     } else {
         json.Null("passed");

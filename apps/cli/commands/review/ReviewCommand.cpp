@@ -23,6 +23,7 @@
 #include "settings/DVKWorkData.h"
 #include "settings/DorvikData.h"
 #include "settings/modGlobal.h"
+#include "source/Severity.h"
 
 #include <algorithm>
 #include <cmath>
@@ -59,7 +60,8 @@ void FillLoadCriteria(RulebaseLoadCriteria& load, const ReviewOptions& options) 
     load.SetCodingConventions(Wants(options, "cc"));
     load.SetNamingConventions(Wants(options, "nc"));
     load.SetUnauthorisedKeywords(Wants(options, "uk"));
-    for (std::int32_t level = 1; level <= 5; ++level) {
+    for (const Severity severity : kSeverities) {
+        const std::int32_t level = NumberOf(severity);
         const auto& wanted = options.Severities;
         load.SetSeverityLevel(
             level,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/lists/KeyedArrayList.h"
+#include "source/ItemType.h"
 #include "source/SourceLineStatistics.h"
 #include "source/ViolationStatistics.h"
 
@@ -53,9 +54,9 @@ public:
     /// Key of this object in the results database; 0 until stored.
     std::int32_t ObjectID() const { return m_objectID; }
     void SetObjectID(std::int32_t id) { m_objectID = id; }
-    /// Number of the object type in the catalogue of objects; 0 until set.
-    std::int32_t ObjectType() const { return m_objectType; }
-    void SetObjectType(std::int32_t type) { m_objectType = type; }
+    /// The type of its item in the results database; `None` until set.
+    ItemType ObjectType() const { return m_objectType; }
+    void SetObjectType(ItemType type) { m_objectType = type; }
 
 private:
     mutable std::unique_ptr<KeyedArrayList> m_properties;
@@ -64,7 +65,7 @@ private:
     mutable std::unique_ptr<ViolationStatistics> m_violationStats;
     std::string m_parentViolations;
     std::int32_t m_objectID = 0;
-    std::int32_t m_objectType = 0;
+    ItemType m_objectType = ItemType::None;
     bool m_hasVLIST = false;
     bool m_hasLSTATS = false;
 };

@@ -1,20 +1,21 @@
 #pragma once
 
 #include "cli/output/TablePrinter.h"
+#include "source/Severity.h"
 
 #include <cstdint>
 #include <string>
 
 namespace dorvik {
 
-/// The five levels of severity, 1 critical to 5 information, where no rulebase is at hand to name them.
+/// The severities where there is no rulebase to name them.
 namespace modSeverityNames {
 
-inline constexpr std::int32_t kLevels = 5;
-
-/// "critical" to "info"; "unknown" for any other number.
-std::string Word(std::int32_t level);
-Shade ShadeOf(std::int32_t level);
+/// "critical" to "info".
+std::string Word(Severity severity);
+/// The same for a number from a results database; "unknown" for one that is no severity.
+std::string Word(std::int32_t number);
+Shade ShadeOf(std::int32_t number);
 
 }  // namespace modSeverityNames
 

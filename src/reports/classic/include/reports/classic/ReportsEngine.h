@@ -140,9 +140,7 @@ public:
     void AddViolation(HTMLHelper2& html, const Violation& violation) const;
 
 private:
-    static constexpr std::size_t kLevels = 5;
-
-    struct Severity {
+    struct SeverityStyle {
         std::string Title;
         std::string Colour;  // a name
     };
@@ -160,7 +158,7 @@ private:
         std::string_view sourceFile = {},
         std::string_view name = {});
 
-    std::array<Severity, kLevels> m_severities;
+    std::array<SeverityStyle, kSeverities.size()> m_severities;
     CategoryList m_categories;
     IReportsEngineEvents* m_events = nullptr;
     std::vector<std::string> m_writtenReports;

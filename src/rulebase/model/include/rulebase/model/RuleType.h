@@ -12,6 +12,7 @@ enum class RuleType : std::int32_t {
     ruleTypeKeyword = 3,
     ruleTypeCoding = 4,
     ruleTypeNaming = 5,
+    ruleTypeDocumentation = 6,  // no rule is of this kind yet; a filter of results knows it
 };
 using enum RuleType;
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "source/BasicObject.h"
+#include "source/ItemType.h"
 
 #include <cstdint>
 #include <map>
@@ -16,10 +17,6 @@ class ResultsDB;
 /// user names on the command line. Holds names only, no figures.
 class ResultsItems {
 public:
-    static constexpr std::int32_t kProject = 1;
-    static constexpr std::int32_t kFile = 2;
-    static constexpr std::int32_t kProcedure = 3;
-
     struct Procedure {
         std::string Name;
         std::string Type;  // empty for a section
@@ -31,9 +28,9 @@ public:
     const std::map<std::int32_t, BasicObject>& Files() const { return m_files; }
     const std::map<std::int32_t, Procedure>& Procedures() const { return m_procedures; }
     /// The file that an item is, or is part of; null for the project and for what is not there.
-    const BasicObject* FileOf(std::int32_t itemType, std::int32_t itemId) const;
+    const BasicObject* FileOf(ItemType itemType, std::int32_t itemId) const;
     /// Null for anything but a procedure or section.
-    const Procedure* ProcedureOf(std::int32_t itemType, std::int32_t itemId) const;
+    const Procedure* ProcedureOf(ItemType itemType, std::int32_t itemId) const;
 
     /// The files of that file name, object name or path, in any case. A path is one of this machine; a
     /// part of it that begins after a separator is enough.

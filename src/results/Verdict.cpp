@@ -1,20 +1,20 @@
-// The verdict: which measures of a stored review missed their tolerances.
+#include "results/Verdict.h"
 
-#include "foundation/log/Trap.h"
-#include "results/ResultsDB.h"
 #include "results/modTolerances.h"
+#include "source/Severity.h"
 
 namespace dorvik {
 
 namespace {
 
-constexpr std::int32_t kProjectItem = 1;
+constexpr std::string_view kModule = ResultsStore::kModule;
+
 constexpr std::int32_t kNotSet = -1;
 
 /// Three columns for each measure: result, value and limit. Over all files the result is the greatest
 /// one, since a pass is -1 and a failure 0, and the other two are not available.
-std::string ToleranceQuery(std::int32_t itemType, std::int32_t sourceId) {
-    const bool overAllFiles = itemType == kProjectItem;
+std::string ToleranceQuery(ItemType itemType, std::int32_t sourceId) {
+    const bool overAllFiles = itemType == ItemType::Project;
     std::string sql;
     for (const auto& measure : modTolerances::kMeasures) {
         const std::string name(measure.Name);
@@ -33,10 +33,10 @@ std::string ToleranceQuery(std::int32_t itemType, std::int32_t sourceId) {
 
 /// Index 6, the total, is not looked at.
 bool HasTolerance(Recordset& review) {
-    constexpr std::int32_t kLastSeverity = 5;
     for (const std::string_view list : {"ToleranceCount", "ToleranceImpact"}) {
-        for (std::int32_t index = 1; index <= kLastSeverity; ++index) {
-            if (review.Value(std::string(list) + std::to_string(index)).AsLong() != kNotSet) {
+        for (const Severity severity : kSeverities) {
+            const std::string column = std::string(list) + std::to_string(NumberOf(severity));
+            if (review.Value(column).AsLong() != kNotSet) {
                 return true;
             }
         }
@@ -47,11 +47,11 @@ bool HasTolerance(Recordset& review) {
 
 }  // namespace
 
-bool ResultsDB::TolerancePass(
-    std::int32_t itemType, std::int32_t sourceId, std::vector<ToleranceFailure>& failures) {
+bool Verdict::TolerancePass(
+    ItemType itemType, std::int32_t sourceId, std::vector<ToleranceFailure>& failures) {
     bool passed = true;
-    Trap({kModule, "TolerancePass"}, [&] {
-        auto rows = NeedRows(GetReadOnlyRecordset(ToleranceQuery(itemType, sourceId)));
+    m_store.Trap({kModule, "TolerancePass"}, [&] {
+        auto rows = m_store.RequireRows(ToleranceQuery(itemType, sourceId));
         if (rows.EOF_()) {
             return;
         }
@@ -71,19 +71,12 @@ bool ResultsDB::TolerancePass(
     return passed;
 }
 
-bool ResultsDB::TolerancePass(std::int32_t itemType, std::int32_t sourceId) {
-    std::vector<ToleranceFailure> failures;
-    return TolerancePass(itemType, sourceId, failures);
-}
-
-bool ResultsDB::TolerancesSet() {
-    bool isSet = false;
-    Trap({kModule, "TolerancesSet"}, [&] {
-        auto rows = NeedRows(GetReadOnlyRecordset(
-            "SELECT * FROM Review WHERE ReviewID = " + std::to_string(m_reviewId)));
-        isSet = !rows.EOF_() && HasTolerance(rows);
+bool Verdict::TolerancesSet() {
+    return m_store.Trapped({kModule, "TolerancesSet"}, false, [&] {
+        auto rows = m_store.RequireRows(
+            "SELECT * FROM Review WHERE ReviewID = " + std::to_string(m_keys.ReviewID));
+        return !rows.EOF_() && HasTolerance(rows);
     });
-    return isSet;
 }
 
 }  // namespace dorvik

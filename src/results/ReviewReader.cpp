@@ -1,14 +1,14 @@
-// Opening a finished review, and what it tells of itself.
+#include "results/ReviewReader.h"
 
-#include "foundation/log/Trap.h"
 #include "foundation/text/modUtilFunctions.h"
-#include "results/ResultsDB.h"
 
 #include <array>
 
 namespace dorvik {
 
 namespace {
+
+constexpr std::string_view kModule = ResultsStore::kModule;
 
 using SetFlag = void (RulebaseLoadCriteria::*)(bool);
 using Number = std::int32_t RulebaseLoadCriteria::*;
@@ -87,40 +87,21 @@ void ReadSeverities(Recordset& rows, SeverityTable& severities) {
 
 }  // namespace
 
-bool ResultsDB::OpenReview(const std::string& filename) {
-    m_reviewOpen = false;
-    m_reviewId = m_projectId = m_sourceId = 0;
-    m_filename = filename;
-    Trap({kModule, "OpenReview"}, [&] {
-        if (!OpenDatabase(filename)) {
-            return;
-        }
-        auto rows = NeedRows(GetReadOnlyRecordset("SELECT ReviewID, ProjectID FROM Review"));
-        if (!rows.EOF_()) {
-            rows.MoveFirst();
-            m_reviewId = rows.Value("ReviewID").AsLong();
-            m_projectId = rows.Value("ProjectID").AsLong();
-            m_reviewOpen = true;
-        }
-    });
-    if (!m_reviewOpen) {
-        CloseReview();
+std::optional<ReviewKeys> ReviewReader::GetReviewKeys() {
+    auto rows = m_store.RequireRows("SELECT ReviewID, ProjectID FROM Review");
+    if (rows.EOF_()) {
+        return std::nullopt;
     }
-    return m_reviewOpen;
+    rows.MoveFirst();
+    return ReviewKeys{rows.Value("ReviewID").AsLong(), rows.Value("ProjectID").AsLong()};
 }
 
-void ResultsDB::CloseReview() {
-    m_reviewOpen = false;
-    m_filterString.clear();
-    CloseDatabase();
-}
-
-ReviewData ResultsDB::GetReviewData() {
+ReviewData ReviewReader::GetReviewData() {
     ReviewData data;
-    Trap({kModule, "GetReviewData"}, [&] {
-        auto rows = NeedRows(
-            GetReadOnlyRecordset("SELECT RulebaseTitle, RulebaseVersion, Reviewer, Start, [End], "
-                                 "ActiveRules, RuleExecutions FROM Review"));
+    m_store.Trap({kModule, "GetReviewData"}, [&] {
+        auto rows = m_store.RequireRows(
+            "SELECT RulebaseTitle, RulebaseVersion, Reviewer, Start, [End], ActiveRules, "
+            "RuleExecutions FROM Review");
         if (rows.EOF_()) {
             return;
         }
@@ -137,11 +118,11 @@ ReviewData ResultsDB::GetReviewData() {
     return data;
 }
 
-StoredReviewCriteria ResultsDB::GetReviewCriteria() {
+StoredReviewCriteria ReviewReader::GetReviewCriteria() {
     StoredReviewCriteria result;
-    Trap({kModule, "GetReviewCriteria"}, [&] {
+    m_store.Trap({kModule, "GetReviewCriteria"}, [&] {
         RulebaseLoadCriteria& criteria = result.LoadCriteria;
-        auto rows = NeedRows(GetReadOnlyRecordset("SELECT * FROM Review"));
+        auto rows = m_store.RequireRows("SELECT * FROM Review");
         if (!rows.EOF_()) {
             rows.MoveFirst();
             for (const Convention& convention : kConventions) {
@@ -160,14 +141,13 @@ StoredReviewCriteria ResultsDB::GetReviewCriteria() {
     return result;
 }
 
-CategorySeverityLists ResultsDB::GetCategorySeverityLists() {
+CategorySeverityLists ReviewReader::GetCategorySeverityLists() {
     CategorySeverityLists lists;
-    Trap({kModule, "GetCategorySeverityLists"}, [&] {
-        auto categories =
-            NeedRows(GetReadOnlyRecordset("SELECT CategoryID, Category FROM CategoryList"));
+    m_store.Trap({kModule, "GetCategorySeverityLists"}, [&] {
+        auto categories = m_store.RequireRows("SELECT CategoryID, Category FROM CategoryList");
         ReadCategories(categories, lists.Categories);
-        auto severities = NeedRows(GetReadOnlyRecordset(
-            "SELECT SeverityColour, SeverityLevel, SeverityText, Included FROM SeverityList"));
+        auto severities = m_store.RequireRows(
+            "SELECT SeverityColour, SeverityLevel, SeverityText, Included FROM SeverityList");
         ReadSeverities(severities, lists.Severities);
     });
     return lists;

@@ -1,8 +1,8 @@
 // The rows of the reviewed objects: their set-up, their violations and their figures.
 
 #include "base/modTextCase.h"
-#include "foundation/log/Trap.h"
-#include "results/ResultsDB.h"
+#include "modSeverityColumns.h"
+#include "results/ReviewWriter.h"
 #include "results/modTolerances.h"
 #include "source/PropertyName.h"
 #include "source/VirtualObject.h"
@@ -11,7 +11,7 @@ namespace dorvik {
 
 namespace {
 
-enum ItemType : std::int32_t { kProjectItem = 1, kFileItem = 2, kProcedureItem = 3 };
+constexpr std::string_view kModule = ResultsStore::kModule;
 
 std::string TextOf(const VirtualObject& object, std::string_view property) {
     return object.Properties().Item(property).AsText();
@@ -49,21 +49,21 @@ std::string MeasureAssignments(const VirtualObject& object, SqlValues& values) {
 
 // ---- set-up ----
 
-void ResultsDB::SetupVObjectResults(std::string_view kind, VirtualObject& object) {
+void ReviewWriter::SetupVObjectResults(std::string_view kind, VirtualObject& object) {
     std::int32_t id = 0;
-    std::int32_t type = 0;
+    ItemType type = ItemType::None;
     if (modTextCase::Equal(kind, "Project")) {
-        m_projectId = id = SetupProject(object);
-        type = kProjectItem;
+        m_keys.ProjectID = id = SetupProject(object);
+        type = ItemType::Project;
     } else if (modTextCase::Equal(kind, "VBP") || modTextCase::Equal(kind, "File")) {
         m_sourceId = id = SetupSourceFile(object);
-        type = kFileItem;
+        type = ItemType::File;
     } else if (modTextCase::Equal(kind, "Layout") || modTextCase::Equal(kind, "Declarations")) {
         id = SetupLayoutDeclarations(kind);
-        type = kProcedureItem;
+        type = ItemType::Procedure;
     } else if (modTextCase::Equal(kind, "Procedure")) {
         id = SetupProcedure(object);
-        type = kProcedureItem;
+        type = ItemType::Procedure;
     } else {
         return;
     }
@@ -71,15 +71,15 @@ void ResultsDB::SetupVObjectResults(std::string_view kind, VirtualObject& object
     object.SetObjectType(type);
 }
 
-std::int32_t ResultsDB::SetupProject(VirtualObject& object) {
+std::int32_t ReviewWriter::SetupProject(VirtualObject& object) {
     // Required: a project file that does not tell its type gets no row. That loses no finding, and counts as no loss.
     if (!object.Properties().Contains(propertyname::kType)) {
         dorvik::Trap({kModule, "SetupProject"}, [&] { TextOf(object, "Type"); });
         return 0;
     }
     std::int32_t id = 0;
-    Trap({kModule, "SetupProject"}, [&] {
-        auto rows = NeedRows(GetEditableRecordset("SELECT * FROM Projects"));
+    m_store.Trap({kModule, "SetupProject"}, [&] {
+        auto rows = m_store.RequireEditableRows("SELECT * FROM Projects");
         rows.AddNew();
         rows.SetValue("Name", TextOf(object, "Name"));
         rows.SetValue("Path", TextOf(object, "Path"));
@@ -89,27 +89,26 @@ std::int32_t ResultsDB::SetupProject(VirtualObject& object) {
         rows.MoveFirst();
         id = rows.Value("ProjectID").AsLong();
         rows.Close();
-        Execute("UPDATE Review Set ProjectID = ? WHERE ReviewID = ?", {id, m_reviewId});
+        m_store.Execute(
+            "UPDATE Review Set ProjectID = ? WHERE ReviewID = ?", {id, m_keys.ReviewID});
     });
     return id;
 }
 
-std::int32_t ResultsDB::SetupSourceFile(VirtualObject& object) {
+std::int32_t ReviewWriter::SetupSourceFile(VirtualObject& object) {
     std::int32_t id = 0;
-    m_isNewSource = false;
-    Trap({kModule, "SetupSourceFile"}, [&] {
+    m_procedures = {};
+    m_store.Trap({kModule, "SetupSourceFile"}, [&] {
         const std::string filename = TextOf(object, "Filename");
         const std::string path = TextOf(object, "Path");
-        auto rows = NeedRows(GetEditableRecordset(
-            "SELECT * FROM SourceFiles WHERE Filename=? AND Path=?", {filename, path}));
+        auto rows = m_store.RequireEditableRows(
+            "SELECT * FROM SourceFiles WHERE Filename=? AND Path=?", {filename, path});
         std::string key = modTextCase::ToLower(path) + '\n' + modTextCase::ToLower(filename);
         // To look through all rows for each file would make the files cost their number squared.
-        const bool isUnseen = m_isNewReview && !m_sourceFiles.contains(key);
-        const bool isNew = isUnseen || (rows.BOF() && rows.EOF_());
+        const bool isNew = m_files.RuleOut(key) || (rows.BOF() && rows.EOF_());
         if (isNew) {
             rows.AddNew();
-            rows.SetValue("ProjectID", m_projectId);
-            m_procedures.clear();
+            rows.SetValue("ProjectID", m_keys.ProjectID);
         } else {
             rows.MoveFirst();
             rows.Edit();
@@ -122,24 +121,23 @@ std::int32_t ResultsDB::SetupSourceFile(VirtualObject& object) {
         rows.SetValue("Type", TextOf(object, "Type"));
         rows.Update();
         id = isNew ? rows.LastAddedKey() : rows.Value("SourceID").AsLong();
-        m_isNewSource = isNew;
-        m_sourceFiles.insert(std::move(key));
+        m_procedures.AreAllRows = isNew;  // a file without a row before has no procedures
+        m_files.Keys.insert(std::move(key));
     });
     return id;
 }
 
-std::int32_t ResultsDB::SetupProcedure(VirtualObject& object) {
+std::int32_t ReviewWriter::SetupProcedure(VirtualObject& object) {
     std::int32_t id = 0;
-    Trap({kModule, "SetupProcedure"}, [&] {
+    m_store.Trap({kModule, "SetupProcedure"}, [&] {
         const std::string name = TextOf(object, "Name");
         const std::string type = TextOf(object, "ProcedureType");
-        auto rows = NeedRows(GetEditableRecordset(
+        auto rows = m_store.RequireEditableRows(
             "SELECT * FROM Procedures WHERE Name = ? AND SourceID = ? AND Type = ?",
-            {name, m_sourceId, type}));
+            {name, m_sourceId, type});
         std::string key = modTextCase::ToLower(name) + '\n' + modTextCase::ToLower(type);
         // A look at the rows costs more than a new one: it lets go of the file between two writes.
-        const bool isUnseen = m_isNewSource && !m_procedures.contains(key);
-        const bool isNew = isUnseen || (rows.BOF() && rows.EOF_());
+        const bool isNew = m_procedures.RuleOut(key) || (rows.BOF() && rows.EOF_());
         if (isNew) {
             rows.AddNew();
             rows.SetValue("SourceID", m_sourceId);
@@ -152,17 +150,17 @@ std::int32_t ResultsDB::SetupProcedure(VirtualObject& object) {
         SetProcedureFields(rows, object);
         rows.Update();
         id = isNew ? rows.LastAddedKey() : rows.Value("ProcID").AsLong();
-        m_procedures.insert(std::move(key));
+        m_procedures.Keys.insert(std::move(key));
     });
     return id;
 }
 
-std::int32_t ResultsDB::SetupLayoutDeclarations(std::string_view kind) {
+std::int32_t ReviewWriter::SetupLayoutDeclarations(std::string_view kind) {
     std::int32_t id = 0;
-    Trap({kModule, "SetupLayoutDeclarations"}, [&] {
-        auto rows = NeedRows(GetEditableRecordset(
+    m_store.Trap({kModule, "SetupLayoutDeclarations"}, [&] {
+        auto rows = m_store.RequireEditableRows(
             "SELECT * FROM Procedures WHERE Name = ? AND SourceID = ?",
-            {std::string(kind), m_sourceId}));
+            {std::string(kind), m_sourceId});
         if (rows.BOF() && rows.EOF_()) {
             rows.AddNew();
             rows.SetValue("SourceID", m_sourceId);
@@ -181,14 +179,13 @@ std::int32_t ResultsDB::SetupLayoutDeclarations(std::string_view kind) {
 
 // ---- violations and figures ----
 
-void ResultsDB::LogViolation(
-    std::int32_t itemId, std::int32_t itemType, const Violation& violation) {
-    Trap({kModule, "LogViolation"}, [&] {
-        auto rows =
-            NeedRows(GetEditableRecordset("SELECT * FROM Violations WHERE ViolationID = 0"));
+void ReviewWriter::LogViolation(
+    std::int32_t itemId, ItemType itemType, const Violation& violation) {
+    m_store.Trap({kModule, "LogViolation"}, [&] {
+        auto rows = m_store.RequireEditableRows("SELECT * FROM Violations WHERE ViolationID = 0");
         rows.AddNew();
         rows.SetValue("ItemID", itemId);
-        rows.SetValue("ItemType", itemType);
+        rows.SetValue("ItemType", NumberOf(itemType));
         rows.SetValue("RuleID", violation.RuleID);
         rows.SetValue("RuleType", violation.RuleType);
         rows.SetValue("Title", violation.Title);
@@ -206,48 +203,58 @@ void ResultsDB::LogViolation(
     });
 }
 
-void ResultsDB::LogVirtualObjectProperties(const VirtualObject& object) {
-    Trap({kModule, "LogVirtualObjectProperties"}, [&] {
-        const auto& properties = object.Properties();
-        const std::int32_t id = object.ObjectID();
-        if (object.ObjectType() == kProjectItem) {
-            if (const Variant* const name = properties.Find(propertyname::kExeName32)) {
-                Execute(
-                    "UPDATE Projects SET ExeName32 = ? WHERE ProjectID = ?", {name->AsText(), id});
-            }
-        } else if (object.ObjectType() == kFileItem) {
-            // Required: the average here, while the measure CC holds the maximum.
-            if (const Variant* const average = properties.Find(propertyname::kAverageCyclomatic)) {
-                Execute(
-                    "UPDATE SourceFiles SET CyclomaticComplexity = ? WHERE SourceID = ?",
-                    {average->AsLong(), id});
-            }
-            SqlValues values;
-            if (const std::string list = MeasureAssignments(object, values); !list.empty()) {
-                values.emplace_back(id);
-                Execute(
-                    "UPDATE SourceFiles SET " + list.substr(2) + " WHERE SourceID = ?",
-                    std::move(values));
-            }
-        } else if (object.ObjectType() == kProcedureItem) {
-            if (const Variant* const complexity =
-                    properties.Find(propertyname::kCyclomaticComplexity)) {
-                Execute(
+void ReviewWriter::LogVirtualObjectProperties(const VirtualObject& object) {
+    m_store.Trap({kModule, "LogVirtualObjectProperties"}, [&] {
+        switch (object.ObjectType()) {
+            case ItemType::None: break;
+            case ItemType::Project:
+                if (const Variant* const name =
+                        object.Properties().Find(propertyname::kExeName32)) {
+                    m_store.Execute(
+                        "UPDATE Projects SET ExeName32 = ? WHERE ProjectID = ?",
+                        {name->AsText(), object.ObjectID()});
+                }
+                break;
+            case ItemType::File: LogFileProperties(object); break;
+            case ItemType::Procedure:
+                SetNumber(
                     "UPDATE Procedures SET CyclomaticComplexity = ? WHERE ProcID = ?",
-                    {complexity->AsLong(), id});
-            }
+                    object,
+                    propertyname::kCyclomaticComplexity);
+                break;
         }
     });
 }
 
-void ResultsDB::LogVirtualObjectLineStats(const VirtualObject& object) {
-    Trap({kModule, "LogVirtualObjectLineStats"}, [&] {
-        auto rows =
-            NeedRows(GetEditableRecordset("SELECT * FROM LineCountStats WHERE StatsID = 0"));
+void ReviewWriter::LogFileProperties(const VirtualObject& file) {
+    // Required: the average here, while the measure CC holds the maximum.
+    SetNumber(
+        "UPDATE SourceFiles SET CyclomaticComplexity = ? WHERE SourceID = ?",
+        file,
+        propertyname::kAverageCyclomatic);
+    SqlValues values;
+    if (const std::string list = MeasureAssignments(file, values); !list.empty()) {
+        values.emplace_back(file.ObjectID());
+        m_store.Execute(
+            "UPDATE SourceFiles SET " + list.substr(2) + " WHERE SourceID = ?", std::move(values));
+    }
+}
+
+/// Writes the property, if the object has it, to the row of the object.
+void ReviewWriter::SetNumber(
+    std::string_view sql, const VirtualObject& object, std::string_view property) {
+    if (const Variant* const number = object.Properties().Find(property)) {
+        m_store.Execute(sql, {number->AsLong(), object.ObjectID()});
+    }
+}
+
+void ReviewWriter::LogVirtualObjectLineStats(const VirtualObject& object) {
+    m_store.Trap({kModule, "LogVirtualObjectLineStats"}, [&] {
+        auto rows = m_store.RequireEditableRows("SELECT * FROM LineCountStats WHERE StatsID = 0");
         const SourceLineStatistics& stats = object.LineStats();
         rows.AddNew();
         rows.SetValue("ItemID", object.ObjectID());
-        rows.SetValue("ItemType", object.ObjectType());
+        rows.SetValue("ItemType", NumberOf(object.ObjectType()));
         rows.SetValue("TotalCount", stats.TotalLines());
         rows.SetValue("CodeCount", stats.CodeLines());
         rows.SetValue("InlineCommentCount", stats.InLineCommentLines());
@@ -257,26 +264,19 @@ void ResultsDB::LogVirtualObjectLineStats(const VirtualObject& object) {
     });
 }
 
-void ResultsDB::LogVirtualObjectViolationStats(const VirtualObject& object) {
-    Trap({kModule, "LogVirtualObjectViolationStats"}, [&] {
-        auto rows =
-            NeedRows(GetEditableRecordset("SELECT * FROM ViolationStats WHERE StatsID = 0"));
+void ReviewWriter::LogVirtualObjectViolationStats(const VirtualObject& object) {
+    m_store.Trap({kModule, "LogVirtualObjectViolationStats"}, [&] {
+        auto rows = m_store.RequireEditableRows("SELECT * FROM ViolationStats WHERE StatsID = 0");
         const ViolationStatistics& stats = object.ViolationStats();
         rows.AddNew();
         rows.SetValue("ItemID", object.ObjectID());
-        rows.SetValue("ItemType", object.ObjectType());
+        rows.SetValue("ItemType", NumberOf(object.ObjectType()));
         rows.SetValue("TotalCount", stats.TotalViolations());
-        rows.SetValue("CriticalCount", stats.CriticalViolations());
-        rows.SetValue("HighCount", stats.HighViolations());
-        rows.SetValue("MediumCount", stats.MediumViolations());
-        rows.SetValue("LowCount", stats.LowViolations());
-        rows.SetValue("InformationCount", stats.InfoViolations());
         rows.SetValue("TotalImpact", stats.TotalImpact());
-        rows.SetValue("CriticalImpact", stats.CriticalImpact());
-        rows.SetValue("HighImpact", stats.HighImpact());
-        rows.SetValue("MediumImpact", stats.MediumImpact());
-        rows.SetValue("LowImpact", stats.LowImpact());
-        rows.SetValue("InformationImpact", stats.InfoImpact());
+        for (const Severity severity : kSeverities) {
+            rows.SetValue(modSeverityColumns::Count(severity), stats.Count(severity));
+            rows.SetValue(modSeverityColumns::Impact(severity), stats.Impact(severity));
+        }
         rows.Update();
     });
 }

@@ -1,0 +1,187 @@
+// A review from its start to its end, and the changes to one that is finished.
+
+#include "results/ReviewWriter.h"
+
+#include "base/DateTime.h"
+#include "criteria/ReviewCriteria.h"
+#include "platform/host/modHost.h"
+#include "rulebase/model/Rulebase.h"
+
+namespace dorvik {
+
+namespace {
+
+constexpr std::string_view kModule = ResultsStore::kModule;
+
+void SetConventions(Recordset& rows, const RulebaseLoadCriteria& criteria) {
+    rows.SetValue("CodingConventions", criteria.CodingConventions());
+    rows.SetValue("NamingConventions", criteria.NamingConventions());
+    rows.SetValue("DocumentationConventions", criteria.DocumentationConventions());
+    rows.SetValue("AuthorisedComponents", criteria.AuthorisedComponents());
+    rows.SetValue("AuthorisedReferences", criteria.AuthorisedReferences());
+    rows.SetValue("UnauthorisedKeywords", criteria.UnauthorisedKeywords());
+    rows.SetValue("NumCodingConventions", criteria.NumCodingConventions);
+    rows.SetValue("NumNamingConventions", criteria.NumNamingConventions);
+    rows.SetValue("NumDocConventions", criteria.NumDocConventions);
+    rows.SetValue("NumAuthComps", criteria.NumAuthComps);
+    rows.SetValue("NumAuthRefs", criteria.NumAuthRefs);
+    rows.SetValue("NumUnauthKeywords", criteria.NumUnauthKeywords);
+}
+
+void SetTolerances(Recordset& rows, const ReviewCriteria& criteria) {
+    for (std::int32_t index = 1; index <= ToleranceSettings::kPlaces; ++index) {
+        const std::string number = std::to_string(index);
+        rows.SetValue("ToleranceCount" + number, criteria.ToleranceCount(index));
+        rows.SetValue("ToleranceImpact" + number, criteria.ToleranceImpact(index));
+    }
+    rows.SetValue("ToleranceCyclomaticComplexity", criteria.ToleranceCyclomaticComplexity());
+    rows.SetValue("TolerancePercentageComments", criteria.TolerancePercentageComments());
+}
+
+}  // namespace
+
+bool ReviewWriter::StartReview(
+    const std::string& filename, const Rulebase& rulebase, const ReviewCriteria& criteria) {
+    return m_store.Trapped({kModule, "StartReview"}, false, [&] {
+        m_store.KeepKnownFaults(criteria.KeepsKnownFaults());
+        if (!m_store.OpenDatabase(filename)) {
+            return false;
+        }
+        Forget();
+        m_files.AreAllRows = HasNoSourceFiles();
+        WriteReview(rulebase, criteria);
+        WriteCategoryList(rulebase, criteria);
+        WriteSeverityList(rulebase, criteria);
+        return true;
+    });
+}
+
+bool ReviewWriter::HasNoSourceFiles() {
+    return m_store.RequireRows("SELECT SourceID FROM SourceFiles").EOF_();
+}
+
+void ReviewWriter::WriteReview(const Rulebase& rulebase, const ReviewCriteria& criteria) {
+    auto rows = m_store.RequireEditableRows("SELECT * FROM Review WHERE ReviewID = 0");
+    rows.AddNew();
+    rows.SetValue("Start", modDateText::DatabaseStamp(modHost::Now()));
+    rows.SetValue("Type", static_cast<std::int32_t>(criteria.ReviewType()));
+    rows.SetValue("RulebaseTitle", rulebase.Title());
+    rows.SetValue("RulebaseVersion", rulebase.Version());
+    rows.SetValue("Reviewer", modHost::LogonName());
+    rows.SetValue("ActiveRules", rulebase.RuleCount());
+    SetConventions(rows, criteria.LoadCriteria());
+    SetTolerances(rows, criteria);
+    rows.Update();
+    rows.MoveFirst();
+    m_keys.ReviewID = rows.Value("ReviewID").AsLong();
+}
+
+void ReviewWriter::WriteCategoryList(const Rulebase& rulebase, const ReviewCriteria& criteria) {
+    auto rows = m_store.RequireEditableRows("SELECT * FROM CategoryList WHERE CategoryListID = 0");
+    const auto& categories = rulebase.CategoryList();
+    for (std::int32_t index = 1; index <= categories.Count(); ++index) {
+        const auto& category = *categories.Item(index);
+        if (criteria.LoadCriteria().IsExcludedCategoryID(category.ID())) {
+            continue;
+        }
+        rows.AddNew();
+        rows.SetValue("ReviewID", m_keys.ReviewID);
+        rows.SetValue("CategoryID", category.ID());
+        rows.SetValue("Category", category.Title());
+        rows.Update();
+    }
+}
+
+/// Required: a level that is left out of the review has its row too.
+void ReviewWriter::WriteSeverityList(const Rulebase& rulebase, const ReviewCriteria& criteria) {
+    auto rows =
+        m_store.RequireEditableRows("SELECT * FROM SeverityList WHERE SeverityRecordID = 0");
+    const auto& severities = rulebase.SeverityList();
+    for (std::int32_t index = 1; index <= severities.Count(); ++index) {
+        const auto& severity = *severities.Item(index);
+        rows.AddNew();
+        rows.SetValue("ReviewID", m_keys.ReviewID);
+        rows.SetValue("SeverityColour", severity.Colour());
+        rows.SetValue("SeverityLevel", severity.SeverityLevel());
+        rows.SetValue("SeverityText", severity.Title());
+        rows.SetValue("Included", criteria.LoadCriteria().SeverityLevel(severity.SeverityLevel()));
+        rows.Update();
+    }
+}
+
+void ReviewWriter::EndReview(std::int32_t ruleExecutions) {
+    if (m_store.HasLostRows()) {
+        return;
+    }
+    m_store.Trap({kModule, "EndReview"}, [&] {
+        auto rows = m_store.RequireEditableRows(
+            "SELECT RuleExecutions, [End] FROM Review WHERE ReviewID = " +
+            std::to_string(m_keys.ReviewID));
+        if (rows.EOF_()) {
+            return;
+        }
+        rows.MoveFirst();
+        rows.Edit();
+        rows.SetValue("End", modDateText::DatabaseStamp(modHost::Now()));
+        rows.SetValue("RuleExecutions", ruleExecutions);
+        rows.Update();
+    });
+    if (!m_store.HasLostRows()) {
+        m_store.AddIndexes();
+    }
+}
+
+void ReviewWriter::AbortReview() {
+    m_store.Trap({kModule, "AbortReview"}, [&] {
+        Forget();
+        m_store.DeleteDatabase();
+    });
+}
+
+void ReviewWriter::Forget() {
+    m_sourceId = 0;
+    m_files = {};
+    m_procedures = {};
+}
+
+// ---- changes to a finished review ----
+
+void ReviewWriter::WriteName(std::string_view sql, std::string_view name) {
+    auto rows = m_store.RequireEditableRows(sql);
+    if (!rows.EOF_()) {
+        rows.Edit();
+        rows.SetValue("Name", name);
+        rows.Update();
+    }
+}
+
+void ReviewWriter::UpdateProjectName(std::string_view name) {
+    m_store.Trap({kModule, "UpdateProjectName"}, [&] {
+        WriteName(
+            "SELECT Name FROM Projects WHERE ProjectID = " + std::to_string(m_keys.ProjectID),
+            name);
+    });
+}
+
+void ReviewWriter::UpdateFileName(std::string_view name, std::int32_t sourceId) {
+    m_store.Trap({kModule, "UpdateFileName"}, [&] {
+        WriteName(
+            "SELECT Name FROM SourceFiles WHERE SourceID = " + std::to_string(sourceId), name);
+    });
+}
+
+bool ReviewWriter::SetViolationCompleted(std::int32_t violationId, bool completed) {
+    return m_store.Trapped({kModule, "SetViolationCompleted"}, false, [&] {
+        auto rows = m_store.RequireEditableRows(
+            "SELECT Completed FROM Violations WHERE ViolationID = " + std::to_string(violationId));
+        if (rows.EOF_()) {
+            return false;
+        }
+        rows.Edit();
+        rows.SetValue("Completed", completed);
+        rows.Update();
+        return true;
+    });
+}
+
+}  // namespace dorvik

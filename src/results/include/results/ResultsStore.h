@@ -1,0 +1,115 @@
+#pragma once
+
+#include "base/BasicError.h"
+#include "foundation/log/Trap.h"
+#include "platform/database/Database.h"
+#include "results/StoreFailures.h"
+
+#include <chrono>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace dorvik {
+
+/// The file of a results database: opens and closes it, runs its statements, and counts what it could not do.
+/// The parts of `ResultsDB` share one.
+class ResultsStore {
+public:
+    /// Module of the log lines of everything that works on a results database.
+    static constexpr std::string_view kModule = "C_ResultsDB";
+    /// The only version of a database that is opened.
+    static constexpr std::string_view kSchemaVersion = "6.02.0000";
+
+    ResultsStore() = default;
+    ~ResultsStore() { CloseDatabase(); }
+    ResultsStore(const ResultsStore&) = delete;
+    ResultsStore& operator=(const ResultsStore&) = delete;
+
+    // ---- the file ----
+
+    /// Forgets the failures of before. A file that is not a results database, or one of another version, is
+    /// left as it was found, and the result is false.
+    bool OpenDatabase(const std::string& filename);
+    void CloseDatabase();
+    /// Closes and deletes the file that was opened last.
+    void DeleteDatabase();
+    /// Full path of the file that was opened last, whether that worked or not.
+    const std::string& Filename() const { return m_filename; }
+    /// The version that the file opened last has of itself; nothing where it has none.
+    const std::optional<std::string>& FoundVersion() const { return m_foundVersion; }
+    /// How long an operation waits for a lock of another program. REQUIRES: a database is open.
+    void SetPatience(std::chrono::milliseconds patience) { m_database.SetPatience(patience); }
+    /// Adds the indexes that make a finished review fast to read. Without them nothing is lost but time.
+    void AddIndexes();
+
+    // ---- statements ----
+
+    /// Nothing where the rows cannot be opened, which is logged.
+    std::optional<Recordset> GetEditableRecordset(std::string_view sql, SqlValues values = {});
+    std::optional<Recordset> GetReadOnlyRecordset(std::string_view sql, SqlValues values = {});
+    /// The same for an operation that cannot go on without the rows: raises where there are none.
+    Recordset RequireEditableRows(std::string_view sql, SqlValues values = {});
+    Recordset RequireRows(std::string_view sql, SqlValues values = {});
+    /// The first field of the first row as text; empty without a row. Raises as `RequireRows` does.
+    std::string FirstText(std::string_view sql);
+    /// Runs an UPDATE; raises where it fails.
+    void Execute(std::string_view sql, SqlValues values);
+
+    // ---- failures ----
+
+    /// What went wrong since the database was opened.
+    const StoreFailures& Failures() const { return m_failures; }
+    /// Something is lost that never came as far as the database. `reason` is shown after a colon.
+    void NoteLoss(std::string_view reason);
+    /// Whether a statement with a value in quotes fails, as it once did. Such rows are not lost: the caller
+    /// asked for it.
+    void KeepKnownFaults(bool keep);
+    /// Whether any row or answer was lost, except to known faults.
+    bool HasLostRows() const { return m_failures.Count() > m_knownFaults; }
+
+    /// `dorvik::Trap` that counts the failure too. An operation that calls others counts as one.
+    template <typename Body>
+    bool Trap(const LogOrigin& origin, Body&& body) {
+        ++m_openTraps;
+        const bool isDone =
+            dorvik::Trap(origin, std::forward<Body>(body), [this](const BasicError& failure) {
+                m_failures.NoteReason(failure);
+                return false;
+            });
+        m_hasFailed = m_hasFailed || !isDone;
+        if (--m_openTraps == 0 && std::exchange(m_hasFailed, false)) {
+            CountFailure();
+        }
+        return isDone;
+    }
+    /// The same for an operation that returns a value: that of the body or, after a failure, `otherwise`.
+    template <typename Body>
+    auto Trapped(
+        const LogOrigin& origin,
+        std::type_identity_t<std::invoke_result_t<Body>> otherwise,
+        Body&& body) -> std::invoke_result_t<Body> {
+        Trap(origin, [&] { otherwise = std::forward<Body>(body)(); });
+        return otherwise;
+    }
+
+private:
+    std::optional<Recordset> OpenRows(std::string_view sql, RecordsetType type, SqlValues values);
+    void RefuseKnownFault(const SqlValues& values);
+    void CountFailure();
+
+    Database m_database;
+    bool m_isOpen = false;
+    std::string m_filename;
+    std::optional<std::string> m_foundVersion;
+    StoreFailures m_failures;
+    int m_openTraps = 0;
+    bool m_hasFailed = false;  // one of these
+    bool m_keepsKnownFaults = false;
+    bool m_isKnownFault = false;     // what failed last failed for being a known fault
+    std::int32_t m_knownFaults = 0;  // among the failures
+};
+
+}  // namespace dorvik

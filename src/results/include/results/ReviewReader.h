@@ -1,0 +1,26 @@
+#pragma once
+
+#include "results/ResultsStore.h"
+#include "results/ReviewData.h"
+#include "results/ReviewKeys.h"
+#include "results/StoredReviewCriteria.h"
+
+namespace dorvik {
+
+/// Reads what a stored review says of itself.
+class ReviewReader {
+public:
+    /// REQUIRES: `store` outlives this.
+    explicit ReviewReader(ResultsStore& store) : m_store(store) {}
+
+    /// The keys of the stored review; nothing where there is no review. Raises what reading raises.
+    std::optional<ReviewKeys> GetReviewKeys();
+    ReviewData GetReviewData();
+    StoredReviewCriteria GetReviewCriteria();
+    CategorySeverityLists GetCategorySeverityLists();
+
+private:
+    ResultsStore& m_store;
+};
+
+}  // namespace dorvik
