@@ -96,15 +96,13 @@ void ReviewWriter::WriteCategoryList(const Rulebase& rulebase, const ReviewCrite
 void ReviewWriter::WriteSeverityList(const Rulebase& rulebase, const ReviewCriteria& criteria) {
     auto rows =
         m_store.RequireEditableRows("SELECT * FROM SeverityList WHERE SeverityRecordID = 0");
-    const auto& severities = rulebase.SeverityList();
-    for (std::int32_t index = 1; index <= severities.Count(); ++index) {
-        const auto& severity = *severities.Item(index);
+    for (const auto& severity : rulebase.SeverityList()) {
         rows.AddNew();
         rows.SetValue("ReviewID", m_keys.ReviewID);
-        rows.SetValue("SeverityColour", severity.Colour());
-        rows.SetValue("SeverityLevel", severity.SeverityLevel());
-        rows.SetValue("SeverityText", severity.Title());
-        rows.SetValue("Included", criteria.LoadCriteria().SeverityLevel(severity.SeverityLevel()));
+        rows.SetValue("SeverityColour", severity->Colour());
+        rows.SetValue("SeverityLevel", severity->SeverityLevel());
+        rows.SetValue("SeverityText", severity->Title());
+        rows.SetValue("Included", criteria.LoadCriteria().SeverityLevel(severity->SeverityLevel()));
         rows.Update();
     }
 }

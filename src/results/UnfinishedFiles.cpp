@@ -21,13 +21,11 @@ bool IsUnfinished(Recordset& row) {
 }  // namespace
 
 bool UnfinishedFiles::Include(std::int32_t sourceId, ResultsDB& database) {
-    bool isUnfinished = false;
-    Trap({"UnfinishedFiles", "Include"}, [&] {
+    return Trapped({"UnfinishedFiles", "Include"}, false, [&] {
         auto row = database.OpenRecordSource(
             std::string(kQuery) + " WHERE SourceID = " + std::to_string(sourceId));
-        isUnfinished = row && !row->EOF_() && IsUnfinished(*row);
+        return row && !row->EOF_() && IsUnfinished(*row);
     });
-    return isUnfinished;
 }
 
 UnfinishedFiles UnfinishedFiles::ReadFrom(ResultsDB& database) {

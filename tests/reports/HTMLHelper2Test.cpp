@@ -1,9 +1,12 @@
 #include "reports/format/HTMLHelper2.h"
 
+#include "reports/format/HtmlTag.h"
 #include "support/CapturedLog.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <stdexcept>
 
 namespace dorvik {
 namespace {
@@ -101,6 +104,28 @@ TEST(HTMLHelper2, ATextLongerThanABlockOfTheBuilderGoesInWhole) {
     html.TagValue("!");
     EXPECT_EQ(html.DocumentText().substr(before), longText + "!");
     EXPECT_THAT(log.Entries(), testing::IsEmpty());
+}
+
+TEST(HtmlTag, EndsWithItsScope) {
+    HTMLHelper2 html;
+    {
+        const HtmlTag row(html, "tr", {"class", "totalsline"});
+        const HtmlTag cell(html, "td");
+        html.TagValue("1");
+    }
+    html.InsertBreak();
+    EXPECT_EQ(html.DocumentText(), "<tr class=\"totalsline\"><td>1</td></tr><br>");
+}
+
+TEST(HtmlTag, AddsNothingAfterAFailure) {
+    HTMLHelper2 html;
+    try {
+        const HtmlTag row(html, "tr");
+        throw std::runtime_error("failure");
+    } catch (const std::runtime_error&) {
+        html.InsertBreak();
+    }
+    EXPECT_EQ(html.DocumentText(), "<tr><br>");
 }
 
 }  // namespace

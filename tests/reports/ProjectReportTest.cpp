@@ -241,7 +241,7 @@ TEST_F(ProjectReportTest, WithSummaryThereAreNoPagesOfFiles) {
     WriteModule("modA", 1, 10);
     Report();
     EXPECT_THAT(m_engine.WrittenReports(), ElementsAre(m_folder.Path("Billing_Dorvik.html")));
-    EXPECT_THAT(m_states, ElementsAre(ReportsEngine::kProjectReportState));
+    EXPECT_THAT(m_states, ElementsAre(ReportProgress::kProjectReportState));
 }
 
 TEST_F(ProjectReportTest, DetailedPagesAreLinkedButForFilesInError) {
@@ -278,7 +278,7 @@ TEST_F(ProjectReportTest, CancelledAtItsStartWritesNothing) {
     EXPECT_EQ(Report(), "");
     EXPECT_THAT(m_engine.WrittenReports(), IsEmpty());
     EXPECT_THAT(m_engine.FailedReports(), IsEmpty());
-    EXPECT_THAT(m_states, ElementsAre(ReportsEngine::kProjectReportState));
+    EXPECT_THAT(m_states, ElementsAre(ReportProgress::kProjectReportState));
 }
 
 TEST_F(ProjectReportTest, CancelledInThePageOfAFileWritesNeither) {

@@ -1,5 +1,5 @@
 #include "platform/host/modFiles.h"
-#include "reports/classic/ReportsEngine.h"
+#include "reports/classic/modReportTables.h"
 #include "settings/ComponentVersion.h"
 
 #include <gmock/gmock.h>
@@ -26,7 +26,7 @@ protected:
             item->SetColour(level);
             severities.Add(SeverityKeyOf(level), item, true, false);
         }
-        m_engine.Initialise(severities, CategoryList());
+        m_legend.Take(severities, CategoryList());
         for (std::int32_t level = 1; level <= 5; ++level) {
             m_load.SetSeverityLevel(level, true);
         }
@@ -37,7 +37,7 @@ protected:
         ReviewCriteriaInfo info{m_load, "Criteria", ruleCount, 1234, m_categories, m_tolerances};
         info.TotalFiles = total;
         info.ReviewedFiles = reviewed;
-        m_engine.InsertReviewCriteriaTable(html, info);
+        modReportTables::InsertReviewCriteriaTable(html, m_legend, info);
         return html.DocumentText();
     }
 
@@ -50,7 +50,7 @@ protected:
     static constexpr const char* kCategoriesHead =
         "<tr><th class=\"lefttableheading\" colspan=\"2\">Categories Included</th></tr>";
 
-    ReportsEngine m_engine;
+    ReportLegend m_legend;
     HTMLHelper2 m_html;
     RulebaseLoadCriteria m_load;
     CategoryList m_categories;
@@ -66,7 +66,7 @@ TEST_F(ReportTables, SummaryWithoutFiguresAndLogHasFiveRows) {
     info.ReviewEnd = "e";
     info.ReviewDuration = "d";
     info.TotalImpact = "not shown";
-    ReportsEngine::InsertReviewSummaryInfo(m_html, info);
+    modReportTables::InsertReviewSummaryInfo(m_html, info);
     const auto row = [](const std::string& label, const std::string& value) {
         return "<tr><td align=\"left\" width=\"30%\">" + label +
                "</td><td align=\"left\" width=\"70%\">" + value + "</td></tr>";
@@ -82,7 +82,7 @@ TEST_F(ReportTables, SummaryWithoutFiguresAndLogHasFiveRows) {
 TEST_F(ReportTables, TheLogOpensInAPageOfItsOwnByItsPathOnThisMachine) {
     ReviewSummaryInfo info;
     info.LogFile = "\\tmp\\50%\\A_DORVIK.txt";
-    ReportsEngine::InsertReviewSummaryInfo(m_html, info);
+    modReportTables::InsertReviewSummaryInfo(m_html, info);
     EXPECT_THAT(
         m_html.DocumentText(),
         HasSubstr(
@@ -94,7 +94,7 @@ TEST_F(ReportTables, TheLogOpensInAPageOfItsOwnByItsPathOnThisMachine) {
 TEST_F(ReportTables, TheLogOfAnotherMachineKeepsItsPathAndALink) {
     ReviewSummaryInfo info;
     info.LogFile = "C:\\Src\\A_DORVIK.txt";
-    ReportsEngine::InsertReviewSummaryInfo(m_html, info);
+    modReportTables::InsertReviewSummaryInfo(m_html, info);
     EXPECT_THAT(
         m_html.DocumentText(),
         HasSubstr("<a href=\"file:///C:/Src/A_DORVIK.txt\" target=\"_blank\">C:\\Src\\A_DORVIK.txt"
@@ -114,7 +114,7 @@ TEST_F(ReportTables, SumsOfCategoriesGoBeyondThirtyTwoBits) {
         category.Statistics.SetCount(Severity::Critical, 2'000'000'000);
         category.Statistics.SetCount(Severity::Low, 2'000'000'000);
     }
-    m_engine.InsertViolStatsByCatTable(m_html, categories, 1);
+    modReportTables::InsertViolStatsByCatTable(m_html, m_legend, categories, 1);
     EXPECT_THAT(
         m_html.DocumentText(),
         HasSubstr("<tr><td align=\"left\">Jumps</td><td>2,000,000,000</td><td>-</td><td>-</td>"
@@ -125,14 +125,14 @@ TEST_F(ReportTables, SumsOfCategoriesGoBeyondThirtyTwoBits) {
 }
 
 TEST_F(ReportTables, FailuresOfAProjectAreNamesOnly) {
-    ReportsEngine::InsertToleranceFailures(m_html, {{"One", 0, 0}, {"Two", 0, 0}}, true);
+    modReportTables::InsertToleranceFailures(m_html, {{"One", 0, 0}, {"Two", 0, 0}}, true);
     EXPECT_EQ(
         m_html.DocumentText(),
         "<h3 id=\"ToleranceFailures\">Tolerance Failures</h3>One<br>Two<br>");
 }
 
 TEST_F(ReportTables, FailuresOfAFileHaveLimitAndFigureAlsoWhereTheyAreZero) {
-    ReportsEngine::InsertToleranceFailures(m_html, {{"One", 1234, 0}}, false);
+    modReportTables::InsertToleranceFailures(m_html, {{"One", 1234, 0}}, false);
     EXPECT_EQ(
         m_html.DocumentText(),
         "<h3 id=\"ToleranceFailures\">Tolerance Failures</h3><table><tr>"
@@ -148,7 +148,7 @@ TEST_F(ReportTables, ASeverityThatWasLeftOutOfTheReviewIsNotAvailable) {
     statistics.SetImpact(Severity::Critical, 2700);
     statistics.SetTotalViolations(3);
     statistics.SetTotalImpact(2700);
-    m_engine.InsertViolStatsTable(m_html, m_load, statistics);
+    modReportTables::InsertViolStatsTable(m_html, m_legend, m_load, statistics);
     EXPECT_EQ(
         m_html.DocumentText(),
         "<h3 id=\"ViolationStatistics\">Violation Statistics</h3><table><tr>"
@@ -167,7 +167,7 @@ TEST_F(ReportTables, ACategoryWithoutViolationsIsARowOfDashes) {
     jumps.SetCount(Severity::Critical, 2);
     jumps.SetCount(Severity::Information, 1);
     std::vector<CategoryStatistics> categories{{"Clarity", {}}, {"Jumps", jumps}};
-    m_engine.InsertViolStatsByCatTable(m_html, categories, 3);
+    modReportTables::InsertViolStatsByCatTable(m_html, m_legend, categories, 3);
     EXPECT_EQ(
         m_html.DocumentText(),
         "<h3 id=\"ViolationStatisticsByCategory\">Violation Statistics By Category</h3><table><tr>"
@@ -186,7 +186,7 @@ TEST_F(ReportTables, ACategoryWithoutViolationsIsARowOfDashes) {
 
 TEST_F(ReportTables, WithoutViolationsTheCategoriesAreOneCell) {
     std::vector<CategoryStatistics> categories{{"Clarity", {}}};
-    m_engine.InsertViolStatsByCatTable(m_html, categories, 0);
+    modReportTables::InsertViolStatsByCatTable(m_html, m_legend, categories, 0);
     EXPECT_EQ(
         m_html.DocumentText(),
         "<h3 id=\"ViolationStatisticsByCategory\">Violation Statistics By Category</h3><table><tr>"
@@ -198,7 +198,7 @@ TEST_F(ReportTables, LinesHaveTheInLineCommentsInParentheses) {
     lines.SetCodeLines(1000);
     lines.SetCommentOnlyLines(20);
     lines.SetTotalLines(1020);
-    ReportsEngine::InsertSourceLineStatsTable(m_html, lines);
+    modReportTables::InsertSourceLineStatsTable(m_html, lines);
     EXPECT_EQ(
         m_html.DocumentText(),
         "<h3 id=\"SourceLineStatistics\">Source Line Statistics</h3><table><tr>"
@@ -292,23 +292,23 @@ TEST_F(ReportTables, TheLabelOfATotalCarriesOverFromTheCountsToTheImpacts) {
 }
 
 TEST_F(ReportTables, ToleranceOfTheTotalIsASetTolerance) {
-    EXPECT_FALSE(ReportsEngine::TolerancesSet(m_tolerances));
+    EXPECT_FALSE(modReportTables::TolerancesSet(m_tolerances));
     m_tolerances.Impact.SetItem(6, 0);
-    EXPECT_TRUE(ReportsEngine::TolerancesSet(m_tolerances));
+    EXPECT_TRUE(modReportTables::TolerancesSet(m_tolerances));
 }
 
 TEST_F(ReportTables, EachToleranceIsASetTolerance) {
     for (std::int32_t index = 1; index <= 6; ++index) {
         ToleranceSettings counts;
         counts.Count.SetItem(index, 0);
-        EXPECT_TRUE(ReportsEngine::TolerancesSet(counts)) << index;
+        EXPECT_TRUE(modReportTables::TolerancesSet(counts)) << index;
     }
     ToleranceSettings complexity;
     complexity.CyclomaticComplexity = 0;
-    EXPECT_TRUE(ReportsEngine::TolerancesSet(complexity));
+    EXPECT_TRUE(modReportTables::TolerancesSet(complexity));
     ToleranceSettings comments;
     comments.PercentageComments = 0;
-    EXPECT_TRUE(ReportsEngine::TolerancesSet(comments));
+    EXPECT_TRUE(modReportTables::TolerancesSet(comments));
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "SmallReviewFixture.h"
 #include "criteria/ProgressInfo.h"
+#include "reports/format/modReportFilename.h"
 
 #include <utility>
 

@@ -107,5 +107,28 @@ INSTANTIATE_TEST_SUITE_P(
         DurationCase{{2026, 11, 21, 14, 0, 0}, {}, "00:00:00"},
         DurationCase{{}, {2026, 11, 21, 14, 0, 0}, "00:00:00"}));
 
+TEST(modReportFormat, ReviewStatusIsAText) {
+    constexpr const char* kTexts[] = {
+        "Unknown Review Status Code",
+        "Unexpected Error",
+        "Unknown Source File Name",
+        "Unknown Source File Type",
+        "Failed To Open Source File",
+        "Unknown Review Status Code"};
+    std::int32_t status = 0;
+    for (const char* text : kTexts) {
+        EXPECT_EQ(GetReviewStatusDescription(status), text) << status;
+        ++status;
+    }
+    EXPECT_EQ(GetReviewStatusDescription(-1), "Unknown Review Status Code");
+}
+
+TEST(modReportFormat, FormatNumberOfZeroIsADashAndOfAMillionHasSeparators) {
+    EXPECT_EQ(FormatNumber(0), "-");
+    EXPECT_EQ(FormatNumber(0, 0, true), "0");
+    EXPECT_EQ(FormatNumber(1234567), "1,234,567");
+    EXPECT_EQ(FormatNumber(0.5, 2, false), "0.50");
+}
+
 }  // namespace
 }  // namespace dorvik

@@ -3,9 +3,12 @@
 #include "criteria/ProgressInfo.h"
 #include "criteria/ReviewCriteria.h"
 #include "foundation/text/modUtilFunctions.h"
+#include "modReportTables.h"
 #include "platform/host/modHost.h"
-#include "reports/classic/ReportsEngine.h"
+#include "reports/classic/modProjectDatabase.h"
+#include "reports/format/HtmlTag.h"
 #include "reports/format/modPassRate.h"
+#include "reports/format/modReportFilename.h"
 #include "reports/format/modReportFormat.h"
 #include "reports/format/modReportLinks.h"
 #include "reports/format/modSortIndex.h"
@@ -18,32 +21,28 @@ namespace {
 constexpr std::int32_t kActionGeneratingReport = 3;
 
 std::string Sum(std::int64_t sum) {
-    return ReportsEngine::FormatNumber(static_cast<double>(sum));
-}
-
-void InsertDashes(HTMLHelper2& html) {
-    for (int column = 0; column < 3; ++column) {
-        html.InsertTableCell("-");
-    }
+    return modReportFormat::FormatNumber(static_cast<double>(sum));
 }
 
 }  // namespace
 
-BatchReport::BatchReport(
-    ReportsEngine& engine, const ReviewCriteria& criteria, ProgressInfo& progress)
-    : m_engine(engine), m_criteria(criteria), m_progress(progress) {}
-
 void BatchReport::Write() {
-    m_progress.BeginBatchReport();
-    m_progress.SetAction(kActionGeneratingReport);
+    ProgressInfo& progress = m_context.Progress.Info();
+    progress.BeginBatchReport();
+    progress.SetAction(kActionGeneratingReport);
     WriteHead();
     WriteSummary();
-    WriteProjects();
-    WriteCounts();
-    WriteTotals();
+    modReportTables::InsertSectionHeading(m_html, "ProjectStatistics", "Project Statistics");
+    {
+        const HtmlTag table(m_html, "table", {"cellspacing", "0"});
+        WriteProjects();
+        WriteCounts();
+        WriteTotals();
+    }
+    m_html.InsertBlankLine();
     WriteCriteria();
     m_html.EndDocument();
-    m_engine.SaveReport(
+    m_context.Output.SaveReport(
         m_html,
         m_criteria.BatchFilenameOrDefault(),
         ReportKind::BatchSummary,
@@ -51,7 +50,7 @@ void BatchReport::Write() {
 }
 
 void BatchReport::WriteHead() {
-    m_html.StartDocument("Dorvik Batch Summary Report", m_engine.GetStyleSheet());
+    m_html.StartDocument("Dorvik Batch Summary Report", m_context.Legend.GetStyleSheet());
     m_html.InsertBlankLine();
     m_html.InsertQuickTag("h1", m_criteria.BatchTitle());
     m_html.InsertQuickTag("h2", "Dorvik Batch Summary Report");
@@ -68,19 +67,17 @@ void BatchReport::WriteSummary() {
     info.ReviewStart = modReportFormat::FormatGeneralDate(m_criteria.ReviewStarted());
     info.ReviewEnd = modReportFormat::FormatGeneralDate(end);
     info.ReviewDuration = modReportFormat::FormatDuration(m_criteria.ReviewStarted(), end);
-    ReportsEngine::InsertReviewSummaryInfo(m_html, info);
+    modReportTables::InsertReviewSummaryInfo(m_html, info);
 }
 
 void BatchReport::WriteProjects() {
-    m_html.StartTag("h3", {"id", "ProjectStatistics"});
-    m_html.TagValue("Project Statistics");
-    m_html.EndTag("h3");
-    m_html.StartTag("table", {"cellspacing", "0"});
-    m_html.StartTag("tr");
-    for (const std::string_view heading : {"Project", "Verdict", "Violations", "Impact", "Lines"}) {
-        m_html.InsertTableHeading(heading, "20%");
+    {
+        const HtmlTag row(m_html, "tr");
+        for (const std::string_view heading :
+             {"Project", "Verdict", "Violations", "Impact", "Lines"}) {
+            m_html.InsertTableHeading(heading, "20%");
+        }
     }
-    m_html.EndTag("tr");
     const auto& projects = m_criteria.ProjectList();
     for (const std::int32_t position : modSortIndex::MakeSortIndex(projects)) {
         if (projects.Selected(position)) {
@@ -91,21 +88,20 @@ void BatchReport::WriteProjects() {
 
 void BatchReport::WriteProject(const VirtualProject& project) {
     const std::string name = modUtilFunctions::FilenameFromFullPathName(project.Filename());
-    m_html.StartTag("tr");
-    if (m_engine.OpenResultsDatabase(project, m_criteria, m_results) &&
+    const HtmlTag row(m_html, "tr");
+    if (modProjectDatabase::OpenResultsDatabase(project, m_criteria, m_results) &&
         !m_results->GetReviewData().End.IsZero()) {
         WriteReviewedProject(project, name);
     } else {
         WriteFailedProject(name);
         ++m_errors;
     }
-    m_html.EndTag("tr");
 }
 
 void BatchReport::WriteFailedProject(const std::string& name) {
     m_html.InsertTableCell(name, "left");
     m_html.InsertTableCell("Error", "left", "error");
-    InsertDashes(m_html);
+    modReportTables::InsertDashes(m_html);
 }
 
 void BatchReport::WriteReviewedProject(const VirtualProject& project, const std::string& name) {
@@ -130,9 +126,9 @@ void BatchReport::WriteReviewedProject(const VirtualProject& project, const std:
         m_html.InsertTableCell("Fail", {}, "fail");
         ++m_failed;
     }
-    m_html.InsertTableCell(ReportsEngine::FormatNumber(violations.TotalViolations()));
-    m_html.InsertTableCell(ReportsEngine::FormatNumber(violations.TotalImpact()));
-    m_html.InsertTableCell(ReportsEngine::FormatNumber(lines.TotalLines()));
+    m_html.InsertTableCell(modReportFormat::FormatNumber(violations.TotalViolations()));
+    m_html.InsertTableCell(modReportFormat::FormatNumber(violations.TotalImpact()));
+    m_html.InsertTableCell(modReportFormat::FormatNumber(lines.TotalLines()));
     m_violations += violations.TotalViolations();
     m_impact += violations.TotalImpact();
     m_lines += lines.TotalLines();
@@ -148,11 +144,10 @@ std::string BatchReport::HrefOfProject(const std::string& projectFile) const {
 }
 
 void BatchReport::WriteCounts() {
-    m_html.StartTag("tr", {"class", "totalsline"});
-    m_html.StartTag("td", {"colspan", "5"});
-    m_html.TagValue("&nbsp;");
-    m_html.EndTag("td");
-    m_html.EndTag("tr");
+    {
+        const HtmlTag row(m_html, "tr", {"class", "totalsline"});
+        m_html.InsertQuickTag("td", "&nbsp;", {"colspan", "5"});
+    }
     WriteCount("Total Passed", m_passed, "pass");
     WriteCount("Total Failed", m_failed, "fail");
     WriteCount("Total Errors", m_errors, "error");
@@ -160,28 +155,24 @@ void BatchReport::WriteCounts() {
 
 void BatchReport::WriteCount(
     std::string_view label, std::int32_t value, std::string_view className) {
-    m_html.StartTag("tr");
+    const HtmlTag row(m_html, "tr");
     m_html.InsertTableCell(label, "left");
-    m_html.InsertTableCell(ReportsEngine::FormatNumber(value), {}, className);
-    InsertDashes(m_html);
-    m_html.EndTag("tr");
+    m_html.InsertTableCell(modReportFormat::FormatNumber(value), {}, className);
+    modReportTables::InsertDashes(m_html);
 }
 
 void BatchReport::WriteTotals() {
-    m_html.StartTag("tr", {"class", "totalsline"});
+    const HtmlTag row(m_html, "tr", {"class", "totalsline"});
     m_html.InsertTableCell("TOTALS", "left");
     m_html.InsertTableCell(modPassRate::Text(m_passed, m_failed, m_errors), "center");
     m_html.InsertTableCell(Sum(m_violations));
     m_html.InsertTableCell(Sum(m_impact));
     m_html.InsertTableCell(Sum(m_lines));
-    m_html.EndTag("tr");
-    m_html.EndTag("table");
-    m_html.InsertBlankLine();
 }
 
 void BatchReport::WriteCriteria() {
     const RulebaseLoadCriteria& load = m_criteria.LoadCriteria();
-    const CategoryList& all = m_engine.Categories();
+    const CategoryList& all = m_context.Legend.Categories();
     CategoryList included;
     for (std::int32_t index = 1; index <= all.Count(); ++index) {
         if (!load.IsExcludedCategoryID(all.Item(index)->ID())) {
@@ -196,7 +187,7 @@ void BatchReport::WriteCriteria() {
         included,
         m_criteria.Tolerances()};
     info.ReviewedFiles = 1;
-    m_engine.InsertReviewCriteriaTable(m_html, info);
+    modReportTables::InsertReviewCriteriaTable(m_html, m_context.Legend, info);
 }
 
 std::string BatchReport::ReportsFolder() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ReportContext.h"
 #include "reports/format/HTMLHelper2.h"
 #include "results/ResultsDB.h"
 #include "source/ViolationStatistics.h"
@@ -11,16 +12,15 @@
 
 namespace dorvik {
 
-class ProgressInfo;
-class ReportsEngine;
 class ReviewCriteria;
 class VirtualProject;
 
 /// Writes the one page about all projects of a batch. Serves for one page.
 class BatchReport {
 public:
-    /// REQUIRES: all of them outlive this.
-    BatchReport(ReportsEngine& engine, const ReviewCriteria& criteria, ProgressInfo& progress);
+    /// REQUIRES: the criteria outlive this.
+    BatchReport(const ReportContext& context, const ReviewCriteria& criteria)
+        : m_context(context), m_criteria(criteria) {}
 
     /// Raises what goes wrong; nothing is written then.
     void Write();
@@ -40,9 +40,8 @@ private:
     /// Empty where the reports go beside the projects.
     std::string ReportsFolder() const;
 
-    ReportsEngine& m_engine;
+    const ReportContext m_context;
     const ReviewCriteria& m_criteria;
-    ProgressInfo& m_progress;
     HTMLHelper2 m_html;
     std::unique_ptr<ResultsDB> m_results;  // of the project at hand; closes when the next one comes
     std::int32_t m_passed = 0;

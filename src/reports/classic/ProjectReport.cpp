@@ -1,8 +1,10 @@
 #include "ProjectReport.h"
 
+#include "SourceFileReport.h"
 #include "criteria/ProgressInfo.h"
 #include "foundation/text/modUtilFunctions.h"
-#include "reports/classic/ReportsEngine.h"
+#include "modReportTables.h"
+#include "reports/format/HtmlTag.h"
 #include "reports/format/modPassRate.h"
 #include "reports/format/modReportFormat.h"
 #include "reports/format/modReportLinks.h"
@@ -18,12 +20,12 @@ constexpr std::int32_t kActionGeneratingReport = 3;
 constexpr std::string_view kNotAvailable = "N/A";
 
 std::string Figure(std::int32_t value) {
-    return ReportsEngine::FormatNumber(value);
+    return modReportFormat::FormatNumber(value);
 }
 
 std::string ViolationsRatio(std::int32_t violations, std::int32_t lines) {
     const double ratio = lines < 1 ? 0 : static_cast<double>(violations) / lines;
-    return ReportsEngine::FormatNumber(ratio, 2, false);
+    return modReportFormat::FormatNumber(ratio, 2, false);
 }
 
 std::string PercentageComments(const SourceLineStatistics& lines) {
@@ -36,32 +38,32 @@ std::string PercentageComments(const SourceLineStatistics& lines) {
 
 }  // namespace
 
-ProjectReport::ProjectReport(
-    ReportsEngine& engine,
-    ResultsDB& results,
-    ProgressInfo& progress,
-    const ProjectReportOrder& order)
-    : m_engine(engine), m_results(results), m_progress(progress), m_order(order) {}
-
 bool ProjectReport::Write() {
     m_files = m_results.GetProjectSourceFileList(/*includeAll=*/true, /*sortByFilename=*/true);
-    m_progress.SetAction(kActionGeneratingReport);
-    m_progress.BeginSourceFiles(static_cast<std::int32_t>(m_files.size()));
-    if (m_engine.UpdateProgressDisplay(m_progress, ReportsEngine::kProjectReportState)) {
+    ProgressInfo& progress = m_context.Progress.Info();
+    progress.SetAction(kActionGeneratingReport);
+    progress.BeginSourceFiles(static_cast<std::int32_t>(m_files.size()));
+    if (m_context.Progress.Update(ReportProgress::kProjectReportState)) {
         return false;
     }
     ReadReview();
     WriteHead();
     WriteContents();
     WriteTables();
-    if (!WriteFiles()) {
-        return false;
+    modReportTables::InsertSectionHeading(m_html, "SourceFileStatistics", "Source File Statistics");
+    {
+        const HtmlTag table(m_html, "table", {"cellspacing", "0"});
+        if (!WriteFiles()) {
+            return false;
+        }
+        WriteCounts();
+        WriteTotals();
     }
-    WriteCounts();
-    WriteTotals();
+    m_html.InsertBlankLine();
     WriteCriteria();
     m_html.EndDocument();
-    m_engine.SaveReport(m_html, m_order.ProjectFile, ReportKind::Project, m_order.ReportsFolder);
+    m_context.Output.SaveReport(
+        m_html, m_order.ProjectFile, ReportKind::Project, m_order.ReportsFolder);
     return true;
 }
 
@@ -72,7 +74,8 @@ void ProjectReport::ReadReview() {
     m_violations = m_results.GetViolationStats(ItemType::Project, m_project.ObjectID);
     m_lines = m_results.GetLineStats(ItemType::Project, m_project.ObjectID);
     // A review without an end is incomplete, and shows no verdict.
-    m_tolerancesSet = !m_review.End.IsZero() && ReportsEngine::TolerancesSet(m_criteria.Tolerances);
+    m_tolerancesSet =
+        !m_review.End.IsZero() && modReportTables::TolerancesSet(m_criteria.Tolerances);
     m_unfinished = UnfinishedFiles::ReadFrom(m_results);
     if (m_tolerancesSet) {
         m_passed = m_results.TolerancePass(ItemType::Project, 0, m_failures);
@@ -85,7 +88,8 @@ void ProjectReport::ReadReview() {
 
 void ProjectReport::WriteHead() {
     const std::string name = modUtilFunctions::FilenameFromFullPathName(m_order.ProjectFile);
-    m_html.StartDocument(name + " - Dorvik Project Summary Report", m_engine.GetStyleSheet());
+    m_html.StartDocument(
+        name + " - Dorvik Project Summary Report", m_context.Legend.GetStyleSheet());
     m_html.InsertQuickTag("h1", name);
     m_html.InsertQuickTag("h2", "Dorvik Project Summary Report");
     m_html.InsertQuickTag(
@@ -94,22 +98,21 @@ void ProjectReport::WriteHead() {
     if (!m_tolerancesSet) {
         return;
     }
-    m_html.StartTag("h3");
+    const HtmlTag heading(m_html, "h3");
     m_html.TagValue("Verdict: ");
     // Figures of a part are no reason to pass. A file that could not be opened has its own row of error.
     const bool isIncomplete = m_passed && !m_unfinished.InPart.empty();
-    m_html.StartTag("span", {"class", m_passed && !isIncomplete ? "passtext" : "failtext"});
-    m_html.TagValue(
+    m_html.InsertQuickTag(
+        "span",
         isIncomplete ? "&nbsp;Incomplete&nbsp;"
         : m_passed   ? "&nbsp;Pass&nbsp;"
-                     : "&nbsp;Fail&nbsp;");
-    m_html.EndTag("span");
-    m_html.EndTag("h3");
+                     : "&nbsp;Fail&nbsp;",
+        {"class", m_passed && !isIncomplete ? "passtext" : "failtext"});
 }
 
 void ProjectReport::WriteContents() {
     m_html.InsertBlankLine();
-    m_html.StartTag("ul");
+    const HtmlTag list(m_html, "ul");
     m_html.InsertHyperlinkedLI("#ReviewSummaryInformation", "Review Summary Information");
     if (!m_passed) {
         m_html.InsertHyperlinkedLI("#ToleranceFailures", "Tolerance Failures");
@@ -120,18 +123,19 @@ void ProjectReport::WriteContents() {
     m_html.InsertHyperlinkedLI("#SourceLineStatistics", "Source Line Statistics");
     m_html.InsertHyperlinkedLI("#SourceFileStatistics", "Source File Statistics");
     m_html.InsertHyperlinkedLI("#ReviewCriteria", "Review Criteria");
-    m_html.EndTag("ul");
 }
 
 void ProjectReport::WriteTables() {
     WriteSummary();
     if (!m_passed) {
-        ReportsEngine::InsertToleranceFailures(m_html, m_failures, /*isProject=*/true);
+        modReportTables::InsertToleranceFailures(m_html, m_failures, /*isProject=*/true);
     }
-    m_engine.InsertViolStatsTable(m_html, m_criteria.LoadCriteria, m_violations);
+    modReportTables::InsertViolStatsTable(
+        m_html, m_context.Legend, m_criteria.LoadCriteria, m_violations);
     auto categories = m_results.GetViolationStatsByCategory(kWholeDatabase, /*fileLevel=*/false);
-    m_engine.InsertViolStatsByCatTable(m_html, categories, m_violations.TotalViolations());
-    ReportsEngine::InsertSourceLineStatsTable(m_html, m_lines);
+    modReportTables::InsertViolStatsByCatTable(
+        m_html, m_context.Legend, categories, m_violations.TotalViolations());
+    modReportTables::InsertSourceLineStatsTable(m_html, m_lines);
 }
 
 void ProjectReport::WriteSummary() {
@@ -153,20 +157,17 @@ void ProjectReport::WriteSummary() {
     info.ViolationsRatio = ViolationsRatio(m_violations.TotalViolations(), m_lines.TotalLines());
     info.PercentageComments = PercentageComments(m_lines);
     info.LogFile = m_order.LogFile;
-    ReportsEngine::InsertReviewSummaryInfo(m_html, info);
+    modReportTables::InsertReviewSummaryInfo(m_html, info);
 }
 
 bool ProjectReport::WriteFiles() {
-    m_html.StartTag("h3", {"id", "SourceFileStatistics"});
-    m_html.TagValue("Source File Statistics");
-    m_html.EndTag("h3");
-    m_html.StartTag("table", {"cellspacing", "0"});
-    m_html.StartTag("tr");
-    for (const std::string_view heading :
-         {"Source File", "Verdict", "Violations", "Impact", "Lines"}) {
-        m_html.InsertTableHeading(heading, "20%");
+    {
+        const HtmlTag row(m_html, "tr");
+        for (const std::string_view heading :
+             {"Source File", "Verdict", "Violations", "Impact", "Lines"}) {
+            m_html.InsertTableHeading(heading, "20%");
+        }
     }
-    m_html.EndTag("tr");
     for (const BasicObject& file : m_files) {
         if (!WriteFile(file)) {
             return false;
@@ -181,39 +182,40 @@ bool ProjectReport::WriteFile(const BasicObject& file) {
     const SourceLineStatistics lines = m_results.GetLineStats(ItemType::File, file.ObjectID);
     const std::int32_t status = ReviewStatusOf(file);
     const bool hasDetails = status == 0 && !m_unfinished.Unread.contains(file.ObjectID);
-    // Required: a name without "." shows as empty.
-    const std::string shownName = modUtilFunctions::FilenameFromFullPathName(file.Filename);
-    m_html.StartTag("tr");
-    if (m_order.Detailed && hasDetails) {
-        bool cancel = false;
-        m_engine.CreateSourceFileReport(
-            m_order.ProjectFile,
-            file,
-            m_results,
-            m_progress,
-            m_order.ReportsFolder,
-            cancel,
-            m_tolerancesSet);
-        if (cancel) {
-            return false;
-        }
-        m_html.InsertHyperLinkedTableCell(
-            shownName, modReportLinks::HrefOfFile(DetailFilename(file)), "left");
-    } else {
-        m_html.InsertTableCell(shownName, "left");
+    const HtmlTag row(m_html, "tr");
+    if (!WriteFileName(file, m_order.Detailed && hasDetails)) {
+        return false;
     }
     if (status != 0) {
         m_html.InsertTableCell("Error", "center", "error");
-        m_html.StartTag("td", {"colspan", "3", "align", "left", "class", "error"});
-        m_html.TagValue(ReportsEngine::GetReviewStatusDescription(status));
-        m_html.EndTag("td");
+        m_html.InsertQuickTag(
+            "td",
+            modReportFormat::GetReviewStatusDescription(status),
+            {"colspan", "3", "align", "left", "class", "error"});
     } else {
         WriteVerdict(file);
         m_html.InsertTableCell(Figure(violations.TotalViolations()));
         m_html.InsertTableCell(Figure(violations.TotalImpact()));
         m_html.InsertTableCell(Figure(lines.TotalLines()));
     }
-    m_html.EndTag("tr");
+    return true;
+}
+
+/// With a page of its own, which is written here, the name leads to it. False if that was cancelled.
+bool ProjectReport::WriteFileName(const BasicObject& file, bool hasPage) {
+    // Required: a name without "." shows as empty.
+    const std::string shownName = modUtilFunctions::FilenameFromFullPathName(file.Filename);
+    if (!hasPage) {
+        m_html.InsertTableCell(shownName, "left");
+        return true;
+    }
+    const SourceFileReport::Subject subject{
+        m_order.ProjectFile, file, m_order.ReportsFolder, m_tolerancesSet};
+    if (!SourceFileReport::CreateSourceFileReport(m_context, subject, m_results)) {
+        return false;
+    }
+    m_html.InsertHyperLinkedTableCell(
+        shownName, modReportLinks::HrefOfFile(DetailFilename(file)), "left");
     return true;
 }
 
@@ -233,11 +235,13 @@ void ProjectReport::WriteVerdict(const BasicObject& file) {
 }
 
 void ProjectReport::WriteCounts() {
-    m_html.StartTag("tr");
-    for (const std::string_view heading : {"&nbsp;", "Verdict", "Violations", "Impact", "Lines"}) {
-        m_html.InsertQuickTag("th", heading);
+    {
+        const HtmlTag row(m_html, "tr");
+        for (const std::string_view heading :
+             {"&nbsp;", "Verdict", "Violations", "Impact", "Lines"}) {
+            m_html.InsertQuickTag("th", heading);
+        }
     }
-    m_html.EndTag("tr");
     WriteCount("Total Passed", m_tolerancesSet ? Figure(m_counts.Passed) : "", "pass");
     WriteCount("Total Failed", m_tolerancesSet ? Figure(m_counts.Failed) : "", "fail");
     WriteCount("Total Errors", Figure(FileErrors()), "error");
@@ -245,29 +249,23 @@ void ProjectReport::WriteCounts() {
 
 void ProjectReport::WriteCount(
     std::string_view label, std::string_view value, std::string_view className) {
-    m_html.StartTag("tr");
+    const HtmlTag row(m_html, "tr");
     m_html.InsertTableCell(label, "left");
     if (value.empty()) {
         m_html.InsertTableCell(kNotAvailable, "center");
     } else {
         m_html.InsertTableCell(value, {}, className);
     }
-    for (int column = 0; column < 3; ++column) {
-        m_html.InsertTableCell("-");
-    }
-    m_html.EndTag("tr");
+    modReportTables::InsertDashes(m_html);
 }
 
 void ProjectReport::WriteTotals() {
-    m_html.StartTag("tr", {"class", "totalsline"});
+    const HtmlTag row(m_html, "tr", {"class", "totalsline"});
     m_html.InsertTableCell("TOTALS", "left");
     m_html.InsertTableCell(PassRate(), m_tolerancesSet ? "center" : "");
     m_html.InsertTableCell(Figure(m_violations.TotalViolations()));
     m_html.InsertTableCell(Figure(m_violations.TotalImpact()));
     m_html.InsertTableCell(Figure(m_lines.TotalLines()));
-    m_html.EndTag("tr");
-    m_html.EndTag("table");
-    m_html.InsertBlankLine();
 }
 
 void ProjectReport::WriteCriteria() {
@@ -284,7 +282,7 @@ void ProjectReport::WriteCriteria() {
     } else {
         info.RuleEngine = ProjectReportOrder::kNotKnown;
     }
-    m_engine.InsertReviewCriteriaTable(m_html, info);
+    modReportTables::InsertReviewCriteriaTable(m_html, m_context.Legend, info);
 }
 
 std::int32_t ProjectReport::ReviewStatusOf(const BasicObject& file) const {

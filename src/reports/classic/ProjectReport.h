@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ReportContext.h"
 #include "reports/classic/ProjectReportOrder.h"
 #include "reports/format/HTMLHelper2.h"
 #include "results/ResultsDB.h"
@@ -11,18 +12,12 @@
 
 namespace dorvik {
 
-class ProgressInfo;
-class ReportsEngine;
-
 /// Writes the page of one project and, if that is ordered, the pages of its files. Serves for one page.
 class ProjectReport {
 public:
-    /// REQUIRES: all of them outlive this; a review is open in `results`.
-    ProjectReport(
-        ReportsEngine& engine,
-        ResultsDB& results,
-        ProgressInfo& progress,
-        const ProjectReportOrder& order);
+    /// REQUIRES: results and order outlive this; a review is open in `results`.
+    ProjectReport(const ReportContext& context, ResultsDB& results, const ProjectReportOrder& order)
+        : m_context(context), m_results(results), m_order(order) {}
 
     /// False if the report was cancelled; its own page is not written then. Raises what goes wrong.
     bool Write();
@@ -43,6 +38,7 @@ private:
     /// False if cancelled.
     bool WriteFiles();
     bool WriteFile(const BasicObject& file);
+    bool WriteFileName(const BasicObject& file, bool hasPage);
     void WriteVerdict(const BasicObject& file);
     void WriteCounts();
     void WriteCount(std::string_view label, std::string_view value, std::string_view className);
@@ -57,9 +53,8 @@ private:
     std::int32_t ReviewedFiles() const { return static_cast<std::int32_t>(m_files.size()) - 1; }
     std::int32_t FileErrors() const;
 
-    ReportsEngine& m_engine;
+    const ReportContext m_context;
     ResultsDB& m_results;
-    ProgressInfo& m_progress;
     const ProjectReportOrder& m_order;
     HTMLHelper2 m_html;
     std::vector<BasicObject> m_files;

@@ -1,81 +1,107 @@
-// Set-up, and what all reports share.
-
 #include "reports/classic/ReportsEngine.h"
 
+#include "BatchReport.h"
+#include "ProjectReport.h"
+#include "ReportContext.h"
+#include "SourceFileReport.h"
+#include "criteria/ReviewCriteria.h"
 #include "foundation/log/Trap.h"
-#include "platform/host/OutputRefusal.h"
-#include "reports/format/modReportFile.h"
-#include "reports/format/modReportFormat.h"
+#include "reports/classic/modProjectDatabase.h"
+#include "source/VirtualProject.h"
 
 namespace dorvik {
 
-namespace {
+ReportsEngine::ReportsEngine()
+    : m_legend(std::make_unique<ReportLegend>()), m_output(std::make_unique<ReportOutput>()) {}
 
-constexpr std::int32_t kNoCategory = -1;
-
-/// By status code from 1.
-constexpr std::array<std::string_view, 4> kStatusDescriptions{
-    "Unexpected Error",
-    "Unknown Source File Name",
-    "Unknown Source File Type",
-    "Failed To Open Source File"};
-
-}  // namespace
+ReportsEngine::~ReportsEngine() = default;
 
 void ReportsEngine::Initialise(const SeverityTable& severities, const CategoryList& categories) {
-    Trap({kModule, "Initialise"}, [&] {
-        TakeSeverities(severities);
-        m_categories.Clear();
-        for (std::int32_t index = 1; index <= categories.Count(); ++index) {
-            m_categories.Add(categories.Item(index), false);
+    Trap({kModule, "Initialise"}, [&] { m_legend->Take(severities, categories); });
+}
+
+bool ReportsEngine::UpdateProgressDisplay(ProgressInfo& progress, std::int32_t state) {
+    return ReportProgress(progress, m_events).Update(state);
+}
+
+void ReportsEngine::CreateProjectReport(
+    VirtualProject& project, const ReviewCriteria& criteria, ProgressInfo& progress) {
+    ProjectReportOrder order;
+    order.ProjectFile = project.Filename();
+    order.ReportsFolder =
+        criteria.UseProjectFolderReports() ? std::string() : criteria.FixedFolderReports();
+    const bool ended = Trap({kModule, "CreateProjectReport"}, [&] {
+        std::unique_ptr<ResultsDB> results;
+        if (!modProjectDatabase::OpenResultsDatabase(project, criteria, results)) {
+            return;
         }
+        order.LogFile = modProjectDatabase::LogFilename(project, criteria);
+        order.RulebaseFile = criteria.LoadCriteria().RulebaseFile();
+        order.Detailed = criteria.ReportOption() == kDetailed;
+        order.Project = &project;
+        ReportProgress events(progress, m_events);
+        ProjectReport({*m_legend, *m_output, events}, *results, order).Write();
     });
-}
-
-std::string ReportsEngine::FormatNumber(double value, std::int32_t decimals, bool showZero) {
-    return modReportFormat::FormatNumber(value, decimals, showZero);
-}
-
-std::string ReportsEngine::GetCategoryText(std::int32_t categoryId) const {
-    if (categoryId == kNoCategory) {
-        return "Unallocated";
+    if (!ended) {
+        m_output->AddFailed(order.PageFilename());
     }
-    const std::string key = CategoryList::CategoryIDToKey(categoryId);
-    return m_categories.Contains(key) ? m_categories.Item(key)->Title() : std::string();
 }
 
-std::string_view ReportsEngine::GetReviewStatusDescription(std::int32_t status) {
-    const bool isKnown =
-        status >= 1 && static_cast<std::size_t>(status) <= kStatusDescriptions.size();
-    return isKnown ? kStatusDescriptions[static_cast<std::size_t>(status) - 1]
-                   : "Unknown Review Status Code";
-}
-
-void ReportsEngine::SaveReport(
-    const HTMLHelper2& html,
-    std::string_view projectFile,
-    ReportKind kind,
-    std::string_view folder,
-    std::string_view sourceFile,
-    std::string_view name) {
-    const OutputPlace place =
-        modDorvikUtils::ReportPlace(projectFile, kind, folder, sourceFile, name);
-    const std::string path = place.Path();
-    bool saved = false;
-    const auto save = [&] {
-        modReportFile::Write(place, html.DocumentText());
-        saved = true;
-    };
-    Trap({kModule, "SaveReport"}, save, [&](const BasicError& failure) {
-        m_refusals[path] = OutputRefusal::SentenceIn(failure);
-        return false;
+bool ReportsEngine::CreateReportsOfDatabase(
+    ResultsDB& results, const ProjectReportOrder& order, ProgressInfo& progress) {
+    const std::string page = order.PageFilename();
+    bool written = false;
+    const bool ended = Trap({kModule, "CreateReportsOfDatabase"}, [&] {
+        const CategorySeverityLists lists = results.GetCategorySeverityLists();
+        Initialise(lists.Severities, lists.Categories);
+        const std::size_t before = WrittenReports().size();
+        ReportProgress events(progress, m_events);
+        ProjectReport({*m_legend, *m_output, events}, results, order).Write();
+        // Its own page is the last one.
+        written = WrittenReports().size() > before && WrittenReports().back() == page;
     });
-    (saved ? m_writtenReports : m_failedReports).push_back(path);
+    if (!ended) {
+        m_output->AddFailed(page);
+    }
+    return written;
+}
+
+void ReportsEngine::CreateBatchReport(const ReviewCriteria& criteria, ProgressInfo& progress) {
+    const bool ended = Trap({kModule, "CreateBatchReport"}, [&] {
+        ReportProgress events(progress, m_events);
+        BatchReport({*m_legend, *m_output, events}, criteria).Write();
+    });
+    if (!ended) {
+        m_output->AddFailed(modDorvikUtils::CreateReportFilename(
+            criteria.BatchFilenameOrDefault(),
+            ReportKind::BatchSummary,
+            criteria.FixedFolderReports()));
+    }
+}
+
+void ReportsEngine::CreateSourceFileReport(
+    std::string_view projectFile,
+    const BasicObject& sourceFile,
+    ResultsDB& results,
+    ProgressInfo& progress,
+    std::string_view folder,
+    bool& cancel,
+    bool tolerancesSet) {
+    ReportProgress events(progress, m_events);
+    cancel = !SourceFileReport::CreateSourceFileReport(
+        {*m_legend, *m_output, events}, {projectFile, sourceFile, folder, tolerancesSet}, results);
+}
+
+const std::vector<std::string>& ReportsEngine::WrittenReports() const {
+    return m_output->Written();
+}
+
+const std::vector<std::string>& ReportsEngine::FailedReports() const {
+    return m_output->Failed();
 }
 
 std::string ReportsEngine::RefusalOf(const std::string& page) const {
-    const auto found = m_refusals.find(page);
-    return found == m_refusals.end() ? std::string() : found->second;
+    return m_output->RefusalOf(page);
 }
 
 }  // namespace dorvik

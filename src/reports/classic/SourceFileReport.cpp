@@ -1,8 +1,11 @@
 #include "SourceFileReport.h"
 
 #include "criteria/ProgressInfo.h"
+#include "foundation/log/Trap.h"
 #include "foundation/text/modUtilFunctions.h"
-#include "reports/classic/ReportsEngine.h"
+#include "modReportTables.h"
+#include "reports/format/HtmlTag.h"
+#include "reports/format/modReportFilename.h"
 #include "reports/format/modReportFormat.h"
 #include "reports/format/modReportLinks.h"
 #include "results/UnfinishedFiles.h"
@@ -32,12 +35,36 @@ const SourceFileReport::FigureTable SourceFileReport::kImpacts{
     &ViolationStatistics::TotalImpact,
     false};
 
+bool SourceFileReport::CreateSourceFileReport(
+    const ReportContext& context, const Subject& subject, ResultsDB& results) {
+    const BasicObject& file = subject.File;
+    const std::string path = file.Path + file.Filename;
+    bool cancelled = false;
+    const bool ended = Trap({"ReportsEngine", "CreateSourceFileReport"}, [&] {
+        SourceFileReport report(context, subject, results);
+        cancelled = !report.Build();
+        if (!cancelled) {
+            context.Output.SaveReport(
+                report.m_html,
+                subject.ProjectFile,
+                ReportKind::SourceFile,
+                subject.Folder,
+                path,
+                file.Name);
+        }
+    });
+    if (!ended) {
+        context.Output.AddFailed(modDorvikUtils::CreateReportFilename(
+            subject.ProjectFile, ReportKind::SourceFile, subject.Folder, path, file.Name));
+    }
+    return !cancelled;
+}
+
 SourceFileReport::SourceFileReport(
-    ReportsEngine& engine, const Subject& subject, ResultsDB& results, ProgressInfo& progress)
-    : m_engine(engine),
+    const ReportContext& context, const Subject& subject, ResultsDB& results)
+    : m_context(context),
       m_subject(subject),
       m_results(results),
-      m_progress(progress),
       m_isProjectFile(modDorvikUtils::IsVBPFile(subject.File.Filename)) {}
 
 bool SourceFileReport::Build() {
@@ -48,7 +75,7 @@ bool SourceFileReport::Build() {
     InsertHead();
     InsertContents();
     if (!m_passed) {
-        ReportsEngine::InsertToleranceFailures(m_html, m_failures, false);
+        modReportTables::InsertToleranceFailures(m_html, m_failures, false);
     }
     if (!InsertFigureTable(kCounts)) {
         return false;
@@ -85,22 +112,22 @@ void SourceFileReport::ReadFigures() {
 
 bool SourceFileReport::BeginProgress() {
     const auto procedures = static_cast<std::int32_t>(m_procedures.size());
-    m_progress.BeginSourceFile(
+    m_context.Progress.Info().BeginSourceFile(
         m_subject.File.Name,
         m_subject.File.Filename,
         procedures * kStepsOfProcedure + m_statistics.TotalViolations());
-    return !m_engine.UpdateProgressDisplay(m_progress, ReportsEngine::kSourceFileReportState);
+    return !m_context.Progress.Update(ReportProgress::kSourceFileReportState);
 }
 
 bool SourceFileReport::Advance() {
-    m_progress.UpdateSourceFileProgress(1);
-    return !m_engine.UpdateProgressDisplay(m_progress, ReportsEngine::kSourceFileReportState);
+    m_context.Progress.Info().UpdateSourceFileProgress(1);
+    return !m_context.Progress.Update(ReportProgress::kSourceFileReportState);
 }
 
 // ---- head ----
 
 void SourceFileReport::InsertHead() {
-    m_html.StartDocument(kPageTitle, m_engine.GetStyleSheet());
+    m_html.StartDocument(kPageTitle, m_context.Legend.GetStyleSheet());
     m_html.InsertBlankLine();
     m_html.InsertQuickTag(
         "h1", modUtilFunctions::FilenameFromFullPathName(m_subject.File.Filename));
@@ -116,35 +143,35 @@ void SourceFileReport::InsertHead() {
 }
 
 void SourceFileReport::InsertVerdict() {
-    m_html.StartTag("h3");
-    m_html.TagValue("Verdict: ");
-    const bool passed = m_passed && !m_isUnfinished;
-    m_html.StartTag("span", {"class", passed ? "passtext" : "failtext"});
-    m_html.TagValue(
-        m_isUnfinished ? "&nbsp;Not reviewed&nbsp;"
-        : passed       ? "&nbsp;Pass&nbsp;"
-                       : "&nbsp;Fail&nbsp;");
-    m_html.EndTag("span");
-    m_html.EndTag("h3");
+    {
+        const HtmlTag heading(m_html, "h3");
+        m_html.TagValue("Verdict: ");
+        const bool passed = m_passed && !m_isUnfinished;
+        m_html.InsertQuickTag(
+            "span",
+            m_isUnfinished ? "&nbsp;Not reviewed&nbsp;"
+            : passed       ? "&nbsp;Pass&nbsp;"
+                           : "&nbsp;Fail&nbsp;",
+            {"class", passed ? "passtext" : "failtext"});
+    }
     m_html.InsertBlankLine();
 }
 
 void SourceFileReport::InsertFileNames() {
     const auto insertLabel = [this](std::string_view label) {
-        m_html.StartTag("span", {"class", "emphasisedtext"});
-        m_html.TagValue(label);
-        m_html.EndTag("span");
+        m_html.InsertQuickTag("span", label, {"class", "emphasisedtext"});
     };
     const std::string projectReport =
         modUtilFunctions::FilenameFromFullPathName(modDorvikUtils::CreateReportFilename(
             m_subject.ProjectFile, ReportKind::Project, m_subject.Folder));
-    m_html.StartTag("p");
-    insertLabel("Project: ");
-    m_html.InsertHyperlinkedText(modReportLinks::HrefOfFile(projectReport), projectReport);
-    m_html.InsertBreak();
-    insertLabel("File: ");
-    m_html.TagValue(modReportLinks::PathText(m_subject.File.Path + m_subject.File.Filename));
-    m_html.EndTag("p");
+    {
+        const HtmlTag paragraph(m_html, "p");
+        insertLabel("Project: ");
+        m_html.InsertHyperlinkedText(modReportLinks::HrefOfFile(projectReport), projectReport);
+        m_html.InsertBreak();
+        insertLabel("File: ");
+        m_html.TagValue(modReportLinks::PathText(m_subject.File.Path + m_subject.File.Filename));
+    }
     m_html.InsertBlankLine();
 }
 
@@ -164,23 +191,16 @@ void SourceFileReport::InsertContents() {
         {"#ViolationDetails", "Violation Details", m_statistics.TotalViolations() > 0},
     };
     m_html.InsertQuickTag("h3", "Contents");
-    m_html.StartTag("ul");
+    const HtmlTag list(m_html, "ul");
     for (const Entry& entry : entries) {
         if (entry.IsPresent) {
             m_html.InsertHyperlinkedLI(entry.Href, entry.Text);
         }
     }
-    m_html.EndTag("ul");
-}
-
-void SourceFileReport::InsertSectionHeading(std::string_view id, std::string_view title) {
-    m_html.StartTag("h3", {"id", id});
-    m_html.TagValue(title);
-    m_html.EndTag("h3");
 }
 
 void SourceFileReport::InsertNumber(std::int32_t number) {
-    m_html.InsertTableCell(ReportsEngine::FormatNumber(number));
+    m_html.InsertTableCell(modReportFormat::FormatNumber(number));
 }
 
 }  // namespace dorvik

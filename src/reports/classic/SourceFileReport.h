@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ReportContext.h"
 #include "reports/format/HTMLHelper2.h"
 #include "results/ResultsDB.h"
 #include "results/ToleranceFailure.h"
@@ -15,9 +16,6 @@
 
 namespace dorvik {
 
-class ProgressInfo;
-class ReportsEngine;
-
 /// Builds the page of one source file, or of the project file: all its figures, each violation in full.
 /// A section that can be cancelled returns false when it was.
 class SourceFileReport {
@@ -29,15 +27,15 @@ public:
         bool TolerancesSet = false;  // without, the page has no verdict
     };
 
-    /// REQUIRES: all of them outlive this.
-    SourceFileReport(
-        ReportsEngine& engine, const Subject& subject, ResultsDB& results, ProgressInfo& progress);
-
-    /// False where it was cancelled; the page is then not complete.
-    bool Build();
-    const HTMLHelper2& Html() const { return m_html; }
+    /// Builds and writes the page. False where it was cancelled; no file is written then. A failure is
+    /// logged, and the page is one of the failed ones of the output.
+    static bool CreateSourceFileReport(
+        const ReportContext& context, const Subject& subject, ResultsDB& results);
 
 private:
+    SourceFileReport(const ReportContext& context, const Subject& subject, ResultsDB& results);
+
+    bool Build();
     struct FigureTable {
         std::string_view Id;
         std::string_view Title;
@@ -64,20 +62,20 @@ private:
     void InsertFigureCells(const ViolationStatistics& statistics, const FigureTable& table);
     void InsertCategoryTable();
     bool InsertLineCounts();
+    void InsertLineCountRow(std::string_view label, ItemType itemType, std::int32_t itemId);
     void InsertLineCountCells(const SourceLineStatistics& statistics);
     bool InsertComplexity();
+    bool InsertComplexityRows();
     void InsertComplexityRow(const BasicObject& procedure);
     void InsertComplexitySummary(std::string_view label, std::int32_t complexity);
     bool InsertViolations();
     bool InsertViolationTable(std::string_view heading, const ResultsDB::ViolationList& list);
 
-    void InsertSectionHeading(std::string_view id, std::string_view title);
     void InsertNumber(std::int32_t number);
 
-    ReportsEngine& m_engine;
+    const ReportContext& m_context;
     Subject m_subject;
     ResultsDB& m_results;
-    ProgressInfo& m_progress;
     HTMLHelper2 m_html;
 
     bool m_isProjectFile;

@@ -2,7 +2,8 @@
 
 #include "SourceFileReport.h"
 #include "base/modTextCase.h"
-#include "reports/classic/ReportsEngine.h"
+#include "modReportTables.h"
+#include "reports/format/HtmlTag.h"
 #include "source/modMemberStats.h"
 
 #include <algorithm>
@@ -11,9 +12,10 @@ namespace dorvik {
 
 namespace {
 
+using modReportTables::InsertSectionHeading;
+
 constexpr std::string_view kLeftHeading = "lefttableheading";
 constexpr std::string_view kTotalsLine = "totalsline";
-constexpr std::string_view kNothing = "-";
 constexpr std::int32_t kUntestable = 51;
 
 /// Required: a report takes a negative complexity for one beyond all measure; elsewhere it has no words.
@@ -47,38 +49,27 @@ std::string HeadingOf(const BasicObject& location) {
 
 // Required: the count of violations decides in the table of impacts, too.
 bool SourceFileReport::InsertFigureTable(const FigureTable& table) {
-    InsertSectionHeading(table.Id, table.Title);
-    m_html.StartTag("table", {"cellspacing", "0"});
+    InsertSectionHeading(m_html, table.Id, table.Title);
+    const HtmlTag element(m_html, "table", {"cellspacing", "0"});
     if (m_statistics.TotalViolations() == 0) {
-        m_html.StartTag("tr");
-        m_html.StartTag("td", {"align", "left", "colspan", "7"});
-        m_html.TagValue("No Violations");
-        m_html.EndTag("td");
-        m_html.EndTag("tr");
-    } else {
-        InsertFigureHeading();
-        if (!InsertFigureRows(table)) {
-            return false;
-        }
-        m_html.StartTag("tr", {"class", kTotalsLine});
-        m_html.InsertTableCell("TOTALS", "left");
-        InsertFigureCells(m_statistics, table);
-        m_html.EndTag("tr");
+        const HtmlTag row(m_html, "tr");
+        m_html.InsertQuickTag("td", "No Violations", {"align", "left", "colspan", "7"});
+        return true;
     }
-    m_html.EndTag("table");
+    InsertFigureHeading();
+    if (!InsertFigureRows(table)) {
+        return false;
+    }
+    const HtmlTag totals(m_html, "tr", {"class", kTotalsLine});
+    m_html.InsertTableCell("TOTALS", "left");
+    InsertFigureCells(m_statistics, table);
     return true;
 }
 
 void SourceFileReport::InsertFigureHeading() {
-    m_html.StartTag("tr");
+    const HtmlTag row(m_html, "tr");
     m_html.InsertTableHeading("Location", "40%", kLeftHeading);
-    for (const Severity severity : kSeverities) {
-        const std::int32_t level = NumberOf(severity);
-        m_html.InsertTableHeading(
-            m_engine.GetSeverityText(level), "10%", ReportsEngine::GetSeverityClass(level));
-    }
-    m_html.InsertTableHeading("Total", "10%");
-    m_html.EndTag("tr");
+    modReportTables::InsertSeverityHeadings(m_html, m_context.Legend);
 }
 
 bool SourceFileReport::InsertFigureRows(const FigureTable& table) {
@@ -87,10 +78,11 @@ bool SourceFileReport::InsertFigureRows(const FigureTable& table) {
         if ((statistics.*table.Total)() <= 0) {
             continue;
         }
-        m_html.StartTag("tr");
-        m_html.InsertHyperLinkedTableCell(LabelOf(location), "#" + AnchorOf(location), "left");
-        InsertFigureCells(statistics, table);
-        m_html.EndTag("tr");
+        {
+            const HtmlTag row(m_html, "tr");
+            m_html.InsertHyperLinkedTableCell(LabelOf(location), "#" + AnchorOf(location), "left");
+            InsertFigureCells(statistics, table);
+        }
         if (table.RowsAreProgress && !Advance()) {
             return false;
         }
@@ -113,39 +105,41 @@ void SourceFileReport::InsertFigureCells(
 void SourceFileReport::InsertCategoryTable() {
     auto categories =
         m_results.GetViolationStatsByCategory(m_subject.File.ObjectID, m_isProjectFile);
-    m_engine.InsertViolStatsByCatTable(m_html, categories, m_statistics.TotalViolations());
+    modReportTables::InsertViolStatsByCatTable(
+        m_html, m_context.Legend, categories, m_statistics.TotalViolations());
 }
 
 // ---- lines and complexity ----
 
 bool SourceFileReport::InsertLineCounts() {
-    InsertSectionHeading("LineCountStatistics", "Line Count Statistics");
-    m_html.StartTag("table");
-    m_html.StartTag("tr");
-    m_html.InsertTableHeading("Location", "28%", kLeftHeading);
-    for (const std::string_view title : {"Code", "Comment", "In-Line Comment", "Blank"}) {
-        m_html.InsertTableHeading(title, "14%");
+    InsertSectionHeading(m_html, "LineCountStatistics", "Line Count Statistics");
+    const HtmlTag table(m_html, "table");
+    {
+        const HtmlTag row(m_html, "tr");
+        m_html.InsertTableHeading("Location", "28%", kLeftHeading);
+        for (const std::string_view title : {"Code", "Comment", "In-Line Comment", "Blank"}) {
+            m_html.InsertTableHeading(title, "14%");
+        }
+        m_html.InsertTableHeading("Total", "16%");
     }
-    m_html.InsertTableHeading("Total", "16%");
-    m_html.EndTag("tr");
     for (const BasicObject& location : m_procedures) {
         if (IsLayout(location)) {
             continue;
         }
-        m_html.StartTag("tr");
-        m_html.InsertTableCell(LabelOf(location));
-        InsertLineCountCells(m_results.GetLineStats(ItemType::Procedure, location.ObjectID));
-        m_html.EndTag("tr");
+        InsertLineCountRow(LabelOf(location), ItemType::Procedure, location.ObjectID);
         if (!Advance()) {
             return false;
         }
     }
-    m_html.StartTag("tr");
-    m_html.InsertTableCell("TOTALS");
-    InsertLineCountCells(m_results.GetLineStats(ItemType::File, m_subject.File.ObjectID));
-    m_html.EndTag("tr");
-    m_html.EndTag("table");
+    InsertLineCountRow("TOTALS", ItemType::File, m_subject.File.ObjectID);
     return true;
+}
+
+void SourceFileReport::InsertLineCountRow(
+    std::string_view label, ItemType itemType, std::int32_t itemId) {
+    const HtmlTag row(m_html, "tr");
+    m_html.InsertTableCell(label);
+    InsertLineCountCells(m_results.GetLineStats(itemType, itemId));
 }
 
 void SourceFileReport::InsertLineCountCells(const SourceLineStatistics& statistics) {
@@ -158,14 +152,25 @@ void SourceFileReport::InsertLineCountCells(const SourceLineStatistics& statisti
 
 bool SourceFileReport::InsertComplexity() {
     ResultsDB::SortBasicObjectList(m_procedures, ResultsDB::kSortByComplexity, false, false);
-    InsertSectionHeading("ComplexityMetrics", "Cyclomatic Complexity");
-    m_html.StartTag("table");
-    m_html.StartTag("tr");
-    m_html.InsertTableHeading("Location", "28%", kLeftHeading);
-    for (const std::string_view title : {"Complexity", "Test", "Understand", "Modify"}) {
-        m_html.InsertTableHeading(title, "18%");
+    InsertSectionHeading(m_html, "ComplexityMetrics", "Cyclomatic Complexity");
+    {
+        const HtmlTag table(m_html, "table");
+        if (!InsertComplexityRows()) {
+            return false;
+        }
     }
-    m_html.EndTag("tr");
+    m_html.InsertBlankLine();
+    return true;
+}
+
+bool SourceFileReport::InsertComplexityRows() {
+    {
+        const HtmlTag row(m_html, "tr");
+        m_html.InsertTableHeading("Location", "28%", kLeftHeading);
+        for (const std::string_view title : {"Complexity", "Test", "Understand", "Modify"}) {
+            m_html.InsertTableHeading(title, "18%");
+        }
+    }
     std::int32_t greatest = 0;
     for (const BasicObject& procedure : m_procedures) {
         if (IsSection(procedure)) {
@@ -179,40 +184,34 @@ bool SourceFileReport::InsertComplexity() {
     }
     InsertComplexitySummary("MAXIMUM", greatest);
     InsertComplexitySummary("AVERAGE", m_subject.File.CyclomaticComplexity);
-    m_html.EndTag("table");
-    m_html.InsertBlankLine();
     return true;
 }
 
 void SourceFileReport::InsertComplexityRow(const BasicObject& procedure) {
     const std::int32_t complexity = Assessed(procedure.CyclomaticComplexity);
-    m_html.StartTag("tr");
+    const HtmlTag row(m_html, "tr");
     m_html.InsertTableCell(LabelOf(procedure));
     InsertNumber(procedure.CyclomaticComplexity);
     m_html.InsertTableCell(modMemberStats::CyclomaticComplexityToTestText(complexity));
     m_html.InsertTableCell(modMemberStats::CyclomaticComplexityToUnderstandText(complexity));
     m_html.InsertTableCell(modMemberStats::CyclomaticComplexityToChangeText(complexity));
-    m_html.EndTag("tr");
 }
 
 void SourceFileReport::InsertComplexitySummary(std::string_view label, std::int32_t complexity) {
-    m_html.StartTag("tr", {"class", kTotalsLine});
+    const HtmlTag row(m_html, "tr", {"class", kTotalsLine});
     m_html.InsertTableCell(label);
     InsertNumber(complexity);
-    for (int column = 0; column < 3; ++column) {
-        m_html.InsertTableCell(kNothing);
-    }
-    m_html.EndTag("tr");
+    modReportTables::InsertDashes(m_html);
 }
 
 // ---- violations in full ----
 
 bool SourceFileReport::InsertViolations() {
     ResultsDB::SortBasicObjectList(m_procedures, ResultsDB::kSortByName, true, false);
-    InsertSectionHeading("ViolationDetails", "Violation Details");
+    InsertSectionHeading(m_html, "ViolationDetails", "Violation Details");
     m_html.InsertBlankLine();
     if (m_isProjectFile) {
-        m_html.StartTag("table", {"cellspacing", "0"});
+        m_html.StartTag("table", {"cellspacing", "0"});  // ended by `Build`
         return InsertViolationTable(
             "VBP File", m_results.GetVBPFileViolationsList(m_subject.File.ObjectID));
     }
@@ -234,11 +233,9 @@ bool SourceFileReport::InsertViolationTable(
     std::string_view heading, const ResultsDB::ViolationList& list) {
     // Required: neither this row nor the table is ended.
     m_html.StartTag("tr");
-    m_html.StartTag("th", {"colspan", "4", "class", kLeftHeading});
-    m_html.TagValue(heading);
-    m_html.EndTag("th");
-    for (std::int32_t index = 1; index <= list.Count(); ++index) {
-        m_engine.AddViolation(m_html, *list.Item(index));
+    m_html.InsertQuickTag("th", heading, {"colspan", "4", "class", kLeftHeading});
+    for (const auto& violation : list) {
+        modReportTables::AddViolation(m_html, m_context.Legend, *violation);
         if (!Advance()) {
             return false;
         }

@@ -45,8 +45,9 @@ void HTMLHelper2::EndTag(std::string_view tag) {
     Append(">");
 }
 
-void HTMLHelper2::InsertQuickTag(std::string_view tag, std::string_view value) {
-    StartTag(tag);
+void HTMLHelper2::InsertQuickTag(
+    std::string_view tag, std::string_view value, Attributes attributes) {
+    StartTag(tag, attributes);
     TagValue(value);
     EndTag(tag);
 }
@@ -60,9 +61,7 @@ void HTMLHelper2::InsertBlankLine() {
 }
 
 void HTMLHelper2::InsertHyperlinkedText(std::string_view href, std::string_view text) {
-    StartTag("a", {"href", href});
-    TagValue(text);
-    EndTag("a");
+    InsertQuickTag("a", text, {"href", href});
 }
 
 void HTMLHelper2::InsertHyperlinkedLI(std::string_view href, std::string_view text) {
@@ -74,12 +73,10 @@ void HTMLHelper2::InsertHyperlinkedLI(std::string_view href, std::string_view te
 void HTMLHelper2::InsertTableHeading(
     std::string_view value, std::string_view width, std::string_view className) {
     if (className.empty()) {
-        StartTag("th", {"width", width});
+        InsertQuickTag("th", value, {"width", width});
     } else {
-        StartTag("th", {"width", width, "class", className});
+        InsertQuickTag("th", value, {"width", width, "class", className});
     }
-    TagValue(value);
-    EndTag("th");
 }
 
 void HTMLHelper2::InsertTableCell(

@@ -14,6 +14,13 @@ namespace dorvik::modReportFormat {
 
 namespace {
 
+/// By status code from 1.
+constexpr std::array<std::string_view, 4> kStatusDescriptions{
+    "Unexpected Error",
+    "Unknown Source File Name",
+    "Unknown Source File Type",
+    "Failed To Open Source File"};
+
 constexpr std::string_view kZero = "-";
 constexpr char kGroupSeparator = ',';
 constexpr char kDecimalPoint = '.';
@@ -144,6 +151,13 @@ std::string FormatDuration(const DateTime& start, const DateTime& end) {
     shown.Minute = static_cast<int>(time.minutes().count());
     shown.Second = static_cast<int>(time.seconds().count());
     return modDateText::LongTime(shown);
+}
+
+std::string_view GetReviewStatusDescription(std::int32_t status) {
+    const bool isKnown =
+        status >= 1 && static_cast<std::size_t>(status) <= kStatusDescriptions.size();
+    return isKnown ? kStatusDescriptions[static_cast<std::size_t>(status) - 1]
+                   : "Unknown Review Status Code";
 }
 
 }  // namespace dorvik::modReportFormat

@@ -11,6 +11,7 @@
 #include "platform/host/modFiles.h"
 #include "reports/classic/ProjectReportOrder.h"
 #include "reports/classic/ReportsEngine.h"
+#include "reports/format/modReportFilename.h"
 #include "reports/modern/ModernReport.h"
 #include "results/ResultsDB.h"
 #include "settings/DVKWorkData.h"

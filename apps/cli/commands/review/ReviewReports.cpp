@@ -9,6 +9,9 @@
 #include "platform/host/modFiles.h"
 #include "platform/host/modHost.h"
 #include "reports/classic/ReportsEngine.h"
+#include "reports/classic/modProjectDatabase.h"
+#include "reports/format/modReportFilename.h"
+#include "reports/format/modReportFormat.h"
 #include "reports/modern/ModernReport.h"
 #include "results/ResultsDB.h"
 
@@ -72,7 +75,7 @@ std::string ReasonOf(const UnreviewedFile& file) {
         return "It " + file.Reason;
     }
     return std::string(
-        ReportsEngine::GetReviewStatusDescription(static_cast<std::int32_t>(file.Status)));
+        modReportFormat::GetReviewStatusDescription(static_cast<std::int32_t>(file.Status)));
 }
 
 std::vector<UnreadFile> UnreadFiles(const VirtualProject& project) {
@@ -136,7 +139,7 @@ void ReviewReports::Finish(
         std::unique_ptr<ResultsDB> results;
         if (WasReviewed(project, summary)) {
             FinishProject(criteria, engine, project);
-        } else if (ReportsEngine::OpenResultsDatabase(project, criteria, results)) {
+        } else if (modProjectDatabase::OpenResultsDatabase(project, criteria, results)) {
             m_older.push_back(project.Filename());
         }
     }
@@ -162,7 +165,7 @@ void ReviewReports::WriteModern(const ReviewCriteria& criteria, const VirtualPro
     const OutputPlace page = ModernReport::PlaceFor(project.Filename(), m_folder);
     std::unique_ptr<ResultsDB> results;
     std::string refusal;
-    if (ReportsEngine::OpenResultsDatabase(project, criteria, results) &&
+    if (modProjectDatabase::OpenResultsDatabase(project, criteria, results) &&
         ModernReport::Save(*results, {UnreadFiles(project)}, page, &refusal)) {
         m_pages.Add(page.Path());
     } else {

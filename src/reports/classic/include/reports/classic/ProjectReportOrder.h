@@ -1,14 +1,16 @@
 #pragma once
 
+#include "reports/format/modReportFilename.h"
+
 #include <string>
 
 namespace dorvik {
 
 class VirtualProject;
 
-/// What the pages of a project need beside its results database. Paths are the program's own.
+/// What the pages of a project need in addition to its results database. Paths are internal ones.
 struct ProjectReportOrder {
-    /// Stands for a fact that only the review itself knew.
+    /// In place of a fact that only the review itself knew.
     static constexpr const char* kNotKnown = "Not known";
 
     std::string ProjectFile;
@@ -19,6 +21,12 @@ struct ProjectReportOrder {
     /// The project as its review left it, or null where pages are made from an older database: the pages
     /// tell which files were not reviewed, but not why, and not how many files the project has.
     VirtualProject* Project = nullptr;
+
+    /// Full path of the project's own page.
+    std::string PageFilename() const {
+        return modDorvikUtils::CreateReportFilename(
+            ProjectFile, ReportKind::Project, ReportsFolder);
+    }
 };
 
 }  // namespace dorvik

@@ -28,8 +28,8 @@ public:
     void StartTag(std::string_view tag, Attributes attributes = {});
     void TagValue(std::string_view value) { Append(value); }
     void EndTag(std::string_view tag);
-    /// Start tag without attributes, value, end tag.
-    void InsertQuickTag(std::string_view tag, std::string_view value);
+    /// Start tag, value, end tag.
+    void InsertQuickTag(std::string_view tag, std::string_view value, Attributes attributes = {});
     void InsertBreak();
     /// A line end in the text of the page; a browser shows nothing.
     void InsertBlankLine();

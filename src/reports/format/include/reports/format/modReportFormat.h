@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace dorvik::modReportFormat {
 
@@ -21,5 +22,8 @@ std::string FormatLongDate(const DateTime& date);
 std::string FormatGeneralDate(const DateTime& date);
 /// The time between two dates as "hh:nn:ss"; whole days are dropped.
 std::string FormatDuration(const DateTime& start, const DateTime& end);
+
+/// For a status of 1 to 4 why a file could not be reviewed.
+std::string_view GetReviewStatusDescription(std::int32_t status);
 
 }  // namespace dorvik::modReportFormat

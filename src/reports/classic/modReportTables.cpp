@@ -1,16 +1,20 @@
-// The tables that the reports share.
+#include "modReportTables.h"
 
-#include "reports/classic/ReportsEngine.h"
+#include "reports/format/HtmlTag.h"
+#include "reports/format/modReportFormat.h"
 #include "reports/format/modReportLinks.h"
 #include "settings/ComponentVersion.h"
 
 #include <algorithm>
 #include <array>
+#include <initializer_list>
 #include <limits>
 
-namespace dorvik {
+namespace dorvik::modReportTables {
 
 namespace {
+
+using modReportFormat::FormatNumber;
 
 struct Convention {
     std::string_view Label;
@@ -29,65 +33,51 @@ constexpr std::array<Convention, 5> kConventions = {{
 constexpr std::string_view kNotKnown = "Not known";
 
 std::string Sum(std::int64_t sum) {
-    return ReportsEngine::FormatNumber(static_cast<double>(sum));
-}
-
-void InsertSection(HTMLHelper2& html, std::string_view id, std::string_view title) {
-    html.StartTag("h3", {"id", id});
-    html.TagValue(title);
-    html.EndTag("h3");
+    return FormatNumber(static_cast<double>(sum));
 }
 
 void InsertSummaryRow(HTMLHelper2& html, std::string_view label, std::string_view value) {
-    html.StartTag("tr");
+    const HtmlTag row(html, "tr");
     html.InsertTableCell(label, "left", {}, "30%");
     html.InsertTableCell(value, "left", {}, "70%");
-    html.EndTag("tr");
 }
 
 /// The log opens beside the report, not in its place.
 void InsertLogRow(HTMLHelper2& html, const std::string& logFile) {
-    html.StartTag("tr");
+    const HtmlTag row(html, "tr");
     html.InsertTableCell("Log File", "left", {}, "30%");
-    html.StartTag("td", {"align", "left", "width", "70%"});
-    html.StartTag("a", {"href", modReportLinks::HrefOfPath(logFile), "target", "_blank"});
-    html.TagValue(modReportLinks::PathText(logFile));
-    html.EndTag("a");
-    html.EndTag("td");
-    html.EndTag("tr");
+    const HtmlTag cell(html, "td", {"align", "left", "width", "70%"});
+    html.InsertQuickTag(
+        "a",
+        modReportLinks::PathText(logFile),
+        {"href", modReportLinks::HrefOfPath(logFile), "target", "_blank"});
 }
 
 /// A row of the criteria, without widths.
 void InsertCriteriaRow(HTMLHelper2& html, std::string_view label, std::string_view value) {
-    html.StartTag("tr");
+    const HtmlTag row(html, "tr");
     html.InsertTableCell(label, "left");
     html.InsertTableCell(value);
-    html.EndTag("tr");
 }
 
 void InsertCriteriaLine(HTMLHelper2& html, std::string_view value) {
-    html.StartTag("tr");
-    html.StartTag("td", {"colspan", "2"});
-    html.TagValue(value);
-    html.EndTag("td");
-    html.EndTag("tr");
+    const HtmlTag row(html, "tr");
+    html.InsertQuickTag("td", value, {"colspan", "2"});
 }
 
 void InsertCriteriaGroup(HTMLHelper2& html, std::string_view title) {
-    html.StartTag("tr");
-    html.StartTag("th", {"class", "lefttableheading", "colspan", "2"});
-    html.TagValue(title);
-    html.EndTag("th");
-    html.EndTag("tr");
+    const HtmlTag row(html, "tr");
+    html.InsertQuickTag("th", title, {"class", "lefttableheading", "colspan", "2"});
 }
 
 void InsertRulebaseGroup(HTMLHelper2& html, const ReviewCriteriaInfo& info) {
     const RulebaseLoadCriteria& load = info.LoadCriteria;
     InsertCriteriaGroup(html, "Rulebase");
-    html.StartTag("tr");
-    html.InsertTableCell("Rulebase Title", "left", {}, "40%");
-    html.InsertTableCell(load.RulebaseTitle(), {}, {}, "60%");
-    html.EndTag("tr");
+    {
+        const HtmlTag row(html, "tr");
+        html.InsertTableCell("Rulebase Title", "left", {}, "40%");
+        html.InsertTableCell(load.RulebaseTitle(), {}, {}, "60%");
+    }
     InsertCriteriaRow(html, "Rulebase Version", load.RulebaseVersion());
     InsertCriteriaRow(
         html,
@@ -114,15 +104,14 @@ void InsertRulesAndFiles(HTMLHelper2& html, const ReviewCriteriaInfo& info) {
     if (info.RuleCount == ReviewCriteriaInfo::kNoRuleCount) {
         return;
     }
-    InsertCriteriaRow(html, "Rules Selected", ReportsEngine::FormatNumber(info.RuleCount));
-    InsertCriteriaRow(
-        html, "Rule Execution Count", ReportsEngine::FormatNumber(info.RuleExecutions));
+    InsertCriteriaRow(html, "Rules Selected", FormatNumber(info.RuleCount));
+    InsertCriteriaRow(html, "Rule Execution Count", FormatNumber(info.RuleExecutions));
     InsertCriteriaGroup(html, "Source Files");
     InsertCriteriaLine(html, ReviewedFilesText(info));
 }
 
 void InsertLimit(HTMLHelper2& html, std::string_view label, std::int32_t limit) {
-    InsertCriteriaRow(html, label, ReportsEngine::FormatNumber(limit, 0, true));
+    InsertCriteriaRow(html, label, FormatNumber(limit, 0, true));
 }
 
 /// `label` carries over from limit to limit.
@@ -130,7 +119,7 @@ void InsertLimit(HTMLHelper2& html, std::string_view label, std::int32_t limit) 
 // and all.
 void InsertLimits(
     HTMLHelper2& html,
-    const ReportsEngine& engine,
+    const ReportLegend& legend,
     const LongArrayList& limits,
     std::string_view suffix,
     std::string& label) {
@@ -139,7 +128,7 @@ void InsertLimits(
             continue;
         }
         if (SeverityOf(index)) {
-            label = engine.GetSeverityText(index);
+            label = legend.GetSeverityText(index);
         }
         label += suffix;
         InsertLimit(html, label, limits.Item(index));
@@ -147,15 +136,15 @@ void InsertLimits(
 }
 
 void InsertTolerancesGroup(
-    HTMLHelper2& html, const ReportsEngine& engine, const ToleranceSettings& tolerances) {
+    HTMLHelper2& html, const ReportLegend& legend, const ToleranceSettings& tolerances) {
     InsertCriteriaGroup(html, "Tolerances");
-    if (!ReportsEngine::TolerancesSet(tolerances)) {
+    if (!TolerancesSet(tolerances)) {
         InsertCriteriaLine(html, "No Tolerances Set");
         return;
     }
     std::string label;
-    InsertLimits(html, engine, tolerances.Count, " Violation Count", label);
-    InsertLimits(html, engine, tolerances.Impact, " Violation Impact", label);
+    InsertLimits(html, legend, tolerances.Count, " Violation Count", label);
+    InsertLimits(html, legend, tolerances.Impact, " Violation Impact", label);
     if (tolerances.CyclomaticComplexity != ToleranceSettings::kNotSet) {
         InsertLimit(html, "Max Cyclomatic Complexity", tolerances.CyclomaticComplexity);
     }
@@ -166,17 +155,79 @@ void InsertTolerancesGroup(
 
 void InsertLineRow(
     HTMLHelper2& html, std::string_view label, std::string_view className, std::string_view count) {
-    html.StartTag("tr");
+    const HtmlTag row(html, "tr");
     html.InsertTableCell(label, "left", className);
     html.InsertTableCell(count);
-    html.EndTag("tr");
+}
+
+struct Heading {
+    std::string_view Title;
+    std::string_view Width;
+};
+
+void InsertHeadings(HTMLHelper2& html, std::initializer_list<Heading> headings) {
+    const HtmlTag row(html, "tr");
+    for (const Heading& heading : headings) {
+        html.InsertTableHeading(heading.Title, heading.Width);
+    }
+}
+
+void InsertSeverityRow(
+    HTMLHelper2& html,
+    const ReportLegend& legend,
+    std::int32_t severity,
+    std::string_view count,
+    std::string_view impact) {
+    const HtmlTag row(html, "tr");
+    html.InsertTableCell(
+        legend.GetSeverityText(severity), "left", ReportLegend::GetSeverityClass(severity));
+    html.InsertTableCell(count);
+    html.InsertTableCell(impact);
+}
+
+/// The sums of the columns of the categories. They may go beyond 32 bits.
+struct CategorySums {
+    std::array<std::int64_t, kSeverities.size()> BySeverity{};
+    std::int64_t Total = 0;
+};
+
+void InsertCategoryRow(HTMLHelper2& html, CategoryStatistics& category, CategorySums& sums) {
+    const HtmlTag row(html, "tr");
+    html.InsertTableCell(category.Category, "left");
+    std::int64_t sum = 0;
+    for (const Severity severity : kSeverities) {
+        const std::int32_t count = category.Statistics.Count(severity);
+        html.InsertTableCell(FormatNumber(count));
+        sum += count;
+        sums.BySeverity.at(IndexOf(severity)) += count;
+    }
+    html.InsertTableCell(Sum(sum));
+    category.Statistics.SetTotalViolations(static_cast<std::int32_t>(
+        std::min<std::int64_t>(sum, std::numeric_limits<std::int32_t>::max())));
+    sums.Total += sum;
+}
+
+bool IsAnySet(const LongArrayList& limits) {
+    return std::any_of(limits.begin(), limits.end(), [](std::int32_t limit) {
+        return limit > ToleranceSettings::kNotSet;
+    });
 }
 
 }  // namespace
 
-void ReportsEngine::InsertReviewSummaryInfo(HTMLHelper2& html, const ReviewSummaryInfo& info) {
-    InsertSection(html, "ReviewSummaryInformation", "Review Summary Information");
-    html.StartTag("table", {"cellspacing", "0"});
+void InsertSectionHeading(HTMLHelper2& html, std::string_view id, std::string_view title) {
+    html.InsertQuickTag("h3", title, {"id", id});
+}
+
+void InsertDashes(HTMLHelper2& html) {
+    for (int column = 0; column < 3; ++column) {
+        html.InsertTableCell("-");
+    }
+}
+
+void InsertReviewSummaryInfo(HTMLHelper2& html, const ReviewSummaryInfo& info) {
+    InsertSectionHeading(html, "ReviewSummaryInformation", "Review Summary Information");
+    const HtmlTag table(html, "table", {"cellspacing", "0"});
     InsertSummaryRow(html, info.Heading, info.Value);
     if (!info.LogFile.empty()) {
         InsertLogRow(html, info.LogFile);
@@ -193,12 +244,11 @@ void ReportsEngine::InsertReviewSummaryInfo(HTMLHelper2& html, const ReviewSumma
         InsertSummaryRow(html, "Violations/Source Lines Ratio", info.ViolationsRatio);
         InsertSummaryRow(html, "Percentage Comments", info.PercentageComments);
     }
-    html.EndTag("table");
 }
 
-void ReportsEngine::InsertToleranceFailures(
+void InsertToleranceFailures(
     HTMLHelper2& html, const std::vector<ToleranceFailure>& failures, bool isProject) {
-    InsertSection(html, "ToleranceFailures", "Tolerance Failures");
+    InsertSectionHeading(html, "ToleranceFailures", "Tolerance Failures");
     if (isProject) {
         for (const ToleranceFailure& failure : failures) {
             html.TagValue(failure.Description);
@@ -206,108 +256,81 @@ void ReportsEngine::InsertToleranceFailures(
         }
         return;
     }
-    html.StartTag("table");
-    html.StartTag("tr");
-    html.InsertTableHeading("Description", "40%");
-    html.InsertTableHeading("Tolerance", "30%");
-    html.InsertTableHeading("Actual", "30%");
-    html.EndTag("tr");
+    const HtmlTag table(html, "table");
+    InsertHeadings(html, {{"Description", "40%"}, {"Tolerance", "30%"}, {"Actual", "30%"}});
     for (const ToleranceFailure& failure : failures) {
-        html.StartTag("tr");
+        const HtmlTag row(html, "tr");
         html.InsertTableCell(failure.Description, "left");
         html.InsertTableCell(FormatNumber(failure.ToleranceLimit, 0, true));
         html.InsertTableCell(FormatNumber(failure.ToleranceValue, 0, true));
-        html.EndTag("tr");
     }
-    html.EndTag("table");
 }
 
-void ReportsEngine::InsertViolStatsTable(
+void InsertViolStatsTable(
     HTMLHelper2& html,
+    const ReportLegend& legend,
     const RulebaseLoadCriteria& filter,
-    const ViolationStatistics& statistics) const {
-    InsertSection(html, "ViolationStatistics", "Violation Statistics");
-    html.StartTag("table");
-    html.StartTag("tr");
-    html.InsertTableHeading("Severity Level", "40%");
-    html.InsertTableHeading("Violations", "30%");
-    html.InsertTableHeading("Impact", "30%");
-    html.EndTag("tr");
+    const ViolationStatistics& statistics) {
+    InsertSectionHeading(html, "ViolationStatistics", "Violation Statistics");
+    const HtmlTag table(html, "table");
+    InsertHeadings(html, {{"Severity Level", "40%"}, {"Violations", "30%"}, {"Impact", "30%"}});
     for (const Severity severity : kSeverities) {
-        const std::int32_t level = NumberOf(severity);
-        const bool isSelected = filter.SeverityLevel(level);
-        html.StartTag("tr");
-        html.InsertTableCell(GetSeverityText(level), "left", GetSeverityClass(level));
-        html.InsertTableCell(isSelected ? FormatNumber(statistics.Count(severity)) : "N/A");
-        html.InsertTableCell(isSelected ? FormatNumber(statistics.Impact(severity)) : "N/A");
-        html.EndTag("tr");
+        const bool isSelected = filter.SeverityLevel(NumberOf(severity));
+        InsertSeverityRow(
+            html,
+            legend,
+            NumberOf(severity),
+            isSelected ? FormatNumber(statistics.Count(severity)) : "N/A",
+            isSelected ? FormatNumber(statistics.Impact(severity)) : "N/A");
     }
-    html.StartTag("tr", {"class", "totalsline"});
+    const HtmlTag totals(html, "tr", {"class", "totalsline"});
     html.InsertTableCell("TOTALS");
     html.InsertTableCell(FormatNumber(statistics.TotalViolations()));
     html.InsertTableCell(FormatNumber(statistics.TotalImpact()));
-    html.EndTag("tr");
-    html.EndTag("table");
 }
 
-void ReportsEngine::InsertViolStatsByCatTable(
-    HTMLHelper2& html,
-    std::vector<CategoryStatistics>& categories,
-    std::int32_t totalViolations) const {
-    InsertSection(html, "ViolationStatisticsByCategory", "Violation Statistics By Category");
-    html.StartTag("table");
-    if (totalViolations < 1) {
-        html.StartTag("tr");
-        html.InsertTableCell("No Violations", "left", {}, "100%");
-        html.EndTag("tr");
-        html.EndTag("table");
-        return;
-    }
-    html.StartTag("tr");
-    html.InsertTableHeading("Category Title", "40%");
+void InsertSeverityHeadings(HTMLHelper2& html, const ReportLegend& legend) {
     for (const Severity severity : kSeverities) {
-        const std::int32_t level = NumberOf(severity);
-        html.InsertTableHeading(GetSeverityText(level), "10%", GetSeverityClass(level));
+        const std::int32_t number = NumberOf(severity);
+        html.InsertTableHeading(
+            legend.GetSeverityText(number), "10%", ReportLegend::GetSeverityClass(number));
     }
     html.InsertTableHeading("Total", "10%");
-    html.EndTag("tr");
-
-    std::array<std::int64_t, kSeverities.size()> sums{};
-    std::int64_t sumOfAll = 0;
-    for (CategoryStatistics& category : categories) {
-        html.StartTag("tr");
-        html.InsertTableCell(category.Category, "left");
-        std::int64_t sum = 0;
-        for (const Severity severity : kSeverities) {
-            const std::int32_t count = category.Statistics.Count(severity);
-            html.InsertTableCell(FormatNumber(count));
-            sum += count;
-            sums.at(IndexOf(severity)) += count;
-        }
-        html.InsertTableCell(Sum(sum));
-        html.EndTag("tr");
-        category.Statistics.SetTotalViolations(static_cast<std::int32_t>(
-            std::min<std::int64_t>(sum, std::numeric_limits<std::int32_t>::max())));
-        sumOfAll += sum;
-    }
-    html.StartTag("tr", {"class", "totalsline"});
-    html.InsertTableCell("TOTALS");
-    for (const std::int64_t sum : sums) {
-        html.InsertTableCell(Sum(sum));
-    }
-    html.InsertTableCell(Sum(sumOfAll));
-    html.EndTag("tr");
-    html.EndTag("table");
 }
 
-void ReportsEngine::InsertSourceLineStatsTable(
-    HTMLHelper2& html, const SourceLineStatistics& statistics) {
-    InsertSection(html, "SourceLineStatistics", "Source Line Statistics");
-    html.StartTag("table");
-    html.StartTag("tr");
-    html.InsertTableHeading("Line Type", "40%");
-    html.InsertTableHeading("Count", "60%");
-    html.EndTag("tr");
+void InsertViolStatsByCatTable(
+    HTMLHelper2& html,
+    const ReportLegend& legend,
+    std::vector<CategoryStatistics>& categories,
+    std::int32_t totalViolations) {
+    InsertSectionHeading(html, "ViolationStatisticsByCategory", "Violation Statistics By Category");
+    const HtmlTag table(html, "table");
+    if (totalViolations < 1) {
+        const HtmlTag row(html, "tr");
+        html.InsertTableCell("No Violations", "left", {}, "100%");
+        return;
+    }
+    {
+        const HtmlTag headings(html, "tr");
+        html.InsertTableHeading("Category Title", "40%");
+        InsertSeverityHeadings(html, legend);
+    }
+    CategorySums sums;
+    for (CategoryStatistics& category : categories) {
+        InsertCategoryRow(html, category, sums);
+    }
+    const HtmlTag totals(html, "tr", {"class", "totalsline"});
+    html.InsertTableCell("TOTALS");
+    for (const std::int64_t sum : sums.BySeverity) {
+        html.InsertTableCell(Sum(sum));
+    }
+    html.InsertTableCell(Sum(sums.Total));
+}
+
+void InsertSourceLineStatsTable(HTMLHelper2& html, const SourceLineStatistics& statistics) {
+    InsertSectionHeading(html, "SourceLineStatistics", "Source Line Statistics");
+    const HtmlTag table(html, "table");
+    InsertHeadings(html, {{"Line Type", "40%"}, {"Count", "60%"}});
     InsertLineRow(html, "Code", "code", FormatNumber(statistics.CodeLines()));
     InsertLineRow(html, "Comment", "comment", FormatNumber(statistics.CommentOnlyLines()));
     // In parentheses, because these lines are counted as code as well.
@@ -317,17 +340,15 @@ void ReportsEngine::InsertSourceLineStatsTable(
         "inlinecomment",
         "(" + FormatNumber(statistics.InLineCommentLines()) + ")");
     InsertLineRow(html, "Blank", "blank", FormatNumber(statistics.BlankLines()));
-    html.StartTag("tr", {"class", "totalsline"});
+    const HtmlTag totals(html, "tr", {"class", "totalsline"});
     html.InsertTableCell("TOTAL");
     html.InsertTableCell(FormatNumber(statistics.TotalLines()));
-    html.EndTag("tr");
-    html.EndTag("table");
 }
 
-void ReportsEngine::InsertReviewCriteriaTable(
-    HTMLHelper2& html, const ReviewCriteriaInfo& info) const {
-    InsertSection(html, "ReviewCriteria", info.Title);
-    html.StartTag("table", {"cellspacing", "0"});
+void InsertReviewCriteriaTable(
+    HTMLHelper2& html, const ReportLegend& legend, const ReviewCriteriaInfo& info) {
+    InsertSectionHeading(html, "ReviewCriteria", info.Title);
+    const HtmlTag table(html, "table", {"cellspacing", "0"});
     InsertRulebaseGroup(html, info);
     InsertRulesAndFiles(html, info);
     InsertCriteriaGroup(html, "Conventions");
@@ -337,12 +358,17 @@ void ReportsEngine::InsertReviewCriteriaTable(
             convention.Label,
             (info.LoadCriteria.*convention.IsIncluded)() ? "Included" : "Not Included");
     }
-    InsertTolerancesGroup(html, *this, info.Tolerances);
+    InsertTolerancesGroup(html, legend, info.Tolerances);
     InsertCriteriaGroup(html, "Categories Included");
     for (std::int32_t index = 1; index <= info.Categories.Count(); ++index) {
         InsertCriteriaLine(html, info.Categories.Item(index)->Title());
     }
-    html.EndTag("table");
 }
 
-}  // namespace dorvik
+bool TolerancesSet(const ToleranceSettings& tolerances) {
+    return IsAnySet(tolerances.Count) || IsAnySet(tolerances.Impact) ||
+           tolerances.CyclomaticComplexity != ToleranceSettings::kNotSet ||
+           tolerances.PercentageComments != ToleranceSettings::kNotSet;
+}
+
+}  // namespace dorvik::modReportTables

@@ -1,16 +1,17 @@
 // The rows of one violation.
 
-#include "reports/classic/ReportsEngine.h"
+#include "modReportTables.h"
 
+#include <array>
 #include <cstdio>
 
-namespace dorvik {
+namespace dorvik::modReportTables {
 
 namespace {
 
 constexpr std::string_view kNextRow = "</tr><tr>";
 
-/// A cell as these rows have it; `attributes` is what stands behind the alignment, with a blank first.
+/// A cell as these rows have it; `attributes` come after the alignment and begin with a blank.
 void AddCell(std::string& text, std::string_view attributes, std::string_view value) {
     text += "<td align=\"left\"";
     text += attributes;
@@ -27,7 +28,7 @@ void AddWideCell(std::string& text, std::string_view value) {
     AddCell(text, " colspan=\"3\"", value);
 }
 
-/// Required: the blank stands in front of the title without a number as well.
+/// Required: the blank comes before a title without a number as well.
 std::string NumberedTitle(const Violation& violation) {
     std::string text;
     if (violation.RuleID > 0) {
@@ -50,20 +51,20 @@ std::string SourceLineLabel(const Violation& violation) {
 
 }  // namespace
 
-void ReportsEngine::AddViolation(HTMLHelper2& html, const Violation& violation) const {
+void AddViolation(HTMLHelper2& html, const ReportLegend& legend, const Violation& violation) {
     std::string rows = "<tr class=\"violationsheading\">";
     AddLabel(rows, "Violation");
     AddWideCell(rows, NumberedTitle(violation));
     rows += kNextRow;
     AddLabel(rows, "Category");
-    AddWideCell(rows, GetCategoryText(violation.CategoryID));
+    AddWideCell(rows, legend.GetCategoryText(violation.CategoryID));
     rows += kNextRow;
     AddLabel(rows, "Severity");
-    const std::string severityClass(GetSeverityClass(violation.Severity));
+    const std::string severityClass(ReportLegend::GetSeverityClass(violation.Severity));
     AddCell(
         rows,
         " class=\"" + severityClass + "\" width=\"20%\"",
-        GetSeverityText(violation.Severity));
+        legend.GetSeverityText(violation.Severity));
     AddLabel(rows, "Impact");
     AddLabel(rows, std::to_string(violation.Impact));
     rows += "</tr>";
@@ -83,4 +84,4 @@ void ReportsEngine::AddViolation(HTMLHelper2& html, const Violation& violation) 
     html.TagValue(rows);
 }
 
-}  // namespace dorvik
+}  // namespace dorvik::modReportTables

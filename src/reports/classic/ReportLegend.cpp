@@ -1,11 +1,14 @@
-// The severities as a report shows them, and the style sheet, which holds their colours.
+#include "ReportLegend.h"
 
 #include "base/modText.h"
-#include "reports/classic/ReportsEngine.h"
+
+#include <optional>
 
 namespace dorvik {
 
 namespace {
+
+constexpr std::int32_t kNoCategory = -1;
 
 /// By index from 1.
 constexpr std::array<std::string_view, 16> kColours{
@@ -70,34 +73,37 @@ void AddLines(std::string& text, const Lines& lines) {
 
 }  // namespace
 
-void ReportsEngine::TakeSeverities(const SeverityTable& severities) {
-    for (std::int32_t index = 1; index <= severities.Count(); ++index) {
-        const SeverityItem& item = *severities.Item(index);
-        if (const auto severity = SeverityOf(item.SeverityLevel())) {
+void ReportLegend::Take(const SeverityTable& severities, const CategoryList& categories) {
+    for (const auto& item : severities) {
+        if (const auto severity = SeverityOf(item->SeverityLevel())) {
             m_severities[IndexOf(*severity)] = {
-                item.Title(), std::string(LongColourToTextColour(item.Colour()))};
+                item->Title(), std::string(LongColourToTextColour(item->Colour()))};
         }
+    }
+    m_categories.Clear();
+    for (std::int32_t index = 1; index <= categories.Count(); ++index) {
+        m_categories.Add(categories.Item(index), /*newItem=*/false);
     }
 }
 
-std::string_view ReportsEngine::LongColourToTextColour(std::int32_t colour) {
+std::string_view ReportLegend::LongColourToTextColour(std::int32_t colour) {
     const bool isKnown = colour >= 1 && static_cast<std::size_t>(colour) <= kColours.size();
     return isKnown ? kColours[static_cast<std::size_t>(colour) - 1] : std::string_view();
 }
 
-const std::string& ReportsEngine::GetSeverityText(std::int32_t level) const {
+const std::string& ReportLegend::GetSeverityText(std::int32_t number) const {
     static const std::string none;
-    const std::optional<Severity> severity = SeverityOf(level);
+    const std::optional<Severity> severity = SeverityOf(number);
     return severity ? m_severities[IndexOf(*severity)].Title : none;
 }
 
-std::string_view ReportsEngine::GetSeverityClass(std::int32_t level) {
-    const std::optional<Severity> severity = SeverityOf(level);
+std::string_view ReportLegend::GetSeverityClass(std::int32_t number) {
+    const std::optional<Severity> severity = SeverityOf(number);
     return severity ? kClasses[IndexOf(*severity)] : std::string_view();
 }
 
 // Required: a severity without a colour keeps its line, with nothing in place of the name.
-std::string ReportsEngine::GetStyleSheet() const {
+std::string ReportLegend::GetStyleSheet() const {
     std::string sheet;
     AddLines(sheet, kLinesBeforeSeverities);
     for (const Severity severity : kSeverities) {
@@ -109,6 +115,14 @@ std::string ReportsEngine::GetStyleSheet() const {
     }
     AddLines(sheet, kLinesAfterSeverities);
     return sheet;
+}
+
+std::string ReportLegend::GetCategoryText(std::int32_t categoryId) const {
+    if (categoryId == kNoCategory) {
+        return "Unallocated";
+    }
+    const std::string key = CategoryList::CategoryIDToKey(categoryId);
+    return m_categories.Contains(key) ? m_categories.Item(key)->Title() : std::string();
 }
 
 }  // namespace dorvik

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "results/ResultsDB.h"
+
+#include <memory>
+
+namespace dorvik {
+class ReviewCriteria;
+class VirtualProject;
+}  // namespace dorvik
+
+/// The results database that a review wrote for a project.
+namespace dorvik::modProjectDatabase {
+
+/// Replaces `results` by a new object and opens the project's finished database in it; false where there is
+/// none. A failure is logged.
+bool OpenResultsDatabase(
+    const VirtualProject& project,
+    const ReviewCriteria& criteria,
+    std::unique_ptr<ResultsDB>& results);
+
+/// The full path of the log of its review.
+std::string LogFilename(const VirtualProject& project, const ReviewCriteria& criteria);
+
+}  // namespace dorvik::modProjectDatabase
