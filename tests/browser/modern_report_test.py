@@ -140,7 +140,7 @@ class ModernReportTest(unittest.TestCase):
 
     # ---- the document ----
 
-    def test_thePolicyNamesTheHashesOfTheScriptAndTheStyleAsTheyAreInTheSources(self):
+    def test_thePolicyNamesTheHashesOfTheScriptAndTheStyleAsTheBuildMadeThem(self):
         page = self.path("Hostile").read_text(encoding="utf-8")
         policy = re.search(r'Content-Security-Policy" content="([^"]*)"', page).group(1)
 

@@ -11,11 +11,9 @@
 namespace dorvik {
 
 std::string ModernReport::CreatePage(ResultsDB& results, const ModernReportFacts& facts) {
-    std::string page;
-    Trap({kModule, "CreatePage"}, [&] {
-        page = modModernReport::Page(ModernReportData::ReadFrom(results, facts));
+    return Trapped({kModule, "CreatePage"}, std::string(), [&] {
+        return modModernReport::Page(ModernReportData::ReadFrom(results, facts));
     });
-    return page;
 }
 
 OutputPlace ModernReport::PlaceFor(std::string_view projectFile, std::string_view folder) {

@@ -2,8 +2,7 @@
 
 #include <string_view>
 
-/// The script and the style of the modern report, as the build took them from the files in
-/// src/reports/assets, byte for byte.
+/// The script and the style of the modern report, as the build made them from the files in assets.
 namespace dorvik::modModernReportAssets {
 
 extern const std::string_view kScript;

@@ -1,9 +1,11 @@
+#include "ModernReportColumns.h"
 #include "ModernReportData.h"
 #include "ModernReportPage.h"
 #include "ModernReportRules.h"
 #include "base/modUtf8.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
@@ -13,7 +15,7 @@ namespace dorvik::modModernReport {
 
 namespace {
 
-/// Compact JSON: records are arrays whose places the script knows.
+/// Compact JSON: a record is an array of its fields.
 class CompactJson {
 public:
     CompactJson& Key(std::string_view key) {
@@ -25,7 +27,7 @@ public:
     CompactJson& OpenObject() { return m_writer.StartObject(), *this; }
     CompactJson& CloseObject() { return m_writer.EndObject(), *this; }
     CompactJson& Number(std::int64_t value) { return m_writer.Int64(value), *this; }
-    CompactJson& Place(std::size_t value) { return m_writer.Uint64(value), *this; }
+    CompactJson& Index(std::size_t value) { return m_writer.Uint64(value), *this; }
 
     /// U+FFFD stands for every byte that belongs to no character.
     CompactJson& Text(std::string_view text) {
@@ -66,11 +68,11 @@ std::string SafeInScriptElement(std::string_view json) {
     return safe;
 }
 
-/// Each text once, to be named by its place.
+/// Each text once, to be named by its index.
 class TextPool {
 public:
-    std::size_t PlaceOf(std::string_view text) {
-        const auto [found, isNew] = m_places.try_emplace(text, m_texts.size());
+    std::size_t IndexOf(std::string_view text) {
+        const auto [found, isNew] = m_indexes.try_emplace(text, m_texts.size());
         if (isNew) {
             m_texts.push_back(text);
         }
@@ -79,14 +81,49 @@ public:
     const std::vector<std::string_view>& Texts() const { return m_texts; }
 
 private:
-    std::unordered_map<std::string_view, std::size_t> m_places;
+    std::unordered_map<std::string_view, std::size_t> m_indexes;
     std::vector<std::string_view> m_texts;
 };
 
 constexpr std::int64_t kNone = -1;
 
-std::int64_t PlaceOrNone(const std::optional<std::size_t>& place) {
-    return place ? static_cast<std::int64_t>(*place) : kNone;
+std::int64_t IndexOrNone(const std::optional<std::size_t>& index) {
+    return index ? static_cast<std::int64_t>(*index) : kNone;
+}
+
+/// How a field of a record is written. `IsDefault`, if there is one, says that the value is the one that the
+/// script takes for a field that is missing at the end of the record.
+template <typename Record>
+struct Field {
+    std::string_view Key;
+    void (*Write)(const Record& record, CompactJson& json);
+    bool (*IsDefault)(const Record& record) = nullptr;
+};
+
+/// The writer and the script have the same fields in the same order.
+template <typename Fields, typename Columns>
+constexpr bool AgreeWith(const Fields& fields, const Columns& columns) {
+    return std::equal(
+        fields.begin(),
+        fields.end(),
+        columns.begin(),
+        columns.end(),
+        [](const auto& field, const auto& column) { return field.Key == column.Key; });
+}
+
+template <typename Record, std::size_t count>
+void WriteRecord(
+    const Record& record, const std::array<Field<Record>, count>& fields, CompactJson& json) {
+    std::size_t written = count;
+    while (written > 0 && fields.at(written - 1).IsDefault != nullptr &&
+           fields.at(written - 1).IsDefault(record)) {
+        --written;
+    }
+    json.Open();
+    for (std::size_t index = 0; index < written; ++index) {
+        fields.at(index).Write(record, json);
+    }
+    json.Close();
 }
 
 // ---- files ----
@@ -121,62 +158,111 @@ std::int64_t CommentTenths(const SourceLineStatistics& lines) {
     return share ? std::llround(*share * kTenthsOfAll) : kNone;
 }
 
-void WriteFile(const ModernFile& file, bool hasTolerances, CompactJson& json) {
-    json.Open()
-        .Text(file.Filename)
-        .Text(file.Path)
-        .Number(static_cast<int>(VerdictOf(file, hasTolerances)))
-        .Open();
-    for (const std::int32_t count : file.Violations.Counts()) {
-        json.Number(count);
-    }
-    json.Close()
-        .Number(file.Violations.TotalViolations())
-        .Number(file.Violations.TotalImpact())
-        .Number(file.IsProjectFile ? kNone : file.Lines.TotalLines())
-        .Number(CommentTenths(file.Lines))
-        .Number(file.WorstComplexity ? *file.WorstComplexity : kNone)
-        .Text(ReasonOf(file))
-        .Close();
-}
+struct FileRecord {
+    const ModernFile& File;
+    bool HasTolerances;
+};
+
+constexpr std::array<Field<FileRecord>, 10> kFileFields{{
+    {"name",
+     [](const auto& record, auto& json) {
+         json.Text(record.File.Filename);
+     }},
+    {"path",
+     [](const auto& record, auto& json) {
+         json.Text(record.File.Path);
+     }},
+    {"verdict",
+     [](const auto& record, auto& json) {
+         json.Number(static_cast<int>(VerdictOf(record.File, record.HasTolerances)));
+     }},
+    {"counts",
+     [](const auto& record, auto& json) {
+         json.Open();
+         for (const std::int32_t count : record.File.Violations.Counts()) {
+             json.Number(count);
+         }
+         json.Close();
+     }},
+    {"violations",
+     [](const auto& record, auto& json) {
+         json.Number(record.File.Violations.TotalViolations());
+     }},
+    {"impact",
+     [](const auto& record, auto& json) {
+         json.Number(record.File.Violations.TotalImpact());
+     }},
+    {"lines",
+     [](const auto& record, auto& json) {
+         json.Number(record.File.IsProjectFile ? kNone : record.File.Lines.TotalLines());
+     }},
+    {"comments",
+     [](const auto& record, auto& json) {
+         json.Number(CommentTenths(record.File.Lines));
+     }},
+    {"complexity",
+     [](const auto& record, auto& json) {
+         json.Number(record.File.WorstComplexity ? *record.File.WorstComplexity : kNone);
+     }},
+    {"reason",
+     [](const auto& record, auto& json) {
+         json.Text(ReasonOf(record.File));
+     }},
+}};
+static_assert(AgreeWith(kFileFields, modModernReportColumns::kFiles));
 
 // ---- procedures ----
+
+constexpr std::array<Field<ModernProcedure>, 3> kProcedureFields{{
+    {"id",
+     [](const auto& procedure, auto& json) {
+         json.Number(procedure.ID);
+     }},
+    {"file",
+     [](const auto& procedure, auto& json) {
+         json.Index(procedure.File);
+     }},
+    {"name",
+     [](const auto& procedure, auto& json) {
+         json.Text(procedure.Name);
+     }},
+}};
+static_assert(AgreeWith(kProcedureFields, modModernReportColumns::kProcedures));
 
 /// Those that have violations: the page has no use for the others.
 class UsedProcedures {
 public:
     explicit UsedProcedures(const ModernReportData& data) : m_data(data) {
-        m_places.assign(data.Procedures.size(), kNone);
+        m_indexes.assign(data.Procedures.size(), kNone);
         for (const ModernViolation& violation : data.AllViolations) {
-            if (violation.Procedure && m_places.at(*violation.Procedure) == kNone) {
-                m_places.at(*violation.Procedure) = static_cast<std::int64_t>(m_used.size());
+            if (violation.Procedure && m_indexes.at(*violation.Procedure) == kNone) {
+                m_indexes.at(*violation.Procedure) = static_cast<std::int64_t>(m_used.size());
                 m_used.push_back(*violation.Procedure);
             }
         }
     }
 
-    std::int64_t PlaceOf(const ModernViolation& violation) const {
-        return violation.Procedure ? m_places.at(*violation.Procedure) : kNone;
+    std::int64_t IndexOf(const ModernViolation& violation) const {
+        return violation.Procedure ? m_indexes.at(*violation.Procedure) : kNone;
     }
 
     void Write(CompactJson& json) const {
         json.Key("procedures").Open();
         for (const std::size_t used : m_used) {
-            const ModernProcedure& procedure = m_data.Procedures.at(used);
-            json.Open().Number(procedure.ID).Place(procedure.File).Text(procedure.Name).Close();
+            WriteRecord(m_data.Procedures.at(used), kProcedureFields, json);
         }
         json.Close();
     }
 
 private:
     const ModernReportData& m_data;
-    std::vector<std::int64_t> m_places;
+    std::vector<std::int64_t> m_indexes;
     std::vector<std::size_t> m_used;
 };
 
 // ---- violations ----
 
-std::size_t CategoryPlace(std::int32_t id, const CategoryList& categories) {
+std::size_t CategoryIndex(std::int32_t id, const CategoryList& categories) {
     for (std::int32_t index = 1; index <= categories.Count(); ++index) {
         if (categories.Item(index)->ID() == id) {
             return static_cast<std::size_t>(index - 1);
@@ -193,52 +279,128 @@ void WriteCategories(const CategoryList& categories, CompactJson& json) {
     json.Text("Unallocated").Close();
 }
 
-void WriteRule(const ModernRule& rule, const CategoryList& categories, CompactJson& json) {
-    json.Open()
-        .Number(rule.RuleID)
-        .Number(rule.RuleType)
-        .Number(rule.Severity)
-        .Place(CategoryPlace(rule.CategoryID, categories))
-        .Number(rule.Impact)
-        .Text(rule.Title)
-        .Text(rule.Description.Head())
-        .Text(rule.Description.Tail())
-        .Text(rule.Advice.Head())
-        .Text(rule.Advice.Tail())
-        .Close();
-}
+struct RuleRecord {
+    const ModernRule& Rule;
+    const CategoryList& Categories;
+};
 
-/// The last places are left out where they say nothing.
+constexpr std::array<Field<RuleRecord>, 10> kRuleFields{{
+    {"number",
+     [](const auto& record, auto& json) {
+         json.Number(record.Rule.RuleID);
+     }},
+    {"type",
+     [](const auto& record, auto& json) {
+         json.Number(record.Rule.RuleType);
+     }},
+    {"severity",
+     [](const auto& record, auto& json) {
+         json.Number(record.Rule.Severity);
+     }},
+    {"category",
+     [](const auto& record, auto& json) {
+         json.Index(CategoryIndex(record.Rule.CategoryID, record.Categories));
+     }},
+    {"impact",
+     [](const auto& record, auto& json) {
+         json.Number(record.Rule.Impact);
+     }},
+    {"title",
+     [](const auto& record, auto& json) {
+         json.Text(record.Rule.Title);
+     }},
+    {"descriptionHead",
+     [](const auto& record, auto& json) {
+         json.Text(record.Rule.Description.Head());
+     }},
+    {"descriptionTail",
+     [](const auto& record, auto& json) {
+         json.Text(record.Rule.Description.Tail());
+     }},
+    {"adviceHead",
+     [](const auto& record, auto& json) {
+         json.Text(record.Rule.Advice.Head());
+     }},
+    {"adviceTail",
+     [](const auto& record, auto& json) {
+         json.Text(record.Rule.Advice.Tail());
+     }},
+}};
+static_assert(AgreeWith(kRuleFields, modModernReportColumns::kRules));
+
+/// A violation with the indexes of what it refers to in the other lists of the data.
+struct ViolationRecord {
+    const ModernViolation& Item;
+    std::size_t RuleIndex;
+    std::int64_t Procedure;
+    std::int64_t SourceLine;
+    std::string_view Description;  // what its rule does not say for all of its violations
+    std::string_view Advice;       // likewise
+};
+
+constexpr std::array<Field<ViolationRecord>, 9> kViolationFields{{
+    {"id",
+     [](const auto& record, auto& json) {
+         json.Number(record.Item.ID);
+     }},
+    {"ruleIndex",
+     [](const auto& record, auto& json) {
+         json.Index(record.RuleIndex);
+     }},
+    {"file",
+     [](const auto& record, auto& json) {
+         json.Number(IndexOrNone(record.Item.File));
+     }},
+    {"procedure",
+     [](const auto& record, auto& json) {
+         json.Number(record.Procedure);
+     }},
+    {"line",
+     [](const auto& record, auto& json) {
+         json.Number(record.Item.Violation.SourceLineNumber);
+     }},
+    {"source",
+     [](const auto& record, auto& json) {
+         json.Number(record.SourceLine);
+     }},
+    {"description",
+     [](const auto& record, auto& json) { json.Text(record.Description); },
+     [](const auto& record) {
+         return record.Description.empty();
+     }},
+    {"advice",
+     [](const auto& record, auto& json) { json.Text(record.Advice); },
+     [](const auto& record) {
+         return record.Advice.empty();
+     }},
+    {"completed",
+     [](const auto& record, auto& json) { json.Number(record.Item.Violation.Completed ? 1 : 0); },
+     [](const auto& record) {
+         return !record.Item.Violation.Completed;
+     }},
+}};
+static_assert(AgreeWith(kViolationFields, modModernReportColumns::kViolations));
+
 void WriteViolation(
     const ModernViolation& item,
-    std::size_t ruleOfItem,
+    std::size_t ruleIndex,
     const ModernRule& rule,
     std::int64_t procedure,
     TextPool& lines,
     CompactJson& json) {
     const Violation& violation = item.Violation;
-    const std::string_view description = rule.Description.MiddleOf(violation.Description);
-    const std::string_view advice = rule.Advice.MiddleOf(violation.Advice);
-    json.Open()
-        .Number(item.ID)
-        .Place(ruleOfItem)
-        .Number(PlaceOrNone(item.File))
-        .Number(procedure)
-        .Number(violation.SourceLineNumber)
-        .Number(
-            violation.SourceLine.empty()
-                ? kNone
-                : static_cast<std::int64_t>(lines.PlaceOf(violation.SourceLine)));
-    if (!description.empty() || !advice.empty() || violation.Completed) {
-        json.Text(description);
-    }
-    if (!advice.empty() || violation.Completed) {
-        json.Text(advice);
-    }
-    if (violation.Completed) {
-        json.Number(1);
-    }
-    json.Close();
+    const std::int64_t sourceLine =
+        violation.SourceLine.empty()
+            ? kNone
+            : static_cast<std::int64_t>(lines.IndexOf(violation.SourceLine));
+    const ViolationRecord record{
+        item,
+        ruleIndex,
+        procedure,
+        sourceLine,
+        rule.Description.MiddleOf(violation.Description),
+        rule.Advice.MiddleOf(violation.Advice)};
+    WriteRecord(record, kViolationFields, json);
 }
 
 void WriteViolations(const ModernReportData& data, CompactJson& json) {
@@ -248,14 +410,14 @@ void WriteViolations(const ModernReportData& data, CompactJson& json) {
     const ModernRuleTable table = ModernRuleTable::Of(data.AllViolations);
     json.Key("rules").Open();
     for (const ModernRule& rule : table.Rules) {
-        WriteRule(rule, categories, json);
+        WriteRecord(RuleRecord{rule, categories}, kRuleFields, json);
     }
     json.Close().Key("violations").Open();
     TextPool lines;
-    for (std::size_t place = 0; place < data.AllViolations.size(); ++place) {
-        const std::size_t rule = table.RuleOfViolation.at(place);
-        const ModernViolation& item = data.AllViolations.at(place);
-        WriteViolation(item, rule, table.Rules.at(rule), procedures.PlaceOf(item), lines, json);
+    for (std::size_t index = 0; index < data.AllViolations.size(); ++index) {
+        const std::size_t rule = table.RuleOfViolation.at(index);
+        const ModernViolation& item = data.AllViolations.at(index);
+        WriteViolation(item, rule, table.Rules.at(rule), procedures.IndexOf(item), lines, json);
     }
     json.Close().Key("lines").Open();
     for (const std::string_view line : lines.Texts()) {
@@ -276,7 +438,7 @@ std::string DataBlock(const ModernReportData& data) {
     WriteCategories(data.Criteria.Lists.Categories, json);
     json.Key("files").Open();
     for (const ModernFile& file : data.Files) {
-        WriteFile(file, data.HasTolerances, json);
+        WriteRecord(FileRecord{file, data.HasTolerances}, kFileFields, json);
     }
     json.Close();
     WriteViolations(data, json);

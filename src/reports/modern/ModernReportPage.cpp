@@ -1,6 +1,7 @@
 #include "ModernReportPage.h"
 
 #include "ModernReportAssets.h"
+#include "ModernReportColumns.h"
 #include "ModernReportData.h"
 #include "foundation/text/modHtmlText.h"
 #include "reports/format/modReportFormat.h"
@@ -86,16 +87,14 @@ constexpr std::string_view kWithoutScript =
     "violations "
     "are not shown. Everything else on this page is complete.</p></noscript>\n";
 
-/// One column of a table that the script fills. `Key` is what the script sorts by.
-struct Column {
-    std::string_view Key;
-    std::string_view Title;
-    bool IsNumber = false;
-};
-
-std::string SortableHead(const std::vector<Column>& columns) {
+/// The headings of a table that the script fills. Each has the key that the script sorts by.
+template <typename Columns>
+std::string SortableHead(const Columns& columns) {
     std::string head = "<thead role=\"rowgroup\"><tr role=\"row\">";
-    for (const Column& column : columns) {
+    for (const modModernReportColumns::Column& column : columns) {
+        if (column.Title.empty()) {
+            continue;
+        }
         head.append("<th role=\"columnheader\" scope=\"col\" aria-sort=\"none\" data-key=\"")
             .append(column.Key)
             .append(column.IsNumber ? "\" class=\"number\">" : "\">")
@@ -115,8 +114,8 @@ std::string Pager(std::string_view table, std::string_view place) {
            "<button type=\"button\" data-step=\"1\">Next</button></nav>\n";
 }
 
-std::string
-TableFrame(const std::string& name, std::string_view caption, const std::vector<Column>& columns) {
+template <typename Columns>
+std::string TableFrame(const std::string& name, std::string_view caption, const Columns& columns) {
     return "<div class=\"table-bar\"><p id=\"" + name +
            "-status\" class=\"status\" role=\"status\"></p>\n" + Pager(name, "top") + "</div>\n" +
            "<table role=\"table\" id=\"" + name + "-table\" class=\"list " + name +
@@ -157,13 +156,7 @@ std::string FilesSection() {
            TableFrame(
                "files",
                "Files with their verdicts and figures. The headings sort.",
-               {{"name", "File"},
-                {"verdict", "Verdict"},
-                {"violations", "Violations", true},
-                {"impact", "Impact", true},
-                {"lines", "Lines", true},
-                {"comments", "Comments", true},
-                {"complexity", "Worst complexity", true}}) +
+               modModernReportColumns::kFiles) +
            "</section>\n";
 }
 
@@ -187,11 +180,7 @@ std::string ViolationsSection(const ModernReportData& data) {
            TableFrame(
                "violations",
                "Violations. The headings sort; the title of a violation opens its details.",
-               {{"severity", "Severity"},
-                {"title", "Violation"},
-                {"place", "Place"},
-                {"category", "Category"},
-                {"impact", "Impact", true}}) +
+               modModernReportColumns::kViolationColumns) +
            "</section>\n";
 }
 

@@ -1,8 +1,82 @@
-# Writes OUTPUT from TEMPLATE, with the text and the SHA-256 of SCRIPT_FILE and STYLE_FILE:
-#   cmake -D SCRIPT_FILE=... -D STYLE_FILE=... -D TEMPLATE=... -D OUTPUT=... -P WriteAssets.cmake
-foreach(asset SCRIPT STYLE)
-    file(READ "${${asset}_FILE}" ${asset})
-    file(SHA256 "${${asset}_FILE}" ${asset}_SHA256)
-    cmake_path(GET ${asset}_FILE FILENAME ${asset}_FILE)
+# Makes the script of the modern report, with the fields and columns of columns.txt in place of its marks, and
+# writes it and the style to FOLDER; writes both, with their SHA-256, as ModernReportAssets.cpp and the columns
+# as ModernReportColumns.inc:
+#   cmake -D ASSETS=... -D FOLDER=... -P WriteAssets.cmake
+#
+# The marks of a record R of columns.txt:
+#   @R.fields@  the names of its fields
+#   @R.orders@  what the columns of its table are sorted by
+#   @R.cells@   the cells of its columns that have a figure
+cmake_minimum_required(VERSION 3.25)
+
+file(READ "${ASSETS}/columns.txt" text)
+string(REPLACE "\n" ";" lines "${text}")
+set(records "")
+foreach(line IN LISTS lines)
+    if(line MATCHES "^#")
+        continue()
+    elseif(line MATCHES "^([a-zA-Z]+):$")
+        set(record "${CMAKE_MATCH_1}")
+        list(APPEND records "${record}")
+        set(separator "")
+        set(count_${record} 0)
+        continue()
+    elseif(line STREQUAL "")
+        set(separator ",\n            ")
+        continue()
+    endif()
+    string(REPLACE "|" ";" parts "${line}||||")
+    foreach(index RANGE 3)
+        list(GET parts ${index} part)
+        string(STRIP "${part}" part_${index})
+    endforeach()
+    string(REGEX REPLACE " =.*" "" key "${part_0}")
+    set(heading "${part_1}")
+    set(kind "${part_2}")
+    set(figure "${part_3}")
+
+    string(APPEND ${record}.fields "${separator}${part_0}")
+    set(separator ", ")
+    math(EXPR count_${record} "${count_${record}} + 1")
+    set(is_number false)
+    if(kind STREQUAL "number")
+        set(is_number true)
+    endif()
+    string(APPEND columns_${record} "    {\"${key}\", \"${heading}\", ${is_number}},\n")
+    if(kind STREQUAL "text")
+        string(APPEND ${record}.orders
+            "        ${key}: (left, right) => collator.compare(left.${key}, right.${key}),\n")
+    elseif(NOT kind STREQUAL "")
+        string(APPEND ${record}.orders "        ${key}: byNumber(\"${key}\"),\n")
+    endif()
+    if(NOT figure STREQUAL "")
+        string(APPEND ${record}.cells "            number(\"${heading}\", ${figure}),\n")
+    endif()
 endforeach()
-configure_file("${TEMPLATE}" "${OUTPUT}" @ONLY)
+
+file(READ "${ASSETS}/report.js" SCRIPT)
+set(COLUMNS "")
+foreach(record IN LISTS records)
+    string(REGEX REPLACE ",\n$" "" ${record}.cells "${${record}.cells}")
+    string(REGEX REPLACE "\n$" "" ${record}.orders "${${record}.orders}")
+    foreach(mark fields orders cells)
+        set(value "${${record}.${mark}}")
+        string(REPLACE "@${record}.${mark}@" "${value}" SCRIPT "${SCRIPT}")
+    endforeach()
+    string(SUBSTRING "${record}" 0 1 first)
+    string(SUBSTRING "${record}" 1 -1 rest)
+    string(TOUPPER "${first}" first)
+    string(APPEND COLUMNS
+        "\ninline constexpr std::array<Column, ${count_${record}}> k${first}${rest}{{\n${columns_${record}}}};\n")
+endforeach()
+if(SCRIPT MATCHES "@[a-zA-Z]+\\.[a-z]+@")
+    message(FATAL_ERROR "report.js: columns.txt has nothing for ${CMAKE_MATCH_0}")
+endif()
+
+file(READ "${ASSETS}/report.css" STYLE)
+string(SHA256 SCRIPT_SHA256 "${SCRIPT}")
+string(SHA256 STYLE_SHA256 "${STYLE}")
+file(WRITE "${FOLDER}/report.js" "${SCRIPT}")
+file(WRITE "${FOLDER}/report.css" "${STYLE}")
+configure_file("${ASSETS}/ModernReportAssets.cpp.in" "${FOLDER}/ModernReportAssets.cpp" @ONLY)
+configure_file("${ASSETS}/ModernReportColumns.inc.in" "${FOLDER}/ModernReportColumns.inc" @ONLY)

@@ -19,18 +19,16 @@
     const verdictClasses = ["none", "state-passed", "state-failed", "state-error"];
 
     const files = data.files.map((row) => {
-        const [name, path, verdict, counts, violations, impact, lines, comments, complexity, reason] = row;
-        return { name, path, verdict, counts, violations, impact, lines, comments, complexity, reason };
+        const [@files.fields@] = row;
+        return { @files.fields@ };
     });
-    const procedures = data.procedures.map(([id, file, name]) => ({ id, file, name }));
+    const procedures = data.procedures.map(([@procedures.fields@]) => ({ @procedures.fields@ }));
     const rules = data.rules.map((row) => {
-        const [number, type, severity, category, impact, title, descriptionHead, descriptionTail,
-            adviceHead, adviceTail] = row;
-        return { number, type, severity, category, impact, title, descriptionHead, descriptionTail,
-            adviceHead, adviceTail };
+        const [@rules.fields@] = row;
+        return { @rules.fields@ };
     });
     const violations = data.violations.map((row) => {
-        const [id, ruleIndex, file, procedure, line, source, description = "", advice = "", completed = 0] = row;
+        const [@violations.fields@] = row;
         const rule = rules[ruleIndex];
         return {
             id, rule, file, procedure, line,
@@ -272,20 +270,11 @@
         const number = (label, text) => cell({ class: "number", "data-label": label }, text);
         return [make("tr", { role: "row" },
             cell({ class: "name" }, name), verdict, count,
-            number("Impact", figure(file.impact)),
-            number("Lines", figure(file.lines)),
-            number("Comments", file.comments < 0 ? "–" : (file.comments / 10).toFixed(1) + "%"),
-            number("Worst complexity", figure(file.complexity)))];
+@files.cells@)];
     }
 
     const fileListing = new Listing("files", [...files], {
-        name: (left, right) => collator.compare(left.name, right.name),
-        verdict: byNumber("verdict"),
-        violations: byNumber("violations"),
-        impact: byNumber("impact"),
-        lines: byNumber("lines"),
-        comments: byNumber("comments"),
-        complexity: byNumber("complexity"),
+@files.orders@
     }, ["file", "files"], drawFile);
 
     function filterFiles() {
