@@ -1,51 +1,13 @@
 #include "results/ReviewReader.h"
 
 #include "foundation/text/modUtilFunctions.h"
-
-#include <array>
+#include "modConventionColumns.h"
 
 namespace dorvik {
 
 namespace {
 
 constexpr std::string_view kModule = ResultsStore::kModule;
-
-using SetFlag = void (RulebaseLoadCriteria::*)(bool);
-using Number = std::int32_t RulebaseLoadCriteria::*;
-
-struct Convention {
-    std::string_view FlagColumn;
-    SetFlag Flag;
-    std::string_view NumberColumn;
-    Number Count;
-};
-
-constexpr std::array<Convention, 6> kConventions = {{
-    {"CodingConventions",
-     &RulebaseLoadCriteria::SetCodingConventions,
-     "NumCodingConventions",
-     &RulebaseLoadCriteria::NumCodingConventions},
-    {"NamingConventions",
-     &RulebaseLoadCriteria::SetNamingConventions,
-     "NumNamingConventions",
-     &RulebaseLoadCriteria::NumNamingConventions},
-    {"DocumentationConventions",
-     &RulebaseLoadCriteria::SetDocumentationConventions,
-     "NumDocConventions",
-     &RulebaseLoadCriteria::NumDocConventions},
-    {"AuthorisedComponents",
-     &RulebaseLoadCriteria::SetAuthorisedComponents,
-     "NumAuthComps",
-     &RulebaseLoadCriteria::NumAuthComps},
-    {"AuthorisedReferences",
-     &RulebaseLoadCriteria::SetAuthorisedReferences,
-     "NumAuthRefs",
-     &RulebaseLoadCriteria::NumAuthRefs},
-    {"UnauthorisedKeywords",
-     &RulebaseLoadCriteria::SetUnauthorisedKeywords,
-     "NumUnauthKeywords",
-     &RulebaseLoadCriteria::NumUnauthKeywords},
-}};
 
 void ReadTolerances(Recordset& rows, ToleranceSettings& tolerances) {
     tolerances.Count.Clear();
@@ -125,9 +87,9 @@ StoredReviewCriteria ReviewReader::GetReviewCriteria() {
         auto rows = m_store.RequireRows("SELECT * FROM Review");
         if (!rows.EOF_()) {
             rows.MoveFirst();
-            for (const Convention& convention : kConventions) {
-                (criteria.*convention.Flag)(rows.Value(convention.FlagColumn).AsBoolean());
-                criteria.*convention.Count = rows.Value(convention.NumberColumn).AsLong();
+            for (const auto& convention : modConventionColumns::kConventions) {
+                (criteria.*convention.Take)(rows.Value(convention.FlagColumn).AsBoolean());
+                criteria.*convention.Count = rows.Value(convention.CountColumn).AsLong();
             }
             ReadTolerances(rows, result.Tolerances);
         }

@@ -4,6 +4,7 @@
 
 #include "base/DateTime.h"
 #include "criteria/ReviewCriteria.h"
+#include "modConventionColumns.h"
 #include "platform/host/modHost.h"
 #include "rulebase/model/Rulebase.h"
 
@@ -14,18 +15,10 @@ namespace {
 constexpr std::string_view kModule = ResultsStore::kModule;
 
 void SetConventions(Recordset& rows, const RulebaseLoadCriteria& criteria) {
-    rows.SetValue("CodingConventions", criteria.CodingConventions());
-    rows.SetValue("NamingConventions", criteria.NamingConventions());
-    rows.SetValue("DocumentationConventions", criteria.DocumentationConventions());
-    rows.SetValue("AuthorisedComponents", criteria.AuthorisedComponents());
-    rows.SetValue("AuthorisedReferences", criteria.AuthorisedReferences());
-    rows.SetValue("UnauthorisedKeywords", criteria.UnauthorisedKeywords());
-    rows.SetValue("NumCodingConventions", criteria.NumCodingConventions);
-    rows.SetValue("NumNamingConventions", criteria.NumNamingConventions);
-    rows.SetValue("NumDocConventions", criteria.NumDocConventions);
-    rows.SetValue("NumAuthComps", criteria.NumAuthComps);
-    rows.SetValue("NumAuthRefs", criteria.NumAuthRefs);
-    rows.SetValue("NumUnauthKeywords", criteria.NumUnauthKeywords);
+    for (const auto& convention : modConventionColumns::kConventions) {
+        rows.SetValue(convention.FlagColumn, (criteria.*convention.IsTaken)());
+        rows.SetValue(convention.CountColumn, criteria.*convention.Count);
+    }
 }
 
 void SetTolerances(Recordset& rows, const ReviewCriteria& criteria) {
