@@ -71,13 +71,8 @@ void BatchReport::WriteSummary() {
 }
 
 void BatchReport::WriteProjects() {
-    {
-        const HtmlTag row(m_html, "tr");
-        for (const std::string_view heading :
-             {"Project", "Verdict", "Violations", "Impact", "Lines"}) {
-            m_html.InsertTableHeading(heading, "20%");
-        }
-    }
+    modReportTables::InsertHeadings(
+        m_html, {"Project", "Verdict", "Violations", "Impact", "Lines"}, "20%");
     const auto& projects = m_criteria.ProjectList();
     for (const std::int32_t position : modSortIndex::MakeSortIndex(projects)) {
         if (projects.Selected(position)) {

@@ -161,13 +161,8 @@ void ProjectReport::WriteSummary() {
 }
 
 bool ProjectReport::WriteFiles() {
-    {
-        const HtmlTag row(m_html, "tr");
-        for (const std::string_view heading :
-             {"Source File", "Verdict", "Violations", "Impact", "Lines"}) {
-            m_html.InsertTableHeading(heading, "20%");
-        }
-    }
+    modReportTables::InsertHeadings(
+        m_html, {"Source File", "Verdict", "Violations", "Impact", "Lines"}, "20%");
     for (const BasicObject& file : m_files) {
         if (!WriteFile(file)) {
             return false;

@@ -165,7 +165,7 @@ struct Heading {
     std::string_view Width;
 };
 
-void InsertHeadings(HTMLHelper2& html, std::initializer_list<Heading> headings) {
+void InsertWideHeadings(HTMLHelper2& html, std::initializer_list<Heading> headings) {
     const HtmlTag row(html, "tr");
     for (const Heading& heading : headings) {
         html.InsertTableHeading(heading.Title, heading.Width);
@@ -219,6 +219,14 @@ void InsertSectionHeading(HTMLHelper2& html, std::string_view id, std::string_vi
     html.InsertQuickTag("h3", title, {"id", id});
 }
 
+void InsertHeadings(
+    HTMLHelper2& html, std::initializer_list<std::string_view> titles, std::string_view width) {
+    const HtmlTag row(html, "tr");
+    for (const std::string_view title : titles) {
+        html.InsertTableHeading(title, width);
+    }
+}
+
 void InsertDashes(HTMLHelper2& html) {
     for (int column = 0; column < 3; ++column) {
         html.InsertTableCell("-");
@@ -257,7 +265,7 @@ void InsertToleranceFailures(
         return;
     }
     const HtmlTag table(html, "table");
-    InsertHeadings(html, {{"Description", "40%"}, {"Tolerance", "30%"}, {"Actual", "30%"}});
+    InsertWideHeadings(html, {{"Description", "40%"}, {"Tolerance", "30%"}, {"Actual", "30%"}});
     for (const ToleranceFailure& failure : failures) {
         const HtmlTag row(html, "tr");
         html.InsertTableCell(failure.Description, "left");
@@ -273,7 +281,7 @@ void InsertViolStatsTable(
     const ViolationStatistics& statistics) {
     InsertSectionHeading(html, "ViolationStatistics", "Violation Statistics");
     const HtmlTag table(html, "table");
-    InsertHeadings(html, {{"Severity Level", "40%"}, {"Violations", "30%"}, {"Impact", "30%"}});
+    InsertWideHeadings(html, {{"Severity Level", "40%"}, {"Violations", "30%"}, {"Impact", "30%"}});
     for (const Severity severity : kSeverities) {
         const bool isSelected = filter.SeverityLevel(NumberOf(severity));
         InsertSeverityRow(
@@ -330,7 +338,7 @@ void InsertViolStatsByCatTable(
 void InsertSourceLineStatsTable(HTMLHelper2& html, const SourceLineStatistics& statistics) {
     InsertSectionHeading(html, "SourceLineStatistics", "Source Line Statistics");
     const HtmlTag table(html, "table");
-    InsertHeadings(html, {{"Line Type", "40%"}, {"Count", "60%"}});
+    InsertWideHeadings(html, {{"Line Type", "40%"}, {"Count", "60%"}});
     InsertLineRow(html, "Code", "code", FormatNumber(statistics.CodeLines()));
     InsertLineRow(html, "Comment", "comment", FormatNumber(statistics.CommentOnlyLines()));
     // In parentheses, because these lines are counted as code as well.

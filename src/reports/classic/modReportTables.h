@@ -11,6 +11,7 @@
 #include "source/ViolationStatistics.h"
 
 #include <cstdint>
+#include <initializer_list>
 #include <string_view>
 #include <vector>
 
@@ -19,6 +20,9 @@ namespace dorvik::modReportTables {
 
 /// The heading of a section, to which links within the page lead.
 void InsertSectionHeading(HTMLHelper2& html, std::string_view id, std::string_view title);
+/// A row of headings, all of the same width.
+void InsertHeadings(
+    HTMLHelper2& html, std::initializer_list<std::string_view> titles, std::string_view width);
 /// The last three cells of a row without figures.
 void InsertDashes(HTMLHelper2& html);
 

@@ -3,6 +3,7 @@
 #include "base/modText.h"
 #include "base/modTextCase.h"
 #include "cli/commands/results/ResultsItems.h"
+#include "modSortRows.h"
 #include "results/ResultsDB.h"
 #include "results/UnfinishedFiles.h"
 
@@ -105,9 +106,7 @@ void HotspotList::AddProceduresOf(const BasicObject& file, ResultsDB& database) 
 }
 
 void HotspotList::Sort(std::string_view key, bool descending) {
-    const auto found = std::find_if(
-        kSortRows.begin(), kSortRows.end(), [&](const SortRow& row) { return row.Key == key; });
-    const SortRow& row = found == kSortRows.end() ? kSortRows.front() : *found;
+    const SortRow& row = modSortRows::Find(kSortRows, key);
     std::stable_sort(m_rows.begin(), m_rows.end(), [&](const auto& left, const auto& right) {
         const std::int32_t order = row.Compare(left, right);
         return order == 0 ? ByName(left, right) < 0 : (order < 0) != descending;
@@ -115,11 +114,7 @@ void HotspotList::Sort(std::string_view key, bool descending) {
 }
 
 std::vector<std::string> HotspotList::SortKeys() {
-    std::vector<std::string> keys;
-    for (const SortRow& row : kSortRows) {
-        keys.emplace_back(row.Key);
-    }
-    return keys;
+    return modSortRows::Keys(kSortRows);
 }
 
 }  // namespace dorvik

@@ -4,6 +4,7 @@
 #include "base/modTextCase.h"
 #include "cli/output/Console.h"
 #include "foundation/log/Trap.h"
+#include "modSortRows.h"
 #include "results/ResultsDB.h"
 #include "results/modViolationListSql.h"
 #include "results/modViolationRow.h"
@@ -68,12 +69,6 @@ constexpr std::array<SortRow, 9> kSortRows = {{
 constexpr std::int32_t kProjectItself = 0;
 
 constexpr std::size_t kDefaultRows = 4;  // the first ones decide where the key leaves it open
-
-const SortRow& RowOf(std::string_view key) {
-    const auto found = std::find_if(
-        kSortRows.begin(), kSortRows.end(), [&](const SortRow& row) { return row.Key == key; });
-    return found == kSortRows.end() ? kSortRows.front() : *found;
-}
 
 bool ComesFirst(const ListedViolation& left, const ListedViolation& right) {
     for (std::size_t place = 0; place < kDefaultRows; ++place) {
@@ -171,7 +166,7 @@ void ListedViolations::Read(ResultsDB& database, const std::string& sql) {
 }
 
 void ListedViolations::Sort(std::string_view key, bool descending) {
-    const SortRow& row = RowOf(key);
+    const SortRow& row = modSortRows::Find(kSortRows, key);
     std::stable_sort(m_rows.begin(), m_rows.end(), [&](const auto& left, const auto& right) {
         const int order = row.Compare(left, right);
         return order == 0 ? ComesFirst(left, right) : (order < 0) != descending;
@@ -179,11 +174,7 @@ void ListedViolations::Sort(std::string_view key, bool descending) {
 }
 
 std::vector<std::string> ListedViolations::SortKeys() {
-    std::vector<std::string> keys;
-    for (const SortRow& row : kSortRows) {
-        keys.emplace_back(row.Key);
-    }
-    return keys;
+    return modSortRows::Keys(kSortRows);
 }
 
 }  // namespace dorvik
