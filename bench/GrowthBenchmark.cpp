@@ -3,13 +3,13 @@
 //
 // usage: GrowthBenchmark
 
+#include "ProgramPath.h"
 #include "basic/library/TextSearch.h"
 #include "basic/syntax/Parser.h"
 #include "basic/values/ScriptContext.h"
 #include "foundation/lists/KeyedArrayList.h"
 #include "foundation/xml/KyXMLDoc.h"
 #include "platform/host/TextFileReader.h"
-#include "platform/host/modFiles.h"
 #include "rulebase/model/RuleLists.h"
 #include "source/LayoutReader.h"
 #include "source/VirtualObject.h"
@@ -208,7 +208,7 @@ Work LinesOfAFile(std::size_t size, std::string_view lineEnd) {
         });
     std::ofstream(*path, std::ios::binary) << Repeated("x" + std::string(lineEnd), size);
     return [path, size] {
-        TextFileReader reader(modFiles::FromHostPath(*path), 1252);
+        TextFileReader reader(ProgramPath(*path), 1252);
         std::size_t count = 0;
         for (; !reader.AtEnd(); ++count) {
             reader.ReadLine();
@@ -233,7 +233,7 @@ Work ProjectsOfAGroup(std::size_t size) {
     }
     group.close();
     return [path, size] {
-        const VirtualProjectGroup read(modFiles::FromHostPath(*path), 1252);
+        const VirtualProjectGroup read(ProgramPath(*path), 1252);
         return read.ProjectFilenames().size() == size;
     };
 }

@@ -3,8 +3,8 @@
 //
 // usage: LogViolationBenchmark [ROWS]
 
+#include "ProgramPath.h"
 #include "criteria/ReviewCriteria.h"
-#include "platform/host/modFiles.h"
 #include "results/ResultsDB.h"
 #include "rulebase/model/Rulebase.h"
 #include "settings/DVKWorkData.h"
@@ -148,7 +148,7 @@ int main(int argumentCount, char** arguments) {
     Measure("bare loop on the engine", rows, [&](int count) { LogThroughTheEngine(file, count); });
     fresh();
     Measure("ResultsDB::LogViolation", rows, [&](int count) {
-        LogThroughResultsDB(dorvik::modFiles::FromHostPath(file), count);
+        LogThroughResultsDB(dorvik::ProgramPath(file), count);
     });
     std::filesystem::remove_all(folder);
     return 0;

@@ -3,6 +3,7 @@
 //
 // usage: ReportsBenchmark [FILES]...
 
+#include "ProgramPath.h"
 #include "criteria/ProgressInfo.h"
 #include "criteria/ReviewCriteria.h"
 #include "platform/host/modFiles.h"
@@ -164,7 +165,7 @@ void WriteReports(const std::string& database, const fs::path& folder, bool deta
     dorvik::ProgressInfo progress;
     dorvik::ProjectReportOrder order;
     order.ProjectFile = "C:\\Src\\Generated.vbp";
-    order.ReportsFolder = dorvik::modFiles::FromHostPath(folder);
+    order.ReportsFolder = dorvik::ProgramPath(folder);
     order.Detailed = detailed;
     if (!results.OpenReview(database) ||
         !engine.CreateReportsOfDatabase(results, order, progress)) {
@@ -187,9 +188,7 @@ std::vector<std::string> PagesIn(const fs::path& folder) {
 void WriteBytes(const std::vector<std::string>& pages, const fs::path& folder) {
     for (std::size_t number = 0; number < pages.size(); ++number) {
         dorvik::modFiles::WriteBytesAtomicallyAsNamed(
-            dorvik::modFiles::FromHostPath(folder) + "\\",
-            std::to_string(number) + ".html",
-            pages[number]);
+            dorvik::ProgramPath(folder) + "\\", std::to_string(number) + ".html", pages[number]);
     }
 }
 
@@ -219,7 +218,7 @@ double Measure(const fs::path& folder, int files) {
     fs::create_directories(copies);
     fs::copy_file(
         fs::read_symlink("/proc/self/exe").parent_path() / "Data" / "DVKProject.mdb", host);
-    const std::string database = dorvik::modFiles::FromHostPath(host);
+    const std::string database = dorvik::ProgramPath(host);
     WriteReview(database, files);
 
     const Cost detailed =
@@ -235,7 +234,7 @@ double Measure(const fs::path& folder, int files) {
         ResultsDB results;
         results.OpenReview(database);
         dorvik::ModernReport::Save(
-            results, {}, {dorvik::modFiles::FromHostPath(folder) + "\\", "", "modern.html"});
+            results, {}, {dorvik::ProgramPath(folder) + "\\", "", "modern.html"});
     });
     std::printf("%d files, %d violations\n", files, files * kProcedures * kViolationsOfAProcedure);
     PrintRow("detailed reports", pages.size(), megabytes, detailed);

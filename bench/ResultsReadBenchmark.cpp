@@ -3,8 +3,8 @@
 //
 // usage: ResultsReadBenchmark [VIOLATIONS]
 
+#include "ProgramPath.h"
 #include "criteria/ReviewCriteria.h"
-#include "platform/host/modFiles.h"
 #include "results/ResultsDB.h"
 #include "results/modViolationListSql.h"
 #include "rulebase/model/Rulebase.h"
@@ -339,7 +339,7 @@ int main(int argumentCount, char** arguments) {
     std::filesystem::create_directories(folder);
     const auto file = folder / "Test.mdb";
     std::filesystem::copy_file(program / "Data" / "DVKProject.mdb", file);
-    const std::string path = dorvik::modFiles::FromHostPath(file);
+    const std::string path = dorvik::ProgramPath(file);
     Create(path, violations);
     Read(path, file.string());
     std::filesystem::remove_all(folder);

@@ -2,6 +2,7 @@
 // same files in the same run: wc (counts line ends), cloc (classifies lines), ctags (finds definitions).
 #include "MeasuredProcess.h"
 #include "MeasuredReview.h"
+#include "ProgramPath.h"
 #include "ProjectGenerator.h"
 #include "criteria/ReviewCriteria.h"
 #include "platform/host/modFiles.h"
@@ -74,7 +75,7 @@ WithFiles(std::vector<std::string> command, const ProjectGenerator& generator) {
 long CountLines(const ProjectGenerator& generator) {
     long lines = 0;
     for (const std::filesystem::path& file : generator.SourceFiles()) {
-        const std::string bytes = modFiles::ReadBytes(modFiles::FromHostPath(file));
+        const std::string bytes = modFiles::ReadBytes(ProgramPath(file));
         for (const char byte : bytes) {
             lines += byte == '\n' ? 1 : 0;
         }
@@ -86,7 +87,7 @@ int Run(int lineCount) {
     const std::filesystem::path folder = std::filesystem::temp_directory_path() / "dorvik-bench";
     std::filesystem::remove_all(folder);
     ProjectGenerator generator(kSeed);
-    const std::string project = modFiles::FromHostPath(generator.Write(folder, lineCount));
+    const std::string project = ProgramPath(generator.Write(folder, lineCount));
     const long lines = CountLines(generator);
     std::printf("%ld lines in %zu files\n\n", lines, generator.SourceFiles().size());
     std::printf(

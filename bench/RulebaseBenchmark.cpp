@@ -3,7 +3,7 @@
 //
 // usage: RulebaseBenchmark [RULES...]     (1000 2000 4000 8000 without an argument)
 
-#include "platform/host/modFiles.h"
+#include "ProgramPath.h"
 #include "rulebase/file/RulebaseManager.h"
 
 #include <algorithm>
@@ -119,7 +119,7 @@ int LoadedRules(dorvik::RulebaseManager& manager, const std::string& file) {
 }
 
 void Measure(dorvik::RulebaseManager& manager, int rules, const std::filesystem::path& host) {
-    const std::string file = dorvik::modFiles::FromHostPath(host);
+    const std::string file = dorvik::ProgramPath(host);
     WriteRulebase(manager, rules, file);
     if (LoadedRules(manager, file) != rules) {
         std::fputs("not all rules were loaded\n", stderr);

@@ -4,6 +4,7 @@
 #include "BenchmarkRules.h"
 #include "MeasuredProcess.h"
 #include "MeasuredReview.h"
+#include "ProgramPath.h"
 #include "ProjectGenerator.h"
 #include "platform/host/modFiles.h"
 #include "rulebase/file/RulebaseManager.h"
@@ -35,14 +36,14 @@ public:
     Measuring(std::filesystem::path folder, int lines)
         : m_folder(std::move(folder)), m_rules(BenchmarkRules()) {
         dorvik::Rulebase rulebase;
-        const std::string empty = modFiles::FromHostPath(m_folder / "Empty.dvk");
+        const std::string empty = ProgramPath(m_folder / "Empty.dvk");
         std::filesystem::create_directories(m_folder);
         RulebaseManager().Save(rulebase, empty);
         m_emptyRulebase = modFiles::ReadBytes(empty);
         ProjectGenerator generator(kSeed);
-        m_project = modFiles::FromHostPath(generator.Write(m_folder, lines));
+        m_project = ProgramPath(generator.Write(m_folder, lines));
         for (const std::filesystem::path& file : generator.SourceFiles()) {
-            const std::string bytes = modFiles::ReadBytes(modFiles::FromHostPath(file));
+            const std::string bytes = modFiles::ReadBytes(ProgramPath(file));
             m_lines += std::count(bytes.begin(), bytes.end(), '\n');
         }
     }
@@ -54,7 +55,7 @@ public:
     double Review(const Wanted& isWanted) const {
         const std::filesystem::path rulebase = m_folder / "Benchmark.dvk";
         std::ofstream(rulebase) << BenchmarkRulebase(m_emptyRulebase, m_rules, isWanted);
-        const std::string file = modFiles::FromHostPath(rulebase);
+        const std::string file = ProgramPath(rulebase);
         std::vector<double> seconds;
         for (int round = 0; round < kRounds; ++round) {
             const Measurement measured =

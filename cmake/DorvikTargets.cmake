@@ -1,12 +1,19 @@
 # A folder with code is one static library: src/basic/values is dorvik_basic_values. Headers below its folder
 # include/ are for everybody who links it; those beside the sources are its own. Its include root holds only the
 # former, so an #include of a library that is not linked does not compile.
-# The names after LINKS are the project's own libraries; SYSTEM names are libraries from outside.
+# The names behind LINKS are the project's own libraries; SYSTEM names are libraries from outside.
+# A folder linux/ or windows/ holds sources for that system alone.
 function(dorvik_library path)
     cmake_parse_arguments(arg "" "" "LINKS;SYSTEM" ${ARGN})
     string(REPLACE "/" "_" name "${path}")
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS
         "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/*.h" "${CMAKE_CURRENT_SOURCE_DIR}/*.def")
+    foreach(system Linux Windows)
+        if(NOT system STREQUAL CMAKE_SYSTEM_NAME)
+            string(TOLOWER "${system}" folder)
+            list(FILTER sources EXCLUDE REGEX "^${CMAKE_CURRENT_SOURCE_DIR}/${folder}/")
+        endif()
+    endforeach()
     add_library(dorvik_${name} STATIC ${sources})
     target_include_directories(dorvik_${name} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}/include")
     target_compile_options(dorvik_${name} PRIVATE -Wconversion)

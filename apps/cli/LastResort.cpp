@@ -6,7 +6,6 @@
 
 #include <cstdlib>
 #include <exception>
-#include <filesystem>
 #include <new>
 #include <string>
 

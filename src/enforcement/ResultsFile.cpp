@@ -12,6 +12,7 @@
 #include "platform/host/OutputRefusal.h"
 #include "platform/host/modFiles.h"
 #include "platform/host/modHost.h"
+#include "platform/host/modHostPath.h"
 #include "results/modResultsFilename.h"
 #include "settings/DorvikData.h"
 #include "settings/modGlobal.h"
@@ -24,7 +25,7 @@ namespace {
 
 /// A person reads these: paths are those of this machine.
 std::string ShownPath(const std::string& path) {
-    return modFiles::HostPath(path).string();
+    return modHostPath::Shown(modHostPath::FromProgram(path));
 }
 
 /// Who is reviewing, behind the number of the process.
@@ -67,7 +68,7 @@ void ResultsFile::ReservePlace(const std::string& log) {
     const OutputPlace place = modDorvikUtils::ResultsPlace(m_projectFile, m_folder);
     place.MakeFolder();
     Database::NeedRoom(place.Path());
-    modObstacles::NeedFile(modFiles::HostPath(log));
+    modObstacles::NeedFile(modHostPath::FromProgram(log));
     m_reservation = Database::Reserve(place.Path(), Holder());
 }
 

@@ -8,8 +8,8 @@
 #include "foundation/log/modLog.h"
 #include "modScriptValues.h"
 #include "parser/ScopeName.h"
-#include "platform/host/modFiles.h"
 #include "platform/host/modHost.h"
+#include "platform/host/modHostPath.h"
 #include "rulebase/model/modRuleFacts.h"
 #include "rulebase/script/ScriptFile.h"
 #include "source/VirtualObject.h"
@@ -78,7 +78,8 @@ void RuleEngine::RemoveScript() {
 bool RuleEngine::LoadScript(std::string_view filename, std::vector<basic::ScriptOrigin> origins) {
     if (filename.empty()) {
         m_loadError = "their module cannot be written to the temporary folder '" +
-                      modFiles::HostPath(modHost::TemporaryFolder()).string() + "'";
+                      modHostPath::Shown(modHostPath::FromProgram(modHost::TemporaryFolder())) +
+                      "'";
         return false;
     }
     if (filename != m_scriptFilename) {

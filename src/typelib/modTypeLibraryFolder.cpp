@@ -4,6 +4,7 @@
 #include "foundation/log/Trap.h"
 #include "foundation/text/modUtilFunctions.h"
 #include "platform/host/modFiles.h"
+#include "platform/host/modHostPath.h"
 
 #include <algorithm>
 #include <array>
@@ -50,9 +51,8 @@ private:
 
     /// False for a folder that a link has led to before.
     bool IsNew(const std::string& folder) {
-        std::error_code error;
-        const auto host = std::filesystem::canonical(modFiles::HostPath(folder), error);
-        return !error && m_seen.insert(host.native()).second;
+        const auto real = modHostPath::RealPath(modHostPath::FromProgram(folder));
+        return real && m_seen.insert(*real).second;
     }
 
     void Look(const Folder& folder);
@@ -69,7 +69,7 @@ private:
 
     TypeLibraryFolderLimits m_limits;
     std::deque<Folder> m_open;
-    std::set<std::string> m_seen;
+    std::set<HostPath> m_seen;
     TypeLibraryFolderFiles m_found;
     std::int32_t m_entries = 0;
 };

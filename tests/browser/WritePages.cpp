@@ -3,6 +3,7 @@
 #include "foundation/text/modUtilFunctions.h"
 #include "reports/ModernReportSamples.h"
 #include "reports/modern/ModernReport.h"
+#include "support/FilesystemPaths.h"
 
 #include <iostream>
 #include <string>
@@ -27,7 +28,7 @@ int main(int count, char** arguments) {
         std::cerr << "usage: dorvik_browser_pages FOLDER\n";
         return 2;
     }
-    const std::string folder = modUtilFunctions::AddBackslash(modFiles::FromHostPath(arguments[1]));
+    const std::string folder = modUtilFunctions::AddBackslash(test::ProgramPath(arguments[1]));
     const bool written = WritePage(folder, "Hostile", test::FillHostileProject) &&
                          WritePage(folder, "Large", [](test::ReviewedProject& project) {
                              test::FillLargeProject(project, kViolationsOfLarge);

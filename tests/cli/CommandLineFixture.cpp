@@ -1,7 +1,7 @@
 #include "cli/CommandLineFixture.h"
 
 #include "platform/database/Database.h"
-#include "platform/host/modFiles.h"
+#include "support/FilesystemPaths.h"
 #include "support/LineText.h"
 
 #include <algorithm>
@@ -91,7 +91,7 @@ std::string CommandLineFixture::Bytes(const std::string& name) const {
 
 std::string CommandLineFixture::Query(const std::string& name, std::string_view sql) const {
     Database database;
-    database.Open(modFiles::FromHostPath(Work(name)));
+    database.Open(test::ProgramPath(Work(name)));
     Recordset rows = database.OpenRecordset(sql, RecordsetType::Snapshot);
     return rows.BOF() && rows.EOF_() ? std::string() : rows.Value(0).AsText();
 }

@@ -1,6 +1,6 @@
 #include "cli/CommandLineFixture.h"
 #include "platform/database/Database.h"
-#include "platform/host/modFiles.h"
+#include "support/FilesystemPaths.h"
 
 #include <gmock/gmock.h>
 
@@ -18,7 +18,7 @@ protected:
     LockedResults() {
         WriteModuleProject("Held", "    x = 1");
         Run({"review", "Held.vbp"});
-        m_other.Open(modFiles::FromHostPath(Work("Dorvik/Held_DORVIK.mdb")));
+        m_other.Open(test::ProgramPath(Work("Dorvik/Held_DORVIK.mdb")));
     }
 
 private:

@@ -7,12 +7,12 @@
 #include "foundation/log/LogFile.h"
 #include "foundation/log/modLog.h"
 #include "platform/host/ScopedInstall.h"
-#include "platform/host/modFiles.h"
 #include "platform/host/modHost.h"
 #include "reports/classic/ReportsEngine.h"
 #include "review/ReviewManager.h"
 #include "settings/ComponentVersion.h"
 #include "settings/modGlobal.h"
+#include "support/FilesystemPaths.h"
 
 #include <cstdlib>
 #include <fstream>
@@ -37,7 +37,7 @@ protected:
         modLog::Log().SetQuiet(true);
         m_criteria = std::make_shared<ReviewCriteria>();
         RulebaseLoadCriteria& load = m_criteria->LoadCriteria();
-        load.SetRulebaseFile(modFiles::FromHostPath(DORVIK_RULEBASE));
+        load.SetRulebaseFile(test::ProgramPath(DORVIK_RULEBASE));
         load.SetAuthorisedComponents(true);
         load.SetAuthorisedReferences(true);
         load.SetCodingConventions(true);
@@ -52,9 +52,7 @@ protected:
     }
     ~ReportGolden() override { modGlobal::DestroyGlobalObjects(); }
 
-    std::string InnerPath(const std::string& name) const {
-        return modFiles::FromHostPath(Work(name));
-    }
+    std::string InnerPath(const std::string& name) const { return test::ProgramPath(Work(name)); }
 
     void AddSample(const std::string& name) {
         CopySample(name);
@@ -99,7 +97,7 @@ private:
     HostFacts Facts() const {
         HostFacts facts;
         facts.LogonName = "reviewer";
-        facts.ProgramFolder = modFiles::FromHostPath(fs::path(DORVIK_PROGRAM).parent_path()) + "\\";
+        facts.ProgramFolder = test::ProgramPath(fs::path(DORVIK_PROGRAM).parent_path()) + "\\";
         facts.UserDataFolder = InnerPath("user") + "\\";
         return facts;
     }
@@ -140,7 +138,7 @@ TEST_F(ReportGolden, WithAllKindsOfRulesOfAFormAPropertyPageAndTheirProjects) {
     AddSample("Warehouse");
     AddSample("Clinic");
     RulebaseLoadCriteria& load = m_criteria->LoadCriteria();
-    load.SetRulebaseFile(modFiles::FromHostPath(DORVIK_GOLDEN_RULEBASE));
+    load.SetRulebaseFile(test::ProgramPath(DORVIK_GOLDEN_RULEBASE));
     load.SetNamingConventions(true);
     load.SetSeverityLevel(5, true);
     m_criteria->SetReportOption(ReportsEngine::kDetailed);

@@ -1,8 +1,8 @@
 #include "cli/ResultsCommandFixture.h"
 
 #include "platform/database/Database.h"
-#include "platform/host/modFiles.h"
 #include "rulebase/RulebaseText.h"
+#include "support/FilesystemPaths.h"
 
 #include <algorithm>
 #include <iterator>
@@ -138,7 +138,7 @@ std::string ResultsCommandFixture::Values(
 
 void ResultsCommandFixture::Change(std::string_view sql) const {
     Database database;
-    database.Open(modFiles::FromHostPath(Work(kDatabase)));
+    database.Open(test::ProgramPath(Work(kDatabase)));
     database.Execute(sql);
 }
 

@@ -1,8 +1,8 @@
 #include "cli/CommandLineFixture.h"
 #include "cli/ReportPages.h"
 #include "platform/database/Database.h"
-#include "platform/host/modFiles.h"
 #include "settings/ComponentVersion.h"
+#include "support/FilesystemPaths.h"
 
 #include <gmock/gmock.h>
 
@@ -358,7 +358,7 @@ TEST_F(ReviewReports, ReportGoesOnBehindADatabaseThatIsNone) {
 TEST_F(ReviewReports, ReportOfAnUnfinishedReviewIsRefused) {
     Review({"One.vbp"});
     Database database;
-    database.Open(modFiles::FromHostPath(Work("Dorvik/One_DORVIK.mdb")));
+    database.Open(test::ProgramPath(Work("Dorvik/One_DORVIK.mdb")));
     database.Execute("UPDATE Review SET [End] = NULL");
     database.Close();
     const ProgramResult result = Run({"report", "Dorvik/One_DORVIK.mdb"});

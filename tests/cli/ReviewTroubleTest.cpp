@@ -1,5 +1,6 @@
 #include "cli/CommandLineFixture.h"
 #include "platform/host/modFiles.h"
+#include "support/FilesystemPaths.h"
 
 #include <gmock/gmock.h>
 
@@ -19,7 +20,7 @@ class ReviewTrouble : public CommandLineFixture {
 protected:
     /// A rulebase whose only rule of consequence is a coding convention at "begin Procedure".
     void WriteRulebase(const std::string& name, const std::string& script) const {
-        std::string text = modFiles::ReadBytes(modFiles::FromHostPath(DORVIK_RULEBASE));
+        std::string text = modFiles::ReadBytes(test::ProgramPath(DORVIK_RULEBASE));
         const std::string empty = "<CodingConventions/>";
         const std::size_t at = text.find(empty);
         ASSERT_NE(at, std::string::npos);
@@ -166,7 +167,7 @@ TEST_F(ReviewTrouble, ARuleWhoseScriptFailsIsToldWithTheNumberOfItsFailures) {
 }
 
 TEST_F(ReviewTrouble, ARuleWhosePatternIsNoneIsTold) {
-    std::string text = modFiles::ReadBytes(modFiles::FromHostPath(DORVIK_RULEBASE));
+    std::string text = modFiles::ReadBytes(test::ProgramPath(DORVIK_RULEBASE));
     const std::string pattern = "Stop(\\s*$";
     const std::size_t at = text.find(pattern);
     ASSERT_NE(at, std::string::npos);

@@ -1,6 +1,7 @@
 #include "platform/database/Connection.h"
 
 #include "platform/DatabaseFixture.h"
+#include "platform/host/modHostPath.h"
 
 namespace dorvik {
 namespace {
@@ -9,7 +10,7 @@ class ConnectionTest : public test::DatabaseFixture {
 protected:
     void SetUp() override {
         DatabaseFixture::SetUp();
-        m_connection = std::make_shared<Connection>(modFiles::HostPath(m_path));
+        m_connection = std::make_shared<Connection>(modHostPath::FromProgram(m_path));
     }
 
     std::shared_ptr<const UnderstoodText> Understood(std::string_view sql) {
@@ -58,7 +59,7 @@ TEST_F(ConnectionTest, ATextOfParametersIsUnderstoodOnceAndItsValuesAreTakenAsTh
 TEST_F(ConnectionTest, AFileThatIsDeletedBeforeItIsOpenedIsNotFound) {
     std::int32_t number = 0;
     try {
-        const Connection late(modFiles::HostPath(m_path + "gone"));
+        const Connection late(modHostPath::FromProgram(m_path + "gone"));
     } catch (const BasicError& failure) {
         number = failure.Number();
     }

@@ -2,7 +2,7 @@
 
 #include "base/BasicError.h"
 #include "platform/database/Database.h"
-#include "platform/host/modFiles.h"
+#include "support/FilesystemPaths.h"
 #include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
@@ -39,7 +39,7 @@ protected:
     /// Runs plain statements on the file through the engine itself.
     void Run(const std::string& sql) const {
         sqlite3* engine = nullptr;
-        ASSERT_EQ(sqlite3_open(modFiles::HostPath(m_path).c_str(), &engine), SQLITE_OK);
+        ASSERT_EQ(sqlite3_open(test::FilesystemPath(m_path).c_str(), &engine), SQLITE_OK);
         EXPECT_EQ(sqlite3_exec(engine, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK)
             << sqlite3_errmsg(engine);
         sqlite3_close(engine);

@@ -4,6 +4,8 @@
 #include "platform/host/FileInUse.h"
 #include "platform/host/FileInUseMark.h"
 #include "platform/host/OutputRefusal.h"
+#include "platform/host/modFiles.h"
+#include "support/FilesystemPaths.h"
 
 #include <algorithm>
 #include <chrono>
@@ -89,7 +91,7 @@ TEST_F(DatabaseTest, AfterClosingItIsOneFileAgain) {
 TEST_F(DatabaseTest, AReadOnlyFileCanBeReadAndTellsThatItCannotBeWritten) {
     Add("a", 1);
     m_database.Close();
-    std::filesystem::permissions(modFiles::HostPath(m_path), std::filesystem::perms::owner_read);
+    std::filesystem::permissions(test::FilesystemPath(m_path), std::filesystem::perms::owner_read);
     m_database.Open(m_path);
     EXPECT_THAT(Texts("SELECT Name FROM Items"), testing::ElementsAre("a"));
     if (geteuid() != 0) {  // nothing is read-only for the superuser
@@ -130,7 +132,7 @@ public:
             char mark = 0;
             sqlite3* engine = nullptr;
             const bool isAsked = read(m_begin[0], &mark, 1) == 1;
-            sqlite3_open(modFiles::HostPath(path).c_str(), &engine);
+            sqlite3_open(test::FilesystemPath(path).c_str(), &engine);
             const int code = sqlite3_exec(engine, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
             const bool isTold = write(m_ready[1], "!", 1) == 1;
             std::this_thread::sleep_for(time);
@@ -188,7 +190,7 @@ TEST_F(DatabaseTest, RecordsetsOfAClosedDatabaseAreInvalid) {
 TEST_F(DatabaseTest, AWriteThatAnotherConnectionKeepsOutIsToldAsLocked) {
     Add("a", 1);
     sqlite3* other = nullptr;
-    ASSERT_EQ(sqlite3_open(modFiles::HostPath(m_path).c_str(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_open(test::FilesystemPath(m_path).c_str(), &other), SQLITE_OK);
     ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
     m_database.SetPatience(std::chrono::milliseconds(20));
     EXPECT_EQ(ErrorNumberOf([&] { Add("b", 2); }), databaseerror::kLocked);
@@ -232,7 +234,7 @@ TEST_F(DatabaseTest, ReadingAfterWritingSeesWhatOthersWrote) {
 
 TEST_F(DatabaseTest, TheLogDoesNotGrowWithTheRows) {
     std::uintmax_t largest = 0;
-    const auto log = modFiles::HostPath(m_path + "-wal");
+    const auto log = test::FilesystemPath(m_path + "-wal");
     for (int i = 0; i < 6000; ++i) {
         Add("row", i);
         largest = std::max(largest, std::filesystem::file_size(log));
@@ -316,7 +318,7 @@ TEST_F(DatabaseTest, DeletingTakesTheCompanionsAlong) {
     m_database.Close();
     m_folder.Write("Test.mdb-wal", "x");
     m_folder.Write("Test.mdb-shm", "x");
-    std::filesystem::permissions(modFiles::HostPath(m_path), std::filesystem::perms::owner_read);
+    std::filesystem::permissions(test::FilesystemPath(m_path), std::filesystem::perms::owner_read);
     Database::DeleteFile(m_path);
     EXPECT_THAT(FilesInFolder(), testing::IsEmpty());
     Database::DeleteFile(m_path);  // nothing there is no failure
@@ -365,7 +367,7 @@ TEST_F(DatabaseTest, AReservationThatAProcessLeftBehindIsTaken) {
 TEST_F(DatabaseTest, ACompanionThatTheEngineWouldWaitForIsRefused) {
     m_database.Close();
     for (const char* companion : {"-journal", "-wal", "-shm"}) {
-        const std::filesystem::path file = modFiles::HostPath(m_path).native() + companion;
+        const std::filesystem::path file = test::FilesystemPath(m_path).native() + companion;
         ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
         EXPECT_THROW(m_database.Open(m_path), OutputRefusal);
         EXPECT_THROW(Database::NeedRoom(m_path), OutputRefusal);

@@ -1,6 +1,7 @@
 #include "platform/host/OutputRefusal.h"
 
 #include "platform/host/modFiles.h"
+#include "support/FilesystemPaths.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -44,7 +45,7 @@ protected:
     /// What is said of the place; empty where a file may be written there.
     static std::string SentenceFor(const fs::path& place) {
         try {
-            modObstacles::NeedFile(place);
+            modObstacles::NeedFile(test::ToHostPath(place));
         } catch (const BasicError& failure) {
             EXPECT_EQ(failure.Number(), runtimeerror::kPathFileAccess);
             return OutputRefusal::SentenceIn(failure);
@@ -78,11 +79,11 @@ TEST_F(OutputRefusalTest, EveryOtherThingIsNamedWithItsPlaceAndTheRemedy) {
 }
 
 TEST_F(OutputRefusalTest, AFolderIsNeededToBeOneAndNoLinkToOne) {
-    EXPECT_NO_THROW(modObstacles::NeedFolder(Host("folder")));
-    EXPECT_NO_THROW(modObstacles::NeedFolder(Host("absent/")));
+    EXPECT_NO_THROW(modObstacles::NeedFolder(test::ToHostPath(Host("folder"))));
+    EXPECT_NO_THROW(modObstacles::NeedFolder(test::ToHostPath(Host("absent/"))));
     fs::create_directory_symlink("folder", Host("way"));
     for (const std::string name : {"way", "way/", "victim", "pipe"}) {
-        EXPECT_THROW(modObstacles::NeedFolder(Host(name)), OutputRefusal) << name;
+        EXPECT_THROW(modObstacles::NeedFolder(test::ToHostPath(Host(name))), OutputRefusal) << name;
     }
 }
 

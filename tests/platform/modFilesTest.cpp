@@ -1,6 +1,7 @@
 #include "platform/host/modFiles.h"
 
 #include "base/BasicError.h"
+#include "support/FilesystemPaths.h"
 #include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
@@ -34,7 +35,7 @@ std::int32_t ErrorOf(const std::function<void()>& call) {
 
 class modFilesTest : public testing::Test {
 protected:
-    ~modFilesTest() override { modFiles::SetNameCodePage(1252); }
+    ~modFilesTest() override { modHostPath::SetNameCodePage(1252); }
 
     std::string Inside(const std::string& name) const { return m_folder.Path() + name; }
     fs::path Host(const std::string& name) const { return m_folder.HostPath() / name; }
@@ -54,17 +55,17 @@ protected:
 
 TEST_F(modFilesTest, BackslashesBecomeTheHostsSeparators) {
     Put("sub/a.bas");
-    EXPECT_EQ(modFiles::HostPath(Inside("sub\\a.bas")), Host("sub/a.bas"));
-    EXPECT_EQ(modFiles::HostPath(Inside("sub/a.bas")), Host("sub/a.bas"));
-    EXPECT_EQ(modFiles::HostPath(Inside("\\sub\\\\a.bas")), Host("sub/a.bas"));
-    EXPECT_EQ(modFiles::HostPath("\\"), "/");
+    EXPECT_EQ(test::FilesystemPath(Inside("sub\\a.bas")), Host("sub/a.bas"));
+    EXPECT_EQ(test::FilesystemPath(Inside("sub/a.bas")), Host("sub/a.bas"));
+    EXPECT_EQ(test::FilesystemPath(Inside("\\sub\\\\a.bas")), Host("sub/a.bas"));
+    EXPECT_EQ(test::FilesystemPath("\\"), "/");
 }
 
 TEST_F(modFilesTest, PartsThatMatchOnlyCaseBlindAreFound) {
     Put("Forms/frmMain.FRM");
     Put("Übung/Ärger.bas");
-    EXPECT_EQ(modFiles::HostPath(Inside("forms\\FRMMAIN.frm")), Host("Forms/frmMain.FRM"));
-    EXPECT_EQ(modFiles::HostPath(Inside("üBUNG\\ärger.BAS")), Host("Übung/Ärger.bas"));
+    EXPECT_EQ(test::FilesystemPath(Inside("forms\\FRMMAIN.frm")), Host("Forms/frmMain.FRM"));
+    EXPECT_EQ(test::FilesystemPath(Inside("üBUNG\\ärger.BAS")), Host("Übung/Ärger.bas"));
     EXPECT_TRUE(modFiles::FileExists(Inside("FORMS\\frmmain.frm")));
     EXPECT_TRUE(modFiles::FolderExists(Inside("FORMS")));
 }
@@ -81,8 +82,8 @@ TEST_F(modFilesTest, ExactNameIsPreferredToOneThatDiffersInCase) {
 TEST_F(modFilesTest, FileIsFoundInTheTwinFolderThatHoldsIt) {
     Put("Shared/modA.bas");
     Put("shared/modB.bas");
-    EXPECT_EQ(modFiles::HostPath(Inside("shared\\modA.bas")), Host("Shared/modA.bas"));
-    EXPECT_EQ(modFiles::HostPath(Inside("SHARED\\MODB.bas")), Host("shared/modB.bas"));
+    EXPECT_EQ(test::FilesystemPath(Inside("shared\\modA.bas")), Host("Shared/modA.bas"));
+    EXPECT_EQ(test::FilesystemPath(Inside("SHARED\\MODB.bas")), Host("shared/modB.bas"));
 }
 
 TEST_F(modFilesTest, ManyFoldersThatDifferOnlyInCaseEndTheSearchAllTheSame) {
@@ -101,8 +102,8 @@ TEST_F(modFilesTest, ManyFoldersThatDifferOnlyInCaseEndTheSearchAllTheSame) {
 
 TEST_F(modFilesTest, WhatIsFoundNowhereIsKeptAsWrittenBelowTheFolderThatWasMeant) {
     Put("Results/old.txt");
-    EXPECT_EQ(modFiles::HostPath(Inside("RESULTS\\New.txt")), Host("Results/New.txt"));
-    EXPECT_EQ(modFiles::HostPath(Inside("RESULTS\\Sub\\New.txt")), Host("Results/Sub/New.txt"));
+    EXPECT_EQ(test::FilesystemPath(Inside("RESULTS\\New.txt")), Host("Results/New.txt"));
+    EXPECT_EQ(test::FilesystemPath(Inside("RESULTS\\Sub\\New.txt")), Host("Results/Sub/New.txt"));
 }
 
 TEST_F(modFilesTest, FileThatAppearsDuringTheRunIsFound) {
@@ -128,11 +129,11 @@ TEST_F(modFilesTest, FileThatDisappearsDuringTheRunIsMissing) {
 TEST_F(modFilesTest, ParentPartsAreTakenOffAsText) {
     Put("Shared/a.bas");
     fs::create_directory(Host("Project"));
-    EXPECT_EQ(modFiles::HostPath(Inside("Project\\..\\Shared\\a.bas")), Host("Shared/a.bas"));
-    EXPECT_EQ(modFiles::HostPath(Inside("absent\\..\\shared\\.\\A.bas")), Host("Shared/a.bas"));
-    EXPECT_EQ(modFiles::HostPath("\\..\\.."), "/");
-    EXPECT_EQ(modFiles::HostPath("..\\..\\no such file"), "../../no such file");
-    EXPECT_EQ(modFiles::HostPath("no such folder\\.."), ".");
+    EXPECT_EQ(test::FilesystemPath(Inside("Project\\..\\Shared\\a.bas")), Host("Shared/a.bas"));
+    EXPECT_EQ(test::FilesystemPath(Inside("absent\\..\\shared\\.\\A.bas")), Host("Shared/a.bas"));
+    EXPECT_EQ(test::FilesystemPath("\\..\\.."), "/");
+    EXPECT_EQ(test::FilesystemPath("..\\..\\no such file"), "../../no such file");
+    EXPECT_EQ(test::FilesystemPath("no such folder\\.."), ".");
 }
 
 TEST_F(modFilesTest, DriveLettersNetworkPathsNulsAndTheEmptyPathNameNothing) {
@@ -146,7 +147,7 @@ TEST_F(modFilesTest, DriveLettersNetworkPathsNulsAndTheEmptyPathNameNothing) {
              Inside("a.bas") + std::string(1, '\0') + "b",
          }) {
         Put("a.bas");
-        EXPECT_EQ(modFiles::HostPath(path), fs::path()) << path;
+        EXPECT_EQ(test::FilesystemPath(path), fs::path()) << path;
         EXPECT_FALSE(modFiles::FileExists(path)) << path;
         EXPECT_FALSE(modFiles::FolderExists(path)) << path;
         for (const auto& call : std::vector<std::function<void()>>{
@@ -194,22 +195,22 @@ TEST_F(modFilesTest, NameThatIsNotUtf8IsFoundThroughItsCodePage) {
 TEST_F(modFilesTest, NameCodePageServesEveryOperationThatNamesNone) {
     Put("\xD4\xEE\xF0\xEC\xE0.frm", "Cyrillic");
     EXPECT_FALSE(modFiles::FileExists(Inside("Форма.frm")));
-    modFiles::SetNameCodePage(1251);
+    modHostPath::SetNameCodePage(1251);
     EXPECT_TRUE(modFiles::FileExists(Inside("Форма.frm")));
     EXPECT_EQ(modFiles::FolderEntries(m_folder.Path()).at(0).Name, "Форма.frm");
 }
 
 TEST_F(modFilesTest, HostPathReadsBackAsTheProgramsPath) {
-    EXPECT_EQ(modFiles::FromHostPath("/home/ann/a.vbp"), "\\home\\ann\\a.vbp");
-    EXPECT_EQ(modFiles::FromHostPath("sub/a.vbp"), "sub\\a.vbp");
-    EXPECT_EQ(modFiles::FromHostPath("/home/ann/"), "\\home\\ann\\");
-    EXPECT_EQ(modFiles::FromHostPath("/"), "\\");
-    EXPECT_EQ(modFiles::FromHostPath(""), "");
-    EXPECT_EQ(modFiles::FromHostPath("/K\xE4se/\xC3\xA4.vbp"), "\\Käse\\ä.vbp");
-    EXPECT_EQ(modFiles::FromHostPath("/\x95\x5C/a", 932), "\\表\\a");
+    EXPECT_EQ(test::ProgramPath("/home/ann/a.vbp"), "\\home\\ann\\a.vbp");
+    EXPECT_EQ(test::ProgramPath("sub/a.vbp"), "sub\\a.vbp");
+    EXPECT_EQ(test::ProgramPath("/home/ann/"), "\\home\\ann\\");
+    EXPECT_EQ(test::ProgramPath("/"), "\\");
+    EXPECT_EQ(test::ProgramPath(""), "");
+    EXPECT_EQ(test::ProgramPath("/K\xE4se/\xC3\xA4.vbp"), "\\Käse\\ä.vbp");
+    EXPECT_EQ(test::ProgramPath("/\x95\x5C/a", 932), "\\表\\a");
     Put("\x95\x5C/a.vbp");
-    const std::string path = modFiles::FromHostPath(Host("\x95\x5C/a.vbp"), 932);
-    EXPECT_EQ(modFiles::HostPath(path, 932), Host("\x95\x5C/a.vbp"));
+    const std::string path = test::ProgramPath(Host("\x95\x5C/a.vbp"), 932);
+    EXPECT_EQ(test::FilesystemPath(path, 932), Host("\x95\x5C/a.vbp"));
 }
 
 TEST_F(modFilesTest, FileExistsIsTrueForFilesOnlyAndFolderExistsForFoldersOnly) {
@@ -268,7 +269,7 @@ TEST_F(modFilesTest, StampChangesWithSizeAndTimeAndWithNothingElse) {
     EXPECT_GT(stamp.Modified, 0);
     modFiles::ReadBytes(Inside("a.bin"));
     EXPECT_EQ(modFiles::StampOf(Inside("a.bin")), stamp);
-    const std::filesystem::path host = modFiles::HostPath(Inside("a.bin"));
+    const std::filesystem::path host = test::FilesystemPath(Inside("a.bin"));
     const auto time = std::filesystem::last_write_time(host);
     std::filesystem::last_write_time(host, time + std::chrono::microseconds(3));
     const modFiles::FileStamp later = modFiles::StampOf(Inside("a.bin"));

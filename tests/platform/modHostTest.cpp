@@ -71,6 +71,8 @@ TEST(modHost, AnInstalledClockTellsTheTime) {
     {
         const ScopedInstall guard(clock);
         EXPECT_EQ(modHost::Now(), (DateTime{2026, 11, 21, 14, 5, 9}));
+        EXPECT_EQ(modHost::ExactNow().Time, modHost::Now());
+        EXPECT_EQ(modHost::ExactNow().Fraction, 0);
     }
     EXPECT_EQ(modHost::Install(static_cast<IClock*>(nullptr)), nullptr)
         << "the guard has cleaned up";
@@ -84,6 +86,16 @@ TEST(modHost, TheMachinesClockGivesAPossibleTime) {
     EXPECT_TRUE(now.Hour >= 0 && now.Hour <= 23);
     EXPECT_TRUE(now.Minute >= 0 && now.Minute <= 59);
     EXPECT_TRUE(now.Second >= 0 && now.Second <= 60);
+}
+
+TEST(modHost, TheMachinesClockMovesWithinASecond) {
+    const double before = modHost::ExactNow().Fraction;
+    double after = before;
+    for (int look = 0; look < 1'000'000 && after == before; ++look) {
+        after = modHost::ExactNow().Fraction;
+        EXPECT_TRUE(after >= 0 && after < 1);
+    }
+    EXPECT_NE(after, before);
 }
 
 TEST(modHost, MessagesGoToTheInstalledBoxOnly) {

@@ -1,6 +1,6 @@
 #include "platform/host/modPrivateFolder.h"
 
-#include "platform/host/modFiles.h"
+#include "support/FilesystemPaths.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -45,7 +45,7 @@ protected:
 
 TEST_F(modPrivateFolderTest, Create_NamesTheProcessAndKeepsOthersOut) {
     const std::string path = modPrivateFolder::Create(m_folder.Path(), "Dorvik");
-    const fs::path host = modFiles::HostPath(path);
+    const fs::path host = test::FilesystemPath(path);
     EXPECT_TRUE(path.ends_with('\\'));
     const std::string name = host.parent_path().filename().string();
     EXPECT_TRUE(name.starts_with("Dorvik" + std::to_string(::getpid()) + "-")) << name;

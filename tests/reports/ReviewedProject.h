@@ -8,6 +8,7 @@
 #include "rulebase/model/Rulebase.h"
 #include "settings/DVKWorkData.h"
 #include "source/VirtualObject.h"
+#include "support/FilesystemPaths.h"
 
 #include <memory>
 #include <string>
@@ -38,7 +39,7 @@ public:
 
     /// `path` names the database, which is copied from the template of the build.
     explicit ReviewedProject(std::string path) : m_path(std::move(path)) {
-        modFiles::CopyFile(modFiles::FromHostPath(DORVIK_RESULTS_TEMPLATE), m_path);
+        modFiles::CopyFile(test::ProgramPath(DORVIK_RESULTS_TEMPLATE), m_path);
         m_rulebase.SetTitle("House rules");
         m_rulebase.SetVersion("2.0.0007");
         for (std::int32_t level = 1; level <= 5; ++level) {

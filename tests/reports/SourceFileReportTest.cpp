@@ -1,6 +1,8 @@
 #include "SmallReviewFixture.h"
 #include "criteria/ProgressInfo.h"
 #include "reports/format/modReportFilename.h"
+#include "platform/host/modFiles.h"
+#include "support/FilesystemPaths.h"
 
 #include <utility>
 
@@ -92,7 +94,7 @@ protected:
 
     static std::string Golden(const char* name) {
         return modFiles::ReadBytes(
-            modFiles::FromHostPath(DORVIK_REPORTS_GOLDEN) + "\\" + name + ".html.expected");
+            test::ProgramPath(DORVIK_REPORTS_GOLDEN) + "\\" + name + ".html.expected");
     }
 
     std::string FormPage() const {

@@ -1,7 +1,9 @@
 // What a process that is killed in the middle of a review leaves behind, and what others see of it
 // while it is at work. tests/cli/KilledReviewTest.cpp kills the program itself.
 
+#include "platform/host/modFiles.h"
 #include "results/ResultsDBFixture.h"
+#include "support/FilesystemPaths.h"
 #include "support/KillRounds.h"
 
 #include <sqlite3.h>
@@ -81,7 +83,7 @@ protected:
     /// A whole review, from taking away the file of the one before to closing the finished database.
     void Review(const ReviewProcess& process, std::int32_t violations) {
         Database::DeleteFile(m_path);
-        Database::CopyFile(modFiles::FromHostPath(DORVIK_RESULTS_TEMPLATE), m_path);
+        Database::CopyFile(test::ProgramPath(DORVIK_RESULTS_TEMPLATE), m_path);
         ResultsDB results;
         if (!results.StartReview(m_path, m_rulebase, m_criteria)) {
             _exit(2);
@@ -120,8 +122,8 @@ protected:
 
     /// Copies the file with its log, so that the next review finds what the killed one left.
     std::string CopyOfWhatIsLeft() const {
-        const auto source = modFiles::HostPath(m_path);
-        const auto target = modFiles::HostPath(m_path).parent_path() / "Left.mdb";
+        const auto source = test::FilesystemPath(m_path);
+        const auto target = test::FilesystemPath(m_path).parent_path() / "Left.mdb";
         for (const char* const companion : {"", "-wal", "-shm", "-journal"}) {
             const auto from = std::filesystem::path(source).concat(companion);
             const auto to = std::filesystem::path(target).concat(companion);
@@ -130,7 +132,7 @@ protected:
                 std::filesystem::copy_file(from, to);
             }
         }
-        return modFiles::FromHostPath(target);
+        return test::ProgramPath(target);
     }
 
     /// Asks the bare engine, as its own command line tool would.
@@ -141,7 +143,7 @@ protected:
             *static_cast<std::string*>(text) += values[0] != nullptr ? values[0] : "";
             return 0;
         };
-        EXPECT_EQ(sqlite3_open(modFiles::HostPath(path).c_str(), &engine), SQLITE_OK);
+        EXPECT_EQ(sqlite3_open(test::FilesystemPath(path).c_str(), &engine), SQLITE_OK);
         EXPECT_EQ(sqlite3_exec(engine, sql, note, &answer, nullptr), SQLITE_OK)
             << sqlite3_errmsg(engine);
         sqlite3_close(engine);

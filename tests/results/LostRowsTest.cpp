@@ -2,6 +2,7 @@
 
 #include "results/ResultsDB.h"
 #include "results/ResultsDBFixture.h"
+#include "support/FilesystemPaths.h"
 
 #include <sqlite3.h>
 
@@ -20,7 +21,7 @@ protected:
     /// Another user of the file holds the lock for writing. Nobody waits for it.
     void Lock() {
         m_results.SetPatience(std::chrono::milliseconds(0));
-        ASSERT_EQ(sqlite3_open(modFiles::HostPath(m_path).c_str(), &m_other), SQLITE_OK);
+        ASSERT_EQ(sqlite3_open(test::FilesystemPath(m_path).c_str(), &m_other), SQLITE_OK);
         ASSERT_EQ(sqlite3_exec(m_other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
     }
     void Unlock() { sqlite3_close(std::exchange(m_other, nullptr)); }

@@ -10,6 +10,7 @@
 #include "settings/DVKWorkData.h"
 #include "source/VirtualObject.h"
 #include "support/CapturedLog.h"
+#include "support/FilesystemPaths.h"
 #include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
@@ -33,7 +34,7 @@ public:
 class ResultsDBFixture : public testing::Test {
 protected:
     void SetUp() override {
-        modFiles::CopyFile(modFiles::FromHostPath(DORVIK_RESULTS_TEMPLATE), m_path);
+        modFiles::CopyFile(test::ProgramPath(DORVIK_RESULTS_TEMPLATE), m_path);
         m_criteria.LoadCriteria().SetDirty(false);
     }
 

@@ -1,7 +1,9 @@
 #include "results/ResultsDB.h"
 
+#include "platform/host/modFiles.h"
 #include "results/ResultsDBFixture.h"
 #include "results/modTolerances.h"
+#include "support/FilesystemPaths.h"
 
 namespace dorvik {
 namespace {
@@ -110,7 +112,7 @@ TEST_F(ResultsDBTest, ASecondReviewHasNothingOfTheFirst) {
     m_results.EndReview(1);
     m_results.CloseReview();
     Database::DeleteFile(m_path);
-    modFiles::CopyFile(modFiles::FromHostPath(DORVIK_RESULTS_TEMPLATE), m_path);
+    modFiles::CopyFile(test::ProgramPath(DORVIK_RESULTS_TEMPLATE), m_path);
     Start();
     SetUpProject("New");
     EXPECT_THAT(Rows("SELECT Name FROM Projects"), ElementsAre("New"));

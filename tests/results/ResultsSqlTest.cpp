@@ -3,6 +3,7 @@
 
 #include "results/FilledResultsFixture.h"
 #include "results/modViolationListSql.h"
+#include "support/FilesystemPaths.h"
 
 namespace dorvik {
 namespace {
@@ -404,7 +405,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(ResultsSqlTemplate, HoldsItsTablesAndOnlyTheVersion) {
     Database database;
-    database.Open(modFiles::FromHostPath(DORVIK_RESULTS_TEMPLATE));
+    database.Open(test::ProgramPath(DORVIK_RESULTS_TEMPLATE));
     for (const std::string table :
          {"Review",
           "CategoryList",

@@ -1,11 +1,11 @@
 #include "criteria/ReviewCriteria.h"
 #include "parser/ScopeName.h"
 #include "parser/VB6ParserState.h"
-#include "platform/host/modFiles.h"
 #include "review/IProjectEventListener.h"
 #include "review/ProjectEventWalk.h"
 #include "rulebase/catalogue/modEventScope.h"
 #include "settings/DVKWorkData.h"
+#include "support/FilesystemPaths.h"
 
 #include <gtest/gtest.h>
 
@@ -58,7 +58,7 @@ TEST(EventScopeOfSamples, WhatIsPromisedIsThere) {
         VirtualProject project;
         const std::filesystem::path file =
             std::filesystem::path(DORVIK_SAMPLES_FOLDER) / name / (std::string(name) + ".vbp");
-        ASSERT_EQ(project.LoadProject(modFiles::FromHostPath(file)), ProjectLoadStatus::Good);
+        ASSERT_EQ(project.LoadProject(test::ProgramPath(file)), ProjectLoadStatus::Good);
         EXPECT_TRUE(ProjectEventWalk(project, ReviewCriteria(DVKWorkData()), listener).Run());
     }
     EXPECT_EQ(listener.FailedFiles, 0);

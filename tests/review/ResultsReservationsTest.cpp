@@ -2,6 +2,7 @@
 
 #include "platform/host/FileInUse.h"
 #include "platform/host/FileInUseMark.h"
+#include "support/FilesystemPaths.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +12,7 @@ namespace {
 
 TEST(ResultsReservations, AreKeptUntilTheyAreGone) {
     const test::TemporaryFolder folder;
-    const auto file = folder.HostPath() / "lock";
+    const auto file = test::ToHostPath(folder.HostPath() / "lock");
     {
         ResultsReservations kept;
         kept.Keep(FileInUseMark::SetAlone(file, ""));
@@ -23,7 +24,7 @@ TEST(ResultsReservations, AreKeptUntilTheyAreGone) {
 TEST(ResultsReservations, OfALongRowTheFirstAreGivenUp) {
     const test::TemporaryFolder folder;
     const auto file = [&folder](std::size_t number) {
-        return folder.HostPath() / std::to_string(number);
+        return test::ToHostPath(folder.HostPath() / std::to_string(number));
     };
     ResultsReservations kept;
     for (std::size_t number = 0; number <= ResultsReservations::kMost; ++number) {

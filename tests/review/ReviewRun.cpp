@@ -9,6 +9,7 @@
 #include "rulebase/model/Rulebase.h"
 #include "rulebase/model/UnauthorisedKeyword.h"
 #include "settings/modGlobal.h"
+#include "support/FilesystemPaths.h"
 
 namespace dorvik::test {
 
@@ -21,7 +22,7 @@ std::string WithLineEnds(const std::string& text) {
 HostFacts FactsIn(const TemporaryFolder& folder) {
     HostFacts facts;
     facts.LogonName = "reviewer";
-    facts.ProgramFolder = modFiles::FromHostPath(DORVIK_PROGRAM_FOLDER) + "\\";
+    facts.ProgramFolder = test::ProgramPath(DORVIK_PROGRAM_FOLDER) + "\\";
     facts.UserDataFolder = folder.Path("user\\");
     return facts;
 }

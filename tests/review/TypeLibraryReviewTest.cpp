@@ -1,6 +1,8 @@
 #include "RulesInReview.h"
 #include "platform/host/ITypeLibrarySource.h"
 #include "platform/host/modFiles.h"
+#include "rulebase/model/TagItem.h"
+#include "support/FilesystemPaths.h"
 #include "typelib/TypeLibraryStore.h"
 
 #include <gmock/gmock.h>
@@ -169,7 +171,7 @@ TEST(TypeLibraryReview, LibraryWhoseNameIsTakenIsCountedAndLogged) {
 
 TEST(TypeLibraryReview, CatalogueOfTheProgramKnowsTheTypesOfVisualBasicItself) {
     TypeLibraryStore store(
-        {{}, {modFiles::FromHostPath(DORVIK_PROGRAM_FOLDER) + "\\Data\\type-catalogue"}, ""});
+        {{}, {test::ProgramPath(DORVIK_PROGRAM_FOLDER) + "\\Data\\type-catalogue"}, ""});
     RulesInReview review;
     review.Review().SetTypeLibraries(store);
     AddTypeTagRule(review);

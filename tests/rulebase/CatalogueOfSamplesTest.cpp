@@ -2,7 +2,6 @@
 #include "parser/ScopeName.h"
 #include "parser/VB6Parser.h"
 #include "parser/VB6ParserState.h"
-#include "platform/host/modFiles.h"
 #include "rulebase/catalogue/ObjectCatalogue.h"
 #include "rulebase/catalogue/ObjectHelper.h"
 #include "rulebase/catalogue/PropertyCatalogue.h"
@@ -10,6 +9,7 @@
 #include "source/VirtualProject.h"
 #include "source/VirtualSourceFile.h"
 #include "source/modMemberStats.h"
+#include "support/FilesystemPaths.h"
 
 #include <gtest/gtest.h>
 
@@ -50,8 +50,7 @@ public:
         VB6ParserState state;
         m_state = &state;
         VirtualProject project;
-        ASSERT_EQ(
-            project.LoadProject(modFiles::FromHostPath(projectFile)), ProjectLoadStatus::Good);
+        ASSERT_EQ(project.LoadProject(test::ProgramPath(projectFile)), ProjectLoadStatus::Good);
         project.ProjectStats()->SetHasLSTATS(true);
         state.Attach(project.ProjectStats(), scopename::kProject);
         modMemberStats::InitialiseProjectMemberStats(project);

@@ -1,9 +1,9 @@
 #include "rulebase/check/RulebaseCheck.h"
 
-#include "platform/host/modFiles.h"
 #include "rulebase/RulebaseText.h"
 #include "rulebase/check/IScriptChecker.h"
 #include "support/CapturedLog.h"
+#include "support/FilesystemPaths.h"
 #include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
@@ -110,8 +110,8 @@ RulebaseText WithNaming(const NamingParts& parts) {
 TEST(RulebaseCheck, TheSampleRulebaseIsClean) {
     const test::CapturedLog log;
     RulebaseCheck check;
-    ASSERT_TRUE(check.Run(
-        modFiles::FromHostPath(std::filesystem::path(DORVIK_DATA_FOLDER) / "Sample.dvk")));
+    ASSERT_TRUE(
+        check.Run(test::ProgramPath(std::filesystem::path(DORVIK_DATA_FOLDER) / "Sample.dvk")));
     EXPECT_THAT(TextsOf(check), IsEmpty());
 }
 

@@ -1,7 +1,7 @@
-#include "platform/host/modFiles.h"
 #include "platform/regex/RegularExpression.h"
 #include "rulebase/file/RulebaseManager.h"
 #include "support/CapturedLog.h"
+#include "support/FilesystemPaths.h"
 #include "support/RecordingMessageBox.h"
 #include "support/TemporaryFolder.h"
 
@@ -20,7 +20,7 @@ std::unique_ptr<Rulebase> LoadSample(bool forEdit) {
     RulebaseManager manager("DVKWork", folder.Path());
     RulebaseLoadCriteria criteria;
     criteria.SetRulebaseFile(
-        modFiles::FromHostPath(std::filesystem::path(DORVIK_DATA_FOLDER) / "Sample.dvk"));
+        test::ProgramPath(std::filesystem::path(DORVIK_DATA_FOLDER) / "Sample.dvk"));
     criteria.SetUnauthorisedKeywords(true);
     criteria.SetLoadForEdit(forEdit);
     for (std::int32_t level = 1; level <= 5; ++level) {

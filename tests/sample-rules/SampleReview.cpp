@@ -11,6 +11,7 @@
 #include "rulebase/model/IRule.h"
 #include "rulebase/model/Rulebase.h"
 #include "settings/modGlobal.h"
+#include "support/FilesystemPaths.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -36,7 +37,7 @@ constexpr const char* kUsualLines[] = {
 HostFacts FactsIn(const TemporaryFolder& folder) {
     HostFacts facts;
     facts.LogonName = "reviewer";
-    facts.ProgramFolder = modFiles::FromHostPath(DORVIK_PROGRAM_FOLDER) + "\\";
+    facts.ProgramFolder = test::ProgramPath(DORVIK_PROGRAM_FOLDER) + "\\";
     facts.UserDataFolder = folder.Path("user\\");
     return facts;
 }
@@ -74,7 +75,7 @@ std::string FileIn(const SampleSource& source, const std::string& file) {
 
 std::string SampleReview::RulebaseFile() {
     const char* const named = std::getenv("DORVIK_SAMPLE_RULEBASE");
-    return modFiles::FromHostPath(named != nullptr ? named : DORVIK_SAMPLE_RULEBASE);
+    return test::ProgramPath(named != nullptr ? named : DORVIK_SAMPLE_RULEBASE);
 }
 
 SampleReview::SampleReview() : m_facts(FactsIn(m_folder)), m_installedFacts(m_facts) {

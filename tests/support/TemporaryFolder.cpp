@@ -1,7 +1,7 @@
 #include "support/TemporaryFolder.h"
 
 #include "base/modUtf8.h"
-#include "platform/host/modFiles.h"
+#include "support/FilesystemPaths.h"
 
 #include <algorithm>
 #include <fstream>
@@ -46,7 +46,7 @@ void AllowDeletion(const fs::path& root) {
 }  // namespace
 
 TemporaryFolder::TemporaryFolder()
-    : m_hostPath(NewFolder()), m_path(modFiles::FromHostPath(m_hostPath) + "\\") {}
+    : m_hostPath(NewFolder()), m_path(test::ProgramPath(m_hostPath) + "\\") {}
 
 TemporaryFolder::~TemporaryFolder() {
     AllowDeletion(m_hostPath);

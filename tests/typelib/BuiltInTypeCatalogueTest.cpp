@@ -1,5 +1,6 @@
 #include "base/modTextCase.h"
 #include "platform/host/modFiles.h"
+#include "support/FilesystemPaths.h"
 #include "typelib/TypeCatalogue.h"
 
 #include <gmock/gmock.h>
@@ -17,7 +18,7 @@ using testing::IsEmpty;
 const TypeCatalogue& Catalogue() {
     static const TypeCatalogue catalogue = [] {
         TypeCatalogue read;
-        read.ReadFolder(modFiles::FromHostPath(DORVIK_TYPE_CATALOGUE));
+        read.ReadFolder(test::ProgramPath(DORVIK_TYPE_CATALOGUE));
         return read;
     }();
     return catalogue;
@@ -80,7 +81,7 @@ TEST(BuiltInTypeCatalogue, EveryFileGivesALibrary) {
     for (const CatalogueLibrary& library : Catalogue().Libraries()) {
         files.insert(library.CatalogueFile);
     }
-    const auto entries = modFiles::FolderEntries(modFiles::FromHostPath(DORVIK_TYPE_CATALOGUE));
+    const auto entries = modFiles::FolderEntries(test::ProgramPath(DORVIK_TYPE_CATALOGUE));
     EXPECT_EQ(files.size(), entries.size());
 }
 

@@ -1,15 +1,10 @@
 #include "cli/output/Console.h"
 
 #include "cli/output/modTerminalText.h"
-#include "platform/host/modFiles.h"
+#include "platform/host/modHostConsole.h"
+#include "platform/host/modHostPath.h"
 
-#include <cerrno>
-#include <csignal>
-#include <cstdlib>
-#include <fcntl.h>
-#include <sys/ioctl.h>
-#include <system_error>
-#include <unistd.h>
+#include <optional>
 
 namespace dorvik {
 
@@ -19,47 +14,23 @@ namespace {
 
 constexpr std::size_t kDefaultWidth = 80;
 
-/// The first failure to write to standard output; 0 while there was none.
-int g_outputError = 0;
+/// The first failure to write to standard output.
+std::optional<StreamFailure> g_outputFailure;
 
-/// The system's number of the failure; 0 if all of it was written.
-int Write(int descriptor, std::string_view text) {
-    while (!text.empty()) {
-        const ssize_t written = ::write(descriptor, text.data(), text.size());
-        if (written > 0) {
-            text.remove_prefix(static_cast<std::size_t>(written));
-        } else if (errno != EINTR) {
-            return errno;
-        }
-    }
-    return 0;
-}
-
-std::size_t WidthOf(int descriptor) {
-    winsize size{};
-    if (::ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) {
-        return size.ws_col;
-    }
-    return kDefaultWidth;
+std::size_t WidthOf(HostStream stream) {
+    const std::size_t width = modHostConsole::Width(stream);
+    return width > 0 ? width : kDefaultWidth;
 }
 
 }  // namespace
 
 void PrepareStreams() {
-    // A file that is opened must never get the number of a stream that the caller has closed: what is printed
-    // would go into it.
-    for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-        if (::fcntl(descriptor, F_GETFD) == -1) {
-            ::open("/dev/null", O_RDONLY);
-        }
-    }
-    // A reader that goes away shows in the failing write.
-    std::signal(SIGPIPE, SIG_IGN);
+    modHostConsole::Prepare();
 }
 
 void PrintData(std::string_view data) {
-    if (g_outputError == 0) {
-        g_outputError = Write(STDOUT_FILENO, data);
+    if (!g_outputFailure) {
+        g_outputFailure = modHostConsole::Write(HostStream::Output, data);
     }
 }
 
@@ -68,9 +39,8 @@ void Print(std::string_view text) {
 }
 
 std::string OutputFailure() {
-    return g_outputError == 0 || g_outputError == EPIPE
-               ? std::string()
-               : std::generic_category().message(g_outputError);
+    return !g_outputFailure || g_outputFailure->IsReaderGone() ? std::string()
+                                                               : g_outputFailure->Words();
 }
 
 void PrintError(std::string_view sentence) {
@@ -82,34 +52,33 @@ void PrintErrorLine(std::string_view line) {
 }
 
 void PrintErrorAsIs(std::string_view text) {
-    Write(STDERR_FILENO, text);
+    modHostConsole::Write(HostStream::Error, text);
 }
 
 bool OutputIsTerminal() {
-    return ::isatty(STDOUT_FILENO) == 1;
+    return modHostConsole::IsTerminal(HostStream::Output);
 }
 
 bool ErrorIsTerminal() {
-    return ::isatty(STDERR_FILENO) == 1;
+    return modHostConsole::IsTerminal(HostStream::Error);
 }
 
 std::size_t OutputWidth() {
-    return WidthOf(STDOUT_FILENO);
+    return WidthOf(HostStream::Output);
 }
 
 bool OutputIsColoured() {
-    const char* refused = std::getenv("NO_COLOR");
-    return OutputIsTerminal() && (refused == nullptr || *refused == '\0');
+    return modHostConsole::TakesColours(HostStream::Output);
 }
 
 std::size_t ErrorWidth() {
-    return WidthOf(STDERR_FILENO);
+    return WidthOf(HostStream::Error);
 }
 
 std::string ShownPath(std::string_view path) {
-    const std::filesystem::path host = modFiles::HostPath(path);
+    const HostPath host = modHostPath::FromProgram(path);
     // A Windows path that cannot exist here is shown as the project file has it.
-    return host.empty() ? std::string(path) : host.string();
+    return host.IsEmpty() ? std::string(path) : modHostPath::Shown(host);
 }
 
 }  // namespace modConsole

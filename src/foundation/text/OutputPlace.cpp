@@ -3,6 +3,7 @@
 #include "foundation/text/modUtilFunctions.h"
 #include "platform/host/OutputRefusal.h"
 #include "platform/host/modFiles.h"
+#include "platform/host/modHostPath.h"
 
 namespace dorvik {
 
@@ -17,7 +18,7 @@ void OutputPlace::MakeFolder() const {
     }
     if (!Below.empty()) {
         const std::string folder = modUtilFunctions::RemoveBackslash(Folder());
-        modObstacles::NeedFolder(modFiles::HostPath(folder));
+        modObstacles::NeedFolder(modHostPath::FromProgram(folder));
         modFiles::EnsureFolder(folder);
     }
 }

@@ -4,6 +4,8 @@
 #include "base/BasicError.h"
 #include "base/modTextCase.h"
 #include "platform/database/Database.h"
+#include "platform/host/modHostFolder.h"
+#include "platform/host/modHostPath.h"
 
 #include <sqlite3.h>
 
@@ -53,14 +55,14 @@ void StatementLease::GiveBack() {
     m_connection.reset();
 }
 
-Connection::Connection(const std::filesystem::path& file) {
-    std::error_code ignored;
-    m_hadLog = std::filesystem::exists(file.string() + "-wal", ignored);
+Connection::Connection(const HostPath& file) {
+    m_hadLog = modHostFolder::KindOf(file.WithEnding("-wal")) != FileKind::Nothing;
+    const std::string name = modHostPath::ForEngine(file);
     const int code = sqlite3_open_v2(
-        file.c_str(), &m_engine, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+        name.c_str(), &m_engine, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     try {
         if (code != SQLITE_OK) {
-            RaiseStoreError(m_engine, code, file.string());
+            RaiseStoreError(m_engine, code, modHostPath::Shown(file));
         }
         m_mark = FileInUseMark::Set(file);
         Configure();

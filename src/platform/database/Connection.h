@@ -3,9 +3,9 @@
 #include "PreparedStatement.h"
 #include "platform/database/JetSql.h"
 #include "platform/host/FileInUseMark.h"
+#include "platform/host/HostPath.h"
 
 #include <chrono>
-#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -71,7 +71,7 @@ private:
 /// takes all statements away at once.
 class Connection : public std::enable_shared_from_this<Connection> {
 public:
-    explicit Connection(const std::filesystem::path& file);
+    explicit Connection(const HostPath& file);
     ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;

@@ -6,19 +6,18 @@
 #include "base/BasicError.h"
 #include "platform/host/FileInUse.h"
 #include "platform/host/FileInUseMark.h"
-#include "platform/host/HostFile.h"
+#include "platform/host/HostError.h"
 #include "platform/host/OutputRefusal.h"
 #include "platform/host/UnfinishedFile.h"
 #include "platform/host/modFiles.h"
+#include "platform/host/modHostFolder.h"
+#include "platform/host/modHostPath.h"
+#include "platform/host/modHostProcess.h"
 
 #include <array>
-#include <cerrno>
-#include <unistd.h>
 #include <vector>
 
 namespace dorvik {
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -30,39 +29,33 @@ constexpr std::string_view kLock = "-lock";
 constexpr std::array<std::string_view, 3> kOfEngine = {"-wal", "-shm", "-journal"};
 
 /// Raises for a place that cannot exist on this machine.
-fs::path PossiblePlace(std::string_view path) {
-    fs::path file = modFiles::HostPath(path);
-    if (file.empty()) {
-        RaiseHostError(ENOENT, file, path);
+HostPath PossiblePlace(std::string_view path) {
+    HostPath file = modHostPath::FromProgram(path);
+    if (file.IsEmpty()) {
+        RaiseHostError(HostFailure::NoFolder, path);
     }
     return file;
 }
 
-fs::path Beside(const fs::path& file, std::string_view companion) {
-    return file.native() + std::string(companion);
-}
-
-/// The copies of a file left behind by processes that were killed, and those under way.
-std::vector<fs::path> CopiesOf(const fs::path& file) {
-    std::vector<fs::path> copies;
-    const std::string beginning = Beside(file.filename(), kNewCopy).string();
-    const fs::path folder = file.has_parent_path() ? file.parent_path() : ".";
-    std::error_code error;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error)) {
-        if (entry->path().filename().string().starts_with(beginning)) {
-            copies.push_back(entry->path());
+/// The copies of a file that processes left behind which were killed, and those under way.
+std::vector<HostPath> CopiesOf(const HostPath& file) {
+    std::vector<HostPath> copies;
+    const std::string beginning = std::string(file.Name()) + std::string(kNewCopy);
+    const HostPath folder = file.Folder();
+    const modHostFolder::FolderContent content = modHostFolder::Entries(folder);
+    for (const modHostFolder::Entry& entry : content.Entries) {
+        if (entry.Name.starts_with(beginning)) {
+            copies.push_back(folder / entry.Name);
         }
     }
     return copies;
 }
 
 /// The engine opens the companions of the file that a link leads to.
-void RequirePlainCompanions(const fs::path& file) {
-    std::error_code error;
-    const fs::path real = fs::canonical(file, error);
+void RequirePlainCompanions(const HostPath& file) {
+    const HostPath real = modHostPath::RealPath(file).value_or(file);
     for (const std::string_view companion : kOfEngine) {
-        modObstacles::NeedFile(Beside(error ? file : real, companion));
+        modObstacles::NeedFile(real.WithEnding(companion));
     }
 }
 
@@ -87,7 +80,7 @@ void Database::Open(std::string_view path) {
         throw BasicError(
             databaseerror::kFileNotFound, "Could not find file '" + std::string(path) + "'.");
     }
-    const fs::path file = modFiles::HostPath(path);
+    const HostPath file = modHostPath::FromProgram(path);
     RequirePlainCompanions(file);
     m_connection = std::make_shared<Connection>(file);
     SetPatience(kPatience);
@@ -172,42 +165,40 @@ void Database::AnalyseIndexes() {
 }
 
 void Database::NeedRoom(std::string_view path) {
-    const fs::path file = PossiblePlace(path);
+    const HostPath file = PossiblePlace(path);
     for (const std::string_view companion : {std::string_view(), kNewCopy, kLock}) {
-        modObstacles::NeedFile(Beside(file, companion));
+        modObstacles::NeedFile(file.WithEnding(companion));
     }
     RequirePlainCompanions(file);
 }
 
 std::shared_ptr<FileInUseMark> Database::Reserve(std::string_view path, std::string_view holder) {
-    return FileInUseMark::SetAlone(Beside(PossiblePlace(path), kLock), holder);
+    return FileInUseMark::SetAlone(PossiblePlace(path).WithEnding(kLock), holder);
 }
 
 void Database::CopyFile(std::string_view from, std::string_view to) {
     static int counter = 0;
     const std::string copy = std::string(to) + std::string(kNewCopy) + "-" +
-                             std::to_string(::getpid()) + "-" + std::to_string(++counter);
+                             std::to_string(modHostProcess::OwnNumber()) + "-" +
+                             std::to_string(++counter);
     const UnfinishedFile unfinished(copy);
     modFiles::CopyFile(from, copy);
-    std::error_code error;
-    fs::rename(modFiles::HostPath(copy), modFiles::HostPath(to), error);
-    if (error) {
+    if (modHostFolder::Replace(modHostPath::FromProgram(copy), modHostPath::FromProgram(to))) {
         modFiles::DeleteFile(copy);
         RaiseRuntimeError(runtimeerror::kPathFileAccess, std::string(to));
     }
 }
 
 void Database::DeleteFile(std::string_view path) {
-    const fs::path host = modFiles::HostPath(path);
-    if (host.empty()) {
+    const HostPath host = modHostPath::FromProgram(path);
+    if (host.IsEmpty()) {
         return;
     }
     if (modFiles::FileExists(path) && FileInUseMark::IsInUse(host)) {
         throw FileInUse(host);
     }
-    for (const fs::path& copy : CopiesOf(host)) {
-        std::error_code ignored;  // it is in no one's way
-        fs::remove(copy, ignored);
+    for (const HostPath& copy : CopiesOf(host)) {
+        modHostFolder::Delete(copy);  // where that fails, it is in nobody's way
     }
     // In this order a process killed in between leaves a file that opens, and never a log that the next file
     // of this name would take for its own: the journal, which only a file being changed has, goes last.

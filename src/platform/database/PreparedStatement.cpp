@@ -4,10 +4,10 @@
 #include "base/modText.h"
 #include "base/modTextCase.h"
 #include "platform/database/Database.h"
+#include "platform/host/HostFailure.h"
 
 #include <sqlite3.h>
 
-#include <cerrno>
 #include <limits>
 #include <utility>
 
@@ -26,8 +26,9 @@ bool HasNoRoom(sqlite3* engine) {
     if (log != nullptr && log->pMethods != nullptr) {
         log->pMethods->xFileControl(log, SQLITE_FCNTL_LAST_ERRNO, &ofLog);
     }
-    const auto isNoRoom = [](int error) {
-        return error == ENOSPC || error == EDQUOT || error == EFBIG;
+    const auto isNoRoom = [](int number) {
+        const HostFailure failure = modHostFailure::OfSystemNumber(number);
+        return failure == HostFailure::DiskFull || failure == HostFailure::TooLong;
     };
     return isNoRoom(ofFile) || isNoRoom(ofLog);
 }
@@ -35,7 +36,8 @@ bool HasNoRoom(sqlite3* engine) {
 /// Whether another process has deleted the file, before it was opened or since.
 bool IsGone(sqlite3* engine, int code) {
     const bool isNotFound =
-        (code & 0xFF) == SQLITE_CANTOPEN && sqlite3_system_errno(engine) == ENOENT;
+        (code & 0xFF) == SQLITE_CANTOPEN &&
+        modHostFailure::OfSystemNumber(sqlite3_system_errno(engine)) == HostFailure::NoFile;
     return isNotFound || sqlite3_extended_errcode(engine) == SQLITE_READONLY_DBMOVED;
 }
 

@@ -1,59 +1,66 @@
 #include "platform/host/HostError.h"
 
-#include <cerrno>
-#include <span>
+#include <cstddef>
+#include <iterator>
+#include <string>
 
 namespace dorvik {
 
 namespace {
 
-constexpr std::int32_t Code(std::uint32_t code) {
-    return static_cast<std::int32_t>(code);
-}
-constexpr std::int32_t kAccessDenied = Code(0x80070005);
-constexpr std::int32_t kWriteProtected = Code(0x80070013);
-constexpr std::int32_t kNotReady = Code(0x80070015);
-constexpr std::int32_t kNoSpace = Code(0x80070070);
-
-struct CodeRow {
-    int Number;
-    std::int32_t Code;
+struct FailureRow {
+    HostFailure Failure;
+    std::int32_t Number;  // of the run-time error
+    std::uint32_t Code;   // of the XML layer
 };
 
-// What the run-time errors do not distinguish.
-constexpr CodeRow kByErrorOfHost[] = {
-    {EROFS, kWriteProtected},
-    {ENXIO, kNotReady},
-    {ENODEV, kNotReady},
-    {ENOMEDIUM, kNotReady},
-    {EIO, kNotReady},
-    {ESTALE, kNotReady},
-    {EFBIG, kNoSpace},
+// In the order of the kinds.
+constexpr FailureRow kFailures[] = {
+    {HostFailure::NoFile, runtimeerror::kFileNotFound, 0x80070002},
+    {HostFailure::NoFolder, runtimeerror::kPathNotFound, 0x80070003},
+    {HostFailure::Denied, runtimeerror::kPermissionDenied, 0x80070005},
+    {HostFailure::WriteProtected, runtimeerror::kPathFileAccess, 0x80070013},
+    {HostFailure::InUse, runtimeerror::kPathFileAccess, 0x80070005},
+    {HostFailure::NotReady, runtimeerror::kPathFileAccess, 0x80070015},
+    {HostFailure::DiskFull, runtimeerror::kDiskFull, 0x80070070},
+    {HostFailure::TooLong, runtimeerror::kPathFileAccess, 0x80070070},
+    {HostFailure::NoOrdinaryFile, runtimeerror::kPathFileAccess, 0x80070005},
+    {HostFailure::AlreadyThere, runtimeerror::kPathFileAccess, 0x80070005},
+    {HostFailure::NotEmpty, runtimeerror::kPathFileAccess, 0x80070005},
+    {HostFailure::Other, runtimeerror::kPathFileAccess, 0x80070005},
 };
 
-constexpr CodeRow kByNumber[] = {
-    {runtimeerror::kFileNotFound, Code(0x80070002)},
-    {runtimeerror::kPathNotFound, Code(0x80070003)},
-    {runtimeerror::kDiskFull, kNoSpace},
-};
-
-const CodeRow* Find(std::span<const CodeRow> rows, int number) {
-    for (const CodeRow& row : rows) {
-        if (row.Number == number) {
-            return &row;
+constexpr bool HasEachKindInOrder() {
+    std::size_t index = 0;
+    for (const FailureRow& row : kFailures) {
+        if (static_cast<std::size_t>(row.Failure) != index++) {
+            return false;
         }
     }
-    return nullptr;
+    return index == static_cast<std::size_t>(HostFailure::Other) + 1;
+}
+static_assert(HasEachKindInOrder());
+
+constexpr const FailureRow& RowOf(HostFailure failure) {
+    return kFailures[static_cast<std::size_t>(failure)];
+}
+
+std::string Description(std::int32_t number, std::string_view path) {
+    return RuntimeErrorText(number) + ": '" + std::string(path) + "'";
 }
 
 }  // namespace
 
+HostError::HostError(HostFailure failure, std::string_view path)
+    : BasicError(RowOf(failure).Number, Description(RowOf(failure).Number, path)),
+      m_failure(failure) {}
+
 std::int32_t HostError::SystemCode() const {
-    const CodeRow* row = Find(kByErrorOfHost, m_errorOfHost);
-    if (row == nullptr) {
-        row = Find(kByNumber, Number());
-    }
-    return row == nullptr ? kAccessDenied : row->Code;
+    return static_cast<std::int32_t>(RowOf(m_failure).Code);
+}
+
+void RaiseHostError(HostFailure failure, std::string_view path) {
+    throw HostError(failure, path);
 }
 
 }  // namespace dorvik

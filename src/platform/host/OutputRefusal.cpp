@@ -1,54 +1,50 @@
 #include "platform/host/OutputRefusal.h"
 
-#include <system_error>
+#include "platform/host/modHostFolder.h"
+#include "platform/host/modHostPath.h"
 
 namespace dorvik {
 
-namespace fs = std::filesystem;
-
 namespace {
 
-std::string_view KindOf(fs::file_type type) {
-    switch (type) {
-        case fs::file_type::regular: return "file";
-        case fs::file_type::directory: return "folder";
-        case fs::file_type::fifo: return "pipe";
-        case fs::file_type::socket: return "socket";
-        case fs::file_type::block:
-        case fs::file_type::character: return "device";
-        case fs::file_type::symlink: return "link";
-        case fs::file_type::none:
-        case fs::file_type::not_found:
-        case fs::file_type::unknown: break;
+std::string_view NameOf(FileKind kind) {
+    switch (kind) {
+        case FileKind::File: return "file";
+        case FileKind::Folder: return "folder";
+        case FileKind::Link: return "link";
+        case FileKind::Pipe: return "pipe";
+        case FileKind::Socket: return "socket";
+        case FileKind::Device: return "device";
+        case FileKind::Nothing:
+        case FileKind::Unknown: break;
     }
     return "thing of an unknown kind";
 }
 
-void Require(const fs::path& place, fs::file_type wanted) {
-    std::error_code
-        ignored;  // what cannot be examined cannot be opened either, which then reports why
-    // "Folder/" would mean the target of the link.
-    const fs::path named = place.has_filename() ? place : place.parent_path();
-    const fs::file_type type = fs::symlink_status(named, ignored).type();
-    if (type == wanted || type == fs::file_type::not_found || type == fs::file_type::none) {
+void Require(const HostPath& place, FileKind wanted) {
+    // "Folder/" would be looked at after the link.
+    const HostPath named = place.Name().empty() ? place.Folder() : place;
+    const FileKind kind = modHostFolder::KindOfEntry(named);
+    // What cannot be looked at cannot be opened either, which tells why.
+    if (kind == wanted || kind == FileKind::Nothing) {
         return;
     }
     std::string what = "is a ";
-    what += KindOf(type);
-    if (type == fs::file_type::symlink) {
+    what += NameOf(kind);
+    if (kind == FileKind::Link) {
         what += ", and nothing is written through links";
     } else {
-        what.append(" where a ").append(KindOf(wanted)).append(" is needed");
+        what.append(" where a ").append(NameOf(wanted)).append(" is needed");
     }
     throw OutputRefusal(named, what);
 }
 
 }  // namespace
 
-OutputRefusal::OutputRefusal(const fs::path& place, std::string_view what)
+OutputRefusal::OutputRefusal(const HostPath& place, std::string_view what)
     : BasicError(
           runtimeerror::kPathFileAccess,
-          "'" + place.string() + "' " + std::string(what) +
+          "'" + modHostPath::Shown(place) + "' " + std::string(what) +
               ": remove it, or choose another folder for results and reports") {}
 
 std::string OutputRefusal::SentenceIn(const BasicError& failure) {
@@ -58,12 +54,12 @@ std::string OutputRefusal::SentenceIn(const BasicError& failure) {
 
 namespace modObstacles {
 
-void NeedFile(const fs::path& place) {
-    Require(place, fs::file_type::regular);
+void NeedFile(const HostPath& place) {
+    Require(place, FileKind::File);
 }
 
-void NeedFolder(const fs::path& place) {
-    Require(place, fs::file_type::directory);
+void NeedFolder(const HostPath& place) {
+    Require(place, FileKind::Folder);
 }
 
 }  // namespace modObstacles

@@ -1,12 +1,11 @@
 #include "platform/host/UnfinishedFile.h"
 
-#include "platform/host/modFiles.h"
+#include "platform/host/modHostFolder.h"
+#include "platform/host/modHostPath.h"
 
 #include <array>
 #include <atomic>
-#include <csignal>
 #include <string>
-#include <unistd.h>
 
 namespace dorvik {
 
@@ -22,15 +21,18 @@ constexpr std::size_t kNoSlot = kSlots;
 
 /// All that a signal handler reads: no memory is taken, and `IsTaken` is set last and cleared first.
 struct Slot {
-    volatile std::sig_atomic_t IsTaken = 0;
+    std::atomic<bool> IsTaken = false;
     std::array<std::array<char, kLongestPath>, kCompanions.size()> Paths{};
 };
 
+static_assert(std::atomic<bool>::is_always_lock_free, "a signal handler must not wait");
+
 std::array<Slot, kSlots> g_slots;
 
-bool Fill(Slot& slot, const std::string& path) {
+bool Fill(Slot& slot, const HostPath& path) {
     for (std::size_t which = 0; which < kCompanions.size(); ++which) {
-        const std::string file = path + std::string(kCompanions.at(which));
+        const HostPath companion = path.WithEnding(kCompanions.at(which));
+        const std::string& file = companion.Bytes();
         if (file.size() >= kLongestPath) {
             return false;
         }
@@ -41,11 +43,10 @@ bool Fill(Slot& slot, const std::string& path) {
 }
 
 std::size_t Take(std::string_view path) {
-    const std::string host = modFiles::HostPath(path).string();
-    for (std::size_t slot = 0; slot < kSlots && !host.empty(); ++slot) {
-        if (g_slots.at(slot).IsTaken == 0 && Fill(g_slots.at(slot), host)) {
-            std::atomic_signal_fence(std::memory_order_seq_cst);
-            g_slots.at(slot).IsTaken = 1;
+    const HostPath host = modHostPath::FromProgram(path);
+    for (std::size_t slot = 0; slot < kSlots && !host.IsEmpty(); ++slot) {
+        if (!g_slots.at(slot).IsTaken && Fill(g_slots.at(slot), host)) {
+            g_slots.at(slot).IsTaken = true;
             return slot;
         }
     }
@@ -58,17 +59,17 @@ UnfinishedFile::UnfinishedFile(std::string_view path) : m_slot(Take(path)) {}
 
 UnfinishedFile::~UnfinishedFile() {
     if (m_slot != kNoSlot) {
-        g_slots.at(m_slot).IsTaken = 0;
+        g_slots.at(m_slot).IsTaken = false;
     }
 }
 
 void UnfinishedFile::RemoveAll() noexcept {
     for (Slot& slot : g_slots) {
-        if (slot.IsTaken != 0) {
+        if (slot.IsTaken) {
             for (const auto& path : slot.Paths) {
-                ::unlink(path.data());
+                modHostFolder::DeleteAtOnce(path.data());
             }
-            slot.IsTaken = 0;
+            slot.IsTaken = false;
         }
     }
 }

@@ -1,73 +1,51 @@
 #include "platform/host/modFiles.h"
 
-#include "HostPathSearch.h"
-#include "base/BasicError.h"
 #include "base/modText.h"
 #include "base/modTextCase.h"
-#include "base/modUtf8.h"
-#include "modHostFolder.h"
+#include "platform/host/HostError.h"
 #include "platform/host/HostFile.h"
 #include "platform/host/OutputRefusal.h"
-#include "platform/host/modEncoding.h"
+#include "platform/host/modHostFolder.h"
+#include "platform/host/modHostProcess.h"
 
 #include <algorithm>
-#include <cerrno>
+#include <optional>
 #include <random>
-#include <sys/stat.h>
-#include <system_error>
-#include <unistd.h>
 
 namespace dorvik::modFiles {
 
 namespace {
 
-namespace fs = std::filesystem;
-
-int g_nameCodePage = modEncoding::kDefaultCodePage;
-
-int EffectiveCodePage(int codePage) {
-    return codePage == kNameCodePage ? g_nameCodePage : codePage;
-}
+using modHostPath::kNameCodePage;
 
 /// The host path of something that must be possible here; raises 76 otherwise.
-fs::path PossibleHostPath(std::string_view path, int codePage = kNameCodePage) {
-    fs::path host = HostPath(path, codePage);
-    if (host.empty()) {
-        RaiseHostError(ENOENT, host, path);
+HostPath PossibleHostPath(std::string_view path, int codePage = kNameCodePage) {
+    HostPath host = modHostPath::FromProgram(path, codePage);
+    if (host.IsEmpty()) {
+        RaiseHostError(HostFailure::NoFolder, path);
     }
     return host;
 }
 
-/// As above, and an ordinary file must be there.
-fs::path HostPathOfFile(std::string_view path) {
-    fs::path host = PossibleHostPath(path);
-    std::error_code error;
-    const fs::file_status status = fs::status(host, error);
-    if (status.type() == fs::file_type::not_found) {
-        RaiseHostError(ENOENT, host, path);
+void RaiseIfFailed(const std::optional<HostFailure>& failure, std::string_view path) {
+    if (failure) {
+        RaiseHostError(*failure, path);
     }
-    if (error) {
-        RaiseHostError(error.value(), host, path);
-    }
-    if (!fs::is_regular_file(status)) {
-        RaiseHostError(EISDIR, host, path);
-    }
-    return host;
 }
 
-void MakeWritable(const fs::path& host, std::error_code& error) {
-    fs::permissions(host, fs::perms::owner_write, fs::perm_options::add, error);
-}
-
-std::string TextOfName(std::string name, int codePage) {
-    return modUtf8::IsValid(name) ? name : modEncoding::DecodeByPage(name, codePage);
+/// Raises unless an ordinary file is there.
+modHostFolder::FileFacts FactsOfFile(const HostPath& host, std::string_view path) {
+    const modHostFolder::FileFacts facts = modHostFolder::Facts(host);
+    RaiseIfFailed(facts.Failure, path);
+    if (facts.Kind != FileKind::File) {
+        RaiseHostError(HostFailure::NoOrdinaryFile, path);
+    }
+    return facts;
 }
 
 /// Where a write to `host` really goes: links are followed, so that they stay links.
-fs::path WithoutLinks(const fs::path& host) {
-    std::error_code error;
-    fs::path real = fs::canonical(host, error);
-    return error ? host : real;
+HostPath WithoutLinks(const HostPath& host) {
+    return modHostPath::RealPath(host).value_or(host);
 }
 
 /// A name that leads to an entry of the folder that it follows, and nowhere else.
@@ -77,39 +55,33 @@ bool IsPlainName(std::string_view name) {
 }
 
 /// Raises unless the file may be replaced: a rename alone would replace a read-only file.
-void CheckReplaceable(const fs::path& host, std::string_view path) {
-    std::error_code ignored;
-    const fs::file_status status = fs::status(host, ignored);
-    if (!fs::exists(status)) {
+void CheckReplaceable(const HostPath& host, std::string_view path) {
+    const FileKind kind = modHostFolder::KindOf(host);
+    if (kind == FileKind::Nothing) {
         return;
     }
-    if (!fs::is_regular_file(status)) {
-        RaiseHostError(EISDIR, host, path);
+    if (kind != FileKind::File) {
+        RaiseHostError(HostFailure::NoOrdinaryFile, path);
     }
-    if (::access(host.c_str(), W_OK) != 0) {
-        RaiseHostError(errno == EROFS ? EROFS : EISDIR, host, path);
+    if (const auto obstacle = modHostFolder::WriteObstacle(host)) {
+        // A read-only file is no lack of rights: it can be made one that is not.
+        RaiseHostError(
+            *obstacle == HostFailure::WriteProtected ? *obstacle : HostFailure::Other, path);
     }
 }
 
 /// A file beside another, deleted again unless it has taken the other's place.
 class Replacement {
 public:
-    explicit Replacement(const fs::path& target)
-        : m_target(target), m_place(target.parent_path() / UniqueName()) {}
-    ~Replacement() {
-        std::error_code ignored;
-        fs::remove(m_place, ignored);
-    }
+    explicit Replacement(const HostPath& target)
+        : m_target(target), m_place(target.Folder() / UniqueName()) {}
+    ~Replacement() { modHostFolder::Delete(m_place); }
     Replacement(const Replacement&) = delete;
     Replacement& operator=(const Replacement&) = delete;
 
     void Write(std::string_view bytes, std::string_view path) const {
         HostFile file(m_place, FileUse::CreateNew, path);
-        std::error_code error;
-        const fs::file_status old = fs::status(m_target, error);
-        if (fs::exists(old)) {
-            file.SetPermissions(static_cast<std::uint32_t>(old.permissions()));
-        }
+        file.TakeRightsOf(m_target);
         file.Write(bytes);
         file.Synchronise();
         file.Close();
@@ -119,34 +91,30 @@ public:
     void ReadBack(std::string_view bytes, std::string_view path) const {
         HostFile file(m_place, FileUse::Read, path);
         if (file.ReadAll() != bytes) {
-            RaiseHostError(EIO, m_place, path);
+            RaiseHostError(HostFailure::NotReady, path);
         }
     }
 
     void TakeThePlace(std::string_view path) const {
-        std::error_code error;
-        fs::rename(m_place, m_target, error);
-        if (error) {
-            RaiseHostError(error.value(), m_target, path);
-        }
+        RaiseIfFailed(modHostFolder::Replace(m_place, m_target), path);
     }
 
 private:
     /// No one can put something in the way of a name that he cannot guess.
     static std::string UniqueName() {
         static std::random_device random;
-        return ".dorvik-" + std::to_string(::getpid()) + "-" + std::to_string(random()) + "-" +
-               std::to_string(random()) + ".tmp";
+        return ".dorvik-" + std::to_string(modHostProcess::OwnNumber()) + "-" +
+               std::to_string(random()) + "-" + std::to_string(random()) + ".tmp";
     }
 
-    fs::path m_target;
-    fs::path m_place;
+    HostPath m_target;
+    HostPath m_place;
 };
 
 enum class AfterWriting { TakePlace, ReadBackFirst };
 
 void ReplaceFile(
-    const fs::path& target,
+    const HostPath& target,
     std::string_view path,
     std::string_view bytes,
     AfterWriting after = AfterWriting::TakePlace) {
@@ -161,56 +129,26 @@ void ReplaceFile(
 
 }  // namespace
 
-void SetNameCodePage(int codePage) {
-    g_nameCodePage = codePage;
-}
-
-fs::path HostPath(std::string_view path, int codePage) {
-    thread_local HostPathSearch search;
-    const std::optional<PathParts> parts = CutPath(path);
-    return parts ? search.Find(*parts, EffectiveCodePage(codePage)) : fs::path();
-}
-
-std::string FromHostPath(const fs::path& path, int codePage) {
-    std::string text;
-    std::string_view rest = path.native();
-    while (!rest.empty()) {
-        const std::size_t size = std::min(rest.find('/'), rest.size());
-        text += TextOfName(std::string(rest.substr(0, size)), EffectiveCodePage(codePage));
-        rest.remove_prefix(size);
-        if (!rest.empty()) {
-            text += '\\';
-            rest.remove_prefix(1);
-        }
-    }
-    return text;
-}
-
 bool FileExists(std::string_view path) {
-    std::error_code ignored;
-    return fs::is_regular_file(HostPath(path), ignored);
+    return modHostFolder::KindOf(modHostPath::FromProgram(path)) == FileKind::File;
 }
 
 bool FolderExists(std::string_view path) {
-    std::error_code ignored;
-    return fs::is_directory(HostPath(path), ignored);
+    return modHostFolder::KindOf(modHostPath::FromProgram(path)) == FileKind::Folder;
 }
 
 std::vector<FolderEntry> FolderEntries(std::string_view folder, int codePage) {
-    const fs::path host = PossibleHostPath(folder, codePage);
+    const HostPath host = PossibleHostPath(folder, codePage);
+    const modHostFolder::FolderContent content = modHostFolder::Entries(host);
+    RaiseIfFailed(content.Failure, folder);
     std::vector<FolderEntry> entries;
-    std::error_code error;
-    for (modHostFolder::Entry& entry : modHostFolder::Entries(host, error)) {
-        std::error_code ignored;
-        const bool isFolder =
-            entry.IsFolder ? *entry.IsFolder : fs::is_directory(host / entry.Name, ignored);
-        const bool isHidden = entry.Name.starts_with('.');
+    for (const modHostFolder::Entry& entry : content.Entries) {
+        const bool needsLook = entry.Kind == FileKind::Link || entry.Kind == FileKind::Unknown;
+        const FileKind kind = needsLook ? modHostFolder::KindOf(host / entry.Name) : entry.Kind;
         entries.push_back(
-            {TextOfName(std::move(entry.Name), EffectiveCodePage(codePage)), isFolder, isHidden});
-    }
-    if (error) {
-        const bool isMissing = error.value() == ENOENT;
-        RaiseHostError(isMissing ? ENOTDIR : error.value(), host, folder);
+            {modHostPath::ToProgram(HostPath::FromBytes(entry.Name), codePage),
+             kind == FileKind::Folder,
+             entry.IsHidden});
     }
     std::ranges::sort(entries, [](const FolderEntry& left, const FolderEntry& right) {
         const int order = modTextCase::Compare(left.Name, right.Name);
@@ -220,98 +158,62 @@ std::vector<FolderEntry> FolderEntries(std::string_view folder, int codePage) {
 }
 
 void DeleteFile(std::string_view path) {
-    const fs::path host = HostPathOfFile(path);
-    std::error_code error;
-    if (!fs::is_symlink(host, error)) {
-        MakeWritable(host, error);  // some file systems do not delete a read-only file
-    }
-    fs::remove(host, error);
-    if (error) {
-        RaiseHostError(error.value(), host, path);
-    }
+    const HostPath host = PossibleHostPath(path);
+    FactsOfFile(host, path);
+    modHostFolder::MakeWritable(host);  // some file systems do not delete a read-only file
+    RaiseIfFailed(modHostFolder::Delete(host), path);
 }
 
 void CreateFolder(std::string_view path) {
-    const fs::path host = PossibleHostPath(path);
-    std::error_code error;
-    const bool created = fs::create_directory(host, error);
-    if (error) {
-        const bool isParentMissing = error.value() == ENOENT;
-        RaiseHostError(isParentMissing ? ENOTDIR : error.value(), host, path);
-    }
-    if (!created) {
-        RaiseHostError(EEXIST, host, path);
-    }
+    RaiseIfFailed(modHostFolder::CreateFolder(PossibleHostPath(path)), path);
 }
 
 std::string CreatePrivateFolder(std::string_view parent, std::string_view prefix) {
-    const fs::path folder = PossibleHostPath(parent);
-    std::string name = (folder / prefix).string() + "XXXXXX";
-    if (mkdtemp(name.data()) == nullptr) {
-        RaiseHostError(errno == ENOENT ? ENOTDIR : errno, folder, parent);
-    }
-    return FromHostPath(name) + "\\";
+    const auto created = modHostFolder::CreateUniqueFolder(PossibleHostPath(parent), prefix);
+    RaiseIfFailed(created.Failure, parent);
+    return modHostPath::ToProgram(created.Path) + "\\";
 }
 
 void DeleteFolder(std::string_view path) {
-    const fs::path host = PossibleHostPath(path);
-    if (::rmdir(host.c_str()) != 0) {
-        RaiseHostError(errno == ENOENT ? ENOTDIR : errno, host, path);
-    }
+    RaiseIfFailed(modHostFolder::DeleteFolder(PossibleHostPath(path)), path);
 }
 
 void CopyFile(std::string_view from, std::string_view to) {
-    const fs::path host = PossibleHostPath(to);
+    const HostPath host = PossibleHostPath(to);
     const std::string bytes = ReadBytes(from);
     HostFile copy(host, FileUse::CreateNew, to);
     try {
         copy.Write(bytes);
         copy.Close();
     } catch (...) {  // on a full disk, say
-        std::error_code ignored;
-        fs::remove(host, ignored);
+        modHostFolder::Delete(host);
         throw;
     }
 }
 
 std::string ReadBytes(std::string_view path, int codePage) {
-    return HostFile(HostPath(path, codePage), FileUse::Read, path).ReadAll();
+    return HostFile(modHostPath::FromProgram(path, codePage), FileUse::Read, path).ReadAll();
 }
 
 std::int64_t FileSize(std::string_view path) {
-    const fs::path host = HostPathOfFile(path);
-    std::error_code error;
-    const std::uintmax_t size = fs::file_size(host, error);
-    if (error) {
-        RaiseHostError(error.value(), host, path);
-    }
-    return static_cast<std::int64_t>(size);
+    return FactsOfFile(PossibleHostPath(path), path).Size;
 }
 
 FileStamp StampOf(std::string_view path) {
-    constexpr std::int64_t kNanosecondsInASecond = 1'000'000'000;
-    const fs::path host = HostPathOfFile(path);
-    struct stat status {};
-    if (::stat(host.c_str(), &status) != 0) {
-        RaiseHostError(errno, host, path);
-    }
-    return {
-        static_cast<std::int64_t>(status.st_size),
-        static_cast<std::int64_t>(status.st_mtim.tv_sec) * kNanosecondsInASecond +
-            static_cast<std::int64_t>(status.st_mtim.tv_nsec)};
+    const modHostFolder::FileFacts facts = FactsOfFile(PossibleHostPath(path), path);
+    return {facts.Size, facts.Modified};
 }
 
 void EnsureFolder(std::string_view path) {
-    const fs::path host = PossibleHostPath(path);
-    std::error_code error;
-    fs::create_directory(host, error);  // a folder that is there is no failure of it
-    if (error && !fs::is_directory(host)) {
-        RaiseHostError(error.value() == ENOENT ? ENOTDIR : error.value(), host, path);
+    const HostPath host = PossibleHostPath(path);
+    const auto failure = modHostFolder::CreateFolder(host);
+    if (failure && modHostFolder::KindOf(host) != FileKind::Folder) {
+        RaiseHostError(*failure, path);
     }
 }
 
 bool AppendLine(std::string_view path, std::string_view line, std::int64_t mostBytes) {
-    HostFile file(HostPath(path), FileUse::Append, path);
+    HostFile file(modHostPath::FromProgram(path), FileUse::Append, path);
     std::string bytes;
     bytes.reserve(line.size() + modText::kLineEnd.size());
     bytes.append(line).append(modText::kLineEnd);
@@ -325,22 +227,18 @@ bool AppendLine(std::string_view path, std::string_view line, std::int64_t mostB
 }
 
 bool TurnOver(std::string_view path, std::string_view older, std::int64_t fromBytes) {
-    const fs::path host = PossibleHostPath(path);
+    const HostPath host = PossibleHostPath(path);
     const HostFile file(host, FileUse::Append, path);
     // The holder of the lock of the file that has this name renames it; the others find another file.
     if (!file.LockAlone() || file.Size() < fromBytes || !file.Is(host)) {
         return false;
     }
-    std::error_code error;
-    fs::rename(host, PossibleHostPath(older), error);
-    if (error) {
-        RaiseHostError(error.value(), host, path);
-    }
+    RaiseIfFailed(modHostFolder::Replace(host, PossibleHostPath(older)), path);
     return true;
 }
 
 void EmptyFile(std::string_view path) {
-    HostFile(HostPath(path), FileUse::Replace, path).Close();
+    HostFile(modHostPath::FromProgram(path), FileUse::Replace, path).Close();
 }
 
 void WriteBytesAtomically(std::string_view path, std::string_view bytes) {
@@ -354,11 +252,11 @@ void WriteBytesChecked(std::string_view path, std::string_view bytes) {
 void WriteBytesAtomicallyAsNamed(
     std::string_view folder, std::string_view name, std::string_view bytes) {
     const std::string path = std::string(folder) + std::string(name);
-    const fs::path host = folder.empty() ? "." : PossibleHostPath(folder);
+    const HostPath host = folder.empty() ? HostPath::FromBytes(".") : PossibleHostPath(folder);
     if (!IsPlainName(name)) {
-        RaiseHostError(EINVAL, host, path);
+        RaiseHostError(HostFailure::Other, path);
     }
-    const fs::path target = host / name;
+    const HostPath target = host / name;
     modObstacles::NeedFile(target);
     ReplaceFile(target, path, bytes);
 }

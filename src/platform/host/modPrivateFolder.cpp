@@ -1,22 +1,17 @@
 #include "platform/host/modPrivateFolder.h"
 
-#include "modHostFolder.h"
 #include "platform/host/modFiles.h"
+#include "platform/host/modHostFolder.h"
+#include "platform/host/modHostPath.h"
+#include "platform/host/modHostProcess.h"
 
-#include <cerrno>
 #include <charconv>
 #include <chrono>
-#include <csignal>
-#include <filesystem>
 #include <optional>
-#include <sys/types.h>
 #include <system_error>
-#include <unistd.h>
 #include <vector>
 
 namespace dorvik::modPrivateFolder {
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -26,52 +21,46 @@ constexpr std::chrono::hours kSurelyAbandoned{1};
 constexpr char kBehindProcess = '-';
 
 /// The process in the name of a folder; nothing if the name is not of that form.
-std::optional<pid_t> ProcessIn(std::string_view name, std::string_view prefix) {
+std::optional<int> ProcessIn(std::string_view name, std::string_view prefix) {
     const std::size_t end = name.find(kBehindProcess);
     if (!name.starts_with(prefix) || end == std::string_view::npos || end <= prefix.size()) {
         return std::nullopt;
     }
-    pid_t process = 0;
+    int process = 0;
     const auto [rest, error] =
         std::from_chars(name.data() + prefix.size(), name.data() + end, process);
     const bool isNumber = error == std::errc() && rest == name.data() + end && process > 0;
     return isNumber ? std::optional(process) : std::nullopt;
 }
 
-bool IsGone(pid_t process) {
-    return ::kill(process, 0) != 0 && errno == ESRCH;
+bool IsOld(const HostPath& folder) {
+    const modHostFolder::FileFacts facts = modHostFolder::Facts(folder);
+    const std::chrono::nanoseconds now = std::chrono::system_clock::now().time_since_epoch();
+    return !facts.Failure && now - std::chrono::nanoseconds(facts.Modified) > kSurelyAbandoned;
 }
 
-bool IsOld(const fs::path& folder) {
-    std::error_code error;
-    const fs::file_time_type touched = fs::last_write_time(folder, error);
-    return !error && fs::file_time_type::clock::now() - touched > kSurelyAbandoned;
-}
-
-bool HoldsNothingBut(const fs::path& folder, std::string_view filename) {
-    std::error_code error;
-    for (const modHostFolder::Entry& entry : modHostFolder::Entries(folder, error)) {
-        std::error_code ofEntry;
-        if (entry.Name != filename || !fs::is_regular_file(folder / entry.Name, ofEntry)) {
+bool HoldsNothingBut(const HostPath& folder, std::string_view filename) {
+    const modHostFolder::FolderContent content = modHostFolder::Entries(folder);
+    for (const modHostFolder::Entry& entry : content.Entries) {
+        if (entry.Name != filename ||
+            modHostFolder::KindOf(folder / entry.Name) != FileKind::File) {
             return false;
         }
     }
-    return !error;
+    return !content.Failure;
 }
 
-std::vector<fs::path> AbandonedFolders(const fs::path& parent, std::string_view prefix) {
-    std::vector<fs::path> folders;
-    std::error_code ignored;
-    for (const modHostFolder::Entry& entry : modHostFolder::Entries(parent, ignored)) {
+std::vector<HostPath> AbandonedFolders(const HostPath& parent, std::string_view prefix) {
+    std::vector<HostPath> folders;
+    const modHostFolder::FolderContent content = modHostFolder::Entries(parent);
+    for (const modHostFolder::Entry& entry : content.Entries) {
         const auto process = ProcessIn(entry.Name, prefix);
         if (!process) {
             continue;
         }
-        const fs::path folder = parent / entry.Name;
-        std::error_code ofEntry;
-        const bool isFolder =
-            fs::symlink_status(folder, ofEntry).type() == fs::file_type::directory;
-        if (isFolder && IsGone(*process) && IsOld(folder)) {
+        const HostPath folder = parent / entry.Name;
+        const bool isFolder = modHostFolder::KindOfEntry(folder) == FileKind::Folder;
+        if (isFolder && modHostProcess::IsGone(*process) && IsOld(folder)) {
             folders.push_back(folder);
         }
     }
@@ -82,15 +71,14 @@ std::vector<fs::path> AbandonedFolders(const fs::path& parent, std::string_view 
 
 std::string Create(std::string_view parent, std::string_view prefix) {
     return modFiles::CreatePrivateFolder(
-        parent, std::string(prefix) + std::to_string(::getpid()) + kBehindProcess);
+        parent, std::string(prefix) + std::to_string(modHostProcess::OwnNumber()) + kBehindProcess);
 }
 
 void RemoveAbandoned(std::string_view parent, std::string_view prefix, std::string_view filename) {
-    for (const fs::path& folder : AbandonedFolders(modFiles::HostPath(parent), prefix)) {
+    for (const HostPath& folder : AbandonedFolders(modHostPath::FromProgram(parent), prefix)) {
         if (HoldsNothingBut(folder, filename)) {
-            std::error_code error;
-            fs::remove(folder / filename, error);
-            fs::remove(folder, error);
+            modHostFolder::Delete(folder / filename);
+            modHostFolder::DeleteFolder(folder);
         }
     }
 }

@@ -1,7 +1,7 @@
 #include "reports/format/modReportLinks.h"
 
 #include "base/modUtf8.h"
-#include "platform/host/modFiles.h"
+#include "platform/host/modHostPath.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -64,12 +64,12 @@ std::string HrefOfFile(std::string_view filename) {
 }
 
 std::string HrefOfPath(std::string_view path) {
-    const std::string host = modFiles::HostPath(path).string();
+    const std::string host = modHostPath::Shown(modHostPath::FromProgram(path));
     return host.empty() ? HrefElsewhere(path) : Encoded(host);
 }
 
 std::string PathText(std::string_view path) {
-    const std::string host = modFiles::HostPath(path).string();
+    const std::string host = modHostPath::Shown(modHostPath::FromProgram(path));
     return host.empty() ? std::string(path) : host;
 }
 

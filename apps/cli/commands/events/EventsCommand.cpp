@@ -8,14 +8,14 @@
 #include "criteria/ReviewCriteria.h"
 #include "foundation/log/LogFile.h"
 #include "foundation/log/modLog.h"
-#include "platform/host/modFiles.h"
+#include "platform/host/modHostPath.h"
 #include "review/ProjectEventWalk.h"
 #include "source/modDorvikUtils.h"
 
 namespace dorvik {
 
 ExitCode RunEvents(const EventsOptions& options) {
-    modFiles::SetNameCodePage(options.CodePage);
+    modHostPath::SetNameCodePage(options.CodePage);
     modLog::Log().SetLogFilePath({});  // the command prints its output and writes no file
     if (!modDorvikUtils::IsVBPFile(options.Path)) {
         modConsole::PrintError("'" + options.Path + "' is not a project file (.vbp)");

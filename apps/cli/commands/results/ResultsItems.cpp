@@ -4,7 +4,7 @@
 #include "cli/output/Console.h"
 #include "foundation/log/Trap.h"
 #include "foundation/text/modUtilFunctions.h"
-#include "platform/host/modFiles.h"
+#include "platform/host/modHostPath.h"
 #include "results/ResultsDB.h"
 
 #include <algorithm>
@@ -63,8 +63,7 @@ ResultsItems::ProcedureOf(ItemType itemType, std::int32_t itemId) const {
 }
 
 std::set<std::int32_t> ResultsItems::FilesNamed(const std::string& name) const {
-    const std::string wanted =
-        modFiles::FromHostPath(std::filesystem::path(name).lexically_normal());
+    const std::string wanted = modHostPath::ToProgram(modHostPath::FromUserRelative(name));
     std::set<std::int32_t> found;
     for (const auto& [id, file] : m_files) {
         if (modTextCase::Equal(file.Name, name) ||

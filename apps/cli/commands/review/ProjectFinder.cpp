@@ -1,22 +1,18 @@
 #include "cli/commands/review/ProjectFinder.h"
 
 #include "base/modTextCase.h"
-#include "cli/output/modCommandPath.h"
 #include "foundation/log/Trap.h"
-#include "platform/host/modFiles.h"
+#include "platform/host/modHostFolder.h"
+#include "platform/host/modHostPath.h"
 #include "source/VirtualProjectGroup.h"
 #include "source/modDorvikUtils.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 #include <unordered_set>
 
 namespace dorvik::modProjectFinder {
 
 namespace {
-
-namespace fs = std::filesystem;
 
 /// The projects found so far, each once, in the order in which they were found.
 struct ProjectList {
@@ -30,20 +26,12 @@ void AddProject(ProjectList& list, const std::string& filename) {
     }
 }
 
-/// A backslash in a name, and not as a byte of another character, would divide it inside the program.
-bool HasBackslash(const fs::path& path, int codePage) {
-    return std::any_of(path.begin(), path.end(), [codePage](const fs::path& part) {
-        return part != part.root_path() &&
-               modFiles::FromHostPath(part, codePage).find('\\') != std::string::npos;
-    });
-}
-
 /// False, with a sentence, for a path that would mean another one inside the program.
-bool RequirePlainPath(FoundProjects& found, const fs::path& path, int codePage) {
-    const bool isPlain = !HasBackslash(path, codePage);
+bool RequirePlainPath(FoundProjects& found, const HostPath& path, int codePage) {
+    const bool isPlain = modHostPath::HasProgramForm(path, codePage);
     if (!isPlain) {
         found.Errors.push_back(
-            "'" + path.string() +
+            "'" + modHostPath::Shown(path) +
             "' has a backslash in its path, which separates folders in project files, and cannot "
             "be reviewed; rename it");
     }
@@ -56,10 +44,10 @@ public:
     FolderSearch(FoundProjects& found, int codePage) : m_found(found), m_codePage(codePage) {}
 
     /// The project files below the folder, in no order.
-    std::vector<std::string> ProjectsBelow(const fs::path& folder) {
+    std::vector<std::string> ProjectsBelow(const HostPath& folder) {
         m_left.push_back(folder);
         while (!m_left.empty()) {
-            const fs::path next = std::move(m_left.back());
+            const HostPath next = std::move(m_left.back());
             m_left.pop_back();
             Read(next);
         }
@@ -67,43 +55,45 @@ public:
     }
 
 private:
-    void Read(const fs::path& folder) {
-        std::error_code error;
-        fs::directory_iterator entry(folder, error);
-        for (const fs::directory_iterator end; !error && entry != end; entry.increment(error)) {
-            std::error_code unreadable;
-            if (!entry->is_symlink(unreadable) && entry->is_directory(unreadable)) {
-                m_left.push_back(entry->path());
+    void Read(const HostPath& folder) {
+        const modHostFolder::FolderContent content = modHostFolder::Entries(folder);
+        for (const modHostFolder::Entry& entry : content.Entries) {
+            const HostPath path = folder / entry.Name;
+            const FileKind kind =
+                entry.Kind == FileKind::Unknown ? modHostFolder::KindOfEntry(path) : entry.Kind;
+            if (kind == FileKind::Folder) {
+                m_left.push_back(path);
             } else if (
-                modTextCase::EndsWith(entry->path().native(), ".vbp") &&
-                entry->is_regular_file(unreadable)) {
-                Take(entry->path());
+                modTextCase::EndsWith(entry.Name, ".vbp") &&
+                modHostFolder::KindOf(path) == FileKind::File) {
+                Take(path);
             }
         }
-        if (error) {
+        if (content.Failure) {
             m_found.Errors.push_back(
-                "cannot read the folder '" + folder.string() + "': " + error.message());
+                "cannot read the folder '" + modHostPath::Shown(folder) + "': " + content.Reason);
         }
     }
 
-    void Take(const fs::path& project) {
+    void Take(const HostPath& project) {
         if (RequirePlainPath(m_found, project, m_codePage)) {
-            m_projects.push_back(modFiles::FromHostPath(project, m_codePage));
+            m_projects.push_back(modHostPath::ToProgram(project, m_codePage));
         }
     }
 
     FoundProjects& m_found;
     int m_codePage;
-    std::vector<fs::path> m_left;
+    std::vector<HostPath> m_left;
     std::vector<std::string> m_projects;
 };
 
-void AddFolder(ProjectList& list, const fs::path& folder, int codePage) {
+void AddFolder(ProjectList& list, const HostPath& folder, int codePage) {
     FoundProjects& found = list.Found;
     const std::size_t errorsBefore = found.Errors.size();
     std::vector<std::string> names = FolderSearch(found, codePage).ProjectsBelow(folder);
     if (names.empty() && found.Errors.size() == errorsBefore) {
-        found.Errors.push_back("there is no project file in or below '" + folder.string() + "'");
+        found.Errors.push_back(
+            "there is no project file in or below '" + modHostPath::Shown(folder) + "'");
     }
     std::sort(names.begin(), names.end(), [](const std::string& left, const std::string& right) {
         return modTextCase::Compare(left, right) < 0;
@@ -113,16 +103,18 @@ void AddFolder(ProjectList& list, const fs::path& folder, int codePage) {
     }
 }
 
-void AddGroup(ProjectList& list, const fs::path& group, int codePage) {
+void AddGroup(ProjectList& list, const HostPath& group, int codePage) {
     std::vector<std::string> projects;
     const bool read = Trap({"modProjectFinder", "AddGroup"}, [&] {
-        projects = VirtualProjectGroup(modFiles::FromHostPath(group, codePage), codePage)
+        projects = VirtualProjectGroup(modHostPath::ToProgram(group, codePage), codePage)
                        .ProjectFilenames();
     });
     if (!read) {
-        list.Found.Errors.push_back("cannot read the project group '" + group.string() + "'");
+        list.Found.Errors.push_back(
+            "cannot read the project group '" + modHostPath::Shown(group) + "'");
     } else if (projects.empty()) {
-        list.Found.Errors.push_back("the project group '" + group.string() + "' names no project");
+        list.Found.Errors.push_back(
+            "the project group '" + modHostPath::Shown(group) + "' names no project");
     }
     for (const std::string& project : projects) {
         AddProject(list, project);
@@ -130,22 +122,21 @@ void AddGroup(ProjectList& list, const fs::path& group, int codePage) {
 }
 
 void AddPath(ProjectList& list, const std::string& hostPath, int codePage) {
-    std::error_code error;
-    const fs::path path = hostPath.empty() ? fs::path() : modCommandPath::Absolute(hostPath);
-    const fs::file_status status = fs::status(path, error);
-    if (!fs::exists(status)) {
+    const HostPath path = hostPath.empty() ? HostPath() : modHostPath::FromUser(hostPath);
+    const FileKind kind = modHostFolder::KindOf(path);
+    if (kind == FileKind::Nothing) {
         list.Found.Errors.push_back("'" + hostPath + "' does not exist");
         return;
     }
     if (!RequirePlainPath(list.Found, path, codePage)) {
         return;
     }
-    if (fs::is_directory(status)) {
+    if (kind == FileKind::Folder) {
         AddFolder(list, path, codePage);
-    } else if (modTextCase::EndsWith(path.native(), ".vbg")) {
+    } else if (modTextCase::EndsWith(path.Name(), ".vbg")) {
         AddGroup(list, path, codePage);
-    } else if (modDorvikUtils::IsVBPFile(path.native())) {
-        AddProject(list, modFiles::FromHostPath(path, codePage));
+    } else if (modDorvikUtils::IsVBPFile(path.Name())) {
+        AddProject(list, modHostPath::ToProgram(path, codePage));
     } else {
         list.Found.Errors.push_back(
             "'" + hostPath + "' is neither a project file (.vbp) nor a project group (.vbg)");

@@ -18,6 +18,8 @@
 #include "foundation/log/modLog.h"
 #include "modRuleTimes.h"
 #include "platform/host/modFiles.h"
+#include "platform/host/modHostFolder.h"
+#include "platform/host/modHostPath.h"
 #include "results/modResultsFilename.h"
 #include "review/ReviewManager.h"
 #include "settings/DVKWorkData.h"
@@ -27,9 +29,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 #include <memory>
-#include <system_error>
 #include <unordered_map>
 
 namespace dorvik {
@@ -172,6 +172,10 @@ bool IsTolerance(const std::string& text) {
     return modToleranceLimits::Parse(text).has_value();
 }
 
+bool Exists(const std::string& path) {
+    return modHostFolder::KindOf(modHostPath::FromUserRelative(path)) != FileKind::Nothing;
+}
+
 /// In a list that is written with blanks between its values all but the first are taken for paths. What is wrong
 /// with such a path, and how the list is written; empty if there is none.
 std::string StrayValue(const ReviewOptions& options) {
@@ -186,9 +190,7 @@ std::string StrayValue(const ReviewOptions& options) {
     };
     for (const std::string& path : options.Paths) {
         for (const ListOption& list : lists) {
-            std::error_code error;
-            if (!list.First.empty() && list.IsValue(path) &&
-                !std::filesystem::exists(path, error)) {
+            if (!list.First.empty() && list.IsValue(path) && !Exists(path)) {
                 return "'" + path + "' does not exist; to give several values to " +
                        std::string(list.Name) +
                        ", separate them with commas: " + std::string(list.Name) + " " + list.First +
@@ -272,7 +274,7 @@ bool ReportFailures(
 }  // namespace
 
 ExitCode RunReview(const ReviewOptions& options) {
-    modFiles::SetNameCodePage(options.CodePage);
+    modHostPath::SetNameCodePage(options.CodePage);
     if (const std::string stray = StrayValue(options); !stray.empty()) {
         modConsole::PrintError(stray);
         return ExitCode::NothingDone;

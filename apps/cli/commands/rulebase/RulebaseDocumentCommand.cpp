@@ -2,9 +2,8 @@
 
 #include "cli/commands/rulebase/RulebaseFile.h"
 #include "cli/output/Console.h"
+#include "cli/output/modCommandPath.h"
 #include "rulebase/document/RulebaseDocument.h"
-
-#include <filesystem>
 
 namespace dorvik {
 
@@ -13,8 +12,7 @@ ExitCode RunRulebaseDocument(const RulebaseDocumentOptions& options) {
     if (rulebase == nullptr) {
         return ExitCode::NothingDone;
     }
-    std::error_code error;
-    if (std::filesystem::equivalent(options.File, options.Target, error) && !error) {
+    if (modCommandPath::IsSameFile(options.File, options.Target)) {
         modConsole::PrintError(
             "the page would overwrite the rulebase '" + options.File + "'; write to another file");
         return ExitCode::NothingDone;

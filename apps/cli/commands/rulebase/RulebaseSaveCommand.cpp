@@ -2,20 +2,10 @@
 
 #include "cli/commands/rulebase/RulebaseFile.h"
 #include "cli/output/Console.h"
+#include "cli/output/modCommandPath.h"
 #include "cli/output/modTerminalText.h"
 
-#include <filesystem>
-
 namespace dorvik {
-
-namespace {
-
-bool IsSameFile(const std::string& left, const std::string& right) {
-    std::error_code error;
-    return std::filesystem::equivalent(left, right, error) && !error;
-}
-
-}  // namespace
 
 ExitCode RunRulebaseSave(const RulebaseSaveOptions& options) {
     const std::unique_ptr<Rulebase> rulebase = modRulebaseFile::Load(options.File);
@@ -23,7 +13,7 @@ ExitCode RunRulebaseSave(const RulebaseSaveOptions& options) {
         return ExitCode::NothingDone;
     }
     const std::size_t unreadable = modRulebaseFile::ReportUnreadable(options.File);
-    if (unreadable > 0 && IsSameFile(options.File, options.Target)) {
+    if (unreadable > 0 && modCommandPath::IsSameFile(options.File, options.Target)) {
         modConsole::PrintError(
             "'" + options.File +
             "' was not overwritten, because the parts that cannot be read would be lost; save to "

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "platform/host/modFiles.h"
+#include "platform/host/modHostPath.h"
 
-#include <filesystem>
 #include <string>
 
 namespace dorvik {
@@ -10,11 +9,10 @@ namespace dorvik {
 /// The paths that a user types, relative to the working folder.
 namespace modCommandPath {
 
-/// The whole path on this machine, `..` parts taken off as text. Raises 76 where the path is relative and the
-/// working folder is not there any more.
-std::filesystem::path Absolute(const std::string& typed);
-/// The same in the program's form.
-std::string Inner(const std::string& typed, int codePage = modFiles::kNameCodePage);
+/// The whole path in the program's form. Raises as `modHostPath::FromUser` does.
+std::string Inner(const std::string& typed, int codePage = modHostPath::kNameCodePage);
+/// True where both lead to one and the same file.
+bool IsSameFile(const std::string& left, const std::string& right);
 
 }  // namespace modCommandPath
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "base/BasicError.h"
+#include "platform/host/modHostPath.h"
 
-#include <filesystem>
 #include <string>
 
 namespace dorvik {
@@ -10,14 +10,15 @@ namespace dorvik {
 /// A file that is to be used exclusively is in use. Number 70.
 class FileInUse final : public BasicError {
 public:
-    /// Another process has the file open.
-    explicit FileInUse(const std::filesystem::path& file)
+    /// Somebody has the file open.
+    explicit FileInUse(const HostPath& file)
         : BasicError(
               runtimeerror::kPermissionDenied,
-              RuntimeErrorText(runtimeerror::kPermissionDenied) + ": '" + file.string() + "'") {}
-    /// Another process uses it exclusively; `holder` says which, in words for a person.
-    FileInUse(const std::filesystem::path& file, const std::string& holder) : FileInUse(file) {
-        m_holder = holder.empty() ? "an unknown process" : holder;
+              RuntimeErrorText(runtimeerror::kPermissionDenied) + ": '" + modHostPath::Shown(file) +
+                  "'") {}
+    /// Somebody has it for himself; `holder` says who, in words for a person.
+    FileInUse(const HostPath& file, const std::string& holder) : FileInUse(file) {
+        m_holder = holder.empty() ? "a process that did not say its number" : holder;
     }
 
     /// Empty where the file is open and no more.

@@ -1,8 +1,11 @@
 #pragma once
 
-#include <filesystem>
+#include "platform/host/HostPath.h"
+
+#include <cstdint>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 namespace dorvik {
 
@@ -14,28 +17,27 @@ class FileInUseMark {
 public:
     /// Marks an existing file. Marks of one process on one file are one and the same. Nothing comes back
     /// where the file cannot be opened; on a file system without locks the mark has no effect.
-    static std::shared_ptr<FileInUseMark> Set(const std::filesystem::path& file);
-    /// True while anyone holds a mark on the file or a lock of the database engine.
-    static bool IsInUse(const std::filesystem::path& file);
+    static std::shared_ptr<FileInUseMark> Set(const HostPath& file);
+    /// True while anybody holds a mark on the file or a lock of the database engine.
+    static bool IsInUse(const HostPath& file);
 
     /// Creates the file, or takes one that a killed process left behind, and marks it for the
     /// caller alone. "process <number>" and `holder` are written into it, for the eyes of a person. Raises
-    /// `FileInUse` with that text where someone has it, this process included, an `OutputRefusal` where no
-    /// ordinary file is there, and `HostError` where it cannot be created. On a file system without locks
-    /// anyone gets it.
-    static std::shared_ptr<FileInUseMark>
-    SetAlone(const std::filesystem::path& file, std::string_view holder);
+    /// `FileInUse` with that text where somebody has it, this process included, an `OutputRefusal` where no
+    /// ordinary file lies there, and `HostError` where it cannot be created. On a file system without locks
+    /// anybody gets it.
+    static std::shared_ptr<FileInUseMark> SetAlone(const HostPath& file, std::string_view holder);
 
     ~FileInUseMark();
     FileInUseMark(const FileInUseMark&) = delete;
     FileInUseMark& operator=(const FileInUseMark&) = delete;
 
 private:
-    explicit FileInUseMark(int descriptor, std::filesystem::path own = {})
-        : m_descriptor(descriptor), m_own(std::move(own)) {}
+    explicit FileInUseMark(std::intptr_t handle, HostPath own = {})
+        : m_handle(handle), m_own(std::move(own)) {}
 
-    int m_descriptor;
-    std::filesystem::path m_own;  // to be deleted; empty for a file that others have open too
+    std::intptr_t m_handle;  // the system's number of the open file
+    HostPath m_own;          // to be deleted; empty for a file that others have open too
 };
 
 }  // namespace dorvik

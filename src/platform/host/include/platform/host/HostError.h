@@ -1,18 +1,19 @@
 #pragma once
 
 #include "base/BasicError.h"
+#include "platform/host/HostFailure.h"
 
 #include <cstdint>
-#include <string>
+#include <string_view>
 
 namespace dorvik {
 
-/// A failure of the host's files that still knows what the host said.
+/// A failure of the host's files that still knows what the host said. Its number is the run-time error that stands
+/// for it: 53, 76, 75, 70 or 61.
 class HostError : public BasicError {
 public:
-    /// `errorOfHost` is an `errno`, `number` the run-time error that stands for it.
-    HostError(int errorOfHost, std::int32_t number, const std::string& description)
-        : BasicError(number, description), m_errorOfHost(errorOfHost) {}
+    /// `path` is what the description names.
+    HostError(HostFailure failure, std::string_view path);
 
     /// The code under which the XML layer reports the failure: 0x80070002 no such file, 0x80070003 no
     /// such folder, 0x80070005 access denied, 0x80070013 write-protected, 0x80070015 device not
@@ -20,7 +21,9 @@ public:
     std::int32_t SystemCode() const;
 
 private:
-    int m_errorOfHost;
+    HostFailure m_failure;
 };
+
+[[noreturn]] void RaiseHostError(HostFailure failure, std::string_view path);
 
 }  // namespace dorvik

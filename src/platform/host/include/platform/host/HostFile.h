@@ -1,7 +1,8 @@
 #pragma once
 
+#include "platform/host/HostPath.h"
+
 #include <cstdint>
-#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -14,17 +15,13 @@ enum class FileUse {
     CreateNew  // fails where something is already there
 };
 
-/// Raises the `HostError` for a failure of the host: 53, 76, 75, 70 or 61. `host` is where it
-/// failed (empty: a place that cannot exist here), `path` what the description names.
-[[noreturn]] void
-RaiseHostError(int errorOfHost, const std::filesystem::path& host, std::string_view path);
-
 /// One ordinary file of the host, open as long as the object lives. Folders, devices and pipes are
 /// rejected with 75, so that no reading waits or continues for ever; a file to be written to is rejected with
 /// an `OutputRefusal` if it is one of those or a link. Every failure raises.
 class HostFile {
 public:
-    HostFile(const std::filesystem::path& host, FileUse use, std::string_view path);
+    /// `path` is what the descriptions of failures name.
+    HostFile(const HostPath& host, FileUse use, std::string_view path);
     ~HostFile();
     HostFile(const HostFile&) = delete;
     HostFile& operator=(const HostFile&) = delete;
@@ -42,17 +39,19 @@ public:
     /// on a file system without locks.
     bool LockAlone() const;
     /// Whether this file, and not another by now, has that name.
-    bool Is(const std::filesystem::path& host) const;
-    std::uint32_t Permissions() const;
-    void SetPermissions(std::uint32_t permissions);
+    bool Is(const HostPath& host) const;
+    /// Gives this file the rights of another, if there is that one.
+    void TakeRightsOf(const HostPath& other);
 
 private:
-    [[noreturn]] void Raise(int errorOfHost) const;
-    void RefuseWhatIsNoFile();
+    /// Raises what the system reported last.
+    [[noreturn]] void RaiseLastFailure() const;
+    void RefuseWhatIsNoFile() const;
+    int Descriptor() const { return static_cast<int>(m_handle); }
 
-    std::filesystem::path m_host;
+    HostPath m_host;
     std::string m_path;
-    int m_descriptor = -1;
+    std::intptr_t m_handle = -1;  // the system's number of the open file; -1 once it is closed
 };
 
 }  // namespace dorvik

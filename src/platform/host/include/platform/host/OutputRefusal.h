@@ -1,8 +1,8 @@
 #pragma once
 
 #include "base/BasicError.h"
+#include "platform/host/HostPath.h"
 
-#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -13,7 +13,7 @@ namespace dorvik {
 class OutputRefusal final : public BasicError {
 public:
     /// `what` is wrong with the place, after its path: "is a link, and nothing is written through links".
-    OutputRefusal(const std::filesystem::path& place, std::string_view what);
+    OutputRefusal(const HostPath& place, std::string_view what);
 
     /// The sentence of such a failure; empty for any other.
     static std::string SentenceIn(const BasicError& failure);
@@ -23,10 +23,10 @@ public:
 /// might act, and a link leads to a place that no one chose.
 namespace modObstacles {
 
-/// Raises an `OutputRefusal` unless nothing is there, or an ordinary file that is not a link.
-void NeedFile(const std::filesystem::path& place);
+/// Raises an `OutputRefusal` unless nothing lies there, or an ordinary file that is no link.
+void NeedFile(const HostPath& place);
 /// The same for a folder.
-void NeedFolder(const std::filesystem::path& place);
+void NeedFolder(const HostPath& place);
 
 }  // namespace modObstacles
 

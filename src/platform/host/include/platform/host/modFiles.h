@@ -1,13 +1,14 @@
 #pragma once
 
+#include "platform/host/modHostPath.h"
+
 #include <cstdint>
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
 
 /// Files and folders by the program's own paths. Such a path separates its parts with backslashes
-/// (a slash is taken too) as the reviewed project files do; nothing outside this module knows the
+/// (a slash is taken too) as the reviewed project files do; nothing outside `modHostPath` knows the
 /// form of the host's paths. `\home\ann\a.vbp` is a path of this machine. A path with a drive letter
 /// or a network path (`C:\x`, `\\server\share`) names nothing here and is treated as missing.
 ///
@@ -15,21 +16,6 @@
 /// folder, 75 a folder or device where a file is expected (or the other way round) or something
 /// that is already there or a file of 2 GB, 70 no permission, 61 disk full.
 namespace dorvik::modFiles {
-
-/// Means the code page last given to `SetNameCodePage`.
-inline constexpr int kNameCodePage = 0;
-
-/// The code page of names on disk that are not UTF-8; `modEncoding::kDefaultCodePage` at first.
-void SetNameCodePage(int codePage);
-
-/// The host's path. `..` parts are taken off as text, as Windows does. Where nothing has exactly
-/// this path, each part is looked up without regard to case, trailing blanks and dots; what is
-/// found nowhere is kept as written, so a new file lands in the folder that was meant. Names on disk
-/// that are not UTF-8 are compared through `codePage`. Empty for a place that cannot exist here.
-std::filesystem::path HostPath(std::string_view path, int codePage = kNameCodePage);
-
-/// The program's path for a host path; nothing is looked up, a relative path stays relative.
-std::string FromHostPath(const std::filesystem::path& path, int codePage = kNameCodePage);
 
 /// True for an ordinary file of exactly this name (in any case); wildcards mean nothing here.
 bool FileExists(std::string_view path);
@@ -42,7 +28,8 @@ struct FolderEntry {
 };
 
 /// The files and folders in a folder, "." and ".." left out, ordered by name without regard to case.
-std::vector<FolderEntry> FolderEntries(std::string_view folder, int codePage = kNameCodePage);
+std::vector<FolderEntry>
+FolderEntries(std::string_view folder, int codePage = modHostPath::kNameCodePage);
 
 /// Deletes a file, also a read-only one.
 void DeleteFile(std::string_view path);
@@ -57,7 +44,7 @@ void DeleteFolder(std::string_view path);
 /// to, even if the original cannot.
 void CopyFile(std::string_view from, std::string_view to);
 
-std::string ReadBytes(std::string_view path, int codePage = kNameCodePage);
+std::string ReadBytes(std::string_view path, int codePage = modHostPath::kNameCodePage);
 /// Length in bytes.
 std::int64_t FileSize(std::string_view path);
 

@@ -5,6 +5,7 @@
 #include "platform/host/IClock.h"
 #include "platform/host/IHostInput.h"
 #include "platform/host/IMessageBox.h"
+#include "platform/host/modHostClock.h"
 
 #include <string>
 
@@ -14,6 +15,8 @@ namespace dorvik::modHost {
 
 /// The local time, to the second.
 DateTime Now();
+/// The same with what has passed of the second, which an installed clock does not tell.
+LocalTime ExactNow();
 
 /// Lets waiting user input be processed. Costs next to nothing while no input handler is installed.
 void YieldToInput();

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "FolderNames.h"
+#include "platform/host/HostPath.h"
 
 #include <cstddef>
-#include <filesystem>
 #include <map>
 #include <optional>
 #include <string>
@@ -31,20 +31,19 @@ public:
     /// The path as written if it exists; otherwise the first that equals it but for case, with the
     /// spelling as written preferred in each part; otherwise the part that is found nowhere, and all
     /// after it, as written.
-    std::filesystem::path Find(const PathParts& path, int codePage);
+    HostPath Find(const PathParts& path, int codePage);
 
 private:
-    bool Walk(const std::filesystem::path& folder, std::size_t index);
-    std::vector<std::string>
-    OtherSpellings(const std::filesystem::path& folder, std::string_view part);
-    const FolderNames& NamesIn(const std::filesystem::path& folder);
+    bool Walk(const HostPath& folder, std::size_t index);
+    std::vector<std::string> OtherSpellings(const HostPath& folder, std::string_view part);
+    const FolderNames& NamesIn(const HostPath& folder);
 
-    std::map<std::pair<std::string, int>, FolderNames> m_folders;  // by host path and code page
+    std::map<std::pair<HostPath, int>, FolderNames> m_folders;  // by host path and code page
     // The search under way.
     const PathParts* m_path = nullptr;
     int m_codePage = 0;
     std::size_t m_stepsLeft = 0;
-    std::filesystem::path m_deepest;
+    HostPath m_deepest;
     std::size_t m_deepestCount = 0;
 };
 

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "platform/host/HostPath.h"
+
 #include <cstdint>
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -14,7 +15,7 @@ class FolderNames {
 public:
     /// Reads the folder; a folder that cannot be read has no names. Names that are not UTF-8 are
     /// known by what they read as in `codePage`.
-    FolderNames(const std::filesystem::path& folder, int codePage);
+    FolderNames(const HostPath& folder, int codePage);
 
     /// The names on disk that equal `name` in any case, in byte order; null where there is none.
     const std::vector<std::string>* Matching(std::string_view name) const;
@@ -31,9 +32,9 @@ private:
 
         friend bool operator==(const Version&, const Version&) = default;
     };
-    static Version VersionOf(const std::filesystem::path& folder);
+    static Version VersionOf(const HostPath& folder);
 
-    std::filesystem::path m_folder;
+    HostPath m_folder;
     Version m_version;
     bool m_isSettled = false;
     std::unordered_map<std::string, std::vector<std::string>> m_names;  // by lower-case name

@@ -2,13 +2,12 @@
 
 #include "base/modTextCase.h"
 #include "base/modUtf8.h"
-#include "modHostFolder.h"
 #include "platform/host/modEncoding.h"
+#include "platform/host/modHostFolder.h"
 
 #include <algorithm>
 #include <ctime>
 #include <sys/stat.h>
-#include <system_error>
 
 namespace dorvik {
 
@@ -31,10 +30,10 @@ bool LiesBack(std::int64_t changed) {
 
 }  // namespace
 
-FolderNames::FolderNames(const std::filesystem::path& folder, int codePage)
+FolderNames::FolderNames(const HostPath& folder, int codePage)
     : m_folder(folder), m_version(VersionOf(folder)), m_isSettled(LiesBack(m_version.Changed)) {
-    std::error_code ignored;
-    for (modHostFolder::Entry& entry : modHostFolder::Entries(folder, ignored)) {
+    modHostFolder::FolderContent content = modHostFolder::Entries(folder);
+    for (modHostFolder::Entry& entry : content.Entries) {
         std::string& name = entry.Name;
         std::string key = modTextCase::ToLower(
             modUtf8::IsValid(name) ? name : modEncoding::DecodeByPage(name, codePage));
@@ -54,9 +53,9 @@ bool FolderNames::IsUpToDate() const {
     return m_isSettled && m_version == VersionOf(m_folder);
 }
 
-FolderNames::Version FolderNames::VersionOf(const std::filesystem::path& folder) {
+FolderNames::Version FolderNames::VersionOf(const HostPath& folder) {
     struct stat status {};
-    if (::stat(folder.c_str(), &status) != 0) {
+    if (::stat(folder.Bytes().c_str(), &status) != 0) {
         return {};
     }
     return {status.st_dev, status.st_ino, Nanoseconds(status.st_mtim)};

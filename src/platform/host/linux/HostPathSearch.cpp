@@ -1,8 +1,9 @@
 #include "HostPathSearch.h"
 
+#include "platform/host/modHostFolder.h"
+
 #include <algorithm>
 #include <iterator>
-#include <system_error>
 
 namespace dorvik {
 
@@ -39,20 +40,18 @@ void TakePart(PathParts& path, std::string_view part) {
 }
 
 /// The host's form of the path from part `index` on, below `folder`.
-std::filesystem::path
-Joined(std::filesystem::path folder, const PathParts& path, std::size_t index) {
+HostPath Joined(HostPath folder, const PathParts& path, std::size_t index) {
     for (; index < path.Parts.size(); ++index) {
-        folder /= path.Parts[index];
+        folder = folder / path.Parts[index];
     }
     if (path.EndsInSeparator && !path.Parts.empty()) {
-        folder /= "";
+        folder = folder / "";
     }
-    return folder.empty() ? "." : folder;
+    return folder.IsEmpty() ? HostPath::FromBytes(".") : folder;
 }
 
-bool Exists(const std::filesystem::path& path) {
-    std::error_code ignored;
-    return std::filesystem::exists(path, ignored);
+bool Exists(const HostPath& path) {
+    return modHostFolder::KindOf(path) != FileKind::Nothing;
 }
 
 /// Windows does not see blanks and dots at the end of a name.
@@ -78,9 +77,9 @@ std::optional<PathParts> CutPath(std::string_view path) {
     return result;
 }
 
-std::filesystem::path HostPathSearch::Find(const PathParts& path, int codePage) {
-    const std::filesystem::path root = path.IsAbsolute ? "/" : "";
-    const std::filesystem::path asWritten = Joined(root, path, 0);
+HostPath HostPathSearch::Find(const PathParts& path, int codePage) {
+    const HostPath root = HostPath::FromBytes(path.IsAbsolute ? "/" : "");
+    const HostPath asWritten = Joined(root, path, 0);
     if (Exists(asWritten)) {
         return asWritten;
     }
@@ -95,7 +94,7 @@ std::filesystem::path HostPathSearch::Find(const PathParts& path, int codePage) 
 }
 
 /// True when the whole path has been found below `folder`.
-bool HostPathSearch::Walk(const std::filesystem::path& folder, std::size_t index) {
+bool HostPathSearch::Walk(const HostPath& folder, std::size_t index) {
     if (index > m_deepestCount) {
         m_deepest = folder;
         m_deepestCount = index;
@@ -116,7 +115,7 @@ bool HostPathSearch::Walk(const std::filesystem::path& folder, std::size_t index
 /// The names on disk that the part may mean, other than itself. A copy, since deeper steps may read
 /// the folder anew.
 std::vector<std::string>
-HostPathSearch::OtherSpellings(const std::filesystem::path& folder, std::string_view part) {
+HostPathSearch::OtherSpellings(const HostPath& folder, std::string_view part) {
     const std::string_view bare = WithoutTrailingBlanksAndDots(part);
     const std::vector<std::string>* names = bare.empty() ? nullptr : NamesIn(folder).Matching(bare);
     std::vector<std::string> others;
@@ -127,10 +126,10 @@ HostPathSearch::OtherSpellings(const std::filesystem::path& folder, std::string_
     return others;
 }
 
-const FolderNames& HostPathSearch::NamesIn(const std::filesystem::path& folder) {
+const FolderNames& HostPathSearch::NamesIn(const HostPath& folder) {
     constexpr std::size_t kMostFolders = 64;
-    const std::filesystem::path place = folder.empty() ? "." : folder;
-    const std::pair key(place.string(), m_codePage);
+    const HostPath place = folder.IsEmpty() ? HostPath::FromBytes(".") : folder;
+    const std::pair key(place, m_codePage);
     const auto known = m_folders.find(key);
     if (known != m_folders.end() && known->second.IsUpToDate()) {
         return known->second;

@@ -1,9 +1,12 @@
 #include "platform/host/FileInUseMark.h"
 
+#include "SystemFailure.h"
 #include "base/modUtf8.h"
 #include "platform/host/FileInUse.h"
-#include "platform/host/HostFile.h"
+#include "platform/host/HostError.h"
 #include "platform/host/OutputRefusal.h"
+#include "platform/host/modHostPath.h"
+#include "platform/host/modHostProcess.h"
 
 #include <array>
 #include <cerrno>
@@ -30,10 +33,10 @@ std::map<FileIdentity, std::weak_ptr<FileInUseMark>>& MarksOfThisProcess() {
     return marks;
 }
 
-FileIdentity IdentityOf(const std::filesystem::path& file) {
+FileIdentity IdentityOf(const HostPath& file) {
     struct stat status {};
-    return ::stat(file.c_str(), &status) == 0 ? FileIdentity{status.st_dev, status.st_ino}
-                                              : FileIdentity{0, 0};
+    return ::stat(file.Bytes().c_str(), &status) == 0 ? FileIdentity{status.st_dev, status.st_ino}
+                                                      : FileIdentity{0, 0};
 }
 
 FileIdentity IdentityOf(int descriptor) {
@@ -56,17 +59,18 @@ bool HasEngineLock(int descriptor) {
 constexpr int kAnyFile = O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
 
 /// A descriptor of the file of a mark that is to be the caller's alone.
-int OpenOwn(const std::filesystem::path& file) {
+int OpenOwn(const HostPath& file) {
     constexpr mode_t kReadableByAll = 0666;  // less the user's mask
     modObstacles::NeedFile(file);
     const int use = kAnyFile | O_NOFOLLOW;
-    int descriptor = ::open(file.c_str(), O_RDWR | O_CREAT | use, kReadableByAll);
+    int descriptor = ::open(file.Bytes().c_str(), O_RDWR | O_CREAT | use, kReadableByAll);
     const int reason = errno;
     if (descriptor < 0 && reason == EACCES) {
-        descriptor = ::open(file.c_str(), O_RDONLY | use);  // one that another user left behind
+        descriptor =
+            ::open(file.Bytes().c_str(), O_RDONLY | use);  // one that another user left behind
     }
     if (descriptor < 0) {
-        RaiseHostError(reason, file, file.string());
+        RaiseHostError(modSystemFailure::OfFile(reason, file), modHostPath::Shown(file));
     }
     return descriptor;
 }
@@ -93,7 +97,7 @@ std::string HolderIn(int descriptor) {
 }
 
 void WriteHolder(int descriptor, std::string_view holder) {
-    std::string text = "process " + std::to_string(::getpid());
+    std::string text = "process " + std::to_string(modHostProcess::OwnNumber());
     text += holder;
     // On a full disk no one learns who it is; the lock holds all the same.
     const bool isWritten =
@@ -105,7 +109,7 @@ void WriteHolder(int descriptor, std::string_view holder) {
 }  // namespace
 
 std::shared_ptr<FileInUseMark>
-FileInUseMark::SetAlone(const std::filesystem::path& file, std::string_view holder) {
+FileInUseMark::SetAlone(const HostPath& file, std::string_view holder) {
     constexpr int kMostTries = 100;  // there are file systems that number a file anew at each look
     for (int attempt = 1;; ++attempt) {
         const int descriptor = OpenOwn(file);
@@ -123,14 +127,14 @@ FileInUseMark::SetAlone(const std::filesystem::path& file, std::string_view hold
     }
 }
 
-std::shared_ptr<FileInUseMark> FileInUseMark::Set(const std::filesystem::path& file) {
+std::shared_ptr<FileInUseMark> FileInUseMark::Set(const HostPath& file) {
     const auto identity = IdentityOf(file);
     auto& marks = MarksOfThisProcess();
     std::erase_if(marks, [](const auto& entry) { return entry.second.expired(); });
     if (const auto found = marks.find(identity); found != marks.end()) {
         return found->second.lock();
     }
-    const int descriptor = ::open(file.c_str(), O_RDONLY | kAnyFile);
+    const int descriptor = ::open(file.Bytes().c_str(), O_RDONLY | kAnyFile);
     if (descriptor < 0) {
         return nullptr;
     }
@@ -140,13 +144,13 @@ std::shared_ptr<FileInUseMark> FileInUseMark::Set(const std::filesystem::path& f
     return mark;
 }
 
-bool FileInUseMark::IsInUse(const std::filesystem::path& file) {
+bool FileInUseMark::IsInUse(const HostPath& file) {
     const auto& marks = MarksOfThisProcess();
     if (const auto found = marks.find(IdentityOf(file));
         found != marks.end() && !found->second.expired()) {
         return true;
     }
-    const int descriptor = ::open(file.c_str(), O_RDONLY | kAnyFile);
+    const int descriptor = ::open(file.Bytes().c_str(), O_RDONLY | kAnyFile);
     if (descriptor < 0) {
         return false;
     }
@@ -158,10 +162,11 @@ bool FileInUseMark::IsInUse(const std::filesystem::path& file) {
 
 FileInUseMark::~FileInUseMark() {
     // As long as the lock is held no one else deletes the file or puts another into its place.
-    if (!m_own.empty() && IdentityOf(m_descriptor) == IdentityOf(m_own)) {
-        ::unlink(m_own.c_str());
+    const int descriptor = static_cast<int>(m_handle);
+    if (!m_own.IsEmpty() && IdentityOf(descriptor) == IdentityOf(m_own)) {
+        ::unlink(m_own.Bytes().c_str());
     }
-    ::close(m_descriptor);
+    ::close(descriptor);
 }
 
 }  // namespace dorvik
