@@ -363,7 +363,7 @@ TEST_F(ReviewReports, ReportOfAnUnfinishedReviewIsRefused) {
     database.Close();
     const ProgramResult result = Run({"report", "Dorvik/One_DORVIK.mdb"});
     EXPECT_EQ(result.ExitCode, 2);
-    EXPECT_THAT(result.Error, HasSubstr("did not come to its end"));
+    EXPECT_THAT(result.Error, HasSubstr("did not finish"));
     ExpectClearSentences(result);
     EXPECT_THAT(Pages("."), IsEmpty());
 }

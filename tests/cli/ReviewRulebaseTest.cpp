@@ -69,7 +69,7 @@ TEST_F(ReviewRulebase, ARuleThatCannotBeReadEndsTheReviewBeforeItBegins) {
         result.Errors()[1],
         AllOf(
             HasSubstr("nothing was reviewed"),
-            HasSubstr("(--accept-faults reviews with the rest)")));
+            HasSubstr("(use --accept-faults to review with the rest)")));
     ExpectClearSentences(result);
     for (const std::string& sentence : Checked()) {
         EXPECT_THAT(result.Error, HasSubstr(sentence)) << "what the check says of the same file";

@@ -236,8 +236,8 @@ TEST_F(ReviewTrouble, TheLineThatEndsTheReadingOfAProjectFileIsTold) {
     EXPECT_THAT(
         result.Errors(),
         ElementsAre(HasSubstr(
-            "A.vbp' cannot be parsed from line 4 on, which is 'Module=A; A.bas' (a key or a "
-            "source file that is named twice is one reason)")));
+            "A.vbp' cannot be parsed from line 4 on, which is 'Module=A; A.bas' (one possible "
+            "reason is a key or a source file that is named twice)\")));
     EXPECT_THAT(Run({"events", "A.vbp"}).Error, HasSubstr("cannot be parsed from line 4 on"));
 }
 

@@ -99,7 +99,7 @@ TEST_F(StandardStreams, AWorkingFolderThatIsGoneIsToldInOneSentence) {
         const ProgramResult result = Shell("mkdir gone; cd gone; rmdir ../gone; " + command);
         EXPECT_EQ(result.ExitCode, 2) << command;
         EXPECT_EQ(result.Errors().size(), 1U) << command << result.Error;
-        EXPECT_THAT(result.Error, HasSubstr("the working folder is not there any more")) << command;
+        EXPECT_THAT(result.Error, HasSubstr("the working folder no longer exists")) << command;
     }
 }
 
@@ -163,7 +163,7 @@ TEST(LastResortDeathTest, WhatNoCatchReachesEndsTheSameWay) {
             FailWithoutACatch(true);
         },
         ::testing::ExitedWithCode(2),
-        "dorvik: the memory of this machine is not enough");
+        "dorvik: out of memory");
 }
 
 }  // namespace dorvik::test
