@@ -116,7 +116,7 @@ protected:
         EXPECT_GE(lines - 1, seen);
         EXPECT_EQ(lines - 1, Violations());
         if (Ask("SELECT count(*) FROM Review WHERE [End] IS NULL").value_or(0) == 1) {
-            EXPECT_THAT(result.Error, HasSubstr("did not come to its end"));
+            EXPECT_THAT(result.Error, HasSubstr("did not finish"));
         }
     }
 };

@@ -134,7 +134,7 @@ TEST_F(ResultsRefusal, AKilledReviewIsShownAsFarAsItCame) {
     MakeKilled("killed");
     const ProgramResult summary = Run({"results", "killed/Killed.mdb", "summary"});
     EXPECT_EQ(summary.ExitCode, 0);
-    EXPECT_THAT(summary.Error, HasSubstr("did not come to its end"));
+    EXPECT_THAT(summary.Error, HasSubstr("did not finish"));
     EXPECT_THAT(
         summary.Output, HasSubstr("Violations  4  (2 critical, 0 high, 1 medium, 1 low, 0 info)"));
     EXPECT_TRUE(fs::exists(Work("killed/Killed.mdb")));

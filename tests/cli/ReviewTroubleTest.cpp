@@ -237,7 +237,7 @@ TEST_F(ReviewTrouble, TheLineThatEndsTheReadingOfAProjectFileIsTold) {
         result.Errors(),
         ElementsAre(HasSubstr(
             "A.vbp' cannot be parsed from line 4 on, which is 'Module=A; A.bas' (one possible "
-            "reason is a key or a source file that is named twice)\")));
+            "reason is a key or a source file that is named twice)")));
     EXPECT_THAT(Run({"events", "A.vbp"}).Error, HasSubstr("cannot be parsed from line 4 on"));
 }
 

@@ -188,7 +188,7 @@ TEST(RulebaseCheck, TellsWhatBelongsWhereSomethingElseStands) {
 TEST(RulebaseCheck, TellsTextBetweenTheElements) {
     RulebaseText text;
     text.ControlTags = "<ControlTags>here</ControlTags>";
-    EXPECT_THAT(CheckText(text), ElementsAre(HasSubstr("text stands between the elements")));
+    EXPECT_THAT(CheckText(text), ElementsAre(HasSubstr("there is text between the elements")));
 }
 
 TEST(RulebaseCheck, TellsMissingSectionsEachByItsName) {

@@ -129,7 +129,7 @@ TEST(MsftReader, NamesThePlaceOfANameOutsideItsTable) {
 TEST(MsftReader, ComparesTheNumberOfTypesWithTheTableBeforeItIsUsed) {
     std::string bytes = LibraryBytes("empty");
     PutDoubleWord(bytes, 0x20, 1);
-    EXPECT_THAT(OnlyFault(bytes), testing::HasSubstr("lies outside the file"));
+    EXPECT_THAT(OnlyFault(bytes), testing::HasSubstr("is outside the file"));
     bytes = LibraryBytes("german");
     PutDoubleWord(bytes, 0x20, 0xFFFFFFFF);
     EXPECT_THAT(OnlyFault(bytes), testing::HasSubstr("leads outside the file"));

@@ -95,7 +95,7 @@ TEST(PeResources, KeepsTheIntactResourcesBesideADamagedOne) {
         ElementsAre(
             "2/0=second",
             HasSubstr("a resource (2147483647 bytes at offset 0x410) "
-                      "lies outside the file")));
+                      "is outside the file")));
 }
 
 TEST(PeResources, EndsInACircleOfDirectories) {

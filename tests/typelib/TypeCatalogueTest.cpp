@@ -209,7 +209,7 @@ TEST(TypeCatalogue, WrongGuidIsToldAndLeavesTheLibraryWithoutOne) {
     const TypeCatalogue catalogue = Read("library A\nguid 1234\nversion 1.0\nclass X\n");
     ASSERT_EQ(catalogue.Faults().size(), 2U);
     EXPECT_EQ(catalogue.Faults()[0].Line, 2U);
-    EXPECT_THAT(catalogue.Faults()[0].What, HasSubstr("'1234' is no GUID"));
+    EXPECT_THAT(catalogue.Faults()[0].What, HasSubstr("'1234' is not a GUID"));
     EXPECT_EQ(catalogue.Faults()[1].What, "the library 'A' has no GUID");
 }
 

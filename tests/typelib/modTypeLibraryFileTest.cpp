@@ -78,10 +78,10 @@ TEST(modTypeLibraryFile, GivesTheIntactLibrariesOfAFileAndNamesTheDamagedOnes) {
         file.Faults[0],
         testing::StartsWith("\"\\lib\\Mixed.ocx\", type library 1, is damaged: the table "
                             "of types ("));
-    EXPECT_THAT(file.Faults[0], HasSubstr("lies outside the library ("));
+    EXPECT_THAT(file.Faults[0], HasSubstr("is outside the library ("));
     EXPECT_THAT(
         file.Faults[1],
-        testing::StartsWith("\"\\lib\\Mixed.ocx\", type library 5, is damaged: what begins "
+        testing::StartsWith("\"\\lib\\Mixed.ocx\", type library 5, is damaged: the data "
                             "at offset 0x"));
     EXPECT_THAT(file.Faults[1], testing::EndsWith(" has an unknown format."));
     EXPECT_FALSE(file.IsOther);
