@@ -248,7 +248,8 @@ TEST_F(RulebaseCheckCommand, ACompileErrorHidesNoHintOfAnotherRule) {
         FoundIn({"Sub Main()\nExit Function\nEnd Sub", "Sub Main()\nDovrik.Raise\nEnd Sub"}),
         Line(
             6001,
-            "line 2, column 1: Invalid 'Exit' statement: 'Exit Function' is not in anything that it "
+            "line 2, column 1: Invalid 'Exit' statement: 'Exit Function' is not in anything that "
+            "it "
             "could leave") +
             Line(6002, "line 2, column 1: 'Dovrik' is read and never set"));
 }
