@@ -163,7 +163,7 @@ struct FileRecord {
     bool HasTolerances;
 };
 
-constexpr std::array<Field<FileRecord>, 10> kFileFields{{
+constexpr auto kFileFields = std::to_array<Field<FileRecord>>({
     {"name",
      [](const auto& record, auto& json) {
          json.Text(record.File.Filename);
@@ -208,12 +208,12 @@ constexpr std::array<Field<FileRecord>, 10> kFileFields{{
      [](const auto& record, auto& json) {
          json.Text(ReasonOf(record.File));
      }},
-}};
+});
 static_assert(AgreeWith(kFileFields, modModernReportColumns::kFiles));
 
 // ---- procedures ----
 
-constexpr std::array<Field<ModernProcedure>, 3> kProcedureFields{{
+constexpr auto kProcedureFields = std::to_array<Field<ModernProcedure>>({
     {"id",
      [](const auto& procedure, auto& json) {
          json.Number(procedure.ID);
@@ -226,7 +226,7 @@ constexpr std::array<Field<ModernProcedure>, 3> kProcedureFields{{
      [](const auto& procedure, auto& json) {
          json.Text(procedure.Name);
      }},
-}};
+});
 static_assert(AgreeWith(kProcedureFields, modModernReportColumns::kProcedures));
 
 /// Those that have violations: the page has no use for the others.
@@ -284,7 +284,7 @@ struct RuleRecord {
     const CategoryList& Categories;
 };
 
-constexpr std::array<Field<RuleRecord>, 10> kRuleFields{{
+constexpr auto kRuleFields = std::to_array<Field<RuleRecord>>({
     {"number",
      [](const auto& record, auto& json) {
          json.Number(record.Rule.RuleID);
@@ -325,7 +325,7 @@ constexpr std::array<Field<RuleRecord>, 10> kRuleFields{{
      [](const auto& record, auto& json) {
          json.Text(record.Rule.Advice.Tail());
      }},
-}};
+});
 static_assert(AgreeWith(kRuleFields, modModernReportColumns::kRules));
 
 /// A violation with the indexes of what it refers to in the other lists of the data.
@@ -338,7 +338,7 @@ struct ViolationRecord {
     std::string_view Advice;       // likewise
 };
 
-constexpr std::array<Field<ViolationRecord>, 9> kViolationFields{{
+constexpr auto kViolationFields = std::to_array<Field<ViolationRecord>>({
     {"id",
      [](const auto& record, auto& json) {
          json.Number(record.Item.ID);
@@ -378,7 +378,7 @@ constexpr std::array<Field<ViolationRecord>, 9> kViolationFields{{
      [](const auto& record) {
          return !record.Item.Violation.Completed;
      }},
-}};
+});
 static_assert(AgreeWith(kViolationFields, modModernReportColumns::kViolations));
 
 void WriteViolation(
