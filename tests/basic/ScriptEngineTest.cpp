@@ -1,6 +1,7 @@
 #include "basic/engine/ScriptEngine.h"
 
 #include "basic/ScriptRun.h"
+#include "platform/host/ScopedInstall.h"
 
 #include <gtest/gtest.h>
 
@@ -24,6 +25,11 @@ public:
     std::vector<std::string> Printed;
     int Asked = 0;
     bool GoesOn = true;
+};
+
+class StandingClock final : public IClock {
+public:
+    DateTime Now() override { return {2026, 11, 21, 14, 5, 9}; }
 };
 
 constexpr const char* kPrototype = "Public Sub RunScript(ByVal v_lRuleID As Long)";
@@ -105,6 +111,14 @@ TEST_F(ScriptEngineTest, ModuleVariablesLiveAsLongAsTheModule) {
     m_engine.RunSub("Main");
     m_engine.RunSub("Main");
     EXPECT_EQ(m_host.Printed, (std::vector<std::string>{" 1 ", " 2 "}));
+}
+
+TEST_F(ScriptEngineTest, TheTimeIsThatOfTheProgramsClock) {
+    StandingClock clock;
+    const ScopedInstall<IClock> installed(clock);
+    EXPECT_EQ(Evaluated("Now = DateSerial(2026, 11, 21) + TimeSerial(14, 5, 9)"), "True");
+    EXPECT_EQ(Evaluated("Date = DateSerial(2026, 11, 21)"), "True");
+    EXPECT_EQ(Evaluated("Timer"), "50709");
 }
 
 TEST_F(ScriptEngineTest, AHostCancelsARunawayScriptWithin50Milliseconds) {

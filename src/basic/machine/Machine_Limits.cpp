@@ -1,7 +1,7 @@
 #include "basic/machine/Machine.h"
+#include "basic/values/DateSerial.h"
 #include "basic/values/RuntimeErrors.h"
-
-#include <ctime>
+#include "platform/host/modHost.h"
 
 namespace dorvik::basic {
 
@@ -12,8 +12,6 @@ namespace {
 constexpr std::int64_t kSlice = 20'000;
 /// What a step of a built-in function's long work counts for.
 constexpr std::size_t kBreath = 200;
-constexpr double kSecondsOfDay = 86'400;
-constexpr double kFirstOfJanuary1970 = 25'569;  // days since 30 Dec 1899
 
 }  // namespace
 
@@ -71,15 +69,10 @@ void Machine::Yield(Instruction, Value*) {
 }
 
 double Machine::NowInDays() {
-    const auto now = std::chrono::system_clock::now();
-    const std::time_t seconds = std::chrono::system_clock::to_time_t(now);
-    std::tm local{};
-    localtime_r(&seconds, &local);
-    const auto fraction =
-        std::chrono::duration<double>(now - std::chrono::system_clock::from_time_t(seconds))
-            .count();
-    const auto shown = static_cast<double>(seconds + local.tm_gmtoff);
-    return kFirstOfJanuary1970 + (shown + fraction) / kSecondsOfDay;
+    const auto [time, fraction] = modHost::ExactNow();
+    const std::int64_t day = modDateSerial::DayNumber(time.Year, time.Month, time.Day);
+    const int second = (time.Hour * 60 + time.Minute) * 60 + time.Second;
+    return static_cast<double>(day) + (second + fraction) / modDateSerial::kSecondsPerDay;
 }
 
 void Machine::Refuse(std::string_view what) {
