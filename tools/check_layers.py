@@ -1,11 +1,22 @@
 #!/usr/bin/env python3
 """Checks what the compiler alone would let pass: that the links of the libraries make no circle, that a library shows
-others nothing but its public headers, that no two headers include each other, and that the name of a file says
-what is in it."""
+others nothing but its public headers, that no two headers include each other, that nothing but the sources for one
+system knows that system, and that the name of a file says what is in it."""
 import re
 import sys
 
 from source_tree import Closure, Includes, Libraries, ROOT, SOURCE_ROOTS, CODE
+
+# Where the system is known: a folder for each one.
+SYSTEM_SOURCES = ROOT / "src/platform/host"
+SYSTEMS = ("linux", "windows")
+# Every other header whose name ends in ".h" belongs to a system, or to C.
+LIBRARY_HEADERS = re.compile(r"(CLI|libxml|libxslt|rapidjson)/|(iconv|pcre2|sqlite3)\.h$")
+SYSTEM_HEADERS = {"cerrno", "csignal", "ctime", "filesystem", "fstream", "iostream"}
+SYSTEM_WORDS = re.compile(
+    r"std::filesystem|\berrno\b|\b(?:fopen|getenv|gmtime|gmtime_r|localtime|localtime_r|popen|system)\(")
+ANGLE_INCLUDE = re.compile(r"^\s*#\s*include <([^>]+)>", re.MULTILINE)
+COMMENT = re.compile(r"//[^\n]*")
 
 EMPTY_NAMES = re.compile(r"^(utils?|helpers?|misc|common)\b", re.IGNORECASE)
 
@@ -72,6 +83,23 @@ def name_faults(libraries):
                 yield f"{path}: a part of '{owner}', but there is no {owner}.h in the library"
 
 
+def is_for_one_system(path):
+    return any(SYSTEM_SOURCES / system in path.parents for system in SYSTEMS)
+
+
+def system_faults(libraries):
+    programs = [path for path in sorted((ROOT / "apps").glob("*/*")) if path.suffix in CODE]
+    for path in [file for library in libraries.values() for file in library.Files] + programs:
+        if is_for_one_system(path):
+            continue
+        text = COMMENT.sub("", path.read_text(encoding="utf-8"))
+        for header in ANGLE_INCLUDE.findall(text):
+            if header in SYSTEM_HEADERS or (header.endswith(".h") and not LIBRARY_HEADERS.match(header)):
+                yield f"{path}: <{header}> belongs to the system; src/platform/host offers what is needed of it"
+        for word in sorted(set(SYSTEM_WORDS.findall(text))):
+            yield f"{path}: '{word}' is of the system; src/platform/host offers what is needed of it"
+
+
 def homeless(libraries):
     known = {p for library in libraries.values() for p in library.Files}
     for root in SOURCE_ROOTS:
@@ -84,7 +112,7 @@ def homeless(libraries):
 def main():
     libraries = Libraries()
     faults = [*link_faults(libraries), *include_faults(libraries), *circles(libraries), *name_faults(libraries),
-              *homeless(libraries)]
+              *system_faults(libraries), *homeless(libraries)]
     for fault in faults:
         print(fault.replace(f"{ROOT}/", ""))
     count = sum(len(library.Files) for library in libraries.values())
