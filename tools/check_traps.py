@@ -10,9 +10,10 @@ MAY_CATCH = {
     "src/foundation/log/include/foundation/log/Trap.h",
     # A log that cannot be written to, while a trap logs.
     "src/foundation/log/modLog.cpp",
-    # The script engine: run-time errors of scripts, those of constant expressions (errors of the compiler
-    # then), and a module that cannot be read.
-    "src/basic/machine/Machine_Run.cpp", "src/basic/syntax/ConstantEvaluator.cpp", "src/basic/engine/ScriptEngine.cpp",
+    # The script engine: run-time errors of scripts, those of arguments that a failed call gives back, those of
+    # constant expressions (errors of the compiler then), and a module that cannot be read.
+    "src/basic/machine/Machine.cpp", "src/basic/operations/ErrorRecovery.cpp",
+    "src/basic/syntax/ConstantEvaluator.cpp", "src/basic/engine/ScriptEngine.cpp",
 }
 MAY_CATCH_BELOW = ("src/platform/",)
 # A part of an operation that logs under the operation's own name.

@@ -28,7 +28,8 @@ constexpr std::uint32_t Out(int parameter) {
 
 struct Callback {
     basic::ExtensionMember Member;
-    void (*Call)(IDVKSaxEvents&, Arguments);
+    /// True: the answer, in the last argument, holds until the next event.
+    bool (*Call)(IDVKSaxEvents&, Arguments);
 };
 
 /// Ordered by name. The out argument of each is its last one.
@@ -37,70 +38,80 @@ constexpr std::array kCallbacks{
         {"ApplyConvention", 0, 0},
         [](IDVKSaxEvents& e, Arguments) {
             e.ApplyConvention();
+            return false;
         }},
     Callback{
         {"CancelPendingViolation", 0, 0},
         [](IDVKSaxEvents& e, Arguments) {
             e.CancelPendingViolation();
+            return false;
         }},
     Callback{
         {"DebugPrint", 1, 0},
         [](IDVKSaxEvents& e, Arguments a) {
             e.DebugPrint(TextArgument(a[0]));
+            return false;
         }},
     Callback{
         {"DumpObject", 1, 0},
         [](IDVKSaxEvents& e, Arguments a) {
             e.DumpObject(TextArgument(a[0]));
+            return false;
         }},
     Callback{
         {"GetObjectProperty", 3, Out(2)},
         [](IDVKSaxEvents& e, Arguments a) {
-            if (e.GetObjectProperty(TextArgument(a[0]), TextArgument(a[1]), a[2])) {
-                e.KeepAnswer(a[0], a[1], a[2]);
-            }
+            return e.GetObjectProperty(TextArgument(a[0]), TextArgument(a[1]), a[2]);
         }},
     Callback{
         {"GetObjectWorkField", 3, Out(2)},
         [](IDVKSaxEvents& e, Arguments a) {
             e.GetObjectWorkField(TextArgument(a[0]), TextArgument(a[1]), a[2]);
+            return false;
         }},
     Callback{
         {"GetParserEvent", 1, Out(0)},
         [](IDVKSaxEvents& e, Arguments a) {
             a[0] = e.GetParserEvent();
+            return true;
         }},
     Callback{
         {"IsClassName", 2, Out(1)},
         [](IDVKSaxEvents& e, Arguments a) {
             a[1] = basic::Value::Boolean(e.IsClassName(TextArgument(a[0])));
+            return false;
         }},
     Callback{
         {"IsFormName", 2, Out(1)},
         [](IDVKSaxEvents& e, Arguments a) {
             a[1] = basic::Value::Boolean(e.IsFormName(TextArgument(a[0])));
+            return false;
         }},
     Callback{
         {"ObjectHasProperty", 3, Out(2)},
         [](IDVKSaxEvents& e, Arguments a) {
             a[2] =
                 basic::Value::Boolean(e.ObjectHasProperty(TextArgument(a[0]), TextArgument(a[1])));
+            return false;
         }},
     Callback{
         {"ObjectHasWorkfield", 3, Out(2)},
         [](IDVKSaxEvents& e, Arguments a) {
             a[2] =
                 basic::Value::Boolean(e.ObjectHasWorkfield(TextArgument(a[0]), TextArgument(a[1])));
+            return false;
         }},
     Callback{
         {"RaiseViolation", 0, 0},
         [](IDVKSaxEvents& e, Arguments) {
             e.RaiseViolation();
+            return false;
         }},
     Callback{
         {"SetObjectWorkField", 3, 0},
         [](IDVKSaxEvents& e, Arguments a) {
             e.SetObjectWorkField(TextArgument(a[0]), TextArgument(a[1]), a[2]);
+            return false;
         }},
 };
 
@@ -110,14 +121,6 @@ constexpr auto kMembers = [] {
     return members;
 }();
 
-constexpr std::size_t PlaceOf(std::string_view name) {
-    const auto* const found = std::ranges::find(kMembers, name, &basic::ExtensionMember::Name);
-    return static_cast<std::size_t>(found - kMembers.begin());
-}
-
-constexpr std::size_t kGetObjectProperty = PlaceOf("GetObjectProperty");
-constexpr std::size_t kGetParserEvent = PlaceOf("GetParserEvent");
-
 }  // namespace
 
 std::span<const basic::ExtensionMember> DVKSaxInterface::MemberTable() {
@@ -125,16 +128,15 @@ std::span<const basic::ExtensionMember> DVKSaxInterface::MemberTable() {
 }
 
 void DVKSaxInterface::Call(std::size_t member, std::span<basic::Value> arguments) {
-    kCallbacks[member].Call(m_events, arguments);
-}
-
-const basic::Value* DVKSaxInterface::Recall(
-    std::size_t member, const basic::Value& first, const basic::Value& second) const {
-    switch (member) {
-        case kGetObjectProperty: return m_events.KeptAnswer(first, second);
-        case kGetParserEvent: return m_events.KeptParserEvent();
-        default: return nullptr;
+    if (!kCallbacks[member].Call(m_events, arguments)) {
+        return;
     }
+    const basic::Value none{};
+    m_answers.Keep(
+        member,
+        arguments.size() > 1 ? arguments[0] : none,
+        arguments.size() > 2 ? arguments[1] : none,
+        arguments.back());
 }
 
 }  // namespace dorvik

@@ -24,17 +24,14 @@ namespace dorvik {
 namespace {
 
 constexpr std::string_view kModule = "C_RuleEngine";
-/// More than all rules together ask for at an event; a script that makes up names gets no further.
-constexpr std::size_t kMostAnswers = 64;
 
-/// The number of the rule whose main procedure an error of the entry procedure names; 0 if none.
-std::int32_t RuleOfMissingMain(std::string_view errorText) {
-    constexpr std::string_view kName = "Method_";
-    const std::size_t name = errorText.find(kName);
+/// The rule whose main procedure has that name in the module; 0 if none.
+std::int32_t RuleOfMain(std::string_view procedure) {
+    constexpr std::string_view kPrefix = "Method_";
     std::int32_t rule = 0;
-    if (name != std::string_view::npos) {
-        const std::string_view number = errorText.substr(name + kName.size());
-        std::from_chars(number.data(), number.data() + number.size(), rule);
+    if (procedure.starts_with(kPrefix)) {
+        procedure.remove_prefix(kPrefix.size());
+        std::from_chars(procedure.data(), procedure.data() + procedure.size(), rule);
     }
     return rule;
 }
@@ -45,10 +42,6 @@ bool StaysForEvent(std::string_view objectName, std::string_view propertyName) {
            !modTextCase::StartsWith(propertyName, scopename::kWorkfieldPrefix);
 }
 
-bool IsScalar(const basic::Value& value) {
-    return value.Type() == basic::ValueType::String || value.IsNumber();
-}
-
 }  // namespace
 
 RuleEngine::RuleEngine() : m_engine(*this), m_dorvik(*this) {
@@ -56,7 +49,7 @@ RuleEngine::RuleEngine() : m_engine(*this), m_dorvik(*this) {
 }
 
 void RuleEngine::AddExtension(basic::ScriptEngine& engine, DVKSaxInterface& dorvik) {
-    if (!engine.AddExtension(DVKSaxInterface::kPrefix, dorvik)) {
+    if (!engine.AddExtension(DVKSaxInterface::kPrefix, dorvik, &dorvik.Answers())) {
         modLog::Log().LogEvent(
             "Failed to add an instance of the DVKSaxInterface class as an extension to Sax Basic.",
             "Class_Initialize",
@@ -110,7 +103,7 @@ std::string RuleEngine::TextOfLoadError() const {
         return text;
     }
     // The entry procedure calls the main procedure of a script that has none.
-    if (const auto* origin = m_engine.OriginOfRule(RuleOfMissingMain(errors.front().Text))) {
+    if (const auto* origin = m_engine.OriginOfRule(RuleOfMain(errors.front().Name))) {
         text += " [" + origin->Name + " has no Sub Main]";
     }
     return text;
@@ -264,48 +257,8 @@ bool RuleEngine::GetObjectProperty(
     return StaysForEvent(objectName, propertyName);
 }
 
-void RuleEngine::KeepAnswer(
-    const basic::Value& objectName, const basic::Value& propertyName, const basic::Value& value) {
-    const bool areTexts = objectName.Type() == basic::ValueType::String &&
-                          propertyName.Type() == basic::ValueType::String;
-    if (areTexts && IsScalar(value) && m_answers.size() < kMostAnswers) {
-        m_answers.push_back({objectName, propertyName, value});
-    }
-}
-
-/// The names in scripts are constants of one module, which has each text once, so that it is enough to look whether
-/// it is that one.
-const basic::Value*
-RuleEngine::KeptAnswer(const basic::Value& objectName, const basic::Value& propertyName) const {
-    if (objectName.Type() != basic::ValueType::String ||
-        propertyName.Type() != basic::ValueType::String) {
-        return nullptr;
-    }
-    for (const Answer& answer : m_answers) {
-        if (answer.PropertyName.TextBody() == propertyName.TextBody() &&
-            answer.ObjectName.TextBody() == objectName.TextBody()) {
-            return &answer.Value;
-        }
-    }
-    return nullptr;
-}
-
 basic::Value RuleEngine::GetParserEvent() {
-    basic::Value& name =
-        m_eventNames.at(static_cast<std::size_t>(Results().ParserState().ParserEvent()));
-    if (name.Type() == basic::ValueType::Empty) {
-        name = basic::Value::Text(Results().GetParserEvent());
-    }
-    return name;
-}
-
-const basic::Value* RuleEngine::KeptParserEvent() const {
-    if (m_resultsManager == nullptr) {
-        return nullptr;
-    }
-    const auto event = static_cast<std::size_t>(m_resultsManager->ParserState().ParserEvent());
-    const basic::Value& name = m_eventNames.at(event);
-    return name.Type() == basic::ValueType::Empty ? nullptr : &name;
+    return basic::Value::Text(Results().GetParserEvent());
 }
 
 void RuleEngine::GetObjectWorkField(

@@ -28,6 +28,13 @@ TEST_P(CompilerErrors, AreToldWithTheirNumberAndLine) {
     EXPECT_EQ(run.Errors.front().Place.Line, GetParam().Line) << run.Output();
 }
 
+TEST(CompilerError, NamesTheProcedureThatIsNotDefined) {
+    const ScriptRun run = RunModule("Const c = 1\nSub Main\nCall Foo_1\nc = 2\nEnd Sub");
+    ASSERT_EQ(run.Errors.size(), 2U) << run.Output();
+    EXPECT_EQ(run.Errors[0].Name, "Foo_1");
+    EXPECT_EQ(run.Errors[1].Name, "");
+}
+
 constexpr CompilerErrorRow kCompilerErrorRows[] = {
     {"duplicate procedure", "Sub Main\nEnd Sub\nSub main\nEnd Sub", 1041, 3},
     {"duplicate local", "Sub Main\nDim a\nDim A\nEnd Sub", 1041, 3},

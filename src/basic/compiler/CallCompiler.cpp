@@ -187,7 +187,7 @@ Operand CallCompiler::CallSymbol(
 /// `Len` of what is declared as a number or a Type gives the bytes that it takes.
 std::optional<Operand>
 CallCompiler::TryLength(const BuiltinFunction& function, const std::vector<Argument>& arguments) {
-    const bool isLength = function.Name == "Len" || function.Name == "LenB";
+    const bool isLength = function.Id == BuiltinId::Len || function.Id == BuiltinId::LenB;
     if (!isLength || arguments.size() != 1 || !arguments[0].Value) {
         return std::nullopt;
     }
@@ -201,8 +201,8 @@ CallCompiler::TryLength(const BuiltinFunction& function, const std::vector<Argum
         Expressions().Evaluate(expression);  // there must be such an element
     }
     if (isRecord) {
-        const auto form =
-            function.Name == "Len" ? modRecordLayout::Form::File : modRecordLayout::Form::Memory;
+        const auto form = function.Id == BuiltinId::Len ? modRecordLayout::Form::File
+                                                        : modRecordLayout::Form::Memory;
         // With an error among the declarations a Type may contain itself.
         const bool isSound = m_scope.Messages.Errors.empty();
         const std::int64_t size =
@@ -268,7 +268,7 @@ Operand CallCompiler::CallBuiltin(
         return Operands().Nothing();
     }
     const std::size_t count = bound->size();
-    if (function.Name == "DoEvents") {
+    if (function.Id == BuiltinId::DoEvents) {
         m_code.Emit(Opcode::Yield);
     }
     const Register first = m_code.PushArguments(count);
@@ -320,10 +320,11 @@ void CallCompiler::Compile(const CallStatement& node, SourcePlace place) {
         if (canBeCalled) {
             CallSymbol(meaning, name->Name, node.Arguments, place, false);
         } else if (meaning.What == NameMeaning::Kind::Unknown) {
-            Error(
+            m_scope.Messages.Error(
                 compileerror::kNotDefined,
                 node.Callee->Place,
-                "Sub, Function or Property '" + name->Name + "' is not defined");
+                "Sub, Function or Property '" + name->Name + "' is not defined",
+                name->Name);
         } else if (meaning.What == NameMeaning::Kind::Extension) {
             Expressions().EvaluateSymbol(meaning, name->Name, node.Callee->Place);
         } else {

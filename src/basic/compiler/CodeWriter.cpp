@@ -1,6 +1,6 @@
 #include "CodeWriter.h"
 
-#include "Fusion.h"
+#include "SuperinstructionPass.h"
 
 #include <algorithm>
 #include <cstring>
@@ -203,7 +203,7 @@ bool CodeWriter::Finish() {
     m_procedure.ParameterCount = static_cast<std::uint32_t>(m_procedure.Parameters.size());
     m_procedure.CallSlots = m_procedure.Slots + m_procedure.ArgumentSlots;
     m_procedure.CallCost = static_cast<std::int32_t>(4 + m_procedure.Code.size() / 8);
-    modFusion::Fuse(m_program, m_procedure);
+    InsertSuperinstructions(m_program, m_procedure);
     return true;
 }
 

@@ -106,6 +106,9 @@ Operand ExtensionCompiler::Call(
         }
     }
     call.KeepsArguments = !outs.empty();
+    // A cache knows questions of at most two arguments, whose answer is the last one.
+    const bool isQuestion = count >= 1 && count <= 3 && member->OutParameters == 1U << (count - 1);
+    call.Answers = isQuestion ? extension.Answers : nullptr;
     m_scope.Result->ExtensionCalls.push_back(call);
     Operand result;
     result.IsFresh = true;

@@ -16,7 +16,7 @@ struct HandlerState;
 struct EngineParts {
     explicit EngineParts(IScriptHost& host) : Host(host), Runner(host) {}
 
-    /// Runs a procedure of the loaded module and tells the host of an error.
+    /// Runs a procedure of the loaded module and reports an error to the host.
     bool Run(std::size_t procedure, std::span<const Value> arguments);
     void Alert(ErrorAlert alert);
     void BindHandlers();

@@ -30,7 +30,7 @@ bool IsPrefix(std::string_view prefix) {
     });
 }
 
-/// "Scripts" of "\\temp\\Scripts.dvs": what stands for the module's name if the module does not tell.
+/// "Scripts" of "\\temp\\Scripts.dvs": the module's name if the module does not say.
 std::string StemOf(std::string_view path) {
     const std::size_t slash = path.find_last_of("\\/");
     if (slash != std::string_view::npos) {
@@ -100,7 +100,8 @@ EngineParts& ScriptEngine::PartsForHandlers() {
     return *m_parts;
 }
 
-bool ScriptEngine::AddExtension(std::string_view prefix, IScriptExtension& extension) {
+bool ScriptEngine::AddExtension(
+    std::string_view prefix, IScriptExtension& extension, const PropertyCache* answers) {
     if (!IsPrefix(prefix) || m_parts->Module) {
         return false;
     }
@@ -110,7 +111,7 @@ bool ScriptEngine::AddExtension(std::string_view prefix, IScriptExtension& exten
             return false;
         }
     }
-    m_parts->Extensions.push_back({std::string(prefix), &extension});
+    m_parts->Extensions.push_back({std::string(prefix), &extension, answers});
     return true;
 }
 

@@ -6,7 +6,7 @@
 namespace dorvik::basic {
 
 /// The form with "$" of a function whose bare form gives Null for Null: there it raises 94.
-template <BuiltinFunction::Body kBareForm>
+template <BuiltinFunction::Implementation kBareForm>
 Value StrictForm(ScriptContext& context, std::span<const Value> arguments) {
     Value result = kBareForm(context, arguments);
     if (result.Type() == ValueType::Null) {

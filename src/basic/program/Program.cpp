@@ -18,11 +18,11 @@ const OpcodeRow& RowOf(Opcode code) {
 }
 
 const StatementMark& Procedure::MarkOf(std::uint32_t position) const {
-    const auto behind = std::upper_bound(
+    const auto next = std::upper_bound(
         Marks.begin(), Marks.end(), position, [](std::uint32_t value, const StatementMark& mark) {
             return value < mark.Start;
         });
-    return behind == Marks.begin() ? *behind : *(behind - 1);
+    return next == Marks.begin() ? *next : *(next - 1);
 }
 
 int Program::FindProcedure(std::string_view name, ProcedureKind kind) const {

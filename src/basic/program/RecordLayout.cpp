@@ -14,7 +14,7 @@ namespace dorvik::basic::modRecordLayout {
 
 namespace {
 
-/// What a value takes, and a multiple of what its place in memory is.
+/// What a value takes, and a multiple of what its offset in memory is.
 struct Extent {
     std::int64_t Size = 0;
     std::int64_t Alignment = 1;
@@ -26,8 +26,8 @@ constexpr Extent kVariantExtent{16, 4};
 /// More than any script can have. Sizes end here, so that bounds as wide as can be written overflow nothing.
 constexpr std::int64_t kMost = std::int64_t{1} << 40;
 
-std::int64_t Aligned(std::int64_t place, std::int64_t alignment) {
-    return (place + alignment - 1) / alignment * alignment;
+std::int64_t Aligned(std::int64_t offset, std::int64_t alignment) {
+    return (offset + alignment - 1) / alignment * alignment;
 }
 
 std::int64_t Product(std::int64_t left, std::int64_t right) {
@@ -116,7 +116,7 @@ Extent Layout::OfElement(const DeclaredType& type) {
     return kAddress;
 }
 
-/// The members one after the other, with their places. Both directions walk the same way.
+/// The members one after the other, with their offsets. Both directions visit them in the same way.
 template <class Bytes>
 class Walk {
 public:
@@ -126,32 +126,32 @@ public:
     template <class Record, class Visit>
     void Over(Record& record, std::size_t start, const Visit& visit) {
         const auto& members = m_program.Records[static_cast<std::size_t>(record.Type())].Members;
-        std::int64_t place = static_cast<std::int64_t>(start);
+        std::int64_t offset = static_cast<std::int64_t>(start);
         for (std::size_t i = 0; i < members.size(); ++i) {
             const VariableShape& shape = members[i].Shape;
             const DeclaredType element = ElementOf(shape);
             const Extent extent = m_layout.OfElement(element);
-            place = Aligned(place, extent.Alignment);
+            offset = Aligned(offset, extent.Alignment);
             auto& member = record.Members()[i];
             if (!shape.Type.IsArray) {
-                One(member, element, static_cast<std::size_t>(place), visit);
-                place += extent.Size;
+                One(member, element, static_cast<std::size_t>(offset), visit);
+                offset += extent.Size;
                 continue;
             }
             for (auto& value : member.AsArray()->Elements()) {
-                One(value, element, static_cast<std::size_t>(place), visit);
-                place += extent.Size;
+                One(value, element, static_cast<std::size_t>(offset), visit);
+                offset += extent.Size;
             }
         }
     }
 
 private:
     template <class Item, class Visit>
-    void One(Item& value, const DeclaredType& type, std::size_t place, const Visit& visit) {
+    void One(Item& value, const DeclaredType& type, std::size_t offset, const Visit& visit) {
         if (type.Kind == DeclaredKind::Record) {
-            Over(*value.AsRecord(), place, visit);
+            Over(*value.AsRecord(), offset, visit);
         } else {
-            visit(value, type, m_bytes.data() + place);
+            visit(value, type, m_bytes.data() + offset);
         }
     }
 
@@ -277,8 +277,8 @@ Value WithBytes(const Program& program, const Value& record, std::string_view by
     Value changed = record.DeepCopy();
     Walk(program, bytes)
         .Over(
-            *changed.AsRecord(), 0, [](Value& value, const DeclaredType& type, const char* place) {
-                value = ValueAt(place, type);
+            *changed.AsRecord(), 0, [](Value& value, const DeclaredType& type, const char* from) {
+                value = ValueAt(from, type);
             });
     return changed;
 }

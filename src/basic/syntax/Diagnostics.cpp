@@ -11,8 +11,9 @@ const ScriptOrigin* FindOrigin(std::span<const ScriptOrigin> origins, std::int32
     return nullptr;
 }
 
-void Diagnostics::Error(std::int32_t number, SourcePlace place, std::string text) {
-    Errors.push_back({number, place, std::move(text)});
+void Diagnostics::Error(
+    std::int32_t number, SourcePlace place, std::string text, std::string name) {
+    Errors.push_back({number, place, std::move(text), std::move(name)});
 }
 
 void Diagnostics::Warn(SourcePlace place, std::string text) {

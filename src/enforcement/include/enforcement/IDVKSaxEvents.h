@@ -18,23 +18,11 @@ public:
     virtual void RaiseViolation() = 0;
     virtual void DebugPrint(std::string_view text) = 0;
     virtual void DumpObject(std::string_view objectName) = 0;
-    /// `value` becomes the property's value, or the empty text if it cannot be found. True: until the next event,
-    /// whoever asks the same gets the same, and nothing else happens.
+    /// `value` becomes the property's value, or the empty text if it cannot be found. True: until the next event
+    /// the same question has the same answer, and nothing else happens.
     virtual bool GetObjectProperty(
         std::string_view objectName, std::string_view propertyName, basic::Value& value) = 0;
-    /// Keeps the answer to a question for `KeptAnswer`, until the next event.
-    virtual void KeepAnswer(
-        const basic::Value& /*objectName*/,
-        const basic::Value& /*propertyName*/,
-        const basic::Value& /*value*/) {}
-    /// The answer that was kept for the same two texts; null if there is none.
-    virtual const basic::Value*
-    KeptAnswer(const basic::Value& /*objectName*/, const basic::Value& /*propertyName*/) const {
-        return nullptr;
-    }
     virtual basic::Value GetParserEvent() = 0;  // its name, a text
-    /// The same if it has been asked for at this event before, otherwise null.
-    virtual const basic::Value* KeptParserEvent() const { return nullptr; }
     /// Leaves `value` alone when the object is not in scope.
     virtual void GetObjectWorkField(
         std::string_view objectName, std::string_view workfieldName, basic::Value& value) = 0;

@@ -6,7 +6,6 @@
 #include "enforcement/RuleClock.h"
 #include "parser/ParserEvent.h"
 
-#include <array>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -79,7 +78,7 @@ public:
     /// Why the module did not load, with the rule and the line in its script; empty if it did.
     const std::string& LoadError() const { return m_loadError; }
     /// A new event begins, and what the objects have to tell is no longer what it was.
-    void BeginEvent() { m_answers.clear(); }
+    void BeginEvent() { m_dorvik.ForgetAnswers(); }
     /// Runs the script of a rule. A rule without one gives `Nothing`; a script that fails, what it had
     /// asked for until then.
     ScriptResult ExecuteRuleCondition(std::int32_t ruleId);
@@ -141,14 +140,7 @@ private:
     void DumpObject(std::string_view objectName) override;
     bool GetObjectProperty(
         std::string_view objectName, std::string_view propertyName, basic::Value& value) override;
-    void KeepAnswer(
-        const basic::Value& objectName,
-        const basic::Value& propertyName,
-        const basic::Value& value) override;
-    const basic::Value*
-    KeptAnswer(const basic::Value& objectName, const basic::Value& propertyName) const override;
     basic::Value GetParserEvent() override;
-    const basic::Value* KeptParserEvent() const override;
     void GetObjectWorkField(
         std::string_view objectName, std::string_view workfieldName, basic::Value& value) override;
     bool IsClassName(std::string_view name) override;
@@ -178,16 +170,7 @@ private:
     DVKSaxInterface m_dorvik;
     std::optional<basic::ScriptHandler> m_handler;
     std::optional<RuleClock> m_clock;
-    struct Answer {
-        basic::Value ObjectName;
-        basic::Value PropertyName;
-        basic::Value Value;
-    };
-
     ResultsManager* m_resultsManager = nullptr;
-    // All scripts of an event share one copy of a property.
-    std::vector<Answer> m_answers;
-    std::array<basic::Value, kLastParserEvent + 1> m_eventNames;  // by event number, once asked for
     ScriptResult m_result = ScriptResult::Nothing;
     std::int32_t m_ruleExecutionCount = 0;
     std::string m_scriptFilename;  // empty until loaded

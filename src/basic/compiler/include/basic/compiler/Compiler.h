@@ -15,6 +15,7 @@ namespace dorvik::basic {
 struct ExtensionEntry {
     std::string Prefix;
     IScriptExtension* Extension = nullptr;
+    const PropertyCache* Answers = nullptr;  // null if it keeps none
 };
 
 /// What came of a module. Owns everything that it needs: the tree can be destroyed.

@@ -13,17 +13,18 @@
 
 namespace dorvik::basic {
 
+class PropertyCache;
 class ScriptEngine;
 struct EngineParts;
 
-/// Stands for one procedure of the loaded module, found by its prototype.
+/// One procedure of the loaded module, found by its prototype.
 class ScriptHandler {
 public:
     /// True when a module is loaded, the engine is ready and the module has a procedure of that name
     /// and signature (the names of parameters are free).
     bool IsReady() const;
     /// Runs it at once, with arguments by value. An untrapped error ends in `OnErrorAlert`; a
-    /// call while a script runs is refused with error 5 told the same way. False: it did not run to its end.
+    /// call while a script runs is rejected with error 5 reported the same way. False: it did not run to its end.
     bool Call(std::span<const Value> arguments);
 
 private:
@@ -42,8 +43,12 @@ public:
     ScriptEngine(const ScriptEngine&) = delete;
     ScriptEngine& operator=(const ScriptEngine&) = delete;
 
-    /// False if the prefix is not a name with a point behind it, is taken, or a module is loaded already.
-    bool AddExtension(std::string_view prefix, IScriptExtension& extension);
+    /// False if the prefix is not a name with a point after it, is taken, or a module is loaded already.
+    /// `answers` is what the extension keeps for the machine, if it does. REQUIRES: both outlive the engine.
+    bool AddExtension(
+        std::string_view prefix,
+        IScriptExtension& extension,
+        const PropertyCache* answers = nullptr);
     void SetLimits(const ScriptLimits& limits);
     /// Where the lines of the next module come from; without it errors name lines of the module only.
     void SetOrigins(std::vector<ScriptOrigin> origins);
@@ -51,8 +56,8 @@ public:
     bool AcceptsModules() const;
     void SetAcceptsModules(bool accepts);
     ScriptHandler CreateHandler(std::string_view prototype);
-    /// Loads and compiles a module, UTF-8 with mark or code page 1252. False: see `LoadError`. The module
-    /// loaded before is gone either way. `path` is the inside form.
+    /// Loads and compiles a module, UTF-8 with mark or code page 1252. False: see `LoadErrors`. The module
+    /// loaded before is gone either way. `path` is the internal form.
     bool LoadModule(std::string_view path);
     /// The same from text; `file` is what errors show.
     bool LoadText(std::string_view file, std::string_view text);
@@ -71,7 +76,7 @@ public:
     const ScriptOrigin* OriginOfRule(std::int32_t rule) const;
     /// Runs a Sub without arguments by its name. False as for a handler; 35 if there is none.
     bool RunSub(std::string_view name);
-    /// The bytecode beside the source, for people.
+    /// The bytecode with the source, for people.
     std::string Disassemble() const;
 
 private:

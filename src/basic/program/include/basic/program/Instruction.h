@@ -14,14 +14,6 @@ enum class Opcode : std::uint8_t {
 #undef OPCODE
 };
 
-inline constexpr int kOpcodeCount = 0
-#define OPCODE(name, operands) +1
-#define OPERATION(name, operands) +1
-#include "basic/program/Opcodes.def"
-#undef OPERATION
-#undef OPCODE
-    ;
-
 /// One instruction, 64 bits. Operands name slots of the running procedure's frame or are numbers.
 struct Instruction {
     Opcode Code = Opcode::Jump;
@@ -50,19 +42,19 @@ static_assert(sizeof(Instruction) == 8);
 enum class Relation : std::uint8_t { Equal, NotEqual, Less, Greater, LessOrEqual, GreaterOrEqual };
 
 /// Flags of the instructions on any values: bits 0 and 1 are the facts, the operator or relation
-/// stands above them.
+/// is above them.
 inline constexpr std::uint8_t kLeftIsVariant = 1;
 inline constexpr std::uint8_t kRightIsVariant = 2;
 inline constexpr int kOperatorShift = 2;
 
-/// A flag of Move: only the tests of one `Select Case` read the target, and nobody else the source.
+/// A flag of Move: only the tests of one `Select Case` read the target, and nothing else reads the source.
 inline constexpr std::uint8_t kSelectSubject = 1;
 
 /// The flags of CallBuiltin when there are more arguments than they can count: a Jump word follows, which is never
 /// executed and has their number.
 inline constexpr std::uint8_t kCountInNextWord = 255;
 
-/// Told in the low bits of a reference: what the variable behind a ByRef Variant parameter is.
+/// In the low bits of a reference: what the variable that a ByRef Variant parameter refers to is.
 enum class ReferenceTag : std::uint8_t { Variant = 0, Typed = 1, FixedString = 2 };
 
 /// "No slot": the result of a call that is dropped.

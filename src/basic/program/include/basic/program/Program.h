@@ -2,6 +2,7 @@
 
 #include "basic/program/BuiltinFunction.h"
 #include "basic/program/Instruction.h"
+#include "basic/program/PropertyCache.h"
 #include "basic/program/ScriptHost.h"
 #include "basic/syntax/Ast.h"
 #include "basic/syntax/CompileError.h"
@@ -40,7 +41,7 @@ struct Parameter {
     Value Default;  // of an optional one: Missing for a Variant without a default
 };
 
-/// Tells, from a mark's start to the next mark's, which statement the code belongs to.
+/// The statement that the code from its start to the next mark's belongs to.
 struct StatementMark {
     std::uint32_t Start = 0;
     std::uint32_t Again = 0;  // where `Resume` goes on
@@ -48,7 +49,7 @@ struct StatementMark {
     std::int32_t Line = 0;    // physical, in the module, from 1
 };
 
-/// An argument that a call passes as a copy, and where the new value goes: done by the code behind the
+/// An argument that a call passes as a copy, and where the new value goes: done by the code after the
 /// call, and by the machine when the call ends with an error.
 struct ArgumentCopy {
     static constexpr std::uint16_t kNoElement = 0xFFFF;
@@ -60,7 +61,7 @@ struct ArgumentCopy {
 };
 
 /// One compiled procedure. Its slots: parameters, generic ones, then plain ones; arguments of the
-/// procedures that it calls are built behind them and become the first slots of the callee.
+/// procedures that it calls are built after them and become the first slots of the callee.
 struct Procedure {
     std::string Name;
     ProcedureKind Kind = ProcedureKind::Sub;
@@ -71,10 +72,10 @@ struct Procedure {
     std::vector<Instruction> Code;
     std::vector<StatementMark> Marks;     // by rising starts
     std::vector<ArgumentCopy> CopyBacks;  // by rising calls
-    std::vector<Value> Initial;           // of the slots behind the parameters; no bodies
+    std::vector<Value> Initial;           // of the slots after the parameters; no heap objects
     std::uint32_t GenericSlots = 0;       // with the parameters; only these are released at the end
     std::uint32_t Slots = 0;
-    std::uint32_t ArgumentSlots = 0;  // the most that are built behind `Slots`
+    std::uint32_t ArgumentSlots = 0;  // the most that are built after `Slots`
     std::uint32_t ParameterCount = 0;
     std::uint32_t CallSlots = 0;  // what a call needs: both
     std::int32_t CallCost = 0;    // of the budget
@@ -108,7 +109,9 @@ struct ExtensionCall {
     std::uint32_t Member = 0;
     std::uint32_t Parameters = 0;
     std::uint32_t Result = 0;     // the out argument that is the value of the function form
-    bool KeepsArguments = false;  // the code behind the call reads the out arguments
+    bool KeepsArguments = false;  // the code after the call reads the out arguments
+    /// Where the call may find its answer instead; null if it has to be made.
+    const PropertyCache* Answers = nullptr;
 };
 
 /// A compiled module. Immutable while it runs, but for the caches of its call sites.

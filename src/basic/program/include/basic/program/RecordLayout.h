@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-/// How the members of a `Type` lie behind each other. In a file (what `Len` tells) there are no gaps, and a character
-/// of a fixed string takes one byte; in memory (what `LenB` tells and `LSet` copies) numbers stand at even places or
+/// How the members of a `Type` follow each other. In a file (the size that `Len` gives) there are no gaps, and a character
+/// of a fixed string takes one byte; in memory (what `LenB` counts and `LSet` copies) numbers are at even offsets or
 /// at multiples of four, and a character takes two.
 namespace dorvik::basic::modRecordLayout {
 

@@ -21,7 +21,7 @@ struct ErrorAlert {
     bool IsLimit = false;
 };
 
-/// Receives the engine's events. All have a default, so a host answers those it cares for.
+/// Receives the engine's events. All have a default, so a host implements those it needs.
 class IScriptHost {
 public:
     virtual ~IScriptHost() = default;
@@ -51,13 +51,6 @@ public:
     /// `arguments` holds all parameters. An out argument comes with the present value of what was passed
     /// and is written in place. May raise a BasicError, which the script can trap.
     virtual void Call(std::size_t member, std::span<Value> arguments) = 0;
-    /// What a call of a member with at most three parameters would write to its last one, if that is at hand and
-    /// the call would do nothing else; null otherwise. Saves the call. `first` and `second` are the arguments in front
-    /// of the last one, Empty where there are fewer.
-    virtual const Value*
-    Recall(std::size_t /*member*/, const Value& /*first*/, const Value& /*second*/) const {
-        return nullptr;
-    }
 };
 
 /// What a script may use up. Zero: no limit.

@@ -10,7 +10,8 @@ namespace dorvik::basic {
 struct CompileError {
     std::int32_t Number = 0;
     SourcePlace Place;
-    std::string Text;  // a sentence without the place: "Expected 'Then'"
+    std::string Text;       // a sentence without the place: "Expected 'Then'"
+    std::string Name = {};  // of the procedure that is not defined, if this is about one
 };
 
 /// Something that loads, and that its author should know.

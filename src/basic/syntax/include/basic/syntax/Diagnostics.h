@@ -29,7 +29,7 @@ class Diagnostics {
 public:
     explicit Diagnostics(std::span<const ScriptOrigin> origins) : m_origins(origins) {}
 
-    void Error(std::int32_t number, SourcePlace place, std::string text);
+    void Error(std::int32_t number, SourcePlace place, std::string text, std::string name = {});
     void Warn(SourcePlace place, std::string text);
     /// A name that has two definitions; the message names both locations.
     void Redefined(std::string_view name, SourcePlace second, SourcePlace first);

@@ -1,15 +1,15 @@
-#include "basic/machine/Machine.h"
+#include "basic/operations/ErrorRecovery.h"
+#include "basic/operations/Operations.h"
 #include "basic/values/ArrayBody.h"
 #include "basic/values/Coercion.h"
 #include "basic/values/KnownFailure.h"
 #include "basic/values/RuntimeErrors.h"
 #include "basic/values/ValueKinds.h"
 
-namespace dorvik::basic {
+namespace dorvik::basic::modOperations {
 
 namespace {
 
-constexpr std::uint8_t kCountFollows = 255;
 const Value kNone{};
 
 /// What the texts of a call add to its cost: most functions read them to their ends.
@@ -45,35 +45,34 @@ void CheckFromHost(const Value& value) {
     }
 }
 
-/// What the host has at hand for the function form of a callback; null if it has to be called.
-const Value* Recalled(const ExtensionCall& call, const Value* arguments) {
-    constexpr std::uint32_t kMost = 3;
-    if (call.Result + 1 != call.Parameters || call.Parameters > kMost) {
+/// The answer that a call would get, if it is kept; null if the callback has to be called.
+const Value* KeptAnswer(const ExtensionCall& call, const Value* arguments) {
+    if (call.Answers == nullptr) {
         return nullptr;
     }
     const Value& first = call.Parameters > 1 ? arguments[0] : kNone;
     const Value& second = call.Parameters > 2 ? arguments[1] : kNone;
-    return call.Extension->Recall(call.Member, first, second);
+    return call.Answers->Find(call.Member, first, second);
 }
 
 }  // namespace
 
-void Machine::RunBuiltin(Instruction in, Value* base) {
-    const BuiltinFunction& function = *m_program->Builtins[in.B];
+void RunBuiltin(MachineState& state, Instruction in, Value* base) {
+    const BuiltinFunction& function = *state.Program->Builtins[in.B];
     const std::size_t count =
-        in.Flags == kCountFollows ? static_cast<std::size_t>(m_at[1].Wide()) : in.Flags;
+        in.Flags == kCountInNextWord ? static_cast<std::size_t>(state.At[1].Wide()) : in.Flags;
     Value* const first = base + in.C;
     const bool countsItself = function.Cost == BuiltinFunction::TextCost::CountedByItself;
     const std::size_t cost = countsItself ? 0 : CostOfTexts({first, count});
-    if (function.IsConversion && MayHaveKnownFailure(*first) && HasHandler()) {
+    if (function.IsConversion && MayHaveKnownFailure(*first) && state.Frames.HasHandler()) {
         if (const std::int32_t number = KnownFailure(*first, function.Result); number != 0) {
-            Spend(cost);
-            Fail(number);
+            state.Budget.Spend(cost);
+            Fail(state, number);
             return;
         }
     }
-    Value result = function.Call(*this, {first, count});
-    Spend(cost + CostOfTexts({&result, 1}) + CostOfArray(result));
+    Value result = function.Call(state.Context, {first, count});
+    state.Budget.Spend(cost + CostOfTexts({&result, 1}) + CostOfArray(result));
     Release(first, count);
     if (in.A == kNoSlot) {
         return;
@@ -83,21 +82,20 @@ void Machine::RunBuiltin(Instruction in, Value* base) {
     base[in.A] = isAsDeclared ? std::move(result) : CoerceTo(result, function.Result);
 }
 
-void Machine::RunExtension(Instruction in, Value* base) {
-    const ExtensionCall& call = m_program->ExtensionCalls[in.Target()];
+void RunExtension(MachineState& state, Instruction in, Value* base) {
+    const ExtensionCall& call = state.Program->ExtensionCalls[in.Target()];
     Value* const first = base + in.C;
-    const Value* const known = in.A != kNoSlot ? Recalled(call, first) : nullptr;
-    Value result;
-    if (known != nullptr) {
-        result = *known;
+    if (const Value* const answer = KeptAnswer(call, first)) {
+        first[call.Parameters - 1] = *answer;
     } else {
         call.Extension->Call(call.Member, {first, call.Parameters});
         for (std::uint32_t i = 0; i < call.Parameters; ++i) {
             CheckFromHost(first[i]);
         }
-        if (in.A != kNoSlot) {
-            result = std::move(first[call.Result]);
-        }
+    }
+    Value result;
+    if (in.A != kNoSlot) {
+        result = std::move(first[call.Result]);
     }
     if (!call.KeepsArguments) {
         Release(first, call.Parameters);
@@ -107,16 +105,8 @@ void Machine::RunExtension(Instruction in, Value* base) {
     }
 }
 
-void Machine::ReleaseArguments(Instruction in, Value* base) {
+void ReleaseArguments(MachineState&, Instruction in, Value* base) {
     Release(base + in.A, in.B);
 }
 
-void Machine::Raise(Instruction in, Value*) {
-    RaiseError(in.A);
-}
-
-void Machine::RefuseStatement(Instruction, Value*) {
-    RaiseError(runtimeerror::kPermissionDenied);  // its name is there for the disassembly
-}
-
-}  // namespace dorvik::basic
+}  // namespace dorvik::basic::modOperations

@@ -11,7 +11,7 @@
 #include <cstring>
 #include <string_view>
 
-/// What the machine's loop asks of operands before it leaves them to an operation.
+/// The fast paths of the loop: what it checks of operands before it leaves them to an operation.
 namespace dorvik::basic::modOperands {
 
 inline constexpr std::uint64_t kWholeTypes = TypeBit(ValueType::Integer) | TypeBit(ValueType::Long);
@@ -57,7 +57,7 @@ bool Holds(Relation relation, Number left, Number right) {
     return false;
 }
 
-/// Without a branch for the relation, which nobody can foretell.
+/// Branchless: the relation is unpredictable.
 [[gnu::always_inline]] inline bool
 HoldsOfWhole(Relation relation, std::int32_t left, std::int32_t right) {
     constexpr unsigned kLess = 1;
@@ -158,8 +158,8 @@ inline bool Quotient(BinaryOperator which, Value& target, const Value& left, con
     return true;
 }
 
-/// The item of a dictionary or a collection at an index, null where there is none, or if the question is
-/// not that simple.
+/// The item of a dictionary or a collection at an index, null where there is none, or if it needs the
+/// slow path.
 inline const Value* ItemOf(const Value& container, const Value& index) {
     if (container.Type() != ValueType::Object || container.AsObject() == nullptr) {
         return nullptr;
@@ -178,7 +178,7 @@ inline const Value* ItemOf(const Value& container, const Value& index) {
     return index.Type() == ValueType::String ? collection.ItemOf(index.AsText()) : nullptr;
 }
 
-/// Whoever stores one of these asks more questions than the loop does.
+/// Storing one of these needs the slow path.
 inline constexpr std::uint64_t kKeptApart =
     TypeBit(ValueType::Object) | TypeBit(ValueType::Array) | TypeBit(ValueType::Record);
 

@@ -1,13 +1,19 @@
-#include "MachineOperands.h"
-#include "basic/machine/Machine.h"
+#include "Loop.h"
+
+#include "Operands.h"
+#include "basic/operations/ErrorRecovery.h"
+#include "basic/operations/Operations.h"
+#include "basic/program/Superinstructions.h"
 #include "basic/values/Coercion.h"
 #include "basic/values/RuntimeErrors.h"
 
 #include <cmath>
 #include <limits>
 
-// One function with one case for each frequent instruction: the price of speed. Cases are short; what takes
-// more than a few lines, or is rare, is an operation of its own.
+// The hot loop: one function with one case for each frequent instruction, the price of speed. Position, frame and
+// constants stay in registers only as long as all cases are one function, and each case ends with its own jump, which
+// the processor predicts by the instruction before. Cases are short; what takes more than a few lines, or is rare, is
+// a function of `modOperations`: the instruction's slow path, or the whole of it.
 
 // An instruction is found by the address of its lines, without the checks of a switch. The compilers that build this
 // know labels as values; the language does not.
@@ -16,19 +22,26 @@
 namespace dorvik::basic {
 
 using namespace modOperands;
+using namespace modOperations;
 
-void Machine::Loop() {
-    const Instruction* pc = m_next;
-    Value* base = Top().Base;
-    const Operation* const operations = Operations().data();
-    const Procedure* const procedures = m_program->Procedures.data();
-    const Value* const constants = m_program->Constants.data();
-    Value* const globals = m_globals.data();
-    const Instruction* code = CodeOfTop();
+void RunInstructions(MachineState& state) {
+    const Instruction* pc = state.Next;
+    Value* base = state.Frames.Top().Base;
+    const Procedure* const procedures = state.Program->Procedures.data();
+    const Value* const constants = state.Program->Constants.data();
+    Value* const globals = state.Globals.data();
+    const Instruction* code = state.Frames.Code();
 
     static const void* const kLabels[] = {
 #define OPCODE(name, operands) &&name,
 #define OPERATION(name, operands) &&CarryOutOperation,
+#include "basic/program/Opcodes.def"
+#undef OPCODE
+#undef OPERATION
+    };
+    static constexpr Operation kOperations[] = {
+#define OPCODE(name, operands) nullptr,
+#define OPERATION(name, operands) &modOperations::name,
 #include "basic/program/Opcodes.def"
 #undef OPCODE
 #undef OPERATION
@@ -38,17 +51,17 @@ void Machine::Loop() {
     // and the frame would live in memory and not in registers.
     // An operation outside the loop, which may fail or jump.
     const auto call = [&](auto operation, const Instruction& in) __attribute__((always_inline)) {
-        m_at = pc - 1;
-        m_next = pc;
-        (this->*operation)(in, base);
-        pc = m_next;
+        state.At = pc - 1;
+        state.Next = pc;
+        operation(state, in, base);
+        pc = state.Next;
     };
-    // Equal texts are read to their ends; the next jump back looks at what that has cost.
+    // Equal texts are read to their ends; the next jump back checks what that has cost.
     const auto sameText = [&](const Value& left, const Value& right) {
         constexpr std::size_t kLongText = 4096;
         const std::size_t size = left.AsText().size();
         if (size > kLongText && size == right.AsText().size()) [[unlikely]] {
-            m_budget -= static_cast<std::int64_t>(size / 64);
+            state.Budget.Charge(static_cast<std::int64_t>(size / 64));
         }
         return SameText(left, right);
     };
@@ -57,29 +70,29 @@ void Machine::Loop() {
     };
     // After an operation that may have gone on in another procedure.
     const auto follow = [&]() __attribute__((always_inline)) {
-        pc = m_next;
-        base = Top().Base;
-        code = CodeOfTop();
+        pc = state.Next;
+        base = state.Frames.Top().Base;
+        code = state.Frames.Code();
     };
     const auto coerce = [&](const Instruction& in) __attribute__((always_inline)) {
-        call(&Machine::CoerceKnown, in);
+        call(&modOperations::CoerceKnown, in);
         follow();
     };
-    // The case has to be left behind it.
+    // The case has to end after it.
     const auto fail = [&](std::int32_t number) __attribute__((always_inline)) {
-        m_at = pc - 1;
-        Fail(number);
+        state.At = pc - 1;
+        Fail(state, number);
         follow();
     };
     const auto jumpBack = [&](const Instruction* target) __attribute__((always_inline)) {
-        m_budget -= pc > target ? pc - target : 1;
+        state.Budget.Charge(pc > target ? pc - target : 1);
         pc = target;
-        if (m_budget < 0) [[unlikely]] {
-            m_at = pc;
-            CheckBudget();
+        if (state.Budget.IsCheckDue()) [[unlikely]] {
+            state.At = pc;
+            state.Budget.Check();
         }
     };
-    const bool comparesText = m_program->ComparesText;
+    const bool comparesText = state.Program->ComparesText;
     // Two texts compared for equality, character by character.
     const auto areTexts = [&](const Instruction& in, const Value& left, const Value& right)
         __attribute__((always_inline)) {
@@ -104,11 +117,11 @@ void Machine::Loop() {
         return fits;
     };
     const auto leave = [&]() __attribute__((always_inline)) {
-        pc = Top().ReturnTo;
-        Leave();
-        if (m_depth != 0) {
-            base = Top().Base;
-            code = CodeOfTop();
+        pc = state.Frames.Top().ReturnTo;
+        state.Frames.Leave();
+        if (!state.Frames.IsEmpty()) {
+            base = state.Frames.Top().Base;
+            code = state.Frames.Code();
         }
     };
 
@@ -149,9 +162,9 @@ void Machine::Loop() {
                 TypeBit(ValueType::Record) | TypeBit(ValueType::Error);
             Value& source = base[in.B];
             if (IsOneOf(source, kSlow) || a.Type() == ValueType::Array) [[unlikely]]
-                call(&Machine::AssignVariantSlow, in);
+                call(&modOperations::AssignVariantSlow, in);
             else if (in.Flags != 0)
-                a = std::move(source);  // nobody reads it again
+                a = std::move(source);  // nothing reads it again
             else
                 a = source;
             continue;
@@ -303,7 +316,7 @@ void Machine::Loop() {
             if (HaveDouble(left, right) && !a.HoldsBody())
                 putDouble(a, RealOf(left) + RealOf(right));
             else
-                call(&Machine::SlowOperator, in);
+                call(&modOperations::SlowOperator, in);
             continue;
         }
         Subtract: {
@@ -315,7 +328,7 @@ void Machine::Loop() {
             if (HaveDouble(left, right) && !a.HoldsBody())
                 putDouble(a, RealOf(left) - RealOf(right));
             else
-                call(&Machine::SlowOperator, in);
+                call(&modOperations::SlowOperator, in);
             continue;
         }
         Multiply: {
@@ -327,7 +340,7 @@ void Machine::Loop() {
             if (HaveDouble(left, right) && !a.HoldsBody())
                 putDouble(a, RealOf(left) * RealOf(right));
             else
-                call(&Machine::SlowOperator, in);
+                call(&modOperations::SlowOperator, in);
             continue;
         }
         Compare: {
@@ -340,7 +353,7 @@ void Machine::Loop() {
             else if (AreReal(left, right))
                 PutFlag(a, Holds(RelationOfFlags(in), RealOf(left), RealOf(right)));
             else
-                call(&Machine::Operate, in);
+                call(&modOperations::Operate, in);
             continue;
         }
         CompareConstant: {
@@ -349,11 +362,11 @@ void Machine::Loop() {
             if (areTexts(in, left, right))
                 PutFlag(a, sameText(left, right) == (RelationOfFlags(in) == Relation::Equal));
             else
-                call(&Machine::CompareConstant, in);
+                call(&modOperations::CompareConstant, in);
             continue;
         }
-        AppendText: call(&Machine::SlowAppend, in); continue;
-        Concatenate: call(&Machine::SlowOperator, in); continue;
+        AppendText: call(&modOperations::SlowAppend, in); continue;
+        Concatenate: call(&modOperations::SlowOperator, in); continue;
         Operate: {
             const Value& left = base[in.B];
             const Value& right = base[in.C];
@@ -363,7 +376,7 @@ void Machine::Loop() {
             else if (AreBooleans(left, right) && which == BinaryOperator::Or)
                 PutFlag(a, left.AsBoolean() || right.AsBoolean());
             else if (!OperateOnWhole(which, a, left, right) && !Quotient(which, a, left, right))
-                call(&Machine::Operate, in);
+                call(&modOperations::Operate, in);
             continue;
         }
 
@@ -378,12 +391,12 @@ void Machine::Loop() {
                 pc = code + in.Wide();
             continue;
         JumpIfTrue:
-            m_at = pc - 1;
+            state.At = pc - 1;
             if (a.Type() == ValueType::Boolean ? a.AsBoolean() : IsTrue(a))
                 pc = code + in.Wide();
             continue;
         JumpUnlessTrue:
-            m_at = pc - 1;
+            state.At = pc - 1;
             if (!(a.Type() == ValueType::Boolean ? a.AsBoolean() : IsTrue(a)))
                 pc = code + in.Wide();
             continue;
@@ -405,23 +418,26 @@ void Machine::Loop() {
             continue;
         JumpTextEqual: jumpWhen(sameText(a, base[in.B])); continue;
         JumpTextNotEqual: jumpWhen(!sameText(a, base[in.B])); continue;
-        JumpTextRow: {
-            const bool isSame = sameText(base[pc->A], constants[in.Wide()]);
-            ++pc;
-            jumpWhen(isSame == (pc[-1].Code == Opcode::JumpTextEqual));
+        JumpByText: {
+            const JumpByTextSequence sequence(pc - 1);
+            const Instruction& comparison = sequence.Comparison();
+            const bool isSame = sameText(base[comparison.A], constants[in.Wide()]);
+            pc = sequence.End();
+            jumpWhen(isSame == (comparison.Code == Opcode::JumpTextEqual));
             continue;
         }
-        JumpLeftRow: {
+        JumpByLeft: {
+            const JumpByLeftSequence sequence(pc - 1);
             const Value& source = base[in.B];
             if (source.Type() != ValueType::String) [[unlikely]] {
                 a = source;
                 continue;
             }
-            const std::string_view wanted = constants[pc[2].Wide()].AsText();
-            const auto count = static_cast<std::size_t>(constants[pc->Wide()].AsLong());
+            const std::string_view wanted = constants[sequence.Constant().Wide()].AsText();
+            const auto count = static_cast<std::size_t>(constants[sequence.Count().Wide()].AsLong());
             const bool isSame = source.AsText().substr(0, count) == wanted;
-            pc += 4;
-            jumpWhen(isSame == (pc[-1].Code == Opcode::JumpTextEqual));
+            pc = sequence.End();
+            jumpWhen(isSame == (sequence.Comparison().Code == Opcode::JumpTextEqual));
             continue;
         }
         JumpCompare: {
@@ -434,8 +450,8 @@ void Machine::Loop() {
             } else if (AreReal(a, right)) {
                 holds = Holds(RelationOfFlags(in), RealOf(a), RealOf(right));
             } else {
-                m_at = pc - 1;
-                holds = SlowCompare(in, base);
+                state.At = pc - 1;
+                holds = SlowCompare(state, in, base);
             }
             jumpWhen(holds == (in.C != 0));
             continue;
@@ -446,14 +462,14 @@ void Machine::Loop() {
             if (areTexts(in, a, right)) {
                 holds = sameText(a, right) == (RelationOfFlags(in) == Relation::Equal);
             } else {
-                m_at = pc - 1;
-                holds = SlowCompareConstant(in, a);
+                state.At = pc - 1;
+                holds = SlowCompareConstant(state, in, a);
             }
             jumpWhen(holds == (in.C != 0));
             continue;
         }
         SwitchDense: {
-            const SwitchTable& table = m_program->Switches[static_cast<std::size_t>(in.Wide())];
+            const SwitchTable& table = state.Program->Switches[static_cast<std::size_t>(in.Wide())];
             const std::int64_t key = std::int64_t{a.AsLong()} - table.First;
             const bool isInside = static_cast<std::uint64_t>(key) <
                                   static_cast<std::uint64_t>(table.Targets.size());
@@ -501,8 +517,8 @@ void Machine::Loop() {
                 goesOn = step.AsLong() >= 0 ? a.AsLong() <= limit.AsLong()
                                             : a.AsLong() >= limit.AsLong();
             } else {
-                m_at = pc - 1;
-                goesOn = SlowForLoop(in, base);
+                state.At = pc - 1;
+                goesOn = SlowForLoop(state, in, base);
             }
             if (goesOn)
                 jumpBack(code + pc->Wide());
@@ -517,88 +533,87 @@ void Machine::Loop() {
             }
             continue;
         ForTest:
-            m_at = pc - 1;
-            jumpWhen(ForContinues(a, base[in.B], base[in.C]));
+            state.At = pc - 1;
+            jumpWhen(ForContinues(state, a, base[in.B], base[in.C]));
             continue;
         ForEachNext:
-            m_at = pc - 1;
-            jumpWhen(!NextElement(in, base));
+            state.At = pc - 1;
+            jumpWhen(!NextElement(state, in, base));
             continue;
 
         Call: {
             const Procedure& callee = procedures[in.Target()];
             Value* const newBase = base + in.C;
-            if (m_depth >= m_frames.size() || newBase + callee.CallSlots > m_stackEnd)
-                [[unlikely]] {
-                m_at = pc - 1;
-                StopForDepth();
+            if (!state.Frames.HasRoomFor(callee, newBase)) [[unlikely]] {
+                state.At = pc - 1;
+                state.Frames.RaiseFull();
             }
-            m_budget -= callee.CallCost;
-            if (m_budget < 0) [[unlikely]] {
-                m_at = pc - 1;
-                CheckBudget();
+            state.Budget.Charge(callee.CallCost);
+            if (state.Budget.IsCheckDue()) [[unlikely]] {
+                state.At = pc - 1;
+                state.Budget.Check();
             }
-            Enter(callee, newBase, in.A == kNoSlot ? nullptr : &a, pc);
+            state.Frames.Enter(callee, newBase, in.A == kNoSlot ? nullptr : &a, pc);
             base = newBase;
             pc = code = callee.Code.data();
             continue;
         }
         ReturnPlain:
-            if (Value* const target = Top().Result; target != nullptr)
+            if (Value* const target = state.Frames.Top().Result; target != nullptr)
                 CopyPlain(*target, a);
             goto Return;
         ReturnValue:
-            if (Value* const target = Top().Result; target != nullptr) {
+            if (Value* const target = state.Frames.Top().Result; target != nullptr) {
                 Value kept = std::move(a);
                 leave();
                 *target = std::move(kept);
             } else {
                 leave();
             }
-            if (m_depth == 0)
+            if (state.Frames.IsEmpty())
                 return;
             continue;
         Return:
             leave();
-            if (m_depth == 0)
+            if (state.Frames.IsEmpty())
                 return;
             continue;
         EnsureObject: {
             const Value& variable = in.Flags != 0 ? a : *TargetOf(a);
             if (variable.Type() != ValueType::Object || variable.AsObject() == nullptr) [[unlikely]]
-                call(&Machine::EnsureObject, in);
+                call(&modOperations::EnsureObject, in);
             continue;
         }
-        Invoke: call(&Machine::Invoke, in); follow(); continue;
-        RaiseNumber: call(&Machine::RaiseNumber, in); follow(); continue;
+        Invoke: call(&modOperations::Invoke, in); follow(); continue;
+        RaiseNumber: call(&modOperations::RaiseNumber, in); follow(); continue;
         CallBuiltin:
-            m_at = pc - 1;
-            m_next = in.Flags == 255 ? pc + 1 : pc;
-            RunBuiltin(in, base);
+            state.At = pc - 1;
+            state.Next = in.Flags == kCountInNextWord ? pc + 1 : pc;
+            RunBuiltin(state, in, base);
             follow();
             continue;
         CallExtension:
-            m_at = pc - 1;
-            RunExtension(in, base);
+            state.At = pc - 1;
+            RunExtension(state, in, base);
             continue;
 
         ArrayGetPlain: {
             const ArrayBody& array = *base[in.B].AsArray();
             const std::int32_t index = base[in.C].AsLong();
-            m_at = pc - 1;
+            state.At = pc - 1;
             CopyPlain(a, array.Elements()[array.Offset(&index, 1)]);
             continue;
         }
         ArraySetPlain: {
             ArrayBody& array = *a.AsArray();
             const std::int32_t index = base[in.B].AsLong();
-            m_at = pc - 1;
+            state.At = pc - 1;
             CopyPlain(array.Elements()[array.Offset(&index, 1)], base[in.C]);
             continue;
         }
         ArrayGet: {
             const Value& index = base[in.C];
-            m_at = pc - 1;
+            state.At = pc - 1;
             if (base[in.B].Type() == ValueType::Array && IsOneOf(index, kWholeTypes)) {
                 const ArrayBody& array = *base[in.B].AsArray();
                 const std::int32_t number = index.AsLong();
@@ -606,8 +621,8 @@ void Machine::Loop() {
             } else if (const Value* const item = ItemOf(base[in.B], index); item != nullptr) {
                 a = *item;
             } else {
-                m_next = pc;
-                SlowIndexGet(in, base);
+                state.Next = pc;
+                SlowIndexGet(state, in, base);
                 follow();
             }
             continue;
@@ -615,14 +630,14 @@ void Machine::Loop() {
         ArraySet: {
             const Value& index = base[in.B];
             const Value& value = base[in.C];
-            m_at = pc - 1;
+            state.At = pc - 1;
             if (a.Type() == ValueType::Array && IsOneOf(index, kWholeTypes) &&
                 a.AsArray()->Element().Kind == DeclaredKind::Variant) {
                 ArrayBody& array = *a.AsArray();
                 const std::int32_t number = index.AsLong();
                 Value& element = array.Elements()[array.Offset(&number, 1)];
                 if (element.Type() == ValueType::Array) [[unlikely]]
-                    SlowIndexSet(in, base);
+                    SlowIndexSet(state, in, base);
                 else
                     element = value;
             } else if (DictionaryObject* const dictionary = DictionaryIn(a);
@@ -630,15 +645,15 @@ void Machine::Loop() {
                        !IsOneOf(value, kKeptApart)) {
                 dictionary->SetItem(index, value);
             } else {
-                SlowIndexSet(in, base);
+                SlowIndexSet(state, in, base);
             }
             continue;
         }
         ClearError:
-            if (m_error.Number != 0)
-                m_error.Clear();
+            if (state.Error.Number != 0)
+                state.Error.Clear();
             continue;
-        CarryOutOperation: call(operations[static_cast<std::size_t>(in.Code)], in);
+        CarryOutOperation: call(kOperations[static_cast<std::size_t>(in.Code)], in);
     }
     // clang-format on
 }

@@ -1,26 +1,17 @@
+#include "ArrayElements.h"
 #include "basic/library/BuiltinLookup.h"
 #include "basic/library/ErrObject.h"
-#include "basic/machine/Machine.h"
-#include "basic/program/RecordLayout.h"
+#include "basic/operations/ErrorRecovery.h"
+#include "basic/operations/Operations.h"
+#include "basic/operations/Reference.h"
 #include "basic/values/ArrayBody.h"
-#include "basic/values/Coercion.h"
-#include "basic/values/MemoryMeter.h"
-#include "basic/values/RecordBody.h"
 #include "basic/values/RuntimeErrors.h"
 
-#include <algorithm>
+#include <vector>
 
-namespace dorvik::basic {
+namespace dorvik::basic::modOperations {
 
 namespace {
-
-/// The members of a record. A With that was jumped into has none.
-std::vector<Value>& MembersOf(const Value& record) {
-    if (record.Type() != ValueType::Record) {
-        RaiseError(runtimeerror::kObjectNotSet);
-    }
-    return record.AsRecord()->Members();
-}
 
 /// Members read texts to their ends and make arrays for their results.
 std::size_t CostOf(const Value& value) {
@@ -59,7 +50,7 @@ int FindMember(const ScriptObject& object, const CallSite& site) {
     return member;
 }
 
-/// Named arguments put where the member wants them.
+/// The arguments in the order of the member's parameters.
 std::vector<Value>
 Sorted(const ScriptObject& object, int member, const CallSite& site, std::span<const Value> given) {
     const bool hasValue = site.Kind == InvokeKind::Let || site.Kind == InvokeKind::Set;
@@ -71,14 +62,14 @@ Sorted(const ScriptObject& object, int member, const CallSite& site, std::span<c
         if (found < 0) {
             RaiseError(runtimeerror::kNamedArgumentNotFound);
         }
-        const auto place = static_cast<std::size_t>(found);
-        if (place < result.size() && !result[place].IsMissing()) {
+        const auto index = static_cast<std::size_t>(found);
+        if (index < result.size() && !result[index].IsMissing()) {
             RaiseError(runtimeerror::kArgumentNotOptional);
         }
-        if (place >= result.size()) {
-            result.resize(place + 1, Value::Missing());
+        if (index >= result.size()) {
+            result.resize(index + 1, Value::Missing());
         }
-        result[place] = given[unnamed + i];
+        result[index] = given[unnamed + i];
     }
     if (hasValue) {
         result.push_back(given.back());
@@ -86,59 +77,28 @@ Sorted(const ScriptObject& object, int member, const CallSite& site, std::span<c
     return result;
 }
 
+void RaiseOfErr(
+    MachineState& state,
+    const ScriptObject& err,
+    int member,
+    const CallSite& site,
+    std::span<const Value> given) {
+    Fail(
+        state,
+        site.ArgumentNames.empty()
+            ? ErrObject::ErrorToRaise(site.Kind, given)
+            : ErrObject::ErrorToRaise(site.Kind, Sorted(err, member, site, given)));
+}
+
 }  // namespace
 
-void Machine::RecordGet(Instruction in, Value* base) {
-    base[in.A] = MembersOf(base[in.B])[in.C];
-}
-
-void Machine::RecordSet(Instruction in, Value* base) {
-    Value& member = MembersOf(base[in.A])[in.C];
-    if (member.Type() == ValueType::Array && member.AsArray()->IsLocked()) {
-        RaiseError(runtimeerror::kArrayFixedOrLocked);
-    }
-    member = base[in.B];
-}
-
-void Machine::AssignRecord(Instruction in, Value* base) {
-    MembersOf(base[in.A]);
-    MembersOf(base[in.B]);
-    Spend(base[in.A].AsRecord()->Members().size());
-    // A copy first: one of the two may be a part of the other.
-    const Value source = base[in.B].DeepCopy();
-    CopyRecord(*base[in.A].AsRecord(), *source.AsRecord());
-}
-
-void Machine::CopyRecordBytes(Instruction in, Value* base) {
-    MembersOf(base[in.A]);
-    MembersOf(base[in.B]);
-    RecordBody& target = *base[in.A].AsRecord();
-    const RecordBody& source = *base[in.B].AsRecord();
-    const auto size = [this](const RecordBody& record) {
-        return static_cast<std::size_t>(
-            modRecordLayout::SizeOf(*m_program, record.Type(), modRecordLayout::Form::Memory));
-    };
-    MemoryMeter::Current().CheckString(std::max(size(target), size(source)));
-    Spend((size(target) + size(source)) / 4);
-    std::string bytes = modRecordLayout::BytesOf(*m_program, target);
-    const std::string given = modRecordLayout::BytesOf(*m_program, source);
-    const std::size_t count = std::min(bytes.size(), given.size());
-    bytes.replace(0, count, given, 0, count);
-    const Value changed = modRecordLayout::WithBytes(*m_program, base[in.A], bytes);
-    CopyRecord(target, *changed.AsRecord());
-}
-
-void Machine::ReferenceMember(Instruction in, Value* base) {
-    base[in.A] = TaggedReference(&MembersOf(base[in.B])[in.C], static_cast<ReferenceTag>(in.Flags));
-}
-
-void Machine::Invoke(Instruction in, Value* base) {
-    const CallSite& site = m_program->Sites[in.Target()];
+void Invoke(MachineState& state, Instruction in, Value* base) {
+    const CallSite& site = state.Program->Sites[in.Target()];
     Value* const first = base + in.C;
     const std::span<Value> given(first + 1, site.Arguments);
     for (const Value& argument : given) {
         if (argument.Type() == ValueType::String) {
-            Spend(CostOf(argument));
+            state.Budget.Spend(CostOf(argument));
         }
     }
     Value result;
@@ -163,7 +123,7 @@ void Machine::Invoke(Instruction in, Value* base) {
         ScriptObject& object = ObjectOf(*first);
         const int member = FindMember(object, site);
         if (site.SeenClass == ObjectClass::Err && ErrObject::IsRaise(member)) {
-            RaiseOfErr(object, member, site, given);
+            RaiseOfErr(state, object, member, site, given);
             return;
         }
         if (site.ArgumentNames.empty()) {
@@ -172,7 +132,7 @@ void Machine::Invoke(Instruction in, Value* base) {
             result = object.Invoke(member, site.Kind, Sorted(object, member, site, given));
         }
     }
-    Spend(CostOf(result));
+    state.Budget.Spend(CostOf(result));
     for (std::size_t i = 0; i <= site.Arguments; ++i) {
         first[i] = Value();
     }
@@ -181,15 +141,7 @@ void Machine::Invoke(Instruction in, Value* base) {
     }
 }
 
-void Machine::RaiseOfErr(
-    const ScriptObject& err, int member, const CallSite& site, std::span<const Value> given) {
-    Fail(
-        site.ArgumentNames.empty()
-            ? ErrObject::ErrorToRaise(site.Kind, given)
-            : ErrObject::ErrorToRaise(site.Kind, Sorted(err, member, site, given)));
-}
-
-void Machine::NewObject(Instruction in, Value* base) {
+void NewObject(MachineState&, Instruction in, Value* base) {
     Value object = NewScriptObject(static_cast<ObjectClass>(in.B));
     if (object.Type() != ValueType::Object) {
         RaiseError(runtimeerror::kCannotCreateObject);
@@ -197,7 +149,7 @@ void Machine::NewObject(Instruction in, Value* base) {
     base[in.A] = std::move(object);
 }
 
-void Machine::EnsureObject(Instruction in, Value* base) {
+void EnsureObject(MachineState&, Instruction in, Value* base) {
     Value& variable = in.Flags != 0 ? base[in.A] : *TargetOf(base[in.A]);
     variable = NewScriptObject(static_cast<ObjectClass>(in.B));
     if (variable.Type() == ValueType::Object) {
@@ -207,22 +159,22 @@ void Machine::EnsureObject(Instruction in, Value* base) {
     RaiseError(runtimeerror::kCannotCreateObject);
 }
 
-void Machine::TypeOf(Instruction in, Value* base) {
+void TypeOf(MachineState&, Instruction in, Value* base) {
     const auto wanted = static_cast<ObjectClass>(in.C);
     const ObjectClass which = ObjectOf(base[in.B]).Class();
     base[in.A].PutBoolean(wanted == ObjectClass::Any || which == wanted);
 }
 
-void Machine::WithObject(Instruction in, Value* base) {
+void WithObject(MachineState&, Instruction in, Value* base) {
     ObjectOf(base[in.B]);
     base[in.A] = base[in.B];
 }
 
-void Machine::LoadErr(Instruction in, Value* base) {
-    if (m_errObject.Type() != ValueType::Object) {
-        m_errObject = Value::Object(MakeRef<ErrObject>());
+void LoadErr(MachineState& state, Instruction in, Value* base) {
+    if (state.ErrObject.Type() != ValueType::Object) {
+        state.ErrObject = Value::Object(MakeRef<ErrObject>());
     }
-    base[in.A] = m_errObject;
+    base[in.A] = state.ErrObject;
 }
 
-}  // namespace dorvik::basic
+}  // namespace dorvik::basic::modOperations

@@ -7,8 +7,8 @@
 
 namespace dorvik::basic {
 
-/// Keeps an array alive and locked while a reference to one of its elements is out. Stands in a slot of
-/// the caller, so that it goes whichever way the call ends.
+/// Keeps an array alive and locked while a reference to one of its elements exists. It is in a slot of
+/// the caller, so it is released whichever way the call ends.
 class ArrayPin final : public ScriptObject {
 public:
     explicit ArrayPin(Ref<ArrayBody> array) : m_array(std::move(array)) { m_array->Lock(); }
@@ -25,7 +25,7 @@ private:
     Ref<ArrayBody> m_array;
 };
 
-/// Where a For Each stands: in an array, which is locked meanwhile, or in a collection. A With that
+/// The position of a For Each: in an array, which is locked meanwhile, or in a collection. A With that
 /// works on an element of an array keeps the array locked with one, too.
 class LoopState final : public ScriptObject {
 public:
@@ -35,7 +35,7 @@ public:
 
     /// False at the end; otherwise `element` is a copy of the next one.
     bool Next(Value& element);
-    /// The loop was left by a jump. The array is free, until a jump back into the loop asks for more.
+    /// The loop was left by a jump. The array is free, until a jump back into the loop needs the next element.
     void Leave();
 
     ObjectClass Class() const override { return ObjectClass::Any; }

@@ -1,0 +1,128 @@
+#include "basic/program/Superinstructions.h"
+
+#include "base/modUtf8.h"
+#include "basic/operations/Operations.h"
+#include "basic/values/LikePattern.h"
+
+#include <string_view>
+
+// Each does its sequence in one step, or only the first instruction of it, and the loop continues with the second.
+
+namespace dorvik::basic::modOperations {
+
+namespace {
+
+/// A longer text costs more than a step, and the functions themselves count that.
+constexpr std::size_t kShortText = 1024;
+
+bool IsShortText(const Value& value) {
+    return value.Type() == ValueType::String && value.AsText().size() <= kShortText;
+}
+
+const Value& ConstantOf(const MachineState& state, const Instruction& load) {
+    return state.Program->Constants[static_cast<std::size_t>(load.Wide())];
+}
+
+std::string_view
+StartOf(const MachineState& state, const Value& text, const Instruction& loadCount) {
+    return text.AsText().substr(0, static_cast<std::size_t>(ConstantOf(state, loadCount).AsLong()));
+}
+
+}  // namespace
+
+void GetTextProperty(MachineState& state, Instruction in, Value* base) {
+    const TextPropertySequence sequence(state.At);
+    const Value& object = ConstantOf(state, in);
+    const ExtensionCall& call = state.Program->ExtensionCalls[sequence.Call().Target()];
+    const Value* const answer =
+        call.Answers->Find(call.Member, object, ConstantOf(state, sequence.Property()));
+    if (answer == nullptr || answer->Type() != ValueType::String) {
+        base[in.A] = object;
+        return;
+    }
+    base[sequence.Store().A] = *answer;
+    state.Next = sequence.End();
+}
+
+void LeftOfText(MachineState& state, Instruction in, Value* base) {
+    const LeftSequence sequence(state.At);
+    const Value& source = base[in.B];
+    if (source.Type() == ValueType::String) {
+        const std::string_view start = StartOf(state, source, sequence.Count());
+        if (modUtf8::IsAscii(start)) {
+            const bool isWhole = start.size() == source.AsText().size();
+            base[sequence.Call().A] = isWhole ? source : Value::Text(start);
+            state.Next = sequence.End();
+            return;
+        }
+    }
+    base[in.A] = source;
+}
+
+void SelectLeft(MachineState& state, Instruction in, Value* base) {
+    const SelectLeftSequence sequence(state.At);
+    const Value& source = base[in.B];
+    const bool isText = source.Type() == ValueType::String;
+    const std::string_view start =
+        isText ? StartOf(state, source, sequence.Count()) : std::string_view();
+    if (!isText || !modUtf8::IsAscii(start)) {
+        base[in.A] = source;
+        return;
+    }
+    const Instruction* at = sequence.End();
+    while (at->Code != Opcode::Jump) {
+        const TextCaseSequence one(at);
+        if (ConstantOf(state, one.Constant()).AsText() == start) {
+            state.Next = state.Frames.Code() + one.Target().Wide();
+            return;
+        }
+        at = one.End();
+    }
+    state.Next = at;
+}
+
+void InStrOfConstant(MachineState& state, Instruction in, Value* base) {
+    const InStrSequence sequence(state.At);
+    const Value& source = base[in.B];
+    if (IsShortText(source)) {
+        const std::string_view text = source.AsText();
+        const std::size_t offset = text.find(ConstantOf(state, sequence.Sought()).AsText());
+        const bool isFound = offset != std::string_view::npos;
+        if (!isFound || modUtf8::IsAscii(text.substr(0, offset))) {
+            base[sequence.Call().A] =
+                Value::Long(isFound ? static_cast<std::int32_t>(offset) + 1 : 0);
+            state.Next = sequence.End();
+            return;
+        }
+    }
+    base[in.A] = source;
+}
+
+void LenOfText(MachineState& state, Instruction in, Value* base) {
+    const LenSequence sequence(state.At);
+    const Value& source = base[in.B];
+    if (source.Type() != ValueType::String) {
+        base[in.A] = source;
+        return;
+    }
+    const StringBody* const body = source.TextBody();
+    const auto length = static_cast<std::int32_t>(body != nullptr ? body->Length() : 0);
+    base[sequence.Call().A] = Value::Long(length);
+    state.Next = sequence.End();
+}
+
+void LikeConstant(MachineState& state, Instruction in, Value* base) {
+    const LikeSequence sequence(state.At);
+    const Value& pattern = ConstantOf(state, in);
+    const Value& source = base[sequence.Operation().B];
+    if (!IsShortText(source)) {
+        base[in.A] = pattern;
+        return;
+    }
+    state.At = &sequence.Operation();
+    base[sequence.Operation().A] =
+        Value::Boolean(MatchesValidLike(source.AsText(), pattern.AsText()));
+    state.Next = sequence.End();
+}
+
+}  // namespace dorvik::basic::modOperations
