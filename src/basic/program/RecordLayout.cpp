@@ -276,10 +276,9 @@ std::string BytesOf(const Program& program, const RecordBody& record) {
 Value WithBytes(const Program& program, const Value& record, std::string_view bytes) {
     Value changed = record.DeepCopy();
     Walk(program, bytes)
-        .Over(
-            *changed.AsRecord(), 0, [](Value& value, const DeclaredType& type, const char* from) {
-                value = ValueAt(from, type);
-            });
+        .Over(*changed.AsRecord(), 0, [](Value& value, const DeclaredType& type, const char* from) {
+            value = ValueAt(from, type);
+        });
     return changed;
 }
 
