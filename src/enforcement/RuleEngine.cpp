@@ -258,7 +258,12 @@ bool RuleEngine::GetObjectProperty(
 }
 
 basic::Value RuleEngine::GetParserEvent() {
-    return basic::Value::Text(Results().GetParserEvent());
+    basic::Value& name =
+        m_eventNames.at(static_cast<std::size_t>(Results().ParserState().ParserEvent()));
+    if (name.Type() == basic::ValueType::Empty) {
+        name = basic::Value::Text(Results().GetParserEvent());
+    }
+    return name;
 }
 
 void RuleEngine::GetObjectWorkField(

@@ -37,7 +37,12 @@ PropertyCache::Find(std::size_t member, const Value& first, const Value& second)
     if (!question) {
         return nullptr;
     }
-    const auto found = std::find(m_questions.begin(), m_questions.end(), *question);
+    // The arguments first: most questions are put to one callback about one object.
+    const auto found =
+        std::find_if(m_questions.begin(), m_questions.end(), [&question](const Question& kept) {
+            return kept.Second == question->Second && kept.First == question->First &&
+                   kept.Member == question->Member;
+        });
     return found == m_questions.end()
                ? nullptr
                : &m_answers[static_cast<std::size_t>(found - m_questions.begin())].Result;

@@ -6,6 +6,7 @@
 #include "enforcement/RuleClock.h"
 #include "parser/ParserEvent.h"
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -171,6 +172,7 @@ private:
     std::optional<basic::ScriptHandler> m_handler;
     std::optional<RuleClock> m_clock;
     ResultsManager* m_resultsManager = nullptr;
+    std::array<basic::Value, kLastParserEvent + 1> m_eventNames;  // as texts, each made once
     ScriptResult m_result = ScriptResult::Nothing;
     std::int32_t m_ruleExecutionCount = 0;
     std::string m_scriptFilename;  // empty until loaded
