@@ -113,7 +113,7 @@ TEST(MsftReader, NamesThePlaceOfATableOutsideTheFile) {
     PutDoubleWord(bytes, kNameTable, 0x7FFFFFF0);
     EXPECT_EQ(
         OnlyFault(bytes),
-        "\"test.tlb\" is damaged: the table of names (88 bytes at offset 0x7FFFFFF0) lies "
+        "\"test.tlb\" is damaged: the table of names (88 bytes at offset 0x7FFFFFF0) is "
         "outside the file (0x0 to 0x5AC).");
 }
 
