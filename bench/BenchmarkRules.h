@@ -12,7 +12,8 @@ namespace dorvik {
 struct BenchmarkRule {
     enum class Kind : std::uint8_t { Coding, Naming, Keyword };
     Kind RuleKind;
-    std::string Place;  // the event or the kind of object, in words, under which its cost is reported
+    std::string
+        Place;  // the event or the kind of object, in words, under which its cost is reported
     std::string Xml;
 };
 
