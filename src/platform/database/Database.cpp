@@ -198,7 +198,7 @@ void Database::DeleteFile(std::string_view path) {
         throw FileInUse(host);
     }
     for (const HostPath& copy : CopiesOf(host)) {
-        modHostFolder::Delete(copy);  // where that fails, it is in nobody's way
+        modHostFolder::Delete(copy);  // a failure does no harm
     }
     // In this order a process killed in between leaves a file that opens, and never a log that the next file
     // of this name would take for its own: the journal, which only a file being changed has, goes last.

@@ -25,7 +25,7 @@ void Require(const HostPath& place, FileKind wanted) {
     // "Folder/" would be looked at after the link.
     const HostPath named = place.Name().empty() ? place.Folder() : place;
     const FileKind kind = modHostFolder::KindOfEntry(named);
-    // What cannot be looked at cannot be opened either, which tells why.
+    // What cannot be looked at cannot be opened either, and that reports why.
     if (kind == wanted || kind == FileKind::Nothing) {
         return;
     }

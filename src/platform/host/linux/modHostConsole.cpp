@@ -37,7 +37,7 @@ void Prepare() {
             ::open("/dev/null", O_RDONLY);
         }
     }
-    // A reader that goes away is told by the failing write.
+    // The failing write reports a reader that went away.
     std::signal(SIGPIPE, SIG_IGN);
 }
 

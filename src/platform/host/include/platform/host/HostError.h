@@ -8,8 +8,8 @@
 
 namespace dorvik {
 
-/// A failure of the host's files that still knows what the host said. Its number is the run-time error that stands
-/// for it: 53, 76, 75, 70 or 61.
+/// A failure of the host's files that keeps what kind of failure it was. Its number is that of the run-time error:
+/// 53, 76, 75, 70 or 61.
 class HostError : public BasicError {
 public:
     /// `path` is what the description names.

@@ -15,7 +15,7 @@ namespace dorvik::modHost {
 
 /// The local time, to the second.
 DateTime Now();
-/// The same with what has passed of the second, which an installed clock does not tell.
+/// The same with what has passed of the second, which an installed clock does not have.
 LocalTime ExactNow();
 
 /// Lets waiting user input be processed. Costs next to nothing while no input handler is installed.

@@ -44,7 +44,7 @@ FileFacts Facts(const HostPath& path);
 struct Entry {
     std::string Name;  // in the system's own form
     bool IsHidden = false;
-    /// Known without a look at the entry, so a link is a `Link`; `Unknown` where only a look tells.
+    /// As the folder lists it, so a link is a `Link`; `Unknown` where the folder does not say.
     FileKind Kind = FileKind::Unknown;
 };
 struct FolderContent {

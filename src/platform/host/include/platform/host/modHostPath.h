@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-/// Between the paths of this machine and the texts that stand for them: the program's own paths (see `modFiles`), what
+/// Converts between the paths of this machine and the texts for them: the program's own paths (see `modFiles`), what
 /// a user types, what a person reads, and what the database engine takes.
 namespace dorvik::modHostPath {
 
