@@ -99,13 +99,10 @@ const char* const kProperty = "Sub Main()\n"
 // Each line holds the sequence that its superinstruction does.
 TEST(Superinstructions, ReplaceTheFirstInstructionOfTheirSequence) {
     constexpr std::pair<const char*, const char*> kRows[] = {
-        {"LeftOfText", "t = Left$(s, 3)"},
         {"SelectLeft", "Select Case Left$(s, 3)\n    Case \"abc\", \"de\": t = s\n    End Select"},
         {"JumpByLeft", "If Left$(s, 3) = \"abc\" Then t = s"},
         {"InStrOfConstant", "If InStr(s, \"abc\") > 0 Then t = s"},
-        {"LenOfText", "n = Len(s)"},
         {"LikeConstant", "If s Like \"a*\" Then t = s"},
-        {"JumpByText", "If s = \"abc\" Then t = s"},
         {"GetTextProperty", "Dorvik.GetProperty \"Source\", \"Line\", s"},
     };
     for (const auto& [name, line] : kRows) {

@@ -86,10 +86,6 @@ bool FitsLeftCall(const CodeTail& code, const Sequence& sequence) {
            code.LoadsPositiveInteger(sequence.Count());
 }
 
-bool FitsLeft(const CodeTail& code) {
-    return FitsLeftCall(code, LeftSequence(code.First()));
-}
-
 /// Nothing reads the start of the text but the cases. After the last of them the code continues elsewhere.
 bool FitsSelectLeft(const CodeTail& code) {
     const SelectLeftSequence sequence(code.First());
@@ -126,11 +122,6 @@ bool FitsInStr(const CodeTail& code) {
            code.LoadsText(sequence.Sought()) && !code.Module().ComparesText;
 }
 
-bool FitsLen(const CodeTail& code) {
-    const LenSequence sequence(code.First());
-    return code.Calls(sequence.Call(), BuiltinId::Len, {sequence.Text()});
-}
-
 bool FitsLike(const CodeTail& code) {
     const LikeSequence sequence(code.First());
     constexpr auto kLike = static_cast<int>(BinaryOperator::Like);
@@ -138,14 +129,6 @@ bool FitsLike(const CodeTail& code) {
            sequence.Operation().B != sequence.Pattern().A &&
            sequence.Operation().Flags >> kOperatorShift == kLike && !code.Module().ComparesText &&
            IsValidLike(code.ConstantOf(sequence.Pattern()).AsText());
-}
-
-/// A constant of its own for this one comparison.
-bool FitsJumpByText(const CodeTail& code) {
-    const JumpByTextSequence sequence(code.First());
-    return code.LoadsText(sequence.Constant()) &&
-           sequence.Comparison().B == sequence.Constant().A &&
-           sequence.Comparison().A != sequence.Constant().A;
 }
 
 /// What must hold of the operands where the shape fits, in the order of `kSuperinstructions`.
@@ -157,11 +140,8 @@ constexpr Condition kConditions[] = {
     {Opcode::GetTextProperty, FitsTextProperty},
     {Opcode::JumpByLeft, FitsJumpByLeft},
     {Opcode::SelectLeft, FitsSelectLeft},
-    {Opcode::LeftOfText, FitsLeft},
     {Opcode::InStrOfConstant, FitsInStr},
-    {Opcode::LenOfText, FitsLen},
     {Opcode::LikeConstant, FitsLike},
-    {Opcode::JumpByText, FitsJumpByText},
 };
 static_assert(
     std::ranges::equal(

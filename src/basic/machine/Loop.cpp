@@ -418,14 +418,6 @@ void RunInstructions(MachineState& state) {
             continue;
         JumpTextEqual: jumpWhen(sameText(a, base[in.B])); continue;
         JumpTextNotEqual: jumpWhen(!sameText(a, base[in.B])); continue;
-        JumpByText: {
-            const JumpByTextSequence sequence(pc - 1);
-            const Instruction& comparison = sequence.Comparison();
-            const bool isSame = sameText(base[comparison.A], constants[in.Wide()]);
-            pc = sequence.End();
-            jumpWhen(isSame == (comparison.Code == Opcode::JumpTextEqual));
-            continue;
-        }
         JumpByLeft: {
             const JumpByLeftSequence sequence(pc - 1);
             const Value& source = base[in.B];

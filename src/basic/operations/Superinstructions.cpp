@@ -44,21 +44,6 @@ void GetTextProperty(MachineState& state, Instruction in, Value* base) {
     state.Next = sequence.End();
 }
 
-void LeftOfText(MachineState& state, Instruction in, Value* base) {
-    const LeftSequence sequence(state.At);
-    const Value& source = base[in.B];
-    if (source.Type() == ValueType::String) {
-        const std::string_view start = StartOf(state, source, sequence.Count());
-        if (modUtf8::IsAscii(start)) {
-            const bool isWhole = start.size() == source.AsText().size();
-            base[sequence.Call().A] = isWhole ? source : Value::Text(start);
-            state.Next = sequence.End();
-            return;
-        }
-    }
-    base[in.A] = source;
-}
-
 void SelectLeft(MachineState& state, Instruction in, Value* base) {
     const SelectLeftSequence sequence(state.At);
     const Value& source = base[in.B];
@@ -96,19 +81,6 @@ void InStrOfConstant(MachineState& state, Instruction in, Value* base) {
         }
     }
     base[in.A] = source;
-}
-
-void LenOfText(MachineState& state, Instruction in, Value* base) {
-    const LenSequence sequence(state.At);
-    const Value& source = base[in.B];
-    if (source.Type() != ValueType::String) {
-        base[in.A] = source;
-        return;
-    }
-    const StringBody* const body = source.TextBody();
-    const auto length = static_cast<std::int32_t>(body != nullptr ? body->Length() : 0);
-    base[sequence.Call().A] = Value::Long(length);
-    state.Next = sequence.End();
 }
 
 void LikeConstant(MachineState& state, Instruction in, Value* base) {

@@ -53,16 +53,6 @@ public:
     const Instruction& Release() const { return At<5>(); }
 };
 
-/// `Left$(text, 3)` of a String.
-class LeftSequence final
-    : public InstructionSequence<Opcode::Move, Opcode::LoadConstant, Opcode::CallBuiltin> {
-public:
-    using InstructionSequence::InstructionSequence;
-    const Instruction& Text() const { return At<0>(); }
-    const Instruction& Count() const { return At<1>(); }
-    const Instruction& Call() const { return At<2>(); }
-};
-
 /// A constant case of a `Select Case` over texts.
 class TextCaseSequence final
     : public InstructionSequence<Opcode::LoadConstant, Opcode::JumpTextEqual, Opcode::Jump> {
@@ -113,29 +103,12 @@ public:
     const Instruction& Call() const { return At<2>(); }
 };
 
-/// `Len(text)` of a String.
-class LenSequence final : public InstructionSequence<Opcode::Move, Opcode::CallBuiltin> {
-public:
-    using InstructionSequence::InstructionSequence;
-    const Instruction& Text() const { return At<0>(); }
-    const Instruction& Call() const { return At<1>(); }
-};
-
 /// `text Like "a*"`.
 class LikeSequence final : public InstructionSequence<Opcode::LoadConstant, Opcode::Operate> {
 public:
     using InstructionSequence::InstructionSequence;
     const Instruction& Pattern() const { return At<0>(); }
     const Instruction& Operation() const { return At<1>(); }
-};
-
-/// `If text = "abc"`.
-class JumpByTextSequence final
-    : public InstructionSequence<Opcode::LoadConstant, Opcode::JumpTextEqual> {
-public:
-    using InstructionSequence::InstructionSequence;
-    const Instruction& Constant() const { return At<0>(); }
-    const Instruction& Comparison() const { return At<1>(); }
 };
 
 /// Whether an instruction is what a shape has at its position. A comparison may be either of its two forms.
@@ -153,11 +126,8 @@ inline constexpr Superinstruction kSuperinstructions[] = {
     {Opcode::GetTextProperty, TextPropertySequence::kShape, "a property into a String"},
     {Opcode::JumpByLeft, JumpByLeftSequence::kShape, "a jump by Left$ and a constant"},
     {Opcode::SelectLeft, SelectLeftSequence::kShape, "a Select Case of Left$ over constants"},
-    {Opcode::LeftOfText, LeftSequence::kShape, "Left$ with a constant length"},
     {Opcode::InStrOfConstant, InStrSequence::kShape, "InStr of a constant"},
-    {Opcode::LenOfText, LenSequence::kShape, "Len"},
     {Opcode::LikeConstant, LikeSequence::kShape, "Like with a constant pattern"},
-    {Opcode::JumpByText, JumpByTextSequence::kShape, "a jump by a text and a constant"},
 };
 
 }  // namespace dorvik::basic
