@@ -240,6 +240,25 @@ TEST(RulebaseCheck, ASixthDefaultViolationIsTold) {
         ElementsAre(HasSubstr("ViolationItem 6: there are only five default violations")));
 }
 
+TEST(RulebaseCheck, ALevelThatIsNotBuiltInNeedsItsLevelText) {
+    RulebaseText text;
+    const std::string level = R"(<SeverityItem Colour="1" Description="" Impact="9" Title="T" )";
+    text.Severities = "<SeverityList>" + level + R"(SeverityLevel="5"/>)" + level +
+                      R"(SeverityLevel="6"/></SeverityList>)";
+    EXPECT_THAT(
+        CheckText(text),
+        ElementsAre(HasSubstr("SeverityItem 2, SeverityLevelText: the attribute is missing")));
+}
+
+TEST(RulebaseCheck, ARuleNumberOfASectionThatIsTooLargeIsTold) {
+    RulebaseText text;
+    text.Report = R"(<Report><Section SectionType="Category" CategoryID="1" )"
+                  R"(CategoryRuleList="99999999999"/></Report>)";
+    EXPECT_THAT(
+        CheckText(text),
+        ElementsAre(HasSubstr("Section 1, CategoryRuleList: '99999999999' is too large a number")));
+}
+
 TEST(RulebaseCheck, IdentifiersMustBeUnique) {
     RulebaseText text = WithKeywords(Keyword("x", "30", "") + Keyword("y", "30", ""));
     text.Categories =

@@ -5,7 +5,6 @@
 #include "foundation/xml/KyXMLDoc.h"
 #include "platform/xml/XmlDocument.h"
 #include "rulebase/file/RulebaseManager.h"
-#include "rulebase/file/RulebaseReading.h"
 #include "rulebase/file/modRulebaseSchema.h"
 
 #include <algorithm>
@@ -126,7 +125,7 @@ bool RulebaseCheck::Read(std::string_view filename) {
                 : "its schema version is '" + version + "', and 6.0, 6.1 and 6.2 can be read";
         return false;
     }
-    m_contents = RulebaseReading(*root, m_faults).Read();
+    m_contents = ReadContents(root, m_faults);
     return true;
 }
 

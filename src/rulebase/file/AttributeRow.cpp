@@ -10,6 +10,18 @@
 
 namespace dorvik {
 
+namespace {
+
+/// What an attribute must hold, as the default value of its row shows.
+std::string ExpectedText(const std::string& defaultText) {
+    if (defaultText == "True" || defaultText == "False") {
+        return "True or False";
+    }
+    return defaultText.empty() ? "a list of whole numbers joined with '|'" : "a whole number";
+}
+
+}  // namespace
+
 std::string
 UnreadableText(const KyXMLElement& element, std::string_view attribute, std::string_view value) {
     constexpr std::size_t kLongest = 40;
@@ -18,6 +30,17 @@ UnreadableText(const KyXMLElement& element, std::string_view attribute, std::str
         shown, [](unsigned char c) { return c < ' '; }, ' ');
     return ": the attribute " + std::string(attribute) + " of " + element.PlaceText() + " is '" +
            shown + (value.size() > kLongest ? "...'" : "'");
+}
+
+std::string
+RefusalText(const BasicError& failure, const std::string& value, const std::string& defaultText) {
+    if (failure.Number() == runtimeerror::kObjectNotSet) {
+        return "the attribute is missing";
+    }
+    if (failure.Number() == runtimeerror::kOverflow) {
+        return "'" + value + "' is too large a number";
+    }
+    return "'" + value + "' was found where " + ExpectedText(defaultText) + " was expected";
 }
 
 void WriteAttribute(KyXMLElement& element, std::string_view name, const std::string& text) {

@@ -22,17 +22,6 @@ namespace {
 constexpr std::string_view kAdminName = "DVKAdmin";
 constexpr std::string_view kAdminProgram = "DVKAdmin.exe";
 
-constexpr const char* kParsingFailed =
-    "Unable to load the rulebase because of an unexpected error during parsing.";
-constexpr const char* kWrongSchema =
-    "Unable to load the rulebase because it has an incorrect schema version.";
-constexpr const char* kWrongSchemaForOptions =
-    "Unable to load the review options because the rulebase has an incorrect schema version.";
-
-void Warn(const std::string& text) {
-    modHost::ShowMessage({MessageIcon::Exclamation, "Dorvik", text});
-}
-
 struct SaveErrorRow {
     std::int32_t Code;
     const char* Text;
@@ -105,74 +94,8 @@ bool RulebaseManager::IsAdminInstalled() const {
            modFiles::FileExists(m_localAppPath + std::string(kAdminProgram));
 }
 
-std::unique_ptr<Rulebase> RulebaseManager::LoadRulebase(RulebaseLoadCriteria& criteria) {
-    if (criteria.RulebaseFile().empty()) {
-        modKyErrors::RaiseError(modKyErrors::kyErrNoFilename, "RulebaseManager::LoadRulebase");
-    }
-    std::unique_ptr<Rulebase> result;
-    Trap({"RulebaseManager", "LoadRulebase"}, [&] {
-        auto rulebase = std::make_unique<Rulebase>();
-        KyXMLDoc document;
-        if (!document.LoadFromFile(criteria.RulebaseFile())) {
-            Warn(kParsingFailed);
-            return;
-        }
-        const std::shared_ptr<KyXMLElement> rootElement = document.RootElement();
-        KyXMLElement& root = ExistingElement(rootElement);
-        if (!CheckSchemaVersion(root)) {
-            Warn(kWrongSchema);
-            return;
-        }
-        rulebase->SetFilename(criteria.RulebaseFile());
-        LoadProperties(root, *rulebase);
-        LoadControlTags(root, rulebase->ControlTags());
-        LoadDataTypeTags(root, rulebase->DataTypeTags());
-        LoadScopeTags(root, rulebase->ScopeTags());
-        LoadDefaultViolations(root, rulebase->DefaultViolations());
-        // The categories come before the rules: they fill the excluded list that rules are held against.
-        LoadCategoryList(root, rulebase->CategoryList(), criteria);
-        LoadSeverityList(root, rulebase->SeverityList());
-        LoadListedItems(root, criteria, *rulebase);
-        LoadRules(root, criteria, rulebase->RuleLists());
-        if (criteria.LoadForEdit()) {
-            LoadReport(root, *rulebase);
-        }
-        rulebase->SetDirty(false);
-        result = std::move(rulebase);
-    });
-    return result;
-}
-
-bool RulebaseManager::LoadReviewOptions(
-    std::string_view rulebaseFile,
-    CategoryList& categories,
-    SeverityTable& severities,
-    RulebaseLoadCriteria& criteria,
-    ToleranceSettings* tolerances) {
-    bool loaded = false;
-    Trap({"RulebaseManager", "LoadReviewOptions"}, [&] {
-        KyXMLDoc document;
-        if (!document.LoadFromFile(rulebaseFile)) {
-            Warn(kParsingFailed);
-            return;
-        }
-        const std::shared_ptr<KyXMLElement> rootElement = document.RootElement();
-        KyXMLElement& root = ExistingElement(rootElement);
-        if (!CheckSchemaVersion(root)) {
-            Warn(kWrongSchemaForOptions);
-            return;
-        }
-        if (tolerances != nullptr) {
-            LoadTolerances(root, *tolerances);
-        }
-        categories.Clear();
-        LoadCategoryList(root, categories, criteria);
-        severities.Clear();
-        LoadSeverityList(root, severities);
-        LoadCounts(root, criteria);
-        loaded = true;
-    });
-    return loaded;
+void RulebaseManager::Warn(const std::string& text) {
+    modHost::ShowMessage({MessageIcon::Exclamation, "Dorvik", text});
 }
 
 bool RulebaseManager::SaveSections(KyXMLElement& root, Rulebase& rulebase, std::string& failure) {
@@ -199,8 +122,7 @@ bool RulebaseManager::Save(Rulebase& rulebase, std::string_view filename) {
     if (target.empty()) {
         modKyErrors::RaiseError(modKyErrors::kyErrNoFilename, "RulebaseManager::Save");
     }
-    bool saved = false;
-    Trap({"RulebaseManager", "Save"}, [&] {
+    return Trapped({"RulebaseManager", "Save"}, false, [&] {
         KyXMLDoc document;
         document.NewDoc(modRulebaseSchema::kRoot);
         const std::shared_ptr<KyXMLElement> rootElement = document.RootElement();
@@ -210,20 +132,19 @@ bool RulebaseManager::Save(Rulebase& rulebase, std::string_view filename) {
         std::string failure;
         if (!SaveSections(root, rulebase, failure)) {
             Warn("Error during save: " + failure);
-            return;
+            return false;
         }
         if (!ReadsBack(document)) {
             Warn(kNotReadBack);
-            return;
+            return false;
         }
         if (!document.SaveToFile(target)) {
             Warn("Error during save: " + SaveErrorText(document.LastError()));
-            return;
+            return false;
         }
         rulebase.SetDirty(false);
-        saved = true;
+        return true;
     });
-    return saved;
 }
 
 }  // namespace dorvik

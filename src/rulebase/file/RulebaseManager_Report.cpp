@@ -1,5 +1,3 @@
-#include "base/modText.h"
-#include "base/modTextCase.h"
 #include "foundation/log/Trap.h"
 #include "foundation/xml/KyXMLElement.h"
 #include "modSectionReading.h"
@@ -10,51 +8,9 @@
 namespace dorvik {
 
 namespace schema = modRulebaseSchema;
-using modSectionReading::Children;
-using modSectionReading::LongAttribute;
 using modSectionReading::Section;
 
 namespace {
-
-/// Required: a rule that is no longer there is left out, without a word.
-void ReadRulesOfSection(
-    const std::string& list, const RuleLists& rules, ObjectArrayList<IRule>& shown) {
-    if (list.empty()) {
-        return;
-    }
-    for (const std::string_view part : modText::Split(list, '|')) {
-        const std::int32_t number = modText::RoundToLong(modText::LeadingNumber(part));
-        const auto* const rule = rules.AllConventions().Find(RuleKeyOf(number));
-        if (rule != nullptr) {
-            shown.Add(*rule);
-        }
-    }
-}
-
-/// Required: a section of a category that is not there is left out, without a word. That is so for
-/// a hidden category that was not loaded.
-void ReadCategorySection(const KyXMLElement& element, Rulebase& rulebase) {
-    const std::int32_t id = LongAttribute(element, schema::kCategoryID);
-    if (!rulebase.CategoryList().ContainsID(id)) {
-        return;
-    }
-    const CategoryItem& category = *rulebase.CategoryList().Item(CategoryList::CategoryIDToKey(id));
-    const auto section = std::make_shared<CategoryItem>();
-    section->SetDescription(category.Description());
-    section->SetID(category.ID());
-    section->SetTitle(category.Title());
-    rulebase.Report().Sections().Add(section);
-    ReadRulesOfSection(
-        element.AttributeValueByName(schema::kCategoryRuleList),
-        rulebase.RuleLists(),
-        section->CategoryRules());
-}
-
-void ReadTableSection(const KyXMLElement& element, Report& report) {
-    const auto table = std::make_shared<TableItem>();
-    ReadAttributes(element, schema::Table(), *table);
-    report.Sections().Add(table);
-}
 
 /// Required: a category section without rules is not written.
 void WriteCategorySection(KyXMLElement& parent, const CategoryItem& category) {
@@ -80,29 +36,15 @@ void WriteTableSection(KyXMLElement& parent, const TableItem& table) {
 
 }  // namespace
 
-void RulebaseManager::LoadReport(const KyXMLElement& root, Rulebase& rulebase) {
-    Trap({"RulebaseManager", "LoadReport"}, [&] {
-        for (const auto& element : Children(*Section(root, schema::kReport))) {
-            const std::string type = element->AttributeValueByName(schema::kSectionType);
-            if (modTextCase::Equal(type, schema::kCategorySection)) {
-                ReadCategorySection(*element, rulebase);
-            } else {
-                ReadTableSection(*element, rulebase.Report());
-            }
-        }
-    });
-}
-
 bool RulebaseManager::SaveReport(KyXMLElement& root, const Report& report, std::string& failure) {
     return Trap(
         {"RulebaseManager", "SaveReport"},
         [&] {
             const auto section = Section(root, schema::kReport);
-            for (std::int32_t index = 1; index <= report.Sections().Count(); ++index) {
-                const IListItem* item = report.Sections().Item(index).get();
-                if (const auto* category = dynamic_cast<const CategoryItem*>(item)) {
+            for (const auto& item : report.Sections()) {
+                if (const auto* category = dynamic_cast<const CategoryItem*>(item.get())) {
                     WriteCategorySection(*section, *category);
-                } else if (const auto* table = dynamic_cast<const TableItem*>(item)) {
+                } else if (const auto* table = dynamic_cast<const TableItem*>(item.get())) {
                     WriteTableSection(*section, *table);
                 }
             }

@@ -50,11 +50,10 @@ void AddTags(
     std::string_view name,
     std::span<const AttributeRow<TagItem>> rows,
     const TagTable& table) {
-    for (std::int32_t index = 1; index <= table.Count(); ++index) {
-        const TagItem& item = *table.Item(index);
+    for (const auto& item : table) {
         const std::shared_ptr<KyXMLElement> element = section.AddElement(name);
-        ExistingElement(element).AddAttribute(schema::kTagName, item.TagName());
-        WriteAttributes(*element, rows, item);
+        ExistingElement(element).AddAttribute(schema::kTagName, item->TagName());
+        WriteAttributes(*element, rows, *item);
     }
 }
 
@@ -65,11 +64,10 @@ void AddNameItems(
     std::string_view itemName,
     const ObjectArrayList<PrefixSuffixItem>& items) {
     const std::shared_ptr<KyXMLElement> section = rule.AddElement(sectionName);
-    for (std::int32_t slot = 1; slot <= items.Count(); ++slot) {
-        const PrefixSuffixItem& item = *items.Item(slot);
-        if (item.PSType != static_cast<std::int32_t>(psNone)) {
+    for (const auto& item : items) {
+        if (item->PSType != static_cast<std::int32_t>(psNone)) {
             AddWithAttributes<PrefixSuffixItem>(
-                ExistingElement(section), itemName, schema::NameItem(), item);
+                ExistingElement(section), itemName, schema::NameItem(), *item);
         }
     }
 }
@@ -200,12 +198,11 @@ bool RulebaseManager::SaveUnauthorisedKeywords(
         {"RulebaseManager", "SaveUnauthorisedKeywords"},
         [&] {
             const auto section = Section(root, schema::kUnauthorisedKeywords);
-            for (std::int32_t index = 1; index <= rules.UnauthorisedKeywords().Count(); ++index) {
-                const UnauthorisedKeyword& rule = *rules.UnauthorisedKeywords().Item(index);
+            for (const auto& rule : rules.UnauthorisedKeywords()) {
                 const auto element = AddWithAttributes<UnauthorisedKeyword>(
-                    *section, schema::kUnauthorisedKeyword, schema::Keyword(), rule);
+                    *section, schema::kUnauthorisedKeyword, schema::Keyword(), *rule);
                 whole =
-                    SaveViolationDefintion(*element, rule.ViolationDefinition(), failure) && whole;
+                    SaveViolationDefintion(*element, rule->ViolationDefinition(), failure) && whole;
             }
         },
         KeepReason(failure));
@@ -219,12 +216,11 @@ bool RulebaseManager::SaveCodingConventions(
         {"RulebaseManager", "SaveCodingConventions"},
         [&] {
             const auto section = Section(rulesElement, schema::kCodingConventions);
-            for (std::int32_t index = 1; index <= rules.CodingConventions().Count(); ++index) {
-                const CodingConvention& rule = *rules.CodingConventions().Item(index);
+            for (const auto& rule : rules.CodingConventions()) {
                 const auto element = AddWithAttributes<CodingConvention>(
-                    *section, schema::kCodingConvention, schema::Coding(), rule);
+                    *section, schema::kCodingConvention, schema::Coding(), *rule);
                 whole =
-                    SaveViolationDefintion(*element, rule.ViolationDefinition(), failure) && whole;
+                    SaveViolationDefintion(*element, rule->ViolationDefinition(), failure) && whole;
             }
         },
         KeepReason(failure));
@@ -238,21 +234,20 @@ bool RulebaseManager::SaveNamingConventions(
         {"RulebaseManager", "SaveNamingConventions"},
         [&] {
             const auto section = Section(rulesElement, schema::kNamingConventions);
-            for (std::int32_t index = 1; index <= rules.NamingConventions().Count(); ++index) {
-                const NamingConvention& rule = *rules.NamingConventions().Item(index);
+            for (const auto& rule : rules.NamingConventions()) {
                 const auto element = AddWithAttributes<NamingConvention>(
-                    *section, schema::kNamingConvention, schema::Naming(), rule);
+                    *section, schema::kNamingConvention, schema::Naming(), *rule);
                 // Required: the items of a prefix or suffix that is disabled are lost by a save.
-                if (rule.PrefixActive()) {
+                if (rule->PrefixActive()) {
                     AddNameItems(
-                        *element, schema::kPrefixItems, schema::kPrefixItem, rule.PrefixItems());
+                        *element, schema::kPrefixItems, schema::kPrefixItem, rule->PrefixItems());
                 }
-                if (rule.SuffixActive()) {
+                if (rule->SuffixActive()) {
                     AddNameItems(
-                        *element, schema::kSuffixItems, schema::kSuffixItem, rule.SuffixItems());
+                        *element, schema::kSuffixItems, schema::kSuffixItem, rule->SuffixItems());
                 }
                 whole =
-                    SaveViolationDefintion(*element, rule.ViolationDefinition(), failure) && whole;
+                    SaveViolationDefintion(*element, rule->ViolationDefinition(), failure) && whole;
             }
         },
         KeepReason(failure));

@@ -1,7 +1,6 @@
 #include "modSectionReading.h"
 
 #include "base/BasicError.h"
-#include "rulebase/file/AttributeRow.h"
 
 #include <new>
 #include <utility>
@@ -31,24 +30,6 @@ std::vector<std::shared_ptr<KyXMLElement>> Children(const KyXMLElement& section)
         children.push_back(std::move(child));
     }
     return children;
-}
-
-std::int32_t LongAttribute(const KyXMLElement& element, std::string_view name) {
-    const std::string value = element.AttributeValueByName(name);
-    std::int32_t number = 0;
-    Explain(
-        [&] { number = modAttributeText::ToLong(value); },
-        [&] { return UnreadableText(element, name, value); });
-    return number;
-}
-
-bool BooleanAttribute(const KyXMLElement& element, std::string_view name) {
-    const std::string value = element.AttributeValueByName(name);
-    bool flag = false;
-    Explain(
-        [&] { flag = modAttributeText::ToBoolean(value); },
-        [&] { return UnreadableText(element, name, value); });
-    return flag;
 }
 
 }  // namespace dorvik::modSectionReading

@@ -16,8 +16,4 @@ std::shared_ptr<KyXMLElement> Section(const KyXMLElement& parent, std::string_vi
 /// All children, in order.
 std::vector<std::shared_ptr<KyXMLElement>> Children(const KyXMLElement& section);
 
-/// Raises `kObjectNotSet` for an attribute that is not there, `kTypeMismatch` for any other text.
-std::int32_t LongAttribute(const KyXMLElement& element, std::string_view name);
-bool BooleanAttribute(const KyXMLElement& element, std::string_view name);
-
 }  // namespace dorvik::modSectionReading

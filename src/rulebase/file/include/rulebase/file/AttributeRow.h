@@ -89,20 +89,10 @@ constexpr AttributeRow<Owner> FieldAttribute(const char* name) {
 std::string
 UnreadableText(const KyXMLElement& element, std::string_view attribute, std::string_view value);
 
-/// Reads the attributes in the order of the rows. Raises `kObjectNotSet` for one that is not there;
-/// what was read before it stays. The description of a failure names attribute, element and file.
-template <class Owner>
-void ReadAttributes(
-    const KyXMLElement& element,
-    std::type_identity_t<std::span<const AttributeRow<Owner>>> rows,
-    Owner& owner) {
-    for (const AttributeRow<Owner>& row : rows) {
-        const std::string value = element.AttributeValueByName(row.Name);
-        Explain(
-            [&] { row.Read(owner, value); },
-            [&] { return UnreadableText(element, row.Name, value); });
-    }
-}
+/// Why the attribute could not be read, for the report of a check: "'12x' was found where a whole number was
+/// expected". The default value of the attribute shows what it must hold.
+std::string
+RefusalText(const BasicError& failure, const std::string& value, const std::string& defaultText);
 
 /// Adds the attribute. Raises `kInvalidProcedureCall` if the document does not hold the text as it is.
 void WriteAttribute(KyXMLElement& element, std::string_view name, const std::string& text);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "rulebase/file/RulebaseFault.h"
 #include "rulebase/model/BasicRule.h"
 #include "rulebase/model/TagItem.h"
 
@@ -11,6 +12,8 @@
 #include <vector>
 
 namespace dorvik {
+
+class KyXMLElement;
 
 /// What a rulebase file says, element by element and with the names of the elements for messages.
 /// Unlike a loaded `Rulebase` it keeps what a load would drop: duplicates, and what follows an
@@ -59,5 +62,11 @@ struct RulebaseContents {
     std::optional<std::int32_t> LastRuleID;
     std::vector<Section> Sections;
 };
+
+/// Reads a document the way a load does, but continues after everything that would end a load, and
+/// appends each such place to `faults`.
+/// REQUIRES: `root` is of the current schema.
+RulebaseContents
+ReadContents(const std::shared_ptr<KyXMLElement>& root, std::vector<RulebaseFault>& faults);
 
 }  // namespace dorvik

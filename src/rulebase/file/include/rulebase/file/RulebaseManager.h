@@ -60,32 +60,8 @@ public:
     static void Apply_6_2_SchemaUpdates(KyXMLElement& root);
 
 private:
+    static void Warn(const std::string& text);
     static bool CheckSchemaVersion(KyXMLElement& root);
-    static void LoadProperties(const KyXMLElement& root, Rulebase& rulebase);
-    static void LoadTolerances(const KyXMLElement& root, ToleranceSettings& tolerances);
-    static void LoadControlTags(const KyXMLElement& root, TagTable& table);
-    static void LoadDataTypeTags(const KyXMLElement& root, TagTable& table);
-    static void LoadScopeTags(const KyXMLElement& root, TagTable& table);
-    static void LoadDefaultViolations(const KyXMLElement& root, DefaultViolations& violations);
-    void LoadCategoryList(
-        const KyXMLElement& root, CategoryList& list, RulebaseLoadCriteria& criteria) const;
-    static void LoadSeverityList(const KyXMLElement& root, SeverityTable& table);
-    static void LoadCounts(const KyXMLElement& root, RulebaseLoadCriteria& criteria);
-    static void
-    LoadListedItems(const KyXMLElement& root, RulebaseLoadCriteria& criteria, Rulebase& rulebase);
-    static void
-    LoadRules(const KyXMLElement& root, RulebaseLoadCriteria& criteria, RuleLists& rules);
-    static void LoadAuthorisedComponents(const KyXMLElement& section, AuthorisedComponents& list);
-    static void LoadAuthorisedReferences(const KyXMLElement& section, AuthorisedReferences& list);
-    static void LoadUnauthorisedKeywords(
-        const KyXMLElement& section, const RulebaseLoadCriteria& criteria, RuleLists& rules);
-    static void LoadCodingConventions(
-        const KyXMLElement& section, const RulebaseLoadCriteria& criteria, RuleLists& rules);
-    static void LoadNamingConventions(
-        const KyXMLElement& section, const RulebaseLoadCriteria& criteria, RuleLists& rules);
-    static bool IsLoadableRule(const RulebaseLoadCriteria& criteria, const KyXMLElement& rule);
-    static void LoadViolationDefinition(const KyXMLElement& rule, ViolationDefinition& definition);
-    static void LoadReport(const KyXMLElement& root, Rulebase& rulebase);
 
     static bool SaveSections(KyXMLElement& root, Rulebase& rulebase, std::string& failure);
     // False if the section is not written whole; `failure` is why the first one was not.
