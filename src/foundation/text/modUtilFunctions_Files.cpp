@@ -120,19 +120,15 @@ void CreateFolders(std::string_view path) {
 }  // namespace
 
 bool FileExists(std::string_view path) {
-    bool exists = false;
-    Trap({"modUtilFunctions", "FileExists"}, [&] {
-        exists = !path.empty() && SearchFindsFile(path);
+    return Trapped({"modUtilFunctions", "FileExists"}, false, [&] {
+        return !path.empty() && SearchFindsFile(path);
     });
-    return exists;
 }
 
 bool FolderExists(std::string_view path) {
-    bool exists = false;
-    Trap({"modUtilFunctions", "FolderExists"}, [&] {
-        exists = modFiles::FolderExists(AddBackslash(path));
+    return Trapped({"modUtilFunctions", "FolderExists"}, false, [&] {
+        return modFiles::FolderExists(AddBackslash(path));
     });
-    return exists;
 }
 
 void DeleteFile(std::string_view path) {
@@ -144,12 +140,8 @@ void DeleteFile(std::string_view path) {
 }
 
 bool CreateFullPath(std::string_view path) {
-    bool created = false;
-    Trap({"modUtilFunctions", "CreateFullPath"}, [&] {
-        CreateFolders(RemoveBackslash(path));
-        created = true;
-    });
-    return created;
+    return Trap(
+        {"modUtilFunctions", "CreateFullPath"}, [&] { CreateFolders(RemoveBackslash(path)); });
 }
 
 }  // namespace dorvik::modUtilFunctions

@@ -26,14 +26,12 @@ void LogParserError(const XmlError& error, std::string_view procedure) {
 KyXMLDoc::KyXMLDoc() : m_document(std::make_shared<XmlDocument>()) {}
 
 std::shared_ptr<KyXMLElement> KyXMLDoc::RootElement() {
-    std::shared_ptr<KyXMLElement> root;
-    Trap({"KyXMLDoc", "RootElement"}, [&] {
+    return Trapped({"KyXMLDoc", "RootElement"}, nullptr, [&] {
         if (m_document->DocumentElement().IsNull()) {
             m_document->LoadText(TextOfEmptyRoot(kRootOfAnEmptyDocument));
         }
-        root = KyXMLElement::Bind(m_document, m_document->DocumentElement());
+        return KyXMLElement::Bind(m_document, m_document->DocumentElement());
     });
-    return root;
 }
 
 void KyXMLDoc::NewDoc(std::string_view rootName) {
@@ -45,54 +43,48 @@ std::string KyXMLDoc::XMLString() const {
 }
 
 bool KyXMLDoc::LoadFromFile(std::string_view filename) {
-    bool loaded = false;
-    Trap({"KyXMLDoc", "LoadFromFile"}, [&] {
+    return Trapped({"KyXMLDoc", "LoadFromFile"}, false, [&] {
         m_filename = filename;
-        loaded = m_document->Load(m_filename);
+        const bool loaded = m_document->Load(m_filename);
         if (!loaded) {
             LogParserError(m_document->Error(), "LoadFromFile");
         }
+        return loaded;
     });
-    return loaded;
 }
 
 bool KyXMLDoc::LoadFromString(std::string_view text) {
-    bool loaded = false;
-    Trap({"KyXMLDoc", "LoadFromString"}, [&] {
+    return Trapped({"KyXMLDoc", "LoadFromString"}, false, [&] {
         m_filename.clear();
-        loaded = m_document->LoadText(text);
+        const bool loaded = m_document->LoadText(text);
         if (!loaded) {
             LogParserError(m_document->Error(), "LoadFromString");
         }
+        return loaded;
     });
-    return loaded;
 }
 
 bool KyXMLDoc::SaveToFile(std::string_view filename) {
-    bool saved = false;
-    Trap({"KyXMLDoc", "SaveToFile"}, [&] {
+    return Trapped({"KyXMLDoc", "SaveToFile"}, false, [&] {
         m_document->Save(filename.empty() ? std::string_view(m_filename) : filename);
         const XmlError& error = m_document->Error();
         if (error.Code != 0) {
             m_lastError = error.Code;
             LogParserError(error, "SaveToFile");
-        } else {
-            saved = true;
         }
+        return error.Code == 0;
     });
-    return saved;
 }
 
 std::string KyXMLDoc::TransformDocument(const KyXMLDoc& styleSheet) const {
-    std::string text;
-    Trap({"KyXMLDoc", "TransformDocument"}, [&] {
-        text = m_document->Transform(*styleSheet.m_document);
+    return Trapped({"KyXMLDoc", "TransformDocument"}, std::string(), [&] {
+        std::string text = m_document->Transform(*styleSheet.m_document);
         if (m_document->Error().Code != 0) {
             text.clear();
             LogParserError(m_document->Error(), "TransformDocument");
         }
+        return text;
     });
-    return text;
 }
 
 }  // namespace dorvik

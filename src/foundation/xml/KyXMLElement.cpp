@@ -175,16 +175,14 @@ ObjectArrayList<KyXMLElement> KyXMLElement::ElementListByName(std::string_view n
 }
 
 std::shared_ptr<KyXMLElement> KyXMLElement::ElementAtPosition(std::int32_t position) const {
-    std::shared_ptr<KyXMLElement> element;
-    Trap({kModule, "ElementAtPosition"}, [&] {
+    return Trapped({kModule, "ElementAtPosition"}, nullptr, [&]() -> std::shared_ptr<KyXMLElement> {
         const XmlNode child = m_node.Child(position);
         if (child.IsNull()) {
             LogEvent("No element at position " + std::to_string(position), "ElementAtPosition");
-            return;
+            return nullptr;
         }
-        element = Bind(m_document, child);
+        return Bind(m_document, child);
     });
-    return element;
 }
 
 XmlNode
@@ -203,55 +201,46 @@ KyXMLElement::ChildByAttributeValue(std::string_view attributeName, std::string_
 
 std::shared_ptr<KyXMLElement> KyXMLElement::ElementByAttributeValue(
     std::string_view attributeName, std::string_view value) const {
-    std::shared_ptr<KyXMLElement> found;
-    Trap({kModule, "ElementByAttributeValue"}, [&] {
-        if (attributeName.empty()) {
-            LogEvent("An attribute name must be specified.", "ElementByAttributeValue");
-            return;
-        }
-        const XmlNode child = ChildByAttributeValue(attributeName, value);
-        if (!child.IsNull()) {
-            found = Bind(m_document, child);
-        }
-    });
-    return found;
+    return Trapped(
+        {kModule, "ElementByAttributeValue"}, nullptr, [&]() -> std::shared_ptr<KyXMLElement> {
+            if (attributeName.empty()) {
+                LogEvent("An attribute name must be specified.", "ElementByAttributeValue");
+                return nullptr;
+            }
+            const XmlNode child = ChildByAttributeValue(attributeName, value);
+            return child.IsNull() ? nullptr : Bind(m_document, child);
+        });
 }
 
 std::shared_ptr<KyXMLElement>
 KyXMLElement::AddElement(std::string_view name, std::int32_t position) {
-    std::shared_ptr<KyXMLElement> added;
-    Trap({kModule, "AddElement"}, [&] {
+    return Trapped({kModule, "AddElement"}, nullptr, [&]() -> std::shared_ptr<KyXMLElement> {
         if (!m_document->AllowsName(name)) {
             LogParserError("AddElement");
-            return;
+            return nullptr;
         }
-        added = Bind(m_document, m_node.AddElement(name, position));
+        return Bind(m_document, m_node.AddElement(name, position));
     });
-    return added;
 }
 
 bool KyXMLElement::RemoveElement(std::int32_t position) {
-    bool removed = false;
-    Trap({kModule, "RemoveElement"}, [&] {
+    return Trapped({kModule, "RemoveElement"}, false, [&] {
         const XmlNode child = m_node.Child(position);
         if (child.IsNull()) {
             LogEvent(
                 "No element to remove at position " + std::to_string(position), "RemoveElement");
-            return;
+            return false;
         }
-        removed = RemoveChild(child, "RemoveElement");
+        return RemoveChild(child, "RemoveElement");
     });
-    return removed;
 }
 
 bool KyXMLElement::RemoveElementByAttributeValue(
     std::string_view attributeName, std::string_view value) {
-    bool removed = false;
-    Trap({kModule, "RemoveElementByAttributeValue"}, [&] {
+    return Trapped({kModule, "RemoveElementByAttributeValue"}, false, [&] {
         const auto element = ElementByAttributeValue(attributeName, ReplaceIllegalChars(value));
-        removed = RemoveChild(ExistingElement(element).XMLNode(), "RemoveElementByAttributeValue");
+        return RemoveChild(ExistingElement(element).XMLNode(), "RemoveElementByAttributeValue");
     });
-    return removed;
 }
 
 bool KyXMLElement::RemoveChild(const XmlNode& child, std::string_view procedure) {

@@ -60,12 +60,11 @@ bool HasScopeByItself(ParserEvent event) {
 /// A text fits between patterns of anything: tags are put in at review time.
 std::string Composed(const ObjectArrayList<PrefixSuffixItem>& items) {
     std::string pattern;
-    for (std::int32_t slot = 1; slot <= items.Count(); ++slot) {
-        const PrefixSuffixItem& item = *items.Item(slot);
-        if (item.PSType == static_cast<std::int32_t>(psText)) {
-            const bool alternatives = item.Value.find('|') != std::string::npos;
-            pattern += alternatives ? "(" + item.Value + ")" : item.Value;
-        } else if (item.PSType != static_cast<std::int32_t>(psNone)) {
+    for (const auto& item : items) {
+        if (item->PSType == static_cast<std::int32_t>(psText)) {
+            const bool alternatives = item->Value.find('|') != std::string::npos;
+            pattern += alternatives ? "(" + item->Value + ")" : item->Value;
+        } else if (item->PSType != static_cast<std::int32_t>(psNone)) {
             pattern += "x";
         }
     }

@@ -48,8 +48,8 @@ bool IsSaidInTheHead(const RuleFact& fact, const IRule& rule) {
 
 std::vector<const IRule*> Pointers(const ObjectArrayList<IRule>& list) {
     std::vector<const IRule*> rules;
-    for (std::int32_t index = 1; index <= list.Count(); ++index) {
-        rules.push_back(list.Item(index).get());
+    for (const auto& item : list) {
+        rules.push_back(item.get());
     }
     return rules;
 }
@@ -111,10 +111,10 @@ std::vector<const IRule*> RulebaseDocument::RulesOfCategory(std::int32_t categor
 
 void RulebaseDocument::WriteWholeRulebase() {
     const CategoryList& categories = m_rulebase.CategoryList();
-    for (std::int32_t index = 1; index <= categories.Count(); ++index) {
-        const CategoryItem& category = *categories.Item(index);
-        if (!category.Hidden()) {
-            WriteCategory(category.Title(), category.Description(), RulesOfCategory(category.ID()));
+    for (const auto& category : categories) {
+        if (!category->Hidden()) {
+            WriteCategory(
+                category->Title(), category->Description(), RulesOfCategory(category->ID()));
         }
     }
     const std::vector<const IRule*> others = RulesOfCategory(kNoCategory);
@@ -143,12 +143,11 @@ void RulebaseDocument::WriteWholeRulebase() {
 
 void RulebaseDocument::WriteDefinedSections() {
     const Report::SectionList& sections = m_rulebase.Report().Sections();
-    for (std::int32_t index = 1; index <= sections.Count(); ++index) {
-        const IListItem* section = sections.Item(index).get();
-        if (const auto* category = dynamic_cast<const CategoryItem*>(section)) {
+    for (const auto& section : sections) {
+        if (const auto* category = dynamic_cast<const CategoryItem*>(section.get())) {
             WriteCategory(
                 category->Title(), category->Description(), Pointers(category->CategoryRules()));
-        } else if (const auto* table = dynamic_cast<const TableItem*>(section)) {
+        } else if (const auto* table = dynamic_cast<const TableItem*>(section.get())) {
             WriteTable(*table);
         }
     }

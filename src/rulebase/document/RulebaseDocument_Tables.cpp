@@ -56,15 +56,14 @@ void RulebaseDocument::WriteRows(
 void RulebaseDocument::WriteTags(const TagTable& tags, bool described) {
     static constexpr std::array<std::string_view, 4> kHead{"Name", "Tag", "Example", "Description"};
     Rows rows;
-    for (std::int32_t index = 1; index <= tags.Count(); ++index) {
-        const TagItem& tag = *tags.Item(index);
+    for (const auto& tag : tags) {
         // A row without a tag says nothing: names of that kind are not tested.
-        if (!tag.TagValue().empty()) {
+        if (!tag->TagValue().empty()) {
             rows.push_back(
-                {tag.TagName(),
-                 tag.TagValue(),
-                 tag.TagExample(),
-                 described ? tag.TagDescription() : ""});
+                {tag->TagName(),
+                 tag->TagValue(),
+                 tag->TagExample(),
+                 described ? tag->TagDescription() : ""});
         }
     }
     WriteRows(kHead, rows);
@@ -75,9 +74,8 @@ void RulebaseDocument::WriteComponents() {
         "File", "Versions", "Type library", "Advice"};
     Rows rows;
     const AuthorisedComponents& list = m_rulebase.AuthorisedComponents();
-    for (std::int32_t index = 1; index <= list.Count(); ++index) {
-        const AuthorisedComponent& item = *list.Item(index);
-        rows.push_back({item.Filename(), item.VersionList(), item.LibID(), item.Advice()});
+    for (const auto& item : list) {
+        rows.push_back({item->Filename(), item->VersionList(), item->LibID(), item->Advice()});
     }
     WriteRows(kHead, rows);
 }
@@ -87,10 +85,13 @@ void RulebaseDocument::WriteReferences() {
         "Library", "File", "Versions", "Type library", "Advice"};
     Rows rows;
     const AuthorisedReferences& list = m_rulebase.AuthorisedReferences();
-    for (std::int32_t index = 1; index <= list.Count(); ++index) {
-        const AuthorisedReference& item = *list.Item(index);
+    for (const auto& item : list) {
         rows.push_back(
-            {item.Description(), item.Filename(), item.VersionList(), item.LibID(), item.Advice()});
+            {item->Description(),
+             item->Filename(),
+             item->VersionList(),
+             item->LibID(),
+             item->Advice()});
     }
     WriteRows(kHead, rows);
 }
@@ -100,13 +101,12 @@ void RulebaseDocument::WriteSeverities() {
         "Level", "Severity", "Impact", "Meaning"};
     Rows rows;
     const SeverityTable& table = m_rulebase.SeverityList();
-    for (std::int32_t index = 1; index <= table.Count(); ++index) {
-        const SeverityItem& item = *table.Item(index);
+    for (const auto& item : table) {
         rows.push_back(
-            {std::to_string(item.SeverityLevel()),
-             item.Title(),
-             std::to_string(item.Impact()),
-             item.Description()});
+            {std::to_string(item->SeverityLevel()),
+             item->Title(),
+             std::to_string(item->Impact()),
+             item->Description()});
     }
     WriteRows(kHead, rows);
 }

@@ -19,8 +19,8 @@ void WriteCategorySection(KyXMLElement& parent, const CategoryItem& category) {
         return;
     }
     std::string list;
-    for (std::int32_t index = 1; index <= rules.Count(); ++index) {
-        list += (index > 1 ? "|" : "") + std::to_string(rules.Item(index)->RuleID());
+    for (const auto& rule : rules) {
+        list += (list.empty() ? "" : "|") + std::to_string(rule->RuleID());
     }
     const auto element = parent.AddElement(schema::kSection);
     ExistingElement(element).AddAttribute(schema::kSectionType, schema::kCategorySection);

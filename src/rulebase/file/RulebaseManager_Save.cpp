@@ -33,15 +33,15 @@ std::shared_ptr<KyXMLElement> AddWithAttributes(
     return element;
 }
 
-/// An element for each item of a 1-based list that is counted and read as all lists are.
+/// An element for each item of the list.
 template <class Owner, class List>
 void AddItems(
     KyXMLElement& section,
     std::string_view name,
     std::type_identity_t<std::span<const AttributeRow<Owner>>> rows,
     const List& list) {
-    for (std::int32_t index = 1; index <= list.Count(); ++index) {
-        AddWithAttributes<Owner>(section, name, rows, *list.Item(index));
+    for (const std::shared_ptr<Owner>& item : list) {
+        AddWithAttributes<Owner>(section, name, rows, *item);
     }
 }
 

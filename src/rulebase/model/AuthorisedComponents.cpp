@@ -24,21 +24,21 @@ std::shared_ptr<AuthorisedComponent> AuthorisedComponents::Add(
 }
 
 bool AuthorisedComponents::AddComponent(const std::shared_ptr<AuthorisedComponent>& item) {
-    bool added = false;
-    Trap({"AuthorisedComponents", "AddComponent"}, [&] { added = AddUnderItsLibID(item); });
-    return added;
+    return Trapped(
+        {"AuthorisedComponents", "AddComponent"}, false, [&] { return AddUnderItsLibID(item); });
 }
 
 std::int32_t AuthorisedComponents::FindByFilename(std::string_view filename) const {
-    std::int32_t found = -1;
-    Trap({"AuthorisedComponents", "FindByFilename"}, [&] {
-        for (std::int32_t index = 1; index <= Count() && found == -1; ++index) {
-            if (modTextCase::Equal(Item(index)->Filename(), filename)) {
-                found = index;
+    return Trapped({"AuthorisedComponents", "FindByFilename"}, -1, [&] {
+        std::int32_t index = 0;
+        for (const auto& item : *this) {
+            ++index;
+            if (modTextCase::Equal(item->Filename(), filename)) {
+                return index;
             }
         }
+        return -1;
     });
-    return found;
 }
 
 }  // namespace dorvik

@@ -9,8 +9,8 @@ namespace dorvik {
 template <class ItemClass>
 std::int32_t AuthorisedItemList<ItemClass>::SelectedCount() const {
     std::int32_t count = 0;
-    for (std::int32_t index = 1; index <= Count(); ++index) {
-        count += m_items.Item(index)->Selected() ? 1 : 0;
+    for (const auto& item : m_items) {
+        count += item->Selected() ? 1 : 0;
     }
     return count;
 }
@@ -51,9 +51,7 @@ void AuthorisedItemList<ItemClass>::RemoveByLibID(std::string_view libID) {
 
 template <class ItemClass>
 std::int32_t AuthorisedItemList<ItemClass>::FindByLibID(std::string_view libID) const {
-    std::int32_t index = -1;
-    Trap({m_className, "FindByLibID"}, [&] { index = m_items.FindIndexByKey(libID); });
-    return index;
+    return Trapped({m_className, "FindByLibID"}, -1, [&] { return m_items.FindIndexByKey(libID); });
 }
 
 template <class ItemClass>

@@ -28,9 +28,8 @@ std::shared_ptr<AuthorisedReference> AuthorisedReferences::Add(
 }
 
 bool AuthorisedReferences::AddReference(const std::shared_ptr<AuthorisedReference>& item) {
-    bool added = false;
-    Trap({"AuthorisedReferences", "AddReference"}, [&] { added = AddUnderItsLibID(item); });
-    return added;
+    return Trapped(
+        {"AuthorisedReferences", "AddReference"}, false, [&] { return AddUnderItsLibID(item); });
 }
 
 }  // namespace dorvik

@@ -29,8 +29,7 @@ std::string CategoryList::CategoryIDToKey(std::int32_t id) {
 
 void CategoryList::Sort() {
     std::vector<std::shared_ptr<CategoryItem>> sorted;
-    for (std::int32_t index = 1; index <= Count(); ++index) {
-        const std::shared_ptr<CategoryItem>& item = Item(index);
+    for (const std::shared_ptr<CategoryItem>& item : m_items) {
         const auto isLess = [](const auto& left, const std::string& title) {
             return modTextCase::Compare(left->Title(), title) < 0;
         };

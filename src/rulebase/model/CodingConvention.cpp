@@ -27,16 +27,14 @@ void CodingConvention::SetEndEventID(std::int32_t eventID) {
 }
 
 std::shared_ptr<IRule> CodingConvention::Clone() const {
-    std::shared_ptr<IRule> result;
-    Trap({"CodingConvention", "IRule_Clone"}, [&] {
+    return Trapped({"CodingConvention", "IRule_Clone"}, nullptr, [&]() -> std::shared_ptr<IRule> {
         const auto clone = std::make_shared<CodingConvention>();
         clone->CopyCommonFields(*this);
         clone->SetEndEventID(m_endEventID);
         clone->CopyEvents(*this);
         clone->SetPendingViolation(m_pendingViolation);
-        result = clone;
+        return clone;
     });
-    return result;
 }
 
 }  // namespace dorvik

@@ -75,8 +75,8 @@ DefaultViolations::DefaultViolations() {
 }
 
 bool DefaultViolations::Dirty() const {
-    for (std::int32_t type = 1; type <= Count(); ++type) {
-        if (Item(type).Dirty()) {
+    for (const auto& item : m_items) {
+        if (item->Dirty()) {
             return true;
         }
     }
@@ -84,8 +84,8 @@ bool DefaultViolations::Dirty() const {
 }
 
 void DefaultViolations::SetDirty(bool dirty) {
-    for (std::int32_t type = 1; type <= Count(); ++type) {
-        Item(type).SetDirty(dirty);
+    for (const auto& item : m_items) {
+        item->SetDirty(dirty);
     }
 }
 

@@ -40,14 +40,12 @@ void NamingConvention::SetDirty(bool dirty) {
 }
 
 std::shared_ptr<IRule> NamingConvention::Clone() const {
-    std::shared_ptr<IRule> result;
-    Trap({"NamingConvention", "IRule_Clone"}, [&] {
+    return Trapped({"NamingConvention", "IRule_Clone"}, nullptr, [&]() -> std::shared_ptr<IRule> {
         const auto clone = std::make_shared<NamingConvention>();
         clone->CopyCommonFields(*this);
         clone->CopyPatternFields(*this);
-        result = clone;
+        return clone;
     });
-    return result;
 }
 
 void NamingConvention::CopyPatternFields(const NamingConvention& other) {

@@ -20,8 +20,8 @@ std::shared_ptr<CategoryItem> CopyOf(const CategoryItem& category) {
     copy->SetID(category.ID());
     copy->SetTitle(category.Title());
     const ObjectArrayList<IRule>& rules = category.CategoryRules();
-    for (std::int32_t index = 1; index <= rules.Count(); ++index) {
-        copy->CategoryRules().Add(rules.Item(index));
+    for (const auto& rule : rules) {
+        copy->CategoryRules().Add(rule);
     }
     return copy;
 }
@@ -48,8 +48,8 @@ bool Report::Dirty() const {
     if (m_sections.Dirty()) {
         return true;
     }
-    for (std::int32_t index = 1; index <= m_sections.Count(); ++index) {
-        if (IsSectionDirty(m_sections.Item(index).get())) {
+    for (const auto& section : m_sections) {
+        if (IsSectionDirty(section.get())) {
             return true;
         }
     }
@@ -58,8 +58,8 @@ bool Report::Dirty() const {
 
 void Report::SetDirty(bool dirty) {
     m_sections.SetDirty(dirty);
-    for (std::int32_t index = 1; index <= m_sections.Count(); ++index) {
-        SetSectionDirty(m_sections.Item(index).get(), dirty);
+    for (const auto& section : m_sections) {
+        SetSectionDirty(section.get(), dirty);
     }
 }
 
@@ -70,11 +70,10 @@ void Report::SetSections(SectionList sections) {
 Report::SectionList Report::CloneSections() const {
     SectionList clone;
     Trap({"Report", "CloneSections"}, [&] {
-        for (std::int32_t index = 1; index <= m_sections.Count(); ++index) {
-            const IListItem* section = m_sections.Item(index).get();
-            if (const auto* table = dynamic_cast<const TableItem*>(section)) {
+        for (const auto& section : m_sections) {
+            if (const auto* table = dynamic_cast<const TableItem*>(section.get())) {
                 clone.Add(CopyOf(*table));
-            } else if (const auto* category = dynamic_cast<const CategoryItem*>(section)) {
+            } else if (const auto* category = dynamic_cast<const CategoryItem*>(section.get())) {
                 clone.Add(CopyOf(*category));
             }
         }

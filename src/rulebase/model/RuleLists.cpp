@@ -71,8 +71,8 @@ SortedPlace(std::vector<std::shared_ptr<IRule>>& sorted, const IRule& rule) {
 }  // namespace
 
 bool RuleLists::Dirty() const {
-    for (std::int32_t index = 1; index <= m_allConventions.Count(); ++index) {
-        if (m_allConventions.Item(index)->Dirty()) {
+    for (const auto& rule : m_allConventions) {
+        if (rule->Dirty()) {
             return true;
         }
     }
@@ -80,8 +80,8 @@ bool RuleLists::Dirty() const {
 }
 
 void RuleLists::SetDirty(bool dirty) {
-    for (std::int32_t index = 1; index <= m_allConventions.Count(); ++index) {
-        m_allConventions.Item(index)->SetDirty(dirty);
+    for (const auto& rule : m_allConventions) {
+        rule->SetDirty(dirty);
     }
     m_dirty = dirty;
 }
@@ -249,28 +249,22 @@ void RuleLists::MoveNamingConvention(
 }
 
 std::shared_ptr<IRule> RuleLists::RemoveRuleFromPECCList(std::int32_t ruleID, std::int32_t event) {
-    std::shared_ptr<IRule> rule;
-    Trap({"RuleLists", "RemoveRuleFromPECCList"}, [&] {
-        rule = TakeOut(m_parserEventCC.Find(event), ruleID);
+    return Trapped({"RuleLists", "RemoveRuleFromPECCList"}, nullptr, [&] {
+        return TakeOut(m_parserEventCC.Find(event), ruleID);
     });
-    return rule;
 }
 
 std::shared_ptr<IRule> RuleLists::RemoveRuleFromPEUKList(std::int32_t ruleID, std::int32_t event) {
-    std::shared_ptr<IRule> rule;
-    Trap({"RuleLists", "RemoveRuleFromPEUKList"}, [&] {
-        rule = TakeOut(m_parserEventUK.Find(event), ruleID);
+    return Trapped({"RuleLists", "RemoveRuleFromPEUKList"}, nullptr, [&] {
+        return TakeOut(m_parserEventUK.Find(event), ruleID);
     });
-    return rule;
 }
 
 std::shared_ptr<IRule>
 RuleLists::RemoveRuleFromObjectNCList(std::int32_t ruleID, std::int32_t objectType) {
-    std::shared_ptr<IRule> rule;
-    Trap({"RuleLists", "RemoveRuleFromObjectNCList"}, [&] {
-        rule = TakeOut(m_objectNC.Find(objectType), ruleID);
+    return Trapped({"RuleLists", "RemoveRuleFromObjectNCList"}, nullptr, [&] {
+        return TakeOut(m_objectNC.Find(objectType), ruleID);
     });
-    return rule;
 }
 
 void RuleLists::AddRuleToPendingList(
@@ -309,8 +303,7 @@ void RuleLists::RemoveRuleFromAllPEUKLists(std::int32_t ruleID, std::string_view
 }
 
 std::int16_t RuleLists::GetNCObjectRuleCount(std::int32_t objectType) const {
-    std::int16_t result = 0;
-    Trap({"RuleLists", "GetNCObjectRuleCount"}, [&] {
+    return Trapped({"RuleLists", "GetNCObjectRuleCount"}, 0, [&] {
         const ObjectArrayList<NamingConvention>* list = m_objectNC.Find(objectType);
         const std::int32_t inList = list == nullptr ? 0 : list->Count();
         const std::int32_t count =
@@ -318,17 +311,15 @@ std::int16_t RuleLists::GetNCObjectRuleCount(std::int32_t objectType) const {
         if (count > std::numeric_limits<std::int16_t>::max()) {
             RaiseRuntimeError(runtimeerror::kOverflow);
         }
-        result = static_cast<std::int16_t>(count);
+        return static_cast<std::int16_t>(count);
     });
-    return result;
 }
 
 ObjectArrayList<IRule> RuleLists::ConventionsListByCatID(std::int32_t categoryID) const {
     ObjectArrayList<IRule> result;
     Trap({"RuleLists", "ConventionsListByCatID"}, [&] {
         std::vector<std::shared_ptr<IRule>> sorted;
-        for (std::int32_t index = 1; index <= m_allConventions.Count(); ++index) {
-            const std::shared_ptr<IRule>& rule = m_allConventions.Item(index);
+        for (const auto& rule : m_allConventions) {
             if (rule->ViolationDefinition().CategoryID() == categoryID) {
                 sorted.insert(SortedPlace(sorted, *rule), rule);
             }

@@ -9,8 +9,8 @@ namespace {
 
 template <class Rules>
 void AddScripts(ScriptFile& file, const Rules& rules) {
-    for (std::int32_t index = 1; index <= rules.Count(); ++index) {
-        file.AddScript(rules.Item(index)->RuleID(), rules.Item(index)->Condition());
+    for (const auto& rule : rules) {
+        file.AddScript(rule->RuleID(), rule->Condition());
     }
 }
 

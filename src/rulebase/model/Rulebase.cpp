@@ -12,8 +12,8 @@ namespace {
 constexpr const char* kUntitledFile = "[Untitled]";
 
 bool AnyTagDirty(const TagTable& table) {
-    for (std::int32_t index = 1; index <= table.Count(); ++index) {
-        if (table.Item(index)->Dirty()) {
+    for (const auto& item : table) {
+        if (item->Dirty()) {
             return true;
         }
     }
@@ -21,8 +21,8 @@ bool AnyTagDirty(const TagTable& table) {
 }
 
 void SetTagsDirty(TagTable& table, bool dirty) {
-    for (std::int32_t index = 1; index <= table.Count(); ++index) {
-        table.Item(index)->SetDirty(dirty);
+    for (const auto& item : table) {
+        item->SetDirty(dirty);
     }
 }
 

@@ -5,14 +5,13 @@
 namespace dorvik {
 
 std::shared_ptr<IRule> UnauthorisedKeyword::Clone() const {
-    std::shared_ptr<IRule> result;
-    Trap({"UnauthorisedKeyword", "IRule_Clone"}, [&] {
-        const auto clone = std::make_shared<UnauthorisedKeyword>();
-        clone->CopyCommonFields(*this);
-        clone->CopyEvents(*this);
-        result = clone;
-    });
-    return result;
+    return Trapped(
+        {"UnauthorisedKeyword", "IRule_Clone"}, nullptr, [&]() -> std::shared_ptr<IRule> {
+            const auto clone = std::make_shared<UnauthorisedKeyword>();
+            clone->CopyCommonFields(*this);
+            clone->CopyEvents(*this);
+            return clone;
+        });
 }
 
 }  // namespace dorvik

@@ -1,5 +1,6 @@
 #include "rulebase/model/modRuleFacts.h"
 
+#include "base/Quoted.h"
 #include "base/modTextCase.h"
 #include "parser/VBParserEvents.h"
 #include "rulebase/catalogue/ObjectHelper.h"
@@ -43,10 +44,6 @@ constexpr ItemRow kItems[] = {
     {psScopeTag, "the scope tag"},
     {psArrayTag, "the array tag"},
 };
-
-std::string Quoted(std::string_view text) {
-    return "'" + std::string(text) + "'";
-}
 
 std::string ItemWords(const PrefixSuffixItem& item) {
     const auto type = static_cast<PrefixSuffixType>(item.PSType);
@@ -195,10 +192,9 @@ std::vector<std::int32_t> EventsOf(const IRule& rule) {
 
 std::string Describe(const ObjectArrayList<PrefixSuffixItem>& items) {
     std::string words;
-    for (std::int32_t slot = 1; slot <= items.Count(); ++slot) {
-        const PrefixSuffixItem& item = *items.Item(slot);
-        if (item.PSType != static_cast<std::int32_t>(psNone)) {
-            words += (words.empty() ? "" : ", then ") + ItemWords(item);
+    for (const auto& item : items) {
+        if (item->PSType != static_cast<std::int32_t>(psNone)) {
+            words += (words.empty() ? "" : ", then ") + ItemWords(*item);
         }
     }
     return words.empty() ? "nothing" : words;

@@ -19,6 +19,8 @@ public:
     AuthorisedItemList& operator=(const AuthorisedItemList&) = delete;
 
     std::int32_t Count() const { return m_items.Count(); }
+    auto begin() const { return m_items.begin(); }
+    auto end() const { return m_items.end(); }
     /// Counts the items' own `Selected`, not the flags of the list.
     std::int32_t SelectedCount() const;
     bool Dirty() const { return m_dirty; }

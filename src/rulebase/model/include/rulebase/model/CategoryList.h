@@ -17,6 +17,8 @@ public:
     bool Dirty() const { return m_items.Dirty(); }
     void SetDirty(bool dirty) { m_items.SetDirty(dirty); }
     std::int32_t Count() const { return m_items.Count(); }
+    auto begin() const { return m_items.begin(); }
+    auto end() const { return m_items.end(); }
     /// Raise `kyErrNoSuchItem` for an unknown key or position.
     const std::shared_ptr<CategoryItem>& Item(std::int32_t index) const {
         return m_items.Item(index);
