@@ -1,27 +1,13 @@
 #include "base/DateTime.h"
 
+#include "base/CalendarNames.h"
+
 #include <array>
 #include <cstdio>
 
 namespace dorvik::modDateText {
 
 namespace {
-
-constexpr std::array<const char*, 12> kMonths{
-    "January",
-    "February",
-    "March",
-    "April",
-    "May",
-    "June",
-    "July",
-    "August",
-    "September",
-    "October",
-    "November",
-    "December"};
-constexpr std::array<const char*, 7> kWeekdays{
-    "Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
 
 template <typename... Parts>
 std::string Print(const char* format, Parts... parts) {
@@ -66,12 +52,8 @@ std::string LongDate(const DateTime& time) {
     if (time.IsZero()) {
         return {};
     }
-    return Print(
-        "%s, %d %s %04d",
-        kWeekdays.at(static_cast<std::size_t>(Weekday(time))),
-        time.Day,
-        kMonths.at(static_cast<std::size_t>(time.Month - 1)),
-        time.Year);
+    return std::string(WeekdayNameOf(Weekday(time) + 1)) + Print(", %d ", time.Day) +
+           std::string(MonthNameOf(time.Month)) + Print(" %04d", time.Year);
 }
 
 std::string LongTime(const DateTime& time) {

@@ -130,20 +130,17 @@ ProjectLoadStatus VirtualProject::ReadLines(TextFileReader& reader, bool propert
 }
 
 bool VirtualProject::DecodeLineFromVBProjectFile(std::string_view line, bool propertiesOnly) {
-    bool decoded = false;
-    Trap({"VirtualProject", "DecodeLineFromVBProjectFile"}, [&] {
+    return Trapped({"VirtualProject", "DecodeLineFromVBProjectFile"}, false, [&] {
         const std::size_t equals = line.find('=');
         if (equals == std::string_view::npos) {
-            decoded = true;
-            return;
+            return true;
         }
         Entry entry;
         entry.Line = line;
         entry.Key = line.substr(0, equals);
         entry.Value = modProjectFileLine::UnquotedValue(line.substr(equals + 1));
-        decoded = DecodeEntry(entry, propertiesOnly);
+        return DecodeEntry(entry, propertiesOnly);
     });
-    return decoded;
 }
 
 bool VirtualProject::DecodeEntry(const Entry& entry, bool propertiesOnly) {
@@ -205,17 +202,14 @@ bool VirtualProject::TakeSourceFile(const Entry& entry, bool propertiesOnly) {
 }
 
 bool VirtualProject::AddProjectFileSourceFile(std::string_view line) {
-    bool added = false;
-    Trap({"VirtualProject", "AddProjectFileSourceFile"}, [&] {
+    return Trap({"VirtualProject", "AddProjectFileSourceFile"}, [&] {
         auto file = std::make_shared<VirtualSourceFile>(m_codePage);
         // A file that failed is still listed; the project review reports it.
         file->SetReviewStatus(file->InitFileFromVBProjectFileLine(line, m_path));
         file->SetProject(this);
         const std::string& key = file->Name().empty() ? file->Filename() : file->Name();
         m_sourceFiles->Add(key, file, false, true);
-        added = true;
     });
-    return added;
 }
 
 void VirtualProject::AddProjectFileReference(std::string_view line) {
@@ -260,8 +254,8 @@ void VirtualProject::ReleaseSourceFiles() {
         return;
     }
     // Someone may still hold one of the files; it must not refer to a project that is gone.
-    for (std::int32_t index = 1; index <= m_sourceFiles->Count(); ++index) {
-        if (const auto& file = m_sourceFiles->Item(index)) {
+    for (const auto& file : *m_sourceFiles) {
+        if (file != nullptr) {
             file->SetProject(nullptr);
         }
     }

@@ -240,11 +240,12 @@ std::optional<BlockDefinition> IsTypeDef(std::string_view line) {
 }
 
 std::optional<DeclareStatement> IsDeclareStatement(std::string_view line) {
-    std::optional<DeclareStatement> result;
-    if (kDeclare.Begins(line)) {
-        Trap({kModule, "IsDeclareStatement"}, [&] { result = CutDeclareStatement(line); });
+    if (!kDeclare.Begins(line)) {
+        return std::nullopt;
     }
-    return result;
+    return Trapped({kModule, "IsDeclareStatement"}, std::nullopt, [&] {
+        return std::optional(CutDeclareStatement(line));
+    });
 }
 
 std::optional<ImplementsStatement> IsImplementsStatement(std::string_view line) {

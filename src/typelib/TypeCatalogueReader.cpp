@@ -1,5 +1,6 @@
 #include "TypeCatalogueReader.h"
 
+#include "base/Quoted.h"
 #include "base/modText.h"
 #include "base/modTextCase.h"
 #include "typelib/TypeKinds.h"
@@ -57,10 +58,6 @@ bool IsNameCharacter(char character) {
 bool IsTypeName(std::string_view text) {
     return !text.empty() && (text.front() < '0' || text.front() > '9') &&
            std::all_of(text.begin(), text.end(), IsNameCharacter);
-}
-
-std::string Quoted(std::string_view text) {
-    return "'" + std::string(text) + "'";
 }
 
 void AppendWords(std::string& text, std::string_view sentence) {

@@ -1,5 +1,6 @@
 #include "basic/values/DateText.h"
 
+#include "base/CalendarNames.h"
 #include "basic/values/DateSerial.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,7 @@
 #include "Arguments.h"
 #include "BuiltinTables.h"
 #include "DateWeeks.h"
+#include "base/CalendarNames.h"
 #include "basic/values/Coercion.h"
 #include "basic/values/DateSerial.h"
 #include "basic/values/DateText.h"

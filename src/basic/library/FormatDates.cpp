@@ -2,6 +2,7 @@
 
 #include "Arguments.h"
 #include "FormatPattern.h"
+#include "base/CalendarNames.h"
 #include "base/modTextCase.h"
 #include "basic/values/DateSerial.h"
 #include "basic/values/DateText.h"

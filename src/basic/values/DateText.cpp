@@ -1,5 +1,6 @@
 #include "basic/values/DateText.h"
 
+#include "base/CalendarNames.h"
 #include "base/modTextCase.h"
 #include "basic/values/DateSerial.h"
 #include "platform/host/modHost.h"
@@ -12,22 +13,6 @@
 namespace dorvik::basic {
 
 namespace {
-
-constexpr std::array<std::string_view, 12> kMonths{
-    "January",
-    "February",
-    "March",
-    "April",
-    "May",
-    "June",
-    "July",
-    "August",
-    "September",
-    "October",
-    "November",
-    "December"};
-constexpr std::array<std::string_view, 7> kWeekdays{
-    "Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
 
 enum class TokenKind : std::uint8_t { Number, Word, Mark };
 struct Token {
@@ -185,10 +170,10 @@ std::optional<std::int64_t> DayInEitherOrder(std::int64_t year, int month, int d
 }
 
 int MonthOf(std::string_view word) {
-    for (std::size_t i = 0; i < kMonths.size(); ++i) {
-        if (modTextCase::Equal(word, kMonths.at(i)) ||
-            modTextCase::Equal(word, ShortName(kMonths.at(i)))) {
-            return static_cast<int>(i) + 1;
+    for (int month = 1; month <= 12; ++month) {
+        if (modTextCase::Equal(word, MonthNameOf(month)) ||
+            modTextCase::Equal(word, ShortName(MonthNameOf(month)))) {
+            return month;
         }
     }
     return 0;
@@ -332,14 +317,6 @@ std::string DateToText(double serial) {
             parts.Hour < 12 ? "AM" : "PM");
     }
     return {buffer.data(), static_cast<std::size_t>(size)};
-}
-
-std::string_view MonthNameOf(int month) {
-    return kMonths.at(static_cast<std::size_t>(month - 1));
-}
-
-std::string_view WeekdayNameOf(int weekday) {
-    return kWeekdays.at(static_cast<std::size_t>(weekday - 1));
 }
 
 std::string_view ShortName(std::string_view name) {

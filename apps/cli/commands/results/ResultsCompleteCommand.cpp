@@ -15,13 +15,11 @@ namespace dorvik {
 namespace {
 
 bool IsThere(std::int32_t id, ResultsDB& database) {
-    bool isThere = false;
-    Trap({"ResultsCompleteCommand", "IsThere"}, [&] {
+    return Trapped({"ResultsCompleteCommand", "IsThere"}, false, [&] {
         auto rows = database.OpenRecordSource(
             "SELECT ViolationID FROM Violations WHERE ViolationID = " + std::to_string(id));
-        isThere = rows && !rows->EOF_();
+        return rows && !rows->EOF_();
     });
-    return isThere;
 }
 
 /// Nothing, and a sentence, if a text is not the ID of a violation.

@@ -129,10 +129,9 @@ void Criteria::AddLists() {
         Flat.Add({"severity", severity.Title(), severity.SeverityLevel(), included});
     }
     const CategoryList& categories = Stored.Lists.Categories;
-    for (std::int32_t index = 1; index <= categories.Count(); ++index) {
-        const CategoryItem& category = *categories.Item(index);
-        Categories.Add({category.ID(), category.Title()});
-        Flat.Add({"category", category.Title(), category.ID(), RecordValue()});
+    for (const auto& category : categories) {
+        Categories.Add({category->ID(), category->Title()});
+        Flat.Add({"category", category->Title(), category->ID(), RecordValue()});
     }
 }
 
@@ -228,9 +227,8 @@ void PrintLists(const CategorySeverityLists& lists) {
         PrintHeading("Categories");
         TablePrinter categories({{"ID", true}, {"Title", false, true}});
         categories.SetIndent(kIndent);
-        for (std::int32_t index = 1; index <= lists.Categories.Count(); ++index) {
-            const CategoryItem& category = *lists.Categories.Item(index);
-            categories.AddRow({{category.ID()}, {category.Title()}});
+        for (const auto& category : lists.Categories) {
+            categories.AddRow({{category->ID()}, {category->Title()}});
         }
         categories.Print();
     }

@@ -1,5 +1,6 @@
 #include "cli/commands/results/ResultsFile.h"
 
+#include "base/Quoted.h"
 #include "base/modTextCase.h"
 #include "cli/output/Console.h"
 #include "cli/output/modCommandPath.h"
@@ -36,10 +37,6 @@ private:
     ScopedInstall<IMessageBox> m_installed;
     bool m_wasQuiet;
 };
-
-std::string Quoted(const std::string& path) {
-    return "'" + path + "'";
-}
 
 std::string WordsFor(const StoreFailures& failures, const std::string& hostPath) {
     switch (failures.FirstNumber()) {

@@ -93,10 +93,9 @@ std::optional<std::int32_t> FindCategory(const CategoryList& list, const std::st
         return kNoCategory;
     }
     const std::optional<std::int32_t> number = modText::WholeNumber(wanted);
-    for (std::int32_t index = 1; index <= list.Count(); ++index) {
-        const CategoryItem& category = *list.Item(index);
-        if (category.ID() == number || modTextCase::Equal(category.Title(), wanted)) {
-            return category.ID();
+    for (const auto& category : list) {
+        if (category->ID() == number || modTextCase::Equal(category->Title(), wanted)) {
+            return category->ID();
         }
     }
     return std::nullopt;

@@ -249,21 +249,20 @@ bool ReportFailures(
         modConsole::PrintError(project->WhyNoVerdict());
     }
     auto& projects = criteria.ProjectList();
-    for (std::int32_t index = 1; index <= projects.Count(); ++index) {
-        const VirtualProject& project = *projects.Item(index);
-        if (project.LoadStatus() != ProjectLoadStatus::Good) {
-            modConsole::PrintError(ProjectStatusText(project.Filename(), project));
+    for (const auto& project : projects) {
+        if (project->LoadStatus() != ProjectLoadStatus::Good) {
+            modConsole::PrintError(ProjectStatusText(project->Filename(), *project));
             complete = false;
         }
-        const bool isLossTold = project.ResultsLost().Count > 0;
-        for (const UnreviewedFile& file : project.UnreviewedFiles()) {
+        const bool isLossTold = project->ResultsLost().Count > 0;
+        for (const UnreviewedFile& file : project->UnreviewedFiles()) {
             complete = false;
             if (!file.IsStored && isLossTold) {
                 continue;
             }
             modConsole::PrintError(SourceFileStatusText(file));
         }
-        for (const CutLayout& layout : project.CutLayouts()) {
+        for (const CutLayout& layout : project->CutLayouts()) {
             modConsole::PrintError(CutLayoutText(layout.Filename, layout.Fault));
             complete = false;
         }

@@ -134,13 +134,12 @@ void ReviewReports::Finish(
         return;
     }
     const auto& projects = criteria.ProjectList();
-    for (std::int32_t index = 1; index <= projects.Count(); ++index) {
-        const VirtualProject& project = *projects.Item(index);
+    for (const auto& project : projects) {
         std::unique_ptr<ResultsDB> results;
-        if (WasReviewed(project, summary)) {
-            FinishProject(criteria, engine, project);
-        } else if (modProjectDatabase::OpenResultsDatabase(project, criteria, results)) {
-            m_older.push_back(project.Filename());
+        if (WasReviewed(*project, summary)) {
+            FinishProject(criteria, engine, *project);
+        } else if (modProjectDatabase::OpenResultsDatabase(*project, criteria, results)) {
+            m_older.push_back(project->Filename());
         }
     }
     if (criteria.WritesBatchReport()) {

@@ -90,12 +90,11 @@ void ReportUnusable(const std::string& path, const RuleEngine& ruleEngine) {
     }
     RuleScriptChecker scripts;
     RulebaseCheck check(&scripts);
-    bool isReported = false;
     // The check may fail for the reason that the review did, as a temporary folder that cannot be used.
-    Trap({"modReviewRulebase", "ReportUnusable"}, [&] {
-        isReported = check.Run(path) && ReportFaults(shown, check, [](const RulebaseFault& fault) {
-                                            return fault.Kind == FaultKind::Script;
-                                        }) > 0;
+    const bool isReported = Trapped({"modReviewRulebase", "ReportUnusable"}, false, [&] {
+        return check.Run(path) && ReportFaults(shown, check, [](const RulebaseFault& fault) {
+                                      return fault.Kind == FaultKind::Script;
+                                  }) > 0;
     });
     modConsole::PrintError(
         "nothing was reviewed, because the scripts of the rulebase '" + shown + "' cannot be used" +

@@ -28,14 +28,14 @@ ReviewSummary::ReviewSummary(ReviewCriteria& criteria) {
     const std::string folder =
         criteria.UseProjectFolderResults() ? "" : criteria.FixedFolderResults();
     auto& projects = criteria.ProjectList();
-    for (std::int32_t index = 1; index <= projects.Count(); ++index) {
+    for (const auto& loaded : projects) {
+        const VirtualProject& project = *loaded;
         ProjectResults results;
-        results.Filename = projects.Item(index)->Filename();
+        results.Filename = project.Filename();
         results.ResultsFile = modDorvikUtils::CreateResultsFilename(results.Filename, folder);
-        if (projects.Item(index)->LoadStatus() != ProjectLoadStatus::Good) {
+        if (project.LoadStatus() != ProjectLoadStatus::Good) {
             continue;
         }
-        const VirtualProject& project = *projects.Item(index);
         if (HasBegun(project) && Read(results, project)) {
             m_projects.push_back(std::move(results));
         } else {

@@ -11,12 +11,11 @@ namespace {
 void WriteItems(
     JsonOutput& json, std::string_view key, const ObjectArrayList<PrefixSuffixItem>& items) {
     json.BeginArray(key);
-    for (std::int32_t slot = 1; slot <= items.Count(); ++slot) {
-        const PrefixSuffixItem& item = *items.Item(slot);
-        if (item.PSType != static_cast<std::int32_t>(psNone)) {
+    for (const auto& item : items) {
+        if (item->PSType != static_cast<std::int32_t>(psNone)) {
             json.BeginObject();
-            json.Number("type", item.PSType);
-            json.Text("value", item.Value);
+            json.Number("type", item->PSType);
+            json.Text("value", item->Value);
             json.EndObject();
         }
     }

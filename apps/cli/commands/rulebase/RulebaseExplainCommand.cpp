@@ -22,9 +22,9 @@ std::vector<const IRule*>
 RulesThat(const Rulebase& rulebase, const std::function<bool(const IRule&)>& fit) {
     std::vector<const IRule*> fitting;
     const auto& rules = rulebase.RuleLists().AllConventions();
-    for (std::int32_t index = 1; index <= rules.Count(); ++index) {
-        if (fit(*rules.Item(index))) {
-            fitting.push_back(rules.Item(index).get());
+    for (const auto& rule : rules) {
+        if (fit(*rule)) {
+            fitting.push_back(rule.get());
         }
     }
     return fitting;

@@ -1,6 +1,7 @@
 #include "cli/commands/rulebase/RulebaseFile.h"
 
 #include "base/BasicError.h"
+#include "base/Quoted.h"
 #include "base/modTextCase.h"
 #include "cli/output/Console.h"
 #include "cli/output/TablePrinter.h"
@@ -23,10 +24,6 @@ constexpr const char* kAuthorsProgram = "DVKAdmin";
 
 RulebaseManager Manager() {
     return {kAuthorsProgram, ""};
-}
-
-std::string Quoted(const std::string& path) {
-    return "'" + path + "'";
 }
 
 std::string WithoutPoint(std::string sentence) {

@@ -48,10 +48,9 @@ std::optional<std::int32_t> FindCategory(const Rulebase& rulebase, const std::st
     }
     const std::optional<std::int32_t> number = modText::WholeNumber(wanted);
     const CategoryList& categories = rulebase.CategoryList();
-    for (std::int32_t index = 1; index <= categories.Count(); ++index) {
-        const CategoryItem& category = *categories.Item(index);
-        if (category.ID() == number || modTextCase::Equal(category.Title(), wanted)) {
-            return category.ID();
+    for (const auto& category : categories) {
+        if (category->ID() == number || modTextCase::Equal(category->Title(), wanted)) {
+            return category->ID();
         }
     }
     return std::nullopt;
@@ -94,9 +93,9 @@ std::optional<Filter> MakeFilter(const RulebaseListOptions& options, const Ruleb
 std::vector<const IRule*> FittingRules(const Rulebase& rulebase, const Filter& filter) {
     std::vector<const IRule*> fitting;
     const auto& rules = rulebase.RuleLists().AllConventions();
-    for (std::int32_t index = 1; index <= rules.Count(); ++index) {
-        if (filter.Fits(*rules.Item(index))) {
-            fitting.push_back(rules.Item(index).get());
+    for (const auto& rule : rules) {
+        if (filter.Fits(*rule)) {
+            fitting.push_back(rule.get());
         }
     }
     return fitting;

@@ -46,12 +46,11 @@ void PrintCategories(const Rulebase& rulebase) {
     TablePrinter table({{"ID", true}, {"Category", false, true}, {"Rules", true}});
     table.SetIndent(kIndent);
     const CategoryList& categories = rulebase.CategoryList();
-    for (std::int32_t index = 1; index <= categories.Count(); ++index) {
-        const CategoryItem& category = *categories.Item(index);
+    for (const auto& category : categories) {
         table.AddRow(
-            {{category.ID()},
-             {category.Title() + (category.Hidden() ? " (hidden)" : "")},
-             {rulebase.RuleLists().ConventionsListByCatID(category.ID()).Count()}});
+            {{category->ID()},
+             {category->Title() + (category->Hidden() ? " (hidden)" : "")},
+             {rulebase.RuleLists().ConventionsListByCatID(category->ID()).Count()}});
     }
     table.RowCount() > 0 ? table.Print() : modConsole::Print("  none\n");
 }
@@ -59,8 +58,8 @@ void PrintCategories(const Rulebase& rulebase) {
 std::int32_t RulesOfSeverity(const Rulebase& rulebase, std::int32_t level) {
     std::int32_t count = 0;
     const auto& rules = rulebase.RuleLists().AllConventions();
-    for (std::int32_t index = 1; index <= rules.Count(); ++index) {
-        count += rules.Item(index)->ViolationDefinition().Severity() == level ? 1 : 0;
+    for (const auto& rule : rules) {
+        count += rule->ViolationDefinition().Severity() == level ? 1 : 0;
     }
     return count;
 }
@@ -71,13 +70,12 @@ void PrintSeverities(const Rulebase& rulebase) {
         {{"Level", true}, {"Severity", false, true}, {"Impact", true}, {"Rules", true}});
     table.SetIndent(kIndent);
     const SeverityTable& severities = rulebase.SeverityList();
-    for (std::int32_t index = 1; index <= severities.Count(); ++index) {
-        const SeverityItem& item = *severities.Item(index);
+    for (const auto& item : severities) {
         table.AddRow(
-            {{item.SeverityLevel()},
-             {item.Title()},
-             {std::int32_t{item.Impact()}},
-             {RulesOfSeverity(rulebase, item.SeverityLevel())}});
+            {{item->SeverityLevel()},
+             {item->Title()},
+             {std::int32_t{item->Impact()}},
+             {RulesOfSeverity(rulebase, item->SeverityLevel())}});
     }
     table.Print();
 }

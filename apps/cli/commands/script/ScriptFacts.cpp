@@ -1,5 +1,6 @@
 #include "ScriptFacts.h"
 
+#include "base/Quoted.h"
 #include "base/modTextCase.h"
 #include "base/modUtf8.h"
 #include "cli/output/Console.h"
@@ -43,10 +44,6 @@ bool ReadValue(const Json& json, basic::Value& value) {
         return false;
     }
     return true;
-}
-
-std::string Quoted(std::string_view text) {
-    return "'" + std::string(text) + "'";
 }
 
 /// A misspelt member would otherwise go unnoticed.

@@ -16,10 +16,6 @@ std::optional<double> ReadDate(std::string_view text);
 /// `1/31/2000`, `5:30:00 PM` or both: the date is left out on day 0, the time at midnight.
 std::string DateToText(double serial);
 
-/// "January"; the month from 1.
-std::string_view MonthNameOf(int month);
-/// "Sunday"; the day from 1 (Sunday).
-std::string_view WeekdayNameOf(int weekday);
 /// The first three letters of a name.
 std::string_view ShortName(std::string_view name);
 
