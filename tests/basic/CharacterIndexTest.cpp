@@ -1,10 +1,12 @@
 #include "basic/values/CharacterIndex.h"
 
 #include "basic/values/Characters.h"
+#include "basic/values/MemoryMeter.h"
 #include "basic/values/StringBody.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <string>
 #include <vector>
@@ -85,6 +87,51 @@ TEST(CharacterIndex, FindsCharactersOfATextThatIsOverwritten) {
         body.Overwrite(first, part.size(), Joined(part));
         ExpectPlaces(body, characters, random);
     }
+}
+
+TEST(CharacterIndex, ATextThatIsOverwrittenAgainAndAgainIsReadRight) {
+    std::mt19937 random(6);
+    auto characters = MixedCharacters(400, random);
+    StringBody body(Joined(characters));
+    for (int round = 0; round < 30; ++round) {
+        const std::size_t memory = MemoryMeter::Current().Used();
+        for (int change = 0; change < 400; ++change) {
+            const std::size_t first = random() % (characters.size() - 3);
+            const auto part = MixedCharacters(1 + random() % 3, random);
+            std::copy(
+                part.begin(), part.end(), characters.begin() + static_cast<std::ptrdiff_t>(first));
+            body.Overwrite(first, part.size(), Joined(part));
+        }
+        std::string buffer;
+        const std::size_t first = random() % characters.size();
+        ASSERT_EQ(
+            body.Part(first, 2, buffer),
+            Joined(
+                {characters.begin() + static_cast<std::ptrdiff_t>(first),
+                 characters.begin() +
+                     static_cast<std::ptrdiff_t>(std::min(first + 2, characters.size()))}));
+        ASSERT_EQ(body.Length(), characters.size());
+        ASSERT_EQ(body.Text(), Joined(characters));
+        EXPECT_EQ(body.Hash(), StringBody(Joined(characters)).Hash());
+        EXPECT_LE(MemoryMeter::Current().Used(), memory + 4 * characters.size());
+        ExpectPlaces(body, characters, random);
+    }
+}
+
+TEST(CharacterIndex, ATextThatIsOverwrittenOftenIsNoLongerMoved) {
+    StringBody body(std::string(1000, 'x') + "\xC3\xA4" + std::string(1, '\0'));
+    std::size_t moved = 0;
+    for (int change = 0; change < 10'000; ++change) {
+        moved += body.Overwrite(0, 1, change % 2 == 0 ? "\xC3\xA4" : "x");
+    }
+    EXPECT_LE(moved, 40 * body.Text().size() + 20'000);
+    EXPECT_EQ(body.Text(), std::string(1000, 'x') + "\xC3\xA4" + std::string(1, '\0'));
+    // What is no character ends the form.
+    for (int change = 0; change < 1'001; ++change) {
+        body.Overwrite(0, 1, change % 2 == 0 ? "\xC3\xA4" : "x");
+    }
+    body.Overwrite(0, 1, "\xF4\x80\x80\x80\x80");
+    EXPECT_EQ(body.Text().substr(0, 6), "\xF4\x80\x80\x80\x80x");
 }
 
 TEST(CharacterIndex, ATextThatBecomesAsciiIsOneAndBack) {

@@ -11,10 +11,10 @@ namespace dorvik::basic {
 /// An object whose default member, if it has one, gives a value.
 class FakeObject final : public ScriptObject {
 public:
-    FakeObject() = default;
-    explicit FakeObject(Value value) : m_value(std::move(value)), m_hasDefault(true) {}
+    FakeObject() : ScriptObject(ObjectClass::Match) {}
+    explicit FakeObject(Value value)
+        : ScriptObject(ObjectClass::Match), m_value(std::move(value)), m_hasDefault(true) {}
 
-    ObjectClass Class() const override { return ObjectClass::Match; }
     std::string_view ClassName() const override { return "Fake"; }
     int FindMember(std::string_view) const override { return kNoMember; }
     bool HasDefaultMember() const override { return m_hasDefault; }

@@ -44,7 +44,8 @@ private:
     std::size_t m_place = 0;
 };
 
-CollectionObject::CollectionObject() : ContainerObject(sizeof(CollectionObject) + kBytesOfQueue) {}
+CollectionObject::CollectionObject()
+    : ContainerObject(ObjectClass::Collection, sizeof(CollectionObject) + kBytesOfQueue) {}
 
 int CollectionObject::FindMember(std::string_view name) const {
     return FindMemberIn(kMembers, name);
@@ -55,6 +56,11 @@ int CollectionObject::FindParameter(int member, std::string_view name) const {
 }
 
 Value CollectionObject::Invoke(int member, InvokeKind kind, std::span<const Value> arguments) {
+    const bool isAppended = static_cast<Member>(member) == Member::Add && arguments.size() == 1;
+    if (isAppended && !IsAssignment(kind) && IsGiven(arguments, 0)) {
+        Append(arguments[0]);
+        return Value();
+    }
     CheckUse(kMembers, member, kind, arguments);
     switch (static_cast<Member>(member)) {
         case Member::Item: return ItemOf(arguments[0]);
@@ -79,6 +85,11 @@ void CollectionObject::Empty() noexcept {
     m_byKey.clear();
     m_order.Clear();
     m_memory.SetBytes(0);
+}
+
+void CollectionObject::Append(const Value& item) {
+    m_memory.SetBytes(m_memory.Bytes() + kBytesPerItem);
+    m_order.Insert(m_order.Size(), {StoredValue(item, InvokeKind::Set), nullptr});
 }
 
 void CollectionObject::Add(std::span<const Value> arguments) {

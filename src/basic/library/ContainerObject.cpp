@@ -104,7 +104,8 @@ private:
 
 }  // namespace
 
-ContainerObject::ContainerObject(std::size_t bytes) : m_bytes(bytes) {
+ContainerObject::ContainerObject(ObjectClass which, std::size_t bytes)
+    : ScriptObject(which), m_bytes(bytes) {
     MemoryMeter::Current().Charge(bytes);
     m_next = t_first;
     if (m_next != nullptr) {

@@ -8,9 +8,8 @@ namespace dorvik::basic {
 class MatchObject final : public ScriptObject {
 public:
     MatchObject(Ref<MatchesObject> matches, std::size_t index)
-        : m_matches(std::move(matches)), m_index(index) {}
+        : ScriptObject(ObjectClass::Match), m_matches(std::move(matches)), m_index(index) {}
 
-    ObjectClass Class() const override { return ObjectClass::Match; }
     std::string_view ClassName() const override { return "IMatch2"; }
     int FindMember(std::string_view name) const override;
     int FindParameter(int member, std::string_view name) const override;

@@ -26,7 +26,8 @@ std::size_t BytesOf(const Match& match) {
 
 }  // namespace
 
-MatchesObject::MatchesObject(std::vector<Match> matches) : m_matches(std::move(matches)) {
+MatchesObject::MatchesObject(std::vector<Match> matches)
+    : ScriptObject(ObjectClass::Matches), m_matches(std::move(matches)) {
     std::size_t bytes = 0;
     for (const Match& match : m_matches) {
         bytes += BytesOf(match);

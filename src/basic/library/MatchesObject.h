@@ -14,7 +14,6 @@ public:
     /// Raises 7 when the matches pass the memory limit.
     explicit MatchesObject(std::vector<Match> matches);
 
-    ObjectClass Class() const override { return ObjectClass::Matches; }
     std::string_view ClassName() const override { return "IMatchCollection2"; }
     int FindMember(std::string_view name) const override;
     int FindParameter(int member, std::string_view name) const override;

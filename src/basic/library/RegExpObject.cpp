@@ -41,7 +41,7 @@ constexpr ObjectMember kMembers[] = {
 
 }  // namespace
 
-RegExpObject::RegExpObject() {
+RegExpObject::RegExpObject() : ScriptObject(ObjectClass::RegExp) {
     m_memory.SetBytes(sizeof(RegExpObject));
 }
 

@@ -11,7 +11,6 @@ class RegExpObject final : public ScriptObject {
 public:
     RegExpObject();
 
-    ObjectClass Class() const override { return ObjectClass::RegExp; }
     std::string_view ClassName() const override { return "RegExp"; }
     int FindMember(std::string_view name) const override;
     bool HasDefaultMember() const override { return false; }

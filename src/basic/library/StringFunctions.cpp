@@ -71,9 +71,8 @@ bool AnswersMid(Arguments arguments, Value& answer) {
     }
     const StringBody& text = *arguments[0].TextBody();
     const auto first = static_cast<std::size_t>(arguments[1].AsLong()) - 1;
-    const std::size_t from = text.OffsetOf(first);
-    const std::size_t end = text.OffsetOf(first + static_cast<std::size_t>(arguments[2].AsLong()));
-    answer = Value::Text(std::string_view(text.Text()).substr(from, end - from));
+    std::string buffer;
+    answer = Value::Text(text.Part(first, static_cast<std::size_t>(arguments[2].AsLong()), buffer));
     return true;
 }
 

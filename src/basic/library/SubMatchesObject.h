@@ -8,9 +8,8 @@ namespace dorvik::basic {
 class SubMatchesObject final : public ScriptObject {
 public:
     SubMatchesObject(Ref<MatchesObject> matches, std::size_t index)
-        : m_matches(std::move(matches)), m_index(index) {}
+        : ScriptObject(ObjectClass::SubMatches), m_matches(std::move(matches)), m_index(index) {}
 
-    ObjectClass Class() const override { return ObjectClass::SubMatches; }
     std::string_view ClassName() const override { return "ISubMatches"; }
     int FindMember(std::string_view name) const override;
     int FindParameter(int member, std::string_view name) const override;

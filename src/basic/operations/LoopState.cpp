@@ -8,13 +8,16 @@ Value ArrayPin::Invoke(int, InvokeKind, std::span<const Value>) {
     RaiseError(runtimeerror::kNoSuchMember);
 }
 
-LoopState::LoopState(Ref<ArrayBody> array) : m_array(std::move(array)) {
+LoopState::LoopState(Ref<ArrayBody> array)
+    : ScriptObject(ObjectClass::Any), m_array(std::move(array)) {
     m_array->Lock();
     m_isLocked = true;
 }
 
 LoopState::LoopState(Ref<ScriptObject> collection, std::unique_ptr<ScriptIterator> iterator)
-    : m_collection(std::move(collection)), m_iterator(std::move(iterator)) {}
+    : ScriptObject(ObjectClass::Any),
+      m_collection(std::move(collection)),
+      m_iterator(std::move(iterator)) {}
 
 LoopState::~LoopState() {
     Leave();

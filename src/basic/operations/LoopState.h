@@ -11,10 +11,12 @@ namespace dorvik::basic {
 /// the caller, so it is released whichever way the call ends.
 class ArrayPin final : public ScriptObject {
 public:
-    explicit ArrayPin(Ref<ArrayBody> array) : m_array(std::move(array)) { m_array->Lock(); }
+    explicit ArrayPin(Ref<ArrayBody> array)
+        : ScriptObject(ObjectClass::Any), m_array(std::move(array)) {
+        m_array->Lock();
+    }
     ~ArrayPin() override { m_array->Unlock(); }
 
-    ObjectClass Class() const override { return ObjectClass::Any; }
     std::string_view ClassName() const override { return "Object"; }
     int FindMember(std::string_view) const override { return kNoMember; }
     bool HasDefaultMember() const override { return false; }
@@ -38,7 +40,6 @@ public:
     /// The loop was left by a jump. The array is free, until a jump back into the loop needs the next element.
     void Leave();
 
-    ObjectClass Class() const override { return ObjectClass::Any; }
     std::string_view ClassName() const override { return "Object"; }
     int FindMember(std::string_view) const override { return kNoMember; }
     bool HasDefaultMember() const override { return false; }

@@ -23,6 +23,11 @@ public:
     void
     Overwritten(std::string_view text, std::size_t first, std::size_t count, std::ptrdiff_t shift);
 
+    /// The bytes that had to be moved for such characters, since that was forgotten last.
+    std::size_t BytesMoved() const { return m_bytesMoved; }
+    void AddMove(std::size_t bytes) { m_bytesMoved += bytes; }
+    void ForgetMoves() { m_bytesMoved = 0; }
+
     /// The bytes that all questions together have made it read.
     std::size_t BytesRead() const { return m_bytesRead; }
 
@@ -39,6 +44,7 @@ private:
     std::vector<std::uint32_t> m_starts{0};
     Place m_last;
     std::size_t m_bytesRead = 0;
+    std::size_t m_bytesMoved = 0;
 };
 
 }  // namespace dorvik::basic

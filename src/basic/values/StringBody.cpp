@@ -1,6 +1,7 @@
 #include "basic/values/StringBody.h"
 
 #include "CharacterIndex.h"
+#include "WideText.h"
 #include "basic/values/Characters.h"
 #include "basic/values/MemoryMeter.h"
 
@@ -72,7 +73,7 @@ StringBody* StringBody::OfCharacter(char character) {
 }
 
 void StringBody::Append(std::string_view text) {
-    GrowTo(m_text.size() + text.size());
+    GrowTo(Text().size() + text.size());
     m_text.append(text);
     m_hash = 0;
     if (m_length >= 0) {
@@ -93,17 +94,76 @@ void StringBody::GrowTo(std::size_t size) {
 }
 
 std::size_t StringBody::Overwrite(std::size_t first, std::size_t count, std::string_view part) {
+    if (m_isWide && modWideText::Overwrite(m_text, first, part)) {
+        return part.size();
+    }
     const std::size_t from = OffsetOf(first);
     const std::size_t size = OffsetOf(first + count) - from;
     const std::size_t behind = m_text.size() - from - size;
-    GrowTo(m_text.size() - size + part.size());
-    m_text.replace(from, size, part);
     m_hash = 0;
+    if (part.size() == size) {
+        part.copy(m_text.data() + from, size);
+    } else {
+        GrowTo(m_text.size() - size + part.size());
+        m_text.replace(from, size, part);
+    }
     if (m_index) {
         const std::size_t shift = part.size() - size;  // may wrap around
         m_index->Overwritten(m_text, first, count, static_cast<std::ptrdiff_t>(shift));
     }
-    return part.size() == size ? part.size() : part.size() + behind;
+    if (part.size() == size) {
+        return size;
+    }
+    if (m_index) {
+        m_index->AddMove(behind);
+        WidenIfWorthIt();
+    }
+    return part.size() + behind;
+}
+
+/// To change the form and back costs as much as some tens of moves do. Nothing that is done in the other form can pass
+/// a limit that the text could not have passed already. REQUIRES: there is an index.
+void StringBody::WidenIfWorthIt() {
+    constexpr std::size_t kMoves = 32;
+    if (m_index->BytesMoved() / kMoves < m_text.size()) {
+        return;
+    }
+    m_index->ForgetMoves();
+    const MemoryMeter& meter = MemoryMeter::Current();
+    const std::size_t bytes = Length() * modWideText::kWidth;
+    if (bytes > meter.StringLimit() || bytes > meter.Limit() ||
+        meter.Used() > meter.Limit() - bytes) {
+        return;
+    }
+    std::string wide = modWideText::Widened(m_text, Length());
+    if (!wide.empty()) {
+        Exchange(std::move(wide));
+        m_isWide = true;
+    }
+}
+
+void StringBody::Narrow() const {
+    Exchange(modWideText::Narrowed(m_text, 0, Length()));
+    m_isWide = false;
+}
+
+/// Takes the text in its other form; places in the old one mean nothing then.
+void StringBody::Exchange(std::string text) const {
+    MemoryMeter& meter = MemoryMeter::Current();
+    meter.Refund(Cost());
+    m_text = std::move(text);
+    meter.Charge(Cost());
+    m_index.reset();
+}
+
+std::string_view StringBody::Part(std::size_t first, std::size_t count, std::string& buffer) const {
+    if (m_isWide) {
+        const std::size_t from = std::min(first, Length());
+        buffer = modWideText::Narrowed(m_text, from, std::min(count, Length() - from));
+        return buffer;
+    }
+    const std::size_t from = OffsetOf(first);
+    return std::string_view(m_text).substr(from, OffsetOf(first + count) - from);
 }
 
 bool StringBody::IsWorthAnIndex() const {
@@ -133,7 +193,7 @@ std::int32_t StringBody::CountCharacters() const {
 }
 
 std::uint32_t StringBody::MakeHash() const {
-    m_hash = std::max(1U, static_cast<std::uint32_t>(std::hash<std::string_view>()(m_text)));
+    m_hash = std::max(1U, static_cast<std::uint32_t>(std::hash<std::string_view>()(Text())));
     return m_hash;
 }
 

@@ -15,7 +15,6 @@ class CollectionObject final : public ContainerObject {
 public:
     CollectionObject();
 
-    ObjectClass Class() const override { return ObjectClass::Collection; }
     std::string_view ClassName() const override { return "Collection"; }
     int FindMember(std::string_view name) const override;
     int FindParameter(int member, std::string_view name) const override;
@@ -60,6 +59,8 @@ private:
         }
     };
 
+    /// A new item without a key at the end, as most are.
+    void Append(const Value& item);
     void Add(std::span<const Value> arguments);
     std::size_t PlaceForNew(std::span<const Value> arguments) const;
     const Value& ItemOf(const Value& indexOrKey) const;

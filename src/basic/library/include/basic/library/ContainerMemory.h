@@ -1,5 +1,7 @@
 #pragma once
 
+#include "basic/values/MemoryMeter.h"
+
 #include <cstddef>
 
 namespace dorvik::basic {
@@ -14,7 +16,14 @@ public:
 
     std::size_t Bytes() const { return m_bytes; }
     /// Raises 7, and changes nothing, when the memory limit would be passed.
-    void SetBytes(std::size_t bytes);
+    void SetBytes(std::size_t bytes) {
+        if (bytes > m_bytes) {
+            MemoryMeter::Current().Charge(bytes - m_bytes);
+        } else {
+            MemoryMeter::Current().Refund(m_bytes - bytes);
+        }
+        m_bytes = bytes;
+    }
 
 private:
     std::size_t m_bytes = 0;

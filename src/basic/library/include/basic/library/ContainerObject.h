@@ -24,7 +24,7 @@ public:
 
 protected:
     /// Reports `bytes` to the memory meter for the object without what it holds. Raises 7.
-    explicit ContainerObject(std::size_t bytes);
+    ContainerObject(ObjectClass which, std::size_t bytes);
 
 private:
     // The list of all containers of the thread.

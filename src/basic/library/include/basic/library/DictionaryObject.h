@@ -10,9 +10,8 @@ namespace dorvik::basic {
 /// keys, those too that are added while it runs.
 class DictionaryObject final : public ContainerObject {
 public:
-    DictionaryObject() : ContainerObject(sizeof(DictionaryObject)) {}
+    DictionaryObject() : ContainerObject(ObjectClass::Dictionary, sizeof(DictionaryObject)) {}
 
-    ObjectClass Class() const override { return ObjectClass::Dictionary; }
     std::string_view ClassName() const override { return "Dictionary"; }
     int FindMember(std::string_view name) const override;
     int FindParameter(int member, std::string_view name) const override;

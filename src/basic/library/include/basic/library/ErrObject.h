@@ -19,7 +19,8 @@ public:
 /// `Err`: the state of the last error of the machine that runs. Where none runs, its members raise 91.
 class ErrObject final : public ScriptObject {
 public:
-    ObjectClass Class() const override { return ObjectClass::Err; }
+    ErrObject() : ScriptObject(ObjectClass::Err) {}
+
     std::string_view ClassName() const override { return "ErrObject"; }
     int FindMember(std::string_view name) const override;
     int FindParameter(int member, std::string_view name) const override;

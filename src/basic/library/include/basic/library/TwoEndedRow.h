@@ -21,6 +21,10 @@ public:
             Grow();
         }
         ++m_size;
+        if (place + 1 == m_size) {
+            (*this)[place] = std::move(element);
+            return;
+        }
         if (place < m_size / 2) {
             m_first = (m_first - 1) & (m_slots.size() - 1);
             for (std::size_t moved = 0; moved < place; ++moved) {

@@ -26,7 +26,7 @@ inline constexpr int kDefaultMember = 0;
 /// gives, `Err`. Members are numbered by each class; number 0 is the default member where there is one.
 class ScriptObject : public ReferenceCounted {
 public:
-    virtual ObjectClass Class() const = 0;
+    ObjectClass Class() const { return m_class; }
     virtual std::string_view ClassName() const = 0;  // as TypeName gives it
     /// The number of a member, its name in any case, or `kNoMember`. Depends on the class only.
     virtual int FindMember(std::string_view name) const = 0;
@@ -38,6 +38,12 @@ public:
     virtual Value Invoke(int member, InvokeKind kind, std::span<const Value> arguments) = 0;
     /// Null for an object that is not a collection (438).
     virtual std::unique_ptr<ScriptIterator> Iterate() { return nullptr; }
+
+protected:
+    explicit ScriptObject(ObjectClass which) : m_class(which) {}
+
+private:
+    ObjectClass m_class;  // no virtual function: the machine asks at each use of an item
 };
 
 }  // namespace dorvik::basic

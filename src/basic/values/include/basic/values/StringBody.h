@@ -28,8 +28,13 @@ public:
     /// The body, shared by all who ask, of a text of one ASCII character.
     static StringBody* OfCharacter(char character);
 
-    const std::string& Text() const { return m_text; }
-    bool IsAscii() const { return Length() == m_text.size(); }  // known after the first question
+    const std::string& Text() const {
+        if (m_isWide) [[unlikely]] {
+            Narrow();
+        }
+        return m_text;
+    }
+    bool IsAscii() const { return Length() == Text().size(); }  // known after the first question
     std::size_t Length() const {                                // characters
         return static_cast<std::size_t>(m_length >= 0 ? m_length : CountCharacters());
     }
@@ -45,13 +50,16 @@ public:
         }
         return OffsetOfMixed(character);
     }
+    /// As many characters as there are of those wanted, from `first` on. `buffer` may hold them then.
+    std::string_view Part(std::size_t first, std::size_t count, std::string& buffer) const;
     /// How many characters are before a byte offset.
     std::size_t CharactersBefore(std::size_t offset) const {
         return IsAscii() ? offset : CharactersBeforeMixed(offset);
     }
 
     /// Overwrites `count` characters from `first` on with as many others, in place, and returns how many
-    /// bytes that has moved. `part` must not be a part of this text.
+    /// bytes that has moved. `part` must not be a part of this text. Where much had to be moved, the text is kept in
+    /// a form in which nothing has to, until somebody asks for its bytes.
     /// REQUIRES: !IsShared(), or that all who share it are meant; the characters are there. Raises 14 and 7 as above.
     std::size_t Overwrite(std::size_t first, std::size_t count, std::string_view part);
 
@@ -66,12 +74,16 @@ private:
     std::size_t OffsetOfMixed(std::size_t character) const;
     std::size_t CharactersBeforeMixed(std::size_t offset) const;
     bool IsWorthAnIndex() const;
+    void WidenIfWorthIt();
+    void Narrow() const;
+    void Exchange(std::string text) const;
     std::uint32_t MakeHash() const;
     std::size_t Cost() const;
 
     mutable std::int32_t m_length = -1;  // characters, -1 until asked
-    std::string m_text;
+    mutable std::string m_text;
     mutable std::uint32_t m_hash = 0;  // 0 until asked
+    mutable bool m_isWide = false;     // the form of m_text: modWideText or UTF-8
     mutable std::unique_ptr<CharacterIndex>
         m_index;  // of a long text that is not ASCII, once asked
 };
