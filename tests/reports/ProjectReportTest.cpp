@@ -452,19 +452,20 @@ private:
 TEST_F(ProjectReportTest, UpdateProgressDisplayRaisesThenYieldsThenGivesTheCancelBack) {
     WaitingInput input(m_states);
     const ScopedInstall<IHostInput> installed(input);
-    EXPECT_FALSE(m_engine.UpdateProgressDisplay(m_progress, ReportsEngine::kProjectReportState));
-    EXPECT_THAT(m_states, ElementsAre(ReportsEngine::kProjectReportState, kYield));
+    EXPECT_FALSE(m_engine.UpdateProgressDisplay(m_progress, ReportProgress::kProjectReportState));
+    EXPECT_THAT(m_states, ElementsAre(ReportProgress::kProjectReportState, kYield));
     m_cancelAt = 3;
-    EXPECT_TRUE(m_engine.UpdateProgressDisplay(m_progress, ReportsEngine::kSourceFileReportState));
+    EXPECT_TRUE(m_engine.UpdateProgressDisplay(m_progress, ReportProgress::kSourceFileReportState));
     EXPECT_THAT(
         m_states,
         ElementsAre(
-            ReportsEngine::kProjectReportState,
+            ReportProgress::kProjectReportState,
             kYield,
-            ReportsEngine::kSourceFileReportState,
+            ReportProgress::kSourceFileReportState,
             kYield));
     m_engine.SetEvents(nullptr);
-    EXPECT_FALSE(m_engine.UpdateProgressDisplay(m_progress, ReportsEngine::kSourceFileReportState));
+    EXPECT_FALSE(
+        m_engine.UpdateProgressDisplay(m_progress, ReportProgress::kSourceFileReportState));
 }
 
 }  // namespace

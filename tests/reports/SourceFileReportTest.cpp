@@ -1,7 +1,7 @@
 #include "SmallReviewFixture.h"
 #include "criteria/ProgressInfo.h"
-#include "reports/format/modReportFilename.h"
 #include "platform/host/modFiles.h"
+#include "reports/format/modReportFilename.h"
 #include "support/FilesystemPaths.h"
 
 #include <utility>

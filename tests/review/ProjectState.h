@@ -1,12 +1,12 @@
 #pragma once
 
-#include "review/ReviewStatus.h"
+#include "review/ProjectReviewStatus.h"
 #include "support/StateNames.h"
 
 namespace dorvik::test {
 
-/// Where a project review stands.
-using ProjectState = ReviewStatus;
+/// The state of a project review.
+using ProjectState = ProjectReviewStatus;
 
 inline constexpr StateNameRow<ProjectState> kProjectStates[] = {
     {ProjectState::BeginLoadReferences, "BeginLoadReferences"},
@@ -30,7 +30,7 @@ inline constexpr StateNameRow<ProjectState> kProjectStates[] = {
 namespace dorvik {
 
 // For GoogleTest.
-inline void PrintTo(ReviewStatus state, std::ostream* out) {
+inline void PrintTo(ProjectReviewStatus state, std::ostream* out) {
     test::PrintState(test::kProjectStates, state, *out);
 }
 
