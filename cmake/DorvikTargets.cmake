@@ -1,7 +1,7 @@
 # A folder with code is one static library: src/basic/values is dorvik_basic_values. Headers below its folder
 # include/ are for everybody who links it; those beside the sources are its own. Its include root holds only the
 # former, so an #include of a library that is not linked does not compile.
-# The names behind LINKS are the project's own libraries; SYSTEM names are libraries from outside.
+# The names after LINKS are the project's own libraries; SYSTEM names are libraries from outside.
 # A folder linux/ or windows/ holds sources for that system alone.
 function(dorvik_library path)
     cmake_parse_arguments(arg "" "" "LINKS;SYSTEM" ${ARGN})
@@ -55,13 +55,13 @@ function(dorvik_tests name)
     endforeach()
 endfunction()
 
-# Where a preset asks for batches, several sources of a test program are one translation unit: most of the cost of
+# Where a preset requests batches, several sources of a test program are one translation unit: most of the cost of
 # a test's source is GoogleTest and the standard library, which a batch reads and instantiates once. Names without
 # linkage must therefore differ within a program. In optimised builds tests themselves are optimised little.
 function(dorvik_test_batches target)
     if(DORVIK_TEST_BATCH GREATER 1)
         set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE ${DORVIK_TEST_BATCH})
-        # A fixture of an anonymous namespace lies, to the compiler, in a file that others include.
+        # A fixture of an anonymous namespace is, to the compiler, in a file that others include.
         target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
     endif()
     target_compile_options(${target} PRIVATE "$<$<CONFIG:Release>:-O1>")

@@ -7,7 +7,7 @@ usage: tools/check_sizes.py [--lower]
   a class              over 40 methods, those of all its files and its private ones, is refused
   a function           over 80 lines or over 6 parameters is refused
 
-What was too large when these limits came stands in tools/size_exceptions.txt with the size that it has. It may only
+What was too large when these limits came is in tools/size_exceptions.txt with the size that it has. It may only
 shrink: what has grown is refused, and so is a number that is no longer true. --lower writes the smaller numbers there
 and takes out what keeps the limits by now; it never raises one.
 """

@@ -6,9 +6,9 @@
       Procedure.Name = "cmdAdd_Click"
       - Procedure.CyclomaticComplexity
 
-The first line of an event has its number and name, behind @ the name of the file and the line, and in brackets the
+The first line of an event has its number and name, after @ the name of the file and the line, and in brackets the
 objects whose properties it carries, with "lineStats" as the last one where it carries counts of lines. Below it
-stands a fact a line: a field or a property whose value differs from the one shown before, "-" for a property that
+is a fact a line: a field or a property whose value differs from the one shown before, "-" for a property that
 the object no longer has, "new" for an object whose properties come in another order, which are then all shown.
 
 Nothing is lost. Who reads from the top and remembers the last value of each field, and of each object the properties

@@ -80,7 +80,7 @@ void ReferenceElement(MachineState& state, Instruction in, Value* base) {
         holder = Value::Object(MakeRef<ArrayPin>(std::move(array)));
         base[in.A] = TaggedReference(&element, tag);
     } else if (holder.Type() == ValueType::Object) {
-        // What an object returns is no variable: a temporary holds it, with a copy of an array.
+        // What an object returns is not a variable: a temporary holds it, with a copy of an array.
         const Value object = holder;
         Value given = ObjectWithDefault(object).Invoke(kDefaultMember, InvokeKind::Get, indices);
         const bool isKept = given.Type() == ValueType::Array && given.AsArray()->IsShared();

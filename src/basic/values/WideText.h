@@ -5,7 +5,7 @@
 #include <string_view>
 
 /// A text in which each character has four bytes, whatever it takes in UTF-8, so that one is overwritten by another
-/// without moving what is behind it. A character's bytes are those that it has in UTF-8, filled up with zeros; what
+/// without moving what follows it. A character's bytes are those that it has in UTF-8, filled up with zeros; what
 /// comes back is byte for byte what went in.
 namespace dorvik::basic::modWideText {
 

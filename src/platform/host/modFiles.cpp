@@ -64,7 +64,7 @@ void CheckReplaceable(const HostPath& host, std::string_view path) {
         RaiseHostError(HostFailure::NoOrdinaryFile, path);
     }
     if (const auto obstacle = modHostFolder::WriteObstacle(host)) {
-        // A read-only file is no lack of rights: it can be made one that is not.
+        // A read-only file is not a lack of rights: it can be made one that is not.
         RaiseHostError(
             *obstacle == HostFailure::WriteProtected ? *obstacle : HostFailure::Other, path);
     }

@@ -14,7 +14,7 @@ namespace dorvik {
 
 namespace {
 
-/// Every fault is kept, and the reading goes on.
+/// Every fault is kept, and reading continues.
 class KeptFaults : public IReadFaults {
 public:
     explicit KeptFaults(std::vector<RulebaseFault>& faults) : m_faults(faults) {}

@@ -18,10 +18,10 @@ namespace dorvik {
 
 /// Walks through a rulebase document: the only place that knows which elements a section has, which
 /// attributes are read of each and in which order. What was read goes to a sink, and what cannot be read
-/// to the faults, which say whether the reading goes on:
+/// to the faults, which say whether reading continues:
 /// - A load ends the section at its first fault. Each section has its own trap, which logs the failure
 ///   under module "RulebaseManager" and the operation here; what was read before stays.
-/// - A check records every fault and goes on with the next attribute, so that nothing reaches a trap.
+/// - A check records every fault and continues with the next attribute, so that nothing reaches a trap.
 ///
 /// Which rules and sections are read follows from the criteria; with `LoadForEdit` it is all of them.
 ///

@@ -91,7 +91,7 @@ std::string HostFile::ReadAll() {
     if (status.st_size > kMostBytes) {
         RaiseHostError(HostFailure::TooLong, m_path);
     }
-    // One byte more than the length tells the end of the file without growing the buffer.
+    // One byte more than the length shows the end of the file without growing the buffer.
     std::string bytes(static_cast<std::size_t>(status.st_size) + 1, '\0');
     std::size_t size = 0;
     for (;;) {

@@ -31,7 +31,7 @@ void SlowAppend(MachineState& state, Instruction in, Value* base);
 void SlowIndexGet(MachineState& state, Instruction in, Value* base);
 void SlowIndexSet(MachineState& state, Instruction in, Value* base);
 bool SlowForLoop(MachineState& state, Instruction in, Value* base);
-/// Whether a For loop goes on with the value of its counter.
+/// Whether a For loop continues with the value of its counter.
 bool ForContinues(MachineState& state, const Value& counter, const Value& limit, const Value& step);
 /// Whether a For Each has another element, which A gets.
 bool NextElement(MachineState& state, Instruction in, Value* base);

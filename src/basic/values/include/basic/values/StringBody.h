@@ -59,7 +59,7 @@ public:
 
     /// Overwrites `count` characters from `first` on with as many others, in place, and returns how many
     /// bytes that has moved. `part` must not be a part of this text. Where much had to be moved, the text is kept in
-    /// a form in which nothing has to, until somebody asks for its bytes.
+    /// a form in which nothing has to, until its bytes are requested.
     /// REQUIRES: !IsShared(), or that all who share it are meant; the characters are there. Raises 14 and 7 as above.
     std::size_t Overwrite(std::size_t first, std::size_t count, std::string_view part);
 

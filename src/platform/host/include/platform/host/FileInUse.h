@@ -10,13 +10,13 @@ namespace dorvik {
 /// A file that is to be used exclusively is in use. Number 70.
 class FileInUse final : public BasicError {
 public:
-    /// Somebody has the file open.
+    /// Another process has the file open.
     explicit FileInUse(const HostPath& file)
         : BasicError(
               runtimeerror::kPermissionDenied,
               RuntimeErrorText(runtimeerror::kPermissionDenied) + ": '" + modHostPath::Shown(file) +
                   "'") {}
-    /// Somebody has it for himself; `holder` says who, in words for a person.
+    /// Another user has reserved it; `holder` says who, in words for a person.
     FileInUse(const HostPath& file, const std::string& holder) : FileInUse(file) {
         m_holder = holder.empty() ? "a process that did not say its number" : holder;
     }

@@ -18,14 +18,14 @@ public:
     /// Marks an existing file. Marks of one process on one file are one and the same. Nothing comes back
     /// where the file cannot be opened; on a file system without locks the mark has no effect.
     static std::shared_ptr<FileInUseMark> Set(const HostPath& file);
-    /// True while anybody holds a mark on the file or a lock of the database engine.
+    /// True while any process holds a mark on the file or a lock of the database engine.
     static bool IsInUse(const HostPath& file);
 
     /// Creates the file, or takes one that a killed process left behind, and marks it for the
     /// caller alone. "process <number>" and `holder` are written into it, for the eyes of a person. Raises
-    /// `FileInUse` with that text where somebody has it, this process included, an `OutputRefusal` where no
-    /// ordinary file lies there, and `HostError` where it cannot be created. On a file system without locks
-    /// anybody gets it.
+    /// `FileInUse` with that text where a process has it, this process included, an `OutputRefusal` where no
+    /// ordinary file is there, and `HostError` where it cannot be created. On a file system without locks
+    /// every caller gets it.
     static std::shared_ptr<FileInUseMark> SetAlone(const HostPath& file, std::string_view holder);
 
     ~FileInUseMark();

@@ -23,7 +23,7 @@ public:
 /// might act, and a link leads to a place that no one chose.
 namespace modObstacles {
 
-/// Raises an `OutputRefusal` unless nothing lies there, or an ordinary file that is no link.
+/// Raises an `OutputRefusal` unless nothing is there, or an ordinary file that is no link.
 void NeedFile(const HostPath& place);
 /// The same for a folder.
 void NeedFolder(const HostPath& place);

@@ -10,7 +10,7 @@
 /// a user types, what a person reads, and what the database engine takes.
 namespace dorvik::modHostPath {
 
-/// Stands for the code page last given to `SetNameCodePage`.
+/// Means the code page last given to `SetNameCodePage`.
 inline constexpr int kNameCodePage = 0;
 
 /// The code page of names on disk that are not UTF-8; `modEncoding::kDefaultCodePage` at first.
