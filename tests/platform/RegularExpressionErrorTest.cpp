@@ -151,8 +151,8 @@ TEST(RegularExpressionError, TheDescriptionNamesThePatternThePlaceAndTheFault) {
         "5017 Syntax error in regular expression 'a)' at position 2: an unmatched ')'");
     EXPECT_EQ(
         DescriptionOf("[z-a]", ""),
-        "5017 Syntax error in regular expression '[z-a]' at position 2: a range that runs "
-        "backwards");
+        "5017 Syntax error in regular expression '[z-a]' at position 2: a range in "
+        "descending order");
 }
 
 // ---- Searches that are given up ----

@@ -43,7 +43,7 @@ TEST_F(modHostPathTest, AnEmptyTextOfAUserIsRefused) {
         FAIL() << "nothing was raised";
     } catch (const BasicError& failure) {
         EXPECT_EQ(failure.Number(), runtimeerror::kPathNotFound);
-        EXPECT_STREQ(failure.what(), "an empty text is not the path of anything");
+        EXPECT_STREQ(failure.what(), "an empty text is not a path");
     }
 }
 
