@@ -56,6 +56,9 @@ void StatementLease::GiveBack() {
 }
 
 Connection::Connection(const HostPath& file) {
+    // Before the engine opens the file: it finds the log by the name, so a file that was deleted and replaced in
+    // between would be read, and even repaired, with the log of the new one.
+    m_mark = FileInUseMark::Set(file);
     m_hadLog = modHostFolder::KindOf(file.WithEnding("-wal")) != FileKind::Nothing;
     const std::string name = modHostPath::ForEngine(file);
     const int code = sqlite3_open_v2(
@@ -64,7 +67,6 @@ Connection::Connection(const HostPath& file) {
         if (code != SQLITE_OK) {
             RaiseStoreError(m_engine, code, modHostPath::Shown(file));
         }
-        m_mark = FileInUseMark::Set(file);
         Configure();
     } catch (...) {  // a constructor that fails has no destructor: the engine must not leak
         CloseEngineUntouched();

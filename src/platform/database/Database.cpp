@@ -51,6 +51,17 @@ std::vector<HostPath> CopiesOf(const HostPath& file) {
     return copies;
 }
 
+/// In this order a process killed in between leaves a file that opens, and never a log that the next file of this
+/// name would take for its own: the journal, which only a file being changed has, goes last.
+void DeleteWithCompanions(std::string_view path) {
+    for (const std::string_view companion : {"-wal", "-shm", "", "-journal"}) {
+        const std::string file = std::string(path) + std::string(companion);
+        if (modFiles::FileExists(file)) {
+            modFiles::DeleteFile(file);
+        }
+    }
+}
+
 /// The engine opens the companions of the file that a link leads to.
 void RequirePlainCompanions(const HostPath& file) {
     const HostPath real = modHostPath::RealPath(file).value_or(file);
@@ -194,19 +205,14 @@ void Database::DeleteFile(std::string_view path) {
     if (host.IsEmpty()) {
         return;
     }
-    if (modFiles::FileExists(path) && FileInUseMark::IsInUse(host)) {
-        throw FileInUse(host);
-    }
-    for (const HostPath& copy : CopiesOf(host)) {
-        modHostFolder::Delete(copy);  // a failure does no harm
-    }
-    // In this order a process killed in between leaves a file that opens, and never a log that the next file
-    // of this name would take for its own: the journal, which only a file being changed has, goes last.
-    for (const std::string_view companion : {"-wal", "-shm", "", "-journal"}) {
-        const std::string file = std::string(path) + std::string(companion);
-        if (modFiles::FileExists(file)) {
-            modFiles::DeleteFile(file);
+    const bool isDeleted = FileInUseMark::WhileUnused(host, [&] {
+        for (const HostPath& copy : CopiesOf(host)) {
+            modHostFolder::Delete(copy);  // a failure does no harm
         }
+        DeleteWithCompanions(path);
+    });
+    if (!isDeleted) {
+        throw FileInUse(host);
     }
 }
 

@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <chrono>
 #include <fcntl.h>
+#include <functional>
 #include <map>
 #include <string>
 #include <sys/file.h>
@@ -75,6 +76,50 @@ int OpenOwn(const HostPath& file) {
     return descriptor;
 }
 
+/// Takes the lock without waiting. False also where the file system has no locks.
+bool IsLockedByAnother(int descriptor, int kind) {
+    return ::flock(descriptor, kind | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+}
+
+/// A descriptor of the file that has that name now, locked for sharing; below 0 where there is none. Only a deletion
+/// locks a file against that, for a moment, and after it the descriptor is that of a file without a name.
+int OpenShared(const HostPath& file) {
+    constexpr int kMostTries =
+        200;  // a second; and there are file systems that number a file anew at each look
+    constexpr auto kPause = std::chrono::milliseconds(5);
+    for (int attempt = 1;; ++attempt) {
+        const int descriptor = ::open(file.Bytes().c_str(), O_RDONLY | kAnyFile);
+        const bool isBeingDeleted = descriptor >= 0 && IsLockedByAnother(descriptor, LOCK_SH);
+        if (descriptor < 0 || attempt == kMostTries ||
+            (!isBeingDeleted && IdentityOf(descriptor) == IdentityOf(file))) {
+            return descriptor;
+        }
+        ::close(descriptor);
+        if (isBeingDeleted) {
+            std::this_thread::sleep_for(kPause);
+        }
+    }
+}
+
+/// A descriptor that is closed with its scope.
+class Descriptor {
+public:
+    explicit Descriptor(int number) : m_number(number) {}
+    ~Descriptor() {
+        if (IsOpen()) {
+            ::close(m_number);
+        }
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    bool IsOpen() const { return m_number >= 0; }
+    int Number() const { return m_number; }
+
+private:
+    int m_number;
+};
+
 /// Who holds the file. The text comes a moment after the lock.
 std::string HolderIn(int descriptor) {
     constexpr int kLooks = 20;
@@ -113,7 +158,7 @@ FileInUseMark::SetAlone(const HostPath& file, std::string_view holder) {
     constexpr int kMostTries = 100;  // there are file systems that number a file anew at each look
     for (int attempt = 1;; ++attempt) {
         const int descriptor = OpenOwn(file);
-        if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+        if (IsLockedByAnother(descriptor, LOCK_EX)) {
             const std::string other = HolderIn(descriptor);
             ::close(descriptor);
             throw FileInUse(file, other);
@@ -134,30 +179,28 @@ std::shared_ptr<FileInUseMark> FileInUseMark::Set(const HostPath& file) {
     if (const auto found = marks.find(identity); found != marks.end()) {
         return found->second.lock();
     }
-    const int descriptor = ::open(file.Bytes().c_str(), O_RDONLY | kAnyFile);
+    const int descriptor = OpenShared(file);
     if (descriptor < 0) {
         return nullptr;
     }
-    ::flock(descriptor, LOCK_SH | LOCK_NB);
     std::shared_ptr<FileInUseMark> mark(new FileInUseMark(descriptor));
-    marks[identity] = mark;
+    marks[IdentityOf(descriptor)] = mark;
     return mark;
 }
 
-bool FileInUseMark::IsInUse(const HostPath& file) {
+bool FileInUseMark::WhileUnused(const HostPath& file, const std::function<void()>& body) {
     const auto& marks = MarksOfThisProcess();
     if (const auto found = marks.find(IdentityOf(file));
         found != marks.end() && !found->second.expired()) {
-        return true;
-    }
-    const int descriptor = ::open(file.Bytes().c_str(), O_RDONLY | kAnyFile);
-    if (descriptor < 0) {
         return false;
     }
-    const bool isMarked = ::flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
-    const bool isInUse = isMarked || HasEngineLock(descriptor);
-    ::close(descriptor);
-    return isInUse;
+    const Descriptor held(::open(file.Bytes().c_str(), O_RDONLY | kAnyFile));
+    if (held.IsOpen() &&
+        (IsLockedByAnother(held.Number(), LOCK_EX) || HasEngineLock(held.Number()))) {
+        return false;
+    }
+    body();
+    return true;
 }
 
 FileInUseMark::~FileInUseMark() {

@@ -3,6 +3,7 @@
 #include "platform/host/HostPath.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string_view>
 #include <utility>
@@ -11,15 +12,18 @@ namespace dorvik {
 
 /// A mark on a file that other processes, and other parts of this one, can see. The system takes it away
 /// when the process ends in any way. There are two kinds. With the one any number of them say that they
-/// have a file open: while it lives, `IsInUse` is true for the file. With the other one of them says that
+/// have a file open: while it lives, `WhileUnused` does nothing. With the other one of them says that
 /// a thing is its own, by a file that is there for nothing else; it is deleted with the mark.
 class FileInUseMark {
 public:
-    /// Marks an existing file. Marks of one process on one file are one and the same. Nothing comes back
-    /// where the file cannot be opened; on a file system without locks the mark has no effect.
+    /// Marks the file that has that name now, and waits for a deletion under way. Marks of one process on one
+    /// file are one and the same. Null where the file cannot be opened or was just deleted; on a file system
+    /// without locks the mark has no effect. To be set before the file is opened for use.
     static std::shared_ptr<FileInUseMark> Set(const HostPath& file);
-    /// True while any process holds a mark on the file or a lock of the database engine.
-    static bool IsInUse(const HostPath& file);
+    /// For the deletion of a file: runs `body`, during which no one can set a mark on the file. False, with
+    /// nothing done, while any process holds a mark on it or a lock of the database engine. A file that is not
+    /// there is not in use.
+    static bool WhileUnused(const HostPath& file, const std::function<void()>& body);
 
     /// Creates the file, or takes one that a killed process left behind, and marks it for the
     /// caller alone. "process <number>" and `holder` are written into it, for the eyes of a person. Raises
