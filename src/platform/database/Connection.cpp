@@ -194,8 +194,7 @@ StatementLease Connection::Lease(const std::string& sql) {
             return {shared_from_this(), *slot};
         }
     }
-    slots.push_back(
-        std::unique_ptr<StatementSlot>(new StatementSlot{PreparedStatement(m_engine, sql), false}));
+    slots.push_back(std::make_unique<StatementSlot>(m_engine, sql));
     return {shared_from_this(), *slots.back()};
 }
 

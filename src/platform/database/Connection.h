@@ -42,6 +42,8 @@ struct BoundText {
 
 /// A prepared statement and whether someone is using it.
 struct StatementSlot {
+    StatementSlot(sqlite3* engine, const std::string& sql) : Statement(engine, sql) {}
+
     PreparedStatement Statement;
     bool InUse = false;
 };
