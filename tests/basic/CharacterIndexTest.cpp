@@ -134,6 +134,25 @@ TEST(CharacterIndex, ATextThatIsOverwrittenOftenIsNoLongerMoved) {
     EXPECT_EQ(body.Text().substr(0, 6), "\xF4\x80\x80\x80\x80x");
 }
 
+TEST(CharacterIndex, ATextThatWasOverwrittenIsReadUnderALimitThatIsReachedAlready) {
+    MemoryMeter& meter = MemoryMeter::Current();
+    const std::size_t limit = meter.Limit();
+    const std::size_t before = meter.Used();
+    const std::string end = std::string(1000, 'x') + "ä";
+    {
+        StringBody body(std::string(1, 'x') + end);
+        for (int change = 0; change < 10'000; ++change) {
+            body.Overwrite(0, 1, change % 2 == 0 ? "x" : "ä");
+        }
+        const std::size_t held = meter.Used();
+        meter.SetLimit(1);
+        EXPECT_EQ(body.Text(), "ä" + end);
+        meter.SetLimit(limit);
+        EXPECT_LT(meter.Used(), held);  // it was in the other form
+    }
+    EXPECT_EQ(meter.Used(), before);
+}
+
 TEST(CharacterIndex, ATextThatBecomesAsciiIsOneAndBack) {
     StringBody body(std::string(200, 'x') + "ä");
     EXPECT_FALSE(body.IsAscii());

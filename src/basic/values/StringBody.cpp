@@ -147,13 +147,18 @@ void StringBody::Narrow() const {
     m_isWide = false;
 }
 
-/// Takes the text in its other form; places in the old one mean nothing then.
+/// Takes the text in its other form; places in the old one mean nothing then. Raises nothing: a wider form was
+/// compared with the limits before, and a narrower one takes no more than the wide one did, whatever the limits are now.
 void StringBody::Exchange(std::string text) const {
-    MemoryMeter& meter = MemoryMeter::Current();
-    meter.Refund(Cost());
+    const std::size_t before = Cost();
     m_text = std::move(text);
-    meter.Charge(Cost());
     m_index.reset();
+    const std::size_t after = Cost();
+    if (after > before) {
+        MemoryMeter::Current().Charge(after - before);
+    } else {
+        MemoryMeter::Current().Refund(before - after);
+    }
 }
 
 std::string_view StringBody::Part(std::size_t first, std::size_t count, std::string& buffer) const {

@@ -43,7 +43,7 @@ protected:
     explicit ScriptObject(ObjectClass which) : m_class(which) {}
 
 private:
-    ObjectClass m_class;  // no virtual function: the machine reads it at each use of an item
+    ObjectClass m_class;  // no virtual function: the machine tests it at each use of an item
 };
 
 }  // namespace dorvik::basic

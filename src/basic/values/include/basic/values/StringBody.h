@@ -28,6 +28,7 @@ public:
     /// The body, shared by all who ask, of a text of one ASCII character.
     static StringBody* OfCharacter(char character);
 
+    /// May allocate after `Overwrite`, which keeps a text that it changes often in another form.
     const std::string& Text() const {
         if (m_isWide) [[unlikely]] {
             Narrow();

@@ -120,7 +120,7 @@ public:
     float AsSingle() const noexcept { return m_data.Single; }
     double AsDouble() const noexcept { return m_data.Double; }  // Double and Date
     std::int64_t AsCurrency() const noexcept { return m_data.Currency; }
-    std::string_view AsText() const noexcept {  // "" for a null body; lives as long as the value
+    std::string_view AsText() const {  // "" for a null body; lives as long as the value
         return m_data.Text != nullptr ? std::string_view(m_data.Text->Text()) : std::string_view();
     }
     StringBody* TextBody() const noexcept { return m_data.Text; }
