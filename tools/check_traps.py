@@ -8,7 +8,6 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 MAY_CATCH = {
     "src/foundation/log/include/foundation/log/Trap.h",
-    "src/foundation/log/include/foundation/log/Handled.h",
     # A log that cannot be written to, while a trap logs.
     "src/foundation/log/modLog.cpp",
     # The script engine: run-time errors of scripts, those of arguments that a failed call gives back, those of

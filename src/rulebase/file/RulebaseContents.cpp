@@ -3,7 +3,7 @@
 #include "RulebaseReader.h"
 #include "base/BasicError.h"
 #include "base/modText.h"
-#include "foundation/log/Handled.h"
+#include "foundation/log/Trap.h"
 #include "rulebase/file/modRulebaseSchema.h"
 
 #include <algorithm>

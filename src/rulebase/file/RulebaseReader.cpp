@@ -3,7 +3,6 @@
 #include "base/BasicError.h"
 #include "base/modText.h"
 #include "base/modTextCase.h"
-#include "foundation/log/Handled.h"
 #include "foundation/log/Trap.h"
 #include "modSectionReading.h"
 #include "rulebase/file/modRulebaseSchema.h"

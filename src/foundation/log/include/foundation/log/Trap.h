@@ -49,19 +49,26 @@ auto Trapped(
     }
 }
 
+/// Runs a part of an operation. A `BasicError` inside goes to `handle`, and continues to the enclosing trap
+/// if that returns false. True if the body ran to its end.
+template <typename Body, typename Handle>
+bool Handled(Body&& body, Handle&& handle) {
+    try {
+        std::forward<Body>(body)();
+        return true;
+    } catch (const BasicError& failure) {
+        if (!handle(failure)) {
+            throw;
+        }
+        return false;
+    }
+}
+
 /// `Trap` for an operation that has words of its own for some failures: each `BasicError` goes to
 /// `handle` first, and one for which that returns true is not logged.
 template <typename Body, typename Handle>
 bool Trap(const LogOrigin& origin, Body&& body, Handle&& handle) {
-    return Trap(origin, [&] {
-        try {
-            std::forward<Body>(body)();
-        } catch (const BasicError& failure) {
-            if (!handle(failure)) {
-                throw;
-            }
-        }
-    });
+    return Trap(origin, [&] { Handled(std::forward<Body>(body), std::forward<Handle>(handle)); });
 }
 
 /// Runs a part of an operation. A `BasicError` inside continues to the enclosing trap, with the text
