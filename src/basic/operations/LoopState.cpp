@@ -4,20 +4,17 @@
 
 namespace dorvik::basic {
 
-Value ArrayPin::Invoke(int, InvokeKind, std::span<const Value>) {
+Value MachineObject::Invoke(int, InvokeKind, std::span<const Value>) {
     RaiseError(runtimeerror::kNoSuchMember);
 }
 
-LoopState::LoopState(Ref<ArrayBody> array)
-    : ScriptObject(ObjectClass::Any), m_array(std::move(array)) {
+LoopState::LoopState(Ref<ArrayBody> array) : m_array(std::move(array)) {
     m_array->Lock();
     m_isLocked = true;
 }
 
 LoopState::LoopState(Ref<ScriptObject> collection, std::unique_ptr<ScriptIterator> iterator)
-    : ScriptObject(ObjectClass::Any),
-      m_collection(std::move(collection)),
-      m_iterator(std::move(iterator)) {}
+    : m_collection(std::move(collection)), m_iterator(std::move(iterator)) {}
 
 LoopState::~LoopState() {
     Leave();
@@ -47,10 +44,6 @@ bool LoopState::Next(Value& element) {
     }
     element = m_array->Elements()[m_position++].DeepCopy();
     return true;
-}
-
-Value LoopState::Invoke(int, InvokeKind, std::span<const Value>) {
-    RaiseError(runtimeerror::kNoSuchMember);
 }
 
 }  // namespace dorvik::basic

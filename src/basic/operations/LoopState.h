@@ -7,21 +7,25 @@
 
 namespace dorvik::basic {
 
+/// An object that a slot holds for the machine; no script can reach it.
+class MachineObject : public ScriptObject {
+public:
+    std::string_view ClassName() const final { return "Object"; }
+    int FindMember(std::string_view) const final { return kNoMember; }
+    bool HasDefaultMember() const final { return false; }
+    int FindParameter(int, std::string_view) const final { return -1; }
+    Value Invoke(int member, InvokeKind kind, std::span<const Value> arguments) final;
+
+protected:
+    MachineObject() : ScriptObject(ObjectClass::Any) {}
+};
+
 /// Keeps an array alive and locked while a reference to one of its elements exists. It is in a slot of
 /// the caller, so it is released whichever way the call ends.
-class ArrayPin final : public ScriptObject {
+class ArrayPin final : public MachineObject {
 public:
-    explicit ArrayPin(Ref<ArrayBody> array)
-        : ScriptObject(ObjectClass::Any), m_array(std::move(array)) {
-        m_array->Lock();
-    }
+    explicit ArrayPin(Ref<ArrayBody> array) : m_array(std::move(array)) { m_array->Lock(); }
     ~ArrayPin() override { m_array->Unlock(); }
-
-    std::string_view ClassName() const override { return "Object"; }
-    int FindMember(std::string_view) const override { return kNoMember; }
-    bool HasDefaultMember() const override { return false; }
-    int FindParameter(int, std::string_view) const override { return -1; }
-    Value Invoke(int member, InvokeKind kind, std::span<const Value> arguments) override;
 
 private:
     Ref<ArrayBody> m_array;
@@ -29,7 +33,7 @@ private:
 
 /// The position of a For Each: in an array, which is locked meanwhile, or in a collection. A With that
 /// works on an element of an array keeps the array locked with one, too.
-class LoopState final : public ScriptObject {
+class LoopState final : public MachineObject {
 public:
     explicit LoopState(Ref<ArrayBody> array);
     LoopState(Ref<ScriptObject> collection, std::unique_ptr<ScriptIterator> iterator);
@@ -39,12 +43,6 @@ public:
     bool Next(Value& element);
     /// The loop was left by a jump. The array is free, until a jump back into the loop needs the next element.
     void Leave();
-
-    std::string_view ClassName() const override { return "Object"; }
-    int FindMember(std::string_view) const override { return kNoMember; }
-    bool HasDefaultMember() const override { return false; }
-    int FindParameter(int, std::string_view) const override { return -1; }
-    Value Invoke(int member, InvokeKind kind, std::span<const Value> arguments) override;
 
 private:
     Ref<ArrayBody> m_array;
