@@ -114,8 +114,6 @@ private:
     void LogLayoutFault();
     void CloseIncompleteFile();
     void CloseCompleteFile();
-    /// False for a file of which rules or controls were skipped.
-    bool IsWhollyReviewed() const;
     void LogFileResults();
     void MeasureTolerances(VirtualObject& object, bool isProjectFile);
     /// Tells the project what its results database lost.

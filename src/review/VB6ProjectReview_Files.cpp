@@ -175,15 +175,12 @@ void VB6ProjectReview::MeasureTolerances(VirtualObject& object, bool isProjectFi
     }
 }
 
-bool VB6ProjectReview::IsWhollyReviewed() const {
-    const bool isCut = m_sourceFile->FoundLayoutFault() && !m_criteria->KeepsKnownFaults();
-    return m_skippedRulesAt == 0 && !isCut;
-}
-
 void VB6ProjectReview::LogFileResults() {
     if (const auto file = ParserState().GetVirtualObject(scopename::kFile)) {
-        if (!IsWhollyReviewed() && file->Properties().Contains(propertyname::kAverageCyclomatic)) {
-            // The results tell by this that a file was reviewed to its end.
+        const bool isCut = m_sourceFile->FoundLayoutFault() && !m_criteria->KeepsKnownFaults();
+        const bool isWhole = m_skippedRulesAt == 0 && !isCut;
+        if (!isWhole && file->Properties().Contains(propertyname::kAverageCyclomatic)) {
+            // The results show by this that a file was reviewed to its end.
             file->Properties().Remove(propertyname::kAverageCyclomatic);
         }
         MeasureTolerances(*file, /*isProjectFile=*/false);
