@@ -1,4 +1,4 @@
-#include "enforcement/CodingEnforcement.h"
+#include "CodingEnforcement.h"
 
 #include "enforcement/RuleEngine.h"
 #include "enforcement/ViolationLog.h"

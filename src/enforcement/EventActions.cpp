@@ -1,10 +1,10 @@
 #include "enforcement/EventActions.h"
 
+#include "CodingEnforcement.h"
+#include "KeywordEnforcement.h"
+#include "NamingEnforcement.h"
 #include "criteria/ReviewCriteria.h"
 #include "enforcement/AuthorisationEnforcement.h"
-#include "enforcement/CodingEnforcement.h"
-#include "enforcement/KeywordEnforcement.h"
-#include "enforcement/NamingEnforcement.h"
 #include "enforcement/ResultsManager.h"
 #include "enforcement/RuleEngine.h"
 #include "parser/ParserEventTable.h"

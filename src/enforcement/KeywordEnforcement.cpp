@@ -1,4 +1,4 @@
-#include "enforcement/KeywordEnforcement.h"
+#include "KeywordEnforcement.h"
 
 #include "base/modText.h"
 #include "enforcement/RuleEngine.h"

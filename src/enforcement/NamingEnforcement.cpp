@@ -1,4 +1,4 @@
-#include "enforcement/NamingEnforcement.h"
+#include "NamingEnforcement.h"
 
 #include "base/modTextCase.h"
 #include "base/modUtf8.h"

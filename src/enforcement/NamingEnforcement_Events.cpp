@@ -1,5 +1,5 @@
+#include "NamingEnforcement.h"
 #include "base/modTextCase.h"
-#include "enforcement/NamingEnforcement.h"
 #include "enforcement/ReviewLog.h"
 #include "foundation/log/Trap.h"
 #include "parser/ParserEventTable.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ReportLegend.h"
-#include "reports/classic/ReportTables.h"
+#include "ReportTables.h"
 #include "reports/format/HTMLHelper2.h"
 #include "results/CategoryStatistics.h"
 #include "results/ToleranceFailure.h"
