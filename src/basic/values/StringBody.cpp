@@ -68,8 +68,8 @@ Ref<StringBody> StringBody::Joined(std::string_view left, std::string_view right
 }
 
 StringBody* StringBody::OfCharacter(char character) {
-    thread_local const CharacterBodies t_bodies;
-    return t_bodies[character];
+    thread_local const CharacterBodies bodies;
+    return bodies[character];
 }
 
 void StringBody::Append(std::string_view text) {

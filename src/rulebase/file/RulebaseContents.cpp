@@ -28,7 +28,7 @@ private:
     std::vector<RulebaseFault>& m_faults;
 };
 
-std::string Titled(std::string element, const std::string& title) {
+std::string Titled(const std::string& element, const std::string& title) {
     return title.empty() ? element : element + " '" + title + "'";
 }
 
