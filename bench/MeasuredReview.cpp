@@ -16,7 +16,7 @@ namespace dorvik {
 
 std::string InstalledRulebase() {
     modGlobal::CreateGlobalObjects();
-    return modGlobal::WorkData().LastRulebase();
+    return modGlobal::WorkData().LastRulebase;
 }
 
 bool ReviewProject(const std::string& projectFile, const std::string& rulebaseFile) {

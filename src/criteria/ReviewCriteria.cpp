@@ -15,11 +15,11 @@ constexpr const char* kDefaultBatchName = "Review.batch";
 }  // namespace
 
 ReviewCriteria::ReviewCriteria(const DVKWorkData& settings)
-    : m_useProjectFolderResults(settings.UseProjectFolderResults()),
-      m_fixedFolderResults(settings.LastResultsPath()),
-      m_reportOption(settings.LastReportOption()),
-      m_useProjectFolderReports(settings.UseProjectFolderReports()),
-      m_fixedFolderReports(settings.LastReportsPath()) {}
+    : m_useProjectFolderResults(settings.UseProjectFolderResults),
+      m_fixedFolderResults(settings.LastResultsPath),
+      m_reportOption(settings.LastReportOption),
+      m_useProjectFolderReports(settings.UseProjectFolderReports),
+      m_fixedFolderReports(settings.LastReportsPath) {}
 
 ReviewCriteria::ReviewCriteria() : ReviewCriteria(modGlobal::WorkData()) {}
 

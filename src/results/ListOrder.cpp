@@ -62,16 +62,16 @@ RankedBy(const std::vector<BasicObject>& list, std::int32_t key, bool byFilename
 
 ListOrder::ListOrder(DVKWorkData* settings) : m_ownSettings(settings) {
     const DVKWorkData& from = Settings();
-    m_files = {from.RVFileSortKey(), from.RVFileSortAscending()};
-    m_procedures = {from.RVProcSortKey(), from.RVProcSortAscending()};
+    m_files = {from.RVFileSortKey, from.RVFileSortAscending};
+    m_procedures = {from.RVProcSortKey, from.RVProcSortAscending};
 }
 
 ListOrder::~ListOrder() {
     if (DVKWorkData* const to = WritableSettings()) {
-        to->SetRVFileSortKey(m_files.Key);
-        to->SetRVFileSortAscending(m_files.Ascending);
-        to->SetRVProcSortKey(m_procedures.Key);
-        to->SetRVProcSortAscending(m_procedures.Ascending);
+        to->RVFileSortKey = m_files.Key;
+        to->RVFileSortAscending = m_files.Ascending;
+        to->RVProcSortKey = m_procedures.Key;
+        to->RVProcSortAscending = m_procedures.Ascending;
     }
 }
 
@@ -105,8 +105,7 @@ Variant ListOrder::GetObjectStatValue(const BasicObject& object, ItemType itemTy
 
 bool ListOrder::Shows(const BasicObject& object, ItemType itemType) const {
     const DVKWorkData& settings = Settings();
-    if (itemType == ItemType::File ? settings.RVFileShowZeroItems()
-                                   : settings.RVProcShowZeroItems()) {
+    if (itemType == ItemType::File ? settings.RVFileShowZeroItems : settings.RVProcShowZeroItems) {
         return true;
     }
     const Variant value = GetObjectStatValue(object, itemType);
@@ -114,7 +113,7 @@ bool ListOrder::Shows(const BasicObject& object, ItemType itemType) const {
 }
 
 bool ListOrder::HidesItems() const {
-    return !Settings().RVFileShowZeroItems() || !Settings().RVProcShowZeroItems();
+    return !Settings().RVFileShowZeroItems || !Settings().RVProcShowZeroItems;
 }
 
 void ListOrder::SortFiles(std::vector<BasicObject>& list) const {

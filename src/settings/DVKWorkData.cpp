@@ -14,11 +14,11 @@ std::string InProgramFolder(std::string_view name) {
 }  // namespace
 
 DVKWorkData::DVKWorkData()
-    : m_lastRulebase(InProgramFolder("\\Data\\Sample.dvk")),
-      m_rbDocPath(InProgramFolder("\\Data\\Sample.html")) {}
+    : LastRulebase(InProgramFolder("\\Data\\Sample.dvk")),
+      RBDocPath(InProgramFolder("\\Data\\Sample.html")) {}
 
 bool DVKWorkData::RBDocAvailable() const {
-    return modUtilFunctions::FileExists(m_rbDocPath);
+    return modUtilFunctions::FileExists(RBDocPath);
 }
 
 }  // namespace dorvik

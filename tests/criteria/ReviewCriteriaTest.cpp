@@ -36,11 +36,11 @@ TEST(ReviewCriteria, TolerancesAreNotSetAtFirst) {
 
 TEST(ReviewCriteria, SomeDefaultsComeFromTheWorkstationSettings) {
     DVKWorkData settings;
-    settings.SetUseProjectFolderResults(false);
-    settings.SetLastResultsPath("C:\\results\\");
-    settings.SetLastReportOption(2);
-    settings.SetUseProjectFolderReports(false);
-    settings.SetLastReportsPath("C:\\reports\\");
+    settings.UseProjectFolderResults = false;
+    settings.LastResultsPath = "C:\\results\\";
+    settings.LastReportOption = 2;
+    settings.UseProjectFolderReports = false;
+    settings.LastReportsPath = "C:\\reports\\";
     const ReviewCriteria criteria(settings);
     EXPECT_FALSE(criteria.UseProjectFolderResults());
     EXPECT_EQ(criteria.FixedFolderResults(), "C:\\results\\");

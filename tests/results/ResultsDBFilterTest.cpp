@@ -66,8 +66,8 @@ TEST_F(ResultsDBFilter, ClosingTheReviewEmptiesTheClause) {
 TEST_F(ResultsDBFilter, HiddenZeroItemsCountAsAFilter) {
     for (const bool ofFiles : {true, false}) {
         DVKWorkData settings;
-        settings.SetRVFileShowZeroItems(!ofFiles);
-        settings.SetRVProcShowZeroItems(ofFiles);
+        settings.RVFileShowZeroItems = !ofFiles;
+        settings.RVProcShowZeroItems = ofFiles;
         EXPECT_TRUE(ResultsDB(settings).FilterApplied());
     }
     EXPECT_FALSE(ResultsDB(m_settings).FilterApplied());
@@ -115,7 +115,7 @@ TEST_F(ResultsDBFilter, IgnoringTheFilterUsesTheStoredFigures) {
 }
 
 TEST_F(ResultsDBFilter, AFilterCanHideAFileFromTheList) {
-    m_settings.SetRVFileShowZeroItems(false);
+    m_settings.RVFileShowZeroItems = false;
     ResultsDB reader(m_settings);
     ASSERT_TRUE(reader.OpenReview(m_path));
     reader.Filter().SetUnauthorisedKeywords(true);
@@ -131,8 +131,8 @@ TEST_F(ResultsDBFilter, AFilterCanHideAFileFromTheList) {
 // ---- sort fields and settings ----
 
 TEST_F(ResultsDBFilter, SortFieldsComeFromTheSettingsAndGoBackToThem) {
-    m_settings.SetRVFileSortKey(3);
-    m_settings.SetRVProcSortAscending(false);
+    m_settings.RVFileSortKey = 3;
+    m_settings.RVProcSortAscending = false;
     {
         ResultsDB reader(m_settings);
         EXPECT_EQ(reader.FileSortKey(), 3);
@@ -143,23 +143,23 @@ TEST_F(ResultsDBFilter, SortFieldsComeFromTheSettingsAndGoBackToThem) {
         reader.SetFileSortAscending(false);
         reader.SetProcSortKey(4);
         reader.SetProcSortAscending(true);
-        EXPECT_EQ(m_settings.RVFileSortKey(), 3);
+        EXPECT_EQ(m_settings.RVFileSortKey, 3);
     }
-    EXPECT_EQ(m_settings.RVFileSortKey(), 2);
-    EXPECT_FALSE(m_settings.RVFileSortAscending());
-    EXPECT_EQ(m_settings.RVProcSortKey(), 4);
-    EXPECT_TRUE(m_settings.RVProcSortAscending());
+    EXPECT_EQ(m_settings.RVFileSortKey, 2);
+    EXPECT_FALSE(m_settings.RVFileSortAscending);
+    EXPECT_EQ(m_settings.RVProcSortKey, 4);
+    EXPECT_TRUE(m_settings.RVProcSortAscending);
 }
 
 TEST_F(ResultsDBFilter, WithoutSettingsOfItsOwnItUsesThoseOfTheProcess) {
     modGlobal::CreateGlobalObjects();
-    modGlobal::WorkData().SetRVFileSortKey(4);
+    modGlobal::WorkData().RVFileSortKey = 4;
     {
         ResultsDB reader;
         EXPECT_EQ(reader.FileSortKey(), 4);
         reader.SetFileSortKey(2);
     }
-    EXPECT_EQ(modGlobal::WorkData().RVFileSortKey(), 2);
+    EXPECT_EQ(modGlobal::WorkData().RVFileSortKey, 2);
     {
         ResultsDB survivor;
         modGlobal::DestroyGlobalObjects();

@@ -185,7 +185,7 @@ TEST_F(ResultsDBQueries, FilesFollowTheSortFieldsOrTheirFileNames) {
 }
 
 TEST_F(ResultsDBQueries, FilesWithoutViolationsAreHiddenWhereTheSettingsSaySo) {
-    m_settings.SetRVFileShowZeroItems(false);
+    m_settings.RVFileShowZeroItems = false;
     ResultsDB reader(m_settings);
     ASSERT_TRUE(reader.OpenReview(m_path));
     EXPECT_THAT(
@@ -216,9 +216,9 @@ TEST_F(ResultsDBQueries, ProceduresComeWithOrWithoutTheirFigures) {
 }
 
 TEST_F(ResultsDBQueries, ProceduresFollowTheirOwnSortFieldsAndZeroSetting) {
-    m_settings.SetRVProcShowZeroItems(false);
-    m_settings.SetRVProcSortKey(ResultsDB::kSortByImpact);
-    m_settings.SetRVProcSortAscending(false);
+    m_settings.RVProcShowZeroItems = false;
+    m_settings.RVProcSortKey = ResultsDB::kSortByImpact;
+    m_settings.RVProcSortAscending = false;
     ResultsDB reader(m_settings);
     ASSERT_TRUE(reader.OpenReview(m_path));
     EXPECT_THAT(

@@ -43,7 +43,7 @@ constexpr std::string_view kConventions[] = {"ac", "ar", "cc", "nc", "uk"};
 
 std::string RulebaseFile(const ReviewOptions& options) {
     return options.RulebaseFile.empty()
-               ? modGlobal::WorkData().LastRulebase()
+               ? modGlobal::WorkData().LastRulebase
                : modCommandPath::Inner(options.RulebaseFile, options.CodePage);
 }
 

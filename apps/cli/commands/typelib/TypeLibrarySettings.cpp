@@ -22,7 +22,7 @@ TypeLibraryPlaces Places(const std::vector<std::string>& folders) {
                 "the folder '" + folder + "' for type libraries does not exist and is skipped");
         }
     }
-    const std::vector<std::string>& set = modGlobal::WorkData().TypeLibraryFolders();
+    const std::vector<std::string>& set = modGlobal::WorkData().TypeLibraryFolders;
     places.Folders.insert(places.Folders.end(), set.begin(), set.end());
     places.CatalogueFolders = {data.TypeCataloguePath(), data.UserTypeCataloguePath()};
     places.IndexFile = data.TypeLibraryIndexFile();

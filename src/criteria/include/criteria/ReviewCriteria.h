@@ -13,7 +13,7 @@
 
 namespace dorvik {
 
-class DVKWorkData;
+struct DVKWorkData;
 
 /// Where the projects of a review come from.
 enum class ReviewType : std::int32_t {

@@ -9,7 +9,7 @@
 
 namespace dorvik {
 
-class DVKWorkData;
+struct DVKWorkData;
 
 /// How lists of files and of procedures are sorted, and what they show. The sort fields come from the
 /// settings and go back to them at the end of this object.

@@ -3,7 +3,7 @@
 namespace dorvik {
 
 class DorvikData;
-class DVKWorkData;
+struct DVKWorkData;
 
 /// The objects that the whole process shares: the facts of the installation, the user's settings and
 /// the log. They live as long as someone uses them, and all on the one thread of the program.
