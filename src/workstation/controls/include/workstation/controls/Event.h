@@ -34,7 +34,7 @@ private:
     std::function<void()> m_end;
 };
 
-/// Something that happens to an object, for whoever has subscribed, in the order of the subscriptions.
+/// Something that happens to an object, for its subscribers, in the order of the subscriptions.
 ///
 /// A handler may subscribe, end its own subscription or another, and destroy the event: one that is ended
 /// meanwhile is not called any more, one that is new is called from the next time on. What a handler

@@ -25,7 +25,7 @@ struct ToolWindowRequest {
 class IUserDocument {
 public:
     virtual ~IUserDocument() = default;
-    /// The window was shown or hidden, by whoever.
+    /// The window was shown or hidden, by the user or the program.
     virtual void VisibleChanged(bool visible) = 0;
 };
 
