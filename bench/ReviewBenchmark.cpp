@@ -7,7 +7,7 @@
 #include "criteria/ReviewCriteria.h"
 #include "platform/host/modFiles.h"
 #include "review/IProjectEventListener.h"
-#include "review/ProjectEventWalk.h"
+#include "review/ProjectTraversal.h"
 #include "settings/DVKWorkData.h"
 
 #include <cstdio>
@@ -44,7 +44,7 @@ bool WalkEvents(const std::string& projectFile) {
         return false;
     }
     EventCounter counter;
-    return ProjectEventWalk(project, ReviewCriteria(DVKWorkData()), counter).Run() &&
+    return ProjectTraversal(project, ReviewCriteria(DVKWorkData()), counter).Run() &&
            counter.Succeeded();
 }
 

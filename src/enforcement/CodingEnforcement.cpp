@@ -11,7 +11,7 @@ CodingEnforcement::EventRules& CodingEnforcement::RulesOf(ParserEvent event) {
     const auto number = static_cast<std::int32_t>(event);
     EventRules& rules = m_rules.at(static_cast<std::size_t>(number));
     if (!rules.Prepared) {
-        rules.Assigned.clear();  // what an attempt that failed left
+        rules.Assigned.clear();  // left from an attempt that failed
         if (const auto* assigned = m_review.Rulebase.RuleLists().ParserEventCCList(number, false)) {
             for (const auto& rule : *assigned) {
                 rules.Assigned.push_back({rule.get(), std::to_string(rule->RuleID())});
@@ -22,22 +22,22 @@ CodingEnforcement::EventRules& CodingEnforcement::RulesOf(ParserEvent event) {
     return rules;
 }
 
-void CodingEnforcement::EnforceCodingConventions(const EventPlace& place) {
-    for (const AssignedRule& assigned : RulesOf(place.Event).Assigned) {
-        RunRule(assigned, place);
+void CodingEnforcement::EnforceCodingConventions(const EventLocation& location) {
+    for (const AssignedRule& assigned : RulesOf(location.Event).Assigned) {
+        RunRule(assigned, location);
     }
-    const auto event = static_cast<std::int32_t>(place.Event);
+    const auto event = static_cast<std::int32_t>(location.Event);
     if (const auto* pending = m_review.Rulebase.RuleLists().PendingViolations(event)) {
         for (const auto& rule : *pending) {
-            SettlePendingViolation(*rule, place);
+            ResolvePendingViolation(*rule, location);
         }
     }
 }
 
-void CodingEnforcement::RunRule(const AssignedRule& assigned, const EventPlace& place) {
+void CodingEnforcement::RunRule(const AssignedRule& assigned, const EventLocation& location) {
     CodingConvention& rule = *assigned.Rule;
-    if (rule.Cancelled() || m_review.RuleEngine.IsSwitchedOff(rule.RuleID())) {
-        return;  // silent until its end event, or for good
+    if (rule.Cancelled() || m_review.RuleEngine.Failures().IsDisabled(rule.RuleID())) {
+        return;  // not run before its end event, or not at all
     }
     if (rule.PendingViolation()) {
         rule.SetTriggered(true);
@@ -47,15 +47,17 @@ void CodingEnforcement::RunRule(const AssignedRule& assigned, const EventPlace& 
     if (result == ScriptResult::CancelPendingViolation) {
         rule.SetCancelled(true);
     } else if (result == ScriptResult::RaiseViolation) {
-        m_review.Violations.RaiseAtEvent(rule, place);
+        m_review.Violations.RaiseAtEvent(rule, location);
     }
 }
 
-void CodingEnforcement::SettlePendingViolation(CodingConvention& rule, const EventPlace& place) {
-    const bool isDue = rule.Triggered() && !m_review.RuleEngine.IsSwitchedOff(rule.RuleID());
+void CodingEnforcement::ResolvePendingViolation(
+    CodingConvention& rule, const EventLocation& location) {
+    const bool isDue =
+        rule.Triggered() && !m_review.RuleEngine.Failures().IsDisabled(rule.RuleID());
     if (!rule.Cancelled() && isDue) {
         m_review.Violations.RaiseEndEventViolation(
-            rule.ViolationDefinition(), place.OriginOf(rule), place.Event);
+            rule.ViolationDefinition(), location.OriginOf(rule), location.Event);
     } else {
         rule.SetCancelled(false);
     }

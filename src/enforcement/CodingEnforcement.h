@@ -1,6 +1,6 @@
 #pragma once
 
-#include "enforcement/EventPlace.h"
+#include "enforcement/EventLocation.h"
 #include "enforcement/ReviewContext.h"
 
 #include <array>
@@ -20,13 +20,13 @@ class CodingConvention;
 /// | cancelled         | does not run             | idle again              |
 ///
 /// `CancelPendingViolation` in its script cancels it, at the end event too, if that is one of its
-/// own. A rule whose end event never comes keeps its state into the next file.
+/// own. A rule whose end event does not occur in a file keeps its state in the next file.
 class CodingEnforcement {
 public:
     explicit CodingEnforcement(const ReviewContext& review) : m_review(review) {}
 
     /// First the scripts of the event's rules, then the pending violations that fall due at it.
-    void EnforceCodingConventions(const EventPlace& place);
+    void EnforceCodingConventions(const EventLocation& location);
 
 private:
     struct AssignedRule {
@@ -39,8 +39,8 @@ private:
     };
 
     EventRules& RulesOf(ParserEvent event);
-    void RunRule(const AssignedRule& assigned, const EventPlace& place);
-    void SettlePendingViolation(CodingConvention& rule, const EventPlace& place);
+    void RunRule(const AssignedRule& assigned, const EventLocation& location);
+    void ResolvePendingViolation(CodingConvention& rule, const EventLocation& location);
 
     const ReviewContext m_review;
     std::array<EventRules, kLastParserEvent + 1> m_rules;  // by event number

@@ -11,7 +11,7 @@ namespace {
 
 using Arguments = std::span<basic::Value>;
 
-/// An argument as text, without a copy where it is one already.
+/// An argument as text; not copied if it is a text already.
 class TextArgument {
 public:
     explicit TextArgument(const basic::Value& value) : m_text(basic::ToText(value, m_buffer)) {}
@@ -28,7 +28,7 @@ constexpr std::uint32_t Out(int parameter) {
 
 struct Callback {
     basic::ExtensionMember Member;
-    /// True: the answer, in the last argument, holds until the next event.
+    /// True if the result, in the last argument, is valid until the next event.
     bool (*Call)(IDVKSaxEvents&, Arguments);
 };
 
@@ -132,7 +132,7 @@ void DVKSaxInterface::Call(std::size_t member, std::span<basic::Value> arguments
         return;
     }
     const basic::Value none{};
-    m_answers.Keep(
+    m_cache.Keep(
         member,
         arguments.size() > 1 ? arguments[0] : none,
         arguments.size() > 2 ? arguments[1] : none,

@@ -56,28 +56,27 @@ void EventActions::SetNamingHelper(NamingConventionHelper& helper) {
 
 void EventActions::Execute(ParserEvent event, bool parserActive) {
     const Location location = parserActive ? m_review.State.CurrentLocation() : Location::File;
-    const EventPlace place{event, location, LocationMember(m_review.State, location)};
     SetupResults(event);
-    EnforceRules(place);
+    EnforceRules({event, location, LocationMember(m_review.State, location)});
     LogFinishedObjects(event);
 }
 
-void EventActions::EnforceRules(const EventPlace& place) {
+void EventActions::EnforceRules(const EventLocation& location) {
     const RulebaseLoadCriteria& active = m_criteria.LoadCriteria();
     m_review.RuleEngine.BeginEvent();
-    if (place.Event == ParserEvent::Component) {
+    if (location.Event == ParserEvent::Component) {
         if (active.AuthorisedComponents()) {
             m_authorisation->EnforceAuthorisedComponents();
         }
     } else if (active.NamingConventions() && m_naming) {
-        m_naming->EnforceNamingConventions(place);
+        m_naming->EnforceNamingConventions(location);
     }
     if (active.CodingConventions()) {
-        m_coding->EnforceCodingConventions(place);
+        m_coding->EnforceCodingConventions(location);
     }
-    if (RowOf(place.Event).Rules.TestsKeywords && active.UnauthorisedKeywords() &&
+    if (RowOf(location.Event).Rules.TestsKeywords && active.UnauthorisedKeywords() &&
         m_review.State.CurrentLineType() != LineType::CommentOnly) {
-        m_keywords->EnforceUnauthorisedKeywords(place);
+        m_keywords->EnforceUnauthorisedKeywords(location);
     }
 }
 

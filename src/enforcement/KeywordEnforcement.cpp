@@ -16,7 +16,7 @@ std::vector<KeywordEnforcement::KeywordTest>& KeywordEnforcement::KeywordsOf(Par
     const auto number = static_cast<std::int32_t>(event);
     EventKeywords& keywords = m_keywords.at(static_cast<std::size_t>(number));
     if (!keywords.Prepared) {
-        keywords.Tests.clear();  // what an attempt that failed left
+        keywords.Tests.clear();  // left from an attempt that failed
         const RuleLists& lists = std::as_const(m_review.Rulebase).RuleLists();
         if (const auto* rules = lists.ParserEventUKList(number)) {
             for (const auto& rule : *rules) {
@@ -32,8 +32,8 @@ std::vector<KeywordEnforcement::KeywordTest>& KeywordEnforcement::KeywordsOf(Par
     return keywords.Tests;
 }
 
-void KeywordEnforcement::EnforceUnauthorisedKeywords(const EventPlace& place) {
-    std::vector<KeywordTest>& keywords = KeywordsOf(place.Event);
+void KeywordEnforcement::EnforceUnauthorisedKeywords(const EventLocation& location) {
+    std::vector<KeywordTest>& keywords = KeywordsOf(location.Event);
     if (keywords.empty()) {
         return;
     }
@@ -42,7 +42,7 @@ void KeywordEnforcement::EnforceUnauthorisedKeywords(const EventPlace& place) {
     const TextTraits traits(statement);
     const KeywordTest* current = nullptr;
     for (KeywordTest& keyword : keywords) {
-        if (m_review.RuleEngine.IsSwitchedOff(keyword.Rule->RuleID())) {
+        if (m_review.RuleEngine.Failures().IsDisabled(keyword.Rule->RuleID())) {
             continue;
         }
         m_review.RuleEngine.IncrementRuleExecutionCount();
@@ -52,11 +52,11 @@ void KeywordEnforcement::EnforceUnauthorisedKeywords(const EventPlace& place) {
         }
         state.SetCurrentRuleID(keyword.RuleID);
         if (IsMatch(keyword, statement, traits)) {
-            m_review.Violations.RaiseAtEvent(*keyword.Rule, place);
+            m_review.Violations.RaiseAtEvent(*keyword.Rule, location);
         }
     }
     if (current != nullptr) {
-        state.SetCurrentRuleID(current->RuleID);  // whatever is logged next names it
+        state.SetCurrentRuleID(current->RuleID);  // so that the next line of the log names it
     }
 }
 

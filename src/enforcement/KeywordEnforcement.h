@@ -1,6 +1,6 @@
 #pragma once
 
-#include "enforcement/EventPlace.h"
+#include "enforcement/EventLocation.h"
 #include "enforcement/ReviewContext.h"
 #include "platform/regex/RegularExpression.h"
 
@@ -19,7 +19,7 @@ public:
 
     /// Tests all keywords assigned to the event against the current statement. A malformed pattern
     /// raises its error and ends the list; so does one that takes too long, which the rule engine counts.
-    void EnforceUnauthorisedKeywords(const EventPlace& place);
+    void EnforceUnauthorisedKeywords(const EventLocation& location);
 
 private:
     /// A keyword rule, ready for the test.

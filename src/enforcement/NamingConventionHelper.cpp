@@ -27,7 +27,7 @@ NameKind KindOfFile(FileType type) {
         case FileType::MDIForm: return NameKind::MDIFormFile;
         case FileType::None: break;
     }
-    return NameKind{};  // a file of unknown type is known by name, and is of no kind
+    return NameKind{};  // a file of unknown type is in the table, without a kind
 }
 
 }  // namespace
@@ -105,7 +105,7 @@ TypeKind NamingConventionHelper::DetermineTypeKind(
 NamingResult NamingConventionHelper::TestPattern(
     std::string_view text, std::string_view pattern, bool caseSensitive, std::string* match) {
     auto result = NamingResult::NoMatch;
-    m_wasGivenUp = false;
+    m_wasStopped = false;
     m_wasMalformed = false;
     const auto test = [&] {
         m_expression.SetPattern(pattern);
@@ -125,7 +125,7 @@ NamingResult NamingConventionHelper::TestPattern(
 
 std::string NamingConventionHelper::DetailOfFailure() {
     m_wasMalformed = m_expression.IsMalformed();
-    m_wasGivenUp = !m_wasMalformed;
+    m_wasStopped = !m_wasMalformed;
     const std::string rule = m_state != nullptr ? m_state->CurrentRuleID() : std::string();
     return rule.empty() ? std::string() : " in rule " + rule;
 }

@@ -28,7 +28,7 @@ bool IsExcluded(std::string_view name, std::string_view exclusionList) {
 }  // namespace
 
 void NamingEnforcement::ApplyObjectNamingConventions(
-    const EventPlace& place, std::string_view objectName, ObjectType type, bool endEvent) {
+    const EventLocation& location, std::string_view objectName, ObjectType type, bool endEvent) {
     auto* rules =
         m_review.Rulebase.RuleLists().ObjectNCList(static_cast<std::int32_t>(type), false);
     if (rules == nullptr) {
@@ -37,20 +37,23 @@ void NamingEnforcement::ApplyObjectNamingConventions(
     for (const auto& candidate : *rules) {
         Trap({kModule, "ApplyObjectNamingConventions"}, [&] {
             NamingConvention& rule = *candidate;
-            if (m_review.RuleEngine.IsSwitchedOff(rule.RuleID())) {
+            if (m_review.RuleEngine.Failures().IsDisabled(rule.RuleID())) {
                 return;
             }
             m_review.State.SetCurrentRuleID(std::to_string(rule.RuleID()));
             if (rule.Condition().empty() || m_review.RuleEngine.ExecuteRuleCondition(
                                                 rule.RuleID()) == ScriptResult::ApplyConvention) {
-                ApplyNamingConvention(place, objectName, rule, endEvent);
+                ApplyNamingConvention(location, objectName, rule, endEvent);
             }
         });
     }
 }
 
 void NamingEnforcement::ApplyNamingConvention(
-    const EventPlace& place, std::string_view objectName, NamingConvention& rule, bool endEvent) {
+    const EventLocation& location,
+    std::string_view objectName,
+    NamingConvention& rule,
+    bool endEvent) {
     Trap({kModule, "ApplyNamingConvention"}, [&] {
         const std::optional<Variant> property =
             m_review.Log.FindProperty(objectName, rule.PropertyName());
@@ -61,13 +64,13 @@ void NamingEnforcement::ApplyNamingConvention(
         if (IsExcluded(name, rule.ExclusionList())) {
             return;
         }
-        const ViolationDefinition* definition = FailedTest(place, objectName, name, rule);
+        const ViolationDefinition* definition = FailedTest(location, objectName, name, rule);
         if (definition == nullptr) {
             return;
         }
-        const ViolationOrigin origin = place.OriginOf(rule);
+        const ViolationOrigin origin = location.OriginOf(rule);
         if (endEvent) {
-            m_review.Violations.RaiseEndEventViolation(*definition, origin, place.Event);
+            m_review.Violations.RaiseEndEventViolation(*definition, origin, location.Event);
         } else {
             m_review.Violations.RaiseViolation(*definition, origin, "");
         }
@@ -75,7 +78,7 @@ void NamingEnforcement::ApplyNamingConvention(
 }
 
 const ViolationDefinition* NamingEnforcement::FailedTest(
-    const EventPlace& place,
+    const EventLocation& location,
     std::string_view objectName,
     std::string_view name,
     NamingConvention& rule) {
@@ -89,7 +92,7 @@ const ViolationDefinition* NamingEnforcement::FailedTest(
     std::string prefixMatch;
     if (rule.PrefixActive()) {
         const NamingResult result =
-            TestAffix(place, objectName, name, rule, {rule.PrefixItems(), "^", ""}, prefixMatch);
+            TestAffix(location, objectName, name, rule, {rule.PrefixItems(), "^", ""}, prefixMatch);
         if (result != NamingResult::Success) {
             return result == NamingResult::UnknownControl ? &unknownControl
                                                           : failWith(rule.PrefixAdvice());
@@ -98,7 +101,7 @@ const ViolationDefinition* NamingEnforcement::FailedTest(
     std::string suffixMatch;
     if (rule.SuffixActive()) {
         const NamingResult result =
-            TestAffix(place, objectName, name, rule, {rule.SuffixItems(), "", "$"}, suffixMatch);
+            TestAffix(location, objectName, name, rule, {rule.SuffixItems(), "", "$"}, suffixMatch);
         if (result != NamingResult::Success) {
             return result == NamingResult::UnknownControl ? &unknownControl
                                                           : failWith(rule.SuffixAdvice());
@@ -115,7 +118,7 @@ const ViolationDefinition* NamingEnforcement::FailedTest(
 }
 
 NamingResult NamingEnforcement::TestAffix(
-    const EventPlace& place,
+    const EventLocation& location,
     std::string_view objectName,
     std::string_view name,
     const NamingConvention& rule,
@@ -123,15 +126,15 @@ NamingResult NamingEnforcement::TestAffix(
     std::string& match) {
     std::string pattern;
     const NamingResult computed =
-        m_helper.ComputePrefixSuffixPattern(affix.Items, place.Event, objectName, pattern);
+        m_helper.ComputePrefixSuffixPattern(affix.Items, location.Event, objectName, pattern);
     if (computed == NamingResult::UnknownControl) {
         return computed;
     }
-    // A tag that cannot be had, and a pattern that cannot be tested, let the name pass.
+    // If a tag has no value or the pattern cannot be tested, the name passes.
     if (computed != NamingResult::Success || pattern.empty()) {
         return NamingResult::Success;
     }
-    pattern.insert(0, affix.Before).append(affix.Behind);
+    pattern.insert(0, affix.Before).append(affix.After);
     const NamingResult tested = Test(rule, name, pattern, &match);
     return tested == NamingResult::NoMatch ? tested : NamingResult::Success;
 }
@@ -142,7 +145,7 @@ bool NamingEnforcement::BodyPasses(std::string_view body, const NamingConvention
         (rule.MaxBodyLength() >= 1 && length > rule.MaxBodyLength())) {
         return false;
     }
-    // The pattern stands as it is, without anchors: it may match anywhere.
+    // The pattern is used without anchors: it may match anywhere.
     return body.empty() || rule.BodyPattern().empty() ||
            Test(rule, body, rule.BodyPattern(), nullptr) != NamingResult::NoMatch;
 }
@@ -153,7 +156,7 @@ NamingResult NamingEnforcement::Test(
     std::string_view pattern,
     std::string* match) {
     const NamingResult result = m_helper.TestPattern(text, pattern, rule.CaseSensitive(), match);
-    if (m_helper.WasGivenUp()) {
+    if (m_helper.WasStopped()) {
         m_review.RuleEngine.CountPatternStop(rule);
     } else if (m_helper.WasMalformed()) {
         m_review.RuleEngine.CountPatternFailure(rule);

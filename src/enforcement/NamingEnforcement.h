@@ -1,6 +1,6 @@
 #pragma once
 
-#include "enforcement/EventPlace.h"
+#include "enforcement/EventLocation.h"
 #include "enforcement/NamingResult.h"
 #include "enforcement/ReviewContext.h"
 #include "foundation/lists/ObjectArrayList.h"
@@ -16,53 +16,51 @@ class NamingConvention;
 class NamingConventionHelper;
 class ViolationDefinition;
 
-/// Applies naming conventions: works out from the event which kinds of object it stands for, and tests
-/// a property of the object, usually its name, against prefix, suffix and body of each rule for
-/// that kind. A rule raises one violation at most for an object. Failures are logged under
-/// "C_VB6ProjectReview" and cost one rule.
+/// Applies naming conventions: determines from the event which types of object to test, and tests a property of the
+/// object, usually its name, against prefix, suffix and body of each rule for that type. A rule raises at most one
+/// violation for an object. A failure is logged under "C_VB6ProjectReview" and skips one rule.
 class NamingEnforcement {
 public:
     /// REQUIRES: the helper outlives this object.
     NamingEnforcement(const ReviewContext& review, NamingConventionHelper& helper)
         : m_review(review), m_helper(helper) {}
 
-    /// Applies the rules for all kinds of object that the event stands for.
-    void EnforceNamingConventions(const EventPlace& place);
+    /// Applies the rules for all types of object that are tested at the event.
+    void EnforceNamingConventions(const EventLocation& location);
 
-    /// Applies the rules for one kind of object to the object in scope of that name. With `endEvent`
+private:
+    /// Applies the rules for one type of object to the object in scope of that name. With `endEvent`
     /// a violation is reported at the object's start.
     void ApplyObjectNamingConventions(
-        const EventPlace& place, std::string_view objectName, ObjectType type, bool endEvent);
+        const EventLocation& location, std::string_view objectName, ObjectType type, bool endEvent);
 
     void ApplyNamingConvention(
-        const EventPlace& place,
+        const EventLocation& location,
         std::string_view objectName,
         NamingConvention& rule,
         bool endEvent);
-
-private:
-    /// The first test that a name does not pass decides what is raised; null: it passes.
+    /// The violation of the first test that the name does not pass; null if it passes all.
     const ViolationDefinition* FailedTest(
-        const EventPlace& place,
+        const EventLocation& location,
         std::string_view objectName,
         std::string_view name,
         NamingConvention& rule);
-    /// A prefix or a suffix to test, and the anchor that goes with it.
+    /// A prefix or a suffix to test, with the text before and after its pattern: its anchor.
     struct Affix {
         const ObjectArrayList<PrefixSuffixItem>& Items;
         std::string_view Before;
-        std::string_view Behind;
+        std::string_view After;
     };
 
-    /// `Success` also for what cannot be tested; otherwise `NoMatch` or `UnknownControl`.
+    /// `NoMatch`, `UnknownControl`, or `Success`, also if it cannot be tested.
     NamingResult TestAffix(
-        const EventPlace& place,
+        const EventLocation& location,
         std::string_view objectName,
         std::string_view name,
         const NamingConvention& rule,
         const Affix& affix,
         std::string& match);
-    /// Tests a text against a pattern of the rule; null for `match`: it is not wanted.
+    /// Tests a text against a pattern of the rule. `match` may be null.
     NamingResult Test(
         const NamingConvention& rule,
         std::string_view text,
@@ -74,7 +72,7 @@ private:
     bool IsPublic(std::string_view objectName);
 
     bool HasRulesFor(ObjectType type) const;
-    // Whether the object in scope is of that type, one of those that the event can stand for.
+    // Whether the object in scope is of that type, one of those that are tested at the event.
     bool IsOfType(ParserEvent event, ObjectType type);
     bool IsVariableOfType(ObjectType type);
     bool IsLocalVariableOfType(ObjectType type);

@@ -34,16 +34,19 @@ constexpr std::array kFileKinds{
 
 }  // namespace
 
-void NamingEnforcement::EnforceNamingConventions(const EventPlace& place) {
+void NamingEnforcement::EnforceNamingConventions(const EventLocation& location) {
     Trap({"C_VB6ProjectReview", "EnforceNamingConventions"}, [&] {
-        EventPlace here = place;
-        if (place.Event == ParserEvent::EndLayout) {
-            here.LocationMember = "(Declarations)";
+        EventLocation reported = location;
+        if (location.Event == ParserEvent::EndLayout) {
+            reported.LocationMember = "(Declarations)";
         }
-        for (const NamingEventRow& row : modNamingEvents::At(place.Event)) {
-            if (HasRulesFor(row.Type) && IsOfType(place.Event, row.Type)) {
+        for (const NamingEventRow& row : modNamingEvents::At(location.Event)) {
+            if (HasRulesFor(row.Type) && IsOfType(location.Event, row.Type)) {
                 ApplyObjectNamingConventions(
-                    here, row.ObjectName, row.Type, RowOf(place.Event).Rules.EndsNamedObject);
+                    reported,
+                    row.ObjectName,
+                    row.Type,
+                    RowOf(location.Event).Rules.EndsNamedObject);
             }
         }
     });

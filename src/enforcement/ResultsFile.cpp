@@ -23,19 +23,19 @@ namespace dorvik {
 
 namespace {
 
-/// A person reads these: paths are those of this machine.
+/// A path for a message: as the operating system writes it.
 std::string ShownPath(const std::string& path) {
     return modHostPath::Shown(modHostPath::FromProgram(path));
 }
 
-/// Who is reviewing, behind the number of the process.
+/// The user and the start of the review, as a text to follow the number of the process.
 std::string Holder() {
     const DateTime now = modHost::Now();
     return " of user '" + modHost::LogonName() + "', since " + modDateText::LongTime(now) + " on " +
            modDateText::LongDate(now);
 }
 
-/// Who has the place of the results, and what to do then.
+/// Which review has reserved the results file, and what the user can do.
 std::string
 InUseText(const FileInUse& failure, const std::string& projectFile, const std::string& database) {
     if (failure.Holder().empty()) {
@@ -58,18 +58,18 @@ bool ResultsFile::Prepare(bool clearLog) {
         RaiseRuntimeError(runtimeerror::kPathNotFound, m_projectFile);
     }
     const std::string log = modDorvikUtils::CreateProjectLogFilename(m_projectFile, m_folder);
-    ReservePlace(log);
+    ReserveOutput(log);
     modLog::Log().SetReviewLog(log, clearLog);
     return CopyTemplate();
 }
 
-/// Nothing is touched before it is certain that all of it is this review's to write.
-void ResultsFile::ReservePlace(const std::string& log) {
-    const OutputPlace place = modDorvikUtils::ResultsPlace(m_projectFile, m_folder);
-    place.MakeFolder();
-    Database::NeedRoom(place.Path());
+/// Changes nothing before all of the output is known to be writable and reserved for this review.
+void ResultsFile::ReserveOutput(const std::string& log) {
+    const OutputPlace output = modDorvikUtils::ResultsPlace(m_projectFile, m_folder);
+    output.MakeFolder();
+    Database::NeedRoom(output.Path());
     modObstacles::NeedFile(modHostPath::FromProgram(log));
-    m_reservation = Database::Reserve(place.Path(), Holder());
+    m_reservation = Database::Reserve(output.Path(), Holder());
 }
 
 bool ResultsFile::CopyTemplate() {

@@ -39,7 +39,7 @@ bool ResultsManager::BeginReview(
     auto file = std::make_unique<ResultsFile>(
         projectFile,
         criteria.UseProjectFolderResults() ? std::string() : criteria.FixedFolderResults());
-    const ResultsFile& place = *file;
+    const ResultsFile& resultsFile = *file;
     const auto start = [&] {
         m_resultsDB = std::make_unique<dorvik::ResultsDB>();
         m_violations.SetResults(*m_resultsDB);
@@ -48,7 +48,7 @@ bool ResultsManager::BeginReview(
                   m_resultsDB->StartReview(m_file->Path(), rulebase, criteria);
     };
     Trap({kModule, "BeginReview"}, start, [&](const BasicError& failure) {
-        const std::string reason = place.ReasonIn(failure);
+        const std::string reason = resultsFile.ReasonIn(failure);
         if (reason.empty()) {
             return false;
         }
@@ -93,7 +93,7 @@ void ResultsManager::LogVirtualObjectResults(std::string_view objectName) {
         }
     });
     if (!logged) {
-        m_resultsDB->NoteLoss("figures could not be stored, as the log tells");
+        m_resultsDB->NoteLoss("figures could not be stored, see the log");
     }
 }
 

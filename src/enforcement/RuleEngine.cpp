@@ -1,18 +1,13 @@
 #include "enforcement/RuleEngine.h"
 
-#include "base/BasicError.h"
-#include "base/modTextCase.h"
+#include "ScriptCallbacks.h"
 #include "enforcement/ResultsManager.h"
 #include "foundation/log/LogFile.h"
 #include "foundation/log/Trap.h"
 #include "foundation/log/modLog.h"
-#include "modScriptValues.h"
-#include "parser/ScopeName.h"
 #include "platform/host/modHost.h"
 #include "platform/host/modHostPath.h"
-#include "rulebase/model/modRuleFacts.h"
 #include "rulebase/script/ScriptFile.h"
-#include "source/VirtualObject.h"
 
 #include <array>
 #include <charconv>
@@ -36,20 +31,15 @@ std::int32_t RuleOfMain(std::string_view procedure) {
     return rule;
 }
 
-/// Work fields and the tags of a naming convention change from script to script; all else is the parser's.
-bool StaysForEvent(std::string_view objectName, std::string_view propertyName) {
-    return !modTextCase::Equal(objectName, scopename::kNamingConvention) &&
-           !modTextCase::StartsWith(propertyName, scopename::kWorkfieldPrefix);
-}
-
 }  // namespace
 
-RuleEngine::RuleEngine() : m_engine(*this), m_dorvik(*this) {
+RuleEngine::RuleEngine()
+    : m_engine(*this), m_callbacks(std::make_unique<ScriptCallbacks>()), m_dorvik(*m_callbacks) {
     AddExtension(m_engine, m_dorvik);
 }
 
 void RuleEngine::AddExtension(basic::ScriptEngine& engine, DVKSaxInterface& dorvik) {
-    if (!engine.AddExtension(DVKSaxInterface::kPrefix, dorvik, &dorvik.Answers())) {
+    if (!engine.AddExtension(DVKSaxInterface::kPrefix, dorvik, &dorvik.Cache())) {
         modLog::Log().LogEvent(
             "Failed to add an instance of the DVKSaxInterface class as an extension to Sax Basic.",
             "Class_Initialize",
@@ -110,19 +100,19 @@ std::string RuleEngine::TextOfLoadError() const {
 }
 
 ScriptResult RuleEngine::ExecuteRuleCondition(std::int32_t ruleId) {
-    m_result = ScriptResult::Nothing;
-    if (IsSwitchedOff(ruleId) || IsStopRequested()) {
-        return m_result;
+    if (m_failures.IsDisabled(ruleId) || IsStopRequested()) {
+        return ScriptResult::Nothing;
     }
     ++m_ruleExecutionCount;
     if (!m_handler || !m_handler->IsReady()) {
         modLog::Log().LogEvent(
             "Script handler object is not defined.", "ExecuteRuleCondition", kModule);
-        return m_result;
+        return ScriptResult::Nothing;
     }
     m_runningRule = ruleId;
+    m_callbacks->ResetResult();
     RunScript(ruleId);
-    return m_result;
+    return m_callbacks->Result();
 }
 
 void RuleEngine::RunScript(std::int32_t ruleId) {
@@ -142,76 +132,42 @@ std::string RuleEngine::NameOf(std::int32_t ruleId) const {
     return origin != nullptr ? origin->Name : "rule " + std::to_string(ruleId);
 }
 
-ResultsManager& RuleEngine::Results() const {
-    if (m_resultsManager == nullptr) {
-        RaiseRuntimeError(runtimeerror::kObjectNotSet);
-    }
-    return *m_resultsManager;
+void RuleEngine::SetResultsManager(ResultsManager* resultsManager) {
+    m_callbacks->SetResultsManager(resultsManager);
+    m_log = resultsManager == nullptr ? nullptr : &resultsManager->Log();
 }
 
 void RuleEngine::OnErrorAlert(const basic::ErrorAlert& alert) {
-    if (m_resultsManager != nullptr) {
-        m_resultsManager->DumpDebugPrint(
+    if (m_log != nullptr) {
+        m_log->DumpDebugPrint(
             "Sax Basic error alert: File=" + alert.File + " Source=" + alert.Source +
                 " Line=" + std::to_string(alert.Line) + " Number=" + std::to_string(alert.Number),
             true);
         LogRuleOfAlert(alert);
     }
+    const auto script = RuleFailures::ScriptOf(m_runningRule, NameOf(m_runningRule));
     if (alert.IsLimit) {
-        CountScriptStop();
+        m_failures.CountStop(script, m_log);
     } else {
-        CountFailure(m_runningRule, NameOf(m_runningRule), "script");
+        m_failures.CountFailure(script);
     }
 }
 
 void RuleEngine::LogRuleOfAlert(const basic::ErrorAlert& alert) {
-    const basic::ScriptOrigin* origin = m_engine.OriginOfLine(alert.Line);
-    if (origin != nullptr) {
-        m_resultsManager->DumpDebugPrint(
+    if (const basic::ScriptOrigin* origin = m_engine.OriginOfLine(alert.Line)) {
+        m_log->DumpDebugPrint(
             "Script of " + origin->Name + ", line " +
                 std::to_string(alert.Line - origin->FirstLine + 1) + ": " + alert.Description,
             true);
     }
 }
 
-void RuleEngine::CountScriptStop() {
-    CountStop(m_runningRule, {NameOf(m_runningRule), "script"});
-}
-
 void RuleEngine::CountPatternStop(const IRule& rule) {
-    CountStop(rule.RuleID(), {modRuleFacts::NameOf(rule), "pattern"});
-}
-
-void RuleEngine::CountStop(std::int32_t ruleId, const SwitchedOffRule& rule) {
-    if (++m_limitStops.try_emplace(ruleId, StoppedRule{rule}).first->second.Count !=
-        kStopsUntilSwitchedOff) {
-        return;
-    }
-    m_switchedOff.push_back(rule);
-    if (m_resultsManager != nullptr) {
-        m_resultsManager->DumpDebugPrint(
-            "Switched off for the rest of the review, because its " + std::string(rule.What) +
-                " was stopped " + std::to_string(kStopsUntilSwitchedOff) + " times: " + rule.Name,
-            true);
-    }
-}
-
-std::vector<RuleEngine::StoppedRule> RuleEngine::StoppedRules() const {
-    std::vector<StoppedRule> rules;
-    for (const auto& [number, rule] : m_limitStops) {
-        if (rule.Count < kStopsUntilSwitchedOff) {
-            rules.push_back(rule);
-        }
-    }
-    return rules;
+    m_failures.CountStop(RuleFailures::PatternOf(rule), m_log);
 }
 
 void RuleEngine::CountPatternFailure(const IRule& rule) {
-    CountFailure(rule.RuleID(), modRuleFacts::NameOf(rule), "pattern");
-}
-
-void RuleEngine::CountFailure(std::int32_t ruleId, const std::string& name, std::string_view what) {
-    ++m_failed.try_emplace(ruleId, FailedRule{name, what}).first->second.Count;
+    m_failures.CountFailure(RuleFailures::PatternOf(rule));
 }
 
 bool RuleEngine::OnDoEvents() {
@@ -220,91 +176,13 @@ bool RuleEngine::OnDoEvents() {
 }
 
 void RuleEngine::OnDebugPrint(std::string_view line) {
-    if (m_resultsManager != nullptr) {
-        m_resultsManager->DumpDebugPrint(line, true);
+    if (m_log != nullptr) {
+        m_log->DumpDebugPrint(line, true);
     }
 }
 
 void RuleEngine::OnRefusedText(std::string_view text) {
     OnDebugPrint(text);
-}
-
-void RuleEngine::DebugPrint(std::string_view text) {
-    Results().DumpDebugPrint(text, true);
-}
-
-void RuleEngine::DumpObject(std::string_view objectName) {
-    Results().DumpVirtualObject(objectName);
-}
-
-bool RuleEngine::GetObjectProperty(
-    std::string_view objectName, std::string_view propertyName, basic::Value& value) {
-    const VB6ParserState& state = Results().ParserState();
-    if (objectName == scopename::kSource) {
-        if (const std::string* text = state.FindSourceText(propertyName)) {
-            value = basic::Value::Text(*text);
-            return true;
-        }
-    }
-    bool found = false;
-    std::string errorText;
-    value = modScriptValues::ToValue(
-        state.GetObjectProperty(objectName, propertyName, found, errorText));
-    if (!found) {
-        Results().DumpDebugPrint(errorText, true);
-        return false;
-    }
-    return StaysForEvent(objectName, propertyName);
-}
-
-basic::Value RuleEngine::GetParserEvent() {
-    basic::Value& name =
-        m_eventNames.at(static_cast<std::size_t>(Results().ParserState().ParserEvent()));
-    if (name.Type() == basic::ValueType::Empty) {
-        name = basic::Value::Text(Results().GetParserEvent());
-    }
-    return name;
-}
-
-void RuleEngine::GetObjectWorkField(
-    std::string_view objectName, std::string_view workfieldName, basic::Value& value) {
-    if (const auto object = Results().ParserState().GetVirtualObject(objectName)) {
-        const Variant* workfield = object->Workfields().Find(workfieldName);
-        value = workfield != nullptr ? modScriptValues::ToValue(*workfield)
-                                     : basic::Value::Text(std::string_view());
-    }
-}
-
-bool RuleEngine::IsClassName(std::string_view name) {
-    return Results().IsClassName(name);
-}
-
-bool RuleEngine::IsFormName(std::string_view name) {
-    return Results().IsFormName(name);
-}
-
-bool RuleEngine::ObjectHasProperty(std::string_view objectName, std::string_view propertyName) {
-    const auto object = Results().ParserState().GetVirtualObject(objectName);
-    return object && object->Properties().Contains(propertyName);
-}
-
-bool RuleEngine::ObjectHasWorkfield(std::string_view objectName, std::string_view workfieldName) {
-    const auto object = Results().ParserState().GetVirtualObject(objectName);
-    return object && object->Workfields().Contains(workfieldName);
-}
-
-void RuleEngine::SetObjectWorkField(
-    std::string_view objectName, std::string_view workfieldName, const basic::Value& value) {
-    const auto object = Results().ParserState().GetVirtualObject(objectName);
-    if (!object) {
-        return;
-    }
-    KeyedArrayList& workfields = object->Workfields();
-    if (workfields.Contains(workfieldName)) {
-        workfields.SetItem(workfieldName, modScriptValues::ToVariant(value));
-    } else {
-        workfields.Add(workfieldName, modScriptValues::ToVariant(value));
-    }
 }
 
 }  // namespace dorvik

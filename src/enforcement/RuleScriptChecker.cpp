@@ -19,44 +19,46 @@ namespace {
 constexpr std::string_view kMain = "Main";
 constexpr std::string_view kSubMain = "Sub Main";
 
-/// A script stands behind a procedure in the module, and may not do what is allowed only before one.
+/// In the module a script follows another procedure, so statements that must come before all procedures are errors.
 constexpr std::string_view kBefore = "Sub RunScript()\nEnd Sub\n";
 constexpr std::int32_t kLinesBefore = 2;
 
-/// The number of a compile error that another script of the module may mend.
+/// The number of the compile error for a name that no script of the module defines.
 constexpr std::int32_t kNotDefined = 35;
 
-struct ScriptPlace {
+struct ScriptLocation {
     std::int32_t Line = 1;
     std::int32_t Column = 1;
 };
 
-/// Where a position in a text stands. Lines end by CR LF, LF or CR.
-ScriptPlace PlaceOf(std::string_view text, std::size_t position) {
-    ScriptPlace place;
+/// The line and column of a position in a text. Lines end with CR LF, LF or CR.
+ScriptLocation LocationOf(std::string_view text, std::size_t position) {
+    ScriptLocation location;
     std::size_t lineStart = 0;
     for (std::size_t at = 0; at < position; ++at) {
         const bool firstOfPair = text[at] == '\r' && at + 1 < text.size() && text[at + 1] == '\n';
         if ((text[at] == '\n' || text[at] == '\r') && !firstOfPair) {
-            ++place.Line;
+            ++location.Line;
             lineStart = at + 1;
         }
     }
     const std::size_t characters = modUtf8::Length(text.substr(lineStart, position - lineStart));
-    place.Column = static_cast<std::int32_t>(characters) + 1;
-    return place;
+    location.Column = static_cast<std::int32_t>(characters) + 1;
+    return location;
 }
 
-/// Behind the name of a script's main procedure, which is a longer one in the module.
-ScriptPlace EndOfMain(std::string_view script) {
-    return PlaceOf(script, modTextCase::Find(script, kSubMain) + kSubMain.size());
+/// The end of the name of a script's main procedure, which is renamed to a longer name in the module.
+ScriptLocation EndOfMain(std::string_view script) {
+    return LocationOf(script, modTextCase::Find(script, kSubMain) + kSubMain.size());
 }
 
-/// A place of the module within the script that it came from.
-ScriptPlace WithinScript(
-    const basic::SourcePlace& place, const basic::ScriptOrigin& origin, const RuleScript& script) {
-    ScriptPlace within{place.Line - origin.FirstLine + 1, place.Column};
-    const ScriptPlace main = EndOfMain(script.Text);
+/// A location in the module as one in the script that it came from.
+ScriptLocation WithinScript(
+    const basic::SourcePlace& inModule,
+    const basic::ScriptOrigin& origin,
+    const RuleScript& script) {
+    ScriptLocation within{inModule.Line - origin.FirstLine + 1, inModule.Column};
+    const ScriptLocation main = EndOfMain(script.Text);
     const std::string nameInModule = ScriptFile::MethodName(script.RuleID);
     const auto longer = static_cast<std::int32_t>(nameInModule.size() - kMain.size());
     if (within.Line == main.Line && within.Column >= main.Column + longer) {
@@ -65,7 +67,7 @@ ScriptPlace WithinScript(
     return within;
 }
 
-std::vector<basic::CompileError> ReadingErrors(std::string_view script) {
+std::vector<basic::CompileError> SyntaxErrors(std::string_view script) {
     std::vector<basic::CompileError> errors = basic::ParseModule(script).Errors;
     if (errors.empty()) {
         errors = basic::ParseModule(std::string(kBefore).append(script)).Errors;
@@ -76,7 +78,7 @@ std::vector<basic::CompileError> ReadingErrors(std::string_view script) {
     return errors;
 }
 
-/// The main procedure of a script as it stands in the module; null where there is none.
+/// The procedure of that name in a module; null if there is none.
 const basic::ProcedureNode*
 FindProcedure(const basic::ModuleNode& module, const std::string& name) {
     for (const basic::ModuleItem& item : module.Items) {
@@ -88,17 +90,16 @@ FindProcedure(const basic::ModuleNode& module, const std::string& name) {
     return nullptr;
 }
 
-/// Why a review, which replaces the first "Sub Main" of the text whatever it is, finds no procedure there that it
-/// can call; empty if it does.
-std::string ObjectionToMain(const RuleScript& script) {
+/// Why a review cannot call the main procedure of a script; empty if it can. A review replaces the first "Sub Main"
+/// of the text, whatever it is.
+std::string FaultOfMain(const RuleScript& script) {
     const std::string name = ScriptFile::MethodName(script.RuleID);
     const basic::ParsedModule parsed =
         basic::ParseModule(ScriptFile::ScriptOfRule(script.RuleID, script.Text));
     const basic::ProcedureNode* const main = FindProcedure(parsed.Module, name);
     if (main == nullptr) {
         return "the first 'Sub Main' of the script, which a review takes for its main procedure, "
-               "is none: it "
-               "stands in a comment or a text, or begins a longer name";
+               "is not a procedure: it is in a comment or a text, or begins a longer name";
     }
     const bool needsArguments =
         std::any_of(main->Parameters.begin(), main->Parameters.end(), [](const auto& parameter) {
@@ -108,8 +109,8 @@ std::string ObjectionToMain(const RuleScript& script) {
                           : std::string();
 }
 
-/// Something for each name that a script defines, so that the scripts that use them can be compiled without it.
-/// Nothing where it defines what nothing else can stand for.
+/// A stand-in for a script: an empty procedure for each that it defines, so that the scripts that call them can be
+/// compiled without it. Nothing if it defines something for which there is no stand-in.
 std::optional<std::string> StandIn(std::string_view script) {
     std::string text = "Sub Main()\nEnd Sub\n";
     for (const basic::ModuleItem& item : basic::ParseModule(script).Module.Items) {
@@ -129,31 +130,31 @@ std::optional<std::string> StandIn(std::string_view script) {
 std::vector<std::vector<ScriptFault>>
 RuleScriptChecker::Check(std::span<const RuleScript> scripts) {
     m_faults.assign(scripts.size(), {});
-    Read(scripts);
+    Parse(scripts);
     Compile(scripts);
     return std::move(m_faults);
 }
 
-void RuleScriptChecker::Read(std::span<const RuleScript> scripts) {
+void RuleScriptChecker::Parse(std::span<const RuleScript> scripts) {
     for (std::size_t position = 0; position < scripts.size(); ++position) {
         const RuleScript& script = scripts[position];
-        for (const basic::CompileError& error : ReadingErrors(script.Text)) {
+        for (const basic::CompileError& error : SyntaxErrors(script.Text)) {
             m_faults[position].push_back({error.Place.Line, error.Text, error.Place.Column});
         }
         if (!m_faults[position].empty()) {
             continue;
         }
-        if (std::string objection = ObjectionToMain(script); !objection.empty()) {
-            const ScriptPlace place =
-                PlaceOf(script.Text, modTextCase::Find(script.Text, kSubMain));
-            m_faults[position].push_back({place.Line, std::move(objection), place.Column});
+        if (std::string fault = FaultOfMain(script); !fault.empty()) {
+            const ScriptLocation location =
+                LocationOf(script.Text, modTextCase::Find(script.Text, kSubMain));
+            m_faults[position].push_back({location.Line, std::move(fault), location.Column});
         }
     }
 }
 
 void RuleScriptChecker::Compile(std::span<const RuleScript> scripts) {
     ScriptFile file;
-    bool isWhole = true;
+    bool isComplete = true;
     for (std::size_t position = 0; position < scripts.size(); ++position) {
         const RuleScript& script = scripts[position];
         if (m_faults[position].empty()) {
@@ -161,7 +162,7 @@ void RuleScriptChecker::Compile(std::span<const RuleScript> scripts) {
             continue;
         }
         const std::optional<std::string> standIn = StandIn(script.Text);
-        isWhole = isWhole && standIn.has_value();
+        isComplete = isComplete && standIn.has_value();
         file.AddScript(script.RuleID, standIn.value_or("Sub Main()\nEnd Sub\n"));
     }
     std::vector<basic::ScriptOrigin> origins;
@@ -181,34 +182,35 @@ void RuleScriptChecker::Compile(std::span<const RuleScript> scripts) {
     engine.SetAcceptsModules(true);
     engine.LoadText(file.FullFilename(), file.ModuleText());
     ScriptFile::RemoveScriptFile(file.FullFilename());  // and its folder; nothing was written
-    Tell(engine, scripts, isWhole);
+    AssignErrors(engine, scripts, isComplete);
 }
 
-void RuleScriptChecker::Tell(
-    const basic::ScriptEngine& engine, std::span<const RuleScript> scripts, bool isWhole) {
-    // What was told in the reading of a script stands for it; in its place is something else.
-    std::vector<bool> isToldAlready;
+void RuleScriptChecker::AssignErrors(
+    const basic::ScriptEngine& engine, std::span<const RuleScript> scripts, bool isComplete) {
+    // A script with errors of its own is not in the module; its stand-in is.
+    std::vector<bool> hasStandIn;
     for (const std::vector<ScriptFault>& faults : m_faults) {
-        isToldAlready.push_back(!faults.empty());
+        hasStandIn.push_back(!faults.empty());
     }
-    const auto tell = [&](const basic::SourcePlace& place, const std::string& text, bool isError) {
-        if (const basic::ScriptOrigin* origin = engine.OriginOfLine(place.Line)) {
-            const auto position = static_cast<std::size_t>(origin->Rule);
-            if (isToldAlready[position]) {
-                return;
+    const auto add =
+        [&](const basic::SourcePlace& inModule, const std::string& text, bool isError) {
+            if (const basic::ScriptOrigin* origin = engine.OriginOfLine(inModule.Line)) {
+                const auto position = static_cast<std::size_t>(origin->Rule);
+                if (hasStandIn[position]) {
+                    return;
+                }
+                const ScriptLocation within = WithinScript(inModule, *origin, scripts[position]);
+                m_faults[position].push_back({within.Line, text, within.Column, isError});
             }
-            const ScriptPlace within = WithinScript(place, *origin, scripts[position]);
-            m_faults[position].push_back({within.Line, text, within.Column, isError});
-        }
-    };
+        };
     for (const basic::CompileError& error : engine.LoadErrors()) {
-        // What is missing may stand in a script that could not be read and has no stand-in.
-        if (isWhole || error.Number != kNotDefined) {
-            tell(error.Place, error.Text, /*isError=*/true);
+        // What is missing may be defined by a script without a stand-in.
+        if (isComplete || error.Number != kNotDefined) {
+            add(error.Place, error.Text, /*isError=*/true);
         }
     }
     for (const basic::CompileWarning& warning : engine.Warnings()) {
-        tell(warning.Place, warning.Text, /*isError=*/false);
+        add(warning.Place, warning.Text, /*isError=*/false);
     }
 }
 

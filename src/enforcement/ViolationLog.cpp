@@ -45,7 +45,7 @@ bool HasSourceLine(Location location) {
     return owner == scopename::kDeclarations || owner == scopename::kProcedure;
 }
 
-/// A text of more characters than that is cut, and marked.
+/// Cuts a text of more characters than that, and marks it.
 void Cut(std::string& text, std::size_t longest) {
     if (text.size() > longest && modUtf8::Left(text, longest).size() < text.size()) {
         text.resize(modUtf8::Left(text, ViolationLog::kCutLine).size());
@@ -53,7 +53,7 @@ void Cut(std::string& text, std::size_t longest) {
     }
 }
 
-/// True where filling in a tag takes a text beyond the size that it may have.
+/// True if the text exceeds its largest size with the value of the tag.
 bool IsTooLarge(const std::string& text, const std::string& tag, const std::string& value) {
     return value.size() > tag.size() &&
            text.size() + modTextTags::CountPlaces(text, tag) * (value.size() - tag.size()) >
@@ -70,7 +70,7 @@ std::string TagValue(std::string_view tag, const ReviewLog& log) {
 Violation ViolationLog::MakeViolation(
     const ViolationDefinition& definition, const ViolationOrigin& origin) const {
     Violation violation;
-    violation.Location = static_cast<std::int32_t>(origin.Place);
+    violation.Location = static_cast<std::int32_t>(origin.Location);
     violation.LocationMember = origin.LocationMember;
     violation.Title = definition.Title();
     violation.Impact = definition.Impact();
@@ -85,11 +85,11 @@ void ViolationLog::RaiseViolation(
     const ViolationDefinition& definition, const ViolationOrigin& origin, std::string_view advice) {
     const bool raised = Trap({kModule, "RaiseViolation"}, [&] {
         Violation violation = MakeViolation(definition, origin);
-        if (HasSourceLine(origin.Place)) {
+        if (HasSourceLine(origin.Location)) {
             violation.SourceLineNumber = m_state.SourceLineNumber();
             violation.SourceLine = m_state.PhysicalSourceLine();
         }
-        // The marks make a failed tag in the log say which text it stood in.
+        // The marks show in the log in which of the texts a tag failed.
         MarkCurrentRule(origin.RuleID, " - Violation");
         violation.Description = ChangeTagsToValues(definition.Description());
         MarkCurrentRule(origin.RuleID, " - Advice");
@@ -99,17 +99,17 @@ void ViolationLog::RaiseViolation(
         LimitTexts(violation);
         LogViolation(violation);
     });
-    NoteViolation(raised);
+    RecordIfLost(raised);
 }
 
-void ViolationLog::NoteViolation(bool isStored) {
+void ViolationLog::RecordIfLost(bool isStored) {
     if (!isStored) {
-        m_results->NoteLoss("a violation could not be raised, as the log tells");
+        m_results->NoteLoss("a violation could not be raised, see the log");
     }
 }
 
-/// Each violation stores its line, and a text may quote it, so a long line with many violations would cost the
-/// square of its length.
+/// Each violation stores its line, and a text may quote it, so the space for a long line with many violations would
+/// grow with the square of its length.
 void ViolationLog::LimitTexts(Violation& violation) {
     if (violation.SourceLine.empty()) {
         return;
@@ -144,7 +144,7 @@ void ViolationLog::RaiseEndEventViolation(
         LimitTexts(violation);
         LogViolation(violation);
     });
-    NoteViolation(raised);
+    RecordIfLost(raised);
 }
 
 void ViolationLog::SetEndEventLine(Violation& violation, ParserEvent event) const {
@@ -158,11 +158,11 @@ void ViolationLog::SetEndEventLine(Violation& violation, ParserEvent event) cons
     }
 }
 
-void ViolationLog::RaiseAtEvent(const IRule& rule, const EventPlace& place) {
-    if (RowOf(place.Event).Rules.ViolationLine == EndEventLine::None) {
-        RaiseViolation(rule.ViolationDefinition(), place.OriginOf(rule), "");
+void ViolationLog::RaiseAtEvent(const IRule& rule, const EventLocation& location) {
+    if (RowOf(location.Event).Rules.ViolationLine == EndEventLine::None) {
+        RaiseViolation(rule.ViolationDefinition(), location.OriginOf(rule), "");
     } else {
-        RaiseEndEventViolation(rule.ViolationDefinition(), place.OriginOf(rule), place.Event);
+        RaiseEndEventViolation(rule.ViolationDefinition(), location.OriginOf(rule), location.Event);
     }
 }
 
@@ -185,7 +185,7 @@ void ViolationLog::LogViolation(const Violation& violation) {
             }
         }
     });
-    NoteViolation(logged);
+    RecordIfLost(logged);
 }
 
 std::string ViolationLog::ChangeTagsToValues(std::string_view text) const {
@@ -201,23 +201,23 @@ std::string ViolationLog::ChangeTagsToValues(std::string_view text) const {
         }
         const std::string tag = working.substr(first, second - first + 1);
         const std::size_t dot = tag.find('.');
-        // Required: a malformed tag ends the expansion; whatever stands behind it stays as it is.
+        // Required: a malformed tag ends the expansion; the text after it is left unchanged.
         if (tag.find(' ') != std::string::npos || dot == std::string::npos || dot < 2) {
             return result;
         }
         if (tags == modTextTags::kMostTags) {
             m_log.DumpDebugPrint(
                 "More than " + std::to_string(tags) + " different tags; " + tag +
-                    " and any behind it stay as they stand.",
+                    " and any after it are left unchanged.",
                 true);
             return result;
         }
         const std::string value = TagValue(tag, m_log);
-        // The search runs on a copy in which a handled tag leaves no "%", so that a percent sign
-        // inside a value is never taken for a tag.
+        // The search runs on a copy in which each handled tag is replaced by a text without "%", so that a percent
+        // sign inside a value is never taken for a tag.
         working = modTextTags::FillIn(working, tag, "@");
         if (IsTooLarge(result, tag, value)) {
-            m_log.DumpDebugPrint("The text gets too large; " + tag + " stays as it stands.", true);
+            m_log.DumpDebugPrint("The text gets too large; " + tag + " is left unchanged.", true);
         } else {
             result = modTextTags::FillIn(result, tag, value);
         }

@@ -8,7 +8,7 @@ namespace dorvik {
 
 namespace {
 
-/// The module that must have declared a name; any will do where `IsAny` is set.
+/// The module that must have declared a name, or any module if `IsAny` is set.
 struct Owner {
     std::string_view Module;
     bool IsAny;
@@ -55,7 +55,7 @@ VirtualNameTable::FindName(std::string_view typeName, std::string_view module) c
     const auto has = [&](const Entries& entries, const Owner& owner) {
         return std::any_of(entries.begin(), entries.end(), ownedBy(owner));
     };
-    // Required: the qualifier of a private name is not looked at.
+    // Required: the qualifier of a private name is ignored.
     if (has(m_privateEnumerations, Owner{module, false})) {
         return NameKind::Enumeration;
     }

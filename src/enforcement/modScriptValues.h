@@ -3,12 +3,12 @@
 #include "base/Variant.h"
 #include "basic/values/Value.h"
 
-/// The way of values between the property bags of a review and the scripts. Nothing gets lost on the
-/// way to a bag and back: kinds that a bag does not know (dates, whole numbers of 16 bits, Null,
-/// arrays, objects ...) are held as they are.
+/// Converts values between the property bags of a review and the scripts. No information is lost in a conversion to a
+/// bag and back: values of types that a bag does not have (dates, 16-bit integers, Null, arrays, objects ...) are
+/// stored in the bag as script values.
 namespace dorvik::modScriptValues {
 
-/// An object is kept by reference, an array by a copy of its own.
+/// An object is stored by reference, an array as a copy.
 Variant ToVariant(const basic::Value& value);
 basic::Value ToValue(const Variant& variant);
 

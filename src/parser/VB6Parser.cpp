@@ -53,7 +53,7 @@ void VB6Parser::UnhookCallback() {
 
 void VB6Parser::ReviewTick(std::int32_t& characters, TickResult& result) {
     characters = 0;
-    result = TickResult::GoesOn;
+    result = TickResult::Continue;
     m_more = false;
     m_rest = {};
     const bool isGood = Trap({kModule, "ReviewTick"}, [&] {
@@ -192,7 +192,7 @@ void VB6Parser::SetFirstStatement(bool isLabelProcessed) {
         m_more = false;
         return;
     }
-    // A copy, because the line that opens a layout is followed by lines that take the buffer's place.
+    // A copy, because the line that begins a layout is followed by lines that overwrite the buffer.
     m_restText = m_line.Logical;
     m_rest = m_restText;
     TakeNextStatement();
@@ -213,7 +213,7 @@ bool VB6Parser::ReadLineFromSourceFile(std::int32_t& characters) {
         }
         isLineRead = m_sourceFile->GetNextSourceLine(m_line);
         if (!isLineRead && m_sourceFile->ReadingFailed()) {
-            // No end of the file: whatever stands behind was not seen.
+            // This is not the end of the file: the rest of it was not read.
             RaiseRuntimeError(runtimeerror::kDeviceError, m_sourceFile->Filename());
         }
         if (isLineRead) {
@@ -222,7 +222,7 @@ bool VB6Parser::ReadLineFromSourceFile(std::int32_t& characters) {
         }
     } while (isLineRead && m_lineType == LineType::Blank);
     if (m_sourceFile->LineCountingEnabled()) {
-        FollowCommentBlock(isLineRead);
+        UpdateCommentBlock(isLineRead);
     }
     return isLineRead;
 }
@@ -237,7 +237,7 @@ void VB6Parser::ClassifyAndCountLine() {
     }
 }
 
-void VB6Parser::FollowCommentBlock(bool isLineRead) {
+void VB6Parser::UpdateCommentBlock(bool isLineRead) {
     if (m_previousLineType != LineType::Blank && m_previousLineType != LineType::CommentOnly) {
         if (m_isHeaderCommentPending) {
             m_sourceFile->FileStats()->Properties().Add(

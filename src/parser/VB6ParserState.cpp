@@ -3,15 +3,13 @@
 #include "base/modKyErrors.h"
 #include "base/modTextCase.h"
 #include "foundation/log/Trap.h"
+#include "modNames.h"
 #include "parser/ScopeName.h"
 #include "parser/VBParserEvents.h"
-#include "source/PropertyName.h"
 #include "source/VirtualObject.h"
-#include "source/modSource.h"
 
 #include <algorithm>
 #include <array>
-#include <functional>
 #include <utility>
 
 namespace dorvik {
@@ -19,24 +17,6 @@ namespace dorvik {
 namespace {
 
 constexpr std::string_view kModule = "C_VB6ParserState";
-
-/// In any case; scripts nearly always write a name as it is, which is told faster.
-bool IsNamed(std::string_view name, std::string_view wanted) {
-    return name == wanted || modTextCase::Equal(name, wanted);
-}
-
-/// The row of a table that has the name in any case, or null.
-template <typename Rows>
-const typename Rows::value_type* FindRow(const Rows& rows, std::string_view name) {
-    const auto find = [&](auto isName) -> const typename Rows::value_type* {
-        const auto row = std::find_if(rows.begin(), rows.end(), [&](const auto& candidate) {
-            return isName(candidate.Name, name);
-        });
-        return row == rows.end() ? nullptr : &*row;
-    };
-    const auto* const exact = find(std::equal_to<std::string_view>());
-    return exact != nullptr ? exact : find(&modTextCase::Equal);
-}
 
 /// Whether line statistics answer for properties that the bag of the object lacks.
 bool AnswersWithLineStatistics(std::string_view objectName) {
@@ -48,7 +28,7 @@ bool AnswersWithLineStatistics(std::string_view objectName) {
         scopename::kType,
     };
     return std::any_of(kNames.begin(), kNames.end(), [&](std::string_view name) {
-        return IsNamed(name, objectName);
+        return modNames::Equal(name, objectName);
     });
 }
 
@@ -70,54 +50,6 @@ const Variant* FindEntryOf(VirtualObject& object, std::string_view propertyName)
 
 }  // namespace
 
-void VB6ParserState::SetSourceStatement(std::string_view statement) {
-    m_statement = statement;
-    m_isStatementStripped = false;
-}
-
-const std::string& VB6ParserState::StrippedSourceStatement() const {
-    if (!m_isStatementStripped) {
-        m_strippedStatement = modSource::StripSourceLine(m_statement);
-        m_isStatementStripped = true;
-    }
-    return m_strippedStatement;
-}
-
-const std::string& VB6ParserState::StrippedLine() const {
-    if (!m_isLineStripped) {
-        m_strippedLine = modSource::StripSourceLine(m_line);
-        m_isLineStripped = true;
-    }
-    return m_strippedLine;
-}
-
-std::string_view VB6ParserState::CommentBlock() const {
-    if (m_commentBlock == nullptr) {
-        return {};
-    }
-    return std::string_view(*m_commentBlock).substr(0, m_commentBlockSize);
-}
-
-void VB6ParserState::SetCurrentSourceLine(const CurrentSourceLine& line) {
-    m_physicalLine = line.PhysicalText;
-    m_physicalLineCount = line.PhysicalLineCount;
-    m_line = line.LogicalText;
-    m_sourceLineNumber = line.LineNumber;
-    m_lineType = line.Type;
-    m_isMultiStatement = line.IsMultiStatement;
-    if (m_commentBlock != line.CommentBlock) {
-        m_commentBlock = line.CommentBlock;
-    }
-    m_commentBlockSize = m_commentBlock == nullptr ? 0 : m_commentBlock->size();
-    m_statement.clear();
-    m_isLineStripped = false;
-    m_isStatementStripped = false;
-}
-
-void VB6ParserState::ResetCurrentSourceLine() {
-    SetCurrentSourceLine({});
-}
-
 void VB6ParserState::SetObjectStartLine(std::int32_t lineNumber, std::string_view physicalText) {
     m_objectStartLineNumber = lineNumber;
     m_objectStartSourceLine = physicalText;
@@ -132,48 +64,35 @@ std::string_view VB6ParserState::GetParserEventText() const {
     return VBParserEvents::ParserEventText(static_cast<std::int32_t>(m_parserEvent));
 }
 
-const VB6ParserState::ScopeEntry* VB6ParserState::FindEntry(std::string_view name) const {
-    return FindRow(m_scope, name);
-}
-
 void VB6ParserState::Attach(std::shared_ptr<VirtualObject> object, std::string_view name) {
-    if (FindEntry(name) != nullptr) {
-        modKyErrors::RaiseError(modKyErrors::kyErrKeyInUse, "KeyedArrayList::Add", name);
-    }
-    m_scope.push_back({std::string(name), std::move(object)});
+    m_scope.Attach(std::move(object), name);
 }
 
 void VB6ParserState::Detach(std::string_view name) {
-    Trap({kModule, "Detach"}, [&] {
-        const ScopeEntry* entry = FindEntry(name);
-        if (entry == nullptr) {
-            modKyErrors::RaiseError(modKyErrors::kyErrNoSuchItem, "KeyedArrayList::Remove");
-        }
-        m_scope.erase(m_scope.begin() + (entry - m_scope.data()));
-    });
+    Trap({kModule, "Detach"}, [&] { m_scope.Detach(name); });
 }
 
 std::shared_ptr<VirtualObject> VB6ParserState::GetVirtualObject(std::string_view name) const {
-    const ScopeEntry* entry = FindEntry(name);
+    const ObjectScope::Entry* entry = m_scope.Find(name);
     return entry == nullptr ? nullptr : entry->Object;
 }
 
 VirtualObject* VB6ParserState::FindVirtualObject(std::string_view name) const {
-    const ScopeEntry* entry = FindEntry(name);
+    const ObjectScope::Entry* entry = m_scope.Find(name);
     return entry == nullptr ? nullptr : entry->Object.get();
 }
 
 std::vector<std::string> VB6ParserState::ScopeNames() const {
     std::vector<std::string> names;
-    names.reserve(m_scope.size());
-    for (const ScopeEntry& entry : m_scope) {
+    names.reserve(m_scope.Entries().size());
+    for (const ObjectScope::Entry& entry : m_scope.Entries()) {
         names.push_back(entry.Name);
     }
     return names;
 }
 
 void VB6ParserState::IncrementLineStats(LineType lineType) {
-    for (const ScopeEntry& entry : m_scope) {
+    for (const ObjectScope::Entry& entry : m_scope.Entries()) {
         if (entry.Object->HasLSTATS()) {
             entry.Object->LineStats().IncrementCount(lineType);
         }
@@ -202,11 +121,21 @@ Variant VB6ParserState::GetObjectProperty(
 
 VB6ParserState::Answer
 VB6ParserState::AnswerOf(std::string_view objectName, std::string_view propertyName) const {
-    if (IsNamed(objectName, scopename::kNamingConvention)) {
-        return NamingConventionProperty(propertyName);
+    if (modNames::Equal(objectName, scopename::kNamingConvention)) {
+        if (const std::string* tag = m_namingTags.Find(propertyName)) {
+            return {*tag, std::nullopt};
+        }
+        return {
+            std::string(),
+            Concatenate({"Invalid NamingConvention property '", propertyName, "' specified."})};
     }
-    if (IsNamed(objectName, scopename::kSource)) {
-        return SourceProperty(propertyName);
+    if (modNames::Equal(objectName, scopename::kSource)) {
+        if (auto value = m_source.FindProperty(propertyName)) {
+            return {*std::move(value), std::nullopt};
+        }
+        // Required: this value is empty, where those of other objects are the empty text.
+        return {
+            Variant(), Concatenate({"Invalid Source property '", propertyName, "' specified."})};
     }
     VirtualObject* object = FindVirtualObject(objectName);
     if (object == nullptr) {
@@ -233,105 +162,6 @@ VB6ParserState::AnswerOf(std::string_view objectName, std::string_view propertyN
              ".",
              propertyName,
              "' not found."})};
-}
-
-VB6ParserState::Answer
-VB6ParserState::NamingConventionProperty(std::string_view propertyName) const {
-    struct Row {
-        std::string_view Name;
-        std::string VB6ParserState::*Tag;
-    };
-    static constexpr std::array kTags = {
-        Row{propertyname::kArrayTag, &VB6ParserState::m_arrayTag},
-        Row{propertyname::kControlTag, &VB6ParserState::m_controlTag},
-        Row{propertyname::kScopeTag, &VB6ParserState::m_scopeTag},
-        Row{propertyname::kDataTypeTag, &VB6ParserState::m_dataTypeTag},
-    };
-    if (const Row* row = FindRow(kTags, propertyName)) {
-        return {this->*row->Tag, std::nullopt};
-    }
-    return {
-        std::string(),
-        Concatenate({"Invalid NamingConvention property '", propertyName, "' specified."})};
-}
-
-const std::string* VB6ParserState::FindSourceText(std::string_view propertyName) const {
-    using State = VB6ParserState;
-    struct Row {
-        std::string_view Name;
-        const std::string& (*Text)(const State&);
-    };
-    static constexpr std::array kTexts = {
-        Row{propertyname::kStrippedStatement,
-            [](const State& s) -> const std::string& {
-                return s.StrippedSourceStatement();
-            }},
-        Row{propertyname::kStatement,
-            [](const State& s) -> const std::string& {
-                return s.m_statement;
-            }},
-        Row{propertyname::kStrippedLine,
-            [](const State& s) -> const std::string& {
-                return s.StrippedLine();
-            }},
-        Row{propertyname::kLine,
-            [](const State& s) -> const std::string& {
-                return s.m_line;
-            }},
-        Row{propertyname::kPhysicalLine,
-            [](const State& s) -> const std::string& {
-                return s.m_physicalLine;
-            }},
-    };
-    const Row* row = FindRow(kTexts, propertyName);
-    return row == nullptr ? nullptr : &row->Text(*this);
-}
-
-VB6ParserState::Answer VB6ParserState::SourceProperty(std::string_view propertyName) const {
-    using State = VB6ParserState;
-    struct Row {
-        std::string_view Name;
-        Variant (*Value)(const State&);
-    };
-    static constexpr std::array kProperties = {
-        Row{propertyname::kIsBlank,
-            [](const State& s) {
-                return Variant(s.m_lineType == LineType::Blank);
-            }},
-        Row{propertyname::kIsCode,
-            [](const State& s) {
-                return Variant(
-                    s.m_lineType == LineType::Code || s.m_lineType == LineType::CodeWithComment);
-            }},
-        Row{propertyname::kIsComment,
-            [](const State& s) {
-                return Variant(s.m_lineType == LineType::CommentOnly);
-            }},
-        Row{propertyname::kIsMultiStatement,
-            [](const State& s) {
-                return Variant(s.m_isMultiStatement);
-            }},
-        Row{propertyname::kPhysicalLineCount,
-            [](const State& s) {
-                return Variant(s.m_physicalLineCount);
-            }},
-        Row{propertyname::kLineNumber,
-            [](const State& s) {
-                return Variant(s.m_sourceLineNumber);
-            }},
-        Row{propertyname::kCommentBlock,
-            [](const State& s) {
-                return Variant(s.CommentBlock());
-            }},
-    };
-    if (const std::string* text = FindSourceText(propertyName)) {
-        return {*text, std::nullopt};
-    }
-    if (const Row* row = FindRow(kProperties, propertyName)) {
-        return {row->Value(*this), std::nullopt};
-    }
-    // Required: this value is empty, where those of other objects are the empty text.
-    return {Variant(), Concatenate({"Invalid Source property '", propertyName, "' specified."})};
 }
 
 }  // namespace dorvik

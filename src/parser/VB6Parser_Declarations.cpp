@@ -29,20 +29,20 @@ void AddArgumentInfo(KeyedArrayList& bag, const modSource::ArgumentInfo& info) {
 
 }  // namespace
 
-/// What tells an enum from a type.
+/// What differs between an enum and a type.
 struct VB6Parser::BlockKind {
     std::string_view Name;
     DeclarationCounts Counts;
     ParserEvent Event;
 };
 
-/// What tells constants from variables.
+/// What differs between constants and variables.
 struct VB6Parser::ItemKind {
     std::string_view Name;
     DeclarationCounts Counts;
 };
 
-/// What tells the arguments of an event from those of a declare statement.
+/// What differs between the arguments of an event and those of a declare statement.
 struct VB6Parser::ArgumentKind {
     std::string_view Owner;
     ParserEvent Event;
@@ -70,7 +70,7 @@ FileParserState VB6Parser::State_DeclarationLine() {
     return ProcessDeclaration(statement);
 }
 
-// The order matters: every private enum, type and declare statement passes for a variable too.
+// The order matters: every private enum, type and declare statement matches a variable definition too.
 FileParserState VB6Parser::ProcessDeclaration(std::string_view statement) {
     if (modSource::IsConstDef(statement)) {
         ProcessConstDeclaration(statement, scopename::kFile, ParserEvent::Const);
@@ -107,7 +107,7 @@ void VB6Parser::BeginBlock(const BlockKind& kind, std::string_view scope, std::s
     object->Properties().Add(propertyname::kName, name, false);
     object->Properties().Add(propertyname::kScope, scope, false);
     kind.Counts.Count(ObjectInScope(scopename::kFile), IsPublicWithoutScope(scope));
-    // The opening line came before the object was in scope, and belongs to it all the same.
+    // The opening line came before the object was in scope, but it belongs to the object.
     object->LineStats().IncrementCount(m_lineType);
     m_parserState->Attach(std::move(object), kind.Name);
     FireParserEvent(kind.Event);
@@ -124,7 +124,7 @@ FileParserState VB6Parser::State_EnumBodyLine() {
     FireParserEvent(ParserEvent::EnumBody);
     const std::string_view text = modText::Trim(modSource::StripInLineComment(statement));
     if (!text.empty()) {
-        // Required: `Rem x` is no comment here but an element of that name.
+        // Required: `Rem x` is not a comment here but an element of that name.
         ProcessEnumElement(text);
     }
     return FileParserState::EnumBodyLine;
@@ -141,7 +141,7 @@ void VB6Parser::ProcessEnumElement(std::string_view text) {
         hasValue ? modText::Trim(text.substr(equals + 1)) : std::string_view(),
         false);
     element->Properties().Add(propertyname::kHasValue, hasValue, false);
-    Announce(std::move(element), scopename::kEnumElement, ParserEvent::EnumElement);
+    FireEventFor(std::move(element), scopename::kEnumElement, ParserEvent::EnumElement);
 }
 
 FileParserState VB6Parser::State_TypeBodyLine() {
@@ -168,7 +168,7 @@ void VB6Parser::ProcessTypeElement(std::string_view text) {
         return;
     }
     m_parserState->IncrementMemberStats(scopename::kType, propertyname::kElementCount);
-    Announce(std::move(element), scopename::kTypeElement, ParserEvent::TypeElement);
+    FireEventFor(std::move(element), scopename::kTypeElement, ParserEvent::TypeElement);
 }
 
 void VB6Parser::ProcessEventDeclaration(
@@ -182,7 +182,7 @@ void VB6Parser::ProcessEventDeclaration(
     ObjectInScope(scopename::kFile).IncrementMemberCount(propertyname::kEventCount);
     m_parserState->Attach(std::move(object), scopename::kEvent);
     FireParserEvent(ParserEvent::Event);
-    AnnounceArguments(
+    FireArgumentEvents(
         {scopename::kEvent,
          ParserEvent::EventArgument,
          "Error extracting event arguments.",
@@ -207,7 +207,7 @@ void VB6Parser::ProcessDeclareStatement(
     kDeclareCounts.Count(ObjectInScope(scopename::kFile), IsPublicWithoutScope(declare.Scope));
     m_parserState->Attach(std::move(object), scopename::kDeclare);
     FireParserEvent(ParserEvent::Declare);
-    AnnounceArguments(
+    FireArgumentEvents(
         {scopename::kDeclare,
          ParserEvent::DeclareArgument,
          "Error extracting Declare arguments.",
@@ -216,7 +216,7 @@ void VB6Parser::ProcessDeclareStatement(
     m_parserState->Detach(scopename::kDeclare);
 }
 
-void VB6Parser::AnnounceArguments(const ArgumentKind& kind, const modSource::ArgumentInfo& info) {
+void VB6Parser::FireArgumentEvents(const ArgumentKind& kind, const modSource::ArgumentInfo& info) {
     if (info.ArgumentCount < 1) {
         return;
     }
@@ -227,7 +227,7 @@ void VB6Parser::AnnounceArguments(const ArgumentKind& kind, const modSource::Arg
     }
     for (const auto& argument : arguments) {
         argument->SetParentViolations(scopename::kDeclarations);
-        Announce(argument, scopename::kArgument, kind.Event);
+        FireEventFor(argument, scopename::kArgument, kind.Event);
     }
 }
 
@@ -237,7 +237,7 @@ void VB6Parser::ProcessImplementsStatement(
     object->Properties().Add(propertyname::kLibrary, library, false);
     object->Properties().Add(propertyname::kInterface, interfaceName, false);
     ObjectInScope(scopename::kFile).IncrementMemberCount(propertyname::kImplementsCount);
-    Announce(std::move(object), scopename::kImplements, ParserEvent::Implements);
+    FireEventFor(std::move(object), scopename::kImplements, ParserEvent::Implements);
 }
 
 void VB6Parser::ProcessConstDeclaration(
@@ -248,7 +248,7 @@ void VB6Parser::ProcessConstDeclaration(
             "Error extracting constants.", "ProcessConstDeclaration", kModule);
         return;
     }
-    AnnounceItems({scopename::kConst, kConstCounts}, constants, parent, event);
+    FireItemEvents({scopename::kConst, kConstCounts}, constants, parent, event);
 }
 
 void VB6Parser::ProcessVariableDeclaration(
@@ -259,10 +259,10 @@ void VB6Parser::ProcessVariableDeclaration(
             "Error extracting variables.", "ProcessVariableDeclaration", kModule);
         return;
     }
-    AnnounceItems({scopename::kVariable, kVariableCounts}, variables, parent, event);
+    FireItemEvents({scopename::kVariable, kVariableCounts}, variables, parent, event);
 }
 
-void VB6Parser::AnnounceItems(
+void VB6Parser::FireItemEvents(
     const ItemKind& kind, const VirtualObjects& items, std::string_view parent, ParserEvent event) {
     VirtualObject& owner = ObjectInScope(parent);
     const bool isAtFileLevel = parent == scopename::kFile;
@@ -272,7 +272,7 @@ void VB6Parser::AnnounceItems(
         if (isAtFileLevel) {
             kind.Counts.Count(
                 owner, IsPublicOnlyByScope(item->Properties().Item(propertyname::kScope).AsText()));
-            NoteEventSource(*item);
+            AddEventSource(*item);
         } else {
             owner.IncrementMemberCount(kind.Counts.Total);
         }
@@ -281,14 +281,14 @@ void VB6Parser::AnnounceItems(
     }
 }
 
-void VB6Parser::NoteEventSource(const VirtualObject& variable) {
+void VB6Parser::AddEventSource(const VirtualObject& variable) {
     const Variant* isWithEvents = variable.Properties().Find(propertyname::kIsWithEvents);
     if (isWithEvents != nullptr && isWithEvents->AsBoolean()) {
         m_sourceFile->AddEventItem(variable.Properties().Item(propertyname::kName).AsText());
     }
 }
 
-void VB6Parser::Announce(
+void VB6Parser::FireEventFor(
     std::shared_ptr<VirtualObject> object, std::string_view name, ParserEvent event) {
     m_parserState->Attach(std::move(object), name);
     FireParserEvent(event);

@@ -120,20 +120,20 @@ VirtualObject& VB6Parser::LayoutObject() {
 }
 
 FileParserState VB6Parser::State_BeginLayout() {
-    GatherLayoutLines();
+    CollectLayoutLines();
     VirtualObject& layout = LayoutObject();
     auto layoutProperties = std::make_shared<VirtualObject>();
     layoutProperties->SetParentViolations(scopename::kFile);
     m_parserState->Attach(layoutProperties, scopename::kLayoutProperties);
-    AnnounceLayout(*layoutProperties, layout);
+    FireLayoutEvent(*layoutProperties, layout);
     m_controlOrdinal = 1;
     return FileParserState::Layout;
 }
 
-void VB6Parser::GatherLayoutLines() {
+void VB6Parser::CollectLayoutLines() {
     m_layoutReader.reset();
     m_layoutLines.clear();
-    m_layoutPlaces.clear();
+    m_layoutLineNumbers.clear();
     AppendLayoutLine();
     m_controlOrdinal = 0;
     if (IsMDIParentFormDefinition(m_line.Logical)) {
@@ -146,7 +146,7 @@ void VB6Parser::GatherLayoutLines() {
         std::int32_t characters = 0;
         isLineRead = ReadLineFromSourceFile(characters);
         m_layoutCharacters += characters;
-        // Required: at the end of the file the last line is appended, and judged, once more.
+        // Required: at the end of the file the last line is appended and tested once more.
         AppendLayoutLine();
         if (modKeyword::StartsWith(modText::TrimLeft(m_line.Logical), "Begin ")) {
             ++nesting;
@@ -164,22 +164,22 @@ void VB6Parser::GatherLayoutLines() {
 
 void VB6Parser::AppendLayoutLine() {
     m_layoutLines.push_back(m_line.Logical);
-    m_layoutPlaces.push_back(m_sourceFile->PhysicalLine());
+    m_layoutLineNumbers.push_back(m_sourceFile->PhysicalLine());
 }
 
-void VB6Parser::NoteLayoutFault(std::size_t place, std::string reason) {
+void VB6Parser::RecordLayoutFault(std::size_t lineIndex, std::string reason) {
     if (reason.empty()) {
         reason = "an unexpected error occurred";
     }
-    m_sourceFile->SetLayoutFault({m_layoutPlaces.at(place), std::move(reason)});
+    m_sourceFile->SetLayoutFault({m_layoutLineNumbers.at(lineIndex), std::move(reason)});
 }
 
-void VB6Parser::AnnounceLayout(VirtualObject& layoutProperties, VirtualObject& layout) {
+void VB6Parser::FireLayoutEvent(VirtualObject& layoutProperties, VirtualObject& layout) {
     modVOSource::LayoutControl found;
     if (m_layoutReader->Extract(1, layoutProperties, found)) {
         layoutProperties.Properties().Add(propertyname::kName, found.Name, false);
     } else {
-        NoteLayoutFault(m_layoutReader->LastFault().Place, m_layoutReader->LastFault().Reason);
+        RecordLayoutFault(m_layoutReader->LastFault().Place, m_layoutReader->LastFault().Reason);
     }
     KeyedArrayList& bag = layout.Properties();
     bag.Add(propertyname::kControlCount, m_objectCount - 1, false);
@@ -204,19 +204,19 @@ FileParserState VB6Parser::State_Layout() {
     modVOSource::LayoutControl found;
     if (!m_layoutReader->Extract(m_controlOrdinal, *properties, found)) {
         // Required: "Control" stays in scope to the end of the file.
-        NoteLayoutFault(m_layoutReader->LastFault().Place, m_layoutReader->LastFault().Reason);
+        RecordLayoutFault(m_layoutReader->LastFault().Place, m_layoutReader->LastFault().Reason);
         return State_EndLayout();
     }
-    AnnounceControl(*control, std::move(properties), found);
+    FireControlEvent(*control, std::move(properties), found);
     return FileParserState::Layout;
 }
 
-void VB6Parser::AnnounceControl(
+void VB6Parser::FireControlEvent(
     VirtualObject& control,
     std::shared_ptr<VirtualObject> properties,
     const modVOSource::LayoutControl& found) {
     if (found.ControlType.find('.') == std::string::npos) {
-        NoteLayoutFault(
+        RecordLayoutFault(
             m_layoutReader->BeginPlace(),
             "the type '" + found.ControlType + "' of '" + found.Name + "' names no library");
     }
@@ -246,7 +246,7 @@ FileParserState VB6Parser::State_EndLayout() {
     m_parserState->Detach(scopename::kLayoutProperties);
     m_layoutReader.reset();
     m_layoutLines = {};
-    m_layoutPlaces = {};
+    m_layoutLineNumbers = {};
     m_controlOrdinal = 0;
     m_objectCount = 0;
     return State_BeginDeclarations();

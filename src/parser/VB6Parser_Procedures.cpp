@@ -25,7 +25,7 @@ constexpr std::string_view kModule = "C_VB6Parser";
 Location LocationOf(std::string_view procedureType) {
     struct Row {
         std::string_view ProcedureType;
-        Location Where;
+        Location Value;
     };
     static constexpr Row kRows[] = {
         {"Property Get", Location::PropertyGet},
@@ -34,13 +34,13 @@ Location LocationOf(std::string_view procedureType) {
     };
     for (const Row& row : kRows) {
         if (modTextCase::Equal(row.ProcedureType, procedureType)) {
-            return row.Where;
+            return row.Value;
         }
     }
     return Location::Procedure;
 }
 
-/// A text that opens a further way through a procedure, unless the statement begins with `Exception`.
+/// A text that adds a path through a procedure, unless the statement begins with `Exception`.
 struct Branch {
     std::string_view Text;
     std::string_view Exception;
@@ -71,7 +71,7 @@ bool MayBeBranch(char first) {
            kBeginsBranch.at(static_cast<std::size_t>(modKeyword::FoldAscii(first)));
 }
 
-/// A statement opens one way at most, however many conditions it holds.
+/// A statement adds at most one path, however many conditions it has.
 bool IsBranch(std::string_view statement) {
     const std::string_view text = modText::Trim(statement);
     if (text.empty() || !MayBeBranch(text.front())) {
@@ -114,7 +114,7 @@ FileParserState VB6Parser::State_BeginProcedure(const modSource::ProcedureDefini
     bag.Add(propertyname::kDataType, info.ReturnType, false);
     m_parserState->Attach(object, scopename::kProcedure);
     modMemberStats::InitialiseProcedureMemberStats(*object);
-    // The header came before the object was in scope, and is a line of it all the same.
+    // The header came before the object was in scope, but it is one of its lines.
     object->LineStats().IncrementCount(m_lineType);
     m_sourceFile->FileStats()->IncrementMemberCount(propertyname::kProcedureCount);
     FireParserEvent(ParserEvent::BeginProcedure);
@@ -140,12 +140,12 @@ void VB6Parser::ProcessProcedureArguments(const modSource::ArgumentInfo& info) {
         return;
     }
     for (std::size_t i = 0; i < static_cast<std::size_t>(info.ArgumentCount); ++i) {
-        // Required: a list that gives fewer arguments than its commas promise ends the file.
+        // Required: a list with fewer arguments than its commas imply ends the file.
         if (i >= arguments.size()) {
             RaiseRuntimeError(runtimeerror::kSubscriptOutOfRange);
         }
         arguments[i]->SetParentViolations(scopename::kProcedure);
-        Announce(arguments[i], scopename::kArgument, ParserEvent::ProcedureArgument);
+        FireEventFor(arguments[i], scopename::kArgument, ParserEvent::ProcedureArgument);
     }
 }
 
@@ -182,7 +182,7 @@ void VB6Parser::ProcessLineLabel(std::string_view line) {
     auto label = std::make_shared<VirtualObject>();
     label->SetParentViolations(scopename::kProcedure);
     label->Properties().Add(propertyname::kName, line.substr(0, line.find(':')), false);
-    Announce(std::move(label), scopename::kLineLabel, ParserEvent::LineLabel);
+    FireEventFor(std::move(label), scopename::kLineLabel, ParserEvent::LineLabel);
 }
 
 }  // namespace dorvik

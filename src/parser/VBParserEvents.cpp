@@ -9,7 +9,7 @@ namespace dorvik {
 
 namespace {
 
-// Required: "Reference" stands behind "begin Project", and "Line Label" behind "Variable (local)".
+// Required: "Reference" follows "begin Project", and "Line Label" follows "Variable (local)".
 constexpr std::array kEventsInListOrder = {
     ParserEvent::BeginProject,
     ParserEvent::Reference,

@@ -7,11 +7,11 @@ namespace dorvik {
 
 class FileInUseMark;
 
-/// Keeps other reviews out of the results of the projects that a review has finished, as long as somebody
-/// still reads them: for the page of the batch, the summary. One review owns it.
+/// Keeps other reviews from replacing the results of finished projects while they are still read, for the page of
+/// the batch and for the summary. One review owns it.
 class ResultsReservations {
 public:
-    /// Each costs an open file, so of a long row the first ones are given up.
+    /// Each keeps a file open. Beyond this number the oldest reservations are released.
     static constexpr std::size_t kMost = 250;
 
     void Keep(std::shared_ptr<FileInUseMark> reservation) {

@@ -24,8 +24,8 @@ constexpr std::string_view kModule = "C_ReviewManager";
 constexpr std::int32_t kActionLoadingRulebase = 1;
 constexpr std::int32_t kActionInitialisingReview = 6;
 
-/// In a background review, what a message box would say goes to the log as long as this lives: nobody waits
-/// in front of it, and a box would hold the program up. REQUIRES: no input is processed meanwhile.
+/// While this object exists, a background review writes the texts of message boxes to the log, because a box
+/// would block the program until someone closes it. REQUIRES: no input is processed meanwhile.
 class MessagesOfStep final : public IMessageBox {
 public:
     explicit MessagesOfStep(const ReviewCriteria& criteria) {
@@ -64,8 +64,8 @@ std::int32_t ReviewMachine::InitialiseReview(std::shared_ptr<ReviewCriteria> cri
 }
 
 SliceResult ReviewMachine::ReviewTimeSlice(std::int32_t ticks) {
-    if (const auto refused = m_slices.Refuse(kModule)) {
-        return *refused;
+    if (const auto rejected = m_slices.Reject(kModule)) {
+        return *rejected;
     }
     const SliceGuard::Slice running(m_slices);
     auto result = SliceResult::Failed;
@@ -90,10 +90,10 @@ void ReviewMachine::Abandon() {
     m_isAbandoned = true;
     m_ruleEngine.Stop();
     if (m_slices.IsRunning()) {
-        return;  // the slice sees it behind its step
+        return;  // the slice tests it after its step
     }
-    const bool hasTouchedProjects = m_state != ReviewStatus::Start && m_slices.IsReady();
-    if (hasTouchedProjects) {
+    const bool hasOpenedProjects = m_state != ReviewStatus::Start && m_slices.IsReady();
+    if (hasOpenedProjects) {
         Trap({kModule, "Abandon"}, [&] {
             Abort();
             ClearProjects();

@@ -19,13 +19,13 @@ namespace dorvik {
 class ITypeLibrarySource;
 class Rulebase;
 
-/// The state machine of one review, which `ReviewManager` steps. A slice that is running keeps it alive
-/// when the manager goes; it ends behind the step at hand then.
+/// The state machine of one review, stepped by `ReviewManager`. If the manager is destroyed while a slice is
+/// running, the slice keeps the machine alive and ends after its current step.
 ///
 /// | state | the step                                               | next          |
 /// |-------|--------------------------------------------------------|---------------|
 /// | 1     | nothing                                                | 2             |
-/// | 2     | tells that the rulebase is being loaded                | 3, 30         |
+/// | 2     | reports that the rulebase is being loaded              | 3, 30         |
 /// | 3     | loads the rulebase                                     | 4, 29         |
 /// | 4     | makes the reports ready                                | 5, 30         |
 /// | 5     | finds the first selected project                       | 6, 27, 30     |
@@ -41,7 +41,7 @@ public:
     using ProgressHandler = std::function<void(const ProgressInfo& progress, bool& cancel)>;
     using ProjectReviewFactory = std::function<std::unique_ptr<IProjectReview>()>;
 
-    /// Reviews projects with what the factory makes; with `VB6ProjectReview` without one.
+    /// Each project is reviewed by an object of the factory; without a factory, by a `VB6ProjectReview`.
     explicit ReviewMachine(ProjectReviewFactory factory);
 
     std::int32_t InitialiseReview(std::shared_ptr<ReviewCriteria> criteria);
@@ -49,8 +49,8 @@ public:
     void SetProgressHandler(ProgressHandler handler) { m_progressHandler = std::move(handler); }
 
     SliceResult ReviewTimeSlice(std::int32_t ticks);
-    /// Ends the review as a cancel does: at once between two slices, in a slice behind the step at hand.
-    /// The handler and the stop request of the scripts are not asked any more.
+    /// Ends the review as a cancellation does: at once between two slices, or after the current step of a running
+    /// slice. The progress handler and the stop request of the scripts are no longer called.
     void Abandon();
 
     dorvik::RuleEngine& RuleEngine() { return m_ruleEngine; }
@@ -92,7 +92,7 @@ private:
     bool m_isAbandoned = false;
     bool m_reportsCancelled = false;
     ResultsReservations m_reservations;
-    // Declared so that the progress goes first and the engines last.
+    // In this order, so that the progress is destroyed first and the engines last.
     ReportsEngine m_reports;
     dorvik::RuleEngine m_ruleEngine;
     std::shared_ptr<dorvik::Rulebase> m_rulebase;

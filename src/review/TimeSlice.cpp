@@ -6,26 +6,28 @@
 
 namespace dorvik {
 
-std::optional<SliceResult> SliceGuard::Refuse(std::string_view module) const {
-    const std::optional<Refusal> refusal = RefusalNow();
-    if (!refusal) {
+std::optional<SliceResult> SliceGuard::Reject(std::string_view module) const {
+    const std::optional<Rejection> rejection = CurrentRejection();
+    if (!rejection) {
         return std::nullopt;
     }
-    Trap({"SliceGuard", "Refuse"}, [&] {
-        modLog::Log().LogEvent(refusal->Reason, "ReviewTimeSlice", module);
+    Trap({"SliceGuard", "Reject"}, [&] {
+        modLog::Log().LogEvent(rejection->Reason, "ReviewTimeSlice", module);
     });
-    return refusal->Result;
+    return rejection->Result;
 }
 
-std::optional<SliceGuard::Refusal> SliceGuard::RefusalNow() const {
+std::optional<SliceGuard::Rejection> SliceGuard::CurrentRejection() const {
     if (m_isRunning) {
-        return Refusal{SliceResult::Continue, "A time slice was refused: another one is running."};
+        return Rejection{
+            SliceResult::Continue, "A time slice was rejected: another one is running."};
     }
     if (m_end) {
-        return Refusal{*m_end, "A time slice was refused: the review has ended."};
+        return Rejection{*m_end, "A time slice was rejected: the review has ended."};
     }
     if (!m_isOpen) {
-        return Refusal{SliceResult::Failed, "A time slice was refused: the review has not begun."};
+        return Rejection{
+            SliceResult::Failed, "A time slice was rejected: the review has not begun."};
     }
     return std::nullopt;
 }

@@ -9,7 +9,7 @@
 namespace dorvik {
 
 /// Runs steps until `ticks` are done or one gives another result than `Continue`. 0 and 1 both mean
-/// one step, `kWholeReview` means no limit: the count is looked at behind a step.
+/// one step, because the count is tested after each step; `kWholeReview` means no limit.
 template <typename Step>
 SliceResult RunSteps(std::int32_t ticks, Step&& step) {
     std::int32_t stepsLeft = ticks;
@@ -22,14 +22,14 @@ SliceResult RunSteps(std::int32_t ticks, Step&& step) {
     }
 }
 
-/// Knows whether a machine can run a time slice now: not before it has something to step, not inside
-/// a slice, and not behind its end.
+/// Decides whether a machine can run a time slice now: not before it was initialised, not inside another slice,
+/// and not after its end.
 class SliceGuard {
 public:
-    /// There is something to step from now on.
+    /// The machine is initialised.
     void Open() { m_isOpen = true; }
     bool IsOpen() const { return m_isOpen; }
-    /// There is nothing to step any more. The first result stays.
+    /// The machine has come to its end. If it is closed again, the first result is kept.
     void Close(SliceResult result) {
         if (!m_end) {
             m_end = result;
@@ -39,11 +39,10 @@ public:
 
     /// True if a slice may run.
     bool IsReady() const { return m_isOpen && !m_end && !m_isRunning; }
-    /// The result of a slice that comes at a wrong moment and does not run, which is logged under the module;
-    /// nothing if a slice may run.
-    std::optional<SliceResult> Refuse(std::string_view module) const;
+    /// The result of a slice that must not run now, which is logged under the module; nothing if a slice may run.
+    std::optional<SliceResult> Reject(std::string_view module) const;
 
-    /// A slice runs as long as this lives.
+    /// A slice is running while this object exists.
     class Slice {
     public:
         explicit Slice(SliceGuard& guard) : m_guard(guard) { m_guard.m_isRunning = true; }
@@ -56,13 +55,13 @@ public:
     };
 
 private:
-    /// The result of a slice at a wrong moment, and a sentence for the log.
-    struct Refusal {
+    /// The result of a slice that must not run, and a sentence for the log.
+    struct Rejection {
         SliceResult Result;
         std::string_view Reason;
     };
 
-    std::optional<Refusal> RefusalNow() const;
+    std::optional<Rejection> CurrentRejection() const;
 
     bool m_isOpen = false;
     bool m_isRunning = false;

@@ -1,5 +1,6 @@
 #include "VB6ProjectReview.h"
 
+#include "SourceFileResults.h"
 #include "TimeSlice.h"
 #include "base/BasicError.h"
 #include "criteria/ProgressInfo.h"
@@ -11,6 +12,7 @@
 #include "foundation/log/LogFile.h"
 #include "foundation/log/Trap.h"
 #include "foundation/log/modLog.h"
+#include "modProjectLog.h"
 #include "parser/IFileParser.h"
 #include "parser/VB6ParserState.h"
 #include "platform/host/ITypeLibrarySource.h"
@@ -20,8 +22,6 @@
 #include "source/VirtualProject.h"
 #include "source/VirtualSourceFile.h"
 
-#include <algorithm>
-
 namespace dorvik {
 
 namespace {
@@ -29,8 +29,6 @@ namespace {
 constexpr std::string_view kModule = "C_VB6ProjectReview";
 constexpr std::string_view kAbortedByUser = "Review aborted by user.";
 constexpr std::string_view kUnexpectedError = "Review terminated due to unexpected error.";
-constexpr const char* kSkippedRules =
-    "because rules were skipped for an unexpected error; the review log says why";
 
 }  // namespace
 
@@ -39,9 +37,9 @@ VB6ProjectReview::VB6ProjectReview(
     : m_typeLibrarySource(typeLibraries), m_reservations(reservations) {}
 
 VB6ProjectReview::~VB6ProjectReview() {
-    GiveUpUnlessEnded();
+    AbortUnfinishedResults();
     if (m_ruleEngine != nullptr) {
-        ReleaseFromRules();
+        DisconnectRules();
     }
 }
 
@@ -73,9 +71,9 @@ void VB6ProjectReview::Dispose() {
         m_fileParser->Dispose();
         m_fileParser.reset();
     }
-    GiveUpUnlessEnded();
+    AbortUnfinishedResults();
     if (m_ruleEngine != nullptr) {
-        ReleaseFromRules();
+        DisconnectRules();
     }
     if (m_project) {
         m_project->ClearListProperties();
@@ -85,34 +83,34 @@ void VB6ProjectReview::Dispose() {
 void VB6ProjectReview::AbortReview() {
     Trap({kModule, "AbortReview"}, [&] {
         if (m_resultsManager) {
-            GiveUp(kAbortedByUser);
+            AbortResults(kAbortedByUser);
             m_slices.Close(SliceResult::Aborted);
         }
     });
 }
 
-void VB6ProjectReview::GiveUp(std::string_view line) {
-    m_hasGivenUp = true;
+void VB6ProjectReview::AbortResults(std::string_view line) {
+    m_areResultsAborted = true;
     LogLine(line);
     m_resultsManager->AbortReview();
 }
 
-void VB6ProjectReview::GiveUpUnlessEnded() {
-    if (m_resultsManager && m_slices.IsOpen() && !m_hasGivenUp) {
-        GiveUp(kUnexpectedError);
+void VB6ProjectReview::AbortUnfinishedResults() {
+    if (m_resultsManager && m_slices.IsOpen() && !m_areResultsAborted) {
+        AbortResults(kUnexpectedError);
     }
 }
 
 SliceResult VB6ProjectReview::ReviewTimeSlice(std::int32_t ticks) {
-    if (const auto refused = m_slices.Refuse(kModule)) {
-        return *refused;
+    if (const auto rejected = m_slices.Reject(kModule)) {
+        return *rejected;
     }
     const SliceGuard::Slice running(m_slices);
     auto result = SliceResult::Failed;
     Trap({kModule, "ReviewTimeSlice"}, [&] {
         const SliceResult slice = RunSteps(ticks, [this] { return ProjectReviewStep(); });
         if (slice != SliceResult::Continue && m_resultsManager) {
-            GiveUp(slice == SliceResult::Aborted ? kAbortedByUser : kUnexpectedError);
+            AbortResults(slice == SliceResult::Aborted ? kAbortedByUser : kUnexpectedError);
         }
         result = slice;
     });
@@ -235,36 +233,26 @@ VB6ParserState& VB6ProjectReview::ParserState() {
 }
 
 void VB6ProjectReview::ExecuteEventActions(dorvik::ParserEvent event) {
-    bool isOfARule = false;
+    bool isRuleError = false;
     const auto execute = [&] {
         m_eventActions->Execute(event, m_fileParser != nullptr);
         if (event == dorvik::ParserEvent::EndFile) {
             LogLine(m_sourceFile->Filename() + " successfully reviewed.");
-            LogFileResults();
+            m_fileResults->LogFileResults();
         }
     };
     const bool isDone =
-        Trap({kModule, "ExecuteEventActions"}, execute, [&](const BasicError& /*ofARule*/) {
-            isOfARule = true;
+        Trap({kModule, "ExecuteEventActions"}, execute, [&](const BasicError& /*ofRule*/) {
+            isRuleError = true;
             return false;
         });
-    if (!isDone && !isOfARule) {
-        NoteSkippedRules();
-    }
-}
-
-void VB6ProjectReview::NoteSkippedRules() {
-    if (m_sourceFile && m_skippedRulesAt == 0) {
-        m_skippedRulesAt = std::max(m_sourceFile->PhysicalLine(), 1);
-    } else if (!m_sourceFile && m_project) {
-        m_project->AddUnreviewedFile(
-            {m_project->Filename(), SourceFileStatus::Good, /*IsStored=*/true, kSkippedRules});
+    if (!isDone && !isRuleError) {
+        m_fileResults->NoteSkippedRules();
     }
 }
 
 void VB6ProjectReview::LogLine(std::string_view line) {
-    // A log that takes no more lines costs no results; `modLog::FirstUnwritten` tells of it.
-    Trap({kModule, "LogLine"}, [&] { m_resultsManager->DumpDebugPrint(line, false); });
+    modProjectLog::LogLine(m_resultsManager->Log(), line);
 }
 
 }  // namespace dorvik

@@ -19,8 +19,8 @@ class ITypeLibrarySource;
 class NamingConventionHelper;
 class ResultsManager;
 class ResultsReservations;
+class SourceFileResults;
 class VB6ParserState;
-class VirtualObject;
 class VirtualProject;
 class VirtualSourceFile;
 class VirtualTypeLibrary;
@@ -44,15 +44,15 @@ enum class SourceFileStatus : std::int32_t;
 /// | 25    | ends the source files (event 36)                  | 26                 |
 /// | 26    | ends the project (event 37)                       | 27                 |
 ///
-/// 27 is the complete project, 29 an error, 30 a cancelled review. An error of a reference, a
-/// component, a scan or a file costs only that one.
+/// 27 is the complete project, 29 an error, 30 a cancelled review. After an error in a reference, a
+/// component, a scan or a file the review continues with the next one.
 ///
-/// A project that has not come to its end leaves no results, however its review ends.
+/// If the review ends before the project is complete, for whatever reason, its results are deleted.
 class VB6ProjectReview final : public IProjectReview, private IFileParserEvents {
 public:
-    /// `typeLibraries` may be null: every library is then one that cannot be loaded. `reservations` takes
-    /// over what keeps others out of the results, once they are finished; null where nobody reads on.
-    /// REQUIRES: both outlive this object.
+    /// `typeLibraries` may be null: no library can then be loaded. `reservations` receives the reservation of
+    /// the finished results; null if the results are not read after the review. REQUIRES: both outlive this
+    /// object.
     explicit VB6ProjectReview(
         ITypeLibrarySource* typeLibraries = nullptr, ResultsReservations* reservations = nullptr);
     ~VB6ProjectReview() override;
@@ -101,41 +101,31 @@ private:
     ProjectReviewStatus State_EndProject();
 
     bool OpenProject(std::int32_t projectIndex);
-    /// Takes a library that was loaded in, and logs how the loading of what `name` tells ended.
-    bool TakeTypeLibrary(
+    /// Hands a library to the naming helper if it was loaded, and logs the outcome. `name` is for the log. False
+    /// if the library is not used.
+    bool AddTypeLibrary(
         const std::shared_ptr<VirtualTypeLibrary>& library, bool loaded, const std::string& name);
-    /// Drops the results, behind a last line in the review log.
-    void GiveUp(std::string_view line);
-    /// The same where this object goes in the middle of the review, and nobody has ended that.
-    void GiveUpUnlessEnded();
+    /// Writes a last line to the review log and deletes the results.
+    void AbortResults(std::string_view line);
+    /// The same if this object is destroyed before the review has ended.
+    void AbortUnfinishedResults();
     ProjectReviewStatus FailToConnect(SourceFileStatus status);
-    /// Rules of an event were skipped, not for a fault of a rule but for want of memory and the like.
-    void NoteSkippedRules();
-    void LogLayoutFault();
-    void CloseIncompleteFile();
-    void CloseCompleteFile();
-    void LogFileResults();
-    void MeasureTolerances(VirtualObject& object, bool isProjectFile);
-    /// Tells the project what its results database lost.
-    void TakeResultsLost();
-    void LogVerdict();
     void LogLine(std::string_view line);
-    void ReleaseFromRules();
+    void DisconnectRules();
     VB6ParserState& ParserState();
 
     SliceGuard m_slices;
-    bool m_hasGivenUp = false;
+    bool m_areResultsAborted = false;
     IProjectReviewEvents* m_callback = nullptr;
     std::unique_ptr<IFileParser> m_fileParser;        // null between files
     std::shared_ptr<VirtualSourceFile> m_sourceFile;  // null between files
     std::shared_ptr<VirtualProject> m_project;
     std::unique_ptr<ResultsManager> m_resultsManager;  // null when nothing is left to abort
-    std::unique_ptr<EventActions> m_eventActions;      // lives and goes with the results manager
+    std::unique_ptr<EventActions> m_eventActions;      // null without a results manager
+    std::unique_ptr<SourceFileResults> m_fileResults;  // null without a results manager
     std::int32_t m_reviewedFileCount = 0;
     std::int32_t m_sourceFileIndex = 0;
     std::int32_t m_typeLibIndex = 0;
-    std::int32_t m_skippedRulesAt =
-        0;  // the line of the file where rules were skipped first; 0: nowhere
     ProjectReviewStatus m_state = ProjectReviewStatus::BeginLoadReferences;
     std::shared_ptr<ReviewCriteria> m_criteria;
     std::shared_ptr<Rulebase> m_rulebase;

@@ -1,8 +1,8 @@
-// The project's part of the review: opening, type libraries, global names, references, closing.
+// The states of the project itself: opening, type libraries, global names, references, closing.
 #include "ResultsReservations.h"
+#include "SourceFileResults.h"
 #include "VB6ProjectReview.h"
 #include "base/BasicError.h"
-#include "base/DateTime.h"
 #include "base/modText.h"
 #include "base/modTextCase.h"
 #include "criteria/ProgressInfo.h"
@@ -15,6 +15,8 @@
 #include "enforcement/VirtualTypeLibrary.h"
 #include "foundation/log/Trap.h"
 #include "foundation/text/modUtilFunctions.h"
+#include "modProjectLog.h"
+#include "modProjectResults.h"
 #include "modProjectScope.h"
 #include "parser/ScopeName.h"
 #include "parser/VB6ParserState.h"
@@ -38,8 +40,8 @@ constexpr std::int32_t kActionExtractingNames = 4;
 constexpr std::int32_t kActionLoadingReferences = 5;
 constexpr std::int32_t kActionLoadingComponents = 7;
 
-/// What a list holds at that place. Those of an open project are filled by others, who may have put
-/// nothing there.
+/// The object at that index of a list. The lists of an open project are filled by the caller of the review, and
+/// may contain null.
 template <typename Object>
 std::shared_ptr<Object> ObjectAt(const ObjectKeyedArrayList<Object>& list, std::int32_t index) {
     std::shared_ptr<Object> object = list.Item(index);
@@ -47,11 +49,6 @@ std::shared_ptr<Object> ObjectAt(const ObjectKeyedArrayList<Object>& list, std::
         RaiseRuntimeError(runtimeerror::kObjectNotSet);
     }
     return object;
-}
-
-std::string DateAndTime() {
-    const DateTime now = modHost::Now();
-    return modDateText::LongDate(now) + " " + modDateText::LongTime(now);
 }
 
 }  // namespace
@@ -79,6 +76,7 @@ bool VB6ProjectReview::OpenProject(std::int32_t projectIndex) {
     m_resultsManager->SetProject(m_project.get());
     m_eventActions =
         std::make_unique<EventActions>(*m_criteria, *m_rulebase, *m_ruleEngine, *m_resultsManager);
+    m_fileResults = std::make_unique<SourceFileResults>(*m_project, *m_criteria, *m_resultsManager);
     if (m_criteria->ReviewType() == ReviewType_Batch) {
         const ProjectLoadStatus status = m_project->LoadProject(filename);
         if (status != ProjectLoadStatus::Good) {
@@ -94,8 +92,7 @@ bool VB6ProjectReview::OpenProject(std::int32_t projectIndex) {
         m_project->SetReviewStatus(1);
         return false;
     }
-    LogLine("Project: " + filename);
-    LogLine("Review start date: " + DateAndTime());
+    modProjectLog::LogBegin(m_resultsManager->Log(), filename);
     m_ruleEngine->SetResultsManager(m_resultsManager.get());
     const auto& files = m_project->SourceFiles();
     m_progress->LoadProject(m_project->Name(), filename, files.Count());
@@ -105,7 +102,6 @@ bool VB6ProjectReview::OpenProject(std::int32_t projectIndex) {
         m_namingHelper = std::make_unique<NamingConventionHelper>();
         m_namingHelper->SetRulebase(m_rulebase.get());
         m_namingHelper->SetScope(&ParserState(), &m_resultsManager->Log());
-        m_namingHelper->SetProjectName(m_project->Name());
         m_eventActions->SetNamingHelper(*m_namingHelper);
         if (m_typeLibrarySource != nullptr) {
             m_typeLibraries =
@@ -136,7 +132,7 @@ ProjectReviewStatus VB6ProjectReview::State_LoadTypeLib_Reference() {
             const auto reference = ObjectAt(m_project->References(), m_typeLibIndex);
             const auto library = std::make_shared<VirtualTypeLibrary>(m_typeLibraries.get());
             const bool loaded = library->LoadVirtualReferenceTypeLib(*reference);
-            if (!TakeTypeLibrary(library, loaded, "reference '" + reference->Description + "'")) {
+            if (!AddTypeLibrary(library, loaded, "reference '" + reference->Description + "'")) {
                 m_project->SetReferenceErrors(m_project->ReferenceErrors() + 1);
             }
         }
@@ -144,11 +140,11 @@ ProjectReviewStatus VB6ProjectReview::State_LoadTypeLib_Reference() {
     });
 }
 
-bool VB6ProjectReview::TakeTypeLibrary(
+bool VB6ProjectReview::AddTypeLibrary(
     const std::shared_ptr<VirtualTypeLibrary>& library, bool loaded, const std::string& name) {
-    const bool taken = loaded && m_namingHelper->AddTypeLibrary(library->Name(), library);
-    LogLine((taken ? "Successfully loaded " : "Failed to load ") + name);
-    return taken;
+    const bool isAdded = loaded && m_namingHelper->AddTypeLibrary(library->Name(), library);
+    LogLine((isAdded ? "Successfully loaded " : "Failed to load ") + name);
+    return isAdded;
 }
 
 ProjectReviewStatus VB6ProjectReview::State_BeginLoadComponents() {
@@ -170,7 +166,7 @@ ProjectReviewStatus VB6ProjectReview::State_LoadTypeLib_Component() {
             const auto component = ObjectAt(m_project->Components(), m_typeLibIndex);
             const auto library = std::make_shared<VirtualTypeLibrary>(m_typeLibraries.get());
             const bool loaded = library->LoadVirtualComponentTypeLib(*component);
-            if (!TakeTypeLibrary(library, loaded, "component '" + component->Filename + "'")) {
+            if (!AddTypeLibrary(library, loaded, "component '" + component->Filename + "'")) {
                 m_project->SetComponentErrors(m_project->ComponentErrors() + 1);
             }
         }
@@ -238,7 +234,8 @@ ProjectReviewStatus VB6ProjectReview::State_Reference() {
 ProjectReviewStatus VB6ProjectReview::State_EndProject() {
     return Trapped({kModule, "State_EndProject"}, ProjectReviewStatus::IsError, [&] {
         if (const auto projectFile = ParserState().GetVirtualObject(scopename::kProjectFile)) {
-            MeasureTolerances(*projectFile, /*isProjectFile=*/true);
+            modProjectResults::MeasureTolerances(
+                *m_resultsManager, *m_criteria, *projectFile, /*isProjectFile=*/true);
         }
         if (m_project->ComponentErrors() > 0 || m_project->FileErrors() > 0 ||
             m_project->ReferenceErrors() > 0 || m_project->ScanErrors() > 0) {
@@ -246,22 +243,21 @@ ProjectReviewStatus VB6ProjectReview::State_EndProject() {
         }
         FireProjectEvent(dorvik::ParserEvent::EndProject);
         modProjectScope::DetachProject(ParserState());
-        TakeResultsLost();
-        LogLine("Review end date: " + DateAndTime());
-        LogLine("Review complete.");
-        LogVerdict();
-        // The end of a large project takes its time, before this and behind it.
+        modProjectResults::RecordLosses(*m_project, *m_resultsManager);
+        modProjectLog::LogEnd(m_resultsManager->Log(), *m_project);
+        // At the end of a large project the work before this line takes long, and so does the work after it.
         modHost::YieldToInput();
         m_resultsManager->EndReview(m_ruleEngine->RuleExecutionCount());
-        TakeResultsLost();  // the end itself may be
+        modProjectResults::RecordLosses(*m_project, *m_resultsManager);  // those of the end itself
         if (m_criteria->ReportOption() > 0) {
             m_reports->CreateProjectReport(*m_project, *m_criteria, *m_progress);
         }
-        ReleaseFromRules();
+        DisconnectRules();
         if (m_reservations != nullptr) {
             m_reservations->Keep(m_resultsManager->Reservation());
         }
         m_resultsManager->SetProject(nullptr);
+        m_fileResults.reset();
         m_eventActions.reset();
         m_resultsManager.reset();
         m_project.reset();
@@ -269,39 +265,11 @@ ProjectReviewStatus VB6ProjectReview::State_EndProject() {
     });
 }
 
-void VB6ProjectReview::TakeResultsLost() {
-    const StoreFailures& failures = m_resultsManager->ResultsDB().Failures();
-    if (failures.Count() > 0) {
-        m_project->SetResultsLost({failures.Count(), failures.Reason()});
-        m_project->SetReviewStatus(1);
-    }
-}
-
-void VB6ProjectReview::ReleaseFromRules() {
+void VB6ProjectReview::DisconnectRules() {
     m_ruleEngine->SetResultsManager(nullptr);
     if (m_namingHelper) {
         m_namingHelper->SetScope(nullptr, nullptr);
     }
-}
-
-void VB6ProjectReview::LogVerdict() {
-    if (m_project->ReviewStatus() == 0) {
-        LogLine("Project reviewed successfully.");
-        return;
-    }
-    LogLine("Unexpected error(s) encountered during review.");
-    const auto tell = [this](std::int32_t count, std::string_view text) {
-        if (count > 0) {
-            LogLine(std::to_string(count).append(text));
-        }
-    };
-    tell(m_project->ComponentErrors(), " error(s) loading components.");
-    tell(m_project->ReferenceErrors(), " error(s) loading references.");
-    tell(m_project->ScanErrors(), " error(s) extracting global names.");
-    tell(m_project->FileErrors(), " error(s) reviewing source files.");
-    tell(
-        m_project->ResultsLost().Count,
-        " error(s) storing results: " + m_project->ResultsLost().Reason + ".");
 }
 
 }  // namespace dorvik

@@ -84,7 +84,7 @@ void DetachOpenObjects(VB6ParserState& state) {
     }
 }
 
-std::string DetachLeftObjects(VB6ParserState& state) {
+std::string DetachRemainingObjects(VB6ParserState& state) {
     std::string names;
     for (const std::string_view name : kObjectsOfAFile) {
         if (state.FindVirtualObject(name) != nullptr) {

@@ -7,9 +7,9 @@
 
 #include <string>
 
-/// The virtual objects that stand in scope from outside the file parser: project, project file,
-/// references and files. Whoever walks a project attaches them through these functions, so that a
-/// review and a bare event stream show the same objects.
+/// The virtual objects in scope that are not attached by the file parser: project, project file, references and
+/// files. A review and a traversal without rules both attach them through these functions, so that both have the
+/// same objects.
 namespace dorvik::modProjectScope {
 
 /// Attaches "Project" with its member counts and "VBP" with the names of the project file.
@@ -23,12 +23,13 @@ void DetachReference(VB6ParserState& state);
 /// Attaches "File" with its member counts at zero.
 void AttachFile(VB6ParserState& state, VirtualSourceFile& file);
 
-/// Detaches whatever a file that ended too early may have left attached. Each that is not is logged.
+/// Detaches all objects that a file which ended too early may have left attached. Those that are not attached are
+/// logged.
 void DetachOpenObjects(VB6ParserState& state);
 
-/// Detaches of the same objects those that a file left attached although it was read to its end: the rest
-/// of a layout that ended too early, or a block without its end. They would stand in the way of the next
-/// file. Returns their names, separated by ", "; empty if there were none.
-std::string DetachLeftObjects(VB6ParserState& state);
+/// Detaches those of the same objects that are still attached after a file was read to its end, because its layout
+/// ended too early or a block has no end. Otherwise the next file could not attach its own. Returns their names,
+/// separated by ", "; empty if there were none.
+std::string DetachRemainingObjects(VB6ParserState& state);
 
 }  // namespace dorvik::modProjectScope

@@ -112,7 +112,7 @@ TEST_F(ReviewTrouble, AnotherProjectIsReviewedAllTheSame) {
     EXPECT_THAT(result.Output, AllOf(HasSubstr("B.vbp"), HasSubstr("passed")));
 }
 
-TEST_F(ReviewTrouble, AnInstructionLimitStopsAScriptAndTheSummaryNamesTheRuleSwitchedOff) {
+TEST_F(ReviewTrouble, AnInstructionLimitStopsAScriptAndTheSummaryNamesTheDisabledRule) {
     WriteRulebase("Slow.dvk", kEndless);
     WriteProcedures(4);
     const ProgramResult result = Run(

@@ -1,6 +1,6 @@
 #include "criteria/ReviewCriteria.h"
 #include "review/IProjectEventListener.h"
-#include "review/ProjectEventWalk.h"
+#include "review/ProjectTraversal.h"
 #include "settings/DVKWorkData.h"
 #include "support/CapturedLog.h"
 #include "support/TemporaryFolder.h"
@@ -72,7 +72,7 @@ int Walk(const std::string& projectFile, std::size_t position) {
         return -1;
     }
     OrderlyListener listener;
-    EXPECT_TRUE(ProjectEventWalk(project, ReviewCriteria(DVKWorkData()), listener).Run())
+    EXPECT_TRUE(ProjectTraversal(project, ReviewCriteria(DVKWorkData()), listener).Run())
         << "does not end, cut at " << position;
     EXPECT_TRUE(listener.IsComplete()) << "cut at " << position;
     return listener.Events();

@@ -216,13 +216,13 @@ TEST_F(NamingTagsTest, APropertyItemWithoutAPointAsksForAnObjectOfThatNameAndSta
 TEST_F(NamingTagsTest, TestPattern_TellsAMalformedPatternFromOneThatTakesTooLong) {
     m_results.ParserState().SetCurrentRuleID("5003");
     EXPECT_EQ(m_helper.TestPattern("x", "(", true, nullptr), NamingResult::TestFailed);
-    EXPECT_FALSE(m_helper.WasGivenUp());
+    EXPECT_FALSE(m_helper.WasStopped());
     const std::string words = "abcdefghijklmnopqrstuvwxyz abcdefghijklmnopqrstuvwxyz";
     EXPECT_EQ(
         m_helper.TestPattern(words, "^(\\w+\\s?)+[!?]$", true, nullptr), NamingResult::TestFailed);
-    EXPECT_TRUE(m_helper.WasGivenUp());
+    EXPECT_TRUE(m_helper.WasStopped());
     EXPECT_EQ(m_helper.TestPattern("x", "x", true, nullptr), NamingResult::Success);
-    EXPECT_FALSE(m_helper.WasGivenUp());
+    EXPECT_FALSE(m_helper.WasStopped());
     ASSERT_EQ(m_log.Entries().size(), 2U);
     EXPECT_THAT(m_log.Entries()[0], HasSubstr("5020 - Expected ')'"));
     EXPECT_THAT(m_log.Entries()[0], HasSubstr(" in rule 5003#C_NCHelper::TestPattern"));

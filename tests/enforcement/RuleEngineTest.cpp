@@ -46,7 +46,7 @@ protected:
 
 const std::string kRaise = "Sub Main\r\nDorvik.RaiseViolation\r\nEnd Sub\r\n";
 
-TEST_F(RuleEngineTest, AHandlerThatIsMissingIsLoggedForEachRuleAndAsksForNothing) {
+TEST_F(RuleEngineTest, AMissingHandlerIsLoggedForEachRuleAndTheResultIsNothing) {
     RuleEngine engine;
     EXPECT_EQ(engine.ExecuteRuleCondition(5000), ScriptResult::Nothing);
     EXPECT_EQ(engine.ExecuteRuleCondition(5001), ScriptResult::Nothing);
@@ -68,7 +68,7 @@ TEST_F(RuleEngineTest, AModuleThatDoesNotLoadIsLoggedWithItsFileAndItsError) {
     EXPECT_THAT(engine.LoadError(), HasSubstr("[rule 5000 (No GoTo), line 2]"));
 }
 
-TEST_F(RuleEngineTest, AScriptWithoutSubMainIsToldWithItsRule) {
+TEST_F(RuleEngineTest, AScriptWithoutSubMainIsReportedWithItsRule) {
     RuleEngine engine;
     EXPECT_FALSE(Load(engine, {kRaise, "Sub Other\r\nEnd Sub\r\n"}));
     EXPECT_THAT(engine.LoadError(), HasSubstr("'Method_5001'"));
@@ -77,7 +77,7 @@ TEST_F(RuleEngineTest, AScriptWithoutSubMainIsToldWithItsRule) {
 
 TEST_F(RuleEngineTest, AnExtensionThatCannotBeAddedIsLogged) {
     RuleEngine ruleEngine;
-    class Nobody final : public IDVKSaxEvents {
+    class NoEvents final : public IDVKSaxEvents {
         void ApplyConvention() override {}
         void CancelPendingViolation() override {}
         void RaiseViolation() override {}
@@ -94,8 +94,8 @@ TEST_F(RuleEngineTest, AnExtensionThatCannotBeAddedIsLogged) {
         bool ObjectHasWorkfield(std::string_view, std::string_view) override { return false; }
         void SetObjectWorkField(std::string_view, std::string_view, const basic::Value&) override {}
     };
-    Nobody nobody;
-    DVKSaxInterface dorvik(nobody);
+    NoEvents noEvents;
+    DVKSaxInterface dorvik(noEvents);
     basic::IScriptHost host;
     basic::ScriptEngine engine(host);
     RuleEngine::AddExtension(engine, dorvik);
@@ -107,7 +107,7 @@ TEST_F(RuleEngineTest, AnExtensionThatCannotBeAddedIsLogged) {
                     "to Sax Basic.#C_RuleEngine::Class_Initialize"));
 }
 
-TEST_F(RuleEngineTest, ARuleNumberWithoutAScriptAsksForNothing) {
+TEST_F(RuleEngineTest, TheResultOfARuleWithoutAScriptIsNothing) {
     RuleEngine engine;
     ASSERT_TRUE(Load(engine, {kRaise}));
     EXPECT_EQ(engine.ExecuteRuleCondition(5000), ScriptResult::RaiseViolation);
@@ -115,7 +115,7 @@ TEST_F(RuleEngineTest, ARuleNumberWithoutAScriptAsksForNothing) {
     EXPECT_EQ(engine.RuleExecutionCount(), 2);
 }
 
-TEST_F(RuleEngineTest, TheModuleGoesWithTheEngine) {
+TEST_F(RuleEngineTest, TheModuleIsDeletedWithTheEngine) {
     {
         RuleEngine engine;
         ASSERT_TRUE(Load(engine, {kRaise}));
@@ -125,7 +125,7 @@ TEST_F(RuleEngineTest, TheModuleGoesWithTheEngine) {
     EXPECT_FALSE(modFiles::FolderExists(m_module.substr(0, m_module.rfind('\\'))));
 }
 
-TEST_F(RuleEngineTest, ASecondModuleTakesThePlaceOfTheFirstAlsoOnDisk) {
+TEST_F(RuleEngineTest, ASecondModuleReplacesTheFirstAlsoOnDisk) {
     RuleEngine engine;
     ASSERT_TRUE(Load(engine, {kRaise}));
     const std::string first = m_module;
@@ -145,40 +145,30 @@ TEST_F(RuleEngineTest, WithoutAModuleTheTemporaryFolderIsNamed) {
         engine.LoadError(), HasSubstr("their module cannot be written to the temporary folder '"));
 }
 
-TEST_F(RuleEngineTest, APatternThatIsGivenUpThreeTimesSwitchesItsRuleOff) {
+TEST_F(RuleEngineTest, APatternThatIsStoppedThreeTimesDisablesItsRule) {
     RuleEngine engine;
     UnauthorisedKeyword keyword;
     keyword.SetRuleID(5007);
     keyword.SetTitle("Odd");
-    for (int stop = 1; stop <= RuleEngine::kStopsUntilSwitchedOff; ++stop) {
-        EXPECT_FALSE(engine.IsSwitchedOff(5007));
+    for (int stop = 1; stop <= RuleFailures::kStopsUntilDisabled; ++stop) {
+        EXPECT_FALSE(engine.Failures().IsDisabled(5007));
         engine.CountPatternStop(keyword);
     }
-    EXPECT_TRUE(engine.IsSwitchedOff(5007));
-    EXPECT_FALSE(engine.IsSwitchedOff(5008));
-    ASSERT_EQ(engine.SwitchedOffRules().size(), 1U);
-    EXPECT_EQ(engine.SwitchedOffRules()[0].Name, "rule 5007 (Odd)");
-    EXPECT_EQ(engine.SwitchedOffRules()[0].What, "pattern");
+    EXPECT_TRUE(engine.Failures().IsDisabled(5007));
+    EXPECT_FALSE(engine.Failures().IsDisabled(5008));
+    ASSERT_EQ(engine.Failures().DisabledRules().size(), 1U);
+    EXPECT_EQ(engine.Failures().DisabledRules()[0].RuleName, "rule 5007 (Odd)");
+    EXPECT_EQ(engine.Failures().DisabledRules()[0].What, "pattern");
 }
 
-TEST_F(RuleEngineTest, AnErrorThatSpeaksOfALimitDoesNotSwitchItsRuleOff) {
+TEST_F(RuleEngineTest, AnErrorThatMentionsALimitDoesNotDisableItsRule) {
     RuleEngine engine;
     ASSERT_TRUE(Load(engine, {"Sub Main\r\nErr.Raise 7, , \"no limit set\"\r\nEnd Sub\r\n"}));
-    for (int run = 0; run <= RuleEngine::kStopsUntilSwitchedOff; ++run) {
+    for (int run = 0; run <= RuleFailures::kStopsUntilDisabled; ++run) {
         engine.ExecuteRuleCondition(5000);
     }
-    EXPECT_FALSE(engine.IsSwitchedOff(5000));
-    EXPECT_THAT(engine.SwitchedOffRules(), IsEmpty());
-}
-
-TEST_F(RuleEngineTest, AFourthStopTellsNothingNew) {
-    RuleEngine engine;
-    UnauthorisedKeyword keyword;
-    keyword.SetRuleID(5007);
-    for (int stop = 0; stop <= RuleEngine::kStopsUntilSwitchedOff; ++stop) {
-        engine.CountPatternStop(keyword);
-    }
-    EXPECT_EQ(engine.SwitchedOffRules().size(), 1U);
+    EXPECT_FALSE(engine.Failures().IsDisabled(5000));
+    EXPECT_THAT(engine.Failures().DisabledRules(), IsEmpty());
 }
 
 }  // namespace

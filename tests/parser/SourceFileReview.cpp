@@ -44,14 +44,14 @@ SourceFileReview::SourceFileReview(
 }
 
 TickResult SourceFileReview::Tick() {
-    TickResult result = TickResult::GoesOn;
+    TickResult result = TickResult::Continue;
     m_parser.ReviewTick(m_characters, result);
     return result;
 }
 
 TickResult SourceFileReview::Run() {
-    TickResult result = TickResult::GoesOn;
-    while (result == TickResult::GoesOn) {
+    TickResult result = TickResult::Continue;
+    while (result == TickResult::Continue) {
         result = Tick();
     }
     return result;

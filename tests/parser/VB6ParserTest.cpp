@@ -112,7 +112,7 @@ TEST(VB6Parser, CommentLineWithColonsIsOneStatementAndNoLabel) {
 TEST(VB6Parser, LastStatementOfAMultiStatementLineIsLeftEmptyUntilTheNextLine) {
     SourceFileReview review(FileType::Module, "Dim x: Dim y\n");
     review.Tick();
-    EXPECT_EQ(review.Tick(), TickResult::GoesOn);
+    EXPECT_EQ(review.Tick(), TickResult::Continue);
     EXPECT_EQ(review.State().SourceStatement(), "");
 }
 
@@ -255,7 +255,7 @@ TEST(VB6Parser, ErrorInTheTickItselfIsLoggedAndFailsTheTick) {
 TEST(VB6Parser, ParserThatWasNeverInitialisedFailsItsTick) {
     VB6Parser parser;
     std::int32_t characters = -1;
-    TickResult result = TickResult::GoesOn;
+    TickResult result = TickResult::Continue;
     parser.ReviewTick(characters, result);
     EXPECT_EQ(result, TickResult::Failed);
     EXPECT_EQ(characters, 0);

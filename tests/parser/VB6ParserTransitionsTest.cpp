@@ -31,8 +31,8 @@ TEST_P(VB6ParserTransitions, TickGoesFromStateToStateWithItsEvents) {
     SourceFileReview review(row.Type, row.Text);
     std::string seen;
     bool isFound = false;
-    TickResult result = TickResult::GoesOn;
-    while (result == TickResult::GoesOn) {
+    TickResult result = TickResult::Continue;
+    while (result == TickResult::Continue) {
         const State from = review.Parser().CurrentState();
         review.Events().Clear();
         result = review.Tick();

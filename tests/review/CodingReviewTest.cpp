@@ -220,12 +220,12 @@ TEST(CodingReview, TheRuleCountOfTheResultsCountsEachRunOfAScript) {
     EXPECT_THAT(review.Query("SELECT RuleExecutions FROM Review"), ElementsAre("2"));
 }
 
-TEST(CodingReview, AScriptThatIsStoppedThreeTimesSwitchesItsRuleOff) {
+TEST(CodingReview, AScriptThatIsStoppedThreeTimesDisablesItsRule) {
     RulesInReview review;
     basic::ScriptLimits limits;
     limits.Instructions = 10'000;
     review.Review().SetScriptLimits(limits);
-    // Pending: once switched off it can never cancel, so it must not raise either.
+    // Pending: once disabled it can never cancel, so it must not raise either.
     review.AddCoding("Endless", {28}, Script("Do\r\nLoop"), 34);
     review.AddCoding("Fine", {28}, kRaise);
     std::string procedures = "modA=";
@@ -239,13 +239,12 @@ TEST(CodingReview, AScriptThatIsStoppedThreeTimesSwitchesItsRuleOff) {
     EXPECT_EQ(review.Query("SELECT LocMember FROM Violations WHERE RuleID = 5001").size(), 5U);
     EXPECT_THAT(
         review.Log(),
-        Contains(
-            HasSubstr("Switched off for the rest of the review, because its script was stopped "
-                      "3 times: rule 5000 (Endless)")));
+        Contains(HasSubstr("Disabled for the rest of the review, because its script was stopped "
+                           "3 times: rule 5000 (Endless)")));
     EXPECT_THAT(review.Query("SELECT RuleExecutions FROM Review"), ElementsAre("8"));
 }
 
-TEST(CodingReview, ARuleWithoutAScriptAsksForNothing) {
+TEST(CodingReview, ARuleWithoutAScriptRaisesNothing) {
     RulesInReview review;
     review.AddCoding("Empty", {28}, "");
     review.Run({"modA=Sub A()\nEnd Sub\n"});

@@ -152,7 +152,7 @@ TEST(EventActions, APatternThatTakesTooLongIsAnErrorOfItsRuleAndNoMatch) {
         run,
         ModuleWith("modA", longLine + longLine + longLine + longLine + "Stop\n"),
         {Rule("Endless", "^(\\w+\\s?)+[!?]$"), Rule("Behind", "^Stop|^Call")});
-    // Each stop ends the list, as any error does; the third one switches the rule off.
+    // Each stop ends the list, as any error does; the third one disables the rule.
     EXPECT_THAT(run.Query("P", "SELECT Title FROM Violations"), ElementsAre("Behind", "Behind"));
     EXPECT_THAT(run.Query("P", "SELECT LineNum FROM Violations"), ElementsAre("6", "7"));
     EXPECT_THAT(
@@ -162,7 +162,7 @@ TEST(EventActions, APatternThatTakesTooLongIsAnErrorOfItsRuleAndNoMatch) {
             HasSubstr("in rule 5000 (Endless)#C_VB6ProjectReview::ExecuteEventActions"))));
     EXPECT_THAT(
         run.Log("P"),
-        Contains("[Event:Procedure <body>][Rule:5000] Switched off for the rest of the review, "
+        Contains("[Event:Procedure <body>][Rule:5000] Disabled for the rest of the review, "
                  "because its pattern was stopped 3 times: rule 5000 (Endless)"));
 }
 

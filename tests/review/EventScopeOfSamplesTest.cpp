@@ -2,7 +2,7 @@
 #include "parser/ScopeName.h"
 #include "parser/VB6ParserState.h"
 #include "review/IProjectEventListener.h"
-#include "review/ProjectEventWalk.h"
+#include "review/ProjectTraversal.h"
 #include "rulebase/catalogue/modEventScope.h"
 #include "settings/DVKWorkData.h"
 #include "support/FilesystemPaths.h"
@@ -59,7 +59,7 @@ TEST(EventScopeOfSamples, WhatIsPromisedIsThere) {
         const std::filesystem::path file =
             std::filesystem::path(DORVIK_SAMPLES_FOLDER) / name / (std::string(name) + ".vbp");
         ASSERT_EQ(project.LoadProject(test::ProgramPath(file)), ProjectLoadStatus::Good);
-        EXPECT_TRUE(ProjectEventWalk(project, ReviewCriteria(DVKWorkData()), listener).Run());
+        EXPECT_TRUE(ProjectTraversal(project, ReviewCriteria(DVKWorkData()), listener).Run());
     }
     EXPECT_EQ(listener.FailedFiles, 0);
     EXPECT_EQ(listener.Seen.size(), 37U);

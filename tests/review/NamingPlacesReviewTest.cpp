@@ -191,7 +191,7 @@ TEST(NamingPlaces, AMalformedPatternIsLoggedWithItsRule) {
                            "5000#C_NCHelper::TestPattern")));
 }
 
-TEST(NamingPlaces, APatternThatTakesTooLongIsAnErrorOfItsRuleAndSwitchesItOff) {
+TEST(NamingPlaces, APatternThatTakesTooLongIsAnErrorOfItsRuleAndDisablesIt) {
     RulesInReview review;
     NamingConvention& rule = review.AddNaming("Endless", ObjectType::Variable);
     rule.SetBodyActive(true);
@@ -213,7 +213,7 @@ TEST(NamingPlaces, APatternThatTakesTooLongIsAnErrorOfItsRuleAndSwitchesItOff) {
         3);
     EXPECT_THAT(
         log,
-        Contains("[Event:Variable][Rule:5000] Switched off for the rest of the review, because its "
+        Contains("[Event:Variable][Rule:5000] Disabled for the rest of the review, because its "
                  "pattern was stopped 3 times: rule 5000 (Endless)"));
 }
 

@@ -103,7 +103,7 @@ TEST_F(TagTest, TagsBeyondTheMostStayAsTheyStandWhichTheLogTells) {
         EXPECT_EQ(Expand(text(tags)), text(tags).substr(text(modTextTags::kMostTags).size()));
         EXPECT_EQ(m_log.Lines().size(), modTextTags::kMostTags + 1);
         EXPECT_TRUE(
-            m_log.Contains("More than 100 different tags; %Nobody.N100% and any behind it"));
+            m_log.Contains("More than 100 different tags; %Nobody.N100% and any after it"));
     }
 }
 
@@ -115,7 +115,7 @@ TEST_F(TagTest, ATagThatMakesTheTextTooLargeStaysAndTheOthersAreFilledIn) {
     EXPECT_EQ(
         Expand("%Procedure.Large%, %Procedure.Large%, %Procedure.Name%"),
         "%Procedure.Large%, %Procedure.Large%, Work");
-    EXPECT_TRUE(m_log.Contains("The text gets too large; %Procedure.Large% stays as it stands."));
+    EXPECT_TRUE(m_log.Contains("The text gets too large; %Procedure.Large% is left unchanged."));
 }
 
 TEST_F(TagTest, DebugPrintWithPrefixNamesEventAndRule) {

@@ -105,7 +105,7 @@ TEST_F(ReviewManagerTest, InitialiseReview_WithoutCriteriaLeavesTheManagerUnusab
     EXPECT_TRUE(m_script.Calls.empty());
     EXPECT_THAT(
         ErrorLog(),
-        HasSubstr("A time slice was refused: the review has not begun.#C_ReviewManager::"
+        HasSubstr("A time slice was rejected: the review has not begun.#C_ReviewManager::"
                   "ReviewTimeSlice"));
 }
 
@@ -132,7 +132,7 @@ TEST_F(ReviewManagerTest, ReviewTimeSlice_BehindTheEndGivesTheResultOfTheEndAndD
         EXPECT_TRUE(m_script.Calls.empty());
         EXPECT_THAT(
             ErrorLog(),
-            HasSubstr("A time slice was refused: the review has ended.#C_ReviewManager::"
+            HasSubstr("A time slice was rejected: the review has ended.#C_ReviewManager::"
                       "ReviewTimeSlice"));
         modFiles::DeleteFile(m_run.Folder().Path("user\\Error.log"));
     }
@@ -161,7 +161,7 @@ TEST_F(ReviewManagerTest, ReviewTimeSlice_InsideItselfRunsNothingAndTheReviewGoe
         ElementsAre("Hookup", "Initialise", "Load 1", "Slice 1", "Unhook", "Dispose"));
     EXPECT_THAT(
         ErrorLog(),
-        HasSubstr("A time slice was refused: another one is running.#C_ReviewManager::"
+        HasSubstr("A time slice was rejected: another one is running.#C_ReviewManager::"
                   "ReviewTimeSlice"));
 }
 

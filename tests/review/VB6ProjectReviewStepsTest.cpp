@@ -65,7 +65,7 @@ TEST_F(ProjectSteps, ASliceBeforeAProjectIsLoadedFails) {
     EXPECT_EQ(review.ReviewTimeSlice(1), SliceResult::Failed);
     EXPECT_THAT(
         ErrorLog(),
-        HasSubstr("A time slice was refused: the review has not begun.#C_VB6ProjectReview::"
+        HasSubstr("A time slice was rejected: the review has not begun.#C_VB6ProjectReview::"
                   "ReviewTimeSlice"));
     EXPECT_EQ(review.LoadProject(1), 1) << "nobody has said of what";
     EXPECT_EQ(review.ReviewTimeSlice(1), SliceResult::Failed);
@@ -78,7 +78,7 @@ TEST_F(ProjectSteps, ASliceBehindTheEndGivesTheResultOfTheEnd) {
     EXPECT_EQ(review.Review().ReviewTimeSlice(kWholeReview), SliceResult::Complete);
     EXPECT_THAT(
         ErrorLog(),
-        HasSubstr("A time slice was refused: the review has ended.#C_VB6ProjectReview::"
+        HasSubstr("A time slice was rejected: the review has ended.#C_VB6ProjectReview::"
                   "ReviewTimeSlice"));
     review.Review().AbortReview();
     EXPECT_TRUE(m_run.HasResults("P")) << "there is nothing left to abort";

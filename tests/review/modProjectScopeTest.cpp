@@ -107,9 +107,9 @@ TEST_F(ProjectScopeTest, WhatACompleteFileLeftIsDetachedAndNamed) {
          {"Project", "VBP", "File", "Declarations", "Control", "Procedure"}) {
         m_state.Attach(std::make_shared<VirtualObject>(), name);
     }
-    EXPECT_EQ(modProjectScope::DetachLeftObjects(m_state), "Control, Procedure");
+    EXPECT_EQ(modProjectScope::DetachRemainingObjects(m_state), "Control, Procedure");
     EXPECT_THAT(m_state.ScopeNames(), ElementsAre("Project", "VBP", "File", "Declarations"));
-    EXPECT_EQ(modProjectScope::DetachLeftObjects(m_state), "");
+    EXPECT_EQ(modProjectScope::DetachRemainingObjects(m_state), "");
     EXPECT_THAT(log.Lines(), IsEmpty());
 }
 

@@ -9,7 +9,7 @@
 #include "foundation/log/LogFile.h"
 #include "foundation/log/modLog.h"
 #include "platform/host/modHostPath.h"
-#include "review/ProjectEventWalk.h"
+#include "review/ProjectTraversal.h"
 #include "source/modDorvikUtils.h"
 
 namespace dorvik {
@@ -37,7 +37,7 @@ ExitCode RunEvents(const EventsOptions& options) {
     EventStreamWriter writer(interrupt);
     ReviewCriteria criteria;
     criteria.SetKeepsKnownFaults(options.KeepKnownFaults);
-    if (!ProjectEventWalk(project, criteria, writer).Run()) {
+    if (!ProjectTraversal(project, criteria, writer).Run()) {
         return ExitCode::Interrupted;
     }
     return writer.IsComplete() ? ExitCode::Passed : ExitCode::Incomplete;

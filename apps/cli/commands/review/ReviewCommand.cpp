@@ -109,32 +109,37 @@ WithoutNameClashes(FoundProjects& found, const std::string& resultsFolder) {
     return kept;
 }
 
+std::string Times(std::int64_t count) {
+    return std::to_string(count) + (count == 1 ? " time" : " times");
+}
+
 /// Reports the rules that were stopped or disabled during the review. False if there were any.
-bool ReportStoppedRules(const RuleEngine& ruleEngine) {
-    for (const RuleEngine::SwitchedOffRule& rule : ruleEngine.SwitchedOffRules()) {
+bool ReportStoppedRules(const RuleFailures& failures) {
+    for (const RuleFailures::RulePart& rule : failures.DisabledRules()) {
         modConsole::PrintError(
-            rule.Name + " was disabled, because its " + std::string(rule.What) +
-            " exceeded a limit " + std::to_string(RuleEngine::kStopsUntilSwitchedOff) +
-            " times; see the review log");
+            rule.RuleName + " was disabled, because its " + std::string(rule.What) +
+            " exceeded a limit " + Times(RuleFailures::kStopsUntilDisabled) +
+            "; see the review log");
     }
-    for (const RuleEngine::StoppedRule& stopped : ruleEngine.StoppedRules()) {
+    const auto stoppedRules = failures.StoppedRules();
+    for (const RuleFailures::CountedPart& stopped : stoppedRules) {
         modConsole::PrintError(
-            stopped.Rule.Name + " is incomplete, because its " + std::string(stopped.Rule.What) +
-            " exceeded a limit " + std::to_string(stopped.Count) +
-            (stopped.Count == 1 ? " time" : " times") + "; see the review log");
+            stopped.Part.RuleName + " is incomplete, because its " +
+            std::string(stopped.Part.What) + " exceeded a limit " + Times(stopped.Count) +
+            "; see the review log");
     }
-    return ruleEngine.SwitchedOffRules().empty() && ruleEngine.StoppedRules().empty();
+    return failures.DisabledRules().empty() && stoppedRules.empty();
 }
 
 /// Reports the rules whose script or pattern failed. False if there were any.
-bool ReportFailedRules(const RuleEngine& ruleEngine) {
-    for (const auto& [number, rule] : ruleEngine.FailedRules()) {
+bool ReportFailedRules(const RuleFailures& failures) {
+    const auto failedRules = failures.FailedRules();
+    for (const RuleFailures::CountedPart& failed : failedRules) {
         modConsole::PrintError(
-            rule.Name + " is incomplete, because its " + std::string(rule.What) + " failed " +
-            std::to_string(rule.Count) + (rule.Count == 1 ? " time" : " times") +
-            "; see the review log");
+            failed.Part.RuleName + " is incomplete, because its " + std::string(failed.Part.What) +
+            " failed " + Times(failed.Count) + "; see the review log");
     }
-    return ruleEngine.FailedRules().empty();
+    return failedRules.empty();
 }
 
 /// Reports that lines are missing from the log.
@@ -348,8 +353,8 @@ ExitCode RunReview(const ReviewOptions& options) {
     if (options.RuleTimes) {
         modRuleTimes::Print(manager.RuleEngine());
     }
-    const bool rulesHeld = ReportStoppedRules(manager.RuleEngine());
-    const bool rulesWorked = ReportFailedRules(manager.RuleEngine()) && rulesHeld;
+    const bool rulesHeld = ReportStoppedRules(manager.RuleEngine().Failures());
+    const bool rulesWorked = ReportFailedRules(manager.RuleEngine().Failures()) && rulesHeld;
     ReportUnwrittenLog();
     if (const TypeCatalogue* const catalogue = typeLibraries.LoadedCatalogue()) {
         modTypeLibrarySettings::ReportFaults(*catalogue);

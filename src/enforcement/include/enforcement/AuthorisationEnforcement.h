@@ -22,20 +22,20 @@ public:
         const Rulebase& rulebase, const VB6ParserState& state, ViolationLog& violations)
         : m_rulebase(rulebase), m_state(state), m_violations(violations) {}
 
-    /// What the lists say of a reference.
+    /// The result of looking a reference or component up in the lists.
     struct Verdict {
         bool Found = false;
         bool Authorised = false;
-        std::string_view Advice;  // of the list's entry, which keeps it
+        std::string_view Advice;  // of the entry in the list; valid as long as the rulebase
     };
 
-    /// Looks a reference up. A version list that is not blank is noted in its `AuthorisedVersions`.
+    /// Looks a reference up. If its entry lists versions, they are stored in its `AuthorisedVersions`.
     Verdict FindReference(VirtualReference& reference) const;
-    /// Raises the violation that the verdict asks for, if any, and notes it in `IsAuthorised`.
+    /// Raises a violation unless the reference is authorised, and then sets its `IsAuthorised` to false.
     void EnforceAuthorisedReference(VirtualReference& reference, const Verdict& verdict);
 
-    /// Looks the "Component" object in scope up, by its library first and then by its file name, adds
-    /// what was found to its properties and raises the violation that it asks for.
+    /// Looks the "Component" object in scope up, by its library first and then by its file name, adds the result
+    /// to its properties, and raises a violation unless it is authorised.
     void EnforceAuthorisedComponents();
 
 private:

@@ -6,8 +6,8 @@
 
 namespace dorvik {
 
-/// The object that rule scripts know as "Dorvik": the table of its callbacks, each passed on to the
-/// receiver of the events, and the answers that hold until the next event.
+/// The extension object `Dorvik` of rule scripts: the table of its callbacks, each of which calls the receiver of
+/// the events, and a cache of the results that stay valid until the next event.
 class DVKSaxInterface final : public basic::IScriptExtension {
 public:
     /// The prefix under which scripts call it.
@@ -16,20 +16,20 @@ public:
     /// REQUIRES: the receiver outlives this object.
     explicit DVKSaxInterface(IDVKSaxEvents& events) : m_events(events) {}
 
-    /// The callbacks, also for those who compile scripts and never run them.
+    /// The callbacks; also used where scripts are compiled but never run.
     static std::span<const basic::ExtensionMember> MemberTable();
 
     std::span<const basic::ExtensionMember> Members() const override { return MemberTable(); }
     void Call(std::size_t member, std::span<basic::Value> arguments) override;
 
-    /// The answers that scripts share, for the engine.
-    const basic::PropertyCache& Answers() const { return m_answers; }
-    /// A new event begins: what the objects have to tell is no longer what it was.
-    void ForgetAnswers() { m_answers.Clear(); }
+    /// The cache, which the engine reads before it makes a call.
+    const basic::PropertyCache& Cache() const { return m_cache; }
+    /// A new event begins: the cached values are no longer valid.
+    void ClearCache() { m_cache.Clear(); }
 
 private:
     IDVKSaxEvents& m_events;
-    basic::PropertyCache m_answers;
+    basic::PropertyCache m_cache;
 };
 
 }  // namespace dorvik

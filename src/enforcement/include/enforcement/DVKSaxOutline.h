@@ -4,7 +4,7 @@
 
 namespace dorvik {
 
-/// The callbacks under "Dorvik." for a compiler: their names and arguments, and nothing behind them.
+/// The callbacks under "Dorvik." for the compiler: their names and arguments, without an implementation.
 class DVKSaxOutline final : public basic::IScriptExtension {
 public:
     std::span<const basic::ExtensionMember> Members() const override {

@@ -16,10 +16,10 @@ class NamingConventionHelper;
 class NamingEnforcement;
 class ResultsManager;
 class ReviewCriteria;
-struct EventPlace;
+struct EventLocation;
 
-/// What happens at a parser event: which object gets its results record, which kinds of rule run in
-/// which order, and when a finished object goes to the results store. One per project review.
+/// The actions at a parser event: creates the results record of a new object, runs the rules, and stores the results
+/// of a finished object. One per project review.
 ///
 /// The order at one event is fixed: results records first, then the rules (naming or component
 /// authorisation, coding conventions, unauthorised keywords), then the results of what has ended.
@@ -33,20 +33,20 @@ public:
         ResultsManager& resultsManager);
     ~EventActions();
 
-    /// Names are tested from now on. REQUIRES: the helper outlives this object.
+    /// From now on naming conventions are enforced. REQUIRES: the helper outlives this object.
     void SetNamingHelper(NamingConventionHelper& helper);
 
-    /// Runs everything that belongs to the event, but for what needs the project review itself.
-    /// `parserActive` is false at the events of the project. An error is raised to the caller.
+    /// Runs the actions of the event, except those that need the project review itself. `parserActive` is false
+    /// at the events of the project. An error is raised to the caller.
     /// REQUIRES: the parser state has the event.
     void Execute(ParserEvent event, bool parserActive);
 
-    /// The lists of authorised references, for which the project review asks before event 26.
+    /// The check of references, which the project review calls before event 26.
     AuthorisationEnforcement& Authorisation() { return *m_authorisation; }
 
 private:
     void SetupResults(ParserEvent event);
-    void EnforceRules(const EventPlace& place);
+    void EnforceRules(const EventLocation& location);
     void LogFinishedObjects(ParserEvent event);
 
     const ReviewCriteria& m_criteria;
@@ -58,7 +58,7 @@ private:
     const std::unique_ptr<KeywordEnforcement> m_keywords;
 };
 
-/// The display name of the place where the parser stands: "(Project)", "(Layout)", a procedure name ...
+/// The display name of a location: "(Project)", "(Layout)", a procedure name ...
 std::string_view LocationMember(const VB6ParserState& state, Location location);
 
 }  // namespace dorvik

@@ -7,8 +7,8 @@
 
 namespace dorvik {
 
-/// Receives what rule scripts ask for through the prefix "Dorvik.". The names are those under which
-/// scripts call them. An operation may raise a `BasicError`, which the script can trap.
+/// Receives the calls of rule scripts with the prefix "Dorvik.". The operations have the names that scripts use. An
+/// operation may raise a `BasicError`, which the script can trap.
 class IDVKSaxEvents {
 public:
     virtual ~IDVKSaxEvents() = default;
@@ -18,12 +18,12 @@ public:
     virtual void RaiseViolation() = 0;
     virtual void DebugPrint(std::string_view text) = 0;
     virtual void DumpObject(std::string_view objectName) = 0;
-    /// `value` becomes the property's value, or the empty text if it cannot be found. True: until the next event
-    /// the same question has the same answer, and nothing else happens.
+    /// `value` becomes the property's value, or the empty text if there is no such property. Returns true if the
+    /// value is valid until the next event, so that it may be cached.
     virtual bool GetObjectProperty(
         std::string_view objectName, std::string_view propertyName, basic::Value& value) = 0;
     virtual basic::Value GetParserEvent() = 0;  // its name, a text
-    /// Leaves `value` alone when the object is not in scope.
+    /// Leaves `value` unchanged if the object is not in scope.
     virtual void GetObjectWorkField(
         std::string_view objectName, std::string_view workfieldName, basic::Value& value) = 0;
     virtual bool IsClassName(std::string_view name) = 0;

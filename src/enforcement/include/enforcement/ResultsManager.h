@@ -19,9 +19,9 @@ class Rulebase;
 class ViolationDefinition;
 class VirtualProject;
 
-/// The results of one project review: opens and closes the results database and the review log, and owns
-/// what the rules work with meanwhile, the state of the parser, the violation log and the review log.
-/// `ReviewContext` hands those on; scripts reach them through the operations of this class.
+/// The results of one project review: opens and closes the results database and the review log, and owns the state
+/// of the parser, the violation log and the review log, which the rules work with. Rules get them in a
+/// `ReviewContext`; scripts use them through the operations of this class.
 class ResultsManager {
 public:
     ResultsManager();
@@ -34,26 +34,26 @@ public:
     dorvik::ResultsDB& ResultsDB() { return *m_resultsDB; }
     ReviewLog& Log() { return m_log; }
     ViolationLog& Violations() { return m_violations; }
-    /// REQUIRES: the project outlives this object, or is replaced by null before it goes.
+    /// REQUIRES: the project outlives this object, or is replaced by null before it is destroyed.
     void SetProject(VirtualProject* project) { m_project = project; }
 
     /// Prepares the results file and the review log of a project and starts its review. False if
     /// that failed; the reason is logged, and shown where the user can do something about it.
     ///
-    /// From before the old results are deleted on nobody else can begin a review of the project into this
-    /// place: until `AbortReview`, or until this object and `Reservation` are gone.
+    /// Before the old results are deleted, the results file is reserved: no other review can write it until
+    /// `AbortReview`, or until this object and all copies of `Reservation` are destroyed.
     bool BeginReview(
         std::string_view projectFile, const ReviewCriteria& criteria, const Rulebase& rulebase);
-    /// What keeps other reviews out; null without a review.
+    /// The reservation of the results file; null without a review.
     std::shared_ptr<FileInUseMark> Reservation() const;
     void EndReview(std::int32_t ruleExecutionCount);
-    /// Leaves no results file behind. May be called again without harm.
+    /// Deletes the results file. Further calls have no effect.
     void AbortReview();
 
     /// Stores properties and statistics of the object in scope of that name, if it was given an `ObjectID`.
     void LogVirtualObjectResults(std::string_view objectName);
 
-    // What the violation log and the review log do, under the names by which scripts and callers know it.
+    // Operations of the violation log and the review log, under the names that scripts and callers use.
     void RaiseViolation(
         const ViolationDefinition& definition,
         const ViolationOrigin& origin,
@@ -75,7 +75,7 @@ public:
     bool IsFormName(std::string_view name) const;
 
 private:
-    // Gone last: until then the database and the log are this review's.
+    // Destroyed last: until then no other review can write the database and the log.
     std::unique_ptr<ResultsFile> m_file;  // null without a review
     VB6ParserState m_parserState;
     ReviewLog m_log;

@@ -8,12 +8,12 @@ class Rulebase;
 class VB6ParserState;
 class ViolationLog;
 
-/// What the rules of one project review work with. A set of references, to be copied freely.
+/// The objects that the rules of one project review work with. A set of references, which may be copied.
 /// REQUIRES: all of them outlive it.
 struct ReviewContext {
     dorvik::Rulebase& Rulebase;
     dorvik::RuleEngine& RuleEngine;
-    VB6ParserState& State;  // what the rules ask
+    VB6ParserState& State;  // what rules read
     ReviewLog& Log;
     ViolationLog& Violations;
 };

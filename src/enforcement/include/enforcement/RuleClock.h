@@ -6,16 +6,16 @@
 
 namespace dorvik {
 
-/// How long the scripts of the rules ran, for those who want a rulebase to be quick.
+/// The time that the scripts of each rule took, to find the expensive ones.
 class RuleClock {
 public:
     struct RuleTime {
         std::int32_t RuleID;
         std::int64_t Calls;
-        double Seconds;  // all calls together, on the wall
+        double Seconds;  // wall-clock time of all calls
     };
 
-    /// Takes one call of a rule into account.
+    /// Counts one call of a rule.
     void Add(std::int32_t ruleId, double seconds);
 
     /// The rules that ran, the most expensive one first; of equals the lower number.

@@ -8,20 +8,23 @@ namespace basic {
 class ScriptEngine;
 }
 
-/// Compiles the scripts of a rulebase the way a review would, and tells each rule what is wrong with
-/// its own, places counted within its own script. Nothing runs.
+/// Compiles the scripts of a rulebase as a review would, and reports the errors of each rule, with lines and columns
+/// of its own script. Nothing is run.
 class RuleScriptChecker final : public IScriptChecker {
 public:
     std::vector<std::vector<ScriptFault>> Check(std::span<const RuleScript> scripts) override;
 
 private:
-    /// What keeps a script from being read at all, or a review from calling it. In the module something stands
-    /// for the procedures of such a one, so that it cannot hide what is wrong with the others.
-    void Read(std::span<const RuleScript> scripts);
-    /// What shows only when all of them stand in one module: names that two share, procedures that
-    /// no script has, what the extension object does not know.
+    /// Finds the errors of each script by itself: those of its syntax, and a main procedure that a review cannot
+    /// call.
+    void Parse(std::span<const RuleScript> scripts);
+    /// Finds the errors that show only when all scripts are compiled as one module: names that two of them define,
+    /// procedures that none defines, members that the extension object does not have. A script with errors of its
+    /// own is replaced by stand-ins for its procedures, so that it does not hide the errors of the others.
     void Compile(std::span<const RuleScript> scripts);
-    void Tell(const basic::ScriptEngine& engine, std::span<const RuleScript> scripts, bool isWhole);
+    /// Assigns the errors of the module to the scripts. `isComplete` is false if a script has no stand-in.
+    void AssignErrors(
+        const basic::ScriptEngine& engine, std::span<const RuleScript> scripts, bool isComplete);
 
     std::vector<std::vector<ScriptFault>> m_faults;
 };

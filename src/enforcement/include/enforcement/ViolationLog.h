@@ -1,6 +1,6 @@
 #pragma once
 
-#include "enforcement/EventPlace.h"
+#include "enforcement/EventLocation.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -16,7 +16,7 @@ class VB6ParserState;
 class ViolationDefinition;
 struct Violation;
 
-/// Turns what rules raise into violations: fills the texts of the definition in with the objects in scope,
+/// Raises violations for rules: fills in the tags in the texts of the definition from the objects in scope,
 /// stores the violation at once and counts it on the chain of owning objects. One per project review.
 ///
 /// A violation that cannot be stored is logged and counted as a loss of the results; the review continues.
@@ -25,7 +25,7 @@ public:
     /// REQUIRES: both outlive this object.
     ViolationLog(VB6ParserState& state, ReviewLog& log) : m_state(state), m_log(log) {}
 
-    /// Where violations are stored from now on. REQUIRES: it outlives its time here.
+    /// Where violations are stored from now on. REQUIRES: it outlives its use here.
     void SetResults(ResultsDB& results) { m_results = &results; }
 
     /// The first violations of a source line store it whole, unless it is longer than `kLongestWholeLine`
@@ -45,7 +45,7 @@ public:
         const ViolationDefinition& definition, const ViolationOrigin& origin, ParserEvent event);
     /// Raises the violation of a rule at an event: at the line of the object that ends, if it has one, otherwise
     /// at the current source line.
-    void RaiseAtEvent(const IRule& rule, const EventPlace& place);
+    void RaiseAtEvent(const IRule& rule, const EventLocation& location);
 
     /// Replaces each "%Object.Property%" by the value of that property. Stops at the first malformed tag, and
     /// at the bounds of `modTextTags`, which the review log reports.
@@ -58,7 +58,8 @@ private:
     void MarkCurrentRule(std::int32_t ruleId, std::string_view mark);
     void LimitTexts(Violation& violation);
     void LogViolation(const Violation& violation);
-    void NoteViolation(bool isStored);
+    /// Records a loss of the results if a violation could not be stored.
+    void RecordIfLost(bool isStored);
 
     VB6ParserState& m_state;
     ReviewLog& m_log;

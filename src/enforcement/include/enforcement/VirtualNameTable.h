@@ -8,7 +8,7 @@
 
 namespace dorvik {
 
-/// What a name of the project itself stands for.
+/// The kind of thing that a name of the project itself denotes.
 enum class NameKind : std::int32_t {
     ClassFile = 1,
     DesignerFile = 2,
@@ -23,16 +23,16 @@ enum class NameKind : std::int32_t {
 };
 
 /// The names that a project declares: its files, enumerations and user-defined types. Names and
-/// modules compare without regard to case; of two entries that match the earlier one counts.
+/// modules compare without regard to case; of two entries that match the earlier one is used.
 class VirtualNameTable {
 public:
     /// An enumeration or a type is private with the scope "Private", otherwise public; any other
-    /// kind is a source file, for which module and scope mean nothing.
+    /// kind is a source file, for which module and scope are ignored.
     void
     AddName(std::string_view name, NameKind kind, std::string_view module, std::string_view scope);
 
-    /// What `typeName` ("Name" or "Module.Name") stands for in the module named; nothing if the
-    /// project does not declare it, or only privately in another module.
+    /// The kind of `typeName` ("Name" or "Module.Name") in that module; nothing if the project does not declare
+    /// it, or only as private in another module.
     std::optional<NameKind> FindName(std::string_view typeName, std::string_view module) const;
 
 private:

@@ -11,7 +11,7 @@
 
 namespace dorvik {
 
-/// The type names that one reference or component of a project offers.
+/// The type names of the library of one reference or component of a project.
 class VirtualTypeLibrary {
 public:
     enum class Source : std::int32_t { Component = 1, Reference = 2 };
@@ -20,7 +20,7 @@ public:
     explicit VirtualTypeLibrary(const ITypeLibraries* libraries) : m_libraries(libraries) {}
 
     /// Loads the library of a reference or component. False for one of the design environment, which
-    /// has no type library, and for one that cannot be had.
+    /// has no type library, and for a library that cannot be loaded.
     bool LoadVirtualReferenceTypeLib(const VirtualReference& reference);
     bool LoadVirtualComponentTypeLib(const VirtualComponent& component);
 
@@ -38,7 +38,7 @@ public:
         return m_userDefinedTypes.ContainsValue(std::string(name));
     }
 
-    /// Takes a type of the library in; kinds that no naming convention asks for are dropped.
+    /// Adds a type of the library, unless its kind is not used by naming conventions.
     void AddTypeKind(std::string_view name, std::int32_t typeKind);
 
 private:

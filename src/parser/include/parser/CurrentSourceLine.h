@@ -9,7 +9,7 @@
 
 namespace dorvik {
 
-/// A source line as the parser hands it to its state. The views need to live for that call only.
+/// A source line as the parser passes it to its state. The views need to be valid for that call only.
 struct CurrentSourceLine {
     std::string_view PhysicalText;  // as in the file, CR LF where lines were joined
     std::int32_t PhysicalLineCount = 0;
@@ -18,8 +18,8 @@ struct CurrentSourceLine {
     LineType Type = LineType::None;
     bool IsMultiStatement = false;
     /// The comment lines directly above the line, each with CR LF; none where there is no block.
-    /// Shared and not copied, because a block grows line by line and may be as long as the file. What
-    /// stands there now stays: the owner appends only.
+    /// Shared and not copied, because a block grows line by line and may be as long as the file. The owner only
+    /// appends to it, so the text that it has now does not change.
     std::shared_ptr<const std::string> CommentBlock;
 };
 

@@ -10,14 +10,14 @@ class VirtualSourceFile;
 
 /// How a tick of a file parser ended.
 enum class TickResult : std::int32_t {
-    GoesOn = 0,
+    Continue = 0,
     Failed = 1,
     Stopped = 2,
     EndOfFile = 3,
 };
 
-/// What a file parser offers to the project review, which holds it through this interface only.
-/// A parser is created for one file, which its owner has connected and will disconnect.
+/// A file parser, as the project review uses it. A parser is created for one file, which its owner has connected
+/// and will disconnect.
 class IFileParser {
 public:
     virtual ~IFileParser() = default;
@@ -31,8 +31,8 @@ public:
     /// Drops the source file and the parser state.
     virtual void Dispose() = 0;
     virtual void UnhookCallback() = 0;
-    /// Processes one logical source line, or one step where no line is read. `characters` is what
-    /// the step consumed of the file, 0 where it read nothing.
+    /// Processes one logical source line, or one step where no line is read. `characters` becomes
+    /// the number of characters read from the file, which may be 0.
     virtual void ReviewTick(std::int32_t& characters, TickResult& result) = 0;
 };
 

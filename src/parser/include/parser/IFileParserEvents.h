@@ -4,7 +4,7 @@
 
 namespace dorvik {
 
-/// What the owner of a file parser offers it: the place where parser events arrive.
+/// Receives the events of a file parser. Its owner implements it.
 class IFileParserEvents {
 public:
     virtual ~IFileParserEvents() = default;

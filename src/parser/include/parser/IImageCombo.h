@@ -9,18 +9,18 @@ namespace dorvik {
 /// One entry of a drop-down list with icons.
 struct ImageComboItem {
     std::string Key;
-    std::string_view Text;         // lives as long as the program
-    std::string_view IconKey;      // lives as long as the program
+    std::string_view Text;         // a constant
+    std::string_view IconKey;      // a constant
     std::int32_t Indentation = 0;  // levels
 };
 
-/// What filling a drop-down list needs of it. Screens and tests implement it.
+/// The operations with which a drop-down list is filled. Windows and tests implement it.
 class IImageCombo {
 public:
     virtual ~IImageCombo() = default;
 
     virtual void Clear() = 0;
-    /// Adds the item behind the last one.
+    /// Adds the item after the last one.
     virtual void AddItem(const ImageComboItem& item) = 0;
 };
 

@@ -4,7 +4,7 @@
 
 namespace dorvik {
 
-/// Where in a source file the parser stands, as rules and the violation log read it.
+/// The section of a source file that the parser is in, as rules and the violation log read it.
 enum class Location : std::int32_t {
     None = 0,  // before the first file
     File = 1,  // at the end of a file: file level

@@ -11,9 +11,9 @@ namespace dorvik {
 
 inline constexpr std::int32_t kNoLevel = -1;
 
-/// Which source line a violation is reported at that is raised for an object at its end.
+/// The source line at which a violation is reported that is raised at the end of an object.
 enum class EndEventLine {
-    None,         // the object has no line of its own
+    None,         // no line
     ObjectStart,  // the line at which the object begins
     FileStart,    // line 1, without its text
 };
@@ -30,7 +30,7 @@ struct EventRules {
     bool EndsNamedObject = false;
 };
 
-/// All that is known about a parser event.
+/// A parser event and everything that depends on its number.
 struct ParserEventRow {
     ParserEvent Event;
     std::string_view Text;

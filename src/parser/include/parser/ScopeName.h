@@ -29,11 +29,11 @@ inline constexpr std::string_view kProcedure = "Procedure";
 inline constexpr std::string_view kLineLabel = "LineLabel";
 inline constexpr std::string_view kReference = "Reference";
 
-// No objects: these two reach the parser state itself.
+// Not objects: these two are properties of the parser state itself.
 inline constexpr std::string_view kSource = "Source";
 inline constexpr std::string_view kNamingConvention = "NamingConvention";
 
-/// Before the name of a property: the work field of that name is meant.
+/// Prefix of a property name that denotes the work field of that name.
 inline constexpr std::string_view kWorkfieldPrefix = "WF.";
 
 }  // namespace dorvik::scopename

@@ -38,8 +38,8 @@ enum class FileParserState : std::int32_t {
     Finished = 36,
 };
 
-/// Walks one source file as a state machine and fires the parser events. It knows the sections of a
-/// file only by the order in which they come: header, layout, declarations, procedures.
+/// Parses one source file as a state machine and fires the parser events. It recognises the sections of a
+/// file only by their order: header, layout, declarations, procedures.
 ///
 ///   From  Condition               To  Events
 ///   15    the file has a header   16  3
@@ -96,7 +96,7 @@ private:
     void TakeNextStatement();
     bool ReadLineFromSourceFile(std::int32_t& characters);
     void ClassifyAndCountLine();
-    void FollowCommentBlock(bool isLineRead);
+    void UpdateCommentBlock(bool isLineRead);
     void FireParserEvent(ParserEvent event);
     /// Raises `kObjectNotSet` if the object is not in scope.
     VirtualObject& ObjectInScope(std::string_view name) const;
@@ -112,12 +112,12 @@ private:
     static bool IsLayoutDefinitionStart(std::string_view line, FileType fileType);
     static bool IsMDIParentFormDefinition(std::string_view line);
     static bool IsLayoutDefinitionEnd(std::string_view line);
-    void GatherLayoutLines();
+    void CollectLayoutLines();
     void AppendLayoutLine();
-    /// Tells the file where its layout could not be read on; `place` is that of a layout line, from 0.
-    void NoteLayoutFault(std::size_t place, std::string reason);
-    void AnnounceLayout(VirtualObject& layoutProperties, VirtualObject& layout);
-    void AnnounceControl(
+    /// Records in the file that its layout could not be read further than the layout line of that index.
+    void RecordLayoutFault(std::size_t lineIndex, std::string reason);
+    void FireLayoutEvent(VirtualObject& layoutProperties, VirtualObject& layout);
+    void FireControlEvent(
         VirtualObject& control,
         std::shared_ptr<VirtualObject> properties,
         const modVOSource::LayoutControl& found);
@@ -145,15 +145,16 @@ private:
     ProcessConstDeclaration(std::string_view statement, std::string_view parent, ParserEvent event);
     void ProcessVariableDeclaration(
         std::string_view statement, std::string_view parent, ParserEvent event);
-    void AnnounceItems(
+    void FireItemEvents(
         const ItemKind& kind,
         const VirtualObjects& items,
         std::string_view parent,
         ParserEvent event);
-    void NoteEventSource(const VirtualObject& variable);
-    void AnnounceArguments(const ArgumentKind& kind, const modSource::ArgumentInfo& info);
+    void AddEventSource(const VirtualObject& variable);
+    void FireArgumentEvents(const ArgumentKind& kind, const modSource::ArgumentInfo& info);
     /// Attaches the object for this one event.
-    void Announce(std::shared_ptr<VirtualObject> object, std::string_view name, ParserEvent event);
+    void
+    FireEventFor(std::shared_ptr<VirtualObject> object, std::string_view name, ParserEvent event);
 
     // Procedures
     FileParserState State_ProcedureHeader();
@@ -180,18 +181,18 @@ private:
     std::int32_t m_sourceLineNumber = 0;                  // 1-based, physical
     bool m_isMultiStatement = false;
     std::string m_restText;   // the line of several statements
-    std::string_view m_rest;  // of that text, behind the current statement
+    std::string_view m_rest;  // of that text, after the current statement
     bool m_more = false;      // the line has a further statement
 
     std::string m_layoutName;
     std::vector<std::string> m_layoutLines;
-    std::vector<std::int32_t> m_layoutPlaces;    // their physical lines in the file
-    std::optional<LayoutReader> m_layoutReader;  // over the layout lines
+    std::vector<std::int32_t> m_layoutLineNumbers;  // the physical lines of `m_layoutLines`
+    std::optional<LayoutReader> m_layoutReader;     // over the layout lines
     std::int32_t m_layoutCharacters = 0;
     std::int32_t m_controlOrdinal = 0;
     std::int32_t m_objectCount = 0;  // `End` lines of the layout
 
-    /// The comment lines above the current line. Only ever appended to: the parser state shares it.
+    /// The comment lines above the current line. It is shared with the parser state, so lines are only appended.
     std::shared_ptr<std::string> m_commentBlock;
     bool m_isHeaderCommentPending = true;
 };

@@ -9,8 +9,8 @@
 
 namespace dorvik {
 
-/// Everything there is to know about the numbers of the parser events: the texts and icons by which
-/// screens show them. Stateless; any number may be asked about.
+/// The texts and icons of the parser events by their numbers, as windows show them. Stateless; every number is
+/// accepted.
 class VBParserEvents {
 public:
     /// The number followed by "Key", as in "26Key".

@@ -10,7 +10,7 @@ class VB6ParserState;
 class VirtualSourceFile;
 struct LayoutFault;
 
-/// Watches the event stream of a project that is walked without rules.
+/// Receives the event stream of a project that is parsed without rules.
 class IProjectEventListener {
 public:
     virtual ~IProjectEventListener() = default;
@@ -19,11 +19,11 @@ public:
     /// null at the project's own events.
     virtual void EventFired(
         dorvik::ParserEvent event, const VB6ParserState& state, const VirtualSourceFile* file) = 0;
-    /// A file could not be opened, or the parser gave up in the middle of it. The walk goes on.
+    /// A file could not be opened, or the parser failed in it. The traversal continues with the next file.
     virtual void FileFailed(const VirtualSourceFile& file) = 0;
     /// The layout of a file ended too early; the file itself has been read to its end.
     virtual void LayoutCut(const VirtualSourceFile& file, const LayoutFault& fault) = 0;
-    /// Asked after every line; true ends the walk.
+    /// Called after every line; true ends the traversal.
     virtual bool StopRequested() = 0;
 };
 

@@ -22,18 +22,18 @@ public:
 
     /// REQUIRES: the callback stays until `UnhookCallback`.
     virtual void HookupCallback(IProjectReviewEvents* callback) = 0;
-    /// Takes what the project shares with the rest of the review. Returns 0.
+    /// Stores references to the objects that all projects of the review share. Returns 0.
     virtual std::int32_t InitialiseReview(
         std::shared_ptr<ReviewCriteria> criteria,
         ProgressInfo& progress,
         std::shared_ptr<Rulebase> rulebase,
         RuleEngine& ruleEngine,
         ReportsEngine& reports) = 0;
-    /// Opens the project at that 1-based place of the criteria's list. 0 for success.
+    /// Opens the project at that 1-based index of the criteria's list. 0 for success.
     virtual std::int32_t LoadProject(std::int32_t projectIndex) = 0;
     /// Runs `ticks` steps: 0 and 1 both mean one step, `kWholeReview` all of them.
     virtual SliceResult ReviewTimeSlice(std::int32_t ticks) = 0;
-    /// Gives up; no results stay behind. May be called twice.
+    /// Ends the review and deletes the results of the project. May be called twice.
     virtual void AbortReview() = 0;
     virtual void UnhookCallback() = 0;
     virtual void Dispose() = 0;

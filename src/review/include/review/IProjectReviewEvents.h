@@ -2,7 +2,7 @@
 
 namespace dorvik {
 
-/// What a project review tells its driver.
+/// What a project review reports to its driver.
 class IProjectReviewEvents {
 public:
     virtual ~IProjectReviewEvents() = default;

@@ -14,12 +14,12 @@ class ReviewMachine;
 
 /// Drives one review: loads the rulebase, then hands each selected project to a project review.
 /// All work is cut into steps of a state machine, and the caller decides how many run at a time.
-/// A manager serves one review only. As long as it lives nobody else replaces the results that it has
+/// A manager serves one review only. While it exists, no other review can replace the results that it has
 /// finished.
 ///
-/// It may go at any moment, also inside its own slice: in a handler of the progress, in a script, while
-/// input is processed. The review is then over as if it had been cancelled, and a slice that was running
-/// comes back with `Aborted` behind the step at hand. Until then the results of the project at hand stay locked.
+/// It may be destroyed at any moment, even during its own slice: in a progress handler, in a script, or while
+/// input is processed. The review then ends as if it had been cancelled, and a running slice returns `Aborted`
+/// after its current step. Until then the results of the current project stay locked.
 class ReviewManager final {
 public:
     /// A handler that sets `cancel` to true ends the review as aborted; while the reports of a project are
@@ -29,34 +29,33 @@ public:
 
     /// Reviews projects with `VB6ProjectReview`.
     ReviewManager();
-    /// Reviews projects with what the factory makes.
+    /// Each project is reviewed by an object of the factory.
     explicit ReviewManager(ProjectReviewFactory factory);
     ~ReviewManager();
     ReviewManager(const ReviewManager&) = delete;
     ReviewManager& operator=(const ReviewManager&) = delete;
 
-    /// 0, or 1 if there are no criteria, or a review has begun already. Without criteria the manager is of
-    /// no use.
+    /// Returns 0, or 1 if there are no criteria or a review has begun already.
     std::int32_t InitialiseReview(std::shared_ptr<ReviewCriteria> criteria);
-    /// Where the projects' type libraries come from; null, as at first, for nowhere. REQUIRES: it outlives
-    /// the review, and the slice in which this manager goes.
+    /// Where the projects' type libraries come from; null, as initially: no library can be loaded. REQUIRES: it
+    /// outlives the review, and a slice during which this manager is destroyed.
     void SetTypeLibraries(ITypeLibrarySource* typeLibraries);
     void SetProgressHandler(ProgressHandler handler);
 
     /// Runs `ticks` steps: 0 and 1 both mean one step, `kWholeReview` all of them. Stops early at
     /// the first step whose result is not `Continue`.
     ///
-    /// At a wrong moment it runs none and is logged: before `InitialiseReview` it fails, inside
-    /// another slice it comes back with `Continue`, behind the end with the result of the end.
+    /// A call at a wrong moment runs no step and is logged: before `InitialiseReview` it returns `Failed`, inside
+    /// another slice `Continue`, and after the end the result with which the review ended.
     SliceResult ReviewTimeSlice(std::int32_t ticks);
 
-    /// Ends the review as a cancel does, without asking anybody: at once between two slices, in a slice
-    /// behind the step at hand. No other project is begun.
+    /// Ends the review as a cancellation does: at once between two slices, or after the current step of a running
+    /// slice. No other project is begun.
     void Abandon();
 
-    /// The rule engine of this review, for its limits and for what it tells afterwards.
+    /// The rule engine of this review, for its limits, and afterwards for its counts and failures.
     dorvik::RuleEngine& RuleEngine();
-    /// The reports of this review, for what they wrote.
+    /// The reports of this review, for the list of the files written.
     const ReportsEngine& Reports() const;
     /// True if reports of a project were cancelled: its results are complete then, its pages are not.
     bool ReportsCancelled() const;

@@ -11,22 +11,22 @@ namespace dorvik {
 
 class IRule;
 
-/// Where and by which rule a violation is raised.
+/// The location and the rule for which a violation is raised.
 struct ViolationOrigin {
-    Location Place;
+    dorvik::Location Location;
     std::int32_t RuleID;  // 0 for the violations that belong to no rule
     dorvik::RuleType RuleType;
     std::string_view LocationMember;
 };
 
-/// Where the parser is at an event, as violations report it.
-struct EventPlace {
+/// An event and the location of the parser at it, as violations report it.
+struct EventLocation {
     ParserEvent Event;
     dorvik::Location Location;
-    /// The display name of the place: "(Project)", "(Layout)", a procedure name ... Lives as long as the event.
+    /// The display name of the location: "(Project)", "(Layout)", a procedure name ... Valid during the event.
     std::string_view LocationMember;
 
-    /// Where a violation of the rule at this place comes from.
+    /// The origin of a violation of the rule at this location.
     ViolationOrigin OriginOf(const IRule& rule) const;
 };
 

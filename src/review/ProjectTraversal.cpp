@@ -1,4 +1,4 @@
-#include "review/ProjectEventWalk.h"
+#include "review/ProjectTraversal.h"
 
 #include "criteria/ReviewCriteria.h"
 #include "modProjectScope.h"
@@ -10,17 +10,17 @@
 
 namespace dorvik {
 
-ProjectEventWalk::ProjectEventWalk(
+ProjectTraversal::ProjectTraversal(
     VirtualProject& project, const ReviewCriteria& criteria, IProjectEventListener& listener)
     : m_project(project), m_criteria(criteria), m_listener(listener) {}
 
-bool ProjectEventWalk::Run() {
+bool ProjectTraversal::Run() {
     modProjectScope::AttachProject(m_state, m_project);
     Fire(dorvik::ParserEvent::BeginProject);
-    WalkReferences();
+    TraverseReferences();
     Fire(dorvik::ParserEvent::BeginSourceFiles);
     for (const auto& file : m_project.SourceFiles()) {
-        WalkFile(*file);
+        TraverseFile(*file);
         if (m_stopped) {
             return false;
         }
@@ -33,7 +33,7 @@ bool ProjectEventWalk::Run() {
     return true;
 }
 
-void ProjectEventWalk::WalkReferences() {
+void ProjectTraversal::TraverseReferences() {
     for (const auto& reference : m_project.References()) {
         // Nothing is authorised where there is no rulebase.
         modProjectScope::AttachReference(m_state, *reference, false);
@@ -42,7 +42,7 @@ void ProjectEventWalk::WalkReferences() {
     }
 }
 
-void ProjectEventWalk::WalkFile(VirtualSourceFile& file) {
+void ProjectTraversal::TraverseFile(VirtualSourceFile& file) {
     modProjectScope::AttachFile(m_state, file);
     const SourceFileStatus status = file.Connect();
     m_file = &file;
@@ -58,7 +58,7 @@ void ProjectEventWalk::WalkFile(VirtualSourceFile& file) {
     file.Disconnect();
 }
 
-void ProjectEventWalk::CloseIncompleteFile(VirtualSourceFile& file, SourceFileStatus status) {
+void ProjectTraversal::CloseIncompleteFile(VirtualSourceFile& file, SourceFileStatus status) {
     if (status != SourceFileStatus::Good) {
         file.SetReviewStatus(status);
     } else if (file.ReadingFailed()) {
@@ -68,21 +68,21 @@ void ProjectEventWalk::CloseIncompleteFile(VirtualSourceFile& file, SourceFileSt
     modProjectScope::DetachOpenObjects(m_state);
 }
 
-void ProjectEventWalk::CloseCompleteFile(const VirtualSourceFile& file) {
+void ProjectTraversal::CloseCompleteFile(const VirtualSourceFile& file) {
     if (const auto& fault = file.FoundLayoutFault()) {
         m_listener.LayoutCut(file, *fault);
     }
     if (!m_criteria.KeepsKnownFaults()) {
-        modProjectScope::DetachLeftObjects(m_state);
+        modProjectScope::DetachRemainingObjects(m_state);
     }
 }
 
-bool ProjectEventWalk::ParseFile(VirtualSourceFile& file) {
+bool ProjectTraversal::ParseFile(VirtualSourceFile& file) {
     VB6Parser parser;
     parser.InitialiseSourceFileReview(file, m_state);
     parser.HookupCallback(*this);
-    auto result = TickResult::GoesOn;
-    while (result == TickResult::GoesOn && !m_stopped) {
+    auto result = TickResult::Continue;
+    while (result == TickResult::Continue && !m_stopped) {
         std::int32_t characters = 0;
         parser.ReviewTick(characters, result);
         m_stopped = m_listener.StopRequested();
@@ -92,11 +92,11 @@ bool ProjectEventWalk::ParseFile(VirtualSourceFile& file) {
     return m_stopped || result == TickResult::EndOfFile;
 }
 
-void ProjectEventWalk::ParserEvent(dorvik::ParserEvent event) {
+void ProjectTraversal::ParserEvent(dorvik::ParserEvent event) {
     m_listener.EventFired(event, m_state, m_file);
 }
 
-void ProjectEventWalk::Fire(dorvik::ParserEvent event) {
+void ProjectTraversal::Fire(dorvik::ParserEvent event) {
     m_state.SetParserEvent(event);
     m_listener.EventFired(event, m_state, nullptr);
 }

@@ -1,10 +1,10 @@
-#include "enforcement/EventPlace.h"
+#include "enforcement/EventLocation.h"
 
 #include "rulebase/model/IRule.h"
 
 namespace dorvik {
 
-ViolationOrigin EventPlace::OriginOf(const IRule& rule) const {
+ViolationOrigin EventLocation::OriginOf(const IRule& rule) const {
     return {Location, rule.RuleID(), rule.RuleType(), LocationMember};
 }
 

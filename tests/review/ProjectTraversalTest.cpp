@@ -1,4 +1,4 @@
-#include "review/ProjectEventWalk.h"
+#include "review/ProjectTraversal.h"
 
 #include "base/modTextCase.h"
 #include "criteria/ReviewCriteria.h"
@@ -82,7 +82,7 @@ public:
 };
 
 /// A loaded project of the two modules modA and modB.
-class ProjectEventWalkTest : public testing::Test {
+class ProjectTraversalTest : public testing::Test {
 protected:
     void Load(const std::string& lines = "") {
         Write("modA.bas", "Attribute VB_Name = \"modA\"\nSub Work()\nEnd Sub\n");
@@ -93,7 +93,7 @@ protected:
     void Write(const std::string& name, const std::string& text) {
         m_folder.Write(name, modTextCase::ReplaceAll(text, "\n", "\r\n"));
     }
-    bool Run() { return ProjectEventWalk(m_project, m_criteria, m_listener).Run(); }
+    bool Run() { return ProjectTraversal(m_project, m_criteria, m_listener).Run(); }
 
     test::TemporaryFolder m_folder;
     VirtualProject m_project;
@@ -101,7 +101,7 @@ protected:
     RecordingListener m_listener;
 };
 
-TEST_F(ProjectEventWalkTest, ProjectEventsStandAroundThoseOfTheFiles) {
+TEST_F(ProjectTraversalTest, ProjectEventsStandAroundThoseOfTheFiles) {
     Load();
     m_project.References().Clear();
     EXPECT_TRUE(Run());
@@ -116,7 +116,7 @@ TEST_F(ProjectEventWalkTest, ProjectEventsStandAroundThoseOfTheFiles) {
     EXPECT_THAT(m_listener.Failed, IsEmpty());
 }
 
-TEST_F(ProjectEventWalkTest, FilesAreWalkedWhetherSelectedOrNot) {
+TEST_F(ProjectTraversalTest, FilesAreWalkedWhetherSelectedOrNot) {
     Load();
     m_project.SourceFiles().SetSelected(2, true);
     Run();
@@ -124,7 +124,7 @@ TEST_F(ProjectEventWalkTest, FilesAreWalkedWhetherSelectedOrNot) {
     EXPECT_FALSE(m_listener.Of("modB").empty());
 }
 
-TEST_F(ProjectEventWalkTest, EachReferenceHasItsEventAndIsAuthorisedByNobody) {
+TEST_F(ProjectTraversalTest, EachReferenceHasItsEventAndIsAuthorisedByNobody) {
     Load("Reference=*\\G{11111111-1111-1111-1111-111111111111}#1.0#0#stock.tlb#Stock\n");
     const auto references = static_cast<std::size_t>(m_project.References().Count());
     ASSERT_GT(references, 0U);
@@ -140,21 +140,21 @@ TEST_F(ProjectEventWalkTest, EachReferenceHasItsEventAndIsAuthorisedByNobody) {
     EXPECT_THAT(authorised, Each(std::string("False")));
 }
 
-TEST_F(ProjectEventWalkTest, ProjectIsInScopeFromItsFirstEventToItsLast) {
+TEST_F(ProjectTraversalTest, ProjectIsInScopeFromItsFirstEventToItsLast) {
     Load();
     Run();
     EXPECT_THAT(m_listener.Records.front().Scope, ElementsAre("Project", "VBP"));
     EXPECT_THAT(m_listener.Records.back().Scope, ElementsAre("Project", "VBP"));
 }
 
-TEST_F(ProjectEventWalkTest, EndOfTheProjectShowsWhatTheProjectFileIsMeasuredBy) {
+TEST_F(ProjectTraversalTest, EndOfTheProjectShowsWhatTheProjectFileIsMeasuredBy) {
     Load();
     Run();
     EXPECT_EQ(
         m_listener.ProjectFileAtEnd, "PC=0 PCLimit=0 PCPass=True CC=0 CCLimit=0 CCPass=True ");
 }
 
-TEST_F(ProjectEventWalkTest, WhatAFileLeavesAttachedIsGoneInTheNextOne) {
+TEST_F(ProjectTraversalTest, WhatAFileLeavesAttachedIsGoneInTheNextOne) {
     Load();
     Write("modA.bas", "Attribute VB_Name = \"modA\"\nSub Work()\n");
     Write("modB.bas", "Attribute VB_Name = \"modB\"\nSub Work()\nEnd Sub\n");
@@ -163,7 +163,7 @@ TEST_F(ProjectEventWalkTest, WhatAFileLeavesAttachedIsGoneInTheNextOne) {
     EXPECT_EQ(m_listener.Of("modB").back(), 35);
 }
 
-TEST_F(ProjectEventWalkTest, KnownFaultThatIsKeptFailsTheNextFile) {
+TEST_F(ProjectTraversalTest, KnownFaultThatIsKeptFailsTheNextFile) {
     Load();
     Write("modA.bas", "Attribute VB_Name = \"modA\"\nSub Work()\n");
     Write("modB.bas", "Attribute VB_Name = \"modB\"\nSub Work()\nEnd Sub\n");
@@ -172,7 +172,7 @@ TEST_F(ProjectEventWalkTest, KnownFaultThatIsKeptFailsTheNextFile) {
     EXPECT_THAT(m_listener.Failed, ElementsAre("modB"));
 }
 
-TEST_F(ProjectEventWalkTest, LayoutThatEndsTooEarlyIsTold) {
+TEST_F(ProjectTraversalTest, LayoutThatEndsTooEarlyIsTold) {
     Load("Form=frmC; frmC.frm\n");
     Write(
         "frmC.frm",
@@ -183,7 +183,7 @@ TEST_F(ProjectEventWalkTest, LayoutThatEndsTooEarlyIsTold) {
         m_listener.Cut, ElementsAre("frmC in line 4 the property 'Tag' of 'L' is set twice"));
 }
 
-TEST_F(ProjectEventWalkTest, FileThatCannotBeOpenedIsToldAndTheNextOneFollows) {
+TEST_F(ProjectTraversalTest, FileThatCannotBeOpenedIsToldAndTheNextOneFollows) {
     Load();
     m_project.SourceFiles().Item(1)->SetFilename(m_folder.Path("modGone.bas"));
     EXPECT_TRUE(Run());
@@ -194,7 +194,7 @@ TEST_F(ProjectEventWalkTest, FileThatCannotBeOpenedIsToldAndTheNextOneFollows) {
     EXPECT_EQ(m_listener.Of("modB").back(), 35);
 }
 
-TEST_F(ProjectEventWalkTest, ListenerCanEndTheWalkInTheMiddleOfAFile) {
+TEST_F(ProjectTraversalTest, ListenerCanEndTheWalkInTheMiddleOfAFile) {
     Load();
     m_listener.StopAtLine = 2;
     EXPECT_FALSE(Run());
