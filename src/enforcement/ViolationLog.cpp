@@ -21,7 +21,7 @@ namespace {
 
 // The log names these operations as those of the class through which the review reaches them.
 constexpr std::string_view kModule = "C_ResultsManager";
-constexpr std::string_view kCutMark = " ...";
+constexpr std::string_view kTruncationMark = " ...";
 
 /// The object that owns the violations of a location; empty for a location without one.
 std::string_view OwnerName(Location location) {
@@ -45,11 +45,11 @@ bool HasSourceLine(Location location) {
     return owner == scopename::kDeclarations || owner == scopename::kProcedure;
 }
 
-/// Cuts a text of more characters than that, and marks it.
-void Cut(std::string& text, std::size_t longest) {
+/// Truncates a text of more characters than that, and marks it.
+void Truncate(std::string& text, std::size_t longest) {
     if (text.size() > longest && modUtf8::Left(text, longest).size() < text.size()) {
-        text.resize(modUtf8::Left(text, ViolationLog::kCutLine).size());
-        text += kCutMark;
+        text.resize(modUtf8::Left(text, ViolationLog::kTruncatedLength).size());
+        text += kTruncationMark;
     }
 }
 
@@ -119,12 +119,12 @@ void ViolationLog::LimitTexts(Violation& violation) {
         m_countedFile = fileId;
         m_violationsOfLines.clear();
     }
-    if (++m_violationsOfLines[violation.SourceLineNumber] > kWholeLines) {
-        Cut(violation.SourceLine, kCutLine);
-        Cut(violation.Description, kCutLine);
-        Cut(violation.Advice, kCutLine);
+    if (++m_violationsOfLines[violation.SourceLineNumber] > kUntruncatedPerLine) {
+        Truncate(violation.SourceLine, kTruncatedLength);
+        Truncate(violation.Description, kTruncatedLength);
+        Truncate(violation.Advice, kTruncatedLength);
     } else {
-        Cut(violation.SourceLine, kLongestWholeLine);
+        Truncate(violation.SourceLine, kLongestSourceLine);
     }
 }
 

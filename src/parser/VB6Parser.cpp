@@ -54,8 +54,8 @@ void VB6Parser::UnhookCallback() {
 void VB6Parser::ReviewTick(std::int32_t& characters, TickResult& result) {
     characters = 0;
     result = TickResult::Continue;
-    m_more = false;
-    m_rest = {};
+    m_hasMoreStatements = false;
+    m_remainingStatements = {};
     const bool isGood = Trap({kModule, "ReviewTick"}, [&] {
         FetchNextSourceLine(characters);
         RunStatements(characters, result);
@@ -91,7 +91,7 @@ void VB6Parser::RunStatements(std::int32_t& characters, TickResult& result) {
         if (m_isMultiStatement) {
             TakeNextStatement();
         }
-    } while (m_more);
+    } while (m_hasMoreStatements);
 }
 
 FileParserState VB6Parser::DetermineFileParserStatus() {
@@ -150,8 +150,8 @@ void VB6Parser::FetchNextSourceLine(std::int32_t& characters) {
     if (!NextSourceLineRequired(m_currentState)) {
         return;
     }
-    m_more = ReadLineFromSourceFile(characters);
-    if (m_more) {
+    m_hasMoreStatements = ReadLineFromSourceFile(characters);
+    if (m_hasMoreStatements) {
         SetFirstStatement(PublishSourceLine());
     } else {
         EndReading();
@@ -189,12 +189,12 @@ bool VB6Parser::PublishSourceLine() {
 void VB6Parser::SetFirstStatement(bool isLabelProcessed) {
     if (!m_isMultiStatement) {
         m_parserState->SetSourceStatement(m_line.Logical);
-        m_more = false;
+        m_hasMoreStatements = false;
         return;
     }
     // A copy, because the line that begins a layout is followed by lines that overwrite the buffer.
-    m_restText = m_line.Logical;
-    m_rest = m_restText;
+    m_statementsText = m_line.Logical;
+    m_remainingStatements = m_statementsText;
     TakeNextStatement();
     if (isLabelProcessed) {
         TakeNextStatement();
@@ -202,7 +202,8 @@ void VB6Parser::SetFirstStatement(bool isLabelProcessed) {
 }
 
 void VB6Parser::TakeNextStatement() {
-    m_parserState->SetSourceStatement(modSource::NextStatementFromSourceLine(m_rest, m_more));
+    m_parserState->SetSourceStatement(
+        modSource::NextStatementFromSourceLine(m_remainingStatements, m_hasMoreStatements));
 }
 
 bool VB6Parser::ReadLineFromSourceFile(std::int32_t& characters) {

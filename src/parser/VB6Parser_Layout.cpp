@@ -3,6 +3,7 @@
 #include "parser/ScopeName.h"
 #include "parser/VB6Parser.h"
 #include "parser/VB6ParserState.h"
+#include "source/FileType.h"
 #include "source/PropertyName.h"
 #include "source/VirtualObject.h"
 #include "source/modKeyword.h"
@@ -29,6 +30,23 @@ constexpr LayoutStart kLayoutStarts[] = {
     {FileType::UserControl, "Begin VB.UserControl "},
     {FileType::MDIForm, "Begin VB.MDIForm "},
 };
+
+bool IsLayoutDefinitionStart(std::string_view line, FileType fileType) {
+    for (const LayoutStart& start : kLayoutStarts) {
+        if (start.Type == fileType && modKeyword::StartsWith(line, start.Text)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool IsMDIParentFormDefinition(std::string_view line) {
+    return IsLayoutDefinitionStart(line, FileType::MDIForm);
+}
+
+bool IsLayoutDefinitionEnd(std::string_view line) {
+    return modKeyword::Equal(line, "End");
+}
 
 std::string_view ClassOf(std::string_view controlType) {
     const std::size_t point = controlType.find('.');
@@ -75,23 +93,6 @@ FileParserState VB6Parser::State_SourceFileHeader() {
         State_Component();
     }
     return FileParserState::SourceFileHeader;
-}
-
-bool VB6Parser::IsLayoutDefinitionStart(std::string_view line, FileType fileType) {
-    for (const LayoutStart& start : kLayoutStarts) {
-        if (start.Type == fileType && modKeyword::StartsWith(line, start.Text)) {
-            return true;
-        }
-    }
-    return false;
-}
-
-bool VB6Parser::IsMDIParentFormDefinition(std::string_view line) {
-    return IsLayoutDefinitionStart(line, FileType::MDIForm);
-}
-
-bool VB6Parser::IsLayoutDefinitionEnd(std::string_view line) {
-    return modKeyword::Equal(line, "End");
 }
 
 void VB6Parser::State_Component() {

@@ -12,7 +12,7 @@ namespace {
 
 const std::string kGuid = "{11111111-2222-3333-4444-555555555555}";
 
-/// What the list tells of a reference is the truth, whether anybody asked for the check or not.
+/// The result of the list is the same whether the check is enabled or not.
 class FindReferenceTest : public testing::Test {
 protected:
     AuthorisationEnforcement::Verdict Find(const std::string& version, bool designTime = false) {

@@ -60,7 +60,7 @@ protected:
         m_helper.AddTypeLibrary(library->Name(), library);
     }
 
-    /// The kind as a number, and the qualified name behind it.
+    /// The kind as a number, followed by the qualified name.
     std::string KindOf(std::string_view typeName) const {
         std::string qualified;
         const TypeKind kind = m_helper.DetermineTypeKind(typeName, qualified);

@@ -86,9 +86,9 @@ TEST_F(NamingConventionHelperTest, ExtractGlobalNames_StopsAtTheFirstProcedure) 
         FileType::Module,
         "Public Enum Before\n    One\nEnd Enum\n"
         "Public Sub Work()\nEnd Sub\n"
-        "Public Type Behind\n    X As Long\nEnd Type\n");
+        "Public Type After\n    X As Long\nEnd Type\n");
     EXPECT_EQ(Find("Before"), NameKind::Enumeration);
-    EXPECT_EQ(Find("Behind"), std::nullopt);
+    EXPECT_EQ(Find("After"), std::nullopt);
 }
 
 TEST_F(NamingConventionHelperTest, ExtractGlobalNames_WorksOnWholeLogicalLines) {
@@ -96,9 +96,9 @@ TEST_F(NamingConventionHelperTest, ExtractGlobalNames_WorksOnWholeLogicalLines) 
         "modA",
         FileType::Module,
         "Public _\n  Enum Continued\n    One\nEnd Enum\n"
-        "Dim x As Long: Public Enum BehindAColon\n    One\nEnd Enum\n");
+        "Dim x As Long: Public Enum AfterAColon\n    One\nEnd Enum\n");
     EXPECT_EQ(Find("Continued"), NameKind::Enumeration);
-    EXPECT_EQ(Find("BehindAColon"), std::nullopt);
+    EXPECT_EQ(Find("AfterAColon"), std::nullopt);
 }
 
 TEST_F(NamingConventionHelperTest, ExtractGlobalNames_FileThatIsMissingIsKnownByNameAndGivesTen) {

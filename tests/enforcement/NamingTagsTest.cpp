@@ -112,7 +112,7 @@ TEST_F(NamingTagsTest, ScopeTag_EachEventAndScopeHasItsRow) {
     EXPECT_THAT(m_log.Lines(), IsEmpty());
 }
 
-TEST_F(NamingTagsTest, ScopeTag_APropertyThatIsNotThereIsToldAndCountsAsEmpty) {
+TEST_F(NamingTagsTest, ScopeTag_AMissingPropertyIsLoggedAndCountsAsEmpty) {
     SetScopeTag("Private (Module level)", "m");
     EXPECT_EQ(ScopeTagOf(ParserEvent::Variable, "Colour", "x"), "m");
     EXPECT_THAT(
@@ -176,7 +176,7 @@ TEST_F(NamingTagsTest, DataTypeTag_OfNoTypeIsThatOfVariantAndFixedLengthIsPassed
     EXPECT_EQ(Readable("DataTypeTag"), "s");
 }
 
-TEST_F(NamingTagsTest, DataTypeTag_OfAnUnknownTypeIsResultFiveAndToldInTheLog) {
+TEST_F(NamingTagsTest, DataTypeTag_OfAnUnknownTypeIsResultFiveAndLogged) {
     PutInScope("File", {{"Name", "modA"}});
     PutInScope("Variable", {{"DataType", "Gadget"}});
     std::string tag;
@@ -200,7 +200,7 @@ TEST_F(NamingTagsTest, ArrayTag_IsThatOfTheRulebaseForAnArrayOnly) {
     EXPECT_EQ(m_log.Lines().size(), 1U);
 }
 
-TEST_F(NamingTagsTest, APropertyItemWithoutAPointAsksForAnObjectOfThatNameAndStaysEmpty) {
+TEST_F(NamingTagsTest, APropertyItemWithoutAPointReadsAnObjectOfThatNameAndStaysEmpty) {
     ObjectArrayList<PrefixSuffixItem> items;
     AddItem(items, psProperty, "NoDot");
     std::string pattern = "as it was";
@@ -213,7 +213,7 @@ TEST_F(NamingTagsTest, APropertyItemWithoutAPointAsksForAnObjectOfThatNameAndSta
         ElementsAre(HasSubstr("Unknown virtual object 'NoDot' or object not in scope.")));
 }
 
-TEST_F(NamingTagsTest, TestPattern_TellsAMalformedPatternFromOneThatTakesTooLong) {
+TEST_F(NamingTagsTest, TestPattern_DistinguishesAMalformedPatternFromOneThatTakesTooLong) {
     m_results.ParserState().SetCurrentRuleID("5003");
     EXPECT_EQ(m_helper.TestPattern("x", "(", true, nullptr), NamingResult::TestFailed);
     EXPECT_FALSE(m_helper.WasStopped());

@@ -4,7 +4,7 @@
 
 namespace dorvik {
 
-TEST(RuleClock, AddsUpTheCallsOfEachRuleAndTellsTheMostExpensiveFirst) {
+TEST(RuleClock, AddsUpTheCallsOfEachRuleAndListsTheMostExpensiveFirst) {
     RuleClock clock;
     clock.Add(5000, 0.25);
     clock.Add(5001, 1.5);

@@ -107,12 +107,12 @@ TEST_F(VirtualNameTableTest, OnlyTheScopePrivateMakesANamePrivate) {
     EXPECT_EQ(Find("Plain", "modB"), NameKind::Enumeration);
 }
 
-TEST_F(VirtualNameTableTest, FirstDotDividesAndWhatStandsBehindItIsTheName) {
+TEST_F(VirtualNameTableTest, TheNameBeginsAfterTheFirstDot) {
     m_table.AddName("B.Odd", NameKind::Enumeration, "A", "Public");
     EXPECT_EQ(Find("A.B.Odd", "x"), NameKind::Enumeration);
 }
 
-TEST_F(VirtualNameTableTest, NameBehindALeadingDotHasNoQualifier) {
+TEST_F(VirtualNameTableTest, NameAfterALeadingDotHasNoQualifier) {
     EXPECT_EQ(Find(".Colours", "x"), NameKind::Enumeration);
     EXPECT_EQ(Find(".Invoice", "x"), std::nullopt);  // no file is called so
 }

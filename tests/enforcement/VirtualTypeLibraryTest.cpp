@@ -100,7 +100,7 @@ TEST(VirtualTypeLibrary, NamesCompareWithoutRegardToCase) {
     EXPECT_TRUE(library.IsEnumItem("SIZES"));
 }
 
-TEST(VirtualTypeLibrary, DesignTimeItemGivesNoLibraryAndNobodyIsAsked) {
+TEST(VirtualTypeLibrary, DesignTimeItemHasNoLibraryAndNoneIsOpened) {
     const OneLibrary libraries;
     VirtualTypeLibrary library(&libraries);
     VirtualReference reference = Reference("{1}", "1.0");

@@ -12,7 +12,7 @@ Variant NewDictionary() {
     return modScriptValues::ToVariant(basic::CreateScriptObject("Scripting.Dictionary"));
 }
 
-TEST(modScriptValues, ObjectsOfOneClassInABagAreToldApart) {
+TEST(modScriptValues, ObjectsOfOneClassInABagAreDistinguished) {
     const Variant one = NewDictionary();
     const Variant other = NewDictionary();
     KeyedArrayList bag;

@@ -19,7 +19,7 @@ class SourceFileReview {
 public:
     /// Lone line feeds in the text become CR LF.
     SourceFileReview(FileType type, std::string_view text);
-    /// The next file of the same project: `state` goes on with what is in scope there.
+    /// The next file of the same project: `state` keeps the objects in scope.
     SourceFileReview(FileType type, std::string_view text, std::shared_ptr<VB6ParserState> state);
 
     TickResult Tick();
@@ -53,7 +53,7 @@ std::string EventsOf(FileType type, std::string_view text);
 std::string EventsOf(std::string_view text);
 /// A module with the name attribute, so that its first line of `code` is line 1.
 std::string ModuleText(std::string_view code);
-/// A form F with those lines of layout inside, and code behind it.
+/// A form F with those lines of layout inside, followed by the code.
 std::string FormText(std::string_view controls, std::string_view code);
 /// The names of an object's properties, in order, with a blank between.
 std::string PropertyNames(const VirtualObject& object);

@@ -203,7 +203,7 @@ TEST(VB6ParserDeclarations, ObjectsHaveTheirPropertiesInOrderAndTheirParents) {
     }
 }
 
-TEST(VB6ParserDeclarations, DeclareStatementTellsAllItsParts) {
+TEST(VB6ParserDeclarations, DeclareStatementHasAllItsParts) {
     const char* text = "Private Declare Function F Lib \"kernel32\" Alias \"gA\" (ByVal a As Long, "
                        "b As Any) As Long\n";
     const std::pair<const char*, const char*> rows[] = {
@@ -226,7 +226,7 @@ TEST(VB6ParserDeclarations, DeclareStatementTellsAllItsParts) {
         (Values{"Declare", "Declare"}));
 }
 
-TEST(VB6ParserDeclarations, EventStaysInScopeWhileItsArgumentsAreWalked) {
+TEST(VB6ParserDeclarations, EventStaysInScopeForTheEventsOfItsArguments) {
     SourceFileReview review(FileType::Class, "Event E(a, b)\n");
     EXPECT_EQ(review.ValuesAt(ParserEvent::EventArgument, "Event", "Name"), (Values{"E", "E"}));
     EXPECT_EQ(review.FileProperty("EventCount"), "1");
@@ -240,7 +240,7 @@ TEST(VB6ParserDeclarations, EventWhoseArgumentsStandWithoutBlanksFiresWhatIsFoun
     EXPECT_EQ(review.Events().Count(ParserEvent::EventArgument), 1);
 }
 
-TEST(VB6ParserDeclarations, ImplementsTellsLibraryAndInterface) {
+TEST(VB6ParserDeclarations, ImplementsHasLibraryAndInterface) {
     EXPECT_EQ(
         ValuesOf("Implements L.I\n", ParserEvent::Implements, "Implements", "Library"),
         Values{"L"});
@@ -262,7 +262,7 @@ TEST(VB6ParserDeclarations, WithEventsVariableOwnsEventProcedures) {
         (Values{"True", "False"}));
 }
 
-TEST(VB6ParserDeclarations, LocationIsThatOfDeclarationsBehindABody) {
+TEST(VB6ParserDeclarations, LocationIsThatOfDeclarationsAfterABody) {
     SourceFileReview review(FileType::Module, "Enum E\nEnd Enum\nDim x\n");
     std::string location;
     review.Events().SetHandler([&](ParserEvent event) {

@@ -23,7 +23,7 @@ TEST(VB6ParserLayout, FormWithoutControlsHasNoControlEvent) {
     EXPECT_EQ(FormValues("", ParserEvent::BeginLayout, "Layout", "ControlCount"), Values{"0"});
 }
 
-TEST(VB6ParserLayout, StatementsBehindTheBeginOfALayoutOutliveItsLines) {
+TEST(VB6ParserLayout, StatementsAfterTheBeginOfALayoutOutliveItsLines) {
     SourceFileReview review(
         FileType::Form,
         "Begin VB.Form F: the second: the third\n"
@@ -89,7 +89,7 @@ TEST(VB6ParserLayout, LayoutWithoutIndentationEndsAtTheFormsOwnEndOnly) {
         "3 4 4 6 7 7 8 9 4 10 4 10 25 27 35");
 }
 
-TEST(VB6ParserLayout, ControlTellsItsClassItsLibraryAndItsPlace) {
+TEST(VB6ParserLayout, ControlHasItsClassItsLibraryAndItsContainer) {
     const std::string controls =
         "   Begin MSComctlLib.TreeView tvw.x\n      Index           =   3\n   End\n";
     const std::pair<const char*, const char*> rows[] = {
@@ -310,7 +310,7 @@ TEST(VB6ParserLayout, LayoutLeftOpenByAHeaderWithoutBeginStaysInScope) {
 }
 
 // Required: only an `End` in column 1 ends the layout, so that one that is indented swallows the file.
-TEST(VB6ParserLayout, LayoutWhoseLastEndIsIndentedGoesOnToTheEndOfTheFile) {
+TEST(VB6ParserLayout, LayoutWhoseLastEndIsIndentedContinuesToTheEndOfTheFile) {
     EXPECT_EQ(
         EventsOf(FileType::Form, "Begin VB.Form F\n End\nAttribute VB_Name = \"F\"\nSub S()\n"),
         "3 4 6 8 9 27 35");

@@ -197,7 +197,7 @@ TEST(VB6ParserProcedures, LabelFiresItsEventBeforeTheBodyEventOfItsLine) {
     EXPECT_EQ(review.ValuesAt(ParserEvent::LineLabel, "LineLabel", "Name"), Values{"Retry"});
 }
 
-TEST(VB6ParserProcedures, StatementBehindALabelFiresTheBodyEventOnce) {
+TEST(VB6ParserProcedures, StatementAfterALabelFiresTheBodyEventOnce) {
     const char* text = "Sub F()\nRetry: x = 1\nEnd Sub\n";
     EXPECT_EQ(EventsOf(text), "3 9 4 27 28 4 32 30 4 34 35");
     SourceFileReview review(FileType::Module, text);
@@ -229,7 +229,7 @@ TEST(VB6ParserProcedures, ListThatGivesFewerArgumentsThanItsCommasPromiseFailsTh
     EXPECT_NE(log.Lines()[0].find("9 - Subscript out of range"), std::string::npos);
 }
 
-TEST(VB6ParserProcedures, EndOfAProcedureForgetsItsNameAndItsPlace) {
+TEST(VB6ParserProcedures, EndOfAProcedureResetsItsNameAndItsStartLine) {
     SourceFileReview review(FileType::Module, ModuleText("\nSub F()\nEnd Sub\n"));
     std::string name;
     std::int32_t line = 0;

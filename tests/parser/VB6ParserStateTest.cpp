@@ -66,7 +66,7 @@ TEST(VB6ParserState, PropertyInTheBagShadowsALineStatisticOfTheSameName) {
     EXPECT_EQ(Ask(state, "Procedure", "CodeLineCount").Value, Variant("shadow"));
 }
 
-TEST(VB6ParserState, MissingWorkfieldIsToldWithItsKindAndItsPrefix) {
+TEST(VB6ParserState, MissingWorkfieldIsReportedWithItsKindAndItsPrefix) {
     VB6ParserState state;
     AttachNew(state, "File");
     const Answer answer = Ask(state, "File", "WF.x");
@@ -81,7 +81,7 @@ TEST(VB6ParserState, WorkfieldNamedLikeALineStatisticIsMissingAllTheSame) {
     EXPECT_FALSE(Ask(state, "File", "WF.CodeLineCount").Ok);
 }
 
-TEST(VB6ParserState, WorkfieldIsReadBehindItsPrefixInAnyCase) {
+TEST(VB6ParserState, WorkfieldIsReadAfterItsPrefixInAnyCase) {
     VB6ParserState state;
     AttachNew(state, "File")->Workfields().Add("x", std::int32_t{7}, false);
     const Answer answer = Ask(state, "file", "wf.X");
@@ -89,7 +89,7 @@ TEST(VB6ParserState, WorkfieldIsReadBehindItsPrefixInAnyCase) {
     EXPECT_EQ(answer.Value, Variant(std::int32_t{7}));
 }
 
-TEST(VB6ParserState, ObjectOutOfScopeIsToldInQuotes) {
+TEST(VB6ParserState, ObjectOutOfScopeIsReportedInQuotes) {
     const VB6ParserState state;
     const Answer answer = Ask(state, "Enum", "Name");
     EXPECT_FALSE(answer.Ok);
@@ -251,7 +251,7 @@ TEST(VB6ParserState, NamingConventionGivesTheFourTags) {
     EXPECT_EQ(Ask(state, "NamingConvention", "DataTypeTag").Value, Variant("str"));
 }
 
-TEST(VB6ParserState, UnknownTagIsToldByName) {
+TEST(VB6ParserState, UnknownTagIsReportedByName) {
     const Answer answer = Ask(VB6ParserState(), "NamingConvention", "SizeTag");
     EXPECT_FALSE(answer.Ok);
     EXPECT_EQ(answer.Value, Variant(""));

@@ -81,7 +81,7 @@ TEST(VB6Parser, CommentLineBetweenProceduresFiresTheLineEventOnlyAndReachesTheNe
         (Values{"", "' about B\r\n"}));
 }
 
-TEST(VB6Parser, CommentBlockGrowsLineByLineAndEndsWithTheNextReadBehindCode) {
+TEST(VB6Parser, CommentBlockGrowsLineByLineAndEndsWithTheNextReadAfterCode) {
     SourceFileReview review(
         FileType::Module, ModuleText("Sub A()\n  ' one\n  Rem two\n  x = 1\n  y = 2\nEnd Sub\n"));
     EXPECT_EQ(
@@ -206,7 +206,7 @@ TEST(VB6Parser, DeclarationsAreInScopeFromTheBeginOfTheFile) {
     EXPECT_EQ(declarations->ParentViolations(), "File");
 }
 
-TEST(VB6Parser, TickTellsTheCharactersOfItsLine) {
+TEST(VB6Parser, TickReturnsTheCharactersOfItsLine) {
     SourceFileReview review(FileType::Module, "Dim a _\n  , b\nDim c\n");
     review.Tick();
     EXPECT_EQ(review.Characters(), 0);
@@ -297,7 +297,7 @@ TEST(VB6Parser, ReviewThatInputEndsInsideATickStops) {
     EXPECT_EQ(review.Tick(), TickResult::Stopped);
 }
 
-TEST(VB6Parser, UnhookedParserGoesOnWithoutTellingAnyone) {
+TEST(VB6Parser, UnhookedParserContinuesWithoutReportingEvents) {
     SourceFileReview review(FileType::Module, "Dim a\n");
     review.Parser().UnhookCallback();
     EXPECT_EQ(review.Run(), TickResult::EndOfFile);

@@ -93,7 +93,7 @@ INSTANTIATE_TEST_SUITE_P(Table, VB6ParserTransitions, testing::Values(
     TransitionRow{"LocalConst", State::ProcedureBodyLine, State::ProcedureBodyLine, "4 30 31", FileType::Module, kProcedures},
     TransitionRow{"LocalVariable", State::ProcedureBodyLine, State::ProcedureBodyLine, "4 30 33", FileType::Module, kProcedures},
     TransitionRow{"LineLabel", State::ProcedureBodyLine, State::ProcedureBodyLine, "4 32 30", FileType::Module, kProcedures},
-    TransitionRow{"ProcedureBehindAProcedure", State::ProcedureHeader, State::ProcedureBodyLine, "4 28 29", FileType::Module, kProcedures},
+    TransitionRow{"ProcedureAfterAProcedure", State::ProcedureHeader, State::ProcedureBodyLine, "4 28 29", FileType::Module, kProcedures},
     TransitionRow{"LineBetweenProcedures", State::ProcedureHeader, State::ProcedureHeader, "4", FileType::Module, kProcedures},
     TransitionRow{"EndOfFileInHeader", State::SourceFileHeader, State::EndSourceFile, "35", FileType::Form, "VERSION 5.00\n"},
     TransitionRow{"EndOfFileInDeclarations", State::DeclarationLine, State::EndSourceFile, "27 35", FileType::Module, "Option Explicit\n"},

@@ -98,7 +98,7 @@ INSTANTIATE_TEST_SUITE_P(All, VBParserEventsRows, testing::Values(
     [](const auto& rowInfo) { return "Event" + std::to_string(rowInfo.param.Number); });
 // clang-format on
 
-TEST(VBParserEvents, ReferenceStandsBetweenBeginProjectAndBeginSourceFilesInTheList) {
+TEST(VBParserEvents, ReferenceIsBetweenBeginProjectAndBeginSourceFilesInTheList) {
     const auto keys = AllEvents().Keys();
     ASSERT_EQ(keys.size(), 37U);
     EXPECT_EQ(keys[0], "1Key");
@@ -106,7 +106,7 @@ TEST(VBParserEvents, ReferenceStandsBetweenBeginProjectAndBeginSourceFilesInTheL
     EXPECT_EQ(keys[2], "2Key");
 }
 
-TEST(VBParserEvents, LineLabelComesBehindLocalVariableOutOfNumericOrder) {
+TEST(VBParserEvents, LineLabelFollowsLocalVariableOutOfNumericOrder) {
     const auto keys = AllEvents().Keys();
     const auto variable = std::find(keys.begin(), keys.end(), "33Key");
     ASSERT_NE(variable, keys.end());
@@ -115,7 +115,7 @@ TEST(VBParserEvents, LineLabelComesBehindLocalVariableOutOfNumericOrder) {
     EXPECT_EQ(*(variable + 2), "34Key");
 }
 
-TEST(VBParserEvents, TheOtherEventsStandInTheOrderOfTheirNumbers) {
+TEST(VBParserEvents, TheOtherEventsAreInTheOrderOfTheirNumbers) {
     std::vector<int> numbers;
     for (const auto& key : AllEvents().Keys()) {
         if (key != "26Key" && key != "32Key") {
@@ -153,7 +153,7 @@ TEST(VBParserEvents, KeyIsTheNumberAndTheWordKey) {
     EXPECT_EQ(VBParserEvents::ParserEventKey(-1), "-1Key");
 }
 
-TEST(VBParserEvents, HelpTellsWhenTheEventIsFiredAndWhatIsInScope) {
+TEST(VBParserEvents, HelpSaysWhenTheEventIsFiredAndWhatIsInScope) {
     EXPECT_EQ(
         VBParserEvents::ParserEventHelp(26),
         "The parser fires this event for each library reference encountered within the project "

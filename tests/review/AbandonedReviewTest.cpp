@@ -1,4 +1,4 @@
-// A review that is given up from outside: the manager goes, wherever the review stands.
+// A review that is abandoned from outside: the manager is destroyed, in any state of the review.
 #include "RulesInReview.h"
 #include "base/BasicError.h"
 #include "platform/host/modFiles.h"
@@ -115,7 +115,7 @@ protected:
         };
         Begin();
         m_manager->SetProgressHandler([&](const ProgressInfo&, bool&) {
-            EXPECT_NE(m_manager, nullptr) << "whoever watched may be gone";
+            EXPECT_NE(m_manager, nullptr) << "the owner of the handler may be destroyed";
         });
         m_result = m_manager->ReviewTimeSlice(kWholeReview);
         m_manager.reset();
@@ -151,7 +151,7 @@ TEST_F(AbandonedReview, BetweenTwoSlicesEndsAsACancelDoes) {
     ExpectTheNextReviewToBeWhole();
 }
 
-TEST_F(AbandonedReview, BehindEachStepLeavesNothingHalf) {
+TEST_F(AbandonedReview, AfterEachStepLeavesNothingHalf) {
     CountViolations();
     LeaveOutQ();
     bool ended = false;
@@ -167,7 +167,7 @@ TEST_F(AbandonedReview, BehindEachStepLeavesNothingHalf) {
         if (steps > 1) {  // the first step touches nothing
             ExpectNothingHalf();
         }
-        ASSERT_FALSE(HasFailure()) << "dropped behind step " << steps;
+        ASSERT_FALSE(HasFailure()) << "destroyed after step " << steps;
     }
     EXPECT_GT(steps, 30);
     ExpectTheNextReviewToBeWhole();
@@ -190,7 +190,7 @@ TEST_F(AbandonedReview, InEachYieldLeavesNothingHalf) {
     ExpectTheNextReviewToBeWhole();
 }
 
-TEST_F(AbandonedReview, InEachHandlerOfTheProgressLeavesNothingHalfAndAsksTheHandlerNoMore) {
+TEST_F(AbandonedReview, InEachProgressHandlerLeavesNothingHalfAndIsNotCalledAgain) {
     CountViolations();
     LeaveOutQ();
     int signals = 0;
@@ -224,7 +224,7 @@ TEST_F(AbandonedReview, InAScriptStopsTheScript) {
     RulesInReview endless;
     endless.AddCoding("Endless", {30}, Script("Do\r\nDoEvents\r\nLoop"));
     basic::ScriptLimits limits;
-    limits.Instructions = 5'000'000;  // far behind the place where it is stopped
+    limits.Instructions = 5'000'000;  // far beyond the instruction at which it is stopped
     limits.Milliseconds = 0;
     RulebaseManager().Save(endless.Rules(), ReviewRun().Folder().Path("Rules.dvk"));
     Begin();
@@ -243,7 +243,7 @@ TEST_F(AbandonedReview, InAScriptStopsTheScript) {
         }
     };
     EXPECT_EQ(m_manager->ReviewTimeSlice(kWholeReview), SliceResult::Aborted);
-    EXPECT_EQ(asked, askedWhenDropped) << "whoever asked may be gone";
+    EXPECT_EQ(asked, askedWhenDropped) << "the owner of the stop request may be destroyed";
     EXPECT_LT(input.Yields, 2'100);
     EXPECT_EQ(ReviewRun().Log("P").back(), kAborted);
     ExpectNothingHalf();

@@ -53,7 +53,7 @@ const std::string kFormProject = "Type=Exe\nName=\"P\"\nForm=frmA.frm\n";
 /// Lets a script tell the log what the object in scope says.
 void AddAsker(RulesInReview& review, std::int32_t event, const std::string& object) {
     review.AddCoding(
-        "Asks",
+        "Reads",
         {event},
         Script(
             "Dim a, v\r\nDorvik.GetObjectProperty \"" + object +
@@ -124,7 +124,7 @@ TEST(AuthorisationReview, ABlankAdviceOfAnEntryLeavesThatOfTheViolation) {
         review.Query("SELECT Advice FROM Violations"), ElementsAre("Ask C:\\Lib\\Thing.dll."));
 }
 
-TEST(AuthorisationReview, WithTheCheckOffAReferenceStillTellsTheTruthOfTheList) {
+TEST(AuthorisationReview, WithTheCheckDisabledAReferenceStillHasTheResultOfTheList) {
     RulesInReview review;
     AddAsker(review, 26, "Reference");
     review.RunProject(ProjectWithReference("1.2"));
@@ -168,7 +168,7 @@ TEST(AuthorisationReview, AComponentIsFoundByItsFileNameIfItsLibraryIsNotListed)
     EXPECT_THAT(review.Log(), Contains(HasSubstr("asked False [2.0]")));
 }
 
-TEST(AuthorisationReview, AListedComponentPassesAndTellsSo) {
+TEST(AuthorisationReview, AListedComponentIsAuthorisedAndHasTheProperty) {
     RulesInReview review;
     review.Review().Criteria().LoadCriteria().SetAuthorisedComponents(true);
     review.Rules().AuthorisedComponents().Add(kGuid, "", "", "");
@@ -193,7 +193,7 @@ TEST(AuthorisationReview, WithTheCheckOffAComponentHasNoSuchProperties) {
 TEST(AuthorisationReview, WithTheCheckOffTheTagOfAComponentFindsNoSuchProperty) {
     RulesInReview review;
     AddFormWithComponent(review, "1.2");
-    review.AddCoding("Tells", {5}, Script("Dorvik.RaiseViolation"))
+    review.AddCoding("Prints", {5}, Script("Dorvik.RaiseViolation"))
         .ViolationDefinition()
         .SetDescription("[%Component.IsAuthorised%] %Component.Version%");
     review.RunProject(kFormProject);

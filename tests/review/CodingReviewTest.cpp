@@ -18,7 +18,7 @@ using testing::Not;
 
 const std::string kRaise = Script("Dorvik.RaiseViolation");
 
-TEST(CodingReview, AViolationAtTheEndOfAProcedureIsToldAtItsStart) {
+TEST(CodingReview, AViolationAtTheEndOfAProcedureIsReportedAtItsStart) {
     RulesInReview review;
     review.AddCoding("Ends", {34}, kRaise);
     review.Run({"modA=\nSub Work()\nx = 1\nEnd Sub\n"});
@@ -28,7 +28,7 @@ TEST(CodingReview, AViolationAtTheEndOfAProcedureIsToldAtItsStart) {
     EXPECT_THAT(review.Query("SELECT RuleType FROM Violations"), ElementsAre("4"));
 }
 
-TEST(CodingReview, AViolationInABodyIsToldAtItsLine) {
+TEST(CodingReview, AViolationInABodyIsReportedAtItsLine) {
     RulesInReview review;
     review.AddCoding("Body", {30}, kRaise);
     review.Run({"modA=Sub Work()\nx = 1\nEnd Sub\n"});
@@ -119,7 +119,7 @@ TEST(CodingReview, AtOneEventNamesComeBeforeScriptsAndScriptsBeforeKeywords) {
 TEST(CodingReview, EveryCallbackReachesTheObjectsInScope) {
     RulesInReview review;
     review.AddCoding(
-        "Asks",
+        "Reads",
         {28},
         Script("Dim v, e\r\n"
                "Dorvik.GetObjectProperty \"Procedure\", \"Name\", v\r\n"
@@ -164,7 +164,7 @@ TEST(CodingReview, WorkfieldsKeepValuesOfAnyKindAsLongAsTheirObjectLives) {
 TEST(CodingReview, AnUnknownPropertyIsLoggedAndGivesAnEmptyText) {
     RulesInReview review;
     review.AddCoding(
-        "Asks",
+        "Reads",
         {28},
         Script("Dim v\r\nDorvik.GetObjectProperty \"Procedure\", \"Colour\", v\r\n"
                "Dorvik.DebugPrint \"<\" & v & \">\""));
@@ -176,7 +176,7 @@ TEST(CodingReview, AnUnknownPropertyIsLoggedAndGivesAnEmptyText) {
     EXPECT_THAT(review.Log(), Contains(HasSubstr("[Rule:5000] <>")));
 }
 
-TEST(CodingReview, ARunTimeErrorOfAScriptIsToldWithRuleAndLineAndTheReviewGoesOn) {
+TEST(CodingReview, ARunTimeErrorOfAScriptIsLoggedWithRuleAndLineAndTheReviewContinues) {
     RulesInReview review;
     review.AddCoding("Fails", {28}, Script("Dim n\r\nn = 0\r\nn = 1 / n"));
     review.AddCoding("Runs", {28}, kRaise);
@@ -192,7 +192,7 @@ TEST(CodingReview, ARunTimeErrorOfAScriptIsToldWithRuleAndLineAndTheReviewGoesOn
     EXPECT_THAT(review.Titles(), ElementsAre("Runs"));
 }
 
-TEST(CodingReview, AScriptThatFailsBehindARaiseKeepsWhatItHadAskedFor) {
+TEST(CodingReview, AScriptThatFailsAfterARaiseKeepsItsResult) {
     RulesInReview review;
     review.AddCoding("Fails", {28}, Script("Dorvik.RaiseViolation\r\nDim n\r\nn = 1 / n"));
     review.Run({"modA=Sub Work()\nEnd Sub\n"});

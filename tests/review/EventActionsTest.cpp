@@ -33,7 +33,7 @@ KeywordRule Rule(const std::string& title, const std::string& pattern) {
     return rule;
 }
 
-TEST(EventActions, RoadOfAViolationFromStatementToRow) {
+TEST(EventActions, AViolationFromStatementToRow) {
     ReviewRun run;
     KeywordRule rule = Rule("No Stop", "\\bStop\\b");
     rule.Severity = 2;
@@ -131,12 +131,12 @@ TEST(EventActions, EachStatementOfALineIsTestedByItself) {
     EXPECT_THAT(run.Query("P", "SELECT LineNum FROM Violations"), ElementsAre("3", "3"));
 }
 
-TEST(EventActions, MalformedPatternIsLoggedEndsItsListAndTheReviewGoesOn) {
+TEST(EventActions, MalformedPatternIsLoggedEndsItsListAndTheReviewContinues) {
     ReviewRun run;
     ReviewModule(
         run,
         ModuleWith("modA", "Stop\n"),
-        {Rule("First", "Stop"), Rule("Broken", "Stop("), Rule("Behind", "Stop")});
+        {Rule("First", "Stop"), Rule("Broken", "Stop("), Rule("After", "Stop")});
     EXPECT_THAT(run.Query("P", "SELECT Title FROM Violations"), ElementsAre("First"));
     EXPECT_THAT(
         run.Log("P"),
@@ -151,9 +151,9 @@ TEST(EventActions, APatternThatTakesTooLongIsAnErrorOfItsRuleAndNoMatch) {
     ReviewModule(
         run,
         ModuleWith("modA", longLine + longLine + longLine + longLine + "Stop\n"),
-        {Rule("Endless", "^(\\w+\\s?)+[!?]$"), Rule("Behind", "^Stop|^Call")});
+        {Rule("Endless", "^(\\w+\\s?)+[!?]$"), Rule("After", "^Stop|^Call")});
     // Each stop ends the list, as any error does; the third one disables the rule.
-    EXPECT_THAT(run.Query("P", "SELECT Title FROM Violations"), ElementsAre("Behind", "Behind"));
+    EXPECT_THAT(run.Query("P", "SELECT Title FROM Violations"), ElementsAre("After", "After"));
     EXPECT_THAT(run.Query("P", "SELECT LineNum FROM Violations"), ElementsAre("6", "7"));
     EXPECT_THAT(
         run.Log("P"),

@@ -18,7 +18,7 @@ namespace dorvik {
 
 namespace {
 
-/// Holds the objects that a rule author is told of against those that the parser really shows.
+/// Compares the objects that the catalogue promises to rule authors with those that the parser has in scope.
 class ScopeListener final : public IProjectEventListener {
 public:
     void EventFired(

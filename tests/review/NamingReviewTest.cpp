@@ -51,7 +51,7 @@ TEST(NamingReview, AComposedPrefixAndABodyPass) {
     EXPECT_THAT(review.Titles(), IsEmpty());
 }
 
-TEST(NamingReview, AWrongPrefixIsToldAndTheBodyIsNotExamined) {
+TEST(NamingReview, AWrongPrefixIsReportedAndTheBodyIsNotTested) {
     RulesInReview review;
     AddUsualRule(review);
     review.Run({"modA=Private m_names() As String\n"});
@@ -115,7 +115,7 @@ TEST(NamingReview, ANameEqualToItsPrefixHasAnEmptyBodyOfWhichOnlyTheLengthCounts
     EXPECT_THAT(review.Titles(), ElementsAre("Length"));
 }
 
-TEST(NamingReview, ASuffixLongerThanWhatIsLeftBehindThePrefixLeavesTheBodyWhole) {
+TEST(NamingReview, ASuffixLongerThanTheRestAfterThePrefixLeavesTheBodyUncut) {
     RulesInReview review;
     NamingConvention& rule = review.AddNaming("Both", ObjectType::Variable);
     rule.SetPrefixActive(true);
@@ -128,7 +128,7 @@ TEST(NamingReview, ASuffixLongerThanWhatIsLeftBehindThePrefixLeavesTheBodyWhole)
     EXPECT_THAT(review.Titles(), IsEmpty());
 }
 
-TEST(NamingReview, ASuffixIsTestedAtTheEndAndToldWithItsOwnAdvice) {
+TEST(NamingReview, ASuffixIsTestedAtTheEndAndReportedWithItsOwnAdvice) {
     RulesInReview review;
     NamingConvention& rule = review.AddNaming("Suffix", ObjectType::Variable);
     rule.SetSuffixActive(true);
@@ -153,7 +153,7 @@ TEST(NamingReview, CaseCountsOnlyIfTheRuleSaysSo) {
     EXPECT_THAT(review.Titles(), ElementsAre("Strict"));
 }
 
-TEST(NamingReview, ABodyThatIsTooLongOrTooShortIsTold) {
+TEST(NamingReview, ABodyThatIsTooLongOrTooShortIsReported) {
     RulesInReview review;
     NamingConvention& rule = review.AddNaming("Length", ObjectType::Variable);
     rule.SetBodyActive(true);
@@ -340,7 +340,7 @@ TEST(NamingReview, AControlTakesTheTagOfItsProgramIdentifier) {
     EXPECT_THAT(review.Titles(), ElementsAre("Control"));
 }
 
-TEST(NamingReview, AFormIsOfTheKindOfItsPlaceAmongMdiForms) {
+TEST(NamingReview, AFormIsOfTheTypeOfItsRoleAmongMdiForms) {
     for (const auto& [property, expected] :
          {std::pair{"", "49"}, std::pair{"   MDIChild        =   -1  'True\n", "48"}}) {
         RulesInReview review;

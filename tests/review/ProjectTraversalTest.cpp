@@ -76,7 +76,7 @@ public:
     std::vector<SourceFileStatus> FailedStatus;
     std::vector<std::string> Cut;
     std::string
-        ProjectFileAtEnd;  // the properties of the project file at end Project, behind its own
+        ProjectFileAtEnd;  // the properties of the project file at end Project, after its own
     int Lines = 0;
     int StopAtLine = -1;
 };
@@ -116,7 +116,7 @@ TEST_F(ProjectTraversalTest, ProjectEventsStandAroundThoseOfTheFiles) {
     EXPECT_THAT(m_listener.Failed, IsEmpty());
 }
 
-TEST_F(ProjectTraversalTest, FilesAreWalkedWhetherSelectedOrNot) {
+TEST_F(ProjectTraversalTest, FilesAreTraversedWhetherSelectedOrNot) {
     Load();
     m_project.SourceFiles().SetSelected(2, true);
     Run();
@@ -124,7 +124,7 @@ TEST_F(ProjectTraversalTest, FilesAreWalkedWhetherSelectedOrNot) {
     EXPECT_FALSE(m_listener.Of("modB").empty());
 }
 
-TEST_F(ProjectTraversalTest, EachReferenceHasItsEventAndIsAuthorisedByNobody) {
+TEST_F(ProjectTraversalTest, EachReferenceHasItsEventAndNoneIsAuthorised) {
     Load("Reference=*\\G{11111111-1111-1111-1111-111111111111}#1.0#0#stock.tlb#Stock\n");
     const auto references = static_cast<std::size_t>(m_project.References().Count());
     ASSERT_GT(references, 0U);
@@ -172,7 +172,7 @@ TEST_F(ProjectTraversalTest, KnownFaultThatIsKeptFailsTheNextFile) {
     EXPECT_THAT(m_listener.Failed, ElementsAre("modB"));
 }
 
-TEST_F(ProjectTraversalTest, LayoutThatEndsTooEarlyIsTold) {
+TEST_F(ProjectTraversalTest, LayoutThatEndsTooEarlyIsReported) {
     Load("Form=frmC; frmC.frm\n");
     Write(
         "frmC.frm",
@@ -183,7 +183,7 @@ TEST_F(ProjectTraversalTest, LayoutThatEndsTooEarlyIsTold) {
         m_listener.Cut, ElementsAre("frmC in line 4 the property 'Tag' of 'L' is set twice"));
 }
 
-TEST_F(ProjectTraversalTest, FileThatCannotBeOpenedIsToldAndTheNextOneFollows) {
+TEST_F(ProjectTraversalTest, FileThatCannotBeOpenedIsReportedAndTheNextOneFollows) {
     Load();
     m_project.SourceFiles().Item(1)->SetFilename(m_folder.Path("modGone.bas"));
     EXPECT_TRUE(Run());
@@ -194,7 +194,7 @@ TEST_F(ProjectTraversalTest, FileThatCannotBeOpenedIsToldAndTheNextOneFollows) {
     EXPECT_EQ(m_listener.Of("modB").back(), 35);
 }
 
-TEST_F(ProjectTraversalTest, ListenerCanEndTheWalkInTheMiddleOfAFile) {
+TEST_F(ProjectTraversalTest, ListenerCanEndTheTraversalInTheMiddleOfAFile) {
     Load();
     m_listener.StopAtLine = 2;
     EXPECT_FALSE(Run());

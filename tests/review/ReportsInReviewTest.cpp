@@ -20,7 +20,7 @@ using testing::IsEmpty;
 using testing::Le;
 using testing::Not;
 
-/// A review of the projects "A" and, if the test asks for it, "B", with one rule.
+/// A review of the projects "A" and, on request, "B", with one rule.
 class ReportsInReview : public testing::Test {
 protected:
     ReportsInReview() {

@@ -54,7 +54,7 @@ TEST_F(TagTest, OneLonePercentSignLeavesTheTextUnchanged) {
     EXPECT_EQ(Expand("100% sure"), "100% sure");
 }
 
-TEST_F(TagTest, TagThatAppearsTwiceIsReplacedInBothPlaces) {
+TEST_F(TagTest, TagThatAppearsTwiceIsReplacedAtBothPositions) {
     EXPECT_EQ(Expand("%Procedure.Name% calls %Procedure.Name%"), "Work calls Work");
 }
 
@@ -88,7 +88,7 @@ TEST_F(TagTest, TagThatAppearsTwiceIsLookedUpOnce) {
 }
 
 // Each tag that is looked up costs a line of the log here, so the lines count the work.
-TEST_F(TagTest, TagsBeyondTheMostStayAsTheyStandWhichTheLogTells) {
+TEST_F(TagTest, TagsBeyondTheLimitAreLeftUnchangedAndLogged) {
     const auto text = [](std::size_t tags) {
         std::string result;
         for (std::size_t tag = 0; tag < tags; ++tag) {
@@ -102,8 +102,7 @@ TEST_F(TagTest, TagsBeyondTheMostStayAsTheyStandWhichTheLogTells) {
         m_log.Clear();
         EXPECT_EQ(Expand(text(tags)), text(tags).substr(text(modTextTags::kMostTags).size()));
         EXPECT_EQ(m_log.Lines().size(), modTextTags::kMostTags + 1);
-        EXPECT_TRUE(
-            m_log.Contains("More than 100 different tags; %Nobody.N100% and any after it"));
+        EXPECT_TRUE(m_log.Contains("More than 100 different tags; %Nobody.N100% and any after it"));
     }
 }
 
@@ -166,7 +165,7 @@ TEST_F(TagTest, RuleZeroNeverMarksTheCurrentRule) {
     EXPECT_EQ(m_manager.ParserState().CurrentRuleID(), "7");
 }
 
-TEST_F(TagTest, FailedTagInATextIsToldWithTheMarkOfThatText) {
+TEST_F(TagTest, FailedTagInATextIsLoggedWithTheMarkOfThatText) {
     ViolationDefinition definition;
     definition.SetDescription("%Procedure.No%");
     definition.SetAdvice("%Procedure.Nor%");
@@ -217,7 +216,7 @@ TEST(ResultsManager, ReadOnlyOldDatabaseIsReplaced) {
     EXPECT_EQ(run.Query("P", "SELECT Title FROM Violations").size(), 1U);
 }
 
-TEST(ResultsManager, LockedOldDatabaseIsToldAndTheProjectIsNotReviewed) {
+TEST(ResultsManager, LockedOldDatabaseIsReportedAndTheProjectIsNotReviewed) {
     ReviewRun run;
     AddOneModule(run);
     run.Run();
@@ -238,7 +237,7 @@ TEST(ResultsManager, LockedOldDatabaseIsToldAndTheProjectIsNotReviewed) {
         run.Query("P", "SELECT Title FROM Violations").size(), 1U);  // the old results are whole
 }
 
-TEST(ResultsManager, LockedOldDatabaseIsToldInTheLogOfABackgroundReview) {
+TEST(ResultsManager, LockedOldDatabaseIsReportedInTheLogOfABackgroundReview) {
     ReviewRun run;
     AddOneModule(run);
     run.Run();
@@ -323,7 +322,7 @@ TEST(ViolationsOfOneLine, FromThe64thOnTheirLineIsCutAndMarkedInEachFile) {
 TEST(ViolationsOfOneLine, ALineIsCutAtItsCharactersAndAShortOneNotAtAll) {
     EXPECT_EQ(TextsOfViolations("    forbidden", 64).at(63), "    forbidden");
     const std::string whole =
-        "    forbidden '" + std::string(ViolationLog::kLongestWholeLine - 15, 'x');
+        "    forbidden '" + std::string(ViolationLog::kLongestSourceLine - 15, 'x');
     EXPECT_EQ(TextsOfViolations(whole, 1).at(0), whole);
     EXPECT_EQ(TextsOfViolations(whole + "x", 1).at(0), whole.substr(0, 1000) + " ...");
 }

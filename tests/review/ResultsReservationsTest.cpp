@@ -21,7 +21,7 @@ TEST(ResultsReservations, AreKeptUntilTheyAreGone) {
     EXPECT_NO_THROW(FileInUseMark::SetAlone(file, ""));
 }
 
-TEST(ResultsReservations, OfALongRowTheFirstAreGivenUp) {
+TEST(ResultsReservations, BeyondTheLimitTheOldestAreReleased) {
     const test::TemporaryFolder folder;
     const auto file = [&folder](std::size_t number) {
         return test::ToHostPath(folder.HostPath() / std::to_string(number));

@@ -19,7 +19,7 @@ using test::ReviewRun;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-/// What a scripted project review was asked to do, and what it answers.
+/// The calls of a scripted project review, and its results.
 struct SliceScript {
     std::vector<std::string> Calls;
     std::int32_t LoadResult = 0;
@@ -115,7 +115,7 @@ TEST_F(ReviewManagerTest, InitialiseReview_OfAReviewThatHasBegunIsRefused) {
     EXPECT_EQ(m_manager.ReviewTimeSlice(kWholeReview), SliceResult::Complete);
 }
 
-TEST_F(ReviewManagerTest, ReviewTimeSlice_BehindTheEndGivesTheResultOfTheEndAndDoesNothing) {
+TEST_F(ReviewManagerTest, ReviewTimeSlice_AfterTheEndReturnsTheResultOfTheEndAndDoesNothing) {
     int signals = 0;
     for (const SliceResult end : {SliceResult::Complete, SliceResult::Aborted}) {
         ReviewManager manager([this] { return std::make_unique<ScriptedReview>(m_script); });
@@ -138,7 +138,7 @@ TEST_F(ReviewManagerTest, ReviewTimeSlice_BehindTheEndGivesTheResultOfTheEndAndD
     }
 }
 
-TEST_F(ReviewManagerTest, ReviewTimeSlice_BehindAFailureFails) {
+TEST_F(ReviewManagerTest, ReviewTimeSlice_AfterAFailureFails) {
     m_run.Criteria().LoadCriteria().SetRulebaseFile(m_run.Folder().Path("Nowhere.dvk"));
     EXPECT_EQ(m_manager.ReviewTimeSlice(kWholeReview), SliceResult::Failed);
     m_run.SetRules({});
@@ -146,7 +146,7 @@ TEST_F(ReviewManagerTest, ReviewTimeSlice_BehindAFailureFails) {
     EXPECT_EQ(m_manager.LoadedRulebase(), nullptr);
 }
 
-TEST_F(ReviewManagerTest, ReviewTimeSlice_InsideItselfRunsNothingAndTheReviewGoesOn) {
+TEST_F(ReviewManagerTest, ReviewTimeSlice_InsideItselfRunsNothingAndTheReviewContinues) {
     std::vector<SliceResult> inner;
     m_script.OnSlice = [&] {
         inner.push_back(m_manager.ReviewTimeSlice(kWholeReview));
@@ -171,7 +171,7 @@ TEST_F(ReviewManagerTest, ReviewTimeSlice_OfZeroTicksRunsOneStep) {
     EXPECT_EQ(m_manager.ReviewTimeSlice(0), SliceResult::Continue);
     EXPECT_EQ(signals, 0);  // Start does nothing
     EXPECT_EQ(m_manager.ReviewTimeSlice(1), SliceResult::Continue);
-    EXPECT_EQ(signals, 1);  // ShowLoadingRulebase tells that the rulebase is being loaded
+    EXPECT_EQ(signals, 1);  // ShowLoadingRulebase reports that the rulebase is being loaded
     EXPECT_EQ(m_manager.LoadedRulebase(), nullptr);
     EXPECT_EQ(m_manager.ReviewTimeSlice(0), SliceResult::Continue);
     EXPECT_NE(m_manager.LoadedRulebase(), nullptr);  // by LoadRulebase
@@ -212,7 +212,7 @@ TEST_F(ReviewManagerTest, MissingRulebase_FailsTheReview) {
     EXPECT_EQ(m_manager.ReviewTimeSlice(kWholeReview), SliceResult::Failed);
 }
 
-TEST_F(ReviewManagerTest, ARulebaseThatCannotBeReadIsToldInABoxInTheForegroundOnly) {
+TEST_F(ReviewManagerTest, ARulebaseThatCannotBeReadIsReportedInABoxInTheForegroundOnly) {
     m_run.Criteria().LoadCriteria().SetRulebaseFile(m_run.Folder().Write("Rules.dvk", "<no"));
     test::RecordingMessageBox box;
     EXPECT_EQ(m_manager.ReviewTimeSlice(kWholeReview), SliceResult::Failed);
@@ -293,12 +293,12 @@ TEST_F(ReviewManagerTest, EachStepGivesWayToInputOnce) {
         EXPECT_EQ(m_manager.ReviewTimeSlice(1), SliceResult::Continue) << step;
         EXPECT_EQ(input.Yields, step);
     }
-    // The last step has nothing behind it.
+    // No step follows the last one.
     EXPECT_EQ(m_manager.ReviewTimeSlice(1), SliceResult::Complete);
     EXPECT_EQ(input.Yields, 11);
 }
 
-TEST_F(ReviewManagerTest, TheDriverTellsThatItLoadsTheRulebaseAndThatItInitialises) {
+TEST_F(ReviewManagerTest, TheDriverReportsThatItLoadsTheRulebaseAndThatItInitialises) {
     std::vector<std::int32_t> actions;
     m_manager.SetProgressHandler(
         [&](const ProgressInfo& progress, bool&) { actions.push_back(progress.Action()); });

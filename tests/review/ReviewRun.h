@@ -18,7 +18,7 @@
 
 namespace dorvik::test {
 
-/// A clock that stands still at 21 November 2026, 14:05:09.
+/// A clock that is stopped at 21 November 2026, 14:05:09.
 class StandingClock final : public IClock {
 public:
     DateTime Now() override { return {2026, 11, 21, 14, 5, 9}; }
@@ -52,9 +52,9 @@ public:
     void AddFile(const std::string& name, const std::string& text);
     void SetRules(const std::vector<KeywordRule>& rules);
 
-    /// What the scripts of the review may use up; the usual limits unless told.
+    /// The limits of the scripts of the review; the usual ones by default.
     void SetScriptLimits(const basic::ScriptLimits& limits) { m_limits = limits; }
-    /// Where the review takes type libraries from; nowhere unless told. REQUIRES: it outlives this object.
+    /// Where the review takes type libraries from; by default there are none. REQUIRES: it outlives this object.
     void SetTypeLibraries(ITypeLibrarySource& typeLibraries) { m_typeLibraries = &typeLibraries; }
     /// Runs the whole review.
     SliceResult Run(ReviewManager::ProgressHandler handler = {});

@@ -31,7 +31,7 @@ void RunThreeFiles(RulesInReview& review) {
 TEST(ScriptReview, ClassesAndFormsOfTheProjectAreKnownByNameInAnyCase) {
     RulesInReview review;
     review.AddCoding(
-        "Asks",
+        "Reads",
         {2},
         Script("Dim n\r\nFor Each n In Array(\"CLSA\", \"frma\", \"mdiA\", \"modA\")\r\n"
                "Dorvik.DebugPrint n & Dorvik.IsClassName(n) & Dorvik.IsFormName(n)\r\nNext"));
@@ -39,11 +39,11 @@ TEST(ScriptReview, ClassesAndFormsOfTheProjectAreKnownByNameInAnyCase) {
     for (const char* line : {"CLSATrueFalse", "frmaFalseTrue", "modAFalseFalse"}) {
         EXPECT_THAT(review.Log(), Contains(HasSubstr(line)));
     }
-    // A form file is told apart from an MDI form when it is read, and that it is one all the same.
+    // A form file is read apart from an MDI form when it is read, and that it is one all the same.
     EXPECT_THAT(review.Log(), Contains(HasSubstr("mdiAFalseTrue")));
 }
 
-TEST(ScriptReview, ADumpTellsAllPropertiesAndWorkfieldsOfAnObject) {
+TEST(ScriptReview, ADumpListsAllPropertiesAndWorkfieldsOfAnObject) {
     RulesInReview review;
     review.AddCoding(
         "Dumps",
@@ -83,16 +83,16 @@ TEST(ScriptReview, AnObjectInAWorkfieldIsHandedOutByReferenceAndAnArrayByValue) 
                "c.Add \"one more\"\r\n"
                "Dorvik.GetObjectWorkField \"File\", \"Sizes\", a\r\na(0) = 9"));
     review.AddCoding(
-        "Tells",
+        "Prints",
         {35},
         Script("Dim c, a\r\nDorvik.GetObjectWorkField \"File\", \"Names\", c\r\n"
                "Dorvik.GetObjectWorkField \"File\", \"Sizes\", a\r\n"
-               "Dorvik.DebugPrint \"told \" & c.Count & \" \" & a(0)"));
+               "Dorvik.DebugPrint \"read \" & c.Count & \" \" & a(0)"));
     review.Run({"modA=Sub A()\nEnd Sub\nSub B()\nEnd Sub\n"});
-    EXPECT_THAT(review.Log(), Contains(HasSubstr("told 2 1")));
+    EXPECT_THAT(review.Log(), Contains(HasSubstr("read 2 1")));
 }
 
-std::vector<std::string> ToldBehind(RulesInReview& review, std::string_view mark) {
+std::vector<std::string> LoggedAfter(RulesInReview& review, std::string_view mark) {
     std::vector<std::string> told;
     for (const std::string& line : review.Log()) {
         if (const std::size_t at = line.find(mark); at != std::string::npos) {
@@ -106,14 +106,14 @@ std::vector<std::string> ToldBehind(RulesInReview& review, std::string_view mark
 TEST(ScriptReview, APropertyIsThatOfTheEvent) {
     const std::string ask =
         Script("Dim s As String\r\nDorvik.GetObjectProperty \"Source\", \"Statement\", s\r\n"
-               "Dorvik.DebugPrint \"told \" & Dorvik.GetParserEvent & \"/\" & s & \"/\" & "
+               "Dorvik.DebugPrint \"read \" & Dorvik.GetParserEvent & \"/\" & s & \"/\" & "
                "Dorvik.GetObjectProperty(\"Procedure\", \"Name\")\r\ns = s & \" changed\"");
     RulesInReview review;
     review.AddCoding("First", {30, 34}, ask);
     review.AddCoding("Second", {30, 34}, ask);
     review.Run({"modA=Sub A()\nx = 1\nEnd Sub\nSub B()\nEnd Sub\n"});
     EXPECT_THAT(
-        ToldBehind(review, "told "),
+        LoggedAfter(review, "read "),
         ElementsAre(
             "Procedure <body>/x = 1/A",
             "Procedure <body>/x = 1/A",
@@ -134,30 +134,30 @@ TEST(ScriptReview, AWorkFieldReadAsAPropertyIsTheOneOfNow) {
     review.AddCoding("Second", {28}, script);
     review.AddCoding("Third", {28}, script);
     review.Run({"modA=Sub A()\nEnd Sub\n"});
-    EXPECT_THAT(ToldBehind(review, "count "), ElementsAre("0", "1", "2"));
+    EXPECT_THAT(LoggedAfter(review, "count "), ElementsAre("0", "1", "2"));
 }
 
-TEST(ScriptReview, APropertyThatIsMissingIsLoggedForEachScriptThatAsks) {
+TEST(ScriptReview, AMissingPropertyIsLoggedForEachScriptThatReadsIt) {
     const std::string script =
         Script("Dim s\r\ns = Dorvik.GetObjectProperty(\"File\", \"Colour\")");
     RulesInReview review;
     review.AddCoding("First", {28}, script);
     review.AddCoding("Second", {28}, script);
     review.Run({"modA=Sub A()\nEnd Sub\n"});
-    EXPECT_EQ(ToldBehind(review, "'File.Colour' not found").size(), 2U);
+    EXPECT_EQ(LoggedAfter(review, "'File.Colour' not found").size(), 2U);
 }
 
 TEST(ScriptReview, AScriptThatMakesUpNamesGetsTheAnswerToEachOfThem) {
     RulesInReview review;
     review.AddCoding(
-        "Asks",
+        "Reads",
         {28},
         Script("Dim i As Long, n As Long\r\nFor i = 1 To 500\r\n"
                "If Dorvik.GetObjectProperty(\"Procedure\", Mid$(\"xName\" & i, 2, 4)) = \"A\" Then "
                "n = "
                "n + 1\r\nNext\r\nDorvik.DebugPrint \"right \" & n"));
     review.Run({"modA=Sub A()\nEnd Sub\n"});
-    EXPECT_THAT(ToldBehind(review, "right "), ElementsAre("500"));
+    EXPECT_THAT(LoggedAfter(review, "right "), ElementsAre("500"));
 }
 
 TEST(ScriptReview, AWorkfieldGoesWithItsObject) {
@@ -171,10 +171,10 @@ TEST(ScriptReview, AWorkfieldGoesWithItsObject) {
                "Dorvik.SetObjectWorkField \"Procedure\", \"Seen\", 1\r\n"
                "Dorvik.SetObjectWorkField \"File\", \"Seen\", 1"));
     review.Run({"modA=Sub A()\nEnd Sub\nSub B()\nEnd Sub\n", "modB=Sub C()\nEnd Sub\n"});
-    EXPECT_THAT(ToldBehind(review, "had "), ElementsAre("FalseFalse", "FalseTrue", "FalseFalse"));
+    EXPECT_THAT(LoggedAfter(review, "had "), ElementsAre("FalseFalse", "FalseTrue", "FalseFalse"));
 }
 
-TEST(ScriptReview, AtTheEndOfAnEnumATypeOrTheDeclarationsTheStartIsTold) {
+TEST(ScriptReview, AtTheEndOfAnEnumATypeOrTheDeclarationsTheStartIsReported) {
     RulesInReview review;
     review.AddCoding("Ends", {17, 24, 27, 34}, Script("Dorvik.RaiseViolation"));
     review.Run({"modA=\nEnum E\nOne = 1\nEnd Enum\nType T\nX As Long\nEnd Type\n"
@@ -207,7 +207,7 @@ TEST(ScriptReview, AScriptWithASubMainInUpperCaseRuns) {
     EXPECT_THAT(review.Titles(), ElementsAre("Loud"));
 }
 
-TEST(ScriptReview, AnInstructionLimitStopsAtTheSamePlaceEachTime) {
+TEST(ScriptReview, AnInstructionLimitStopsAtTheSameInstructionEachTime) {
     RulesInReview review;
     basic::ScriptLimits limits;
     limits.Instructions = 5'000;
@@ -218,7 +218,7 @@ TEST(ScriptReview, AnInstructionLimitStopsAtTheSamePlaceEachTime) {
         Script("Dim n\r\nFor n = 1 To 100000\r\n"
                "Dorvik.SetObjectWorkField \"File\", \"N\", n\r\nNext"));
     review.AddCoding(
-        "Tells",
+        "Prints",
         {34},
         Script("Dim n\r\nDorvik.GetObjectWorkField \"File\", \"N\", n\r\n"
                "Dorvik.DebugPrint \"came to \" & (n > 10 And n < 5000)"));

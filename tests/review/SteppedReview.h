@@ -48,7 +48,7 @@ public:
     const ProgressInfo& Progress() const { return m_progress; }
     VB6ProjectReview& Review() { return m_review; }
 
-    /// Steps until the machine stands in that state.
+    /// Steps until the machine is in that state.
     void StepTo(ProjectState state) {
         while (State() != state && Step() == SliceResult::Continue) {
         }

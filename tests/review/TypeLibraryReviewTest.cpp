@@ -79,7 +79,7 @@ TEST(TypeLibraryReview, SourceIsAskedForTheFolderOfTheProject) {
     EXPECT_THAT(source.Folders, ElementsAre(review.Review().Folder().Path()));
 }
 
-TEST(TypeLibraryReview, WithoutNamingConventionsNobodyIsAsked) {
+TEST(TypeLibraryReview, WithoutNamingConventionsNoLibraryIsOpened) {
     OneLibrarySource source;
     RulesInReview review;
     review.Review().SetTypeLibraries(source);

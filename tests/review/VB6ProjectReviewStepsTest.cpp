@@ -67,11 +67,11 @@ TEST_F(ProjectSteps, ASliceBeforeAProjectIsLoadedFails) {
         ErrorLog(),
         HasSubstr("A time slice was rejected: the review has not begun.#C_VB6ProjectReview::"
                   "ReviewTimeSlice"));
-    EXPECT_EQ(review.LoadProject(1), 1) << "nobody has said of what";
+    EXPECT_EQ(review.LoadProject(1), 1) << "no review was initialised";
     EXPECT_EQ(review.ReviewTimeSlice(1), SliceResult::Failed);
 }
 
-TEST_F(ProjectSteps, ASliceBehindTheEndGivesTheResultOfTheEnd) {
+TEST_F(ProjectSteps, ASliceAfterTheEndReturnsTheResultOfTheEnd) {
     SteppedReview review(m_run);
     EXPECT_EQ(review.Review().ReviewTimeSlice(kWholeReview), SliceResult::Complete);
     EXPECT_EQ(review.Step(), SliceResult::Complete);
@@ -84,7 +84,7 @@ TEST_F(ProjectSteps, ASliceBehindTheEndGivesTheResultOfTheEnd) {
     EXPECT_TRUE(m_run.HasResults("P")) << "there is nothing left to abort";
 }
 
-TEST_F(ProjectSteps, ASliceBehindAnAbortIsAborted) {
+TEST_F(ProjectSteps, ASliceAfterAnAbortIsAborted) {
     SteppedReview review(m_run);
     review.StepTo(ProjectState::LoadSourceFile);
     review.Review().AbortReview();
@@ -125,7 +125,7 @@ TEST_F(ProjectSteps, ACancelThatCannotBeLoggedStillLeavesNoResults) {
     EXPECT_FALSE(m_run.HasResults("P"));
 }
 
-TEST_F(ProjectSteps, AReviewThatNobodyEndsLeavesNoResults) {
+TEST_F(ProjectSteps, AReviewThatIsNotEndedLeavesNoResults) {
     {
         SteppedReview review(m_run);
         review.StepTo(ProjectState::SourceFileTick);
@@ -135,7 +135,7 @@ TEST_F(ProjectSteps, AReviewThatNobodyEndsLeavesNoResults) {
     EXPECT_EQ(m_run.Log("P").back(), "Review terminated due to unexpected error.");
 }
 
-TEST_F(ProjectSteps, AFailureBehindTheSignalOfALibraryIsCountedAndTheNextLibraryFollows) {
+TEST_F(ProjectSteps, AFailureAfterTheSignalOfALibraryIsCountedAndTheNextLibraryFollows) {
     SteppedReview review(m_run);
     BlockTheLog();
     for (int errors = 1; errors <= 3; ++errors) {  // the references that every project has
@@ -201,7 +201,7 @@ TEST_F(ProjectSteps, AnErrorInALibraryIsCountedInTheStatesOfItsKind) {
 
 // ---- counts ----
 
-TEST_F(ProjectSteps, TheCountsOfErrorsAreToldInTheirOrder) {
+TEST_F(ProjectSteps, TheCountsOfErrorsAreLoggedInTheirOrder) {
     modFiles::DeleteFile(m_run.Folder().Path("modA.bas"));
     SteppedReview review(m_run);
     review.Review().ReviewTimeSlice(kWholeReview);
@@ -260,7 +260,7 @@ TEST_F(ProjectSteps, AnErrorOfAFileAloneSpoilsTheStatus) {
 
 // ---- progress ----
 
-TEST_F(ProjectSteps, EachPartOfTheReviewTellsItsAction) {
+TEST_F(ProjectSteps, EachPartOfTheReviewReportsItsAction) {
     SteppedReview review(m_run);
     std::vector<std::pair<ProjectState, std::int32_t>>
         told;  // state and action, where the action is new
@@ -288,7 +288,7 @@ TEST_F(ProjectSteps, TheScanIsAnnouncedAndCountsTheFiles) {
     };
     review.Step();
     ASSERT_EQ(review.State(), ProjectState::BeginPrescan);
-    EXPECT_THAT(files, ElementsAre(0)) << "the last step of the components tells of it";
+    EXPECT_THAT(files, ElementsAre(0)) << "the last step of the components reports it";
     review.StepTo(ProjectState::BeginProject);
     EXPECT_THAT(files, ElementsAre(0, 1, 2));
     EXPECT_EQ(review.Progress().SourceFileName(), "modB");
@@ -329,7 +329,7 @@ TEST_F(ProjectSteps, EachStepGivesWayToInputOnceAndLongerWorkMoreOften) {
     SteppedReview review(m_run);
     ScriptedInput input;
     std::vector<std::pair<ProjectState, int>>
-        yields;  // of each step, behind the state in which it began
+        yields;  // of each step, after the state in which it began
     auto result = SliceResult::Continue;
     while (result == SliceResult::Continue) {
         const ProjectState state = review.State();
@@ -366,7 +366,7 @@ TEST_F(ProjectSteps, AScriptGivesWayToInputWhereItSaysDoEvents) {
     const auto rules = std::make_shared<Rulebase>();
     const auto rule = std::make_shared<CodingConvention>();
     rule->SetTitle("Gives way");
-    rule->SetCondition(Script("DoEvents\r\nDoEvents\r\nDorvik.DebugPrint \"went on\""));
+    rule->SetCondition(Script("DoEvents\r\nDoEvents\r\nDorvik.DebugPrint \"continued\""));
     rule->AddParserEventID(1);
     rules->RuleLists().AddConvention(rule, true);
     m_run.Criteria().LoadCriteria().SetCodingConventions(true);
@@ -381,13 +381,13 @@ TEST_F(ProjectSteps, AScriptGivesWayToInputWhereItSaysDoEvents) {
         ++processed;
     };
     review.Step();
-    EXPECT_EQ(processed, 3) << "twice in the script, once behind the step";
-    EXPECT_THAT(m_run.Log("P"), Contains(HasSubstr("went on")));
+    EXPECT_EQ(processed, 3) << "twice in the script, once after the step";
+    EXPECT_THAT(m_run.Log("P"), Contains(HasSubstr("continued")));
 }
 
 // ---- places without a source line ----
 
-TEST(PlacesInReview, ProjectLayoutAndControlHaveNoSourceLine) {
+TEST(LocationsInReview, ProjectLayoutAndControlHaveNoSourceLine) {
     RulesInReview review;
     review.AddCoding("Everywhere", {1, 6, 7, 28, 30}, Script("Dorvik.RaiseViolation"));
     review.Review().AddFile(

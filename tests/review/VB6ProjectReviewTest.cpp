@@ -99,7 +99,7 @@ TEST(VB6ProjectReview, ProjectWithoutSelectedFileFiresProjectEventsOnly) {
     EXPECT_THAT(run.Query("P", "SELECT Type FROM SourceFiles"), ElementsAre("Project"));
 }
 
-TEST(VB6ProjectReview, FileThatCannotBeConnectedIsToldAndTheNextFileFollows) {
+TEST(VB6ProjectReview, FileThatCannotBeConnectedIsLoggedAndTheNextFileFollows) {
     ReviewRun run;
     run.AddProject(
         "P.vbp", "Module=modGone; modGone.bas\nModule=modA; modA.bas\nType=Exe\nName=\"P\"\n");
@@ -295,7 +295,7 @@ TEST(VB6ProjectReview, ReviewLogOfACleanReview) {
             "Project reviewed successfully."));
 }
 
-TEST(VB6ProjectReview, LibrariesThatCannotBeLoadedAreToldAndCounted) {
+TEST(VB6ProjectReview, LibrariesThatCannotBeLoadedAreLoggedAndCounted) {
     ReviewRun run;
     run.AddProject(
         "P.vbp",
@@ -311,7 +311,7 @@ TEST(VB6ProjectReview, LibrariesThatCannotBeLoadedAreToldAndCounted) {
     EXPECT_THAT(log, Contains("4 error(s) loading references."));
 }
 
-TEST(VB6ProjectReview, FileThatCannotBeScannedIsCountedAndTheScanGoesOn) {
+TEST(VB6ProjectReview, FileThatCannotBeScannedIsCountedAndTheScanContinues) {
     ReviewRun run;
     run.AddProject(
         "P.vbp", "Module=modGone; modGone.bas\nModule=modA; modA.bas\nType=Exe\nName=\"P\"\n");

@@ -31,7 +31,7 @@ protected:
     VB6ParserState m_state;
 };
 
-TEST_F(ProjectScopeTest, ProjectStandsBeforeItsFileAndKeepsLineCounts) {
+TEST_F(ProjectScopeTest, ProjectIsAttachedBeforeItsFileAndKeepsLineCounts) {
     VirtualProject project;
     project.SetName("Billing");
     project.SetFilename("C:\\Src\\Billing.vbp");

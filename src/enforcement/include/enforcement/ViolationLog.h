@@ -28,12 +28,12 @@ public:
     /// Where violations are stored from now on. REQUIRES: it outlives its use here.
     void SetResults(ResultsDB& results) { m_results = &results; }
 
-    /// The first violations of a source line store it whole, unless it is longer than `kLongestWholeLine`
-    /// characters; any other stores its first `kCutLine` characters and " ..." after them, also of the
-    /// other texts.
-    static constexpr std::int32_t kWholeLines = 63;
-    static constexpr std::size_t kLongestWholeLine = 32'768;
-    static constexpr std::size_t kCutLine = 1000;
+    /// The first `kUntruncatedPerLine` violations of a source line store all of it, up to `kLongestSourceLine`
+    /// characters. Further violations, and those of a longer line, store its first `kTruncatedLength` characters
+    /// followed by " ..."; further violations also truncate their other texts.
+    static constexpr std::int32_t kUntruncatedPerLine = 63;
+    static constexpr std::size_t kLongestSourceLine = 32'768;
+    static constexpr std::size_t kTruncatedLength = 1000;
 
     /// Raises a violation at the current source line. `advice` replaces the definition's unless empty.
     void RaiseViolation(

@@ -3,7 +3,6 @@
 #include "parser/IFileParser.h"
 #include "parser/Location.h"
 #include "parser/ParserEvent.h"
-#include "source/FileType.h"
 #include "source/LayoutReader.h"
 #include "source/LineType.h"
 #include "source/VirtualSourceFile.h"
@@ -109,9 +108,6 @@ private:
     FileParserState State_Layout();
     FileParserState State_EndLayout();
     FileParserState State_EndSourceFile();
-    static bool IsLayoutDefinitionStart(std::string_view line, FileType fileType);
-    static bool IsMDIParentFormDefinition(std::string_view line);
-    static bool IsLayoutDefinitionEnd(std::string_view line);
     void CollectLayoutLines();
     void AppendLayoutLine();
     /// Records in the file that its layout could not be read further than the layout line of that index.
@@ -180,9 +176,9 @@ private:
     LineType m_previousLineType = LineType::CommentOnly;  // of the last line that was not blank
     std::int32_t m_sourceLineNumber = 0;                  // 1-based, physical
     bool m_isMultiStatement = false;
-    std::string m_restText;   // the line of several statements
-    std::string_view m_rest;  // of that text, after the current statement
-    bool m_more = false;      // the line has a further statement
+    std::string m_statementsText;            // the line of several statements
+    std::string_view m_remainingStatements;  // of that text, after the current statement
+    bool m_hasMoreStatements = false;        // the line has a further statement
 
     std::string m_layoutName;
     std::vector<std::string> m_layoutLines;

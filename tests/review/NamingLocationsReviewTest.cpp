@@ -47,7 +47,7 @@ std::string Escaped(std::string_view text) {
     return pattern;
 }
 
-TEST(NamingPlaces, EachScopeHasItsTag) {
+TEST(NamingLocations, EachScopeHasItsTag) {
     RulesInReview review;
     for (const char* row :
          {"Public (Global)",
@@ -81,7 +81,7 @@ TEST(NamingPlaces, EachScopeHasItsTag) {
             "Friend"));
 }
 
-TEST(NamingPlaces, AnEventAndItsArgumentsRunTheRulesOfTheirKinds) {
+TEST(NamingLocations, AnEventAndItsArgumentsRunTheRulesOfTheirKinds) {
     RulesInReview review;
     for (const auto& [title, object] :
          {std::pair{"11", ObjectType::Event},
@@ -103,7 +103,7 @@ TEST(NamingPlaces, AnEventAndItsArgumentsRunTheRulesOfTheirKinds) {
         review.Query("SELECT LineNum FROM Violations"), ElementsAre("1", "1", "1", "1", "1"));
 }
 
-TEST(NamingPlaces, AFormAtTheEndOfItsLayoutIsToldUnderTheDeclarations) {
+TEST(NamingLocations, AFormAtTheEndOfItsLayoutIsReportedUnderTheDeclarations) {
     RulesInReview review;
     NamingConvention& rule = review.AddNaming("49", ObjectType::NonMDIFormFile);
     rule.SetBodyActive(true);
@@ -115,7 +115,7 @@ TEST(NamingPlaces, AFormAtTheEndOfItsLayoutIsToldUnderTheDeclarations) {
     EXPECT_THAT(review.Query("SELECT LineNum FROM Violations"), ElementsAre("0"));
 }
 
-TEST(NamingPlaces, AControlWithoutTagInASuffixIsTheDefaultViolationToo) {
+TEST(NamingLocations, AControlWithoutTagInASuffixIsTheDefaultViolationToo) {
     RulesInReview review;
     AddSuffixRule(review, "Control", ObjectType::Control, Item(psControlTag));
     review.Rules().SetUnknownControlViolation(true);
@@ -126,7 +126,7 @@ TEST(NamingPlaces, AControlWithoutTagInASuffixIsTheDefaultViolationToo) {
     EXPECT_THAT(review.Titles(), ElementsAre(review.Rules().DefaultViolations().Item(5).Title()));
 }
 
-TEST(NamingPlaces, ASuffixWhoseTagCannotBeHadIsNotTestedAndTheBodyStaysWhole) {
+TEST(NamingLocations, ASuffixWhoseTagIsMissingIsNotTestedAndTheBodyIsUncut) {
     RulesInReview review;
     NamingConvention& rule =
         AddSuffixRule(review, "Type", ObjectType::Variable, Item(psDataTypeTag));
@@ -137,7 +137,7 @@ TEST(NamingPlaces, ASuffixWhoseTagCannotBeHadIsNotTestedAndTheBodyStaysWhole) {
     EXPECT_THAT(review.Log(), Contains(HasSubstr("Data type 'Gadget' undefined.")));
 }
 
-TEST(NamingPlaces, AFailedPrefixEndsTheTestsBeforeTheSuffix) {
+TEST(NamingLocations, AFailedPrefixEndsTheTestsBeforeTheSuffix) {
     RulesInReview review;
     NamingConvention& rule = AddPrefixRule(review, "Both", ObjectType::Variable, Item(psText, "x"));
     rule.SetSuffixActive(true);
@@ -148,7 +148,7 @@ TEST(NamingPlaces, AFailedPrefixEndsTheTestsBeforeTheSuffix) {
     EXPECT_THAT(AdviceOf(review), ElementsAre("Prefix.", "Suffix."));
 }
 
-TEST(NamingPlaces, APropertyItemWithoutAPointIsToldAndNotTested) {
+TEST(NamingLocations, APropertyItemWithoutAPointIsLoggedAndNotTested) {
     RulesInReview review;
     AddPrefixRule(review, "NoDot", ObjectType::Variable, Item(psProperty, "NoDot"));
     review.Run({"modA=Private a As Long\n"});
@@ -159,7 +159,7 @@ TEST(NamingPlaces, APropertyItemWithoutAPointIsToldAndNotTested) {
                  "scope."));
 }
 
-TEST(NamingPlaces, ARuleOnAPropertyThatIsNotThereIsToldAndRaisesNothing) {
+TEST(NamingLocations, ARuleOnAMissingPropertyIsLoggedAndRaisesNothing) {
     RulesInReview review;
     NamingConvention& rule = review.AddNaming("Colour", ObjectType::Variable);
     rule.SetPropertyName("Colour");
@@ -171,7 +171,7 @@ TEST(NamingPlaces, ARuleOnAPropertyThatIsNotThereIsToldAndRaisesNothing) {
         review.Log(), Contains(HasSubstr("Virtual object property 'Variable.Colour' not found.")));
 }
 
-TEST(NamingPlaces, AnObjectOfATypeWithoutRulesCostsNoRuleExecution) {
+TEST(NamingLocations, AnObjectOfATypeWithoutRulesCostsNoRuleExecution) {
     RulesInReview review;
     NamingConvention& rule = review.AddNaming("Enum", ObjectType::Enum);
     rule.SetCondition(Script("Dorvik.DebugPrint \"ran\""));
@@ -180,7 +180,7 @@ TEST(NamingPlaces, AnObjectOfATypeWithoutRulesCostsNoRuleExecution) {
     EXPECT_THAT(review.Log(), testing::Not(Contains(HasSubstr("ran"))));
 }
 
-TEST(NamingPlaces, AMalformedPatternIsLoggedWithItsRule) {
+TEST(NamingLocations, AMalformedPatternIsLoggedWithItsRule) {
     RulesInReview review;
     AddPrefixRule(review, "Broken", ObjectType::Variable, Item(psText, "("));
     review.Run({"modA=Private a As Long\n"});
@@ -191,7 +191,7 @@ TEST(NamingPlaces, AMalformedPatternIsLoggedWithItsRule) {
                            "5000#C_NCHelper::TestPattern")));
 }
 
-TEST(NamingPlaces, APatternThatTakesTooLongIsAnErrorOfItsRuleAndDisablesIt) {
+TEST(NamingLocations, APatternThatTakesTooLongIsAnErrorOfItsRuleAndDisablesIt) {
     RulesInReview review;
     NamingConvention& rule = review.AddNaming("Endless", ObjectType::Variable);
     rule.SetBodyActive(true);

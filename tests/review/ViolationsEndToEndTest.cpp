@@ -15,9 +15,9 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// One procedure with a forbidden keyword, and a rule of each kind that has something to say about it.
-class RoadOfAViolation : public testing::Test {
+class ViolationsEndToEnd : public testing::Test {
 protected:
-    RoadOfAViolation() {
+    ViolationsEndToEnd() {
         UnauthorisedKeyword& keyword = m_review.AddKeyword("Keyword", "\\bStop\\b");
         ViolationDefinition& definition = keyword.ViolationDefinition();
         definition.SetDescription("%Procedure.Name% of %File.Name% stops.");
@@ -37,11 +37,11 @@ protected:
     RulesInReview m_review;
 };
 
-TEST_F(RoadOfAViolation, ScriptsComeBeforeKeywordsAndWhatIsDueAtTheEndBehindTheNames) {
+TEST_F(ViolationsEndToEnd, ScriptsRunBeforeKeywordsAndPendingViolationsAfterTheNames) {
     EXPECT_THAT(m_review.Titles(), ElementsAre("Script", "Keyword", "Name", "Pending"));
 }
 
-TEST_F(RoadOfAViolation, TheStatementIsToldAtItsLineAndTheEndAtItsStart) {
+TEST_F(ViolationsEndToEnd, TheStatementIsReportedAtItsLineAndTheEndAtItsStart) {
     EXPECT_THAT(Query("SELECT LineNum FROM Violations"), ElementsAre("4", "4", "3", "3"));
     EXPECT_THAT(
         Query("SELECT SourceLine FROM Violations"),
@@ -49,13 +49,13 @@ TEST_F(RoadOfAViolation, TheStatementIsToldAtItsLineAndTheEndAtItsStart) {
     EXPECT_THAT(Query("SELECT Loc FROM Violations"), ElementsAre("4", "4", "4", "4"));
 }
 
-TEST_F(RoadOfAViolation, ItsTextsAreExpandedAgainstTheObjectsInScope) {
+TEST_F(ViolationsEndToEnd, ItsTextsAreExpandedAgainstTheObjectsInScope) {
     EXPECT_THAT(
         Query("SELECT Description FROM Violations WHERE Title = 'Keyword'"),
         ElementsAre("Foo of modA stops."));
 }
 
-TEST_F(RoadOfAViolation, EachHasOneRowAndCountsOnEveryObjectUpTheChain) {
+TEST_F(ViolationsEndToEnd, EachHasOneRowAndCountsOnEveryObjectUpTheChain) {
     EXPECT_THAT(Query("SELECT ItemType FROM Violations"), ElementsAre("3", "3", "3", "3"));
     // The procedure and the declarations; the file and the project file; the project.
     EXPECT_THAT(
@@ -66,7 +66,7 @@ TEST_F(RoadOfAViolation, EachHasOneRowAndCountsOnEveryObjectUpTheChain) {
         Query("SELECT HighImpact FROM ViolationStats WHERE ItemType = 1"), ElementsAre("750"));
 }
 
-TEST_F(RoadOfAViolation, TheFileHasItsVerdictAndTheProjectItsOwn) {
+TEST_F(ViolationsEndToEnd, TheFileHasItsVerdictAndTheProjectItsOwn) {
     EXPECT_THAT(Query("SELECT HVC FROM SourceFiles WHERE Type = 'Module'"), ElementsAre("1"));
     EXPECT_THAT(Query("SELECT HVCPass FROM SourceFiles WHERE Type = 'Module'"), ElementsAre("0"));
     EXPECT_THAT(Query("SELECT HVCPass FROM SourceFiles WHERE Type = 'Project'"), ElementsAre("-1"));
@@ -105,13 +105,13 @@ TEST_F(WorkedExample, ANameOfTheStandardRaisesNothing) {
     EXPECT_THAT(AdviceOn("Private m_asNames() As String"), IsEmpty());
 }
 
-TEST_F(WorkedExample, AWrongPrefixIsToldAndTheBodyIsNotExamined) {
+TEST_F(WorkedExample, AWrongPrefixIsReportedAndTheBodyIsNotTested) {
     EXPECT_THAT(
         AdviceOn("Private m_names() As String"),
         ElementsAre("Start with the scope and type tags."));
 }
 
-TEST_F(WorkedExample, ARightPrefixWithAShortBodyIsToldWithTheAdviceOfTheBody) {
+TEST_F(WorkedExample, ARightPrefixWithAShortBodyIsReportedWithTheAdviceOfTheBody) {
     EXPECT_THAT(AdviceOn("Private m_asNo() As String"), ElementsAre("Body."));
 }
 
