@@ -142,6 +142,13 @@ bool ReportFailedRules(const RuleFailures& failures) {
     return failedRules.empty();
 }
 
+/// Reports the rules that did not run at each of their events. False if there were any.
+bool ReportIncompleteRules(const RuleFailures& failures) {
+    const bool isNoneStopped = ReportStoppedRules(failures);
+    const bool isNoneFailed = ReportFailedRules(failures);
+    return isNoneStopped && isNoneFailed;
+}
+
 /// Reports that lines are missing from the log.
 void ReportUnwrittenLog() {
     std::string why = modLog::FirstUnwritten();
@@ -181,6 +188,13 @@ bool Exists(const std::string& path) {
     return modHostFolder::KindOf(modHostPath::FromUserRelative(path)) != FileKind::Nothing;
 }
 
+/// For a path that does not exist and is probably a further value of an option.
+std::string
+CommaAdvice(const std::string& path, const std::string& option, const std::string& firstValue) {
+    return "'" + path + "' does not exist; to give several values to " + option +
+           ", separate them with commas: " + option + " " + firstValue + "," + path;
+}
+
 /// In a list that is written with blanks between its values all but the first are taken for paths. What is wrong
 /// with such a path, and how the list is written; empty if there is none.
 std::string StrayValue(const ReviewOptions& options) {
@@ -196,10 +210,7 @@ std::string StrayValue(const ReviewOptions& options) {
     for (const std::string& path : options.Paths) {
         for (const ListOption& list : lists) {
             if (!list.First.empty() && list.IsValue(path) && !Exists(path)) {
-                return "'" + path + "' does not exist; to give several values to " +
-                       std::string(list.Name) +
-                       ", separate them with commas: " + std::string(list.Name) + " " + list.First +
-                       "," + path;
+                return CommaAdvice(path, std::string(list.Name), list.First);
             }
         }
     }
@@ -275,6 +286,24 @@ bool ReportFailures(
     return reports.ReportFailures() && complete;
 }
 
+/// The limits of the rules' scripts; 0 means that there is none.
+basic::ScriptLimits ScriptLimitsOf(const ReviewOptions& options) {
+    basic::ScriptLimits limits;
+    // Rounded up, so that a limit never becomes 0.
+    limits.Milliseconds = static_cast<std::int32_t>(std::ceil(options.ScriptSeconds * 1000));
+    if (options.ScriptInstructions) {
+        limits.Instructions = *options.ScriptInstructions;
+    } else if (options.ScriptSeconds == 0) {
+        limits.Instructions = 0;
+    }
+    return limits;
+}
+
+/// A folder of the command line as the project names it; empty if none was given.
+std::string ChosenFolder(const std::string& folder, int codePage) {
+    return folder.empty() ? std::string() : modCommandPath::Inner(folder, codePage);
+}
+
 }  // namespace
 
 ExitCode RunReview(const ReviewOptions& options) {
@@ -284,10 +313,7 @@ ExitCode RunReview(const ReviewOptions& options) {
         return ExitCode::NothingDone;
     }
     FoundProjects found = modProjectFinder::FindProjects(options.Paths, options.CodePage);
-    const std::string resultsFolder =
-        options.ResultsFolder.empty()
-            ? std::string()
-            : modCommandPath::Inner(options.ResultsFolder, options.CodePage);
+    const std::string resultsFolder = ChosenFolder(options.ResultsFolder, options.CodePage);
     const std::vector<std::string> filenames = WithoutNameClashes(found, resultsFolder);
     for (const std::string& error : found.Errors) {
         modConsole::PrintError(error);
@@ -315,15 +341,7 @@ ExitCode RunReview(const ReviewOptions& options) {
     ReviewManager manager;
     manager.SetTypeLibraries(&typeLibraries);
     manager.InitialiseReview(criteria);
-    basic::ScriptLimits limits;
-    // Up, so that a limit is never rounded to none.
-    limits.Milliseconds = static_cast<std::int32_t>(std::ceil(options.ScriptSeconds * 1000));
-    if (options.ScriptInstructions) {
-        limits.Instructions = *options.ScriptInstructions;
-    } else if (options.ScriptSeconds == 0) {
-        limits.Instructions = 0;
-    }
-    manager.RuleEngine().SetLimits(limits);
+    manager.RuleEngine().SetLimits(ScriptLimitsOf(options));
     if (options.RuleTimes) {
         manager.RuleEngine().MeasureRules();
     }
@@ -353,14 +371,13 @@ ExitCode RunReview(const ReviewOptions& options) {
     if (options.RuleTimes) {
         modRuleTimes::Print(manager.RuleEngine());
     }
-    const bool rulesHeld = ReportStoppedRules(manager.RuleEngine().Failures());
-    const bool rulesWorked = ReportFailedRules(manager.RuleEngine().Failures()) && rulesHeld;
+    const bool areRulesComplete = ReportIncompleteRules(manager.RuleEngine().Failures());
     ReportUnwrittenLog();
     if (const TypeCatalogue* const catalogue = typeLibraries.LoadedCatalogue()) {
         modTypeLibrarySettings::ReportFaults(*catalogue);
     }
     const bool complete =
-        ReportFailures(*criteria, summary, reports) && found.Errors.empty() && rulesWorked;
+        ReportFailures(*criteria, summary, reports) && found.Errors.empty() && areRulesComplete;
     if (summary.ReviewedProjects() == 0) {
         return ExitCode::NothingDone;
     }
