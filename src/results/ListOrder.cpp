@@ -26,7 +26,7 @@ struct Ranked {
     std::size_t Index;
 };
 
-/// Each text is compared a few times here, so that the sort itself has only numbers to compare.
+/// Compares each text a few times only, so that the selection sort has numbers to compare.
 void RankByText(
     const std::vector<BasicObject>& list, bool byFilename, std::vector<Ranked>& ranked) {
     const auto text = [&](const Ranked& entry) -> const std::string& {
@@ -124,7 +124,7 @@ void ListOrder::SortProcedures(std::vector<BasicObject>& list) const {
     SortBasicObjectList(list, m_procedures.Key, m_procedures.Ascending, /*byFilename=*/false);
 }
 
-// Required: a selection sort, which decides in what order items of equal keys end up.
+// Required: a selection sort. Its swaps decide in what order items of equal keys end up.
 void ListOrder::SortBasicObjectList(
     std::vector<BasicObject>& list, std::int32_t key, bool ascending, bool byFilename) {
     std::vector<Ranked> ranked = RankedBy(list, key, byFilename);

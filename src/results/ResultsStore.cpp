@@ -6,7 +6,7 @@ namespace dorvik {
 
 namespace {
 
-/// The calling operation fails as well, in its own name.
+/// Without rows the calling operation fails too, and is logged under its own name.
 Recordset RequireOpened(std::optional<Recordset> rows) {
     if (!rows) {
         RaiseRuntimeError(runtimeerror::kObjectNotSet);
@@ -49,10 +49,10 @@ void ResultsStore::DeleteDatabase() {
     }
 }
 
-/// Built once at the end they cost little, while kept up to date they would slow every row down. The first
-/// one holds all that a filtered count needs, and keeps the violations of an item in their order of raising.
+/// To build them once at the end costs little; to maintain them during the review would delay every row. The first
+/// one covers filtered counts, and keeps the violations of an item in the order in which they were raised.
 void ResultsStore::AddIndexes() {
-    // `dorvik::Trap`: a failure here is no loss.
+    // `dorvik::Trap`, which does not count a failure: nothing of the review is lost without indexes.
     dorvik::Trap({kModule, "AddIndexes"}, [&] {
         m_database.EnsureIndex(
             "ViolationsByItem",
@@ -131,7 +131,7 @@ void ResultsStore::CountFailure() {
     m_failures.NoteReason(databaseerror::kStoreFailed);  // unless there is a reason already
     m_knownFaults += std::exchange(m_isKnownFault, false) ? 1 : 0;
     if (m_isOpen && m_failures.FirstNumber() == databaseerror::kLocked) {
-        // There is no verdict any more, so no other row needs to wait as long for the same lock.
+        // The verdict is lost already, so later rows need not wait for the same lock.
         SetPatience(std::chrono::milliseconds(0));
     }
 }

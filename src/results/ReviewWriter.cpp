@@ -1,4 +1,4 @@
-// A review from its start to its end, and the changes to one that is finished.
+// A review from its start to its end.
 
 #include "results/ReviewWriter.h"
 
@@ -85,7 +85,7 @@ void ReviewWriter::WriteCategoryList(const Rulebase& rulebase, const ReviewCrite
     }
 }
 
-/// Required: a level that is left out of the review has its row too.
+// Required: a level that takes no part in the review has its row too.
 void ReviewWriter::WriteSeverityList(const Rulebase& rulebase, const ReviewCriteria& criteria) {
     auto rows =
         m_store.RequireEditableRows("SELECT * FROM SeverityList WHERE SeverityRecordID = 0");

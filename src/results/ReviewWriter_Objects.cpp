@@ -72,7 +72,8 @@ void ReviewWriter::SetupVObjectResults(std::string_view kind, VirtualObject& obj
 }
 
 std::int32_t ReviewWriter::SetupProject(VirtualObject& object) {
-    // Required: a project file that does not tell its type gets no row. That loses no finding, and counts as no loss.
+    // Required: a project file without a type gets no row. No finding is lost by that, so it is not counted as a
+    // loss.
     if (!object.Properties().Contains(propertyname::kType)) {
         dorvik::Trap({kModule, "SetupProject"}, [&] { TextOf(object, "Type"); });
         return 0;
@@ -104,7 +105,7 @@ std::int32_t ReviewWriter::SetupSourceFile(VirtualObject& object) {
         auto rows = m_store.RequireEditableRows(
             "SELECT * FROM SourceFiles WHERE Filename=? AND Path=?", {filename, path});
         std::string key = modTextCase::ToLower(path) + '\n' + modTextCase::ToLower(filename);
-        // To look through all rows for each file would make the files cost their number squared.
+        // A query for each file would read all rows, so that the time would grow with the square of the files.
         const bool isNew = m_files.RuleOut(key) || (rows.BOF() && rows.EOF_());
         if (isNew) {
             rows.AddNew();
@@ -136,7 +137,7 @@ std::int32_t ReviewWriter::SetupProcedure(VirtualObject& object) {
             "SELECT * FROM Procedures WHERE Name = ? AND SourceID = ? AND Type = ?",
             {name, m_sourceId, type});
         std::string key = modTextCase::ToLower(name) + '\n' + modTextCase::ToLower(type);
-        // A look at the rows costs more than a new one: it lets go of the file between two writes.
+        // The query costs more than the new row, since it releases the lock of the file between two writes.
         const bool isNew = m_procedures.RuleOut(key) || (rows.BOF() && rows.EOF_());
         if (isNew) {
             rows.AddNew();

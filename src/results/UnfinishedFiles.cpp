@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::string_view kQuery = "SELECT SourceID, Type, CyclomaticComplexity FROM SourceFiles";
 
-/// The project file has no complexity at any time.
+/// The project file never has a complexity.
 bool IsUnfinished(Recordset& row) {
     return row.Value("CyclomaticComplexity").IsEmpty() &&
            !modTextCase::Equal(row.Value("Type").AsText(), "Project");

@@ -39,7 +39,7 @@ ViolationReader::ViolationList ViolationReader::GetProcedureViolationList(std::i
     return list;
 }
 
-// Required: the filter comes after the sort terms and so belongs to the last of them. It leaves out no row.
+// Required: the filter comes after the sort terms and so belongs to the last of them. It excludes no row.
 void ViolationReader::AddViolations(ItemType itemType, std::int32_t itemId, ViolationList& list) {
     std::string sql = "SELECT ViolationID, " + std::string(modViolationRow::kColumns) +
                       " FROM Violations" + modItemSql::OfItem(itemType, itemId) +

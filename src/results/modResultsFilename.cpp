@@ -10,8 +10,8 @@ namespace {
 
 constexpr std::size_t kExtensionLength = 4;
 
-/// Required: the last four characters go, whatever they are. Of a shorter name they are the end of the
-/// folder, beside which the file then lies.
+// Required: the last four characters are cut off, whatever they are. If the name is shorter, they include the end
+// of the folder's path, and the file is stored next to that folder.
 OutputPlace InResultsFolder(
     std::string_view projectFile, std::string_view resultsFolder, std::string_view ending) {
     OutputPlace place = OutputPlace::For(std::string(projectFile), std::string(resultsFolder));

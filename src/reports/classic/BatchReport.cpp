@@ -111,7 +111,7 @@ void BatchReport::WriteReviewedProject(const VirtualProject& project, const std:
     // Required: whether any tolerance is set is not asked, so without one every project passes.
     const bool passes = m_results->TolerancePass(ItemType::Project, 0);
     if (passes && !UnfinishedFiles::ReadFrom(*m_results).InPart.empty()) {
-        // Figures of a part are no reason to pass.
+        // Incomplete figures cannot prove that a tolerance is kept.
         m_html.InsertTableCell("Incomplete", {}, "error");
         ++m_errors;
     } else if (passes) {

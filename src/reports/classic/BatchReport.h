@@ -15,14 +15,14 @@ namespace dorvik {
 class ReviewCriteria;
 class VirtualProject;
 
-/// Writes the one page about all projects of a batch. Serves for one page.
+/// Writes the page about all projects of a batch. An object writes one page.
 class BatchReport {
 public:
     /// REQUIRES: the criteria outlive this.
     BatchReport(const ReportContext& context, const ReviewCriteria& criteria)
         : m_context(context), m_criteria(criteria) {}
 
-    /// Raises what goes wrong; nothing is written then.
+    /// Raises what fails; nothing is written then.
     void Write();
 
 private:
@@ -37,7 +37,7 @@ private:
     void WriteCount(std::string_view label, std::int32_t value, std::string_view className);
     void WriteTotals();
     void WriteCriteria();
-    /// Empty where the reports go beside the projects.
+    /// Empty if the reports are written beside the projects.
     std::string ReportsFolder() const;
 
     const ReportContext m_context;
@@ -47,7 +47,7 @@ private:
     std::int32_t m_passed = 0;
     std::int32_t m_failed = 0;
     std::int32_t m_errors = 0;
-    // Of all projects; 64 bits, because each project alone may fill 32.
+    // Of all projects; 64 bits, because the figures of a single project may need 32.
     std::int64_t m_violations = 0;
     std::int64_t m_impact = 0;
     std::int64_t m_lines = 0;

@@ -100,7 +100,8 @@ void ProjectReport::WriteHead() {
     }
     const HtmlTag heading(m_html, "h3");
     m_html.TagValue("Verdict: ");
-    // Figures of a part are no reason to pass. A file that could not be opened has its own row of error.
+    // Incomplete figures cannot prove that a tolerance is kept. A file that could not be opened has an error in
+    // its own row.
     const bool isIncomplete = m_passed && !m_unfinished.InPart.empty();
     m_html.InsertQuickTag(
         "span",
@@ -196,7 +197,7 @@ bool ProjectReport::WriteFile(const BasicObject& file) {
     return true;
 }
 
-/// With a page of its own, which is written here, the name leads to it. False if that was cancelled.
+/// Links the name to the page of the file, if it has one, which is written here. False if that was cancelled.
 bool ProjectReport::WriteFileName(const BasicObject& file, bool hasPage) {
     // Required: a name without "." shows as empty.
     const std::string shownName = modUtilFunctions::FilenameFromFullPathName(file.Filename);
@@ -284,7 +285,7 @@ std::int32_t ProjectReport::ReviewStatusOf(const BasicObject& file) const {
     if (m_order.Project == nullptr || modDorvikUtils::IsVBPFile(file.Filename)) {
         return 0;
     }
-    // A file whose name could not be found out is listed under its path.
+    // A file without a known name is listed under its path.
     const auto* found = m_order.Project->SourceFiles().Find(
         file.Name.empty() ? file.Path + file.Filename : file.Name);
     return found == nullptr ? 0 : static_cast<std::int32_t>((*found)->ReviewStatus());

@@ -12,18 +12,18 @@
 
 namespace dorvik {
 
-/// Writes the page of one project and, if that is ordered, the pages of its files. Serves for one page.
+/// Writes the page of one project and, if the order says so, the pages of its files. An object writes one project.
 class ProjectReport {
 public:
     /// REQUIRES: results and order outlive this; a review is open in `results`.
     ProjectReport(const ReportContext& context, ResultsDB& results, const ProjectReportOrder& order)
         : m_context(context), m_results(results), m_order(order) {}
 
-    /// False if the report was cancelled; its own page is not written then. Raises what goes wrong.
+    /// False if the report was cancelled; the page of the project is not written then. Raises what fails.
     bool Write();
 
 private:
-    /// How the files of the table came out.
+    /// The results of the files in the table.
     struct Counts {
         std::int32_t Passed = 0;
         std::int32_t Failed = 0;
@@ -47,7 +47,7 @@ private:
 
     std::int32_t ReviewStatusOf(const BasicObject& file) const;
     std::string DetailFilename(const BasicObject& file) const;
-    /// In words where there is no rate, as no tolerance is set.
+    /// A sentence in place of the rate if no tolerance is set.
     std::string PassRate() const;
     /// The source files, without the project file.
     std::int32_t ReviewedFiles() const { return static_cast<std::int32_t>(m_files.size()) - 1; }

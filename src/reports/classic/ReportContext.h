@@ -6,7 +6,7 @@
 
 namespace dorvik {
 
-/// What every page is made with. What it refers to outlives the pages.
+/// What all pages share. REQUIRES: what is referred to outlives the pages.
 struct ReportContext {
     const ReportLegend& Legend;
     ReportOutput& Output;

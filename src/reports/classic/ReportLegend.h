@@ -22,7 +22,7 @@ public:
     std::string GetStyleSheet() const;
     /// The name of a colour by its index 1 to 16; empty for any other number.
     static std::string_view LongColourToTextColour(std::int32_t colour);
-    /// Title of the severity of that number; empty for a number that is none.
+    /// Title of the severity of that number; empty for any other number.
     const std::string& GetSeverityText(std::int32_t number) const;
     /// Its class in the style sheet, likewise.
     static std::string_view GetSeverityClass(std::int32_t number);

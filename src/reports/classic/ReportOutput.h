@@ -10,7 +10,7 @@
 
 namespace dorvik {
 
-/// Writes pages to their files and remembers what became of each. Paths are full ones.
+/// Writes pages to files and lists those that were written and those that failed, by full path.
 class ReportOutput {
 public:
     /// Replaces an earlier report of that name. A failure is logged.
@@ -21,13 +21,13 @@ public:
         std::string_view folder,
         std::string_view sourceFile = {},
         std::string_view name = {});
-    /// A page that failed before there was anything to save.
+    /// A page that failed before it could be saved.
     void AddFailed(std::string page) { m_failed.push_back(std::move(page)); }
 
     /// In the order of writing.
     const std::vector<std::string>& Written() const { return m_written; }
     const std::vector<std::string>& Failed() const { return m_failed; }
-    /// The sentence that says what was in the way of a page; empty where nothing was.
+    /// Why a page could not be written, if another file or folder is in its way; otherwise empty.
     std::string RefusalOf(const std::string& page) const;
 
 private:

@@ -8,14 +8,14 @@ namespace dorvik {
 
 class ProgressInfo;
 
-/// The progress of one run of reports, as its pages publish it.
+/// The progress of one run of reports, which its pages report to the listener.
 class ReportProgress {
 public:
     /// States that listeners receive.
     static constexpr std::int32_t kProjectReportState = 31;
     static constexpr std::int32_t kSourceFileReportState = 32;
 
-    /// `events` is null where there is no listener. REQUIRES: both outlive this.
+    /// `events` is null if there is no listener. REQUIRES: both outlive this.
     ReportProgress(ProgressInfo& info, IReportsEngineEvents* events)
         : m_info(info), m_events(events) {}
 

@@ -26,7 +26,7 @@ struct ReviewSummaryInfo {
     std::string LogFile;  // inside path; empty leaves out the row
 };
 
-/// What the criteria table of a report tells. REQUIRES: what is referred to outlives this.
+/// What the criteria table of a report shows. REQUIRES: what is referred to outlives this.
 struct ReviewCriteriaInfo {
     static constexpr std::int32_t kNoRuleCount = -1;
 

@@ -57,7 +57,7 @@ bool ReportsEngine::CreateReportsOfDatabase(
         const std::size_t before = WrittenReports().size();
         ReportProgress events(progress, m_events);
         ProjectReport({*m_legend, *m_output, events}, results, order).Write();
-        // Its own page is the last one.
+        // The page of the project is written last.
         written = WrittenReports().size() > before && WrittenReports().back() == page;
     });
     if (!ended) {

@@ -27,7 +27,7 @@ const SourceFileReport::FigureTable SourceFileReport::kCounts{
     &ViolationStatistics::TotalViolations,
     true};
 
-// Required: its rows are no progress.
+// Required: its rows do not advance the progress.
 const SourceFileReport::FigureTable SourceFileReport::kImpacts{
     "ImpactStatistics",
     "Impact Statistics",
@@ -90,7 +90,7 @@ bool SourceFileReport::Build() {
     if (m_statistics.TotalViolations() > 0 && !InsertViolations()) {
         return false;
     }
-    // Required: one end of a table, however many were begun.
+    // Required: one end tag of a table, however many tables are open.
     m_html.EndTag("table");
     m_html.EndDocument();
     return true;

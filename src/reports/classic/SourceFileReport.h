@@ -16,8 +16,8 @@
 
 namespace dorvik {
 
-/// Builds the page of one source file, or of the project file: all its figures, each violation in full.
-/// A section that can be cancelled returns false when it was.
+/// Builds the page of one source file, or of the project file, with all figures and the full text of each violation.
+/// An operation that can be cancelled returns false if it was.
 class SourceFileReport {
 public:
     struct Subject {
@@ -27,8 +27,8 @@ public:
         bool TolerancesSet = false;  // without, the page has no verdict
     };
 
-    /// Builds and writes the page. False where it was cancelled; no file is written then. A failure is
-    /// logged, and the page is one of the failed ones of the output.
+    /// Builds and writes the page. False if it was cancelled; no file is written then. A failure is logged, and
+    /// `context.Output` lists the page as failed.
     static bool CreateSourceFileReport(
         const ReportContext& context, const Subject& subject, ResultsDB& results);
 
@@ -57,7 +57,7 @@ private:
     bool InsertFigureTable(const FigureTable& table);
     void InsertFigureHeading();
     bool InsertFigureRows(const FigureTable& table);
-    /// The stored ones, which no filter touches; the rows of the tables go by them.
+    /// The stored figures, whatever the filter is; they decide which rows the tables have.
     const ViolationStatistics& FiguresOf(const BasicObject& location) const;
     void InsertFigureCells(const ViolationStatistics& statistics, const FigureTable& table);
     void InsertCategoryTable();

@@ -18,7 +18,7 @@ constexpr std::string_view kLeftHeading = "lefttableheading";
 constexpr std::string_view kTotalsLine = "totalsline";
 constexpr std::int32_t kUntestable = 51;
 
-/// Required: a report takes a negative complexity for one beyond all measure; elsewhere it has no words.
+// Required: pages describe a negative complexity like one above all limits; elsewhere it has no description.
 std::int32_t Assessed(std::int32_t complexity) {
     return complexity < 0 ? kUntestable : complexity;
 }
@@ -47,7 +47,7 @@ std::string HeadingOf(const BasicObject& location) {
 
 // ---- violations and impacts ----
 
-// Required: the count of violations decides in the table of impacts, too.
+// Required: the number of violations decides whether the table of impacts has rows, too.
 bool SourceFileReport::InsertFigureTable(const FigureTable& table) {
     InsertSectionHeading(m_html, table.Id, table.Title);
     const HtmlTag element(m_html, "table", {"cellspacing", "0"});

@@ -42,7 +42,7 @@ void InsertSummaryRow(HTMLHelper2& html, std::string_view label, std::string_vie
     html.InsertTableCell(value, "left", {}, "70%");
 }
 
-/// The log opens beside the report, not in its place.
+/// The link opens the log in a window of its own.
 void InsertLogRow(HTMLHelper2& html, const std::string& logFile) {
     const HtmlTag row(html, "tr");
     html.InsertTableCell("Log File", "left", {}, "30%");
@@ -94,7 +94,7 @@ std::string ReviewedFilesText(const ReviewCriteriaInfo& info) {
     if (info.ReviewedFiles == info.TotalFiles) {
         return "All Source Files";
     }
-    // Pages that are made from a database alone do not know how many files the project has.
+    // The number of files of the project is unknown if pages are made from a database alone.
     const std::string total =
         info.TotalFiles < 0 ? std::string() : " of " + std::to_string(info.TotalFiles);
     return std::to_string(info.ReviewedFiles) + total + " Source Files Reviewed";
@@ -114,9 +114,9 @@ void InsertLimit(HTMLHelper2& html, std::string_view label, std::int32_t limit) 
     InsertCriteriaRow(html, label, FormatNumber(limit, 0, true));
 }
 
-/// `label` carries over from limit to limit.
-// Required: the total has no title of its own, so it gets the label of the limit before it, suffix
-// and all.
+/// `label` keeps its value from limit to limit.
+// Required: the total has no title of its own, so it gets the label of the limit before it, including the
+// suffix.
 void InsertLimits(
     HTMLHelper2& html,
     const ReportLegend& legend,
@@ -185,7 +185,7 @@ void InsertSeverityRow(
     html.InsertTableCell(impact);
 }
 
-/// The sums of the columns of the categories. They may go beyond 32 bits.
+/// The sums of the columns of the categories, which may need more than 32 bits.
 struct CategorySums {
     std::array<std::int64_t, kSeverities.size()> BySeverity{};
     std::int64_t Total = 0;

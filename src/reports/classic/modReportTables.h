@@ -27,7 +27,7 @@ void InsertHeadings(
 void InsertDashes(HTMLHelper2& html);
 
 void InsertReviewSummaryInfo(HTMLHelper2& html, const ReviewSummaryInfo& info);
-/// Values and limits mean nothing at project level and are left out there.
+/// At project level values and limits are not available, and are omitted.
 void InsertToleranceFailures(
     HTMLHelper2& html, const std::vector<ToleranceFailure>& failures, bool isProject);
 void InsertViolStatsTable(
@@ -50,7 +50,7 @@ void InsertReviewCriteriaTable(
 void AddViolation(HTMLHelper2& html, const ReportLegend& legend, const Violation& violation);
 
 /// Whether any tolerance is set.
-// Required: the totals count here; `ResultsDB::TolerancesSet` does not look at them.
+// Required: the totals count here, unlike in `VerdictReader::TolerancesSet`.
 bool TolerancesSet(const ToleranceSettings& tolerances);
 
 }  // namespace dorvik::modReportTables

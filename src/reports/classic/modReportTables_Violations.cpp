@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::string_view kNextRow = "</tr><tr>";
 
-/// A cell as these rows have it; `attributes` come after the alignment and begin with a blank.
+/// A cell of these rows; `attributes` follow the alignment and begin with a blank.
 void AddCell(std::string& text, std::string_view attributes, std::string_view value) {
     text += "<td align=\"left\"";
     text += attributes;
@@ -28,7 +28,7 @@ void AddWideCell(std::string& text, std::string_view value) {
     AddCell(text, " colspan=\"3\"", value);
 }
 
-/// Required: the blank comes before a title without a number as well.
+// Required: a title without a number begins with the blank, too.
 std::string NumberedTitle(const Violation& violation) {
     std::string text;
     if (violation.RuleID > 0) {

@@ -53,7 +53,7 @@ void CommonEnds::Add(std::string_view text) {
         m_tail = m_head.substr(CommonHead(m_head, text));
     }
     m_head.erase(CommonHead(m_head, text));
-    // The two ends of a text never overlap: the tail is sought behind the head.
+    // The two ends never overlap, since the tail is searched for after the head only.
     m_tail.erase(0, m_tail.size() - CommonTail(m_tail, text.substr(m_head.size())));
 }
 

@@ -9,7 +9,7 @@ namespace dorvik {
 
 namespace {
 
-/// The beginning of a style, or the next part of one.
+/// Begins a style, or adds a part to one.
 void AddToStyle(std::string& style, std::string_view beginning, std::string_view separator) {
     style += style.empty() ? beginning : separator;
 }

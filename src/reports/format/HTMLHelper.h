@@ -38,7 +38,7 @@ public:
     void AddBreak();
     void AddHyperlink(std::string_view text, std::string_view url);
     void EndBody();
-    /// Required: replaces all that stood there. Read `Document` and leave this one alone.
+    // Required: replaces the whole document by its last tags. Do not call it; read `Document`.
     void EndDocument();
     const std::string& Document() const { return m_document; }
 

@@ -100,7 +100,7 @@ void HTMLHelper2::InsertHyperLinkedTableCell(
     EndTag("td");
 }
 
-/// The builder takes in one block at most, so a longer text goes to it in parts.
+/// The builder accepts one block at a time, so a longer text is appended in parts.
 void HTMLHelper2::Append(std::string_view text) {
     while (!text.empty()) {
         m_builder.Append(text.substr(0, kGrowth));

@@ -19,8 +19,8 @@ bool IsBeyondAscii(char byte) {
     return static_cast<unsigned char>(byte) >= kFirstBeyondAscii;
 }
 
-/// Browsers take a reference to one of the controls U+0080 to U+009F for a character of code page 1252,
-/// so that a page would show what its text does not say.
+/// Browsers read a reference to one of the controls U+0080 to U+009F as a character of code page 1252, which the
+/// text does not contain.
 std::uint32_t Shown(char32_t character) {
     const bool isControl = character >= kFirstBeyondAscii && character < kFirstPrintable;
     return static_cast<std::uint32_t>(isControl ? kReplacement : character);
@@ -53,7 +53,7 @@ void Write(const OutputPlace& place, std::string_view page) {
 
 void WriteAsItIs(const OutputPlace& place, std::string_view page) {
     place.MakeFolder();
-    // By exactly this name, because other pages link to it.
+    // Under exactly this name, because other pages link to it.
     modFiles::WriteBytesAtomicallyAsNamed(place.Folder(), place.Name, page);
 }
 

@@ -31,8 +31,7 @@ std::string WithoutEnding(std::string_view sourceFile) {
     return name;
 }
 
-/// Required: only the last point is looked at; unless it is cut off with its project's ending, it
-/// becomes "_".
+// Required: only the last point counts. If it is not cut off with the ending of the project, it becomes "_".
 void TakeOutPoint(std::string& name, ReportKind kind) {
     const auto point = name.rfind('.');
     if (point == std::string::npos) {

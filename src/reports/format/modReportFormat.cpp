@@ -28,15 +28,14 @@ constexpr std::size_t kGroup = 3;
 constexpr std::int32_t kPercentDecimals = 2;
 constexpr int kSignificantDigits = 15;  // all that a double holds of a decimal number
 
-/// The digits of a value, and how many of them stand in front of the decimal point (below 0: that many
-/// zeros between the point and the first digit).
+/// The digits of a value, and how many of them are before the decimal point (below 0: the number of zeros between the
+/// point and the first digit, negated).
 struct Digits {
     std::string Text;
     std::int32_t BeforePoint;
 };
 
-/// Of fifteen digits, so that a decimal fraction shows as the number that was meant: 2.675 is nothing
-/// below that.
+/// Fifteen digits, so that a decimal fraction is rounded as it is written: 2.675 is not a little less.
 Digits DigitsOf(double value) {
     std::array<char, 40> buffer{};
     std::snprintf(buffer.data(), buffer.size(), "%.*e", kSignificantDigits - 1, std::fabs(value));
@@ -48,7 +47,7 @@ Digits DigitsOf(double value) {
     return digits;
 }
 
-/// Adds one to a number in digits, which may get one digit longer.
+/// Adds one to a decimal number, which may gain a digit.
 void Increment(std::string& digits) {
     for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
         if (*digit != '9') {
@@ -60,7 +59,7 @@ void Increment(std::string& digits) {
     digits.insert(digits.begin(), '1');
 }
 
-/// The digits without a point, the last `decimals` of them behind it; halves rounded away from zero.
+/// The digits without the point, which comes before the last `decimals` of them; halves are rounded away from zero.
 std::string Rounded(double value, std::int32_t decimals) {
     const Digits digits = DigitsOf(value);
     const std::int32_t kept = digits.BeforePoint + decimals;

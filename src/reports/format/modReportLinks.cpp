@@ -40,8 +40,7 @@ std::string Encoded(std::string_view path) {
     return href;
 }
 
-/// For a path that is none of this machine: `C:\Src\a.txt` and `\\server\src\a.txt` as a browser finds
-/// them where they do exist.
+/// The link of a path of another machine, such as `C:\Src\a.txt` or `\\server\src\a.txt`, which works there.
 std::string HrefElsewhere(std::string_view path) {
     constexpr std::size_t kDriveSize = 2;
     const bool hasDrive = path.size() > kDriveSize && path[1] == ':' && path[kDriveSize] == '\\';

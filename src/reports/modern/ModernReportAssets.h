@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-/// The script and the style of the modern report, as the build made them from the files in assets.
+/// The script and the style of the interactive page, which the build makes from the files in assets.
 namespace dorvik::modModernReportAssets {
 
 extern const std::string_view kScript;

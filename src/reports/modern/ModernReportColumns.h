@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-/// The fields of the records in the data of the modern report, and the columns of its tables.
+/// The fields of the records in the data of the interactive page, and the columns of its tables.
 namespace dorvik::modModernReportColumns {
 
 struct Column {

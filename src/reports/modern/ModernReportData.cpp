@@ -59,14 +59,14 @@ void ReadSeverities(ModernReportData& data) {
     }
 }
 
-/// Why a file was not reviewed, as far as its results tell.
+/// Why a file was not reviewed, as far as the database shows.
 std::string StoredReasonOf(const UnfinishedFiles& unfinished, std::int32_t sourceId) {
     return unfinished.InPart.contains(sourceId)   ? "Reviewed only in part"
            : unfinished.Unread.contains(sourceId) ? "Could not be read"
                                                   : "";
 }
 
-/// Also names the files that were not reviewed in the list that the head shows, unless the facts named them.
+/// Also adds the files that were not reviewed to `data.Unreviewed`, unless the facts have them already.
 void ReadFiles(ResultsDB& results, const ModernReportFacts& facts, ModernReportData& data) {
     const UnfinishedFiles unfinished = UnfinishedFiles::ReadFrom(results);
     for (BasicObject& object : results.GetProjectSourceFileList(true, true)) {

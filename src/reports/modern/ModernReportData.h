@@ -50,8 +50,8 @@ struct ModernProcedure {
     std::int32_t TotalImpact = 0;
 };
 
-/// A violation and the places in the lists of files and procedures where it belongs; without a file it
-/// is one of the project itself, without a procedure one of the file itself.
+/// A violation, and the indexes of its file and its procedure in their lists. Without a file it belongs to the
+/// project itself, without a procedure to the file itself.
 struct ModernViolation {
     std::int32_t ID = 0;
     dorvik::Violation Violation;
@@ -85,7 +85,7 @@ struct ModernReportData {
     std::size_t SourceFileCount() const;
 };
 
-/// Comment lines among code and comment lines, from 0 to 1; nothing where there are none of either.
+/// The share of comment lines in the code and comment lines, from 0 to 1; nothing if there are no such lines.
 std::optional<double> CommentShareOf(const SourceLineStatistics& lines);
 
 }  // namespace dorvik

@@ -19,7 +19,7 @@ std::string Figure(std::int32_t figure) {
     return modReportFormat::FormatNumber(figure, 0, /*showZero=*/true);
 }
 
-/// The first of the procedures that have a figure, in descending order; alike ones as they are stored.
+/// The first of the procedures with a figure, in descending order; equal ones in the order of the database.
 template <typename Key>
 Procedures Worst(const ModernReportData& data, Key key) {
     Procedures found;

@@ -29,7 +29,7 @@ public:
     CompactJson& Number(std::int64_t value) { return m_writer.Int64(value), *this; }
     CompactJson& Index(std::size_t value) { return m_writer.Uint64(value), *this; }
 
-    /// U+FFFD stands for every byte that belongs to no character.
+    /// Writes U+FFFD for each byte that is not part of a character.
     CompactJson& Text(std::string_view text) {
         if (modUtf8::IsValid(text)) {
             m_writer.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
@@ -52,8 +52,8 @@ private:
     rapidjson::Writer<rapidjson::StringBuffer> m_writer{m_buffer};
 };
 
-/// Nothing in it can end or open a script element, a comment or an entity. JSON has these characters in
-/// texts alone, where the number says the same.
+/// Nothing in it can end or open a script element, a comment or an entity. JSON has these characters in strings only,
+/// where the escape means the same.
 std::string SafeInScriptElement(std::string_view json) {
     std::string safe;
     safe.reserve(json.size() + json.size() / 16);
@@ -68,7 +68,7 @@ std::string SafeInScriptElement(std::string_view json) {
     return safe;
 }
 
-/// Each text once, to be named by its index.
+/// Stores each text once; records refer to it by its index.
 class TextPool {
 public:
     std::size_t IndexOf(std::string_view text) {
@@ -91,8 +91,8 @@ std::int64_t IndexOrNone(const std::optional<std::size_t>& index) {
     return index ? static_cast<std::int64_t>(*index) : kNone;
 }
 
-/// How a field of a record is written. `IsDefault`, if there is one, says that the value is the one that the
-/// script takes for a field that is missing at the end of the record.
+/// How a field of a record is written. `IsDefault`, if it is set, tests for the value that the script uses for a field
+/// that is missing at the end of the record.
 template <typename Record>
 struct Field {
     std::string_view Key;
@@ -100,7 +100,7 @@ struct Field {
     bool (*IsDefault)(const Record& record) = nullptr;
 };
 
-/// The writer and the script have the same fields in the same order.
+/// Whether the writer and the script have the same fields in the same order.
 template <typename Fields, typename Columns>
 constexpr bool AgreeWith(const Fields& fields, const Columns& columns) {
     return std::equal(
@@ -151,7 +151,7 @@ std::string ReasonOf(const ModernFile& file) {
     return reason;
 }
 
-/// Tenths of a percent, so that a number of JSON needs no point.
+/// Tenths of a percent, so that the number in the JSON has no decimal point.
 std::int64_t CommentTenths(const SourceLineStatistics& lines) {
     constexpr double kTenthsOfAll = 1000;
     const std::optional<double> share = CommentShareOf(lines);
@@ -229,7 +229,7 @@ constexpr auto kProcedureFields = std::to_array<Field<ModernProcedure>>({
 });
 static_assert(AgreeWith(kProcedureFields, modModernReportColumns::kProcedures));
 
-/// Those that have violations: the page has no use for the others.
+/// Only those with violations; the page does not need the others.
 class UsedProcedures {
 public:
     explicit UsedProcedures(const ModernReportData& data) : m_data(data) {
@@ -328,7 +328,7 @@ constexpr auto kRuleFields = std::to_array<Field<RuleRecord>>({
 });
 static_assert(AgreeWith(kRuleFields, modModernReportColumns::kRules));
 
-/// A violation with the indexes of what it refers to in the other lists of the data.
+/// A violation with indexes into the other lists of the data.
 struct ViolationRecord {
     const ModernViolation& Item;
     std::size_t RuleIndex;

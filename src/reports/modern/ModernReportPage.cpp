@@ -20,7 +20,7 @@ unsigned HexDigit(char digit) {
                         : static_cast<unsigned>(digit - 'a') + kTen;
 }
 
-/// Hexadecimal as base 64, the form that a content security policy wants.
+/// Hexadecimal as base 64, the form of a content security policy.
 std::string Base64OfHex(std::string_view hex) {
     constexpr std::string_view kDigits =
         "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
@@ -87,7 +87,7 @@ constexpr std::string_view kWithoutScript =
     "violations "
     "are not shown. Everything else on this page is complete.</p></noscript>\n";
 
-/// The headings of a table that the script fills. Each has the key that the script sorts by.
+/// The headings of a table that the script fills. Each has the key by which the script sorts.
 template <typename Columns>
 std::string SortableHead(const Columns& columns) {
     std::string head = "<thead role=\"rowgroup\"><tr role=\"row\">";

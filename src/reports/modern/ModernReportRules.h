@@ -10,8 +10,8 @@
 
 namespace dorvik {
 
-/// What the violations of one rule share. The page states it once, each violation only the rest, and that
-/// is what keeps a page of thousands of violations small.
+/// What the violations of one rule share. The page has it once, and for each violation only the rest, which keeps a
+/// page with thousands of violations small.
 struct ModernRule {
     std::int32_t RuleID = 0;
     std::int32_t RuleType = 0;
@@ -23,7 +23,7 @@ struct ModernRule {
     CommonEnds Advice;
 };
 
-/// The rules of the violations in the order in which they come up.
+/// The rules of the violations, in the order of their first violations.
 struct ModernRuleTable {
     std::vector<ModernRule> Rules;
     std::vector<std::size_t> RuleOfViolation;  // by the violation's place in its list

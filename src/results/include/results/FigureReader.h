@@ -15,27 +15,27 @@
 
 namespace dorvik {
 
-/// Reads the figures of items: stored ones, and violations counted through the filter.
+/// Reads the figures of items, stored or counted with the filter.
 class FigureReader {
 public:
     /// REQUIRES: both outlive this.
     FigureReader(ResultsStore& store, ViolationFilter& filter) : m_store(store), m_filter(filter) {}
 
-    /// The violations of an item and all below it: stored figures, or those that pass the filter.
-    // Required: filtered, the violations of a source file are those of its procedures and sections.
+    /// The violations of an item and all below it: the stored figures or, with a filter, a count of those that
+    /// it accepts.
+    // Required: with a filter, only the violations of its procedures and sections count for a source file.
     ViolationTally GetProjectViolationStats(std::int32_t projectId, bool ignoreFilter);
     ViolationTally GetVBPFileViolationStats(std::int32_t sourceId, bool ignoreFilter);
     ViolationTally GetSourceFileViolationStats(std::int32_t sourceId, bool ignoreFilter);
     ViolationTally GetProcedureViolationStats(std::int32_t procId, bool ignoreFilter);
-    /// Zeros where the item has no row.
+    /// Zeros if nothing is stored for the item.
     ViolationStatistics GetViolationStats(ItemType itemType, std::int32_t itemId);
     SourceLineStatistics GetLineStats(ItemType itemType, std::int32_t itemId);
-    /// Fills the lines and the ratio of comments, if the item has a row of them. The ratio has the code
-    /// lines alone as its base.
+    /// Sets the lines and the ratio of comments, if they are stored. The ratio is the percentage of the code lines.
     void GetObjectLineStats(ItemType itemType, BasicObject& object);
     /// All categories of the review by title, then "Unallocated". `sourceId` -1 counts the whole database;
-    /// `fileLevel` counts the violations of the (project) file itself, otherwise those of its procedures
-    /// and sections. The filter takes no part.
+    /// `fileLevel` counts the violations of the file itself, as a project file has them; otherwise those
+    /// of its procedures and sections count. The filter does not apply.
     std::vector<CategoryStatistics>
     GetViolationStatsByCategory(std::int32_t sourceId, bool fileLevel);
 

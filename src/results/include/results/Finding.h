@@ -5,7 +5,7 @@
 
 namespace dorvik {
 
-/// A violation in one line: what, how bad, and where.
+/// A violation in one line: what, how severe, and where.
 struct Finding {
     std::string Filename;         // of the source file, without its folder
     std::int32_t LineNumber = 0;  // 0 where the violation belongs to no line

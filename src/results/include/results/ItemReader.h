@@ -22,20 +22,19 @@ public:
         : m_store(store), m_keys(keys), m_order(order), m_figures(figures) {}
 
     BasicObject GetProjectDetails(bool ignoreFilter);
-    /// The source files and the project file. Those without violations are left out where the settings
-    /// hide them, unless `includeAll`. In the order of the sort fields or, with `sortByFilename`, of the
-    /// file names.
+    /// The source files and the project file, by the sort fields or, with `sortByFilename`, by file name. Those
+    /// without violations are omitted if the settings hide them, unless `includeAll` is true.
     std::vector<BasicObject> GetProjectSourceFileList(bool includeAll, bool sortByFilename);
-    /// The procedures and sections of a file, likewise. Without `withStats` the violations and lines
-    /// of each stay 0.
+    /// The procedures and sections of a file, likewise. Without `withStats` their violations and lines are
+    /// not read.
     std::vector<BasicObject>
     GetSourceFileProcList(std::int32_t sourceId, bool includeAll, bool withStats);
     bool SourceFileHasProcs(std::int32_t sourceId, bool realProcsOnly);
-    /// Number of source files of one type, or of all, the project file included, where `type` is empty.
+    /// The number of source files of one type; if `type` is empty, of all, including the project file.
     std::int32_t GetSourceFileCount(std::string_view type);
     BasicObject GetProcedureDetails(std::int32_t procId);
 
-    /// The text of a field of the project, of a file or of a procedure; empty where there is none.
+    /// A field of the project, of a file or of a procedure as text; empty if there is none.
     std::string GetProjectData(std::string_view field);
     std::string GetSourceFileData(std::string_view field, std::int32_t sourceId);
     std::string GetProcedureData(std::string_view field, std::int32_t procId);

@@ -11,11 +11,11 @@ namespace dorvik {
 
 struct DVKWorkData;
 
-/// How lists of files and of procedures are sorted, and what they show. The sort fields come from the
-/// settings and go back to them at the end of this object.
+/// How lists of files and of procedures are sorted, and which of their items they show. The sort fields come
+/// from the settings and are stored there again when this object is destroyed.
 class ListOrder {
 public:
-    /// What lists are sorted by. The settings may hold any number.
+    /// The keys to sort by. The settings may hold any other number, by which nothing is sorted.
     static constexpr std::int32_t kSortByName = 1;
     static constexpr std::int32_t kSortByCount = 2;
     static constexpr std::int32_t kSortByImpact = 3;
@@ -37,19 +37,20 @@ public:
     bool ProcSortAscending() const { return m_procedures.Ascending; }
     void SetProcSortAscending(bool ascending) { m_procedures.Ascending = ascending; }
 
-    /// What a list of files or of procedures shows beside the item under the present sort key: the
-    /// violations for the name and the count, the impact for the impact, nothing for anything else.
+    /// The figure that a list of files or of procedures shows with an item: the impact where lists are sorted
+    /// by impact, the number of violations where they are sorted by name or number, nothing otherwise.
     Variant GetObjectStatValue(const BasicObject& object, ItemType itemType) const;
-    /// Whether a list of files or of procedures shows the item: one without a figure is hidden if the
-    /// settings say so.
+    /// Whether a list of files or of procedures shows the item. One whose figure is not above 0 is hidden if
+    /// the settings say so.
     bool Shows(const BasicObject& object, ItemType itemType) const;
-    /// Whether the settings hide files or procedures without a figure.
+    /// Whether the settings hide any files or procedures.
     bool HidesItems() const;
 
     void SortFiles(std::vector<BasicObject>& list) const;
     void SortProcedures(std::vector<BasicObject>& list) const;
-    /// Sorts in place by a sort key; of equal keys the one found first stays best. Names are compared
-    /// without regard to case, and are those of the files with `byFilename`.
+    /// Sorts in place by a sort key. Names are compared without regard to case; with `byFilename` they are
+    /// the file names.
+    // Required: a selection sort, which chooses the first of several equal items.
     static void SortBasicObjectList(
         std::vector<BasicObject>& list, std::int32_t key, bool ascending, bool byFilename);
 

@@ -22,15 +22,22 @@ namespace dorvik {
 
 /// The results database of one project: one file that holds exactly one review.
 ///
-/// Writing, in this order: `StartReview`; the set-up of the project, then of each file, its sections and
-/// its procedures; violations and the figures of each object; last `EndReview` or `AbortReview`.
-/// Reading: `OpenReview`, queries, `CloseReview`.
+/// Writing: `Writer`, from `StartReview` to `EndReview` or `AbortReview`. Reading: `OpenReview`, the readers,
+/// `CloseReview`. This class opens and closes the file and keeps what its parts share; each part has the operations
+/// of one purpose, and lives as long as this object:
+///
+///   Writer().LogViolation(...)                writes a review while it runs
+///   Editor().SetViolationCompleted(...)       changes a finished one
+///   Review().GetReviewData()                  what the review says of itself
+///   Items().GetProjectSourceFileList(...)     the project, its files and procedures
+///   Figures().GetLineStats(...)               their figures
+///   Violations().GetViolationDetail(...)      their violations
+///   Verdict().TolerancePass(...)              whether they keep their tolerances
+///   Filter(), Order()                         which violations count, and how lists are sorted
 ///
 /// A failure of any operation is logged under the module "C_ResultsDB" and costs only that row or answer:
 /// the operation returns what it held, which is an empty list, zeros or false at first. Callers for whom a
-/// loss matters ask `Failures`, for no verdict may be given of a review that lost anything.
-///
-/// This class opens and closes; the work is done by its parts, and an operation has its description there.
+/// loss matters check `Failures`, for no verdict may be given of a review that lost anything.
 class ResultsDB {
 public:
     static constexpr std::string_view kSchemaVersion = ResultsStore::kSchemaVersion;
@@ -44,15 +51,15 @@ public:
     /// The sort fields come from these settings and go back to them at the end of this object.
     /// REQUIRES: `settings` outlives this.
     explicit ResultsDB(DVKWorkData& settings) : m_order(&settings) {}
-    /// The same with the settings of the process, or with defaults that go nowhere while there are none.
+    /// The same with the settings of the process, or with defaults, which are stored nowhere, while there are
+    /// none.
     ResultsDB() : m_order(nullptr) {}
     ResultsDB(const ResultsDB&) = delete;
     ResultsDB& operator=(const ResultsDB&) = delete;
 
     // ---- the database ----
 
-    /// Opens a database for reading; false where it has no review or another version. One that is not ours,
-    /// or of another version, is left as it was found.
+    /// Opens a database for reading. False where it has no review or another version; it is not changed then.
     bool OpenReview(const std::string& filename);
     /// Also empties `FilterString`.
     void CloseReview();
@@ -63,8 +70,10 @@ public:
     const std::optional<std::string>& FoundVersion() const { return m_store.FoundVersion(); }
     const StoreFailures& Failures() const { return m_store.Failures(); }
     void NoteLoss(std::string_view reason) { m_store.NoteLoss(reason); }
+    /// To be changed by the caller; see `ViolationFilter`.
     void SetPatience(std::chrono::milliseconds patience) { m_store.SetPatience(patience); }
-    /// The rows of an SQL text of the caller's, for a list that is bound to the database.
+    /// The filter as a clause without "WHERE"; begins with a blank, is empty without a filter.
+    /// The rows of a query of the caller, for a list that is bound to the database.
     std::optional<Recordset> OpenRecordSource(std::string_view sql) {
         return m_store.GetReadOnlyRecordset(sql);
     }

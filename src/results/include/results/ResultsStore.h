@@ -14,8 +14,8 @@
 
 namespace dorvik {
 
-/// The file of a results database: opens and closes it, runs its statements, and counts what it could not do.
-/// The parts of `ResultsDB` share one.
+/// The file of a results database: opens and closes it, runs statements, and counts the failures. The parts of
+/// `ResultsDB` share one.
 class ResultsStore {
 public:
     /// Module of the log lines of everything that works on a results database.
@@ -30,27 +30,27 @@ public:
 
     // ---- the file ----
 
-    /// Forgets the failures of before. A file that is not a results database, or one of another version, is
-    /// left as it was found, and the result is false.
+    /// Starts with no failures. False for a file that is not a results database, or that has another version; it
+    /// is not changed then.
     bool OpenDatabase(const std::string& filename);
     void CloseDatabase();
     /// Closes and deletes the file that was opened last.
     void DeleteDatabase();
-    /// Full path of the file that was opened last, whether that worked or not.
+    /// Full path of the file that was opened last, or that could not be opened.
     const std::string& Filename() const { return m_filename; }
-    /// The version that the file opened last has of itself; nothing where it has none.
+    /// The version that this file states; nothing if it states none.
     const std::optional<std::string>& FoundVersion() const { return m_foundVersion; }
     /// How long an operation waits for a lock of another program. REQUIRES: a database is open.
     void SetPatience(std::chrono::milliseconds patience) { m_database.SetPatience(patience); }
-    /// Adds the indexes that make a finished review fast to read. Without them nothing is lost but time.
+    /// Adds the indexes that make a finished review fast to read. A failure is logged, but not counted.
     void AddIndexes();
 
     // ---- statements ----
 
-    /// Nothing where the rows cannot be opened, which is logged.
+    /// Nothing if the query fails, which is logged.
     std::optional<Recordset> GetEditableRecordset(std::string_view sql, SqlValues values = {});
     std::optional<Recordset> GetReadOnlyRecordset(std::string_view sql, SqlValues values = {});
-    /// The same for an operation that cannot go on without the rows: raises where there are none.
+    /// The same for an operation that needs the rows: raises if the query fails.
     Recordset RequireEditableRows(std::string_view sql, SqlValues values = {});
     Recordset RequireRows(std::string_view sql, SqlValues values = {});
     /// The first field of the first row as text; empty without a row. Raises as `RequireRows` does.
@@ -60,17 +60,17 @@ public:
 
     // ---- failures ----
 
-    /// What went wrong since the database was opened.
+    /// The failures since the database was opened.
     const StoreFailures& Failures() const { return m_failures; }
-    /// Something is lost that never came as far as the database. `reason` is shown after a colon.
+    /// Counts a loss that happened before the database was reached. `reason` is shown after a colon.
     void NoteLoss(std::string_view reason);
-    /// Whether a statement with a value in quotes fails, as it once did. Such rows are not lost: the caller
-    /// asked for it.
+    /// Whether a statement fails if a value contains a quote, as in earlier versions. Such rows are not counted
+    /// as lost, since the caller requested it.
     void KeepKnownFaults(bool keep);
     /// Whether any row or answer was lost, except to known faults.
     bool HasLostRows() const { return m_failures.Count() > m_knownFaults; }
 
-    /// `dorvik::Trap` that counts the failure too. An operation that calls others counts as one.
+    /// `dorvik::Trap` that counts the failure too: once, if one operation fails because another did.
     template <typename Body>
     bool Trap(const LogOrigin& origin, Body&& body) {
         ++m_openTraps;

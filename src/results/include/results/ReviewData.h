@@ -7,7 +7,7 @@
 
 namespace dorvik {
 
-/// What the review row tells of a review: with what, by whom and when it was done.
+/// What the database says of a review: with which rulebase, by whom and when it was done.
 struct ReviewData {
     std::string RulebaseTitle;
     std::string RulebaseVersion;

@@ -7,13 +7,13 @@
 
 namespace dorvik {
 
-/// Reads what a stored review says of itself.
+/// Reads what a stored review says of itself: its criteria, its rulebase, its times.
 class ReviewReader {
 public:
     /// REQUIRES: `store` outlives this.
     explicit ReviewReader(ResultsStore& store) : m_store(store) {}
 
-    /// The keys of the stored review; nothing where there is no review. Raises what reading raises.
+    /// The keys of the stored review; nothing if there is none. Raises what reading raises.
     std::optional<ReviewKeys> GetReviewKeys();
     ReviewData GetReviewData();
     StoredReviewCriteria GetReviewCriteria();

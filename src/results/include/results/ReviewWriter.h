@@ -24,8 +24,8 @@ public:
     /// REQUIRES: both outlive this.
     ReviewWriter(ResultsStore& store, ReviewKeys& keys) : m_store(store), m_keys(keys) {}
 
-    /// Opens the freshly copied database and writes the review, its categories and severities. False, and
-    /// nothing written, where it cannot be opened or has another version.
+    /// Opens the new copy of the template and writes the review, its categories and severities. False if it
+    /// cannot be opened or has another version; nothing is written then.
     bool StartReview(
         const std::string& filename, const Rulebase& rulebase, const ReviewCriteria& criteria);
     /// Gives the object its row and its `ObjectID` and `ObjectType`. `kind` is "Project", "VBP", "File",
@@ -52,8 +52,8 @@ public:
     bool SetViolationCompleted(std::int32_t violationId, bool completed);
 
 private:
-    /// The keys of the rows that were written, in lower case. Where all rows of a list are known, a key that
-    /// is not among them needs no query.
+    /// The keys of the rows that were written, in lower case. If they are all rows of the table, no query is
+    /// needed for a key that is not among them.
     struct WrittenRows {
         bool AreAllRows = false;
         std::unordered_set<std::string> Keys;

@@ -8,18 +8,19 @@ namespace dorvik {
 
 class BasicError;
 
-/// What a results database could not do: how many rows and answers were lost, and why the first one was. A
-/// verdict cannot be trusted where there is anything.
+/// How many rows and answers of a results database were lost, and why the first one was. After any loss no
+/// verdict can be trusted.
 class StoreFailures {
 public:
     std::int32_t Count() const { return m_count; }
-    /// The number of the first failure; 0 where there is none, or where it never came to the database.
+    /// The error number of the first failure; 0 if there is none, or if it happened before the database was
+    /// reached.
     std::int32_t FirstNumber() const { return m_firstNumber; }
-    /// The first reason as a user understands it, such as "no room is left on the disk". Empty where there is none.
+    /// The first reason in words for the user, such as "no room is left on the disk"; empty without a failure.
     const std::string& Reason() const { return m_reason; }
 
     void AddCount() { ++m_count; }
-    /// Keeps the reason, unless one is there already.
+    /// Stores the reason of the first failure; later ones are ignored.
     void NoteReason(std::int32_t number);
     void NoteReason(const BasicError& failure);
     void NoteReason(std::string_view reason);

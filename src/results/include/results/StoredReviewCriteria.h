@@ -14,7 +14,7 @@ struct CategorySeverityLists {
     SeverityTable Severities;
 };
 
-/// What a review was asked to do, as far as its database tells.
+/// The criteria of a review, as far as they are stored.
 struct StoredReviewCriteria {
     RulebaseLoadCriteria LoadCriteria;
     ToleranceSettings Tolerances;

@@ -5,7 +5,7 @@
 
 namespace dorvik {
 
-/// One measure that missed its tolerance. At project level both figures are 0, "not available".
+/// One measure that missed its tolerance. At project level both figures are 0: not available.
 struct ToleranceFailure {
     std::string Description;
     std::int32_t ToleranceValue = 0;  // the actual figure

@@ -8,10 +8,10 @@ namespace dorvik {
 
 class ResultsDB;
 
-/// The source files that a review did not take in to their end, by their keys. A file gets its complexity
-/// at its very end and is at least 1 then, even without a procedure: one that has none did not come to its
-/// end. The section of its declarations is stored at its begin: one that has no section at all was not read.
-/// A review takes the complexity away again from a file of which it skipped rules, or controls of the layout.
+/// The source files that a review did not read to their end, by their keys. The complexity of a file is stored
+/// when its end is reached, and is at least 1, even without a procedure: a file without it was not finished. The
+/// section of the declarations is stored at the start: a file without any section was not read at all. A review
+/// removes the complexity again if it skipped rules, or controls of the layout, in the file.
 struct UnfinishedFiles {
     std::set<std::int32_t> Unread;
     std::set<std::int32_t> InPart;

@@ -9,11 +9,10 @@ namespace dorvik {
 /// Which violations count in filtered figures.
 class ViolationFilter {
 public:
-    /// To be changed by the caller. What it leaves out counts in no filtered figure: a kind of rule or a
-    /// severity that is not set, an excluded category. It leaves out nothing until it is `Dirty` for the
-    /// first time.
+    /// To be changed by the caller. It excludes the kinds of rule and the severities that are not set, and the
+    /// excluded categories; but nothing until it is `Dirty` for the first time.
     RulebaseLoadCriteria& Criteria() { return m_criteria; }
-    /// The criteria as a clause without "WHERE"; begins with a blank, is empty without a filter.
+    /// The criteria as a clause without "WHERE", which begins with a blank; empty if nothing is excluded.
     const std::string& Clause();
     /// Empties the clause; the criteria stay.
     void Clear() { m_clause.clear(); }

@@ -26,14 +26,15 @@ public:
         : m_store(store), m_filter(filter), m_items(items) {}
 
     /// The violations under the key of their ID followed by "KEY", by severity and impact.
-    // Required: the filter only changes the order, no violation is left out.
+    // Required: the filter only changes the order, it excludes no violation.
     ViolationList GetVBPFileViolationsList(std::int32_t sourceId);
     ViolationList GetSourceFileViolationsList(std::int32_t sourceId);
     ViolationList GetProcedureViolationList(std::int32_t procId);
     Violation GetViolationDetail(std::int32_t violationId);
     ViolationSourceLocation
     GetViolationSourceLocation(std::int32_t violationId, bool fullFileNames);
-    /// The `count` violations of the highest severity and impact, in their order of raising where alike.
+    /// The `count` violations with the highest severity and impact; equal ones in the order in which they were
+    /// raised.
     std::vector<Finding> GetWorstFindings(std::int32_t count);
     /// Rows of `SFName` and `ItemIDType`: the file of each item that has violations.
     std::optional<Recordset> GetSourceFileValueList();

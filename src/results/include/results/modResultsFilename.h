@@ -5,14 +5,14 @@
 #include <string>
 #include <string_view>
 
-/// Where the results of a project lie. All paths use the backslash. The names are made by `modFileName`.
+/// Where the results of a project are stored. All paths use the backslash. The names are made by `modFileName`.
 namespace dorvik::modDorvikUtils {
 
-/// The place of the results database; without a name where the project's path holds no ".". `resultsFolder`
-/// empty means the sub-folder "Dorvik\" beside the project file.
+/// Folder and name of the results database; without a name if the path of the project contains no ".". If
+/// `resultsFolder` is empty, the folder is "Dorvik\" beside the project file.
 OutputPlace ResultsPlace(std::string_view projectFile, std::string_view resultsFolder);
 
-/// Full path of the same; empty where it has no name.
+/// Its full path; empty if it has no name.
 std::string CreateResultsFilename(std::string_view projectFile, std::string_view resultsFolder);
 
 /// Full path of the project's review log, under the same rules, except that a path without "." has one too.

@@ -8,11 +8,11 @@ class ReviewCriteria;
 class VirtualObject;
 }  // namespace dorvik
 
-/// The measures that turn a review's figures into a verdict.
+/// The measures that decide the verdict.
 namespace dorvik::modTolerances {
 
-/// One measure. `Name` is the property and column of the actual figure; with "Limit" and "Pass" behind it
-/// the names of the other two.
+/// One measure. `Name` is the property and the column of the actual figure; `Name` followed by "Limit" and by
+/// "Pass" are those of the limit and of the result.
 struct Measure {
     std::string_view Name;
     std::string_view Description;

@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-/// The SQL text behind a list of violations, for `ResultsDB::OpenRecordSource`. Its first column is
-/// `ItemIDType`, the key that `ResultsDB::GetSourceFileValueList` translates into a file name; all
-/// columns of the violations follow.
+/// The query of a list of violations, for `ResultsDB::OpenRecordSource`. Its first column is `ItemIDType`, the
+/// key that `ViolationReader::GetSourceFileValueList` translates into a file name; all columns of the table
+/// `Violations` follow.
 namespace dorvik::modViolationListSql {
 
 /// Whose violations are listed.

@@ -10,7 +10,7 @@ class VirtualProject;
 
 /// What the pages of a project need in addition to its results database. Paths are internal ones.
 struct ProjectReportOrder {
-    /// In place of a fact that only the review itself knew.
+    /// Shown in place of a fact that is not stored in the database.
     static constexpr const char* kNotKnown = "Not known";
 
     std::string ProjectFile;
@@ -18,8 +18,8 @@ struct ProjectReportOrder {
     std::string LogFile;        // empty: there is none
     std::string RulebaseFile;   // empty: not known
     bool Detailed = false;      // with a page for each source file
-    /// The project as its review left it, or null where pages are made from an older database: the pages
-    /// tell which files were not reviewed, but not why, and not how many files the project has.
+    /// The project after its review, or null if pages are made from a database alone: they show then which files
+    /// were not reviewed, but neither why nor how many files the project has.
     VirtualProject* Project = nullptr;
 
     /// Full path of the project's own page.

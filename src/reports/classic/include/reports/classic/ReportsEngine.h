@@ -21,16 +21,16 @@ class ResultsDB;
 class ReviewCriteria;
 class VirtualProject;
 
-/// Writes the report pages of finished reviews: of a project, of each source file, of a batch. The pages are
-/// made by classes of their own; this one hands them what they need.
+/// Writes the classic pages of finished reviews: of a project, of each source file, of a batch. Each kind of page
+/// has a class of its own, to which this one gives what the pages share.
 ///
-/// A failure inside a report is logged under the module "ReportsEngine" and ends that report with
-/// nothing written.
+/// A failure in a report is logged under the module "ReportsEngine" and ends that report; nothing of it is
+/// written.
 class ReportsEngine {
 public:
     /// Module of the log lines.
     static constexpr std::string_view kModule = "ReportsEngine";
-    /// The report option that asks for a page of each source file as well.
+    /// The report option with which each source file gets a page too.
     static constexpr std::int32_t kDetailed = 2;
 
     ReportsEngine();
@@ -41,7 +41,8 @@ public:
     /// Takes the titles and colours of the severities and the categories of the review's rulebase.
     void Initialise(const SeverityTable& severities, const CategoryList& categories);
 
-    /// Who hears of the progress; null for nobody. REQUIRES: outlives its being set.
+    /// The listener for progress events, or null. REQUIRES: it outlives this object, or is replaced before it is
+    /// destroyed.
     void SetEvents(IReportsEngineEvents* events) { m_events = events; }
     /// Raises the event, lets the host process its own events, and gives back the cancel flag.
     bool UpdateProgressDisplay(ProgressInfo& progress, std::int32_t state);
@@ -50,8 +51,8 @@ public:
 
     void CreateProjectReport(
         VirtualProject& project, const ReviewCriteria& criteria, ProgressInfo& progress);
-    /// The same pages again, long after the review, from the results that are open in `results`; with
-    /// their severities and categories. False if the page was not written.
+    /// The same pages from a stored review, which is open in `results`, with its severities and categories. False
+    /// if the page of the project was not written.
     bool CreateReportsOfDatabase(
         ResultsDB& results, const ProjectReportOrder& order, ProgressInfo& progress);
     void CreateBatchReport(const ReviewCriteria& criteria, ProgressInfo& progress);
@@ -67,14 +68,14 @@ public:
         bool& cancel,
         bool tolerancesSet);
 
-    // ---- what became of the pages ----
+    // ---- the pages of this engine ----
 
-    /// Full paths of the pages that this engine wrote, in their order.
+    /// Full paths of the pages that were written, in order.
     const std::vector<std::string>& WrittenReports() const;
-    /// Full paths of the pages that this engine should have written and could not, in their order; the
-    /// log says why. A page that was cancelled is not among them.
+    /// Full paths of the pages that could not be written, in order; the log says why. A cancelled page is not
+    /// among them.
     const std::vector<std::string>& FailedReports() const;
-    /// The sentence that says what was in the way of such a page; empty where nothing was.
+    /// Why such a page could not be written, if another file or folder is in its way; otherwise empty.
     std::string RefusalOf(const std::string& page) const;
 
 private:

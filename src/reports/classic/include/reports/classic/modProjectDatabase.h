@@ -12,8 +12,8 @@ class VirtualProject;
 /// The results database that a review wrote for a project.
 namespace dorvik::modProjectDatabase {
 
-/// Replaces `results` by a new object and opens the project's finished database in it; false where there is
-/// none. A failure is logged.
+/// Replaces `results` by a new object and opens the database of the project in it; false if there is none. A
+/// failure is logged.
 bool OpenResultsDatabase(
     const VirtualProject& project,
     const ReviewCriteria& criteria,

@@ -5,14 +5,14 @@
 
 namespace dorvik {
 
-/// What texts have in common at both ends. Never cuts a character in two.
+/// What several texts have in common at both ends. A character of several bytes is never divided.
 class CommonEnds {
 public:
     void Add(std::string_view text);
 
     const std::string& Head() const { return m_head; }
     const std::string& Tail() const { return m_tail; }
-    /// What stands between both ends. REQUIRES: `text` was added.
+    /// What is between both ends. REQUIRES: `text` was added.
     std::string_view MiddleOf(std::string_view text) const;
 
 private:

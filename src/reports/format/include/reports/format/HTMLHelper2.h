@@ -8,11 +8,11 @@
 
 namespace dorvik {
 
-/// Builds the page of a report: lower-case tags, double-quoted attributes, no line end but those of the
-/// operations that tell of one, so that a table is one long line.
+/// Builds a classic page: lower-case tags, double-quoted attributes, line ends only where an operation says so, so
+/// that a table is one long line.
 ///
-/// Nothing is escaped: texts of a rulebase or of a source line go out as they are.
-/// The text stays UTF-8 here; `modReportFile` makes it fit for every browser when it is written.
+/// Nothing is escaped: texts of a rulebase or of a source line are written unchanged. The text is UTF-8;
+/// `modReportFile` converts it when it writes the file.
 class HTMLHelper2 {
 public:
     /// Name and value alternating. REQUIRES: an even number.
@@ -21,7 +21,7 @@ public:
     /// The whole text so far.
     std::string DocumentText() const { return m_builder.Text(); }
 
-    /// Begins a new document; what was there is dropped. `style` is a whole style element.
+    /// Begins a new document, in place of any earlier one. `style` is a whole style element.
     void StartDocument(std::string_view title, std::string_view style);
     void EndDocument();
 
@@ -31,17 +31,17 @@ public:
     /// Start tag, value, end tag.
     void InsertQuickTag(std::string_view tag, std::string_view value, Attributes attributes = {});
     void InsertBreak();
-    /// A line end in the text of the page; a browser shows nothing.
+    /// A line end in the text of the page, which a browser does not show.
     void InsertBlankLine();
 
-    /// `href` as it is to stand; for the name of a file see `modReportLinks`.
+    /// `href` is written unchanged; `modReportLinks` makes one of the name of a file.
     void InsertHyperlinkedText(std::string_view href, std::string_view text);
     void InsertHyperlinkedLI(std::string_view href, std::string_view text);
 
     /// Required: the width is written even if it is empty.
     void InsertTableHeading(
         std::string_view value, std::string_view width = {}, std::string_view className = {});
-    /// An attribute whose value is empty is left out.
+    /// An attribute with an empty value is omitted.
     void InsertTableCell(
         std::string_view value,
         std::string_view align = {},

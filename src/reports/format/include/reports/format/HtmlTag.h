@@ -11,7 +11,7 @@ namespace dorvik {
 /// in another, or never, uses `StartTag` and says why.
 class HtmlTag {
 public:
-    /// REQUIRES: `html`, and the text behind `tag`, outlive this.
+    /// REQUIRES: `html`, and the text of `tag`, outlive this.
     HtmlTag(HTMLHelper2& html, std::string_view tag, HTMLHelper2::Attributes attributes = {})
         : m_html(html), m_tag(tag), m_failures(std::uncaught_exceptions()) {
         m_html.StartTag(tag, attributes);

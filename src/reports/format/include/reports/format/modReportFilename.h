@@ -15,12 +15,12 @@ enum class ReportKind : std::int32_t {
     SourceFile = 3,
 };
 
-/// Where reports lie. All paths use the backslash.
+/// Where reports are stored. All paths use the backslash.
 namespace modDorvikUtils {
 
-/// The place of a report. `folder` empty means the sub-folder "Dorvik\" beside the project file.
-/// `sourceFile` (empty for none) gives the first part of the name, `name` (only for the report of a
-/// source file) the second. The name is made by `modFileName`.
+/// Folder and name of a report. If `folder` is empty, it is "Dorvik\" beside the project file. The first part of the
+/// name comes from `sourceFile`, if it is not empty, the second from `name`, only for the report of a source file.
+/// `modFileName` makes the name.
 // Required: a file name without "." counts as empty.
 OutputPlace ReportPlace(
     std::string_view projectFile,
@@ -29,7 +29,7 @@ OutputPlace ReportPlace(
     std::string_view sourceFile = {},
     std::string_view name = {});
 
-/// Full path of the same.
+/// Its full path.
 std::string CreateReportFilename(
     std::string_view projectFile,
     ReportKind kind,

@@ -8,11 +8,11 @@
 
 namespace dorvik::modReportFormat {
 
-/// How reports write numbers and dates. One fixed form for every machine: ",", groups of three
-/// digits, "." and 24 hours, so that the same review gives the same page everywhere.
+/// Numbers and dates as reports write them. The form does not depend on the machine, so that the same review gives
+/// the same page everywhere: groups of three digits with ",", a decimal "." and 24 hours.
 
-/// With that many decimals, halves rounded away from zero, and digit grouping; "-" for a zero
-/// unless `showZero`. Raises `kOverflow` for what is no number, as does `FormatPercent`.
+/// With so many decimals, halves rounded away from zero, and with digit grouping; a zero is "-" unless `showZero` is
+/// true. Raises `kOverflow` for infinity and NaN, as does `FormatPercent`.
 std::string FormatNumber(double value, std::int32_t decimals = 0, bool showZero = false);
 /// `ratio` 0.256 is "25.60%".
 std::string FormatPercent(double ratio);
@@ -23,7 +23,7 @@ std::string FormatGeneralDate(const DateTime& date);
 /// The time between two dates as "hh:nn:ss"; whole days are dropped.
 std::string FormatDuration(const DateTime& start, const DateTime& end);
 
-/// For a status of 1 to 4 why a file could not be reviewed.
+/// Why a file could not be reviewed, for a status of 1 to 4.
 std::string_view GetReviewStatusDescription(std::int32_t status);
 
 }  // namespace dorvik::modReportFormat
