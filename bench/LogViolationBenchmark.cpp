@@ -1,4 +1,4 @@
-// How much the results store costs above the engine: violations a second through ResultsDB::LogViolation
+// How much the results store costs above the engine: violations a second through ReviewWriter::LogViolation
 // beside a bare loop of one prepared INSERT with the same settings, on copies of the same template.
 //
 // usage: LogViolationBenchmark [ROWS]
@@ -70,12 +70,12 @@ void LogThroughResultsDB(const std::string& file, int rows) {
     const dorvik::Rulebase rulebase;
     const dorvik::ReviewCriteria criteria{dorvik::DVKWorkData()};
     ResultsDB results;
-    if (!results.StartReview(file, rulebase, criteria)) {
+    if (!results.Writer().StartReview(file, rulebase, criteria)) {
         std::fputs("the review did not start\n", stderr);
         std::exit(1);
     }
     for (int row = 0; row < rows; ++row) {
-        results.LogViolation(row / 10 + 1, ItemType::Procedure, Sample(row));
+        results.Writer().LogViolation(row / 10 + 1, ItemType::Procedure, Sample(row));
     }
 }
 
@@ -147,7 +147,7 @@ int main(int argumentCount, char** arguments) {
     fresh();
     Measure("bare loop on the engine", rows, [&](int count) { LogThroughTheEngine(file, count); });
     fresh();
-    Measure("ResultsDB::LogViolation", rows, [&](int count) {
+    Measure("ReviewWriter::LogViolation", rows, [&](int count) {
         LogThroughResultsDB(dorvik::ProgramPath(file), count);
     });
     std::filesystem::remove_all(folder);

@@ -82,9 +82,9 @@ void LogFigures(ResultsDB& results, VirtualObject& object, int lines) {
     object.LineStats().SetTotalLines(lines);
     object.LineStats().SetCodeLines(lines - lines / 5);
     object.LineStats().SetCommentOnlyLines(lines / 5);
-    results.LogVirtualObjectProperties(object);
-    results.LogVirtualObjectViolationStats(object);
-    results.LogVirtualObjectLineStats(object);
+    results.Writer().LogVirtualObjectProperties(object);
+    results.Writer().LogVirtualObjectViolationStats(object);
+    results.Writer().LogVirtualObjectLineStats(object);
 }
 
 Violation Sample(int number) {
@@ -106,7 +106,7 @@ Violation Sample(int number) {
 void WriteFile(ResultsDB& results, int file, VirtualObject& project) {
     VirtualObject object;
     Fill(object, "modFile" + std::to_string(file), ".bas", "Module");
-    results.SetupVObjectResults("File", object);
+    results.Writer().SetupVObjectResults("File", object);
     for (int number = 0; number < kProcedures; ++number) {
         VirtualObject procedure;
         procedure.Properties().Add("Name", "Calculate" + std::to_string(number));
@@ -114,10 +114,10 @@ void WriteFile(ResultsDB& results, int file, VirtualObject& project) {
         procedure.Properties().Add("Scope", "Public");
         procedure.Properties().Add("IsStatic", false);
         procedure.Properties().Add("DataType", "");
-        results.SetupVObjectResults("Procedure", procedure);
+        results.Writer().SetupVObjectResults("Procedure", procedure);
         for (int count = 0; count < kViolationsOfAProcedure; ++count) {
             const Violation violation = Sample(file * kProcedures + number + count);
-            results.LogViolation(procedure.ObjectID(), procedure.ObjectType(), violation);
+            results.Writer().LogViolation(procedure.ObjectID(), procedure.ObjectType(), violation);
             for (VirtualObject* const owner : {&procedure, &object, &project}) {
                 owner->ViolationStats().IncrementCount(violation.Severity, violation.Impact);
             }
@@ -139,22 +139,22 @@ void WriteReview(const std::string& database, int files) {
     }
     const dorvik::ReviewCriteria criteria{dorvik::DVKWorkData()};
     ResultsDB results;
-    if (!results.StartReview(database, rulebase, criteria)) {
+    if (!results.Writer().StartReview(database, rulebase, criteria)) {
         std::fputs("the review did not start\n", stderr);
         std::exit(1);
     }
     VirtualObject project;
     Fill(project, "Generated", ".vbp", "Exe");
-    results.SetupVObjectResults("Project", project);
+    results.Writer().SetupVObjectResults("Project", project);
     VirtualObject projectFile;
     Fill(projectFile, "Generated", ".vbp", "Project");
-    results.SetupVObjectResults("VBP", projectFile);
+    results.Writer().SetupVObjectResults("VBP", projectFile);
     LogFigures(results, projectFile, 0);
     for (int file = 0; file < files; ++file) {
         WriteFile(results, file, project);
     }
     LogFigures(results, project, 30 * kProcedures * files);
-    results.EndReview(1000);
+    results.Writer().EndReview(1000);
 }
 
 // ---- the reports ----

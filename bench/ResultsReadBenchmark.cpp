@@ -19,6 +19,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
+#include <iterator>
 #include <string>
 
 namespace {
@@ -67,8 +68,8 @@ VirtualObject* Fill(VirtualObject& object, const std::string& name, const char* 
 void LogFigures(ResultsDB& results, VirtualObject& object, int lines) {
     object.LineStats().SetTotalLines(lines);
     object.LineStats().SetCodeLines(lines);
-    results.LogVirtualObjectViolationStats(object);
-    results.LogVirtualObjectLineStats(object);
+    results.Writer().LogVirtualObjectViolationStats(object);
+    results.Writer().LogVirtualObjectLineStats(object);
 }
 
 Violation Sample(int number) {
@@ -91,11 +92,11 @@ Violation Sample(int number) {
 
 void WriteReview(ResultsDB& results, int violations) {
     VirtualObject project;
-    results.SetupVObjectResults("Project", *Fill(project, "Generated", "Exe"));
+    results.Writer().SetupVObjectResults("Project", *Fill(project, "Generated", "Exe"));
     int logged = 0;
     for (int file = 0; file < kFiles; ++file) {
         VirtualObject object;
-        results.SetupVObjectResults(
+        results.Writer().SetupVObjectResults(
             "File", *Fill(object, "modFile" + std::to_string(file), "Module"));
         for (int number = 0; number < kProceduresOfAFile; ++number) {
             VirtualObject procedure;
@@ -104,13 +105,13 @@ void WriteReview(ResultsDB& results, int violations) {
             procedure.Properties().Add("Scope", "Public");
             procedure.Properties().Add("IsStatic", false);
             procedure.Properties().Add("DataType", "");
-            results.SetupVObjectResults("Procedure", procedure);
+            results.Writer().SetupVObjectResults("Procedure", procedure);
             const int place = file * kProceduresOfAFile + number + 1;
             for (const long end = 1L * violations * place / (kFiles * kProceduresOfAFile);
                  logged < end;
                  ++logged) {
                 const Violation violation = Sample(logged);
-                results.LogViolation(procedure.ObjectID(), ItemType::Procedure, violation);
+                results.Writer().LogViolation(procedure.ObjectID(), ItemType::Procedure, violation);
                 procedure.ViolationStats().IncrementCount(violation.Severity, violation.Impact);
             }
             LogFigures(results, procedure, 30);
@@ -129,7 +130,7 @@ void Create(const std::string& file, int violations) {
     }
     const dorvik::ReviewCriteria criteria{dorvik::DVKWorkData()};
     ResultsDB results;
-    if (!results.StartReview(file, rulebase, criteria)) {
+    if (!results.Writer().StartReview(file, rulebase, criteria)) {
         std::fputs("the review did not start\n", stderr);
         std::exit(1);
     }
@@ -143,7 +144,7 @@ void Create(const std::string& file, int violations) {
         1);
     const double ending = Milliseconds(
         [&] {
-            results.EndReview(violations);
+            results.Writer().EndReview(violations);
             return 0L;
         },
         ignored,
@@ -191,7 +192,7 @@ long RunBareQuery(const std::string& file, const char* sql) {
     return bytes >= 0 ? rows : 0;
 }
 
-/// Opens the review, and with `isFiltered` a filter that leaves out a kind of rule, a severity and a
+/// Opens the review, and with `isFiltered` a filter that excludes a kind of rule, a severity and a
 /// category.
 long WithReview(
     const std::string& file, bool isFiltered, const std::function<long(ResultsDB&)>& work) {
@@ -237,7 +238,7 @@ void Read(const std::string& path, const std::string& file) {
         "violations of one file",
         [&] {
             return WithReview(path, false, [](ResultsDB& results) {
-                return static_cast<long>(results.GetSourceFileViolationsList(250).Count());
+                return results.Violations().GetSourceFileViolationsList(250).Count();
             });
         },
         [&] {
@@ -264,7 +265,7 @@ void Read(const std::string& path, const std::string& file) {
         "all files, filtered",
         [&] {
             return WithReview(path, true, [](ResultsDB& results) {
-                return static_cast<long>(results.GetProjectSourceFileList(true, false).size());
+                return std::ssize(results.Items().GetProjectSourceFileList(true, false));
             });
         },
         [&] {
@@ -290,7 +291,7 @@ void Read(const std::string& path, const std::string& file) {
         "the project by category",
         [&] {
             return WithReview(path, false, [](ResultsDB& results) {
-                return static_cast<long>(results.GetViolationStatsByCategory(-1, false).size());
+                return std::ssize(results.Figures().GetViolationStatsByCategory(-1, false));
             });
         },
         [&] {
@@ -303,7 +304,7 @@ void Read(const std::string& path, const std::string& file) {
         "one file by category",
         [&] {
             return WithReview(path, false, [](ResultsDB& results) {
-                return static_cast<long>(results.GetViolationStatsByCategory(250, false).size());
+                return std::ssize(results.Figures().GetViolationStatsByCategory(250, false));
             });
         },
         [&] {
@@ -316,7 +317,7 @@ void Read(const std::string& path, const std::string& file) {
         "procedures of one file, filtered",
         [&] {
             return WithReview(path, true, [](ResultsDB& results) {
-                return static_cast<long>(results.GetSourceFileProcList(250, true, true).size());
+                return std::ssize(results.Items().GetSourceFileProcList(250, true, true));
             });
         },
         [&] {

@@ -84,7 +84,7 @@ void EventActions::SetupResults(ParserEvent event) {
     const VB6ParserState& state = m_review.State;
     const auto setup = [&](std::string_view name) {
         if (const std::shared_ptr<VirtualObject> object = state.GetVirtualObject(name)) {
-            m_resultsManager.ResultsDB().SetupVObjectResults(name, *object);
+            m_resultsManager.ResultsDB().Writer().SetupVObjectResults(name, *object);
         }
     };
     if (event == ParserEvent::BeginProject) {

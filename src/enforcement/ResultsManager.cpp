@@ -45,7 +45,7 @@ bool ResultsManager::BeginReview(
         m_violations.SetResults(*m_resultsDB);
         m_file = std::move(file);
         started = m_file->Prepare(criteria.ClearLogBeforeReview()) &&
-                  m_resultsDB->StartReview(m_file->Path(), rulebase, criteria);
+                  m_resultsDB->Writer().StartReview(m_file->Path(), rulebase, criteria);
     };
     Trap({kModule, "BeginReview"}, start, [&](const BasicError& failure) {
         const std::string reason = resultsFile.ReasonIn(failure);
@@ -64,7 +64,7 @@ std::shared_ptr<FileInUseMark> ResultsManager::Reservation() const {
 }
 
 void ResultsManager::EndReview(std::int32_t ruleExecutionCount) {
-    m_resultsDB->EndReview(ruleExecutionCount);
+    m_resultsDB->Writer().EndReview(ruleExecutionCount);
     if (m_file) {
         m_file->SetFinished();
     }
@@ -72,7 +72,7 @@ void ResultsManager::EndReview(std::int32_t ruleExecutionCount) {
 }
 
 void ResultsManager::AbortReview() {
-    m_resultsDB->AbortReview();
+    m_resultsDB->Writer().AbortReview();
     if (m_file) {
         m_file->SetFinished();
     }
@@ -86,10 +86,10 @@ void ResultsManager::LogVirtualObjectResults(std::string_view objectName) {
         if (!object || object->ObjectID() == 0) {
             return;
         }
-        m_resultsDB->LogVirtualObjectProperties(*object);
-        m_resultsDB->LogVirtualObjectViolationStats(*object);
+        m_resultsDB->Writer().LogVirtualObjectProperties(*object);
+        m_resultsDB->Writer().LogVirtualObjectViolationStats(*object);
         if (object->HasLSTATS()) {
-            m_resultsDB->LogVirtualObjectLineStats(*object);
+            m_resultsDB->Writer().LogVirtualObjectLineStats(*object);
         }
     });
     if (!logged) {

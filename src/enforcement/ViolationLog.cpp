@@ -173,7 +173,7 @@ void ViolationLog::LogViolation(const Violation& violation) {
         if (!object) {
             RaiseRuntimeError(runtimeerror::kObjectNotSet);
         }
-        m_results->LogViolation(object->ObjectID(), object->ObjectType(), violation);
+        m_results->Writer().LogViolation(object->ObjectID(), object->ObjectType(), violation);
         while (true) {
             object->ViolationStats().IncrementCount(violation.Severity, violation.Impact);
             if (object->ParentViolations().empty()) {

@@ -3,6 +3,8 @@
 #include "modItemSql.h"
 #include "modSeverityColumns.h"
 
+#include <string>
+
 namespace dorvik {
 
 namespace {
@@ -27,6 +29,19 @@ std::string CountedSource(std::int32_t sourceId, bool fileLevel) {
                        "Violations.ItemID)  ON SourceFiles.SourceID = Procedures.SourceID";
     sql += " WHERE SourceFiles.SourceID = " + std::to_string(sourceId);
     return sql + (fileLevel ? " AND Violations.ItemType = 2)" : " AND Violations.ItemType = 3)");
+}
+
+ViolationStatistics
+CountBySeverity(ResultsStore& store, const std::string& source, std::int32_t categoryId) {
+    ViolationStatistics stats;
+    for (const Severity severity : kSeverities) {
+        auto rows = store.RequireRows(
+            "SELECT Count(Violations.ViolationID) AS ViolCount FROM " + source +
+            " WHERE CategoryID = " + std::to_string(categoryId) +
+            " AND Severity = " + std::to_string(NumberOf(severity)));
+        stats.SetCount(severity, rows.Value("ViolCount").AsLong());
+    }
+    return stats;
 }
 
 }  // namespace
@@ -143,24 +158,11 @@ FigureReader::GetViolationStatsByCategory(std::int32_t sourceId, bool fileLevel)
         for (; !rows.EOF_(); rows.MoveNext()) {
             result.push_back(
                 {rows.Value("Category").AsText(),
-                 CountBySeverity(source, rows.Value("CategoryID").AsLong())});
+                 CountBySeverity(m_store, source, rows.Value("CategoryID").AsLong())});
         }
-        result.push_back({"Unallocated", CountBySeverity(source, kNoCategory)});
+        result.push_back({"Unallocated", CountBySeverity(m_store, source, kNoCategory)});
     });
     return result;
-}
-
-ViolationStatistics
-FigureReader::CountBySeverity(const std::string& source, std::int32_t categoryId) {
-    ViolationStatistics stats;
-    for (const Severity severity : kSeverities) {
-        auto rows = m_store.RequireRows(
-            "SELECT Count(Violations.ViolationID) AS ViolCount FROM " + source +
-            " WHERE CategoryID = " + std::to_string(categoryId) +
-            " AND Severity = " + std::to_string(NumberOf(severity)));
-        stats.SetCount(severity, rows.Value("ViolCount").AsLong());
-    }
-    return stats;
 }
 
 }  // namespace dorvik

@@ -62,16 +62,16 @@ RankedBy(const std::vector<BasicObject>& list, std::int32_t key, bool byFilename
 
 ListOrder::ListOrder(DVKWorkData* settings) : m_ownSettings(settings) {
     const DVKWorkData& from = Settings();
-    m_files = {from.RVFileSortKey, from.RVFileSortAscending};
-    m_procedures = {from.RVProcSortKey, from.RVProcSortAscending};
+    m_fields = {
+        from.RVFileSortKey, from.RVFileSortAscending, from.RVProcSortKey, from.RVProcSortAscending};
 }
 
 ListOrder::~ListOrder() {
     if (DVKWorkData* const to = WritableSettings()) {
-        to->RVFileSortKey = m_files.Key;
-        to->RVFileSortAscending = m_files.Ascending;
-        to->RVProcSortKey = m_procedures.Key;
-        to->RVProcSortAscending = m_procedures.Ascending;
+        to->RVFileSortKey = m_fields.FileSortKey;
+        to->RVFileSortAscending = m_fields.FileSortAscending;
+        to->RVProcSortKey = m_fields.ProcSortKey;
+        to->RVProcSortAscending = m_fields.ProcSortAscending;
     }
 }
 
@@ -91,9 +91,9 @@ const DVKWorkData& ListOrder::Settings() const {
 Variant ListOrder::GetObjectStatValue(const BasicObject& object, ItemType itemType) const {
     std::int32_t key = 0;
     if (itemType == ItemType::File) {
-        key = m_files.Key;
+        key = m_fields.FileSortKey;
     } else if (itemType == ItemType::Procedure) {
-        key = m_procedures.Key;
+        key = m_fields.ProcSortKey;
     }
     switch (key) {
         case kSortByName:
@@ -117,11 +117,13 @@ bool ListOrder::HidesItems() const {
 }
 
 void ListOrder::SortFiles(std::vector<BasicObject>& list) const {
-    SortBasicObjectList(list, m_files.Key, m_files.Ascending, /*byFilename=*/false);
+    SortBasicObjectList(
+        list, m_fields.FileSortKey, m_fields.FileSortAscending, /*byFilename=*/false);
 }
 
 void ListOrder::SortProcedures(std::vector<BasicObject>& list) const {
-    SortBasicObjectList(list, m_procedures.Key, m_procedures.Ascending, /*byFilename=*/false);
+    SortBasicObjectList(
+        list, m_fields.ProcSortKey, m_fields.ProcSortAscending, /*byFilename=*/false);
 }
 
 // Required: a selection sort. Its swaps decide in what order items of equal keys end up.

@@ -5,7 +5,7 @@ namespace dorvik {
 bool ResultsDB::OpenReview(const std::string& filename) {
     m_reviewOpen = false;
     m_keys = {};
-    m_writer.Forget();
+    m_writer.Reset();
     m_store.Trap({ResultsStore::kModule, "OpenReview"}, [&] {
         if (!m_store.OpenDatabase(filename)) {
             return;
@@ -24,7 +24,7 @@ bool ResultsDB::OpenReview(const std::string& filename) {
 void ResultsDB::CloseReview() {
     m_reviewOpen = false;
     m_filter.Clear();
-    m_writer.Forget();
+    m_writer.Reset();
     m_store.CloseDatabase();
 }
 

@@ -83,7 +83,7 @@ ResultsStore::GetReadOnlyRecordset(std::string_view sql, SqlValues values) {
 
 std::optional<Recordset>
 ResultsStore::OpenRows(std::string_view sql, RecordsetType type, SqlValues values) {
-    RefuseKnownFault(values);
+    RaiseKnownFault(values);
     return m_database.OpenRecordset(sql, type, std::move(values));
 }
 
@@ -101,7 +101,7 @@ std::string ResultsStore::FirstText(std::string_view sql) {
 }
 
 void ResultsStore::Execute(std::string_view sql, SqlValues values) {
-    RefuseKnownFault(values);
+    RaiseKnownFault(values);
     m_database.Execute(sql, std::move(values));
 }
 
@@ -112,8 +112,8 @@ void ResultsStore::KeepKnownFaults(bool keep) {
     m_knownFaults = 0;
 }
 
-/// Values were once written into the statements as they are, where a quote in one broke the statement.
-void ResultsStore::RefuseKnownFault(const SqlValues& values) {
+/// Results as they were before values became parameters: a quote in a value broke the statement.
+void ResultsStore::RaiseKnownFault(const SqlValues& values) {
     if (!m_keepsKnownFaults) {
         return;
     }

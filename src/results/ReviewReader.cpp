@@ -88,7 +88,7 @@ StoredReviewCriteria ReviewReader::GetReviewCriteria() {
         if (!rows.EOF_()) {
             rows.MoveFirst();
             for (const auto& convention : modConventionColumns::kConventions) {
-                (criteria.*convention.Take)(rows.Value(convention.FlagColumn).AsBoolean());
+                (criteria.*convention.Include)(rows.Value(convention.FlagColumn).AsBoolean());
                 criteria.*convention.Count = rows.Value(convention.CountColumn).AsLong();
             }
             ReadTolerances(rows, result.Tolerances);

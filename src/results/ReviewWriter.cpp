@@ -16,7 +16,7 @@ constexpr std::string_view kModule = ResultsStore::kModule;
 
 void SetConventions(Recordset& rows, const RulebaseLoadCriteria& criteria) {
     for (const auto& convention : modConventionColumns::kConventions) {
-        rows.SetValue(convention.FlagColumn, (criteria.*convention.IsTaken)());
+        rows.SetValue(convention.FlagColumn, (criteria.*convention.IsIncluded)());
         rows.SetValue(convention.CountColumn, criteria.*convention.Count);
     }
 }
@@ -31,6 +31,10 @@ void SetTolerances(Recordset& rows, const ReviewCriteria& criteria) {
     rows.SetValue("TolerancePercentageComments", criteria.TolerancePercentageComments());
 }
 
+bool HasNoSourceFiles(ResultsStore& store) {
+    return store.RequireRows("SELECT SourceID FROM SourceFiles").EOF_();
+}
+
 }  // namespace
 
 bool ReviewWriter::StartReview(
@@ -40,17 +44,13 @@ bool ReviewWriter::StartReview(
         if (!m_store.OpenDatabase(filename)) {
             return false;
         }
-        Forget();
-        m_files.AreAllRows = HasNoSourceFiles();
+        Reset();
+        m_files.AreAllRows = HasNoSourceFiles(m_store);
         WriteReview(rulebase, criteria);
         WriteCategoryList(rulebase, criteria);
         WriteSeverityList(rulebase, criteria);
         return true;
     });
-}
-
-bool ReviewWriter::HasNoSourceFiles() {
-    return m_store.RequireRows("SELECT SourceID FROM SourceFiles").EOF_();
 }
 
 void ReviewWriter::WriteReview(const Rulebase& rulebase, const ReviewCriteria& criteria) {
@@ -124,55 +124,15 @@ void ReviewWriter::EndReview(std::int32_t ruleExecutions) {
 
 void ReviewWriter::AbortReview() {
     m_store.Trap({kModule, "AbortReview"}, [&] {
-        Forget();
+        Reset();
         m_store.DeleteDatabase();
     });
 }
 
-void ReviewWriter::Forget() {
+void ReviewWriter::Reset() {
     m_sourceId = 0;
     m_files = {};
     m_procedures = {};
-}
-
-// ---- changes to a finished review ----
-
-void ReviewWriter::WriteName(std::string_view sql, std::string_view name) {
-    auto rows = m_store.RequireEditableRows(sql);
-    if (!rows.EOF_()) {
-        rows.Edit();
-        rows.SetValue("Name", name);
-        rows.Update();
-    }
-}
-
-void ReviewWriter::UpdateProjectName(std::string_view name) {
-    m_store.Trap({kModule, "UpdateProjectName"}, [&] {
-        WriteName(
-            "SELECT Name FROM Projects WHERE ProjectID = " + std::to_string(m_keys.ProjectID),
-            name);
-    });
-}
-
-void ReviewWriter::UpdateFileName(std::string_view name, std::int32_t sourceId) {
-    m_store.Trap({kModule, "UpdateFileName"}, [&] {
-        WriteName(
-            "SELECT Name FROM SourceFiles WHERE SourceID = " + std::to_string(sourceId), name);
-    });
-}
-
-bool ReviewWriter::SetViolationCompleted(std::int32_t violationId, bool completed) {
-    return m_store.Trapped({kModule, "SetViolationCompleted"}, false, [&] {
-        auto rows = m_store.RequireEditableRows(
-            "SELECT Completed FROM Violations WHERE ViolationID = " + std::to_string(violationId));
-        if (rows.EOF_()) {
-            return false;
-        }
-        rows.Edit();
-        rows.SetValue("Completed", completed);
-        rows.Update();
-        return true;
-    });
 }
 
 }  // namespace dorvik

@@ -45,6 +45,32 @@ std::string MeasureAssignments(const VirtualObject& object, SqlValues& values) {
     return list;
 }
 
+/// Writes the property, if the object has it, to the row of the object.
+void WriteNumber(
+    ResultsStore& store,
+    std::string_view sql,
+    const VirtualObject& object,
+    std::string_view property) {
+    if (const Variant* const number = object.Properties().Find(property)) {
+        store.Execute(sql, {number->AsLong(), object.ObjectID()});
+    }
+}
+
+void WriteFileProperties(ResultsStore& store, const VirtualObject& file) {
+    // Required: the average here, while the measure CC holds the maximum.
+    WriteNumber(
+        store,
+        "UPDATE SourceFiles SET CyclomaticComplexity = ? WHERE SourceID = ?",
+        file,
+        propertyname::kAverageCyclomatic);
+    SqlValues values;
+    if (const std::string list = MeasureAssignments(file, values); !list.empty()) {
+        values.emplace_back(file.ObjectID());
+        store.Execute(
+            "UPDATE SourceFiles SET " + list.substr(2) + " WHERE SourceID = ?", std::move(values));
+    }
+}
+
 }  // namespace
 
 // ---- set-up ----
@@ -216,37 +242,16 @@ void ReviewWriter::LogVirtualObjectProperties(const VirtualObject& object) {
                         {name->AsText(), object.ObjectID()});
                 }
                 break;
-            case ItemType::File: LogFileProperties(object); break;
+            case ItemType::File: WriteFileProperties(m_store, object); break;
             case ItemType::Procedure:
-                SetNumber(
+                WriteNumber(
+                    m_store,
                     "UPDATE Procedures SET CyclomaticComplexity = ? WHERE ProcID = ?",
                     object,
                     propertyname::kCyclomaticComplexity);
                 break;
         }
     });
-}
-
-void ReviewWriter::LogFileProperties(const VirtualObject& file) {
-    // Required: the average here, while the measure CC holds the maximum.
-    SetNumber(
-        "UPDATE SourceFiles SET CyclomaticComplexity = ? WHERE SourceID = ?",
-        file,
-        propertyname::kAverageCyclomatic);
-    SqlValues values;
-    if (const std::string list = MeasureAssignments(file, values); !list.empty()) {
-        values.emplace_back(file.ObjectID());
-        m_store.Execute(
-            "UPDATE SourceFiles SET " + list.substr(2) + " WHERE SourceID = ?", std::move(values));
-    }
-}
-
-/// Writes the property, if the object has it, to the row of the object.
-void ReviewWriter::SetNumber(
-    std::string_view sql, const VirtualObject& object, std::string_view property) {
-    if (const Variant* const number = object.Properties().Find(property)) {
-        m_store.Execute(sql, {number->AsLong(), object.ObjectID()});
-    }
 }
 
 void ReviewWriter::LogVirtualObjectLineStats(const VirtualObject& object) {

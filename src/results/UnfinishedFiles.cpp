@@ -37,7 +37,7 @@ UnfinishedFiles UnfinishedFiles::ReadFrom(ResultsDB& database) {
                 continue;
             }
             const std::int32_t id = rows->Value("SourceID").AsLong();
-            const bool isBegun = database.SourceFileHasProcs(id, /*realProcsOnly=*/false);
+            const bool isBegun = database.Items().SourceFileHasProcs(id, /*realProcsOnly=*/false);
             (isBegun ? unfinished.InPart : unfinished.Unread).insert(id);
         }
     });

@@ -13,7 +13,7 @@ namespace {
 
 /// A kind of rule, in the order of the clause.
 struct KindRow {
-    bool (RulebaseLoadCriteria::*IsTaken)() const;
+    bool (RulebaseLoadCriteria::*IsIncluded)() const;
     RuleType Type;
 };
 
@@ -34,7 +34,7 @@ void Exclude(std::string& clause, std::string_view column, std::int32_t value) {
 std::string ClauseOf(const RulebaseLoadCriteria& criteria) {
     std::string clause;
     for (const KindRow& kind : kKinds) {
-        if (!(criteria.*kind.IsTaken)()) {
+        if (!(criteria.*kind.IsIncluded)()) {
             Exclude(clause, "RuleType", static_cast<std::int32_t>(kind.Type));
         }
     }

@@ -3,11 +3,30 @@
 #include "modItemSql.h"
 #include "results/modViolationRow.h"
 
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
 namespace dorvik {
 
 namespace {
 
 constexpr std::string_view kModule = ResultsStore::kModule;
+
+/// The file of the item, or the project file of the project.
+std::string FilenameOfItem(ResultsStore& store, ItemType itemType, std::int32_t itemId) {
+    std::string sql;
+    if (itemType == ItemType::Project) {
+        sql = "SELECT Filename FROM Projects WHERE ProjectID = ";
+    } else if (itemType == ItemType::File) {
+        sql = "SELECT Filename FROM SourceFiles WHERE SourceID = ";
+    } else {
+        sql = "SELECT SourceFiles.Filename FROM SourceFiles INNER JOIN Procedures "
+              "ON SourceFiles.SourceID = Procedures.SourceID WHERE Procedures.ProcID = ";
+    }
+    return store.FirstText(sql + std::to_string(itemId));
+}
 
 }  // namespace
 
@@ -108,7 +127,9 @@ std::vector<Finding> ViolationReader::GetWorstFindings(std::int32_t count) {
              rows.MoveNext()) {
             Finding finding;
             finding.Filename = FilenameOfItem(
-                ItemTypeOf(rows.Value("ItemType").AsLong()), rows.Value("ItemID").AsLong());
+                m_store,
+                ItemTypeOf(rows.Value("ItemType").AsLong()),
+                rows.Value("ItemID").AsLong());
             finding.LineNumber = rows.Value("LineNum").AsLong();
             finding.Severity = rows.Value("Severity").AsLong();
             finding.Title = rows.Value("Title").AsText();
@@ -117,19 +138,6 @@ std::vector<Finding> ViolationReader::GetWorstFindings(std::int32_t count) {
         }
     });
     return findings;
-}
-
-std::string ViolationReader::FilenameOfItem(ItemType itemType, std::int32_t itemId) {
-    std::string sql;
-    if (itemType == ItemType::Project) {
-        sql = "SELECT Filename FROM Projects WHERE ProjectID = ";
-    } else if (itemType == ItemType::File) {
-        sql = "SELECT Filename FROM SourceFiles WHERE SourceID = ";
-    } else {
-        sql = "SELECT SourceFiles.Filename FROM SourceFiles INNER JOIN Procedures "
-              "ON SourceFiles.SourceID = Procedures.SourceID WHERE Procedures.ProcID = ";
-    }
-    return m_store.FirstText(sql + std::to_string(itemId));
 }
 
 std::optional<Recordset> ViolationReader::GetSourceFileValueList() {

@@ -11,8 +11,8 @@ namespace dorvik::modConventionColumns {
 
 struct Convention {
     std::string_view FlagColumn;
-    bool (RulebaseLoadCriteria::*IsTaken)() const;
-    void (RulebaseLoadCriteria::*Take)(bool);
+    bool (RulebaseLoadCriteria::*IsIncluded)() const;
+    void (RulebaseLoadCriteria::*Include)(bool);
     std::string_view CountColumn;
     std::int32_t RulebaseLoadCriteria::*Count;
 };

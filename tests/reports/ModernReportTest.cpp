@@ -156,6 +156,7 @@ TEST_F(ModernReportTest, FiveThousandViolationsStayUnderAMegabyte) {
     ASSERT_EQ(
         kViolations,
         m_project.Results()
+            .Figures()
             .GetViolationStats(ItemType::Project, m_project.Results().ProjectID())
             .TotalViolations());
     const std::string page = Page();

@@ -42,7 +42,7 @@ TEST(ReportLegend, ASeverityWithoutAKnownColourKeepsItsLine) {
     AddSeverity(severities, 2, "High", 17);
     AddSeverity(severities, 3, "Medium", 16);
     ReportLegend legend;
-    legend.Take(severities, {});
+    legend.Load(severities, {});
     EXPECT_THAT(
         legend.GetStyleSheet(),
         testing::HasSubstr("\r\n.critical{background-color : ; color : Black;}\r\n"
@@ -88,7 +88,7 @@ TEST(ReportLegend, SeverityTextsAndClassesGoByTheLevelOfTheItem) {
     AddSeverity(severities, 6, "Beyond", 3);
     AddSeverity(severities, 0, "Below", 3);
     ReportLegend legend;
-    legend.Take(severities, {});
+    legend.Load(severities, {});
     EXPECT_EQ(legend.GetSeverityText(1), "Stop");
     EXPECT_EQ(legend.GetSeverityText(2), "");
     EXPECT_EQ(legend.GetSeverityText(5), "Note");
@@ -106,7 +106,7 @@ TEST(ReportLegend, CategoriesAreNamedByTheirTitle) {
     CategoryList categories;
     AddCategory(categories, 7, "Jumps");
     ReportLegend legend;
-    legend.Take({}, categories);
+    legend.Load({}, categories);
     EXPECT_EQ(legend.GetCategoryText(-1), "Unallocated");
     EXPECT_EQ(legend.GetCategoryText(7), "Jumps");
     EXPECT_EQ(legend.GetCategoryText(8), "");
@@ -120,8 +120,8 @@ TEST(ReportLegend, TakenTwiceItHasTheCategoriesOfTheSecond) {
     CategoryList second;
     AddCategory(second, 7, "Leaps");
     ReportLegend legend;
-    legend.Take({}, first);
-    legend.Take({}, second);
+    legend.Load({}, first);
+    legend.Load({}, second);
     EXPECT_EQ(legend.GetCategoryText(7), "Leaps");
     EXPECT_THAT(log.Entries(), testing::IsEmpty());
 }

@@ -26,7 +26,7 @@ protected:
             item->SetColour(level);
             severities.Add(SeverityKeyOf(level), item, true, false);
         }
-        m_legend.Take(severities, CategoryList());
+        m_legend.Load(severities, CategoryList());
         for (std::int32_t level = 1; level <= 5; ++level) {
             m_load.SetSeverityLevel(level, true);
         }

@@ -20,7 +20,7 @@ protected:
         jumps->SetID(7);
         jumps->SetTitle("Jumps");
         categories.Add(jumps, false);
-        m_legend.Take(severities, categories);
+        m_legend.Load(severities, categories);
         m_violation.Severity = 2;
         m_violation.Impact = 1750;
         m_violation.CategoryID = 7;

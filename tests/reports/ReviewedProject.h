@@ -59,12 +59,12 @@ public:
     }
 
     bool Begin(std::string_view name) {
-        const bool started = m_results.StartReview(m_path, m_rulebase, m_criteria);
+        const bool started = m_results.Writer().StartReview(m_path, m_rulebase, m_criteria);
         m_project = Named(name);
         m_project->Properties().Add("Path", "C:\\Src\\");
         m_project->Properties().Add("Filename", "Billing.vbp");
         m_project->Properties().Add("Type", "Exe");
-        m_results.SetupVObjectResults("Project", *m_project);
+        m_results.Writer().SetupVObjectResults("Project", *m_project);
         return started;
     }
 
@@ -74,7 +74,7 @@ public:
         m_file->Properties().Add("Path", "C:\\Src\\");
         m_file->Properties().Add("Filename", file.Name + file.Ending);
         m_file->Properties().Add("Type", file.Type);
-        m_results.SetupVObjectResults(m_isProjectFile ? "VBP" : "File", *m_file);
+        m_results.Writer().SetupVObjectResults(m_isProjectFile ? "VBP" : "File", *m_file);
         CountLines(*m_file, file);
         m_lines += file.Lines;
         m_comments += file.Comments;
@@ -87,19 +87,19 @@ public:
         m_procedure->Properties().Add("Scope", "Public");
         m_procedure->Properties().Add("IsStatic", false);
         m_procedure->Properties().Add("DataType", "Long");
-        m_results.SetupVObjectResults("Procedure", *m_procedure);
+        m_results.Writer().SetupVObjectResults("Procedure", *m_procedure);
         m_procedure->Properties().Add("CyclomaticComplexity", complexity);
         m_worst = std::max(m_worst, complexity);
     }
 
     void BeginSection(std::string_view kind) {
         m_procedure = std::make_unique<VirtualObject>();
-        m_results.SetupVObjectResults(kind, *m_procedure);
+        m_results.Writer().SetupVObjectResults(kind, *m_procedure);
     }
 
     void Raise(const Violation& violation) {
         const VirtualObject& owner = m_procedure ? *m_procedure : m_file ? *m_file : *m_project;
-        m_results.LogViolation(owner.ObjectID(), owner.ObjectType(), violation);
+        m_results.Writer().LogViolation(owner.ObjectID(), owner.ObjectType(), violation);
         for (const auto* object : {&m_procedure, &m_file, &m_project}) {
             if (*object) {
                 (*object)->ViolationStats().IncrementCount(violation.Severity, violation.Impact);
@@ -125,7 +125,7 @@ public:
         CountLines(*m_project, {"", "", "", m_lines, m_comments});
         Finish(m_project);
         if (finished) {
-            m_results.EndReview(1200);
+            m_results.Writer().EndReview(1200);
         }
         return m_results.OpenReview(m_path);
     }
@@ -144,10 +144,10 @@ private:
     }
 
     void Finish(std::unique_ptr<VirtualObject>& object) {
-        m_results.LogVirtualObjectProperties(*object);
-        m_results.LogVirtualObjectViolationStats(*object);
+        m_results.Writer().LogVirtualObjectProperties(*object);
+        m_results.Writer().LogVirtualObjectViolationStats(*object);
         if (object->LineStats().TotalLines() > 0) {
-            m_results.LogVirtualObjectLineStats(*object);
+            m_results.Writer().LogVirtualObjectLineStats(*object);
         }
         object.reset();
     }

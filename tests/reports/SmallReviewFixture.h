@@ -56,19 +56,19 @@ protected:
         object->Properties().Add("Path", "C:\\Src\\");
         object->Properties().Add("Filename", filename);
         object->Properties().Add("Type", type);
-        m_results.SetupVObjectResults("File", *object);
+        m_results.Writer().SetupVObjectResults("File", *object);
         return object;
     }
 
     std::unique_ptr<VirtualObject> BeginSection(std::string_view kind) {
         auto section = std::make_unique<VirtualObject>();
-        m_results.SetupVObjectResults(kind, *section);
+        m_results.Writer().SetupVObjectResults(kind, *section);
         return section;
     }
 
     /// Logs a violation of a procedure or section, or of a project file.
     void Raise(VirtualObject& object, const Violation& violation) {
-        m_results.LogViolation(object.ObjectID(), object.ObjectType(), violation);
+        m_results.Writer().LogViolation(object.ObjectID(), object.ObjectType(), violation);
         object.ViolationStats().IncrementCount(violation.Severity, violation.Impact);
     }
 
@@ -80,9 +80,9 @@ protected:
         stats.SetBlankLines(lines.Blank);
         stats.SetTotalLines(lines.Total);
         object.Properties().Add("CyclomaticComplexity", complexity);
-        m_results.LogVirtualObjectProperties(object);
-        m_results.LogVirtualObjectViolationStats(object);
-        m_results.LogVirtualObjectLineStats(object);
+        m_results.Writer().LogVirtualObjectProperties(object);
+        m_results.Writer().LogVirtualObjectViolationStats(object);
+        m_results.Writer().LogVirtualObjectLineStats(object);
     }
 
     void EndFile(VirtualObject& file, const Lines& lines, std::int32_t averageComplexity = 0) {
@@ -92,7 +92,7 @@ protected:
     }
 
     void Finish() {
-        m_results.EndReview(12);
+        m_results.Writer().EndReview(12);
         ASSERT_TRUE(m_results.OpenReview(m_path));
         ASSERT_THAT(m_log.Entries(), testing::IsEmpty());
     }

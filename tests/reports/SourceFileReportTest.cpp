@@ -72,7 +72,7 @@ protected:
 
     /// The report of the only file, or of the first; empty if none was written.
     std::string Page(bool tolerancesSet = false) {
-        const auto files = m_results.GetProjectSourceFileList(true, true);
+        const auto files = m_results.Items().GetProjectSourceFileList(true, true);
         EXPECT_FALSE(files.empty());
         m_cancelled = false;
         m_engine.CreateSourceFileReport(
@@ -272,7 +272,7 @@ TEST_F(SourceFileReportTest, EachAnchorOfTheContentsAndTablesMeetsAnId) {
 
 TEST_F(SourceFileReportTest, LinksToAProjectWhoseNameNeedsEncoding) {
     WriteForm();
-    const auto files = m_results.GetProjectSourceFileList(true, true);
+    const auto files = m_results.Items().GetProjectSourceFileList(true, true);
     m_engine.CreateSourceFileReport(
         "C:\\Src\\50% C#.vbp",
         files.front(),
@@ -300,7 +300,7 @@ TEST_F(SourceFileReportTest, LayoutInAnyCaseHasNoLineCounts) {
 
 TEST_F(SourceFileReportTest, WithoutAFolderThePageLiesBesideTheProject) {
     WriteForm();
-    const auto files = m_results.GetProjectSourceFileList(true, true);
+    const auto files = m_results.Items().GetProjectSourceFileList(true, true);
     const std::string projectFile = m_folder.Path("Billing.vbp");
     m_engine.CreateSourceFileReport(
         projectFile, files.front(), m_results, m_progress, "", m_cancelled, true);
@@ -383,8 +383,8 @@ TEST_F(SourceFileReportTest, AFilterOfTheResultsTakesNoPartInLinksAndDetails) {
         m_results.Filter().SetSeverityLevel(level, false);
     }
     m_results.Filter().SetDirty(true);
-    const auto files = m_results.GetProjectSourceFileList(true, true);
-    const auto locations = m_results.GetSourceFileProcList(files.front().ObjectID, true, true);
+    const auto files = m_results.Items().GetProjectSourceFileList(true, true);
+    const auto locations = m_results.Items().GetSourceFileProcList(files.front().ObjectID, true, true);
     for (const BasicObject& location : locations) {
         ASSERT_EQ(location.ViolationCount, 0) << "the filter is not at work";
     }

@@ -36,7 +36,7 @@ protected:
         Start();
         WriteObjects();
         WriteViolations();
-        m_results.EndReview(12);
+        m_results.Writer().EndReview(12);
         ASSERT_TRUE(m_results.OpenReview(m_path));
         ASSERT_THAT(m_log.Entries(), testing::IsEmpty());
     }
@@ -69,10 +69,10 @@ private:
     }
 
     void Finish(VirtualObject& object) {
-        m_results.LogVirtualObjectProperties(object);
-        m_results.LogVirtualObjectViolationStats(object);
+        m_results.Writer().LogVirtualObjectProperties(object);
+        m_results.Writer().LogVirtualObjectViolationStats(object);
         if (object.LineStats().TotalLines() > 0) {
-            m_results.LogVirtualObjectLineStats(object);
+            m_results.Writer().LogVirtualObjectLineStats(object);
         }
     }
 
@@ -82,13 +82,13 @@ private:
         object->Properties().Add("Path", "C:\\Src\\");
         object->Properties().Add("Filename", std::string(name) + std::string(ending));
         object->Properties().Add("Type", type);
-        m_results.SetupVObjectResults("File", *object);
+        m_results.Writer().SetupVObjectResults("File", *object);
         return object;
     }
 
     void SetUpSection(std::string_view kind, std::int32_t violations, std::int32_t impact) {
         VirtualObject section;
-        m_results.SetupVObjectResults(kind, section);
+        m_results.Writer().SetupVObjectResults(kind, section);
         Count(section, violations, impact);
         Finish(section);
     }
@@ -130,7 +130,7 @@ private:
 
     void Log(std::int32_t itemId, ItemType itemType, Violation violation, std::int32_t ruleType) {
         violation.RuleType = ruleType;
-        m_results.LogViolation(itemId, itemType, violation);
+        m_results.Writer().LogViolation(itemId, itemType, violation);
     }
 
     void WriteViolations() {

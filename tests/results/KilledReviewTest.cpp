@@ -85,23 +85,24 @@ protected:
         Database::DeleteFile(m_path);
         Database::CopyFile(test::ProgramPath(DORVIK_RESULTS_TEMPLATE), m_path);
         ResultsDB results;
-        if (!results.StartReview(m_path, m_rulebase, m_criteria)) {
+        if (!results.Writer().StartReview(m_path, m_rulebase, m_criteria)) {
             _exit(2);
         }
         process.Tell(0);
         VirtualObject project;
         FillObject(project, "Billing");
-        results.SetupVObjectResults("Project", project);
+        results.Writer().SetupVObjectResults("Project", project);
         constexpr std::int32_t kOfAFile = 40;
         VirtualObject file;
         for (std::int32_t number = 1; number <= violations; ++number) {
             if (number % kOfAFile == 1) {
                 LogFile(results, "mod" + std::to_string(number), file);
             }
-            results.LogViolation(file.ObjectID(), ItemType::File, Breach(number % 5 + 1, number));
+            results.Writer().LogViolation(
+                file.ObjectID(), ItemType::File, Breach(number % 5 + 1, number));
             process.Tell(number);
         }
-        results.EndReview(violations);
+        results.Writer().EndReview(violations);
         results.CloseReview();
     }
 
@@ -115,9 +116,9 @@ protected:
 
     static void LogFile(ResultsDB& results, const std::string& name, VirtualObject& file) {
         FillObject(file, name);
-        results.SetupVObjectResults("File", file);
-        results.LogVirtualObjectViolationStats(file);
-        results.LogVirtualObjectLineStats(file);
+        results.Writer().SetupVObjectResults("File", file);
+        results.Writer().LogVirtualObjectViolationStats(file);
+        results.Writer().LogVirtualObjectLineStats(file);
     }
 
     /// Copies the file with its log, so that the next review finds what the killed one left.
@@ -256,13 +257,13 @@ TEST_F(KilledReview, AReaderInAnotherProcessSeesEveryRowToldAndNoHalfState) {
 
 TEST_F(KilledReview, AReaderKeepsTheStateThatItBeganToRead) {
     Start();
-    m_results.LogViolation(1, ItemType::Procedure, Breach(1, 1));
-    m_results.LogViolation(1, ItemType::Procedure, Breach(1, 2));
+    m_results.Writer().LogViolation(1, ItemType::Procedure, Breach(1, 1));
+    m_results.Writer().LogViolation(1, ItemType::Procedure, Breach(1, 2));
     Database database;
     database.Open(m_path);
     auto rows = database.OpenRecordset("SELECT Impact FROM Violations", RecordsetType::Snapshot);
     for (std::int32_t number = 3; number <= 2000; ++number) {  // more than one folding of the log
-        m_results.LogViolation(1, ItemType::Procedure, Breach(1, number));
+        m_results.Writer().LogViolation(1, ItemType::Procedure, Breach(1, number));
     }
     std::int32_t count = 0;
     for (; !rows.EOF_(); rows.MoveNext()) {

@@ -33,7 +33,7 @@ private:
 TEST_F(LostRows, NothingIsLostInAReviewWithoutTrouble) {
     Start();
     SetUpProject();
-    m_results.EndReview(1);
+    m_results.Writer().EndReview(1);
     EXPECT_EQ(m_results.Failures().Count(), 0);
     EXPECT_EQ(m_results.Failures().Reason(), "");
 }
@@ -42,12 +42,12 @@ TEST_F(LostRows, ALostRowIsCountedAndTheReviewHasNoEnd) {
     Start();
     SetUpProject();
     VirtualObject withoutProperties;
-    m_results.SetupVObjectResults("File", withoutProperties);
-    m_results.SetupVObjectResults("Procedure", withoutProperties);
-    m_results.LogViolation(1, ItemType::Project, Breach(1, 900));
+    m_results.Writer().SetupVObjectResults("File", withoutProperties);
+    m_results.Writer().SetupVObjectResults("Procedure", withoutProperties);
+    m_results.Writer().LogViolation(1, ItemType::Project, Breach(1, 900));
     EXPECT_EQ(m_results.Failures().Count(), 2);
     EXPECT_NE(m_results.Failures().Reason(), "");
-    m_results.EndReview(1);
+    m_results.Writer().EndReview(1);
     EXPECT_THAT(Rows("SELECT [End] FROM Review"), ElementsAre(""));
 }
 
@@ -57,14 +57,14 @@ TEST_F(LostRows, ALossThatNeverCameToTheDatabaseCountsToo) {
     m_results.NoteLoss("another reason");
     EXPECT_EQ(m_results.Failures().Count(), 2);
     EXPECT_EQ(m_results.Failures().Reason(), "a measure is missing");
-    m_results.EndReview(1);
+    m_results.Writer().EndReview(1);
     EXPECT_THAT(Rows("SELECT [End] FROM Review"), ElementsAre(""));
 }
 
 TEST_F(LostRows, AnEndThatCannotBeWrittenIsALossWithItsReason) {
     Start();
     Lock();
-    m_results.EndReview(1);
+    m_results.Writer().EndReview(1);
     EXPECT_EQ(m_results.Failures().Count(), 1);
     EXPECT_EQ(m_results.Failures().Reason(), "another program has it locked");
     Unlock();
@@ -74,14 +74,14 @@ TEST_F(LostRows, AnEndThatCannotBeWrittenIsALossWithItsReason) {
 TEST_F(LostRows, RowsThatALockCostsAreCountedAndThoseBehindItAreStored) {
     Start();
     Lock();
-    m_results.LogViolation(1, ItemType::Project, Breach(1, 5));
-    m_results.LogViolation(1, ItemType::Project, Breach(1, 6));
+    m_results.Writer().LogViolation(1, ItemType::Project, Breach(1, 5));
+    m_results.Writer().LogViolation(1, ItemType::Project, Breach(1, 6));
     EXPECT_EQ(m_results.Failures().Count(), 2);
     EXPECT_EQ(m_results.Failures().Reason(), "another program has it locked");
     Unlock();
-    m_results.LogViolation(1, ItemType::Project, Breach(1, 7));
+    m_results.Writer().LogViolation(1, ItemType::Project, Breach(1, 7));
     EXPECT_THAT(Rows("SELECT Impact FROM Violations"), ElementsAre("7"));
-    m_results.EndReview(1);
+    m_results.Writer().EndReview(1);
     EXPECT_THAT(Rows("SELECT [End] FROM Review"), ElementsAre(""));
 }
 

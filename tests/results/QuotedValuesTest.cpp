@@ -15,7 +15,7 @@ TEST_F(QuotedValues, AQuoteInTheOutputNameIsStored) {
     Start();
     const auto project = SetUpProject();
     project->Properties().Add("ExeName32", "Ann's.exe', Name='x");
-    m_results.LogVirtualObjectProperties(*project);
+    m_results.Writer().LogVirtualObjectProperties(*project);
     EXPECT_THAT(
         Rows("SELECT ExeName32, Name FROM Projects", 2),
         ElementsAre("Ann's.exe', Name='x|Billing"));
@@ -27,7 +27,7 @@ TEST_F(QuotedValues, AMeasureThatIsNoNumberIsLoggedAndChangesNothing) {
     SetUpProject();
     const auto file = SetUpFile("modA");
     file->Properties().Add("AverageCyclomatic", "1, Name = Filename");
-    m_results.LogVirtualObjectProperties(*file);
+    m_results.Writer().LogVirtualObjectProperties(*file);
     EXPECT_TRUE(m_log.Contains("#C_ResultsDB::LogVirtualObjectProperties"));
     EXPECT_THAT(
         Rows("SELECT Name, CyclomaticComplexity FROM SourceFiles", 2), ElementsAre("modA|"));
@@ -40,11 +40,11 @@ TEST_F(QuotedValues, AQuoteInANameOrAPathDoesNoHarm) {
     file->Properties().Add("Path", "C:\\O'Brien\\");
     file->Properties().Add("Filename", "mod'A.bas");
     file->Properties().Add("Type", "Mod'ule");
-    m_results.SetupVObjectResults("File", *file);
+    m_results.Writer().SetupVObjectResults("File", *file);
     EXPECT_EQ(SetUpProcedure("To'tal", "Sub'")->ObjectID(), 1);
     EXPECT_EQ(SetUpProcedure("To'tal", "Sub'")->ObjectID(), 1);  // the row that is there
-    m_results.UpdateProjectName("Bob's");
-    m_results.UpdateFileName("mod'B", 1);
+    m_results.Editor().UpdateProjectName("Bob's");
+    m_results.Editor().UpdateFileName("mod'B", 1);
     EXPECT_THAT(
         Rows("SELECT SourceID, Name, Path, Filename, Type FROM SourceFiles", 5),
         ElementsAre("1|mod'B|C:\\O'Brien\\|mod'A.bas|Mod'ule"));
@@ -113,7 +113,7 @@ TEST_F(QuotedValuesOfKnownFaults, AQuoteInAPathCostsTheFilesOfThatPath) {
     file->Properties().Add("Path", "C:\\O'Brien\\");
     file->Properties().Add("Filename", "modA.bas");
     file->Properties().Add("Type", "Module");
-    m_results.SetupVObjectResults("File", *file);
+    m_results.Writer().SetupVObjectResults("File", *file);
     EXPECT_EQ(file->ObjectID(), 0);
     EXPECT_THAT(Rows("SELECT Name FROM SourceFiles"), IsEmpty());
 }
@@ -130,7 +130,7 @@ TEST_F(QuotedValuesOfKnownFaults, WhateverElseAValueWithAQuoteHoldsItFails) {
 
 TEST_F(QuotedValuesOfKnownFaults, AQuoteInATypeIsLoggedAndCountsNothing) {
     Start();
-    EXPECT_EQ(m_results.GetSourceFileCount("Mod'ule"), 0);
+    EXPECT_EQ(m_results.Items().GetSourceFileCount("Mod'ule"), 0);
     EXPECT_TRUE(m_log.Contains("#C_ResultsDB::GetReadOnlyRecordset"));
     EXPECT_TRUE(m_log.Contains("#C_ResultsDB::GetSourceFileCount"));
 }
@@ -139,7 +139,7 @@ TEST_F(QuotedValuesOfKnownFaults, AQuoteInTheOutputNameIsLoggedAndStoresNothing)
     Start();
     const auto project = SetUpProject();
     project->Properties().Add("ExeName32", "Ann's.exe");
-    m_results.LogVirtualObjectProperties(*project);
+    m_results.Writer().LogVirtualObjectProperties(*project);
     EXPECT_THAT(Rows("SELECT ExeName32 FROM Projects"), ElementsAre(""));
     EXPECT_TRUE(m_log.Contains("#C_ResultsDB::LogVirtualObjectProperties"));
 }
@@ -150,7 +150,7 @@ TEST_F(QuotedValuesOfKnownFaults, ARowThatAKnownFaultCostsIsCountedButDoesNotKee
     SetUpFile("mod'A");
     EXPECT_EQ(m_results.Failures().Count(), 1);
     EXPECT_EQ(m_results.Failures().Reason(), "a name or a path has a quote in it");
-    m_results.EndReview(1);
+    m_results.Writer().EndReview(1);
     EXPECT_THAT(Rows("SELECT [End] FROM Review"), ElementsAre("20261121 140509"));
 }
 

@@ -78,40 +78,40 @@ TEST_F(ResultsDBFilter, HiddenZeroItemsCountAsAFilter) {
 TEST_F(ResultsDBFilter, AnEmptyFilterUsesTheStoredFigures) {
     Break("UPDATE ViolationStats SET TotalCount = 77, TotalImpact = 88");
     const ViolationTally stored{77, 88};
-    EXPECT_EQ(m_results.GetProjectViolationStats(1, false), stored);
-    EXPECT_EQ(m_results.GetVBPFileViolationStats(1, false), stored);
-    EXPECT_EQ(m_results.GetSourceFileViolationStats(2, false), stored);
-    EXPECT_EQ(m_results.GetProcedureViolationStats(2, false), stored);
-    EXPECT_EQ(m_results.GetProcedureViolationStats(99, false), ViolationTally());
+    EXPECT_EQ(m_results.Figures().GetProjectViolationStats(1, false), stored);
+    EXPECT_EQ(m_results.Figures().GetVBPFileViolationStats(1, false), stored);
+    EXPECT_EQ(m_results.Figures().GetSourceFileViolationStats(2, false), stored);
+    EXPECT_EQ(m_results.Figures().GetProcedureViolationStats(2, false), stored);
+    EXPECT_EQ(m_results.Figures().GetProcedureViolationStats(99, false), ViolationTally());
 }
 
 TEST_F(ResultsDBFilter, AFilterCountsTheRows) {
     FilterOfAll().SetNamingConventions(false);  // violation 6, of a file itself
-    EXPECT_EQ(m_results.GetProjectViolationStats(1, false), (ViolationTally{5, 2300}));
-    EXPECT_EQ(m_results.GetVBPFileViolationStats(1, false), (ViolationTally{1, 900}));
-    EXPECT_EQ(m_results.GetSourceFileViolationStats(2, false), (ViolationTally{3, 1350}));
-    EXPECT_EQ(m_results.GetProcedureViolationStats(2, false), (ViolationTally{2, 850}));
+    EXPECT_EQ(m_results.Figures().GetProjectViolationStats(1, false), (ViolationTally{5, 2300}));
+    EXPECT_EQ(m_results.Figures().GetVBPFileViolationStats(1, false), (ViolationTally{1, 900}));
+    EXPECT_EQ(m_results.Figures().GetSourceFileViolationStats(2, false), (ViolationTally{3, 1350}));
+    EXPECT_EQ(m_results.Figures().GetProcedureViolationStats(2, false), (ViolationTally{2, 850}));
     m_results.Filter().AddExcludedCategoryID(7);
-    EXPECT_EQ(m_results.GetSourceFileViolationStats(2, false), (ViolationTally{1, 500}));
+    EXPECT_EQ(m_results.Figures().GetSourceFileViolationStats(2, false), (ViolationTally{1, 500}));
 }
 
 TEST_F(ResultsDBFilter, FilteredAFileDoesNotCountTheViolationsOfTheFileItself) {
     FilterOfAll().SetSeverityLevel(1, false);  // none of the module's
-    EXPECT_EQ(m_results.GetSourceFileViolationStats(2, true), (ViolationTally{4, 1360}));
-    EXPECT_EQ(m_results.GetSourceFileViolationStats(2, false), (ViolationTally{3, 1350}));
+    EXPECT_EQ(m_results.Figures().GetSourceFileViolationStats(2, true), (ViolationTally{4, 1360}));
+    EXPECT_EQ(m_results.Figures().GetSourceFileViolationStats(2, false), (ViolationTally{3, 1350}));
 }
 
 TEST_F(ResultsDBFilter, ASumOverNoRowsReadsAsZero) {
     FilterOfAll().SetSeverityLevel(2, false);
-    EXPECT_EQ(m_results.GetProcedureViolationStats(2, false), ViolationTally());
-    EXPECT_EQ(m_results.GetSourceFileViolationStats(3, false), ViolationTally());
+    EXPECT_EQ(m_results.Figures().GetProcedureViolationStats(2, false), ViolationTally());
+    EXPECT_EQ(m_results.Figures().GetSourceFileViolationStats(3, false), ViolationTally());
     EXPECT_THAT(m_log.Entries(), testing::IsEmpty());
 }
 
 TEST_F(ResultsDBFilter, IgnoringTheFilterUsesTheStoredFigures) {
     FilterOfAll().SetSeverityLevel(2, false);
-    EXPECT_EQ(m_results.GetProcedureViolationStats(2, true), (ViolationTally{2, 850}));
-    EXPECT_EQ(m_results.GetProjectViolationStats(1, true), (ViolationTally{6, 2310}));
+    EXPECT_EQ(m_results.Figures().GetProcedureViolationStats(2, true), (ViolationTally{2, 850}));
+    EXPECT_EQ(m_results.Figures().GetProjectViolationStats(1, true), (ViolationTally{6, 2310}));
 }
 
 TEST_F(ResultsDBFilter, AFilterCanHideAFileFromTheList) {
@@ -122,7 +122,7 @@ TEST_F(ResultsDBFilter, AFilterCanHideAFileFromTheList) {
     for (std::int32_t level = 1; level <= 5; ++level) {
         reader.Filter().SetSeverityLevel(level, true);
     }
-    const auto files = reader.GetProjectSourceFileList(false, false);
+    const auto files = reader.Items().GetProjectSourceFileList(false, false);
     ASSERT_EQ(files.size(), 1U);  // the project file breaks no keyword rule
     EXPECT_EQ(files[0].Name, "modA");
     EXPECT_EQ(files[0].ViolationCount, 2);
@@ -135,14 +135,14 @@ TEST_F(ResultsDBFilter, SortFieldsComeFromTheSettingsAndGoBackToThem) {
     m_settings.RVProcSortAscending = false;
     {
         ResultsDB reader(m_settings);
-        EXPECT_EQ(reader.FileSortKey(), 3);
-        EXPECT_TRUE(reader.FileSortAscending());
-        EXPECT_EQ(reader.ProcSortKey(), 1);
-        EXPECT_FALSE(reader.ProcSortAscending());
-        reader.SetFileSortKey(2);
-        reader.SetFileSortAscending(false);
-        reader.SetProcSortKey(4);
-        reader.SetProcSortAscending(true);
+        EXPECT_EQ(reader.Order().Fields().FileSortKey, 3);
+        EXPECT_TRUE(reader.Order().Fields().FileSortAscending);
+        EXPECT_EQ(reader.Order().Fields().ProcSortKey, 1);
+        EXPECT_FALSE(reader.Order().Fields().ProcSortAscending);
+        reader.Order().Fields().FileSortKey = 2;
+        reader.Order().Fields().FileSortAscending = false;
+        reader.Order().Fields().ProcSortKey = 4;
+        reader.Order().Fields().ProcSortAscending = true;
         EXPECT_EQ(m_settings.RVFileSortKey, 3);
     }
     EXPECT_EQ(m_settings.RVFileSortKey, 2);
@@ -156,8 +156,8 @@ TEST_F(ResultsDBFilter, WithoutSettingsOfItsOwnItUsesThoseOfTheProcess) {
     modGlobal::WorkData().RVFileSortKey = 4;
     {
         ResultsDB reader;
-        EXPECT_EQ(reader.FileSortKey(), 4);
-        reader.SetFileSortKey(2);
+        EXPECT_EQ(reader.Order().Fields().FileSortKey, 4);
+        reader.Order().Fields().FileSortKey = 2;
     }
     EXPECT_EQ(modGlobal::WorkData().RVFileSortKey, 2);
     {

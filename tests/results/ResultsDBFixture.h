@@ -38,7 +38,7 @@ protected:
         m_criteria.LoadCriteria().SetDirty(false);
     }
 
-    void Start() { ASSERT_TRUE(m_results.StartReview(m_path, m_rulebase, m_criteria)); }
+    void Start() { ASSERT_TRUE(m_results.Writer().StartReview(m_path, m_rulebase, m_criteria)); }
 
     void AddCategory(std::int32_t id, std::string_view title) {
         auto category = std::make_shared<CategoryItem>();
@@ -58,7 +58,7 @@ protected:
         object->Properties().Add("Path", "C:\\Src\\");
         object->Properties().Add("Filename", "Billing.vbp");
         object->Properties().Add("Type", "Exe");
-        m_results.SetupVObjectResults("Project", *object);
+        m_results.Writer().SetupVObjectResults("Project", *object);
         return object;
     }
 
@@ -68,7 +68,7 @@ protected:
         object->Properties().Add("Path", "C:\\Src\\");
         object->Properties().Add("Filename", std::string(name) + ".bas");
         object->Properties().Add("Type", "Module");
-        m_results.SetupVObjectResults(kind, *object);
+        m_results.Writer().SetupVObjectResults(kind, *object);
         return object;
     }
 
@@ -79,7 +79,7 @@ protected:
         object->Properties().Add("Scope", scope);
         object->Properties().Add("IsStatic", true);
         object->Properties().Add("DataType", "Long");
-        m_results.SetupVObjectResults("Procedure", *object);
+        m_results.Writer().SetupVObjectResults("Procedure", *object);
         return object;
     }
 

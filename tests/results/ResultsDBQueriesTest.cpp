@@ -55,21 +55,21 @@ TEST_F(ResultsDBQueries, ADatabaseOfAnyOtherVersionDoesNotOpen) {
 
 TEST_F(ResultsDBQueries, QueriesWithoutAnOpenReviewAreLoggedAndAnswerWithNothing) {
     m_results.CloseReview();
-    EXPECT_THAT(m_results.GetProjectSourceFileList(true, false), IsEmpty());
+    EXPECT_THAT(m_results.Items().GetProjectSourceFileList(true, false), IsEmpty());
     EXPECT_TRUE(m_log.Contains("#C_ResultsDB::GetProjectSourceFileList"));
-    EXPECT_EQ(m_results.GetProjectViolationStats(1, true), ViolationTally());
+    EXPECT_EQ(m_results.Figures().GetProjectViolationStats(1, true), ViolationTally());
     EXPECT_TRUE(m_log.Contains("#C_ResultsDB::GetProjectViolationStats"));
-    EXPECT_FALSE(m_results.GetSourceFileValueList());
-    EXPECT_EQ(m_results.GetSourceFileViolationsList(2).Count(), 0);
-    EXPECT_EQ(m_results.GetProjectData("Name"), "");
-    EXPECT_TRUE(m_results.GetReviewData().Start.IsZero());
-    EXPECT_FALSE(m_results.SourceFileHasProcs(2, false));
+    EXPECT_FALSE(m_results.Violations().GetSourceFileValueList());
+    EXPECT_EQ(m_results.Violations().GetSourceFileViolationsList(2).Count(), 0);
+    EXPECT_EQ(m_results.Items().GetProjectData("Name"), "");
+    EXPECT_TRUE(m_results.Review().GetReviewData().Start.IsZero());
+    EXPECT_FALSE(m_results.Items().SourceFileHasProcs(2, false));
 }
 
 // ---- the review ----
 
 TEST_F(ResultsDBQueries, TheReviewTellsOfItself) {
-    const ReviewData data = m_results.GetReviewData();
+    const ReviewData data = m_results.Review().GetReviewData();
     EXPECT_EQ(data.RulebaseTitle, "House rules");
     EXPECT_EQ(data.RulebaseVersion, "1.0.0");
     EXPECT_EQ(data.Reviewer, "ann");
@@ -81,7 +81,7 @@ TEST_F(ResultsDBQueries, TheReviewTellsOfItself) {
 
 TEST_F(EmptyResultsDB, AReviewThatDidNotEndHasNoEndDate) {
     Start();
-    const ReviewData data = m_results.GetReviewData();
+    const ReviewData data = m_results.Review().GetReviewData();
     EXPECT_EQ(data.Start, (DateTime{2026, 11, 21, 14, 5, 9}));
     EXPECT_TRUE(data.End.IsZero());
     EXPECT_EQ(data.RuleExecutions, 0);
@@ -99,7 +99,7 @@ TEST_F(EmptyResultsDB, TheCriteriaComeBackAsTheyWereStored) {
     m_criteria.SetToleranceImpact(2, 0);
     m_criteria.SetTolerancePercentageComments(15);
     Start();
-    const StoredReviewCriteria stored = m_results.GetReviewCriteria();
+    const StoredReviewCriteria stored = m_results.Review().GetReviewCriteria();
     EXPECT_TRUE(stored.LoadCriteria.NamingConventions());
     EXPECT_TRUE(stored.LoadCriteria.AuthorisedReferences());
     EXPECT_FALSE(stored.LoadCriteria.CodingConventions());
@@ -121,7 +121,7 @@ TEST_F(EmptyResultsDB, TheCriteriaComeBackAsTheyWereStored) {
 }
 
 TEST_F(ResultsDBQueries, CategoriesAreSortedAndSeveritiesKeyedByLevel) {
-    const CategorySeverityLists lists = m_results.GetCategorySeverityLists();
+    const CategorySeverityLists lists = m_results.Review().GetCategorySeverityLists();
     ASSERT_EQ(lists.Categories.Count(), 2);
     EXPECT_EQ(lists.Categories.Item(1)->Title(), "Clarity");
     EXPECT_EQ(lists.Categories.Item(1)->ID(), 8);
@@ -136,7 +136,7 @@ TEST_F(ResultsDBQueries, CategoriesAreSortedAndSeveritiesKeyedByLevel) {
 // ---- items ----
 
 TEST_F(ResultsDBQueries, TheProjectComesWithItsViolations) {
-    const BasicObject project = m_results.GetProjectDetails(false);
+    const BasicObject project = m_results.Items().GetProjectDetails(false);
     EXPECT_EQ(project.ObjectID, 1);
     EXPECT_EQ(project.Name, "Billing");
     EXPECT_EQ(project.Filename, "Billing.vbp");
@@ -144,12 +144,12 @@ TEST_F(ResultsDBQueries, TheProjectComesWithItsViolations) {
     EXPECT_EQ(project.ViolationCount, 6);
     EXPECT_EQ(project.ViolationImpact, 2310);
     FilterOfAll().SetSeverityLevel(1, false);
-    EXPECT_EQ(m_results.GetProjectDetails(false).ViolationCount, 5);
-    EXPECT_EQ(m_results.GetProjectDetails(true).ViolationCount, 6);
+    EXPECT_EQ(m_results.Items().GetProjectDetails(false).ViolationCount, 5);
+    EXPECT_EQ(m_results.Items().GetProjectDetails(true).ViolationCount, 6);
 }
 
 TEST_F(ResultsDBQueries, FilesComeByNameWithTheirFigures) {
-    const auto files = m_results.GetProjectSourceFileList(true, false);
+    const auto files = m_results.Items().GetProjectSourceFileList(true, false);
     ASSERT_THAT(Names(files), ElementsAre("Billing", "frmB", "modA"));
     const BasicObject& module = files[2];
     EXPECT_EQ(module.ObjectID, 2);
@@ -168,19 +168,19 @@ TEST_F(ResultsDBQueries, FilesComeByNameWithTheirFigures) {
 }
 
 TEST_F(ResultsDBQueries, FilesFollowTheSortFieldsOrTheirFileNames) {
-    m_results.SetFileSortKey(ResultsDB::kSortByCount);
-    m_results.SetFileSortAscending(false);
+    m_results.Order().Fields().FileSortKey = ListOrder::kSortByCount;
+    m_results.Order().Fields().FileSortAscending = false;
     EXPECT_THAT(
-        Names(m_results.GetProjectSourceFileList(true, false)),
+        Names(m_results.Items().GetProjectSourceFileList(true, false)),
         ElementsAre("modA", "Billing", "frmB"));
-    m_results.SetFileSortAscending(true);
-    m_results.SetFileSortKey(ResultsDB::kSortByImpact);
+    m_results.Order().Fields().FileSortAscending = true;
+    m_results.Order().Fields().FileSortKey = ListOrder::kSortByImpact;
     EXPECT_THAT(
-        Names(m_results.GetProjectSourceFileList(true, false)),
+        Names(m_results.Items().GetProjectSourceFileList(true, false)),
         ElementsAre("frmB", "Billing", "modA"));
-    m_results.SetFileSortAscending(false);
+    m_results.Order().Fields().FileSortAscending = false;
     EXPECT_THAT(
-        Names(m_results.GetProjectSourceFileList(true, true)),
+        Names(m_results.Items().GetProjectSourceFileList(true, true)),
         ElementsAre("Billing", "frmB", "modA"));  // always ascending
 }
 
@@ -189,17 +189,18 @@ TEST_F(ResultsDBQueries, FilesWithoutViolationsAreHiddenWhereTheSettingsSaySo) {
     ResultsDB reader(m_settings);
     ASSERT_TRUE(reader.OpenReview(m_path));
     EXPECT_THAT(
-        Names(reader.GetProjectSourceFileList(false, false)), ElementsAre("Billing", "modA"));
+        Names(reader.Items().GetProjectSourceFileList(false, false)),
+        ElementsAre("Billing", "modA"));
     EXPECT_THAT(
-        Names(reader.GetProjectSourceFileList(true, false)),
+        Names(reader.Items().GetProjectSourceFileList(true, false)),
         ElementsAre("Billing", "frmB", "modA"));
     // Sorted by complexity there is no figure that could be above 0.
-    reader.SetFileSortKey(ResultsDB::kSortByComplexity);
-    EXPECT_THAT(reader.GetProjectSourceFileList(false, false), IsEmpty());
+    reader.Order().Fields().FileSortKey = ListOrder::kSortByComplexity;
+    EXPECT_THAT(reader.Items().GetProjectSourceFileList(false, false), IsEmpty());
 }
 
 TEST_F(ResultsDBQueries, ProceduresComeWithOrWithoutTheirFigures) {
-    const auto procedures = m_results.GetSourceFileProcList(2, true, true);
+    const auto procedures = m_results.Items().GetSourceFileProcList(2, true, true);
     ASSERT_THAT(Names(procedures), ElementsAre("Declarations", "Total"));
     EXPECT_EQ(procedures[1].ObjectID, 2);
     EXPECT_EQ(procedures[1].ObjectType, "Function");
@@ -209,7 +210,7 @@ TEST_F(ResultsDBQueries, ProceduresComeWithOrWithoutTheirFigures) {
     EXPECT_EQ(procedures[1].ViolationImpact, 850);
     EXPECT_EQ(procedures[1].SourceLines, 20);
     EXPECT_FLOAT_EQ(procedures[1].CodeCommentRatio, 25.0F);
-    const auto plain = m_results.GetSourceFileProcList(2, true, false);
+    const auto plain = m_results.Items().GetSourceFileProcList(2, true, false);
     EXPECT_EQ(plain[1].ViolationCount, 0);
     EXPECT_EQ(plain[1].SourceLines, 0);
     EXPECT_EQ(plain[1].CyclomaticComplexity, 9);
@@ -217,14 +218,16 @@ TEST_F(ResultsDBQueries, ProceduresComeWithOrWithoutTheirFigures) {
 
 TEST_F(ResultsDBQueries, ProceduresFollowTheirOwnSortFieldsAndZeroSetting) {
     m_settings.RVProcShowZeroItems = false;
-    m_settings.RVProcSortKey = ResultsDB::kSortByImpact;
+    m_settings.RVProcSortKey = ListOrder::kSortByImpact;
     m_settings.RVProcSortAscending = false;
     ResultsDB reader(m_settings);
     ASSERT_TRUE(reader.OpenReview(m_path));
     EXPECT_THAT(
-        Names(reader.GetSourceFileProcList(2, false, true)), ElementsAre("Total", "Declarations"));
-    EXPECT_THAT(reader.GetSourceFileProcList(3, false, true), IsEmpty());
-    EXPECT_THAT(Names(reader.GetSourceFileProcList(3, true, true)), ElementsAre("Layout", "Total"));
+        Names(reader.Items().GetSourceFileProcList(2, false, true)),
+        ElementsAre("Total", "Declarations"));
+    EXPECT_THAT(reader.Items().GetSourceFileProcList(3, false, true), IsEmpty());
+    EXPECT_THAT(
+        Names(reader.Items().GetSourceFileProcList(3, true, true)), ElementsAre("Layout", "Total"));
 }
 
 TEST_F(ResultsDBQueries, TheStatValueFollowsTheSortKeyOfItsKind) {
@@ -234,31 +237,31 @@ TEST_F(ResultsDBQueries, TheStatValueFollowsTheSortKeyOfItsKind) {
     object.CyclomaticComplexity = 7;
     const std::vector<Variant> expected = {Variant(3), Variant(3), Variant(900), Variant()};
     for (std::int32_t key = 1; key <= 4; ++key) {
-        m_results.SetFileSortKey(key);
-        m_results.SetProcSortKey(5 - key);
+        m_results.Order().Fields().FileSortKey = key;
+        m_results.Order().Fields().ProcSortKey = 5 - key;
         EXPECT_EQ(
-            m_results.GetObjectStatValue(object, ItemType::File),
+            m_results.Order().GetObjectStatValue(object, ItemType::File),
             expected[static_cast<std::size_t>(key - 1)]);
         EXPECT_EQ(
-            m_results.GetObjectStatValue(object, ItemType::Procedure),
+            m_results.Order().GetObjectStatValue(object, ItemType::Procedure),
             expected[static_cast<std::size_t>(4 - key)]);
     }
-    EXPECT_TRUE(m_results.GetObjectStatValue(object, ItemType::Project).IsEmpty());
+    EXPECT_TRUE(m_results.Order().GetObjectStatValue(object, ItemType::Project).IsEmpty());
 }
 
 TEST_F(ResultsDBQueries, CountsAndSingleItemsAreFound) {
-    EXPECT_TRUE(m_results.SourceFileHasProcs(3, true));
-    EXPECT_TRUE(m_results.SourceFileHasProcs(2, true));
-    EXPECT_FALSE(m_results.SourceFileHasProcs(1, false));
-    EXPECT_EQ(m_results.GetSourceFileCount(""), 3);
-    EXPECT_EQ(m_results.GetSourceFileCount("Form"), 1);
-    EXPECT_EQ(m_results.GetSourceFileCount("Class"), 0);
-    const BasicObject procedure = m_results.GetProcedureDetails(4);
+    EXPECT_TRUE(m_results.Items().SourceFileHasProcs(3, true));
+    EXPECT_TRUE(m_results.Items().SourceFileHasProcs(2, true));
+    EXPECT_FALSE(m_results.Items().SourceFileHasProcs(1, false));
+    EXPECT_EQ(m_results.Items().GetSourceFileCount(""), 3);
+    EXPECT_EQ(m_results.Items().GetSourceFileCount("Form"), 1);
+    EXPECT_EQ(m_results.Items().GetSourceFileCount("Class"), 0);
+    const BasicObject procedure = m_results.Items().GetProcedureDetails(4);
     EXPECT_EQ(procedure.ObjectID, 4);
     EXPECT_EQ(procedure.Name, "Total");
     EXPECT_EQ(procedure.ObjectType, "Sub");
     EXPECT_EQ(procedure.Scope, "Private");
-    EXPECT_EQ(m_results.GetProcedureDetails(99).ObjectID, 0);
+    EXPECT_EQ(m_results.Items().GetProcedureDetails(99).ObjectID, 0);
 }
 
 TEST_F(EmptyResultsDB, AFileWithSectionsOnlyHasNoRealProcedures) {
@@ -266,33 +269,33 @@ TEST_F(EmptyResultsDB, AFileWithSectionsOnlyHasNoRealProcedures) {
     SetUpProject();
     SetUpFile("modA");
     VirtualObject section;
-    m_results.SetupVObjectResults("Declarations", section);
-    m_results.SetupVObjectResults("Layout", section);
-    EXPECT_TRUE(m_results.SourceFileHasProcs(1, false));
-    EXPECT_FALSE(m_results.SourceFileHasProcs(1, true));
+    m_results.Writer().SetupVObjectResults("Declarations", section);
+    m_results.Writer().SetupVObjectResults("Layout", section);
+    EXPECT_TRUE(m_results.Items().SourceFileHasProcs(1, false));
+    EXPECT_FALSE(m_results.Items().SourceFileHasProcs(1, true));
 }
 
 TEST_F(ResultsDBQueries, AQuoteInATypeIsAPartOfThatType) {
-    EXPECT_EQ(m_results.GetSourceFileCount("Module' OR Type<>'"), 0);
+    EXPECT_EQ(m_results.Items().GetSourceFileCount("Module' OR Type<>'"), 0);
     EXPECT_THAT(m_log.Entries(), IsEmpty());
 }
 
 TEST_F(ResultsDBQueries, SingleFieldsComeAsTexts) {
-    EXPECT_EQ(m_results.GetProjectData("Type"), "Exe");
-    EXPECT_EQ(m_results.GetProjectData("ExeName32"), "");  // null
-    EXPECT_EQ(m_results.GetSourceFileData("Filename", 3), "frmB.frm");
-    EXPECT_EQ(m_results.GetSourceFileData("Filename", 99), "");
-    EXPECT_EQ(m_results.GetProcedureData("CyclomaticComplexity", 2), "9");
-    EXPECT_EQ(m_results.GetProcedureData("IsStatic", 2), "True");
+    EXPECT_EQ(m_results.Items().GetProjectData("Type"), "Exe");
+    EXPECT_EQ(m_results.Items().GetProjectData("ExeName32"), "");  // null
+    EXPECT_EQ(m_results.Items().GetSourceFileData("Filename", 3), "frmB.frm");
+    EXPECT_EQ(m_results.Items().GetSourceFileData("Filename", 99), "");
+    EXPECT_EQ(m_results.Items().GetProcedureData("CyclomaticComplexity", 2), "9");
+    EXPECT_EQ(m_results.Items().GetProcedureData("IsStatic", 2), "True");
     EXPECT_THAT(m_log.Entries(), IsEmpty());
-    EXPECT_EQ(m_results.GetProcedureData("Colour", 2), "");
+    EXPECT_EQ(m_results.Items().GetProcedureData("Colour", 2), "");
     EXPECT_TRUE(m_log.Contains("#C_ResultsDB::GetProcedureData"));
 }
 
 TEST_F(ResultsDBQueries, ProjectAndFilesCanBeRenamed) {
-    m_results.UpdateProjectName("O'Brien & Co");
-    m_results.UpdateFileName("modRenamed", 2);
-    m_results.UpdateFileName("modNowhere", 99);
+    m_results.Editor().UpdateProjectName("O'Brien & Co");
+    m_results.Editor().UpdateFileName("modRenamed", 2);
+    m_results.Editor().UpdateFileName("modNowhere", 99);
     EXPECT_THAT(Rows("SELECT Name FROM Projects"), ElementsAre("O'Brien & Co"));
     EXPECT_THAT(Rows("SELECT Name FROM SourceFiles"), ElementsAre("Billing", "modRenamed", "frmB"));
     EXPECT_THAT(m_log.Entries(), IsEmpty());
@@ -312,7 +315,7 @@ BasicObject Item(std::int32_t id, std::string_view name, std::int32_t count = 0)
 
 std::vector<std::int32_t>
 Sorted(std::vector<BasicObject> list, std::int32_t key, bool ascending, bool byFilename = false) {
-    ResultsDB::SortBasicObjectList(list, key, ascending, byFilename);
+    ListOrder::SortBasicObjectList(list, key, ascending, byFilename);
     std::vector<std::int32_t> ids;
     for (const BasicObject& object : list) {
         ids.push_back(object.ObjectID);
@@ -334,9 +337,9 @@ TEST(SortBasicObjectList, TextsSortWithoutRegardToCase) {
 
 TEST(SortBasicObjectList, NumbersSortByTheirKey) {
     const std::vector<BasicObject> list = {Item(1, "a", 10), Item(2, "a", 9), Item(3, "a", 100)};
-    EXPECT_THAT(Sorted(list, ResultsDB::kSortByCount, true), ElementsAre(2, 1, 3));
-    EXPECT_THAT(Sorted(list, ResultsDB::kSortByCount, false), ElementsAre(3, 1, 2));
-    EXPECT_THAT(Sorted(list, ResultsDB::kSortByComplexity, true), ElementsAre(3, 1, 2));
+    EXPECT_THAT(Sorted(list, ListOrder::kSortByCount, true), ElementsAre(2, 1, 3));
+    EXPECT_THAT(Sorted(list, ListOrder::kSortByCount, false), ElementsAre(3, 1, 2));
+    EXPECT_THAT(Sorted(list, ListOrder::kSortByComplexity, true), ElementsAre(3, 1, 2));
 }
 
 TEST(SortBasicObjectList, OfTwoFilesWithTheSameNameTheEarlierStaysBest) {
@@ -355,7 +358,7 @@ TEST(SortBasicObjectList, ASwapCanMoveAnItemBehindAnotherOfItsKey) {
 // ---- violations ----
 
 TEST_F(ResultsDBQueries, ViolationListsAreKeyedAndInOrderOfSeverityAndImpact) {
-    const auto list = m_results.GetProcedureViolationList(2);
+    const auto list = m_results.Violations().GetProcedureViolationList(2);
     ASSERT_EQ(list.Count(), 2);
     EXPECT_EQ(list.Key(1), "5KEY");
     EXPECT_EQ(list.Key(2), "4KEY");
@@ -375,26 +378,26 @@ TEST_F(ResultsDBQueries, ViolationListsAreKeyedAndInOrderOfSeverityAndImpact) {
 }
 
 TEST_F(ResultsDBQueries, AFileListsTheViolationsOfItsProceduresOnly) {
-    const auto list = m_results.GetSourceFileViolationsList(2);
+    const auto list = m_results.Violations().GetSourceFileViolationsList(2);
     ASSERT_EQ(list.Count(), 3);
     EXPECT_EQ(list.Key(1), "3KEY");  // procedure by procedure
     EXPECT_EQ(list.Key(2), "5KEY");
     EXPECT_EQ(list.Key(3), "4KEY");
-    const auto projectFile = m_results.GetVBPFileViolationsList(1);
+    const auto projectFile = m_results.Violations().GetVBPFileViolationsList(1);
     ASSERT_EQ(projectFile.Count(), 1);
     EXPECT_EQ(projectFile.Key(1), "2KEY");
 }
 
 TEST_F(ResultsDBQueries, AFilterLeavesNoViolationOutOfAList) {
     FilterOfAll().AddExcludedCategoryID(7);
-    EXPECT_EQ(m_results.GetProcedureViolationList(2).Count(), 2);
+    EXPECT_EQ(m_results.Violations().GetProcedureViolationList(2).Count(), 2);
     m_results.Filter().SetUnauthorisedKeywords(false);
-    EXPECT_EQ(m_results.GetSourceFileViolationsList(2).Count(), 3);
+    EXPECT_EQ(m_results.Violations().GetSourceFileViolationsList(2).Count(), 3);
     EXPECT_THAT(m_log.Entries(), IsEmpty());
 }
 
 TEST_F(ResultsDBQueries, TheDetailOfAViolationHasEveryField) {
-    const Violation violation = m_results.GetViolationDetail(4);
+    const Violation violation = m_results.Violations().GetViolationDetail(4);
     EXPECT_EQ(violation.RuleID, 5000);
     EXPECT_EQ(violation.Severity, 2);
     EXPECT_EQ(violation.Impact, 750);
@@ -402,32 +405,38 @@ TEST_F(ResultsDBQueries, TheDetailOfAViolationHasEveryField) {
     EXPECT_EQ(violation.LocationMember, "Member");
     EXPECT_EQ(violation.SourceLineNumber, 12);
     EXPECT_EQ(violation.LineBottomOffset, 0);
-    EXPECT_EQ(m_results.GetViolationDetail(99).RuleID, 0);
+    EXPECT_EQ(m_results.Violations().GetViolationDetail(99).RuleID, 0);
 }
 
 TEST_F(ResultsDBQueries, TheSourceOfAViolationFollowsItsItem) {
     using Location = ViolationSourceLocation;
-    EXPECT_EQ(m_results.GetViolationSourceLocation(1, false), (Location{"Billing", ""}));
-    EXPECT_EQ(m_results.GetViolationSourceLocation(2, false), (Location{"Billing", "Billing"}));
-    EXPECT_EQ(m_results.GetViolationSourceLocation(4, false), (Location{"Billing", "modA"}));
-    EXPECT_EQ(m_results.GetViolationSourceLocation(4, true), (Location{"Billing.vbp", "modA.bas"}));
-    EXPECT_EQ(m_results.GetViolationSourceLocation(99, true), Location());
-    m_results.LogViolation(0, ItemType::Procedure, Breach(1, 100));
-    EXPECT_EQ(m_results.GetViolationSourceLocation(7, true), Location());
+    EXPECT_EQ(
+        m_results.Violations().GetViolationSourceLocation(1, false), (Location{"Billing", ""}));
+    EXPECT_EQ(
+        m_results.Violations().GetViolationSourceLocation(2, false),
+        (Location{"Billing", "Billing"}));
+    EXPECT_EQ(
+        m_results.Violations().GetViolationSourceLocation(4, false), (Location{"Billing", "modA"}));
+    EXPECT_EQ(
+        m_results.Violations().GetViolationSourceLocation(4, true),
+        (Location{"Billing.vbp", "modA.bas"}));
+    EXPECT_EQ(m_results.Violations().GetViolationSourceLocation(99, true), Location());
+    m_results.Writer().LogViolation(0, ItemType::Procedure, Breach(1, 100));
+    EXPECT_EQ(m_results.Violations().GetViolationSourceLocation(7, true), Location());
 }
 
 TEST_F(ResultsDBQueries, AViolationCanBeMarkedAsCompletedAndReopened) {
-    EXPECT_TRUE(m_results.SetViolationCompleted(4, true));
+    EXPECT_TRUE(m_results.Editor().SetViolationCompleted(4, true));
     EXPECT_THAT(Rows("SELECT ViolationID FROM Violations WHERE Completed"), ElementsAre("4"));
-    EXPECT_TRUE(m_results.GetProcedureViolationList(2).Item("4KEY")->Completed);
-    EXPECT_TRUE(m_results.SetViolationCompleted(4, false));
+    EXPECT_TRUE(m_results.Violations().GetProcedureViolationList(2).Item("4KEY")->Completed);
+    EXPECT_TRUE(m_results.Editor().SetViolationCompleted(4, false));
     EXPECT_THAT(Rows("SELECT ViolationID FROM Violations WHERE Completed"), IsEmpty());
-    EXPECT_FALSE(m_results.SetViolationCompleted(99, true));
+    EXPECT_FALSE(m_results.Editor().SetViolationCompleted(99, true));
     EXPECT_THAT(m_log.Entries(), IsEmpty());
 }
 
 TEST_F(ResultsDBQueries, TheValueListTranslatesItemKeysToFileNames) {
-    auto rows = m_results.GetSourceFileValueList();
+    auto rows = m_results.Violations().GetSourceFileValueList();
     ASSERT_TRUE(rows);
     std::vector<std::string> found;
     for (; !rows->EOF_(); rows->MoveNext()) {
@@ -438,7 +447,7 @@ TEST_F(ResultsDBQueries, TheValueListTranslatesItemKeysToFileNames) {
 }
 
 TEST_F(ResultsDBQueries, TheWorstFindingsComeFirstWithTheirFile) {
-    const auto findings = m_results.GetWorstFindings(4);
+    const auto findings = m_results.Violations().GetWorstFindings(4);
     ASSERT_EQ(findings.size(), 4U);
     EXPECT_EQ(findings[0].Filename, "Billing.vbp");
     EXPECT_EQ(findings[1].Filename, "modA.bas");
@@ -451,7 +460,7 @@ TEST_F(ResultsDBQueries, TheWorstFindingsComeFirstWithTheirFile) {
 // ---- by category ----
 
 TEST_F(ResultsDBQueries, ViolationsAreCountedByCategoryAndTheRestIsUnallocated) {
-    const auto rows = m_results.GetViolationStatsByCategory(-1, false);
+    const auto rows = m_results.Figures().GetViolationStatsByCategory(-1, false);
     ASSERT_EQ(rows.size(), 3U);
     EXPECT_EQ(rows[0].Category, "Clarity");
     EXPECT_EQ(rows[0].Statistics.Count(Severity::Medium), 1);
@@ -467,16 +476,18 @@ TEST_F(ResultsDBQueries, ViolationsAreCountedByCategoryAndTheRestIsUnallocated) 
 
 TEST_F(ResultsDBQueries, ByCategoryAFileCountsItsProceduresOrItself) {
     FilterOfAll().AddExcludedCategoryID(7);  // takes no part
-    const auto procedures = m_results.GetViolationStatsByCategory(2, false);
+    const auto procedures = m_results.Figures().GetViolationStatsByCategory(2, false);
     EXPECT_EQ(procedures[0].Statistics.Count(Severity::Medium), 1);
     EXPECT_EQ(procedures[0].Statistics.Count(Severity::Information), 0);
     EXPECT_EQ(procedures[1].Statistics.Count(Severity::High), 2);
-    const auto file = m_results.GetViolationStatsByCategory(2, true);
+    const auto file = m_results.Figures().GetViolationStatsByCategory(2, true);
     EXPECT_EQ(file[0].Statistics.Count(Severity::Medium), 0);
     EXPECT_EQ(file[0].Statistics.Count(Severity::Information), 1);
     EXPECT_EQ(file[1].Statistics.Count(Severity::High), 0);
     EXPECT_EQ(
-        m_results.GetViolationStatsByCategory(1, true)[2].Statistics.Count(Severity::Critical), 1);
+        m_results.Figures().GetViolationStatsByCategory(1, true)[2].Statistics.Count(
+            Severity::Critical),
+        1);
 }
 
 }  // namespace

@@ -83,7 +83,7 @@ TEST_F(ResultsDBTest, AnExcludedCategoryHasNoRowWhileAnExcludedSeverityKeepsItsR
 TEST_F(ResultsDBTest, EndReviewStampsTheEndAndLeavesTheDatabaseOpen) {
     Start();
     m_clock.Time.Hour = 15;
-    m_results.EndReview(4711);
+    m_results.Writer().EndReview(4711);
     EXPECT_THAT(
         Rows("SELECT Start, [End], RuleExecutions FROM Review", 3),
         ElementsAre("20261121 140509|20261121 150509|4711"));
@@ -94,14 +94,14 @@ TEST_F(ResultsDBTest, EndReviewStampsTheEndAndLeavesTheDatabaseOpen) {
 TEST_F(ResultsDBTest, AnAbortedReviewRemovesTheFile) {
     Start();
     SetUpProject();
-    m_results.AbortReview();
+    m_results.Writer().AbortReview();
     EXPECT_TRUE(std::filesystem::is_empty(m_folder.HostPath()));
     EXPECT_FALSE(m_results.OpenReview(m_path));
 }
 
 TEST_F(ResultsDBTest, AbortingBeforeAnyStartDoesNothing) {
     ResultsDB results;
-    results.AbortReview();
+    results.Writer().AbortReview();
     EXPECT_THAT(m_log.Entries(), IsEmpty());
 }
 
@@ -109,7 +109,7 @@ TEST_F(ResultsDBTest, ASecondReviewHasNothingOfTheFirst) {
     Start();
     SetUpProject("Old");
     SetUpFile("modOld");
-    m_results.EndReview(1);
+    m_results.Writer().EndReview(1);
     m_results.CloseReview();
     Database::DeleteFile(m_path);
     modFiles::CopyFile(test::ProgramPath(DORVIK_RESULTS_TEMPLATE), m_path);
@@ -126,16 +126,16 @@ TEST_F(ResultsDBTest, AnotherVersionIsNotStartedAndNothingIsWritten) {
         database.Open(m_path);
         database.Execute("UPDATE SystemInfo SET Version = '" + std::string(version) + "'");
         database.Close();
-        EXPECT_FALSE(m_results.StartReview(m_path, m_rulebase, m_criteria)) << version;
+        EXPECT_FALSE(m_results.Writer().StartReview(m_path, m_rulebase, m_criteria)) << version;
         EXPECT_THAT(Rows("SELECT ReviewID FROM Review"), IsEmpty());
     }
 }
 
 TEST_F(ResultsDBTest, AFileThatIsNoDatabaseIsLoggedAndNotStarted) {
     const std::string path = m_folder.Write("Other.mdb", std::string(3000, 'x'));
-    EXPECT_FALSE(m_results.StartReview(path, m_rulebase, m_criteria));
+    EXPECT_FALSE(m_results.Writer().StartReview(path, m_rulebase, m_criteria));
     EXPECT_TRUE(m_log.Contains("#C_ResultsDB::OpenDatabase"));
-    EXPECT_FALSE(m_results.StartReview(m_folder.Path("None.mdb"), m_rulebase, m_criteria));
+    EXPECT_FALSE(m_results.Writer().StartReview(m_folder.Path("None.mdb"), m_rulebase, m_criteria));
 }
 
 // ---- set-up ----
@@ -177,7 +177,7 @@ TEST_F(ResultsDBTest, AFileAlreadyThereOnlyChangesItsNameAndType) {
     again->Properties().Add("Path", "c:\\SRC\\");
     again->Properties().Add("Filename", "MODA.bas");
     again->Properties().Add("Type", "Class");
-    m_results.SetupVObjectResults("File", *again);
+    m_results.Writer().SetupVObjectResults("File", *again);
     EXPECT_EQ(again->ObjectID(), 1);
     EXPECT_THAT(
         Rows("SELECT SourceID, Name, Path, Filename, Type FROM SourceFiles", 5),
@@ -233,9 +233,9 @@ TEST_F(ResultsDBTest, SectionsAreRowsOfTheProceduresWithEmptyValues) {
     VirtualObject layout;
     VirtualObject declarations;
     VirtualObject again;
-    m_results.SetupVObjectResults("Layout", layout);
-    m_results.SetupVObjectResults("Declarations", declarations);
-    m_results.SetupVObjectResults("Layout", again);
+    m_results.Writer().SetupVObjectResults("Layout", layout);
+    m_results.Writer().SetupVObjectResults("Declarations", declarations);
+    m_results.Writer().SetupVObjectResults("Layout", again);
     EXPECT_EQ(layout.ObjectID(), 1);
     EXPECT_EQ(layout.ObjectType(), ItemType::Procedure);
     EXPECT_EQ(declarations.ObjectID(), 2);
@@ -249,7 +249,7 @@ TEST_F(ResultsDBTest, AnyOtherKindDoesNothing) {
     Start();
     VirtualObject object;
     object.SetObjectID(5);
-    m_results.SetupVObjectResults("Control", object);
+    m_results.Writer().SetupVObjectResults("Control", object);
     EXPECT_EQ(object.ObjectID(), 5);
     EXPECT_EQ(object.ObjectType(), ItemType::None);
     EXPECT_THAT(m_log.Entries(), IsEmpty());
@@ -258,14 +258,14 @@ TEST_F(ResultsDBTest, AnyOtherKindDoesNothing) {
 TEST_F(ResultsDBTest, AnObjectWithoutAPropertyThatItsRowNeedsIsLoggedAndHasNoRow) {
     Start();
     VirtualObject object;
-    m_results.SetupVObjectResults("Procedure", object);
+    m_results.Writer().SetupVObjectResults("Procedure", object);
     EXPECT_EQ(object.ObjectID(), 0);
     EXPECT_TRUE(m_log.Contains("#C_ResultsDB::SetupProcedure"));
     EXPECT_THAT(Rows("SELECT Name FROM Procedures"), IsEmpty());
 }
 
 TEST_F(ResultsDBTest, WritingWithoutAnOpenDatabaseIsLogged) {
-    m_results.LogViolation(1, ItemType::Procedure, Breach(1, 900));
+    m_results.Writer().LogViolation(1, ItemType::Procedure, Breach(1, 900));
     EXPECT_TRUE(m_log.Contains("#C_ResultsDB::LogViolation"));
 }
 
@@ -277,7 +277,7 @@ TEST_F(ResultsDBTest, LogViolationWritesEveryField) {
     violation.Title = "It's [End] & True";
     violation.SourceLine = std::string(15000, 'x');
     violation.LineBottomOffset = 3;
-    m_results.LogViolation(4, ItemType::Procedure, violation);
+    m_results.Writer().LogViolation(4, ItemType::Procedure, violation);
     EXPECT_THAT(
         Rows(
             "SELECT ViolationID, ItemID, ItemType, RuleID, RuleType, Title, Description, Advice, "
@@ -292,7 +292,7 @@ TEST_F(ResultsDBTest, LogViolationWritesEveryField) {
 
 TEST_F(ResultsDBTest, AViolationIsOnDiskAtOnce) {
     Start();
-    m_results.LogViolation(1, ItemType::Project, Breach(1, 900));
+    m_results.Writer().LogViolation(1, ItemType::Project, Breach(1, 900));
     EXPECT_THAT(
         Rows("SELECT Count(ViolationID) FROM Violations"),
         ElementsAre("1"));  // a second connection
@@ -301,8 +301,8 @@ TEST_F(ResultsDBTest, AViolationIsOnDiskAtOnce) {
 TEST_F(ResultsDBTest, AViolationWithoutACategoryHasNoCategoryRow) {
     AddCategory(7, "Jumps");
     Start();
-    m_results.LogViolation(1, ItemType::Procedure, Breach(1, 900, -1));
-    m_results.LogViolation(1, ItemType::Procedure, Breach(1, 900, 7));
+    m_results.Writer().LogViolation(1, ItemType::Procedure, Breach(1, 900, -1));
+    m_results.Writer().LogViolation(1, ItemType::Procedure, Breach(1, 900, 7));
     EXPECT_THAT(Rows("SELECT CategoryID FROM CategoryList"), ElementsAre("7"));
     EXPECT_THAT(
         Rows("SELECT Count(Violations.ViolationID) AS ViolCount FROM Violations WHERE CategoryID = "
@@ -314,10 +314,10 @@ TEST_F(ResultsDBTest, AViolationWithoutACategoryHasNoCategoryRow) {
 TEST_F(ResultsDBTest, PropertiesOfTheProjectGoToItsRow) {
     Start();
     const auto project = SetUpProject();
-    m_results.LogVirtualObjectProperties(*project);
+    m_results.Writer().LogVirtualObjectProperties(*project);
     EXPECT_THAT(Rows("SELECT ExeName32 FROM Projects"), ElementsAre(""));
     project->Properties().Add("ExeName32", "Billing.exe");
-    m_results.LogVirtualObjectProperties(*project);
+    m_results.Writer().LogVirtualObjectProperties(*project);
     EXPECT_THAT(Rows("SELECT ExeName32 FROM Projects"), ElementsAre("Billing.exe"));
 }
 
@@ -325,14 +325,14 @@ TEST_F(ResultsDBTest, ComplexitiesGoToFileAndProcedure) {
     Start();
     SetUpProject();
     const auto without = SetUpFile("modA");
-    m_results.LogVirtualObjectProperties(*without);
+    m_results.Writer().LogVirtualObjectProperties(*without);
     const auto file = SetUpFile("modB");
     file->Properties().Add("AverageCyclomatic", 4);
     file->Properties().Add("MaximumCyclomatic", 9);
-    m_results.LogVirtualObjectProperties(*file);
+    m_results.Writer().LogVirtualObjectProperties(*file);
     const auto procedure = SetUpProcedure("Total", "Sub");
     procedure->Properties().Add("CyclomaticComplexity", 9);
-    m_results.LogVirtualObjectProperties(*procedure);
+    m_results.Writer().LogVirtualObjectProperties(*procedure);
     EXPECT_THAT(Rows("SELECT CyclomaticComplexity FROM Procedures"), ElementsAre("9"));
     EXPECT_THAT(Rows("SELECT CyclomaticComplexity FROM SourceFiles"), ElementsAre("", "4"));
 }
@@ -340,7 +340,7 @@ TEST_F(ResultsDBTest, ComplexitiesGoToFileAndProcedure) {
 TEST_F(ResultsDBTest, AFileWithoutAnAverageKeepsANullComplexity) {
     Start();
     SetUpProject();
-    m_results.LogVirtualObjectProperties(*SetUpFile("modA"));
+    m_results.Writer().LogVirtualObjectProperties(*SetUpFile("modA"));
     EXPECT_THAT(
         Rows("SELECT SourceID FROM SourceFiles WHERE CyclomaticComplexity IS NULL"),
         ElementsAre("1"));
@@ -351,7 +351,7 @@ TEST_F(ResultsDBTest, AFileWithoutTolerancesKeepsAllMeasureColumnsNull) {
     SetUpProject();
     const auto file = SetUpFile("modA");
     modTolerances::SetTolerancePassValue(*file, m_criteria, false);
-    m_results.LogVirtualObjectProperties(*file);
+    m_results.Writer().LogVirtualObjectProperties(*file);
     for (const auto& measure : modTolerances::kMeasures) {
         const std::string name(measure.Name);
         EXPECT_THAT(
@@ -375,11 +375,11 @@ TEST_F(ResultsDBTest, AFileWithoutTolerancesIsNotWrittenAgain) {
     const std::size_t before = written();
     ASSERT_GT(before, 0U);
     modTolerances::SetTolerancePassValue(*file, m_criteria, false);
-    m_results.LogVirtualObjectProperties(*file);
+    m_results.Writer().LogVirtualObjectProperties(*file);
     EXPECT_EQ(written(), before);
     m_criteria.SetToleranceCount(1, 0);
     modTolerances::SetTolerancePassValue(*file, m_criteria, false);
-    m_results.LogVirtualObjectProperties(*file);
+    m_results.Writer().LogVirtualObjectProperties(*file);
     EXPECT_GT(written(), before);
 }
 
@@ -398,7 +398,7 @@ TEST_F(ResultsDBTest, AllMeasuresOfAFileAreStored) {
     file->LineStats().SetCommentOnlyLines(2);
     file->Properties().Add("MaximumCyclomatic", 9);
     modTolerances::SetTolerancePassValue(*file, m_criteria, false);
-    m_results.LogVirtualObjectProperties(*file);
+    m_results.Writer().LogVirtualObjectProperties(*file);
     EXPECT_THAT(
         Rows(
             "SELECT CVC, CVCLimit, CVCPass, HVC, HVCLimit, HVCPass, TVCPass, HVI, HVILimit, "
@@ -420,8 +420,8 @@ TEST_F(ResultsDBTest, LineAndViolationCountsAreStoredAndReadBack) {
         project->ViolationStats().IncrementCount(severity, severity * 10);
     }
     project->ViolationStats().IncrementCount(5, 1);
-    m_results.LogVirtualObjectLineStats(*project);
-    m_results.LogVirtualObjectViolationStats(*project);
+    m_results.Writer().LogVirtualObjectLineStats(*project);
+    m_results.Writer().LogVirtualObjectViolationStats(*project);
     EXPECT_THAT(
         Rows(
             "SELECT ItemID, ItemType, TotalCount, CodeCount, InlineCommentCount, CommentCount, "
@@ -436,7 +436,7 @@ TEST_F(ResultsDBTest, LineAndViolationCountsAreStoredAndReadBack) {
             "InformationImpact FROM ViolationStats",
             14),
         ElementsAre("1|1|6|1|1|1|1|2|151|10|20|30|40|51"));
-    const ViolationStatistics stats = m_results.GetViolationStats(ItemType::Project, 1);
+    const ViolationStatistics stats = m_results.Figures().GetViolationStats(ItemType::Project, 1);
     EXPECT_EQ(stats.TotalViolations(), 6);
     EXPECT_EQ(stats.Count(Severity::Information), 2);
     EXPECT_EQ(stats.Impact(Severity::Critical), 10);
@@ -445,17 +445,17 @@ TEST_F(ResultsDBTest, LineAndViolationCountsAreStoredAndReadBack) {
     EXPECT_EQ(stats.Impact(Severity::Low), 40);
     EXPECT_EQ(stats.Impact(Severity::Information), 51);
     EXPECT_EQ(stats.TotalImpact(), 151);
-    EXPECT_EQ(m_results.GetLineStats(ItemType::Project, 1).CommentOnlyLines(), 5);
-    EXPECT_EQ(m_results.GetLineStats(ItemType::Project, 1).InLineCommentLines(), 3);
-    EXPECT_EQ(m_results.GetLineStats(ItemType::Project, 1).BlankLines(), 2);
-    EXPECT_EQ(m_results.GetLineStats(ItemType::Project, 1).TotalLines(), 20);
-    EXPECT_EQ(m_results.GetLineStats(ItemType::Project, 1).CodeLines(), 12);
+    EXPECT_EQ(m_results.Figures().GetLineStats(ItemType::Project, 1).CommentOnlyLines(), 5);
+    EXPECT_EQ(m_results.Figures().GetLineStats(ItemType::Project, 1).InLineCommentLines(), 3);
+    EXPECT_EQ(m_results.Figures().GetLineStats(ItemType::Project, 1).BlankLines(), 2);
+    EXPECT_EQ(m_results.Figures().GetLineStats(ItemType::Project, 1).TotalLines(), 20);
+    EXPECT_EQ(m_results.Figures().GetLineStats(ItemType::Project, 1).CodeLines(), 12);
 }
 
 TEST_F(ResultsDBTest, AnItemWithoutARowHasZeros) {
     Start();
-    EXPECT_EQ(m_results.GetViolationStats(ItemType::Procedure, 99).TotalViolations(), 0);
-    EXPECT_EQ(m_results.GetLineStats(ItemType::Procedure, 99).TotalLines(), 0);
+    EXPECT_EQ(m_results.Figures().GetViolationStats(ItemType::Procedure, 99).TotalViolations(), 0);
+    EXPECT_EQ(m_results.Figures().GetLineStats(ItemType::Procedure, 99).TotalLines(), 0);
     EXPECT_THAT(m_log.Entries(), IsEmpty());
 }
 

@@ -291,7 +291,7 @@ class ResultsSqlOrder : public ResultsSqlFixture {
 protected:
     void SetUp() override {
         ResultsSqlFixture::SetUp();
-        m_results.LogViolation(2, ItemType::Procedure, Breach(2, 40, 8));  // violation 7
+        m_results.Writer().LogViolation(2, ItemType::Procedure, Breach(2, 40, 8));  // violation 7
     }
 
     std::string Order(const std::string& clause) const {

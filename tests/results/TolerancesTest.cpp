@@ -13,7 +13,7 @@ protected:
     std::unique_ptr<VirtualObject>
     Finish(std::unique_ptr<VirtualObject> file, bool isProjectFile = false) {
         modTolerances::SetTolerancePassValue(*file, m_criteria, isProjectFile);
-        m_results.LogVirtualObjectProperties(*file);
+        m_results.Writer().LogVirtualObjectProperties(*file);
         return file;
     }
 
@@ -181,7 +181,8 @@ TEST_F(TolerancesTest, TheTwelveMeasuresOfAProjectFileAreJudgedLikeThoseOfAFile)
                     "|" + passes + "|-1|-1"))
                 << name;
         }
-        EXPECT_EQ(m_results.TolerancePass(ItemType::File, projectFile->ObjectID()), below == 0);
+        EXPECT_EQ(
+            m_results.Verdict().TolerancePass(ItemType::File, projectFile->ObjectID()), below == 0);
     }
 }
 
@@ -211,11 +212,11 @@ TEST_F(TolerancesTest, OneFailingFileFailsTheProject) {
     const auto good = Finish(FileWithViolations("modA", 1, 0));
     const auto bad = Finish(FileWithViolations("modB", 1, 3));
     std::vector<ToleranceFailure> failures;
-    EXPECT_FALSE(m_results.TolerancePass(ItemType::Project, 0, failures));
+    EXPECT_FALSE(m_results.Verdict().TolerancePass(ItemType::Project, 0, failures));
     EXPECT_THAT(failures, ElementsAre(ToleranceFailure{"Critical Violation Count", 0, 0}));
-    EXPECT_TRUE(m_results.TolerancePass(ItemType::File, good->ObjectID()));
+    EXPECT_TRUE(m_results.Verdict().TolerancePass(ItemType::File, good->ObjectID()));
     failures.clear();
-    EXPECT_FALSE(m_results.TolerancePass(ItemType::File, bad->ObjectID(), failures));
+    EXPECT_FALSE(m_results.Verdict().TolerancePass(ItemType::File, bad->ObjectID(), failures));
     EXPECT_THAT(failures, ElementsAre(ToleranceFailure{"Critical Violation Count", 3, 0}));
 }
 
@@ -225,7 +226,7 @@ TEST_F(TolerancesTest, AProjectWhoseFilesAllPassPasses) {
     SetUpProject();
     Finish(FileWithViolations("modA", 1, 1));
     Finish(FileWithViolations("modB", 1, 0));
-    EXPECT_TRUE(m_results.TolerancePass(ItemType::Project, 0));
+    EXPECT_TRUE(m_results.Verdict().TolerancePass(ItemType::Project, 0));
     EXPECT_THAT(Rows("SELECT MAX(CVCPass) As CVCResult FROM SourceFiles"), ElementsAre("-1"));
 }
 
@@ -234,10 +235,10 @@ TEST_F(TolerancesTest, AMeasureThatNoFileHasIsNoFailure) {
     SetUpProject();
     Finish(FileWithViolations("modA", 1, 5));
     std::vector<ToleranceFailure> failures;
-    EXPECT_TRUE(m_results.TolerancePass(ItemType::Project, 0, failures));
+    EXPECT_TRUE(m_results.Verdict().TolerancePass(ItemType::Project, 0, failures));
     EXPECT_THAT(failures, IsEmpty());
-    EXPECT_TRUE(m_results.TolerancePass(ItemType::File, 1, failures));
-    EXPECT_TRUE(m_results.TolerancePass(ItemType::File, 99, failures));  // no such file
+    EXPECT_TRUE(m_results.Verdict().TolerancePass(ItemType::File, 1, failures));
+    EXPECT_TRUE(m_results.Verdict().TolerancePass(ItemType::File, 99, failures));  // no such file
     EXPECT_THAT(failures, IsEmpty());
     EXPECT_THAT(m_log.Entries(), IsEmpty());
 }
@@ -252,7 +253,7 @@ TEST_F(TolerancesTest, FailuresComeInTheOrderOfTheMeasures) {
     file->Properties().Add("MaximumCyclomatic", 6);
     file = Finish(std::move(file));
     std::vector<ToleranceFailure> failures;
-    EXPECT_FALSE(m_results.TolerancePass(ItemType::File, file->ObjectID(), failures));
+    EXPECT_FALSE(m_results.Verdict().TolerancePass(ItemType::File, file->ObjectID(), failures));
     EXPECT_THAT(
         failures,
         ElementsAre(
@@ -262,7 +263,7 @@ TEST_F(TolerancesTest, FailuresComeInTheOrderOfTheMeasures) {
 }
 
 TEST_F(TolerancesTest, AnErrorIsLoggedAndPasses) {
-    EXPECT_TRUE(m_results.TolerancePass(ItemType::Project, 0));
+    EXPECT_TRUE(m_results.Verdict().TolerancePass(ItemType::Project, 0));
     EXPECT_TRUE(m_log.Contains("#C_ResultsDB::TolerancePass"));
 }
 
@@ -272,14 +273,14 @@ TEST_F(TolerancesTest, OnlyTheTotalSetCountsAsNoTolerance) {
     Start();
     SetUpProject();
     const auto file = Finish(FileWithViolations("modA", 3, 1));
-    EXPECT_FALSE(m_results.TolerancesSet());
-    EXPECT_FALSE(m_results.TolerancePass(ItemType::File, file->ObjectID()));
+    EXPECT_FALSE(m_results.Verdict().TolerancesSet());
+    EXPECT_FALSE(m_results.Verdict().TolerancePass(ItemType::File, file->ObjectID()));
 }
 
 TEST_F(TolerancesTest, AnyOtherToleranceCounts) {
-    EXPECT_FALSE(m_results.TolerancesSet());  // nothing is open
+    EXPECT_FALSE(m_results.Verdict().TolerancesSet());  // nothing is open
     Start();
-    EXPECT_FALSE(m_results.TolerancesSet());
+    EXPECT_FALSE(m_results.Verdict().TolerancesSet());
     for (const std::string_view column :
          {"ToleranceCount1",
           "ToleranceCount5",
@@ -290,9 +291,9 @@ TEST_F(TolerancesTest, AnyOtherToleranceCounts) {
         Database database;
         database.Open(m_path);
         database.Execute("UPDATE Review SET " + std::string(column) + " = 0");
-        EXPECT_TRUE(m_results.TolerancesSet()) << column;
+        EXPECT_TRUE(m_results.Verdict().TolerancesSet()) << column;
         database.Execute("UPDATE Review SET " + std::string(column) + " = -1");
-        EXPECT_FALSE(m_results.TolerancesSet()) << column;
+        EXPECT_FALSE(m_results.Verdict().TolerancesSet()) << column;
     }
 }
 

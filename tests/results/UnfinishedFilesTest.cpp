@@ -17,25 +17,25 @@ protected:
         projectFile->Properties().Add("Path", "C:\\Src\\");
         projectFile->Properties().Add("Filename", "Billing.vbp");
         projectFile->Properties().Add("Type", "Project");
-        m_results.SetupVObjectResults("VBP", *projectFile);
+        m_results.Writer().SetupVObjectResults("VBP", *projectFile);
         const auto whole = SetUpFile("modWhole");
         SetUpSection();
         whole->Properties().Add("AverageCyclomatic", 1);
-        m_results.LogVirtualObjectProperties(*whole);
+        m_results.Writer().LogVirtualObjectProperties(*whole);
         const auto unread = SetUpFile("modUnread");
-        m_results.LogVirtualObjectProperties(*unread);
+        m_results.Writer().LogVirtualObjectProperties(*unread);
         const auto part = SetUpFile("modPart");
         SetUpSection();
-        m_results.LogVirtualObjectProperties(*part);
+        m_results.Writer().LogVirtualObjectProperties(*part);
         m_whole = whole->ObjectID();
         m_unread = unread->ObjectID();
         m_part = part->ObjectID();
-        m_results.EndReview(0);
+        m_results.Writer().EndReview(0);
         ASSERT_TRUE(m_results.OpenReview(m_path));
     }
     void SetUpSection() {
         VirtualObject section;
-        m_results.SetupVObjectResults("Declarations", section);
+        m_results.Writer().SetupVObjectResults("Declarations", section);
     }
 
     std::int32_t m_whole = 0;

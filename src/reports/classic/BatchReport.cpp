@@ -85,7 +85,7 @@ void BatchReport::WriteProject(const VirtualProject& project) {
     const std::string name = modUtilFunctions::FilenameFromFullPathName(project.Filename());
     const HtmlTag row(m_html, "tr");
     if (modProjectDatabase::OpenResultsDatabase(project, m_criteria, m_results) &&
-        !m_results->GetReviewData().End.IsZero()) {
+        !m_results->Review().GetReviewData().End.IsZero()) {
         WriteReviewedProject(project, name);
     } else {
         WriteFailedProject(name);
@@ -100,16 +100,17 @@ void BatchReport::WriteFailedProject(const std::string& name) {
 }
 
 void BatchReport::WriteReviewedProject(const VirtualProject& project, const std::string& name) {
-    const BasicObject details = m_results->GetProjectDetails(/*ignoreFilter=*/true);
-    const auto violations = m_results->GetViolationStats(ItemType::Project, details.ObjectID);
-    const auto lines = m_results->GetLineStats(ItemType::Project, details.ObjectID);
+    const BasicObject details = m_results->Items().GetProjectDetails(/*ignoreFilter=*/true);
+    const auto violations =
+        m_results->Figures().GetViolationStats(ItemType::Project, details.ObjectID);
+    const auto lines = m_results->Figures().GetLineStats(ItemType::Project, details.ObjectID);
     if (m_criteria.ReportOption() > 0) {
         m_html.InsertHyperLinkedTableCell(name, HrefOfProject(project.Filename()), "left");
     } else {
         m_html.InsertTableCell(name, "left");
     }
-    // Required: whether any tolerance is set is not asked, so without one every project passes.
-    const bool passes = m_results->TolerancePass(ItemType::Project, 0);
+    // Required: this does not test whether any tolerance is set, so every project passes without one.
+    const bool passes = m_results->Verdict().TolerancePass(ItemType::Project, 0);
     if (passes && !UnfinishedFiles::ReadFrom(*m_results).InPart.empty()) {
         // Incomplete figures cannot prove that a tolerance is kept.
         m_html.InsertTableCell("Incomplete", {}, "error");

@@ -43,7 +43,7 @@ private:
     const ReportContext m_context;
     const ReviewCriteria& m_criteria;
     HTMLHelper2 m_html;
-    std::unique_ptr<ResultsDB> m_results;  // of the project at hand; closes when the next one comes
+    std::unique_ptr<ResultsDB> m_results;  // of the project that is being written
     std::int32_t m_passed = 0;
     std::int32_t m_failed = 0;
     std::int32_t m_errors = 0;

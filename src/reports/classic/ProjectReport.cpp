@@ -39,7 +39,8 @@ std::string PercentageComments(const SourceLineStatistics& lines) {
 }  // namespace
 
 bool ProjectReport::Write() {
-    m_files = m_results.GetProjectSourceFileList(/*includeAll=*/true, /*sortByFilename=*/true);
+    m_files =
+        m_results.Items().GetProjectSourceFileList(/*includeAll=*/true, /*sortByFilename=*/true);
     ProgressInfo& progress = m_context.Progress.Info();
     progress.SetAction(kActionGeneratingReport);
     progress.BeginSourceFiles(static_cast<std::int32_t>(m_files.size()));
@@ -68,17 +69,17 @@ bool ProjectReport::Write() {
 }
 
 void ProjectReport::ReadReview() {
-    m_criteria = m_results.GetReviewCriteria();
-    m_review = m_results.GetReviewData();
-    m_project = m_results.GetProjectDetails(/*ignoreFilter=*/true);
-    m_violations = m_results.GetViolationStats(ItemType::Project, m_project.ObjectID);
-    m_lines = m_results.GetLineStats(ItemType::Project, m_project.ObjectID);
-    // A review without an end is incomplete, and shows no verdict.
+    m_criteria = m_results.Review().GetReviewCriteria();
+    m_review = m_results.Review().GetReviewData();
+    m_project = m_results.Items().GetProjectDetails(/*ignoreFilter=*/true);
+    m_violations = m_results.Figures().GetViolationStats(ItemType::Project, m_project.ObjectID);
+    m_lines = m_results.Figures().GetLineStats(ItemType::Project, m_project.ObjectID);
+    // A review without an end is incomplete and gets no verdict.
     m_tolerancesSet =
         !m_review.End.IsZero() && modReportTables::TolerancesSet(m_criteria.Tolerances);
     m_unfinished = UnfinishedFiles::ReadFrom(m_results);
     if (m_tolerancesSet) {
-        m_passed = m_results.TolerancePass(ItemType::Project, 0, m_failures);
+        m_passed = m_results.Verdict().TolerancePass(ItemType::Project, 0, m_failures);
     }
     RulebaseLoadCriteria& load = m_criteria.LoadCriteria;
     load.SetRulebaseTitle(m_review.RulebaseTitle);
@@ -133,7 +134,8 @@ void ProjectReport::WriteTables() {
     }
     modReportTables::InsertViolStatsTable(
         m_html, m_context.Legend, m_criteria.LoadCriteria, m_violations);
-    auto categories = m_results.GetViolationStatsByCategory(kWholeDatabase, /*fileLevel=*/false);
+    auto categories =
+        m_results.Figures().GetViolationStatsByCategory(kWholeDatabase, /*fileLevel=*/false);
     modReportTables::InsertViolStatsByCatTable(
         m_html, m_context.Legend, categories, m_violations.TotalViolations());
     modReportTables::InsertSourceLineStatsTable(m_html, m_lines);
@@ -174,8 +176,9 @@ bool ProjectReport::WriteFiles() {
 
 bool ProjectReport::WriteFile(const BasicObject& file) {
     const ViolationStatistics violations =
-        m_results.GetViolationStats(ItemType::File, file.ObjectID);
-    const SourceLineStatistics lines = m_results.GetLineStats(ItemType::File, file.ObjectID);
+        m_results.Figures().GetViolationStats(ItemType::File, file.ObjectID);
+    const SourceLineStatistics lines =
+        m_results.Figures().GetLineStats(ItemType::File, file.ObjectID);
     const std::int32_t status = ReviewStatusOf(file);
     const bool hasDetails = status == 0 && !m_unfinished.Unread.contains(file.ObjectID);
     const HtmlTag row(m_html, "tr");
@@ -221,7 +224,7 @@ void ProjectReport::WriteVerdict(const BasicObject& file) {
         ++m_counts.NotReviewed;
     } else if (!m_tolerancesSet) {
         m_html.InsertTableCell(kNotAvailable, "center");
-    } else if (m_results.TolerancePass(ItemType::File, file.ObjectID)) {
+    } else if (m_results.Verdict().TolerancePass(ItemType::File, file.ObjectID)) {
         m_html.InsertTableCell("Pass", {}, "pass");
         ++m_counts.Passed;
     } else {

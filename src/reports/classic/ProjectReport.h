@@ -27,7 +27,7 @@ private:
     struct Counts {
         std::int32_t Passed = 0;
         std::int32_t Failed = 0;
-        std::int32_t NotReviewed = 0;  // beside those that the project counted as errors
+        std::int32_t NotReviewed = 0;  // in addition to those that the project counted as errors
     };
 
     void ReadReview();

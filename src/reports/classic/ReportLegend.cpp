@@ -73,7 +73,7 @@ void AddLines(std::string& text, const Lines& lines) {
 
 }  // namespace
 
-void ReportLegend::Take(const SeverityTable& severities, const CategoryList& categories) {
+void ReportLegend::Load(const SeverityTable& severities, const CategoryList& categories) {
     for (const auto& item : severities) {
         if (const auto severity = SeverityOf(item->SeverityLevel())) {
             m_severities[IndexOf(*severity)] = {

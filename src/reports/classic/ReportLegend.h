@@ -15,8 +15,8 @@ namespace dorvik {
 /// rulebase of the review has them.
 class ReportLegend {
 public:
-    /// Replaces the categories, and the severities that the table has.
-    void Take(const SeverityTable& severities, const CategoryList& categories);
+    /// Replaces the categories, and those severities that are in the table.
+    void Load(const SeverityTable& severities, const CategoryList& categories);
 
     /// The style element, with the colours of the severities.
     std::string GetStyleSheet() const;

@@ -17,13 +17,13 @@ struct ReviewSummaryInfo {
     std::string ReviewStart;
     std::string ReviewEnd;
     std::string ReviewDuration;
-    std::string SourceFilesReviewed;  // empty leaves out this row and the five below
+    std::string SourceFilesReviewed;  // if empty, this row and the five below are omitted
     std::string TotalSourceLines;
     std::string TotalViolations;
     std::string TotalImpact;
     std::string ViolationsRatio;
     std::string PercentageComments;
-    std::string LogFile;  // inside path; empty leaves out the row
+    std::string LogFile;  // internal path; if empty, the row is omitted
 };
 
 /// What the criteria table of a report shows. REQUIRES: what is referred to outlives this.
@@ -32,13 +32,13 @@ struct ReviewCriteriaInfo {
 
     const RulebaseLoadCriteria& LoadCriteria;
     std::string Title;
-    std::int32_t RuleCount = kNoRuleCount;  // `kNoRuleCount` leaves out the rules and the files
+    std::int32_t RuleCount = kNoRuleCount;  // without it no rows of rules and files
     std::int32_t RuleExecutions = kNoRuleCount;
     const CategoryList& Categories;
     const ToleranceSettings& Tolerances;
-    std::int32_t TotalFiles = -1;  // below 0: not known
+    std::int32_t TotalFiles = -1;  // below 0: unknown
     std::int32_t ReviewedFiles = 0;
-    std::string RuleEngine{};  // empty: this program's
+    std::string RuleEngine{};  // if empty, that of this program
 };
 
 }  // namespace dorvik

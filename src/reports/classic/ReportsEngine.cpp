@@ -17,7 +17,7 @@ ReportsEngine::ReportsEngine()
 ReportsEngine::~ReportsEngine() = default;
 
 void ReportsEngine::Initialise(const SeverityTable& severities, const CategoryList& categories) {
-    Trap({kModule, "Initialise"}, [&] { m_legend->Take(severities, categories); });
+    Trap({kModule, "Initialise"}, [&] { m_legend->Load(severities, categories); });
 }
 
 bool ReportsEngine::UpdateProgressDisplay(ProgressInfo& progress, std::int32_t state) {
@@ -52,7 +52,7 @@ bool ReportsEngine::CreateReportsOfDatabase(
     const std::string page = order.PageFilename();
     bool written = false;
     const bool ended = Trap({kModule, "CreateReportsOfDatabase"}, [&] {
-        const CategorySeverityLists lists = results.GetCategorySeverityLists();
+        const CategorySeverityLists lists = results.Review().GetCategorySeverityLists();
         Initialise(lists.Severities, lists.Categories);
         const std::size_t before = WrittenReports().size();
         ReportProgress events(progress, m_events);

@@ -98,15 +98,16 @@ bool SourceFileReport::Build() {
 
 void SourceFileReport::ReadFigures() {
     const std::int32_t id = m_subject.File.ObjectID;
-    m_procedures = m_results.GetSourceFileProcList(id, true, true);
+    m_procedures = m_results.Items().GetSourceFileProcList(id, true, true);
     for (const BasicObject& location : m_procedures) {
         m_locationStatistics.emplace(
-            location.ObjectID, m_results.GetViolationStats(ItemType::Procedure, location.ObjectID));
+            location.ObjectID,
+            m_results.Figures().GetViolationStats(ItemType::Procedure, location.ObjectID));
     }
-    m_statistics = m_results.GetViolationStats(ItemType::File, id);
+    m_statistics = m_results.Figures().GetViolationStats(ItemType::File, id);
     m_isUnfinished = UnfinishedFiles::Include(id, m_results);
     if (m_subject.TolerancesSet) {
-        m_passed = m_results.TolerancePass(ItemType::File, id, m_failures);
+        m_passed = m_results.Verdict().TolerancePass(ItemType::File, id, m_failures);
     }
 }
 
@@ -134,7 +135,8 @@ void SourceFileReport::InsertHead() {
     m_html.InsertQuickTag("h2", kPageTitle);
     m_html.InsertQuickTag(
         "h3",
-        "Review Performed " + modReportFormat::FormatLongDate(m_results.GetReviewData().Start));
+        "Review Performed " +
+            modReportFormat::FormatLongDate(m_results.Review().GetReviewData().Start));
     m_html.InsertBlankLine();
     if (m_subject.TolerancesSet || m_isUnfinished) {
         InsertVerdict();

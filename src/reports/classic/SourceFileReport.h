@@ -4,6 +4,7 @@
 #include "reports/format/HTMLHelper2.h"
 #include "results/ResultsDB.h"
 #include "results/ToleranceFailure.h"
+#include "results/ViolationReader.h"
 #include "source/BasicObject.h"
 #include "source/SourceLineStatistics.h"
 #include "source/ViolationStatistics.h"
@@ -23,7 +24,7 @@ public:
     struct Subject {
         std::string_view ProjectFile;  // full path
         const BasicObject& File;
-        std::string_view Folder;     // of the reports, empty beside the project
+        std::string_view Folder;     // of the reports; empty: beside the project
         bool TolerancesSet = false;  // without, the page has no verdict
     };
 
@@ -69,7 +70,7 @@ private:
     void InsertComplexityRow(const BasicObject& procedure);
     void InsertComplexitySummary(std::string_view label, std::int32_t complexity);
     bool InsertViolations();
-    bool InsertViolationTable(std::string_view heading, const ResultsDB::ViolationList& list);
+    bool InsertViolationTable(std::string_view heading, const ViolationReader::ViolationList& list);
 
     void InsertNumber(std::int32_t number);
 
@@ -84,7 +85,7 @@ private:
     ViolationStatistics m_statistics;                                  // of the file
     std::vector<ToleranceFailure> m_failures;
     bool m_passed = true;
-    bool m_isUnfinished = false;  // the review did not come to the end of the file
+    bool m_isUnfinished = false;  // the review did not reach the end of the file
 };
 
 }  // namespace dorvik

@@ -4,6 +4,7 @@
 #include "base/modTextCase.h"
 #include "modReportTables.h"
 #include "reports/format/HtmlTag.h"
+#include "results/ListOrder.h"
 #include "source/modMemberStats.h"
 
 #include <algorithm>
@@ -104,7 +105,7 @@ void SourceFileReport::InsertFigureCells(
 
 void SourceFileReport::InsertCategoryTable() {
     auto categories =
-        m_results.GetViolationStatsByCategory(m_subject.File.ObjectID, m_isProjectFile);
+        m_results.Figures().GetViolationStatsByCategory(m_subject.File.ObjectID, m_isProjectFile);
     modReportTables::InsertViolStatsByCatTable(
         m_html, m_context.Legend, categories, m_statistics.TotalViolations());
 }
@@ -139,7 +140,7 @@ void SourceFileReport::InsertLineCountRow(
     std::string_view label, ItemType itemType, std::int32_t itemId) {
     const HtmlTag row(m_html, "tr");
     m_html.InsertTableCell(label);
-    InsertLineCountCells(m_results.GetLineStats(itemType, itemId));
+    InsertLineCountCells(m_results.Figures().GetLineStats(itemType, itemId));
 }
 
 void SourceFileReport::InsertLineCountCells(const SourceLineStatistics& statistics) {
@@ -151,7 +152,7 @@ void SourceFileReport::InsertLineCountCells(const SourceLineStatistics& statisti
 }
 
 bool SourceFileReport::InsertComplexity() {
-    ResultsDB::SortBasicObjectList(m_procedures, ResultsDB::kSortByComplexity, false, false);
+    ListOrder::SortBasicObjectList(m_procedures, ListOrder::kSortByComplexity, false, false);
     InsertSectionHeading(m_html, "ComplexityMetrics", "Cyclomatic Complexity");
     {
         const HtmlTag table(m_html, "table");
@@ -207,17 +208,17 @@ void SourceFileReport::InsertComplexitySummary(std::string_view label, std::int3
 // ---- violations in full ----
 
 bool SourceFileReport::InsertViolations() {
-    ResultsDB::SortBasicObjectList(m_procedures, ResultsDB::kSortByName, true, false);
+    ListOrder::SortBasicObjectList(m_procedures, ListOrder::kSortByName, true, false);
     InsertSectionHeading(m_html, "ViolationDetails", "Violation Details");
     m_html.InsertBlankLine();
     if (m_isProjectFile) {
         m_html.StartTag("table", {"cellspacing", "0"});  // ended by `Build`
         return InsertViolationTable(
-            "VBP File", m_results.GetVBPFileViolationsList(m_subject.File.ObjectID));
+            "VBP File", m_results.Violations().GetVBPFileViolationsList(m_subject.File.ObjectID));
     }
     for (const BasicObject& location : m_procedures) {
-        // Not by the figures: a procedure that is written twice has those of one copy only.
-        const auto violations = m_results.GetProcedureViolationList(location.ObjectID);
+        // The stored figures do not decide here: two procedures of one name have those of one of them.
+        const auto violations = m_results.Violations().GetProcedureViolationList(location.ObjectID);
         if (violations.Count() == 0) {
             continue;
         }
@@ -230,7 +231,7 @@ bool SourceFileReport::InsertViolations() {
 }
 
 bool SourceFileReport::InsertViolationTable(
-    std::string_view heading, const ResultsDB::ViolationList& list) {
+    std::string_view heading, const ViolationReader::ViolationList& list) {
     // Required: neither this row nor the table is ended.
     m_html.StartTag("tr");
     m_html.InsertQuickTag("th", heading, {"colspan", "4", "class", kLeftHeading});

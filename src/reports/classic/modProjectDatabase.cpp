@@ -3,6 +3,7 @@
 #include "criteria/ReviewCriteria.h"
 #include "foundation/log/Trap.h"
 #include "platform/host/modFiles.h"
+#include "results/ResultsDB.h"
 #include "results/modResultsFilename.h"
 #include "source/VirtualProject.h"
 

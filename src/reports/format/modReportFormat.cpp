@@ -26,7 +26,7 @@ constexpr char kGroupSeparator = ',';
 constexpr char kDecimalPoint = '.';
 constexpr std::size_t kGroup = 3;
 constexpr std::int32_t kPercentDecimals = 2;
-constexpr int kSignificantDigits = 15;  // all that a double holds of a decimal number
+constexpr int kSignificantDigits = 15;  // as many decimal digits as a double can hold
 
 /// The digits of a value, and how many of them are before the decimal point (below 0: the number of zeros between the
 /// point and the first digit, negated).
@@ -42,7 +42,7 @@ Digits DigitsOf(double value) {
     const std::string_view text = buffer.data();
     const std::size_t exponent = text.find('e');
     Digits digits{std::string(text.substr(0, exponent)), 0};
-    digits.Text.erase(1, 1);  // the point, whatever character the host takes for it
+    digits.Text.erase(1, 1);  // the point, which may be another character in the host's locale
     digits.BeforePoint = std::atoi(text.data() + exponent + 1) + 1;
     return digits;
 }

@@ -8,7 +8,7 @@ namespace dorvik::modModernReportColumns {
 
 struct Column {
     std::string_view Key;
-    std::string_view Title;  // of its heading; empty for a field without a column
+    std::string_view Title;  // of the column; empty for a field without a column
     bool IsNumber;
 };
 

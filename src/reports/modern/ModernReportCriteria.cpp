@@ -54,12 +54,12 @@ std::string ConventionRows(const RulebaseLoadCriteria& criteria) {
 std::string
 LimitRows(const ModernReportData& data, const LongArrayList& limits, const std::string& what) {
     std::string rows;
-    for (std::int32_t place = 1; place <= ToleranceSettings::kPlaces; ++place) {
-        if (limits.Item(place) != ToleranceSettings::kNotSet) {
-            const std::optional<Severity> severity = SeverityOf(place);  // none: the total
+    for (std::int32_t index = 1; index <= ToleranceSettings::kPlaces; ++index) {
+        if (limits.Item(index) != ToleranceSettings::kNotSet) {
+            const std::optional<Severity> severity = SeverityOf(index);  // none: the total
             const std::string title =
                 severity ? Escape(data.Severities.at(IndexOf(*severity)).Title) : "Total";
-            rows += Row(title + " " + what, "at most " + Figure(limits.Item(place)));
+            rows += Row(title + " " + what, "at most " + Figure(limits.Item(index)));
         }
     }
     return rows;

@@ -12,7 +12,7 @@ namespace dorvik {
 
 namespace {
 
-using PlaceById = std::unordered_map<std::int32_t, std::size_t>;
+using IndexById = std::unordered_map<std::int32_t, std::size_t>;
 
 std::string ShownName(const std::string& name, const std::string& type) {
     constexpr std::string_view kPropertyWord = "Property ";
@@ -26,9 +26,9 @@ std::string ShownName(const std::string& name, const std::string& type) {
 
 bool SetsTolerance(const ToleranceSettings& tolerances) {
     // The totals count here too: a file can fail on them.
-    for (std::int32_t place = 1; place <= ToleranceSettings::kPlaces; ++place) {
-        if (tolerances.Count.Item(place) != ToleranceSettings::kNotSet ||
-            tolerances.Impact.Item(place) != ToleranceSettings::kNotSet) {
+    for (std::int32_t index = 1; index <= ToleranceSettings::kPlaces; ++index) {
+        if (tolerances.Count.Item(index) != ToleranceSettings::kNotSet ||
+            tolerances.Impact.Item(index) != ToleranceSettings::kNotSet) {
             return true;
         }
     }
@@ -69,7 +69,7 @@ std::string StoredReasonOf(const UnfinishedFiles& unfinished, std::int32_t sourc
 /// Also adds the files that were not reviewed to `data.Unreviewed`, unless the facts have them already.
 void ReadFiles(ResultsDB& results, const ModernReportFacts& facts, ModernReportData& data) {
     const UnfinishedFiles unfinished = UnfinishedFiles::ReadFrom(results);
-    for (BasicObject& object : results.GetProjectSourceFileList(true, true)) {
+    for (BasicObject& object : results.Items().GetProjectSourceFileList(true, true)) {
         ModernFile file;
         file.ID = object.ObjectID;
         file.UnreviewedReason = ReasonOf(facts, object.Filename);
@@ -80,10 +80,10 @@ void ReadFiles(ResultsDB& results, const ModernReportFacts& facts, ModernReportD
         file.Filename = std::move(object.Filename);
         file.Path = std::move(object.Path);
         file.IsProjectFile = modTextCase::Equal(object.ObjectType, "Project");
-        file.Violations = results.GetViolationStats(ItemType::File, file.ID);
-        file.Lines = results.GetLineStats(ItemType::File, file.ID);
+        file.Violations = results.Figures().GetViolationStats(ItemType::File, file.ID);
+        file.Lines = results.Figures().GetLineStats(ItemType::File, file.ID);
         file.AverageComplexity = object.CyclomaticComplexity;
-        results.TolerancePass(ItemType::File, file.ID, file.Failures);
+        results.Verdict().TolerancePass(ItemType::File, file.ID, file.Failures);
         data.Files.push_back(std::move(file));
     }
 }
@@ -94,16 +94,16 @@ void NoteComplexity(const ModernProcedure& procedure, ModernFile& file) {
     }
 }
 
-PlaceById PlacesOf(const std::vector<ModernFile>& files) {
-    PlaceById places;
-    for (std::size_t place = 0; place < files.size(); ++place) {
-        places[files.at(place).ID] = place;
+IndexById IndexesOf(const std::vector<ModernFile>& files) {
+    IndexById indexes;
+    for (std::size_t index = 0; index < files.size(); ++index) {
+        indexes[files.at(index).ID] = index;
     }
-    return places;
+    return indexes;
 }
 
-PlaceById ReadProcedures(ResultsDB& results, const PlaceById& files, ModernReportData& data) {
-    PlaceById places;
+IndexById ReadProcedures(ResultsDB& results, const IndexById& files, ModernReportData& data) {
+    IndexById indexes;
     auto rows = results.OpenRecordSource(
         "SELECT ProcID, SourceID, Name, Type, CyclomaticComplexity FROM Procedures");
     for (; rows && !rows->EOF_(); rows->MoveNext()) {
@@ -119,10 +119,10 @@ PlaceById ReadProcedures(ResultsDB& results, const PlaceById& files, ModernRepor
         procedure.IsSection = type.empty();
         procedure.Complexity = rows->Value("CyclomaticComplexity").AsLong();
         NoteComplexity(procedure, data.Files.at(procedure.File));
-        places[procedure.ID] = data.Procedures.size();
+        indexes[procedure.ID] = data.Procedures.size();
         data.Procedures.push_back(std::move(procedure));
     }
-    return places;
+    return indexes;
 }
 
 void CountInProcedure(const Violation& violation, ModernProcedure& procedure) {
@@ -133,15 +133,15 @@ void CountInProcedure(const Violation& violation, ModernProcedure& procedure) {
     procedure.TotalImpact += violation.Impact;
 }
 
-std::optional<std::size_t> PlaceIn(const PlaceById& places, std::int32_t id) {
-    const auto found = places.find(id);
-    return found == places.end() ? std::nullopt : std::optional(found->second);
+std::optional<std::size_t> IndexIn(const IndexById& indexes, std::int32_t id) {
+    const auto found = indexes.find(id);
+    return found == indexes.end() ? std::nullopt : std::optional(found->second);
 }
 
 void ReadViolations(
     ResultsDB& results,
-    const PlaceById& files,
-    const PlaceById& procedures,
+    const IndexById& files,
+    const IndexById& procedures,
     ModernReportData& data) {
     auto rows = results.OpenRecordSource(
         "SELECT ViolationID, ItemID, ItemType, " + std::string(modViolationRow::kColumns) +
@@ -153,9 +153,9 @@ void ReadViolations(
         const ItemType itemType = ItemTypeOf(rows->Value("ItemType").AsLong());
         const std::int32_t itemId = rows->Value("ItemID").AsLong();
         if (itemType == ItemType::File) {
-            violation.File = PlaceIn(files, itemId);
+            violation.File = IndexIn(files, itemId);
         } else if (itemType == ItemType::Procedure) {
-            violation.Procedure = PlaceIn(procedures, itemId);
+            violation.Procedure = IndexIn(procedures, itemId);
         }
         if (violation.Procedure) {
             ModernProcedure& procedure = data.Procedures.at(*violation.Procedure);
@@ -176,21 +176,22 @@ std::optional<double> CommentShareOf(const SourceLineStatistics& lines) {
 
 ModernReportData ModernReportData::ReadFrom(ResultsDB& results, const ModernReportFacts& facts) {
     ModernReportData data;
-    data.ProjectName = results.GetProjectData("Name");
-    data.ProjectFilename = results.GetProjectData("Filename");
-    data.ProjectPath = results.GetProjectData("Path");
-    data.Review = results.GetReviewData();
-    data.Criteria = results.GetReviewCriteria();
-    data.Violations = results.GetViolationStats(ItemType::Project, results.ProjectID());
-    data.Lines = results.GetLineStats(ItemType::Project, results.ProjectID());
-    data.Categories = results.GetViolationStatsByCategory(-1, /*fileLevel=*/false);
+    data.ProjectName = results.Items().GetProjectData("Name");
+    data.ProjectFilename = results.Items().GetProjectData("Filename");
+    data.ProjectPath = results.Items().GetProjectData("Path");
+    data.Review = results.Review().GetReviewData();
+    data.Criteria = results.Review().GetReviewCriteria();
+    data.Violations = results.Figures().GetViolationStats(ItemType::Project, results.ProjectID());
+    data.Lines = results.Figures().GetLineStats(ItemType::Project, results.ProjectID());
+    data.Categories = results.Figures().GetViolationStatsByCategory(-1, /*fileLevel=*/false);
     data.HasTolerances = SetsTolerance(data.Criteria.Tolerances);
-    data.Passed = results.TolerancePass(ItemType::Project, results.ProjectID(), data.Failures);
+    data.Passed =
+        results.Verdict().TolerancePass(ItemType::Project, results.ProjectID(), data.Failures);
     data.Unreviewed = facts.Unreviewed;
     ReadSeverities(data);
     ReadFiles(results, facts, data);
-    const PlaceById files = PlacesOf(data.Files);
-    const PlaceById procedures = ReadProcedures(results, files, data);
+    const IndexById files = IndexesOf(data.Files);
+    const IndexById procedures = ReadProcedures(results, files, data);
     ReadViolations(results, files, procedures, data);
     return data;
 }

@@ -33,14 +33,14 @@ struct ModernFile {
     ViolationStatistics Violations;  // with those of its procedures and sections
     SourceLineStatistics Lines;
     std::int32_t AverageComplexity = 0;
-    std::optional<std::int32_t> WorstComplexity;  // of its procedures; nothing without any
+    std::optional<std::int32_t> WorstComplexity;  // of its procedures, if there are any
     std::vector<ToleranceFailure> Failures;
     std::string UnreviewedReason;  // empty for a file that was read
 };
 
 /// A procedure, or a section of a file.
 struct ModernProcedure {
-    std::size_t File = 0;  // place in the list of files
+    std::size_t File = 0;  // index in the list of files
     std::string Name;      // as it is shown: "Rate (Get)", "(Declarations)"
     bool IsSection = false;
     std::int32_t Complexity = 0;

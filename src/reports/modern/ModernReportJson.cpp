@@ -334,7 +334,7 @@ struct ViolationRecord {
     std::size_t RuleIndex;
     std::int64_t Procedure;
     std::int64_t SourceLine;
-    std::string_view Description;  // what its rule does not say for all of its violations
+    std::string_view Description;  // the part that not all violations of its rule share
     std::string_view Advice;       // likewise
 };
 

@@ -26,7 +26,7 @@ struct ModernRule {
 /// The rules of the violations, in the order of their first violations.
 struct ModernRuleTable {
     std::vector<ModernRule> Rules;
-    std::vector<std::size_t> RuleOfViolation;  // by the violation's place in its list
+    std::vector<std::size_t> RuleOfViolation;  // by the index of the violation
 
     static ModernRuleTable Of(const std::vector<ModernViolation>& violations);
 };

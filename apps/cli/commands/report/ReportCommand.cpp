@@ -41,12 +41,12 @@ std::string LogBeside(const std::string& database) {
 /// Whether pages can be made of the database. What cannot be read is reported.
 ExitCode Examine(const std::string& hostPath, std::string& projectFile) {
     return modResultsFile::Read(hostPath, [&](ResultsDB& results) {
-        if (results.GetReviewData().End.IsZero()) {
+        if (results.Review().GetReviewData().End.IsZero()) {
             modConsole::PrintError("no report of '" + hostPath + "' was written for that reason");
             return ExitCode::NothingDone;
         }
         projectFile = ResultsItems::FullPath(
-            results.GetProjectData("Path"), results.GetProjectData("Filename"));
+            results.Items().GetProjectData("Path"), results.Items().GetProjectData("Filename"));
         return ExitCode::Passed;
     });
 }

@@ -55,7 +55,7 @@ constexpr std::array<SortRow, 6> kSortRows = {{
 /// Nothing where no line was counted.
 std::optional<std::int32_t>
 PercentageOfComments(ItemType itemType, std::int32_t itemId, ResultsDB& database) {
-    const SourceLineStatistics lines = database.GetLineStats(itemType, itemId);
+    const SourceLineStatistics lines = database.Figures().GetLineStats(itemType, itemId);
     const std::int32_t comments = lines.CommentOnlyLines() + lines.InLineCommentLines();
     const std::int32_t base = lines.CodeLines() + comments;
     if (lines.TotalLines() == 0) {
@@ -69,7 +69,7 @@ PercentageOfComments(ItemType itemType, std::int32_t itemId, ResultsDB& database
 HotspotList HotspotList::OfFiles(ResultsDB& database) {
     HotspotList list;
     const UnfinishedFiles unfinished = UnfinishedFiles::ReadFrom(database);
-    for (BasicObject& file : database.GetProjectSourceFileList(true, true)) {
+    for (BasicObject& file : database.Items().GetProjectSourceFileList(true, true)) {
         Hotspot hotspot;
         hotspot.Name = file.Filename;
         if (ResultsItems::IsProjectFile(file)) {
@@ -79,7 +79,8 @@ HotspotList HotspotList::OfFiles(ResultsDB& database) {
         }
         hotspot.Finished = !unfinished.Contains(file.ObjectID);
         hotspot.HasComplexity = hotspot.HasComplexity && hotspot.Finished;
-        hotspot.Passed = hotspot.Finished && database.TolerancePass(ItemType::File, file.ObjectID);
+        hotspot.Passed =
+            hotspot.Finished && database.Verdict().TolerancePass(ItemType::File, file.ObjectID);
         hotspot.Object = std::move(file);
         list.m_rows.push_back(std::move(hotspot));
     }
@@ -92,7 +93,8 @@ bool HotspotList::AllFinished() const {
 }
 
 void HotspotList::AddProceduresOf(const BasicObject& file, ResultsDB& database) {
-    for (BasicObject& procedure : database.GetSourceFileProcList(file.ObjectID, true, true)) {
+    for (BasicObject& procedure :
+         database.Items().GetSourceFileProcList(file.ObjectID, true, true)) {
         Hotspot hotspot;
         hotspot.File = file.Name;
         hotspot.Name = ResultsItems::ShownName(procedure.Name, procedure.ObjectType);

@@ -116,7 +116,9 @@ void ListedViolations::ListFiles(ResultsDB& database) {
     const auto add = [this](std::int32_t id, const std::string& folder, const std::string& name) {
         m_files[id] = {name, modConsole::ShownPath(ResultsItems::FullPath(folder, name)), 0};
     };
-    add(kProjectItself, database.GetProjectData("Path"), database.GetProjectData("Filename"));
+    add(kProjectItself,
+        database.Items().GetProjectData("Path"),
+        database.Items().GetProjectData("Filename"));
     for (const auto& [id, file] : m_items.Files()) {
         add(id, file.Path, file.Filename);
     }
@@ -144,7 +146,7 @@ const ListedFile& ListedViolations::FileOf(ItemType itemType, std::int32_t itemI
 }
 
 void ListedViolations::Read(ResultsDB& database, const std::string& sql) {
-    const ResultsNames names(database.GetCategorySeverityLists());
+    const ResultsNames names(database.Review().GetCategorySeverityLists());
     Trap({"ListedViolations", "Read"}, [&] {
         auto rows = database.OpenRecordSource(sql);
         for (; rows && !rows->EOF_(); rows->MoveNext()) {

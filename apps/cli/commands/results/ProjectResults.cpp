@@ -117,22 +117,24 @@ void WriteFinding(const Finding& finding, JsonOutput& json) {
 ProjectResults ProjectResults::ReadFrom(ResultsDB& database) {
     ProjectResults results;
     results.Filename = ResultsItems::FullPath(
-        database.GetProjectData("Path"), database.GetProjectData("Filename"));
-    results.Name = database.GetProjectData("Name");
+        database.Items().GetProjectData("Path"), database.Items().GetProjectData("Filename"));
+    results.Name = database.Items().GetProjectData("Name");
     results.ResultsFile = database.Filename();
-    results.Ended = !database.GetReviewData().End.IsZero();
+    results.Ended = !database.Review().GetReviewData().End.IsZero();
     // The project file has a row there, too.
-    results.Files = std::max(database.GetSourceFileCount("") - 1, 0);
-    results.Lines = database.GetLineStats(ItemType::Project, database.ProjectID()).TotalLines();
-    results.Violations = results.Ended
-                             ? database.GetViolationStats(ItemType::Project, database.ProjectID())
-                             : CountRows(database);
-    results.Worst = database.GetWorstFindings(kShownFindings);
+    results.Files = std::max(database.Items().GetSourceFileCount("") - 1, 0);
+    results.Lines =
+        database.Figures().GetLineStats(ItemType::Project, database.ProjectID()).TotalLines();
+    results.Violations =
+        results.Ended
+            ? database.Figures().GetViolationStats(ItemType::Project, database.ProjectID())
+            : CountRows(database);
+    results.Worst = database.Violations().GetWorstFindings(kShownFindings);
     std::vector<ToleranceFailure> failures;
     results.UnfinishedFiles =
         static_cast<std::int32_t>(dorvik::UnfinishedFiles::ReadFrom(database).Count());
-    results.Passed = database.TolerancePass(ItemType::Project, 0, failures) && results.Ended &&
-                     results.UnfinishedFiles == 0;
+    results.Passed = database.Verdict().TolerancePass(ItemType::Project, 0, failures) &&
+                     results.Ended && results.UnfinishedFiles == 0;
     for (const ToleranceFailure& failure : failures) {
         results.FailedMeasures.push_back(failure.Description);
     }

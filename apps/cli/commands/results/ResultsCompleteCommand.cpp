@@ -49,7 +49,7 @@ ExitCode RunResultsComplete(
         }
         std::int32_t marked = 0;
         for (const std::int32_t id : *violations) {
-            if (!results.SetViolationCompleted(id, completed)) {
+            if (!results.Editor().SetViolationCompleted(id, completed)) {
                 break;
             }
             ++marked;

@@ -79,7 +79,7 @@ private:
 };
 
 Criteria::Criteria(ResultsDB& database)
-    : Review(database.GetReviewData()), Stored(database.GetReviewCriteria()) {
+    : Review(database.Review().GetReviewData()), Stored(database.Review().GetReviewCriteria()) {
     AddReview();
     AddKinds();
     AddLists();
@@ -182,7 +182,7 @@ void PrintReview(const Criteria& criteria, ResultsDB& database) {
             table.AddRow({{label, Shade::Dim}, {text}});
         }
     };
-    add("Project", database.GetProjectData("Name"));
+    add("Project", database.Items().GetProjectData("Name"));
     add("Rulebase", review.RulebaseTitle);
     add("Version", review.RulebaseVersion);
     add("Reviewed by", review.Reviewer);

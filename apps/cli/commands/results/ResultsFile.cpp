@@ -9,6 +9,7 @@
 #include "platform/host/ScopedInstall.h"
 #include "platform/host/modFiles.h"
 #include "results/ResultsDB.h"
+#include "results/ResultsStore.h"
 #include "settings/DVKWorkData.h"
 
 #include <chrono>
@@ -57,9 +58,9 @@ std::string Objection(const ResultsDB& database, const std::string& hostPath) {
         return Quoted(hostPath) + " is not a results database";
     }
     const std::string& version = *database.FoundVersion();
-    if (!modTextCase::Equal(version, ResultsDB::kSchemaVersion)) {
+    if (!modTextCase::Equal(version, ResultsStore::kSchemaVersion)) {
         return Quoted(hostPath) + " is a results database of version '" + version +
-               "' instead of '" + std::string(ResultsDB::kSchemaVersion) +
+               "' instead of '" + std::string(ResultsStore::kSchemaVersion) +
                "'; review the project again";
     }
     return "the results database " + Quoted(hostPath) + " holds no review";
@@ -93,7 +94,7 @@ Use(const std::string& hostPath,
         return Refuse(Objection(database, hostPath));
     }
     database.SetPatience(patience);
-    if (database.GetReviewData().End.IsZero()) {
+    if (database.Review().GetReviewData().End.IsZero()) {
         modConsole::PrintError(
             "note: the results in " + Quoted(hostPath) +
             " are incomplete, because the review did not finish; there is no verdict, and only "

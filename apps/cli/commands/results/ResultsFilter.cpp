@@ -139,7 +139,7 @@ bool ApplyResultsFilter(const ResultsFilterOptions& options, ResultsDB& database
     if (options.IsEmpty()) {
         return true;
     }
-    const CategorySeverityLists lists = database.GetCategorySeverityLists();
+    const CategorySeverityLists lists = database.Review().GetCategorySeverityLists();
     for (const KindRow& row : kKinds) {
         const bool named =
             std::find(options.Kinds.begin(), options.Kinds.end(), row.Key) != options.Kinds.end();

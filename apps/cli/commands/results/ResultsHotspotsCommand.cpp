@@ -52,10 +52,10 @@ std::string ShownPathOf(const BasicObject& object) {
 }
 
 bool HasTolerance(ResultsDB& database) {
-    const ToleranceSettings tolerances = database.GetReviewCriteria().Tolerances;
-    // The totals count here too, unlike in `ResultsDB::TolerancesSet`: a file can fail on them.
+    const ToleranceSettings tolerances = database.Review().GetReviewCriteria().Tolerances;
+    // The totals count here too, unlike in `VerdictReader::TolerancesSet`: a file can fail on them.
     constexpr std::int32_t kTotal = ToleranceSettings::kPlaces;
-    return database.TolerancesSet() ||
+    return database.Verdict().TolerancesSet() ||
            tolerances.Count.Item(kTotal) != ToleranceSettings::kNotSet ||
            tolerances.Impact.Item(kTotal) != ToleranceSettings::kNotSet;
 }

@@ -69,7 +69,7 @@ void ResultsRecords::PrintAsCsv() const {
 
 void WriteResultsHead(JsonOutput& json, ResultsDB& database) {
     json.Text("database", modConsole::ShownPath(database.Filename()));
-    json.Text("project", database.GetProjectData("Name"));
+    json.Text("project", database.Items().GetProjectData("Name"));
 }
 
 }  // namespace dorvik

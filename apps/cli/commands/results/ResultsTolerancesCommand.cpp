@@ -84,7 +84,7 @@ TableCell Verdict(bool passed) {
 
 /// Of a review that did not end no one knows whether the files that are not there would have passed.
 bool HasEnded(ResultsDB& database) {
-    return !database.GetReviewData().End.IsZero();
+    return !database.Review().GetReviewData().End.IsZero();
 }
 
 void PrintTolerances(
@@ -176,7 +176,7 @@ void PrintAsJson(
     if (HasEnded(database)) {
         json.Flag(
             "passed",
-            database.TolerancePass(ItemType::Project, 0) &&
+            database.Verdict().TolerancePass(ItemType::Project, 0) &&
                 UnfinishedFiles::ReadFrom(database).Count() == 0);
     } else {
         json.Null("passed");
@@ -192,7 +192,7 @@ void PrintAsJson(
 ExitCode
 RunResultsTolerances(const std::string& database, const ResultsTolerancesOptions& options) {
     return modResultsFile::Read(database, [&](ResultsDB& results) {
-        const ToleranceSettings tolerances = results.GetReviewCriteria().Tolerances;
+        const ToleranceSettings tolerances = results.Review().GetReviewCriteria().Tolerances;
         std::vector<AssessedMeasure> measures = ReadMeasures(tolerances, results);
         if (!options.File.empty()) {
             const std::set<std::int32_t> wanted = ResultsItems(results).FilesNamed(options.File);

@@ -1,4 +1,4 @@
-# Makes the script of the modern report, with the fields and columns of columns.txt in place of its marks, and
+# Makes the script of the interactive page, with the fields and columns of columns.txt in place of its marks, and
 # writes it and the style to FOLDER; writes both, with their SHA-256, as ModernReportAssets.cpp and the columns
 # as ModernReportColumns.inc:
 #   cmake -D ASSETS=... -D FOLDER=... -P WriteAssets.cmake

@@ -10,7 +10,6 @@
 #include "source/ViolationStatistics.h"
 
 #include <cstdint>
-#include <string>
 #include <vector>
 
 namespace dorvik {
@@ -44,7 +43,6 @@ private:
     enum class TallyForm : int { Project, SourceFile, Item };
 
     ViolationTally Tally(TallyForm form, ItemType itemType, std::int32_t itemId, bool ignoreFilter);
-    ViolationStatistics CountBySeverity(const std::string& source, std::int32_t categoryId);
 
     ResultsStore& m_store;
     ViolationFilter& m_filter;

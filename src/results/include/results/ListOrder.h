@@ -21,21 +21,23 @@ public:
     static constexpr std::int32_t kSortByImpact = 3;
     static constexpr std::int32_t kSortByComplexity = 4;
 
-    /// The settings of the process without `settings`, or defaults that go nowhere while there are none.
-    /// REQUIRES: `settings` outlives this.
+    /// What lists of files and of procedures are sorted by, and in which direction.
+    struct SortFields {
+        std::int32_t FileSortKey = kSortByName;
+        bool FileSortAscending = true;
+        std::int32_t ProcSortKey = kSortByName;
+        bool ProcSortAscending = true;
+    };
+
+    /// Without `settings` those of the process are used, or defaults, which are stored nowhere, while there
+    /// are none. REQUIRES: `settings` outlives this.
     explicit ListOrder(DVKWorkData* settings);
     ~ListOrder();
     ListOrder(const ListOrder&) = delete;
     ListOrder& operator=(const ListOrder&) = delete;
 
-    std::int32_t FileSortKey() const { return m_files.Key; }
-    void SetFileSortKey(std::int32_t key) { m_files.Key = key; }
-    bool FileSortAscending() const { return m_files.Ascending; }
-    void SetFileSortAscending(bool ascending) { m_files.Ascending = ascending; }
-    std::int32_t ProcSortKey() const { return m_procedures.Key; }
-    void SetProcSortKey(std::int32_t key) { m_procedures.Key = key; }
-    bool ProcSortAscending() const { return m_procedures.Ascending; }
-    void SetProcSortAscending(bool ascending) { m_procedures.Ascending = ascending; }
+    /// To be changed by the caller; the next list follows them.
+    SortFields& Fields() { return m_fields; }
 
     /// The figure that a list of files or of procedures shows with an item: the impact where lists are sorted
     /// by impact, the number of violations where they are sorted by name or number, nothing otherwise.
@@ -55,18 +57,12 @@ public:
         std::vector<BasicObject>& list, std::int32_t key, bool ascending, bool byFilename);
 
 private:
-    struct SortField {
-        std::int32_t Key = kSortByName;
-        bool Ascending = true;
-    };
-
     const DVKWorkData& Settings() const;
     /// Null where there are none to write to.
     DVKWorkData* WritableSettings() const;
 
-    DVKWorkData* m_ownSettings;  // those of the constructor, if any
-    SortField m_files;
-    SortField m_procedures;
+    DVKWorkData* m_ownSettings;  // those of the constructor, or null
+    SortFields m_fields;
 };
 
 }  // namespace dorvik

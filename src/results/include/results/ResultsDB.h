@@ -4,10 +4,11 @@
 #include "results/ItemReader.h"
 #include "results/ListOrder.h"
 #include "results/ResultsStore.h"
+#include "results/ReviewEditor.h"
 #include "results/ReviewKeys.h"
 #include "results/ReviewReader.h"
 #include "results/ReviewWriter.h"
-#include "results/Verdict.h"
+#include "results/VerdictReader.h"
 #include "results/ViolationFilter.h"
 #include "results/ViolationReader.h"
 
@@ -16,7 +17,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace dorvik {
 
@@ -40,16 +40,8 @@ namespace dorvik {
 /// loss matters check `Failures`, for no verdict may be given of a review that lost anything.
 class ResultsDB {
 public:
-    static constexpr std::string_view kSchemaVersion = ResultsStore::kSchemaVersion;
-    static constexpr std::int32_t kSortByName = ListOrder::kSortByName;
-    static constexpr std::int32_t kSortByCount = ListOrder::kSortByCount;
-    static constexpr std::int32_t kSortByImpact = ListOrder::kSortByImpact;
-    static constexpr std::int32_t kSortByComplexity = ListOrder::kSortByComplexity;
-
-    using ViolationList = ViolationReader::ViolationList;
-
-    /// The sort fields come from these settings and go back to them at the end of this object.
-    /// REQUIRES: `settings` outlives this.
+    /// The sort fields of `Order` come from these settings and are stored there again when this object is
+    /// destroyed. REQUIRES: `settings` outlives this.
     explicit ResultsDB(DVKWorkData& settings) : m_order(&settings) {}
     /// The same with the settings of the process, or with defaults, which are stored nowhere, while there are
     /// none.
@@ -70,164 +62,31 @@ public:
     const std::optional<std::string>& FoundVersion() const { return m_store.FoundVersion(); }
     const StoreFailures& Failures() const { return m_store.Failures(); }
     void NoteLoss(std::string_view reason) { m_store.NoteLoss(reason); }
-    /// To be changed by the caller; see `ViolationFilter`.
     void SetPatience(std::chrono::milliseconds patience) { m_store.SetPatience(patience); }
-    /// The filter as a clause without "WHERE"; begins with a blank, is empty without a filter.
     /// The rows of a query of the caller, for a list that is bound to the database.
     std::optional<Recordset> OpenRecordSource(std::string_view sql) {
         return m_store.GetReadOnlyRecordset(sql);
     }
 
-    // ---- writing: ReviewWriter ----
+    // ---- filter and order of lists ----
 
-    bool StartReview(
-        const std::string& filename, const Rulebase& rulebase, const ReviewCriteria& criteria) {
-        return m_writer.StartReview(filename, rulebase, criteria);
-    }
-    void SetupVObjectResults(std::string_view kind, VirtualObject& object) {
-        m_writer.SetupVObjectResults(kind, object);
-    }
-    void LogViolation(std::int32_t itemId, ItemType itemType, const Violation& violation) {
-        m_writer.LogViolation(itemId, itemType, violation);
-    }
-    void LogVirtualObjectProperties(const VirtualObject& object) {
-        m_writer.LogVirtualObjectProperties(object);
-    }
-    void LogVirtualObjectViolationStats(const VirtualObject& object) {
-        m_writer.LogVirtualObjectViolationStats(object);
-    }
-    void LogVirtualObjectLineStats(const VirtualObject& object) {
-        m_writer.LogVirtualObjectLineStats(object);
-    }
-    void EndReview(std::int32_t ruleExecutions) { m_writer.EndReview(ruleExecutions); }
-    void AbortReview() { m_writer.AbortReview(); }
-    void UpdateProjectName(std::string_view name) { m_writer.UpdateProjectName(name); }
-    void UpdateFileName(std::string_view name, std::int32_t sourceId) {
-        m_writer.UpdateFileName(name, sourceId);
-    }
-    bool SetViolationCompleted(std::int32_t violationId, bool completed) {
-        return m_writer.SetViolationCompleted(violationId, completed);
-    }
-
-    // ---- the review: ReviewReader ----
-
-    ReviewData GetReviewData() { return m_review.GetReviewData(); }
-    StoredReviewCriteria GetReviewCriteria() { return m_review.GetReviewCriteria(); }
-    CategorySeverityLists GetCategorySeverityLists() { return m_review.GetCategorySeverityLists(); }
-
-    // ---- filter and order of lists: ViolationFilter, ListOrder ----
-
+    /// To be changed by the caller; see `ViolationFilter`.
     RulebaseLoadCriteria& Filter() { return m_filter.Criteria(); }
+    /// The filter as a clause without "WHERE"; begins with a blank, is empty without a filter.
     const std::string& FilterString() { return m_filter.Clause(); }
     /// True with a filter, and where files or procedures without violations are hidden.
     bool FilterApplied() { return !m_filter.Clause().empty() || m_order.HidesItems(); }
+    ListOrder& Order() { return m_order; }
 
-    std::int32_t FileSortKey() const { return m_order.FileSortKey(); }
-    void SetFileSortKey(std::int32_t key) { m_order.SetFileSortKey(key); }
-    bool FileSortAscending() const { return m_order.FileSortAscending(); }
-    void SetFileSortAscending(bool ascending) { m_order.SetFileSortAscending(ascending); }
-    std::int32_t ProcSortKey() const { return m_order.ProcSortKey(); }
-    void SetProcSortKey(std::int32_t key) { m_order.SetProcSortKey(key); }
-    bool ProcSortAscending() const { return m_order.ProcSortAscending(); }
-    void SetProcSortAscending(bool ascending) { m_order.SetProcSortAscending(ascending); }
-    Variant GetObjectStatValue(const BasicObject& object, ItemType itemType) const {
-        return m_order.GetObjectStatValue(object, itemType);
-    }
-    static void SortBasicObjectList(
-        std::vector<BasicObject>& list, std::int32_t key, bool ascending, bool byFilename) {
-        ListOrder::SortBasicObjectList(list, key, ascending, byFilename);
-    }
+    // ---- the parts ----
 
-    // ---- items: ItemReader ----
-
-    BasicObject GetProjectDetails(bool ignoreFilter) {
-        return m_items.GetProjectDetails(ignoreFilter);
-    }
-    std::vector<BasicObject> GetProjectSourceFileList(bool includeAll, bool sortByFilename) {
-        return m_items.GetProjectSourceFileList(includeAll, sortByFilename);
-    }
-    std::vector<BasicObject>
-    GetSourceFileProcList(std::int32_t sourceId, bool includeAll, bool withStats) {
-        return m_items.GetSourceFileProcList(sourceId, includeAll, withStats);
-    }
-    bool SourceFileHasProcs(std::int32_t sourceId, bool realProcsOnly) {
-        return m_items.SourceFileHasProcs(sourceId, realProcsOnly);
-    }
-    std::int32_t GetSourceFileCount(std::string_view type) {
-        return m_items.GetSourceFileCount(type);
-    }
-    BasicObject GetProcedureDetails(std::int32_t procId) {
-        return m_items.GetProcedureDetails(procId);
-    }
-    std::string GetProjectData(std::string_view field) { return m_items.GetProjectData(field); }
-    std::string GetSourceFileData(std::string_view field, std::int32_t sourceId) {
-        return m_items.GetSourceFileData(field, sourceId);
-    }
-    std::string GetProcedureData(std::string_view field, std::int32_t procId) {
-        return m_items.GetProcedureData(field, procId);
-    }
-
-    // ---- figures: FigureReader ----
-
-    ViolationTally GetProjectViolationStats(std::int32_t projectId, bool ignoreFilter) {
-        return m_figures.GetProjectViolationStats(projectId, ignoreFilter);
-    }
-    ViolationTally GetVBPFileViolationStats(std::int32_t sourceId, bool ignoreFilter) {
-        return m_figures.GetVBPFileViolationStats(sourceId, ignoreFilter);
-    }
-    ViolationTally GetSourceFileViolationStats(std::int32_t sourceId, bool ignoreFilter) {
-        return m_figures.GetSourceFileViolationStats(sourceId, ignoreFilter);
-    }
-    ViolationTally GetProcedureViolationStats(std::int32_t procId, bool ignoreFilter) {
-        return m_figures.GetProcedureViolationStats(procId, ignoreFilter);
-    }
-    ViolationStatistics GetViolationStats(ItemType itemType, std::int32_t itemId) {
-        return m_figures.GetViolationStats(itemType, itemId);
-    }
-    SourceLineStatistics GetLineStats(ItemType itemType, std::int32_t itemId) {
-        return m_figures.GetLineStats(itemType, itemId);
-    }
-    std::vector<CategoryStatistics>
-    GetViolationStatsByCategory(std::int32_t sourceId, bool fileLevel) {
-        return m_figures.GetViolationStatsByCategory(sourceId, fileLevel);
-    }
-
-    // ---- violations: ViolationReader ----
-
-    ViolationList GetVBPFileViolationsList(std::int32_t sourceId) {
-        return m_violations.GetVBPFileViolationsList(sourceId);
-    }
-    ViolationList GetSourceFileViolationsList(std::int32_t sourceId) {
-        return m_violations.GetSourceFileViolationsList(sourceId);
-    }
-    ViolationList GetProcedureViolationList(std::int32_t procId) {
-        return m_violations.GetProcedureViolationList(procId);
-    }
-    Violation GetViolationDetail(std::int32_t violationId) {
-        return m_violations.GetViolationDetail(violationId);
-    }
-    ViolationSourceLocation
-    GetViolationSourceLocation(std::int32_t violationId, bool fullFileNames) {
-        return m_violations.GetViolationSourceLocation(violationId, fullFileNames);
-    }
-    std::vector<Finding> GetWorstFindings(std::int32_t count) {
-        return m_violations.GetWorstFindings(count);
-    }
-    std::optional<Recordset> GetSourceFileValueList() {
-        return m_violations.GetSourceFileValueList();
-    }
-
-    // ---- tolerances: Verdict ----
-
-    bool TolerancePass(
-        ItemType itemType, std::int32_t sourceId, std::vector<ToleranceFailure>& failures) {
-        return m_verdict.TolerancePass(itemType, sourceId, failures);
-    }
-    bool TolerancePass(ItemType itemType, std::int32_t sourceId) {
-        std::vector<ToleranceFailure> failures;
-        return m_verdict.TolerancePass(itemType, sourceId, failures);
-    }
-    bool TolerancesSet() { return m_verdict.TolerancesSet(); }
+    ReviewWriter& Writer() { return m_writer; }
+    ReviewEditor& Editor() { return m_editor; }
+    ReviewReader& Review() { return m_review; }
+    ItemReader& Items() { return m_items; }
+    FigureReader& Figures() { return m_figures; }
+    ViolationReader& Violations() { return m_violations; }
+    VerdictReader& Verdict() { return m_verdict; }
 
 private:
     // What the parts share, which therefore comes first.
@@ -238,11 +97,12 @@ private:
     bool m_reviewOpen = false;
 
     ReviewWriter m_writer{m_store, m_keys};
+    ReviewEditor m_editor{m_store, m_keys};
     ReviewReader m_review{m_store};
     FigureReader m_figures{m_store, m_filter};
     ItemReader m_items{m_store, m_keys, m_order, m_figures};
     ViolationReader m_violations{m_store, m_filter, m_items};
-    Verdict m_verdict{m_store, m_keys};
+    VerdictReader m_verdict{m_store, m_keys};
 };
 
 }  // namespace dorvik

@@ -97,7 +97,7 @@ public:
 
 private:
     std::optional<Recordset> OpenRows(std::string_view sql, RecordsetType type, SqlValues values);
-    void RefuseKnownFault(const SqlValues& values);
+    void RaiseKnownFault(const SqlValues& values);
     void CountFailure();
 
     Database m_database;
@@ -106,10 +106,10 @@ private:
     std::optional<std::string> m_foundVersion;
     StoreFailures m_failures;
     int m_openTraps = 0;
-    bool m_hasFailed = false;  // one of these
+    bool m_hasFailed = false;  // of an operation that is still open
     bool m_keepsKnownFaults = false;
-    bool m_isKnownFault = false;     // what failed last failed for being a known fault
-    std::int32_t m_knownFaults = 0;  // among the failures
+    bool m_isKnownFault = false;     // the last failure was a known fault
+    std::int32_t m_knownFaults = 0;  // their number among the failures
 };
 
 }  // namespace dorvik

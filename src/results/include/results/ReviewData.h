@@ -11,9 +11,9 @@ namespace dorvik {
 struct ReviewData {
     std::string RulebaseTitle;
     std::string RulebaseVersion;
-    std::string Reviewer;  // logon name; empty where the system did not tell
+    std::string Reviewer;  // logon name; empty if the system could not give it
     DateTime Start;
-    DateTime End;  // no date where the review did not end
+    DateTime End;  // zero if the review did not end
     std::int32_t ActiveRules = 0;
     std::int32_t RuleExecutions = 0;
 };

@@ -5,6 +5,8 @@
 #include "results/ReviewKeys.h"
 #include "results/StoredReviewCriteria.h"
 
+#include <optional>
+
 namespace dorvik {
 
 /// Reads what a stored review says of itself: its criteria, its rulebase, its times.

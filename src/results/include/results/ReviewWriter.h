@@ -41,15 +41,8 @@ public:
     void EndReview(std::int32_t ruleExecutions);
     /// Closes and deletes the database.
     void AbortReview();
-    /// Another database is opened, or none: no file of a review is being written any more.
-    void Forget();
-
-    // ---- changes to a finished review ----
-
-    void UpdateProjectName(std::string_view name);
-    void UpdateFileName(std::string_view name, std::int32_t sourceId);
-    /// Marks a violation as dealt with, or not. False where there is no such violation.
-    bool SetViolationCompleted(std::int32_t violationId, bool completed);
+    /// Must be called when another database is opened, or this one closed: forgets which rows were written.
+    void Reset();
 
 private:
     /// The keys of the rows that were written, in lower case. If they are all rows of the table, no query is
@@ -61,7 +54,6 @@ private:
         bool RuleOut(const std::string& key) const { return AreAllRows && !Keys.contains(key); }
     };
 
-    bool HasNoSourceFiles();
     void WriteReview(const Rulebase& rulebase, const ReviewCriteria& criteria);
     void WriteCategoryList(const Rulebase& rulebase, const ReviewCriteria& criteria);
     void WriteSeverityList(const Rulebase& rulebase, const ReviewCriteria& criteria);
@@ -69,9 +61,6 @@ private:
     std::int32_t SetupSourceFile(VirtualObject& object);
     std::int32_t SetupProcedure(VirtualObject& object);
     std::int32_t SetupLayoutDeclarations(std::string_view kind);
-    void LogFileProperties(const VirtualObject& file);
-    void SetNumber(std::string_view sql, const VirtualObject& object, std::string_view property);
-    void WriteName(std::string_view sql, std::string_view name);
 
     ResultsStore& m_store;
     ReviewKeys& m_keys;

@@ -13,7 +13,7 @@ struct Violation {
     std::string Description;            // tags expanded
     std::string Title;                  // as the rule has it
     std::string Advice;                 // tags expanded
-    std::string LocationMember;         // display name of the place
+    std::string LocationMember;         // display name of the location
     std::int32_t SourceLineNumber = 0;  // 1-based, 0 where the location has no line
     std::int32_t LineBottomOffset = 0;  // never assigned when a violation is raised
     std::int32_t CategoryID = 0;        // -1 where it has none

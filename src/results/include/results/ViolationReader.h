@@ -11,7 +11,6 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <vector>
 
 namespace dorvik {
@@ -41,7 +40,6 @@ public:
 
 private:
     void AddViolations(ItemType itemType, std::int32_t itemId, ViolationList& list);
-    std::string FilenameOfItem(ItemType itemType, std::int32_t itemId);
 
     ResultsStore& m_store;
     ViolationFilter& m_filter;

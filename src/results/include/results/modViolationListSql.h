@@ -11,7 +11,7 @@ namespace dorvik::modViolationListSql {
 
 /// Whose violations are listed.
 enum class Scope : int {
-    All,          // of the whole database; the ID plays no part
+    All,          // of the whole database; the ID is ignored
     ProjectFile,  // of the project file, by its SourceID
     SourceFile,  // of the sections and procedures of a file, by its SourceID, not of the file itself
     Procedure,   // of a procedure or section, by its ProcID

@@ -8,7 +8,7 @@ namespace dorvik {
 /// made from the `UnreviewedFile` of the project.
 struct UnreadFile {
     std::string Filename;  // without its folder
-    std::string Reason;    // "Failed To Open Source File" and the like, for the reader of a report
+    std::string Reason;    // "Failed To Open Source File" and the like
 };
 
 }  // namespace dorvik

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "results/ResultsDB.h"
-
 #include <memory>
+#include <string>
 
 namespace dorvik {
+class ResultsDB;
 class ReviewCriteria;
 class VirtualProject;
 }  // namespace dorvik

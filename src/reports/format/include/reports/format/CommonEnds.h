@@ -17,7 +17,7 @@ public:
 
 private:
     bool m_any = false;
-    bool m_alike = true;  // one text so far, maybe many times: it is the head
+    bool m_alike = true;  // all texts so far are the same one: it is the head
     std::string m_head;
     std::string m_tail;
 };

@@ -1,4 +1,4 @@
-#include "results/Verdict.h"
+#include "results/VerdictReader.h"
 
 #include "results/modTolerances.h"
 #include "source/Severity.h"
@@ -11,8 +11,8 @@ constexpr std::string_view kModule = ResultsStore::kModule;
 
 constexpr std::int32_t kNotSet = -1;
 
-/// Three columns for each measure: result, value and limit. Over all files the result is the greatest
-/// one, since a pass is -1 and a failure 0, and the other two are not available.
+/// Three columns for each measure: result, value and limit. Over all files the result is the greatest one, since a
+/// pass is -1 and a failure 0: one failure makes it 0. The other two are not available then.
 std::string ToleranceQuery(ItemType itemType, std::int32_t sourceId) {
     const bool overAllFiles = itemType == ItemType::Project;
     std::string sql;
@@ -31,7 +31,7 @@ std::string ToleranceQuery(ItemType itemType, std::int32_t sourceId) {
     return overAllFiles ? sql : sql + " WHERE SourceID = " + std::to_string(sourceId);
 }
 
-/// Index 6, the total, is not looked at.
+/// Index 6, the total, does not count.
 bool HasTolerance(Recordset& review) {
     for (const std::string_view list : {"ToleranceCount", "ToleranceImpact"}) {
         for (const Severity severity : kSeverities) {
@@ -47,7 +47,12 @@ bool HasTolerance(Recordset& review) {
 
 }  // namespace
 
-bool Verdict::TolerancePass(
+bool VerdictReader::TolerancePass(ItemType itemType, std::int32_t sourceId) {
+    std::vector<ToleranceFailure> failures;
+    return TolerancePass(itemType, sourceId, failures);
+}
+
+bool VerdictReader::TolerancePass(
     ItemType itemType, std::int32_t sourceId, std::vector<ToleranceFailure>& failures) {
     bool passed = true;
     m_store.Trap({kModule, "TolerancePass"}, [&] {
@@ -71,7 +76,7 @@ bool Verdict::TolerancePass(
     return passed;
 }
 
-bool Verdict::TolerancesSet() {
+bool VerdictReader::TolerancesSet() {
     return m_store.Trapped({kModule, "TolerancesSet"}, false, [&] {
         auto rows = m_store.RequireRows(
             "SELECT * FROM Review WHERE ReviewID = " + std::to_string(m_keys.ReviewID));
