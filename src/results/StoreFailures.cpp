@@ -27,7 +27,7 @@ constexpr std::array<ReasonRow, 8> kReasons = {{
     {databaseerror::kStoreFailed, "the system reports an error while it reads or writes the file"},
 }};
 
-constexpr std::string_view kOtherReason = "an unexpected error, which the log tells";
+constexpr std::string_view kOtherReason = "an unexpected error; the log has its details";
 
 }  // namespace
 

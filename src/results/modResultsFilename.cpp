@@ -42,12 +42,4 @@ std::string CreateProjectLogFilename(std::string_view projectFile, std::string_v
     return InResultsFolder(projectFile, resultsFolder, "_DORVIK.txt").Path();
 }
 
-std::string ConvertToDorvikSubFolderPath(std::string_view projectFile) {
-    std::string result(modUtilFunctions::PathFromFilename(projectFile));
-    result += "Dorvik\\";
-    result +=
-        modUtilFunctions::FilenameFromFullPathName(projectFile);  // empty for a name without "."
-    return result;
-}
-
 }  // namespace dorvik::modDorvikUtils

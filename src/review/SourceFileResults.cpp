@@ -69,7 +69,7 @@ void SourceFileResults::CloseIncompleteFile(bool isParsed) {
         unreviewed.Reason = m_file->Unreadable();
     }
     m_project.AddUnreviewedFile(std::move(unreviewed));
-    m_results.ResultsDB().SetupVObjectResults(scopename::kFile, *m_file->FileStats());
+    m_results.ResultsDB().Writer().SetupVObjectResults(scopename::kFile, *m_file->FileStats());
     LogFileResults();
     modProjectScope::DetachOpenObjects(m_results.ParserState());
 }

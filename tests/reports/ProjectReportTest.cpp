@@ -1,6 +1,7 @@
 #include "reports/classic/ProjectReport.h"
 
 #include "reports/ReportedReviewFixture.h"
+#include "reports/classic/ReportProgress.h"
 #include "support/ProgressAction.h"
 
 #include <filesystem>
@@ -435,7 +436,7 @@ TEST_F(ProjectReportTest, APageThatCannotBeWrittenIsNotSaidToBe) {
     EXPECT_TRUE(m_log.Contains("#ReportsEngine::SaveReport"));
 }
 
-/// Among the states that were told: the host's events were processed.
+/// Among the states that were reported: the host's events were processed.
 constexpr std::int32_t kYield = -1;
 
 /// Notes that the host's events were processed.
@@ -449,13 +450,14 @@ private:
     std::vector<std::int32_t>& m_states;
 };
 
-TEST_F(ProjectReportTest, UpdateProgressDisplayRaisesThenYieldsThenGivesTheCancelBack) {
+TEST_F(ProjectReportTest, AStepOfTheProgressRaisesTheEventThenYieldsThenReturnsTheCancel) {
     WaitingInput input(m_states);
     const ScopedInstall<IHostInput> installed(input);
-    EXPECT_FALSE(m_engine.UpdateProgressDisplay(m_progress, ReportProgress::kProjectReportState));
+    ReportProgress progress(m_progress, this);
+    EXPECT_FALSE(progress.Update(ReportProgress::kProjectReportState));
     EXPECT_THAT(m_states, ElementsAre(ReportProgress::kProjectReportState, kYield));
     m_cancelAt = 3;
-    EXPECT_TRUE(m_engine.UpdateProgressDisplay(m_progress, ReportProgress::kSourceFileReportState));
+    EXPECT_TRUE(progress.Update(ReportProgress::kSourceFileReportState));
     EXPECT_THAT(
         m_states,
         ElementsAre(
@@ -463,9 +465,8 @@ TEST_F(ProjectReportTest, UpdateProgressDisplayRaisesThenYieldsThenGivesTheCance
             kYield,
             ReportProgress::kSourceFileReportState,
             kYield));
-    m_engine.SetEvents(nullptr);
-    EXPECT_FALSE(
-        m_engine.UpdateProgressDisplay(m_progress, ReportProgress::kSourceFileReportState));
+    ReportProgress withoutListener(m_progress, nullptr);
+    EXPECT_FALSE(withoutListener.Update(ReportProgress::kSourceFileReportState));
 }
 
 }  // namespace

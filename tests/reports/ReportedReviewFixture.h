@@ -20,7 +20,7 @@ namespace dorvik::test {
 
 /// Reviews that a test makes up, with their results and reports all in one folder, and an engine to
 /// write the reports with.
-class ReportedReviewFixture : public testing::Test, private IReportsEngineEvents {
+class ReportedReviewFixture : public testing::Test, protected IReportsEngineEvents {
 protected:
     ReportedReviewFixture() {
         constexpr const char* kTitles[] = {"Critical", "High", "Medium", "Low", "Information"};
@@ -71,7 +71,7 @@ protected:
     ProgressInfo m_progress;
     SeverityTable m_severities;
     CategoryList m_categories;
-    std::vector<std::int32_t> m_states;  // told so far
+    std::vector<std::int32_t> m_states;  // reported so far
     int m_cancelAt = 0;                  // the call that is answered with a cancel
 };
 

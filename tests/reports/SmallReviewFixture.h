@@ -1,6 +1,5 @@
 #pragma once
 
-#include "reports/classic/ReportsEngine.h"
 #include "results/ResultsDBFixture.h"
 
 #include <gmock/gmock.h>
@@ -35,7 +34,6 @@ protected:
         AddCategory(7, "Jumps");
         AddCategory(8, "Clarity");
         m_criteria.SetToleranceCount(1, 0);
-        m_engine.Initialise(m_rulebase.SeverityList(), m_rulebase.CategoryList());
         Start();
         m_project = SetUpProject();
     }
@@ -112,7 +110,6 @@ protected:
         return violation;
     }
 
-    ReportsEngine m_engine;
     std::unique_ptr<VirtualObject> m_project;
 };
 

@@ -1,6 +1,9 @@
+#include "reports/classic/SourceFileReport.h"
+
 #include "SmallReviewFixture.h"
 #include "criteria/ProgressInfo.h"
 #include "platform/host/modFiles.h"
+#include "reports/classic/ReportContext.h"
 #include "reports/format/modReportFilename.h"
 #include "support/FilesystemPaths.h"
 
@@ -35,7 +38,10 @@ public:
 
 class SourceFileReportTest : public test::SmallReviewFixture {
 protected:
-    SourceFileReportTest() { m_engine.SetEvents(&m_watch); }
+    void SetUp() override {
+        SmallReviewFixture::SetUp();
+        m_legend.Load(m_rulebase.SeverityList(), m_rulebase.CategoryList());
+    }
 
     /// A form with violations in its declarations and in one of its two procedures.
     void WriteForm() {
@@ -70,19 +76,17 @@ protected:
         file.ViolationStats().IncrementCount(violation.Severity, violation.Impact);
     }
 
+    void Write(const SourceFileReport::Subject& subject) {
+        ReportProgress progress(m_progress, m_listener);
+        m_cancelled = !SourceFileReport::CreateSourceFileReport(
+            {m_legend, m_output, progress}, subject, m_results);
+    }
+
     /// The report of the only file, or of the first; empty if none was written.
     std::string Page(bool tolerancesSet = false) {
         const auto files = m_results.Items().GetProjectSourceFileList(true, true);
         EXPECT_FALSE(files.empty());
-        m_cancelled = false;
-        m_engine.CreateSourceFileReport(
-            kProjectFile,
-            files.front(),
-            m_results,
-            m_progress,
-            m_folder.Path("Reports"),
-            m_cancelled,
-            tolerancesSet);
+        Write({kProjectFile, files.front(), m_folder.Path("Reports"), tolerancesSet});
         const std::string path = modDorvikUtils::CreateReportFilename(
             kProjectFile,
             ReportKind::SourceFile,
@@ -110,7 +114,10 @@ protected:
     }
 
     ProgressWatch m_watch;
+    IReportsEngineEvents* m_listener = &m_watch;
     ProgressInfo m_progress;
+    ReportLegend m_legend;
+    ReportOutput m_output;
     bool m_cancelled = false;
 };
 
@@ -273,14 +280,7 @@ TEST_F(SourceFileReportTest, EachAnchorOfTheContentsAndTablesMeetsAnId) {
 TEST_F(SourceFileReportTest, LinksToAProjectWhoseNameNeedsEncoding) {
     WriteForm();
     const auto files = m_results.Items().GetProjectSourceFileList(true, true);
-    m_engine.CreateSourceFileReport(
-        "C:\\Src\\50% C#.vbp",
-        files.front(),
-        m_results,
-        m_progress,
-        m_folder.Path("Reports"),
-        m_cancelled,
-        false);
+    Write({"C:\\Src\\50% C#.vbp", files.front(), m_folder.Path("Reports"), false});
     EXPECT_THAT(
         modFiles::ReadBytes(m_folder.Path("Reports\\frmK\xc3\xb6ln_frmK\xc3\xb6ln_Detail.html")),
         HasSubstr("<a href=\"50%25 C%23_Dorvik.html\">50% C#_Dorvik.html</a>"));
@@ -302,15 +302,14 @@ TEST_F(SourceFileReportTest, WithoutAFolderThePageLiesBesideTheProject) {
     WriteForm();
     const auto files = m_results.Items().GetProjectSourceFileList(true, true);
     const std::string projectFile = m_folder.Path("Billing.vbp");
-    m_engine.CreateSourceFileReport(
-        projectFile, files.front(), m_results, m_progress, "", m_cancelled, true);
+    Write({projectFile, files.front(), "", true});
     EXPECT_EQ(
         m_folder.Read("Dorvik\\frmK\xc3\xb6ln_frmK\xc3\xb6ln_Detail.html"), Golden("SourceFile"));
 }
 
-TEST_F(SourceFileReportTest, NobodyNeedsToHearOfTheProgress) {
+TEST_F(SourceFileReportTest, TheProgressNeedsNoListener) {
     WriteForm();
-    m_engine.SetEvents(nullptr);
+    m_listener = nullptr;
     EXPECT_EQ(Page(true), Golden("SourceFile"));
     EXPECT_EQ(m_progress.SourceFileProgress(), 10);
 }
@@ -356,8 +355,8 @@ TEST_F(SourceFileReportTest, APageThatCannotBeWrittenIsLogged) {
     EXPECT_EQ(Page(), "");
     EXPECT_THAT(m_log.Entries(), Contains(HasSubstr("ReportsEngine::SaveReport")));
     EXPECT_FALSE(m_cancelled);
-    EXPECT_THAT(m_engine.FailedReports(), ElementsAre(FormPage()));
-    EXPECT_THAT(m_engine.WrittenReports(), IsEmpty());
+    EXPECT_THAT(m_output.Failed(), ElementsAre(FormPage()));
+    EXPECT_THAT(m_output.Written(), IsEmpty());
 }
 
 TEST_F(SourceFileReportTest, AFailureInTheMiddleMakesItAFailedPageOfWhichNothingIsWritten) {
@@ -366,15 +365,15 @@ TEST_F(SourceFileReportTest, AFailureInTheMiddleMakesItAFailedPageOfWhichNothing
     EXPECT_EQ(Page(), "");
     EXPECT_THAT(m_log.Entries(), Contains(HasSubstr("ReportsEngine::CreateSourceFileReport")));
     EXPECT_FALSE(m_cancelled);
-    EXPECT_THAT(m_engine.FailedReports(), ElementsAre(FormPage()));
-    EXPECT_THAT(m_engine.WrittenReports(), IsEmpty());
+    EXPECT_THAT(m_output.Failed(), ElementsAre(FormPage()));
+    EXPECT_THAT(m_output.Written(), IsEmpty());
 }
 
 TEST_F(SourceFileReportTest, ACancelledPageIsNoFailedOne) {
     WriteForm();
     m_watch.CancelAt = 2;
     Page();
-    EXPECT_THAT(m_engine.FailedReports(), IsEmpty());
+    EXPECT_THAT(m_output.Failed(), IsEmpty());
 }
 
 TEST_F(SourceFileReportTest, AFilterOfTheResultsTakesNoPartInLinksAndDetails) {
@@ -384,7 +383,8 @@ TEST_F(SourceFileReportTest, AFilterOfTheResultsTakesNoPartInLinksAndDetails) {
     }
     m_results.Filter().SetDirty(true);
     const auto files = m_results.Items().GetProjectSourceFileList(true, true);
-    const auto locations = m_results.Items().GetSourceFileProcList(files.front().ObjectID, true, true);
+    const auto locations =
+        m_results.Items().GetSourceFileProcList(files.front().ObjectID, true, true);
     for (const BasicObject& location : locations) {
         ASSERT_EQ(location.ViolationCount, 0) << "the filter is not at work";
     }
@@ -415,7 +415,7 @@ TEST_F(SourceFileReportTest, AnEarlierPageIsReplaced) {
     WriteForm();
     const std::string page = Page();
     EXPECT_EQ(Page(), page);
-    EXPECT_EQ(m_engine.WrittenReports().size(), 2U);
+    EXPECT_EQ(m_output.Written().size(), 2U);
 }
 
 }  // namespace

@@ -67,12 +67,5 @@ TEST(modDorvikUtils, ALogNameIsMadeEvenWithoutADot) {
         "C:\\Src\\Dor_DORVIK.txt");
 }
 
-TEST(modDorvikUtils, TheSubFolderStandsBesideTheProjectFile) {
-    EXPECT_EQ(
-        modDorvikUtils::ConvertToDorvikSubFolderPath("C:\\Src\\Billing.vbp"),
-        "C:\\Src\\Dorvik\\Billing.vbp");
-    EXPECT_EQ(modDorvikUtils::ConvertToDorvikSubFolderPath("C:\\Src\\"), "C:\\Src\\Dorvik\\");
-}
-
 }  // namespace
 }  // namespace dorvik

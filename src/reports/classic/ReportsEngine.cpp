@@ -3,10 +3,14 @@
 #include "BatchReport.h"
 #include "ProjectReport.h"
 #include "ReportContext.h"
-#include "SourceFileReport.h"
+#include "ReportLegend.h"
+#include "ReportOutput.h"
+#include "ReportProgress.h"
 #include "criteria/ReviewCriteria.h"
 #include "foundation/log/Trap.h"
+#include "reports/classic/ProjectReportOrder.h"
 #include "reports/classic/modProjectDatabase.h"
+#include "results/ResultsDB.h"
 #include "source/VirtualProject.h"
 
 namespace dorvik {
@@ -18,10 +22,6 @@ ReportsEngine::~ReportsEngine() = default;
 
 void ReportsEngine::Initialise(const SeverityTable& severities, const CategoryList& categories) {
     Trap({kModule, "Initialise"}, [&] { m_legend->Load(severities, categories); });
-}
-
-bool ReportsEngine::UpdateProgressDisplay(ProgressInfo& progress, std::int32_t state) {
-    return ReportProgress(progress, m_events).Update(state);
 }
 
 void ReportsEngine::CreateProjectReport(
@@ -77,19 +77,6 @@ void ReportsEngine::CreateBatchReport(const ReviewCriteria& criteria, ProgressIn
             ReportKind::BatchSummary,
             criteria.FixedFolderReports()));
     }
-}
-
-void ReportsEngine::CreateSourceFileReport(
-    std::string_view projectFile,
-    const BasicObject& sourceFile,
-    ResultsDB& results,
-    ProgressInfo& progress,
-    std::string_view folder,
-    bool& cancel,
-    bool tolerancesSet) {
-    ReportProgress events(progress, m_events);
-    cancel = !SourceFileReport::CreateSourceFileReport(
-        {*m_legend, *m_output, events}, {projectFile, sourceFile, folder, tolerancesSet}, results);
 }
 
 const std::vector<std::string>& ReportsEngine::WrittenReports() const {

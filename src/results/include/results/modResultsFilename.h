@@ -18,7 +18,4 @@ std::string CreateResultsFilename(std::string_view projectFile, std::string_view
 /// Full path of the project's review log, under the same rules, except that a path without "." has one too.
 std::string CreateProjectLogFilename(std::string_view projectFile, std::string_view resultsFolder);
 
-/// The path of the project file moved into the sub-folder "Dorvik\" of its own folder.
-std::string ConvertToDorvikSubFolderPath(std::string_view projectFile);
-
 }  // namespace dorvik::modDorvikUtils

@@ -3,7 +3,6 @@
 #include "reports/classic/IReportsEngineEvents.h"
 #include "rulebase/model/CategoryList.h"
 #include "rulebase/model/Rulebase.h"
-#include "source/BasicObject.h"
 
 #include <cstdint>
 #include <memory>
@@ -44,8 +43,6 @@ public:
     /// The listener for progress events, or null. REQUIRES: it outlives this object, or is replaced before it is
     /// destroyed.
     void SetEvents(IReportsEngineEvents* events) { m_events = events; }
-    /// Raises the event, lets the host process its own events, and gives back the cancel flag.
-    bool UpdateProgressDisplay(ProgressInfo& progress, std::int32_t state);
 
     // ---- reports ----
 
@@ -56,17 +53,6 @@ public:
     bool CreateReportsOfDatabase(
         ResultsDB& results, const ProjectReportOrder& order, ProgressInfo& progress);
     void CreateBatchReport(const ReviewCriteria& criteria, ProgressInfo& progress);
-    /// The page of one source file, or of the project file. `folder` is the fixed folder of the
-    /// reports, empty where they go beside the project. `cancel` comes back true where the
-    /// report was cancelled; no file is written then.
-    void CreateSourceFileReport(
-        std::string_view projectFile,
-        const BasicObject& sourceFile,
-        ResultsDB& results,
-        ProgressInfo& progress,
-        std::string_view folder,
-        bool& cancel,
-        bool tolerancesSet);
 
     // ---- the pages of this engine ----
 
