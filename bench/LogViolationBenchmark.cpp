@@ -21,6 +21,7 @@
 
 namespace {
 
+using dorvik::ItemType;
 using dorvik::ResultsDB;
 using dorvik::Violation;
 

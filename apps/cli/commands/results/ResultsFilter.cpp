@@ -153,6 +153,7 @@ namespace modRuleKinds {
 
 std::vector<std::string> Keys() {
     std::vector<std::string> keys;
+    keys.reserve(kKinds.size());
     for (const KindRow& row : kKinds) {
         keys.emplace_back(row.Key);
     }

@@ -59,6 +59,7 @@ void ResultsRecords::PrintAsCsv() const {
     csv.AddLine({m_names.begin(), m_names.end()});
     for (const std::vector<RecordValue>& record : m_records) {
         std::vector<std::string> line;
+        line.reserve(record.size());
         for (const RecordValue& value : record) {
             line.push_back(std::visit(CsvText(), value));
         }
