@@ -90,16 +90,16 @@ std::string Number(double value, std::int32_t decimals) {
     if (!std::isfinite(value)) {
         RaiseRuntimeError(runtimeerror::kOverflow);
     }
-    const auto behindPoint = static_cast<std::size_t>(std::max(decimals, 0));
+    const auto afterPoint = static_cast<std::size_t>(std::max(decimals, 0));
     std::string digits = Rounded(value, std::max(decimals, 0));
-    if (digits.size() <= behindPoint) {
-        digits.insert(0, behindPoint + 1 - digits.size(), '0');
+    if (digits.size() <= afterPoint) {
+        digits.insert(0, afterPoint + 1 - digits.size(), '0');
     }
     const bool isZero = digits.find_first_not_of('0') == std::string::npos;
-    const std::size_t beforePoint = digits.size() - behindPoint;
+    const std::size_t beforePoint = digits.size() - afterPoint;
     std::string result = value < 0 && !isZero ? "-" : "";
     result += WithGroups(std::string_view(digits).substr(0, beforePoint));
-    if (behindPoint > 0) {
+    if (afterPoint > 0) {
         result += kDecimalPoint;
         result += digits.substr(beforePoint);
     }
@@ -107,10 +107,12 @@ std::string Number(double value, std::int32_t decimals) {
 }
 
 std::chrono::seconds SecondsOf(const DateTime& date) {
-    using namespace std::chrono;
-    const sys_days day = year(date.Year) / month(static_cast<unsigned>(date.Month)) /
-                         std::chrono::day(static_cast<unsigned>(date.Day));
-    return day.time_since_epoch() + hours(date.Hour) + minutes(date.Minute) + seconds(date.Second);
+    namespace chrono = std::chrono;
+    const chrono::sys_days day = chrono::year(date.Year) /
+                                 chrono::month(static_cast<unsigned>(date.Month)) /
+                                 chrono::day(static_cast<unsigned>(date.Day));
+    return day.time_since_epoch() + chrono::hours(date.Hour) + chrono::minutes(date.Minute) +
+           chrono::seconds(date.Second);
 }
 
 }  // namespace

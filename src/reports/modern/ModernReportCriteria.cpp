@@ -57,9 +57,10 @@ LimitRows(const ModernReportData& data, const LongArrayList& limits, const std::
     for (std::int32_t index = 1; index <= ToleranceSettings::kPlaces; ++index) {
         if (limits.Item(index) != ToleranceSettings::kNotSet) {
             const std::optional<Severity> severity = SeverityOf(index);  // none: the total
-            const std::string title =
+            std::string label =
                 severity ? Escape(data.Severities.at(IndexOf(*severity)).Title) : "Total";
-            rows += Row(title + " " + what, "at most " + Figure(limits.Item(index)));
+            label.append(" ").append(what);
+            rows += Row(label, "at most " + Figure(limits.Item(index)));
         }
     }
     return rows;
