@@ -130,11 +130,18 @@ std::string SeverityFilter(const ModernReportData& data) {
     const SeverityFigures& counts = data.Violations.Counts();
     for (const Severity severity : kSeverities) {
         const std::string level = std::to_string(NumberOf(severity));
-        html += "<label class=\"chip\"><input type=\"checkbox\" checked id=\"severity-" + level +
-                "\" value=\"" + level + "\">" + SeverityShape(severity) + " " +
-                Escape(data.Severities.at(IndexOf(severity)).Title) + " <span class=\"count\">" +
-                modReportFormat::FormatNumber(counts.at(IndexOf(severity)), 0, /*showZero=*/true) +
-                "</span></label>\n";
+        html.append("<label class=\"chip\"><input type=\"checkbox\" checked id=\"severity-")
+            .append(level)
+            .append("\" value=\"")
+            .append(level)
+            .append("\">")
+            .append(SeverityShape(severity))
+            .append(" ")
+            .append(Escape(data.Severities.at(IndexOf(severity)).Title))
+            .append(" <span class=\"count\">")
+            .append(
+                modReportFormat::FormatNumber(counts.at(IndexOf(severity)), 0, /*showZero=*/true))
+            .append("</span></label>\n");
     }
     return html + "</div></fieldset>\n";
 }
