@@ -2,7 +2,7 @@
 """Keeps words out of comments, texts of the program and documents that a reader from the field would have to decode:
 docs/glossary.md has the words that this project uses instead.
   tools/check_words.py               the whole tree; ends with 1 if a word is found
-  tools/check_words.py --count       how often each word is found, by folder, the folders left out included
+  tools/check_words.py --count       how often each word is found, by folder
   tools/check_words.py FILE...       these files only, wherever they are"""
 import collections
 import pathlib
@@ -20,12 +20,6 @@ SCRIPTS = (".py", ".sh", ".cmake", "")
 VIOLATION_TEXT = re.compile(r'<ViolationDefinition\b[^>]*>|\b(?:\w*Advice|Title)="[^"]*"')
 BASIC_COMMENT = re.compile(r'"[^"\n]*"|\'([^\n]*)')
 
-# Folders and files that are not checked (yet). The check goes for every folder; this table is meant to be empty.
-LEFT_OUT = (
-    "src/basic/program", "src/rulebase/catalogue",
-    "src/rulebase/check",
-    "src/source/include/source/Properties.def", "docs/rulebase.md",  # the texts of the catalogue, and its tables
-)
 # These have to name the words.
 NAME_THE_WORDS = ("docs/glossary.md", "tools/check_words.py")
 
@@ -122,10 +116,6 @@ def Files():
                     yield name, path
 
 
-def IsLeftOut(name):
-    return any(name == folder or name.startswith(folder + "/") for folder in LEFT_OUT)
-
-
 def Count():
     table = collections.Counter()
     for name, path in Files():
@@ -142,7 +132,7 @@ def Count():
 def main(arguments):
     if arguments == ["--count"]:
         return Count()
-    files = [(name, pathlib.Path(name)) for name in arguments] or [f for f in Files() if not IsLeftOut(f[0])]
+    files = [(name, pathlib.Path(name)) for name in arguments] or list(Files())
     count = 0
     for name, path in files:
         for line, found, instead in Findings(path):

@@ -27,13 +27,13 @@ public:
         const VirtualSourceFile* /*file*/) override {
         const auto number = static_cast<std::int32_t>(event);
         Seen.insert(number);
-        for (const std::string_view name : modEventScope::Promised(number)) {
+        for (const std::string_view name : modEventScope::DocumentedScope(number)) {
             if (name != scopename::kSource && state.FindVirtualObject(name) == nullptr) {
                 Missing.insert(modEventScope::Describe(number) + ": " + std::string(name));
             }
         }
         for (const std::string& name : state.ScopeNames()) {
-            if (!modEventScope::MayHold(number, name)) {
+            if (!modEventScope::MayBeInScope(number, name)) {
                 Surplus.insert(modEventScope::Describe(number) + ": " + name);
             }
         }

@@ -142,7 +142,9 @@ TEST(RulebaseCheck, SaysWhyAFileCannotBeChecked) {
     EXPECT_EQ(ProblemOf("<Notes/>"), "the element 'Notes' has no schema version");
     RulebaseText text;
     text.SchemaVersion = "7.0";
-    EXPECT_THAT(ProblemOf(text.Text()), HasSubstr("its schema version is '7.0'"));
+    EXPECT_THAT(
+        ProblemOf(text.Text()),
+        HasSubstr("its schema version is '7.0'; supported versions are 6.0, 6.1 and 6.2"));
     EXPECT_THAT(
         ProblemOf("<!DOCTYPE a [<!ENTITY b 'c'>]><a SchemaVersion='6.2'>&b;</a>"),
         HasSubstr("document type"));
@@ -151,7 +153,9 @@ TEST(RulebaseCheck, SaysWhyAFileCannotBeChecked) {
 TEST(RulebaseCheck, AFileOfAnOlderSchemaIsCheckedAsItWouldBeLoaded) {
     RulebaseText text = WithKeywords(Keyword("x", "30", "%Nothing.Name%"));
     text.SchemaVersion = "6.1";
-    EXPECT_THAT(CheckText(text), ElementsAre(HasSubstr("%Nothing.Name% names no object")));
+    EXPECT_THAT(
+        CheckText(text),
+        ElementsAre(HasSubstr("%Nothing.Name% names an object that does not exist")));
 }
 
 TEST(RulebaseCheck, TellsAMissingAttributeAndALaterFaultInTheSameSection) {
@@ -166,7 +170,9 @@ TEST(RulebaseCheck, TellsAMissingAttributeAndALaterFaultInTheSameSection) {
         ElementsAre(
             "unreadable UnauthorisedKeyword 5000 'K', Condition: the attribute is missing; the "
             "rules from here on are not loaded",
-            "unknown UnauthorisedKeyword 5001 'K', ParserEventID: there is no event 99"));
+            "unknown UnauthorisedKeyword 5001 'K', ParserEventID: there is no event 99; events "
+            "have the "
+            "numbers 1 to 37"));
 }
 
 TEST(RulebaseCheck, TellsWhatBelongsWhereSomethingElseStands) {
@@ -273,10 +279,10 @@ TEST(RulebaseCheck, IdentifiersMustBeUnique) {
         UnorderedElementsAre(
             HasSubstr("ScopeTag 'local', TagName: 'local' is already that of ScopeTag 'Local'"),
             HasSubstr("CategoryItem 'B', ID: '1' is already that of CategoryItem 'A'"),
-            HasSubstr("CategoryList, LastID: it is 1, below the ID 4"),
+            HasSubstr("CategoryList, LastID: it is 1, less than the ID 4"),
             HasSubstr("AuthorisedComponent 'b.ocx', LibID: '{a}' is already that of"),
             HasSubstr("UnauthorisedKeyword 5000 'K', RuleID: the number is already that of"),
-            HasSubstr("Rules, LastRuleID: it is 4999, below the number of")));
+            HasSubstr("Rules, LastRuleID: it is 4999, less than the number of")));
 }
 
 TEST(RulebaseCheck, CategoriesAndSeveritiesMustBeThere) {
@@ -285,8 +291,8 @@ TEST(RulebaseCheck, CategoriesAndSeveritiesMustBeThere) {
         CheckText(text),
         ElementsAre(
             HasSubstr("unknown UnauthorisedKeyword 5000 'No Stop', ViolationDefinition CategoryID: "
-                      "there is no category 7"),
-            HasSubstr("SeverityLevel: 6 is no severity from 1 to 5")));
+                      "there is no category 7; use the ID of a category, or -1 for none"),
+            HasSubstr("SeverityLevel: 6 is not a severity from 1 to 5")));
 }
 
 TEST(RulebaseCheck, AHiddenCategoryIsACategory) {
@@ -300,10 +306,11 @@ TEST(RulebaseCheck, KeywordsActAtThreeEventsOnly) {
     EXPECT_THAT(CheckText(WithKeywords(Keyword("x", "10|28|30", ""))), IsEmpty());
     EXPECT_THAT(
         CheckText(WithKeywords(Keyword("x", "30|34", ""))),
-        ElementsAre(HasSubstr("never at event 34 (end Procedure)")));
+        ElementsAre(HasSubstr(
+            "keywords are tested at events 10, 28 and 30 only, not at event 34 (end Procedure)")));
     EXPECT_THAT(
         CheckText(WithKeywords(Keyword("x", "", ""))),
-        ElementsAre(HasSubstr("the rule is assigned to no event, so it never fires")));
+        ElementsAre(HasSubstr("the rule is not assigned to any event, so it is never applied")));
 }
 
 TEST(RulebaseCheck, PatternsMustCompile) {
@@ -312,14 +319,15 @@ TEST(RulebaseCheck, PatternsMustCompile) {
         ElementsAre(HasSubstr("pattern UnauthorisedKeyword 5000 'K', Condition: ")));
     EXPECT_THAT(
         CheckText(WithKeywords(Keyword("", "30", ""))),
-        ElementsAre(HasSubstr("the pattern is empty, so it fits every statement")));
+        ElementsAre(HasSubstr("the pattern is empty, so it matches every statement")));
     NamingParts body;
     body.Body = R"(BodyActive="True" BodyPattern="[a" BodyMaxLength="3" BodyMinLength="5")";
     EXPECT_THAT(
         CheckText(WithNaming(body)),
         ElementsAre(
             HasSubstr("BodyPattern: "),
-            HasSubstr("no body has at least 5 characters and at most 3")));
+            HasSubstr("it is greater than BodyMaxLength: no body has at least 5 characters and at "
+                      "most 3")));
     NamingParts prefix;
     prefix.PrefixItems = R"(<PrefixItem PSType="1" PSValue="(a"/>)";
     EXPECT_THAT(CheckText(WithNaming(prefix)), ElementsAre(HasSubstr("PrefixItems: ")));
@@ -342,10 +350,10 @@ TEST(RulebaseCheck, TagsMustNameWhatExists) {
             Keyword("x", "30", "%Procdure.Name% %Procedure.Nmae%", "%Reference.FullFilename%"))),
         ElementsAre(
             HasSubstr("tag UnauthorisedKeyword 5000 'K', ViolationDefinition Description: "
-                      "%Procdure.Name% names no object; is 'Procedure' meant?"),
-            HasSubstr("%Procedure.Nmae% asks for a property that 'Procedure' does not have; is "
+                      "%Procdure.Name% names an object that does not exist; is 'Procedure' meant?"),
+            HasSubstr("%Procedure.Nmae% reads a property that 'Procedure' does not have; is "
                       "'Name' meant?"),
-            HasSubstr("ViolationDefinition Advice: %Reference.FullFilename% asks for a property "
+            HasSubstr("ViolationDefinition Advice: %Reference.FullFilename% reads a property "
                       "that is never set")));
 }
 
@@ -362,7 +370,8 @@ TEST(RulebaseCheck, UnlistedPropertiesThatCanBeReadAreNoFault) {
 TEST(RulebaseCheck, ATagBehindALonePercentSignIsNotFilledIn) {
     EXPECT_THAT(
         CheckText(WithKeywords(Keyword("x", "30", "100% of %Procedure.Name%"))),
-        ElementsAre(HasSubstr("%Procedure.Name% is not filled in")));
+        ElementsAre(HasSubstr("%Procedure.Name% is not replaced, because the percent sign before ' "
+                              "of ' does not begin a tag")));
     EXPECT_THAT(CheckText(WithKeywords(Keyword("x", "30", "100% of all"))), IsEmpty());
 }
 
@@ -370,7 +379,7 @@ TEST(RulebaseCheck, ObjectsMustBeInScopeAtTheEventsOfTheRule) {
     EXPECT_THAT(
         CheckText(WithKeywords(Keyword("x", "10|30", "%Procedure.Name%"))),
         ElementsAre("scope UnauthorisedKeyword 5000 'K', ViolationDefinition Description: "
-                    "%Procedure.Name% asks for 'Procedure', which is not in scope at event 10 "
+                    "%Procedure.Name% reads 'Procedure', which is not in scope at event 10 "
                     "(Declaration)"));
 }
 
@@ -396,7 +405,9 @@ TEST(RulebaseCheck, APendingViolationNeedsAnEventThatEndsAScope) {
         parts.EndEvent = event;
         EXPECT_THAT(
             CheckText(WithCoding(parts)),
-            ElementsAre(HasSubstr("never-fires CodingConvention 5000 'C', EndEventID: ")))
+            ElementsAre(HasSubstr("never-fires CodingConvention 5000 'C', EndEventID: a pending "
+                                  "violation must have an end event, which is 8, 17, "
+                                  "24, 27, 34, 35, 36 or 37")))
             << event;
     }
 }
@@ -413,7 +424,9 @@ TEST(RulebaseCheck, ACodingConventionWithoutAScriptRaisesNothingUnlessItIsPendin
 TEST(RulebaseCheck, NamingConventionsNeedAnObjectThatIsTestedAndAPropertyOfIt) {
     NamingParts parts;
     parts.ObjectType = "0";
-    EXPECT_THAT(CheckText(WithNaming(parts)), ElementsAre(HasSubstr("there is no object type 0")));
+    EXPECT_THAT(
+        CheckText(WithNaming(parts)),
+        ElementsAre(HasSubstr("there is no object type 0; object types have the numbers 1 to 49")));
     parts.ObjectType = "21";
     EXPECT_THAT(
         CheckText(WithNaming(parts)),
@@ -422,7 +435,7 @@ TEST(RulebaseCheck, NamingConventionsNeedAnObjectThatIsTestedAndAPropertyOfIt) {
     parts.PropertyName = "Nam";
     EXPECT_THAT(
         CheckText(WithNaming(parts)),
-        ElementsAre(HasSubstr("PropertyName: 'Nam' asks for a property that 'Variable' does not "
+        ElementsAre(HasSubstr("PropertyName: 'Nam' reads a property that 'Variable' does not "
                               "have; is 'Name' meant?")));
 }
 
@@ -433,11 +446,12 @@ TEST(RulebaseCheck, PartsOfANameNeedWhatTheyAreMadeFrom) {
     EXPECT_THAT(
         CheckText(WithNaming(parts)),
         ElementsAre(
-            HasSubstr("PrefixItem 1: 'Variable' has no 'ProgID', so there is no control tag"),
+            HasSubstr(
+                "PrefixItem 1: 'Variable' has no 'ProgID', so there is no control tag for it"),
             HasSubstr("PrefixItem 2: there is no item type 7"),
-            HasSubstr("PrefixItem 3: 'Procedure.Name' asks for 'Procedure', which is not in scope "
+            HasSubstr("PrefixItem 3: 'Procedure.Name' reads 'Procedure', which is not in scope "
                       "at event 25 (Variable)"),
-            HasSubstr("PrefixItem 4: 'Name' names no object")));
+            HasSubstr("PrefixItem 4: 'Name' is not an object and a property joined by a point")));
 }
 
 TEST(RulebaseCheck, AnArgumentHasAScopeTagWithoutAScope) {

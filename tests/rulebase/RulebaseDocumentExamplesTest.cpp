@@ -116,7 +116,7 @@ TEST(RulebaseGuide, TheTableOfEventsIsThatOfTheCatalogue) {
     for (const ParserEventRow& row : kParserEvents) {
         const auto event = static_cast<std::int32_t>(row.Event);
         std::string scope;
-        for (const std::string_view name : modEventScope::Promised(event)) {
+        for (const std::string_view name : modEventScope::DocumentedScope(event)) {
             scope += (scope.empty() ? "" : ", ") + std::string(name);
         }
         EXPECT_THAT(

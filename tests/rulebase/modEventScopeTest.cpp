@@ -13,7 +13,7 @@ namespace dorvik {
 
 TEST(modEventScope, EveryEventPromisesTheProjectLast) {
     for (const ParserEventRow& row : kParserEvents) {
-        const auto promised = modEventScope::Promised(static_cast<std::int32_t>(row.Event));
+        const auto promised = modEventScope::DocumentedScope(static_cast<std::int32_t>(row.Event));
         ASSERT_FALSE(promised.empty()) << row.Text;
         EXPECT_EQ(promised.back(), "Project") << row.Text;
     }
@@ -21,13 +21,14 @@ TEST(modEventScope, EveryEventPromisesTheProjectLast) {
 
 TEST(modEventScope, TheNoteAtTheSourceLineIsNoObject) {
     EXPECT_EQ(
-        modEventScope::Promised(4), (std::vector<std::string_view>{"Source", "File", "Project"}));
+        modEventScope::DocumentedScope(4),
+        (std::vector<std::string_view>{"Source", "File", "Project"}));
 }
 
 TEST(modEventScope, ANumberThatIsNoEventHoldsNothing) {
     for (const std::int32_t event : {-1, 0, 38}) {
-        EXPECT_TRUE(modEventScope::Promised(event).empty());
-        EXPECT_FALSE(modEventScope::MayHold(event, "Project"));
+        EXPECT_TRUE(modEventScope::DocumentedScope(event).empty());
+        EXPECT_FALSE(modEventScope::MayBeInScope(event, "Project"));
     }
 }
 
@@ -54,14 +55,15 @@ TEST(modEventScope, KnowsWhatARuleMayAskWhere) {
         {26, "File", false},
     };
     for (const HoldRow& row : kRows) {
-        EXPECT_EQ(modEventScope::MayHold(row.Event, row.Object), row.Holds)
+        EXPECT_EQ(modEventScope::MayBeInScope(row.Event, row.Object), row.Holds)
             << row.Event << " " << row.Object;
     }
 }
 
 TEST(modNamingEvents, TheObjectOfEachRowIsInScopeAndNamesTheFamily) {
     for (const NamingEventRow& row : modNamingEvents::Rows()) {
-        EXPECT_TRUE(modEventScope::MayHold(static_cast<std::int32_t>(row.Event), row.ObjectName));
+        EXPECT_TRUE(
+            modEventScope::MayBeInScope(static_cast<std::int32_t>(row.Event), row.ObjectName));
         const ObjectRow* type = modObjectCatalogue::Find(static_cast<std::int32_t>(row.Type));
         ASSERT_NE(type, nullptr);
         EXPECT_EQ(

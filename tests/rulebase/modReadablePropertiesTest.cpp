@@ -7,7 +7,7 @@
 
 namespace dorvik {
 
-using modReadableProperties::Look;
+using modReadableProperties::FindReading;
 using modReadableProperties::Reading;
 
 TEST(modReadableProperties, EveryListedPropertyButOneCanBeRead) {
@@ -18,7 +18,9 @@ TEST(modReadableProperties, EveryListedPropertyButOneCanBeRead) {
         ObjectHelper::GetPropertyList(1, static_cast<std::int32_t>(row.Type), names, numbers);
         for (std::int32_t index = 1; index <= names.Count() && row.Type == row.Root; ++index) {
             const bool never = row.Name == "Reference" && names.Item(index) == "FullFilename";
-            EXPECT_EQ(Look(row.Name, names.Item(index)), never ? Reading::Never : Reading::Possible)
+            EXPECT_EQ(
+                FindReading(row.Name, names.Item(index)),
+                never ? Reading::Never : Reading::Possible)
                 << row.Name << "." << names.Item(index);
             ++seen;
         }
@@ -56,7 +58,7 @@ TEST(modReadableProperties, KnowsWhatIsReadableWithoutBeingListed) {
         {"", "Name", Reading::UnknownObject},
     };
     for (const LookRow& row : kRows) {
-        EXPECT_EQ(Look(row.Object, row.Property), row.Expected)
+        EXPECT_EQ(FindReading(row.Object, row.Property), row.Expected)
             << row.Object << "." << row.Property;
     }
 }

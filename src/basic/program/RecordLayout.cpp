@@ -14,7 +14,7 @@ namespace dorvik::basic::modRecordLayout {
 
 namespace {
 
-/// What a value takes, and a multiple of what its offset in memory is.
+/// The size of a value, and what its offset in memory is a multiple of.
 struct Extent {
     std::int64_t Size = 0;
     std::int64_t Alignment = 1;
@@ -23,7 +23,7 @@ struct Extent {
 constexpr Extent kAddress{4, 4};
 constexpr Extent kVariantExtent{16, 4};
 
-/// More than any script can have. Sizes end here, so that bounds as wide as can be written overflow nothing.
+/// More than any script can have. Sizes saturate here, so that the widest bounds do not overflow them.
 constexpr std::int64_t kMost = std::int64_t{1} << 40;
 
 std::int64_t Aligned(std::int64_t offset, std::int64_t alignment) {
@@ -50,7 +50,7 @@ DeclaredType ElementOf(const VariableShape& shape) {
     return element;
 }
 
-/// What the types of a module take. Each Type is worked out once: one may stand in others many times.
+/// The extents of a module's Types. Each is computed once, as it may be a member of others many times.
 class Layout {
 public:
     Layout(const Program& program, Form form)
@@ -172,7 +172,7 @@ Number Taken(const char* bytes) {
     return number;
 }
 
-/// A character beyond the first plane has no room in one unit.
+/// A character beyond the first plane does not fit into one unit.
 void PutFixedText(char* bytes, std::string_view text) {
     for (std::size_t position = 0; position < text.size(); bytes += 2) {
         const char32_t character = modCharacters::Next(text, position);

@@ -16,8 +16,8 @@ constexpr std::string_view kConstText =
 constexpr std::string_view kVariableText =
     "Variable: A collection of properties relating to an individual variable declared at module level or within a procedure.";
 
-// In the order of the numbers. A refinement of a file tells that it is there for naming conventions; a
-// refinement of an argument, a constant or a variable shares the text of its family.
+// In the order of the numbers. The description of a refinement of a file says that it is for naming conventions;
+// a refinement of an argument, a constant or a variable shares the description of its family.
 constexpr std::array<ObjectRow, kLastObjectType> kObjects = {{
     {ObjectType::Argument, ObjectType::Argument, "Argument", "Argument", "Argument", "Argument", true,
      kArgumentText},

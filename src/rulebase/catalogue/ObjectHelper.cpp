@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::int32_t kNamesOnly = 3;
 
-/// Types that a list shows in these modes, behind those that it shows in every mode.
+/// A type and the modes in which a list shows it. Those of every mode come first.
 struct ObjectListRow {
     ObjectType Type;
     std::string_view Modes;  // a digit for each; empty for any mode
@@ -51,7 +51,7 @@ bool IsListed(const ObjectListRow& row, std::int32_t mode) {
                                  row.Modes.find(static_cast<char>('0' + mode)) != row.Modes.npos);
 }
 
-void Note(const std::string& message, std::string_view procedure) {
+void LogMissing(const std::string& message, std::string_view procedure) {
     modLog::Log().LogDebugTrace(message, procedure, "ObjectHelper");
 }
 
@@ -63,25 +63,26 @@ std::string PropertyWords(std::int32_t propertyNumber) {
     return "property number " + std::to_string(propertyNumber);
 }
 
-/// Null, and a note in the log, for a number that is no object type.
+/// Null, and logged, for a number that is not an object type.
 const ObjectRow* FindObject(std::int32_t objectType, std::string_view procedure) {
     const ObjectRow* row = modObjectCatalogue::Find(objectType);
     if (row == nullptr) {
-        Note(ObjectTypeWords(objectType) + " is not in the catalogue.", procedure);
+        LogMissing(ObjectTypeWords(objectType) + " is not in the catalogue.", procedure);
     }
     return row;
 }
 
-/// Null, and a note in the log, for a number that is no property.
+/// Null, and logged, for a number that is not a property.
 const PropertyRow* FindProperty(std::int32_t propertyNumber, std::string_view procedure) {
     const PropertyRow* row = modPropertyCatalogue::Find(propertyNumber);
     if (row == nullptr) {
-        Note("There is no " + PropertyWords(propertyNumber) + " in the catalogue.", procedure);
+        LogMissing(
+            "There is no " + PropertyWords(propertyNumber) + " in the catalogue.", procedure);
     }
     return row;
 }
 
-/// A text of an object that not every type has. Empty, and a note in the log, where there is none.
+/// A text that not every object type has. Empty, and logged, where there is none.
 std::string_view ObjectColumn(
     std::int32_t objectType, std::string_view ObjectRow::*column, std::string_view procedure) {
     const ObjectRow* row = FindObject(objectType, procedure);
@@ -90,7 +91,7 @@ std::string_view ObjectColumn(
     }
     const std::string_view text = row->*column;
     if (text.empty()) {
-        Note(ObjectTypeWords(objectType) + " has no such text in the catalogue.", procedure);
+        LogMissing(ObjectTypeWords(objectType) + " has no such text in the catalogue.", procedure);
     }
     return text;
 }
@@ -146,7 +147,7 @@ ObjectHelper::ObjectPropertyDescription(std::int32_t objectType, std::int32_t pr
     const PropertyDescription* description =
         modPropertyDescriptions::Find(object->Root, property->Number);
     if (description == nullptr) {
-        Note(
+        LogMissing(
             ObjectTypeWords(objectType) + " has no " + PropertyWords(propertyNumber) + ".",
             kProcedure);
         return {};

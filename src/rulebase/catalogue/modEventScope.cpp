@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::string_view kIntroduction = "In scope: ";
 
-/// What a source line may stand in; the event of the line itself comes before those of its contents.
+/// What a source line may be in; the event of the line is raised before those of its contents.
 constexpr std::string_view kOpenAtASourceLine[] = {
     scopename::kProcedure,
     scopename::kEnum,
@@ -30,7 +30,7 @@ bool Holds(const std::vector<std::string_view>& names, std::string_view name) {
 
 }  // namespace
 
-std::vector<std::string_view> Promised(std::int32_t event) {
+std::vector<std::string_view> DocumentedScope(std::int32_t event) {
     const ParserEventRow* row = FindParserEvent(event);
     if (row == nullptr) {
         return {};
@@ -45,9 +45,9 @@ std::vector<std::string_view> Promised(std::int32_t event) {
     return names;
 }
 
-bool MayHold(std::int32_t event, std::string_view objectName) {
-    const std::vector<std::string_view> promised = Promised(event);
-    if (promised.empty()) {
+bool MayBeInScope(std::int32_t event, std::string_view objectName) {
+    const std::vector<std::string_view> documented = DocumentedScope(event);
+    if (documented.empty()) {
         return false;
     }
     if (modTextCase::Equal(objectName, scopename::kNamingConvention) ||
@@ -55,7 +55,7 @@ bool MayHold(std::int32_t event, std::string_view objectName) {
         return true;
     }
     if (modTextCase::Equal(objectName, scopename::kDeclarations)) {
-        return Holds(promised, scopename::kFile);
+        return Holds(documented, scopename::kFile);
     }
     if (event == static_cast<std::int32_t>(ParserEvent::SourceLine) &&
         std::any_of(
@@ -64,7 +64,7 @@ bool MayHold(std::int32_t event, std::string_view objectName) {
             [&](std::string_view open) { return modTextCase::Equal(open, objectName); })) {
         return true;
     }
-    return Holds(promised, objectName);
+    return Holds(documented, objectName);
 }
 
 std::string Describe(std::int32_t event) {

@@ -63,7 +63,7 @@ constexpr NamingEventRow kRows[] = {
     {P::EndProject, O::Project, kProject},
 };
 
-/// The first row of each event, by number; one behind the last event has the end of the rows.
+/// The position of each event's first row, by event number; one past the last event, the end of the rows.
 constexpr auto kFirstRows = [] {
     std::array<std::size_t, kLastParserEvent + 2> first{};
     for (std::size_t event = 0; event < first.size(); ++event) {

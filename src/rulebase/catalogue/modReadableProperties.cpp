@@ -92,7 +92,7 @@ std::size_t Distance(std::string_view left, std::string_view right) {
 
 std::string
 Nearest(const std::vector<std::string_view>& names, std::string_view sought, std::size_t farthest) {
-    constexpr std::size_t kLongestName = 64;  // nobody mistypes a name of that length
+    constexpr std::size_t kLongestName = 64;  // a longer name is not a mistyped one
     std::string_view nearest;
     std::size_t least = farthest + 1;
     for (const std::string_view name : names) {
@@ -136,7 +136,7 @@ std::vector<std::string_view> KnownProperties(std::string_view objectName) {
     return names;
 }
 
-Reading Look(std::string_view objectName, std::string_view propertyName) {
+Reading FindReading(std::string_view objectName, std::string_view propertyName) {
     if (FindRoot(objectName) == nullptr && !Holds(kUncatalogued, objectName)) {
         return Reading::UnknownObject;
     }
@@ -150,7 +150,7 @@ Reading Look(std::string_view objectName, std::string_view propertyName) {
         Holds(KnownProperties(objectName), propertyName)) {
         return Reading::Possible;
     }
-    // Any key of a project file is a property, so only what looks like a slip of the pen is told.
+    // Any key of a project file is a property, so only what looks like a typing error is rejected.
     if (IsProject(objectName) && Nearest(KnownProperties(objectName), propertyName, 1).empty()) {
         return Reading::Possible;
     }

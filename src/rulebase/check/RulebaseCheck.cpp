@@ -39,7 +39,7 @@ constexpr KindRow kKinds[] = {
 /// The events at which the default violations are raised, by position.
 constexpr std::int32_t kDefaultViolationEvents[] = {5, 5, 26, 26, 7};
 
-/// The rows that a review asks for by name; any other name of such a form is never asked for.
+/// The rows that a review looks up by name; a row of such a form with any other name is never used.
 constexpr std::string_view kScopeRows[] = {
     "Public (Global)",
     "Friend",
@@ -119,10 +119,10 @@ bool RulebaseCheck::Read(std::string_view filename) {
     const std::string version =
         root->XMLNode().Attribute(modRulebaseSchema::kVersionAttribute).value_or("");
     if (!IsOrBecomesCurrent(*root, version)) {
-        m_problem =
-            version.empty()
-                ? "the element '" + root->ElementName() + "' has no schema version"
-                : "its schema version is '" + version + "', and 6.0, 6.1 and 6.2 can be read";
+        m_problem = version.empty()
+                        ? "the element '" + root->ElementName() + "' has no schema version"
+                        : "its schema version is '" + version +
+                              "'; supported versions are 6.0, 6.1 and 6.2";
         return false;
     }
     m_contents = ReadContents(root, m_faults);
@@ -133,7 +133,7 @@ void RulebaseCheck::CheckContents() {
     CheckTags();
     CheckDefaultViolations();
     CheckCategories();
-    CheckUnique(m_contents.Severities, "SeverityLevel", "the later one takes its place", false);
+    CheckUnique(m_contents.Severities, "SeverityLevel", "the later one replaces it", false);
     CheckItems();
     CheckRuleNumbers();
     CompileScripts();
@@ -143,7 +143,7 @@ void RulebaseCheck::CheckContents() {
     CheckReport();
 }
 
-void RulebaseCheck::Tell(
+void RulebaseCheck::AddFault(
     FaultKind kind, const Rule& rule, std::string_view attribute, std::string sentence) {
     m_faults.push_back(
         {kind,
@@ -154,7 +154,7 @@ void RulebaseCheck::Tell(
          rule.Line});
 }
 
-void RulebaseCheck::Tell(RulebaseFault place, FaultKind kind, std::string sentence) {
+void RulebaseCheck::AddFault(RulebaseFault place, FaultKind kind, std::string sentence) {
     place.Kind = kind;
     place.Sentence = std::move(sentence);
     m_faults.push_back(std::move(place));
@@ -191,7 +191,7 @@ void RulebaseCheck::CheckItems() {
 
 void RulebaseCheck::CheckCategories() {
     CheckUnique(
-        m_contents.Categories, "ID", "this one and the categories behind it are not loaded", true);
+        m_contents.Categories, "ID", "this one and the categories after it are not loaded", true);
     for (const RulebaseContents::Identified& category : m_contents.Categories) {
         const std::int32_t id = modText::WholeNumber(category.Identifier).value_or(0);
         if (m_contents.LastCategoryID.has_value() && id > *m_contents.LastCategoryID) {
@@ -200,9 +200,9 @@ void RulebaseCheck::CheckCategories() {
                  0,
                  std::string(modRulebaseSchema::kCategoryList),
                  std::string(modRulebaseSchema::kLastID),
-                 "it is " + std::to_string(*m_contents.LastCategoryID) + ", below the ID " +
+                 "it is " + std::to_string(*m_contents.LastCategoryID) + ", less than the ID " +
                      category.Identifier + " of " + category.Element +
-                     ", so that a new category would get an ID in use"});
+                     ", so a new category would get an ID that is in use"});
             return;
         }
     }
@@ -255,10 +255,10 @@ void RulebaseCheck::CheckTagTable(const std::vector<RulebaseContents::Tag>& tags
     std::vector<RulebaseContents::Identified> names;
     for (const RulebaseContents::Tag& tag : tags) {
         names.push_back({tag.Content.TagName(), tag.Element});
-        // A tag goes into the pattern as it stands; one with alternatives goes in brackets.
+        // A tag is inserted into the pattern as it is written, in brackets if it has alternatives.
         CheckPattern(tag.Content.TagValue(), {FaultKind::Pattern, 0, tag.Element, "TagValue", ""});
     }
-    CheckUnique(names, modRulebaseSchema::kTagName, "the later one takes its place", false);
+    CheckUnique(names, modRulebaseSchema::kTagName, "the later one replaces it", false);
 }
 
 void RulebaseCheck::CheckRuleNumbers() {
@@ -270,7 +270,7 @@ void RulebaseCheck::CheckRuleNumbers() {
         }
         const auto [first, isNew] = rules.emplace(number, &rule);
         if (!isNew) {
-            Tell(
+            AddFault(
                 FaultKind::Duplicate,
                 rule,
                 "RuleID",
@@ -288,9 +288,9 @@ void RulebaseCheck::CheckRuleNumbers() {
              0,
              std::string(modRulebaseSchema::kRules),
              std::string(modRulebaseSchema::kLastRuleID),
-             "it is " + std::to_string(*m_contents.LastRuleID) + ", below the number of " +
+             "it is " + std::to_string(*m_contents.LastRuleID) + ", less than the number of " +
                  rules.rbegin()->second->Element +
-                 ", so that a new rule would get a number in use"});
+                 ", so a new rule would get a number that is in use"});
     }
 }
 
@@ -305,7 +305,8 @@ void RulebaseCheck::CheckViolation(
              ruleID,
              element,
              place + "CategoryID",
-             "there is no category " + std::to_string(definition.CategoryID())});
+             "there is no category " + std::to_string(definition.CategoryID()) +
+                 "; use the ID of a category, or -1 for none"});
     }
     if (!IsSeverity(definition.Severity())) {
         m_faults.push_back(
@@ -314,7 +315,7 @@ void RulebaseCheck::CheckViolation(
              element,
              place + "SeverityLevel",
              std::to_string(definition.Severity()) +
-                 " is no severity from 1 to 5, so that no review raises the violation"});
+                 " is not a severity from 1 to 5, so the violation is never raised"});
     }
 }
 
@@ -342,7 +343,7 @@ void RulebaseCheck::CheckReport() {
                  section.Element,
                  "CategoryID",
                  "there is no category " + std::to_string(*section.CategoryID) +
-                     ", so the section is left out"});
+                     ", so the section is omitted"});
         }
         for (const std::int32_t number : section.RuleIDs) {
             if (!numbers.contains(number)) {
@@ -351,7 +352,7 @@ void RulebaseCheck::CheckReport() {
                      0,
                      section.Element,
                      "CategoryRuleList",
-                     "there is no rule " + std::to_string(number)});
+                     "there is no rule " + std::to_string(number) + ", so it is omitted"});
             }
         }
     }

@@ -37,7 +37,7 @@ bool Mentions(std::string_view script, std::string_view word) {
     return modTextCase::Find(script, word) != std::string_view::npos;
 }
 
-/// Where a part of a name that is worked out from the object takes its value from.
+/// The property from which a tag in a prefix or suffix is computed.
 struct TagSourceRow {
     PrefixSuffixType Type;
     std::string_view Name;
@@ -45,19 +45,19 @@ struct TagSourceRow {
 };
 
 constexpr TagSourceRow kTagSources[] = {
-    {psControlTag, "a control tag", propertyname::kProgID},
-    {psDataTypeTag, "a data type tag", propertyname::kDataType},
-    {psScopeTag, "a scope tag", propertyname::kScope},
-    {psArrayTag, "an array tag", propertyname::kIsArray},
+    {psControlTag, "control tag", propertyname::kProgID},
+    {psDataTypeTag, "data type tag", propertyname::kDataType},
+    {psScopeTag, "scope tag", propertyname::kScope},
+    {psArrayTag, "array tag", propertyname::kIsArray},
 };
 
-/// The scope of arguments and local constants follows from how they are declared, without a property.
+/// The scope of arguments and local constants follows from their declaration, without a property.
 bool HasScopeByItself(ParserEvent event) {
     return event == ParserEvent::DeclareArgument || event == ParserEvent::EventArgument ||
            event == ParserEvent::ProcedureArgument || event == ParserEvent::LocalConst;
 }
 
-/// A text fits between patterns of anything: tags are put in at review time.
+/// The pattern with "x" for each tag and property, whose values only a review knows.
 std::string Composed(const ObjectArrayList<PrefixSuffixItem>& items) {
     std::string pattern;
     for (const auto& item : items) {
@@ -89,29 +89,29 @@ RulebaseCheck::Events RulebaseCheck::LiveEvents(const Rule& rule, const EventRul
     for (const std::int32_t event : events.ParserEvents()) {
         const ParserEventRow* row = FindParserEvent(event);
         if (row == nullptr) {
-            Tell(
+            AddFault(
                 FaultKind::Unknown,
                 rule,
                 "ParserEventID",
-                "there is no event " + std::to_string(event));
+                "there is no event " + std::to_string(event) + "; events have the numbers 1 to " +
+                    std::to_string(kLastParserEvent));
         } else if (isKeyword && !TestsKeywords(*row)) {
-            Tell(
+            AddFault(
                 FaultKind::NeverFires,
                 rule,
                 "ParserEventID",
-                "keywords are looked for at events " +
-                    modEventScope::NumbersOf(TestsKeywords, "and") + " only, never at " +
-                    modEventScope::Describe(event));
+                "keywords are tested at events " + modEventScope::NumbersOf(TestsKeywords, "and") +
+                    " only, not at " + modEventScope::Describe(event));
         } else {
             live.push_back(event);
         }
     }
     if (events.EventCount() == 0 && !rule.Unreadable.contains("ParserEventID")) {
-        Tell(
+        AddFault(
             FaultKind::NeverFires,
             rule,
             "ParserEventID",
-            "the rule is assigned to no event, so it never fires");
+            "the rule is not assigned to any event, so it is never applied");
     }
     return live;
 }
@@ -120,11 +120,11 @@ void RulebaseCheck::CheckKeyword(const Rule& rule, const EventRule& keyword) {
     const Events events = LiveEvents(rule, keyword);
     if (!rule.Unreadable.contains("Condition")) {
         if (keyword.Condition().empty()) {
-            Tell(
+            AddFault(
                 FaultKind::Pattern,
                 rule,
                 "Condition",
-                "the pattern is empty, so it fits every statement");
+                "the pattern is empty, so it matches every statement");
         }
         CheckPattern(
             keyword.Condition(),
@@ -137,16 +137,17 @@ void RulebaseCheck::CheckCoding(const Rule& rule, const CodingConvention& coding
     Events events = LiveEvents(rule, coding);
     if (coding.PendingViolation()) {
         if (!CanEndScopeAt(coding.EndEventID())) {
-            Tell(
+            AddFault(
                 FaultKind::NeverFires,
                 rule,
                 "EndEventID",
-                "a pending violation falls due at event " +
-                    modEventScope::NumbersOf(CanEndScope, "or") + ", not at " +
-                    (coding.EndEventID() == -1 ? "none"
-                                               : modEventScope::Describe(coding.EndEventID())));
+                "a pending violation must have an end event, which is " +
+                    modEventScope::NumbersOf(CanEndScope, "or") +
+                    (coding.EndEventID() == -1 ? ""
+                                               : "; it is never raised at " +
+                                                     modEventScope::Describe(coding.EndEventID())));
         }
-        // The texts are filled in when it falls due, unless the script raises at once as well.
+        // Its tags are replaced at its end event, unless the script raises violations at once as well.
         if (!Mentions(coding.Condition(), "RaiseViolation")) {
             events.clear();
         }
@@ -154,7 +155,7 @@ void RulebaseCheck::CheckCoding(const Rule& rule, const CodingConvention& coding
             events.push_back(coding.EndEventID());
         }
     } else if (coding.Condition().empty() && !rule.Unreadable.contains("Condition")) {
-        Tell(
+        AddFault(
             FaultKind::NeverFires,
             rule,
             "Condition",
@@ -171,7 +172,7 @@ void RulebaseCheck::CompileScripts() {
     }
     std::vector<RuleScript> scripts;
     std::set<std::int32_t> numbers;
-    // Coding conventions come first in the module, wherever they stand in the file.
+    // Coding conventions are first in the module, wherever they are in the file.
     for (const bool isCoding : {true, false}) {
         for (const Rule& rule : m_contents.Rules) {
             const BasicRule& content = *rule.Content;
@@ -197,14 +198,14 @@ void RulebaseCheck::CheckScript(const Rule& rule) {
         return;
     }
     if (!Mentions(script, kMainProcedure)) {
-        Tell(FaultKind::Script, rule, "Condition", "the script has no 'Sub Main'");
+        AddFault(FaultKind::Script, rule, "Condition", "the script has no 'Sub Main'");
         m_faults.back().CostsReview = rule.IsOn();
         return;
     }
     for (const ScriptFault& fault : m_scriptFaults[rule.Content->RuleID()]) {
         const std::string column =
             fault.Column > 0 ? ", column " + std::to_string(fault.Column) : "";
-        Tell(
+        AddFault(
             FaultKind::Script,
             rule,
             "Condition",
@@ -222,14 +223,16 @@ void RulebaseCheck::CheckNaming(const Rule& rule, const NamingConvention& naming
     }
     if (naming.ObjectType() < kFirstObjectType || naming.ObjectType() > kLastObjectType) {
         if (!rule.Unreadable.contains("ObjectType")) {
-            Tell(
+            AddFault(
                 FaultKind::Unknown,
                 rule,
                 "ObjectType",
-                "there is no object type " + std::to_string(naming.ObjectType()));
+                "there is no object type " + std::to_string(naming.ObjectType()) +
+                    "; object types have the numbers " + std::to_string(kFirstObjectType) + " to " +
+                    std::to_string(kLastObjectType));
         }
     } else if (rows.empty()) {
-        Tell(
+        AddFault(
             FaultKind::NeverFires,
             rule,
             "ObjectType",
@@ -259,11 +262,11 @@ void RulebaseCheck::CheckNaming(const Rule& rule, const NamingConvention& naming
 
 void RulebaseCheck::CheckNamePattern(const Rule& rule, const NamingConvention& naming) {
     if (!naming.PrefixActive() && !naming.BodyActive() && !naming.SuffixActive()) {
-        Tell(
+        AddFault(
             FaultKind::NeverFires,
             rule,
             "",
-            "prefix, body and suffix are all switched off, so the rule tests nothing");
+            "prefix, body and suffix are all disabled, so the rule tests nothing");
     }
     if (!naming.BodyActive()) {
         return;
@@ -272,12 +275,13 @@ void RulebaseCheck::CheckNamePattern(const Rule& rule, const NamingConvention& n
         naming.BodyPattern(),
         {FaultKind::Pattern, naming.RuleID(), rule.Element, "BodyPattern", ""});
     if (naming.MaxBodyLength() >= 1 && naming.MinBodyLength() > naming.MaxBodyLength()) {
-        Tell(
+        AddFault(
             FaultKind::Pattern,
             rule,
             "BodyMinLength",
-            "no body has at least " + std::to_string(naming.MinBodyLength()) +
-                " characters and at most " + std::to_string(naming.MaxBodyLength()));
+            "it is greater than BodyMaxLength: no body has at least " +
+                std::to_string(naming.MinBodyLength()) + " characters and at most " +
+                std::to_string(naming.MaxBodyLength()));
     }
 }
 
@@ -303,7 +307,7 @@ void RulebaseCheck::CheckNameItem(
     const std::vector<NamingEventRow> rows = modNamingEvents::Of(naming.ObjectType());
     if (item.PSType < static_cast<std::int32_t>(psNone) ||
         item.PSType > static_cast<std::int32_t>(psArrayTag)) {
-        Tell(
+        AddFault(
             FaultKind::Tag,
             rule,
             place,
@@ -334,15 +338,15 @@ void RulebaseCheck::CheckNameItem(
             std::all_of(rows.begin(), rows.end(), [](const NamingEventRow& row) {
                 return HasScopeByItself(row.Event);
             });
-        if (!scopeByItself && modReadableProperties::Look(
+        if (!scopeByItself && modReadableProperties::FindReading(
                                   rows.front().ObjectName, source.Property) != Reading::Possible) {
-            Tell(
+            AddFault(
                 FaultKind::Tag,
                 rule,
                 place,
                 "'" + std::string(rows.front().ObjectName) + "' has no '" +
-                    std::string(source.Property) + "', so there is no " +
-                    std::string(source.Name).substr(source.Name.find(' ') + 1) + " for it");
+                    std::string(source.Property) + "', so there is no " + std::string(source.Name) +
+                    " for it");
         }
     }
 }

@@ -16,18 +16,19 @@ std::string Suggestion(const std::string& name) {
     return name.empty() ? "" : "; is '" + name + "' meant?";
 }
 
-/// What is wrong with asking for the property, wherever; empty if nothing is.
+/// Why the property can be read at no event; empty if it can at some.
 std::string
 WhyUnreadable(std::string_view object, std::string_view property, const std::string& shown) {
-    switch (modReadableProperties::Look(object, property)) {
+    switch (modReadableProperties::FindReading(object, property)) {
         case Reading::Possible: return {};
-        case Reading::Never: return shown + " asks for a property that is never set";
+        case Reading::Never: return shown + " reads a property that is never set";
         case Reading::UnknownProperty:
-            return shown + " asks for a property that '" + std::string(object) + "' does not have" +
+            return shown + " reads a property that '" + std::string(object) + "' does not have" +
                    Suggestion(modReadableProperties::NearestProperty(object, property));
         case Reading::UnknownObject:
-            return shown + " names no object" +
-                   Suggestion(modReadableProperties::NearestObject(object));
+            return object.empty() ? shown + " is not an object and a property joined by a point"
+                                  : shown + " names an object that does not exist" +
+                                        Suggestion(modReadableProperties::NearestObject(object));
     }
     return {};
 }
@@ -42,20 +43,20 @@ void RulebaseCheck::CheckProperty(
     const RulebaseFault& place) {
     const std::string reason = WhyUnreadable(object, property, shown);
     if (!reason.empty()) {
-        Tell(place, FaultKind::Tag, reason);
+        AddFault(place, FaultKind::Tag, reason);
         return;
     }
     std::string outside;
     for (const std::int32_t event : events) {
-        if (!modEventScope::MayHold(event, object)) {
+        if (!modEventScope::MayBeInScope(event, object)) {
             outside += (outside.empty() ? "" : ", ") + modEventScope::Describe(event);
         }
     }
     if (!outside.empty()) {
-        Tell(
+        AddFault(
             place,
             FaultKind::Scope,
-            shown + " asks for '" + std::string(object) + "', which is not in scope at " + outside);
+            shown + " reads '" + std::string(object) + "', which is not in scope at " + outside);
     }
 }
 
@@ -71,19 +72,19 @@ void RulebaseCheck::CheckText(
         CheckProperty(tag.Object, tag.Property, events, tag.Text(), at);
     }
     if (found.HasMore) {
-        Tell(
+        AddFault(
             at,
             FaultKind::Tag,
             "only the first " + std::to_string(modTextTags::kMostTags) +
-                " different tags are filled in; any other stays as it stands");
+                " different tags are replaced; any other stays as it is written");
     }
     if (!found.Unreached.empty()) {
-        Tell(
+        AddFault(
             at,
             FaultKind::Tag,
-            found.Unreached.front().Text() +
-                " is not filled in, because the percent sign in front of '" +
-                found.Stopper.substr(0, found.Stopper.find('\n')) + "' begins no tag");
+            found.Unreached.front().Text() + " is not replaced, because the percent sign before '" +
+                found.Stopper.substr(0, found.Stopper.find('\n')) +
+                "' does not begin a tag; write \"percent\" instead");
     }
 }
 
@@ -96,12 +97,12 @@ void RulebaseCheck::CheckViolationTexts(const Rule& rule, const Events& events) 
     CheckText(definition.Advice(), events, rule.Element, ruleID, place + "Advice");
     const modTextTags::TagsOfText inTitle = modTextTags::Find(definition.Title());
     if (!inTitle.Tags.empty()) {
-        Tell(
+        AddFault(
             FaultKind::Tag,
             rule,
             place + "Name",
             inTitle.Tags.front().Text() +
-                " is not filled in, because the name of a violation is shown as it stands");
+                " is not replaced, because the name of a violation is shown as it is written");
     }
 }
 
@@ -110,9 +111,9 @@ void RulebaseCheck::CheckPattern(const std::string& pattern, const RulebaseFault
         {"RulebaseCheck", "CheckPattern"},
         [&] { RegularExpression(pattern).Test(""); },
         [&](const BasicError& failure) {
-            // One that is only too much for this text says nothing about the pattern.
+            // An abandoned search does not mean that the pattern is malformed.
             if (failure.Number() != kRegularExpressionTooComplex) {
-                Tell(place, FaultKind::Pattern, failure.what());
+                AddFault(place, FaultKind::Pattern, failure.what());
             }
             return true;
         });

@@ -6,7 +6,7 @@ namespace dorvik::modTextTags {
 
 namespace {
 
-/// What stands between two percent signs, both included, from `position` on; empty if no pair is left.
+/// The next text from `position` on that is enclosed in percent signs, with them; empty if there is none.
 std::string_view NextPair(std::string_view text, std::size_t position) {
     const std::size_t first = text.find('%', position);
     if (first == std::string_view::npos) {
@@ -28,9 +28,9 @@ std::string_view Inside(std::string_view pair) {
     return pair.substr(1, pair.size() - 2);
 }
 
-/// A tag can stand only between two percent signs that are next to one another.
+/// Calls the action with the start and the size of each occurrence of the tag. No other percent sign is inside a tag.
 template <typename Action>
-void ForEachPlace(std::string_view text, std::string_view tag, Action&& action) {
+void ForEachOccurrence(std::string_view text, std::string_view tag, Action&& action) {
     std::size_t position = 0;
     for (std::string_view pair = NextPair(text, position); !pair.empty();
          pair = NextPair(text, position)) {
@@ -44,7 +44,7 @@ void ForEachPlace(std::string_view text, std::string_view tag, Action&& action) 
     }
 }
 
-/// Tags wherever they stand, for what lies behind the end of the search.
+/// All tags of a text, also those after a percent sign that begins none.
 std::vector<TextTag> TagsAnywhere(std::string_view text) {
     std::vector<TextTag> tags;
     std::size_t position = 0;
@@ -55,7 +55,7 @@ std::vector<TextTag> TagsAnywhere(std::string_view text) {
         if (isTag) {
             tags.push_back(Split(Inside(pair)));
         }
-        // The closing sign of something that is no tag may open the next.
+        // The closing sign of a text that is not a tag may open the next tag.
         position = start + (isTag ? pair.size() : pair.size() - 1);
     }
     return tags;
@@ -66,7 +66,7 @@ std::vector<TextTag> TagsAnywhere(std::string_view text) {
 std::string FillIn(std::string_view text, std::string_view tag, std::string_view value) {
     std::string filled;
     std::size_t done = 0;
-    ForEachPlace(text, tag, [&](std::size_t start, std::size_t size) {
+    ForEachOccurrence(text, tag, [&](std::size_t start, std::size_t size) {
         filled.append(text.substr(done, start - done)).append(value);
         done = start + size;
     });
@@ -75,7 +75,7 @@ std::string FillIn(std::string_view text, std::string_view tag, std::string_view
 
 std::size_t CountPlaces(std::string_view text, std::string_view tag) {
     std::size_t count = 0;
-    ForEachPlace(text, tag, [&count](std::size_t, std::size_t) { ++count; });
+    ForEachOccurrence(text, tag, [&count](std::size_t, std::size_t) { ++count; });
     return count;
 }
 
@@ -108,7 +108,7 @@ TagsOfText Find(std::string_view text) {
             return found;
         }
         found.Tags.push_back(Split(Inside(pair)));
-        // In any case: the review fills in every place of a tag at once.
+        // In upper and lower case: a review replaces all occurrences of a tag at once.
         working = FillIn(working, std::string(pair), "@");
     }
 }

@@ -44,8 +44,8 @@ struct Parameter {
 /// The statement that the code from its start to the next mark's belongs to.
 struct StatementMark {
     std::uint32_t Start = 0;
-    std::uint32_t Again = 0;  // where `Resume` goes on
-    std::uint32_t Next = 0;   // where `Resume Next` goes on
+    std::uint32_t Again = 0;  // where `Resume` continues
+    std::uint32_t Next = 0;   // where `Resume Next` continues
     std::int32_t Line = 0;    // physical, in the module, from 1
 };
 

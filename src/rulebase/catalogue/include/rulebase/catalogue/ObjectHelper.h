@@ -9,11 +9,11 @@
 
 namespace dorvik {
 
-/// The catalogue of what a rule can talk about: the objects that the parser puts in scope and the
+/// The catalogue of what a rule can be about: the objects that the parser puts in scope and the
 /// properties that each of them has, as lists, names, icons and descriptions. Stateless.
 ///
-/// Any number may be asked about. For one outside the tables the answer is empty (false, no list),
-/// and the call is noted in the log.
+/// Any number may be passed. For one outside the tables the result is empty (false, no list), and the call is
+/// logged.
 class ObjectHelper {
 public:
     /// The object types, without their refinements, that a list of that mode offers. Mode 1 offers all,
@@ -30,7 +30,7 @@ public:
         StringArrayList& names,
         LongArrayList& propertyNumbers);
 
-    /// Two lines: "Name As Type", and what the property tells of this object.
+    /// Two lines: "Name As Type", and what the property says of this object.
     static std::string
     ObjectPropertyDescription(std::int32_t objectType, std::int32_t propertyNumber);
 

@@ -10,7 +10,7 @@ namespace dorvik {
 
 /// The type of a property's value.
 enum class PropertyType {
-    None,  // not told
+    None,  // not known
     String,
     Long,
     Boolean,

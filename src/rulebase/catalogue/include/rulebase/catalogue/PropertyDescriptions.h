@@ -12,7 +12,7 @@ namespace dorvik {
 /// A property of one object.
 struct PropertyDescription {
     PropertyNumber Number;
-    std::string_view Sentence;               // what the property tells of this object
+    std::string_view Sentence;               // what the property says of this object
     PropertyType Type = PropertyType::None;  // where it is not the catalogue's one type
 };
 
@@ -20,10 +20,10 @@ struct PropertyDescription {
 struct ObjectPropertyList {
     ObjectType Object;  // the root of a family
     std::span<const PropertyDescription> Properties;
-    PropertyNumber FirstName;  // from here on they stay in a list of names only
+    PropertyNumber FirstName;  // a list of names only begins here
 };
 
-/// What every object has, and what each of that tells.
+/// The properties of every object, and what each of them says.
 namespace modPropertyDescriptions {
 
 /// One list for every object that has properties of its own.
@@ -31,9 +31,9 @@ std::span<const ObjectPropertyList> Lists();
 /// Null for an object without such a list: a refinement of another, or one whose properties depend
 /// on the control.
 const ObjectPropertyList* FindList(ObjectType root);
-/// Null where the object's list does not hold the property.
+/// Null where the object's list does not have the property.
 const PropertyDescription* Find(ObjectType root, PropertyNumber number);
-/// True for the five numbers of lines, which only some objects keep.
+/// True for the five counts of lines, which only some objects have.
 bool IsLineStatistic(PropertyNumber number);
 
 }  // namespace modPropertyDescriptions

@@ -8,17 +8,17 @@
 #include <string_view>
 #include <vector>
 
-/// Which objects a rule can ask at which parser event. Names compare without case.
+/// Which objects a rule can read at which parser event. Names are compared without case.
 namespace dorvik::modEventScope {
 
-/// The objects of which a rule author is told that they are in scope at the event, the innermost
-/// first. Empty for a number that is no event.
-std::vector<std::string_view> Promised(std::int32_t event);
+/// The objects that are documented to be in scope at the event, the innermost first. Empty for a number that
+/// is not an event.
+std::vector<std::string_view> DocumentedScope(std::int32_t event);
 
-/// Whether a rule may count on the object at the event: it is promised, goes with an object that is
-/// ("VBP" with the project, "Declarations" with the file), may be open at a source line, or answers
-/// everywhere ("NamingConvention"). False for a number that is no event.
-bool MayHold(std::int32_t event, std::string_view objectName);
+/// Whether a rule may read the object at the event: it is documented to be in scope, belongs to an object that
+/// is ("VBP" to the project, "Declarations" to the file), may be open at a source line, or is always in scope
+/// ("NamingConvention"). False for a number that is not an event.
+bool MayBeInScope(std::int32_t event, std::string_view objectName);
 
 /// "event 10 (Declaration)".
 std::string Describe(std::int32_t event);

@@ -22,14 +22,14 @@ struct ScriptFault {
     bool IsError = true;      // keeps the scripts of all rules from running; else only a hint
 };
 
-/// Compiles the scripts of a rulebase without running them. The check of a rulebase takes one; the
-/// script engine stands above this floor and implements it.
+/// Compiles the scripts of a rulebase without running them. `RulebaseCheck` uses it; it is implemented in a
+/// higher layer, which links the script engine.
 class IScriptChecker {
 public:
     virtual ~IScriptChecker() = default;
-    /// The faults of each script, at its position in the list; none if it compiles. The scripts come
-    /// in the order in which a review puts them into one module, so that they can use each other's
-    /// procedures and must not share a name. No two have the same number.
+    /// The faults of each script, at its position in the list; none if it compiles. The scripts are
+    /// in the order in which a review joins them to one module, so they can use each other's
+    /// procedures, and no two procedures may have the same name. No two scripts have the same number.
     virtual std::vector<std::vector<ScriptFault>> Check(std::span<const RuleScript> scripts) = 0;
 };
 

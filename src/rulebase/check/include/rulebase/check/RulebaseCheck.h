@@ -16,19 +16,19 @@ class EventRule;
 class NamingConvention;
 struct PrefixSuffixItem;
 
-/// Looks a rulebase file through for everything that would go wrong in a review without anybody
-/// being told: what cannot be read, what can never fire, what asks for something that is not there.
-/// Rules that are switched off are checked like the others.
+/// Finds everything in a rulebase file that would fail in a review without a message: what cannot be read,
+/// rules that are never applied, references to something that does not exist. Disabled rules are checked as
+/// well.
 class RulebaseCheck {
 public:
-    /// Without a checker the scripts are only looked at, not compiled.
+    /// Without a checker the scripts are searched for a `Sub Main`, but not compiled.
     explicit RulebaseCheck(IScriptChecker* scripts = nullptr) : m_scripts(scripts) {}
 
-    /// False if the file cannot be checked at all, because it is no rulebase that can be loaded.
+    /// False if the file cannot be checked, because it is not a rulebase that can be loaded.
     bool Run(std::string_view filename);
-    /// The same, but looks only for what a load would leave out or take a default for.
+    /// The same, but finds only what a load would omit or replace by a default.
     bool RunForLoad(std::string_view filename);
-    /// Why it could not be checked, as one sentence without its point; empty after a check.
+    /// Why the file could not be checked, as one sentence without its full stop; empty after a check.
     const std::string& Problem() const { return m_problem; }
     /// What was found: first what cannot be read, then the rest, each in the order of the file.
     const std::vector<RulebaseFault>& Faults() const { return m_faults; }
@@ -73,10 +73,10 @@ private:
         const NamingConvention& naming,
         const PrefixSuffixItem& item,
         const std::string& place);
-    /// All scripts at once, as a review compiles them; `CheckScript` tells what came of it.
+    /// Compiles all scripts at once, as a review does; `CheckScript` adds the faults of one rule.
     void CompileScripts();
     void CheckScript(const Rule& rule);
-    /// The events of the rule that exist and at which rules of its kind act.
+    /// The events of the rule that exist and at which rules of its kind are applied.
     Events LiveEvents(const Rule& rule, const EventRule& events);
 
     // Texts
@@ -95,8 +95,9 @@ private:
         const RulebaseFault& place);
     void CheckPattern(const std::string& pattern, const RulebaseFault& place);
 
-    void Tell(FaultKind kind, const Rule& rule, std::string_view attribute, std::string sentence);
-    void Tell(RulebaseFault place, FaultKind kind, std::string sentence);
+    void
+    AddFault(FaultKind kind, const Rule& rule, std::string_view attribute, std::string sentence);
+    void AddFault(RulebaseFault place, FaultKind kind, std::string sentence);
 
     IScriptChecker* m_scripts;
     std::map<std::int32_t, std::vector<ScriptFault>> m_scriptFaults;  // by rule number

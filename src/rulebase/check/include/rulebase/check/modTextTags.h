@@ -12,35 +12,35 @@ struct TextTag {
     std::string Object;
     std::string Property;
 
-    /// As it stands in a text.
+    /// As it is written in a text.
     std::string Text() const { return "%" + Object + "." + Property + "%"; }
 };
 
-/// Finds the tags that a review fills in, the way the review looks for them.
+/// Finds the tags that a review replaces by values, by the same search as the review.
 namespace modTextTags {
 
-/// So many different tags of one text are filled in; any other stays as it stands.
+/// So many different tags of one text are replaced; any other stays as it is written.
 inline constexpr std::size_t kMostTags = 100;
-/// The bytes that a text may grow to as its tags are filled in; a tag that would take it beyond stays as it
-/// stands.
+/// The bytes that a text may grow to as its tags are replaced; a tag that would exceed them stays as it is
+/// written.
 inline constexpr std::size_t kLargestText = 65'536;
 
 struct TagsOfText {
-    std::vector<TextTag> Tags;  // each once, in the order of their first places
-    bool HasMore = false;       // the first tag that is one too many ended the search
-    /// What ended the search early: the text between two percent signs that is no tag. Empty if
-    /// nothing did.
+    std::vector<TextTag> Tags;  // each once, in the order of first occurrence
+    bool HasMore = false;       // there are more than `kMostTags`
+    /// The text between two percent signs that is not a tag and ended the search. Empty if none did.
     std::string Stopper;
-    /// Tags behind the stopper, which stay in the text as they stand.
+    /// The tags after the stopper, which stay in the text as they are written.
     std::vector<TextTag> Unreached;
 };
 
 // Required: the first pair of percent signs that encloses no tag ends the search.
 TagsOfText Find(std::string_view text);
 
-/// The text with a value in every place of a tag, in any case. `tag` has its percent signs.
+/// The text with each occurrence of a tag, in upper or lower case, replaced by a value. `tag` has its percent
+/// signs.
 std::string FillIn(std::string_view text, std::string_view tag, std::string_view value);
-/// The number of those places.
+/// The number of those occurrences.
 std::size_t CountPlaces(std::string_view text, std::string_view tag);
 
 /// The two parts of "Object.Property", split at the first point; an empty object where there is none.
