@@ -12,46 +12,41 @@
 
 namespace dorvik {
 
-std::vector<KeywordEnforcement::KeywordTest>& KeywordEnforcement::KeywordsOf(ParserEvent event) {
+KeywordEnforcement::EventKeywords& KeywordEnforcement::KeywordsOf(ParserEvent event) {
     const auto number = static_cast<std::int32_t>(event);
     EventKeywords& keywords = m_keywords.at(static_cast<std::size_t>(number));
     if (!keywords.Prepared) {
-        keywords.Tests.clear();  // left from an attempt that failed
+        keywords = {};  // an earlier attempt may have failed
         const RuleLists& lists = std::as_const(m_review.Rulebase).RuleLists();
         if (const auto* rules = lists.ParserEventUKList(number)) {
             for (const auto& rule : *rules) {
-                KeywordTest& test = keywords.Tests.emplace_back();
-                test.Rule = rule.get();
-                test.RuleID = std::to_string(rule->RuleID());
-                test.Expression.SetPattern(rule->Condition());
-                test.Needs = test.Expression.Needs();
+                keywords.Keywords.push_back(
+                    {rule.get(),
+                     std::to_string(rule->RuleID()),
+                     keywords.Patterns.Add(rule->Condition())});
             }
         }
         keywords.Prepared = true;
     }
-    return keywords.Tests;
+    return keywords;
 }
 
 void KeywordEnforcement::EnforceUnauthorisedKeywords(const EventLocation& location) {
-    std::vector<KeywordTest>& keywords = KeywordsOf(location.Event);
-    if (keywords.empty()) {
+    EventKeywords& keywords = KeywordsOf(location.Event);
+    if (keywords.Keywords.empty()) {
         return;
     }
     VB6ParserState& state = m_review.State;
-    const std::string_view statement = modText::TrimLeft(state.StrippedSourceStatement());
-    const TextTraits traits(statement);
-    const KeywordTest* current = nullptr;
-    for (KeywordTest& keyword : keywords) {
+    keywords.Patterns.SetText(modText::TrimLeft(state.StrippedSourceStatement()));
+    const Keyword* current = nullptr;
+    for (const Keyword& keyword : keywords.Keywords) {
         if (m_review.RuleEngine.Failures().IsDisabled(keyword.Rule->RuleID())) {
             continue;
         }
         m_review.RuleEngine.IncrementRuleExecutionCount();
         current = &keyword;
-        if (!keyword.Needs.MayMatch(statement, traits)) {
-            continue;
-        }
-        state.SetCurrentRuleID(keyword.RuleID);
-        if (IsMatch(keyword, statement, traits)) {
+        if (IsMatch(keyword, keywords.Patterns)) {
+            state.SetCurrentRuleID(keyword.RuleID);
             m_review.Violations.RaiseAtEvent(*keyword.Rule, location);
         }
     }
@@ -60,13 +55,13 @@ void KeywordEnforcement::EnforceUnauthorisedKeywords(const EventLocation& locati
     }
 }
 
-bool KeywordEnforcement::IsMatch(
-    KeywordTest& keyword, std::string_view statement, const TextTraits& traits) {
+bool KeywordEnforcement::IsMatch(const Keyword& keyword, const PatternSet& patterns) {
     bool isMatch = false;
     Explain(
-        [&] { isMatch = keyword.Expression.Test(statement, traits); },
+        [&] { isMatch = patterns.Matches(keyword.Pattern); },
         [&] {
-            if (keyword.Expression.IsMalformed()) {
+            m_review.State.SetCurrentRuleID(keyword.RuleID);
+            if (patterns.IsMalformed(keyword.Pattern)) {
                 m_review.RuleEngine.CountPatternFailure(*keyword.Rule);
             } else {
                 m_review.RuleEngine.CountPatternStop(*keyword.Rule);

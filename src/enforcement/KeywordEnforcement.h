@@ -2,11 +2,11 @@
 
 #include "enforcement/EventLocation.h"
 #include "enforcement/ReviewContext.h"
-#include "platform/regex/RegularExpression.h"
+#include "platform/regex/PatternSet.h"
 
 #include <array>
+#include <cstddef>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace dorvik {
@@ -22,20 +22,20 @@ public:
     void EnforceUnauthorisedKeywords(const EventLocation& location);
 
 private:
-    /// A keyword rule, ready for the test.
-    struct KeywordTest {
+    struct Keyword {
         const IRule* Rule;
         std::string RuleID;
-        RegularExpression Expression;
-        PatternNeeds Needs;  // a statement without them needs no test
+        std::size_t Pattern;  // in the set
     };
+    /// The keywords that are assigned to an event.
     struct EventKeywords {
         bool Prepared = false;
-        std::vector<KeywordTest> Tests;
+        std::vector<Keyword> Keywords;
+        PatternSet Patterns;
     };
 
-    std::vector<KeywordTest>& KeywordsOf(ParserEvent event);
-    bool IsMatch(KeywordTest& keyword, std::string_view statement, const TextTraits& traits);
+    EventKeywords& KeywordsOf(ParserEvent event);
+    bool IsMatch(const Keyword& keyword, const PatternSet& patterns);
 
     const ReviewContext m_review;
     std::array<EventKeywords, kLastParserEvent + 1> m_keywords;  // by event number

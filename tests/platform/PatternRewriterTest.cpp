@@ -1,7 +1,7 @@
 #include "platform/regex/PatternRewriter.h"
 
 #include "platform/regex/PatternReader.h"
-#include "platform/regex/modPatternTraits.h"
+#include "platform/regex/modPatternFacts.h"
 
 #include <gtest/gtest.h>
 
@@ -53,7 +53,7 @@ TEST(PatternRewriter, WritesWhatTheLibraryReadsAsTheDialectMeansIt) {
     }
 }
 
-TEST(modPatternTraits, FindWhereTheLibraryDiffers) {
+TEST(modPatternFacts, FindWhereTheLibraryDiffers) {
     struct Row {
         const char* Pattern;
         bool RepeatsEmptyText;
@@ -86,11 +86,11 @@ TEST(modPatternTraits, FindWhereTheLibraryDiffers) {
              Row{R"((b)(?:\1a)+)", false, false, false},
          }) {
         const PatternTree tree = TreeOf(row.Pattern, {});
-        EXPECT_EQ(modPatternTraits::RepeatsEmptyText(tree.Root), row.RepeatsEmptyText)
+        EXPECT_EQ(modPatternFacts::RepeatsEmptyText(tree.Root), row.RepeatsEmptyText)
             << row.Pattern;
-        EXPECT_EQ(modPatternTraits::MayKeepStaleGroups(tree.Root), row.MayKeepStaleGroups)
+        EXPECT_EQ(modPatternFacts::MayKeepStaleGroups(tree.Root), row.MayKeepStaleGroups)
             << row.Pattern;
-        EXPECT_EQ(modPatternTraits::TakesLongestFirst(tree.Root), row.TakesLongestFirst)
+        EXPECT_EQ(modPatternFacts::TakesLongestFirst(tree.Root), row.TakesLongestFirst)
             << row.Pattern;
     }
 }

@@ -1,4 +1,4 @@
-#include "platform/regex/ByteSet.h"
+#include "ByteSet.h"
 
 namespace dorvik {
 

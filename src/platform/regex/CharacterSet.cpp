@@ -1,4 +1,4 @@
-#include "platform/regex/CharacterSet.h"
+#include "CharacterSet.h"
 
 #include <algorithm>
 

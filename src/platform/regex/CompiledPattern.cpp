@@ -4,7 +4,7 @@
 #include "PatternRewriter.h"
 #include "base/BasicError.h"
 #include "base/modUtf8.h"
-#include "modPatternTraits.h"
+#include "modPatternFacts.h"
 #include "platform/regex/RegularExpression.h"
 
 #include <unordered_map>
@@ -42,12 +42,12 @@ CompiledPattern::CompiledPattern(std::string_view pattern, PatternFlags flags)
 CompiledPattern::~CompiledPattern() = default;
 
 void CompiledPattern::MakeReady() {
-    m_needs = NeedsOfPattern(m_tree);
+    m_prefilter = PrefilterOf(m_tree);
     m_program = std::make_unique<PatternProgram>(m_tree);
-    m_hasOtherSpans = modPatternTraits::RepeatsEmptyText(m_tree.Root);
-    m_hasOtherGroups = m_hasOtherSpans || modPatternTraits::MayKeepStaleGroups(m_tree.Root);
+    m_hasOtherSpans = modPatternFacts::RepeatsEmptyText(m_tree.Root);
+    m_hasOtherGroups = m_hasOtherSpans || modPatternFacts::MayKeepStaleGroups(m_tree.Root);
     m_takesLongestFirst =
-        m_tree.HasBackReference || modPatternTraits::TakesLongestFirst(m_tree.Root);
+        m_tree.HasBackReference || modPatternFacts::TakesLongestFirst(m_tree.Root);
     // A text that a group has taken would be compared by the library's own rules for case.
     const bool comparesCase = m_tree.HasBackReference && m_tree.Flags.IgnoreCase;
     const bool comparesGroups = m_tree.HasBackReference && m_hasOtherGroups;

@@ -2,7 +2,7 @@
 
 #include "PatternMachine.h"
 #include "PatternReader.h"
-#include "platform/regex/PatternNeeds.h"
+#include "Prefilter.h"
 
 #include <cstddef>
 #include <memory>
@@ -17,7 +17,7 @@ namespace dorvik {
 class LibraryPattern;
 
 /// A pattern made ready for searching, or the reason why it cannot be. Never changes, so that one
-/// may serve every `RegularExpression` with this pattern. Only `RegularExpression` uses it.
+/// may serve every `RegularExpression` and `PatternSet` with this pattern. Only these use it.
 ///
 /// `PatternReader` reads the pattern, `PatternRewriter` writes it for the library, and `LibraryPattern` searches.
 /// Whether and from where on a text matches is always decided by the library (unless it cannot hold the pattern, or
@@ -50,7 +50,8 @@ public:
     /// The longest match at the first place where there is one; with back references, the first.
     std::optional<PatternSpan> FindLongest(std::string_view text) const;
 
-    const PatternNeeds& Needs() const { return m_needs; }
+    /// Rejects nothing for a malformed pattern.
+    const Prefilter& RequiredOfTexts() const { return m_prefilter; }
     std::size_t GroupCount() const { return m_tree.GroupCount; }
 
 private:
@@ -67,7 +68,7 @@ private:
     std::string m_pattern;
     PatternFault m_fault;
     PatternTree m_tree;
-    PatternNeeds m_needs;
+    Prefilter m_prefilter;
     std::string m_rewritten;
     std::unique_ptr<LibraryPattern> m_library;  // null: the machine does all
     std::unique_ptr<PatternProgram> m_program;  // null only for a malformed pattern

@@ -18,7 +18,7 @@ constexpr std::uint32_t kHeapLimit = 64 * 1024;  // KiB
 constexpr std::size_t kLeastJitStack = 32 * 1024;
 constexpr std::size_t kGreatestJitStack = 1024 * 1024;
 
-/// Room for the roads that a search for the longest match follows at the same time.
+/// Room for the paths that a search for the longest match follows at the same time.
 constexpr std::size_t kLeastRoads = 1024;
 constexpr std::size_t kMostRoads = 4 * 1024 * 1024;
 

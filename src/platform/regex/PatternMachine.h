@@ -19,7 +19,7 @@ struct PatternSpan {
 };
 
 /// Runs a `PatternProgram` by backtracking, in the exact order of the dialect. Slower than the library by
-/// far, but right where the library is not: it serves the few patterns that `modPatternTraits` finds, and
+/// far, but right where the library is not: it serves the few patterns that `modPatternFacts` finds, and
 /// counts its steps, so that none runs for long. One object makes one search in one text.
 class PatternMachine {
 public:
@@ -32,7 +32,7 @@ public:
     /// REQUIRES: program and text outlive this.
     PatternMachine(const PatternProgram& program, std::string_view text);
 
-    /// A match that begins at a byte. `Longest` tries all roads and keeps the longest.
+    /// A match that begins at a byte. `Longest` tries all paths and keeps the longest.
     Outcome MatchAt(std::size_t start, Wanted wanted);
     /// The first match that begins at a byte or after it.
     Outcome Search(std::size_t from);
@@ -43,14 +43,14 @@ public:
 private:
     using Op = PatternProgram::Op;
 
-    /// What is done when a road is closed: another is taken, or a register gets its old value back.
+    /// What is done when a path fails: another is taken, or a register gets its old value back.
     struct Entry {
         bool IsChoice;
         std::uint32_t Index;  // instruction or register
         std::size_t Value;    // position or value
     };
 
-    bool Step();  // false if the road is closed
+    bool Step();  // false if the path fails
     bool TakeCharacter(const PatternProgram::Instruction& instruction);
     bool TakeBackReference(std::uint32_t group);
     bool TestPlace(Op code) const;
@@ -59,7 +59,7 @@ private:
     bool EndRound(const PatternProgram::Loop& loop, std::uint32_t test);
     void EnterLookahead(const PatternProgram::Instruction& instruction);
     void LeaveLookahead(std::uint32_t registers);
-    bool Backtrack();  // false if no road is left
+    bool Backtrack();  // false if no path is left
     void UnwindTo(std::size_t height);
     void Set(std::uint32_t index, std::size_t value);
     void PushChoice(std::uint32_t instruction);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/regex/PatternTree.h"
+#include "PatternTree.h"
 
 #include <cstdint>
 #include <vector>
@@ -32,7 +32,7 @@ public:
         LookEnter,          // A: register of the height of the stack, A + 1: of the position
         LookLeave,          // the same: it matched, go on where it began
         NegativeLookEnter,  // the same, B: where to go on if it does not match
-        NegativeLookLeave,  // the same: it matched, so this road is closed
+        NegativeLookLeave,  // the same: it matched, so this path fails
         Match,
     };
 

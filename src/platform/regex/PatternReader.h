@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/regex/PatternTree.h"
+#include "PatternTree.h"
 
 #include <cstdint>
 #include <string>

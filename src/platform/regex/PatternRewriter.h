@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/regex/PatternTree.h"
+#include "PatternTree.h"
 
 #include <string>
 
@@ -8,7 +8,7 @@ namespace dorvik {
 
 /// Writes a pattern in the syntax of the PCRE2 library, compiled with the options for UTF-8, with "." for any
 /// character at all, "$" at the very end only, and case that counts. The texts that match are those of the
-/// dialect; `modPatternTraits` finds where the library prefers another of them or keeps other groups.
+/// dialect; `modPatternFacts` finds where the library prefers another of them or keeps other groups.
 class PatternRewriter {
 public:
     /// False if the library cannot hold the pattern, because it counts too far.

@@ -113,22 +113,12 @@ const CompiledPattern& RegularExpression::Compiled() {
     return compiled;
 }
 
-PatternNeeds RegularExpression::Needs() {
-    return IsMalformed() ? PatternNeeds() : FromStore().Needs();
-}
-
 bool RegularExpression::IsMalformed() {
     return !FromStore().IsValid();
 }
 
 bool RegularExpression::Test(std::string_view text) {
     return Compiled().IsIn(text);
-}
-
-bool RegularExpression::Test(std::string_view text, const TextTraits& traits) {
-    const CompiledPattern& compiled = Compiled();
-    const PatternNeeds& needs = compiled.Needs();
-    return needs.MayMatch(text, traits) && needs.HasPieces(text) && compiled.IsIn(text);
 }
 
 /// Calls `visit` with the whole and the groups of each match that counts.

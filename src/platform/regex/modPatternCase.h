@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/regex/CharacterSet.h"
+#include "CharacterSet.h"
 
 /// Which characters a pattern takes for the same when case is ignored. ECMAScript compares the capital
 /// letters, with three exceptions: a letter whose capital is written with several characters

@@ -93,7 +93,7 @@ void PrintScope() {
     for (const ParserEventRow& row : kParserEvents) {
         const auto event = static_cast<std::int32_t>(row.Event);
         std::string names;
-        for (const std::string_view name : modEventScope::Promised(event)) {
+        for (const std::string_view name : modEventScope::DocumentedScope(event)) {
             names += (names.empty() ? "" : ", ") + std::string(name);
         }
         table.AddRow({{event}, {row.Text}, {names}});
@@ -148,7 +148,7 @@ void WriteScope(JsonOutput& json) {
         json.Number("event", event);
         json.Text("name", row.Text);
         json.BeginArray("objects");
-        for (const std::string_view name : modEventScope::Promised(event)) {
+        for (const std::string_view name : modEventScope::DocumentedScope(event)) {
             json.Text(name);
         }
         json.EndArray();

@@ -1,8 +1,5 @@
 #pragma once
 
-#include "platform/regex/PatternNeeds.h"
-#include "platform/regex/TextTraits.h"
-
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -56,8 +53,8 @@ struct Match {
 /// feed, carriage return, U+2028, U+2029).
 ///
 /// Setting a pattern is cheap: it is compiled at its first use and kept for the whole process, so an
-/// object may serve many patterns in turn. A caller that tests the same patterns over and over keeps an
-/// object for each, which saves the lookup as well. A malformed pattern raises one of 5017 to 5020 at
+/// object may serve many patterns in turn. A caller that tests the same pattern over and over keeps an
+/// object for it, which saves the lookup as well; one that tests many patterns on each text, a `PatternSet`. A malformed pattern raises one of 5017 to 5020 at
 /// every use, not when it is set. Any bytes may be in the text; those that are not UTF-8 match nothing.
 ///
 /// One object serves one thread; copies share the compiled pattern.
@@ -77,19 +74,12 @@ public:
     /// Whether `Execute` and `Replace` deal with all matches or only with the first.
     void SetGlobal(bool global) { m_global = global; }
 
-    /// What is known of every text with a match; nothing of those of a malformed pattern.
-    PatternNeeds Needs();
     /// True if every use raises one of 5017 to 5020: the pattern is none of this dialect.
     bool IsMalformed();
 
     /// True if the pattern matches anywhere in the text. Each operation raises one of 5017 to 5020 for
     /// a malformed pattern and `kRegularExpressionTooComplex` for a search that was abandoned.
     bool Test(std::string_view text);
-
-    /// The same for a caller that tests many patterns on one text and has looked up its traits once: a
-    /// text without what every match needs is rejected by the prefilter. Such a text never
-    /// raises `kRegularExpressionTooComplex`. REQUIRES: traits == TextTraits(text).
-    bool Test(std::string_view text, const TextTraits& traits);
 
     /// Called after each step of a long search with the number of bytes its result takes so far; it may
     /// end the search by raising an error.

@@ -1,10 +1,10 @@
-#include "modPatternTraits.h"
+#include "modPatternFacts.h"
 
 #include <algorithm>
 #include <functional>
 #include <vector>
 
-namespace dorvik::modPatternTraits {
+namespace dorvik::modPatternFacts {
 
 namespace {
 
@@ -144,4 +144,4 @@ bool TakesLongestFirst(const PatternNode& node) {
     return CountRepetitions(node, count) && count <= 1;
 }
 
-}  // namespace dorvik::modPatternTraits
+}  // namespace dorvik::modPatternFacts

@@ -1,4 +1,4 @@
-#include "platform/regex/TextTraits.h"
+#include "TextSignature.h"
 
 namespace dorvik {
 
@@ -12,7 +12,7 @@ constexpr unsigned BitOf(unsigned char first, unsigned char second) {
 
 }  // namespace
 
-PairSet::PairSet(std::string_view text) {
+BigramSet::BigramSet(std::string_view text) {
     for (std::size_t i = 1; i < text.size(); ++i) {
         const auto first = static_cast<unsigned char>(text[i - 1]);
         const auto second = static_cast<unsigned char>(text[i]);

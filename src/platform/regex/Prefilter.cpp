@@ -1,4 +1,4 @@
-#include "platform/regex/PatternNeeds.h"
+#include "Prefilter.h"
 
 #include "base/modUtf8.h"
 
@@ -17,116 +17,116 @@ void KeepLonger(std::string& literal, const std::string& other) {
     }
 }
 
-/// The needs of a sequence while it is traversed from left to right.
-class SequenceNeeds {
+/// Builds the prefilter of a sequence while it is traversed from left to right.
+class SequencePrefilter {
 public:
     void Add(const PatternNode& node);
-    PatternNeeds Finish();
+    Prefilter Finish();
 
 private:
     void AddCharacter(char32_t character);
     void AddInner(const PatternNode& node);
     void EndRun();
 
-    void KeepOneOfEach(std::vector<PatternPieces> lists);
+    void KeepOneOfEach(std::vector<LiteralChoice> lists);
 
-    PatternNeeds m_needs;
+    Prefilter m_prefilter;
     std::string m_run;  // literal characters that follow each other directly
 };
 
-PatternNeeds NeedsOf(const PatternNode& node) {
-    SequenceNeeds sequence;
+Prefilter PrefilterOfNode(const PatternNode& node) {
+    SequencePrefilter sequence;
     sequence.Add(node);
     return sequence.Finish();
 }
 
-/// The pieces of several branches: one of each. None if a branch has none, or if they are too many to look for.
-class PiecesOfBranches {
+/// The literals of several branches, one of each. None if a branch has none, or if they are too many to test.
+class ChoiceOfBranches {
 public:
-    void Add(const PatternNeeds& branch) {
+    void Add(const Prefilter& branch) {
         m_isComplete = m_isComplete && !(branch.Literal.empty() && branch.OneOfEach.empty());
         if (!m_isComplete) {
             return;
         }
         if (!branch.Literal.empty()) {
-            m_pieces.push_back(branch.Literal);
+            m_texts.push_back(branch.Literal);
         } else {
-            const std::vector<std::string>& pieces = branch.OneOfEach[0].Texts;
-            m_pieces.insert(m_pieces.end(), pieces.begin(), pieces.end());
+            const std::vector<std::string>& texts = branch.OneOfEach[0].Texts;
+            m_texts.insert(m_texts.end(), texts.begin(), texts.end());
         }
     }
-    std::vector<PatternPieces> Take() {
+    std::vector<LiteralChoice> Take() {
         constexpr std::size_t kMost = 8;
-        std::vector<PatternPieces> lists;
-        if (m_isComplete && m_pieces.size() <= kMost) {
-            lists.push_back({std::move(m_pieces), {}});
+        std::vector<LiteralChoice> lists;
+        if (m_isComplete && m_texts.size() <= kMost) {
+            lists.push_back({std::move(m_texts), {}});
         }
         return lists;
     }
 
 private:
-    std::vector<std::string> m_pieces;
+    std::vector<std::string> m_texts;
     bool m_isComplete = true;
 };
 
-/// What several branches need is what each of them needs.
-PatternNeeds NeedsOfAlternatives(const PatternNode& node) {
-    PatternNeeds needs = NeedsOf(node.Child());
-    PiecesOfBranches pieces;
-    pieces.Add(needs);
+/// A match of several branches contains what all of them require.
+Prefilter PrefilterOfAlternatives(const PatternNode& node) {
+    Prefilter common = PrefilterOfNode(node.Child());
+    ChoiceOfBranches choice;
+    choice.Add(common);
     for (std::size_t i = 1; i < node.Children.size(); ++i) {
-        const PatternNeeds branch = NeedsOf(node.Children[i]);
-        pieces.Add(branch);
-        needs.Bytes.KeepOnly(branch.Bytes);
-        if (needs.Literal != branch.Literal) {
-            needs.Literal.clear();
+        const Prefilter branch = PrefilterOfNode(node.Children[i]);
+        choice.Add(branch);
+        common.Bytes.KeepOnly(branch.Bytes);
+        if (common.Literal != branch.Literal) {
+            common.Literal.clear();
         }
     }
-    needs.OneOfEach = pieces.Take();
-    return needs;
+    common.OneOfEach = choice.Take();
+    return common;
 }
 
-void SequenceNeeds::EndRun() {
-    KeepLonger(m_needs.Literal, m_run);
+void SequencePrefilter::EndRun() {
+    KeepLonger(m_prefilter.Literal, m_run);
     m_run.clear();
 }
 
-/// The longer the shortest of the pieces, the rarer is a text with one of them.
-void SequenceNeeds::KeepOneOfEach(std::vector<PatternPieces> lists) {
+/// The longer the shortest of the literals, the fewer texts contain one of them.
+void SequencePrefilter::KeepOneOfEach(std::vector<LiteralChoice> lists) {
     constexpr std::size_t kMost = 3;
-    const auto shortest = [](const PatternPieces& pieces) {
-        return std::ranges::min(pieces.Texts, {}, &std::string::size).size();
+    const auto shortest = [](const LiteralChoice& choice) {
+        return std::ranges::min(choice.Texts, {}, &std::string::size).size();
     };
-    std::vector<PatternPieces>& kept = m_needs.OneOfEach;
+    std::vector<LiteralChoice>& kept = m_prefilter.OneOfEach;
     kept.insert(
         kept.end(), std::make_move_iterator(lists.begin()), std::make_move_iterator(lists.end()));
     std::ranges::stable_sort(kept, std::greater(), shortest);
     kept.resize(std::min(kept.size(), kMost));
 }
 
-PatternNeeds SequenceNeeds::Finish() {
+Prefilter SequencePrefilter::Finish() {
     EndRun();
-    return std::move(m_needs);
+    return std::move(m_prefilter);
 }
 
-void SequenceNeeds::AddCharacter(char32_t character) {
+void SequencePrefilter::AddCharacter(char32_t character) {
     std::string bytes;
     modUtf8::Append(bytes, character);
     m_run += bytes;
-    m_needs.Bytes.AddAll(ByteSet(bytes));
+    m_prefilter.Bytes.AddAll(ByteSet(bytes));
 }
 
-/// A piece of its own, of which it is not known what is next to its literal text.
-void SequenceNeeds::AddInner(const PatternNode& node) {
+/// A node whose literal may not be adjacent to those around it.
+void SequencePrefilter::AddInner(const PatternNode& node) {
     EndRun();
-    PatternNeeds inner =
-        node.Kind == PatternKind::Alternatives ? NeedsOfAlternatives(node) : NeedsOf(node);
-    m_needs.Bytes.AddAll(inner.Bytes);
-    KeepLonger(m_needs.Literal, inner.Literal);
+    Prefilter inner = node.Kind == PatternKind::Alternatives ? PrefilterOfAlternatives(node)
+                                                             : PrefilterOfNode(node);
+    m_prefilter.Bytes.AddAll(inner.Bytes);
+    KeepLonger(m_prefilter.Literal, inner.Literal);
     KeepOneOfEach(std::move(inner.OneOfEach));
 }
 
-void SequenceNeeds::Add(const PatternNode& node) {
+void SequencePrefilter::Add(const PatternNode& node) {
     switch (node.Kind) {
         case PatternKind::Character:
             if (node.IsAnyCase) {
@@ -162,7 +162,7 @@ void SequenceNeeds::Add(const PatternNode& node) {
     }
 }
 
-/// Whether every match of the piece begins at the start of the text.
+/// Whether every match of the node begins at the start of the text.
 bool IsAnchored(const PatternNode& node) {
     if (node.Kind == PatternKind::Group || node.Kind == PatternKind::Sequence) {
         return !node.Children.empty() && IsAnchored(node.Children.front());
@@ -173,11 +173,11 @@ bool IsAnchored(const PatternNode& node) {
     return node.Kind == PatternKind::Start;
 }
 
-/// With what the text that a piece takes can begin.
+/// The bytes with which a match of a node can begin.
 struct FirstBytes {
     ByteSet Bytes;
     bool IsKnown = true;
-    bool MayBeEmpty = false;  // the piece may take nothing, and what follows it begins
+    bool MayBeEmpty = false;  // the match may be empty, so that what follows it begins
 };
 
 FirstBytes FirstOf(const PatternNode& node);
@@ -241,38 +241,39 @@ FirstBytes FirstOf(const PatternNode& node) {
 
 }  // namespace
 
-bool PatternNeeds::HasPieces(std::string_view text) const {
-    const auto isThere = [&](const std::string& piece) {
-        return text.find(piece) != std::string_view::npos;
+bool Prefilter::HasLiterals(std::string_view text) const {
+    const auto contains = [&](const std::string& literal) {
+        return text.find(literal) != std::string_view::npos;
     };
-    return isThere(Literal) && std::ranges::all_of(OneOfEach, [&](const PatternPieces& pieces) {
-               return std::ranges::any_of(pieces.Texts, isThere);
+    return contains(Literal) && std::ranges::all_of(OneOfEach, [&](const LiteralChoice& choice) {
+               return std::ranges::any_of(choice.Texts, contains);
            });
 }
 
-bool PatternNeeds::MayHaveOneOfEach(const TextTraits& traits) const {
-    return std::ranges::all_of(OneOfEach, [&](const PatternPieces& pieces) {
-        return std::ranges::any_of(
-            pieces.Pairs, [&](const PairSet& pairs) { return traits.Pairs.ContainsAll(pairs); });
+bool Prefilter::MayHaveOneOfEach(const TextSignature& signature) const {
+    return std::ranges::all_of(OneOfEach, [&](const LiteralChoice& choice) {
+        return std::ranges::any_of(choice.Bigrams, [&](const BigramSet& bigrams) {
+            return signature.Bigrams.ContainsAll(bigrams);
+        });
     });
 }
 
-PatternNeeds NeedsOfPattern(const PatternTree& tree) {
-    PatternNeeds needs = NeedsOf(tree.Root);
+Prefilter PrefilterOf(const PatternTree& tree) {
+    Prefilter prefilter = PrefilterOfNode(tree.Root);
     if (!tree.Flags.Multiline && IsAnchored(tree.Root)) {
         const FirstBytes first = FirstOf(tree.Root);
         if (first.IsKnown && !first.MayBeEmpty) {
-            needs.First = first.Bytes;
+            prefilter.First = first.Bytes;
         }
     }
-    needs.Pairs = PairSet(needs.Literal);
-    for (PatternPieces& pieces : needs.OneOfEach) {
+    prefilter.Bigrams = BigramSet(prefilter.Literal);
+    for (LiteralChoice& choice : prefilter.OneOfEach) {
         std::ranges::transform(
-            pieces.Texts, std::back_inserter(pieces.Pairs), [](const std::string& text) {
-                return PairSet(text);
+            choice.Texts, std::back_inserter(choice.Bigrams), [](const std::string& text) {
+                return BigramSet(text);
             });
     }
-    return needs;
+    return prefilter;
 }
 
 }  // namespace dorvik

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/regex/CharacterSet.h"
+#include "CharacterSet.h"
 
 #include <cstdint>
 #include <limits>

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/regex/PatternTree.h"
+#include "PatternTree.h"
 
-/// Questions about a pattern that decide by which road it is searched for.
-namespace dorvik::modPatternTraits {
+/// Facts about a pattern that decide whether the library or `PatternMachine` searches for it.
+namespace dorvik::modPatternFacts {
 
-/// True if the piece may match without taking a character.
+/// True if the node may match without taking a character.
 bool MayBeEmpty(const PatternNode& node);
 
 /// True if something that may match the empty text is repeated. The dialect never takes such a round
@@ -16,8 +16,8 @@ bool RepeatsEmptyText(const PatternNode& node);
 /// took. The dialect forgets the groups of a repetition at the start of each round.
 bool MayKeepStaleGroups(const PatternNode& node);
 
-/// True if the first match that is found is the longest at its place: all its pieces have one length,
-/// but for one greedy repetition.
+/// True if the first match that is found is the longest at its position: all its parts have a fixed length,
+/// except for one greedy repetition.
 bool TakesLongestFirst(const PatternNode& node);
 
-}  // namespace dorvik::modPatternTraits
+}  // namespace dorvik::modPatternFacts

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+namespace dorvik {
+
+/// Patterns that are all tested on each of many texts, as the keywords of a rulebase are on each statement: the
+/// same results as one `RegularExpression` for each pattern, with case, at a fraction of the time.
+///
+///     PatternSet patterns;
+///     const std::size_t goTo = patterns.Add("\\bGoTo\\b");
+///     patterns.SetText(statement);
+///     if (patterns.Matches(goTo)) ...
+///
+/// One object serves one thread.
+class PatternSet {
+public:
+    PatternSet();
+    ~PatternSet();
+    PatternSet(PatternSet&& other) noexcept;
+    PatternSet& operator=(PatternSet&& other) noexcept;
+
+    /// Returns the number of the pattern; the first one has 0. A malformed pattern raises its error when it is
+    /// tested.
+    std::size_t Add(std::string_view pattern);
+    /// True if each test of the pattern raises one of 5017 to 5020.
+    bool IsMalformed(std::size_t pattern) const;
+
+    /// The text of all tests that follow. REQUIRES: it stays alive during them; no pattern is added before the
+    /// next text is set.
+    void SetText(std::string_view text);
+    /// True if the pattern matches anywhere in the text. Raises one of 5017 to 5020 for a malformed pattern, and
+    /// `kRegularExpressionTooComplex` for a search that was abandoned.
+    bool Matches(std::size_t pattern) const {
+        return m_isCandidate[pattern] != 0 && Search(pattern);
+    }
+
+private:
+    struct Entry;
+
+    bool Search(std::size_t pattern) const;
+
+    std::vector<Entry> m_entries;
+    std::vector<std::uint8_t> m_isCandidate;  // by pattern; 0: the text is known not to match
+    std::string_view m_text;
+};
+
+}  // namespace dorvik
