@@ -6,10 +6,10 @@ namespace dorvik::basic {
 
 namespace {
 
-/// More than all rules together ask for at an event; a script that makes up names gets no further.
-constexpr std::size_t kMostAnswers = 64;
+/// More than all rules together read at an event. The bound is for scripts that compute names.
+constexpr std::size_t kMostEntries = 64;
 
-bool CanBeAsked(const Value& argument) {
+bool CanBeKey(const Value& argument) {
     return argument.Type() == ValueType::String || argument.Type() == ValueType::Empty;
 }
 
@@ -17,49 +17,47 @@ const StringBody* BodyOf(const Value& argument) {
     return argument.Type() == ValueType::String ? argument.TextBody() : nullptr;
 }
 
-bool CanBeKept(const Value& answer) {
-    return answer.Type() == ValueType::String || answer.IsNumber();
+bool CanBeKept(const Value& result) {
+    return result.Type() == ValueType::String || result.IsNumber();
 }
 
 }  // namespace
 
-std::optional<PropertyCache::Question>
-PropertyCache::QuestionOf(std::size_t member, const Value& first, const Value& second) {
-    if (!CanBeAsked(first) || !CanBeAsked(second)) {
+std::optional<PropertyCache::Key>
+PropertyCache::KeyOf(std::size_t member, const Value& first, const Value& second) {
+    if (!CanBeKey(first) || !CanBeKey(second)) {
         return std::nullopt;
     }
-    return Question{member, BodyOf(first), BodyOf(second)};
+    return Key{member, BodyOf(first), BodyOf(second)};
 }
 
 const Value*
 PropertyCache::Find(std::size_t member, const Value& first, const Value& second) const {
-    const auto question = QuestionOf(member, first, second);
-    if (!question) {
+    const auto key = KeyOf(member, first, second);
+    if (!key) {
         return nullptr;
     }
-    // The arguments first: most questions are put to one callback about one object.
-    const auto found =
-        std::find_if(m_questions.begin(), m_questions.end(), [&question](const Question& kept) {
-            return kept.Second == question->Second && kept.First == question->First &&
-                   kept.Member == question->Member;
-        });
-    return found == m_questions.end()
+    // The arguments first: most lookups are of one callback and one object.
+    const auto found = std::find_if(m_keys.begin(), m_keys.end(), [&key](const Key& kept) {
+        return kept.Second == key->Second && kept.First == key->First && kept.Member == key->Member;
+    });
+    return found == m_keys.end()
                ? nullptr
-               : &m_answers[static_cast<std::size_t>(found - m_questions.begin())].Result;
+               : &m_entries[static_cast<std::size_t>(found - m_keys.begin())].Result;
 }
 
 void PropertyCache::Keep(
-    std::size_t member, const Value& first, const Value& second, const Value& answer) {
-    const auto question = QuestionOf(member, first, second);
-    if (question && CanBeKept(answer) && m_questions.size() < kMostAnswers) {
-        m_questions.push_back(*question);
-        m_answers.push_back({first, second, answer});
+    std::size_t member, const Value& first, const Value& second, const Value& result) {
+    const auto key = KeyOf(member, first, second);
+    if (key && CanBeKept(result) && m_keys.size() < kMostEntries) {
+        m_keys.push_back(*key);
+        m_entries.push_back({first, second, result});
     }
 }
 
 void PropertyCache::Clear() {
-    m_questions.clear();
-    m_answers.clear();
+    m_keys.clear();
+    m_entries.clear();
 }
 
 }  // namespace dorvik::basic

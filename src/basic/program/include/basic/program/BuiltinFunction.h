@@ -9,11 +9,11 @@ namespace dorvik::basic {
 
 class ScriptContext;
 
-/// The functions that the compiler knows by more than their row.
+/// The functions that the compiler treats specially.
 enum class BuiltinId : std::uint8_t { None, DoEvents, InStr, LeftText, Len, LenB };
 
-/// A function of the language itself. Arguments left out come as `Missing`; the compiler has checked
-/// their number, put named ones in their order and knows the result's declared type.
+/// A function of the language itself. Omitted arguments are passed as `Missing`; the compiler has checked
+/// their number, ordered named ones and knows the declared type of the result.
 struct BuiltinFunction {
     using Implementation = Value (*)(ScriptContext& context, std::span<const Value> arguments);
 
@@ -24,7 +24,7 @@ struct BuiltinFunction {
     DeclaredKind Result;  // Variant unless always of one type
     Implementation Call;
     bool IsRefused = false;  // compiles, raises 70 when reached
-    /// Who counts the work that the texts among the arguments make.
+    /// Whether the caller or the function counts the work that text arguments cause.
     enum class TextCost : std::uint8_t { CountedByCaller, CountedByItself };
     TextCost Cost = TextCost::CountedByCaller;
     bool IsConversion = false;  // of its one argument to the type of the result

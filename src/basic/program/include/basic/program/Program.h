@@ -41,7 +41,7 @@ struct Parameter {
     Value Default;  // of an optional one: Missing for a Variant without a default
 };
 
-/// The statement that the code from its start to the next mark's belongs to.
+/// The statement to which the code from its start to that of the next mark belongs.
 struct StatementMark {
     std::uint32_t Start = 0;
     std::uint32_t Again = 0;  // where `Resume` continues
@@ -49,8 +49,8 @@ struct StatementMark {
     std::int32_t Line = 0;    // physical, in the module, from 1
 };
 
-/// An argument that a call passes as a copy, and where the new value goes: done by the code after the
-/// call, and by the machine when the call ends with an error.
+/// An argument that a call passes as a copy, and where its new value is stored: by the code after the call, or by
+/// the machine when the call ends with an error.
 struct ArgumentCopy {
     static constexpr std::uint16_t kNoElement = 0xFFFF;
 
@@ -60,8 +60,8 @@ struct ArgumentCopy {
     std::uint16_t Element = kNoElement;
 };
 
-/// One compiled procedure. Its slots: parameters, generic ones, then plain ones; arguments of the
-/// procedures that it calls are built after them and become the first slots of the callee.
+/// One compiled procedure. Its slots: parameters, boxed ones, then unboxed ones. The arguments of a call are built
+/// after them and become the first slots of the callee.
 struct Procedure {
     std::string Name;
     ProcedureKind Kind = ProcedureKind::Sub;
@@ -70,8 +70,8 @@ struct Procedure {
     bool IsPrivate = false;
     SourcePlace Place;
     std::vector<Instruction> Code;
-    std::vector<StatementMark> Marks;     // by rising starts
-    std::vector<ArgumentCopy> CopyBacks;  // by rising calls
+    std::vector<StatementMark> Marks;     // in ascending order of start
+    std::vector<ArgumentCopy> CopyBacks;  // in ascending order of call
     std::vector<Value> Initial;           // of the slots after the parameters; no heap objects
     std::uint32_t GenericSlots = 0;       // with the parameters; only these are released at the end
     std::uint32_t Slots = 0;
@@ -84,8 +84,8 @@ struct Procedure {
     const StatementMark& MarkOf(std::uint32_t position) const;
 };
 
-/// `Select Case` over whole numbers. Dense: `Targets[value - First]`; sparse: `Keys` rise, and
-/// `Targets` runs beside them.
+/// `Select Case` over whole numbers. Dense: `Targets[value - First]`; sparse: `Keys` are in
+/// ascending order, with `Targets` in parallel.
 struct SwitchTable {
     std::int32_t First = 0;
     std::vector<std::int32_t> Keys;
@@ -93,7 +93,7 @@ struct SwitchTable {
     std::uint32_t Else = 0;
 };
 
-/// A use of an object's member, with the class that was seen there last.
+/// A use of an object's member, with the class that it was last used with.
 struct CallSite {
     std::string Name;  // empty: the default member
     InvokeKind Kind = InvokeKind::Get;
@@ -110,7 +110,7 @@ struct ExtensionCall {
     std::uint32_t Parameters = 0;
     std::uint32_t Result = 0;     // the out argument that is the value of the function form
     bool KeepsArguments = false;  // the code after the call reads the out arguments
-    /// Where the call may find its answer instead; null if it has to be made.
+    /// Where the result may be cached; null if the call always has to be made.
     const PropertyCache* Answers = nullptr;
 };
 

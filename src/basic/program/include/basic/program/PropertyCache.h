@@ -8,39 +8,38 @@
 
 namespace dorvik::basic {
 
-/// Answers of an extension's callbacks that stay the same until it clears them, so that all scripts that ask for the
-/// same share one answer. The extension owns the cache and fills it; the machine gets it with the extension, and
-/// looks there before it calls.
+/// Results of an extension's callbacks that stay the same until the extension clears them, so that all scripts share
+/// one copy of each. The extension owns the cache and fills it; the machine gets it with the extension, and looks
+/// results up there before it calls.
 ///
-/// A question is the number of the callback and up to two arguments before its out argument, each a String or Empty.
-/// The names in scripts are constants of one module, which has each text once, so two texts are the same when they
-/// are one heap object; a text that a script has computed is never found, and the callback is called.
+/// The key is the number of the callback and up to two arguments before its out argument, each a String or Empty.
+/// Names in scripts are constants of one module, which has each text once, so texts are compared by the address of
+/// their heap object; for a text that a script has computed nothing is found, and the callback is called.
 class PropertyCache {
 public:
     /// Null if there is none. Valid until the next `Keep` or `Clear`.
     const Value* Find(std::size_t member, const Value& first, const Value& second) const;
-    /// Keeps a String or a number; anything else, and more answers than scripts reasonably ask for, is not kept.
-    void Keep(std::size_t member, const Value& first, const Value& second, const Value& answer);
+    /// Keeps a String or a number. Other results are not kept, nor are more than scripts reasonably read.
+    void Keep(std::size_t member, const Value& first, const Value& second, const Value& result);
     void Clear();
 
 private:
-    struct Question {
+    struct Key {
         std::size_t Member;
         const StringBody* First;
         const StringBody* Second;
 
-        bool operator==(const Question&) const = default;
+        bool operator==(const Key&) const = default;
     };
-    struct Answer {
-        Value First;  // the arguments, so that no other text gets their addresses
+    struct Entry {
+        Value First;  // the arguments, so that their addresses are not reused
         Value Second;
         Value Result;
     };
-    static std::optional<Question>
-    QuestionOf(std::size_t member, const Value& first, const Value& second);
+    static std::optional<Key> KeyOf(std::size_t member, const Value& first, const Value& second);
 
-    std::vector<Question> m_questions;
-    std::vector<Answer> m_answers;  // in the same order
+    std::vector<Key> m_keys;
+    std::vector<Entry> m_entries;  // in the same order
 };
 
 }  // namespace dorvik::basic

@@ -20,7 +20,7 @@ bool HasOnlyBytes(const Program& program, std::int32_t record);
 
 /// The bytes of a value in memory. REQUIRES: `HasOnlyBytes`.
 std::string BytesOf(const Program& program, const RecordBody& record);
-/// A value of the same Type with other bytes. Raises 6 for bytes that are no number of a member's type.
+/// A value of the same Type with other bytes. Raises 6 for bytes that are not a number of a member's type.
 /// REQUIRES: a record; `HasOnlyBytes`, and as many bytes as the value has.
 Value WithBytes(const Program& program, const Value& record, std::string_view bytes);
 

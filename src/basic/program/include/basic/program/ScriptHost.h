@@ -48,12 +48,12 @@ class IScriptExtension {
 public:
     virtual ~IScriptExtension() = default;
     virtual std::span<const ExtensionMember> Members() const = 0;
-    /// `arguments` holds all parameters. An out argument comes with the present value of what was passed
+    /// `arguments` holds all parameters. An out argument has the present value of what was passed
     /// and is written in place. May raise a BasicError, which the script can trap.
     virtual void Call(std::size_t member, std::span<Value> arguments) = 0;
 };
 
-/// What a script may use up. Zero: no limit.
+/// The limits of a script's resources. Zero: no limit.
 struct ScriptLimits {
     std::int64_t Instructions = 50'000'000;  // per call from the host
     std::int32_t Milliseconds = 5'000;       // per call from the host
