@@ -86,7 +86,7 @@ TEST_F(RulebaseCheckCommand, TellsFileRulePlaceAndReasonOnOneLineAndEndsWithOne)
     EXPECT_EQ(
         result.Output,
         "bad.dvk: UnauthorisedKeyword 5000 'No Stop', ViolationDefinition CategoryID: there is no "
-        "category 9\n");
+        "category 9; use the ID of a category, or -1 for none\n");
     EXPECT_THAT(result.Error, IsEmpty());
 }
 
