@@ -11,9 +11,10 @@
 #include <limits>
 
 // The hot loop: one function with one case for each frequent instruction, the price of speed. Position, frame and
-// constants stay in registers only as long as all cases are one function, and each case ends with its own jump, which
-// the processor predicts by the instruction before. Cases are short; what takes more than a few lines, or is rare, is
-// a function of `modOperations`: the instruction's slow path, or the whole of it.
+// constants stay in registers only as long as all cases are one function. Every `continue` becomes a jump of its own to
+// the next instruction (CMakeLists.txt says how), which the processor predicts by the instruction before. Cases are
+// short; what takes more than a few lines, or is rare, is a function of `modOperations`: the instruction's slow path,
+// or the whole of it.
 
 // An instruction is found by the address of its lines, without the checks of a switch. The compilers that build this
 // know labels as values; the language does not.
@@ -128,7 +129,7 @@ void RunInstructions(MachineState& state) {
     // Short instructions have one line each.
     // clang-format off
     for (;;) {
-        const Instruction in = *pc++;
+        const Instruction& in = *pc++;
         Value& a = base[in.A];
         goto *kLabels[static_cast<std::size_t>(in.Code)];
 
