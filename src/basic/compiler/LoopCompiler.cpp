@@ -153,11 +153,11 @@ void LoopCompiler::CompileAnyFor(
     Statements().CompileBlock(node.Body);
     m_code.Bind(next);
     m_code.Mark(node.NextPlace.Line, next, exit);
-    m_code.Emit(Opcode::ForGuard, limit);
     if (variable.Where == Storage::Local) {
         m_code.Emit(Opcode::ForLoop, static_cast<Register>(variable.Index), limit, step, flags);
         m_code.EmitJump(Opcode::Jump, body);
     } else {
+        m_code.Emit(Opcode::ForGuard, limit);
         Operand sum;
         sum.Slot = m_code.TemporaryGeneric();
         sum.IsTyped = true;

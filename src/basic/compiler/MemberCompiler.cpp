@@ -67,7 +67,8 @@ Operand MemberCompiler::ArrayElement(
     if (arguments.size() == 1) {
         const Operand held =
             Expressions().MayRunCode(*arguments[0].Value) ? Operands().Stable(target) : target;
-        const Register index = Operands().LongSlotOf(Expressions().Evaluate(*arguments[0].Value));
+        const Operand given = Expressions().Evaluate(*arguments[0].Value);
+        const Register index = isPlain ? Operands().LongSlotOf(given) : Operands().SlotOf(given);
         result.Slot = Operands().TemporaryFor(result.Type);
         m_code.Emit(
             isPlain ? Opcode::ArrayGetPlain : Opcode::ArrayGet, result.Slot, held.Slot, index);

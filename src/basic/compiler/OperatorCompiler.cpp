@@ -4,7 +4,10 @@
 #include "OperandCompiler.h"
 #include "OperandTypes.h"
 #include "Relations.h"
+#include "basic/values/MemoryMeter.h"
 #include "basic/values/ValueKinds.h"
+
+#include <algorithm>
 
 namespace dorvik::basic {
 
@@ -191,8 +194,29 @@ std::optional<Operand> OperatorCompiler::TryTyped(
     return std::nullopt;
 }
 
+/// What is long is joined when the script runs, which may have a limit for texts.
+std::optional<Operand>
+OperatorCompiler::TryJoin(BinaryOperator which, const Operand& left, const Operand& right) {
+    constexpr std::size_t kLongestText = 256;
+    const auto isText = [](const Operand& operand) {
+        return operand.Constant != nullptr && operand.Constant->Type() == ValueType::String;
+    };
+    if (which != BinaryOperator::Concatenate || !isText(left) || !isText(right)) {
+        return std::nullopt;
+    }
+    std::string joined(left.Constant->AsText());
+    joined += right.Constant->AsText();
+    if (joined.size() > std::min(kLongestText, MemoryMeter::Current().StringLimit())) {
+        return std::nullopt;
+    }
+    return Operands().Fold(Value::Text(std::move(joined)));
+}
+
 Operand OperatorCompiler::GenericOperator(
     BinaryOperator which, const Operand& left, const Operand& right, ResultHint hint) {
+    if (const auto joined = TryJoin(which, left, right)) {
+        return *joined;
+    }
     Operand result;
     result.IsTyped = left.IsTyped && right.IsTyped;
     result.IsScalar = true;

@@ -33,6 +33,8 @@ private:
     TryTyped(BinaryOperator which, const Operand& left, const Operand& right, ResultHint hint);
     std::optional<Operand>
     TryComparison(BinaryOperator which, const Operand& left, const Operand& right);
+    /// Two constant texts as one, such as `"x" & vbLf`.
+    std::optional<Operand> TryJoin(BinaryOperator which, const Operand& left, const Operand& right);
 };
 
 }  // namespace dorvik::basic

@@ -81,8 +81,8 @@ void TextAssignmentCompiler::Compile(const TextAssignStatement& node, SourcePlac
     changed.Type = text;
     changed.IsTyped = true;
     Variables().StoreReference(reference, changed, lvalue.Type, false);
-    m_code.Bind(done);
     m_code.Emit(Opcode::ReleaseArguments, first, static_cast<Register>(count));
+    m_code.Bind(done);
     m_code.PopArguments(count);
     Arguments().Finish(after);
 }

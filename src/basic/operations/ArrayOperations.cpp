@@ -33,11 +33,20 @@ void ResetElements(ArrayBody& array, const Value& initial) {
     }
 }
 
+/// A text that is an index is read to its end.
+void SpendForIndex(MachineState& state, const Value& index) {
+    constexpr std::size_t kBytesOfAUnit = 64;
+    if (index.Type() == ValueType::String) {
+        state.Budget.Spend(index.AsText().size() / kBytesOfAUnit);
+    }
+}
+
 }  // namespace
 
 void SlowIndexGet(MachineState& state, Instruction in, Value* base) {
     const Value target = base[in.B];
     const std::span<const Value> index(&base[in.C], 1);
+    SpendForIndex(state, index[0]);
     if (target.Type() == ValueType::Array) {
         base[in.A] = ElementFrom(target, index);
         return;
@@ -54,8 +63,9 @@ void SlowIndexGet(MachineState& state, Instruction in, Value* base) {
     base[in.A] = object.Invoke(kDefaultMember, InvokeKind::Get, index);
 }
 
-void SlowIndexSet(MachineState&, Instruction in, Value* base) {
+void SlowIndexSet(MachineState& state, Instruction in, Value* base) {
     const Value target = base[in.A];
+    SpendForIndex(state, base[in.B]);
     if (target.Type() == ValueType::Array) {
         const std::size_t offset = OffsetOf(*target.AsArray(), {&base[in.B], 1});
         StoreElement(*target.AsArray(), offset, base[in.C], in.Flags != 0);

@@ -54,6 +54,9 @@ void ForBounds(MachineState&, Instruction in, Value* base) {
 bool SlowForLoop(MachineState& state, Instruction in, Value* base) {
     Value& counter = base[in.A];
     const Value& step = base[in.C];
+    if (base[in.B].Type() == ValueType::Empty) {
+        RaiseError(runtimeerror::kForLoopNotInitialised);
+    }
     if (counter.Type() == ValueType::Integer && step.Type() == ValueType::Integer) {
         const std::int32_t sum = counter.AsLong() + step.AsLong();
         if (sum == static_cast<std::int16_t>(sum)) {

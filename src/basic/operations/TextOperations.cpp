@@ -10,9 +10,16 @@ namespace dorvik::basic::modOperations {
 namespace {
 
 constexpr std::size_t kBytesOfAUnit = 64;  // of text that is read and copied
+constexpr std::size_t kMidSlots = 4;       // of a Mid statement: text, start, length, new part
 
 std::size_t LengthOf(const Value& text) {
     return text.TextBody() != nullptr ? text.TextBody()->Length() : 0;
+}
+
+/// The first characters of a text that has as many.
+std::string_view StartOf(const Value& text, std::size_t count) {
+    return count == LengthOf(text) ? text.AsText()
+                                   : text.AsText().substr(0, text.TextBody()->OffsetOf(count));
 }
 
 /// Whether nothing refers to the text but the variable and the slot into which it was read.
@@ -44,10 +51,14 @@ void MidAssign(MachineState& state, Instruction in, Value* base) {
         state.Budget.Spend(text.AsText().size() / kBytesOfAUnit);
         text = Value::Text(StringBody::Of(text.AsText()));
     }
-    const std::string_view taken =
-        count > 0 ? part.AsText().substr(0, part.TextBody()->OffsetOf(count)) : std::string_view();
-    state.Budget.Spend(text.TextBody()->Overwrite(begin, count, taken) / kBytesOfAUnit);
-    state.Next = isInPlace ? state.Frames.Code() + state.Next->Wide() : state.Next + 1;
+    state.Budget.Spend(
+        text.TextBody()->Overwrite(begin, count, StartOf(part, count)) / kBytesOfAUnit);
+    if (isInPlace) {
+        std::fill_n(&text, kMidSlots, Value());
+        state.Next = state.Frames.Code() + state.Next->Wide();
+    } else {
+        ++state.Next;
+    }
 }
 
 void AlignText(MachineState& state, Instruction in, Value* base) {
