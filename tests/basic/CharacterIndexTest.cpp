@@ -54,6 +54,37 @@ void ExpectPlaces(
     EXPECT_EQ(body.OffsetOf(characters.size() + 1), offset);
 }
 
+/// The same as `modCharacters::Skip`, byte by byte.
+std::size_t SkipByteByByte(std::string_view text, std::size_t count, std::size_t from) {
+    const auto begins = [&](std::size_t offset) {
+        return (static_cast<unsigned char>(text[offset]) & 0xC0U) != 0x80;
+    };
+    for (std::size_t passed = 0; count > 0 && from < text.size(); ++from) {
+        if (begins(from) && passed++ == count) {
+            break;
+        }
+    }
+    return from;
+}
+
+TEST(CharacterIndex, CharactersAreSkippedInWordsAsInBytes) {
+    std::mt19937 random(9);
+    for (int round = 0; round < 2'000; ++round) {
+        std::string text(random() % 40, '\0');
+        const std::uint32_t continuations = random() % 4;  // of four bytes; no text has so many
+        for (char& byte : text) {
+            byte = static_cast<char>(
+                random() % 4 < continuations ? 0x80 + random() % 0x40 : random() % 0x80);
+        }
+        for (std::size_t from = 0; from <= text.size(); ++from) {
+            for (std::size_t count = 0; count < 24; ++count) {
+                ASSERT_EQ(modCharacters::Skip(text, count, from), SkipByteByByte(text, count, from))
+                    << "round " << round << ", " << count << " from " << from;
+            }
+        }
+    }
+}
+
 TEST(CharacterIndex, FindsCharactersOfAnyWidthAnywhere) {
     std::mt19937 random(1);
     for (const std::size_t size : {0, 1, 50, 63, 64, 65, 128, 129, 1000}) {

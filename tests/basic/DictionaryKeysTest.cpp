@@ -37,13 +37,13 @@ std::size_t PlaceIn(const std::vector<Pair>& model, const Value& key) {
 void ExpectSame(const DictionaryKeys& keys, const std::vector<Pair>& model) {
     ASSERT_EQ(keys.Count(), model.size());
     std::size_t place = 0;
-    for (const DictionaryKeys::Entry& entry : keys.Entries()) {
-        if (!entry.IsAlive) {
+    for (std::size_t stored = 0; stored < keys.Places(); ++stored) {
+        if (!keys.IsAlive(stored)) {
             continue;
         }
-        ASSERT_TRUE(IsSameKey(entry.Key, model[place].Key, false));
-        ASSERT_EQ(entry.Key.Type(), model[place].Key.Type());
-        ASSERT_EQ(entry.Item.AsLong(), model[place].Item);
+        ASSERT_TRUE(IsSameKey(keys.KeyAt(stored), model[place].Key, false));
+        ASSERT_EQ(keys.KeyAt(stored).Type(), model[place].Key.Type());
+        ASSERT_EQ(keys.ItemAt(stored).AsLong(), model[place].Item);
         ++place;
     }
 }
@@ -53,7 +53,7 @@ void ExpectFinds(DictionaryKeys& keys, const std::vector<Pair>& model, const Val
     for (const std::size_t place : {keys.FindAgain(key), keys.Find(key, keys.HashOf(key))}) {
         ASSERT_EQ(place == DictionaryKeys::kNone, known == model.size());
         if (place != DictionaryKeys::kNone) {
-            ASSERT_EQ(keys.Entries()[place].Item.AsLong(), model[known].Item);
+            ASSERT_EQ(keys.ItemAt(place).AsLong(), model[known].Item);
         }
     }
 }
@@ -61,10 +61,11 @@ void ExpectFinds(DictionaryKeys& keys, const std::vector<Pair>& model, const Val
 void SetItem(DictionaryKeys& keys, std::vector<Pair>& model, const Value& key, std::int32_t item) {
     std::size_t place = keys.FindAgain(key);
     if (place == DictionaryKeys::kNone) {
-        place = keys.Append(key, keys.HashOf(key), true);
+        place = keys.ContinuesRow(key) ? keys.AppendToRow(key)
+                                       : keys.Append(key, keys.HashOf(key), true);
         model.push_back({key, 0});
     }
-    keys.Entries()[place].Item = Value::Long(item);
+    keys.ItemAt(place) = Value::Long(item);
     model[PlaceIn(model, key)].Item = item;
 }
 
@@ -84,8 +85,9 @@ TEST(DictionaryKeys, FindsKeysOfARowThatEndsInAnyWay) {
         std::vector<Pair> model;
         const auto first = static_cast<std::int32_t>(random() % 5) - 2;
         const auto size = static_cast<std::int32_t>(random() % 30);
+        const std::uint32_t form = seed % 3 == 0 ? 0 : 4;  // Integers or Longs
         for (std::int32_t number = first; number < first + size; ++number) {
-            SetItem(keys, model, KeyOf(number, 4 + random() % 4), number);
+            SetItem(keys, model, KeyOf(number, form), number);
         }
         for (int step = 0; step < 120; ++step) {
             const auto number = static_cast<std::int32_t>(random() % 40) - 4;
@@ -120,6 +122,46 @@ TEST(DictionaryKeys, AKeyBetweenTwoWholeNumbersIsNeither) {
     ExpectFinds(keys, model, Value::Double(2.5));
 }
 
+TEST(DictionaryKeys, ARowKeepsTheTypesOfItsKeys) {
+    DictionaryKeys keys;
+    std::vector<Pair> model;
+    for (std::int32_t number = 32'760; number <= 32'767; ++number) {
+        SetItem(keys, model, Value::Integer(static_cast<std::int16_t>(number)), number);
+    }
+    ExpectSame(keys, model);
+    for (std::int32_t number = 32'768; number < 32'780; ++number) {
+        SetItem(keys, model, Value::Long(number), number);
+    }
+    ExpectSame(keys, model);
+    ExpectFinds(keys, model, Value::Long(32'767));
+    ExpectFinds(keys, model, Value::Double(32'768));
+}
+
+TEST(DictionaryKeys, ARowEndsWithTheLargestLong) {
+    DictionaryKeys keys;
+    std::vector<Pair> model;
+    for (std::int32_t number = INT32_MAX - 3; number < INT32_MAX; ++number) {
+        SetItem(keys, model, Value::Long(number), 1);
+    }
+    SetItem(keys, model, Value::Long(INT32_MAX), 2);
+    SetItem(keys, model, Value::Long(INT32_MIN), 3);
+    SetItem(keys, model, Value::Double(double{INT32_MAX} + 1), 4);
+    ExpectSame(keys, model);
+    ExpectFinds(keys, model, Value::Long(INT32_MAX));
+    ExpectFinds(keys, model, Value::Long(INT32_MIN));
+}
+
+TEST(DictionaryKeys, ARowIsChargedForWhatItWouldTakeWithKeys) {
+    DictionaryKeys row;
+    DictionaryKeys other;
+    for (std::int32_t number = 0; number < 1'000; ++number) {
+        const Value key = Value::Double(number);
+        ASSERT_GE(row.BytesForOneMore(), other.BytesForOneMore()) << number;
+        row.AppendToRow(Value::Long(number));
+        other.Append(key, other.HashOf(key), true);
+    }
+}
+
 TEST(DictionaryKeys, AKeyOfARowCanBeRenamed) {
     DictionaryKeys keys;
     std::vector<Pair> model;
@@ -145,7 +187,7 @@ TEST(DictionaryKeys, ARowThatIsAQueueKeepsNoRoomForWhatIsGone) {
         }
     }
     ExpectSame(keys, model);
-    EXPECT_LT(keys.Entries().size(), 100U);
+    EXPECT_LT(keys.Places(), 100U);
 }
 
 TEST(DictionaryKeys, AnEmptiedDictionaryBeginsAnew) {

@@ -20,6 +20,11 @@ constexpr ObjectMember kMembers[] = {
     {"Count", ""},
 };
 
+/// Whether a member can be used with one argument, as most uses are.
+bool TakesOneArgument(Member member) {
+    return member == Member::Item || member == Member::Add || member == Member::Remove;
+}
+
 /// What an item takes besides its value: the node, its place, its entry in the table of keys.
 constexpr std::size_t kBytesPerItem = 96;
 /// What the queue takes before there is an item.
@@ -56,15 +61,21 @@ int CollectionObject::FindParameter(int member, std::string_view name) const {
 }
 
 Value CollectionObject::Invoke(int member, InvokeKind kind, std::span<const Value> arguments) {
-    const bool isAppended = static_cast<Member>(member) == Member::Add && arguments.size() == 1;
-    if (isAppended && !IsAssignment(kind) && IsGiven(arguments, 0)) {
-        Append(arguments[0]);
-        return Value();
+    const auto which = static_cast<Member>(member);
+    const bool hasOneArgument =
+        arguments.size() == 1 && !IsAssignment(kind) && IsGiven(arguments, 0);
+    if (!hasOneArgument || !TakesOneArgument(which)) {
+        CheckUse(kMembers, member, kind, arguments);
     }
-    CheckUse(kMembers, member, kind, arguments);
-    switch (static_cast<Member>(member)) {
+    switch (which) {
         case Member::Item: return ItemOf(arguments[0]);
-        case Member::Add: Add(arguments); break;
+        case Member::Add:
+            if (hasOneArgument) {
+                Append(arguments[0]);
+            } else {
+                Add(arguments);
+            }
+            break;
         case Member::Remove: Remove(PlaceOf(arguments[0])); break;
         case Member::Count: return Value::Long(static_cast<std::int32_t>(Count()));
     }

@@ -143,7 +143,7 @@ std::size_t DictionaryKeys::Find(const Value& key, std::uint32_t hash) const {
         if (slot.Hash != hash || slot.Place == kRemoved) {
             continue;
         }
-        const Value& present = m_entries[slot.Place].Key;
+        const Value& present = m_keys[slot.Place].Key;
         if (IsSameText(present, key) || IsSameKey(present, key, m_ignoresCase)) {
             m_lastFound = slot.Place;
             return slot.Place;
@@ -151,20 +151,26 @@ std::size_t DictionaryKeys::Find(const Value& key, std::uint32_t hash) const {
     }
 }
 
-std::size_t DictionaryKeys::Append(const Value& key, std::uint32_t hash, bool mayMove) {
-    if (m_isRow && !ContinuesRow(key)) {
-        LeaveRow(mayMove);
+std::size_t DictionaryKeys::AppendToRow(const Value& key) {
+    if (m_items.empty()) {
+        m_rowType = key.Type();
+        m_rowStart = key.AsLong();
     }
-    if (m_isRow && m_entries.empty()) {
-        ReadWhole(key, m_rowStart);
-    } else if (!m_isRow && IsFull()) {
+    m_items.emplace_back();
+    return m_count++;
+}
+
+std::size_t DictionaryKeys::Append(const Value& key, std::uint32_t hash, bool mayMove) {
+    if (m_isRow) {
+        LeaveRow();
+    }
+    if (IsFull()) {
         Rebuild(mayMove);
     }
-    const std::size_t place = m_entries.size();
-    m_entries.push_back({key, Value(), hash, true});
-    if (!m_isRow) {
-        Place(static_cast<std::uint32_t>(place), hash);
-    }
+    const std::size_t place = m_items.size();
+    m_items.emplace_back();
+    m_keys.push_back({key, hash, true});
+    Place(static_cast<std::uint32_t>(place), hash);
     ++m_count;
     return place;
 }
@@ -174,23 +180,25 @@ std::size_t DictionaryKeys::FindInRow(const Value& key) const {
     return ReadWhole(key, whole) ? FindInRow(whole) : kNone;
 }
 
-/// A row that is mostly holes, as of a queue, takes memory for nothing.
-bool DictionaryKeys::ContinuesRow(const Value& key) const {
-    constexpr std::size_t kFewEntries = 16;
-    std::int64_t whole = 0;
-    const bool isMostlyHoles = m_entries.size() > 2 * m_count + kFewEntries;
-    return !isMostlyHoles && ReadWhole(key, whole) &&
-           (m_entries.empty() || whole == m_rowStart + static_cast<std::int64_t>(m_entries.size()));
+Value DictionaryKeys::KeyInRow(std::size_t place) const {
+    const auto number = static_cast<std::int32_t>(m_rowStart + static_cast<std::int64_t>(place));
+    return m_rowType == ValueType::Long ? Value::Long(number)
+                                        : Value::Integer(static_cast<std::int16_t>(number));
 }
 
-void DictionaryKeys::LeaveRow(bool mayMove) {
+void DictionaryKeys::LeaveRow() {
+    m_keys.reserve(m_items.capacity());
+    for (std::size_t place = 0; place < m_items.size(); ++place) {
+        const Value key = KeyInRow(place);
+        m_keys.push_back({key, HashOf(key), true});
+    }
     m_isRow = false;
-    Rebuild(mayMove);
+    Rebuild(false);
 }
 
 void DictionaryKeys::FreeSlotOf(std::size_t place) {
     const std::size_t mask = m_slots.size() - 1;
-    std::size_t index = m_entries[place].Hash & mask;
+    std::size_t index = m_keys[place].Hash & mask;
     while (m_slots[index].Place != place) {
         index = (index + 1) & mask;
     }
@@ -198,25 +206,25 @@ void DictionaryKeys::FreeSlotOf(std::size_t place) {
 }
 
 void DictionaryKeys::Remove(std::size_t place) {
-    if (!m_isRow) {
-        FreeSlotOf(place);
+    if (m_isRow) {
+        LeaveRow();
     }
+    FreeSlotOf(place);
     --m_count;
-    Entry& entry = m_entries[place];
-    entry.IsAlive = false;
+    m_keys[place].IsAlive = false;
     // The values go last: what dies with them may come back here.
-    const Value key = std::move(entry.Key);
-    const Value item = std::move(entry.Item);
+    const Value key = std::move(m_keys[place].Key);
+    const Value item = std::move(m_items[place]);
 }
 
 void DictionaryKeys::Rename(std::size_t place, const Value& key, std::uint32_t hash) {
     if (m_isRow) {
-        LeaveRow(false);
+        LeaveRow();
     }
     FreeSlotOf(place);
-    m_entries[place].Hash = hash;
-    const Value old = std::move(m_entries[place].Key);
-    m_entries[place].Key = key;
+    m_keys[place].Hash = hash;
+    const Value old = std::move(m_keys[place].Key);
+    m_keys[place].Key = key;
     if (IsFull()) {
         Rebuild(false);
     } else {
@@ -225,37 +233,59 @@ void DictionaryKeys::Rename(std::size_t place, const Value& key, std::uint32_t h
 }
 
 void DictionaryKeys::Clear() {
-    std::vector<Entry> dying;
-    dying.swap(m_entries);
+    std::vector<StoredKey> dyingKeys;
+    dyingKeys.swap(m_keys);
+    std::vector<Value> dyingItems;
+    dyingItems.swap(m_items);
     m_slots.clear();
     m_count = 0;
     m_used = 0;
     m_isRow = true;
 }
 
-std::size_t DictionaryKeys::SlotsAfterGrowth() const {
-    const std::size_t needed = (m_count + 1) * 2;
-    return std::max(kFewestSlots, std::bit_ceil(needed));
+/// The slots of a new table.
+std::size_t DictionaryKeys::SlotsFor(std::size_t entries) {
+    return std::max(kFewestSlots, std::bit_ceil(2 * entries));
 }
 
 std::size_t DictionaryKeys::BytesForOneMore() const {
-    const std::size_t slots = IsFull() ? SlotsAfterGrowth() : m_slots.size();
-    const bool grows = m_entries.size() == m_entries.capacity();
-    const std::size_t entries = m_entries.capacity() * (grows ? 2 : 1);
-    return slots * sizeof(Slot) + entries * sizeof(Entry);
+    constexpr std::size_t kBytesOfEntry = sizeof(Value) + sizeof(StoredKey);
+    const bool grows = m_items.size() == m_items.capacity();
+    const std::size_t entries = m_items.capacity() * (grows ? 2 : 1);
+    const std::size_t slots = m_isRow    ? SlotsFor(entries)
+                              : IsFull() ? SlotsFor(m_count + 1)
+                                         : m_slots.size();
+    return slots * sizeof(Slot) + entries * kBytesOfEntry;
 }
 
 void DictionaryKeys::Rebuild(bool mayMove) {
-    if (mayMove && m_count < m_entries.size()) {
-        std::erase_if(m_entries, [](const Entry& entry) { return !entry.IsAlive; });
+    if (mayMove && m_count < m_items.size()) {
+        CloseHoles();
     }
-    m_slots.assign(SlotsAfterGrowth(), Slot());
+    m_slots.assign(SlotsFor(m_count + 1), Slot());
     m_used = 0;
-    for (std::size_t place = 0; place < m_entries.size(); ++place) {
-        if (m_entries[place].IsAlive) {
-            Place(static_cast<std::uint32_t>(place), m_entries[place].Hash);
+    for (std::size_t place = 0; place < m_keys.size(); ++place) {
+        if (m_keys[place].IsAlive) {
+            Place(static_cast<std::uint32_t>(place), m_keys[place].Hash);
         }
     }
+}
+
+/// Holes hold nothing: their values are gone since they were removed.
+void DictionaryKeys::CloseHoles() {
+    std::size_t kept = 0;
+    for (std::size_t place = 0; place < m_keys.size(); ++place) {
+        if (!m_keys[place].IsAlive) {
+            continue;
+        }
+        if (kept != place) {
+            m_keys[kept] = std::move(m_keys[place]);
+            m_items[kept] = std::move(m_items[place]);
+        }
+        ++kept;
+    }
+    m_keys.resize(kept);
+    m_items.resize(kept);
 }
 
 void DictionaryKeys::Place(std::uint32_t place, std::uint32_t hash) {

@@ -54,14 +54,14 @@ public:
     ~Walker() override { --m_dictionary->m_walkers; }
 
     bool Next(Value& element) override {
-        const auto& entries = m_dictionary->m_keys.Entries();
-        while (m_place < entries.size() && !entries[m_place].IsAlive) {
+        const DictionaryKeys& keys = m_dictionary->m_keys;
+        while (m_place < keys.Places() && !keys.IsAlive(m_place)) {
             ++m_place;
         }
-        if (m_place >= entries.size()) {
+        if (m_place >= keys.Places()) {
             return false;
         }
-        element = entries[m_place++].Key;
+        element = keys.KeyAt(m_place++);
         return true;
     }
 
@@ -94,8 +94,8 @@ Value DictionaryObject::Invoke(int member, InvokeKind kind, std::span<const Valu
         }
         case Member::Remove: Remove(arguments[0]); break;
         case Member::RemoveAll: RemoveAll(); break;
-        case Member::Keys: return List(&DictionaryKeys::Entry::Key, arguments);
-        case Member::Items: return List(&DictionaryKeys::Entry::Item, arguments);
+        case Member::Keys: return List(false, arguments);
+        case Member::Items: return List(true, arguments);
         case Member::Count: return Value::Long(static_cast<std::int32_t>(Count()));
         case Member::Key: Rename(arguments[0], arguments[1]); break;
         case Member::CompareMode:
@@ -113,27 +113,10 @@ std::unique_ptr<ScriptIterator> DictionaryObject::Iterate() {
 }
 
 void DictionaryObject::ForEachValue(const Visitor& visit) const {
-    for (const DictionaryKeys::Entry& entry : m_keys.Entries()) {
-        visit(entry.Key);
-        visit(entry.Item);
+    for (std::size_t place = 0; place < m_keys.Places(); ++place) {
+        visit(m_keys.KeyAt(place));
+        visit(m_keys.ItemAt(place));
     }
-}
-
-const Value& DictionaryObject::Item(const Value& key) {
-    std::size_t place = m_keys.FindAgain(key);
-    if (place == DictionaryKeys::kNone) {
-        place = Append(key, m_keys.HashOf(key));  // Required: reading an unknown key adds it
-    }
-    return m_keys.Entries()[place].Item;
-}
-
-void DictionaryObject::SetItem(const Value& key, const Value& item) {
-    std::size_t place = m_keys.FindAgain(key);
-    if (place == DictionaryKeys::kNone) {
-        place = Append(key, m_keys.HashOf(key));
-    }
-    // The old item leaves last, when the entry is whole again.
-    m_keys.Entries()[place].Item = item;
 }
 
 void DictionaryObject::Add(const Value& key, const Value& item) {
@@ -142,14 +125,27 @@ void DictionaryObject::Add(const Value& key, const Value& item) {
         RaiseError(runtimeerror::kKeyInUse);
     }
     Value stored = StoredValue(item, InvokeKind::Set);
-    m_keys.Entries()[Append(key, hash)].Item = std::move(stored);
+    m_keys.ItemAt(Append(key, hash)) = std::move(stored);
 }
 
+std::size_t DictionaryObject::Append(const Value& key) {
+    return Append(key, m_keys.ContinuesRow(key) ? 0 : m_keys.HashOf(key));
+}
+
+/// The hash is not read where the key continues a row.
 std::size_t DictionaryObject::Append(const Value& key, std::uint32_t hash) {
+    ChargeForOneMore();
+    return m_keys.ContinuesRow(key) ? m_keys.AppendToRow(key)
+                                    : m_keys.Append(key, hash, m_walkers == 0);
+}
+
+void DictionaryObject::ChargeForOneMore() {
+    if (m_keys.HasRoom()) {
+        return;
+    }
     if (const std::size_t bytes = m_keys.BytesForOneMore(); bytes > m_memory.Bytes()) {
         m_memory.SetBytes(bytes);
     }
-    return m_keys.Append(key, hash, m_walkers == 0);
 }
 
 void DictionaryObject::Remove(const Value& key) {
@@ -186,25 +182,25 @@ void DictionaryObject::SetCompareMode(const Value& mode) {
     m_keys.SetIgnoresCase(number == 1);
 }
 
-Value DictionaryObject::List(
-    Value DictionaryKeys::Entry::*part, std::span<const Value> arguments) const {
+Value DictionaryObject::List(bool ofItems, std::span<const Value> arguments) const {
     const bool isIndexed = IsGiven(arguments, 0);
     const std::int32_t index = LongAt(arguments, 0, 0);
     if (isIndexed && (index < 0 || static_cast<std::size_t>(index) >= Count())) {
         RaiseError(runtimeerror::kSubscriptOutOfRange);
     }
     Ref<ArrayBody> list = VariantArray(isIndexed ? 0 : Count());
-    CountLongWork(m_keys.Entries().size());
+    CountLongWork(m_keys.Places());
     std::size_t position = 0;
-    for (const DictionaryKeys::Entry& entry : m_keys.Entries()) {
-        if (!entry.IsAlive) {
+    for (std::size_t place = 0; place < m_keys.Places(); ++place) {
+        if (!m_keys.IsAlive(place)) {
             continue;
         }
+        const Value part = ofItems ? m_keys.ItemAt(place) : m_keys.KeyAt(place);
         if (isIndexed && position == static_cast<std::size_t>(index)) {
-            return entry.*part;
+            return part;
         }
         if (!isIndexed) {
-            list->Elements()[position] = (entry.*part).DeepCopy();
+            list->Elements()[position] = part.DeepCopy();
         }
         ++position;
     }

@@ -77,6 +77,11 @@ Sorted(const ScriptObject& object, int member, const CallSite& site, std::span<c
     return result;
 }
 
+Value InvokeNamed(
+    ScriptObject& object, int member, const CallSite& site, std::span<const Value> given) {
+    return object.Invoke(member, site.Kind, Sorted(object, member, site, given));
+}
+
 void RaiseOfErr(
     MachineState& state,
     const ScriptObject& err,
@@ -88,6 +93,23 @@ void RaiseOfErr(
         site.ArgumentNames.empty()
             ? ErrObject::ErrorToRaise(site.Kind, given)
             : ErrObject::ErrorToRaise(site.Kind, Sorted(err, member, site, given)));
+}
+
+/// Reads or writes an element of an array.
+Value UseElement(const Value& array, const CallSite& site, std::span<const Value> given) {
+    if (!site.ArgumentNames.empty()) {
+        RaiseError(runtimeerror::kNoNamedArguments);
+    }
+    if (site.Kind == InvokeKind::Get || site.Kind == InvokeKind::Call) {
+        return ElementFrom(array, given);
+    }
+    ArrayBody& body = *array.AsArray();
+    StoreElement(
+        body,
+        OffsetOf(body, given.first(given.size() - 1)),
+        given.back(),
+        site.Kind == InvokeKind::Set);
+    return Value();
 }
 
 }  // namespace
@@ -103,19 +125,7 @@ void Invoke(MachineState& state, Instruction in, Value* base) {
     }
     Value result;
     if (first->Type() == ValueType::Array && site.Name.empty()) {
-        if (!site.ArgumentNames.empty()) {
-            RaiseError(runtimeerror::kNoNamedArguments);
-        }
-        ArrayBody& array = *first->AsArray();
-        if (site.Kind == InvokeKind::Get || site.Kind == InvokeKind::Call) {
-            result = ElementFrom(*first, given);
-        } else {
-            StoreElement(
-                array,
-                OffsetOf(array, given.first(given.size() - 1)),
-                given.back(),
-                site.Kind == InvokeKind::Set);
-        }
+        result = UseElement(*first, site, given);
     } else {
         if (site.Name.empty() && first->Type() != ValueType::Object) {
             RaiseError(runtimeerror::kTypeMismatch);
@@ -126,11 +136,8 @@ void Invoke(MachineState& state, Instruction in, Value* base) {
             RaiseOfErr(state, object, member, site, given);
             return;
         }
-        if (site.ArgumentNames.empty()) {
-            result = object.Invoke(member, site.Kind, given);
-        } else {
-            result = object.Invoke(member, site.Kind, Sorted(object, member, site, given));
-        }
+        result = site.ArgumentNames.empty() ? object.Invoke(member, site.Kind, given)
+                                            : InvokeNamed(object, member, site, given);
     }
     state.Budget.Spend(CostOf(result));
     for (std::size_t i = 0; i <= site.Arguments; ++i) {

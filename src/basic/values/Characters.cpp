@@ -4,6 +4,7 @@
 #include "platform/host/CodePageTables.h"
 #include "platform/host/modEncoding.h"
 
+#include <bit>
 #include <cstdint>
 #include <cstring>
 
@@ -24,13 +25,27 @@ bool IsContinuation(char byte) {
 
 constexpr std::size_t kWordSize = sizeof(std::uint64_t);
 
-/// How many of eight bytes do not begin a character.
-std::size_t ContinuationsInWord(const char* bytes) {
-    constexpr std::uint64_t kLowestBits = 0x0101010101010101;
+constexpr std::uint64_t kLowestBits = 0x0101010101010101;  // of each byte of a word
+
+/// The lowest bit of each byte of eight says whether it does not begin a character.
+std::uint64_t ContinuationsInWord(const char* bytes) {
     std::uint64_t word = 0;
     std::memcpy(&word, bytes, kWordSize);
-    const std::uint64_t flags = (word >> 7U) & ~(word >> 6U) & kLowestBits;
-    return static_cast<std::size_t>((flags * kLowestBits) >> 56U);
+    return (word >> 7U) & ~(word >> 6U) & kLowestBits;
+}
+
+/// The sum of bytes that are 0 or 1.
+std::size_t SumOfBytes(std::uint64_t word) {
+    return static_cast<std::size_t>((word * kLowestBits) >> 56U);
+}
+
+/// The place of the character with that number, from 0, among eight bytes; eight if so many do not begin there.
+std::size_t PlaceInWord(const char* bytes, std::size_t number) {
+    constexpr std::uint64_t kHighestBits = kLowestBits << 7U;
+    const std::uint64_t begins = ContinuationsInWord(bytes) ^ kLowestBits;
+    const std::uint64_t counts = begins * kLowestBits;  // in each byte: how many begin up to there
+    const std::uint64_t isAfter = (counts + (0x7F - number) * kLowestBits) & kHighestBits;
+    return static_cast<std::size_t>(std::countr_zero(isAfter)) / 8;
 }
 
 /// The half of a surrogate pair whose three bytes begin at `position`; 0 if none does.
@@ -55,11 +70,20 @@ std::size_t Count(std::string_view text) {
 }
 
 std::size_t Skip(std::string_view text, std::size_t count, std::size_t from) {
-    // A word has at most as many characters as bytes; what it begins may end after it.
-    for (; count > kWordSize && text.size() - from > kWordSize; from += kWordSize) {
-        count -= kWordSize - ContinuationsInWord(text.data() + from);
+    if (count == 0) {
+        return from;
     }
-    while (count > 0 && from < text.size() && IsContinuation(text[from])) {
+    // A word has at most as many characters as bytes; what it begins may end after it.
+    for (; count >= kWordSize && text.size() - from >= kWordSize; from += kWordSize) {
+        count -= kWordSize - SumOfBytes(ContinuationsInWord(text.data() + from));
+    }
+    if (text.size() - from >= kWordSize) {
+        const std::size_t place = PlaceInWord(text.data() + from, count);
+        if (place < kWordSize) {
+            return from + place;
+        }
+    }
+    while (from < text.size() && IsContinuation(text[from])) {
         ++from;
     }
     for (; count > 0 && from < text.size(); --count) {

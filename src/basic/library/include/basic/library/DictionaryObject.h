@@ -22,21 +22,33 @@ public:
 
     std::size_t Count() const { return m_keys.Count(); }
     /// The item of a key, which is added if it is not there. Good until the dictionary changes.
-    const Value& Item(const Value& key);
+    const Value& Item(const Value& key) {
+        return m_keys.ItemAt(PlaceOf(key));  // Required: reading an unknown key adds it
+    }
     /// Stores a value as it is.
-    void SetItem(const Value& key, const Value& item);
+    void SetItem(const Value& key, const Value& item) {
+        // The old item leaves last, when the entry is whole again.
+        m_keys.ItemAt(PlaceOf(key)) = item;
+    }
 
 private:
     class Walker;
 
+    /// The place of a key, which is added if it is not there.
+    std::size_t PlaceOf(const Value& key) {
+        const std::size_t place = m_keys.FindAgain(key);
+        return place != DictionaryKeys::kNone ? place : Append(key);
+    }
     void Add(const Value& key, const Value& item);
+    std::size_t Append(const Value& key);
     std::size_t Append(const Value& key, std::uint32_t hash);
+    void ChargeForOneMore();
     void Remove(const Value& key);
     void RemoveAll();
     void Rename(const Value& key, const Value& newKey);
     void SetCompareMode(const Value& mode);
     /// All keys or all items as an array, or the one at the index that was given.
-    Value List(Value DictionaryKeys::Entry::*part, std::span<const Value> arguments) const;
+    Value List(bool ofItems, std::span<const Value> arguments) const;
 
     DictionaryKeys m_keys;
     ContainerMemory m_memory;

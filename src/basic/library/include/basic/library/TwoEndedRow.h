@@ -1,8 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <utility>
-#include <vector>
 
 namespace dorvik::basic {
 
@@ -17,7 +17,7 @@ public:
 
     /// REQUIRES: place <= Size().
     void Insert(std::size_t place, Element element) {
-        if (m_size == m_slots.size()) {
+        if (m_size == m_capacity) {
             Grow();
         }
         ++m_size;
@@ -26,7 +26,7 @@ public:
             return;
         }
         if (place < m_size / 2) {
-            m_first = (m_first - 1) & (m_slots.size() - 1);
+            m_first = (m_first - 1) & (m_capacity - 1);
             for (std::size_t moved = 0; moved < place; ++moved) {
                 (*this)[moved] = std::move((*this)[moved + 1]);
             }
@@ -56,27 +56,30 @@ public:
     }
 
     void Clear() {
-        std::vector<Element> dying;  // what dies may come back here
-        dying.swap(m_slots);
+        const auto dying = std::move(m_slots);  // what dies may come back here
+        m_capacity = 0;
         m_first = 0;
         m_size = 0;
     }
 
 private:
-    std::size_t SlotOf(std::size_t place) const { return (m_first + place) & (m_slots.size() - 1); }
+    std::size_t SlotOf(std::size_t place) const { return (m_first + place) & (m_capacity - 1); }
 
     void Grow() {
         constexpr std::size_t kFewest = 8;
-        std::vector<Element> slots(m_slots.empty() ? kFewest : 2 * m_slots.size());
+        const std::size_t capacity = m_capacity == 0 ? kFewest : 2 * m_capacity;
+        auto slots = std::make_unique<Element[]>(capacity);
         for (std::size_t place = 0; place < m_size; ++place) {
             slots[place] = std::move((*this)[place]);
         }
         m_slots = std::move(slots);
+        m_capacity = capacity;
         m_first = 0;
     }
 
-    std::vector<Element> m_slots;  // a power of two, or none
-    std::size_t m_first = 0;       // the slot of the first element
+    std::unique_ptr<Element[]> m_slots;
+    std::size_t m_capacity = 0;  // how many slots: a power of two, or none
+    std::size_t m_first = 0;     // the slot of the first element
     std::size_t m_size = 0;
 };
 
