@@ -77,5 +77,14 @@ TEST(ScriptCost, OverwritingCharactersOneByOneGrowsWithTheLength) {
     ExpectLinear("For i = 1 To Len(s): If Mid$(s, i, 1) = \"e\" Then Mid(s, i, 1) = \"E\"\nNext");
 }
 
+TEST(ScriptCost, AnIndexIsReadToItsEnd) {
+    const std::string use =
+        "t = String$(CLng(Len(s)), \" \") & \"1\"\nDim a(1) As String, v\nv = a\n"
+        "For i = 1 To 1000: a(0) = a(t): v(t) = v(t): Next";
+    const std::size_t once = CallsOf(kAscii, 1000, use);
+    EXPECT_GT(once, 100U);
+    EXPECT_GE(CallsOf(kAscii, 4000, use), 3 * once);
+}
+
 }  // namespace
 }  // namespace dorvik::basic

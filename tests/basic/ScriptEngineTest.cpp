@@ -141,6 +141,15 @@ TEST_F(ScriptEngineTest, TheInstructionLimitCannotBeTrapped) {
           "a: GoTo a",
           "a: Error 5: GoTo a",
           "For i = 1 To 1E+300\nNext",
+          "Dim l As Long\nFor l = 1 To 2 Step 0\nNext",
+          "Dim n As Integer\nFor n = 1 To 2 Step 0\nNext",
+          "Dim x As Double\nFor x = 1 To 2 Step 0\nNext",
+          "For v = 1 To 2 Step 0\nNext",
+          "For v = 1 To 2\nv = 0\nNext",
+          "Dim t As String\nt = \"ab\"\nDo\nMid(t, 1) = \"b\"\nLoop",
+          "Dim d As Object\nSet d = CreateObject(\"Scripting.Dictionary\")\nDo\nd(1) = d(1)\nLoop",
+          "Dim c As New Collection\nDo\nc.Add 1\nc.Remove 1\nLoop",
+          "Dim a(1) As String\nDo\na(0) = a(1) & a(True)\nLoop",
           "S",
           "a: GoSub b\nb: Return: GoTo a"}) {
         const std::string text =
