@@ -190,6 +190,19 @@ TEST_F(ScriptEngineTest, StringAndMemoryLimitsAreErrors14And7) {
     EXPECT_EQ(m_host.Printed, std::vector<std::string>{" 14  7 "});
 }
 
+TEST_F(ScriptEngineTest, LongConstantTextsAreJoinedWithinTheLimit) {
+    ScriptLimits limits;
+    limits.StringBytes = 300;
+    m_engine.SetLimits(limits);
+    const std::string literal = '"' + std::string(200, 'x') + '"';
+    const std::string text = "Sub Main\nOn Error Resume Next\nDim s As String\ns = " + literal +
+                             " & \"y\"\nDebug.Print Err.Number; Len(s);\ns = " + literal + " & " +
+                             literal + "\nDebug.Print Err.Number; Len(s)\nEnd Sub";
+    ASSERT_TRUE(Load(text.c_str())) << m_engine.ErrorText();
+    EXPECT_TRUE(m_engine.RunSub("Main"));
+    EXPECT_EQ(m_host.Printed, std::vector<std::string>{" 0  201  14  201 "});
+}
+
 TEST_F(ScriptEngineTest, AnErrorThatAScriptRaisesItselfIsNoLimitWhateverItsText) {
     for (const char* body :
          {"Err.Raise 7, , \"no limit set\"",

@@ -4,10 +4,7 @@
 #include "OperandCompiler.h"
 #include "OperandTypes.h"
 #include "Relations.h"
-#include "basic/values/MemoryMeter.h"
 #include "basic/values/ValueKinds.h"
-
-#include <algorithm>
 
 namespace dorvik::basic {
 
@@ -194,7 +191,7 @@ std::optional<Operand> OperatorCompiler::TryTyped(
     return std::nullopt;
 }
 
-/// What is long is joined when the script runs, which may have a limit for texts.
+/// As literals do, they count against no limit. What is long is joined when the script runs, within its limit for texts.
 std::optional<Operand>
 OperatorCompiler::TryJoin(BinaryOperator which, const Operand& left, const Operand& right) {
     constexpr std::size_t kLongestText = 256;
@@ -206,7 +203,7 @@ OperatorCompiler::TryJoin(BinaryOperator which, const Operand& left, const Opera
     }
     std::string joined(left.Constant->AsText());
     joined += right.Constant->AsText();
-    if (joined.size() > std::min(kLongestText, MemoryMeter::Current().StringLimit())) {
+    if (joined.size() > kLongestText) {
         return std::nullopt;
     }
     return Operands().Fold(Value::Text(std::move(joined)));
