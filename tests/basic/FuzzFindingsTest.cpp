@@ -60,6 +60,9 @@ constexpr CycleRow kCycles[] = {
     {"a collection in itself", "Dim c As New Collection: c.Add c: Debug.Print \"done\""},
     {"a dictionary in itself",
      "Set d = CreateObject(\"Scripting.Dictionary\"): d.Add \"me\", d: Debug.Print \"done\""},
+    {"a dictionary in itself by numbers in a row",
+     "Set d = CreateObject(\"Scripting.Dictionary\"): d.Add 1, d: d.Add 2, d: Debug.Print "
+     "\"done\""},
     {"a dictionary as its own key",
      "Set d = CreateObject(\"Scripting.Dictionary\"): d.Add d, 1: Debug.Print \"done\""},
     {"two in each other",

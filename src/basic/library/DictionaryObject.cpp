@@ -94,8 +94,8 @@ Value DictionaryObject::Invoke(int member, InvokeKind kind, std::span<const Valu
         }
         case Member::Remove: Remove(arguments[0]); break;
         case Member::RemoveAll: RemoveAll(); break;
-        case Member::Keys: return List(false, arguments);
-        case Member::Items: return List(true, arguments);
+        case Member::Keys: return List(Part::Keys, arguments);
+        case Member::Items: return List(Part::Items, arguments);
         case Member::Count: return Value::Long(static_cast<std::int32_t>(Count()));
         case Member::Key: Rename(arguments[0], arguments[1]); break;
         case Member::CompareMode:
@@ -182,7 +182,7 @@ void DictionaryObject::SetCompareMode(const Value& mode) {
     m_keys.SetIgnoresCase(number == 1);
 }
 
-Value DictionaryObject::List(bool ofItems, std::span<const Value> arguments) const {
+Value DictionaryObject::List(Part part, std::span<const Value> arguments) const {
     const bool isIndexed = IsGiven(arguments, 0);
     const std::int32_t index = LongAt(arguments, 0, 0);
     if (isIndexed && (index < 0 || static_cast<std::size_t>(index) >= Count())) {
@@ -195,12 +195,12 @@ Value DictionaryObject::List(bool ofItems, std::span<const Value> arguments) con
         if (!m_keys.IsAlive(place)) {
             continue;
         }
-        const Value part = ofItems ? m_keys.ItemAt(place) : m_keys.KeyAt(place);
+        const Value value = part == Part::Items ? m_keys.ItemAt(place) : m_keys.KeyAt(place);
         if (isIndexed && position == static_cast<std::size_t>(index)) {
-            return part;
+            return value;
         }
         if (!isIndexed) {
-            list->Elements()[position] = part.DeepCopy();
+            list->Elements()[position] = value.DeepCopy();
         }
         ++position;
     }

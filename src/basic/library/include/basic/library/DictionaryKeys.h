@@ -14,7 +14,7 @@ std::uint32_t HashOfKey(const Value& key, bool ignoresCase);
 bool IsSameKey(const Value& left, const Value& right, bool ignoresCase);
 
 /// Keys and items in the order of their insertion, with a hash table of their places. A removed entry
-/// leaves a hole until the table is built anew. As long as the keys are Integers or are Longs that follow one
+/// leaves a hole until the table is built anew. As long as all keys are Integers, or all are Longs, that follow one
 /// another, as the indices of an array do, they are a row: the place of an item is its key, and neither keys
 /// nor a table are kept.
 class DictionaryKeys {
@@ -50,7 +50,7 @@ public:
         return m_isRow && (m_items.empty() ? IsRowType(key.Type())
                                            : key.Type() == m_rowType && key.AsLong() == RowEnd());
     }
-    /// Adds such a key and returns its place. REQUIRES: `BytesForOneMore` was answered.
+    /// Adds such a key and returns its place. REQUIRES: `HasRoom`, or `BytesForOneMore` was charged.
     std::size_t AppendToRow(const Value& key);
     /// The same for any key that is not there. REQUIRES: !ContinuesRow(key).
     std::size_t Append(const Value& key, std::uint32_t hash, bool mayMove);

@@ -33,6 +33,7 @@ public:
 
 private:
     class Walker;
+    enum class Part : std::uint8_t { Keys, Items };
 
     /// The place of a key, which is added if it is not there.
     std::size_t PlaceOf(const Value& key) {
@@ -48,7 +49,7 @@ private:
     void Rename(const Value& key, const Value& newKey);
     void SetCompareMode(const Value& mode);
     /// All keys or all items as an array, or the one at the index that was given.
-    Value List(bool ofItems, std::span<const Value> arguments) const;
+    Value List(Part part, std::span<const Value> arguments) const;
 
     DictionaryKeys m_keys;
     ContainerMemory m_memory;
