@@ -195,7 +195,7 @@ Value DictionaryObject::List(Part part, std::span<const Value> arguments) const 
         if (!m_keys.IsAlive(place)) {
             continue;
         }
-        const Value value = part == Part::Items ? m_keys.ItemAt(place) : m_keys.KeyAt(place);
+        Value value = part == Part::Items ? m_keys.ItemAt(place) : m_keys.KeyAt(place);
         if (isIndexed && position == static_cast<std::size_t>(index)) {
             return value;
         }
