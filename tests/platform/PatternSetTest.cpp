@@ -11,7 +11,7 @@
 namespace dorvik {
 namespace {
 
-const std::vector<std::string> kPatterns = {
+const std::vector<std::string> kMatchedPatterns = {
     "\\bGoTo\\b",
     "^Stop$",
     "^(Dim|Private|Public)\\s",
@@ -56,15 +56,15 @@ std::int32_t ErrorOf(const PatternSet& patterns, std::size_t pattern) {
 
 TEST(PatternSet, FindsWhatSingleExpressionsFind) {
     PatternSet patterns;
-    for (const std::string& pattern : kPatterns) {
+    for (const std::string& pattern : kMatchedPatterns) {
         patterns.Add(pattern);
     }
     int matches = 0;
     for (const std::string& text : kTexts) {
         patterns.SetText(text);
-        for (std::size_t i = 0; i < kPatterns.size(); ++i) {
-            const bool expected = RegularExpression(kPatterns[i]).Test(text);
-            EXPECT_EQ(patterns.Matches(i), expected) << kPatterns[i] << " in " << text;
+        for (std::size_t i = 0; i < kMatchedPatterns.size(); ++i) {
+            const bool expected = RegularExpression(kMatchedPatterns[i]).Test(text);
+            EXPECT_EQ(patterns.Matches(i), expected) << kMatchedPatterns[i] << " in " << text;
             matches += expected ? 1 : 0;
         }
     }

@@ -97,8 +97,8 @@ private:
         VB6Parser parser;
         parser.InitialiseSourceFileReview(file, *m_state);
         parser.HookupCallback(*this);
-        auto result = TickResult::GoesOn;
-        while (result == TickResult::GoesOn) {
+        auto result = TickResult::Continue;
+        while (result == TickResult::Continue) {
             std::int32_t characters = 0;
             parser.ReviewTick(characters, result);
         }
