@@ -18,6 +18,7 @@
 
 // An instruction is found by the address of its lines, without the checks of a switch. The compilers that build this
 // know labels as values; the language does not.
+// NOLINTBEGIN(readability-*,google-build-using-namespace,bugprone-*,performance-*): for the reasons above.
 #pragma GCC diagnostic ignored "-Wpedantic"
 
 namespace dorvik::basic {
@@ -652,3 +653,4 @@ void RunInstructions(MachineState& state) {
 }
 
 }  // namespace dorvik::basic
+// NOLINTEND(readability-*,google-build-using-namespace,bugprone-*,performance-*)
