@@ -426,8 +426,9 @@ void WorkStationApp::m_evtMenu_LaunchRulebaseDocument() {
 
 void WorkStationApp::m_evtMenu_OpenClick() {
     Trap({kModule, "m_evtMenu_OpenClick"}, [&] {
-        const std::optional<std::string> file = FileDialogs::GetOpenFileName(
-            m_screen, FileDialogs::Kind::ResultsDatabase, "Select Results Database");
+        const std::optional<std::string> file =
+            FileDialogs(m_screen).GetOpenFileName(
+                FileKind::ResultsDatabase, "Select Results Database");
         if (!file) {
             return;
         }
@@ -449,6 +450,7 @@ void WorkStationApp::m_evtMenu_OptionsClick() {
         frmOptions form(m_screen);
         m_screen.ShowModal(form);
         if (!form.Cancelled()) {
+            modGlobal::WorkData().SaveSettings();
             Results().OptionsChanged();
         }
     });

@@ -13,7 +13,6 @@ namespace dorvik {
 namespace {
 
 constexpr std::string_view kModule = "udocDorvik";
-constexpr std::int32_t kViolationList = 1;
 
 /// Where a violation is: the location codes of the parser.
 constexpr std::int32_t kInProject = 1;
@@ -80,7 +79,7 @@ void udocDorvik::GotoSource() {
         if (m_ideHelper == nullptr) {
             return;
         }
-        if (m_results.ViewType() == kViolationList) {
+        if (m_results.ViewType() == viewtype::kViolationList) {
             GotoViolation();
         } else {
             GotoHotspot();
@@ -123,7 +122,7 @@ void udocDorvik::GotoHotspot() {
         m_ideHelper->ShowVBProjectProperties();
     } else {
         m_ideHelper->SelectProcedureStartLine(
-            details->Project, details->File, details->Procedure, details->Type);
+            details->Project, details->File, details->Procedure, details->ProcedureType);
     }
 }
 
@@ -134,13 +133,7 @@ void udocDorvik::ShowGroupBy() {
 }
 
 void udocDorvik::ExpandCollapseGroups(bool expand) {
-    Trap({kModule, "ExpandCollapseGroups"}, [&] {
-        if (expand) {
-            m_controls.List.ExpandAll();
-        } else {
-            m_controls.List.CollapseAll();
-        }
-    });
+    Trap({kModule, "ExpandCollapseGroups"}, [&] { m_controls.List.ExpandAll(expand); });
 }
 
 void udocDorvik::cmdGotoSource_Click() {
@@ -157,9 +150,6 @@ void udocDorvik::optView_Click(std::int32_t viewType) {
             return;
         }
         m_results.SwitchView(viewType);
-        if (m_ideHelper != nullptr) {
-            m_ideHelper->RefreshMenus();
-        }
     });
 }
 
