@@ -184,7 +184,7 @@ TEST_F(IDEHelperTest, ALineThatIsGoneIsReported) {
 }
 
 TEST_F(IDEHelperTest, AViolationWithoutALineShowsItsProcedure) {
-    EXPECT_EQ(Shown(At(4, "First", 0, "")), Line(4));
+    EXPECT_EQ(Shown(At(4, "First", 0, "")), Line(3));
     EXPECT_EQ(Shown(At(6, "Size", 0, "")), Line(10));
     EXPECT_EQ(Shown(At(7, "Size", 0, "")), Line(14));
     EXPECT_EQ(Shown(At(3, "(Declarations)", 0, "")), Line(1));
@@ -217,7 +217,7 @@ TEST_F(IDEHelperTest, AProcedureIsShownByNameAndType) {
     EXPECT_EQ(m_host.Calls, Line(10));
     m_host.Calls.clear();
     m_ide.SelectProcedureStartLine("App", "Code", "First", "Sub");
-    EXPECT_EQ(m_host.Calls, Line(4));
+    EXPECT_EQ(m_host.Calls, Line(3));
     m_host.Calls.clear();
     m_ide.SelectProcedureStartLine("App", "Code", "", "");
     EXPECT_EQ(m_host.Calls, Line(1));
