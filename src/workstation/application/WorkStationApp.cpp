@@ -8,6 +8,7 @@
 #include "settings/DorvikData.h"
 #include "settings/modGlobal.h"
 #include "source/VirtualProject.h"
+#include "typelib/TypeLibraryStore.h"
 #include "workstation/dialogs/FileDialogs.h"
 #include "workstation/dialogs/frmAbout.h"
 #include "workstation/dialogs/frmOptions.h"
@@ -35,6 +36,14 @@ constexpr std::int32_t kLeaveUnsaved = 3;
 MessageAnswer
 Show(MessageIcon icon, std::string text, MessageButtons buttons = MessageButtons::Ok) {
     return modHost::ShowMessage({icon, std::string(kTitle), std::move(text), buttons});
+}
+
+TypeLibraryPlaces TypeLibrariesOfThisMachine() {
+    const DorvikData& data = modGlobal::Data();
+    return {
+        .Folders = modGlobal::WorkData().TypeLibraryFolders,
+        .CatalogueFolders = {data.TypeCataloguePath(), data.UserTypeCataloguePath()},
+        .IndexFile = data.TypeLibraryIndexFile()};
 }
 
 std::string HelpFile() {
@@ -285,8 +294,10 @@ void WorkStationApp::ExecuteReview() {
             SetBackgroundReviewActive(true);
             m_IDE->SetWorkbenchVisible(false);
         }
+        m_typeLibraries = std::make_unique<TypeLibraryStore>(TypeLibrariesOfThisMachine());
         // Shared with this frame: the end of the review drops the window.
         const auto progress = std::make_shared<frmProgress>(m_screen);
+        progress->SetTypeLibraries(m_typeLibraries.get());
         m_evtProgress = progress;
         m_evtProgressEnded = progress->BackgroundReviewEnded.Subscribe(
             [this] { m_evtProgress_BackgroundReviewEnded(); });
@@ -429,18 +440,23 @@ void WorkStationApp::m_evtMenu_OpenClick() {
         const std::optional<std::string> file =
             FileDialogs(m_screen).GetOpenFileName(
                 FileKind::ResultsDatabase, "Select Results Database");
-        if (!file) {
-            return;
+        if (file) {
+            OpenResults(*file);
         }
+    });
+}
+
+void WorkStationApp::OpenResults(const std::string& file) {
+    Trap({kModule, "OpenResults"}, [&] {
         auto results = std::make_unique<ResultsDB>();
-        if (results->OpenReview(*file)) {
-            Results().SetResultsDB(std::move(results), *file);
+        if (results->OpenReview(file)) {
+            Results().SetResultsDB(std::move(results), file);
         } else {
             Show(
                 MessageIcon::Exclamation,
                 "The selected database does not appear to be a valid Dorvik results database or "
                 "is an incorrect version.  Please select a different file or ensure that '" +
-                    *file + "' is the correct version.");
+                    file + "' is the correct version.");
         }
     });
 }

@@ -15,6 +15,7 @@ class IDEMenus;
 class IScreen;
 class ResultsView;
 class ReviewCriteria;
+class TypeLibraryStore;
 class udocDorvik;
 
 /// What the add-in does at each command and at each change of the open projects. Owns the one `ReviewCriteria`, which
@@ -34,6 +35,9 @@ public:
     void IDEStartupComplete();
     /// Cancels a review in the background, so that the environment does not close under it.
     void BeginShutdown();
+
+    /// Shows the results in a database that the user chose.
+    void OpenResults(const std::string& file);
 
     /// Null before `StartAddIn`.
     const std::shared_ptr<ReviewCriteria>& Criteria() const { return m_criteria; }
@@ -80,6 +84,7 @@ private:
     udocDorvik* m_document = nullptr;
     bool m_backgroundReviewActive = false;
     std::shared_ptr<ReviewCriteria> m_criteria;
+    std::unique_ptr<TypeLibraryStore> m_typeLibraries;  // of the last review
     std::shared_ptr<frmProgress> m_evtProgress;
     Subscription m_evtProgressEnded;
     std::vector<Subscription> m_evtMenu;
