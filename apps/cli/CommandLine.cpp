@@ -15,6 +15,8 @@
 #include "platform/host/ScopedInstall.h"
 #include "platform/host/modEncoding.h"
 #include "platform/host/modHost.h"
+#include "settings/RegistryUtils.h"
+#include "settings/SettingsFile.h"
 #include "settings/modGlobal.h"
 
 #include <CLI/CLI.hpp>
@@ -32,13 +34,24 @@ namespace {
 class GlobalObjects {
 public:
     GlobalObjects() {
+        // A machine without such a file has the defaults. The user's settings are those of the work bench: a review in
+        // a build must not depend on who runs it.
+        if (m_facts.Exists()) {
+            RegistryUtils::Install(RegistryRoot::LocalMachine, &m_facts);
+        }
         modGlobal::CreateGlobalObjects();
         // No one is there to answer a box; the log still gets its lines.
         modLog::Log().SetQuiet(true);
     }
-    ~GlobalObjects() { modGlobal::DestroyGlobalObjects(); }
+    ~GlobalObjects() {
+        modGlobal::DestroyGlobalObjects();
+        RegistryUtils::Install(RegistryRoot::LocalMachine, nullptr);
+    }
     GlobalObjects(const GlobalObjects&) = delete;
     GlobalObjects& operator=(const GlobalObjects&) = delete;
+
+private:
+    SettingsFile m_facts{SettingsFile::MachinePath()};
 };
 
 std::string CheckCodePage(const std::string& text) {

@@ -1,7 +1,11 @@
 #include "settings/DorvikData.h"
 
+#include "foundation/log/LogFile.h"
+#include "foundation/log/Trap.h"
 #include "platform/host/modHost.h"
 #include "settings/ComponentVersion.h"
+#include "settings/RegistryUtils.h"
+#include "settings/SettingsKeys.h"
 
 namespace dorvik {
 
@@ -28,5 +32,31 @@ DorvikData::DorvikData()
       m_productVersion(ComponentVersion()),
       m_homePageURL(kHomePage),
       m_techSupportPageURL(kTechSupportPage) {}
+
+void DorvikData::LoadFacts() {
+    static constexpr std::pair<std::string_view, std::string DorvikData::*> kFacts[] = {
+        {"ErrorLogFile", &DorvikData::m_errorLogFile},
+        {"ProductVersion", &DorvikData::m_productVersion},
+        {"ProjectResultsDB", &DorvikData::m_projectResultsDB},
+        {"DataFilesFolder", &DorvikData::m_localDataPath},
+        {"ProgramFilesFolder", &DorvikData::m_localAppPath},
+        {"HomePageUrl", &DorvikData::m_homePageURL},
+        {"TechSupportPageUrl", &DorvikData::m_techSupportPageURL},
+    };
+    Trap({"DorvikData", "LoadFacts"}, [this] {
+        if (!RegistryUtils::HasKey(kInstallationKey, RegistryRoot::LocalMachine)) {
+            modLog::Log().LogSetupError(
+                "Unable to find Dorvik registry key: HKEY_LOCAL_MACHINE\\" +
+                    std::string(kInstallationKey),
+                "LoadFacts",
+                "DorvikData");
+            return;
+        }
+        for (const auto& [name, field] : kFacts) {
+            this->*field = RegistryUtils::GetRegString(
+                kInstallationKey, name, this->*field, RegistryRoot::LocalMachine);
+        }
+    });
+}
 
 }  // namespace dorvik

@@ -8,6 +8,7 @@
 #include "settings/ComponentVersion.h"
 #include "settings/DVKWorkData.h"
 #include "settings/DorvikData.h"
+#include "settings/RegistryUtils.h"
 
 #include <cstdint>
 #include <memory>
@@ -36,6 +37,19 @@ void MakeRoomForTheLog(DorvikData& data) {
     }
 }
 
+/// The log takes what is wrong with the machine's store, so it goes to its default place until the store is read.
+void LoadFacts(GlobalObjects& objects) {
+    MakeRoomForTheLog(objects.Data);
+    objects.Log.SetLogFilePath(objects.Data.ErrorLogFile());
+    if (RegistryUtils::Installed(RegistryRoot::LocalMachine) != nullptr) {
+        LogFile* const before = modLog::Install(&objects.Log);
+        objects.Data.LoadFacts();
+        modLog::Install(before);
+        MakeRoomForTheLog(objects.Data);
+        objects.Log.SetLogFilePath(objects.Data.ErrorLogFile());
+    }
+}
+
 GlobalObjects& Existing() {
     if (!g_objects) {
         RaiseRuntimeError(runtimeerror::kObjectNotSet);
@@ -49,11 +63,13 @@ void CreateGlobalObjects() {
     Trap({"modGlobal", "CreateGlobalObjects"}, [] {
         if (g_useCount == 0) {
             g_objects = std::make_unique<GlobalObjects>();
-            MakeRoomForTheLog(g_objects->Data);
-            g_objects->Log.SetLogFilePath(g_objects->Data.ErrorLogFile());
             g_objects->Log.SetComponent(kComponentName);
             g_objects->Log.SetComponentVersion(ComponentVersion());
+            LoadFacts(*g_objects);
             modLog::Install(&g_objects->Log);
+            if (RegistryUtils::Installed(RegistryRoot::CurrentUser) != nullptr) {
+                g_objects->WorkData.LoadSettings();
+            }
         }
         ++g_useCount;
     });
@@ -62,6 +78,9 @@ void CreateGlobalObjects() {
 void DestroyGlobalObjects() {
     Trap({"modGlobal", "DestroyGlobalObjects"}, [] {
         if (g_useCount == 1) {
+            if (RegistryUtils::Installed(RegistryRoot::CurrentUser) != nullptr) {
+                Existing().WorkData.SaveSettings();
+            }
             // Someone may have installed a log of his own since.
             if (&modLog::Log() == &Existing().Log) {
                 modLog::Install(nullptr);

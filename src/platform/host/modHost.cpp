@@ -79,6 +79,20 @@ std::string TemporaryFolder() {
     return InsidePath(modHostUser::TemporaryFolder());
 }
 
+std::string UserConfigurationFolder() {
+    if (const std::string* installed = InstalledFact(&HostFacts::UserConfigurationFolder)) {
+        return *installed;
+    }
+    return InsidePath(modHostUser::ConfigurationFolder() / kProgramName);
+}
+
+std::string MachineConfigurationFolder() {
+    if (const std::string* installed = InstalledFact(&HostFacts::MachineConfigurationFolder)) {
+        return *installed;
+    }
+    return InsidePath(modHostUser::MachineConfigurationFolder() / kProgramName);
+}
+
 IClock* Install(IClock* clock) {
     return std::exchange(installedClock, clock);
 }

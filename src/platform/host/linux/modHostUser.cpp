@@ -31,6 +31,11 @@ HostPath EnvironmentFolder(const char* name) {
     return folder.starts_with('/') ? HostPath::FromBytes(folder) : HostPath();
 }
 
+HostPath HomeFolder() {
+    HostPath home = EnvironmentFolder("HOME");
+    return home.IsEmpty() ? HostPath::FromBytes(UserEntry(&passwd::pw_dir)) : home;
+}
+
 }  // namespace
 
 std::string LogonName() {
@@ -38,20 +43,23 @@ std::string LogonName() {
 }
 
 HostPath StateFolder() {
-    if (HostPath state = EnvironmentFolder("XDG_STATE_HOME"); !state.IsEmpty()) {
-        return state;
-    }
-    HostPath home = EnvironmentFolder("HOME");
-    if (home.IsEmpty()) {
-        home = HostPath::FromBytes(UserEntry(&passwd::pw_dir));
-    }
-    return home / ".local" / "state";
+    HostPath state = EnvironmentFolder("XDG_STATE_HOME");
+    return state.IsEmpty() ? HomeFolder() / ".local" / "state" : state;
 }
 
 HostPath TemporaryFolder() {
     std::error_code fault;
     const std::filesystem::path folder = std::filesystem::temp_directory_path(fault);
     return HostPath::FromBytes(fault ? "/tmp" : folder.native());
+}
+
+HostPath ConfigurationFolder() {
+    HostPath configuration = EnvironmentFolder("XDG_CONFIG_HOME");
+    return configuration.IsEmpty() ? HomeFolder() / ".config" : configuration;
+}
+
+HostPath MachineConfigurationFolder() {
+    return HostPath::FromBytes("/etc");
 }
 
 }  // namespace dorvik::modHostUser

@@ -8,8 +8,8 @@
 
 namespace dorvik {
 
-/// The user's choices and window layouts. A new object holds the defaults. They are not kept between
-/// runs yet: reading them from the user's store and writing them back comes with the store itself.
+/// The user's choices and window layouts. A new object holds the defaults; fields are called as the values of the
+/// store, those of a row with their number after the name.
 struct DVKWorkData {
     DVKWorkData();
 
@@ -97,6 +97,11 @@ struct DVKWorkData {
 
     /// Whether the file of `RBDocPath` exists.
     bool RBDocAvailable() const;
+
+    /// Reads what the user's store has. A value that is missing, or cannot be read as its type, stays as it is.
+    void LoadSettings();
+    /// Writes all values at once. What goes wrong in either is logged.
+    void SaveSettings() const;
 };
 
 }  // namespace dorvik

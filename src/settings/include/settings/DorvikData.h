@@ -7,10 +7,14 @@ namespace dorvik {
 
 /// The facts of the installation: where files are and where the maker is found. All folders are
 /// the program's own paths with a backslash at the end. A new object holds the defaults of the
-/// machine; nothing reads a store of installation facts yet, that comes with the registry.
+/// machine.
 class DorvikData {
 public:
     DorvikData();
+
+    /// Takes over what the machine's store has under `kInstallationKey`. A store without that key is reported in the log
+    /// as a fault of the installation; what cannot be read keeps its default, and is logged.
+    void LoadFacts();
 
     /// "Error.log" in `LocalDataPath`, unless set.
     const std::string& ErrorLogFile() const { return m_errorLogFile; }

@@ -11,6 +11,8 @@ struct HostFacts {
     std::string ProgramFolder;
     std::string UserDataFolder;
     std::string TemporaryFolder;
+    std::string UserConfigurationFolder;
+    std::string MachineConfigurationFolder;
 };
 
 }  // namespace dorvik

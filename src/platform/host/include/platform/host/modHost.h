@@ -34,6 +34,9 @@ std::string ProgramFolder();
 /// The folder of the user's own log and data files: "dorvik" in the state folder of the user.
 std::string UserDataFolder();
 std::string TemporaryFolder();
+/// "dorvik" in the folder of the user's configuration, and in that of the machine's.
+std::string UserConfigurationFolder();
+std::string MachineConfigurationFolder();
 
 /// Installs an object and gives back the one before it; null takes the system's own answer.
 /// REQUIRES: the object outlives its installation. `ScopedInstall` takes care of that.

@@ -12,5 +12,9 @@ std::string LogonName();
 /// The folder for what programs keep of themselves between two runs.
 HostPath StateFolder();
 HostPath TemporaryFolder();
+/// The folder for the settings of the user's programs.
+HostPath ConfigurationFolder();
+/// The folder for the settings that an administrator makes for all users.
+HostPath MachineConfigurationFolder();
 
 }  // namespace dorvik::modHostUser
