@@ -30,7 +30,7 @@ struct Result {
 /// declarations or the procedure in which it was. Of a statement only its first physical line is compared.
 Result Find(const ICodeModule& module, const StoredPlace& place);
 
-/// What the user is to be told; empty for `None`.
+/// The message to the user; empty for `None`.
 std::string_view MessageOf(Failure failure);
 
 }  // namespace dorvik::modViolationSearch
