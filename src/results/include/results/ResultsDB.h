@@ -68,6 +68,9 @@ public:
     std::optional<Recordset> OpenRecordSource(std::string_view sql) {
         return m_store.GetReadOnlyRecordset(sql);
     }
+    /// The same for a list that reports its own failures: raises where the rows cannot be opened, and nothing is
+    /// logged or counted.
+    Recordset BindRecordSource(std::string_view sql) { return m_store.BindRows(sql); }
 
     // ---- writing: ReviewWriter ----
 

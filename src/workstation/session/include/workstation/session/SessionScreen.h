@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace dorvik {
 
@@ -73,6 +74,8 @@ private:
     std::string m_progressDump;
     frmProgress* m_progress = nullptr;
     frmReviewSummary* m_summary = nullptr;
+    std::vector<Subscription> m_progressEvents;
+    Subscription m_summaryClosed;
 };
 
 }  // namespace dorvik

@@ -14,7 +14,6 @@ namespace dorvik {
 class IScreen;
 class ResultsDB;
 class ReviewCriteria;
-class frmReviewSummary;
 struct WorkbenchControls;
 
 /// The two views of a results database.
@@ -136,9 +135,9 @@ private:
     struct Parts;
 
     void PopulateProjectData(std::int32_t index, bool evenHidden);
-    bool OpenDatabase();
+    void OpenDatabase();
+    void ShowNoResults();
     std::int32_t FindProject(std::string_view name) const;
-    void ShowReview();
 
     std::unique_ptr<Parts> m_parts;
     std::shared_ptr<ReviewCriteria> m_criteria;
