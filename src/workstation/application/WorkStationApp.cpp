@@ -123,9 +123,8 @@ void WorkStationApp::ConnectMenus() {
         {&IDEMenuEvents::ShowDorvikWindowClick, &App::m_evtMenu_ShowDorvikWindowClick},
     };
     for (const OwnRow& row : kOwn) {
-        m_evtMenu.push_back((m_menus->Events.*row.Raised).Subscribe([this, &row] {
-            (this->*row.Handler)();
-        }));
+        m_evtMenu.push_back(
+            (m_menus->Events.*row.Raised).Subscribe([this, &row] { (this->*row.Handler)(); }));
     }
     ConnectMenusToDocument();
 }
@@ -141,28 +140,44 @@ void WorkStationApp::ConnectMenusToDocument() {
     static constexpr PassedOnRow kPassedOn[] = {
         {&IDEMenuEvents::FilterClick,
          "m_evtMenu_FilterClick",
-         [](App& app) { app.Results().FilterResults(); }},
+         [](App& app) {
+             app.Results().FilterResults();
+         }},
         {&IDEMenuEvents::GroupByCategoryClick,
          "m_evtMenu_GroupByCategoryClick",
-         [](App& app) { app.Results().GroupByCategory(); }},
+         [](App& app) {
+             app.Results().GroupByCategory();
+         }},
         {&IDEMenuEvents::GroupByRuleClick,
          "m_evtMenu_GroupByRuleClick",
-         [](App& app) { app.Results().GroupByRule(); }},
+         [](App& app) {
+             app.Results().GroupByRule();
+         }},
         {&IDEMenuEvents::GroupBySeverityClick,
          "m_evtMenu_GroupBySeverityClick",
-         [](App& app) { app.Results().GroupBySeverity(); }},
+         [](App& app) {
+             app.Results().GroupBySeverity();
+         }},
         {&IDEMenuEvents::GroupBySourceFileClick,
          "m_evtMenu_GroupBySourceFileClick",
-         [](App& app) { app.Results().GroupBySourceFile(); }},
+         [](App& app) {
+             app.Results().GroupBySourceFile();
+         }},
         {&IDEMenuEvents::GroupByNoneClick,
          "m_evtMenu_GroupByNoneClick",
-         [](App& app) { app.Results().GroupByNone(); }},
+         [](App& app) {
+             app.Results().GroupByNone();
+         }},
         {&IDEMenuEvents::ShowGroupByClick,
          "m_evtMenu_ShowGroupByClick",
-         [](App& app) { app.m_document->ShowGroupBy(); }},
+         [](App& app) {
+             app.m_document->ShowGroupBy();
+         }},
         {&IDEMenuEvents::DorvikClick,
          "m_evtMenu_DorvikClick",
-         [](App& app) { app.m_IDE->RefreshMenus(app.m_backgroundReviewActive); }},
+         [](App& app) {
+             app.m_IDE->RefreshMenus(app.m_backgroundReviewActive);
+         }},
     };
     for (const PassedOnRow& row : kPassedOn) {
         m_evtMenu.push_back((m_menus->Events.*row.Raised).Subscribe([this, &row] {
@@ -409,16 +424,12 @@ void WorkStationApp::m_evtMenu_GotoTechSupportPage() {
 }
 
 void WorkStationApp::m_evtMenu_HelpContents() {
-    Trap({kModule, "m_evtMenu_HelpContents"}, [&] {
-        m_screen.OpenWithSystem(HelpFile());
-    });
+    Trap({kModule, "m_evtMenu_HelpContents"}, [&] { m_screen.OpenWithSystem(HelpFile()); });
 }
 
 // The program that shows the file has the search.
 void WorkStationApp::m_evtMenu_HelpSearch() {
-    Trap({kModule, "m_evtMenu_HelpSearch"}, [&] {
-        m_screen.OpenWithSystem(HelpFile());
-    });
+    Trap({kModule, "m_evtMenu_HelpSearch"}, [&] { m_screen.OpenWithSystem(HelpFile()); });
 }
 
 void WorkStationApp::m_evtMenu_LaunchRulebaseDocument() {
@@ -437,9 +448,8 @@ void WorkStationApp::m_evtMenu_LaunchRulebaseDocument() {
 
 void WorkStationApp::m_evtMenu_OpenClick() {
     Trap({kModule, "m_evtMenu_OpenClick"}, [&] {
-        const std::optional<std::string> file =
-            FileDialogs(m_screen).GetOpenFileName(
-                FileKind::ResultsDatabase, "Select Results Database");
+        const std::optional<std::string> file = FileDialogs(m_screen).GetOpenFileName(
+            FileKind::ResultsDatabase, "Select Results Database");
         if (file) {
             OpenResults(*file);
         }

@@ -216,9 +216,8 @@ void IDEHelper::ShowVBProjectProperties() {
 }
 
 void IDEHelper::ShowVBReferences() {
-    Trap({kModule, "ShowVBReferences"}, [&] {
-        Existing(m_VBInstance).ExecuteCommand(kReferences);
-    });
+    Trap(
+        {kModule, "ShowVBReferences"}, [&] { Existing(m_VBInstance).ExecuteCommand(kReferences); });
 }
 
 CommandControl* IDEHelper::SiteAddInMenu() {
@@ -292,8 +291,7 @@ void IDEHelper::m_evtProjects_ItemRemoved(const std::string& name) {
     });
 }
 
-void IDEHelper::m_evtProjects_ItemRenamed(
-    const IHostProject& project, const std::string& oldName) {
+void IDEHelper::m_evtProjects_ItemRenamed(const IHostProject& project, const std::string& oldName) {
     Trap({kModule, "m_evtProjects_ItemRenamed"}, [&] {
         m_userDocument->Results().ProjectRenamed(oldName, project.Name());
         ProjectRenamed.Raise(oldName, project.Name());

@@ -88,8 +88,10 @@ void IDEMenus::Initialise(IDEHelper& ideHelper) {
         for (std::size_t bar = 0; bar < bars.size(); ++bar) {
             AddItems(*bars[bar], menuitems::kBars[bar]);
             for (const menuitems::Row& row : menuitems::kBars[bar]) {
-                m_evtDorvik.push_back(m_ide->MenuEventsListener(*bars[bar]->FindTag(row.Tag))
-                                          .Subscribe([this, &row] { Clicked(row.Tag); }));
+                m_evtDorvik.push_back(
+                    m_ide->MenuEventsListener(*bars[bar]->FindTag(row.Tag)).Subscribe([this, &row] {
+                        Clicked(row.Tag);
+                    }));
             }
         }
         m_evtDorvik.push_back(

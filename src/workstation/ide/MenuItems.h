@@ -21,8 +21,9 @@ struct Row {
     std::string_view Parent;  // tag of the submenu that it is in, empty for none
     std::string_view Caption;
     std::string_view Tag;
-    std::string_view Face;                // empty where `Setting` decides
-    Event<> IDEMenuEvents::*Raised;       // null for a submenu, and for what raises `ExpandCollapseGroups`
+    std::string_view Face;  // empty where `Setting` decides
+    Event<> IDEMenuEvents::*
+        Raised;  // null for a submenu, and for what raises `ExpandCollapseGroups`
     bool DVKWorkData::*Setting = nullptr;  // flipped by the click and shown as a check mark
     bool IsSubmenu = false;
 };

@@ -19,9 +19,9 @@ enum class Idle : std::int32_t {
 
 /// While a review runs in the background.
 enum class Running : std::int32_t {
-    Untouched,   // never disabled
-    Off,         // is about results, which the review is about to replace
-    On,          // cancels the review, or is of use at any time
+    Untouched,  // never disabled
+    Off,        // is about results, which the review is about to replace
+    On,         // cancels the review, or is of use at any time
 };
 
 struct Row {

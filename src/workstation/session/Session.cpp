@@ -42,8 +42,7 @@ SessionRefusal Session::NotStarted() {
 }
 
 udocDorvik* Session::Document() const {
-    return m_connect.IDEHelper() == nullptr ? nullptr
-                                            : m_connect.IDEHelper()->DorvikUserDocument();
+    return m_connect.IDEHelper() == nullptr ? nullptr : m_connect.IDEHelper()->DorvikUserDocument();
 }
 
 frmProgress* Session::BackgroundReview() const {
@@ -55,8 +54,7 @@ SessionRefusal Session::Start(std::int32_t connectMode) {
     if (IsStarted()) {
         return "the add-in is started already";
     }
-    m_connect.AddinInstance_OnConnection(
-        m_host, static_cast<ConnectMode>(connectMode), m_screen);
+    m_connect.AddinInstance_OnConnection(m_host, static_cast<ConnectMode>(connectMode), m_screen);
     return {};
 }
 

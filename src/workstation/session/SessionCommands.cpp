@@ -3,6 +3,7 @@
 #include "SessionDumps.h"
 #include "base/modText.h"
 #include "platform/host/modHostPath.h"
+#include "workstation/session/DialogDump.h"
 #include "workstation/session/Session.h"
 #include "workstation/session/SessionPlayer.h"
 
@@ -41,8 +42,8 @@ constexpr AnswerRow kAnswers[] = {
 };
 
 const AnswerRow* FindAnswer(std::string_view word) {
-    const auto* const found = std::ranges::find_if(
-        kAnswers, [word](const AnswerRow& row) { return row.Word == word; });
+    const auto* const found =
+        std::ranges::find_if(kAnswers, [word](const AnswerRow& row) { return row.Word == word; });
     return found == std::end(kAnswers) ? nullptr : found;
 }
 
@@ -61,46 +62,6 @@ bool IsTick(const SessionWords& words) {
 
 bool IsExpectation(const SessionWords& words) {
     return modSessionDumps::Understands(SessionWords(words.begin(), words.end() - 2));
-}
-
-struct ShapeRow {
-    std::string_view Name;
-    std::string_view Shape;  // of the words after it
-};
-
-/// Whether the first word has a row, and the others the shape of it.
-template <std::size_t size>
-bool HasRow(const std::array<ShapeRow, size>& rows, const SessionWords& words) {
-    const SessionWords rest(words.begin() + 1, words.end());
-    return std::ranges::any_of(rows, [&](const ShapeRow& row) {
-        return row.Name == words.front() && modSessionWords::Fit(rest, row.Shape);
-    });
-}
-
-bool IsDialogStep(const SessionWords& words) {
-    static constexpr std::array<ShapeRow, 23> kSteps = {{
-        {"ok", ""},           {"cancel", ""},          {"reset", ""},      {"rulebase", "t"},
-        {"title", "t"},       {"background", "s"},     {"clear-log", "s"}, {"project-results", "s"},
-        {"results", "t"},     {"project-reports", "s"}, {"reports", "t"},  {"report", "n"},
-        {"project", "ts"},    {"file", "ts"},          {"convention", "ts"}, {"category", "ns"},
-        {"severity", "ns"},   {"count", "nt"},         {"impact", "nt"},   {"comments", "t"},
-        {"complexity", "t"},  {"set", "tt"},           {"title", "t"},
-    }};
-    return HasRow(kSteps, words);
-}
-
-bool IsSummaryCommand(const SessionWords& words) {
-    static constexpr std::array<ShapeRow, 7> kCommands = {{
-        {"next", ""},
-        {"file", "t"},
-        {"column", "n"},
-        {"double", "n"},
-        {"log", ""},
-        {"report", ""},
-        {"close", ""},
-    }};
-    const bool isPage = words.size() == 1 && modText::WholeNumber(words.front()).has_value();
-    return isPage || HasRow(kCommands, words);
 }
 
 // ---- the commands ----
@@ -142,7 +103,7 @@ SessionRefusal Menu(SessionPlayer& player, const SessionWords& words) {
 }
 
 SessionRefusal Dialog(SessionPlayer& player, const SessionWords& words) {
-    player.Bench().Screen().QueueStep({words, player.Line()});
+    player.Bench().Screen().QueueStep({player.Line(), words});
     return {};
 }
 
@@ -150,8 +111,7 @@ SessionRefusal Tick(SessionPlayer& player, const SessionWords& words) {
     if (words.empty()) {
         return player.Bench().Tick(1);
     }
-    return player.Bench().Tick(
-        words[0] == "all" ? std::nullopt : std::optional(Number(words[0])));
+    return player.Bench().Tick(words[0] == "all" ? std::nullopt : std::optional(Number(words[0])));
 }
 
 SessionRefusal Cancel(SessionPlayer& player, const SessionWords& /*words*/) {
@@ -183,6 +143,14 @@ SessionRefusal Goto(SessionPlayer& player, const SessionWords& /*words*/) {
     return player.Bench().GotoSource();
 }
 
+SessionRefusal Summary(SessionPlayer& player, const SessionWords& words) {
+    frmReviewSummary* const summary = player.Bench().Screen().Summary();
+    if (summary == nullptr) {
+        return "the summary is not open";
+    }
+    return modDialogDump::Apply(words, *summary);
+}
+
 SessionRefusal Dump(SessionPlayer& player, const SessionWords& words) {
     return player.Dump(words);
 }
@@ -200,7 +168,7 @@ constexpr Row kRows[] = {
     {"answer", "t", Answer, IsAnswer},
     {"choose", "t", Choose},
     {"menu", "t", Menu},
-    {"dialog", "tTT", Dialog, IsDialogStep},
+    {"dialog", "tTT", Dialog, modDialogDump::IsDialogCommand},
     {"tick", "T", Tick, IsTick},
     {"cancel", "", Cancel},
     {"cancel-at", "n", CancelAt},
@@ -209,6 +177,7 @@ constexpr Row kRows[] = {
     {"results", "t", Results},
     {"view", "t", View, IsView},
     {"goto", "", Goto},
+    {"summary", "tT", Summary, modDialogDump::IsSummaryCommand},
     {"dump", "tT", Dump, modSessionDumps::Understands},
     {"expect", "tttT", Expect, IsExpectation},
 };

@@ -93,16 +93,59 @@ SessionRefusal WriteSettings(Session& session, const SessionWords& /*words*/, Js
     return {};
 }
 
+std::string TextOf(const rapidjson::Document& dump) {
+    rapidjson::StringBuffer text;
+    JsonWriter writer(text);
+    dump.Accept(writer);
+    return {text.GetString(), text.GetSize()};
+}
+
+SessionRefusal GiveOptions(Session& session, const SessionWords& /*words*/, std::string& json) {
+    json = session.Screen().OptionsDump();
+    return json.empty() ? SessionRefusal("the dialog was not opened yet") : SessionRefusal();
+}
+
+SessionRefusal GiveProgress(Session& session, const SessionWords& /*words*/, std::string& json) {
+    json = session.Screen().ProgressDump();
+    return {};
+}
+
+SessionRefusal GiveSummary(Session& session, const SessionWords& /*words*/, std::string& json) {
+    if (session.Screen().Summary() == nullptr) {
+        return "the summary is not open";
+    }
+    json = TextOf(modDialogDump::Dump(*session.Screen().Summary()));
+    return {};
+}
+
+/// The members after the first.
+template <SessionRefusal (*WriteMembers)(Session&, const SessionWords&, JsonWriter&)>
+SessionRefusal Give(Session& session, const SessionWords& words, std::string& json) {
+    rapidjson::StringBuffer text;
+    JsonWriter writer(text);
+    writer.StartObject();
+    modSessionJson::Member(writer, "dump", words.front());
+    SessionRefusal refusal = WriteMembers(session, words, writer);
+    if (!refusal) {
+        writer.EndObject();
+        json.assign(text.GetString(), text.GetSize());
+    }
+    return refusal;
+}
+
 struct Row {
     std::string_view What;
-    SessionRefusal (*Write)(Session&, const SessionWords&, JsonWriter&);
+    SessionRefusal (*Write)(Session&, const SessionWords&, std::string& json);
     bool TakesName = false;
 };
 
 constexpr Row kRows[] = {
-    {"menus", WriteMenus},
-    {"messages", WriteMessages},
-    {"settings", WriteSettings},
+    {"menus", Give<WriteMenus>},
+    {"options", GiveOptions},
+    {"summary", GiveSummary},
+    {"progress", GiveProgress},
+    {"settings", Give<WriteSettings>},
+    {"messages", Give<WriteMessages>},
 };
 
 const Row* Find(std::string_view what) {
@@ -119,16 +162,7 @@ bool Understands(const SessionWords& words) {
 }
 
 SessionRefusal Write(Session& session, const SessionWords& words, std::string& json) {
-    rapidjson::StringBuffer text;
-    JsonWriter writer(text);
-    writer.StartObject();
-    modSessionJson::Member(writer, "dump", words.front());
-    SessionRefusal refusal = Find(words.front())->Write(session, words, writer);
-    if (!refusal) {
-        writer.EndObject();
-        json.assign(text.GetString(), text.GetSize());
-    }
-    return refusal;
+    return Find(words.front())->Write(session, words, json);
 }
 
 void Forget(Session& session, std::string_view what) {

@@ -55,9 +55,7 @@ SessionPlayer::Outcome SessionPlayer::Play(std::string_view script) {
     m_line = 0;
     m_expectationsMet = true;
     const Subscription refused = m_session.Screen().Refused.Subscribe(
-        [this](const SessionScreen::DialogStep& step, const std::string& why) {
-            PrintRefusal(step.Line, why);
-        });
+        [this](std::int32_t line, const std::string& why) { PrintRefusal(line, why); });
     while (!script.empty()) {
         ++m_line;
         const std::size_t end = script.find('\n');

@@ -7,8 +7,9 @@
 #include "workstation/dialogs/frmReviewOptions.h"
 #include "workstation/dialogs/frmReviewSummary.h"
 #include "workstation/filehost/HostCallList.h"
+#include "workstation/session/SessionJson.h"
 
-#include <type_traits>
+#include <utility>
 
 namespace dorvik {
 
@@ -21,10 +22,9 @@ class FileCounter {
 public:
     /// The number of the file that has begun; 0 where none has.
     std::int32_t Begun(const ProgressInfo& progress) {
-        const bool isNew = progress.Action() == kActionReviewing &&
-                           progress.CurrentSourceFile() > 0 &&
-                           (progress.CurrentProject() != m_project ||
-                            progress.CurrentSourceFile() != m_file);
+        const bool isNew =
+            progress.Action() == kActionReviewing && progress.CurrentSourceFile() > 0 &&
+            (progress.CurrentProject() != m_project || progress.CurrentSourceFile() != m_file);
         if (!isNew) {
             return 0;
         }
@@ -39,63 +39,34 @@ private:
     std::int32_t m_count = 0;
 };
 
-SessionRefusal Reset(frmReviewOptions& form) {
-    form.Reset();
-    return {};
-}
-SessionRefusal Reset(frmOptions& /*form*/) {
-    return "the dialog has no reset button";
-}
-SessionRefusal Reset(frmAbout& /*form*/) {
-    return "the dialog has no reset button";
-}
-
-SessionRefusal SetField(frmReviewOptions& form, const SessionWords& words) {
-    return modDialogDump::SetField(form, words);
-}
-SessionRefusal SetField(frmOptions& form, const SessionWords& words) {
-    return modDialogDump::SetField(form, words);
-}
-SessionRefusal SetField(frmAbout& /*form*/, const SessionWords& words) {
-    return "the dialog has no field '" + words.front() + "'";
-}
-
-void Cancel(frmReviewOptions& form) {
-    form.Cancel();
-}
-void Cancel(frmOptions& form) {
-    form.Cancel();
-}
-void Cancel(frmAbout& form) {
-    form.Ok();
+std::string TextOf(const rapidjson::Document& dump) {
+    rapidjson::StringBuffer text;
+    JsonWriter writer(text);
+    dump.Accept(writer);
+    return {text.GetString(), text.GetSize()};
 }
 
 }  // namespace
 
 template <typename Form>
 void SessionScreen::Play(Form& form) {
-    while (!form.IsClosed() && !m_steps.empty()) {
-        const DialogStep step = std::move(m_steps.front());
-        m_steps.pop_front();
-        SessionRefusal refusal;
-        if (step.Words.front() == "ok") {
-            form.Ok();
-        } else if (step.Words.front() == "cancel") {
-            Cancel(form);
-        } else {
-            refusal = step.Words.front() == "reset" ? Reset(form) : SetField(form, step.Words);
-        }
-        if (refusal) {
-            Refused.Raise(step, *refusal);
-        }
-    }
-    if (!form.IsClosed()) {
-        Cancel(form);
+    for (const modDialogDump::DialogRefusal& refusal : modDialogDump::Play(m_steps, form)) {
+        Refused.Raise(refusal.Line, refusal.Reason);
     }
 }
 
+/// There is nothing in it but its button.
 void SessionScreen::ShowModal(frmAbout& form) {
-    Play(form);
+    bool isLeft = false;
+    while (!isLeft && !m_steps.empty()) {
+        const modDialogDump::DialogCommand step = std::move(m_steps.front());
+        m_steps.pop_front();
+        isLeft = step.Command.front() == "ok" || step.Command.front() == "cancel";
+        if (!isLeft) {
+            Refused.Raise(step.Line, "The dialog has no field '" + step.Command.front() + "'.");
+        }
+    }
+    form.Ok();
 }
 
 void SessionScreen::ShowModal(frmOptions& form) {
@@ -103,7 +74,7 @@ void SessionScreen::ShowModal(frmOptions& form) {
 }
 
 void SessionScreen::ShowModal(frmReviewOptions& form) {
-    m_optionsDump = modDialogDump::Options(form);
+    m_optionsDump = TextOf(modDialogDump::Dump(form));
     Play(form);
 }
 
@@ -111,7 +82,7 @@ void SessionScreen::ShowModal(frmProgress& form) {
     m_progress = &form;
     m_progressEvents.clear();
     m_progressEvents.push_back(form.Closed.Subscribe([this, &form] {
-        m_progressDump = modDialogDump::Progress(form);
+        m_progressDump = TextOf(modDialogDump::Dump(&form));
         m_progress = nullptr;
     }));
     {
@@ -146,12 +117,14 @@ void SessionScreen::Hide(frmReviewSummary& /*form*/) {
 }
 
 std::string SessionScreen::ProgressDump() const {
-    return m_progress == nullptr ? m_progressDump : modDialogDump::Progress(*m_progress);
+    return m_progress == nullptr && !m_progressDump.empty()
+               ? m_progressDump
+               : TextOf(modDialogDump::Dump(m_progress));
 }
 
 void SessionScreen::Forget() {
     if (m_progress != nullptr) {
-        m_progressDump = modDialogDump::Progress(*m_progress);
+        m_progressDump = TextOf(modDialogDump::Dump(m_progress));
     }
     m_progress = nullptr;
     m_summary = nullptr;

@@ -75,8 +75,7 @@ bool Fit(const SessionWords& words, std::string_view shape) {
         if (index >= words.size()) {
             return mayBeMissing;
         }
-        const char kind =
-            static_cast<char>(std::tolower(static_cast<unsigned char>(shape[index])));
+        const char kind = static_cast<char>(std::tolower(static_cast<unsigned char>(shape[index])));
         if (!Fits(words[index], kind)) {
             return false;
         }

@@ -13,6 +13,7 @@
 #include "workstation/support/ScriptedScreen.h"
 
 #include <gtest/gtest.h>
+
 #include <string>
 #include <string_view>
 #include <vector>

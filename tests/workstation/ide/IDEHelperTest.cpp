@@ -13,24 +13,23 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-constexpr std::string_view kCode =
-    "Option Explicit\r\n"
-    "Private m_a As Long\r\n"
-    "\r\n"
-    "Public Sub First()\r\n"
-    "    m_a = 1\r\n"
-    "    m_a = m_a + _\r\n"
-    "        2 + _\r\n"
-    "        3\r\n"
-    "End Sub\r\n"
-    "\r\n"
-    "Public Property Get Size() As Long\r\n"
-    "    Size = m_a\r\n"
-    "End Property\r\n"
-    "\r\n"
-    "Public Property Let Size(v As Long)\r\n"
-    "    m_a = v\r\n"
-    "End Property\r\n";
+constexpr std::string_view kCode = "Option Explicit\r\n"
+                                   "Private m_a As Long\r\n"
+                                   "\r\n"
+                                   "Public Sub First()\r\n"
+                                   "    m_a = 1\r\n"
+                                   "    m_a = m_a + _\r\n"
+                                   "        2 + _\r\n"
+                                   "        3\r\n"
+                                   "End Sub\r\n"
+                                   "\r\n"
+                                   "Public Property Get Size() As Long\r\n"
+                                   "    Size = m_a\r\n"
+                                   "End Property\r\n"
+                                   "\r\n"
+                                   "Public Property Let Size(v As Long)\r\n"
+                                   "    m_a = v\r\n"
+                                   "End Property\r\n";
 
 class IDEHelperTest : public IDEFixture {
 protected:
@@ -40,8 +39,8 @@ protected:
         m_ide.Initialise(m_host, m_screen);
         m_host.Calls.clear();
     }
-    static Violation At(
-        std::int32_t location, std::string member, std::int32_t line, std::string sourceLine) {
+    static Violation
+    At(std::int32_t location, std::string member, std::int32_t line, std::string sourceLine) {
         Violation violation;
         violation.Location = location;
         violation.LocationMember = std::move(member);
@@ -71,8 +70,7 @@ TEST_F(IDEHelperTest, TheToolWindowIsMadeWithItsNameCaptionAndNumber) {
     ASSERT_NE(m_host.LastToolWindowRequest(), nullptr);
     EXPECT_EQ(m_host.LastToolWindowRequest()->ProgrammaticId, "DVKWORK.UDOCDORVIK");
     EXPECT_EQ(m_host.LastToolWindowRequest()->Caption, "Dorvik Work Bench");
-    EXPECT_EQ(
-        m_host.LastToolWindowRequest()->Guid, "{4B82D228-1AF5-4f56-ACB8-AED7997248C4}");
+    EXPECT_EQ(m_host.LastToolWindowRequest()->Guid, "{4B82D228-1AF5-4f56-ACB8-AED7997248C4}");
     EXPECT_FALSE(m_ide.WorkbenchVisible());
 }
 
@@ -110,7 +108,9 @@ TEST_F(IDEHelperTest, ASaveWaitsForTheEnvironmentAndAsksForTheFileName) {
     m_host.BusyTurns = 3;
     EXPECT_FALSE(m_ide.ExecuteVBProjectSave("Lib"));
     EXPECT_EQ(input.Yields, 3);
-    m_host.OnSave = [](ScriptedProject& project) { project.SetFileName("C:\\Lib.vbp"); };
+    m_host.OnSave = [](ScriptedProject& project) {
+        project.SetFileName("C:\\Lib.vbp");
+    };
     EXPECT_TRUE(m_ide.ExecuteVBProjectSave("Lib"));
     EXPECT_EQ(lib.FileName(), "C:\\Lib.vbp");
 }
@@ -128,9 +128,7 @@ TEST_F(IDEHelperTest, AMenuIsFoundByItsCaption) {
 
 TEST_F(IDEHelperTest, AnUnknownProjectIsLoggedUnderTheOperation) {
     EXPECT_FALSE(m_ide.ProjectNeedsSaving("Other"));
-    EXPECT_THAT(
-        m_log.Entries(),
-        ElementsAre(HasSubstr("IDEHelper::ProjectNeedsSaving")));
+    EXPECT_THAT(m_log.Entries(), ElementsAre(HasSubstr("IDEHelper::ProjectNeedsSaving")));
 }
 
 // ---- source lines ----
@@ -147,8 +145,8 @@ TEST_F(IDEHelperTest, ALineContinuedOverThreeLinesIsFoundByItsFirst) {
 }
 
 TEST_F(IDEHelperTest, ALineThatMovedWithinItsProcedureIsFound) {
-    m_code->CodeModule().SetText(
-        "Option Explicit\r\n\r\nPublic Sub First()\r\n    ' new\r\n    ' more\r\n    m_a = 1\r\nEnd Sub\r\n");
+    m_code->CodeModule().SetText("Option Explicit\r\n\r\nPublic Sub First()\r\n    ' new\r\n    ' "
+                                 "more\r\n    m_a = 1\r\nEnd Sub\r\n");
     EXPECT_EQ(Shown(At(4, "First", 5, "    m_a = 1")), Line(6));
 }
 
@@ -161,12 +159,12 @@ TEST_F(IDEHelperTest, ABlankLineAtTheStoredPlaceIsNoMatch) {
 }
 
 TEST_F(IDEHelperTest, AMovedLineOfTheDeclarationsIsSoughtThereOnly) {
-    m_code->CodeModule().SetText(
-        "Option Explicit\r\n\r\nPublic Sub First()\r\n    Dim x\r\n    Private m_a As Long\r\nEnd Sub\r\n");
+    m_code->CodeModule().SetText("Option Explicit\r\n\r\nPublic Sub First()\r\n    Dim x\r\n    "
+                                 "Private m_a As Long\r\nEnd Sub\r\n");
     EXPECT_THAT(Shown(At(3, "(Declarations)", 2, "Private m_a As Long")), IsEmpty());
     ASSERT_EQ(m_boxes.Messages.size(), 1U);
-    m_code->CodeModule().SetText(
-        "Option Explicit\r\nPrivate b As Long\r\nPrivate m_a As Long\r\n\r\nPublic Sub First()\r\nEnd Sub\r\n");
+    m_code->CodeModule().SetText("Option Explicit\r\nPrivate b As Long\r\nPrivate m_a As "
+                                 "Long\r\n\r\nPublic Sub First()\r\nEnd Sub\r\n");
     EXPECT_EQ(Shown(At(3, "(Declarations)", 2, "Private m_a As Long")), Line(3));
 }
 
@@ -299,8 +297,8 @@ TEST_F(IDEHelperTest, ChangesOfTheOpenProjectsArePassedOn) {
         });
     const Subscription removed = m_ide.ProjectRemoved.Subscribe(
         [&](const std::string& name) { raised.push_back("removed " + name); });
-    const Subscription renamed = m_ide.ProjectRenamed.Subscribe(
-        [&](const std::string& oldName, const std::string& newName) {
+    const Subscription renamed =
+        m_ide.ProjectRenamed.Subscribe([&](const std::string& oldName, const std::string& newName) {
             raised.push_back("renamed " + oldName + " " + newName);
         });
     m_host.AddProject("Lib", "C:\\Lib.vbp", HostProjectType::ActiveXDll);
@@ -323,8 +321,7 @@ TEST_F(IDEHelperTest, AddingAndRemovingRefreshTheMenus) {
 TEST_F(IDEHelperTest, RefreshedMenusKnowOfAReviewInTheBackground) {
     m_ide.SetReviewRunning(true);
     m_ide.RefreshMenus();
-    EXPECT_FALSE(
-        m_ide.DorvikMenus()->DorvikMenu()->FindTag("DORVIK.RBDOC")->Look().Enabled);
+    EXPECT_FALSE(m_ide.DorvikMenus()->DorvikMenu()->FindTag("DORVIK.RBDOC")->Look().Enabled);
 }
 
 TEST_F(IDEHelperTest, TheBenchIsShownAndHidden) {

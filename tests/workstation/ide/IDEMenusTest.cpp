@@ -23,7 +23,8 @@ protected:
         throw std::runtime_error("no item " + std::string(tag));
     }
     /// The items of a bar, those of submenus after theirs and indented: "tag|caption|face".
-    static std::vector<std::string> Items(const CommandControl& bar, const std::string& indent = {}) {
+    static std::vector<std::string>
+    Items(const CommandControl& bar, const std::string& indent = {}) {
         std::vector<std::string> lines;
         for (const auto& item : bar.Items()) {
             const CommandLook& look = item->Look();
@@ -118,8 +119,7 @@ TEST_F(IDEMenusTest, TheMenuStandsInFrontOfTheMenuOfTools) {
     m_host.MenuBar().Add(CommandKind::Popup, {.Caption = "&File"}, 0, 30002);
     m_host.MenuBar().Add(CommandKind::Popup, {.Caption = "&Tools"}, 0, 30007);
     m_host.MenuBar().Add(CommandKind::Popup, {.Caption = "&Help"}, 0, 30010);
-    const std::int32_t tools =
-        m_host.MenuBar().IndexOf(*m_host.MenuBar().FindId(30007));
+    const std::int32_t tools = m_host.MenuBar().IndexOf(*m_host.MenuBar().FindId(30007));
     Start();
     EXPECT_EQ(m_host.MenuBar().IndexOf(*Menus().DorvikMenu()), tools);
     EXPECT_FALSE(Menus().DorvikMenu()->Look().BeginGroup);
@@ -127,9 +127,10 @@ TEST_F(IDEMenusTest, TheMenuStandsInFrontOfTheMenuOfTools) {
 
 TEST_F(IDEMenusTest, TheSettingPutsTheMenuInsideTheMenuOfTools) {
     modGlobal::WorkData().PlaceMenuOnToolsMenu = true;
-    CommandControl& tools = m_host.MenuBar().FindId(30007) != nullptr
-                                ? *m_host.MenuBar().FindId(30007)
-                                : m_host.MenuBar().Add(CommandKind::Popup, {.Caption = "&Tools"}, 0, 30007);
+    CommandControl& tools =
+        m_host.MenuBar().FindId(30007) != nullptr
+            ? *m_host.MenuBar().FindId(30007)
+            : m_host.MenuBar().Add(CommandKind::Popup, {.Caption = "&Tools"}, 0, 30007);
     Start();
     EXPECT_GT(tools.IndexOf(*Menus().DorvikMenu()), 0);
     EXPECT_TRUE(Menus().DorvikMenu()->Look().BeginGroup);
@@ -221,7 +222,8 @@ TEST_F(IDEMenusTest, WhileAReviewRunsTheReviewCommandsCancelIt) {
     EXPECT_EQ(Of("DORVIK.REVIEW").Look().Caption, "Cancel Review");
     EXPECT_EQ(Of("DORVIK.REVIEW.BUTTON").Look().Caption, "Cancel Background Review");
     EXPECT_EQ(Of("DORVIK.LPREVIEW").Look().Caption, "Cancel Review");
-    for (const std::string_view tag : {"DORVIK.REVIEW", "DORVIK.REVIEW.BUTTON", "DORVIK.LPREVIEW"}) {
+    for (const std::string_view tag :
+         {"DORVIK.REVIEW", "DORVIK.REVIEW.BUTTON", "DORVIK.LPREVIEW"}) {
         EXPECT_EQ(Of(tag).Look().Face, "CancelReview");
     }
 }
@@ -233,7 +235,8 @@ TEST_F(IDEMenusTest, AfterAReviewTheReviewCommandsStartOneAgain) {
     EXPECT_EQ(Of("DORVIK.REVIEW").Look().Caption, "Review Project(s)...");
     EXPECT_EQ(Of("DORVIK.REVIEW.BUTTON").Look().Caption, "Review Project(s)");
     EXPECT_EQ(Of("DORVIK.LPREVIEW").Look().Caption, "Review Project(s)...");
-    for (const std::string_view tag : {"DORVIK.REVIEW", "DORVIK.REVIEW.BUTTON", "DORVIK.LPREVIEW"}) {
+    for (const std::string_view tag :
+         {"DORVIK.REVIEW", "DORVIK.REVIEW.BUTTON", "DORVIK.LPREVIEW"}) {
         EXPECT_EQ(Of(tag).Look().Face, "StartReview");
     }
 }
@@ -336,8 +339,7 @@ TEST_F(IDEMenusTest, ADisabledItemRaisesNothing) {
     Start();
     Menus().EnableDisable(false, 1, false, false);
     int raised = 0;
-    const Subscription counted =
-        Menus().Events.GotoSourceClick.Subscribe([&raised] { ++raised; });
+    const Subscription counted = Menus().Events.GotoSourceClick.Subscribe([&raised] { ++raised; });
     Of("DORVIK.GOTO").Click();
     EXPECT_EQ(raised, 0);
 }

@@ -11,7 +11,12 @@ class IScreen;
 class WorkStationApp;
 
 /// When the environment connects an add-in, in its own numbers.
-enum class ConnectMode : std::int32_t { AfterStartup = 0, Startup = 1, External = 2, CommandLine = 3 };
+enum class ConnectMode : std::int32_t {
+    AfterStartup = 0,
+    Startup = 1,
+    External = 2,
+    CommandLine = 3
+};
 
 /// What the development environment loads: its five entry points for an add-in. Holds the process-wide objects from
 /// connection to disconnection.

@@ -50,7 +50,7 @@ public:
     void Reveal(std::size_t dataRow);
 
     /// Rows that show.
-    std::size_t RowCount() const;
+    std::size_t RowCount() const { return m_rowCount; }
     Place At(std::size_t row) const;
     /// Nothing for a group or data row in a collapsed group.
     std::optional<std::size_t> RowOfGroup(std::size_t group) const;

@@ -67,8 +67,8 @@ public:
     void ShowVBProjectProperties();
     void ShowVBReferences();
     /// Shows the designer of a source file, with the control of the violation selected.
-    void
-    DisplayDesigner(std::string_view project, std::string_view sourceFile, const Violation& violation);
+    void DisplayDesigner(
+        std::string_view project, std::string_view sourceFile, const Violation& violation);
     /// Shows the line of the violation, wherever it is by now; tells the user where it is not found.
     void SelectSourceLine(
         std::string_view project, std::string_view sourceFile, const Violation& violation);

@@ -19,8 +19,9 @@ public:
     /// How a script came out.
     struct Outcome {
         bool ExpectationsMet = true;
-        std::int32_t WrongLine = 0;  // the one that could not be understood, at which playing ended; 0 if all could be
-        std::string Fault = {};      // what is wrong with it
+        std::int32_t WrongLine =
+            0;  // the one that could not be understood, at which playing ended; 0 if all could be
+        std::string Fault = {};  // what is wrong with it
     };
     using Output = std::function<void(const std::string& json)>;
 

@@ -2,8 +2,7 @@
 
 #include "workstation/controls/Event.h"
 #include "workstation/screen/IScreen.h"
-#include "workstation/session/SessionRefusal.h"
-#include "workstation/session/modSessionWords.h"
+#include "workstation/session/DialogDump.h"
 
 #include <cstdint>
 #include <deque>
@@ -19,17 +18,11 @@ class HostCallList;
 /// The screen of a session: dialogs are filled and left as the script has it, and nothing is shown.
 class SessionScreen final : public IScreen {
 public:
-    /// A step of the script in a dialog: "ok", "cancel", "reset", or a field, its key and its value.
-    struct DialogStep {
-        SessionWords Words;
-        std::int32_t Line = 0;
-    };
-
     /// REQUIRES: `calls` outlives this. What is opened with the system is noted there.
     explicit SessionScreen(HostCallList& calls) : m_calls(calls) {}
 
     /// For the next dialog; one for which there is none left is cancelled.
-    void QueueStep(DialogStep step) { m_steps.push_back(std::move(step)); }
+    void QueueStep(modDialogDump::DialogCommand step) { m_steps.push_back(std::move(step)); }
     /// For the next file or folder dialog, nothing to cancel it; one for which there is none is cancelled.
     void QueueChoice(std::optional<std::string> path) { m_choices.push_back(std::move(path)); }
     /// The next foreground review is cancelled when its source file with that number, from 1, begins.
@@ -37,7 +30,7 @@ public:
 
     /// The dialog of review options as it was when it last opened, as JSON; empty before.
     const std::string& OptionsDump() const { return m_optionsDump; }
-    /// The progress window as it was last, as JSON; empty before the first review.
+    /// The progress window as it was last, as JSON.
     std::string ProgressDump() const;
     /// Null while none is open.
     frmReviewSummary* Summary() const { return m_summary; }
@@ -59,7 +52,7 @@ public:
     void OpenWithChoice(std::string_view file) override;
 
     /// A step could not be done in the dialog that is open.
-    Event<const DialogStep&, const std::string&> Refused;
+    Event<std::int32_t, const std::string&> Refused;  // the line of the script
 
 private:
     template <typename Form>
@@ -67,7 +60,7 @@ private:
     std::optional<std::string> NextChoice();
 
     HostCallList& m_calls;
-    std::deque<DialogStep> m_steps;
+    std::deque<modDialogDump::DialogCommand> m_steps;
     std::deque<std::optional<std::string>> m_choices;
     std::optional<std::int32_t> m_cancelAt;
     std::string m_optionsDump;
