@@ -223,7 +223,8 @@ void FileHost::SelectFile(std::string_view nameOrFile) {
 bool FileHost::SaveAll() {
     bool isSaved = true;
     for (const auto& project : m_projects) {
-        isSaved = (!project->IsDirty() || project->Save()) && isSaved;
+        const bool isNew = project->FileName().empty();
+        isSaved = ((!project->IsDirty() && !isNew) || project->Save()) && isSaved;
     }
     return isSaved;
 }
