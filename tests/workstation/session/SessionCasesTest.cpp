@@ -4,10 +4,11 @@
 #include "support/LineText.h"
 #include "support/NamedTests.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
-#include <gtest/gtest.h>
 #include <iterator>
 
 namespace dorvik::test {
@@ -51,10 +52,9 @@ const bool kRegistered = [] {
     }
     std::sort(scripts.begin(), scripts.end());
     for (const fs::path& script : scripts) {
-        RegisterNamedTest(
-            {"SessionCases", TestName(script.stem().string()), script, 1, [script] {
-                 PlayCase(script);
-             }});
+        RegisterNamedTest({"SessionCases", TestName(script.stem().string()), script, 1, [script] {
+                               PlayCase(script);
+                           }});
     }
     return true;
 }();
