@@ -1,6 +1,8 @@
 #include "workstation/application/WorkStationApp.h"
 
 #include "criteria/ReviewCriteria.h"
+#include "platform/host/HostFacts.h"
+#include "platform/host/ScopedInstall.h"
 #include "settings/DVKWorkData.h"
 #include "settings/DorvikData.h"
 #include "settings/RegistryUtils.h"

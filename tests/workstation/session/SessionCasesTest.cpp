@@ -39,7 +39,11 @@ void PlayCase(const fs::path& script) {
     WriteNow(script, played.Output);
     EXPECT_EQ(played.Outcome.WrongLine, 0) << played.Outcome.Fault;
     EXPECT_TRUE(played.Outcome.ExpectationsMet);
-    EXPECT_EQ(played.Output, LinesOf(BytesOf(expected)));
+    const std::vector<std::string> lines = LinesOf(BytesOf(expected));
+    EXPECT_EQ(played.Output.size(), lines.size());
+    for (std::size_t line = 0; line < std::min(lines.size(), played.Output.size()); ++line) {
+        ASSERT_EQ(played.Output[line], lines[line]) << expected << ", line " << line + 1;
+    }
 }
 
 const bool kRegistered = [] {
