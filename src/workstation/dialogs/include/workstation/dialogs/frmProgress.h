@@ -72,12 +72,16 @@ private:
         std::int16_t ReviewPercentage = 0;
     };
 
+    void RunForegroundReview();
+    void BeginBackgroundReview();
     void tmrInterrupt_Timer();
+    /// Whether the review goes on.
     bool RunSlice(std::int32_t ticks);
     void ReviewProgress(const ProgressInfo& progress, bool& cancel);
     void ShowAction(std::int32_t action);
     void ShowProject(const ProgressInfo& progress);
     void ShowSourceFile(const ProgressInfo& progress);
+    void ShowPercentages(const ProgressInfo& progress);
     void Finish();
 
     IScreen& m_screen;
@@ -85,11 +89,14 @@ private:
     std::shared_ptr<ReviewCriteria> m_criteria;
     std::unique_ptr<ReviewManager> m_manager;  // null before the review and after it
     std::int16_t m_tickCount = 0;
+    bool m_isBackground = false;
     bool m_wasActivated = false;
     bool m_isInSlice = false;
     bool m_cancelled = false;
     bool m_isClosed = false;
     Shown m_shown;
+    std::shared_ptr<const bool>
+        m_life;  // gone with this form, which may go while input is processed
     Subscription m_onTick;
 };
 

@@ -7,11 +7,11 @@
 #include "workstation/controls/Event.h"
 #include "workstation/controls/Observable.h"
 #include "workstation/controls/TabStrip.h"
+#include "workstation/dialogs/ProjectTree.h"
 
 #include <array>
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,7 +21,6 @@ namespace dorvik {
 class IScreen;
 class ReviewCriteria;
 class RulebaseLoadCriteria;
-class VirtualProject;
 struct ToleranceSettings;
 
 /// Sets up a review or, reduced to conventions, categories and severities, the filter of results. Either `ReviewOptions`
@@ -40,9 +39,6 @@ public:
         Tolerances = 6
     };
 
-    static constexpr std::string_view kProjectNode = "ProjectNode";
-    static constexpr std::string_view kFileTypeNode = "FileTypeNode";
-    static constexpr std::string_view kSourceFileNode = "SourceFileNode";
     /// The category of the rules without one.
     static constexpr std::int32_t kUnallocatedCategoryID = -1;
     /// Its key in the list of categories.
@@ -121,39 +117,33 @@ public:
     Observable<std::string> txtComments;
     Observable<std::string> txtComplexity;
 
-    /// By the name without regard to case; null where there is none.
-    CheckNode* FindProjectNode(std::string_view name);
-    CheckNode* FindSourceFileNode(std::string_view project, std::string_view file);
+    /// The nodes of `tvwProjects` by name.
+    const ProjectTree& Projects() const { return m_projectTree; }
 
 private:
     void Form_Load();
     void FillRulebaseBox();
+    std::string DefaultRulebase() const;
     void DataToScreen();
-    void FillConventions(const RulebaseLoadCriteria& criteria);
-    void FillCategories(const RulebaseLoadCriteria& criteria);
-    void FillSeverities(const RulebaseLoadCriteria& criteria);
+    void FillLists();
     void ShowTolerances(const ToleranceSettings& tolerances);
-    void RulebaseChanged();
-
-    void PopulateProjectTree();
-    void AddSourceFilesToTree(CheckNode& projectNode, std::int32_t projectIndex);
-    void RemoveUnusedFileTypeNodes(CheckNode& projectNode);
-    void EchoCheckedStateToChildren(CheckNode& node);
-    void EchoCheckedStateToParent(CheckNode& node);
+    void cboRulebase_Change();
+    void LoadRulebaseLists();
 
     bool ScreenIsValid();
     bool ReviewIsValid();
+    bool RulebaseIsValid();
+    bool FoldersAreValid();
     bool IsValidFolder(const std::string& path, std::string_view word);
     bool Refuse(Page page, std::string_view control, std::string_view text);
+    bool MoveTo(Page page, std::string_view control);
 
-    void DataFromScreen();
-    void NodesFromScreen();
+    bool DataFromScreen();
+    void ReviewFromScreen();
     void TolerancesFromScreen();
-    void ConventionsFromScreen(RulebaseLoadCriteria& criteria) const;
-    void CategoriesAndSeveritiesFromScreen(RulebaseLoadCriteria& criteria) const;
 
+    RulebaseLoadCriteria& LoadCriteria() const;
     bool IsBatch() const;
-    RulebaseLoadCriteria& LoadCriteria();
     void Close();
 
     IScreen& m_screen;
@@ -166,7 +156,7 @@ private:
     SeverityTable m_severities;
     bool m_cancelled = true;
     bool m_isClosed = false;
-    Subscription m_onNodeChecked;
+    ProjectTree m_projectTree;
     Subscription m_onRulebase;
 };
 

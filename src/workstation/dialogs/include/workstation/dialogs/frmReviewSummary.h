@@ -84,8 +84,8 @@ private:
     void Form_Load();
     void SetupListView(std::int16_t tab);
     void FillPage(std::int16_t tab);
+    void FillComplexityPage();
     void SaveListViewColumnData();
-    void SaveSortState() const;
     void ApplySortState();
     void ShowSortIcon();
     void PopulateSourceFilesCombo();
