@@ -1,11 +1,11 @@
 #pragma once
 
-#include "DialogsFixture.h"
 #include "base/modTextCase.h"
 #include "criteria/ReviewCriteria.h"
 #include "rulebase/file/RulebaseManager.h"
 #include "rulebase/model/Rulebase.h"
 #include "rulebase/model/UnauthorisedKeyword.h"
+#include "workstation/dialogs/DialogsFixture.h"
 
 #include <memory>
 #include <string>

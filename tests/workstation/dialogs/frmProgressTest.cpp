@@ -306,13 +306,32 @@ TEST_F(frmProgress_Review, ABackgroundReviewIsQuietAndAForegroundReviewIsNot) {
 
 TEST_F(frmProgress_Review, TheFormMayGoWhileInputIsProcessed) {
     m_criteria->SetBackgroundReview(true);
-    Settings().BackgroundTickCount = 100;
+    m_form->CommenceReview(m_criteria);
+    for (int tick = 0; tick < 12; ++tick) {
+        m_form->tmrInterrupt.Tick();
+    }
+    test::ScriptedInput input;
+    input.OnYield = [&] {
+        m_form.reset();
+    };
+    m_form->tmrInterrupt.Tick();
+    EXPECT_EQ(m_form, nullptr);
+    EXPECT_EQ(m_ended, 0);
+    EXPECT_FALSE(HasResults());
+}
+
+TEST_F(frmProgress_Review, TheFormMayGoInsideASlice) {
+    m_criteria->SetBackgroundReview(true);
+    Settings().BackgroundTickCount = 1000;
     m_form->CommenceReview(m_criteria);
     test::ScriptedInput input;
-    const Timer& timer = m_form->tmrInterrupt;
-    timer.Tick();
-    ASSERT_NE(m_form, nullptr);
-    m_form.reset();
+    const Subscription heard = m_form->lblSourceFileData.Changed.Subscribe([&](const std::string&) {
+        input.OnYield = [&] {
+            m_form.reset();
+        };
+    });
+    m_form->tmrInterrupt.Tick();
+    EXPECT_EQ(m_form, nullptr);
     EXPECT_EQ(m_ended, 0);
     EXPECT_FALSE(HasResults());
 }

@@ -100,7 +100,7 @@ TEST_F(frmReviewOptions_, TheInstalledSampleIsTheDefaultWhereNoRulebaseIsKnown) 
 TEST_F(frmReviewOptions_, AtTheFirstOpeningEverythingIsChecked) {
     OpenAndChoose();
     EXPECT_THAT(CheckedKeys(m_form->lvwConventions), ElementsAre("AC", "AR", "CC", "NC", "UK"));
-    EXPECT_THAT(CheckedKeys(m_form->lvwCategories), ElementsAre("1K", "2K", "-1K"));
+    EXPECT_THAT(CheckedKeys(m_form->lvwCategories), ElementsAre("2K", "1K", "-1K")) << "by title";
     EXPECT_THAT(
         CheckedKeys(m_form->lvwSeverities), ElementsAre("1Key", "2Key", "3Key", "4Key", "5Key"));
     EXPECT_EQ(
@@ -128,9 +128,9 @@ TEST_F(frmReviewOptions_, TheCategoriesEndWithTheUnallocatedOne) {
     OpenAndChoose();
     const auto& items = m_form->lvwCategories.Items();
     ASSERT_THAT(items, SizeIs(3));
-    EXPECT_EQ(items[0].Text, "Jumps");
-    EXPECT_EQ(items[0].Description, "Jumps of the code.");
-    EXPECT_EQ(items[1].Text, "Clarity");
+    EXPECT_EQ(items[0].Text, "Clarity");
+    EXPECT_EQ(items[0].Description, "Clarity of the code.");
+    EXPECT_EQ(items[1].Text, "Jumps");
     EXPECT_EQ(items[2].Text, "Unallocated");
     EXPECT_EQ(
         items[2].Description,
@@ -578,7 +578,7 @@ TEST_F(frmReviewOptions_, UncheckedCategoriesAreExcludedInTheOrderOfTheirFirstEx
     Uncheck(m_form->lvwCategories, "-1K");
     ASSERT_TRUE(m_form->Ok());
     Open();
-    EXPECT_THAT(CheckedKeys(m_form->lvwCategories), ElementsAre("1K", "2K"));
+    EXPECT_THAT(CheckedKeys(m_form->lvwCategories), ElementsAre("2K", "1K"));
     Uncheck(m_form->lvwCategories, "1K");
     ASSERT_TRUE(m_form->Ok());
     const RulebaseLoadCriteria& criteria = m_criteria->LoadCriteria();

@@ -323,17 +323,12 @@ TEST_F(frmReviewSummary_, MdiFormsAreCountedAmongTheForms) {
     Finish(*project);
     WriteProjectFile();
     for (const char* const type :
-         {"MDIForm",
-          "Form",
-          "Class",
-          "Designer",
-          "PropertyPage",
-          "UserControl",
-          "UserDocument",
-          "UserDocument"}) {
-        const auto file = SetUpTypedFile("x", type, "x.x");
+         {"MDIForm", "Form", "Class", "Designer", "PropertyPage", "UserControl", "UserDocument"}) {
+        const auto file = SetUpTypedFile(type, type, std::string(type) + ".x");
         Finish(*file);
     }
+    const auto second = SetUpTypedFile("second", "UserDocument", "second.dob");
+    Finish(*second);
     m_results.EndReview(1);
     ASSERT_TRUE(m_results.OpenReview(m_path));
     Open();
@@ -524,8 +519,9 @@ TEST_F(frmReviewSummary_, OneFileShowsItsProceduresWithoutSections) {
         ElementsAre(
             "Method||Help|60|Untestable|Extremely difficult|Extremely high risk",
             "PublicMethod||Total|12|Difficult|Moderately easy|Moderate risk",
-            "PublicProperty||Value|0|N/A|N/A|N/A",
-            "Property||Value|3|Easy|Simple|Low risk"));
+            "Property||Value|3|Easy|Simple|Low risk",
+            "PublicProperty||Value|0|N/A|N/A|N/A"))
+        << "equal names in the order that sorting by swaps leaves";
     EXPECT_EQ(m_form->lvwReview.Columns()[0].Text, "Procedure");
     m_form->cboSourceFiles.Choose(0);
     EXPECT_EQ(m_form->lvwReview.Columns()[0].Text, "Source File");
