@@ -325,7 +325,8 @@ TEST_F(frmReviewOptions_, TheSelectedFilesAreRememberedForTheNextTime) {
 }
 
 TEST_F(frmReviewOptions_, AProjectWithoutACheckIsNotSelected) {
-    AddProject("Second", "Demo\\Demo.vbp");
+    Write("Demo\\Second.vbp", "Type=Exe\nModule=modA; modA.bas\nName=\"Second\"\n");
+    AddProject("Second", "Demo\\Second.vbp");
     OpenAndChoose();
     m_form->tvwProjects.Check(*m_form->Projects().FindProjectNode("Second"), false);
     ASSERT_TRUE(m_form->Ok());
