@@ -53,19 +53,11 @@ private:
 class GlobalObjects {
 public:
     GlobalObjects() {
-        // A machine without such a file has the defaults. The user's settings are those of the work bench: a review in
-        // a build must not depend on who runs it.
-        if (m_facts.Exists()) {
-            RegistryUtils::Install(RegistryRoot::LocalMachine, &m_facts);
-        }
         modGlobal::CreateGlobalObjects();
         // No one is there to answer a box; the log still gets its lines.
         modLog::Log().SetQuiet(true);
     }
-    ~GlobalObjects() {
-        modGlobal::DestroyGlobalObjects();
-        RegistryUtils::Install(RegistryRoot::LocalMachine, nullptr);
-    }
+    ~GlobalObjects() { modGlobal::DestroyGlobalObjects(); }
     GlobalObjects(const GlobalObjects&) = delete;
     GlobalObjects& operator=(const GlobalObjects&) = delete;
 
