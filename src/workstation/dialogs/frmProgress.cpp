@@ -50,7 +50,7 @@ std::int32_t BarOf(std::int16_t percentage) {
     return std::clamp<std::int32_t>(percentage, 0, 100);
 }
 
-/// No message boxes while this lives: nobody may be waiting for what a background review has to say.
+/// No message boxes while this lives: the user of a background review is at work elsewhere.
 class QuietLog {
 public:
     QuietLog() : m_wasQuiet(modLog::Log().Quiet()) { modLog::Log().SetQuiet(true); }
@@ -139,8 +139,8 @@ void frmProgress::tmrInterrupt_Timer() {
             return;
         }
         m_isInSlice = false;
-        const bool goesOn = !m_cancelled && RunSlice(m_tickCount);
-        if (!goesOn && !life.expired()) {
+        const bool isUnfinished = !m_cancelled && RunSlice(m_tickCount);
+        if (!isUnfinished && !life.expired()) {
             Finish();
         }
     });

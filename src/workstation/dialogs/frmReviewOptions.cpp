@@ -29,6 +29,29 @@ std::int16_t NumberOf(frmReviewOptions::Page page) {
     return static_cast<std::int16_t>(page);
 }
 
+std::string RulebaseFolder() {
+    return modGlobal::Data().LocalAppPath() + std::string(kRulebaseFolder);
+}
+
+std::vector<std::string> InstalledRulebases() {
+    std::vector<std::string> files;
+    const std::string folder = RulebaseFolder();
+    if (modFiles::FolderExists(folder)) {
+        for (const modFiles::FolderEntry& entry : modFiles::FolderEntries(folder)) {
+            if (!entry.IsFolder && modTextCase::EndsWith(entry.Name, kRulebaseEnding)) {
+                files.push_back(folder + entry.Name);
+            }
+        }
+    }
+    return files;
+}
+
+/// Empty where it is not installed.
+std::string DefaultRulebase() {
+    const std::string sample = RulebaseFolder() + std::string(kSampleRulebase);
+    return modUtilFunctions::FileExists(sample) ? sample : std::string();
+}
+
 }  // namespace
 
 frmReviewOptions::frmReviewOptions(IScreen& screen)
@@ -74,30 +97,11 @@ void frmReviewOptions::Form_Load() {
         lblCategories.Set("Select the categories to " + action);
         lblSeverities.Set("Select the rule severity levels to " + action);
         if (!isFilter) {
-            FillRulebaseBox();
+            m_rulebaseFiles = InstalledRulebases();
         }
         tbsOptions.Shown.Set(NumberOf(isFilter ? Page::Conventions : Page::Projects));
         DataToScreen();
     });
-}
-
-void frmReviewOptions::FillRulebaseBox() {
-    m_rulebaseFiles.clear();
-    const std::string folder = modGlobal::Data().LocalAppPath() + std::string(kRulebaseFolder);
-    if (!modFiles::FolderExists(folder)) {
-        return;
-    }
-    for (const modFiles::FolderEntry& entry : modFiles::FolderEntries(folder)) {
-        if (!entry.IsFolder && modTextCase::EndsWith(entry.Name, kRulebaseEnding)) {
-            m_rulebaseFiles.push_back(folder + entry.Name);
-        }
-    }
-}
-
-std::string frmReviewOptions::DefaultRulebase() const {
-    const std::string sample = modGlobal::Data().LocalAppPath() + std::string(kRulebaseFolder) +
-                               std::string(kSampleRulebase);
-    return modUtilFunctions::FileExists(sample) ? sample : std::string();
 }
 
 void frmReviewOptions::DataToScreen() {
@@ -108,7 +112,7 @@ void frmReviewOptions::DataToScreen() {
             FillLists();
             return;
         }
-        TitleIsOffered.Set(IsBatch());
+        TitleIsOffered.Set(modReviewOptionsFields::IsBatch(*m_criteria));
         txtTitle.Set(m_criteria->BatchTitle());
         ShowTolerances(m_criteria->Tolerances());
         cboRulebase.Set(m_isFirstOpening ? DefaultRulebase() : criteria.RulebaseFile());
@@ -116,8 +120,9 @@ void frmReviewOptions::DataToScreen() {
         m_onRulebase =
             cboRulebase.Changed.Subscribe([this](const std::string&) { cboRulebase_Change(); });
         m_projectTree.PopulateProjectTree(*m_criteria);
-        chkBackground.Set(m_criteria->BackgroundReview() && !IsBatch());
-        BackgroundEnabled.Set(!IsBatch());
+        chkBackground.Set(
+            m_criteria->BackgroundReview() && !modReviewOptionsFields::IsBatch(*m_criteria));
+        BackgroundEnabled.Set(!modReviewOptionsFields::IsBatch(*m_criteria));
         chkClearLog.Set(m_criteria->ClearLogBeforeReview());
         chkResultsFolder.Set(m_criteria->UseProjectFolderResults());
         txtResultsFolder.Set(m_criteria->FixedFolderResults());
@@ -243,10 +248,6 @@ void frmReviewOptions::BrowseReportsFolder() {
             m_screen.ChooseFolder("Choose Reports Folder", txtReportsFolder.Value())) {
         txtReportsFolder.Set(*folder);
     }
-}
-
-bool frmReviewOptions::IsBatch() const {
-    return m_criteria != nullptr && m_criteria->ReviewType() == ReviewType_Batch;
 }
 
 RulebaseLoadCriteria& frmReviewOptions::LoadCriteria() const {

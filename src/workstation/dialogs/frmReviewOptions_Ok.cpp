@@ -42,13 +42,13 @@ bool frmReviewOptions::ScreenIsValid() {
 }
 
 bool frmReviewOptions::ReviewIsValid() {
-    if (IsBatch() && txtTitle.Value().empty()) {
+    if (modReviewOptionsFields::IsBatch(*m_criteria) && txtTitle.Value().empty()) {
         return Refuse(Page::Projects, "txtTitle", "Please enter a title for the batch.");
     }
     if (!RulebaseIsValid()) {
         return false;
     }
-    if (IsBatch() && !m_projectTree.AnyProjectChecked()) {
+    if (modReviewOptionsFields::IsBatch(*m_criteria) && !m_projectTree.AnyProjectChecked()) {
         return Refuse(Page::Projects, "tvwProjects", "Please select the project(s) to review.");
     }
     return FoldersAreValid();
@@ -129,7 +129,7 @@ bool frmReviewOptions::DataFromScreen() {
 void frmReviewOptions::ReviewFromScreen() {
     m_criteria->LoadCriteria().SetRulebaseFile(cboRulebase.Value());
     m_projectTree.DataFromScreen(*m_criteria);
-    if (IsBatch()) {
+    if (modReviewOptionsFields::IsBatch(*m_criteria)) {
         m_criteria->SetBatchTitle(txtTitle.Value());
     }
     m_criteria->SetBackgroundReview(chkBackground.Value());

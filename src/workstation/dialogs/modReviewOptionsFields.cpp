@@ -2,6 +2,7 @@
 
 #include "base/modText.h"
 #include "base/modTextCase.h"
+#include "criteria/ReviewCriteria.h"
 #include "rulebase/model/ToleranceSettings.h"
 #include "workstation/dialogs/frmReviewOptions.h"
 
@@ -130,6 +131,10 @@ void TakeSeverities(const CheckList& list, RulebaseLoadCriteria& criteria) {
     for (const CheckItem& item : list.Items()) {
         criteria.SetSeverityLevel(NumberOfKey(item.Key), item.Checked);
     }
+}
+
+bool IsBatch(const ReviewCriteria& criteria) {
+    return criteria.ReviewType() == ReviewType_Batch;
 }
 
 std::string TextOfLimit(std::int32_t limit) {

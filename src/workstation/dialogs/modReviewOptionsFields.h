@@ -9,6 +9,10 @@
 #include <string>
 #include <string_view>
 
+namespace dorvik {
+class ReviewCriteria;
+}
+
 /// How the fields of `frmReviewOptions` show the criteria of a review or a filter, and what they set there. With `all` every
 /// item is checked, whatever the criteria say.
 namespace dorvik::modReviewOptionsFields {
@@ -29,6 +33,8 @@ void FillSeverities(
 void TakeConventions(const CheckList& list, RulebaseLoadCriteria& criteria);
 void TakeCategories(const CheckList& list, RulebaseLoadCriteria& criteria);
 void TakeSeverities(const CheckList& list, RulebaseLoadCriteria& criteria);
+
+bool IsBatch(const ReviewCriteria& criteria);
 
 /// Empty where no limit is set.
 std::string TextOfLimit(std::int32_t limit);

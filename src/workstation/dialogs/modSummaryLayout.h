@@ -18,7 +18,7 @@ struct SortSetting {
     std::int16_t Column = 0;
     std::int16_t Order = 0;
 
-    /// Without, as at first, rows stand in the order in which they were read.
+    /// Without, as at first, rows are in the order in which they were read.
     bool IsSorted() const { return Column != 0 || Order != 0; }
 };
 

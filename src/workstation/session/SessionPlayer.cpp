@@ -135,7 +135,8 @@ SessionRefusal SessionPlayer::Expect(const SessionWords& words) {
     modSessionJson::Member(writer, "failed", dump.front());
     modSessionJson::Member(writer, "path", path);
     writer.Key("is");
-    (value == nullptr ? rapidjson::Value() : *value).Accept(writer);
+    const rapidjson::Value absent;
+    (value == nullptr ? absent : *value).Accept(writer);
     modSessionJson::Member(writer, "line", m_line);
     writer.EndObject();
     m_output({text.GetString(), text.GetSize()});

@@ -44,6 +44,7 @@ struct ResultsView::Parts {
 
     void CloseSummary() {
         if (Summary != nullptr) {
+            SummaryClosed.End();
             Screen.Hide(*Summary);
             Summary.reset();
         }
@@ -62,6 +63,7 @@ struct ResultsView::Parts {
     HotspotView Hotspots;
     ResultsBrowser Browser;
     std::unique_ptr<frmReviewSummary> Summary;  // null while none is shown
+    Subscription SummaryClosed;
     std::vector<Subscription> Subscriptions;
 };
 
@@ -346,8 +348,8 @@ void ResultsView::ShowReviewSummary() {
                 criteria.UseProjectFolderReports() ? "" : criteria.FixedFolderReports());
         }
         m_parts->Summary = std::make_unique<frmReviewSummary>(m_parts->Screen);
-        m_parts->Subscriptions.push_back(
-            m_parts->Summary->Closed.Subscribe([this] { m_parts->CloseSummary(); }));
+        m_parts->SummaryClosed =
+            m_parts->Summary->Closed.Subscribe([this] { m_parts->CloseSummary(); });
         m_parts->Summary->Initialise(m_parts->Results.DB(), logFile, reportFile);
         m_parts->Screen.Show(*m_parts->Summary);
     });

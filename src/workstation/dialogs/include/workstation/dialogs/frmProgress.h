@@ -75,7 +75,7 @@ private:
     void RunForegroundReview();
     void BeginBackgroundReview();
     void tmrInterrupt_Timer();
-    /// Whether the review goes on.
+    /// True where the review is not over.
     bool RunSlice(std::int32_t ticks);
     void ReviewProgress(const ProgressInfo& progress, bool& cancel);
     void ShowAction(std::int32_t action);

@@ -85,7 +85,7 @@ public:
     Observable<std::string> Focus;
     Observable<std::string> Caption;
 
-    Observable<bool> TitleIsOffered;  // a batch asks for a title
+    Observable<bool> TitleIsOffered;  // a batch has a title
     Observable<std::string> txtTitle;
     /// The text of the box. Another rulebase gives other categories and severities and, where the criteria have been
     /// through no dialog yet, other tolerances.
@@ -122,8 +122,6 @@ public:
 
 private:
     void Form_Load();
-    void FillRulebaseBox();
-    std::string DefaultRulebase() const;
     void DataToScreen();
     void FillLists();
     void ShowTolerances(const ToleranceSettings& tolerances);
@@ -143,7 +141,6 @@ private:
     void TolerancesFromScreen();
 
     RulebaseLoadCriteria& LoadCriteria() const;
-    bool IsBatch() const;
     void Close();
 
     IScreen& m_screen;

@@ -74,7 +74,7 @@ public:
     Observable<bool> ViewReportEnabled;
 
 private:
-    /// The column by which the page in front is sorted; none is where the rows stand in the order of the filler.
+    /// The column by which the page in front is sorted; without one the rows are in the order of the filler.
     struct SortState {
         bool IsSorted = false;
         std::int16_t Column = 0;  // from 0
