@@ -3,9 +3,12 @@
 #include "SessionDumps.h"
 #include "base/modText.h"
 #include "platform/host/modHostPath.h"
+#include "workstation/ide/udocDorvik.h"
 #include "workstation/session/DialogDump.h"
+#include "workstation/session/HostDump.h"
 #include "workstation/session/Session.h"
 #include "workstation/session/SessionPlayer.h"
+#include "workstation/session/modResultsViewCommands.h"
 
 #include <algorithm>
 #include <array>
@@ -159,8 +162,117 @@ SessionRefusal Expect(SessionPlayer& player, const SessionWords& words) {
     return player.Expect(words);
 }
 
+// What the user does in the environment.
+
+SessionRefusal Open(SessionPlayer& player, const SessionWords& words) {
+    return modHostCommands::Open(player.Bench().Host(), Path(words[0]));
+}
+
+SessionRefusal Save(SessionPlayer& player, const SessionWords& words) {
+    return modHostCommands::Save(
+        player.Bench().Host(), words.empty() ? std::nullopt : std::optional(words[0]));
+}
+
+/// A command with one name, or with two.
+template <SessionRefusal (*Command)(FileHost&, std::string_view)>
+SessionRefusal OnHost(SessionPlayer& player, const SessionWords& words) {
+    return Command(player.Bench().Host(), words[0]);
+}
+
+template <SessionRefusal (*Command)(FileHost&, std::string_view, std::string_view)>
+SessionRefusal OnHost(SessionPlayer& player, const SessionWords& words) {
+    return Command(player.Bench().Host(), words[0], words[1]);
+}
+
+/// A command with a name and a switch.
+template <SessionRefusal (*Command)(FileHost&, std::string_view, bool)>
+SessionRefusal OnHost(SessionPlayer& player, const SessionWords& words) {
+    return Command(player.Bench().Host(), words[0], modSessionWords::IsOn(words[1]));
+}
+
+/// A command on a line of a file, with a text or without.
+template <SessionRefusal (*Command)(FileHost&, std::string_view, std::int32_t, std::string_view)>
+SessionRefusal OnCode(SessionPlayer& player, const SessionWords& words) {
+    return Command(player.Bench().Host(), words[0], Number(words[1]), words[2]);
+}
+
+template <SessionRefusal (*Command)(FileHost&, std::string_view, std::int32_t)>
+SessionRefusal OnCode(SessionPlayer& player, const SessionWords& words) {
+    return Command(player.Bench().Host(), words[0], Number(words[1]));
+}
+
+// What the user does in the document of the bench.
+
+template <typename Command>
+SessionRefusal InDocument(SessionPlayer& player, const Command& command) {
+    udocDorvik* const document = player.Bench().Document();
+    if (document == nullptr) {
+        return Session::NotStarted();
+    }
+    return command(document->Results(), document->Controls());
+}
+
+/// A number as the commands of the document count; 0, which nothing has, for a negative one.
+std::size_t Position(std::string_view word) {
+    return static_cast<std::size_t>(std::max(0, Number(word)));
+}
+
+SessionRefusal File(SessionPlayer& player, const SessionWords& words) {
+    return InDocument(player, [&](ResultsView&, WorkbenchControls& controls) {
+        return modResultsViewCommands::ChooseFile(controls, words[0]);
+    });
+}
+
+SessionRefusal Procedure(SessionPlayer& player, const SessionWords& words) {
+    return InDocument(player, [&](ResultsView&, WorkbenchControls& controls) {
+        return modResultsViewCommands::ChooseProcedure(controls, words[0]);
+    });
+}
+
+template <SessionRefusal (*Command)(const ResultsView&, WorkbenchControls&, std::size_t)>
+SessionRefusal AtPosition(SessionPlayer& player, const SessionWords& words) {
+    return InDocument(player, [&](ResultsView& view, WorkbenchControls& controls) {
+        return Command(view, controls, Position(words[0]));
+    });
+}
+
+SessionRefusal Complete(SessionPlayer& player, const SessionWords& words) {
+    return InDocument(player, [&](ResultsView& view, WorkbenchControls& controls) {
+        return modResultsViewCommands::Complete(
+            view, controls, Position(words[0]), modSessionWords::IsOn(words[1]));
+    });
+}
+
+template <SessionRefusal (*Command)(const ResultsView&, WorkbenchControls&, std::string_view, bool)>
+SessionRefusal Order(SessionPlayer& player, const SessionWords& words) {
+    return InDocument(player, [&](ResultsView& view, WorkbenchControls& controls) {
+        return Command(view, controls, words[0], /*descending=*/words.size() > 1);
+    });
+}
+
+SessionRefusal Ungroup(SessionPlayer& player, const SessionWords& words) {
+    return InDocument(player, [&](ResultsView& view, WorkbenchControls& controls) {
+        return modResultsViewCommands::Ungroup(view, controls, words[0]);
+    });
+}
+
+bool IsOrder(const SessionWords& words) {
+    return words.size() == 1 || words[1] == "desc";
+}
+
 constexpr Row kRows[] = {
     {"setting", "tt", Setting},
+    {"open", "t", Open},
+    {"close", "t", OnHost<modHostCommands::Close>},
+    {"rename", "tt", OnHost<modHostCommands::Rename>},
+    {"activate", "t", OnHost<modHostCommands::Activate>},
+    {"select-file", "t", OnHost<modHostCommands::SelectFile>},
+    {"dirty", "ts", OnHost<modHostCommands::SetDirty>},
+    {"unsaved", "ts", OnHost<modHostCommands::SetNeverSaved>},
+    {"edit", "tnt", OnCode<modHostCommands::Edit>},
+    {"insert", "tnt", OnCode<modHostCommands::Insert>},
+    {"delete", "tn", OnCode<modHostCommands::Delete>},
+    {"save", "T", Save},
     {"start", "N", Start},
     {"startup-complete", "", StartupComplete},
     {"begin-shutdown", "", BeginShutdown},
@@ -176,6 +288,15 @@ constexpr Row kRows[] = {
     {"hide", "", HideBench},
     {"results", "t", Results},
     {"view", "t", View, IsView},
+    {"file", "t", File},
+    {"procedure", "t", Procedure},
+    {"row", "n", AtPosition<modResultsViewCommands::ChooseRow>},
+    {"complete", "ns", Complete},
+    {"sort", "tT", Order<modResultsViewCommands::Sort>, IsOrder},
+    {"group", "tT", Order<modResultsViewCommands::Group>, IsOrder},
+    {"ungroup", "t", Ungroup},
+    {"header", "n", AtPosition<modResultsViewCommands::ClickHeader>},
+    {"item", "n", AtPosition<modResultsViewCommands::ChooseItem>},
     {"goto", "", Goto},
     {"summary", "tT", Summary, modDialogDump::IsSummaryCommand},
     {"dump", "tT", Dump, modSessionDumps::Understands},

@@ -5,6 +5,8 @@
 #include "workstation/ide/IDEHelper.h"
 #include "workstation/ide/IDEMenus.h"
 #include "workstation/ide/udocDorvik.h"
+#include "workstation/session/HostDump.h"
+#include "workstation/session/ResultsViewDump.h"
 #include "workstation/session/Session.h"
 #include "workstation/session/SessionJson.h"
 
@@ -133,6 +135,36 @@ SessionRefusal Give(Session& session, const SessionWords& words, std::string& js
     return refusal;
 }
 
+SessionRefusal WriteHost(Session& session, const SessionWords& /*words*/, JsonWriter& writer) {
+    modHostDump::WriteHost(session.Host(), writer);
+    return {};
+}
+
+SessionRefusal WriteCode(Session& session, const SessionWords& words, JsonWriter& writer) {
+    return modHostDump::WriteCode(session.Host(), words[1], writer);
+}
+
+SessionRefusal GiveState(Session& session, const SessionWords& /*words*/, std::string& json) {
+    if (session.Document() == nullptr) {
+        return Session::NotStarted();
+    }
+    udocDorvik& document = *session.Document();
+    const bool isReviewing = session.BackgroundReview() != nullptr;
+    json =
+        TextOf(modResultsViewDump::DumpState(document.Results(), document.Controls(), isReviewing));
+    return {};
+}
+
+/// Of a control of the document.
+template <auto Dump>
+SessionRefusal GiveControl(Session& session, const SessionWords& /*words*/, std::string& json) {
+    if (session.Document() == nullptr) {
+        return Session::NotStarted();
+    }
+    json = TextOf(Dump(session.Document()->Controls()));
+    return {};
+}
+
 struct Row {
     std::string_view What;
     SessionRefusal (*Write)(Session&, const SessionWords&, std::string& json);
@@ -140,12 +172,21 @@ struct Row {
 };
 
 constexpr Row kRows[] = {
+    {"state", GiveState},
+    {"files", GiveControl<modResultsViewDump::DumpFiles>},
+    {"procedures", GiveControl<modResultsViewDump::DumpProcedures>},
+    {"list", GiveControl<modResultsViewDump::DumpList>},
+    {"groups", GiveControl<modResultsViewDump::DumpGroups>},
+    {"document", GiveControl<modResultsViewDump::DumpDocument>},
+    {"hotspot", GiveControl<modResultsViewDump::DumpHotspot>},
     {"menus", Give<WriteMenus>},
     {"options", GiveOptions},
     {"summary", GiveSummary},
     {"progress", GiveProgress},
     {"settings", Give<WriteSettings>},
     {"messages", Give<WriteMessages>},
+    {"host", Give<WriteHost>},
+    {"code", Give<WriteCode>, /*TakesName=*/true},
 };
 
 const Row* Find(std::string_view what) {

@@ -4,10 +4,11 @@
 #include "support/LineText.h"
 #include "support/NamedTests.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
-#include <gtest/gtest.h>
 #include <iterator>
 
 namespace dorvik::test {
@@ -38,7 +39,11 @@ void PlayCase(const fs::path& script) {
     WriteNow(script, played.Output);
     EXPECT_EQ(played.Outcome.WrongLine, 0) << played.Outcome.Fault;
     EXPECT_TRUE(played.Outcome.ExpectationsMet);
-    EXPECT_EQ(played.Output, LinesOf(BytesOf(expected)));
+    const std::vector<std::string> lines = LinesOf(BytesOf(expected));
+    EXPECT_EQ(played.Output.size(), lines.size());
+    for (std::size_t line = 0; line < std::min(lines.size(), played.Output.size()); ++line) {
+        ASSERT_EQ(played.Output[line], lines[line]) << expected << ", line " << line + 1;
+    }
 }
 
 const bool kRegistered = [] {
@@ -51,10 +56,9 @@ const bool kRegistered = [] {
     }
     std::sort(scripts.begin(), scripts.end());
     for (const fs::path& script : scripts) {
-        RegisterNamedTest(
-            {"SessionCases", TestName(script.stem().string()), script, 1, [script] {
-                 PlayCase(script);
-             }});
+        RegisterNamedTest({"SessionCases", TestName(script.stem().string()), script, 1, [script] {
+                               PlayCase(script);
+                           }});
     }
     return true;
 }();
