@@ -1,6 +1,7 @@
 #include "workstation/filehost/CodeFile.h"
 
 #include "base/BasicError.h"
+#include "base/modTextCase.h"
 #include "base/modUtf8.h"
 #include "modHiddenLines.h"
 #include "platform/host/TextFileReader.h"
@@ -181,14 +182,49 @@ void CodeFile::TakeShownLine(const PhysicalLine& line, std::string text) {
 
 void CodeFile::TakeHiddenLine(const PhysicalLine& line, std::string text) {
     if (m_lines.Records.empty()) {
-        m_head += line.WithEnd;
-        m_headLines.push_back(std::move(text));
+        TakeHeadLine(line, std::move(text));
         return;
     }
     FileLine& record = m_lines.Records.back();
     FileLine::Kept kept = record.Has == nullptr ? FileLine::Kept() : *record.Has;
     kept.Hidden += line.WithEnd;
     record.Has = std::make_shared<FileLine::Kept>(std::move(kept));
+}
+
+void CodeFile::TakeHeadLine(const PhysicalLine& line, std::string text) {
+    const NameLine place{m_headLines.size(), m_head.size(), line.Bytes.size()};
+    if (m_nameLine.Size == 0 && modTextCase::StartsWith(text, "Attribute VB_Name =")) {
+        m_nameLine = place;
+    } else if (
+        m_nameLine.Size == 0 && m_beginLine.Size == 0 && modTextCase::StartsWith(text, "Begin ")) {
+        m_beginLine = place;
+    }
+    m_head += line.WithEnd;
+    m_headLines.push_back(std::move(text));
+}
+
+void CodeFile::Rename(std::string_view name) {
+    if (!Encode(name)) {
+        RaiseRuntimeError(runtimeerror::kInvalidProcedureCall, std::string(name));
+    }
+    if (m_nameLine.Size > 0) {
+        RewriteNameLine(m_nameLine, "Attribute VB_Name = \"" + std::string(name) + "\"");
+    }
+    if (m_beginLine.Size > 0) {
+        const std::string& text = m_headLines[m_beginLine.Index];
+        const std::size_t type = text.find(' ') + 1;
+        const std::size_t size = m_beginLine.Size;
+        RewriteNameLine(
+            m_beginLine, text.substr(0, text.find(' ', type)) + " " + std::string(name) + " ");
+        m_nameLine.Start += m_beginLine.Size - size;
+    }
+}
+
+void CodeFile::RewriteNameLine(NameLine& line, const std::string& text) {
+    const std::string bytes = Encode(text).value_or(std::string());
+    m_head.replace(line.Start, line.Size, bytes);
+    line.Size = bytes.size();
+    m_headLines[line.Index] = text;
 }
 
 FileLines CodeFile::Exchange(std::int32_t start, std::int32_t count, FileLines lines) {
@@ -230,6 +266,13 @@ std::string CodeFile::EncodedEnd(LineEnd end) const {
     return m_encoding.Is == FileEncoding::Form::CodePage
                ? std::string(text)
                : modEncoding::EncodeUtf16(text, m_encoding.Is == FileEncoding::Form::Utf16Big);
+}
+
+std::optional<std::string> CodeFile::Encode(std::string_view text) const {
+    if (m_encoding.Is == FileEncoding::Form::CodePage) {
+        return modEncoding::EncodeByPage(text, m_encoding.CodePage);
+    }
+    return modEncoding::EncodeUtf16(text, m_encoding.Is == FileEncoding::Form::Utf16Big);
 }
 
 bool CodeFile::AppendLine(EncodedFile& file, std::size_t index) const {

@@ -118,10 +118,17 @@ void FileCodeModule::SetVersion(std::int64_t version) {
     }
 }
 
+void FileCodeModule::Rename(std::string_view name) {
+    m_file.Rename(name);
+    m_isRenamed = true;
+    DirtyChanged.Raise();
+}
+
 void FileCodeModule::Write(const std::string& bytes) {
     m_file.Write(bytes);
     const bool wasDirty = IsDirty();
     m_savedVersion = m_version;
+    m_isRenamed = false;
     if (wasDirty) {
         DirtyChanged.Raise();
     }

@@ -53,7 +53,7 @@ void FileCodePane::FollowLines(std::int32_t start, std::int32_t removed, std::in
     const auto follow = [&](std::int32_t line) {
         if (line >= start + removed) {
             line += inserted - removed;
-        } else if (line >= start + inserted && line >= start) {
+        } else if (line >= start + inserted) {
             line = start + inserted;
         }
         return std::clamp(line, 1, LastLine());

@@ -79,6 +79,11 @@ FileDesigner* FileComponent::Designer() {
     return m_designer.get();
 }
 
+void FileComponent::SetName(std::string_view name) {
+    CodeModule().Rename(name);
+    m_facts.Name = name;
+}
+
 bool FileComponent::IsReadOnly() const {
     const HostPath path = modHostPath::FromProgram(m_facts.FileName);
     return modHostFolder::KindOf(path) == FileKind::File &&

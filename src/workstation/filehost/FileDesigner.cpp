@@ -68,7 +68,6 @@ void FileDesigner::TakeBegin(std::string_view definition) {
         blank == std::string_view::npos ? "" : modText::Trim(definition.substr(blank)));
     if (m_open.empty()) {
         m_type = std::move(type);
-        m_name = std::move(name);
         m_open.push_back(0);
         return;
     }

@@ -205,6 +205,15 @@ void FileHost::RenameProject(std::string_view oldName, std::string_view newName)
     m_events.ProjectRenamed.Raise(project, old);
 }
 
+void FileHost::RenameComponent(
+    std::string_view project, std::string_view nameOrFile, std::string_view newName) {
+    FileProject& owner = Project(project);
+    FileComponent& component = owner.Component(nameOrFile);
+    const std::string old = component.Name();
+    owner.RenameComponent(component, newName);
+    m_events.FileRenamed.Raise(component, old);
+}
+
 void FileHost::SelectFile(std::string_view nameOrFile) {
     FileComponent* component = FindComponent(nameOrFile);
     const auto owner = std::ranges::find_if(m_projects, [&](const auto& project) {

@@ -72,6 +72,32 @@ std::int32_t NameLine(const std::vector<std::string>& lines, bool& isThere) {
     return static_cast<std::int32_t>(end - lines.begin()) + 1;
 }
 
+void SetLine(CodeFile& file, std::int32_t line, std::int32_t count, std::string text) {
+    file.Exchange(line, count, file.ForTexts(line, count, {std::move(text)}));
+}
+
+/// A line of a project file with the new name of a component: "Module=m; m.bas", "Startup="m"".
+std::string
+RenamedLine(const std::string& line, std::string_view oldName, std::string_view newName) {
+    const std::size_t equals = line.find('=');
+    if (equals == std::string::npos) {
+        return line;
+    }
+    const std::string key = line.substr(0, equals);
+    const std::string value = line.substr(equals + 1);
+    const std::size_t semicolon = value.find(';');
+    const bool isMember = FileTypeFromKey(key) != FileType::None && semicolon != std::string::npos;
+    if (isMember && modTextCase::Equal(value.substr(0, semicolon), oldName)) {
+        return key + "=" + std::string(newName) + value.substr(semicolon);
+    }
+    const bool isReference =
+        modTextCase::Equal(key, "Startup") || modTextCase::Equal(key, "IconForm");
+    if (isReference && modTextCase::Equal(value, "\"" + std::string(oldName) + "\"")) {
+        return key + "=\"" + std::string(newName) + "\"";
+    }
+    return line;
+}
+
 }  // namespace
 
 struct FileProject::Output {
@@ -164,6 +190,20 @@ void FileProject::SetName(std::string name) {
     DirtyChanged.Raise();
 }
 
+void FileProject::RenameComponent(FileComponent& component, std::string_view newName) {
+    const bool isTaken = std::ranges::any_of(m_components, [&](const auto& other) {
+        return other.get() != &component && modTextCase::Equal(other->Name(), newName);
+    });
+    if (newName.empty() || isTaken) {
+        RaiseRuntimeError(runtimeerror::kInvalidProcedureCall, std::string(newName));
+    }
+    const std::string old = component.Name();
+    component.SetName(newName);
+    m_nameChanges.push_back({old, component.Name()});
+    m_isRenamed = true;
+    DirtyChanged.Raise();
+}
+
 bool FileProject::Save() {
     bool isSaved = false;
     Trap(
@@ -238,30 +278,36 @@ std::vector<FileProject::Output> FileProject::Outputs() {
     return outputs;
 }
 
-/// All that is in the project file but the name is left as it is on disk now.
-FileProject::Output FileProject::ProjectFileOutput(CodeFile& file) const {
+/// All that is in the project file but names is left as it is on disk now.
+std::string FileProject::ProjectFileBytes(CodeFile& file) const {
     bool isThere = false;
     const std::int32_t line = NameLine(file.Texts(), isThere);
-    const std::int32_t count = isThere ? 1 : 0;
-    std::string text = "Name=\"" + m_name + "\"";
-    file.Exchange(line, count, file.ForTexts(line, count, {std::move(text)}));
+    SetLine(file, line, isThere ? 1 : 0, "Name=\"" + m_name + "\"");
+    for (const NameChange& change : m_nameChanges) {
+        for (std::size_t index = 0; index < file.Texts().size(); ++index) {
+            const std::string text = RenamedLine(file.Texts()[index], change.Old, change.New);
+            if (text != file.Texts()[index]) {
+                SetLine(file, static_cast<std::int32_t>(index) + 1, 1, text);
+            }
+        }
+    }
     EncodedFile encoded = file.Encoded();
     if (encoded.RefusedLine > 0) {
         Refuse(
-            "The file " + Quoted(m_fileName) +
-            " was not saved: the project's name has the character '" + encoded.RefusedCharacter +
-            "', which code page " + std::to_string(file.Encoding().CodePage) + " lacks.");
+            "The file " + Quoted(m_fileName) + " was not saved: a name has the character '" +
+            encoded.RefusedCharacter + "', which code page " +
+            std::to_string(file.Encoding().CodePage) + " lacks.");
     }
-    return {nullptr, std::move(encoded.Bytes)};
+    return std::move(encoded.Bytes);
 }
 
 void FileProject::WriteAll() {
     const std::vector<Output> outputs = Outputs();
     if (m_isRenamed) {
         CodeFile file(m_fileName, m_codePage, std::nullopt);
-        const Output output = ProjectFileOutput(file);
-        file.Write(output.Bytes);
+        file.Write(ProjectFileBytes(file));
         m_isRenamed = false;
+        m_nameChanges.clear();
     }
     for (const Output& output : outputs) {
         output.Component->CodeModule().Write(output.Bytes);

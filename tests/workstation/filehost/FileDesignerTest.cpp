@@ -30,7 +30,6 @@ Texts Described(FileDesigner& designer) {
 TEST(FileDesigner, HasTheControlsOfTheLayoutAsATree) {
     FileDesigner designer(modCodeLines::SplitText(test::HostFolder::kForm), true);
     EXPECT_EQ(designer.Type(), "VB.Form");
-    EXPECT_EQ(designer.Name(), "frmMain");
     EXPECT_EQ(
         Described(designer),
         (Texts{

@@ -27,6 +27,10 @@ public:
         Take(events.ProjectRenamed.Subscribe([this](IHostProject& project, const std::string& old) {
             Said.push_back("renamed " + old + " " + project.Name());
         }));
+        Take(
+            events.FileRenamed.Subscribe([this](IHostComponent& component, const std::string& old) {
+                Said.push_back("renamed file " + old + " " + component.Name());
+            }));
         Take(events.AfterChangeFileName.Subscribe(
             [this](IHostProject& project, HostFileType type, const std::string& file) {
                 Said.push_back(
@@ -278,8 +282,67 @@ TEST(FileHost, NameThatTheCodePageLacksIsRefusedWhenSaving) {
     EXPECT_EQ(
         box.Messages[0].Text,
         "The file '" + folder.Project() +
-            "' was not saved: the project's name has the character '\u0416', which code page 1252 "
+            "' was not saved: a name has the character '\u0416', which code page 1252 "
             "lacks.");
+}
+
+TEST(FileHost, NewNameOfAComponentIsInItsFileAndInThatOfTheProjectOnceTheyAreSaved) {
+    const HostFolder folder;
+    folder.Folder.Write(
+        "P.vbp",
+        folder.Folder.Read("P.vbp").insert(0, "Startup=\"frmMain\"\r\nIconForm=\"frmMain\"\r\n"));
+    FileHost host;
+    host.Open(folder.Project());
+    EventTexts events(host.Events());
+    host.RenameComponent("P", "frmMain", "frmStart");
+    host.RenameComponent("P", "modMain.bas", "modFirst");
+    host.RenameComponent("P", "modFirst", "modStart");
+    EXPECT_EQ(
+        events.Said,
+        (Texts{
+            "renamed file frmMain frmStart",
+            "renamed file modMain modFirst",
+            "renamed file modFirst modStart"}));
+    EXPECT_TRUE(host.Project(1).IsDirty());
+    const std::string project = folder.Folder.Read("P.vbp");
+    EXPECT_TRUE(host.SaveAll());
+    EXPECT_FALSE(host.Project(1).IsDirty());
+    const auto replaced = [](std::string text, const std::string& from, const std::string& to) {
+        return text.replace(text.find(from), from.size(), to);
+    };
+    EXPECT_EQ(
+        folder.Folder.Read("P.vbp"),
+        replaced(
+            replaced(
+                replaced(project, "Startup=\"frmMain", "Startup=\"frmStart"),
+                "IconForm=\"frmMain",
+                "IconForm=\"frmStart"),
+            "Module=modMain;",
+            "Module=modStart;"));
+    EXPECT_EQ(
+        folder.Folder.Read("Forms\\frmMain.frm"),
+        replaced(
+            replaced(
+                test::Dos(HostFolder::kForm), "Begin VB.Form frmMain ", "Begin VB.Form frmStart "),
+            "VB_Name = \"frmMain\"",
+            "VB_Name = \"frmStart\""));
+    EXPECT_TRUE(
+        folder.Folder.Read("modMain.bas").starts_with("Attribute VB_Name = \"modStart\"\r\n"));
+    FileHost again;
+    again.Open(folder.Project());
+    EXPECT_EQ(NamesOf(again.Project(1)), (Texts{"frmStart", "modStart", "clsThing"}));
+}
+
+TEST(FileHost, NameOfAnotherComponentIsRefused) {
+    const HostFolder folder;
+    FileHost host;
+    host.Open(folder.Project());
+    constexpr std::int32_t kRefused = runtimeerror::kInvalidProcedureCall;
+    EXPECT_EQ(ErrorOf([&] { host.RenameComponent("P", "frmMain", "MODMAIN"); }), kRefused);
+    EXPECT_EQ(ErrorOf([&] { host.RenameComponent("P", "frmMain", ""); }), kRefused);
+    EXPECT_EQ(ErrorOf([&] { host.RenameComponent("P", "frmMain", "\u0416"); }), kRefused);
+    EXPECT_FALSE(host.Project(1).IsDirty());
+    EXPECT_NO_THROW(host.RenameComponent("P", "frmMain", "FRMMAIN"));
 }
 
 TEST(FileHost, ProjectThatWasNeverSavedHasNoFileNameUntilItIs) {

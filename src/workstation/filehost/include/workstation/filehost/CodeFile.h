@@ -76,6 +76,10 @@ public:
     FileLines
     ForTexts(std::int32_t start, std::int32_t count, std::vector<std::string> texts) const;
 
+    /// Gives the module another name, in the attribute that has it and in the begin of a layout. Raises
+    /// `kInvalidProcedureCall` for a name that the code page lacks.
+    void Rename(std::string_view name);
+
     EncodedFile Encoded() const;
     /// Whether the file on disk is not the one any more that was read or written last. One that is gone has not changed:
     /// nothing can be lost.
@@ -90,11 +94,22 @@ private:
         LineEnd End = LineEnd::None;
     };
 
+    /// A line of the head that has the module's name.
+    struct NameLine {
+        std::size_t Index = 0;  // among the lines of the head
+        std::size_t Start = 0;  // its bytes in the head
+        std::size_t Size = 0;   // 0 where there is no such line
+    };
+
     std::vector<PhysicalLine> SplitBytes(std::string_view bytes) const;
     std::string Decode(std::string_view bytes) const;
     void TakeLines(const std::vector<PhysicalLine>& lines, std::optional<FileType> type);
     void TakeShownLine(const PhysicalLine& line, std::string text);
     void TakeHiddenLine(const PhysicalLine& line, std::string text);
+    void TakeHeadLine(const PhysicalLine& line, std::string text);
+    void RewriteNameLine(NameLine& line, const std::string& text);
+    /// Nothing for a text that the code page lacks.
+    std::optional<std::string> Encode(std::string_view text) const;
     /// False with what is refused noted, where the code page lacks a character.
     bool AppendLine(EncodedFile& file, std::size_t index) const;
     void EndLastLine(std::string& bytes) const;
@@ -106,6 +121,8 @@ private:
     FileEncoding m_encoding;
     std::string m_head;  // bytes, with the mark
     std::vector<std::string> m_headLines;
+    NameLine m_nameLine;   // `Attribute VB_Name = "m"`
+    NameLine m_beginLine;  // `Begin VB.Form m`, in front of the other
     FileLines m_lines;
     LineEnd m_usualEnd = LineEnd::CrLf;
     bool m_endsInLineEnd = true;

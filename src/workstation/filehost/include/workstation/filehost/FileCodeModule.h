@@ -61,7 +61,9 @@ public:
     void Undo();
     void Redo();
 
-    bool IsDirty() const { return m_version != m_savedVersion; }
+    bool IsDirty() const { return m_isRenamed || m_version != m_savedVersion; }
+    /// Cannot be undone. Raises as `CodeFile::Rename`.
+    void Rename(std::string_view name);
     /// Raises where the file cannot be written. See `CodeFile`.
     void Write(const std::string& bytes);
 
@@ -92,6 +94,7 @@ private:
     std::int64_t m_version = 0;
     std::int64_t m_lastVersion = 0;
     std::int64_t m_savedVersion = 0;
+    bool m_isRenamed = false;  // since the file was written
 };
 
 }  // namespace dorvik

@@ -50,8 +50,8 @@ public:
     /// Whether the file is there and cannot be written to.
     bool IsReadOnly() const;
 
-    /// Without an event; see `FileHost::RenameComponent`.
-    void SetName(std::string name) { m_facts.Name = std::move(name); }
+    /// Without an event; see `FileHost::RenameComponent`. Raises as `CodeModule` and `CodeFile::Rename`.
+    void SetName(std::string_view name);
 
     Event<> DirtyChanged;
 

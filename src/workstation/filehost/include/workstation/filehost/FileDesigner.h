@@ -59,9 +59,8 @@ public:
     FileDesignerControl*
     FindControl(std::string_view name, std::optional<std::int32_t> index) override;
 
-    /// What the layout is of: "VB.Form" and the form's name. Empty without a layout.
+    /// What the layout is of: "VB.Form". Empty without a layout.
     const std::string& Type() const { return m_type; }
-    const std::string& Name() const { return m_name; }
 
     /// After a control was selected or deselected.
     Event<FileDesignerControl&> SelectionChanged;
@@ -72,7 +71,6 @@ private:
 
     bool m_isFormDesigner;
     std::string m_type;
-    std::string m_name;
     std::vector<std::unique_ptr<FileDesignerControl>> m_controls;
     std::vector<std::int32_t> m_open;  // the objects around the line at hand; 0 is the form
     std::size_t m_propertyDepth = 0;   // blocks of properties around it

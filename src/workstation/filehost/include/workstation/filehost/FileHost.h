@@ -34,6 +34,9 @@ public:
     void ActivateProject(std::string_view name);
     /// Raises `kInvalidProcedureCall` for an empty name and one that another project has.
     void RenameProject(std::string_view oldName, std::string_view newName);
+    /// Names the component of a project. Raises as `FileProject::RenameComponent`.
+    void RenameComponent(
+        std::string_view project, std::string_view nameOrFile, std::string_view newName);
     /// By its name or its file, of the active project first. Its project becomes the active one.
     void SelectFile(std::string_view nameOrFile);
     /// False where not all could be saved; the user has seen a message.

@@ -52,6 +52,9 @@ public:
     void SetNeverSaved(bool neverSaved) { m_neverSaved = neverSaved; }
     /// Without an event; see `FileHost::RenameProject`. The project file has the name once it is saved.
     void SetName(std::string name);
+    /// The same for a component. Raises `kInvalidProcedureCall` for an empty name and one that another component has, and
+    /// as `FileComponent::SetName`.
+    void RenameComponent(FileComponent& component, std::string_view newName);
 
     /// Writes what has changed. Where that is not possible the user sees one message, and nothing is written if it
     /// could be foreseen. False where not all was written.
@@ -63,12 +66,18 @@ public:
 
 private:
     struct Output;
+    /// A component's names, since the project file was written.
+    struct NameChange {
+        std::string Old;
+        std::string New;
+    };
 
     void AddComponents(VirtualProject& project, HostCallList& calls);
     void CheckFolder(std::string_view fileName) const;
     /// Raises with a sentence for the user where a file is not to be written.
     std::vector<Output> Outputs();
-    Output ProjectFileOutput(CodeFile& file) const;
+    /// The bytes of the project file with the new names.
+    std::string ProjectFileBytes(CodeFile& file) const;
     void WriteAll();
     void EndNeverSaved();
 
@@ -78,7 +87,8 @@ private:
     HostProjectType m_type = HostProjectType::StandardExe;
     int m_codePage;
     bool m_isDirty = false;
-    bool m_isRenamed = false;  // since the project file was written
+    bool m_isRenamed = false;  // it or a component, since the project file was written
+    std::vector<NameChange> m_nameChanges;
     bool m_neverSaved = false;
     std::vector<std::unique_ptr<FileComponent>> m_components;
     std::vector<Subscription> m_dirt;

@@ -15,7 +15,7 @@ class FileHost;
 /// What a session prints of the environment: the members of the dumps "host" and "code".
 namespace modHostDump {
 
-/// The calls so far. They stay; whoever prints them takes them off the list of the host.
+/// The calls so far. They stay; the caller takes them off the list of the host.
 void WriteHost(FileHost& host, JsonWriter& writer);
 /// The module of a component by its name or file. Refused, with nothing written, where there is none.
 SessionRefusal WriteCode(FileHost& host, std::string_view file, JsonWriter& writer);
