@@ -21,14 +21,14 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-std::string JsonOf(const rapidjson::Value& value) {
+std::string CompactText(const rapidjson::Value& value) {
     rapidjson::StringBuffer buffer;
     rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
     value.Accept(writer);
     return buffer.GetString();
 }
 
-class DialogDump : public test::ReviewedFiles {
+class DialogDump_ : public test::ReviewedFiles {
 protected:
     void Queue(std::vector<Words> commands) {
         for (Words& words : commands) {
@@ -52,7 +52,7 @@ protected:
     int m_line = 0;
 };
 
-TEST_F(DialogDump, EveryFieldOfTheReviewOptionsCanBeSet) {
+TEST_F(DialogDump_, EveryFieldOfTheReviewOptionsCanBeSet) {
     frmReviewOptions form(m_screen);
     form.ReviewOptions(m_criteria);
     Queue({
@@ -102,7 +102,7 @@ TEST_F(DialogDump, EveryFieldOfTheReviewOptionsCanBeSet) {
     EXPECT_EQ(m_criteria->ToleranceCyclomaticComplexity(), 20);
 }
 
-TEST_F(DialogDump, ADialogWithoutAnEndIsCancelled) {
+TEST_F(DialogDump_, ADialogWithoutAnEndIsCancelled) {
     frmReviewOptions form(m_screen);
     form.ReviewOptions(m_criteria);
     Queue({{"clear-log", "on"}});
@@ -111,7 +111,7 @@ TEST_F(DialogDump, ADialogWithoutAnEndIsCancelled) {
     EXPECT_TRUE(form.Cancelled());
 }
 
-TEST_F(DialogDump, ARefusedOkLeavesTheDialogOpenForTheNextFields) {
+TEST_F(DialogDump_, ARefusedOkLeavesTheDialogOpenForTheNextFields) {
     frmReviewOptions form(m_screen);
     form.ReviewOptions(m_criteria);
     Queue({
@@ -129,7 +129,7 @@ TEST_F(DialogDump, ARefusedOkLeavesTheDialogOpenForTheNextFields) {
     EXPECT_THAT(m_queue, SizeIs(1)) << "left for the next dialog";
 }
 
-TEST_F(DialogDump, WhatADialogDoesNotHaveIsRefused) {
+TEST_F(DialogDump_, WhatADialogDoesNotHaveIsRefused) {
     frmReviewOptions form(m_screen);
     form.ReviewOptions(m_criteria);
     Queue({
@@ -145,7 +145,7 @@ TEST_F(DialogDump, WhatADialogDoesNotHaveIsRefused) {
     EXPECT_THAT(RefusedLines(Play(m_queue, form)), ElementsAre(1, 2, 3, 4, 5, 6, 7, 8));
 }
 
-TEST_F(DialogDump, ABatchTakesATitleAndNoBackground) {
+TEST_F(DialogDump_, ABatchTakesATitleAndNoBackground) {
     m_criteria->SetReviewType(ReviewType_Batch);
     frmReviewOptions form(m_screen);
     form.ReviewOptions(m_criteria);
@@ -158,7 +158,7 @@ TEST_F(DialogDump, ABatchTakesATitleAndNoBackground) {
     EXPECT_EQ(m_criteria->BatchTitle(), "Nightly");
 }
 
-TEST_F(DialogDump, TheFilterHasOnlyItsThreeLists) {
+TEST_F(DialogDump_, TheFilterHasOnlyItsThreeLists) {
     RulebaseLoadCriteria filter;
     filter.SetCodingConventions(true);
     frmReviewOptions form(m_screen);
@@ -177,7 +177,7 @@ TEST_F(DialogDump, TheFilterHasOnlyItsThreeLists) {
     EXPECT_TRUE(filter.IsExcludedCategoryID(-1));
 }
 
-TEST_F(DialogDump, EveryControlOfTheOptionsCanBeSet) {
+TEST_F(DialogDump_, EveryControlOfTheOptionsCanBeSet) {
     frmOptions form(m_screen);
     Queue({
         {"set", "chkShowWorkbench", "off"},
@@ -223,7 +223,7 @@ TEST_F(DialogDump, EveryControlOfTheOptionsCanBeSet) {
     EXPECT_EQ(Settings().RBDocPath, m_folder.Path("doc.html"));
 }
 
-TEST_F(DialogDump, TheOptionsRefuseWhatTheyCannotTake) {
+TEST_F(DialogDump_, TheOptionsRefuseWhatTheyCannotTake) {
     frmOptions form(m_screen);
     Queue({
         {"set", "txtResultsFolder", "x"},
@@ -280,7 +280,7 @@ TEST(DialogCommands, OnlyCommandsOfTheSummaryAreUnderstood) {
     }
 }
 
-TEST_F(DialogDump, TheReviewOptionsAreDumpedWithEveryField) {
+TEST_F(DialogDump_, TheReviewOptionsAreDumpedWithEveryField) {
     m_criteria->SetFixedFolderResults("\\results");
     frmReviewOptions form(m_screen);
     form.ReviewOptions(m_criteria);
@@ -289,7 +289,7 @@ TEST_F(DialogDump, TheReviewOptionsAreDumpedWithEveryField) {
     EXPECT_EQ(dump["rulebase"].GetString(), m_folder.Path("Rules.dvk"));
     dump.EraseMember("rulebase");
     EXPECT_EQ(
-        JsonOf(dump),
+        CompactText(dump),
         R"j({"dump":"options","caption":"Review Options","mode":"review","title":"",)j"
         R"j("background":false,"clear-log":false,"project-results":true,"results":"\\results",)j"
         R"j("project-reports":true,"reports":"","report":1,"project":{"Demo":true},)j"
@@ -310,11 +310,11 @@ TEST_F(DialogDump, TheReviewOptionsAreDumpedWithEveryField) {
         R"j({"tag":"SourceFileNode","text":"clsB","image":"Class","checked":true,"items":[]}]}]}]})j");
 }
 
-TEST_F(DialogDump, TheProgressIsDumpedAlsoBeforeThereIsOne) {
+TEST_F(DialogDump_, TheProgressIsDumpedAlsoBeforeThereIsOne) {
     const std::string none =
         R"j({"dump":"progress","caption":"","action":"","project":"","projectName":"","file":"",)j"
         R"j("fileName":"","projectBar":0,"fileBar":0,"complete":"","message":"","visible":false})j";
-    EXPECT_EQ(JsonOf(modDialogDump::Dump(static_cast<const frmProgress*>(nullptr))), none);
+    EXPECT_EQ(CompactText(modDialogDump::Dump(static_cast<const frmProgress*>(nullptr))), none);
     frmProgress form(m_screen);
     form.lblAction.Set("Reviewing source code...");
     form.lblProject.Set("Project: (1 of 2)");
@@ -327,7 +327,7 @@ TEST_F(DialogDump, TheProgressIsDumpedAlsoBeforeThereIsOne) {
     form.lblMessage.Set("M");
     form.Visible.Set(true);
     EXPECT_EQ(
-        JsonOf(modDialogDump::Dump(&form)),
+        CompactText(modDialogDump::Dump(&form)),
         R"j({"dump":"progress","caption":"Review Progress","action":"Reviewing source code...",)j"
         R"j("project":"Project: (1 of 2)","projectName":"Demo (Demo.vbp)",)j"
         R"j("file":"Source File: (3 of 4)","fileName":"modA (modA.bas)","projectBar":60,)j"
@@ -335,7 +335,7 @@ TEST_F(DialogDump, TheProgressIsDumpedAlsoBeforeThereIsOne) {
 }
 
 /// With the results of the project reviewed.
-class SummaryDump : public DialogDump {
+class SummaryDump : public DialogDump_ {
 protected:
     void SetUp() override {
         ChooseEverything();
@@ -357,7 +357,7 @@ protected:
 TEST_F(SummaryDump, HasRowsWithColoursAndButtons) {
     EXPECT_FALSE(IsRefused({"7"}));
     EXPECT_EQ(
-        JsonOf(modDialogDump::Dump(m_form)),
+        CompactText(modDialogDump::Dump(m_form)),
         R"j({"dump":"summary","caption":"Demo - Review Summary","tab":7,"columns":[)j"
         R"j({"text":"Source File","align":"left","icon":""},)j"
         R"j({"text":"Verdict","align":"left","icon":""}],"rows":[)j"
@@ -387,9 +387,9 @@ TEST_F(SummaryDump, HasRowsWithColoursAndButtons) {
 TEST_F(SummaryDump, ThePageOfTheComplexitiesHasTheFilesToo) {
     EXPECT_FALSE(IsRefused({"5"}));
     const rapidjson::Document dump = modDialogDump::Dump(m_form);
-    EXPECT_EQ(JsonOf(dump["files"]["selected"]), R"j("~AllItems~")j");
+    EXPECT_EQ(CompactText(dump["files"]["selected"]), R"j("~AllItems~")j");
     EXPECT_EQ(
-        JsonOf(dump["files"]["items"][0]),
+        CompactText(dump["files"]["items"][0]),
         R"j({"key":"~AllItems~","tag":"","text":"(All Source Files)","image":"AllItems"})j");
     EXPECT_EQ(dump["files"]["items"].Size(), 3U) << "the two files with procedures";
     EXPECT_FALSE(IsRefused({"1"}));
