@@ -9,7 +9,7 @@
 
 #include <optional>
 #include <string_view>
-#include <utility>
+#include <type_traits>
 
 namespace dorvik {
 
@@ -20,6 +20,13 @@ constexpr std::string_view kPathsName = "LastReportsPath";
 
 std::string InProgramFolder(std::string_view name) {
     return modUtilFunctions::RemoveBackslash(modHost::ProgramFolder()).append(name);
+}
+
+template <typename Row, typename Visit>
+void ForEachItem(std::string_view name, Row& row, const Visit& visit) {
+    for (std::int32_t number = 1; number <= row.Count(); ++number) {
+        visit(std::string(name) + std::to_string(number), row.Item(number));
+    }
 }
 
 /// Calls `visit` with the name and the field of every value of the store, in the order in which they are written.
@@ -40,13 +47,13 @@ void ForEachSetting(Data& data, const Visit& visit) {
     visit("UseProjectFolderReports", data.UseProjectFolderReports);
     visit("LastReportOption", data.LastReportOption);
     visit("OptionPromptSave", data.OptionPromptSave);
-    visit("RVVLColWidth", data.RVVLColWidth);
+    ForEachItem("RVVLColWidth", data.RVVLColWidth, visit);
     visit("RVVLSortKeysNum", data.RVVLSortKeysNum);
-    visit("RVVLSortCol", data.RVVLSortCol);
-    visit("RVVLSortOrder", data.RVVLSortOrder);
+    ForEachItem("RVVLSortCol", data.RVVLSortCol, visit);
+    ForEachItem("RVVLSortOrder", data.RVVLSortOrder, visit);
     visit("RVVLGroupsNum", data.RVVLGroupsNum);
-    visit("RVVLGroupCol", data.RVVLGroupCol);
-    visit("RVVLGroupSortOrder", data.RVVLGroupSortOrder);
+    ForEachItem("RVVLGroupCol", data.RVVLGroupCol, visit);
+    ForEachItem("RVVLGroupSortOrder", data.RVVLGroupSortOrder, visit);
     visit("RVFileShowZeroItems", data.RVFileShowZeroItems);
     visit("RVFileSortKey", data.RVFileSortKey);
     visit("RVFileSortAscending", data.RVFileSortAscending);
@@ -56,25 +63,25 @@ void ForEachSetting(Data& data, const Visit& visit) {
     visit("RVGridWidth", data.RVGridWidth);
     visit("CompletedItemsOption", data.CompletedItemsOption);
     visit("AlwaysSynchroniseVL", data.AlwaysSynchroniseVL);
-    visit("RDT1ColWidth", data.RDT1ColWidth);
-    visit("RDT2ColWidth", data.RDT2ColWidth);
+    ForEachItem("RDT1ColWidth", data.RDT1ColWidth, visit);
+    ForEachItem("RDT2ColWidth", data.RDT2ColWidth, visit);
     visit("RDT2SortCol", data.RDT2SortCol);
     visit("RDT2SortOrder", data.RDT2SortOrder);
-    visit("RDT4ColWidth", data.RDT4ColWidth);
+    ForEachItem("RDT4ColWidth", data.RDT4ColWidth, visit);
     visit("RDT4SortCol", data.RDT4SortCol);
     visit("RDT4SortOrder", data.RDT4SortOrder);
-    visit("RDT5ColWidth", data.RDT5ColWidth);
+    ForEachItem("RDT5ColWidth", data.RDT5ColWidth, visit);
     visit("RDT5SortCol", data.RDT5SortCol);
     visit("RDT5SortOrder", data.RDT5SortOrder);
-    visit("RDT6ColWidth", data.RDT6ColWidth);
-    visit("RDT7ColWidth", data.RDT7ColWidth);
+    ForEachItem("RDT6ColWidth", data.RDT6ColWidth, visit);
+    ForEachItem("RDT7ColWidth", data.RDT7ColWidth, visit);
     visit("RVDTop", data.RVDTop);
     visit("RVDLeft", data.RVDLeft);
     visit("RVDWidth", data.RVDWidth);
     visit("RVDHeight", data.RVDHeight);
     visit("AlwaysShowWorkbench", data.AlwaysShowWorkbench);
     visit("AlwaysShowSummary", data.AlwaysShowSummary);
-    visit("HVColWidth", data.HVColWidth);
+    ForEachItem("HVColWidth", data.HVColWidth, visit);
     visit("HVSortCol", data.HVSortCol);
     visit("HVSortOrder", data.HVSortOrder);
     visit("ShowGroupByBox", data.ShowGroupByBox);
@@ -86,73 +93,36 @@ void ForEachSetting(Data& data, const Visit& visit) {
     visit("PlaceMenuOnToolsMenu", data.PlaceMenuOnToolsMenu);
 }
 
-std::string Numbered(std::string_view name, std::int32_t number) {
-    return std::string(name) + std::to_string(number);
+template <typename T>
+std::optional<T> Understood(const std::string& text);
+template <>
+std::optional<bool> Understood(const std::string& text) {
+    return modSettingTexts::ReadBoolean(text);
+}
+template <>
+std::optional<std::int16_t> Understood(const std::string& text) {
+    return modSettingTexts::ReadInteger(text);
+}
+template <>
+std::optional<std::int32_t> Understood(const std::string& text) {
+    return modSettingTexts::ReadLong(text);
+}
+template <>
+std::optional<double> Understood(const std::string& text) {
+    return modSettingTexts::ReadFraction(text);
+}
+template <>
+std::optional<std::string> Understood(const std::string& text) {
+    return text;
 }
 
-/// Reads a value of the user's store into a field, which stays as it is where that cannot be done.
-class SettingReader {
-public:
-    void operator()(std::string_view name, bool& field) const {
-        Take(name, modSettingTexts::ReadBoolean, field);
-    }
-    void operator()(std::string_view name, std::int16_t& field) const {
-        Take(name, modSettingTexts::ReadInteger, field);
-    }
-    void operator()(std::string_view name, std::int32_t& field) const {
-        Take(name, modSettingTexts::ReadLong, field);
-    }
-    void operator()(std::string_view name, double& field) const {
-        Take(name, modSettingTexts::ReadFraction, field);
-    }
-    void operator()(std::string_view name, std::string& field) const {
-        Take(
-            name, [](std::string_view text) { return std::optional(std::string(text)); }, field);
-    }
-    template <typename T, std::size_t Size>
-    void operator()(std::string_view name, SettingRow<T, Size>& row) const {
-        for (std::int32_t number = 1; number <= row.Count(); ++number) {
-            T value = row.Item(number);
-            (*this)(Numbered(name, number), value);
-            row.SetItem(number, value);
-        }
-    }
-
-private:
-    template <typename Read, typename T>
-    static void Take(std::string_view name, Read read, T& field) {
-        Trap({kModule, "LoadSettings"}, [&] {
-            const std::optional<std::string> text =
-                RegistryUtils::FindRegString(kWorkbenchKey, name, RegistryRoot::CurrentUser);
-            if (const auto value = text ? read(*text) : std::nullopt) {
-                field = *value;
-            }
-        });
-    }
-};
-
-/// Collects the values as texts.
-class SettingWriter {
-public:
-    explicit SettingWriter(ISettingsStore::Values& values) : m_values(values) {}
-
-    void operator()(std::string_view name, const std::string& field) const {
-        m_values.emplace_back(name, field);
-    }
-    template <typename T>
-    void operator()(std::string_view name, const T& field) const {
-        (*this)(name, modSettingTexts::Text(field));
-    }
-    template <typename T, std::size_t Size>
-    void operator()(std::string_view name, const SettingRow<T, Size>& row) const {
-        for (std::int32_t number = 1; number <= row.Count(); ++number) {
-            (*this)(Numbered(name, number), row.Item(number));
-        }
-    }
-
-private:
-    ISettingsStore::Values& m_values;
-};
+std::string Written(const std::string& value) {
+    return value;
+}
+template <typename T>
+std::string Written(const T& value) {
+    return modSettingTexts::Text(value);
+}
 
 }  // namespace
 
@@ -171,7 +141,16 @@ void DVKWorkData::LoadSettings() {
     if (!canBeRead) {
         return;
     }
-    const SettingReader read;
+    const auto read = [](std::string_view name, auto& field) {
+        Trap({kModule, "LoadSettings"}, [&] {
+            using Field = std::remove_reference_t<decltype(field)>;
+            const std::optional<std::string> text =
+                RegistryUtils::FindRegString(kWorkbenchKey, name, RegistryRoot::CurrentUser);
+            if (const auto value = text ? Understood<Field>(*text) : std::nullopt) {
+                field = *value;
+            }
+        });
+    };
     ForEachSetting(*this, read);
     // Required: across runs the two paths are not separate.
     read(kPathsName, LastResultsPath);
@@ -180,7 +159,9 @@ void DVKWorkData::LoadSettings() {
 void DVKWorkData::SaveSettings() const {
     Trap({kModule, "SaveSettings"}, [this] {
         ISettingsStore::Values values;
-        ForEachSetting(*this, SettingWriter(values));
+        ForEachSetting(*this, [&values](std::string_view name, const auto& field) {
+            values.emplace_back(name, Written(field));
+        });
         RegistryUtils::SetRegStrings(kWorkbenchKey, values, RegistryRoot::CurrentUser);
     });
 }

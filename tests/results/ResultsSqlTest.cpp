@@ -430,5 +430,12 @@ TEST_F(ResultsSqlFixture, AnUnknownTextIsToldWithItsPlace) {
     EXPECT_TRUE(m_log.Contains("#C_ResultsDB::GetReadOnlyRecordset"));
 }
 
+TEST_F(ResultsSqlFixture, AListThatIsBoundReportsItsFailuresItself) {
+    EXPECT_THROW(m_results.BindRecordSource("SELECT Nothing FROM Projects"), BasicError);
+    EXPECT_THAT(m_log.Entries(), testing::IsEmpty());
+    EXPECT_EQ(m_results.Failures().Count(), 0);
+    EXPECT_TRUE(m_results.BindRecordSource("SELECT Name FROM Projects").EOF_());
+}
+
 }  // namespace
 }  // namespace dorvik

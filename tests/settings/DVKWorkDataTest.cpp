@@ -13,7 +13,7 @@ namespace {
 
 template <typename Row>
 auto Items(const Row& row) {
-    std::vector<decltype(row.Item(1))> items;
+    std::vector<std::remove_cvref_t<decltype(row.Item(1))>> items;
     for (std::int32_t index = 1; index <= row.Count(); ++index) {
         items.push_back(row.Item(index));
     }

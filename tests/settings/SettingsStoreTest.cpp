@@ -1,7 +1,5 @@
 #include "base/BasicError.h"
 #include "base/modKyErrors.h"
-#include "foundation/log/LogFile.h"
-#include "foundation/log/modLog.h"
 #include "platform/host/ScopedInstall.h"
 #include "platform/host/modFiles.h"
 #include "settings/DVKWorkData.h"
@@ -12,6 +10,7 @@
 #include "settings/SettingsKeys.h"
 #include "settings/SettingsSections.h"
 #include "settings/modGlobal.h"
+#include "support/CapturedLog.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -30,21 +29,15 @@ namespace {
 
 constexpr RegistryRoot kUser = RegistryRoot::CurrentUser;
 
-/// A user's store in a file, and a log in the same folder.
+/// A user's store in a file.
 class SettingsStore : public testing::Test {
 protected:
-    SettingsStore() {
-        m_log.SetLogFilePath(m_folder.Path("Error.log"));
-        m_log.SetQuiet(true);
-    }
-
     std::string Stored(std::string_view name) {
         return RegistryUtils::GetRegString(kWorkbenchKey, name, "(none)", kUser);
     }
     void Store(std::string_view name, std::string_view value) {
         RegistryUtils::SetRegString(kWorkbenchKey, name, value, kUser);
     }
-    std::string Log() const { return m_folder.Read("Error.log"); }
     DVKWorkData Loaded() {
         DVKWorkData settings;
         settings.LoadSettings();
@@ -52,12 +45,9 @@ protected:
     }
 
     test::TemporaryFolder m_folder;
-    LogFile m_log;
-    LogFile* m_previousLog = modLog::Install(&m_log);
+    test::CapturedLog m_log;
     SettingsFile m_file{m_folder.Path("Config\\dorvik\\settings")};
     ScopedSettingsStore m_installed{kUser, m_file};
-
-    ~SettingsStore() override { modLog::Install(m_previousLog); }
 };
 
 TEST_F(SettingsStore, AFirstRunWithNoKeyUsesEveryDefault) {
@@ -166,7 +156,7 @@ TEST_F(SettingsStore, AValueOfAnotherTypeIsAnErrorAndIsKept) {
     const DVKWorkData loaded = Loaded();
     EXPECT_EQ(loaded.ToolbarTop, 50);
     EXPECT_EQ(loaded.ToolbarLeft, 7);
-    EXPECT_NE(Log().find("Registry data type does not match"), std::string::npos);
+    EXPECT_TRUE(m_log.Contains("Registry data type does not match"));
     Store("ClearLog", "0");
     EXPECT_NE(
         m_folder.Read("Config\\dorvik\\settings").find("\"ToolbarTop\"=dword:0000000a\n"),
@@ -192,10 +182,8 @@ TEST_F(SettingsStore, ADamagedFileKeepsItsGoodValuesAndIsSavedBesideTheNewOne) {
     EXPECT_EQ(loaded.ToolbarTop, 12);
     EXPECT_EQ(loaded.ToolbarLeft, 350);
     EXPECT_EQ(loaded.RVDTop, 3);
-    EXPECT_NE(
-        Log().find("has 2 line(s) that cannot be understood, the first of them line 3"),
-        std::string::npos)
-        << Log();
+    EXPECT_TRUE(
+        m_log.Contains("has 2 line(s) that cannot be understood, the first of them line 3"));
     EXPECT_EQ(m_folder.Read("Config\\dorvik\\settings"), damaged);
     loaded.SaveSettings();
     EXPECT_EQ(m_folder.Read("Config\\dorvik\\settings.damaged"), damaged);
@@ -215,7 +203,7 @@ TEST_F(SettingsStore, AHomeThatCannotBeWrittenToIsLoggedAndHarmsNothing) {
     if (geteuid() != 0) {
         std::filesystem::permissions(m_folder.HostPath(), std::filesystem::perms::owner_all);
     } else {
-        EXPECT_NE(Log().find("::SaveSettings"), std::string::npos) << Log();
+        EXPECT_TRUE(m_log.Contains("::SaveSettings"));
     }
 }
 
@@ -271,11 +259,8 @@ TEST_F(SettingsStore, FactsOfTheInstallationComeFromTheMachinesStore) {
     DorvikData data;
     const std::string home = data.HomePageURL();
     data.LoadFacts();
-    EXPECT_NE(
-        Log().find("Unable to find Dorvik registry key: "
-                   "HKEY_LOCAL_MACHINE\\Software\\Lumbrook\\Dorvik\\6.2"),
-        std::string::npos)
-        << Log();
+    EXPECT_TRUE(m_log.Contains("Unable to find Dorvik registry key: "
+                               "HKEY_LOCAL_MACHINE\\Software\\Lumbrook\\Dorvik\\6.2"));
     machine.Set(
         kInstallationKey,
         {{"ErrorLogFile", "\\var\\log\\dorvik.log"},

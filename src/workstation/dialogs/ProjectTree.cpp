@@ -71,6 +71,32 @@ std::string_view FileKeyOf(const CheckNode& node) {
     return std::string_view(node.Key).substr(node.Key.find(kKeySeparator) + 1);
 }
 
+/// A project that cannot be read stays the one that it is in the environment.
+void ReadProject(VirtualProject& project) {
+    const std::string name = project.Name();
+    const std::string filename = project.Filename();
+    const std::string type = project.ProjectType();
+    const bool isRead = project.LoadProject(filename) == ProjectLoadStatus::Good;
+    if (!isRead) {
+        project.SetFilename(filename);
+        project.SetProjectType(type);
+    }
+    if (!isRead || project.Name().empty()) {
+        project.SetName(name);
+    }
+}
+
+/// A project of which no file is known has no selection to remember.
+void ForgetFiles(ReviewCriteria& criteria, const std::string& project, bool hasFiles) {
+    auto& files = criteria.PreviouslySelectedFiles();
+    if (files.Contains(project)) {
+        files.Remove(project);
+    }
+    if (hasFiles) {
+        files.Add(project, std::make_shared<StringKeyedArrayList>());
+    }
+}
+
 }  // namespace
 
 ProjectTree::ProjectTree(CheckTree& tree)
@@ -86,7 +112,7 @@ void ProjectTree::PopulateProjectTree(ReviewCriteria& criteria) {
             CheckNode node;
             node.Key = std::to_string(index) + "Project";
             node.Tag = kProjectNode;
-            node.Text = project->Name();
+            node.Text = criteria.ProjectList().Key(index);
             node.Image = modItemIcons::ProjectIconKeyFromType(project->ProjectType());
             node.Checked = criteria.ProjectList().Selected(index);
             node.Expanded = true;
@@ -113,14 +139,16 @@ void ProjectTree::AddSourceFilesToTree(
         const auto& project = criteria.ProjectList().Item(projectIndex);
         const std::shared_ptr<StringKeyedArrayList>* previous =
             criteria.PreviouslySelectedFiles().Find(criteria.ProjectList().Key(projectIndex));
-        project->LoadProject(project->Filename());
+        ReadProject(*project);
         for (std::int32_t index = 1; index <= project->SourceFiles().Count(); ++index) {
             const auto& file = project->SourceFiles().Item(index);
             const std::string& key = project->SourceFiles().Key(index);
             CheckNode* const typeNode = FileTypeNodeOf(projectNode, file->FileType());
             if (typeNode != nullptr) {
                 CheckNode node;
-                node.Key = number + kKeySeparator + key;
+                node.Key = number;
+                node.Key += kKeySeparator;
+                node.Key += key;
                 node.Tag = kSourceFileNode;
                 node.Text = file->Name();
                 node.Image = modItemIcons::IconFromSourceFileType(FileTypeKey(file->FileType()));
@@ -172,11 +200,7 @@ void ProjectTree::DataFromScreen(ReviewCriteria& criteria) const {
         if (kind == kProjectNode) {
             const std::int32_t index = ProjectIndexOf(*node);
             criteria.ProjectList().SetSelected(index, node->Checked);
-            const std::string& key = criteria.ProjectList().Key(index);
-            if (criteria.PreviouslySelectedFiles().Contains(key)) {
-                criteria.PreviouslySelectedFiles().Remove(key);
-            }
-            criteria.PreviouslySelectedFiles().Add(key, std::make_shared<StringKeyedArrayList>());
+            ForgetFiles(criteria, criteria.ProjectList().Key(index), !node->Children.empty());
         } else if (kind == kSourceFileNode) {
             const std::int32_t index = ProjectIndexOf(*node);
             const std::string_view file = FileKeyOf(*node);

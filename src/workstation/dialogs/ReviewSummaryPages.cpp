@@ -167,14 +167,13 @@ void ReviewSummaryPages::AddSourceFileComplexities() {
 
 void ReviewSummaryPages::AddComplexityRow(
     std::string text, std::string_view icon, std::int32_t complexity, std::string key) {
-    using namespace modMemberStats;
     m_rows.AddRow(
         icon,
         {ListCell{std::move(text)},
          ListCell{SummaryRows::NumberText(complexity)},
-         ListCell{std::string(CyclomaticComplexityToTestText(complexity))},
-         ListCell{std::string(CyclomaticComplexityToUnderstandText(complexity))},
-         ListCell{std::string(CyclomaticComplexityToChangeText(complexity))}},
+         ListCell{std::string(modMemberStats::CyclomaticComplexityToTestText(complexity))},
+         ListCell{std::string(modMemberStats::CyclomaticComplexityToUnderstandText(complexity))},
+         ListCell{std::string(modMemberStats::CyclomaticComplexityToChangeText(complexity))}},
         std::move(key));
 }
 

@@ -238,19 +238,6 @@ CommandControl* IDEHelper::SiteAddInMenu() {
     });
 }
 
-void IDEHelper::RemoveAddInMenu(const CommandControl* menu) {
-    Trap({kModule, "RemoveAddInMenu"}, [&] {
-        CommandControl& bar = Existing(m_VBInstance).MenuBar();
-        CommandControl* const tools = bar.FindId(kToolsMenu);
-        for (CommandControl* const holder : {&bar, tools}) {
-            if (holder != nullptr && menu != nullptr && holder->IndexOf(*menu) > 0) {
-                holder->Remove(*menu);
-                return;
-            }
-        }
-    });
-}
-
 CommandControl* IDEHelper::FindMenu(std::string_view caption) {
     return Trapped({kModule, "FindMenu"}, nullptr, [&] {
         return Existing(m_VBInstance).MenuBar().FindCaption(caption);
@@ -265,9 +252,17 @@ CommandControl* IDEHelper::AddCommandBar(std::string_view name) {
 
 void IDEHelper::DeleteCommandBar(CommandControl* bar) {
     Trap({kModule, "DeleteCommandBar"}, [&] {
-        if (bar != nullptr) {
-            Existing(m_VBInstance).RemoveCommandBar(*bar);
+        if (bar == nullptr) {
+            return;
         }
+        CommandControl& menuBar = Existing(m_VBInstance).MenuBar();
+        for (CommandControl* const holder : {&menuBar, menuBar.FindId(kToolsMenu)}) {
+            if (holder != nullptr && holder->IndexOf(*bar) > 0) {
+                holder->Remove(*bar);
+                return;
+            }
+        }
+        m_VBInstance->RemoveCommandBar(*bar);
     });
 }
 

@@ -104,7 +104,7 @@ void IDEMenus::DestroyMenusAndToolbar() {
     Trap({kModule, "DestroyMenusAndToolbar"}, [&] {
         m_evtDorvik.clear();
         if (m_ide != nullptr) {
-            m_ide->RemoveAddInMenu(m_menu);
+            m_ide->DeleteCommandBar(m_menu);
             m_ide->DeleteCommandBar(m_toolbar);
             m_ide->DeleteCommandBar(m_listPopup);
         }

@@ -115,18 +115,18 @@ SessionRefusal SessionPlayer::Dump(const SessionWords& words) {
     return refusal;
 }
 
-SessionRefusal SessionPlayer::Expect(const SessionWords& words) {
+void SessionPlayer::Expect(const SessionWords& words) {
     const SessionWords dump(words.begin(), words.end() - 2);
     const std::string& path = words[words.size() - 2];
     std::string json;
-    if (SessionRefusal refusal = modSessionDumps::Write(m_session, dump, json)) {
-        return refusal;
-    }
     rapidjson::Document document;
-    document.Parse(json.c_str(), json.size());
+    // What the bench cannot show has no values.
+    if (!modSessionDumps::Write(m_session, dump, json)) {
+        document.Parse(json.c_str(), json.size());
+    }
     const rapidjson::Value* const value = ValueAt(document, path);
     if (value != nullptr && TextOf(*value) == words.back()) {
-        return {};
+        return;
     }
     m_expectationsMet = false;
     rapidjson::StringBuffer text;
@@ -140,7 +140,6 @@ SessionRefusal SessionPlayer::Expect(const SessionWords& words) {
     modSessionJson::Member(writer, "line", m_line);
     writer.EndObject();
     m_output({text.GetString(), text.GetSize()});
-    return {};
 }
 
 }  // namespace dorvik

@@ -124,6 +124,7 @@ std::string SessionScreen::ProgressDump() const {
 
 void SessionScreen::Forget() {
     if (m_progress != nullptr) {
+        m_progress->Visible.Set(false);
         m_progressDump = TextOf(modDialogDump::Dump(m_progress));
     }
     m_progress = nullptr;

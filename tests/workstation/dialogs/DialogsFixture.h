@@ -1,6 +1,5 @@
 #pragma once
 
-#include "FakeScreen.h"
 #include "foundation/log/LogFile.h"
 #include "foundation/log/modLog.h"
 #include "platform/host/HostFacts.h"
@@ -10,6 +9,7 @@
 #include "settings/modGlobal.h"
 #include "support/FilesystemPaths.h"
 #include "support/TemporaryFolder.h"
+#include "workstation/dialogs/FakeScreen.h"
 
 #include <gtest/gtest.h>
 

@@ -102,7 +102,7 @@ TEST_F(IDEHelperTest, AProjectNeverSavedNeedsAForcefulSave) {
     EXPECT_TRUE(m_ide.ProjectNeedsSaving("App"));
 }
 
-TEST_F(IDEHelperTest, ASaveWaitsForTheEnvironmentAndAsksForTheFileName) {
+TEST_F(IDEHelperTest, ASaveWaitsForTheEnvironmentAndGivesWhetherThereIsAFileName) {
     ScriptedInput input;
     ScriptedProject& lib = m_host.AddProject("Lib", "");
     m_host.BusyTurns = 3;

@@ -15,6 +15,31 @@ HostFacts Facts(const TemporaryFolder& folder) {
     return facts;
 }
 
+constexpr std::string_view kControlRule = R"(<NamingConventions>
+    <NamingConvention RuleID="5900" RuleActive="True" CaseSensitive="True" Title="Begin controls with a capital letter"
+        Description="" ObjectType="6" PropertyType="0" PropertyName="Name" Condition="" ExclusionList=""
+        PrefixActive="False" PrefixAdvice="" BodyActive="True" BodyPattern="^[A-Z]" BodyMinLength="0" BodyMaxLength="0"
+        BodyAdvice="" SuffixActive="False" SuffixAdvice="">
+      <ViolationDefinition Name="Begin controls with a capital letter" Description="'%Control.Name%' does not."
+          SeverityLevel="4" Impact="250" CategoryID="-1" Advice=""/>
+    </NamingConvention>
+    <NamingConvention RuleID="5901" RuleActive="True" CaseSensitive="True" Title="Begin projects with a P of their own"
+        Description="" ObjectType="18" PropertyType="0" PropertyName="Name" Condition="" ExclusionList=""
+        PrefixActive="False" PrefixAdvice="" BodyActive="True" BodyPattern="^Pp" BodyMinLength="0" BodyMaxLength="0"
+        BodyAdvice="" SuffixActive="False" SuffixAdvice="">
+      <ViolationDefinition Name="Begin projects with a P of their own" Description="'%Project.Name%' does not."
+          SeverityLevel="5" Impact="0" CategoryID="-1" Advice=""/>
+    </NamingConvention>
+  </NamingConventions>)";
+
+/// The same rulebase with a rule for the names of controls.
+void WriteRulebaseOfControls(const TemporaryFolder& folder) {
+    std::string text = folder.Read("Rules.dvk");
+    constexpr std::string_view kNone = "<NamingConventions/>";
+    text.replace(text.find(kNone), kNone.size(), kControlRule);
+    folder.Write("Controls.dvk", text);
+}
+
 /// In JSON a backslash is two.
 std::string InJson(std::string_view path) {
     std::string text;
@@ -43,6 +68,7 @@ SessionFolder::SessionFolder()
         m_folder.HostPath(),
         fs::copy_options::recursive);
     fs::copy_file(DORVIK_SESSION_RULEBASE, m_folder.HostPath() / "Rules.dvk");
+    WriteRulebaseOfControls(m_folder);
     fs::create_directory(m_folder.HostPath() / "temporary");
     fs::current_path(m_folder.HostPath());
 }

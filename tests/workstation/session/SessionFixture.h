@@ -16,7 +16,7 @@
 namespace dorvik::test {
 
 /// A folder of its own that is the working folder as long as this lives, with the projects of the sessions and a rulebase
-/// "Rules.dvk" in it; and facts and a clock that are always the same.
+/// "Rules.dvk" in it, a second one "Controls.dvk"; and facts and a clock that are always the same.
 class SessionFolder {
 public:
     SessionFolder();

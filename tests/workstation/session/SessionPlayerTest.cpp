@@ -103,6 +103,16 @@ TEST_F(SessionPlayerTest, ExpectationsCompareNumbersAndBooleans) {
             R"({"failed":"state","path":"available","is":false,"line":5})"));
 }
 
+TEST_F(SessionPlayerTest, WhatTheBenchCannotShowMeetsNoExpectation) {
+    const PlayedSession played = Play("expect summary tab 1\nexpect state view 1\n");
+    EXPECT_FALSE(played.Outcome.ExpectationsMet);
+    EXPECT_THAT(
+        played.Output,
+        ElementsAre(
+            R"({"failed":"summary","path":"tab","is":null,"line":1})",
+            R"({"failed":"state","path":"view","is":null,"line":2})"));
+}
+
 TEST_F(SessionPlayerTest, CodeIsExpectedByItsFile) {
     const PlayedSession played =
         Play("open Shop/Shop.vbp\nexpect code modMain lines.1 \"Option Explicit\"\n");

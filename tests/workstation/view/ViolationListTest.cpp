@@ -261,8 +261,7 @@ TEST_F(ViolationList, GroupByNoneClearsThreeSettingsAndTheGroups) {
 TEST_F(ViolationList, GroupRowsHaveTheTextOfTheirValueAndTheCount) {
     m_controls.List.ChooseGroups({{NumberOf(ViolationColumn::SeverityText)}});
     EXPECT_THAT(
-        GroupTexts(),
-        ElementsAre("Critical (1)", "High (3)", "Medium (1)", "Low (2)", "Info (1)"));
+        GroupTexts(), ElementsAre("Critical (1)", "High (3)", "Medium (1)", "Low (2)", "Info (1)"));
     EXPECT_THAT(Violations(), ElementsAre(2, 4, 5, 8, 3, 1, 7, 6));
     m_controls.List.ChooseGroups({{NumberOf(ViolationColumn::Category)}});
     EXPECT_THAT(

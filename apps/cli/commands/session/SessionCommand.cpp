@@ -47,8 +47,8 @@ ExitCode RunSession(const std::string& script) {
     });
     const SessionPlayer::Outcome outcome = player.Play(*text);
     if (outcome.WrongLine > 0) {
-        modConsole::PrintError(
-            modConsole::ShownPath(script) + ", line " + std::to_string(outcome.WrongLine) + ": " +
+        modConsole::PrintErrorLine(
+            modConsole::ShownPath(script) + ":" + std::to_string(outcome.WrongLine) + ": " +
             outcome.Fault);
         return ExitCode::NothingDone;
     }

@@ -16,7 +16,8 @@ public:
     explicit constexpr SettingRow(const std::array<T, Size>& defaults) : m_values(defaults) {}
 
     static constexpr std::int32_t Count() { return static_cast<std::int32_t>(Size); }
-    T Item(std::int32_t index) const { return m_values[Slot(index)]; }
+    const T& Item(std::int32_t index) const { return m_values[Slot(index)]; }
+    T& Item(std::int32_t index) { return m_values[Slot(index)]; }
     void SetItem(std::int32_t index, T value) { m_values[Slot(index)] = value; }
 
 private:

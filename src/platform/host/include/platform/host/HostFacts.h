@@ -7,12 +7,12 @@ namespace dorvik {
 /// Values used in place of those of the machine. An empty field means "query the machine".
 /// The folders are inside paths with a trailing backslash.
 struct HostFacts {
-    std::string LogonName;
-    std::string ProgramFolder;
-    std::string UserDataFolder;
-    std::string TemporaryFolder;
-    std::string UserConfigurationFolder;
-    std::string MachineConfigurationFolder;
+    std::string LogonName = {};
+    std::string ProgramFolder = {};
+    std::string UserDataFolder = {};
+    std::string TemporaryFolder = {};
+    std::string UserConfigurationFolder = {};
+    std::string MachineConfigurationFolder = {};
 };
 
 }  // namespace dorvik

@@ -41,6 +41,10 @@ public:
     /// The Cancel button.
     void Cancel() { m_cancelled = true; }
 
+    /// What the review reports: shows what has changed and gives way to the host. `cancel` is set once the user has
+    /// cancelled.
+    void ReviewProgress(const ProgressInfo& progress, bool& cancel);
+
     /// The review is over, and the form with it.
     bool IsClosed() const { return m_isClosed; }
     Event<> Closed;
@@ -77,7 +81,6 @@ private:
     void tmrInterrupt_Timer();
     /// True where the review is not over.
     bool RunSlice(std::int32_t ticks);
-    void ReviewProgress(const ProgressInfo& progress, bool& cancel);
     void ShowAction(std::int32_t action);
     void ShowProject(const ProgressInfo& progress);
     void ShowSourceFile(const ProgressInfo& progress);

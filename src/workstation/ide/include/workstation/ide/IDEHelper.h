@@ -26,7 +26,7 @@ class udocDorvik;
 class IDEHelper {
 public:
     IDEHelper();
-    /// Calls `TerminateDorvik` where nobody has.
+    /// Calls `TerminateDorvik` unless it was called.
     ~IDEHelper();
     IDEHelper(const IDEHelper&) = delete;
     IDEHelper& operator=(const IDEHelper&) = delete;
@@ -69,7 +69,7 @@ public:
     /// Shows the designer of a source file, with the control of the violation selected.
     void DisplayDesigner(
         std::string_view project, std::string_view sourceFile, const Violation& violation);
-    /// Shows the line of the violation, wherever it is by now; tells the user where it is not found.
+    /// Shows the line of the violation, wherever it is by now, or a message where it is not found.
     void SelectSourceLine(
         std::string_view project, std::string_view sourceFile, const Violation& violation);
     /// `procedureType` as the results have it: "Property Get" and the like. Without a procedure, line 1.
@@ -81,11 +81,9 @@ public:
 
     /// The popup on the menu bar, or in the menu of tools, that holds the add-in's menu.
     CommandControl* SiteAddInMenu();
-    /// Null removes nothing.
-    void RemoveAddInMenu(const CommandControl* menu);
     CommandControl* FindMenu(std::string_view caption);
     CommandControl* AddCommandBar(std::string_view name);
-    /// Null deletes nothing.
+    /// A bar, or the popup of `SiteAddInMenu`; null deletes nothing.
     void DeleteCommandBar(CommandControl* bar);
     Event<>& MenuEventsListener(CommandControl& control) { return control.Clicked; }
 

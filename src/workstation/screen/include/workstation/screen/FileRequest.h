@@ -5,7 +5,7 @@
 
 namespace dorvik {
 
-/// What a dialog that asks for a file shows.
+/// What a dialog for the choice of a file shows.
 struct FileRequest {
     std::string Title;
     /// Pairs of a description and patterns, each written "Text (*.x)|*.x".

@@ -22,7 +22,7 @@ class udocDorvik;
 /// A work bench without a screen: the environment over files, the add-in in it, and the user's settings in a store of its
 /// own, which is empty at first. Message boxes are its own as long as it lives.
 ///
-/// REQUIRES: nobody else uses the process-wide objects, so that the add-in reads its settings when it is started.
+/// REQUIRES: the process-wide objects are not in use yet, so that the add-in reads its settings when it is started.
 class Session {
 public:
     Session();

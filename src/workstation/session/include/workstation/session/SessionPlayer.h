@@ -36,7 +36,7 @@ public:
     /// Prints a dump. `words` are what it is of and, for some, a name.
     SessionRefusal Dump(const SessionWords& words);
     /// `words` are those of a dump, then a path into it and the text of the value there.
-    SessionRefusal Expect(const SessionWords& words);
+    void Expect(const SessionWords& words);
 
 private:
     /// Empty where the line was understood.

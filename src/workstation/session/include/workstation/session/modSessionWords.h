@@ -15,7 +15,7 @@ using SessionWords = std::vector<std::string>;
 namespace modSessionWords {
 
 /// The words of a line, none for one that is empty or a comment. Nothing for a quoted word that does not end, or that
-/// goes on after its end.
+/// continues after its end.
 std::optional<SessionWords> Split(std::string_view line);
 
 /// Whether words are what `shape` says, a letter for each: `t` any text, `n` a whole number, `s` "on" or "off". In upper
