@@ -69,10 +69,11 @@ CodeBoxes::CodeBoxes(const ProcedureList& procedures, const std::vector<std::str
     : m_objects(objectNames) {
     std::erase(m_objects, std::string());
     std::ranges::sort(m_objects, IsLess);
-    const auto repeated = std::ranges::unique(m_objects, [](const auto& left, const auto& right) {
-        return modTextCase::Equal(left, right);
-    });
-    m_objects.erase(repeated.begin(), repeated.end());
+    const auto repeated =
+        std::unique(m_objects.begin(), m_objects.end(), [](const auto& left, const auto& right) {
+            return modTextCase::Equal(left, right);
+        });
+    m_objects.erase(repeated, m_objects.end());
     for (const CodeProcedure& procedure : procedures.Procedures()) {
         Owned owned;
         owned.Object = OwnerOf(procedure);

@@ -10,7 +10,6 @@ namespace {
 
 using modLineTokens::LineStart;
 using modLineTokens::Tokenise;
-using modLineTokens::TokenKind;
 
 /// The parts of a line with a letter for the kind of each: "k:Dim n:x".
 std::string Parts(std::string_view line, LineStart start = LineStart::Statement) {
