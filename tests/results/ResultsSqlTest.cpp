@@ -431,10 +431,12 @@ TEST_F(ResultsSqlFixture, AnUnknownTextIsToldWithItsPlace) {
 }
 
 TEST_F(ResultsSqlFixture, AListThatIsBoundReportsItsFailuresItself) {
-    EXPECT_THROW(m_results.BindRecordSource("SELECT Nothing FROM Projects"), BasicError);
+    EXPECT_THROW(
+        m_results.OpenRecordSource("SELECT Nothing FROM Projects", OnFailure::Raise), BasicError);
     EXPECT_THAT(m_log.Entries(), testing::IsEmpty());
     EXPECT_EQ(m_results.Failures().Count(), 0);
-    EXPECT_TRUE(m_results.BindRecordSource("SELECT Name FROM Projects").EOF_());
+    EXPECT_FALSE(
+        m_results.OpenRecordSource("SELECT Version FROM SystemInfo", OnFailure::Raise)->EOF_());
 }
 
 }  // namespace

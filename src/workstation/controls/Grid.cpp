@@ -1,6 +1,5 @@
 #include "workstation/controls/Grid.h"
 
-#include "GridRanking.h"
 #include "base/BasicError.h"
 #include "base/modTextCase.h"
 #include "foundation/log/Trap.h"
@@ -68,21 +67,12 @@ void Grid::SetValueList(std::int32_t column, GridValueList list) {
 // ---- records ----
 
 void Grid::Bind(IGridRecords* records) {
-    m_records = records;
-    m_recordSource.clear();
+    m_binding.Bind(records);
     Rebind();
 }
 
 void Grid::Rebind() {
-    m_keys.clear();
-    if (m_records != nullptr && !m_recordSource.empty()) {
-        Guarded(Failed, [&] {
-            m_records->VisitKeys(m_recordSource, [&](std::int32_t key) { m_keys.push_back(key); });
-            std::sort(m_keys.begin(), m_keys.end());
-        });
-    }
-    m_keys.shrink_to_fit();
-    m_readKey.reset();
+    Guarded(Failed, [&] { m_binding.ReadKeys(); });
     m_current.reset();
     Arrange();
     CurrentRowChanged.Raise();
@@ -90,14 +80,15 @@ void Grid::Rebind() {
 
 /// Sorts by the least column first: each sort keeps what those before it have done.
 void Grid::Arrange() {
-    m_arrangement.Reset(m_keys.size());
+    m_arrangement.Reset(m_binding.Count());
     Guarded(Failed, [&] {
         std::for_each(m_sortKeys.rbegin(), m_sortKeys.rend(), [&](const GridOrderKey& key) {
-            m_arrangement.SortBy(RanksOf(key.Column), key.Descending);
+            m_arrangement.SortBy(
+                m_binding.Ranks(Column(key.Column), ValueList(key.Column)), key.Descending);
         });
         std::vector<GridRanks> levels;
         for (const GridOrderKey& group : m_groups) {
-            levels.push_back(RanksOf(group.Column));
+            levels.push_back(m_binding.Ranks(Column(group.Column), ValueList(group.Column)));
         }
         for (std::size_t level = levels.size(); level-- > 0;) {
             m_arrangement.SortBy(levels[level], m_groups[level].Descending);
@@ -105,31 +96,6 @@ void Grid::Arrange() {
         m_arrangement.GroupBy(levels);
     });
     Changed.Raise(GridChange::Rows, 0);
-}
-
-GridRanks Grid::RanksOf(std::int32_t column) {
-    if (m_keys.empty()) {
-        return {};
-    }
-    const GridColumn& shown = Column(column);
-    GridRanking ranking(shown.Ordering, ValueList(column), m_keys.size());
-    m_records->VisitField(m_recordSource, shown.Field, [&](std::int32_t key, const Variant& value) {
-        if (const auto position = PositionOf(key)) {
-            ranking.Add(*position, value);
-        }
-    });
-    // The record source may have lost records since they were listed.
-    ranking.ForEachMissing([&](std::size_t position) {
-        ranking.Add(position, m_records->ReadRecord(m_keys[position], {shown.Field}).at(0));
-    });
-    return ranking.Take();
-}
-
-std::optional<std::size_t> Grid::PositionOf(std::int32_t key) const {
-    const auto found = std::lower_bound(m_keys.begin(), m_keys.end(), key);
-    return found == m_keys.end() || *found != key
-               ? std::nullopt
-               : std::optional(static_cast<std::size_t>(found - m_keys.begin()));
 }
 
 // ---- rows ----
@@ -163,27 +129,15 @@ std::optional<std::int32_t> Grid::KeyOfRow(std::size_t row) const {
 }
 
 std::int32_t Grid::KeyOfDataRow(std::size_t dataRow) const {
-    return m_keys[m_arrangement.Record(dataRow)];
-}
-
-const std::vector<Variant>& Grid::Read(std::int32_t key) {
-    if (m_readKey != key) {
-        m_readKey.reset();
-        m_readValues.assign(m_columns.size(), Variant());
-        Guarded(Failed, [&] {
-            std::vector<std::string_view> fields;
-            for (const GridColumn& column : m_columns) {
-                fields.emplace_back(column.Field);
-            }
-            m_readValues = m_records->ReadRecord(key, fields);
-            m_readKey = key;
-        });
-    }
-    return m_readValues;
+    return m_binding.Key(m_arrangement.Record(dataRow));
 }
 
 Variant Grid::Value(std::int32_t key, std::int32_t column) {
-    return Read(key).at(static_cast<std::size_t>(column) - 1);
+    Variant value;
+    if (m_binding.PositionOf(key)) {
+        Guarded(Failed, [&] { value = m_binding.Value(key, column, m_columns); });
+    }
+    return value;
 }
 
 GridValue Grid::Shown(std::int32_t key, std::int32_t column) {
@@ -229,7 +183,7 @@ std::optional<std::size_t> Grid::CurrentRow() const {
 }
 
 std::optional<std::int32_t> Grid::CurrentKey() const {
-    return m_current && !m_current->IsGroup ? std::optional(m_keys[m_current->Position])
+    return m_current && !m_current->IsGroup ? std::optional(m_binding.Key(m_current->Position))
                                             : std::nullopt;
 }
 
@@ -322,12 +276,11 @@ void Grid::ChooseWidth(std::int32_t column, double width) {
 }
 
 void Grid::Check(std::int32_t key, bool checked) {
-    const std::optional<std::size_t> position = PositionOf(key);
+    const std::optional<std::size_t> position = m_binding.PositionOf(key);
     if (!position) {
         return;
     }
-    Guarded(Failed, [&] { m_records->WriteCheck(key, checked); });
-    m_readKey.reset();
+    Guarded(Failed, [&] { m_binding.WriteCheck(key, checked); });
     const std::optional<std::size_t> dataRow = m_arrangement.DataRowOf(*position);
     if (const auto row = dataRow ? m_arrangement.RowOfDataRow(*dataRow) : std::nullopt) {
         Changed.Raise(GridChange::Row, *row);

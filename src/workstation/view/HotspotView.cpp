@@ -140,7 +140,7 @@ ListRow HotspotView::SourceFileRow(const BasicObject& file, std::string_view pro
 void HotspotView::PopulateProcsHotspotView(std::int32_t sourceId) {
     m_controls.Hotspots.Clear();
     for (const BasicObject& procedure :
-         m_results.DB().GetSourceFileProcList(sourceId, /*includeAll=*/true, false)) {
+         m_results.DB().GetSourceFileProcList(sourceId, /*includeAll=*/true, /*withStats=*/true)) {
         m_controls.Hotspots.Add(ProcedureRow(procedure));
     }
     SortRows();

@@ -247,7 +247,7 @@ void ResultsView::ProjectRemoved(std::int32_t index) {
         } else if (index < m_projectIndex) {
             --m_projectIndex;
         }
-        if (m_criteria->ProjectList().Count() == 0) {
+        if (!m_criteria || m_criteria->ProjectList().Count() == 0) {
             m_parts->Controls.Panel.Set("No projects open.");
         }
     });
@@ -332,7 +332,7 @@ void ResultsView::FilterResults() {
 
 void ResultsView::ShowReviewSummary() {
     Trap({kModule, "ShowReviewSummary"}, [&] {
-        if (!ResultsAvailable()) {
+        if (!ResultsAvailable() || !m_criteria) {
             return;
         }
         m_parts->CloseSummary();

@@ -21,7 +21,7 @@ public:
 
     ResultsDB& DB() { return *m_database; }
     bool Available() const { return m_available; }
-    /// False where the file is not a database of this version, which the user is told.
+    /// False where the file is not a database of this version; a message says so.
     bool Open(const std::string& file);
     /// One that is open already.
     void Take(std::unique_ptr<ResultsDB> database);

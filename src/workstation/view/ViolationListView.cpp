@@ -1,5 +1,6 @@
 #include "ViolationListView.h"
 
+#include "base/modUtf8.h"
 #include "foundation/log/LogFile.h"
 #include "foundation/log/Trap.h"
 #include "modSourceItems.h"
@@ -52,6 +53,14 @@ std::int32_t StoreOrder(const std::vector<GridOrderKey>& keys, Orders& columns, 
 constexpr ViolationColumn kStoredWidths[] = {
     ViolationColumn::Title, ViolationColumn::Impact, ViolationColumn::SourceFile};
 
+std::string WithoutCharacters(std::string_view text, std::size_t count) {
+    std::size_t position = 0;
+    for (; count > 0 && position < text.size(); --count) {
+        position += modUtf8::Decode(text, position).Size;
+    }
+    return std::string(text.substr(position));
+}
+
 /// The text of a group row. Value lists have a number in front of the titles of severities, which only sorts them.
 std::string GroupRowText(const GridGroupRow& group, std::string text) {
     using enum ViolationColumn;
@@ -59,7 +68,7 @@ std::string GroupRowText(const GridGroupRow& group, std::string text) {
                           group.Column == NumberOf(Category) ||
                           group.Column == NumberOf(SourceFile);
     if (isListed && !text.empty() && text.front() >= '1' && text.front() <= '9') {
-        text.erase(0, kNumberLength);
+        text = WithoutCharacters(text, kNumberLength);
     }
     if (isListed && text == "(none)") {
         text = "Unallocated";

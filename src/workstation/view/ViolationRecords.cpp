@@ -15,11 +15,13 @@ std::string OnlyFields(std::string_view fields, std::string_view recordSource) {
 
 }  // namespace
 
+Recordset ViolationRecords::Open(std::string_view sql) {
+    return m_results.OpenRecordSource(sql, OnFailure::Raise).value();
+}
+
 void ViolationRecords::VisitKeys(
     std::string_view recordSource, const std::function<void(std::int32_t key)>& visit) {
-    for (auto rows = m_results.BindRecordSource(OnlyFields("ViolationID", recordSource));
-         !rows.EOF_();
-         rows.MoveNext()) {
+    for (auto rows = Open(OnlyFields("ViolationID", recordSource)); !rows.EOF_(); rows.MoveNext()) {
         visit(rows.Value(0).AsLong());
     }
 }
@@ -27,15 +29,14 @@ void ViolationRecords::VisitKeys(
 void ViolationRecords::VisitField(
     std::string_view recordSource, std::string_view field, const FieldVisitor& visit) {
     const std::string fields = std::string("ViolationID, ").append(field);
-    for (auto rows = m_results.BindRecordSource(OnlyFields(fields, recordSource)); !rows.EOF_();
-         rows.MoveNext()) {
+    for (auto rows = Open(OnlyFields(fields, recordSource)); !rows.EOF_(); rows.MoveNext()) {
         visit(rows.Value(0).AsLong(), rows.Value(1));
     }
 }
 
 std::vector<Variant>
 ViolationRecords::ReadRecord(std::int32_t key, const std::vector<std::string_view>& fields) {
-    auto rows = m_results.BindRecordSource(modViolationListSql::ViolationSql(key));
+    auto rows = Open(modViolationListSql::ViolationSql(key));
     std::vector<Variant> values;
     values.reserve(fields.size());
     for (const std::string_view field : fields) {

@@ -20,6 +20,8 @@ public:
     bool WriteCheck(std::int32_t key, bool checked) override;
 
 private:
+    Recordset Open(std::string_view sql);
+
     ResultsDB& m_results;
 };
 

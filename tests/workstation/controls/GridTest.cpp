@@ -232,7 +232,7 @@ TEST_F(GridTest, ARuleGivesTheTextOfGroupRows) {
 }
 
 TEST_F(GridTest, ARecordStaysCurrentInAnotherOrderAndAGroupDoesNot) {
-    m_grid.ChooseRow(1);
+    m_grid.SetCurrentRow(1);
     EXPECT_EQ(m_currentChanges, 1);
     m_grid.SetSortKeys({{kNumber}});
     EXPECT_EQ(m_grid.CurrentKey(), 12);
@@ -241,7 +241,7 @@ TEST_F(GridTest, ARecordStaysCurrentInAnotherOrderAndAGroupDoesNot) {
     EXPECT_EQ(m_grid.CurrentKey(), 12);
     EXPECT_EQ(m_grid.CurrentRow(), 1U);
     EXPECT_EQ(m_currentChanges, 1);
-    m_grid.ChooseRow(0);
+    m_grid.SetCurrentRow(0);
     EXPECT_EQ(m_grid.CurrentKey(), std::nullopt);
     m_grid.SetGroups({});
     EXPECT_EQ(m_grid.CurrentRow(), std::nullopt);
@@ -250,7 +250,7 @@ TEST_F(GridTest, ARecordStaysCurrentInAnotherOrderAndAGroupDoesNot) {
 
 TEST_F(GridTest, TheGroupRowThatHidesTheCurrentRowBecomesCurrent) {
     m_grid.SetGroups({{kText}});
-    m_grid.ChooseRow(4);
+    m_grid.SetCurrentRow(4);
     EXPECT_EQ(m_grid.CurrentKey(), 11);
     m_grid.SetExpanded(3, false);
     EXPECT_EQ(m_grid.CurrentRow(), 3U);
@@ -268,7 +268,7 @@ TEST_F(GridTest, ADataRowInACollapsedGroupIsRevealed) {
 }
 
 TEST_F(GridTest, RebindingReadsTheRecordsAnewAndLosesTheCurrentRow) {
-    m_grid.ChooseRow(1);
+    m_grid.SetCurrentRow(1);
     m_records.Records.erase(12);
     m_grid.Rebind();
     EXPECT_THAT(Keys(), ElementsAre(11, 13, 14));

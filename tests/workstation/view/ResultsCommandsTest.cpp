@@ -151,7 +151,7 @@ TEST_F(ResultsCommands, WithoutARowNothingIsSelected) {
     m_controls.List.SetCurrentRow(std::nullopt);
     EXPECT_FALSE(m_view.GetViolationDetails());
     m_controls.List.ChooseGroups({{NumberOf(ViolationColumn::Category)}});
-    m_controls.List.ChooseRow(0);
+    m_controls.List.SetCurrentRow(0);
     EXPECT_FALSE(m_view.GetViolationDetails());
 }
 

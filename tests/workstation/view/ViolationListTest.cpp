@@ -313,7 +313,7 @@ TEST_F(ViolationList, AGroupRowThatBecomesCurrentBlanksThePane) {
     EXPECT_EQ(m_controls.List.CurrentRow(), 0U);
     EXPECT_EQ(m_controls.List.CurrentKey(), std::nullopt);
     EXPECT_EQ(m_controls.Documentation.InnerHTML(), "");
-    m_controls.List.ChooseRow(1);
+    m_controls.List.SetCurrentRow(1);
     EXPECT_THAT(m_controls.Documentation.InnerHTML(), testing::HasSubstr("About Setting"));
 }
 
@@ -349,7 +349,7 @@ TEST_F(ViolationList, TheRightButtonAndADoubleClickAreForTheDocument) {
     int goTos = 0;
     const Subscription onPopup = m_view.DisplayListPopup.Subscribe([&] { ++popups; });
     const Subscription onGoTo = m_view.GotoSource.Subscribe([&] { ++goTos; });
-    m_controls.List.RightClick();
+    m_controls.List.PopupRequested.Raise();
     m_controls.List.DoubleClick(2);
     EXPECT_EQ(popups, 1);
     EXPECT_EQ(goTos, 1);

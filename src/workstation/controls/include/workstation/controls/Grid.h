@@ -2,6 +2,7 @@
 
 #include "workstation/controls/Event.h"
 #include "workstation/controls/GridArrangement.h"
+#include "workstation/controls/GridBinding.h"
 #include "workstation/controls/GridColumn.h"
 #include "workstation/controls/IGridRecords.h"
 
@@ -11,6 +12,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace dorvik {
@@ -35,12 +37,12 @@ struct GridGroupRow {
 /// A table of records, which may be many, in rows that can be sorted and grouped.
 ///
 /// The grid holds the keys of the records and their order, eight bytes a record. Values are read when a row is
-/// shown, and those of one column in one go when rows are sorted or grouped by it. Records are those that the record source had
+/// shown, and those of one column together when rows are sorted or grouped by it. Records are those that the record source had
 /// at the last `Rebind`; without a sort key they are in the order of their keys. Texts are sorted and grouped without regard
 /// to case, and rows that compare equal keep the order that they had.
 ///
 /// Columns are numbered from 1, rows from 0 in the order shown, group rows among them. Of the rows one or none is current.
-/// `Choose...`, `Check`, `DoubleClick` and `RightClick` are what the user does; the other operations are the program's.
+/// `Choose...`, `Check` and `DoubleClick` are what the user does, as is `SetCurrentRow`, which is the program's too.
 ///
 /// What fails is reported by `Failed` and leaves the grid without rows, or the value empty; nothing is raised.
 class Grid {
@@ -65,8 +67,10 @@ public:
 
     /// Null for none. The grid has no rows until `Rebind`. REQUIRES: `records` outlives the binding.
     void Bind(IGridRecords* records);
-    const std::string& RecordSource() const { return m_recordSource; }
-    void SetRecordSource(std::string recordSource) { m_recordSource = std::move(recordSource); }
+    const std::string& RecordSource() const { return m_binding.RecordSource(); }
+    void SetRecordSource(std::string recordSource) {
+        m_binding.SetRecordSource(std::move(recordSource));
+    }
     /// Reads the keys anew. No row is current then.
     void Rebind();
 
@@ -108,7 +112,6 @@ public:
 
     // ---- the user ----
 
-    void ChooseRow(std::size_t row) { SetCurrentRow(row); }
     /// The data row with that number, from 0; groups that hide it are expanded.
     void ChooseDataRow(std::size_t dataRow);
     void ChooseGroups(std::vector<GridOrderKey> groups);
@@ -116,7 +119,6 @@ public:
     /// Sets or clears the check mark of a record and stores it. No row moves by that.
     void Check(std::int32_t key, bool checked);
     void DoubleClick(std::size_t row);
-    void RightClick() const { PopupRequested.Raise(); }
 
     Event<GridChange, std::size_t> Changed;
     Event<> CurrentRowChanged;        // also where none is current after it
@@ -135,23 +137,16 @@ private:
 
     void Arrange();
     void ChangeOrder(std::vector<GridOrderKey>& keys, std::vector<GridOrderKey> changed);
-    GridRanks RanksOf(std::int32_t column);
-    std::optional<std::size_t> PositionOf(std::int32_t key) const;
-    const std::vector<Variant>& Read(std::int32_t key);
     void KeepCurrentShown();
 
     std::vector<GridColumn> m_columns;
     std::vector<GridValueList> m_valueLists;
-    IGridRecords* m_records = nullptr;
-    std::string m_recordSource;
-    std::vector<std::int32_t> m_keys;  // ascending
+    GridBinding m_binding;
     GridArrangement m_arrangement;
     std::vector<GridOrderKey> m_groups;
     std::vector<GridOrderKey> m_sortKeys;
     GroupTextRule m_groupTextRule;
     std::optional<Current> m_current;
-    std::optional<std::int32_t> m_readKey;  // the record that was read last
-    std::vector<Variant> m_readValues;      // by column
 };
 
 }  // namespace dorvik

@@ -101,7 +101,7 @@ public:
 
     // ---- commands ----
 
-    /// Asks the user what to show.
+    /// Lets the user choose what to show.
     void FilterResults();
     void ShowReviewSummary();
     /// Those of the current row; nothing where no violation is selected.
