@@ -53,12 +53,18 @@ std::int32_t BarOf(std::int16_t percentage) {
 /// No message boxes while this lives: the user of a background review is at work elsewhere.
 class QuietLog {
 public:
-    QuietLog() : m_wasQuiet(modLog::Log().Quiet()) { modLog::Log().SetQuiet(true); }
-    ~QuietLog() { modLog::Log().SetQuiet(m_wasQuiet); }
+    QuietLog() : m_log(&modLog::Log()), m_wasQuiet(m_log->Quiet()) { m_log->SetQuiet(true); }
+    /// The log may have gone meanwhile, and another one come.
+    ~QuietLog() {
+        if (m_log == &modLog::Log()) {
+            m_log->SetQuiet(m_wasQuiet);
+        }
+    }
     QuietLog(const QuietLog&) = delete;
     QuietLog& operator=(const QuietLog&) = delete;
 
 private:
+    LogFile* m_log;
     bool m_wasQuiet;
 };
 
