@@ -1,5 +1,6 @@
 #include "workstation/application/WorkStationApp.h"
 
+#include "base/BasicError.h"
 #include "criteria/ReviewCriteria.h"
 #include "foundation/log/Trap.h"
 #include "platform/host/modHost.h"
@@ -230,6 +231,9 @@ void WorkStationApp::AddProject(
 }
 
 ResultsView& WorkStationApp::Results() const {
+    if (m_document == nullptr) {
+        RaiseRuntimeError(runtimeerror::kObjectNotSet);  // not started
+    }
     return m_document->Results();
 }
 
