@@ -7,6 +7,7 @@
 #include "cli/commands/review/ReviewCommand.h"
 #include "cli/commands/rulebase/RuleAuthorCommands.h"
 #include "cli/commands/script/ScriptCommands.h"
+#include "cli/commands/session/SessionCommand.h"
 #include "cli/commands/typelib/TypelibCommands.h"
 #include "cli/output/Console.h"
 #include "cli/output/ExitCode.h"
@@ -30,28 +31,38 @@ namespace dorvik {
 
 namespace {
 
-/// The process-wide objects of the engine, for the length of one command.
-class GlobalObjects {
+/// The facts of the installation, for the length of one command.
+class InstalledFacts {
 public:
-    GlobalObjects() {
+    InstalledFacts() {
         // A machine without such a file has the defaults. The user's settings are those of the work bench: a review in
         // a build must not depend on who runs it.
         if (m_facts.Exists()) {
             RegistryUtils::Install(RegistryRoot::LocalMachine, &m_facts);
         }
+    }
+    ~InstalledFacts() { RegistryUtils::Install(RegistryRoot::LocalMachine, nullptr); }
+    InstalledFacts(const InstalledFacts&) = delete;
+    InstalledFacts& operator=(const InstalledFacts&) = delete;
+
+private:
+    SettingsFile m_facts{SettingsFile::MachinePath()};
+};
+
+/// The process-wide objects of the engine, for the length of one command.
+class GlobalObjects {
+public:
+    GlobalObjects() {
         modGlobal::CreateGlobalObjects();
         // No one is there to answer a box; the log still gets its lines.
         modLog::Log().SetQuiet(true);
     }
-    ~GlobalObjects() {
-        modGlobal::DestroyGlobalObjects();
-        RegistryUtils::Install(RegistryRoot::LocalMachine, nullptr);
-    }
+    ~GlobalObjects() { modGlobal::DestroyGlobalObjects(); }
     GlobalObjects(const GlobalObjects&) = delete;
     GlobalObjects& operator=(const GlobalObjects&) = delete;
 
 private:
-    SettingsFile m_facts{SettingsFile::MachinePath()};
+    InstalledFacts m_facts;
 };
 
 std::string CheckCodePage(const std::string& text) {
@@ -192,6 +203,22 @@ void AddEvents(CLI::App& app, EventsOptions& options, std::function<ExitCode()>&
     });
 }
 
+/// The work bench of a session takes the process-wide objects itself, when it is started.
+void AddSession(CLI::App& app, std::string& script, std::function<ExitCode()>& chosenBench) {
+    CLI::App& session = *app.add_subcommand("session", "Play a work bench session from a script");
+    session.add_option("FILE", script, "The script")->required()->type_name("");
+    session.callback([&] {
+        chosenBench = [&script] {
+            return RunSession(script);
+        };
+    });
+}
+
+ExitCode RunBench(const std::function<ExitCode()>& chosenBench) {
+    const InstalledFacts facts;
+    return chosenBench();
+}
+
 ExitCode RunChosen(const std::function<ExitCode()>& chosen) {
     const GlobalObjects globals;
     ConsoleMessageBox messageBox;
@@ -281,6 +308,9 @@ int RunCommandLine(int argc, char** argv) {
     ruleAuthor.AddTo(app, chosen);
     scripts.AddTo(app, chosen);
     typelib.AddTo(app, chosen);
+    std::function<ExitCode()> chosenBench;
+    std::string sessionScript;
+    AddSession(app, sessionScript, chosenBench);
     const NamedCommand named = ReadCommand(app, argc, argv);
     if (!named.Wrong.empty()) {
         const bool atTop = named.Path == app.get_name();
@@ -298,7 +328,7 @@ int RunCommandLine(int argc, char** argv) {
     } catch (const CLI::ParseError& error) {
         return static_cast<int>(ReportWrongUse(named, error.what()));
     }
-    return static_cast<int>(AfterOutput(RunChosen(chosen)));
+    return static_cast<int>(AfterOutput(chosenBench ? RunBench(chosenBench) : RunChosen(chosen)));
 }
 
 }  // namespace dorvik

@@ -70,19 +70,18 @@ void ResultsStore::AddIndexes() {
 std::optional<Recordset>
 ResultsStore::GetEditableRecordset(std::string_view sql, SqlValues values) {
     return Trapped({kModule, "GetEditableRecordset"}, std::nullopt, [&] {
-        return OpenRows(sql, RecordsetType::Dynaset, std::move(values));
+        return std::optional(OpenRows(sql, RecordsetType::Dynaset, std::move(values)));
     });
 }
 
 std::optional<Recordset>
 ResultsStore::GetReadOnlyRecordset(std::string_view sql, SqlValues values) {
     return Trapped({kModule, "GetReadOnlyRecordset"}, std::nullopt, [&] {
-        return OpenRows(sql, RecordsetType::Snapshot, std::move(values));
+        return std::optional(OpenRows(sql, RecordsetType::Snapshot, std::move(values)));
     });
 }
 
-std::optional<Recordset>
-ResultsStore::OpenRows(std::string_view sql, RecordsetType type, SqlValues values) {
+Recordset ResultsStore::OpenRows(std::string_view sql, RecordsetType type, SqlValues values) {
     RaiseKnownFault(values);
     return m_database.OpenRecordset(sql, type, std::move(values));
 }

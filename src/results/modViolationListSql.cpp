@@ -42,4 +42,8 @@ ViolationListSql(Scope scope, std::int32_t id, std::string_view filter, bool wit
     return sql;
 }
 
+std::string ViolationSql(std::int32_t violationId) {
+    return std::string(kAll) + " WHERE ViolationID = " + std::to_string(violationId);
+}
+
 }  // namespace dorvik::modViolationListSql

@@ -306,4 +306,54 @@ TEST(modEncoding, DecodingInPlaceLeavesAsciiTextWhereItIs) {
 }
 
 }  // namespace
+TEST(modEncoding, EveryByteOfASingleBytePageComesBack) {
+    for (const int codePage :
+         {437, 850, 866, 874, 1250, 1251, 1252, 1253, 1254, 1255, 1256, 1257, 1258, 28591}) {
+        std::string bytes;
+        for (int byte = 0; byte < 256; ++byte) {
+            bytes += static_cast<char>(byte);
+        }
+        EXPECT_EQ(
+            modEncoding::EncodeByPage(modEncoding::DecodeByPage(bytes, codePage), codePage), bytes)
+            << codePage;
+    }
+}
+
+TEST(modEncoding, EveryCharacterOfADoubleBytePageComesBack) {
+    for (const int codePage : {932, 936, 949, 950}) {
+        for (int lead = 0x80; lead < 0x100; ++lead) {
+            for (int trail = 0; trail < 0x100; ++trail) {
+                const std::string text = modEncoding::DecodeByPage(
+                    std::string{static_cast<char>(lead), static_cast<char>(trail)}, codePage);
+                if (text.find("\xEF\xBF\xBD") == std::string::npos) {
+                    const auto bytes = modEncoding::EncodeByPage(text, codePage);
+                    ASSERT_TRUE(bytes) << codePage << " " << lead << " " << trail;
+                    EXPECT_EQ(modEncoding::DecodeByPage(*bytes, codePage), text);
+                }
+            }
+        }
+    }
+    EXPECT_EQ(modEncoding::EncodeByPage("\u7E8A", 932), "\xFA\x5C");
+    EXPECT_EQ(modEncoding::EncodeByPage("\u3042", 932), "\x82\xA0");
+}
+
+TEST(modEncoding, CharacterThatAPageLacksIsNotEncoded) {
+    EXPECT_EQ(modEncoding::EncodeByPage("a\u0416", 1252), std::nullopt);
+    EXPECT_EQ(modEncoding::EncodeByPage("a\U0001F600", 936), std::nullopt);
+    EXPECT_EQ(modEncoding::EncodeByPage("a\uFFFD", 936), std::nullopt);
+    EXPECT_EQ(modEncoding::EncodeByPage("a\uFFFD", 1251), std::nullopt);
+    EXPECT_EQ(modEncoding::EncodeByPage("a\u0416", 65001), "a\u0416");
+    EXPECT_EQ(modEncoding::EncodeByPage("abc", 950), "abc");
+}
+
+TEST(modEncoding, Utf16ComesBack) {
+    const std::string text = "a\u0416\U0001F600";
+    for (const bool isBigEndian : {false, true}) {
+        EXPECT_EQ(
+            modEncoding::DecodeUtf16(modEncoding::EncodeUtf16(text, isBigEndian), isBigEndian),
+            text);
+    }
+    EXPECT_EQ(modEncoding::EncodeUtf16("a", false), std::string("a\0", 2));
+}
+
 }  // namespace dorvik

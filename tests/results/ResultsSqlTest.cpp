@@ -430,5 +430,14 @@ TEST_F(ResultsSqlFixture, AnUnknownTextIsToldWithItsPlace) {
     EXPECT_TRUE(m_log.Contains("#C_ResultsDB::GetReadOnlyRecordset"));
 }
 
+TEST_F(ResultsSqlFixture, AListThatIsBoundReportsItsFailuresItself) {
+    EXPECT_THROW(
+        m_results.OpenRecordSource("SELECT Nothing FROM Projects", OnFailure::Raise), BasicError);
+    EXPECT_THAT(m_log.Entries(), testing::IsEmpty());
+    EXPECT_EQ(m_results.Failures().Count(), 0);
+    EXPECT_FALSE(
+        m_results.OpenRecordSource("SELECT Version FROM SystemInfo", OnFailure::Raise)->EOF_());
+}
+
 }  // namespace
 }  // namespace dorvik

@@ -40,5 +40,11 @@ TEST(modViolationListSql, AnItemAlreadyHasItsWhere) {
         item + " AND  Severity <> 5 AND Completed = False");
 }
 
+TEST(modViolationListSql, OneViolationHasTheSameColumns) {
+    EXPECT_EQ(
+        ViolationSql(4),
+        "SELECT ItemID & '_' & ItemType As ItemIDType, * FROM Violations WHERE ViolationID = 4");
+}
+
 }  // namespace
 }  // namespace dorvik::modViolationListSql

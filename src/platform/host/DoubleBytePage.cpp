@@ -96,6 +96,31 @@ DoubleBytePage::DoubleBytePage(const Layout& layout, const Converter& converter)
             }
         }
     }
+    FillCodes();
+}
+
+void DoubleBytePage::FillCodes() {
+    m_codes.resize(0x10000);
+    for (unsigned byte = kFirstUpper; byte <= 0xFF; ++byte) {
+        AddCode(m_singles[byte - kFirstUpper], byte);
+    }
+    // Code page 932 has the characters of these rows a second time, from FA on, and Windows writes those.
+    constexpr ByteRange kRepeated{0xED, 0xEE};
+    for (const bool repeated : {false, true}) {
+        for (unsigned lead = kFirstUpper; lead <= 0xFF; ++lead) {
+            const bool isRepeated =
+                m_layout->CodePage == 932 && kRepeated.First <= lead && lead <= kRepeated.Last;
+            for (unsigned trail = 0; trail <= 0xFF && isRepeated == repeated; ++trail) {
+                AddCode(m_pairs[PairIndex(lead, trail)], lead << 8U | trail);
+            }
+        }
+    }
+}
+
+void DoubleBytePage::AddCode(char16_t character, unsigned code) {
+    if (character != kReplacement && m_codes[character] == 0) {
+        m_codes[character] = static_cast<std::uint16_t>(code);
+    }
 }
 
 const DoubleBytePage* DoubleBytePage::Find(int codePage) {
@@ -146,6 +171,28 @@ std::string DoubleBytePage::Decode(std::string_view bytes) const {
         }
     }
     return text;
+}
+
+std::optional<std::string> DoubleBytePage::Encode(std::string_view text) const {
+    std::string bytes;
+    bytes.reserve(text.size());
+    for (std::size_t position = 0; position < text.size();) {
+        const modUtf8::Character character = modUtf8::Decode(text, position);
+        position += character.Size;
+        if (character.CodePoint < kFirstUpper) {
+            bytes += static_cast<char>(character.CodePoint);
+            continue;
+        }
+        const unsigned code = character.CodePoint <= 0xFFFF ? m_codes[character.CodePoint] : 0U;
+        if (code == 0) {
+            return std::nullopt;
+        }
+        if (code > 0xFF) {
+            bytes += static_cast<char>(code >> 8U);
+        }
+        bytes += static_cast<char>(code & 0xFFU);
+    }
+    return bytes;
 }
 
 }  // namespace dorvik

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,6 +25,8 @@ public:
     /// A pair without a character, and each byte that neither begins a pair nor is a character,
     /// becomes U+FFFD.
     std::string Decode(std::string_view bytes) const;
+    /// Nothing where the page lacks a character.
+    std::optional<std::string> Encode(std::string_view text) const;
 
 private:
     struct Layout;
@@ -31,10 +35,14 @@ private:
     static std::unique_ptr<const DoubleBytePage> Load(const Layout& layout);
     DoubleBytePage(const Layout& layout, const Converter& converter);
     bool BeginsPair(std::string_view bytes) const;
+    void FillCodes();
+    void AddCode(char16_t character, unsigned code);
 
     const Layout* m_layout;
     std::array<char16_t, 128> m_singles{};  // by byte, from 80 on
     std::vector<char16_t> m_pairs;          // by first byte, from 80 on, and second byte
+    std::vector<std::uint16_t>
+        m_codes;  // by character: a byte, or a pair as one number; 0 for none
 };
 
 }  // namespace dorvik

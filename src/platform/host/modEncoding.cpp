@@ -5,6 +5,7 @@
 #include "base/modUtf8.h"
 #include "platform/host/CodePageTables.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -117,6 +118,32 @@ bool IsLowSurrogate(char32_t unit) {
     return unit >= 0xDC00 && unit < 0xE000;
 }
 
+void AppendUnit(std::string& bytes, char32_t unit, bool isBigEndian) {
+    const char high = static_cast<char>(unit >> 8U);
+    const char low = static_cast<char>(unit & 0xFFU);
+    bytes += isBigEndian ? high : low;
+    bytes += isBigEndian ? low : high;
+}
+
+std::optional<std::string> EncodeSingleByte(std::string_view text, const CodePageTable& table) {
+    std::string bytes;
+    bytes.reserve(text.size());
+    for (std::size_t position = 0; position < text.size();) {
+        const modUtf8::Character character = modUtf8::Decode(text, position);
+        position += character.Size;
+        if (character.CodePoint < 0x80) {
+            bytes += static_cast<char>(character.CodePoint);
+            continue;
+        }
+        const auto* place = std::ranges::find(table.Upper, character.CodePoint);
+        if (place == table.Upper.end()) {
+            return std::nullopt;
+        }
+        bytes += static_cast<char>(0x80 + (place - table.Upper.begin()));
+    }
+    return bytes;
+}
+
 void CheckCodePage(int codePage) {
     if (!IsKnownCodePage(codePage)) {
         RaiseRuntimeError(
@@ -173,6 +200,34 @@ std::string DecodeByPage(std::string_view bytes, int codePage) {
         return DecodeSingleByte(bytes, *table);
     }
     return DoubleBytePage::Find(codePage)->Decode(bytes);
+}
+
+std::optional<std::string> EncodeByPage(std::string_view text, int codePage) {
+    CheckCodePage(codePage);
+    if (codePage == kUtf8CodePage || AsciiPrefixSize(text) == text.size()) {
+        return std::string(text);
+    }
+    if (const CodePageTable* table = FindCodePageTable(codePage)) {
+        return EncodeSingleByte(text, *table);
+    }
+    return DoubleBytePage::Find(codePage)->Encode(text);
+}
+
+std::string EncodeUtf16(std::string_view text, bool isBigEndian) {
+    std::string bytes;
+    bytes.reserve(text.size() * 2);
+    for (std::size_t position = 0; position < text.size();) {
+        const modUtf8::Character character = modUtf8::Decode(text, position);
+        position += character.Size;
+        if (character.CodePoint < 0x10000) {
+            AppendUnit(bytes, character.CodePoint, isBigEndian);
+        } else {
+            const char32_t rest = character.CodePoint - 0x10000;
+            AppendUnit(bytes, 0xD800 + (rest >> 10U), isBigEndian);
+            AppendUnit(bytes, 0xDC00 + (rest & 0x3FFU), isBigEndian);
+        }
+    }
+    return bytes;
 }
 
 std::string Decode(std::string_view bytes, int codePage) {

@@ -1,6 +1,7 @@
 #include "ReportLegend.h"
 
 #include "base/modText.h"
+#include "reports/format/modNamedColour.h"
 
 #include <optional>
 
@@ -9,25 +10,6 @@ namespace dorvik {
 namespace {
 
 constexpr std::int32_t kNoCategory = -1;
-
-/// By index from 1.
-constexpr std::array<std::string_view, 16> kColours{
-    "Black",
-    "Blue",
-    "Aqua",
-    "Navy",
-    "Teal",
-    "Green",
-    "Gray",
-    "Purple",
-    "Maroon",
-    "Olive",
-    "Lime",
-    "Silver",
-    "Magenta",
-    "Red",
-    "White",
-    "Yellow"};
 
 /// In the order of `kSeverities`.
 constexpr std::array<std::string_view, kSeverities.size()> kClasses{
@@ -87,8 +69,8 @@ void ReportLegend::Load(const SeverityTable& severities, const CategoryList& cat
 }
 
 std::string_view ReportLegend::LongColourToTextColour(std::int32_t colour) {
-    const bool isKnown = colour >= 1 && static_cast<std::size_t>(colour) <= kColours.size();
-    return isKnown ? kColours[static_cast<std::size_t>(colour) - 1] : std::string_view();
+    const NamedColour* const named = modNamedColour::ByNumber(colour);
+    return named != nullptr ? named->Name : std::string_view();
 }
 
 const std::string& ReportLegend::GetSeverityText(std::int32_t number) const {

@@ -1,4 +1,4 @@
-#include "HTMLHelper.h"
+#include "reports/format/HTMLHelper.h"
 
 #include "base/modText.h"
 

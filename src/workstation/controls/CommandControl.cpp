@@ -50,6 +50,11 @@ void CommandControl::SetChecked(bool checked) {
     }
 }
 
+void CommandControl::SetPlace(const BarPlace& place) {
+    m_place = place;
+    Changed.Raise();
+}
+
 CommandControl& CommandControl::Item(std::int32_t index) const {
     if (index < 1 || index > Count()) {
         RaiseRuntimeError(runtimeerror::kSubscriptOutOfRange);

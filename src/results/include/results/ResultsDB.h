@@ -20,6 +20,9 @@
 
 namespace dorvik {
 
+/// What becomes of an operation that fails.
+enum class OnFailure : int { Log, Raise };
+
 /// The results database of one project: one file that holds exactly one review.
 ///
 /// Writing: `Writer`, from `StartReview` to `EndReview` or `AbortReview`. Reading: `OpenReview`, the readers,
@@ -63,9 +66,12 @@ public:
     const StoreFailures& Failures() const { return m_store.Failures(); }
     void NoteLoss(std::string_view reason) { m_store.NoteLoss(reason); }
     void SetPatience(std::chrono::milliseconds patience) { m_store.SetPatience(patience); }
-    /// The rows of a query of the caller, for a list that is bound to the database.
-    std::optional<Recordset> OpenRecordSource(std::string_view sql) {
-        return m_store.GetReadOnlyRecordset(sql);
+    /// The rows of an SQL text of the caller's, for a list that is bound to the database. A caller that reports
+    /// its own failures has them raised: then nothing is logged or counted.
+    std::optional<Recordset>
+    OpenRecordSource(std::string_view sql, OnFailure onFailure = OnFailure::Log) {
+        return onFailure == OnFailure::Raise ? m_store.BindRows(sql)
+                                             : m_store.GetReadOnlyRecordset(sql);
     }
 
     // ---- filter and order of lists ----

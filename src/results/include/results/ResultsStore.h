@@ -53,6 +53,8 @@ public:
     /// The same for an operation that needs the rows: raises if the query fails.
     Recordset RequireEditableRows(std::string_view sql, SqlValues values = {});
     Recordset RequireRows(std::string_view sql, SqlValues values = {});
+    /// Rows for reading. Raises where they cannot be opened; the failure is neither logged nor counted.
+    Recordset BindRows(std::string_view sql) { return OpenRows(sql, RecordsetType::Snapshot, {}); }
     /// The first field of the first row as text; empty without a row. Raises as `RequireRows` does.
     std::string FirstText(std::string_view sql);
     /// Runs an UPDATE; raises where it fails.
@@ -96,7 +98,7 @@ public:
     }
 
 private:
-    std::optional<Recordset> OpenRows(std::string_view sql, RecordsetType type, SqlValues values);
+    Recordset OpenRows(std::string_view sql, RecordsetType type, SqlValues values);
     void RaiseKnownFault(const SqlValues& values);
     void CountFailure();
 

@@ -21,4 +21,7 @@ enum class Scope : int {
 std::string
 ViolationListSql(Scope scope, std::int32_t id, std::string_view filter, bool withoutCompleted);
 
+/// One violation, with the same columns.
+std::string ViolationSql(std::int32_t violationId);
+
 }  // namespace dorvik::modViolationListSql

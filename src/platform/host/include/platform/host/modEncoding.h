@@ -1,9 +1,10 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
-/// From the bytes of a file to the program's UTF-8. A code page is named by its Windows number:
+/// From the bytes of a file to the program's UTF-8, and back. A code page is named by its Windows number:
 /// 874, 1250 to 1258, 437, 850, 866, 28591 (Latin-1), 65001 (UTF-8), and the double-byte pages 932,
 /// 936, 949 and 950. No input fails: a byte that a single-byte page leaves undefined becomes the
 /// character of the same number, a byte that is not UTF-8 its Windows-1252 character, and what a
@@ -30,5 +31,11 @@ void DecodeInPlace(std::string& bytes, int codePage);
 
 /// The text of a part of a file or of a name on disk, where a byte order mark has no meaning.
 std::string DecodeByPage(std::string_view bytes, int codePage);
+
+/// The way back of `DecodeByPage`. Nothing where the page lacks a character of the text, which U+FFFD is for every
+/// page but UTF-8.
+std::optional<std::string> EncodeByPage(std::string_view text, int codePage);
+/// UTF-16 without a mark.
+std::string EncodeUtf16(std::string_view text, bool isBigEndian);
 
 }  // namespace dorvik::modEncoding

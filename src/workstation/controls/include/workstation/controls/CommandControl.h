@@ -1,5 +1,6 @@
 #pragma once
 
+#include "workstation/controls/BarPlace.h"
 #include "workstation/controls/Event.h"
 
 #include <cstddef>
@@ -40,6 +41,9 @@ public:
     void SetFace(std::string face);
     void SetEnabled(bool enabled);
     void SetChecked(bool checked);
+    /// Of a bar.
+    const BarPlace& Place() const { return m_place; }
+    void SetPlace(const BarPlace& place);
 
     std::int32_t Count() const { return static_cast<std::int32_t>(m_items.size()); }
     /// Raises `kSubscriptOutOfRange`.
@@ -67,6 +71,7 @@ private:
     CommandKind m_kind;
     std::int32_t m_id;
     CommandLook m_look;
+    BarPlace m_place;
     std::vector<std::unique_ptr<CommandControl>> m_items;
 };
 

@@ -1,0 +1,501 @@
+#include "workstation/application/WorkStationApp.h"
+
+#include "base/BasicError.h"
+#include "criteria/ReviewCriteria.h"
+#include "foundation/log/Trap.h"
+#include "platform/host/modHost.h"
+#include "results/ResultsDB.h"
+#include "settings/DVKWorkData.h"
+#include "settings/DorvikData.h"
+#include "settings/modGlobal.h"
+#include "source/VirtualProject.h"
+#include "typelib/TypeLibraryStore.h"
+#include "workstation/dialogs/FileDialogs.h"
+#include "workstation/dialogs/frmAbout.h"
+#include "workstation/dialogs/frmOptions.h"
+#include "workstation/dialogs/frmProgress.h"
+#include "workstation/dialogs/frmReviewOptions.h"
+#include "workstation/ide/IDEHelper.h"
+#include "workstation/ide/IDEMenus.h"
+#include "workstation/ide/udocDorvik.h"
+#include "workstation/screen/IScreen.h"
+
+#include <utility>
+
+namespace dorvik {
+
+namespace {
+
+constexpr std::string_view kModule = "WorkStationApp";
+constexpr std::string_view kTitle = "Dorvik Workstation";
+constexpr std::string_view kHelpFile = "Dorvik.chm";
+
+/// The values of the setting `OptionPromptSave`.
+constexpr std::int32_t kSaveWithoutAsking = 1;
+constexpr std::int32_t kLeaveUnsaved = 3;
+
+MessageAnswer
+Show(MessageIcon icon, std::string text, MessageButtons buttons = MessageButtons::Ok) {
+    return modHost::ShowMessage({icon, std::string(kTitle), std::move(text), buttons});
+}
+
+TypeLibraryPlaces TypeLibrariesOfThisMachine() {
+    const DorvikData& data = modGlobal::Data();
+    return {
+        .Folders = modGlobal::WorkData().TypeLibraryFolders,
+        .CatalogueFolders = {data.TypeCataloguePath(), data.UserTypeCataloguePath()},
+        .IndexFile = data.TypeLibraryIndexFile()};
+}
+
+std::string HelpFile() {
+    return modGlobal::Data().LocalAppPath() + std::string(kHelpFile);
+}
+
+}  // namespace
+
+WorkStationApp::WorkStationApp(IScreen& screen) : m_screen(screen) {}
+
+WorkStationApp::~WorkStationApp() {
+    m_evtMenu.clear();
+    m_evtIDE.clear();
+    m_criteria.reset();
+    m_evtProgressEnded.End();
+    m_evtProgress.reset();
+    if (m_IDE) {
+        m_IDE->TerminateDorvik();
+    }
+    m_menus = nullptr;
+    m_document = nullptr;
+    m_IDE.reset();
+}
+
+void WorkStationApp::StartAddIn(std::shared_ptr<IDEHelper> ideHelper) {
+    Trap({kModule, "StartAddIn"}, [&] {
+        m_IDE = std::move(ideHelper);
+        m_document = m_IDE->DorvikUserDocument();
+        m_menus = m_IDE->DorvikMenus();
+        ConnectMenus();
+        ConnectProjects();
+        m_criteria = std::make_shared<ReviewCriteria>();
+        m_criteria->SetReviewType(ReviewType_IDE);
+        m_criteria->SetBackgroundReview(modGlobal::WorkData().BackgroundReview);
+        m_criteria->SetClearLogBeforeReview(modGlobal::WorkData().ClearLog);
+        PopulateProjectList();
+        Results().PopulateResults(m_criteria, /*afterReview=*/false);
+        m_IDE->ActivateEventsListeners();
+        m_IDE->RefreshMenus(/*reviewRunning=*/false);
+    });
+}
+
+void WorkStationApp::IDEStartupComplete() {
+    Trap({kModule, "IDEStartupComplete"}, [&] {
+        if (m_IDE) {
+            m_IDE->RefreshMenus(/*reviewRunning=*/false);
+        }
+    });
+}
+
+void WorkStationApp::BeginShutdown() {
+    Trap({kModule, "BeginShutdown"}, [&] {
+        if (m_backgroundReviewActive) {
+            m_evtMenu_ReviewClick();
+        }
+    });
+}
+
+void WorkStationApp::ConnectMenus() {
+    using App = WorkStationApp;
+    struct OwnRow {
+        Event<> IDEMenuEvents::*Raised;
+        void (App::*Handler)();
+    };
+    static constexpr OwnRow kOwn[] = {
+        {&IDEMenuEvents::AboutClick, &App::m_evtMenu_AboutClick},
+        {&IDEMenuEvents::GotoSourceClick, &App::m_evtMenu_GotoSourceClick},
+        {&IDEMenuEvents::GotoHomePage, &App::m_evtMenu_GotoHomePage},
+        {&IDEMenuEvents::GotoTechSupportPage, &App::m_evtMenu_GotoTechSupportPage},
+        {&IDEMenuEvents::HelpContents, &App::m_evtMenu_HelpContents},
+        {&IDEMenuEvents::HelpSearch, &App::m_evtMenu_HelpSearch},
+        {&IDEMenuEvents::LaunchRulebaseDocument, &App::m_evtMenu_LaunchRulebaseDocument},
+        {&IDEMenuEvents::OpenClick, &App::m_evtMenu_OpenClick},
+        {&IDEMenuEvents::OptionsClick, &App::m_evtMenu_OptionsClick},
+        {&IDEMenuEvents::ReviewClick, &App::m_evtMenu_ReviewClick},
+        {&IDEMenuEvents::ReviewSummary, &App::m_evtMenu_ReviewSummary},
+        {&IDEMenuEvents::ShowDorvikWindowClick, &App::m_evtMenu_ShowDorvikWindowClick},
+    };
+    for (const OwnRow& row : kOwn) {
+        m_evtMenu.push_back(
+            (m_menus->Events.*row.Raised).Subscribe([this, &row] { (this->*row.Handler)(); }));
+    }
+    ConnectMenusToDocument();
+}
+
+/// The commands that are the document's, or the results view's, alone.
+void WorkStationApp::ConnectMenusToDocument() {
+    struct PassedOnRow {
+        Event<> IDEMenuEvents::*Raised;
+        std::string_view Handler;
+        void (*Command)(WorkStationApp&);
+    };
+    using App = WorkStationApp;
+    static constexpr PassedOnRow kPassedOn[] = {
+        {&IDEMenuEvents::FilterClick,
+         "m_evtMenu_FilterClick",
+         [](App& app) {
+             app.Results().FilterResults();
+         }},
+        {&IDEMenuEvents::GroupByCategoryClick,
+         "m_evtMenu_GroupByCategoryClick",
+         [](App& app) {
+             app.Results().GroupByCategory();
+         }},
+        {&IDEMenuEvents::GroupByRuleClick,
+         "m_evtMenu_GroupByRuleClick",
+         [](App& app) {
+             app.Results().GroupByRule();
+         }},
+        {&IDEMenuEvents::GroupBySeverityClick,
+         "m_evtMenu_GroupBySeverityClick",
+         [](App& app) {
+             app.Results().GroupBySeverity();
+         }},
+        {&IDEMenuEvents::GroupBySourceFileClick,
+         "m_evtMenu_GroupBySourceFileClick",
+         [](App& app) {
+             app.Results().GroupBySourceFile();
+         }},
+        {&IDEMenuEvents::GroupByNoneClick,
+         "m_evtMenu_GroupByNoneClick",
+         [](App& app) {
+             app.Results().GroupByNone();
+         }},
+        {&IDEMenuEvents::ShowGroupByClick,
+         "m_evtMenu_ShowGroupByClick",
+         [](App& app) {
+             app.m_document->ShowGroupBy();
+         }},
+        {&IDEMenuEvents::DorvikClick,
+         "m_evtMenu_DorvikClick",
+         [](App& app) {
+             app.m_IDE->RefreshMenus(app.m_backgroundReviewActive);
+         }},
+    };
+    for (const PassedOnRow& row : kPassedOn) {
+        m_evtMenu.push_back((m_menus->Events.*row.Raised).Subscribe([this, &row] {
+            Trap({kModule, row.Handler}, [&] { row.Command(*this); });
+        }));
+    }
+    m_evtMenu.push_back(m_menus->Events.ExpandCollapseGroups.Subscribe([this](bool expand) {
+        Trap(LogOrigin{kModule, "m_evtMenu_ExpandCollapseGroups"}, [&] {
+            m_document->ExpandCollapseGroups(expand);
+        });
+    }));
+}
+
+void WorkStationApp::ConnectProjects() {
+    m_evtIDE.push_back(m_IDE->ProjectAdded.Subscribe(
+        [this](const std::string& name, const std::string& filename, const std::string& type) {
+            m_evtIDE_ProjectAdded(name, filename, type);
+        }));
+    m_evtIDE.push_back(m_IDE->ProjectRemoved.Subscribe(
+        [this](const std::string& name) { m_evtIDE_ProjectRemoved(name); }));
+    m_evtIDE.push_back(m_IDE->ProjectRenamed.Subscribe(
+        [this](const std::string& oldName, const std::string& newName) {
+            m_evtIDE_ProjectRenamed(oldName, newName);
+        }));
+}
+
+void WorkStationApp::PopulateProjectList() {
+    Trap({kModule, "PopulateProjectList"}, [&] {
+        const std::int32_t count = m_IDE->ProjectCount();
+        for (std::int32_t index = 1; index <= count; ++index) {
+            AddProject(
+                m_IDE->ProjectName(index),
+                m_IDE->ProjectFileName(index),
+                m_IDE->ProjectType(index));
+        }
+    });
+}
+
+void WorkStationApp::AddProject(
+    const std::string& name, const std::string& filename, const std::string& type) {
+    ObjectKeyedArrayList<VirtualProject>& projects = m_criteria->ProjectList();
+    if (projects.Contains(name)) {
+        return;
+    }
+    auto project = std::make_shared<VirtualProject>();
+    project->SetFilename(filename.empty() ? name : filename);
+    project->SetName(name);
+    project->SetProjectType(type);
+    projects.Add(name, std::move(project), /*selected=*/true);
+}
+
+ResultsView& WorkStationApp::Results() const {
+    if (m_document == nullptr) {
+        RaiseRuntimeError(runtimeerror::kObjectNotSet);  // not started
+    }
+    return m_document->Results();
+}
+
+// ---- the review ----
+
+void WorkStationApp::m_evtMenu_ReviewClick() {
+    Trap({kModule, "m_evtMenu_ReviewClick"}, [&] {
+        // While a review runs in the background the same command cancels it.
+        if (!m_backgroundReviewActive &&
+            (!PromptToSaveProjectsBeforeReview() || !ChooseReviewOptions())) {
+            return;
+        }
+        ExecuteReview();
+        m_IDE->RefreshMenus(m_backgroundReviewActive);
+    });
+}
+
+bool WorkStationApp::PromptToSaveProjectsBeforeReview() {
+    return Trapped({kModule, "PromptToSaveProjectsBeforeReview"}, false, [&] {
+        const ObjectKeyedArrayList<VirtualProject>& projects = m_criteria->ProjectList();
+        bool mayReview = true;
+        // Required: without any project the first one is looked at all the same, which raises.
+        std::int32_t index = 1;
+        do {
+            if (projects.Selected(index)) {
+                mayReview = MayReview(projects.Key(index), mayReview);
+            }
+            ++index;
+        } while (index <= projects.Count());
+        return mayReview && projects.SelectedCount() > 0;
+    });
+}
+
+// Required: what a project gives replaces what those before it gave.
+bool WorkStationApp::MayReview(const std::string& project, bool soFar) {
+    if (m_IDE->ProjectNeedsForcefulSave(project)) {
+        Show(
+            MessageIcon::Exclamation,
+            "'" + project + "' is a new project and must be saved prior to review.");
+        return false;
+    }
+    const std::int32_t option = modGlobal::WorkData().OptionPromptSave;
+    if (!m_IDE->ProjectNeedsSaving(project) || option == kLeaveUnsaved) {
+        return soFar;
+    }
+    if (option == kSaveWithoutAsking) {
+        return m_IDE->ExecuteVBProjectSave(project);
+    }
+    const MessageAnswer answer = Show(
+        MessageIcon::Question,
+        "Project '" + project +
+            "' has changed.\r\rDo you want to continue the review without saving it?",
+        MessageButtons::YesNo);
+    if (answer == MessageAnswer::Yes) {
+        return true;
+    }
+    Show(MessageIcon::Information, "Please save the project and restart the review.");
+    return false;
+}
+
+bool WorkStationApp::ChooseReviewOptions() {
+    frmReviewOptions form(m_screen);
+    form.ReviewOptions(m_criteria);
+    m_screen.ShowModal(form);
+    return !form.Cancelled();
+}
+
+void WorkStationApp::ExecuteReview() {
+    Trap({kModule, "ExecuteReview"}, [&] {
+        if (m_backgroundReviewActive) {
+            m_evtProgress->AbortBackgroundReview();
+            return;
+        }
+        // The review is about to replace the database.
+        Results().CloseResults();
+        if (m_criteria->BackgroundReview()) {
+            SetBackgroundReviewActive(true);
+            m_IDE->SetWorkbenchVisible(false);
+        }
+        m_typeLibraries = std::make_unique<TypeLibraryStore>(TypeLibrariesOfThisMachine());
+        // Shared with this frame: the end of the review drops the window.
+        const auto progress = std::make_shared<frmProgress>(m_screen);
+        progress->SetTypeLibraries(m_typeLibraries.get());
+        m_evtProgress = progress;
+        m_evtProgressEnded = progress->BackgroundReviewEnded.Subscribe(
+            [this] { m_evtProgress_BackgroundReviewEnded(); });
+        progress->CommenceReview(m_criteria);
+        if (m_backgroundReviewActive) {
+            return;
+        }
+        DropProgress();
+    });
+    if (!m_backgroundReviewActive) {
+        ShowResultsOfReview();
+    }
+}
+
+void WorkStationApp::SetBackgroundReviewActive(bool active) {
+    m_backgroundReviewActive = active;
+    m_IDE->SetReviewRunning(active);
+    m_menus->InvertReviewOption(active);
+}
+
+void WorkStationApp::DropProgress() {
+    m_evtProgressEnded.End();
+    m_evtProgress.reset();
+}
+
+void WorkStationApp::m_evtProgress_BackgroundReviewEnded() {
+    Trap({kModule, "m_evtProgress_BackgroundReviewEnded"}, [&] {
+        SetBackgroundReviewActive(false);
+        DropProgress();
+        ShowResultsOfReview();
+        m_IDE->RefreshMenus(/*reviewRunning=*/false);
+    });
+}
+
+void WorkStationApp::ShowResultsOfReview() {
+    Results().PopulateResults(m_criteria, /*afterReview=*/true);
+    if (!Results().ResultsAvailable()) {
+        return;
+    }
+    if (modGlobal::WorkData().AlwaysShowWorkbench) {
+        m_IDE->SetWorkbenchVisible(true);
+    }
+    if (modGlobal::WorkData().AlwaysShowSummary) {
+        m_evtMenu_ReviewSummary();
+    }
+}
+
+// ---- changes of the open projects ----
+
+void WorkStationApp::m_evtIDE_ProjectAdded(
+    const std::string& name, const std::string& filename, const std::string& type) {
+    Trap({kModule, "m_evtIDE_ProjectAdded"}, [&] {
+        AddProject(name, filename, type);
+        Results().ProjectAdded();
+    });
+}
+
+void WorkStationApp::m_evtIDE_ProjectRemoved(const std::string& name) {
+    Trap({kModule, "m_evtIDE_ProjectRemoved"}, [&] {
+        const std::int32_t index = m_criteria->ProjectList().FindIndexByKey(name);
+        if (index == -1) {
+            return;
+        }
+        m_criteria->ProjectList().Remove(index);
+        if (m_criteria->PreviouslySelectedFiles().Contains(name)) {
+            m_criteria->PreviouslySelectedFiles().Remove(name);
+        }
+        Results().ProjectRemoved(index);
+    });
+}
+
+void WorkStationApp::m_evtIDE_ProjectRenamed(
+    const std::string& oldName, const std::string& newName) {
+    Trap({kModule, "m_evtIDE_ProjectRenamed"}, [&] {
+        const std::int32_t index = m_criteria->PreviouslySelectedFiles().FindIndexByKey(oldName);
+        if (index != -1) {
+            m_criteria->PreviouslySelectedFiles().SetKey(index, newName);
+        }
+    });
+}
+
+// ---- commands of the menus ----
+
+void WorkStationApp::m_evtMenu_AboutClick() {
+    Trap({kModule, "m_evtMenu_AboutClick"}, [&] {
+        frmAbout form;
+        m_screen.ShowModal(form);
+    });
+}
+
+void WorkStationApp::m_evtMenu_GotoSourceClick() {
+    Trap({kModule, "m_evtMenu_GotoSourceClick"}, [&] {
+        Results().SetIgnoreFileEvents(true);
+        m_document->GotoSource();
+        Results().SetIgnoreFileEvents(false);
+    });
+}
+
+void WorkStationApp::m_evtMenu_GotoHomePage() {
+    Trap({kModule, "m_evtMenu_GotoHomePage"}, [&] {
+        m_screen.OpenWithSystem(modGlobal::Data().HomePageURL());
+    });
+}
+
+void WorkStationApp::m_evtMenu_GotoTechSupportPage() {
+    Trap({kModule, "m_evtMenu_GotoTechSupportPage"}, [&] {
+        m_screen.OpenWithSystem(modGlobal::Data().TechSupportPageURL());
+    });
+}
+
+void WorkStationApp::m_evtMenu_HelpContents() {
+    Trap({kModule, "m_evtMenu_HelpContents"}, [&] { m_screen.OpenWithSystem(HelpFile()); });
+}
+
+// The program that shows the file has the search.
+void WorkStationApp::m_evtMenu_HelpSearch() {
+    Trap({kModule, "m_evtMenu_HelpSearch"}, [&] { m_screen.OpenWithSystem(HelpFile()); });
+}
+
+void WorkStationApp::m_evtMenu_LaunchRulebaseDocument() {
+    Trap({kModule, "m_evtMenu_LaunchRulebaseDocument"}, [&] {
+        const DVKWorkData& settings = modGlobal::WorkData();
+        if (settings.RBDocAvailable()) {
+            m_screen.OpenWithSystem(settings.RBDocPath);
+        } else {
+            Show(
+                MessageIcon::Exclamation,
+                "Cannot display the rulebase document '" + settings.RBDocPath +
+                    "' because it cannot be found.");
+        }
+    });
+}
+
+void WorkStationApp::m_evtMenu_OpenClick() {
+    Trap({kModule, "m_evtMenu_OpenClick"}, [&] {
+        const std::optional<std::string> file = FileDialogs(m_screen).GetOpenFileName(
+            FileKind::ResultsDatabase, "Select Results Database");
+        if (file) {
+            OpenResults(*file);
+        }
+    });
+}
+
+void WorkStationApp::OpenResults(const std::string& file) {
+    Trap({kModule, "OpenResults"}, [&] {
+        auto results = std::make_unique<ResultsDB>();
+        if (results->OpenReview(file)) {
+            Results().SetResultsDB(std::move(results), file);
+        } else {
+            Show(
+                MessageIcon::Exclamation,
+                "The selected database does not appear to be a valid Dorvik results database or "
+                "is an incorrect version.  Please select a different file or ensure that '" +
+                    file + "' is the correct version.");
+        }
+    });
+}
+
+void WorkStationApp::m_evtMenu_OptionsClick() {
+    Trap({kModule, "m_evtMenu_OptionsClick"}, [&] {
+        frmOptions form(m_screen);
+        m_screen.ShowModal(form);
+        if (!form.Cancelled()) {
+            modGlobal::WorkData().SaveSettings();
+            Results().OptionsChanged();
+        }
+    });
+}
+
+void WorkStationApp::m_evtMenu_ReviewSummary() {
+    Trap({kModule, "m_evtMenu_ReviewSummary"}, [&] { Results().ShowReviewSummary(); });
+}
+
+void WorkStationApp::m_evtMenu_ShowDorvikWindowClick() {
+    Trap({kModule, "m_evtMenu_ShowDorvikWindowClick"}, [&] {
+        m_IDE->SetWorkbenchVisible(true);
+        modHost::YieldToInput();
+        m_IDE->RefreshMenus(/*reviewRunning=*/false);
+    });
+}
+
+}  // namespace dorvik

@@ -1,0 +1,253 @@
+#include "workstation/dialogs/ProjectTree.h"
+
+#include "base/modText.h"
+#include "base/modTextCase.h"
+#include "criteria/ReviewCriteria.h"
+#include "foundation/log/Trap.h"
+#include "source/VirtualProject.h"
+#include "source/VirtualSourceFile.h"
+#include "workstation/dialogs/modItemIcons.h"
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace dorvik {
+
+namespace {
+
+constexpr std::string_view kModule = "frmReviewOptions";
+constexpr char kKeySeparator = '_';
+
+struct FileTypeRow {
+    std::string_view Text;
+    FileType Type;
+};
+
+/// In the order of the nodes. MDI forms are among the forms.
+constexpr FileTypeRow kFileTypes[] = {
+    {"Forms", FileType::Form},
+    {"Modules", FileType::Module},
+    {"Class Modules", FileType::Class},
+    {"Designers", FileType::Designer},
+    {"Property Pages", FileType::PropertyPage},
+    {"User Controls", FileType::UserControl},
+    {"User Documents", FileType::UserDocument},
+};
+
+FileType NodeTypeOf(FileType type) {
+    return type == FileType::MDIForm ? FileType::Form : type;
+}
+
+/// The node of a type among those of a project; null for a type that has none.
+CheckNode* FileTypeNodeOf(const CheckNode& projectNode, FileType type) {
+    for (std::size_t index = 0; index < std::size(kFileTypes); ++index) {
+        if (kFileTypes[index].Type == NodeTypeOf(type)) {
+            return projectNode.Children[index].get();
+        }
+    }
+    return nullptr;
+}
+
+bool AnyChildChecked(const CheckNode& node) {
+    return std::any_of(node.Children.begin(), node.Children.end(), [](const auto& child) {
+        return child->Checked;
+    });
+}
+
+std::string_view KindOf(const CheckNode& node) {
+    return std::string_view(node.Tag).substr(0, node.Tag.find(kKeySeparator));
+}
+
+/// The project number at the start of a key.
+std::int32_t ProjectIndexOf(const CheckNode& node) {
+    return modText::RoundToLong(
+        modText::LeadingNumber(std::string_view(node.Key).substr(0, node.Key.find(kKeySeparator))));
+}
+
+std::string_view FileKeyOf(const CheckNode& node) {
+    return std::string_view(node.Key).substr(node.Key.find(kKeySeparator) + 1);
+}
+
+/// A project that cannot be read stays the one that it is in the environment.
+void ReadProject(VirtualProject& project) {
+    const std::string name = project.Name();
+    const std::string filename = project.Filename();
+    const std::string type = project.ProjectType();
+    const bool isRead = project.LoadProject(filename) == ProjectLoadStatus::Good;
+    if (!isRead) {
+        project.SetFilename(filename);
+        project.SetProjectType(type);
+    }
+    if (!isRead || project.Name().empty()) {
+        project.SetName(name);
+    }
+}
+
+/// A project of which no file is known has no selection to remember.
+void ForgetFiles(ReviewCriteria& criteria, const std::string& project, bool hasFiles) {
+    auto& files = criteria.PreviouslySelectedFiles();
+    if (files.Contains(project)) {
+        files.Remove(project);
+    }
+    if (hasFiles) {
+        files.Add(project, std::make_shared<StringKeyedArrayList>());
+    }
+}
+
+}  // namespace
+
+ProjectTree::ProjectTree(CheckTree& tree)
+    : m_tree(tree),
+      m_onNodeChecked(
+          tree.NodeChecked.Subscribe([this](CheckNode& node) { EchoCheckedState(node); })) {}
+
+void ProjectTree::PopulateProjectTree(ReviewCriteria& criteria) {
+    Trap({kModule, "PopulateProjectTree"}, [&] {
+        m_tree.Clear();
+        for (std::int32_t index = 1; index <= criteria.ProjectList().Count(); ++index) {
+            const auto& project = criteria.ProjectList().Item(index);
+            CheckNode node;
+            node.Key = std::to_string(index) + "Project";
+            node.Tag = kProjectNode;
+            node.Text = criteria.ProjectList().Key(index);
+            node.Image = modItemIcons::ProjectIconKeyFromType(project->ProjectType());
+            node.Checked = criteria.ProjectList().Selected(index);
+            node.Expanded = true;
+            CheckNode& projectNode = m_tree.Add(nullptr, std::move(node));
+            if (criteria.ReviewType() == ReviewType_IDE) {
+                AddSourceFilesToTree(projectNode, criteria, index);
+            }
+        }
+    });
+}
+
+void ProjectTree::AddSourceFilesToTree(
+    CheckNode& projectNode, ReviewCriteria& criteria, std::int32_t projectIndex) {
+    Trap({kModule, "AddSourceFilesToTree"}, [&] {
+        const std::string number = std::to_string(projectIndex);
+        for (const FileTypeRow& row : kFileTypes) {
+            CheckNode node;
+            node.Key = number + std::string(row.Text);
+            node.Tag = kFileTypeNode;
+            node.Text = row.Text;
+            node.Image = modItemIcons::IconFromSourceFileType(FileTypeKey(row.Type));
+            m_tree.Add(&projectNode, std::move(node));
+        }
+        const auto& project = criteria.ProjectList().Item(projectIndex);
+        const std::shared_ptr<StringKeyedArrayList>* previous =
+            criteria.PreviouslySelectedFiles().Find(criteria.ProjectList().Key(projectIndex));
+        ReadProject(*project);
+        for (std::int32_t index = 1; index <= project->SourceFiles().Count(); ++index) {
+            const auto& file = project->SourceFiles().Item(index);
+            const std::string& key = project->SourceFiles().Key(index);
+            CheckNode* const typeNode = FileTypeNodeOf(projectNode, file->FileType());
+            if (typeNode != nullptr) {
+                CheckNode node;
+                node.Key = number;
+                node.Key += kKeySeparator;
+                node.Key += key;
+                node.Tag = kSourceFileNode;
+                node.Text = file->Name();
+                node.Image = modItemIcons::IconFromSourceFileType(FileTypeKey(file->FileType()));
+                node.Checked =
+                    previous != nullptr ? (*previous)->Contains(key) : projectNode.Checked;
+                m_tree.Add(typeNode, std::move(node));
+                m_tree.SetChecked(*typeNode, AnyChildChecked(*typeNode));
+            }
+        }
+        RemoveUnusedFileTypeNodes(projectNode);
+    });
+}
+
+void ProjectTree::RemoveUnusedFileTypeNodes(CheckNode& projectNode) {
+    std::vector<CheckNode*> unused;
+    for (const auto& node : projectNode.Children) {
+        if (node->Children.empty()) {
+            unused.push_back(node.get());
+        }
+    }
+    for (CheckNode* const node : unused) {
+        m_tree.Remove(*node);
+    }
+}
+
+void ProjectTree::EchoCheckedState(CheckNode& node) {
+    EchoCheckedStateToChildren(node);
+    EchoCheckedStateToParent(node);
+}
+
+void ProjectTree::EchoCheckedStateToChildren(CheckNode& node) {
+    for (const auto& child : node.Children) {
+        m_tree.SetChecked(*child, node.Checked);
+        EchoCheckedStateToChildren(*child);
+    }
+}
+
+/// A parent is marked as long as anything below it is.
+void ProjectTree::EchoCheckedStateToParent(CheckNode& node) {
+    if (node.Parent != nullptr) {
+        m_tree.SetChecked(*node.Parent, AnyChildChecked(*node.Parent));
+        EchoCheckedStateToParent(*node.Parent);
+    }
+}
+
+void ProjectTree::DataFromScreen(ReviewCriteria& criteria) const {
+    for (const CheckNode* const node : m_tree.Nodes()) {
+        const std::string_view kind = KindOf(*node);
+        if (kind == kProjectNode) {
+            const std::int32_t index = ProjectIndexOf(*node);
+            criteria.ProjectList().SetSelected(index, node->Checked);
+            ForgetFiles(criteria, criteria.ProjectList().Key(index), !node->Children.empty());
+        } else if (kind == kSourceFileNode) {
+            const std::int32_t index = ProjectIndexOf(*node);
+            const std::string_view file = FileKeyOf(*node);
+            criteria.ProjectList().Item(index)->SourceFiles().SetSelected(file, node->Checked);
+            if (node->Checked) {
+                criteria.PreviouslySelectedFiles()
+                    .Item(criteria.ProjectList().Key(index))
+                    ->Add(file, std::string(file));
+            }
+        }
+    }
+}
+
+bool ProjectTree::AnyProjectChecked() const {
+    return std::any_of(m_tree.Roots().begin(), m_tree.Roots().end(), [](const auto& node) {
+        return node->Checked;
+    });
+}
+
+void ProjectTree::SelectAllOrNone(bool select) {
+    for (CheckNode* const node : m_tree.Nodes()) {
+        m_tree.SetChecked(*node, select);
+    }
+}
+
+CheckNode* ProjectTree::FindProjectNode(std::string_view project) const {
+    for (const auto& node : m_tree.Roots()) {
+        if (modTextCase::Equal(node->Text, project)) {
+            return node.get();
+        }
+    }
+    return nullptr;
+}
+
+CheckNode* ProjectTree::FindSourceFileNode(std::string_view project, std::string_view file) const {
+    const CheckNode* const projectNode = FindProjectNode(project);
+    if (projectNode == nullptr) {
+        return nullptr;
+    }
+    for (const auto& typeNode : projectNode->Children) {
+        for (const auto& node : typeNode->Children) {
+            if (modTextCase::Equal(node->Text, file)) {
+                return node.get();
+            }
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace dorvik

@@ -1,0 +1,169 @@
+#include "ReviewSummaryPages.h"
+#include "foundation/log/Trap.h"
+#include "reports/format/modReportFormat.h"
+#include "results/ResultsDB.h"
+#include "source/Severity.h"
+
+#include <utility>
+
+namespace dorvik {
+
+namespace {
+
+constexpr std::string_view kModule = "frmReviewSummary";
+
+struct FileKindRow {
+    std::string_view Text;
+    std::string_view Type;
+    std::string_view OtherType = {};  // counted with it
+};
+
+/// The icon of a kind is that of its type.
+constexpr FileKindRow kFileKinds[] = {
+    {"Forms", "Form", "MDIForm"},
+    {"Modules", "Module"},
+    {"Class Modules", "Class"},
+    {"Designers", "Designer"},
+    {"Property Pages", "PropertyPage"},
+    {"User Controls", "UserControl"},
+    {"User Documents", "UserDocument"},
+};
+
+}  // namespace
+
+void ReviewSummaryPages::PopulateReviewSummary() {
+    Trap({kModule, "PopulateReviewSummary"}, [&] {
+        AddReview();
+        AddFigures();
+        AddToleranceFailures();
+        m_rows.AddBlankRow();
+        AddViolationStatistics();
+        m_rows.AddBlankRow();
+        AddLineCountStatistics();
+    });
+}
+
+void ReviewSummaryPages::AddReview() {
+    const ReviewData review = m_results.GetReviewData();
+    m_rows.AddHeading("Dorvik Review Summary", "Review");
+    m_rows.AddItem("Project", m_project.Name + " (" + m_project.Filename + ")");
+    m_rows.AddItem("Reviewed By", review.Reviewer);
+    m_rows.AddItem("Review Date", modReportFormat::FormatLongDate(review.Start));
+    if (m_results.TolerancesSet()) {
+        const bool pass = m_results.TolerancePass(ItemType::Project, m_projectId);
+        m_rows.AddRow({}, {ListCell{"Verdict"}, SummaryRows::VerdictCell(pass)});
+    }
+    m_rows.AddItem("Review Duration", modReportFormat::FormatDuration(review.Start, review.End));
+}
+
+void ReviewSummaryPages::AddFigures() {
+    const SourceLineStatistics lines = m_results.GetLineStats(ItemType::Project, m_projectId);
+    const ViolationStatistics violations =
+        m_results.GetViolationStats(ItemType::Project, m_projectId);
+    const double ratio =
+        lines.TotalLines() == 0
+            ? 0
+            : static_cast<double>(violations.TotalViolations()) / lines.TotalLines();
+    const std::int32_t comments = lines.CommentOnlyLines() + lines.InLineCommentLines();
+    const std::int32_t divisor = comments + lines.CodeLines();
+    const double commentRatio = divisor < 1 ? 0 : static_cast<double>(comments) / divisor;
+    m_rows.AddItem(
+        "Source Files Reviewed", SummaryRows::NumberText(m_results.GetSourceFileCount({}) - 1));
+    m_rows.AddItem("Total Source Lines", SummaryRows::NumberText(lines.TotalLines()));
+    m_rows.AddItem("Total Violations", SummaryRows::NumberText(violations.TotalViolations()));
+    m_rows.AddItem("Total Impact", SummaryRows::NumberText(violations.TotalImpact()));
+    m_rows.AddItem(
+        "Violations/Source Lines Ratio",
+        modReportFormat::FormatNumber(ratio, 2, /*showZero=*/true));
+    m_rows.AddItem("Percentage Comments", modReportFormat::FormatPercent(commentRatio));
+}
+
+/// By description alone: at project level the failures have no figures.
+void ReviewSummaryPages::AddToleranceFailures() {
+    std::vector<ToleranceFailure> failures;
+    m_results.TolerancePass(ItemType::Project, m_projectId, failures);
+    if (failures.empty()) {
+        return;
+    }
+    m_rows.AddBlankRow();
+    m_rows.AddHeading("Tolerance Failures", "Review");
+    for (const ToleranceFailure& failure : failures) {
+        m_rows.AddItem(failure.Description, {});
+    }
+}
+
+void ReviewSummaryPages::AddViolationStatistics() {
+    Trap({kModule, "AddViolationStatistics"}, [&] {
+        const CategorySeverityLists lists = m_results.GetCategorySeverityLists();
+        const ViolationStatistics violations =
+            m_results.GetViolationStats(ItemType::Project, m_projectId);
+        AddSeverityFigures(
+            violations.Counts(), lists, "Violation Count Statistics", "ViolationCounts");
+        m_rows.AddTotal("Total Violations", SummaryRows::NumberText(violations.TotalViolations()));
+        m_rows.AddBlankRow();
+        AddSeverityFigures(
+            violations.Impacts(), lists, "Violation Impact Statistics", "ViolationImpacts");
+        m_rows.AddTotal("Total Impact", SummaryRows::NumberText(violations.TotalImpact()));
+    });
+}
+
+void ReviewSummaryPages::AddSeverityFigures(
+    const SeverityFigures& figures,
+    const CategorySeverityLists& lists,
+    std::string_view heading,
+    std::string_view icon) {
+    m_rows.AddHeading(heading, icon);
+    std::int32_t level = 0;
+    for (const std::int32_t figure : figures) {
+        ++level;
+        m_rows.AddRow(
+            {},
+            {SummaryRows::SeverityCell(lists.Severities, level),
+             ListCell{SummaryRows::NumberText(figure)}});
+    }
+}
+
+void ReviewSummaryPages::AddLineCountStatistics() {
+    Trap({kModule, "AddLineCountStatistics"}, [&] {
+        AddSourceFileStatistics();
+        m_rows.AddBlankRow();
+        AddSourceLineStatistics();
+    });
+}
+
+void ReviewSummaryPages::AddSourceFileStatistics() {
+    m_rows.AddHeading("Source File Statistics", "OTHER");
+    std::int32_t total = 0;
+    for (const FileKindRow& kind : kFileKinds) {
+        std::int32_t count = m_results.GetSourceFileCount(kind.Type);
+        if (!kind.OtherType.empty()) {
+            count += m_results.GetSourceFileCount(kind.OtherType);
+        }
+        if (count > 0) {
+            m_rows.AddItem(kind.Text, SummaryRows::NumberText(count), kind.Type);
+            total += count;
+        }
+    }
+    m_rows.AddTotal("Total Source Files", SummaryRows::NumberText(total));
+}
+
+void ReviewSummaryPages::AddSourceLineStatistics() {
+    const SourceLineStatistics lines = m_results.GetLineStats(ItemType::Project, m_projectId);
+    const double inLinePart =
+        lines.TotalLines() == 0
+            ? 0
+            : static_cast<double>(lines.InLineCommentLines()) / lines.TotalLines();
+    m_rows.AddHeading("Source Line Statistics", "LineStats");
+    m_rows.AddItem("Code Lines", SummaryRows::NumberText(lines.CodeLines()), "CodeLine");
+    m_rows.AddItem(
+        "Comment Only Lines", SummaryRows::NumberText(lines.CommentOnlyLines()), "CommentLine");
+    m_rows.AddItem(
+        "In-line Comment Lines",
+        SummaryRows::NumberText(lines.InLineCommentLines()) + " (" +
+            modReportFormat::FormatPercent(inLinePart) + ")",
+        "InlineCommentLine");
+    m_rows.AddItem("Blank Lines", SummaryRows::NumberText(lines.BlankLines()), "BlankLine");
+    m_rows.AddTotal("Total Lines", SummaryRows::NumberText(lines.TotalLines()));
+}
+
+}  // namespace dorvik

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "source/FileType.h"
+#include "workstation/controls/Event.h"
+#include "workstation/filehost/FileCodeModule.h"
+#include "workstation/filehost/FileDesigner.h"
+#include "workstation/filehost/FileHostWindow.h"
+#include "workstation/host/IHostProject.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace dorvik {
+
+/// What a component is made of.
+struct ComponentFacts {
+    std::string Name;
+    std::string FileName;
+    dorvik::FileType Type = dorvik::FileType::None;
+    int CodePage = 0;
+};
+
+/// A member of a project. Its file is read when its code or designer is needed first; until then nothing is known of it
+/// but that it is there.
+class FileComponent final : public IHostComponent {
+public:
+    /// `record` takes what the add-in does with the component, without the words for project and file: "show-line", "7".
+    using Recorder =
+        std::function<void(const FileComponent&, const std::string& what, const std::string& rest)>;
+
+    FileComponent(ComponentFacts facts, Recorder record);
+    FileComponent(const FileComponent&) = delete;
+    FileComponent& operator=(const FileComponent&) = delete;
+    ~FileComponent() override;
+
+    const std::string& Name() const override { return m_facts.Name; }
+    const std::string& FileName() const override { return m_facts.FileName; }
+    dorvik::FileType FileType() const { return m_facts.Type; }
+    /// Raises where the file cannot be read; see `CodeFile`.
+    FileCodeModule& CodeModule() override;
+    FileHostWindow* DesignerWindow() override;
+    /// Raises as `CodeModule`.
+    FileDesigner* Designer() override;
+
+    /// Null as long as the file was not read.
+    const FileCodeModule* LoadedModule() const { return m_module.get(); }
+    FileCodeModule* LoadedModule() { return m_module.get(); }
+    bool IsDirty() const { return m_module != nullptr && m_module->IsDirty(); }
+    /// Whether the file is there and cannot be written to.
+    bool IsReadOnly() const;
+
+    /// Without an event; see `FileHost::RenameComponent`. Raises as `CodeModule` and `CodeFile::Rename`.
+    void SetName(std::string_view name);
+
+    Event<> DirtyChanged;
+
+private:
+    class RecordedWindow;
+
+    bool HasDesigner() const;
+
+    ComponentFacts m_facts;
+    Recorder m_record;
+    std::unique_ptr<FileCodeModule> m_module;
+    std::unique_ptr<FileHostWindow> m_designerWindow;
+    std::unique_ptr<FileDesigner> m_designer;
+    Subscription m_shownLines;
+    Subscription m_selections;
+    Subscription m_dirt;
+};
+
+}  // namespace dorvik

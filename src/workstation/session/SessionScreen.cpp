@@ -1,0 +1,163 @@
+#include "workstation/session/SessionScreen.h"
+
+#include "criteria/ProgressInfo.h"
+#include "workstation/dialogs/frmAbout.h"
+#include "workstation/dialogs/frmOptions.h"
+#include "workstation/dialogs/frmProgress.h"
+#include "workstation/dialogs/frmReviewOptions.h"
+#include "workstation/dialogs/frmReviewSummary.h"
+#include "workstation/filehost/HostCallList.h"
+#include "workstation/session/SessionJson.h"
+
+#include <utility>
+
+namespace dorvik {
+
+namespace {
+
+constexpr std::int32_t kActionReviewing = 2;
+
+/// Counts the source files that a review begins.
+class FileCounter {
+public:
+    /// The number of the file that has begun; 0 where none has.
+    std::int32_t Begun(const ProgressInfo& progress) {
+        const bool isNew =
+            progress.Action() == kActionReviewing && progress.CurrentSourceFile() > 0 &&
+            (progress.CurrentProject() != m_project || progress.CurrentSourceFile() != m_file);
+        if (!isNew) {
+            return 0;
+        }
+        m_project = progress.CurrentProject();
+        m_file = progress.CurrentSourceFile();
+        return ++m_count;
+    }
+
+private:
+    std::int32_t m_project = 0;
+    std::int32_t m_file = 0;
+    std::int32_t m_count = 0;
+};
+
+std::string TextOf(const rapidjson::Document& dump) {
+    rapidjson::StringBuffer text;
+    JsonWriter writer(text);
+    dump.Accept(writer);
+    return {text.GetString(), text.GetSize()};
+}
+
+}  // namespace
+
+template <typename Form>
+void SessionScreen::Play(Form& form) {
+    for (const modDialogDump::DialogRefusal& refusal : modDialogDump::Play(m_steps, form)) {
+        Refused.Raise(refusal.Line, refusal.Reason);
+    }
+}
+
+/// There is nothing in it but its button.
+void SessionScreen::ShowModal(frmAbout& form) {
+    bool isLeft = false;
+    while (!isLeft && !m_steps.empty()) {
+        const modDialogDump::DialogCommand step = std::move(m_steps.front());
+        m_steps.pop_front();
+        isLeft = step.Command.front() == "ok" || step.Command.front() == "cancel";
+        if (!isLeft) {
+            Refused.Raise(step.Line, "The dialog has no field '" + step.Command.front() + "'.");
+        }
+    }
+    form.Ok();
+}
+
+void SessionScreen::ShowModal(frmOptions& form) {
+    Play(form);
+}
+
+void SessionScreen::ShowModal(frmReviewOptions& form) {
+    m_optionsDump = TextOf(modDialogDump::Dump(form));
+    Play(form);
+}
+
+void SessionScreen::ShowModal(frmProgress& form) {
+    m_progress = &form;
+    m_progressEvents.clear();
+    m_progressEvents.push_back(form.Closed.Subscribe([this, &form] {
+        m_progressDump = TextOf(modDialogDump::Dump(&form));
+        m_progress = nullptr;
+    }));
+    {
+        FileCounter files;
+        const Subscription cancelling =
+            form.ProgressShown.Subscribe([&](const ProgressInfo& progress) {
+                if (m_cancelAt && files.Begun(progress) == *m_cancelAt) {
+                    form.Cancel();
+                }
+            });
+        form.Activate();
+    }
+    // A background review has only begun.
+    if (m_progress == nullptr) {
+        m_cancelAt.reset();
+    }
+}
+
+void SessionScreen::Show(frmProgress& form) {
+    m_progress = &form;
+}
+
+void SessionScreen::Hide(frmProgress& /*form*/) {}
+
+void SessionScreen::Show(frmReviewSummary& form) {
+    m_summary = &form;
+    m_summaryClosed = form.Closed.Subscribe([this] { m_summary = nullptr; });
+}
+
+void SessionScreen::Hide(frmReviewSummary& /*form*/) {
+    m_summary = nullptr;
+}
+
+std::string SessionScreen::ProgressDump() const {
+    return m_progress == nullptr && !m_progressDump.empty()
+               ? m_progressDump
+               : TextOf(modDialogDump::Dump(m_progress));
+}
+
+void SessionScreen::Forget() {
+    if (m_progress != nullptr) {
+        m_progress->Visible.Set(false);
+        m_progressDump = TextOf(modDialogDump::Dump(m_progress));
+    }
+    m_progress = nullptr;
+    m_summary = nullptr;
+    m_progressEvents.clear();
+    m_summaryClosed.End();
+}
+
+std::optional<std::string> SessionScreen::NextChoice() {
+    if (m_choices.empty()) {
+        return std::nullopt;
+    }
+    std::optional<std::string> choice = std::move(m_choices.front());
+    m_choices.pop_front();
+    return choice;
+}
+
+std::optional<std::string> SessionScreen::ChooseFile(const FileRequest& /*request*/) {
+    return NextChoice();
+}
+
+std::optional<std::string>
+SessionScreen::ChooseFolder(std::string_view /*title*/, std::string_view /*startAt*/) {
+    return NextChoice();
+}
+
+bool SessionScreen::OpenWithSystem(std::string_view target) {
+    m_calls.Add("open " + std::string(target));
+    return true;
+}
+
+void SessionScreen::OpenWithChoice(std::string_view file) {
+    m_calls.Add("open " + std::string(file));
+}
+
+}  // namespace dorvik

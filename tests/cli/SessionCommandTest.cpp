@@ -1,0 +1,71 @@
+#include "cli/CommandLineFixture.h"
+
+#include <gmock/gmock.h>
+
+namespace dorvik::test {
+
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+class SessionCommand : public CommandLineFixture {
+protected:
+    ProgramResult Play(std::initializer_list<std::string_view> lines) {
+        WriteLines("a.session", lines);
+        return RunAsTyped({"session", "a.session"});
+    }
+};
+
+}  // namespace
+
+TEST_F(SessionCommand, ASessionPrintsALineOfJsonForEachDumpAndEndsWithZero) {
+    const ProgramResult result = Play({"start", "expect state available false", "dump settings"});
+    EXPECT_EQ(result.ExitCode, 0);
+    EXPECT_EQ(result.Output, "{\"dump\":\"settings\",\"values\":{}}\n");
+    EXPECT_THAT(result.Error, IsEmpty());
+}
+
+TEST_F(SessionCommand, AnExpectationThatIsNotMetEndsWithOne) {
+    const ProgramResult result = Play({"start", "expect state view 2", "dump messages"});
+    EXPECT_EQ(result.ExitCode, 1);
+    EXPECT_EQ(
+        result.Output,
+        "{\"failed\":\"state\",\"path\":\"view\",\"is\":1,\"line\":2}\n"
+        "{\"dump\":\"messages\",\"boxes\":[]}\n");
+}
+
+TEST_F(SessionCommand, ARefusedCommandEndsWithZero) {
+    const ProgramResult result = Play({"start", "menu DORVIK.GOTO"});
+    EXPECT_EQ(result.ExitCode, 0);
+    EXPECT_THAT(result.Output, HasSubstr("\"refused\":"));
+    EXPECT_THAT(result.Output, HasSubstr("\"line\":2"));
+}
+
+TEST_F(SessionCommand, ALineThatIsNotUnderstoodIsNamedAndEndsWithTwo) {
+    const ProgramResult result = Play({"start", "", "fly high", "dump messages"});
+    EXPECT_EQ(result.ExitCode, 2);
+    EXPECT_EQ(result.Error, "a.session:3: there is no command 'fly'\n");
+    EXPECT_THAT(result.Output, IsEmpty());
+}
+
+TEST_F(SessionCommand, AScriptThatIsNotThereEndsWithTwo) {
+    const ProgramResult result = RunAsTyped({"session", "gone.session"});
+    EXPECT_EQ(result.ExitCode, 2);
+    EXPECT_THAT(result.Error, HasSubstr("cannot read the script 'gone.session'"));
+}
+
+TEST_F(SessionCommand, AProjectIsReviewedAndBrowsed) {
+    WriteModuleProject("Jump", "    GoTo Done\r\nDone:");
+    const ProgramResult result = Play(
+        {"setting AlwaysShowSummary 0",
+         "open Jump.vbp",
+         "start",
+         "show",
+         "expect state panel \"No results exist for 'Jump', please perform a review to create "
+         "them.\"",
+         "expect menus menu.3.enabled true"});
+    EXPECT_EQ(result.ExitCode, 0) << result.Output << result.Error;
+}
+
+}  // namespace dorvik::test

@@ -1,0 +1,126 @@
+#include "workstation/session/HostDump.h"
+
+#include "support/RecordingMessageBox.h"
+#include "support/TemporaryFolder.h"
+#include "workstation/filehost/FileHost.h"
+
+#include <gtest/gtest.h>
+
+namespace dorvik {
+
+namespace {
+
+/// A host with the project P of a module m.
+class DumpedHost {
+public:
+    DumpedHost() {
+        m_folder.Write("m.bas", "Attribute VB_Name = \"m\"\r\nDim a\r\nDim \"b\"\r\n");
+        modHostCommands::Open(Host, m_folder.Write("P.vbp", "Module=m; m.bas\r\nName=\"P\"\r\n"));
+    }
+
+    std::string HostText() {
+        return Written([&](JsonWriter& writer) { modHostDump::WriteHost(Host, writer); });
+    }
+    std::string CodeText(std::string_view file = "m.bas") {
+        return Written([&](JsonWriter& writer) {
+            EXPECT_EQ(modHostDump::WriteCode(Host, file, writer), std::nullopt);
+        });
+    }
+    std::string Bytes() const { return m_folder.Read("m.bas"); }
+
+    FileHost Host;
+    test::RecordingMessageBox Box;
+
+private:
+    template <typename Write>
+    static std::string Written(const Write& write) {
+        rapidjson::StringBuffer text;
+        JsonWriter writer(text);
+        writer.StartObject();
+        write(writer);
+        writer.EndObject();
+        return {text.GetString(), text.GetSize()};
+    }
+
+    test::TemporaryFolder m_folder;
+};
+
+}  // namespace
+
+TEST(HostDump, CodeHasLinesTopAndSelection) {
+    DumpedHost dumped;
+    dumped.Host.FindComponent("m")->CodeModule().CodePane().SetTopLine(2);
+    dumped.Host.FindComponent("m")->CodeModule().CodePane().SetSelection({1, 2, 2, -1});
+    EXPECT_EQ(
+        dumped.CodeText(), R"({"lines":["Dim a","Dim \"b\""],"top":2,"selection":[1,2,2,8]})");
+}
+
+TEST(HostDump, HostHasTheCalls) {
+    DumpedHost dumped;
+    EXPECT_EQ(dumped.HostText(), R"({"calls":[]})");
+    dumped.Host.ExecuteCommand(942);
+    dumped.Host.FindComponent("m")->CodeModule().CodePane().SetTopLine(2);
+    EXPECT_EQ(dumped.HostText(), R"({"calls":["references","show-line P m 2"]})");
+}
+
+TEST(HostDump, LinesAreEditedInsertedAndDeleted) {
+    DumpedHost dumped;
+    EXPECT_EQ(modHostCommands::Edit(dumped.Host, "m", 1, "Dim x"), std::nullopt);
+    EXPECT_EQ(modHostCommands::Insert(dumped.Host, "M.BAS", 1, "' top"), std::nullopt);
+    EXPECT_EQ(modHostCommands::Delete(dumped.Host, "m", 3), std::nullopt);
+    EXPECT_EQ(modHostCommands::Insert(dumped.Host, "m", 3, "' end"), std::nullopt);
+    EXPECT_TRUE(dumped.Host.Project(1).IsDirty());
+    EXPECT_EQ(modHostCommands::Save(dumped.Host, "P"), std::nullopt);
+    EXPECT_EQ(dumped.Bytes(), "Attribute VB_Name = \"m\"\r\n' top\r\nDim x\r\n' end\r\n");
+    EXPECT_FALSE(dumped.Host.Project(1).IsDirty());
+}
+
+TEST(HostDump, WhatIsNotThereIsRefused) {
+    DumpedHost dumped;
+    FileHost& host = dumped.Host;
+    EXPECT_EQ(modHostCommands::Edit(host, "x", 1, ""), "there is no file 'x'");
+    EXPECT_EQ(modHostCommands::Edit(host, "m.bas", 3, ""), "'m' has no line 3");
+    EXPECT_EQ(modHostCommands::Insert(host, "m", 4, ""), "'m' has no line 4");
+    EXPECT_EQ(modHostCommands::Delete(host, "m", 0), "'m' has no line 0");
+    EXPECT_EQ(modHostCommands::Close(host, "x"), "there is no project 'x'");
+    EXPECT_EQ(modHostCommands::Activate(host, "x"), "there is no project 'x'");
+    EXPECT_EQ(modHostCommands::Rename(host, "x", "y"), "there is no project 'x'");
+    EXPECT_EQ(modHostCommands::SetDirty(host, "x", true), "there is no project 'x'");
+    EXPECT_EQ(modHostCommands::SetNeverSaved(host, "x", true), "there is no project 'x'");
+    EXPECT_EQ(modHostCommands::Save(host, "x"), "there is no project 'x'");
+    EXPECT_EQ(modHostCommands::SelectFile(host, "x"), "there is no file 'x'");
+    EXPECT_EQ(
+        modHostCommands::Open(host, "\\gone\\x.vbp"), "nothing was opened from '\\gone\\x.vbp'");
+    rapidjson::StringBuffer text;
+    JsonWriter writer(text);
+    EXPECT_EQ(modHostDump::WriteCode(host, "x", writer), "there is no file 'x'");
+    EXPECT_EQ(text.GetSize(), 0U);
+    EXPECT_NE(modHostCommands::Rename(host, "P", ""), std::nullopt);
+}
+
+TEST(HostDump, ProjectIsMarkedRenamedAndClosed) {
+    DumpedHost dumped;
+    FileHost& host = dumped.Host;
+    EXPECT_EQ(modHostCommands::SetDirty(host, "p", true), std::nullopt);
+    EXPECT_TRUE(host.Project(1).IsDirty());
+    EXPECT_EQ(modHostCommands::SetDirty(host, "p", false), std::nullopt);
+    EXPECT_FALSE(host.Project(1).IsDirty());
+    EXPECT_EQ(modHostCommands::SetNeverSaved(host, "p", true), std::nullopt);
+    EXPECT_EQ(host.Project(1).FileName(), "");
+    EXPECT_EQ(modHostCommands::Save(host, std::nullopt), std::nullopt);
+    EXPECT_NE(host.Project(1).FileName(), "");
+    EXPECT_EQ(modHostCommands::Rename(host, "P", "Q"), std::nullopt);
+    EXPECT_EQ(modHostCommands::Activate(host, "Q"), std::nullopt);
+    EXPECT_EQ(modHostCommands::SelectFile(host, "m"), std::nullopt);
+    EXPECT_EQ(modHostCommands::Close(host, "Q"), std::nullopt);
+    EXPECT_EQ(host.ProjectCount(), 0);
+}
+
+TEST(HostDump, SaveThatFailsIsRefused) {
+    DumpedHost dumped;
+    modHostCommands::Edit(dumped.Host, "m", 1, "' \u0416");
+    EXPECT_EQ(modHostCommands::Save(dumped.Host, std::nullopt), "not all could be saved");
+    EXPECT_EQ(dumped.Box.Messages.size(), 1U);
+}
+
+}  // namespace dorvik
