@@ -46,10 +46,11 @@ ReviewSummaryPages::ReviewSummaryPages(ResultsDB& results, ListTable& list)
     : m_results(results),
       m_rows(list),
       m_projectId(results.ProjectID()),
-      m_project(results.GetProjectDetails(/*ignoreFilter=*/true)) {}
+      m_project(results.Items().GetProjectDetails(/*ignoreFilter=*/true)) {}
 
 std::vector<BasicObject> ReviewSummaryPages::SourceFiles() {
-    return m_results.GetProjectSourceFileList(/*includeAll=*/true, /*sortByFilename=*/false);
+    return m_results.Items().GetProjectSourceFileList(
+        /*includeAll=*/true, /*sortByFilename=*/false);
 }
 
 bool ReviewSummaryPages::IsProjectFile(const BasicObject& file) const {
@@ -76,7 +77,7 @@ void ReviewSummaryPages::PopulateImpactSummary() {
 void ReviewSummaryPages::AddSeverityColumns(bool impacts) {
     for (const BasicObject& file : SourceFiles()) {
         const ViolationStatistics stats =
-            m_results.GetViolationStats(ItemType::File, file.ObjectID);
+            m_results.Figures().GetViolationStats(ItemType::File, file.ObjectID);
         std::vector<ListCell> cells{ListCell{NameOf(file)}};
         for (const std::int32_t figure : impacts ? stats.Impacts() : stats.Counts()) {
             cells.push_back({SummaryRows::NumberText(figure)});
@@ -91,7 +92,7 @@ void ReviewSummaryPages::PopulateLineCountSummary() {
     Trap({kModule, "PopulateLineCountSummary"}, [&] {
         for (const BasicObject& file : SourceFiles()) {
             const SourceLineStatistics lines =
-                m_results.GetLineStats(ItemType::File, file.ObjectID);
+                m_results.Figures().GetLineStats(ItemType::File, file.ObjectID);
             std::vector<ListCell> cells{ListCell{NameOf(file)}};
             for (const std::int32_t figure :
                  {lines.CodeLines(),
@@ -108,16 +109,16 @@ void ReviewSummaryPages::PopulateLineCountSummary() {
 
 void ReviewSummaryPages::PopulateTolerancesSummary() {
     Trap({kModule, "PopulateTolerancesSummary"}, [&] {
-        if (!m_results.TolerancesSet()) {
+        if (!m_results.Verdict().TolerancesSet()) {
             m_rows.AddItem("No Tolerances Set", {});
             return;
         }
         for (const BasicObject& file : SourceFiles()) {
-            const bool pass = m_results.TolerancePass(ItemType::File, file.ObjectID);
+            const bool pass = m_results.Verdict().TolerancePass(ItemType::File, file.ObjectID);
             m_rows.AddRow(IconOf(file), {ListCell{NameOf(file)}, SummaryRows::VerdictCell(pass)});
         }
         m_rows.AddBlankRow();
-        const bool pass = m_results.TolerancePass(ItemType::Project, m_projectId);
+        const bool pass = m_results.Verdict().TolerancePass(ItemType::Project, m_projectId);
         m_rows.AddRow({}, {ListCell{"Review Verdict", {}, true}, SummaryRows::VerdictCell(pass)});
     });
 }
@@ -125,7 +126,7 @@ void ReviewSummaryPages::PopulateTolerancesSummary() {
 std::vector<ComboItem> ReviewSummaryPages::SourceFileItems() {
     std::vector<ComboItem> items{{std::string(kAllItems), {}, "(All Source Files)", "AllItems"}};
     for (const BasicObject& file : SourceFiles()) {
-        if (m_results.SourceFileHasProcs(file.ObjectID, /*realProcsOnly=*/true)) {
+        if (m_results.Items().SourceFileHasProcs(file.ObjectID, /*realProcsOnly=*/true)) {
             items.push_back(
                 {std::to_string(file.ObjectID), {}, NameWithFile(file), file.ObjectType});
         }
@@ -144,8 +145,8 @@ void ReviewSummaryPages::PopulateComplexitySummary(std::int32_t sourceId) {
 }
 
 void ReviewSummaryPages::AddProcedureComplexities(std::int32_t sourceId) {
-    for (const BasicObject& procedure :
-         m_results.GetSourceFileProcList(sourceId, /*includeAll=*/true, /*withStats=*/false)) {
+    for (const BasicObject& procedure : m_results.Items().GetSourceFileProcList(
+             sourceId, /*includeAll=*/true, /*withStats=*/false)) {
         if (!IsAnyOf(procedure.Name, kSections)) {
             AddComplexityRow(
                 procedure.Name, ProcedureIcon(procedure), procedure.CyclomaticComplexity);

@@ -39,7 +39,7 @@ std::string RuleEngineVersion() {
 
 void ReviewSummaryPages::PopulateReviewCriteria() {
     Trap({kModule, "PopulateReviewCriteria"}, [&] {
-        const StoredReviewCriteria criteria = m_results.GetReviewCriteria();
+        const StoredReviewCriteria criteria = m_results.Review().GetReviewCriteria();
         AddReviewCriteriaRows();
         m_rows.AddBlankRow();
         m_rows.AddHeading("Conventions");
@@ -67,7 +67,7 @@ void ReviewSummaryPages::PopulateReviewCriteria() {
 }
 
 void ReviewSummaryPages::AddReviewCriteriaRows() {
-    const ReviewData review = m_results.GetReviewData();
+    const ReviewData review = m_results.Review().GetReviewData();
     m_rows.AddHeading("Review Criteria", "Review");
     m_rows.AddItem("Rulebase Title", review.RulebaseTitle);
     m_rows.AddItem("Rulebase Version", review.RulebaseVersion);

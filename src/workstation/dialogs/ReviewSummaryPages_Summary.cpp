@@ -44,22 +44,23 @@ void ReviewSummaryPages::PopulateReviewSummary() {
 }
 
 void ReviewSummaryPages::AddReview() {
-    const ReviewData review = m_results.GetReviewData();
+    const ReviewData review = m_results.Review().GetReviewData();
     m_rows.AddHeading("Dorvik Review Summary", "Review");
     m_rows.AddItem("Project", m_project.Name + " (" + m_project.Filename + ")");
     m_rows.AddItem("Reviewed By", review.Reviewer);
     m_rows.AddItem("Review Date", modReportFormat::FormatLongDate(review.Start));
-    if (m_results.TolerancesSet()) {
-        const bool pass = m_results.TolerancePass(ItemType::Project, m_projectId);
+    if (m_results.Verdict().TolerancesSet()) {
+        const bool pass = m_results.Verdict().TolerancePass(ItemType::Project, m_projectId);
         m_rows.AddRow({}, {ListCell{"Verdict"}, SummaryRows::VerdictCell(pass)});
     }
     m_rows.AddItem("Review Duration", modReportFormat::FormatDuration(review.Start, review.End));
 }
 
 void ReviewSummaryPages::AddFigures() {
-    const SourceLineStatistics lines = m_results.GetLineStats(ItemType::Project, m_projectId);
+    const SourceLineStatistics lines =
+        m_results.Figures().GetLineStats(ItemType::Project, m_projectId);
     const ViolationStatistics violations =
-        m_results.GetViolationStats(ItemType::Project, m_projectId);
+        m_results.Figures().GetViolationStats(ItemType::Project, m_projectId);
     const double ratio =
         lines.TotalLines() == 0
             ? 0
@@ -68,7 +69,8 @@ void ReviewSummaryPages::AddFigures() {
     const std::int32_t divisor = comments + lines.CodeLines();
     const double commentRatio = divisor < 1 ? 0 : static_cast<double>(comments) / divisor;
     m_rows.AddItem(
-        "Source Files Reviewed", SummaryRows::NumberText(m_results.GetSourceFileCount({}) - 1));
+        "Source Files Reviewed",
+        SummaryRows::NumberText(m_results.Items().GetSourceFileCount({}) - 1));
     m_rows.AddItem("Total Source Lines", SummaryRows::NumberText(lines.TotalLines()));
     m_rows.AddItem("Total Violations", SummaryRows::NumberText(violations.TotalViolations()));
     m_rows.AddItem("Total Impact", SummaryRows::NumberText(violations.TotalImpact()));
@@ -81,7 +83,7 @@ void ReviewSummaryPages::AddFigures() {
 /// By description alone: at project level the failures have no figures.
 void ReviewSummaryPages::AddToleranceFailures() {
     std::vector<ToleranceFailure> failures;
-    m_results.TolerancePass(ItemType::Project, m_projectId, failures);
+    m_results.Verdict().TolerancePass(ItemType::Project, m_projectId, failures);
     if (failures.empty()) {
         return;
     }
@@ -94,9 +96,9 @@ void ReviewSummaryPages::AddToleranceFailures() {
 
 void ReviewSummaryPages::AddViolationStatistics() {
     Trap({kModule, "AddViolationStatistics"}, [&] {
-        const CategorySeverityLists lists = m_results.GetCategorySeverityLists();
+        const CategorySeverityLists lists = m_results.Review().GetCategorySeverityLists();
         const ViolationStatistics violations =
-            m_results.GetViolationStats(ItemType::Project, m_projectId);
+            m_results.Figures().GetViolationStats(ItemType::Project, m_projectId);
         AddSeverityFigures(
             violations.Counts(), lists, "Violation Count Statistics", "ViolationCounts");
         m_rows.AddTotal("Total Violations", SummaryRows::NumberText(violations.TotalViolations()));
@@ -135,9 +137,9 @@ void ReviewSummaryPages::AddSourceFileStatistics() {
     m_rows.AddHeading("Source File Statistics", "OTHER");
     std::int32_t total = 0;
     for (const FileKindRow& kind : kFileKinds) {
-        std::int32_t count = m_results.GetSourceFileCount(kind.Type);
+        std::int32_t count = m_results.Items().GetSourceFileCount(kind.Type);
         if (!kind.OtherType.empty()) {
-            count += m_results.GetSourceFileCount(kind.OtherType);
+            count += m_results.Items().GetSourceFileCount(kind.OtherType);
         }
         if (count > 0) {
             m_rows.AddItem(kind.Text, SummaryRows::NumberText(count), kind.Type);
@@ -148,7 +150,8 @@ void ReviewSummaryPages::AddSourceFileStatistics() {
 }
 
 void ReviewSummaryPages::AddSourceLineStatistics() {
-    const SourceLineStatistics lines = m_results.GetLineStats(ItemType::Project, m_projectId);
+    const SourceLineStatistics lines =
+        m_results.Figures().GetLineStats(ItemType::Project, m_projectId);
     const double inLinePart =
         lines.TotalLines() == 0
             ? 0

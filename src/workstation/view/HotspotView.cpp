@@ -114,8 +114,8 @@ void HotspotView::SortRows() {
 
 void HotspotView::PopulateSourceFilesHotspotView() {
     m_controls.Hotspots.Clear();
-    const std::string projectType = m_results.DB().GetProjectData("Type");
-    for (const BasicObject& file : m_results.DB().GetProjectSourceFileList(true, false)) {
+    const std::string projectType = m_results.DB().Items().GetProjectData("Type");
+    for (const BasicObject& file : m_results.DB().Items().GetProjectSourceFileList(true, false)) {
         m_controls.Hotspots.Add(SourceFileRow(file, projectType));
     }
     SortRows();
@@ -126,7 +126,7 @@ ListRow HotspotView::SourceFileRow(const BasicObject& file, std::string_view pro
     ListRow row{std::move(item.Key), std::move(item.Image), {}};
     AddCell(row, item.Text);
     const ViolationTally tally =
-        m_results.DB().GetSourceFileViolationStats(file.ObjectID, /*ignoreFilter=*/true);
+        m_results.DB().Figures().GetSourceFileViolationStats(file.ObjectID, /*ignoreFilter=*/true);
     AddCell(row, PaddedNumber(tally.Count));
     AddCell(row, PaddedNumber(tally.Impact));
     if (item.Tag == modSourceItems::kProjectFileTag) {
@@ -139,8 +139,8 @@ ListRow HotspotView::SourceFileRow(const BasicObject& file, std::string_view pro
 
 void HotspotView::PopulateProcsHotspotView(std::int32_t sourceId) {
     m_controls.Hotspots.Clear();
-    for (const BasicObject& procedure :
-         m_results.DB().GetSourceFileProcList(sourceId, /*includeAll=*/true, /*withStats=*/true)) {
+    for (const BasicObject& procedure : m_results.DB().Items().GetSourceFileProcList(
+             sourceId, /*includeAll=*/true, /*withStats=*/true)) {
         m_controls.Hotspots.Add(ProcedureRow(procedure));
     }
     SortRows();
@@ -150,8 +150,8 @@ ListRow HotspotView::ProcedureRow(const BasicObject& procedure) {
     ComboItem item = modSourceItems::ProcedureItem(procedure);
     ListRow row{std::move(item.Key), std::move(item.Image), {}};
     AddCell(row, item.Text);
-    const ViolationTally tally =
-        m_results.DB().GetProcedureViolationStats(procedure.ObjectID, /*ignoreFilter=*/true);
+    const ViolationTally tally = m_results.DB().Figures().GetProcedureViolationStats(
+        procedure.ObjectID, /*ignoreFilter=*/true);
     AddCell(row, PaddedNumber(tally.Count));
     AddCell(row, PaddedNumber(tally.Impact));
     if (modSourceItems::IsSection(procedure)) {
@@ -163,7 +163,8 @@ ListRow HotspotView::ProcedureRow(const BasicObject& procedure) {
 }
 
 void HotspotView::AddFigures(ListRow& row, const BasicObject& object, ItemType itemType) {
-    const SourceLineStatistics lines = m_results.DB().GetLineStats(itemType, object.ObjectID);
+    const SourceLineStatistics lines =
+        m_results.DB().Figures().GetLineStats(itemType, object.ObjectID);
     const std::int32_t complexity = object.CyclomaticComplexity;
     AddCell(row, PaddedNumber(lines.TotalLines()));
     AddCell(row, CommentPercentage(lines));

@@ -59,15 +59,15 @@ void ResultsBrowser::PopulateSourceFilesCombo() {
         m_at.Controls.Procedures.Clear();
     }
     ResultsDB& results = m_at.Results.DB();
-    const std::string projectType = results.GetProjectData("Type");
+    const std::string projectType = results.Items().GetProjectData("Type");
     std::vector<ComboItem> items{modSourceItems::AllFilesItem()};
     for (const BasicObject& file :
-         results.GetProjectSourceFileList(/*includeAll=*/!ShowsList(), false)) {
+         results.Items().GetProjectSourceFileList(/*includeAll=*/!ShowsList(), false)) {
         items.push_back(
             modSourceItems::FileItem(file, m_at.Results.Review.ProjectName, projectType));
         if (ShowsList()) {
-            items.back().Text +=
-                modSourceItems::FigureText(results.GetObjectStatValue(file, ItemType::File));
+            items.back().Text += modSourceItems::FigureText(
+                results.Order().GetObjectStatValue(file, ItemType::File));
         }
     }
     m_at.Controls.Files.Fill(std::move(items));
@@ -154,11 +154,11 @@ std::string ResultsBrowser::ProjectFileKey() const {
 void ResultsBrowser::PopulateProceduresCombo(std::int32_t sourceId, bool populate) {
     ResultsDB& results = m_at.Results.DB();
     std::vector<ComboItem> items{modSourceItems::AllProceduresItem(sourceId)};
-    for (const BasicObject& procedure :
-         results.GetSourceFileProcList(sourceId, /*includeAll=*/false, /*withStats=*/true)) {
+    for (const BasicObject& procedure : results.Items().GetSourceFileProcList(
+             sourceId, /*includeAll=*/false, /*withStats=*/true)) {
         items.push_back(modSourceItems::ProcedureItem(procedure));
-        items.back().Text +=
-            modSourceItems::FigureText(results.GetObjectStatValue(procedure, ItemType::Procedure));
+        items.back().Text += modSourceItems::FigureText(
+            results.Order().GetObjectStatValue(procedure, ItemType::Procedure));
     }
     m_at.Controls.Procedures.Fill(std::move(items));
     if (populate) {
@@ -249,10 +249,10 @@ std::optional<SourceDetails> ResultsBrowser::GetSourceDetails() {
     details.File =
         fileKey == ProjectFileKey()
             ? details.Project
-            : m_at.Results.DB().GetSourceFileData("Name", modSourceItems::IdOfKey(fileKey));
+            : m_at.Results.DB().Items().GetSourceFileData("Name", modSourceItems::IdOfKey(fileKey));
     if (!showsFiles) {
         const BasicObject procedure =
-            m_at.Results.DB().GetProcedureDetails(modSourceItems::IdOfKey(row->Key));
+            m_at.Results.DB().Items().GetProcedureDetails(modSourceItems::IdOfKey(row->Key));
         details.Procedure = procedure.Name;
         details.ProcedureType = procedure.ObjectType;
     }

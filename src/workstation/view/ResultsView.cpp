@@ -202,9 +202,10 @@ void ResultsView::SetResultsDB(std::unique_ptr<ResultsDB> database, std::string_
         ResultsDB& results = m_parts->Results.DB();
         ShownReview& review = m_parts->Results.Review;
         review = {};
-        review.ProjectName = results.GetProjectData("Name");
-        review.ProjectFile = modUtilFunctions::AddBackslash(results.GetProjectData("Path")) +
-                             results.GetProjectData("Filename");
+        review.ProjectName = results.Items().GetProjectData("Name");
+        review.ProjectFile =
+            modUtilFunctions::AddBackslash(results.Items().GetProjectData("Path")) +
+            results.Items().GetProjectData("Filename");
         review.DatabaseFile = file;
         m_parts->Controls.Panel.Set("");
         m_parts->Browser.ShowReview();
@@ -266,7 +267,7 @@ void ResultsView::ProjectRenamed(std::string_view oldName, std::string_view newN
         }
         m_parts->Results.Review.ProjectName = newName;
         if (ResultsAvailable()) {
-            m_parts->Results.DB().UpdateProjectName(newName);
+            m_parts->Results.DB().Editor().UpdateProjectName(newName);
             m_parts->Browser.RenameFile(m_parts->Browser.ProjectFileKey(), newName);
         }
     });
@@ -300,10 +301,10 @@ void ResultsView::FileRenamed(
             return;
         }
         ResultsDB& results = m_parts->Results.DB();
-        for (const BasicObject& file : results.GetProjectSourceFileList(true, false)) {
+        for (const BasicObject& file : results.Items().GetProjectSourceFileList(true, false)) {
             if (modTextCase::Equal(file.Name, oldName) &&
                 !modDorvikUtils::IsVBPFile(file.Filename)) {
-                results.UpdateFileName(newName, file.ObjectID);
+                results.Editor().UpdateFileName(newName, file.ObjectID);
                 m_parts->Browser.RenameFile(modSourceItems::FileItem(file, "", "").Key, newName);
                 return;
             }
@@ -364,10 +365,11 @@ std::optional<ViolationDetails> ResultsView::GetViolationDetails() {
         }
         ResultsDB& results = m_parts->Results.DB();
         details.emplace();
-        details->Violation = results.GetViolationDetail(*id);
+        details->Violation = results.Violations().GetViolationDetail(*id);
         details->Project = m_parts->Results.Review.ProjectName;
         if (details->Violation.Location != kLocationProject) {
-            ViolationSourceLocation location = results.GetViolationSourceLocation(*id, false);
+            ViolationSourceLocation location =
+                results.Violations().GetViolationSourceLocation(*id, false);
             details->Project = std::move(location.Project);
             details->File = std::move(location.File);
         }

@@ -64,7 +64,7 @@ void ShownResults::ReadSortFields() {
 
 /// The filter begins as the review was, which leaves out nothing until it is changed.
 void ShownResults::ReadCriteria() {
-    StoredReviewCriteria stored = m_database->GetReviewCriteria();
+    StoredReviewCriteria stored = m_database->Review().GetReviewCriteria();
     m_database->Filter() = std::move(stored.LoadCriteria);
     m_database->Filter().SetDirty(false);
     m_lists = std::move(stored.Lists);

@@ -176,7 +176,7 @@ void ViolationListView::ResetGridValueLists() {
     }
     GridValueList files;
     if (m_results.Available()) {
-        if (auto rows = m_results.DB().GetSourceFileValueList()) {
+        if (auto rows = m_results.DB().Violations().GetSourceFileValueList()) {
             for (; !rows->EOF_(); rows->MoveNext()) {
                 files.Add(rows->Value("ItemIDType").AsText(), {rows->Value("SFName").AsText()});
             }
@@ -233,7 +233,7 @@ void ViolationListView::DisplayViolationDocumentation(std::int32_t violationId) 
             "m_objResults is nothing", "DisplayViolationDocumentation", kModule);
         return;
     }
-    const Violation violation = m_results.DB().GetViolationDetail(violationId);
+    const Violation violation = m_results.DB().Violations().GetViolationDetail(violationId);
     std::string document = modViolationDocument::ViolationDocument(
         violation,
         m_results.CategoryTitle(violation.CategoryID),

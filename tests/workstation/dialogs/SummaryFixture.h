@@ -85,7 +85,7 @@ protected:
         WriteModule();
         WriteForm();
         m_clock.Time = {2026, 11, 21, 14, 7, 10};
-        m_results.EndReview(12345);
+        m_results.Writer().EndReview(12345);
         ASSERT_TRUE(m_results.OpenReview(m_path));
     }
 
@@ -134,10 +134,10 @@ protected:
     }
 
     void Finish(VirtualObject& object) {
-        m_results.LogVirtualObjectProperties(object);
-        m_results.LogVirtualObjectViolationStats(object);
+        m_results.Writer().LogVirtualObjectProperties(object);
+        m_results.Writer().LogVirtualObjectViolationStats(object);
         if (object.LineStats().TotalLines() > 0) {
-            m_results.LogVirtualObjectLineStats(object);
+            m_results.Writer().LogVirtualObjectLineStats(object);
         }
     }
 
@@ -147,7 +147,7 @@ protected:
         object->Properties().Add("Path", "C:\\Src\\");
         object->Properties().Add("Filename", filename);
         object->Properties().Add("Type", type);
-        m_results.SetupVObjectResults("File", *object);
+        m_results.Writer().SetupVObjectResults("File", *object);
         return object;
     }
 
@@ -168,7 +168,7 @@ protected:
     void WriteModule() {
         const auto file = SetUpTypedFile("modA", "Module", "modA.bas");
         VirtualObject section;
-        m_results.SetupVObjectResults("Declarations", section);
+        m_results.Writer().SetupVObjectResults("Declarations", section);
         Finish(section);
         WriteProcedure("Total", "Function", "Public", 12);
         WriteProcedure("Value", "Property Get", "Public", 0);
@@ -184,7 +184,7 @@ protected:
     void WriteForm() {
         const auto file = SetUpTypedFile("frmB", "Form", "frmB.frm");
         VirtualObject section;
-        m_results.SetupVObjectResults("Layout", section);
+        m_results.Writer().SetupVObjectResults("Layout", section);
         Finish(section);
         modTolerances::SetTolerancePassValue(*file, m_criteria, false);
         Finish(*file);

@@ -121,7 +121,7 @@ TEST_F(frmReviewSummary_, AProjectWithoutLinesHasARatioOf0And0PercentComments) {
     CountViolations(*project, {3, 0, 0, 0, 0}, {3, 0, 0, 0, 0});
     Finish(*project);
     WriteProjectFile();
-    m_results.EndReview(1);
+    m_results.Writer().EndReview(1);
     ASSERT_TRUE(m_results.OpenReview(m_path));
     Open();
     const std::vector<std::string> rows = RowsOf(m_form->lvwReview);
@@ -146,7 +146,7 @@ TEST_F(frmReviewSummary_, MdiFormsAreCountedAmongTheForms) {
     }
     const auto second = SetUpTypedFile("second", "UserDocument", "second.dob");
     Finish(*second);
-    m_results.EndReview(1);
+    m_results.Writer().EndReview(1);
     ASSERT_TRUE(m_results.OpenReview(m_path));
     Open();
     const std::vector<std::string> rows = RowsOf(m_form->lvwReview);

@@ -205,7 +205,7 @@ TEST_F(OpeningResults, ARenamedProjectHasItsNameInListDatabaseBoxAndHotspots) {
     m_view.CloseResults();
     ResultsDB database;
     ASSERT_TRUE(database.OpenReview(DatabaseFile("Billing")));
-    EXPECT_EQ(database.GetProjectData("Name"), "Bills");
+    EXPECT_EQ(database.Items().GetProjectData("Name"), "Bills");
 }
 
 TEST_F(OpeningResults, ARenamedFileHasItsNameInDatabaseBoxAndHotspots) {
@@ -221,7 +221,7 @@ TEST_F(OpeningResults, ARenamedFileHasItsNameInDatabaseBoxAndHotspots) {
     m_view.CloseResults();
     ResultsDB database;
     ASSERT_TRUE(database.OpenReview(DatabaseFile("Billing")));
-    EXPECT_EQ(database.GetSourceFileData("Name", 2), "modB");
+    EXPECT_EQ(database.Items().GetSourceFileData("Name", 2), "modB");
 }
 
 TEST_F(OpeningResults, ARenamedProjectFileIsKeptInTheList) {

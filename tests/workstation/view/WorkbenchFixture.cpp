@@ -31,13 +31,13 @@ public:
         AddCategory(8, "clarity");
         AddCategory(9, "3rd party");
         TakeAll(m_criteria.LoadCriteria());
-        ASSERT_TRUE(m_results.StartReview(file, m_rulebase, m_criteria));
+        ASSERT_TRUE(m_results.Writer().StartReview(file, m_rulebase, m_criteria));
         WriteProject();
         WriteModule();
         WriteForm();
         Object("File", "clsC", "Class", "clsC.cls", {0, 0, 3, 1, 0});
         WriteViolations();
-        m_results.EndReview(12);
+        m_results.Writer().EndReview(12);
     }
 
 private:
@@ -67,10 +67,10 @@ private:
         object.LineStats().SetCommentOnlyLines(figures.Comments);
         object.Properties().Add("AverageCyclomatic", figures.Complexity);
         object.Properties().Add("CyclomaticComplexity", figures.Complexity);
-        m_results.LogVirtualObjectProperties(object);
-        m_results.LogVirtualObjectViolationStats(object);
+        m_results.Writer().LogVirtualObjectProperties(object);
+        m_results.Writer().LogVirtualObjectViolationStats(object);
         if (figures.Lines > 0) {
-            m_results.LogVirtualObjectLineStats(object);
+            m_results.Writer().LogVirtualObjectLineStats(object);
         }
     }
 
@@ -85,13 +85,13 @@ private:
         object.Properties().Add("Path", "C:\\Src\\");
         object.Properties().Add("Filename", filename);
         object.Properties().Add("Type", type);
-        m_results.SetupVObjectResults(kind, object);
+        m_results.Writer().SetupVObjectResults(kind, object);
         Finish(object, figures);
     }
 
     void Section(std::string_view kind, const Figures& figures) {
         VirtualObject section;
-        m_results.SetupVObjectResults(kind, section);
+        m_results.Writer().SetupVObjectResults(kind, section);
         Finish(section, figures);
     }
 
@@ -106,7 +106,7 @@ private:
         procedure.Properties().Add("Scope", scope);
         procedure.Properties().Add("IsStatic", false);
         procedure.Properties().Add("DataType", "");
-        m_results.SetupVObjectResults("Procedure", procedure);
+        m_results.Writer().SetupVObjectResults("Procedure", procedure);
         Finish(procedure, figures);
     }
 
@@ -143,7 +143,7 @@ private:
         violation.Title = title;
         violation.Description = "About " + violation.Title;
         violation.Advice = "Mend it";
-        m_results.LogViolation(itemId, itemType, violation);
+        m_results.Writer().LogViolation(itemId, itemType, violation);
     }
 
     void Place(std::int32_t location, std::string_view member, std::string_view line) {
