@@ -26,7 +26,7 @@ TEST_F(frmReviewSummary_Use, ThePageOfTheComplexitiesBeginsWithAllFiles) {
             "Module|2|modA (modA.bas)|12|Difficult|Moderately easy|Moderate risk"));
     EXPECT_THAT(
         ColumnsOf(m_form->lvwReview),
-        ElementsAre("Source File", ">Complexity", "Test", "Understand", "Modify"));
+        ElementsAre("Source File SortAscending", ">Complexity", "Test", "Understand", "Modify"));
     EXPECT_TRUE(m_form->SourceFilesVisible.Value());
     EXPECT_EQ(m_form->lvwReview.SelectedIndex(), 0U);
     m_form->SwitchTab(6);
@@ -126,6 +126,26 @@ TEST_F(frmReviewSummary_Use, AColumnClickSortsByTextAndASecondOneSwapsTheOrder) 
     EXPECT_EQ(FirstCells()[0], "Billing (Billing.vbp)");
 }
 
+TEST_F(frmReviewSummary_Use, TheFirstColumnIsTheSortedOneAtFirst) {
+    WriteReview();
+    Settings().RVFileSortAscending = false;
+    m_results.SetFileSortAscending(false);
+    Open();
+    m_form->SwitchTab(3);
+    EXPECT_EQ(FirstCells()[0], "modA (modA.bas)") << "in the order of reading";
+    EXPECT_EQ(ColumnsOf(m_form->lvwReview)[0], "Source File");
+    m_form->lvwReview.ClickColumn(0);
+    EXPECT_EQ(ColumnsOf(m_form->lvwReview)[0], "Source File SortDescending");
+    EXPECT_EQ(Settings().RDT2SortOrder, 1);
+    m_form->lvwReview.ClickColumn(0);
+    EXPECT_EQ(ColumnsOf(m_form->lvwReview)[0], "Source File SortAscending");
+    EXPECT_EQ(FirstCells()[0], "Billing (Billing.vbp)");
+    EXPECT_EQ(Settings().RDT2SortCol, 0);
+    EXPECT_EQ(Settings().RDT2SortOrder, 0);
+    m_form->SwitchTab(4);
+    EXPECT_EQ(FirstCells()[0], "modA (modA.bas)") << "in the order of reading again";
+}
+
 TEST_F(frmReviewSummary_Use, PagesWithAsManyColumnsShareTheirOrder) {
     WriteReview();
     Open();
@@ -163,6 +183,8 @@ TEST_F(frmReviewSummary_Use, OnThePagesOfItemsTheOrderIsNotKept) {
     WriteReview();
     Open();
     m_form->SwitchTab(2);
+    m_form->lvwReview.ClickColumn(1);
+    EXPECT_THAT(ColumnsOf(m_form->lvwReview), ElementsAre("Item", "Value SortAscending"));
     m_form->lvwReview.ClickColumn(0);
     EXPECT_EQ(FirstCells()[0], "");
     EXPECT_THAT(ColumnsOf(m_form->lvwReview), ElementsAre("Item SortAscending", "Value"));
