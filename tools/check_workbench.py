@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Compares docs/workbench.md with the sources: each test that it names exists, and each menu item, setting and public
-operation of the work bench is named."""
+operation of the work bench is named. With --fix a test whose suite has another name by now gets that name on the
+page."""
 import pathlib
 import re
 import sys
@@ -30,12 +31,24 @@ def Operations(header):
     return set(OPERATION.findall(public)) - {header.stem}
 
 
+def FixSuites(missing, tests):
+    text = PAGE.read_text(encoding="utf-8")
+    for name in missing:
+        found = [test for test in tests if test.split(".")[-1] == name.split(".")[-1]]
+        if len(found) == 1:
+            text = text.replace(f"`{name}`", f"`{found[0]}`")
+    PAGE.write_text(text, encoding="utf-8")
+
+
 def main():
     named = set(NAME.findall(PAGE.read_text(encoding="utf-8")))
     tests = Tests()
-    faults = [f"no test is called '{name}'" for name in sorted(named)
-              if re.fullmatch(r"\w+\.[A-Z]\w+|cases/[\w-]+", name) and not name.startswith(("DORVIK", "cases/NAME"))
-              and name not in tests]
+    missing = [name for name in sorted(named)
+               if re.fullmatch(r"\w+\.[A-Z]\w+|cases/[\w-]+", name) and not name.startswith(("DORVIK", "cases/NAME"))
+               and name not in tests]
+    if "--fix" in sys.argv:
+        FixSuites(missing, tests)
+    faults = [f"no test is called '{name}'" for name in missing]
     items = (WORKSTATION / "ide/MenuItems.h").read_text(encoding="utf-8")
     wanted = set(re.findall(r'"(DORVIK[\w.]*)"', items))
     wanted |= set(SETTING.findall((ROOT / "src/settings/include/settings/DVKWorkData.h").read_text(encoding="utf-8")))

@@ -54,6 +54,7 @@ Variant
 GridBinding::Value(std::int32_t key, std::int32_t column, const std::vector<GridColumn>& columns) {
     if (m_readKey != key) {
         std::vector<std::string_view> fields;
+        fields.reserve(columns.size());
         for (const GridColumn& shown : columns) {
             fields.emplace_back(shown.Field);
         }

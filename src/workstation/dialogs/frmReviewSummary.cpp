@@ -85,8 +85,10 @@ void frmReviewSummary::SetupListView(std::int16_t tab) {
         const modSummaryLayout::SortSetting stored = modSummaryLayout::SortSettingOf(tab, settings);
         const bool isColumn = stored.Column >= 0 &&
                               static_cast<std::size_t>(stored.Column) < lvwReview.Columns().size();
-        m_sort = {isColumn && stored.IsSorted(), stored.Column, stored.Order == 0};
-        ShowSortIcon();
+        m_sort = isColumn ? SortState{stored.Column, stored.Order == 0} : SortState{};
+        if (!m_sort.IsOrderOfReading()) {
+            ShowSortIcon();
+        }
     });
 }
 
@@ -101,7 +103,7 @@ void frmReviewSummary::FillPage(std::int16_t tab) {
         case kTolerancesTab: m_pages->PopulateTolerancesSummary(); break;
         default: break;
     }
-    ApplySortState();
+    SortFilledRows();
 }
 
 /// The files box is filled once; its choice stays for as long as the form.
@@ -136,7 +138,7 @@ void frmReviewSummary::PopulateComplexitySummary(std::int32_t sourceId) {
         lvwReview.Clear();
         lvwReview.SetColumnText(0, sourceId != 0 ? "Procedure" : "Source File");
         m_pages->PopulateComplexitySummary(sourceId);
-        ApplySortState();
+        SortFilledRows();
         ShowSortIcon();
     });
 }
@@ -162,26 +164,29 @@ void frmReviewSummary::lvwReview_ColumnClick(std::size_t column) {
             return;
         }
         const auto number = static_cast<std::int16_t>(column);
-        const bool swaps = m_sort.IsSorted && m_sort.Column == number;
-        m_sort = {true, number, swaps ? !m_sort.Ascending : true};
+        m_sort = {number, m_sort.Column == number ? !m_sort.Ascending : true};
         modSummaryLayout::SetSortSetting(
             CurrentTab(),
             {m_sort.Column, static_cast<std::int16_t>(m_sort.Ascending ? 0 : 1)},
             modGlobal::WorkData());
-        ApplySortState();
+        SortRows();
         ShowSortIcon();
     });
 }
 
-void frmReviewSummary::ApplySortState() {
-    if (m_sort.IsSorted) {
-        lvwReview.Sort(static_cast<std::size_t>(m_sort.Column), m_sort.Ascending);
+void frmReviewSummary::SortRows() {
+    lvwReview.Sort(static_cast<std::size_t>(m_sort.Column), m_sort.Ascending);
+}
+
+void frmReviewSummary::SortFilledRows() {
+    if (!m_sort.IsOrderOfReading()) {
+        SortRows();
     }
 }
 
 void frmReviewSummary::ShowSortIcon() {
     for (std::size_t column = 0; column < lvwReview.Columns().size(); ++column) {
-        const bool isSorted = m_sort.IsSorted && column == static_cast<std::size_t>(m_sort.Column);
+        const bool isSorted = column == static_cast<std::size_t>(m_sort.Column);
         const std::string_view icon = m_sort.Ascending ? kAscendingIcon : kDescendingIcon;
         lvwReview.SetSortIcon(column, isSorted ? std::string(icon) : std::string());
     }

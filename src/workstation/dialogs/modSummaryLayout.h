@@ -17,15 +17,12 @@ namespace modSummaryLayout {
 struct SortSetting {
     std::int16_t Column = 0;
     std::int16_t Order = 0;
-
-    /// Without, as at first, rows are in the order in which they were read.
-    bool IsSorted() const { return Column != 0 || Order != 0; }
 };
 
 std::vector<ListColumn> ColumnsOf(std::int16_t tab, const DVKWorkData& settings);
 void SaveWidths(std::int16_t tab, const std::vector<ListColumn>& columns, DVKWorkData& settings);
 
-/// Not sorted, for a page whose order is not kept.
+/// That of a first run, for a page whose order is not kept.
 SortSetting SortSettingOf(std::int16_t tab, const DVKWorkData& settings);
 /// Nothing happens for such a page.
 void SetSortSetting(std::int16_t tab, const SortSetting& sort, DVKWorkData& settings);

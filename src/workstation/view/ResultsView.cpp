@@ -70,7 +70,10 @@ struct ResultsView::Parts {
 ResultsView::ResultsView(WorkbenchControls& controls, IScreen& screen)
     : m_parts(std::make_unique<Parts>(*this, controls, screen)) {}
 
-ResultsView::~ResultsView() = default;
+/// The controls live on, and must not be bound to records that do not.
+ResultsView::~ResultsView() {
+    CloseResults();
+}
 
 // ---- state ----
 

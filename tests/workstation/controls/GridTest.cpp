@@ -12,7 +12,6 @@ namespace dorvik {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::Pair;
 
 /// Records of a mark, a number and a text.

@@ -19,6 +19,9 @@ namespace dorvik::test {
 
 /// The objects of the process with settings as on a first run, a program folder of the test's own, and a screen.
 class DialogsFixture : public testing::Test {
+public:
+    ~DialogsFixture() override { modGlobal::DestroyGlobalObjects(); }
+
 protected:
     DialogsFixture() {
         m_folder.Write("user\\.keep", "");
@@ -28,7 +31,6 @@ protected:
         modGlobal::Data().SetProjectResultsDB(
             ProgramPath(DORVIK_PROGRAM_FOLDER) + "\\Data\\DVKProject.mdb");
     }
-    ~DialogsFixture() override { modGlobal::DestroyGlobalObjects(); }
 
     static HostFacts FactsIn(const TemporaryFolder& folder) {
         HostFacts facts;

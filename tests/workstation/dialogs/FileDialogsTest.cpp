@@ -12,7 +12,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class FileDialogs_ : public test::DialogsFixture {
+class FileDialogsOfKinds : public test::DialogsFixture {
 protected:
     std::vector<std::string> FiltersOf(int kind) {
         FileDialogs(m_screen).GetOpenFileName(static_cast<FileKind>(kind), "Title");
@@ -20,7 +20,7 @@ protected:
     }
 };
 
-TEST_F(FileDialogs_, EachKindHasItsFilters) {
+TEST_F(FileDialogsOfKinds, EachKindHasItsFilters) {
     const std::string all = "All Files (*.*)|*.*";
     const std::string projects = "VB Projects (*.vbp)|*.vbp";
     const std::string groups = "VB Project Groups (*.vbg)|*.vbg";
@@ -42,7 +42,7 @@ TEST_F(FileDialogs_, EachKindHasItsFilters) {
     EXPECT_THAT(FiltersOf(11), ElementsAre("Rulebase Documents (*.html)|*.html", all));
 }
 
-TEST_F(FileDialogs_, DefaultExtensionsAreAddedWhenSavingAndToLogsAlways) {
+TEST_F(FileDialogsOfKinds, DefaultExtensionsAreAddedWhenSavingAndToLogsAlways) {
     FileDialogs dialogs(m_screen);
     for (const FileKind kind :
          {FileKind::Rulebase, FileKind::Batch, FileKind::Log, FileKind::Project}) {
@@ -57,7 +57,7 @@ TEST_F(FileDialogs_, DefaultExtensionsAreAddedWhenSavingAndToLogsAlways) {
     EXPECT_THAT(extensions, ElementsAre("", "", "*.log", "", "*.dvk", "*.batch"));
 }
 
-TEST_F(FileDialogs_, OnlyRulebasesAndBatchFilesAreSaved) {
+TEST_F(FileDialogsOfKinds, OnlyRulebasesAndBatchFilesAreSaved) {
     m_screen.Chosen = "\\chosen";
     FileDialogs dialogs(m_screen);
     EXPECT_EQ(dialogs.GetSaveFileName(FileKind::Batch, "Save", "\\here"), "\\chosen");
@@ -68,15 +68,15 @@ TEST_F(FileDialogs_, OnlyRulebasesAndBatchFilesAreSaved) {
     EXPECT_EQ(m_screen.Requests.size(), 1U);
 }
 
-TEST_F(FileDialogs_, ACancelledDialogChoosesNothing) {
+TEST_F(FileDialogsOfKinds, ACancelledDialogChoosesNothing) {
     EXPECT_EQ(
         FileDialogs(m_screen).GetOpenFileName(FileKind::ResultsDatabase, "Open"), std::nullopt);
     EXPECT_FALSE(m_screen.Requests.back().ForSaving);
 }
 
-class frmAbout_ : public test::DialogsFixture {};
+class AboutForm : public test::DialogsFixture {};
 
-TEST_F(frmAbout_, ShowsTheInstallationUntilItIsClosed) {
+TEST_F(AboutForm, ShowsTheInstallationUntilItIsClosed) {
     modGlobal::Data().SetProductVersion("6.02.0001");
     modGlobal::Data().SetHomePageURL("http://home");
     modGlobal::Data().SetTechSupportPageURL("http://support");
@@ -94,7 +94,7 @@ TEST_F(frmAbout_, ShowsTheInstallationUntilItIsClosed) {
     EXPECT_EQ(closed, 1);
 }
 
-TEST(modItemIcons_, ProjectsHaveTheIconOfTheirType) {
+TEST(ItemIcons, ProjectsHaveTheIconOfTheirType) {
     using modItemIcons::ProjectIconKeyFromType;
     EXPECT_EQ(ProjectIconKeyFromType("OleDll"), "AXDLL");
     EXPECT_EQ(ProjectIconKeyFromType("OleExe"), "AXEXE");
@@ -104,7 +104,7 @@ TEST(modItemIcons_, ProjectsHaveTheIconOfTheirType) {
     EXPECT_EQ(ProjectIconKeyFromType(""), "OTHER");
 }
 
-TEST(modItemIcons_, SourceFilesHaveTheIconOfTheirType) {
+TEST(ItemIcons, SourceFilesHaveTheIconOfTheirType) {
     for (const std::string_view type :
          {"Class",
           "Form",

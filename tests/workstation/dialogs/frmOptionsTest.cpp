@@ -10,7 +10,7 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-class frmOptions_ : public test::DialogsFixture {
+class OptionsForm : public test::DialogsFixture {
 protected:
     static std::vector<std::string> TextsOf(const ComboBox& box) {
         std::vector<std::string> texts;
@@ -42,7 +42,7 @@ constexpr CheckRow kChecks[] = {
     {"chkBackground", &frmOptions::chkBackground, &DVKWorkData::BackgroundReview},
 };
 
-TEST_F(frmOptions_, EachCheckBoxShowsItsSettingAlone) {
+TEST_F(OptionsForm, EachCheckBoxShowsItsSettingAlone) {
     for (const CheckRow& row : kChecks) {
         for (const CheckRow& other : kChecks) {
             Settings().*other.Setting = other.Name == row.Name;
@@ -54,7 +54,7 @@ TEST_F(frmOptions_, EachCheckBoxShowsItsSettingAlone) {
     }
 }
 
-TEST_F(frmOptions_, EachCheckBoxGoesBackToItsSettingAlone) {
+TEST_F(OptionsForm, EachCheckBoxGoesBackToItsSettingAlone) {
     for (const CheckRow& row : kChecks) {
         frmOptions form(m_screen);
         for (const CheckRow& other : kChecks) {
@@ -67,7 +67,7 @@ TEST_F(frmOptions_, EachCheckBoxGoesBackToItsSettingAlone) {
     }
 }
 
-TEST_F(frmOptions_, NothingGoesBackWhenCancelled) {
+TEST_F(OptionsForm, NothingGoesBackWhenCancelled) {
     frmOptions form(m_screen);
     form.chkClearLog.Set(false);
     form.txtTickCount.Set("7");
@@ -81,7 +81,7 @@ TEST_F(frmOptions_, NothingGoesBackWhenCancelled) {
     EXPECT_EQ(Settings().BackgroundTickCount, 100);
 }
 
-TEST_F(frmOptions_, OkIsNotCancelled) {
+TEST_F(OptionsForm, OkIsNotCancelled) {
     frmOptions form(m_screen);
     EXPECT_TRUE(form.Cancelled());
     EXPECT_TRUE(form.Ok());
@@ -89,7 +89,7 @@ TEST_F(frmOptions_, OkIsNotCancelled) {
     EXPECT_TRUE(form.IsClosed());
 }
 
-TEST_F(frmOptions_, AFixedFolderIsShownAndWritten) {
+TEST_F(OptionsForm, AFixedFolderIsShownAndWritten) {
     Settings().UseProjectFolderResults = false;
     Settings().UseProjectFolderReports = false;
     Settings().LastResultsPath = "\\results";
@@ -106,7 +106,7 @@ TEST_F(frmOptions_, AFixedFolderIsShownAndWritten) {
     EXPECT_EQ(Settings().LastReportsPath, "\\pages");
 }
 
-TEST_F(frmOptions_, WithTheProjectsFolderThePathIsNeitherShownNorWritten) {
+TEST_F(OptionsForm, WithTheProjectsFolderThePathIsNeitherShownNorWritten) {
     Settings().LastResultsPath = "\\results";
     Settings().LastReportsPath = "\\reports";
     frmOptions form(m_screen);
@@ -119,7 +119,7 @@ TEST_F(frmOptions_, WithTheProjectsFolderThePathIsNeitherShownNorWritten) {
     EXPECT_EQ(Settings().LastReportsPath, "\\reports");
 }
 
-TEST_F(frmOptions_, TheFolderBoxesFollowTheirCheckBoxes) {
+TEST_F(OptionsForm, TheFolderBoxesFollowTheirCheckBoxes) {
     frmOptions form(m_screen);
     form.chkResultsFolder.Set(false);
     EXPECT_TRUE(form.ResultsFolderEnabled.Value());
@@ -130,7 +130,7 @@ TEST_F(frmOptions_, TheFolderBoxesFollowTheirCheckBoxes) {
     EXPECT_FALSE(form.ResultsFolderEnabled.Value());
 }
 
-TEST_F(frmOptions_, BrowsingHasItsTitlesAndIsOnlyForEnabledBoxes) {
+TEST_F(OptionsForm, BrowsingHasItsTitlesAndIsOnlyForEnabledBoxes) {
     frmOptions form(m_screen);
     m_screen.Chosen = "\\chosen";
     form.BrowseResultsFolder();
@@ -151,14 +151,14 @@ TEST_F(frmOptions_, BrowsingHasItsTitlesAndIsOnlyForEnabledBoxes) {
     EXPECT_EQ(form.txtRBDoc.Value(), "\\chosen");
 }
 
-TEST_F(frmOptions_, ACancelledBrowseChangesNothing) {
+TEST_F(OptionsForm, ACancelledBrowseChangesNothing) {
     Settings().RBDocPath = "\\document";
     frmOptions form(m_screen);
     form.BrowseRulebaseDocument();
     EXPECT_EQ(form.txtRBDoc.Value(), "\\document");
 }
 
-TEST_F(frmOptions_, TheReportsBoxHasTheOptionAsItsIndex) {
+TEST_F(OptionsForm, TheReportsBoxHasTheOptionAsItsIndex) {
     Settings().LastReportOption = 2;
     frmOptions form(m_screen);
     EXPECT_THAT(TextsOf(form.cboReports), ElementsAre("None", "Summary", "Detailed"));
@@ -168,7 +168,7 @@ TEST_F(frmOptions_, TheReportsBoxHasTheOptionAsItsIndex) {
     EXPECT_EQ(Settings().LastReportOption, 0);
 }
 
-TEST_F(frmOptions_, CompletedItemsHaveTwoButtons) {
+TEST_F(OptionsForm, CompletedItemsHaveTwoButtons) {
     for (const std::int32_t option : {1, 2}) {
         Settings().CompletedItemsOption = option;
         frmOptions form(m_screen);
@@ -179,7 +179,7 @@ TEST_F(frmOptions_, CompletedItemsHaveTwoButtons) {
     }
 }
 
-TEST_F(frmOptions_, AnyOtherCompletedItemsOptionSetsNoButtonAndIsKept) {
+TEST_F(OptionsForm, AnyOtherCompletedItemsOptionSetsNoButtonAndIsKept) {
     Settings().CompletedItemsOption = 7;
     frmOptions form(m_screen);
     EXPECT_EQ(form.optCompleted.Value(), 0);
@@ -187,7 +187,7 @@ TEST_F(frmOptions_, AnyOtherCompletedItemsOptionSetsNoButtonAndIsKept) {
     EXPECT_EQ(Settings().CompletedItemsOption, 7);
 }
 
-TEST_F(frmOptions_, TheSortListsHaveTheSortKeys) {
+TEST_F(OptionsForm, TheSortListsHaveTheSortKeys) {
     Settings().RVFileSortKey = 3;
     Settings().RVProcSortKey = 2;
     frmOptions form(m_screen);
@@ -201,7 +201,7 @@ TEST_F(frmOptions_, TheSortListsHaveTheSortKeys) {
     EXPECT_EQ(Settings().RVProcSortKey, 4);
 }
 
-TEST_F(frmOptions_, ASortKeyOutsideTheListIsKept) {
+TEST_F(OptionsForm, ASortKeyOutsideTheListIsKept) {
     Settings().RVFileSortKey = 9;
     frmOptions form(m_screen);
     EXPECT_EQ(form.lstProjectMember.SelectedItem(), nullptr);
@@ -209,7 +209,7 @@ TEST_F(frmOptions_, ASortKeyOutsideTheListIsKept) {
     EXPECT_EQ(Settings().RVFileSortKey, 9);
 }
 
-TEST_F(frmOptions_, TheTickCountTakesDigitsOnly) {
+TEST_F(OptionsForm, TheTickCountTakesDigitsOnly) {
     Settings().BackgroundTickCount = 250;
     frmOptions form(m_screen);
     EXPECT_EQ(form.txtTickCount.Value(), "250");
@@ -219,14 +219,14 @@ TEST_F(frmOptions_, TheTickCountTakesDigitsOnly) {
     EXPECT_EQ(Settings().BackgroundTickCount, 125);
 }
 
-TEST_F(frmOptions_, AnEmptyTickCountReadsAsZero) {
+TEST_F(OptionsForm, AnEmptyTickCountReadsAsZero) {
     frmOptions form(m_screen);
     form.TypeTickCount("");
     EXPECT_TRUE(form.Ok());
     EXPECT_EQ(Settings().BackgroundTickCount, 0);
 }
 
-TEST_F(frmOptions_, ATickCountBeyond16BitsIsLoggedAndKeepsTheFormOpen) {
+TEST_F(OptionsForm, ATickCountBeyond16BitsIsLoggedAndKeepsTheFormOpen) {
     frmOptions form(m_screen);
     form.TypeTickCount("32768");
     EXPECT_FALSE(form.Ok());
@@ -238,7 +238,7 @@ TEST_F(frmOptions_, ATickCountBeyond16BitsIsLoggedAndKeepsTheFormOpen) {
     EXPECT_EQ(Settings().BackgroundTickCount, 32767);
 }
 
-TEST_F(frmOptions_, TheRulebaseDocumentGoesBothWays) {
+TEST_F(OptionsForm, TheRulebaseDocumentGoesBothWays) {
     Settings().RBDocPath = "\\document.html";
     frmOptions form(m_screen);
     EXPECT_EQ(form.txtRBDoc.Value(), "\\document.html");
@@ -247,7 +247,7 @@ TEST_F(frmOptions_, TheRulebaseDocumentGoesBothWays) {
     EXPECT_EQ(Settings().RBDocPath, "\\other.html");
 }
 
-TEST_F(frmOptions_, ATabShowsItsPageAndHidesTheOthers) {
+TEST_F(OptionsForm, ATabShowsItsPageAndHidesTheOthers) {
     frmOptions form(m_screen);
     EXPECT_TRUE(form.PageIsShown(frmOptions::Page::General));
     EXPECT_FALSE(form.PageIsShown(frmOptions::Page::Review));

@@ -17,7 +17,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// The texts for made-up progress.
-class frmProgress_Texts : public test::DialogsFixture {
+class ProgressTexts : public test::DialogsFixture {
 protected:
     bool Report() {
         bool cancel = false;
@@ -29,7 +29,7 @@ protected:
     frmProgress m_form{m_screen};
 };
 
-TEST_F(frmProgress_Texts, EachActionHasItsText) {
+TEST_F(ProgressTexts, EachActionHasItsText) {
     std::vector<std::string> texts;
     for (std::int32_t action = 1; action <= 7; ++action) {
         m_progress.SetAction(action);
@@ -48,7 +48,7 @@ TEST_F(frmProgress_Texts, EachActionHasItsText) {
             "Loading components..."));
 }
 
-TEST_F(frmProgress_Texts, AnActionOutside1To7KeepsTheFormerLabel) {
+TEST_F(ProgressTexts, AnActionOutside1To7KeepsTheFormerLabel) {
     m_progress.SetAction(5);
     Report();
     for (const std::int32_t action : {0, 8, -1}) {
@@ -58,7 +58,7 @@ TEST_F(frmProgress_Texts, AnActionOutside1To7KeepsTheFormerLabel) {
     }
 }
 
-TEST_F(frmProgress_Texts, AChangeOfTheProcessSetsTheCaption) {
+TEST_F(ProgressTexts, AChangeOfTheProcessSetsTheCaption) {
     m_form.Caption.Set("Other");
     Report();
     EXPECT_EQ(m_form.Caption.Value(), "Other");
@@ -67,7 +67,7 @@ TEST_F(frmProgress_Texts, AChangeOfTheProcessSetsTheCaption) {
     EXPECT_EQ(m_form.Caption.Value(), "Review Progress");
 }
 
-TEST_F(frmProgress_Texts, ANewProjectHasItsNumberItsNameAndAnEmptyBar) {
+TEST_F(ProgressTexts, ANewProjectHasItsNumberItsNameAndAnEmptyBar) {
     m_progress.BeginReview(2);
     m_progress.LoadProject("Billing", "\\src\\Billing.vbp", 4);
     m_form.prgProject.Set(60);
@@ -80,7 +80,7 @@ TEST_F(frmProgress_Texts, ANewProjectHasItsNumberItsNameAndAnEmptyBar) {
     EXPECT_THAT(bars, ElementsAre(0));
 }
 
-TEST_F(frmProgress_Texts, ANewSourceFileHasItsNumberItsNameAndAnEmptyBar) {
+TEST_F(ProgressTexts, ANewSourceFileHasItsNumberItsNameAndAnEmptyBar) {
     m_progress.BeginReview(1);
     m_progress.LoadProject("Billing", "\\src\\Billing.vbp", 4);
     m_progress.BeginSourceFile("frmMain", "\\src\\frmMain.frm", 200);
@@ -91,7 +91,7 @@ TEST_F(frmProgress_Texts, ANewSourceFileHasItsNumberItsNameAndAnEmptyBar) {
     EXPECT_EQ(m_form.prgSourceFile.Value(), 0);
 }
 
-TEST_F(frmProgress_Texts, TheLabelsStayWhileTheNamesDo) {
+TEST_F(ProgressTexts, TheLabelsStayWhileTheNamesDo) {
     m_progress.BeginReview(1);
     m_progress.LoadProject("Billing", "\\src\\Billing.vbp", 4);
     m_progress.BeginSourceFile("frmMain", "\\src\\frmMain.frm", 200);
@@ -103,7 +103,7 @@ TEST_F(frmProgress_Texts, TheLabelsStayWhileTheNamesDo) {
     EXPECT_EQ(m_form.lblSourceFile.Value(), "F");
 }
 
-TEST_F(frmProgress_Texts, TheBarsShowThePercentages) {
+TEST_F(ProgressTexts, TheBarsShowThePercentages) {
     m_progress.BeginReview(1);
     m_progress.LoadProject("Billing", "\\src\\Billing.vbp", 4);
     m_progress.BeginSourceFile("frmMain", "\\src\\frmMain.frm", 200);
@@ -119,12 +119,12 @@ TEST_F(frmProgress_Texts, TheBarsShowThePercentages) {
     EXPECT_EQ(m_form.prgSourceFile.Value(), 100) << "a bar ends there";
 }
 
-TEST_F(frmProgress_Texts, ThePercentageTextWaitsForAChange) {
+TEST_F(ProgressTexts, ThePercentageTextWaitsForAChange) {
     Report();
     EXPECT_EQ(m_form.lblComplete.Value(), "");
 }
 
-TEST_F(frmProgress_Texts, ALogMessageIsShownUnlessItIsEmpty) {
+TEST_F(ProgressTexts, ALogMessageIsShownUnlessItIsEmpty) {
     m_progress.SetLogMessage("Something to know");
     Report();
     m_progress.SetLogMessage("");
@@ -132,7 +132,7 @@ TEST_F(frmProgress_Texts, ALogMessageIsShownUnlessItIsEmpty) {
     EXPECT_EQ(m_form.lblMessage.Value(), "Something to know");
 }
 
-TEST_F(frmProgress_Texts, TheHostGetsItsTurnLastAndACancelThenCounts) {
+TEST_F(ProgressTexts, TheHostGetsItsTurnLastAndACancelThenCounts) {
     test::ScriptedInput input;
     std::string seen;
     input.OnYield = [&] {
@@ -144,9 +144,9 @@ TEST_F(frmProgress_Texts, TheHostGetsItsTurnLastAndACancelThenCounts) {
     EXPECT_EQ(seen, "Loading rulebase...");
 }
 
-class frmProgress_Review : public test::ReviewedFiles {
+class ProgressReview : public test::ReviewedFiles {
 protected:
-    frmProgress_Review() {
+    ProgressReview() {
         ChooseEverything();
         Settings().BackgroundTickCount = 1;
         m_heard = m_form->BackgroundReviewEnded.Subscribe([&] { ++m_ended; });
@@ -166,7 +166,7 @@ protected:
     Subscription m_heard;
 };
 
-TEST_F(frmProgress_Review, AForegroundReviewIsOverWhenTheModalFormComesBack) {
+TEST_F(ProgressReview, AForegroundReviewIsOverWhenTheModalFormComesBack) {
     std::vector<std::string> actions;
     const Subscription heard = m_form->lblAction.Changed.Subscribe(
         [&](const std::string& text) { actions.push_back(text); });
@@ -182,14 +182,14 @@ TEST_F(frmProgress_Review, AForegroundReviewIsOverWhenTheModalFormComesBack) {
     EXPECT_TRUE(HasResults());
 }
 
-TEST_F(frmProgress_Review, OnlyTheFirstDisplayRunsTheReview) {
+TEST_F(ProgressReview, OnlyTheFirstDisplayRunsTheReview) {
     m_form->CommenceReview(m_criteria);
     const std::string before = m_folder.Read("Demo\\Dorvik\\Demo_DORVIK.txt");
     m_form->Activate();
     EXPECT_EQ(m_folder.Read("Demo\\Dorvik\\Demo_DORVIK.txt"), before);
 }
 
-TEST_F(frmProgress_Review, ABackgroundReviewBeginsWithItsFirstTick) {
+TEST_F(ProgressReview, ABackgroundReviewBeginsWithItsFirstTick) {
     m_criteria->SetBackgroundReview(true);
     m_form->CommenceReview(m_criteria);
     EXPECT_FALSE(m_form->IsClosed());
@@ -207,7 +207,7 @@ TEST_F(frmProgress_Review, ABackgroundReviewBeginsWithItsFirstTick) {
     EXPECT_TRUE(HasResults());
 }
 
-TEST_F(frmProgress_Review, TheTickCountIsThatOfTheBeginning) {
+TEST_F(ProgressReview, TheTickCountIsThatOfTheBeginning) {
     m_criteria->SetBackgroundReview(true);
     Settings().BackgroundTickCount = 1000;
     m_form->CommenceReview(m_criteria);
@@ -215,7 +215,7 @@ TEST_F(frmProgress_Review, TheTickCountIsThatOfTheBeginning) {
     EXPECT_LT(TickToTheEnd(), 5);
 }
 
-TEST_F(frmProgress_Review, ATickGivesTheHostItsTurnFirst) {
+TEST_F(ProgressReview, ATickGivesTheHostItsTurnFirst) {
     m_criteria->SetBackgroundReview(true);
     m_form->CommenceReview(m_criteria);
     test::ScriptedInput input;
@@ -228,7 +228,7 @@ TEST_F(frmProgress_Review, ATickGivesTheHostItsTurnFirst) {
     EXPECT_EQ(m_ended, 1);
 }
 
-TEST_F(frmProgress_Review, ATickInsideASliceDoesNothing) {
+TEST_F(ProgressReview, ATickInsideASliceDoesNothing) {
     m_criteria->SetBackgroundReview(true);
     m_form->CommenceReview(m_criteria);
     test::ScriptedInput input;
@@ -243,7 +243,7 @@ TEST_F(frmProgress_Review, ATickInsideASliceDoesNothing) {
     EXPECT_EQ(m_ended, 1);
 }
 
-TEST_F(frmProgress_Review, ACancelledBackgroundReviewIsAbandoned) {
+TEST_F(ProgressReview, ACancelledBackgroundReviewIsAbandoned) {
     m_criteria->SetBackgroundReview(true);
     m_form->CommenceReview(m_criteria);
     for (int tick = 0; tick < 12; ++tick) {
@@ -257,7 +257,7 @@ TEST_F(frmProgress_Review, ACancelledBackgroundReviewIsAbandoned) {
     EXPECT_FALSE(HasResults());
 }
 
-TEST_F(frmProgress_Review, CancelInTheForegroundTakesEffectWhereTheReviewGivesWay) {
+TEST_F(ProgressReview, CancelInTheForegroundTakesEffectWhereTheReviewGivesWay) {
     test::ScriptedInput input;
     bool pressed = false;
     const Subscription heard = m_form->lblSourceFileData.Changed.Subscribe([&](const std::string&) {
@@ -276,13 +276,13 @@ TEST_F(frmProgress_Review, CancelInTheForegroundTakesEffectWhereTheReviewGivesWa
     EXPECT_FALSE(HasResults());
 }
 
-TEST_F(frmProgress_Review, AReviewThatIsRefusedNeverShowsTheForm) {
+TEST_F(ProgressReview, AReviewThatIsRefusedNeverShowsTheForm) {
     m_form->CommenceReview(nullptr);
     EXPECT_TRUE(m_form->IsClosed());
     EXPECT_THAT(m_screen.Calls, IsEmpty());
 }
 
-TEST_F(frmProgress_Review, ABackgroundReviewIsQuietAndAForegroundReviewIsNot) {
+TEST_F(ProgressReview, ABackgroundReviewIsQuietAndAForegroundReviewIsNot) {
     m_criteria->LoadCriteria().SetRulebaseFile(m_folder.Path("missing.dvk"));
     modLog::Log().SetQuiet(false);
     m_criteria->SetBackgroundReview(true);
@@ -304,7 +304,7 @@ TEST_F(frmProgress_Review, ABackgroundReviewIsQuietAndAForegroundReviewIsNot) {
     EXPECT_THAT(quiet, testing::Not(Contains(true)));
 }
 
-TEST_F(frmProgress_Review, TheFormMayGoWhileInputIsProcessed) {
+TEST_F(ProgressReview, TheFormMayGoWhileInputIsProcessed) {
     m_criteria->SetBackgroundReview(true);
     m_form->CommenceReview(m_criteria);
     for (int tick = 0; tick < 12; ++tick) {
@@ -320,7 +320,7 @@ TEST_F(frmProgress_Review, TheFormMayGoWhileInputIsProcessed) {
     EXPECT_FALSE(HasResults());
 }
 
-TEST_F(frmProgress_Review, TheFormMayGoInsideASlice) {
+TEST_F(ProgressReview, TheFormMayGoInsideASlice) {
     m_criteria->SetBackgroundReview(true);
     Settings().BackgroundTickCount = 1000;
     m_form->CommenceReview(m_criteria);
@@ -336,7 +336,7 @@ TEST_F(frmProgress_Review, TheFormMayGoInsideASlice) {
     EXPECT_FALSE(HasResults());
 }
 
-TEST_F(frmProgress_Review, AHandlerOfTheEndMayDestroyTheForm) {
+TEST_F(ProgressReview, AHandlerOfTheEndMayDestroyTheForm) {
     m_criteria->SetBackgroundReview(true);
     m_form->CommenceReview(m_criteria);
     const Subscription heard = m_form->BackgroundReviewEnded.Subscribe([&] { m_form.reset(); });

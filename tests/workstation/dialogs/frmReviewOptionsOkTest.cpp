@@ -12,23 +12,23 @@ using testing::SizeIs;
 
 using Page = test::Page;
 
-class frmReviewOptions_Ok : public test::ReviewOptionsFixture {};
+class ReviewOptionsOk : public test::ReviewOptionsFixture {};
 
 // ---- OK ----
 
-TEST_F(frmReviewOptions_Ok, ABatchWithoutATitleIsRefusedFirst) {
+TEST_F(ReviewOptionsOk, ABatchWithoutATitleIsRefusedFirst) {
     MakeBatch();
     Open();
     m_form->lvwConventions.SetAll(false);
     ExpectRefusal("Please enter a title for the batch.", Page::Projects, "txtTitle");
 }
 
-TEST_F(frmReviewOptions_Ok, AReviewWithoutARulebaseIsRefused) {
+TEST_F(ReviewOptionsOk, AReviewWithoutARulebaseIsRefused) {
     Open();
     ExpectRefusal("Please select a rulebase for the review.", Page::Projects, "cboRulebase");
 }
 
-TEST_F(frmReviewOptions_Ok, ARulebaseThatIsNotThereIsRefused) {
+TEST_F(ReviewOptionsOk, ARulebaseThatIsNotThereIsRefused) {
     Open();
     m_form->cboRulebase.Set("\\none\\Rules.dvk");
     ExpectRefusal(
@@ -37,7 +37,7 @@ TEST_F(frmReviewOptions_Ok, ARulebaseThatIsNotThereIsRefused) {
         "cboRulebase");
 }
 
-TEST_F(frmReviewOptions_Ok, ABatchWithoutAProjectIsRefused) {
+TEST_F(ReviewOptionsOk, ABatchWithoutAProjectIsRefused) {
     MakeBatch();
     OpenAndChoose();
     m_form->txtTitle.Set("Nightly");
@@ -45,14 +45,14 @@ TEST_F(frmReviewOptions_Ok, ABatchWithoutAProjectIsRefused) {
     ExpectRefusal("Please select the project(s) to review.", Page::Projects, "tvwProjects");
 }
 
-TEST_F(frmReviewOptions_Ok, OpenProjectsMayAllBeUnchecked) {
+TEST_F(ReviewOptionsOk, OpenProjectsMayAllBeUnchecked) {
     OpenAndChoose();
     m_form->SelectAllOrNone(false);
     EXPECT_TRUE(m_form->Ok());
     EXPECT_EQ(m_criteria->ProjectList().SelectedCount(), 0);
 }
 
-TEST_F(frmReviewOptions_Ok, AFixedFolderNeedsAPath) {
+TEST_F(ReviewOptionsOk, AFixedFolderNeedsAPath) {
     OpenAndChoose();
     m_form->chkResultsFolder.Set(false);
     m_form->txtResultsFolder.Set("");
@@ -63,7 +63,7 @@ TEST_F(frmReviewOptions_Ok, AFixedFolderNeedsAPath) {
     ExpectRefusal("Please enter a path to the reports folder.", Page::Results, "txtReportsFolder");
 }
 
-TEST_F(frmReviewOptions_Ok, WithoutAReportTheReportsFolderIsNotChecked) {
+TEST_F(ReviewOptionsOk, WithoutAReportTheReportsFolderIsNotChecked) {
     OpenAndChoose();
     m_form->chkReportsFolder.Set(false);
     m_form->txtReportsFolder.Set("");
@@ -72,7 +72,7 @@ TEST_F(frmReviewOptions_Ok, WithoutAReportTheReportsFolderIsNotChecked) {
     EXPECT_THAT(m_messages.Messages, IsEmpty());
 }
 
-TEST_F(frmReviewOptions_Ok, AFolderThatTheUserDeclinesToCreateKeepsTheDialogOpen) {
+TEST_F(ReviewOptionsOk, AFolderThatTheUserDeclinesToCreateKeepsTheDialogOpen) {
     OpenAndChoose();
     m_form->chkResultsFolder.Set(false);
     m_form->txtResultsFolder.Set(m_folder.Path("new\\results"));
@@ -97,7 +97,7 @@ TEST_F(frmReviewOptions_Ok, AFolderThatTheUserDeclinesToCreateKeepsTheDialogOpen
     EXPECT_FALSE(modFiles::FolderExists(m_folder.Path("new")));
 }
 
-TEST_F(frmReviewOptions_Ok, AFolderIsCreatedOnRequest) {
+TEST_F(ReviewOptionsOk, AFolderIsCreatedOnRequest) {
     OpenAndChoose();
     m_form->chkReportsFolder.Set(false);
     m_form->optReports.Set(2);
@@ -111,7 +111,7 @@ TEST_F(frmReviewOptions_Ok, AFolderIsCreatedOnRequest) {
     EXPECT_TRUE(modFiles::FolderExists(m_folder.Path("new\\reports")));
 }
 
-TEST_F(frmReviewOptions_Ok, AFolderThatCannotBeCreatedIsRefused) {
+TEST_F(ReviewOptionsOk, AFolderThatCannotBeCreatedIsRefused) {
     OpenAndChoose();
     m_form->chkResultsFolder.Set(false);
     m_form->txtResultsFolder.Set(m_folder.Path("Rules.dvk\\results"));
@@ -127,7 +127,7 @@ TEST_F(frmReviewOptions_Ok, AFolderThatCannotBeCreatedIsRefused) {
             "alternative path."}));
 }
 
-TEST_F(frmReviewOptions_Ok, AReviewWithoutAConventionIsRefusedLast) {
+TEST_F(ReviewOptionsOk, AReviewWithoutAConventionIsRefusedLast) {
     OpenAndChoose();
     m_form->lvwConventions.SetAll(false);
     ExpectRefusal(
@@ -136,7 +136,7 @@ TEST_F(frmReviewOptions_Ok, AReviewWithoutAConventionIsRefusedLast) {
         "lvwConventions");
 }
 
-TEST_F(frmReviewOptions_Ok, OkMovesTheFieldsToTheCriteria) {
+TEST_F(ReviewOptionsOk, OkMovesTheFieldsToTheCriteria) {
     OpenAndChoose();
     m_form->chkBackground.Set(true);
     m_form->chkClearLog.Set(true);
@@ -161,7 +161,7 @@ TEST_F(frmReviewOptions_Ok, OkMovesTheFieldsToTheCriteria) {
     EXPECT_EQ(m_criteria->ReportOption(), 2);
 }
 
-TEST_F(frmReviewOptions_Ok, ABatchTakesItsTitle) {
+TEST_F(ReviewOptionsOk, ABatchTakesItsTitle) {
     MakeBatch();
     OpenAndChoose();
     m_form->txtTitle.Set("Nightly");
@@ -170,7 +170,7 @@ TEST_F(frmReviewOptions_Ok, ABatchTakesItsTitle) {
     EXPECT_FALSE(m_criteria->BackgroundReview());
 }
 
-TEST_F(frmReviewOptions_Ok, AnEmptyToleranceIsNotSetAndZeroIsALimit) {
+TEST_F(ReviewOptionsOk, AnEmptyToleranceIsNotSetAndZeroIsALimit) {
     OpenAndChoose();
     for (std::size_t place = 0; place < 6; ++place) {
         m_form->txtCount[place].Set(std::to_string(place));
@@ -192,7 +192,7 @@ TEST_F(frmReviewOptions_Ok, AnEmptyToleranceIsNotSetAndZeroIsALimit) {
     EXPECT_EQ(m_criteria->ToleranceCyclomaticComplexity(), 0);
 }
 
-TEST_F(frmReviewOptions_Ok, EachConventionSetsItsFlagAlone) {
+TEST_F(ReviewOptionsOk, EachConventionSetsItsFlagAlone) {
     struct Row {
         const char* Key;
         bool (RulebaseLoadCriteria::*Flag)() const;
@@ -215,7 +215,7 @@ TEST_F(frmReviewOptions_Ok, EachConventionSetsItsFlagAlone) {
     EXPECT_FALSE(m_criteria->LoadCriteria().DocumentationConventions());
 }
 
-TEST_F(frmReviewOptions_Ok, UncheckedCategoriesAreExcludedInTheOrderOfTheirFirstExclusion) {
+TEST_F(ReviewOptionsOk, UncheckedCategoriesAreExcludedInTheOrderOfTheirFirstExclusion) {
     OpenAndChoose();
     Uncheck(m_form->lvwCategories, "-1K");
     ASSERT_TRUE(m_form->Ok());
@@ -233,7 +233,7 @@ TEST_F(frmReviewOptions_Ok, UncheckedCategoriesAreExcludedInTheOrderOfTheirFirst
     EXPECT_EQ(criteria.ExcludedCategoryIDCount(), 0);
 }
 
-TEST_F(frmReviewOptions_Ok, UncheckedSeveritiesAreNotTaken) {
+TEST_F(ReviewOptionsOk, UncheckedSeveritiesAreNotTaken) {
     OpenAndChoose();
     Uncheck(m_form->lvwSeverities, "5Key");
     ASSERT_TRUE(m_form->Ok());
@@ -243,7 +243,7 @@ TEST_F(frmReviewOptions_Ok, UncheckedSeveritiesAreNotTaken) {
     EXPECT_THAT(CheckedKeys(m_form->lvwSeverities), ElementsAre("1Key", "2Key", "3Key", "4Key"));
 }
 
-TEST_F(frmReviewOptions_Ok, CancelDropsTheFilesAndChangesNothing) {
+TEST_F(ReviewOptionsOk, CancelDropsTheFilesAndChangesNothing) {
     OpenAndChoose();
     m_form->chkClearLog.Set(true);
     EXPECT_EQ(m_criteria->ProjectList().Item(1)->SourceFiles().Count(), 4);
@@ -255,7 +255,7 @@ TEST_F(frmReviewOptions_Ok, CancelDropsTheFilesAndChangesNothing) {
     EXPECT_EQ(m_criteria->LoadCriteria().RulebaseFile(), "");
 }
 
-TEST_F(frmReviewOptions_Ok, BrowsingFillsTheBoxes) {
+TEST_F(ReviewOptionsOk, BrowsingFillsTheBoxes) {
     Open();
     m_screen.Chosen = m_folder.Path("Rules.dvk");
     m_form->BrowseRulebase();
@@ -276,9 +276,9 @@ TEST_F(frmReviewOptions_Ok, BrowsingFillsTheBoxes) {
 
 // ---- the filter ----
 
-class frmReviewOptions_Filter : public test::ReviewOptionsFixture {
+class FilterOptionsForm : public test::ReviewOptionsFixture {
 protected:
-    frmReviewOptions_Filter() {
+    FilterOptionsForm() {
         m_filter.SetCodingConventions(true);
         m_filter.SetNamingConventions(true);
         m_filter.SetSeverityLevel(1, true);
@@ -299,7 +299,7 @@ protected:
     RulebaseLoadCriteria m_filter;
 };
 
-TEST_F(frmReviewOptions_Filter, HasItsCaptionAndLabels) {
+TEST_F(FilterOptionsForm, HasItsCaptionAndLabels) {
     EXPECT_EQ(m_form->CurrentMode(), frmReviewOptions::Mode::Filter);
     EXPECT_EQ(m_form->Caption.Value(), "Filter Options");
     EXPECT_EQ(m_form->lblConventions.Value(), "Select the conventions to include:");
@@ -307,7 +307,7 @@ TEST_F(frmReviewOptions_Filter, HasItsCaptionAndLabels) {
     EXPECT_EQ(m_form->lblSeverities.Value(), "Select the rule severity levels to include:");
 }
 
-TEST_F(frmReviewOptions_Filter, ShowsTheFilterAndNothingElse) {
+TEST_F(FilterOptionsForm, ShowsTheFilterAndNothingElse) {
     EXPECT_THAT(CheckedKeys(m_form->lvwConventions), ElementsAre("CC", "NC"));
     EXPECT_THAT(CheckedKeys(m_form->lvwCategories), ElementsAre("1K", "-1K"));
     EXPECT_THAT(CheckedKeys(m_form->lvwSeverities), ElementsAre("1Key", "2Key"));
@@ -316,7 +316,7 @@ TEST_F(frmReviewOptions_Filter, ShowsTheFilterAndNothingElse) {
     EXPECT_EQ(m_form->cboRulebase.Value(), "");
 }
 
-TEST_F(frmReviewOptions_Filter, OkNeedsNoRulebaseProjectOrFolder) {
+TEST_F(FilterOptionsForm, OkNeedsNoRulebaseProjectOrFolder) {
     Uncheck(m_form->lvwConventions, "NC");
     Uncheck(m_form->lvwCategories, "-1K");
     m_form->lvwSeverities.SetChecked(4, true);
@@ -331,12 +331,12 @@ TEST_F(frmReviewOptions_Filter, OkNeedsNoRulebaseProjectOrFolder) {
     EXPECT_EQ(m_filter.RulebaseFile(), "");
 }
 
-TEST_F(frmReviewOptions_Filter, OkWithoutAChangeLeavesTheFilterClean) {
+TEST_F(FilterOptionsForm, OkWithoutAChangeLeavesTheFilterClean) {
     ASSERT_TRUE(m_form->Ok());
     EXPECT_FALSE(m_filter.Dirty());
 }
 
-TEST_F(frmReviewOptions_Filter, AFilterWithoutAConventionIsRefused) {
+TEST_F(FilterOptionsForm, AFilterWithoutAConventionIsRefused) {
     m_form->lvwConventions.SetAll(false);
     ExpectRefusal(
         "Please select the conventions to enforce during the review.",
@@ -344,14 +344,14 @@ TEST_F(frmReviewOptions_Filter, AFilterWithoutAConventionIsRefused) {
         "lvwConventions");
 }
 
-TEST_F(frmReviewOptions_Filter, CancelChangesNothing) {
+TEST_F(FilterOptionsForm, CancelChangesNothing) {
     m_form->Reset();
     m_form->Cancel();
     EXPECT_TRUE(m_form->Cancelled());
     EXPECT_FALSE(m_filter.Dirty());
 }
 
-TEST_F(frmReviewOptions_Filter, CtrlTabGoesThroughThePagesOfTheFilter) {
+TEST_F(FilterOptionsForm, CtrlTabGoesThroughThePagesOfTheFilter) {
     std::vector<std::int16_t> pages{m_form->tbsOptions.Shown.Value()};
     for (int step = 0; step < 3; ++step) {
         m_form->NextTab();

@@ -7,18 +7,17 @@ namespace {
 
 using test::CheckedKeys;
 using test::TreeText;
-using test::Uncheck;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
 using Page = test::Page;
 
-class frmReviewOptions_ : public test::ReviewOptionsFixture {};
+class ReviewOptionsForm : public test::ReviewOptionsFixture {};
 
 // ---- opening ----
 
-TEST_F(frmReviewOptions_, TheRulebaseBoxOffersTheInstalledRulebases) {
+TEST_F(ReviewOptionsForm, TheRulebaseBoxOffersTheInstalledRulebases) {
     m_folder.Write("program\\Settings\\Rulebase\\House.dvk", "");
     m_folder.Write("program\\Settings\\Rulebase\\Notes.txt", "");
     Open();
@@ -28,7 +27,7 @@ TEST_F(frmReviewOptions_, TheRulebaseBoxOffersTheInstalledRulebases) {
     EXPECT_EQ(m_form->cboRulebase.Value(), "");
 }
 
-TEST_F(frmReviewOptions_, TheInstalledSampleIsTheDefaultWhereNoRulebaseIsKnown) {
+TEST_F(ReviewOptionsForm, TheInstalledSampleIsTheDefaultWhereNoRulebaseIsKnown) {
     m_folder.Write("program\\Settings\\Rulebase\\Sample.dvk", m_folder.Read("Rules.dvk"));
     Open();
     EXPECT_EQ(
@@ -39,7 +38,7 @@ TEST_F(frmReviewOptions_, TheInstalledSampleIsTheDefaultWhereNoRulebaseIsKnown) 
     EXPECT_EQ(m_form->cboRulebase.Value(), m_folder.Path("Rules.dvk"));
 }
 
-TEST_F(frmReviewOptions_, AtTheFirstOpeningEverythingIsChecked) {
+TEST_F(ReviewOptionsForm, AtTheFirstOpeningEverythingIsChecked) {
     OpenAndChoose();
     EXPECT_THAT(CheckedKeys(m_form->lvwConventions), ElementsAre("AC", "AR", "CC", "NC", "UK"));
     EXPECT_THAT(CheckedKeys(m_form->lvwCategories), ElementsAre("2K", "1K", "-1K")) << "by title";
@@ -50,7 +49,7 @@ TEST_F(frmReviewOptions_, AtTheFirstOpeningEverythingIsChecked) {
         "Demo+(Forms+(frmMain+ frmMdi+) Modules+(modA+) Class Modules+(clsB+))");
 }
 
-TEST_F(frmReviewOptions_, TheConventionsHaveTheirTexts) {
+TEST_F(ReviewOptionsForm, TheConventionsHaveTheirTexts) {
     Open();
     std::vector<std::string> texts;
     for (const CheckItem& item : m_form->lvwConventions.Items()) {
@@ -66,7 +65,7 @@ TEST_F(frmReviewOptions_, TheConventionsHaveTheirTexts) {
             "Unauthorised Keywords"));
 }
 
-TEST_F(frmReviewOptions_, TheCategoriesEndWithTheUnallocatedOne) {
+TEST_F(ReviewOptionsForm, TheCategoriesEndWithTheUnallocatedOne) {
     OpenAndChoose();
     const auto& items = m_form->lvwCategories.Items();
     ASSERT_THAT(items, SizeIs(3));
@@ -79,7 +78,7 @@ TEST_F(frmReviewOptions_, TheCategoriesEndWithTheUnallocatedOne) {
         "Conventions which have not yet been allocated to a specific category.");
 }
 
-TEST_F(frmReviewOptions_, TheSeveritiesAreThoseOfTheRulebase) {
+TEST_F(ReviewOptionsForm, TheSeveritiesAreThoseOfTheRulebase) {
     OpenAndChoose();
     std::vector<std::string> texts;
     for (const CheckItem& item : m_form->lvwSeverities.Items()) {
@@ -88,7 +87,7 @@ TEST_F(frmReviewOptions_, TheSeveritiesAreThoseOfTheRulebase) {
     EXPECT_THAT(texts, ElementsAre("Critical", "High", "Medium", "Low", "Info"));
 }
 
-TEST_F(frmReviewOptions_, AtTheFirstOpeningTheTolerancesAreThoseOfTheRulebase) {
+TEST_F(ReviewOptionsForm, AtTheFirstOpeningTheTolerancesAreThoseOfTheRulebase) {
     OpenAndChoose();
     EXPECT_EQ(m_form->txtCount[0].Value(), "0");
     EXPECT_EQ(m_form->txtCount[1].Value(), "");
@@ -98,7 +97,7 @@ TEST_F(frmReviewOptions_, AtTheFirstOpeningTheTolerancesAreThoseOfTheRulebase) {
     EXPECT_EQ(m_form->txtComplexity.Value(), "");
 }
 
-TEST_F(frmReviewOptions_, LaterTheTolerancesAreThoseOfTheCriteria) {
+TEST_F(ReviewOptionsForm, LaterTheTolerancesAreThoseOfTheCriteria) {
     OpenAndChoose();
     m_form->txtCount[0].Set("");
     m_form->txtCount[5].Set("7");
@@ -112,7 +111,7 @@ TEST_F(frmReviewOptions_, LaterTheTolerancesAreThoseOfTheCriteria) {
     EXPECT_EQ(m_form->txtCount[5].Value(), "7");
 }
 
-TEST_F(frmReviewOptions_, AMissingRulebaseHasNoCategoriesOfItsOwn) {
+TEST_F(ReviewOptionsForm, AMissingRulebaseHasNoCategoriesOfItsOwn) {
     OpenAndChoose();
     m_form->cboRulebase.Set(m_folder.Path("none.dvk"));
     EXPECT_THAT(CheckedKeys(m_form->lvwCategories), ElementsAre("-1K"));
@@ -120,7 +119,7 @@ TEST_F(frmReviewOptions_, AMissingRulebaseHasNoCategoriesOfItsOwn) {
     EXPECT_THAT(m_messages.Messages, IsEmpty());
 }
 
-TEST_F(frmReviewOptions_, ReviewModeHasItsCaptionAndAllPages) {
+TEST_F(ReviewOptionsForm, ReviewModeHasItsCaptionAndAllPages) {
     Open();
     EXPECT_EQ(m_form->Caption.Value(), "Review Options");
     EXPECT_EQ(m_form->CurrentMode(), frmReviewOptions::Mode::Review);
@@ -130,7 +129,7 @@ TEST_F(frmReviewOptions_, ReviewModeHasItsCaptionAndAllPages) {
     EXPECT_EQ(m_form->tbsOptions.Shown.Value(), 1);
 }
 
-TEST_F(frmReviewOptions_, TheOtherFieldsShowTheCriteria) {
+TEST_F(ReviewOptionsForm, TheOtherFieldsShowTheCriteria) {
     m_criteria->SetBackgroundReview(true);
     m_criteria->SetClearLogBeforeReview(true);
     m_criteria->SetUseProjectFolderResults(false);
@@ -149,7 +148,7 @@ TEST_F(frmReviewOptions_, TheOtherFieldsShowTheCriteria) {
     EXPECT_FALSE(m_form->TitleIsOffered.Value());
 }
 
-TEST_F(frmReviewOptions_, ABatchHasATitleNoFilesAndNoBackground) {
+TEST_F(ReviewOptionsForm, ABatchHasATitleNoFilesAndNoBackground) {
     MakeBatch();
     m_criteria->SetBatchTitle("Nightly");
     Open();
@@ -162,7 +161,7 @@ TEST_F(frmReviewOptions_, ABatchHasATitleNoFilesAndNoBackground) {
 
 // ---- the tree ----
 
-TEST_F(frmReviewOptions_, TheNodesTellTheirKindAndHaveIcons) {
+TEST_F(ReviewOptionsForm, TheNodesTellTheirKindAndHaveIcons) {
     Open();
     std::vector<std::string> nodes;
     for (const CheckNode* const node : m_form->tvwProjects.Nodes()) {
@@ -181,7 +180,7 @@ TEST_F(frmReviewOptions_, TheNodesTellTheirKindAndHaveIcons) {
             "SourceFileNode Class"));
 }
 
-TEST_F(frmReviewOptions_, AllSevenTypesHaveANodeInTheirOrder) {
+TEST_F(ReviewOptionsForm, AllSevenTypesHaveANodeInTheirOrder) {
     Write(
         "Demo\\Demo.vbp",
         "Type=Exe\nUserDocument=d.dob\nUserControl=c.ctl\nPropertyPage=p.pag\nDesigner=x.dsr\n"
@@ -208,7 +207,7 @@ TEST_F(frmReviewOptions_, AllSevenTypesHaveANodeInTheirOrder) {
             "User Documents UserDocument"));
 }
 
-TEST_F(frmReviewOptions_, AProjectThatCannotBeReadHasNoFiles) {
+TEST_F(ReviewOptionsForm, AProjectThatCannotBeReadHasNoFiles) {
     AddProject("Gone", "Gone.vbp");
     Open();
     EXPECT_EQ(
@@ -216,7 +215,7 @@ TEST_F(frmReviewOptions_, AProjectThatCannotBeReadHasNoFiles) {
         "Demo+(Forms+(frmMain+ frmMdi+) Modules+(modA+) Class Modules+(clsB+)) Gone+");
 }
 
-TEST_F(frmReviewOptions_, ACheckReachesTheNodesBelowAndAbove) {
+TEST_F(ReviewOptionsForm, ACheckReachesTheNodesBelowAndAbove) {
     Open();
     CheckTree& tree = m_form->tvwProjects;
     tree.Check(*m_form->Projects().FindProjectNode("demo"), false);
@@ -237,7 +236,7 @@ TEST_F(frmReviewOptions_, ACheckReachesTheNodesBelowAndAbove) {
         "Demo-(Forms-(frmMain- frmMdi-) Modules-(modA-) Class Modules-(clsB-))");
 }
 
-TEST_F(frmReviewOptions_, AParentStaysCheckedAsLongAsAChildIs) {
+TEST_F(ReviewOptionsForm, AParentStaysCheckedAsLongAsAChildIs) {
     Open();
     m_form->tvwProjects.Check(*m_form->Projects().FindSourceFileNode("Demo", "frmMain"), false);
     EXPECT_EQ(
@@ -245,7 +244,7 @@ TEST_F(frmReviewOptions_, AParentStaysCheckedAsLongAsAChildIs) {
         "Demo+(Forms+(frmMain- frmMdi+) Modules+(modA+) Class Modules+(clsB+))");
 }
 
-TEST_F(frmReviewOptions_, TheSelectedFilesAreRememberedForTheNextTime) {
+TEST_F(ReviewOptionsForm, TheSelectedFilesAreRememberedForTheNextTime) {
     OpenAndChoose();
     m_form->tvwProjects.Check(*m_form->Projects().FindSourceFileNode("Demo", "modA"), false);
     ASSERT_TRUE(m_form->Ok());
@@ -266,7 +265,7 @@ TEST_F(frmReviewOptions_, TheSelectedFilesAreRememberedForTheNextTime) {
     EXPECT_EQ(m_criteria->PreviouslySelectedFiles().Item("Demo")->Count(), 4);
 }
 
-TEST_F(frmReviewOptions_, AProjectWithoutACheckIsNotSelected) {
+TEST_F(ReviewOptionsForm, AProjectWithoutACheckIsNotSelected) {
     Write("Demo\\Second.vbp", "Type=Exe\nModule=modA; modA.bas\nName=\"Second\"\n");
     AddProject("Second", "Demo\\Second.vbp");
     OpenAndChoose();
@@ -280,7 +279,7 @@ TEST_F(frmReviewOptions_, AProjectWithoutACheckIsNotSelected) {
     EXPECT_FALSE(m_form->Projects().FindProjectNode("Second")->Checked);
 }
 
-TEST_F(frmReviewOptions_, SelectAllOrNoneActsOnThePageInFront) {
+TEST_F(ReviewOptionsForm, SelectAllOrNoneActsOnThePageInFront) {
     OpenAndChoose();
     m_form->SelectAllOrNone(false);
     EXPECT_EQ(
@@ -303,7 +302,7 @@ TEST_F(frmReviewOptions_, SelectAllOrNoneActsOnThePageInFront) {
     EXPECT_THAT(CheckedKeys(m_form->lvwSeverities), SizeIs(5));
 }
 
-TEST_F(frmReviewOptions_, ResetChecksTheThreeLists) {
+TEST_F(ReviewOptionsForm, ResetChecksTheThreeLists) {
     OpenAndChoose();
     for (CheckList* const list :
          {&m_form->lvwConventions, &m_form->lvwCategories, &m_form->lvwSeverities}) {
@@ -315,7 +314,7 @@ TEST_F(frmReviewOptions_, ResetChecksTheThreeLists) {
     EXPECT_THAT(CheckedKeys(m_form->lvwSeverities), SizeIs(5));
 }
 
-TEST_F(frmReviewOptions_, AProjectThatCouldNotBeReadHasNoSelectionToRemember) {
+TEST_F(ReviewOptionsForm, AProjectThatCouldNotBeReadHasNoSelectionToRemember) {
     AddProject("Late", "Demo\\Late.vbp");
     OpenAndChoose();
     ASSERT_TRUE(m_form->Ok());

@@ -10,9 +10,9 @@ using test::RowsOf;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 
-class frmReviewSummary_ : public test::SummaryFixture {};
+class SummaryPagesForm : public test::SummaryFixture {};
 
-TEST_F(frmReviewSummary_, OpensWithItsCaptionItsFirstPageAndItsPlace) {
+TEST_F(SummaryPagesForm, OpensWithItsCaptionItsFirstPageAndItsPlace) {
     WriteReview();
     Settings().RVDTop = 11;
     Settings().RVDLeft = 12;
@@ -27,7 +27,7 @@ TEST_F(frmReviewSummary_, OpensWithItsCaptionItsFirstPageAndItsPlace) {
     EXPECT_EQ(m_form->Position.Height, 1400);
 }
 
-TEST_F(frmReviewSummary_, ThePageOfTheSummary) {
+TEST_F(SummaryPagesForm, ThePageOfTheSummary) {
     WriteReview();
     Open();
     EXPECT_THAT(ColumnsOf(m_form->lvwReview), ElementsAre("Item", "Value"));
@@ -74,7 +74,7 @@ TEST_F(frmReviewSummary_, ThePageOfTheSummary) {
     EXPECT_THAT(RowsOf(m_form->lvwReview), ElementsAreArray(expected));
 }
 
-TEST_F(frmReviewSummary_, AVerdictIsShownWhereTolerancesAreSet) {
+TEST_F(SummaryPagesForm, AVerdictIsShownWhereTolerancesAreSet) {
     m_criteria.SetToleranceCount(1, 1);
     WriteReview();
     Open();
@@ -86,7 +86,7 @@ TEST_F(frmReviewSummary_, AVerdictIsShownWhereTolerancesAreSet) {
     EXPECT_EQ(rows[13], "ViolationCounts||*Violation Count Statistics|");
 }
 
-TEST_F(frmReviewSummary_, TheFailuresFollowTheFigures) {
+TEST_F(SummaryPagesForm, TheFailuresFollowTheFigures) {
     m_criteria.SetToleranceCount(1, 0);
     m_criteria.SetTolerancePercentageComments(90);
     WriteReview();
@@ -104,7 +104,7 @@ TEST_F(frmReviewSummary_, TheFailuresFollowTheFigures) {
             "ViolationCounts||*Violation Count Statistics|"));
 }
 
-TEST_F(frmReviewSummary_, FailuresOfATotalAreListedWithoutAVerdict) {
+TEST_F(SummaryPagesForm, FailuresOfATotalAreListedWithoutAVerdict) {
     m_criteria.SetToleranceCount(6, 0);
     WriteReview();
     Open();
@@ -115,7 +115,7 @@ TEST_F(frmReviewSummary_, FailuresOfATotalAreListedWithoutAVerdict) {
     EXPECT_THAT(PageRows(7), ElementsAre("||No Tolerances Set|"));
 }
 
-TEST_F(frmReviewSummary_, AProjectWithoutLinesHasARatioOf0And0PercentComments) {
+TEST_F(SummaryPagesForm, AProjectWithoutLinesHasARatioOf0And0PercentComments) {
     Start();
     const auto project = SetUpProject();
     CountViolations(*project, {3, 0, 0, 0, 0}, {3, 0, 0, 0, 0});
@@ -134,7 +134,7 @@ TEST_F(frmReviewSummary_, AProjectWithoutLinesHasARatioOf0And0PercentComments) {
     EXPECT_EQ(rows[34], "InlineCommentLine||In-line Comment Lines|0 (0.00%)");
 }
 
-TEST_F(frmReviewSummary_, MdiFormsAreCountedAmongTheForms) {
+TEST_F(SummaryPagesForm, MdiFormsAreCountedAmongTheForms) {
     Start();
     const auto project = SetUpProject();
     Finish(*project);
@@ -162,7 +162,7 @@ TEST_F(frmReviewSummary_, MdiFormsAreCountedAmongTheForms) {
             "Total||*Total Source Files|*8"));
 }
 
-TEST_F(frmReviewSummary_, ThePageOfTheCriteria) {
+TEST_F(SummaryPagesForm, ThePageOfTheCriteria) {
     WriteReview();
     Open();
     const std::vector<std::string> expected{
@@ -197,7 +197,7 @@ TEST_F(frmReviewSummary_, ThePageOfTheCriteria) {
     EXPECT_THAT(ColumnsOf(m_form->lvwReview), ElementsAre("Item", "Value"));
 }
 
-TEST_F(frmReviewSummary_, TheTolerancesThatAreSetAreAmongTheCriteria) {
+TEST_F(SummaryPagesForm, TheTolerancesThatAreSetAreAmongTheCriteria) {
     m_criteria.SetToleranceCount(1, 0);
     m_criteria.SetToleranceCount(6, 40);
     m_criteria.SetToleranceImpact(3, 3000);
@@ -220,7 +220,7 @@ TEST_F(frmReviewSummary_, TheTolerancesThatAreSetAreAmongTheCriteria) {
             "|||"));
 }
 
-TEST_F(frmReviewSummary_, ThePageOfTheViolations) {
+TEST_F(SummaryPagesForm, ThePageOfTheViolations) {
     WriteReview();
     Open();
     EXPECT_THAT(
@@ -235,7 +235,7 @@ TEST_F(frmReviewSummary_, ThePageOfTheViolations) {
             "Source File", ">Critical", ">High", ">Medium", ">Low", ">Information", ">Total"));
 }
 
-TEST_F(frmReviewSummary_, ThePageOfTheImpacts) {
+TEST_F(SummaryPagesForm, ThePageOfTheImpacts) {
     WriteReview();
     Open();
     EXPECT_THAT(
@@ -246,7 +246,7 @@ TEST_F(frmReviewSummary_, ThePageOfTheImpacts) {
             "Module||modA (modA.bas)|0|1,500|0|0|0|1,500"));
 }
 
-TEST_F(frmReviewSummary_, ThePageOfTheLineCounts) {
+TEST_F(SummaryPagesForm, ThePageOfTheLineCounts) {
     WriteReview();
     Open();
     EXPECT_THAT(
@@ -261,7 +261,7 @@ TEST_F(frmReviewSummary_, ThePageOfTheLineCounts) {
             "Source File", ">Code", ">Comment Only", ">In-line Comment", ">Blank", ">Total"));
 }
 
-TEST_F(frmReviewSummary_, FilesAreInTheOrderOfTheSettingsAndNoneIsHidden) {
+TEST_F(SummaryPagesForm, FilesAreInTheOrderOfTheSettingsAndNoneIsHidden) {
     Settings().RVFileShowZeroItems = false;
     Settings().RVFileSortAscending = false;
     m_results.SetFileSortAscending(false);
@@ -272,14 +272,14 @@ TEST_F(frmReviewSummary_, FilesAreInTheOrderOfTheSettingsAndNoneIsHidden) {
         FirstCells(), ElementsAre("modA (modA.bas)", "frmB (frmB.frm)", "Billing (Billing.vbp)"));
 }
 
-TEST_F(frmReviewSummary_, WithoutTolerancesThePageOfTheVerdictsHasOneRow) {
+TEST_F(SummaryPagesForm, WithoutTolerancesThePageOfTheVerdictsHasOneRow) {
     WriteReview();
     Open();
     EXPECT_THAT(PageRows(7), ElementsAre("||No Tolerances Set|"));
     EXPECT_THAT(ColumnsOf(m_form->lvwReview), ElementsAre("Source File", "Verdict"));
 }
 
-TEST_F(frmReviewSummary_, ThePageOfTheVerdicts) {
+TEST_F(SummaryPagesForm, ThePageOfTheVerdicts) {
     m_criteria.SetToleranceCount(1, 0);
     WriteReview();
     Open();

@@ -11,11 +11,11 @@ using test::RowsOf;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class frmReviewSummary_Use : public test::SummaryFixture {};
+class ReviewSummaryUse : public test::SummaryFixture {};
 
 // ---- complexities ----
 
-TEST_F(frmReviewSummary_Use, ThePageOfTheComplexitiesBeginsWithAllFiles) {
+TEST_F(ReviewSummaryUse, ThePageOfTheComplexitiesBeginsWithAllFiles) {
     WriteReview();
     Open();
     EXPECT_FALSE(m_form->SourceFilesVisible.Value());
@@ -26,14 +26,14 @@ TEST_F(frmReviewSummary_Use, ThePageOfTheComplexitiesBeginsWithAllFiles) {
             "Module|2|modA (modA.bas)|12|Difficult|Moderately easy|Moderate risk"));
     EXPECT_THAT(
         ColumnsOf(m_form->lvwReview),
-        ElementsAre("Source File", ">Complexity", "Test", "Understand", "Modify"));
+        ElementsAre("Source File SortAscending", ">Complexity", "Test", "Understand", "Modify"));
     EXPECT_TRUE(m_form->SourceFilesVisible.Value());
     EXPECT_EQ(m_form->lvwReview.SelectedIndex(), 0U);
     m_form->SwitchTab(6);
     EXPECT_FALSE(m_form->SourceFilesVisible.Value());
 }
 
-TEST_F(frmReviewSummary_Use, AFileWithoutAProcedureIsMissingFromTheBox) {
+TEST_F(ReviewSummaryUse, AFileWithoutAProcedureIsMissingFromTheBox) {
     WriteReview();
     Open();
     EXPECT_EQ(m_form->cboSourceFiles.Count(), 0U);
@@ -46,7 +46,7 @@ TEST_F(frmReviewSummary_Use, AFileWithoutAProcedureIsMissingFromTheBox) {
     EXPECT_EQ(m_form->cboSourceFiles.SelectedItem()->Key, "~AllItems~");
 }
 
-TEST_F(frmReviewSummary_Use, OneFileShowsItsProceduresWithoutSections) {
+TEST_F(ReviewSummaryUse, OneFileShowsItsProceduresWithoutSections) {
     WriteReview();
     Open();
     m_form->SwitchTab(5);
@@ -65,7 +65,7 @@ TEST_F(frmReviewSummary_Use, OneFileShowsItsProceduresWithoutSections) {
     EXPECT_THAT(m_form->lvwReview.Row(0).Key, "3");
 }
 
-TEST_F(frmReviewSummary_Use, ADoubleClickGoesFromAFileToItsProcedures) {
+TEST_F(ReviewSummaryUse, ADoubleClickGoesFromAFileToItsProcedures) {
     WriteReview();
     Open();
     m_form->SwitchTab(5);
@@ -81,7 +81,7 @@ TEST_F(frmReviewSummary_Use, ADoubleClickGoesFromAFileToItsProcedures) {
     EXPECT_EQ(m_form->lvwReview.Count(), 3U);
 }
 
-TEST_F(frmReviewSummary_Use, TheChosenFileStaysWhenThePageIsLeft) {
+TEST_F(ReviewSummaryUse, TheChosenFileStaysWhenThePageIsLeft) {
     WriteReview();
     Open();
     m_form->SwitchTab(5);
@@ -95,7 +95,7 @@ TEST_F(frmReviewSummary_Use, TheChosenFileStaysWhenThePageIsLeft) {
 
 // ---- sorting ----
 
-TEST_F(frmReviewSummary_Use, AColumnClickOnTheFirstPageDoesNothing) {
+TEST_F(ReviewSummaryUse, AColumnClickOnTheFirstPageDoesNothing) {
     WriteReview();
     Open();
     const std::vector<std::string> before = RowsOf(m_form->lvwReview);
@@ -104,7 +104,7 @@ TEST_F(frmReviewSummary_Use, AColumnClickOnTheFirstPageDoesNothing) {
     EXPECT_THAT(ColumnsOf(m_form->lvwReview), ElementsAre("Item", "Value"));
 }
 
-TEST_F(frmReviewSummary_Use, AColumnClickSortsByTextAndASecondOneSwapsTheOrder) {
+TEST_F(ReviewSummaryUse, AColumnClickSortsByTextAndASecondOneSwapsTheOrder) {
     WriteReview();
     Open();
     m_form->SwitchTab(3);
@@ -126,7 +126,27 @@ TEST_F(frmReviewSummary_Use, AColumnClickSortsByTextAndASecondOneSwapsTheOrder) 
     EXPECT_EQ(FirstCells()[0], "Billing (Billing.vbp)");
 }
 
-TEST_F(frmReviewSummary_Use, PagesWithAsManyColumnsShareTheirOrder) {
+TEST_F(ReviewSummaryUse, TheFirstColumnIsTheSortedOneAtFirst) {
+    WriteReview();
+    Settings().RVFileSortAscending = false;
+    m_results.SetFileSortAscending(false);
+    Open();
+    m_form->SwitchTab(3);
+    EXPECT_EQ(FirstCells()[0], "modA (modA.bas)") << "in the order of reading";
+    EXPECT_EQ(ColumnsOf(m_form->lvwReview)[0], "Source File");
+    m_form->lvwReview.ClickColumn(0);
+    EXPECT_EQ(ColumnsOf(m_form->lvwReview)[0], "Source File SortDescending");
+    EXPECT_EQ(Settings().RDT2SortOrder, 1);
+    m_form->lvwReview.ClickColumn(0);
+    EXPECT_EQ(ColumnsOf(m_form->lvwReview)[0], "Source File SortAscending");
+    EXPECT_EQ(FirstCells()[0], "Billing (Billing.vbp)");
+    EXPECT_EQ(Settings().RDT2SortCol, 0);
+    EXPECT_EQ(Settings().RDT2SortOrder, 0);
+    m_form->SwitchTab(4);
+    EXPECT_EQ(FirstCells()[0], "modA (modA.bas)") << "in the order of reading again";
+}
+
+TEST_F(ReviewSummaryUse, PagesWithAsManyColumnsShareTheirOrder) {
     WriteReview();
     Open();
     m_form->SwitchTab(3);
@@ -139,7 +159,7 @@ TEST_F(frmReviewSummary_Use, PagesWithAsManyColumnsShareTheirOrder) {
     EXPECT_THAT(ColumnsOf(m_form->lvwReview)[1], ">Code");
 }
 
-TEST_F(frmReviewSummary_Use, EachPageWithAnOrderHasItsOwnSettings) {
+TEST_F(ReviewSummaryUse, EachPageWithAnOrderHasItsOwnSettings) {
     WriteReview();
     Settings().RDT4SortCol = 1;
     Settings().RDT5SortCol = 1;
@@ -159,10 +179,12 @@ TEST_F(frmReviewSummary_Use, EachPageWithAnOrderHasItsOwnSettings) {
     EXPECT_EQ(FirstCells()[0], "modA (modA.bas)");
 }
 
-TEST_F(frmReviewSummary_Use, OnThePagesOfItemsTheOrderIsNotKept) {
+TEST_F(ReviewSummaryUse, OnThePagesOfItemsTheOrderIsNotKept) {
     WriteReview();
     Open();
     m_form->SwitchTab(2);
+    m_form->lvwReview.ClickColumn(1);
+    EXPECT_THAT(ColumnsOf(m_form->lvwReview), ElementsAre("Item", "Value SortAscending"));
     m_form->lvwReview.ClickColumn(0);
     EXPECT_EQ(FirstCells()[0], "");
     EXPECT_THAT(ColumnsOf(m_form->lvwReview), ElementsAre("Item SortAscending", "Value"));
@@ -174,7 +196,7 @@ TEST_F(frmReviewSummary_Use, OnThePagesOfItemsTheOrderIsNotKept) {
 
 // ---- tabs and widths ----
 
-TEST_F(frmReviewSummary_Use, TheShownTabIsNotFilledAgain) {
+TEST_F(ReviewSummaryUse, TheShownTabIsNotFilledAgain) {
     WriteReview();
     Open();
     m_form->lvwReview.Clear();
@@ -182,7 +204,7 @@ TEST_F(frmReviewSummary_Use, TheShownTabIsNotFilledAgain) {
     EXPECT_EQ(m_form->lvwReview.Count(), 0U);
 }
 
-TEST_F(frmReviewSummary_Use, CtrlTabGoesFromTheLastTabToTheFirst) {
+TEST_F(ReviewSummaryUse, CtrlTabGoesFromTheLastTabToTheFirst) {
     WriteReview();
     Open();
     std::vector<std::int16_t> tabs;
@@ -193,7 +215,7 @@ TEST_F(frmReviewSummary_Use, CtrlTabGoesFromTheLastTabToTheFirst) {
     EXPECT_THAT(tabs, ElementsAre(2, 3, 4, 5, 6, 7, 1));
 }
 
-TEST_F(frmReviewSummary_Use, ColumnWidthsAreThoseOfTheSettingsByPage) {
+TEST_F(ReviewSummaryUse, ColumnWidthsAreThoseOfTheSettingsByPage) {
     WriteReview();
     Settings().RDT1ColWidth.SetItem(1, 0.11);
     Settings().RDT6ColWidth.SetItem(1, 0.12);
@@ -210,7 +232,7 @@ TEST_F(frmReviewSummary_Use, ColumnWidthsAreThoseOfTheSettingsByPage) {
     EXPECT_THAT(widths, ElementsAre(0.11, 0.12, 0.13, 0.13, 0.15, 0.16, 0.17));
 }
 
-TEST_F(frmReviewSummary_Use, LeavingAPageAndClosingSaveItsWidths) {
+TEST_F(ReviewSummaryUse, LeavingAPageAndClosingSaveItsWidths) {
     WriteReview();
     Open();
     m_form->SwitchTab(3);
@@ -228,7 +250,7 @@ TEST_F(frmReviewSummary_Use, LeavingAPageAndClosingSaveItsWidths) {
     EXPECT_THAT(m_screen.Calls, ElementsAre("hide summary"));
 }
 
-TEST_F(frmReviewSummary_Use, ResetPutsTheWidthsOfThePageBack) {
+TEST_F(ReviewSummaryUse, ResetPutsTheWidthsOfThePageBack) {
     WriteReview();
     Settings().RDT4ColWidth.SetItem(5, 0.9);
     Open();
@@ -241,7 +263,7 @@ TEST_F(frmReviewSummary_Use, ResetPutsTheWidthsOfThePageBack) {
 
 // ---- buttons ----
 
-TEST_F(frmReviewSummary_Use, TheButtonsAreEnabledWhereTheirFilesAre) {
+TEST_F(ReviewSummaryUse, TheButtonsAreEnabledWhereTheirFilesAre) {
     WriteReview();
     const std::string log = m_folder.Write("log.txt", "x");
     const std::string report = m_folder.Write("report.html", "x");
@@ -256,7 +278,7 @@ TEST_F(frmReviewSummary_Use, TheButtonsAreEnabledWhereTheirFilesAre) {
         enabled(m_folder.Path("no.txt"), m_folder.Path("no.html")), ElementsAre(false, false));
 }
 
-TEST_F(frmReviewSummary_Use, TheButtonsOpenTheirFiles) {
+TEST_F(ReviewSummaryUse, TheButtonsOpenTheirFiles) {
     WriteReview();
     const std::string log = m_folder.Write("log.txt", "x");
     const std::string report = m_folder.Write("report.html", "x");
@@ -269,7 +291,7 @@ TEST_F(frmReviewSummary_Use, TheButtonsOpenTheirFiles) {
         m_screen.Calls, ElementsAre("open " + log, "open " + report, "choose for " + report));
 }
 
-TEST_F(frmReviewSummary_Use, DisabledButtonsOpenNothing) {
+TEST_F(ReviewSummaryUse, DisabledButtonsOpenNothing) {
     WriteReview();
     frmReviewSummary form(m_screen);
     form.Initialise(m_results, "", "");

@@ -28,7 +28,7 @@ std::string CompactText(const rapidjson::Value& value) {
     return buffer.GetString();
 }
 
-class DialogDump_ : public test::ReviewedFiles {
+class DialogDumps : public test::ReviewedFiles {
 protected:
     void Queue(std::vector<Words> commands) {
         for (Words& words : commands) {
@@ -52,7 +52,7 @@ protected:
     int m_line = 0;
 };
 
-TEST_F(DialogDump_, EveryFieldOfTheReviewOptionsCanBeSet) {
+TEST_F(DialogDumps, EveryFieldOfTheReviewOptionsCanBeSet) {
     frmReviewOptions form(m_screen);
     form.ReviewOptions(m_criteria);
     Queue({
@@ -102,7 +102,7 @@ TEST_F(DialogDump_, EveryFieldOfTheReviewOptionsCanBeSet) {
     EXPECT_EQ(m_criteria->ToleranceCyclomaticComplexity(), 20);
 }
 
-TEST_F(DialogDump_, ADialogWithoutAnEndIsCancelled) {
+TEST_F(DialogDumps, ADialogWithoutAnEndIsCancelled) {
     frmReviewOptions form(m_screen);
     form.ReviewOptions(m_criteria);
     Queue({{"clear-log", "on"}});
@@ -111,7 +111,7 @@ TEST_F(DialogDump_, ADialogWithoutAnEndIsCancelled) {
     EXPECT_TRUE(form.Cancelled());
 }
 
-TEST_F(DialogDump_, ARefusedOkLeavesTheDialogOpenForTheNextFields) {
+TEST_F(DialogDumps, ARefusedOkLeavesTheDialogOpenForTheNextFields) {
     frmReviewOptions form(m_screen);
     form.ReviewOptions(m_criteria);
     Queue({
@@ -129,7 +129,7 @@ TEST_F(DialogDump_, ARefusedOkLeavesTheDialogOpenForTheNextFields) {
     EXPECT_THAT(m_queue, SizeIs(1)) << "left for the next dialog";
 }
 
-TEST_F(DialogDump_, WhatADialogDoesNotHaveIsRefused) {
+TEST_F(DialogDumps, WhatADialogDoesNotHaveIsRefused) {
     frmReviewOptions form(m_screen);
     form.ReviewOptions(m_criteria);
     Queue({
@@ -145,7 +145,7 @@ TEST_F(DialogDump_, WhatADialogDoesNotHaveIsRefused) {
     EXPECT_THAT(RefusedLines(Play(m_queue, form)), ElementsAre(1, 2, 3, 4, 5, 6, 7, 8));
 }
 
-TEST_F(DialogDump_, ABatchTakesATitleAndNoBackground) {
+TEST_F(DialogDumps, ABatchTakesATitleAndNoBackground) {
     m_criteria->SetReviewType(ReviewType_Batch);
     frmReviewOptions form(m_screen);
     form.ReviewOptions(m_criteria);
@@ -158,7 +158,7 @@ TEST_F(DialogDump_, ABatchTakesATitleAndNoBackground) {
     EXPECT_EQ(m_criteria->BatchTitle(), "Nightly");
 }
 
-TEST_F(DialogDump_, TheFilterHasOnlyItsThreeLists) {
+TEST_F(DialogDumps, TheFilterHasOnlyItsThreeLists) {
     RulebaseLoadCriteria filter;
     filter.SetCodingConventions(true);
     frmReviewOptions form(m_screen);
@@ -177,7 +177,7 @@ TEST_F(DialogDump_, TheFilterHasOnlyItsThreeLists) {
     EXPECT_TRUE(filter.IsExcludedCategoryID(-1));
 }
 
-TEST_F(DialogDump_, EveryControlOfTheOptionsCanBeSet) {
+TEST_F(DialogDumps, EveryControlOfTheOptionsCanBeSet) {
     frmOptions form(m_screen);
     Queue({
         {"set", "chkShowWorkbench", "off"},
@@ -223,7 +223,7 @@ TEST_F(DialogDump_, EveryControlOfTheOptionsCanBeSet) {
     EXPECT_EQ(Settings().RBDocPath, m_folder.Path("doc.html"));
 }
 
-TEST_F(DialogDump_, TheOptionsRefuseWhatTheyCannotTake) {
+TEST_F(DialogDumps, TheOptionsRefuseWhatTheyCannotTake) {
     frmOptions form(m_screen);
     Queue({
         {"set", "txtResultsFolder", "x"},
@@ -280,7 +280,7 @@ TEST(DialogCommands, OnlyCommandsOfTheSummaryAreUnderstood) {
     }
 }
 
-TEST_F(DialogDump_, TheReviewOptionsAreDumpedWithEveryField) {
+TEST_F(DialogDumps, TheReviewOptionsAreDumpedWithEveryField) {
     m_criteria->SetFixedFolderResults("\\results");
     frmReviewOptions form(m_screen);
     form.ReviewOptions(m_criteria);
@@ -310,7 +310,7 @@ TEST_F(DialogDump_, TheReviewOptionsAreDumpedWithEveryField) {
         R"j({"tag":"SourceFileNode","text":"clsB","image":"Class","checked":true,"items":[]}]}]}]})j");
 }
 
-TEST_F(DialogDump_, TheProgressIsDumpedAlsoBeforeThereIsOne) {
+TEST_F(DialogDumps, TheProgressIsDumpedAlsoBeforeThereIsOne) {
     const std::string none =
         R"j({"dump":"progress","caption":"","action":"","project":"","projectName":"","file":"",)j"
         R"j("fileName":"","projectBar":0,"fileBar":0,"complete":"","message":"","visible":false})j";
@@ -335,7 +335,7 @@ TEST_F(DialogDump_, TheProgressIsDumpedAlsoBeforeThereIsOne) {
 }
 
 /// With the results of the project reviewed.
-class SummaryDump : public DialogDump_ {
+class SummaryDump : public DialogDumps {
 protected:
     void SetUp() override {
         ChooseEverything();

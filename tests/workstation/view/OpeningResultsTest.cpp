@@ -5,7 +5,6 @@
 namespace dorvik {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 class OpeningResults : public test::WorkbenchFixture {

@@ -6,7 +6,6 @@ namespace dorvik {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 class ResultsCommands : public test::WorkbenchFixture {
 protected:

@@ -4,7 +4,6 @@ namespace dorvik {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 class SourceBoxes : public test::WorkbenchFixture {
 protected:

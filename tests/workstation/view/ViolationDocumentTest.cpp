@@ -4,8 +4,6 @@
 namespace dorvik {
 namespace {
 
-using testing::IsEmpty;
-
 class ViolationDocument : public test::WorkbenchFixture {
 protected:
     void SetUp() override { OpenBench(); }

@@ -44,7 +44,8 @@ struct GridGroupRow {
 /// Columns are numbered from 1, rows from 0 in the order shown, group rows among them. Of the rows one or none is current.
 /// `Choose...`, `Check` and `DoubleClick` are what the user does, as is `SetCurrentRow`, which is the program's too.
 ///
-/// What fails is reported by `Failed` and leaves the grid without rows, or the value empty; nothing is raised.
+/// What fails is reported by `Failed`, and nothing is raised: the grid has no rows then, or keeps their order, or the
+/// value is empty.
 class Grid {
 public:
     /// Gives the text of a group row, from the text of its value ("(none)" for an empty one).

@@ -74,11 +74,13 @@ public:
     Observable<bool> ViewReportEnabled;
 
 private:
-    /// The column by which the page in front is sorted; without one the rows are in the order of the filler.
+    /// The column by which the page in front is sorted, the first one at first. Ascending by the first column, rows are in
+    /// the order in which they were read, until the user clicks a heading.
     struct SortState {
-        bool IsSorted = false;
         std::int16_t Column = 0;  // from 0
         bool Ascending = true;
+
+        bool IsOrderOfReading() const { return Column == 0 && Ascending; }
     };
 
     void Form_Load();
@@ -86,7 +88,8 @@ private:
     void FillPage(std::int16_t tab);
     void FillComplexityPage();
     void SaveListViewColumnData();
-    void ApplySortState();
+    void SortRows();
+    void SortFilledRows();
     void ShowSortIcon();
     void PopulateSourceFilesCombo();
     void PopulateComplexitySummary(std::int32_t sourceId);

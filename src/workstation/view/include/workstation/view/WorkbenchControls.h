@@ -8,12 +8,18 @@
 #include "workstation/controls/Splitter.h"
 #include "workstation/view/ViolationColumn.h"
 
+#include <cstdint>
 #include <string>
 
 namespace dorvik {
 
 /// What the work bench shows. The document of the work bench owns it, and `ResultsView` fills it.
 struct WorkbenchControls {
+    // The placeholder, in twips: how far inside the left edge of the list, how much narrower than it, and how high.
+    static constexpr std::int32_t kPlaceholderIndent = 45;
+    static constexpr std::int32_t kPlaceholderNarrower = 90;
+    static constexpr std::int32_t kPlaceholderHeight = 940;
+
     ComboBox Files;
     ComboBox Procedures;
     Grid List{ViolationColumns()};
