@@ -56,10 +56,10 @@ void ShownResults::ReadSortFields() {
         return;
     }
     const DVKWorkData& settings = modGlobal::WorkData();
-    m_database->SetFileSortKey(settings.RVFileSortKey);
-    m_database->SetFileSortAscending(settings.RVFileSortAscending);
-    m_database->SetProcSortKey(settings.RVProcSortKey);
-    m_database->SetProcSortAscending(settings.RVProcSortAscending);
+    m_database->Order().Fields().FileSortKey = settings.RVFileSortKey;
+    m_database->Order().Fields().FileSortAscending = settings.RVFileSortAscending;
+    m_database->Order().Fields().ProcSortKey = settings.RVProcSortKey;
+    m_database->Order().Fields().ProcSortAscending = settings.RVProcSortAscending;
 }
 
 /// The filter begins as the review was, which leaves out nothing until it is changed.

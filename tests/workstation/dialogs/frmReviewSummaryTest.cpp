@@ -264,7 +264,7 @@ TEST_F(SummaryPagesForm, ThePageOfTheLineCounts) {
 TEST_F(SummaryPagesForm, FilesAreInTheOrderOfTheSettingsAndNoneIsHidden) {
     Settings().RVFileShowZeroItems = false;
     Settings().RVFileSortAscending = false;
-    m_results.SetFileSortAscending(false);
+    m_results.Order().Fields().FileSortAscending = false;
     WriteReview();
     Open();
     m_form->SwitchTab(3);
