@@ -129,7 +129,7 @@ TEST_F(ReviewSummaryUse, AColumnClickSortsByTextAndASecondOneSwapsTheOrder) {
 TEST_F(ReviewSummaryUse, TheFirstColumnIsTheSortedOneAtFirst) {
     WriteReview();
     Settings().RVFileSortAscending = false;
-    m_results.SetFileSortAscending(false);
+    m_results.Order().Fields().FileSortAscending = false;
     Open();
     m_form->SwitchTab(3);
     EXPECT_EQ(FirstCells()[0], "modA (modA.bas)") << "in the order of reading";
