@@ -4,15 +4,11 @@
 #include "criteria/ReviewCriteria.h"
 #include "foundation/log/Trap.h"
 #include "platform/host/modHost.h"
-#include "results/ResultsDB.h"
 #include "settings/DVKWorkData.h"
 #include "settings/DorvikData.h"
 #include "settings/modGlobal.h"
 #include "source/VirtualProject.h"
 #include "typelib/TypeLibraryStore.h"
-#include "workstation/dialogs/FileDialogs.h"
-#include "workstation/dialogs/frmAbout.h"
-#include "workstation/dialogs/frmOptions.h"
 #include "workstation/dialogs/frmProgress.h"
 #include "workstation/dialogs/frmReviewOptions.h"
 #include "workstation/ide/IDEHelper.h"
@@ -28,7 +24,6 @@ namespace {
 
 constexpr std::string_view kModule = "WorkStationApp";
 constexpr std::string_view kTitle = "Dorvik Workstation";
-constexpr std::string_view kHelpFile = "Dorvik.chm";
 
 /// The values of the setting `OptionPromptSave`.
 constexpr std::int32_t kSaveWithoutAsking = 1;
@@ -45,10 +40,6 @@ TypeLibraryPlaces TypeLibrariesOfThisMachine() {
         .Folders = modGlobal::WorkData().TypeLibraryFolders,
         .CatalogueFolders = {data.TypeCataloguePath(), data.UserTypeCataloguePath()},
         .IndexFile = data.TypeLibraryIndexFile()};
-}
-
-std::string HelpFile() {
-    return modGlobal::Data().LocalAppPath() + std::string(kHelpFile);
 }
 
 }  // namespace
@@ -101,95 +92,6 @@ void WorkStationApp::BeginShutdown() {
             m_evtMenu_ReviewClick();
         }
     });
-}
-
-void WorkStationApp::ConnectMenus() {
-    using App = WorkStationApp;
-    struct OwnRow {
-        Event<> IDEMenuEvents::*Raised;
-        void (App::*Handler)();
-    };
-    static constexpr OwnRow kOwn[] = {
-        {&IDEMenuEvents::AboutClick, &App::m_evtMenu_AboutClick},
-        {&IDEMenuEvents::GotoSourceClick, &App::m_evtMenu_GotoSourceClick},
-        {&IDEMenuEvents::GotoHomePage, &App::m_evtMenu_GotoHomePage},
-        {&IDEMenuEvents::GotoTechSupportPage, &App::m_evtMenu_GotoTechSupportPage},
-        {&IDEMenuEvents::HelpContents, &App::m_evtMenu_HelpContents},
-        {&IDEMenuEvents::HelpSearch, &App::m_evtMenu_HelpSearch},
-        {&IDEMenuEvents::LaunchRulebaseDocument, &App::m_evtMenu_LaunchRulebaseDocument},
-        {&IDEMenuEvents::OpenClick, &App::m_evtMenu_OpenClick},
-        {&IDEMenuEvents::OptionsClick, &App::m_evtMenu_OptionsClick},
-        {&IDEMenuEvents::ReviewClick, &App::m_evtMenu_ReviewClick},
-        {&IDEMenuEvents::ReviewSummary, &App::m_evtMenu_ReviewSummary},
-        {&IDEMenuEvents::ShowDorvikWindowClick, &App::m_evtMenu_ShowDorvikWindowClick},
-    };
-    for (const OwnRow& row : kOwn) {
-        m_evtMenu.push_back(
-            (m_menus->Events.*row.Raised).Subscribe([this, &row] { (this->*row.Handler)(); }));
-    }
-    ConnectMenusToDocument();
-}
-
-/// The commands that are the document's, or the results view's, alone.
-void WorkStationApp::ConnectMenusToDocument() {
-    struct PassedOnRow {
-        Event<> IDEMenuEvents::*Raised;
-        std::string_view Handler;
-        void (*Command)(WorkStationApp&);
-    };
-    using App = WorkStationApp;
-    static constexpr PassedOnRow kPassedOn[] = {
-        {&IDEMenuEvents::FilterClick,
-         "m_evtMenu_FilterClick",
-         [](App& app) {
-             app.Results().FilterResults();
-         }},
-        {&IDEMenuEvents::GroupByCategoryClick,
-         "m_evtMenu_GroupByCategoryClick",
-         [](App& app) {
-             app.Results().GroupByCategory();
-         }},
-        {&IDEMenuEvents::GroupByRuleClick,
-         "m_evtMenu_GroupByRuleClick",
-         [](App& app) {
-             app.Results().GroupByRule();
-         }},
-        {&IDEMenuEvents::GroupBySeverityClick,
-         "m_evtMenu_GroupBySeverityClick",
-         [](App& app) {
-             app.Results().GroupBySeverity();
-         }},
-        {&IDEMenuEvents::GroupBySourceFileClick,
-         "m_evtMenu_GroupBySourceFileClick",
-         [](App& app) {
-             app.Results().GroupBySourceFile();
-         }},
-        {&IDEMenuEvents::GroupByNoneClick,
-         "m_evtMenu_GroupByNoneClick",
-         [](App& app) {
-             app.Results().GroupByNone();
-         }},
-        {&IDEMenuEvents::ShowGroupByClick,
-         "m_evtMenu_ShowGroupByClick",
-         [](App& app) {
-             app.m_document->ShowGroupBy();
-         }},
-        {&IDEMenuEvents::DorvikClick,
-         "m_evtMenu_DorvikClick",
-         [](App& app) {
-             app.m_IDE->RefreshMenus(app.m_backgroundReviewActive);
-         }},
-    };
-    for (const PassedOnRow& row : kPassedOn) {
-        m_evtMenu.push_back((m_menus->Events.*row.Raised).Subscribe([this, &row] {
-            Trap({kModule, row.Handler}, [&] { row.Command(*this); });
-        }));
-    }
-    m_evtMenu.push_back(m_menus->Events.ExpandCollapseGroups.Subscribe([this](bool expand) {
-        Trap(LogOrigin{kModule, "m_evtMenu_ExpandCollapseGroups"}, [&] {
-            m_document->ExpandCollapseGroups(expand);
-        });
-    }));
 }
 
 void WorkStationApp::ConnectProjects() {
@@ -395,106 +297,6 @@ void WorkStationApp::m_evtIDE_ProjectRenamed(
         if (index != -1) {
             m_criteria->PreviouslySelectedFiles().SetKey(index, newName);
         }
-    });
-}
-
-// ---- commands of the menus ----
-
-void WorkStationApp::m_evtMenu_AboutClick() {
-    Trap({kModule, "m_evtMenu_AboutClick"}, [&] {
-        frmAbout form;
-        m_screen.ShowModal(form);
-    });
-}
-
-void WorkStationApp::m_evtMenu_GotoSourceClick() {
-    Trap({kModule, "m_evtMenu_GotoSourceClick"}, [&] {
-        Results().SetIgnoreFileEvents(true);
-        m_document->GotoSource();
-        Results().SetIgnoreFileEvents(false);
-    });
-}
-
-void WorkStationApp::m_evtMenu_GotoHomePage() {
-    Trap({kModule, "m_evtMenu_GotoHomePage"}, [&] {
-        m_screen.OpenWithSystem(modGlobal::Data().HomePageURL());
-    });
-}
-
-void WorkStationApp::m_evtMenu_GotoTechSupportPage() {
-    Trap({kModule, "m_evtMenu_GotoTechSupportPage"}, [&] {
-        m_screen.OpenWithSystem(modGlobal::Data().TechSupportPageURL());
-    });
-}
-
-void WorkStationApp::m_evtMenu_HelpContents() {
-    Trap({kModule, "m_evtMenu_HelpContents"}, [&] { m_screen.OpenWithSystem(HelpFile()); });
-}
-
-// The program that shows the file has the search.
-void WorkStationApp::m_evtMenu_HelpSearch() {
-    Trap({kModule, "m_evtMenu_HelpSearch"}, [&] { m_screen.OpenWithSystem(HelpFile()); });
-}
-
-void WorkStationApp::m_evtMenu_LaunchRulebaseDocument() {
-    Trap({kModule, "m_evtMenu_LaunchRulebaseDocument"}, [&] {
-        const DVKWorkData& settings = modGlobal::WorkData();
-        if (settings.RBDocAvailable()) {
-            m_screen.OpenWithSystem(settings.RBDocPath);
-        } else {
-            Show(
-                MessageIcon::Exclamation,
-                "Cannot display the rulebase document '" + settings.RBDocPath +
-                    "' because it cannot be found.");
-        }
-    });
-}
-
-void WorkStationApp::m_evtMenu_OpenClick() {
-    Trap({kModule, "m_evtMenu_OpenClick"}, [&] {
-        const std::optional<std::string> file = FileDialogs(m_screen).GetOpenFileName(
-            FileKind::ResultsDatabase, "Select Results Database");
-        if (file) {
-            OpenResults(*file);
-        }
-    });
-}
-
-void WorkStationApp::OpenResults(const std::string& file) {
-    Trap({kModule, "OpenResults"}, [&] {
-        auto results = std::make_unique<ResultsDB>();
-        if (results->OpenReview(file)) {
-            Results().SetResultsDB(std::move(results), file);
-        } else {
-            Show(
-                MessageIcon::Exclamation,
-                "The selected database does not appear to be a valid Dorvik results database or "
-                "is an incorrect version.  Please select a different file or ensure that '" +
-                    file + "' is the correct version.");
-        }
-    });
-}
-
-void WorkStationApp::m_evtMenu_OptionsClick() {
-    Trap({kModule, "m_evtMenu_OptionsClick"}, [&] {
-        frmOptions form(m_screen);
-        m_screen.ShowModal(form);
-        if (!form.Cancelled()) {
-            modGlobal::WorkData().SaveSettings();
-            Results().OptionsChanged();
-        }
-    });
-}
-
-void WorkStationApp::m_evtMenu_ReviewSummary() {
-    Trap({kModule, "m_evtMenu_ReviewSummary"}, [&] { Results().ShowReviewSummary(); });
-}
-
-void WorkStationApp::m_evtMenu_ShowDorvikWindowClick() {
-    Trap({kModule, "m_evtMenu_ShowDorvikWindowClick"}, [&] {
-        m_IDE->SetWorkbenchVisible(true);
-        modHost::YieldToInput();
-        m_IDE->RefreshMenus(/*reviewRunning=*/false);
     });
 }
 
