@@ -1,10 +1,8 @@
 #include "SuperinstructionPass.h"
 
-#include "base/modUtf8.h"
 #include "basic/program/Program.h"
 #include "basic/program/Superinstructions.h"
 #include "basic/syntax/Ast.h"
-#include "basic/values/LikePattern.h"
 
 #include <algorithm>
 #include <array>
@@ -30,9 +28,7 @@ public:
     bool HasShapeAt(const Instruction* at, std::span<const Opcode> shape) const {
         const auto left = static_cast<std::size_t>(m_code.data() + m_code.size() - at);
         return shape.size() <= left &&
-               std::equal(shape.begin(), shape.end(), at, [](Opcode wanted, const Instruction& in) {
-                   return FitsShape(wanted, in.Code);
-               });
+               std::ranges::equal(shape, std::span(at, shape.size()), {}, {}, &Instruction::Code);
     }
     const Value& ConstantOf(const Instruction& load) const {
         return m_program.Constants[static_cast<std::size_t>(load.Wide())];
@@ -40,9 +36,6 @@ public:
     bool LoadsText(const Instruction& load) const {
         const Value& constant = ConstantOf(load);
         return constant.Type() == ValueType::String && !constant.AsText().empty();
-    }
-    bool LoadsAscii(const Instruction& load) const {
-        return LoadsText(load) && modUtf8::IsAscii(ConstantOf(load).AsText());
     }
     bool LoadsPositiveInteger(const Instruction& load) const {
         const Value& constant = ConstantOf(load);
@@ -80,23 +73,17 @@ bool FitsTextProperty(const CodeTail& code) {
            sequence.Release().A == first && sequence.Release().B == 3;
 }
 
-template <class Sequence>
-bool FitsLeftCall(const CodeTail& code, const Sequence& sequence) {
-    return code.Calls(sequence.Call(), BuiltinId::LeftText, {sequence.Text(), sequence.Count()}) &&
-           code.LoadsPositiveInteger(sequence.Count());
-}
-
 /// Nothing reads the start of the text but the cases. After the last of them the code continues elsewhere.
 bool FitsSelectLeft(const CodeTail& code) {
     const SelectLeftSequence sequence(code.First());
-    if (!FitsLeftCall(code, sequence) || sequence.Subject().Flags != kSelectSubject ||
-        sequence.Subject().B != sequence.Call().A) {
+    if (!code.Calls(sequence.Call(), BuiltinId::LeftText, {sequence.Text(), sequence.Count()}) ||
+        !code.LoadsPositiveInteger(sequence.Count()) ||
+        sequence.Subject().Flags != kSelectSubject || sequence.Subject().B != sequence.Call().A) {
         return false;
     }
     const auto isCase = [&](const Instruction* at) {
         const TextCaseSequence one(at);
         return code.HasShapeAt(at, TextCaseSequence::kShape) &&
-               one.Comparison().Code == Opcode::JumpTextEqual &&
                one.Comparison().A == sequence.Subject().A &&
                one.Comparison().B == one.Constant().A &&
                code.ConstantOf(one.Constant()).Type() == ValueType::String;
@@ -109,26 +96,10 @@ bool FitsSelectLeft(const CodeTail& code) {
     return at != sequence.End() && code.HasShapeAt(at, kAfterTheCases);
 }
 
-bool FitsJumpByLeft(const CodeTail& code) {
-    const JumpByLeftSequence sequence(code.First());
-    return FitsLeftCall(code, sequence) && code.LoadsAscii(sequence.Constant()) &&
-           sequence.Comparison().A == sequence.Call().A &&
-           sequence.Comparison().B == sequence.Constant().A;
-}
-
 bool FitsInStr(const CodeTail& code) {
     const InStrSequence sequence(code.First());
     return code.Calls(sequence.Call(), BuiltinId::InStr, {sequence.Text(), sequence.Sought()}) &&
            code.LoadsText(sequence.Sought()) && !code.Module().ComparesText;
-}
-
-bool FitsLike(const CodeTail& code) {
-    const LikeSequence sequence(code.First());
-    constexpr auto kLike = static_cast<int>(BinaryOperator::Like);
-    return code.LoadsText(sequence.Pattern()) && sequence.Operation().C == sequence.Pattern().A &&
-           sequence.Operation().B != sequence.Pattern().A &&
-           sequence.Operation().Flags >> kOperatorShift == kLike && !code.Module().ComparesText &&
-           IsValidLike(code.ConstantOf(sequence.Pattern()).AsText());
 }
 
 /// What must hold of the operands where the shape fits, in the order of `kSuperinstructions`.
@@ -138,10 +109,8 @@ struct Condition {
 };
 constexpr Condition kConditions[] = {
     {Opcode::GetTextProperty, FitsTextProperty},
-    {Opcode::JumpByLeft, FitsJumpByLeft},
     {Opcode::SelectLeft, FitsSelectLeft},
     {Opcode::InStrOfConstant, FitsInStr},
-    {Opcode::LikeConstant, FitsLike},
 };
 static_assert(
     std::ranges::equal(

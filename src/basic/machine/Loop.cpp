@@ -3,7 +3,6 @@
 #include "Operands.h"
 #include "basic/operations/ErrorRecovery.h"
 #include "basic/operations/Operations.h"
-#include "basic/program/Superinstructions.h"
 #include "basic/values/Coercion.h"
 #include "basic/values/RuntimeErrors.h"
 
@@ -420,20 +419,6 @@ void RunInstructions(MachineState& state) {
             continue;
         JumpTextEqual: jumpWhen(sameText(a, base[in.B])); continue;
         JumpTextNotEqual: jumpWhen(!sameText(a, base[in.B])); continue;
-        JumpByLeft: {
-            const JumpByLeftSequence sequence(pc - 1);
-            const Value& source = base[in.B];
-            if (source.Type() != ValueType::String) [[unlikely]] {
-                a = source;
-                continue;
-            }
-            const std::string_view wanted = constants[sequence.Constant().Wide()].AsText();
-            const auto count = static_cast<std::size_t>(constants[sequence.Count().Wide()].AsLong());
-            const bool isSame = source.AsText().substr(0, count) == wanted;
-            pc = sequence.End();
-            jumpWhen(isSame == (sequence.Comparison().Code == Opcode::JumpTextEqual));
-            continue;
-        }
         JumpCompare: {
             const Value& right = base[in.B];
             bool holds = false;

@@ -2,7 +2,6 @@
 
 #include "base/modUtf8.h"
 #include "basic/operations/Operations.h"
-#include "basic/values/LikePattern.h"
 
 #include <string_view>
 
@@ -81,20 +80,6 @@ void InStrOfConstant(MachineState& state, Instruction in, Value* base) {
         }
     }
     base[in.A] = source;
-}
-
-void LikeConstant(MachineState& state, Instruction in, Value* base) {
-    const LikeSequence sequence(state.At);
-    const Value& pattern = ConstantOf(state, in);
-    const Value& source = base[sequence.Operation().B];
-    if (!IsShortText(source)) {
-        base[in.A] = pattern;
-        return;
-    }
-    state.At = &sequence.Operation();
-    base[sequence.Operation().A] =
-        Value::Boolean(MatchesValidLike(source.AsText(), pattern.AsText()));
-    state.Next = sequence.End();
 }
 
 }  // namespace dorvik::basic::modOperations

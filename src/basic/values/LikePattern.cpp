@@ -194,8 +194,6 @@ private:
     std::size_t m_starEnd = 0;  // where the text of the last star ends
 };
 
-}  // namespace
-
 bool IsValidLike(std::string_view pattern) {
     for (std::size_t position = pattern.find('['); position != kNone;) {
         if (pattern.find(']', position) == kNone) {
@@ -210,9 +208,7 @@ bool IsValidLike(std::string_view pattern) {
     return true;
 }
 
-bool MatchesValidLike(std::string_view text, std::string_view pattern) {
-    return Matcher(text, pattern).Matches();
-}
+}  // namespace
 
 bool MatchesLike(std::string_view text, std::string_view pattern, bool ignoresCase) {
     if (ignoresCase) {
@@ -223,7 +219,7 @@ bool MatchesLike(std::string_view text, std::string_view pattern, bool ignoresCa
     if (!IsValidLike(pattern)) {
         RaiseError(runtimeerror::kInvalidPattern);
     }
-    return MatchesValidLike(text, pattern);
+    return Matcher(text, pattern).Matches();
 }
 
 }  // namespace dorvik::basic

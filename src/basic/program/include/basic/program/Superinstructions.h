@@ -77,22 +77,6 @@ public:
     const Instruction& Subject() const { return At<3>(); }
 };
 
-/// `If Left$(text, 3) = "abc"`.
-class JumpByLeftSequence final : public InstructionSequence<
-                                     Opcode::Move,
-                                     Opcode::LoadConstant,
-                                     Opcode::CallBuiltin,
-                                     Opcode::LoadConstant,
-                                     Opcode::JumpTextEqual> {
-public:
-    using InstructionSequence::InstructionSequence;
-    const Instruction& Text() const { return At<0>(); }
-    const Instruction& Count() const { return At<1>(); }
-    const Instruction& Call() const { return At<2>(); }
-    const Instruction& Constant() const { return At<3>(); }
-    const Instruction& Comparison() const { return At<4>(); }
-};
-
 /// `InStr(text, "abc")`.
 class InStrSequence final
     : public InstructionSequence<Opcode::Move, Opcode::LoadConstant, Opcode::CallBuiltin> {
@@ -103,19 +87,6 @@ public:
     const Instruction& Call() const { return At<2>(); }
 };
 
-/// `text Like "a*"`.
-class LikeSequence final : public InstructionSequence<Opcode::LoadConstant, Opcode::Operate> {
-public:
-    using InstructionSequence::InstructionSequence;
-    const Instruction& Pattern() const { return At<0>(); }
-    const Instruction& Operation() const { return At<1>(); }
-};
-
-/// Whether an instruction is what a shape has at its position. A comparison may be either of its two forms.
-constexpr bool FitsShape(Opcode shape, Opcode code) {
-    return code == shape || (shape == Opcode::JumpTextEqual && code == Opcode::JumpTextNotEqual);
-}
-
 struct Superinstruction {
     Opcode Code;
     std::span<const Opcode> Shape;
@@ -124,10 +95,8 @@ struct Superinstruction {
 /// All of them. Where several fit, the first one is taken.
 inline constexpr Superinstruction kSuperinstructions[] = {
     {Opcode::GetTextProperty, TextPropertySequence::kShape, "a property into a String"},
-    {Opcode::JumpByLeft, JumpByLeftSequence::kShape, "a jump by Left$ and a constant"},
     {Opcode::SelectLeft, SelectLeftSequence::kShape, "a Select Case of Left$ over constants"},
     {Opcode::InStrOfConstant, InStrSequence::kShape, "InStr of a constant"},
-    {Opcode::LikeConstant, LikeSequence::kShape, "Like with a constant pattern"},
 };
 
 }  // namespace dorvik::basic

@@ -9,9 +9,4 @@ namespace dorvik::basic {
 /// the product of both lengths.
 bool MatchesLike(std::string_view text, std::string_view pattern, bool ignoresCase);
 
-/// Whether a pattern raises nothing.
-bool IsValidLike(std::string_view pattern);
-/// The same question by characters as they are. REQUIRES: the pattern is valid.
-bool MatchesValidLike(std::string_view text, std::string_view pattern);
-
 }  // namespace dorvik::basic
