@@ -55,6 +55,31 @@ TEST_F(SessionCommand, AScriptThatIsNotThereEndsWithTwo) {
     EXPECT_THAT(result.Error, HasSubstr("cannot read the script 'gone.session'"));
 }
 
+TEST_F(SessionCommand, AScriptIsInUtf8) {
+    const ProgramResult result =
+        Play({"setting LastRulebase \"Regelwerk \u00fc \u20ac \u62d6.dvk\"", "dump settings"});
+    EXPECT_EQ(
+        result.Output,
+        "{\"dump\":\"settings\",\"values\":{\"LastRulebase\":\"Regelwerk \u00fc \u20ac "
+        "\u62d6.dvk\"}}\n");
+}
+
+TEST_F(SessionCommand, AnEmptyPathIsRefusedAndTheScriptContinues) {
+    const ProgramResult result = Play(
+        {"start", "open \"\"", "choose \"\"", "menu DORVIK.OPEN", "results \"\"", "dump state"});
+    EXPECT_EQ(result.ExitCode, 0) << result.Error;
+    EXPECT_THAT(result.Output, HasSubstr("{\"refused\":"));
+    EXPECT_THAT(result.Output, HasSubstr("{\"dump\":\"state\""));
+}
+
+TEST_F(SessionCommand, ThereIsNoTickAndNoFileBeforeTheFirst) {
+    for (const char* const line : {"tick 0", "tick -1", "cancel-at 0"}) {
+        const ProgramResult result = Play({"start", line});
+        EXPECT_EQ(result.ExitCode, 2) << line;
+        EXPECT_THAT(result.Error, HasSubstr("a.session:2: ")) << line;
+    }
+}
+
 TEST_F(SessionCommand, AProjectIsReviewedAndBrowsed) {
     WriteModuleProject("Jump", "    GoTo Done\r\nDone:");
     const ProgramResult result = Play(

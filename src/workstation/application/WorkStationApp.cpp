@@ -11,6 +11,7 @@
 #include "typelib/TypeLibraryStore.h"
 #include "workstation/dialogs/frmProgress.h"
 #include "workstation/dialogs/frmReviewOptions.h"
+#include "workstation/dialogs/modOpenProject.h"
 #include "workstation/ide/IDEHelper.h"
 #include "workstation/ide/IDEMenus.h"
 #include "workstation/ide/udocDorvik.h"
@@ -129,6 +130,13 @@ void WorkStationApp::AddProject(
     project->SetFilename(filename.empty() ? name : filename);
     project->SetName(name);
     project->SetProjectType(type);
+    if (m_backgroundReviewActive) {
+        // The review comes to it without a dialog that would read its files.
+        modOpenProject::Read(*project);
+        for (std::int32_t file = 1; file <= project->SourceFiles().Count(); ++file) {
+            project->SourceFiles().SetSelected(file, true);
+        }
+    }
     projects.Add(name, std::move(project), /*selected=*/true);
 }
 

@@ -7,6 +7,7 @@
 #include "source/VirtualProject.h"
 #include "source/VirtualSourceFile.h"
 #include "workstation/dialogs/modItemIcons.h"
+#include "workstation/dialogs/modOpenProject.h"
 
 #include <algorithm>
 #include <memory>
@@ -71,21 +72,6 @@ std::string_view FileKeyOf(const CheckNode& node) {
     return std::string_view(node.Key).substr(node.Key.find(kKeySeparator) + 1);
 }
 
-/// A project that cannot be read stays the one that it is in the environment.
-void ReadProject(VirtualProject& project) {
-    const std::string name = project.Name();
-    const std::string filename = project.Filename();
-    const std::string type = project.ProjectType();
-    const bool isRead = project.LoadProject(filename) == ProjectLoadStatus::Good;
-    if (!isRead) {
-        project.SetFilename(filename);
-        project.SetProjectType(type);
-    }
-    if (!isRead || project.Name().empty()) {
-        project.SetName(name);
-    }
-}
-
 /// A project of which no file is known has no selection to remember.
 void ForgetFiles(ReviewCriteria& criteria, const std::string& project, bool hasFiles) {
     auto& files = criteria.PreviouslySelectedFiles();
@@ -139,7 +125,7 @@ void ProjectTree::AddSourceFilesToTree(
         const auto& project = criteria.ProjectList().Item(projectIndex);
         const std::shared_ptr<StringKeyedArrayList>* previous =
             criteria.PreviouslySelectedFiles().Find(criteria.ProjectList().Key(projectIndex));
-        ReadProject(*project);
+        modOpenProject::Read(*project);
         for (std::int32_t index = 1; index <= project->SourceFiles().Count(); ++index) {
             const auto& file = project->SourceFiles().Item(index);
             const std::string& key = project->SourceFiles().Key(index);

@@ -9,6 +9,8 @@
 #include "workstation/ide/IDEMenus.h"
 #include "workstation/ide/udocDorvik.h"
 
+#include <utility>
+
 namespace dorvik {
 
 namespace {
@@ -28,8 +30,9 @@ bool IsReachable(const CommandControl& bar, const CommandControl& item) {
 
 }  // namespace
 
-Session::Session()
-    : m_screen(m_host.Calls()),
+Session::Session(std::function<bool()> isInterrupted)
+    : m_isInterrupted(std::move(isInterrupted)),
+      m_screen(m_host.Calls(), m_isInterrupted),
       m_installedMessages(m_messages),
       m_installedSettings(RegistryRoot::CurrentUser, m_settings) {}
 
@@ -128,7 +131,7 @@ SessionRefusal Session::Tick(std::optional<std::int32_t> count) {
     }
     for (std::int32_t ticked = 0; !count || ticked < *count; ++ticked) {
         frmProgress* const progress = BackgroundReview();
-        if (progress == nullptr) {
+        if (progress == nullptr || IsInterrupted()) {
             break;
         }
         progress->tmrInterrupt.Tick();

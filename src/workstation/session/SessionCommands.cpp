@@ -28,7 +28,7 @@ std::int32_t Number(std::string_view word) {
 
 /// The program's own path for one of the script, which is seen from the working folder.
 std::string Path(const std::string& word) {
-    return modHostPath::ToProgram(modHostPath::FromUser(word));
+    return word.empty() ? std::string() : modHostPath::ToProgram(modHostPath::FromUser(word));
 }
 
 // ---- words that have to be one of a few ----
@@ -59,8 +59,11 @@ bool IsView(const SessionWords& words) {
 }
 
 bool IsTick(const SessionWords& words) {
-    return words.empty() || words.front() == "all" ||
-           modText::WholeNumber(words.front()).has_value();
+    return words.empty() || words.front() == "all" || Number(words.front()) > 0;
+}
+
+bool IsFileNumber(const SessionWords& words) {
+    return Number(words.front()) > 0;
 }
 
 bool IsExpectation(const SessionWords& words) {
@@ -284,7 +287,7 @@ constexpr Row kRows[] = {
     {"dialog", "tTT", Dialog, modDialogDump::IsDialogCommand},
     {"tick", "T", Tick, IsTick},
     {"cancel", "", Cancel},
-    {"cancel-at", "n", CancelAt},
+    {"cancel-at", "n", CancelAt, IsFileNumber},
     {"show", "", ShowBench},
     {"hide", "", HideBench},
     {"results", "t", Results},

@@ -57,6 +57,9 @@ SessionPlayer::Outcome SessionPlayer::Play(std::string_view script) {
     const Subscription refused = m_session.Screen().Refused.Subscribe(
         [this](std::int32_t line, const std::string& why) { PrintRefusal(line, why); });
     while (!script.empty()) {
+        if (m_session.IsInterrupted()) {
+            return {.ExpectationsMet = m_expectationsMet, .Interrupted = true};
+        }
         ++m_line;
         const std::size_t end = script.find('\n');
         std::string_view line = script.substr(0, end);
@@ -69,7 +72,7 @@ SessionPlayer::Outcome SessionPlayer::Play(std::string_view script) {
             return {m_expectationsMet, m_line, std::move(fault)};
         }
     }
-    return {.ExpectationsMet = m_expectationsMet};
+    return {.ExpectationsMet = m_expectationsMet, .Interrupted = m_session.IsInterrupted()};
 }
 
 std::string SessionPlayer::PlayLine(std::string_view line) {

@@ -89,7 +89,7 @@ void SessionScreen::ShowModal(frmProgress& form) {
         FileCounter files;
         const Subscription cancelling =
             form.ProgressShown.Subscribe([&](const ProgressInfo& progress) {
-                if (m_cancelAt && files.Begun(progress) == *m_cancelAt) {
+                if (m_isInterrupted() || (m_cancelAt && files.Begun(progress) == *m_cancelAt)) {
                     form.Cancel();
                 }
             });

@@ -10,6 +10,7 @@
 #include "workstation/session/SessionScreen.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -25,12 +26,14 @@ class udocDorvik;
 /// REQUIRES: the process-wide objects are not in use yet, so that the add-in reads its settings when it is started.
 class Session {
 public:
-    Session();
+    /// While `isInterrupted` holds, a review is cancelled and the script is not played on.
+    explicit Session(std::function<bool()> isInterrupted = [] { return false; });
     /// Stops the add-in.
     ~Session();
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
+    bool IsInterrupted() const { return m_isInterrupted(); }
     FileHost& Host() { return m_host; }
     SessionScreen& Screen() { return m_screen; }
     SessionMessages& Messages() { return m_messages; }
@@ -63,6 +66,7 @@ public:
     static SessionRefusal NotStarted();
 
 private:
+    std::function<bool()> m_isInterrupted;
     SettingsSections m_settings;
     SessionMessages m_messages;
     FileHost m_host;

@@ -21,7 +21,8 @@ public:
         bool ExpectationsMet = true;
         std::int32_t WrongLine =
             0;  // the one that could not be understood, at which playing ended; 0 if all could be
-        std::string Fault = {};  // what is wrong with it
+        std::string Fault = {};    // what is wrong with it
+        bool Interrupted = false;  // ended before its last line
     };
     using Output = std::function<void(const std::string& json)>;
 

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,8 +19,10 @@ class HostCallList;
 /// The screen of a session: dialogs are filled and left as the script has it, and nothing is shown.
 class SessionScreen final : public IScreen {
 public:
-    /// REQUIRES: `calls` outlives this. What is opened with the system is noted there.
-    explicit SessionScreen(HostCallList& calls) : m_calls(calls) {}
+    /// REQUIRES: `calls` outlives this. What is opened with the system is noted there. A foreground review is cancelled
+    /// as soon as `isInterrupted` holds.
+    SessionScreen(HostCallList& calls, std::function<bool()> isInterrupted)
+        : m_calls(calls), m_isInterrupted(std::move(isInterrupted)) {}
 
     /// For the next dialog; one for which there is none left is cancelled.
     void QueueStep(modDialogDump::DialogCommand step) { m_steps.push_back(std::move(step)); }
@@ -60,6 +63,7 @@ private:
     std::optional<std::string> NextChoice();
 
     HostCallList& m_calls;
+    std::function<bool()> m_isInterrupted;
     std::deque<modDialogDump::DialogCommand> m_steps;
     std::deque<std::optional<std::string>> m_choices;
     std::optional<std::int32_t> m_cancelAt;
