@@ -65,13 +65,17 @@ std::optional<std::size_t> ListTable::Find(std::string_view key) const {
 }
 
 void ListTable::Sort(std::size_t column, bool ascending) {
-    std::iota(m_order.begin(), m_order.end(), std::size_t{0});
     std::stable_sort(m_order.begin(), m_order.end(), [&](std::size_t left, std::size_t right) {
         const int compared =
             modTextCase::Compare(TextOf(m_rows[left], column), TextOf(m_rows[right], column));
         return ascending ? compared < 0 : compared > 0;
     });
     Changed.Raise(ListChange::Order, column);
+}
+
+void ListTable::RestoreOrder() {
+    std::iota(m_order.begin(), m_order.end(), std::size_t{0});
+    Changed.Raise(ListChange::Order, 0);
 }
 
 std::optional<std::size_t> ListTable::SelectedIndex() const {

@@ -80,10 +80,9 @@ void ReviewSummaryPages::AddSeverityColumns(bool impacts) {
             m_results.Figures().GetViolationStats(ItemType::File, file.ObjectID);
         std::vector<ListCell> cells{ListCell{NameOf(file)}};
         for (const std::int32_t figure : impacts ? stats.Impacts() : stats.Counts()) {
-            cells.push_back({SummaryRows::NumberText(figure)});
+            cells.push_back({std::to_string(figure)});
         }
-        cells.push_back(
-            {SummaryRows::NumberText(impacts ? stats.TotalImpact() : stats.TotalViolations())});
+        cells.push_back({std::to_string(impacts ? stats.TotalImpact() : stats.TotalViolations())});
         m_rows.AddRow(IconOf(file), std::move(cells));
     }
 }
@@ -100,7 +99,7 @@ void ReviewSummaryPages::PopulateLineCountSummary() {
                   lines.InLineCommentLines(),
                   lines.BlankLines(),
                   lines.TotalLines()}) {
-                cells.push_back({SummaryRows::NumberText(figure)});
+                cells.push_back({std::to_string(figure)});
             }
             m_rows.AddRow(IconOf(file), std::move(cells));
         }
@@ -171,7 +170,7 @@ void ReviewSummaryPages::AddComplexityRow(
     m_rows.AddRow(
         icon,
         {ListCell{std::move(text)},
-         ListCell{SummaryRows::NumberText(complexity)},
+         ListCell{std::to_string(complexity)},
          ListCell{std::string(modMemberStats::CyclomaticComplexityToTestText(complexity))},
          ListCell{std::string(modMemberStats::CyclomaticComplexityToUnderstandText(complexity))},
          ListCell{std::string(modMemberStats::CyclomaticComplexityToChangeText(complexity))}},

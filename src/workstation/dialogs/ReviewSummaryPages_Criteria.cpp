@@ -72,8 +72,8 @@ void ReviewSummaryPages::AddReviewCriteriaRows() {
     m_rows.AddItem("Rulebase Title", review.RulebaseTitle);
     m_rows.AddItem("Rulebase Version", review.RulebaseVersion);
     m_rows.AddItem("Rule Engine", RuleEngineVersion());
-    m_rows.AddItem("Rules Selected", SummaryRows::NumberText(review.ActiveRules));
-    m_rows.AddItem("Rule Execution Count", SummaryRows::NumberText(review.RuleExecutions));
+    m_rows.AddItem("Rules Selected", std::to_string(review.ActiveRules));
+    m_rows.AddItem("Rule Execution Count", std::to_string(review.RuleExecutions));
 }
 
 void ReviewSummaryPages::AddTolerances(
@@ -81,7 +81,7 @@ void ReviewSummaryPages::AddTolerances(
     bool isAnySet = false;
     const auto addLimit = [&](const std::string& text, std::int32_t limit) {
         if (limit > ToleranceSettings::kNotSet) {
-            m_rows.AddItem(text, SummaryRows::NumberText(limit));
+            m_rows.AddItem(text, std::to_string(limit));
             isAnySet = true;
         }
     };

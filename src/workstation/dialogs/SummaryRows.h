@@ -28,7 +28,7 @@ public:
     static ListCell VerdictCell(bool pass);
     /// The title of a severity in its colour.
     static ListCell SeverityCell(const SeverityTable& severities, std::int32_t level);
-    /// Without decimals, in groups of three digits.
+    /// Without decimals, in groups of three digits. For the first page: the others show plain figures.
     static std::string NumberText(std::int32_t number);
 
 private:

@@ -12,7 +12,6 @@
 #include "settings/modGlobal.h"
 #include "workstation/screen/IScreen.h"
 
-#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstddef>
@@ -43,11 +42,6 @@ std::string NumberOfAll(std::string_view label, std::int32_t number, std::int32_
 
 std::string NameWithFile(const std::string& name, std::string_view path) {
     return name + " (" + modUtilFunctions::FilenameFromFullPathName(path) + ")";
-}
-
-/// A bar ends at 100, the percentage of a source file may not.
-std::int32_t BarOf(std::int16_t percentage) {
-    return std::clamp<std::int32_t>(percentage, 0, 100);
 }
 
 /// No message boxes while this lives: the user of a background review is at work elsewhere.
@@ -222,8 +216,8 @@ void frmProgress::ShowSourceFile(const ProgressInfo& progress) {
 }
 
 void frmProgress::ShowPercentages(const ProgressInfo& progress) {
-    prgSourceFile.Set(BarOf(progress.SourceFilePercentage()));
-    prgProject.Set(BarOf(progress.ProjectPercentage()));
+    prgSourceFile.Set(progress.SourceFilePercentage());
+    prgProject.Set(progress.ProjectPercentage());
     if (progress.ReviewPercentage() != m_shown.ReviewPercentage) {
         m_shown.ReviewPercentage = progress.ReviewPercentage();
         lblComplete.Set(std::to_string(progress.ReviewPercentage()) + "% complete.");

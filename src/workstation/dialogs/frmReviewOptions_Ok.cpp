@@ -26,6 +26,31 @@ bool AskToCreate(std::string_view word) {
     return answer == MessageAnswer::Yes;
 }
 
+/// A folder that is not there is created if the user wants it.
+bool IsValidFolder(const std::string& path, std::string_view word) {
+    return Trapped({kModule, "IsValidFolder"}, false, [&] {
+        const std::string folder(word);
+        if (path.empty()) {
+            Warn("Please enter a path to the " + folder + " folder.");
+            return false;
+        }
+        if (modUtilFunctions::FolderExists(path)) {
+            return true;
+        }
+        if (!AskToCreate(word)) {
+            Warn("Please create the " + folder + " folder manually, or enter an alternative path.");
+            return false;
+        }
+        if (modUtilFunctions::CreateFullPath(path)) {
+            return true;
+        }
+        Warn(
+            "Unable to create the " + folder +
+            " folder, please create it manually, or enter an alternative path.");
+        return false;
+    });
+}
+
 }  // namespace
 
 bool frmReviewOptions::ScreenIsValid() {
@@ -75,30 +100,6 @@ bool frmReviewOptions::FoldersAreValid() {
         return MoveTo(Page::Results, "txtReportsFolder");
     }
     return true;
-}
-
-bool frmReviewOptions::IsValidFolder(const std::string& path, std::string_view word) {
-    return Trapped({kModule, "IsValidFolder"}, false, [&] {
-        const std::string folder(word);
-        if (path.empty()) {
-            Warn("Please enter a path to the " + folder + " folder.");
-            return false;
-        }
-        if (modUtilFunctions::FolderExists(path)) {
-            return true;
-        }
-        if (!AskToCreate(word)) {
-            Warn("Please create the " + folder + " folder manually, or enter an alternative path.");
-            return false;
-        }
-        if (modUtilFunctions::CreateFullPath(path)) {
-            return true;
-        }
-        Warn(
-            "Unable to create the " + folder +
-            " folder, please create it manually, or enter an alternative path.");
-        return false;
-    });
 }
 
 bool frmReviewOptions::Refuse(Page page, std::string_view control, std::string_view text) {

@@ -41,7 +41,6 @@ constexpr Kept WidthsIn(
 struct PageRow {
     std::int16_t Tab = 0;
     std::array<std::string_view, 7> Columns;  // empty ones are none
-    std::size_t RightAligned = 0;             // so many after the first one
     Kept Settings;
 };
 
@@ -50,27 +49,22 @@ constexpr std::array<std::string_view, 7> kSeverities{
     "Source File", "Critical", "High", "Medium", "Low", "Information", "Total"};
 
 const PageRow kPages[] = {
-    {frmReviewSummary::kSummaryTab, kItems, 0, WidthsIn<&DVKWorkData::RDT1ColWidth>()},
-    {frmReviewSummary::kCriteriaTab, kItems, 0, WidthsIn<&DVKWorkData::RDT6ColWidth>()},
+    {frmReviewSummary::kSummaryTab, kItems, WidthsIn<&DVKWorkData::RDT1ColWidth>()},
+    {frmReviewSummary::kCriteriaTab, kItems, WidthsIn<&DVKWorkData::RDT6ColWidth>()},
     {frmReviewSummary::kViolationsTab,
      kSeverities,
-     6,
      WidthsIn<&DVKWorkData::RDT2ColWidth>(&DVKWorkData::RDT2SortCol, &DVKWorkData::RDT2SortOrder)},
     {frmReviewSummary::kImpactTab,
      kSeverities,
-     6,
      WidthsIn<&DVKWorkData::RDT2ColWidth>(&DVKWorkData::RDT2SortCol, &DVKWorkData::RDT2SortOrder)},
     {frmReviewSummary::kComplexityTab,
      {"Procedure", "Complexity", "Test", "Understand", "Modify"},
-     1,
      WidthsIn<&DVKWorkData::RDT4ColWidth>(&DVKWorkData::RDT4SortCol, &DVKWorkData::RDT4SortOrder)},
     {frmReviewSummary::kLineCountsTab,
      {"Source File", "Code", "Comment Only", "In-line Comment", "Blank", "Total"},
-     5,
      WidthsIn<&DVKWorkData::RDT5ColWidth>(&DVKWorkData::RDT5SortCol, &DVKWorkData::RDT5SortOrder)},
     {frmReviewSummary::kTolerancesTab,
      {"Source File", "Verdict"},
-     0,
      WidthsIn<&DVKWorkData::RDT7ColWidth>()},
 };
 
@@ -96,9 +90,6 @@ std::vector<ListColumn> ColumnsOf(std::int16_t tab, const DVKWorkData& settings)
         if (!title.empty()) {
             const std::size_t place = columns.size();
             ListColumn column{std::string(title)};
-            if (place >= 1 && place <= page->RightAligned) {
-                column.Alignment = ColumnAlignment::Right;
-            }
             column.Width = page->Settings.Width(settings, static_cast<std::int32_t>(place) + 1);
             columns.push_back(std::move(column));
         }

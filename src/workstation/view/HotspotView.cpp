@@ -107,6 +107,8 @@ void HotspotView::SortRows() {
         m_controls.Hotspots.SetSortIcon(
             column, column == m_sortColumn ? std::string(icon) : std::string());
     }
+    // Equal rows are in the order of filling, whatever was sorted before.
+    m_controls.Hotspots.RestoreOrder();
     m_controls.Hotspots.Sort(m_sortColumn, !m_descending);
 }
 

@@ -89,7 +89,7 @@ std::string Order(const ListTable& table) {
     return keys;
 }
 
-TEST(ListTable, EqualRowsKeepTheOrderInWhichTheyWereAddedInBothDirections) {
+TEST(ListTable, EqualRowsStayInTheOrderThatIsShownInBothDirections) {
     ListTable table;
     for (const auto& [key, text] :
          {std::pair("a", "  9"), {"b", "N/A"}, {"c", " 10"}, {"d", "n/a"}, {"e", "  9"}}) {
@@ -99,6 +99,10 @@ TEST(ListTable, EqualRowsKeepTheOrderInWhichTheyWereAddedInBothDirections) {
     EXPECT_EQ(Order(table), "aecbd");
     table.Sort(1, false);
     EXPECT_EQ(Order(table), "bdcae");
+    table.Sort(0, true);
+    EXPECT_EQ(Order(table), "bdcae") << "all equal there";
+    table.RestoreOrder();
+    EXPECT_EQ(Order(table), "abcde");
 }
 
 TEST(ListTable, TheSelectedRowStaysSelectedWhenTheOrderChanges) {

@@ -116,7 +116,7 @@ TEST_F(ProgressTexts, TheBarsShowThePercentages) {
         m_form.lblComplete.Value(), std::to_string(m_progress.ReviewPercentage()) + "% complete.");
     m_progress.UpdateSourceFileProgress(300);
     Report();
-    EXPECT_EQ(m_form.prgSourceFile.Value(), 100) << "a bar ends there";
+    EXPECT_EQ(m_form.prgSourceFile.Value(), 200) << "the figure of a source file has no upper end";
 }
 
 TEST_F(ProgressTexts, ThePercentageTextWaitsForAChange) {

@@ -26,7 +26,7 @@ TEST_F(ReviewSummaryUse, ThePageOfTheComplexitiesBeginsWithAllFiles) {
             "Module|2|modA (modA.bas)|12|Difficult|Moderately easy|Moderate risk"));
     EXPECT_THAT(
         ColumnsOf(m_form->lvwReview),
-        ElementsAre("Source File SortAscending", ">Complexity", "Test", "Understand", "Modify"));
+        ElementsAre("Source File SortAscending", "Complexity", "Test", "Understand", "Modify"));
     EXPECT_TRUE(m_form->SourceFilesVisible.Value());
     EXPECT_EQ(m_form->lvwReview.SelectedIndex(), 0U);
     m_form->SwitchTab(6);
@@ -111,19 +111,33 @@ TEST_F(ReviewSummaryUse, AColumnClickSortsByTextAndASecondOneSwapsTheOrder) {
     m_form->lvwReview.ClickColumn(6);
     EXPECT_THAT(
         FirstCells(), ElementsAre("frmB (frmB.frm)", "Billing (Billing.vbp)", "modA (modA.bas)"))
-        << "0, 1, 1,302";
-    EXPECT_EQ(ColumnsOf(m_form->lvwReview)[6], ">Total SortAscending");
+        << "0, 1, 1302";
+    EXPECT_EQ(ColumnsOf(m_form->lvwReview)[6], "Total SortAscending");
     EXPECT_EQ(Settings().RDT2SortCol, 6);
     EXPECT_EQ(Settings().RDT2SortOrder, 0);
     m_form->lvwReview.ClickColumn(6);
     EXPECT_THAT(
         FirstCells(), ElementsAre("modA (modA.bas)", "Billing (Billing.vbp)", "frmB (frmB.frm)"));
-    EXPECT_EQ(ColumnsOf(m_form->lvwReview)[6], ">Total SortDescending");
+    EXPECT_EQ(ColumnsOf(m_form->lvwReview)[6], "Total SortDescending");
     EXPECT_EQ(Settings().RDT2SortOrder, 1);
     m_form->lvwReview.ClickColumn(0);
-    EXPECT_EQ(ColumnsOf(m_form->lvwReview)[6], ">Total");
+    EXPECT_EQ(ColumnsOf(m_form->lvwReview)[6], "Total");
     EXPECT_EQ(ColumnsOf(m_form->lvwReview)[0], "Source File SortAscending");
     EXPECT_EQ(FirstCells()[0], "Billing (Billing.vbp)");
+}
+
+TEST_F(ReviewSummaryUse, EqualRowsStayInTheOrderThatIsShown) {
+    WriteReview();
+    Open();
+    m_form->SwitchTab(3);
+    m_form->lvwReview.ClickColumn(6);
+    m_form->lvwReview.ClickColumn(3);
+    EXPECT_THAT(
+        FirstCells(), ElementsAre("frmB (frmB.frm)", "Billing (Billing.vbp)", "modA (modA.bas)"))
+        << "the third severity is 0 in all of them";
+    m_form->lvwReview.ClickColumn(3);
+    EXPECT_THAT(
+        FirstCells(), ElementsAre("frmB (frmB.frm)", "Billing (Billing.vbp)", "modA (modA.bas)"));
 }
 
 TEST_F(ReviewSummaryUse, TheFirstColumnIsTheSortedOneAtFirst) {
@@ -153,10 +167,10 @@ TEST_F(ReviewSummaryUse, PagesWithAsManyColumnsShareTheirOrder) {
     m_form->lvwReview.ClickColumn(1);
     m_form->lvwReview.ClickColumn(1);
     m_form->SwitchTab(4);
-    EXPECT_EQ(ColumnsOf(m_form->lvwReview)[1], ">Critical SortDescending");
+    EXPECT_EQ(ColumnsOf(m_form->lvwReview)[1], "Critical SortDescending");
     EXPECT_EQ(FirstCells()[0], "Billing (Billing.vbp)");
     m_form->SwitchTab(6);
-    EXPECT_THAT(ColumnsOf(m_form->lvwReview)[1], ">Code");
+    EXPECT_THAT(ColumnsOf(m_form->lvwReview)[1], "Code");
 }
 
 TEST_F(ReviewSummaryUse, EachPageWithAnOrderHasItsOwnSettings) {
@@ -166,16 +180,16 @@ TEST_F(ReviewSummaryUse, EachPageWithAnOrderHasItsOwnSettings) {
     Settings().RDT5SortOrder = 1;
     Open();
     m_form->SwitchTab(5);
-    EXPECT_EQ(ColumnsOf(m_form->lvwReview)[1], ">Complexity SortAscending");
+    EXPECT_EQ(ColumnsOf(m_form->lvwReview)[1], "Complexity SortAscending");
     EXPECT_EQ(FirstCells()[0], "frmB (frmB.frm)");
     m_form->lvwReview.ClickColumn(1);
     EXPECT_EQ(Settings().RDT4SortOrder, 1);
     m_form->cboSourceFiles.Choose(1);
-    EXPECT_EQ(ColumnsOf(m_form->lvwReview)[1], ">Complexity SortDescending")
+    EXPECT_EQ(ColumnsOf(m_form->lvwReview)[1], "Complexity SortDescending")
         << "the icon comes back when the page is filled";
     EXPECT_EQ(FirstCells()[0], "Help");
     m_form->SwitchTab(6);
-    EXPECT_EQ(ColumnsOf(m_form->lvwReview)[1], ">Code SortDescending");
+    EXPECT_EQ(ColumnsOf(m_form->lvwReview)[1], "Code SortDescending");
     EXPECT_EQ(FirstCells()[0], "modA (modA.bas)");
 }
 

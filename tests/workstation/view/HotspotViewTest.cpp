@@ -145,6 +145,14 @@ TEST_F(HotspotTable, NumbersSortByValueAndNotByTheirFirstDigit) {
     EXPECT_THAT(Hotspots(4), ElementsAre("1%", "13%", "20%", "N/A"));
 }
 
+TEST_F(HotspotTable, EqualRowsAreInTheOrderOfFillingWhateverWasSortedBefore) {
+    ClickHeader(6);
+    const std::vector<std::string> afterMostViolations = RowKeys();
+    ClickHeader(1);
+    ClickHeader(6);
+    EXPECT_EQ(RowKeys(), afterMostViolations);
+}
+
 TEST_F(HotspotTable, AnotherFillingKeepsTheSortOrder) {
     ClickHeader(0);
     ClickHeader(0);

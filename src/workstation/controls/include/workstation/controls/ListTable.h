@@ -63,9 +63,11 @@ public:
     void SetCell(std::size_t row, std::size_t column, ListCell cell);
     std::optional<std::size_t> Find(std::string_view key) const;
 
-    /// By the text of a column, without regard to case. Equal rows keep the order in which they were added, in both
-    /// directions; a row without that cell counts as an empty text.
+    /// By the text of a column, without regard to case. Equal rows stay in the order that is shown, in both directions; a
+    /// row without that cell counts as an empty text.
     void Sort(std::size_t column, bool ascending);
+    /// Back to the order in which the rows were added.
+    void RestoreOrder();
 
     std::optional<std::size_t> SelectedIndex() const;
     const ListRow* SelectedRow() const;

@@ -62,7 +62,7 @@ public:
     Observable<std::string> lblSourceFile;
     Observable<std::string> lblSourceFileData;
     Observable<std::int32_t> prgProject;     // per cent
-    Observable<std::int32_t> prgSourceFile;  // per cent
+    Observable<std::int32_t> prgSourceFile;  // per cent, may pass 100
     Observable<std::string> lblComplete;
     Observable<std::string> lblMessage;
 

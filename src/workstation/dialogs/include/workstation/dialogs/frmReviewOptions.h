@@ -132,7 +132,6 @@ private:
     bool ReviewIsValid();
     bool RulebaseIsValid();
     bool FoldersAreValid();
-    bool IsValidFolder(const std::string& path, std::string_view word);
     bool Refuse(Page page, std::string_view control, std::string_view text);
     bool MoveTo(Page page, std::string_view control);
 
