@@ -157,6 +157,14 @@ TEST_F(ViolationList, RefreshingTheListOfAFileSelectsAllItemsWhereNothingIsSelec
     EXPECT_THAT(Violations(), ElementsAre(3, 4, 5, 7));
 }
 
+TEST_F(ViolationList, RefreshingTheListOfAFileWithoutAProceduresBoxChangesNothing) {
+    m_view.SwitchView(viewtype::kHotspots);
+    ChooseFile("2SFKey");
+    ASSERT_EQ(m_controls.Procedures.Count(), 0U);
+    m_view.RefreshViolationsList();
+    EXPECT_THAT(Violations(), ElementsAre(1, 2, 3, 4, 5, 6, 7, 8));
+}
+
 // ---- order ----
 
 TEST_F(ViolationList, SortsByValueWithoutRegardToCaseAndKeepsEqualRows) {
