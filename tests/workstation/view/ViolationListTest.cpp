@@ -377,5 +377,20 @@ TEST_F(ViolationList, AnErrorOfTheGridIsLoggedAndShownInNoBox) {
     EXPECT_EQ(m_controls.List.RowCount(), 0U);
 }
 
+TEST_F(ViolationList, AMarkThatCannotBeStoredIsAnErrorOfTheGrid) {
+    ChangeResults(
+        "Billing",
+        "CREATE TRIGGER Refusal BEFORE UPDATE ON Violations BEGIN SELECT RAISE(ABORT, 'no'); END");
+    m_controls.List.Check(4, true);
+    ASSERT_EQ(m_log.Entries().size(), 1U);
+    EXPECT_THAT(
+        m_log.Entries()[0],
+        testing::AllOf(
+            testing::StartsWith("Event #Encountered the following error: "),
+            EndsWith("#ResultsView::m_grdList_Error")));
+    EXPECT_THAT(m_boxes.Messages, IsEmpty());
+    EXPECT_EQ(m_controls.List.Value(4, NumberOf(ViolationColumn::Completed)).AsLong(), 0);
+}
+
 }  // namespace
 }  // namespace dorvik
