@@ -43,14 +43,18 @@ void ReviewEditor::UpdateFileName(std::string_view name, std::int32_t sourceId) 
     });
 }
 
-bool ReviewEditor::SetViolationCompleted(std::int32_t violationId, bool completed) {
-    return m_store.Trapped({kModule, "SetViolationCompleted"}, false, [&] {
+bool ReviewEditor::SetViolationCompleted(
+    std::int32_t violationId, bool completed, OnFailure onFailure) {
+    const auto write = [&] {
         return WriteField(
             m_store,
             "SELECT Completed FROM Violations WHERE ViolationID = " + std::to_string(violationId),
             "Completed",
             completed);
-    });
+    };
+    return onFailure == OnFailure::Raise
+               ? write()
+               : m_store.Trapped({kModule, "SetViolationCompleted"}, false, write);
 }
 
 }  // namespace dorvik

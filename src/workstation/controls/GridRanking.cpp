@@ -3,9 +3,17 @@
 #include "base/modTextCase.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace dorvik {
+
+namespace {
+
+/// The rank of a record without a value.
+constexpr std::int32_t kNoNumber = std::numeric_limits<std::int32_t>::min();
+
+}  // namespace
 
 GridRanking::GridRanking(GridOrdering ordering, const GridValueList& list, std::size_t records)
     : m_ordering(ordering),
@@ -21,7 +29,7 @@ void GridRanking::Add(std::size_t position, const Variant& value) {
     m_isKnown[position] = true;
     --m_missing;
     if (m_ordering == GridOrdering::Number) {
-        m_ranks[position] = value.AsLong();
+        m_ranks[position] = value.IsEmpty() ? kNoNumber : value.AsLong();
         return;
     }
     const auto next = static_cast<std::int32_t>(m_texts.size());

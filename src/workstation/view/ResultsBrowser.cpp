@@ -196,7 +196,7 @@ void ResultsBrowser::RefreshViolationsList() {
     ComboBox& procedures = m_at.Controls.Procedures;
     if (modSourceItems::IsWhole(*file)) {
         PopulateViolationsList(ComboItem(*file));
-    } else {
+    } else if (procedures.Count() > 0) {  // the hotspots show a file without filling that box
         procedures.Select(procedures.SelectedIndex().value_or(0));
         PopulateViolationsList(ComboItem(*procedures.SelectedItem()));
     }

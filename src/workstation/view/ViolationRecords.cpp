@@ -46,7 +46,7 @@ ViolationRecords::ReadRecord(std::int32_t key, const std::vector<std::string_vie
 }
 
 bool ViolationRecords::WriteCheck(std::int32_t key, bool checked) {
-    return m_results.Editor().SetViolationCompleted(key, checked);
+    return m_results.Editor().SetViolationCompleted(key, checked, OnFailure::Raise);
 }
 
 }  // namespace dorvik

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <optional>
 
 namespace dorvik {
 namespace {
@@ -19,7 +20,7 @@ class FakeRecords final : public IGridRecords {
 public:
     struct Record {
         bool Mark = false;
-        std::int32_t Number = 0;
+        std::optional<std::int32_t> Number = 0;
         std::string Text;
     };
 
@@ -66,7 +67,10 @@ private:
         if (field == "Mark") {
             return record.Mark;
         }
-        return field == "Number" ? Variant(record.Number) : Variant(record.Text);
+        if (field == "Text") {
+            return record.Text;
+        }
+        return record.Number ? Variant(*record.Number) : Variant();
     }
 };
 
@@ -143,6 +147,17 @@ protected:
 TEST_F(GridTest, WithoutASortKeyRowsAreInTheOrderOfTheirKeys) {
     EXPECT_THAT(Keys(), ElementsAre(11, 12, 13, 14));
     EXPECT_EQ(m_grid.CurrentRow(), std::nullopt);
+}
+
+TEST_F(GridTest, ARowWithoutANumberComesBeforeThoseWithOneAndIsAGroupOfItsOwn) {
+    m_records.Records = {
+        {11, {false, 0, ""}}, {12, {false, std::nullopt, ""}}, {13, {false, -1, ""}}};
+    m_grid.Rebind();
+    m_grid.SetSortKeys({{kNumber}});
+    EXPECT_THAT(Keys(), ElementsAre(12, 13, 11));
+    m_grid.SetSortKeys({});
+    m_grid.SetGroups({{kNumber, true}});
+    EXPECT_THAT(Rows(), ElementsAre("0", "11", "-1", "13", "(none)", "12"));
 }
 
 TEST_F(GridTest, ColumnsAreFoundByTheirKeyInAnyCase) {

@@ -1,8 +1,5 @@
 #include "WorkbenchFixture.h"
-#include "support/FilesystemPaths.h"
 #include "workstation/view/LiveBytes.h"
-
-#include <sqlite3.h>
 
 namespace dorvik {
 namespace {
@@ -20,10 +17,6 @@ protected:
     }
 
     void AddRows(int count) const {
-        sqlite3* database = nullptr;
-        ASSERT_EQ(
-            sqlite3_open(test::FilesystemPath(DatabaseFile("Billing")).string().c_str(), &database),
-            SQLITE_OK);
         const std::string sql =
             "WITH RECURSIVE Counter(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM Counter WHERE n "
             "< " +
@@ -33,9 +26,7 @@ protected:
             "BottomOffset, Completed) SELECT 1 + n % 5, 3, 5000, 4, 'Title ' || (n % 200), "
             "printf('%200d', n), printf('%100d', n), 1 + n % 5, n % 1000, 7, n, 4, 'Total', "
             "printf('%50d', n), 0, 0 FROM Counter";
-        EXPECT_EQ(sqlite3_exec(database, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK)
-            << sqlite3_errmsg(database);
-        sqlite3_close(database);
+        ChangeResults("Billing", sql);
     }
 
     static double BytesForEachRow(std::size_t before, std::size_t after) {

@@ -157,6 +157,14 @@ TEST_F(ViolationList, RefreshingTheListOfAFileSelectsAllItemsWhereNothingIsSelec
     EXPECT_THAT(Violations(), ElementsAre(3, 4, 5, 7));
 }
 
+TEST_F(ViolationList, RefreshingTheListOfAFileWithoutAProceduresBoxChangesNothing) {
+    m_view.SwitchView(viewtype::kHotspots);
+    ChooseFile("2SFKey");
+    ASSERT_EQ(m_controls.Procedures.Count(), 0U);
+    m_view.RefreshViolationsList();
+    EXPECT_THAT(Violations(), ElementsAre(1, 2, 3, 4, 5, 6, 7, 8));
+}
+
 // ---- order ----
 
 TEST_F(ViolationList, SortsByValueWithoutRegardToCaseAndKeepsEqualRows) {
@@ -367,6 +375,21 @@ TEST_F(ViolationList, AnErrorOfTheGridIsLoggedAndShownInNoBox) {
             EndsWith("#ResultsView::m_grdList_Error")));
     EXPECT_THAT(m_boxes.Messages, IsEmpty());
     EXPECT_EQ(m_controls.List.RowCount(), 0U);
+}
+
+TEST_F(ViolationList, AMarkThatCannotBeStoredIsAnErrorOfTheGrid) {
+    ChangeResults(
+        "Billing",
+        "CREATE TRIGGER Refusal BEFORE UPDATE ON Violations BEGIN SELECT RAISE(ABORT, 'no'); END");
+    m_controls.List.Check(4, true);
+    ASSERT_EQ(m_log.Entries().size(), 1U);
+    EXPECT_THAT(
+        m_log.Entries()[0],
+        testing::AllOf(
+            testing::StartsWith("Event #Encountered the following error: "),
+            EndsWith("#ResultsView::m_grdList_Error")));
+    EXPECT_THAT(m_boxes.Messages, IsEmpty());
+    EXPECT_EQ(m_controls.List.Value(4, NumberOf(ViolationColumn::Completed)).AsLong(), 0);
 }
 
 }  // namespace

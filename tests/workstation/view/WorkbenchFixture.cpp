@@ -7,6 +7,8 @@
 #include "source/VirtualProject.h"
 #include "support/FilesystemPaths.h"
 
+#include <sqlite3.h>
+
 #include <filesystem>
 
 namespace dorvik::test {
@@ -204,6 +206,15 @@ void WorkbenchFixture::WriteResults(std::string_view name) const {
     std::filesystem::create_directories(m_folder.HostPath() / "Dorvik");
     modFiles::CopyFile(ProgramPath(DORVIK_RESULTS_TEMPLATE), file);
     ResultsWriter(name).Write(file);
+}
+
+void WorkbenchFixture::ChangeResults(std::string_view name, const std::string& sql) const {
+    sqlite3* database = nullptr;
+    ASSERT_EQ(
+        sqlite3_open(FilesystemPath(DatabaseFile(name)).string().c_str(), &database), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(database, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK)
+        << sqlite3_errmsg(database);
+    sqlite3_close(database);
 }
 
 void WorkbenchFixture::OpenBench() {

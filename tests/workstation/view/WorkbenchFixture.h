@@ -98,6 +98,8 @@ protected:
         return m_folder.Path("Dorvik\\" + std::string(name) + "_DORVIK.mdb");
     }
     void WriteResults(std::string_view name) const;
+    /// Runs a statement of the bare engine on the results of a project.
+    void ChangeResults(std::string_view name, const std::string& sql) const;
     /// One with results, and the bench is shown.
     void OpenBench();
 

@@ -3,6 +3,7 @@
 #include "results/FigureReader.h"
 #include "results/ItemReader.h"
 #include "results/ListOrder.h"
+#include "results/OnFailure.h"
 #include "results/ResultsStore.h"
 #include "results/ReviewEditor.h"
 #include "results/ReviewKeys.h"
@@ -19,9 +20,6 @@
 #include <string_view>
 
 namespace dorvik {
-
-/// What becomes of an operation that fails.
-enum class OnFailure : int { Log, Raise };
 
 /// The results database of one project: one file that holds exactly one review.
 ///

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "results/OnFailure.h"
 #include "results/ResultsStore.h"
 #include "results/ReviewKeys.h"
 
@@ -18,8 +19,9 @@ public:
     void UpdateProjectName(std::string_view name);
     /// Does nothing where there is no such file.
     void UpdateFileName(std::string_view name, std::int32_t sourceId);
-    /// Marks a violation as dealt with, or not. False where there is no such violation.
-    bool SetViolationCompleted(std::int32_t violationId, bool completed);
+    /// Marks a violation as dealt with, or not. False where there is no such violation, and where a failure was logged.
+    bool SetViolationCompleted(
+        std::int32_t violationId, bool completed, OnFailure onFailure = OnFailure::Log);
 
 private:
     ResultsStore& m_store;

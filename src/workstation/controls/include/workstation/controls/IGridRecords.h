@@ -25,7 +25,7 @@ public:
     /// The values of the fields of one record, in their order.
     virtual std::vector<Variant>
     ReadRecord(std::int32_t key, const std::vector<std::string_view>& fields) = 0;
-    /// Stores a check mark of the user's. False where it could not be stored.
+    /// Stores a check mark of the user's. False where there is no such record any more.
     virtual bool WriteCheck(std::int32_t key, bool checked) = 0;
 };
 
