@@ -453,7 +453,8 @@ TEST(FileCodeModule, FileThatIsNoTextIsRefused) {
 }
 
 TEST(FileCodeModule, NulsAreKept) {
-    const std::string nuls("Attribute VB_Name = \"m\"\r\nx = 1\0\0\r\nDim a\r\n\0", 50);
+    using namespace std::string_literals;
+    const std::string nuls = "Attribute VB_Name = \"m\"\r\nx = 1\0\0\r\nDim a\r\n\0"s;
     const std::string bytes = nuls + "Dim b with enough text around it\r\n";
     OpenedMember member(bytes);
     FileCodeModule& module = member.Module();
