@@ -100,6 +100,7 @@ const char* const kProperty = "Sub Main()\n"
 TEST(Superinstructions, ReplaceTheFirstInstructionOfTheirSequence) {
     constexpr std::pair<const char*, const char*> kRows[] = {
         {"SelectLeft", "Select Case Left$(s, 3)\n    Case \"abc\", \"de\": t = s\n    End Select"},
+        {"JumpByLeft", "If Left$(s, 3) = \"abc\" Then t = s"},
         {"InStrOfConstant", "If InStr(s, \"abc\") > 0 Then t = s"},
         {"GetTextProperty", "Dorvik.GetProperty \"Source\", \"Line\", s"},
     };

@@ -1,5 +1,6 @@
 #include "SuperinstructionPass.h"
 
+#include "base/modUtf8.h"
 #include "basic/program/Program.h"
 #include "basic/program/Superinstructions.h"
 #include "basic/syntax/Ast.h"
@@ -28,7 +29,9 @@ public:
     bool HasShapeAt(const Instruction* at, std::span<const Opcode> shape) const {
         const auto left = static_cast<std::size_t>(m_code.data() + m_code.size() - at);
         return shape.size() <= left &&
-               std::ranges::equal(shape, std::span(at, shape.size()), {}, {}, &Instruction::Code);
+               std::equal(shape.begin(), shape.end(), at, [](Opcode wanted, const Instruction& in) {
+                   return FitsShape(wanted, in.Code);
+               });
     }
     const Value& ConstantOf(const Instruction& load) const {
         return m_program.Constants[static_cast<std::size_t>(load.Wide())];
@@ -36,6 +39,9 @@ public:
     bool LoadsText(const Instruction& load) const {
         const Value& constant = ConstantOf(load);
         return constant.Type() == ValueType::String && !constant.AsText().empty();
+    }
+    bool LoadsAscii(const Instruction& load) const {
+        return LoadsText(load) && modUtf8::IsAscii(ConstantOf(load).AsText());
     }
     bool LoadsPositiveInteger(const Instruction& load) const {
         const Value& constant = ConstantOf(load);
@@ -73,17 +79,23 @@ bool FitsTextProperty(const CodeTail& code) {
            sequence.Release().A == first && sequence.Release().B == 3;
 }
 
+template <class Sequence>
+bool FitsLeftCall(const CodeTail& code, const Sequence& sequence) {
+    return code.Calls(sequence.Call(), BuiltinId::LeftText, {sequence.Text(), sequence.Count()}) &&
+           code.LoadsPositiveInteger(sequence.Count());
+}
+
 /// Nothing reads the start of the text but the cases. After the last of them the code continues elsewhere.
 bool FitsSelectLeft(const CodeTail& code) {
     const SelectLeftSequence sequence(code.First());
-    if (!code.Calls(sequence.Call(), BuiltinId::LeftText, {sequence.Text(), sequence.Count()}) ||
-        !code.LoadsPositiveInteger(sequence.Count()) ||
-        sequence.Subject().Flags != kSelectSubject || sequence.Subject().B != sequence.Call().A) {
+    if (!FitsLeftCall(code, sequence) || sequence.Subject().Flags != kSelectSubject ||
+        sequence.Subject().B != sequence.Call().A) {
         return false;
     }
     const auto isCase = [&](const Instruction* at) {
         const TextCaseSequence one(at);
         return code.HasShapeAt(at, TextCaseSequence::kShape) &&
+               one.Comparison().Code == Opcode::JumpTextEqual &&
                one.Comparison().A == sequence.Subject().A &&
                one.Comparison().B == one.Constant().A &&
                code.ConstantOf(one.Constant()).Type() == ValueType::String;
@@ -94,6 +106,13 @@ bool FitsSelectLeft(const CodeTail& code) {
     }
     constexpr std::array kAfterTheCases{Opcode::Jump};
     return at != sequence.End() && code.HasShapeAt(at, kAfterTheCases);
+}
+
+bool FitsJumpByLeft(const CodeTail& code) {
+    const JumpByLeftSequence sequence(code.First());
+    return FitsLeftCall(code, sequence) && code.LoadsAscii(sequence.Constant()) &&
+           sequence.Comparison().A == sequence.Call().A &&
+           sequence.Comparison().B == sequence.Constant().A;
 }
 
 bool FitsInStr(const CodeTail& code) {
@@ -109,6 +128,7 @@ struct Condition {
 };
 constexpr Condition kConditions[] = {
     {Opcode::GetTextProperty, FitsTextProperty},
+    {Opcode::JumpByLeft, FitsJumpByLeft},
     {Opcode::SelectLeft, FitsSelectLeft},
     {Opcode::InStrOfConstant, FitsInStr},
 };

@@ -65,6 +65,22 @@ void SelectLeft(MachineState& state, Instruction in, Value* base) {
     state.Next = at;
 }
 
+void JumpByLeft(MachineState& state, Instruction in, Value* base) {
+    const JumpByLeftSequence sequence(state.At);
+    const Value& source = base[in.B];
+    if (source.Type() != ValueType::String) {
+        base[in.A] = source;
+        return;
+    }
+    // Only bytes of ASCII equal the constant, so bytes may be counted as characters.
+    const bool isSame =
+        StartOf(state, source, sequence.Count()) == ConstantOf(state, sequence.Constant()).AsText();
+    const Instruction* const jump = sequence.End();
+    state.Next = isSame == (sequence.Comparison().Code == Opcode::JumpTextEqual)
+                     ? state.Frames.Code() + jump->Wide()
+                     : jump + 1;
+}
+
 void InStrOfConstant(MachineState& state, Instruction in, Value* base) {
     const InStrSequence sequence(state.At);
     const Value& source = base[in.B];

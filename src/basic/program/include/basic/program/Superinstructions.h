@@ -77,6 +77,22 @@ public:
     const Instruction& Subject() const { return At<3>(); }
 };
 
+/// `If Left$(text, 3) = "abc"`.
+class JumpByLeftSequence final : public InstructionSequence<
+                                     Opcode::Move,
+                                     Opcode::LoadConstant,
+                                     Opcode::CallBuiltin,
+                                     Opcode::LoadConstant,
+                                     Opcode::JumpTextEqual> {
+public:
+    using InstructionSequence::InstructionSequence;
+    const Instruction& Text() const { return At<0>(); }
+    const Instruction& Count() const { return At<1>(); }
+    const Instruction& Call() const { return At<2>(); }
+    const Instruction& Constant() const { return At<3>(); }
+    const Instruction& Comparison() const { return At<4>(); }
+};
+
 /// `InStr(text, "abc")`.
 class InStrSequence final
     : public InstructionSequence<Opcode::Move, Opcode::LoadConstant, Opcode::CallBuiltin> {
@@ -87,6 +103,11 @@ public:
     const Instruction& Call() const { return At<2>(); }
 };
 
+/// Whether an instruction is what a shape has at its position. A comparison may be either of its two forms.
+constexpr bool FitsShape(Opcode shape, Opcode code) {
+    return code == shape || (shape == Opcode::JumpTextEqual && code == Opcode::JumpTextNotEqual);
+}
+
 struct Superinstruction {
     Opcode Code;
     std::span<const Opcode> Shape;
@@ -95,6 +116,7 @@ struct Superinstruction {
 /// All of them. Where several fit, the first one is taken.
 inline constexpr Superinstruction kSuperinstructions[] = {
     {Opcode::GetTextProperty, TextPropertySequence::kShape, "a property into a String"},
+    {Opcode::JumpByLeft, JumpByLeftSequence::kShape, "a jump by Left$ and a constant"},
     {Opcode::SelectLeft, SelectLeftSequence::kShape, "a Select Case of Left$ over constants"},
     {Opcode::InStrOfConstant, InStrSequence::kShape, "InStr of a constant"},
 };
