@@ -22,6 +22,7 @@ KeywordEnforcement::EventKeywords& KeywordEnforcement::KeywordsOf(ParserEvent ev
             for (const auto& rule : *rules) {
                 keywords.Keywords.push_back(
                     {rule.get(),
+                     rule->RuleID(),
                      std::to_string(rule->RuleID()),
                      keywords.Patterns.Add(rule->Condition())});
             }
@@ -39,36 +40,39 @@ void KeywordEnforcement::EnforceUnauthorisedKeywords(const EventLocation& locati
     VB6ParserState& state = m_review.State;
     keywords.Patterns.SetText(modText::TrimLeft(state.StrippedSourceStatement()));
     const Keyword* current = nullptr;
-    for (const Keyword& keyword : keywords.Keywords) {
-        if (m_review.RuleEngine.Failures().IsDisabled(keyword.Rule->RuleID())) {
-            continue;
-        }
-        m_review.RuleEngine.IncrementRuleExecutionCount();
-        current = &keyword;
-        if (IsMatch(keyword, keywords.Patterns)) {
-            state.SetCurrentRuleID(keyword.RuleID);
-            m_review.Violations.RaiseAtEvent(*keyword.Rule, location);
-        }
-    }
+    const Keyword* tested = nullptr;  // while its pattern is
+    Explain(
+        [&] {
+            for (const Keyword& keyword : keywords.Keywords) {
+                if (m_review.RuleEngine.Failures().IsDisabled(keyword.RuleID)) {
+                    continue;
+                }
+                m_review.RuleEngine.IncrementRuleExecutionCount();
+                current = tested = &keyword;
+                const bool isMatch = keywords.Patterns.Matches(keyword.Pattern);
+                tested = nullptr;
+                if (isMatch) {
+                    state.SetCurrentRuleID(keyword.RuleIDText);
+                    m_review.Violations.RaiseAtEvent(*keyword.Rule, location);
+                }
+            }
+        },
+        [&] {
+            return tested == nullptr ? std::string() : NoteFailure(*tested, keywords.Patterns);
+        });
     if (current != nullptr) {
-        state.SetCurrentRuleID(current->RuleID);  // so that the next line of the log names it
+        state.SetCurrentRuleID(current->RuleIDText);  // so that the next line of the log names it
     }
 }
 
-bool KeywordEnforcement::IsMatch(const Keyword& keyword, const PatternSet& patterns) {
-    bool isMatch = false;
-    Explain(
-        [&] { isMatch = patterns.Matches(keyword.Pattern); },
-        [&] {
-            m_review.State.SetCurrentRuleID(keyword.RuleID);
-            if (patterns.IsMalformed(keyword.Pattern)) {
-                m_review.RuleEngine.CountPatternFailure(*keyword.Rule);
-            } else {
-                m_review.RuleEngine.CountPatternStop(*keyword.Rule);
-            }
-            return " in " + modRuleFacts::NameOf(*keyword.Rule);
-        });
-    return isMatch;
+std::string KeywordEnforcement::NoteFailure(const Keyword& keyword, const PatternSet& patterns) {
+    m_review.State.SetCurrentRuleID(keyword.RuleIDText);
+    if (patterns.IsMalformed(keyword.Pattern)) {
+        m_review.RuleEngine.CountPatternFailure(*keyword.Rule);
+    } else {
+        m_review.RuleEngine.CountPatternStop(*keyword.Rule);
+    }
+    return " in " + modRuleFacts::NameOf(*keyword.Rule);
 }
 
 }  // namespace dorvik

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -24,7 +25,8 @@ public:
 private:
     struct Keyword {
         const IRule* Rule;
-        std::string RuleID;
+        std::int32_t RuleID;
+        std::string RuleIDText;
         std::size_t Pattern;  // in the set
     };
     /// The keywords that are assigned to an event.
@@ -35,7 +37,8 @@ private:
     };
 
     EventKeywords& KeywordsOf(ParserEvent event);
-    bool IsMatch(const Keyword& keyword, const PatternSet& patterns);
+    /// Counts a pattern that failed; which keyword it was, for the message.
+    std::string NoteFailure(const Keyword& keyword, const PatternSet& patterns);
 
     const ReviewContext m_review;
     std::array<EventKeywords, kLastParserEvent + 1> m_keywords;  // by event number

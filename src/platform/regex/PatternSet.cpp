@@ -20,7 +20,7 @@ PatternSet& PatternSet::operator=(PatternSet&& other) noexcept = default;
 
 std::size_t PatternSet::Add(std::string_view pattern) {
     std::shared_ptr<const CompiledPattern> compiled = CompiledPattern::Of(pattern, {});
-    m_isCandidate.push_back(0);
+    m_required.push_back(compiled->RequiredOfTexts().Bigrams.Bits());
     m_entries.push_back({compiled->RequiredOfTexts(), std::move(compiled)});
     return m_entries.size() - 1;
 }
@@ -31,16 +31,21 @@ bool PatternSet::IsMalformed(std::size_t pattern) const {
 
 void PatternSet::SetText(std::string_view text) {
     m_text = text;
-    const TextSignature signature(text);
-    for (std::size_t i = 0; i < m_entries.size(); ++i) {
-        m_isCandidate[i] = m_entries[i].Filter.MayMatch(text, signature) ? 1 : 0;
+    if (m_signature == nullptr) {
+        m_signature = std::make_unique<TextSignature>();
     }
+    *m_signature = TextSignature(text);
+    m_present = m_signature->Bigrams.Bits();
 }
 
 bool PatternSet::Search(std::size_t pattern) const {
+    if (m_signature == nullptr) {
+        return false;
+    }
     const Entry& entry = m_entries[pattern];
     entry.Compiled->RequireValid();
-    return entry.Filter.HasLiterals(m_text) && entry.Compiled->IsIn(m_text);
+    return entry.Filter.MayMatch(m_text, *m_signature) && entry.Filter.HasLiterals(m_text) &&
+           entry.Compiled->IsIn(m_text);
 }
 
 }  // namespace dorvik

@@ -15,6 +15,7 @@ public:
     explicit BigramSet(std::string_view text);
 
     bool ContainsAll(const BigramSet& other) const { return (other.m_bits & ~m_bits) == 0; }
+    std::uint64_t Bits() const { return m_bits; }
 
     friend bool operator==(const BigramSet&, const BigramSet&) = default;
 

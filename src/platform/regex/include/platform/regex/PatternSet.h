@@ -2,10 +2,13 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string_view>
 #include <vector>
 
 namespace dorvik {
+
+struct TextSignature;
 
 /// Patterns that are all tested on each of many texts, as the keywords of a rulebase are on each statement: the
 /// same results as one `RegularExpression` for each pattern, with case, at a fraction of the time.
@@ -35,7 +38,7 @@ public:
     /// True if the pattern matches anywhere in the text. Raises one of 5017 to 5020 for a malformed pattern, and
     /// `kRegularExpressionTooComplex` for a search that was abandoned.
     bool Matches(std::size_t pattern) const {
-        return m_isCandidate[pattern] != 0 && Search(pattern);
+        return (m_required[pattern] & ~m_present) == 0 && Search(pattern);
     }
 
 private:
@@ -44,7 +47,10 @@ private:
     bool Search(std::size_t pattern) const;
 
     std::vector<Entry> m_entries;
-    std::vector<std::uint8_t> m_isCandidate;  // by pattern; 0: the text is known not to match
+    std::unique_ptr<TextSignature> m_signature;  // null before the first text
+    // A text that lacks a bigram which every match contains is rejected here, in the caller's loop.
+    std::vector<std::uint64_t> m_required;  // by pattern
+    std::uint64_t m_present = 0;            // in the text
     std::string_view m_text;
 };
 
