@@ -53,30 +53,29 @@ void SourceObject::SetLine(const CurrentSourceLine& line) {
 }
 
 const std::string* SourceObject::FindText(std::string_view propertyName) const {
-    using Source = SourceObject;
     struct Row {
         std::string_view Name;
-        const std::string& (*Text)(const Source&);
+        const std::string& (*Text)(const SourceObject&);
     };
     static constexpr std::array kTexts = {
         Row{propertyname::kStrippedStatement,
-            [](const Source& s) -> const std::string& {
+            [](const SourceObject& s) -> const std::string& {
                 return s.StrippedStatement();
             }},
         Row{propertyname::kStatement,
-            [](const Source& s) -> const std::string& {
+            [](const SourceObject& s) -> const std::string& {
                 return s.m_statement;
             }},
         Row{propertyname::kStrippedLine,
-            [](const Source& s) -> const std::string& {
+            [](const SourceObject& s) -> const std::string& {
                 return s.StrippedLine();
             }},
         Row{propertyname::kLine,
-            [](const Source& s) -> const std::string& {
+            [](const SourceObject& s) -> const std::string& {
                 return s.m_line;
             }},
         Row{propertyname::kPhysicalLine,
-            [](const Source& s) -> const std::string& {
+            [](const SourceObject& s) -> const std::string& {
                 return s.m_physicalLine;
             }},
     };
@@ -85,49 +84,47 @@ const std::string* SourceObject::FindText(std::string_view propertyName) const {
 }
 
 std::optional<Variant> SourceObject::FindProperty(std::string_view propertyName) const {
-    using Source = SourceObject;
     struct Row {
         std::string_view Name;
-        Variant (*Value)(const Source&);
+        Variant (*Value)(const SourceObject&);
     };
     static constexpr std::array kProperties = {
         Row{propertyname::kIsBlank,
-            [](const Source& s) {
+            [](const SourceObject& s) {
                 return Variant(s.m_lineType == LineType::Blank);
             }},
         Row{propertyname::kIsCode,
-            [](const Source& s) {
+            [](const SourceObject& s) {
                 return Variant(
                     s.m_lineType == LineType::Code || s.m_lineType == LineType::CodeWithComment);
             }},
         Row{propertyname::kIsComment,
-            [](const Source& s) {
+            [](const SourceObject& s) {
                 return Variant(s.m_lineType == LineType::CommentOnly);
             }},
         Row{propertyname::kIsMultiStatement,
-            [](const Source& s) {
+            [](const SourceObject& s) {
                 return Variant(s.m_isMultiStatement);
             }},
         Row{propertyname::kPhysicalLineCount,
-            [](const Source& s) {
+            [](const SourceObject& s) {
                 return Variant(s.m_physicalLineCount);
             }},
         Row{propertyname::kLineNumber,
-            [](const Source& s) {
+            [](const SourceObject& s) {
                 return Variant(s.m_lineNumber);
             }},
         Row{propertyname::kCommentBlock,
-            [](const Source& s) {
+            [](const SourceObject& s) {
                 return Variant(s.CommentBlock());
             }},
     };
-    if (const std::string* text = FindText(propertyName)) {
-        return Variant(*text);
-    }
     if (const Row* row = modNames::FindRow(kProperties, propertyName)) {
         return row->Value(*this);
     }
-    return std::nullopt;
+    // A script has searched the texts before it comes here.
+    const std::string* const text = FindText(propertyName);
+    return text == nullptr ? std::nullopt : std::optional<Variant>(*text);
 }
 
 }  // namespace dorvik

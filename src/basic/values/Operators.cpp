@@ -37,6 +37,9 @@ Value Concatenate(const Value& left, const Value& right) {
 }
 
 Value Like(const Value& left, const Value& right, bool ignoresCase) {
+    if (left.Type() == ValueType::String && right.Type() == ValueType::String) {
+        return Value::Boolean(MatchesLike(left.AsText(), right.AsText(), ignoresCase));
+    }
     const OperandView text(left);
     const OperandView pattern(right);
     text.RefuseError();
