@@ -85,14 +85,24 @@ bool ProgramRun::IsRunning() {
 }
 
 void ProgramRun::Interrupt() {
-    if (m_process != 0) {
-        ::kill(m_process, SIGINT);
-    }
+    Signal(SIGINT);
+}
+
+void ProgramRun::Halt() {
+    Signal(SIGSTOP);
+}
+
+void ProgramRun::Continue() {
+    Signal(SIGCONT);
 }
 
 void ProgramRun::Kill() {
+    Signal(SIGKILL);
+}
+
+void ProgramRun::Signal(int signal) {
     if (m_process != 0) {
-        ::kill(m_process, SIGKILL);
+        ::kill(m_process, signal);
     }
 }
 

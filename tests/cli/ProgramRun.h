@@ -34,6 +34,9 @@ public:
     bool IsRunning();
     /// What Ctrl-C in a terminal does.
     void Interrupt();
+    /// Halts the program wherever it is, until `Continue`.
+    void Halt();
+    void Continue();
     /// Ends the program at once, whatever it is doing; wait for it afterwards.
     void Kill();
     /// Waits for the end. A program that takes longer than the patience of the settings is killed;
@@ -51,6 +54,7 @@ public:
 
 private:
     std::filesystem::path StreamFile(const char* name) const;
+    void Signal(int signal);
     void Finish(int status);
 
     Settings m_settings;
