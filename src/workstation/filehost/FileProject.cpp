@@ -7,7 +7,7 @@
 #include "modHostMessage.h"
 #include "platform/host/modFiles.h"
 #include "source/VirtualProject.h"
-#include "workstation/filehost/HostCallList.h"
+#include "workstation/host/HostCallList.h"
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,7 @@
 
 #include "base/BasicError.h"
 #include "foundation/log/Trap.h"
-#include "workstation/filehost/FileHost.h"
+#include "workstation/session/ISessionHost.h"
 
 #include <utility>
 
@@ -33,22 +33,24 @@ SessionRefusal Try(const std::string& missing, Action&& action) {
     return refusal;
 }
 
+/// Changes a line of a file.
 template <typename Action>
 SessionRefusal
-Change(FileHost& host, std::string_view file, std::int32_t line, const Action& action) {
-    FileComponent* component = host.FindComponent(file);
+Change(ISessionHost& host, std::string_view file, std::int32_t line, Action&& action) {
+    const IHostComponent* const component = host.FindComponent(file);
     if (component == nullptr) {
         return NoFile(file);
     }
-    const std::string missing = "'" + component->Name() + "' has no line " + std::to_string(line);
-    return Try(missing, [&] { action(component->CodeModule()); });
+    return Try(
+        "'" + component->Name() + "' has no line " + std::to_string(line),
+        std::forward<Action>(action));
 }
 
-void WriteModule(FileCodeModule& module, JsonWriter& writer) {
+void WriteModule(ICodeModule& module, JsonWriter& writer) {
     writer.Key("lines");
     writer.StartArray();
-    for (const std::string& text : module.Texts()) {
-        modSessionJson::Text(writer, text);
+    for (std::int32_t line = 1; line <= module.CountOfLines(); ++line) {
+        modSessionJson::Text(writer, module.Lines(line, 1));
     }
     writer.EndArray();
     modSessionJson::Member(writer, "top", module.CodePane().TopLine());
@@ -64,7 +66,7 @@ void WriteModule(FileCodeModule& module, JsonWriter& writer) {
 
 }  // namespace
 
-void modHostDump::WriteHost(FileHost& host, JsonWriter& writer) {
+void modHostDump::WriteHost(ISessionHost& host, JsonWriter& writer) {
     writer.Key("calls");
     writer.StartArray();
     for (const std::string& call : host.Calls().Calls()) {
@@ -73,12 +75,13 @@ void modHostDump::WriteHost(FileHost& host, JsonWriter& writer) {
     writer.EndArray();
 }
 
-SessionRefusal modHostDump::WriteCode(FileHost& host, std::string_view file, JsonWriter& writer) {
-    FileComponent* component = host.FindComponent(file);
+SessionRefusal
+modHostDump::WriteCode(ISessionHost& host, std::string_view file, JsonWriter& writer) {
+    IHostComponent* const component = host.FindComponent(file);
     if (component == nullptr) {
         return NoFile(file);
     }
-    FileCodeModule* module = nullptr;
+    ICodeModule* module = nullptr;
     SessionRefusal refusal = Try(NoFile(file), [&] { module = &component->CodeModule(); });
     if (!refusal) {
         WriteModule(*module, writer);
@@ -86,57 +89,57 @@ SessionRefusal modHostDump::WriteCode(FileHost& host, std::string_view file, Jso
     return refusal;
 }
 
-SessionRefusal modHostCommands::Open(FileHost& host, std::string_view path) {
+SessionRefusal modHostCommands::Open(ISessionHost& host, std::string_view path) {
     return host.Open(path) ? SessionRefusal()
                            : "nothing was opened from '" + std::string(path) + "'";
 }
 
-SessionRefusal modHostCommands::Close(FileHost& host, std::string_view project) {
+SessionRefusal modHostCommands::Close(ISessionHost& host, std::string_view project) {
     return Try(NoProject(project), [&] { host.CloseProject(project); });
 }
 
 SessionRefusal
-modHostCommands::Rename(FileHost& host, std::string_view oldName, std::string_view newName) {
+modHostCommands::Rename(ISessionHost& host, std::string_view oldName, std::string_view newName) {
     return Try(NoProject(oldName), [&] { host.RenameProject(oldName, newName); });
 }
 
-SessionRefusal modHostCommands::Activate(FileHost& host, std::string_view project) {
+SessionRefusal modHostCommands::Activate(ISessionHost& host, std::string_view project) {
     return Try(NoProject(project), [&] { host.ActivateProject(project); });
 }
 
-SessionRefusal modHostCommands::SelectFile(FileHost& host, std::string_view file) {
+SessionRefusal modHostCommands::SelectFile(ISessionHost& host, std::string_view file) {
     return Try(NoFile(file), [&] { host.SelectFile(file); });
 }
 
-SessionRefusal modHostCommands::SetDirty(FileHost& host, std::string_view project, bool dirty) {
-    return Try(NoProject(project), [&] { host.Project(project).SetDirty(dirty); });
+SessionRefusal modHostCommands::SetDirty(ISessionHost& host, std::string_view project, bool dirty) {
+    return Try(NoProject(project), [&] { host.SetDirty(project, dirty); });
 }
 
 SessionRefusal
-modHostCommands::SetNeverSaved(FileHost& host, std::string_view project, bool neverSaved) {
-    return Try(NoProject(project), [&] { host.Project(project).SetNeverSaved(neverSaved); });
+modHostCommands::SetNeverSaved(ISessionHost& host, std::string_view project, bool neverSaved) {
+    return Try(NoProject(project), [&] { host.SetNeverSaved(project, neverSaved); });
 }
 
 SessionRefusal modHostCommands::Edit(
-    FileHost& host, std::string_view file, std::int32_t line, std::string_view text) {
-    return Change(
-        host, file, line, [&](FileCodeModule& module) { module.ReplaceLine(line, text); });
+    ISessionHost& host, std::string_view file, std::int32_t line, std::string_view text) {
+    return Change(host, file, line, [&] { host.ReplaceLine(file, line, text); });
 }
 
 SessionRefusal modHostCommands::Insert(
-    FileHost& host, std::string_view file, std::int32_t line, std::string_view text) {
-    return Change(
-        host, file, line, [&](FileCodeModule& module) { module.InsertLines(line, text); });
+    ISessionHost& host, std::string_view file, std::int32_t line, std::string_view text) {
+    return Change(host, file, line, [&] { host.InsertLine(file, line, text); });
 }
 
-SessionRefusal modHostCommands::Delete(FileHost& host, std::string_view file, std::int32_t line) {
-    return Change(host, file, line, [&](FileCodeModule& module) { module.DeleteLines(line, 1); });
+SessionRefusal
+modHostCommands::Delete(ISessionHost& host, std::string_view file, std::int32_t line) {
+    return Change(host, file, line, [&] { host.DeleteLine(file, line); });
 }
 
-SessionRefusal modHostCommands::Save(FileHost& host, const std::optional<std::string>& project) {
+SessionRefusal
+modHostCommands::Save(ISessionHost& host, const std::optional<std::string>& project) {
     bool isSaved = false;
     SessionRefusal refusal = Try(NoProject(project.value_or("")), [&] {
-        isSaved = project ? host.Project(*project).Save() : host.SaveAll();
+        isSaved = project ? host.Save(*project) : host.SaveAll();
     });
     if (!refusal && !isSaved) {
         refusal = "not all could be saved";

@@ -30,8 +30,9 @@ bool IsReachable(const CommandControl& bar, const CommandControl& item) {
 
 }  // namespace
 
-Session::Session(std::function<bool()> isInterrupted)
-    : m_isInterrupted(std::move(isInterrupted)),
+Session::Session(ISessionHost& host, std::function<bool()> isInterrupted)
+    : m_host(host),
+      m_isInterrupted(std::move(isInterrupted)),
       m_screen(m_host.Calls(), m_isInterrupted),
       m_installedMessages(m_messages),
       m_installedSettings(RegistryRoot::CurrentUser, m_settings) {}
@@ -57,7 +58,8 @@ SessionRefusal Session::Start(std::int32_t connectMode) {
     if (IsStarted()) {
         return "the add-in is started already";
     }
-    m_connect.AddinInstance_OnConnection(m_host, static_cast<ConnectMode>(connectMode), m_screen);
+    m_connect.AddinInstance_OnConnection(
+        m_host.Environment(), static_cast<ConnectMode>(connectMode), m_screen);
     return {};
 }
 

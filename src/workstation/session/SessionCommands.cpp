@@ -178,29 +178,30 @@ SessionRefusal Save(SessionPlayer& player, const SessionWords& words) {
 }
 
 /// A command with one name, or with two.
-template <SessionRefusal (*Command)(FileHost&, std::string_view)>
+template <SessionRefusal (*Command)(ISessionHost&, std::string_view)>
 SessionRefusal OnHost(SessionPlayer& player, const SessionWords& words) {
     return Command(player.Bench().Host(), words[0]);
 }
 
-template <SessionRefusal (*Command)(FileHost&, std::string_view, std::string_view)>
+template <SessionRefusal (*Command)(ISessionHost&, std::string_view, std::string_view)>
 SessionRefusal OnHost(SessionPlayer& player, const SessionWords& words) {
     return Command(player.Bench().Host(), words[0], words[1]);
 }
 
 /// A command with a name and a switch.
-template <SessionRefusal (*Command)(FileHost&, std::string_view, bool)>
+template <SessionRefusal (*Command)(ISessionHost&, std::string_view, bool)>
 SessionRefusal OnHost(SessionPlayer& player, const SessionWords& words) {
     return Command(player.Bench().Host(), words[0], modSessionWords::IsOn(words[1]));
 }
 
 /// A command on a line of a file, with a text or without.
-template <SessionRefusal (*Command)(FileHost&, std::string_view, std::int32_t, std::string_view)>
+template <
+    SessionRefusal (*Command)(ISessionHost&, std::string_view, std::int32_t, std::string_view)>
 SessionRefusal OnCode(SessionPlayer& player, const SessionWords& words) {
     return Command(player.Bench().Host(), words[0], Number(words[1]), words[2]);
 }
 
-template <SessionRefusal (*Command)(FileHost&, std::string_view, std::int32_t)>
+template <SessionRefusal (*Command)(ISessionHost&, std::string_view, std::int32_t)>
 SessionRefusal OnCode(SessionPlayer& player, const SessionWords& words) {
     return Command(player.Bench().Host(), words[0], Number(words[1]));
 }

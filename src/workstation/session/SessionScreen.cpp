@@ -6,7 +6,7 @@
 #include "workstation/dialogs/frmProgress.h"
 #include "workstation/dialogs/frmReviewOptions.h"
 #include "workstation/dialogs/frmReviewSummary.h"
-#include "workstation/filehost/HostCallList.h"
+#include "workstation/host/HostCallList.h"
 #include "workstation/session/SessionJson.h"
 
 #include <utility>

@@ -2,7 +2,7 @@
 
 #include "support/RecordingMessageBox.h"
 #include "support/TemporaryFolder.h"
-#include "workstation/filehost/FileHost.h"
+#include "workstation/session/FileSessionHost.h"
 
 #include <gtest/gtest.h>
 
@@ -28,7 +28,7 @@ public:
     }
     std::string Bytes() const { return m_folder.Read("m.bas"); }
 
-    FileHost Host;
+    FileSessionHost Host;
     test::RecordingMessageBox Box;
 
 private:
@@ -58,7 +58,7 @@ TEST(HostDump, CodeHasLinesTopAndSelection) {
 TEST(HostDump, HostHasTheCalls) {
     DumpedHost dumped;
     EXPECT_EQ(dumped.HostText(), R"({"calls":[]})");
-    dumped.Host.ExecuteCommand(942);
+    dumped.Host.Environment().ExecuteCommand(942);
     dumped.Host.FindComponent("m")->CodeModule().CodePane().SetTopLine(2);
     EXPECT_EQ(dumped.HostText(), R"({"calls":["references","show-line P m 2"]})");
 }
@@ -69,15 +69,15 @@ TEST(HostDump, LinesAreEditedInsertedAndDeleted) {
     EXPECT_EQ(modHostCommands::Insert(dumped.Host, "M.BAS", 1, "' top"), std::nullopt);
     EXPECT_EQ(modHostCommands::Delete(dumped.Host, "m", 3), std::nullopt);
     EXPECT_EQ(modHostCommands::Insert(dumped.Host, "m", 3, "' end"), std::nullopt);
-    EXPECT_TRUE(dumped.Host.Project(1).IsDirty());
+    EXPECT_TRUE(dumped.Host.Environment().Project(1).IsDirty());
     EXPECT_EQ(modHostCommands::Save(dumped.Host, "P"), std::nullopt);
     EXPECT_EQ(dumped.Bytes(), "Attribute VB_Name = \"m\"\r\n' top\r\nDim x\r\n' end\r\n");
-    EXPECT_FALSE(dumped.Host.Project(1).IsDirty());
+    EXPECT_FALSE(dumped.Host.Environment().Project(1).IsDirty());
 }
 
 TEST(HostDump, WhatIsNotThereIsRefused) {
     DumpedHost dumped;
-    FileHost& host = dumped.Host;
+    FileSessionHost& host = dumped.Host;
     EXPECT_EQ(modHostCommands::Edit(host, "x", 1, ""), "there is no file 'x'");
     EXPECT_EQ(modHostCommands::Edit(host, "m.bas", 3, ""), "'m' has no line 3");
     EXPECT_EQ(modHostCommands::Insert(host, "m", 4, ""), "'m' has no line 4");
@@ -100,20 +100,20 @@ TEST(HostDump, WhatIsNotThereIsRefused) {
 
 TEST(HostDump, ProjectIsMarkedRenamedAndClosed) {
     DumpedHost dumped;
-    FileHost& host = dumped.Host;
+    FileSessionHost& host = dumped.Host;
     EXPECT_EQ(modHostCommands::SetDirty(host, "p", true), std::nullopt);
-    EXPECT_TRUE(host.Project(1).IsDirty());
+    EXPECT_TRUE(host.Environment().Project(1).IsDirty());
     EXPECT_EQ(modHostCommands::SetDirty(host, "p", false), std::nullopt);
-    EXPECT_FALSE(host.Project(1).IsDirty());
+    EXPECT_FALSE(host.Environment().Project(1).IsDirty());
     EXPECT_EQ(modHostCommands::SetNeverSaved(host, "p", true), std::nullopt);
-    EXPECT_EQ(host.Project(1).FileName(), "");
+    EXPECT_EQ(host.Environment().Project(1).FileName(), "");
     EXPECT_EQ(modHostCommands::Save(host, std::nullopt), std::nullopt);
-    EXPECT_NE(host.Project(1).FileName(), "");
+    EXPECT_NE(host.Environment().Project(1).FileName(), "");
     EXPECT_EQ(modHostCommands::Rename(host, "P", "Q"), std::nullopt);
     EXPECT_EQ(modHostCommands::Activate(host, "Q"), std::nullopt);
     EXPECT_EQ(modHostCommands::SelectFile(host, "m"), std::nullopt);
     EXPECT_EQ(modHostCommands::Close(host, "Q"), std::nullopt);
-    EXPECT_EQ(host.ProjectCount(), 0);
+    EXPECT_EQ(host.Environment().ProjectCount(), 0);
 }
 
 TEST(HostDump, SaveThatFailsIsRefused) {

@@ -1,5 +1,7 @@
 #include "SessionFixture.h"
 
+#include "workstation/session/FileSessionHost.h"
+
 namespace dorvik::test {
 
 namespace {
@@ -84,8 +86,14 @@ std::string SessionFolder::WithoutPlaces(std::string text) const {
 }
 
 PlayedSession PlaySession(const SessionFolder& folder, std::string_view script) {
+    FileSessionHost host;
+    return PlaySession(folder, script, host);
+}
+
+PlayedSession
+PlaySession(const SessionFolder& folder, std::string_view script, ISessionHost& host) {
     PlayedSession played;
-    Session session;
+    Session session(host);
     SessionPlayer player(session, [&](const std::string& json) {
         played.Output.push_back(folder.WithoutPlaces(json));
     });

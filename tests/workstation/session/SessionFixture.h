@@ -48,6 +48,8 @@ struct PlayedSession {
     SessionPlayer::Outcome Outcome;
 };
 
+/// Over files, unless another host is given.
 PlayedSession PlaySession(const SessionFolder& folder, std::string_view script);
+PlayedSession PlaySession(const SessionFolder& folder, std::string_view script, ISessionHost& host);
 
 }  // namespace dorvik::test

@@ -1,9 +1,10 @@
 #pragma once
 
-#include "workstation/filehost/ProcedureList.h"
-#include "workstation/filehost/modCodeLines.h"
 #include "workstation/host/ICodeModule.h"
 
+#include <cstdint>
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -23,12 +24,17 @@ public:
     void SetVisible(bool visible) override {
         m_visible = visible;
         Note(visible ? "shown" : "hidden");
+        if (visible && OnShown) {
+            OnShown();
+        }
     }
     void SetFocus() override { Note("focus"); }
     void Close() override {
         m_visible = false;
         Note("closed");
     }
+
+    std::function<void()> OnShown;
 
 protected:
     void Note(std::string_view what) { m_calls.push_back(m_name + " " + std::string(what)); }
@@ -53,6 +59,11 @@ public:
     CodeRange Selection() const override { return m_selection; }
     IHostWindow& Window() override { return m_window; }
 
+    /// Keeps to its lines while `count` lines come in front of `line`; a negative count: while they go from there on.
+    void FollowLines(std::int32_t line, std::int32_t count, std::int32_t lastLine);
+
+    std::function<void(std::int32_t line)> OnTopLine;
+
 private:
     HostCalls& m_calls;
     std::string m_name;
@@ -61,7 +72,8 @@ private:
     CodeRange m_selection{1, 1, 1, 1};
 };
 
-/// A code module over a plain text, which a test may replace at any time.
+/// A code module over a plain text, which a test may replace at any time, and in which it may type. Procedures are told
+/// by how their lines begin.
 class ScriptedModule final : public ICodeModule {
 public:
     ScriptedModule(HostCalls& calls, const std::string& component) : m_pane(calls, component) {}
@@ -69,24 +81,40 @@ public:
     /// Lines end in LF or CR LF; a line end at the end of the text begins no further line.
     void SetText(std::string_view text);
 
-    std::string Lines(std::int32_t start, std::int32_t count) const override {
-        return modCodeLines::Joined(m_lines, start, count);
-    }
+    // What the user does. Each raises `kSubscriptOutOfRange` for a line that is not there.
+    void ReplaceLine(std::int32_t line, std::string_view text);
+    /// In front of `line`; the one after the last is allowed.
+    void InsertLine(std::int32_t line, std::string_view text);
+    void DeleteLine(std::int32_t line);
+    bool IsEdited() const { return m_isEdited; }
+    void SetSaved() { m_isEdited = false; }
+
+    std::string Lines(std::int32_t start, std::int32_t count) const override;
     std::int32_t CountOfLines() const override { return static_cast<std::int32_t>(m_lines.size()); }
-    std::int32_t CountOfDeclarationLines() const override {
-        return m_procedures.CountOfDeclarationLines();
-    }
+    std::int32_t CountOfDeclarationLines() const override;
     std::int32_t ProcStartLine(std::string_view name, ProcedureKind kind) const override;
     std::int32_t ProcCountLines(std::string_view name, ProcedureKind kind) const override;
-    std::optional<CodeRange> Find(
-        std::string_view text, const CodeRange& within, const FindOptions& options) const override {
-        return modCodeLines::Find(m_lines, text, within, options);
-    }
+    /// REQUIRES: no options; it is not asked for more.
+    std::optional<CodeRange>
+    Find(std::string_view text, const CodeRange& within, const FindOptions& options) const override;
     ScriptedPane& CodePane() override { return m_pane; }
 
 private:
+    struct Procedure {
+        std::string Name;
+        ProcedureKind Kind = ProcedureKind::SubOrFunction;
+        std::int32_t DefinitionLine = 0;
+        std::int32_t EndLine = 0;
+    };
+
+    const std::string& Line(std::int32_t line) const;
+    std::vector<Procedure> Procedures() const;
+    /// Its first and its last line; nothing for an unknown one.
+    std::optional<std::pair<std::int32_t, std::int32_t>>
+    Extent(std::string_view name, ProcedureKind kind) const;
+
     std::vector<std::string> m_lines;
-    ProcedureList m_procedures;
+    bool m_isEdited = false;
     ScriptedPane m_pane;
 };
 

@@ -40,11 +40,20 @@ void ScriptedControl::SetSelected(bool selected) {
             (selected ? "select " : "deselect ") + m_name +
             (m_index ? "(" + std::to_string(*m_index) + ")" : std::string()));
     }
+    const bool isNew = selected && !m_selected;
     m_selected = selected;
+    if (isNew && OnSelected) {
+        OnSelected(*this);
+    }
 }
 
 ScriptedControl& ScriptedDesigner::AddControl(std::string name, std::optional<std::int32_t> index) {
     m_controls.push_back(std::make_unique<ScriptedControl>(m_calls, std::move(name), index));
+    m_controls.back()->OnSelected = [this](const ScriptedControl& control) {
+        if (OnSelected) {
+            OnSelected(control);
+        }
+    };
     return *m_controls.back();
 }
 
@@ -62,15 +71,31 @@ ScriptedDesigner::FindControl(std::string_view name, std::optional<std::int32_t>
     return nullptr;
 }
 
-ScriptedComponent::ScriptedComponent(HostCalls& calls, std::string name, std::string fileName)
+ScriptedComponent::ScriptedComponent(
+    HostCalls& calls, std::string name, std::string fileName, Ask ask)
     : m_calls(calls),
+      m_ask(std::move(ask)),
       m_name(std::move(name)),
       m_fileName(std::move(fileName)),
-      m_module(calls, m_name) {}
+      m_module(calls, m_name) {
+    m_module.CodePane().OnTopLine = [this](std::int32_t line) {
+        m_ask(*this, "show-line", " " + std::to_string(line));
+    };
+}
 
 ScriptedDesigner& ScriptedComponent::MakeForm() {
     m_designerWindow = std::make_unique<ScriptedWindow>(m_calls, "designer " + m_name);
+    m_designerWindow->OnShown = [this] {
+        m_ask(*this, "show-designer", "");
+    };
     m_designer = std::make_unique<ScriptedDesigner>(m_calls);
+    m_designer->OnSelected = [this](const ScriptedControl& control) {
+        const auto index = control.Index();
+        m_ask(
+            *this,
+            "select-control",
+            " " + control.Name() + (index ? " " + std::to_string(*index) : std::string()));
+    };
     return *m_designer;
 }
 
@@ -79,7 +104,14 @@ ScriptedComponent& ScriptedProject::AddComponent(
     if (fileName.empty()) {
         fileName = m_fileName.substr(0, m_fileName.find_last_of('\\') + 1) + name + ".bas";
     }
-    m_components.push_back(std::make_unique<ScriptedComponent>(m_calls, name, std::move(fileName)));
+    m_components.push_back(std::make_unique<ScriptedComponent>(
+        m_calls,
+        name,
+        std::move(fileName),
+        [this](
+            const ScriptedComponent& component, const std::string& what, const std::string& rest) {
+            m_asked.Add(what + " " + m_name + " " + component.Name() + rest);
+        }));
     m_components.back()->CodeModule().SetText(text);
     return *m_components.back();
 }
@@ -95,11 +127,36 @@ ScriptedComponent& ScriptedProject::Component(std::int32_t index) {
 }
 
 ScriptedComponent& ScriptedProject::Component(std::string_view nameOrFile) {
-    return TheOne(m_components, [&](const ScriptedComponent& component) {
-        return modTextCase::Equal(component.Name(), nameOrFile) ||
-               modTextCase::Equal(component.FileName(), nameOrFile) ||
-               modTextCase::Equal(WithoutFolder(component.FileName()), nameOrFile);
-    });
+    ScriptedComponent* const component = FindComponent(nameOrFile);
+    if (component == nullptr) {
+        RaiseRuntimeError(runtimeerror::kSubscriptOutOfRange, std::string(nameOrFile));
+    }
+    return *component;
+}
+
+ScriptedComponent* ScriptedProject::FindComponent(std::string_view nameOrFile) const {
+    for (const auto& component : m_components) {
+        if (modTextCase::Equal(component->Name(), nameOrFile) ||
+            modTextCase::Equal(component->FileName(), nameOrFile) ||
+            modTextCase::Equal(WithoutFolder(component->FileName()), nameOrFile)) {
+            return component.get();
+        }
+    }
+    return nullptr;
+}
+
+bool ScriptedProject::IsDirty() const {
+    return Dirty || std::ranges::any_of(m_components, [](const auto& component) {
+               return component->CodeModule().IsEdited();
+           });
+}
+
+void ScriptedProject::SetSaved() {
+    Dirty = false;
+    NeverSaved = false;
+    for (const auto& component : m_components) {
+        component->CodeModule().SetSaved();
+    }
 }
 
 /// The work bench's window.
@@ -140,11 +197,17 @@ IHostWindow* ScriptedHost::ToolWindow() const {
     return *m_toolWindow;
 }
 
-ScriptedProject&
-ScriptedHost::AddProject(std::string name, std::string fileName, HostProjectType type) {
-    m_projects.push_back(
-        std::make_unique<ScriptedProject>(Calls, std::move(name), std::move(fileName), type));
+ScriptedProject& ScriptedHost::AddProject(
+    std::string name,
+    std::string fileName,
+    HostProjectType type,
+    const std::function<void(ScriptedProject&)>& fill) {
+    m_projects.push_back(std::make_unique<ScriptedProject>(
+        Calls, Asked, std::move(name), std::move(fileName), type));
     ScriptedProject& project = *m_projects.back();
+    if (fill) {
+        fill(project);
+    }
     if (m_active == nullptr) {
         m_active = &project;
     }
@@ -170,8 +233,15 @@ void ScriptedHost::ActivateProject(std::string_view name) {
 
 void ScriptedHost::RenameProject(std::string_view oldName, std::string newName) {
     ScriptedProject& project = Project(oldName);
+    const bool isTaken = std::ranges::any_of(m_projects, [&](const auto& other) {
+        return other.get() != &project && modTextCase::Equal(other->Name(), newName);
+    });
+    if (newName.empty() || isTaken) {
+        RaiseRuntimeError(runtimeerror::kInvalidProcedureCall, newName);
+    }
     const std::string old = project.Name();
     project.SetName(std::move(newName));
+    project.Dirty = true;
     m_events.ProjectRenamed.Raise(project, old);
 }
 
@@ -225,10 +295,12 @@ void ScriptedHost::RemoveCommandBar(CommandControl& bar) {
 
 void ScriptedHost::ExecuteCommand(std::int32_t id) {
     Calls.push_back("command " + std::to_string(id));
+    Asked.Add(id == 2578 ? "properties" : "references");
 }
 
 void ScriptedHost::BeginSave(IHostProject& project) {
     Calls.push_back("save " + project.Name());
+    Asked.Add("save " + project.Name());
     m_busyTurnsLeft = BusyTurns;
     if (OnSave) {
         OnSave(Project(project.Name()));

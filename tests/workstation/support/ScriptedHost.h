@@ -1,5 +1,6 @@
 #pragma once
 
+#include "workstation/host/HostCallList.h"
 #include "workstation/host/IHostEnvironment.h"
 #include "workstation/support/ScriptedCode.h"
 
@@ -23,6 +24,8 @@ public:
     bool Selected() const override { return m_selected; }
     void SetSelected(bool selected) override;
 
+    std::function<void(const ScriptedControl&)> OnSelected;
+
 private:
     HostCalls& m_calls;
     std::string m_name;
@@ -35,6 +38,7 @@ public:
     explicit ScriptedDesigner(HostCalls& calls) : m_calls(calls) {}
 
     bool IsForm = true;
+    std::function<void(const ScriptedControl&)> OnSelected;
     ScriptedControl& AddControl(std::string name, std::optional<std::int32_t> index = {});
 
     bool IsFormDesigner() const override { return IsForm; }
@@ -52,7 +56,12 @@ private:
 /// Its designer's window notes itself as "designer NAME".
 class ScriptedComponent final : public IHostComponent {
 public:
-    ScriptedComponent(HostCalls& calls, std::string name, std::string fileName);
+    /// `ask` takes what the add-in does with the component in the words of a session, without those for project and file:
+    /// "show-line", "7".
+    using Ask = std::function<void(
+        const ScriptedComponent&, const std::string& what, const std::string& rest)>;
+
+    ScriptedComponent(HostCalls& calls, std::string name, std::string fileName, Ask ask);
 
     /// From now on the component is a form. The designer's controls are added by the test.
     ScriptedDesigner& MakeForm();
@@ -67,6 +76,7 @@ public:
 
 private:
     HostCalls& m_calls;
+    Ask m_ask;
     std::string m_name;
     std::string m_fileName;
     ScriptedModule m_module;
@@ -76,20 +86,37 @@ private:
 
 class ScriptedProject final : public IHostProject {
 public:
-    ScriptedProject(HostCalls& calls, std::string name, std::string fileName, HostProjectType type)
-        : m_calls(calls), m_name(std::move(name)), m_fileName(std::move(fileName)), m_type(type) {}
+    ScriptedProject(
+        HostCalls& calls,
+        HostCallList& asked,
+        std::string name,
+        std::string fileName,
+        HostProjectType type)
+        : m_calls(calls),
+          m_asked(asked),
+          m_name(std::move(name)),
+          m_fileName(std::move(fileName)),
+          m_type(type) {}
 
+    /// Has changes of its own that are not saved.
     bool Dirty = false;
+    /// Has no file name until it is saved.
+    bool NeverSaved = false;
     /// `text` is the code. The file is `<name>.bas` in the project's folder unless one is given.
     ScriptedComponent&
     AddComponent(const std::string& name, std::string_view text = {}, std::string fileName = {});
     void SetName(std::string name) { m_name = std::move(name); }
     void SetFileName(std::string fileName) { m_fileName = std::move(fileName); }
+    /// As if the user had saved all of it. Nothing is written, and no event is raised.
+    void SetSaved();
+    /// Null where there is none.
+    ScriptedComponent* FindComponent(std::string_view nameOrFile) const;
 
     const std::string& Name() const override { return m_name; }
-    const std::string& FileName() const override { return m_fileName; }
+    const std::string& FileName() const override { return NeverSaved ? m_noFileName : m_fileName; }
     HostProjectType Type() const override { return m_type; }
-    bool IsDirty() const override { return Dirty; }
+    /// It, or the code of a component.
+    bool IsDirty() const override;
     void SaveAs(std::string_view fileName) override;
     std::int32_t ComponentCount() const override {
         return static_cast<std::int32_t>(m_components.size());
@@ -99,8 +126,10 @@ public:
 
 private:
     HostCalls& m_calls;
+    HostCallList& m_asked;
     std::string m_name;
     std::string m_fileName;
+    std::string m_noFileName;
     HostProjectType m_type;
     std::vector<std::unique_ptr<ScriptedComponent>> m_components;
 };
@@ -108,13 +137,14 @@ private:
 /// An environment that a test writes: what is open in it, what the user does, and what it was asked for.
 ///
 /// Besides the notes of the classes above, `Calls` has "command ID", "save PROJECT", "bar NAME added" and "bar NAME
-/// removed". The tool window is noted as "workbench".
+/// removed". The tool window is noted as "workbench". `Asked` has what a session prints of it.
 class ScriptedHost final : public IHostEnvironment {
 public:
     ScriptedHost();
     ~ScriptedHost() override;
 
     HostCalls Calls;
+    HostCallList Asked;
     /// What the user does in the environment's save command; nothing unless a test says otherwise.
     std::function<void(ScriptedProject&)> OnSave;
     /// How often `IsIdle` denies after a save.
@@ -124,13 +154,15 @@ public:
     /// Null once the add-in has let go of it.
     IHostWindow* ToolWindow() const;
 
-    /// What the user does. Each raises its events.
+    /// What the user does. Each raises its events. `fill` adds the components before that.
     ScriptedProject& AddProject(
         std::string name,
         std::string fileName,
-        HostProjectType type = HostProjectType::StandardExe);
+        HostProjectType type = HostProjectType::StandardExe,
+        const std::function<void(ScriptedProject&)>& fill = {});
     void RemoveProject(std::string_view name);
     void ActivateProject(std::string_view name);
+    /// Raises `kInvalidProcedureCall` for an empty name and one that another project has.
     void RenameProject(std::string_view oldName, std::string newName);
     void RenameProjectFile(std::string_view project, std::string fileName);
     void RenameFile(std::string_view project, std::string_view oldName, std::string newName);

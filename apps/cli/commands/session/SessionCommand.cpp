@@ -9,6 +9,7 @@
 #include "platform/host/TextFileReader.h"
 #include "platform/host/modEncoding.h"
 #include "platform/host/modFiles.h"
+#include "workstation/session/FileSessionHost.h"
 #include "workstation/session/Session.h"
 #include "workstation/session/SessionPlayer.h"
 
@@ -49,7 +50,8 @@ ExitCode RunSession(const std::string& script) {
         return ExitCode::NothingDone;
     }
     const Interrupt interrupt;
-    Session session([&interrupt] { return interrupt.Requested(); });
+    FileSessionHost host;
+    Session session(host, [&interrupt] { return interrupt.Requested(); });
     SessionPlayer player(session, [](const std::string& json) {
         modConsole::PrintData(modTerminalText::HarmlessJson(json) + "\n");
     });

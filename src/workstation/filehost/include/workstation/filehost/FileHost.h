@@ -3,7 +3,7 @@
 #include "platform/host/modEncoding.h"
 #include "workstation/filehost/FileProject.h"
 #include "workstation/filehost/FileToolWindow.h"
-#include "workstation/filehost/HostCallList.h"
+#include "workstation/host/HostCallList.h"
 #include "workstation/host/IHostEnvironment.h"
 
 #include <memory>

@@ -4,7 +4,7 @@
 #include "settings/RegistryUtils.h"
 #include "settings/SettingsSections.h"
 #include "workstation/application/Connect.h"
-#include "workstation/filehost/FileHost.h"
+#include "workstation/session/ISessionHost.h"
 #include "workstation/session/SessionMessages.h"
 #include "workstation/session/SessionRefusal.h"
 #include "workstation/session/SessionScreen.h"
@@ -20,21 +20,22 @@ namespace dorvik {
 class CommandControl;
 class udocDorvik;
 
-/// A work bench without a screen: the environment over files, the add-in in it, and the user's settings in a store of its
-/// own, which is empty at first. Message boxes are its own as long as it lives.
+/// A work bench without a screen: the add-in in an environment, and the user's settings in a store of its own, which is
+/// empty at first. Message boxes are its own as long as it lives.
 ///
 /// REQUIRES: the process-wide objects are not in use yet, so that the add-in reads its settings when it is started.
 class Session {
 public:
-    /// While `isInterrupted` holds, a review is cancelled and the script is not played on.
-    explicit Session(std::function<bool()> isInterrupted = [] { return false; });
+    /// `host` outlives this. While `isInterrupted` holds, a review is cancelled and the script is not played on.
+    explicit Session(
+        ISessionHost& host, std::function<bool()> isInterrupted = [] { return false; });
     /// Stops the add-in.
     ~Session();
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
     bool IsInterrupted() const { return m_isInterrupted(); }
-    FileHost& Host() { return m_host; }
+    ISessionHost& Host() { return m_host; }
     SessionScreen& Screen() { return m_screen; }
     SessionMessages& Messages() { return m_messages; }
     SettingsSections& Settings() { return m_settings; }
@@ -66,10 +67,10 @@ public:
     static SessionRefusal NotStarted();
 
 private:
+    ISessionHost& m_host;
     std::function<bool()> m_isInterrupted;
     SettingsSections m_settings;
     SessionMessages m_messages;
-    FileHost m_host;
     SessionScreen m_screen;
     ScopedInstall<IMessageBox> m_installedMessages;
     ScopedSettingsStore m_installedSettings;
