@@ -1,74 +1,27 @@
 #include "workstation/session/DialogDump.h"
 
 #include "base/modText.h"
-#include "base/modUtf8.h"
+#include "modControlJson.h"
 #include "workstation/dialogs/frmProgress.h"
 #include "workstation/dialogs/frmReviewOptions.h"
 #include "workstation/dialogs/frmReviewSummary.h"
+#include "workstation/session/SessionJson.h"
 
 #include <array>
 #include <cstdint>
 #include <cstdio>
 #include <memory>
+#include <ranges>
 #include <string_view>
-#include <utility>
 
 namespace dorvik::modDialogDump {
 
+using modSessionJson::Array;
+using modSessionJson::Key;
+using modSessionJson::Member;
+using modSessionJson::Object;
+
 namespace {
-
-using Value = rapidjson::Value;
-
-/// Builds the members of one dump; values belong to its document.
-class Dumping {
-public:
-    explicit Dumping(std::string_view what) {
-        m_document.SetObject();
-        Add(m_document, "dump", Text(what));
-    }
-
-    rapidjson::Document Take() { return std::move(m_document); }
-    Value& Root() { return m_document; }
-
-    /// U+FFFD stands for every byte that belongs to no character.
-    Value Text(std::string_view text) {
-        std::string valid;
-        for (std::size_t position = 0; position < text.size();) {
-            const modUtf8::Character character = modUtf8::Decode(text, position);
-            modUtf8::Append(valid, character.CodePoint);
-            position += character.Size;
-        }
-        return Value(
-            valid.data(),
-            static_cast<rapidjson::SizeType>(valid.size()),
-            m_document.GetAllocator());
-    }
-
-    void Add(Value& object, std::string_view name, Value value) {
-        object.AddMember(Text(name), value, m_document.GetAllocator());
-    }
-    void AddText(Value& object, std::string_view name, std::string_view text) {
-        Add(object, name, Text(text));
-    }
-    void AddFlag(Value& object, std::string_view name, bool flag) {
-        Add(object, name, Value(flag));
-    }
-    void AddNumber(Value& object, std::string_view name, std::int32_t number) {
-        Add(object, name, Value(number));
-    }
-    void Append(Value& array, Value value) { array.PushBack(value, m_document.GetAllocator()); }
-
-private:
-    rapidjson::Document m_document;
-};
-
-Value NewObject() {
-    return Value(rapidjson::kObjectType);
-}
-
-Value NewArray() {
-    return Value(rapidjson::kArrayType);
-}
 
 std::string LeadingDigits(std::string_view key) {
     return std::to_string(modText::RoundToLong(modText::LeadingNumber(key)));
@@ -87,49 +40,64 @@ std::string SeverityName(const CheckItem& item) {
     return LeadingDigits(item.Key);
 }
 
-Value DumpChecks(Dumping& dump, const CheckList& list, std::string (*nameOf)(const CheckItem&)) {
-    Value checks = NewObject();
-    for (const CheckItem& item : list.Items()) {
-        dump.AddFlag(checks, nameOf(item), item.Checked);
-    }
-    return checks;
+void WriteChecks(
+    JsonWriter& writer,
+    std::string_view key,
+    const CheckList& list,
+    std::string (*nameOf)(const CheckItem&)) {
+    Key(writer, key);
+    Object(writer, [&] {
+        for (const CheckItem& item : list.Items()) {
+            Member(writer, nameOf(item), item.Checked);
+        }
+    });
 }
 
-Value DumpBoxes(Dumping& dump, const std::array<Observable<std::string>, 6>& boxes) {
-    Value texts = NewObject();
-    for (std::size_t place = 0; place < boxes.size(); ++place) {
-        dump.AddText(texts, std::to_string(place + 1), boxes[place].Value());
-    }
-    return texts;
+void WriteFields(
+    JsonWriter& writer,
+    std::string_view key,
+    const std::array<Observable<std::string>, 6>& fields) {
+    Key(writer, key);
+    Object(writer, [&] {
+        for (std::size_t place = 0; place < fields.size(); ++place) {
+            Member(writer, std::to_string(place + 1), fields[place].Value());
+        }
+    });
 }
 
-Value DumpNodes(Dumping& dump, const std::vector<std::unique_ptr<CheckNode>>& nodes) {
-    Value items = NewArray();
-    for (const auto& node : nodes) {
-        Value item = NewObject();
-        dump.AddText(item, "tag", node->Tag);
-        dump.AddText(item, "text", node->Text);
-        dump.AddText(item, "image", node->Image);
-        dump.AddFlag(item, "checked", node->Checked);
-        dump.Add(item, "items", DumpNodes(dump, node->Children));
-        dump.Append(items, std::move(item));
-    }
-    return items;
+void WriteNodes(
+    JsonWriter& writer,
+    std::string_view key,
+    const std::vector<std::unique_ptr<CheckNode>>& nodes) {
+    Array(writer, key, nodes, [&](const auto& node) {
+        Object(writer, [&] {
+            Member(writer, "tag", node->Tag);
+            Member(writer, "text", node->Text);
+            Member(writer, "image", node->Image);
+            Member(writer, "checked", node->Checked);
+            WriteNodes(writer, "items", node->Children);
+        });
+    });
 }
 
-void DumpProjectFields(Dumping& dump, const frmReviewOptions& form) {
-    Value projects = NewObject();
-    Value files = NewObject();
-    for (const auto& project : form.tvwProjects.Roots()) {
-        dump.AddFlag(projects, project->Text, project->Checked);
-        for (const auto& type : project->Children) {
-            for (const auto& file : type->Children) {
-                dump.AddFlag(files, project->Text + "/" + file->Text, file->Checked);
+/// The checks of the tree by the names of the fields "project" and "file".
+void WriteProjectFields(JsonWriter& writer, const frmReviewOptions& form) {
+    Key(writer, "project");
+    Object(writer, [&] {
+        for (const auto& project : form.tvwProjects.Roots()) {
+            Member(writer, project->Text, project->Checked);
+        }
+    });
+    Key(writer, "file");
+    Object(writer, [&] {
+        for (const auto& project : form.tvwProjects.Roots()) {
+            for (const auto& type : project->Children) {
+                for (const auto& file : type->Children) {
+                    Member(writer, project->Text + "/" + file->Text, file->Checked);
+                }
             }
         }
-    }
-    dump.Add(dump.Root(), "project", std::move(projects));
-    dump.Add(dump.Root(), "file", std::move(files));
+    });
 }
 
 std::string ColourText(const Colour& colour) {
@@ -141,132 +109,113 @@ std::string ColourText(const Colour& colour) {
     return text.data();
 }
 
-Value DumpColumns(Dumping& dump, const ListTable& list) {
-    Value columns = NewArray();
-    for (const ListColumn& column : list.Columns()) {
-        Value shown = NewObject();
-        dump.AddText(shown, "text", column.Text);
-        dump.AddText(shown, "align", column.Alignment == ColumnAlignment::Right ? "right" : "left");
-        dump.AddText(shown, "icon", column.SortIcon);
-        dump.Append(columns, std::move(shown));
-    }
-    return columns;
+void WriteRow(JsonWriter& writer, const ListRow& row) {
+    Object(writer, [&] {
+        Member(writer, "key", row.Key);
+        Member(writer, "icon", row.Icon);
+        Member(writer, "bold", !row.Cells.empty() && row.Cells.front().Bold);
+        Array(writer, "cells", row.Cells, [&](const ListCell& cell) {
+            Object(writer, [&] {
+                Member(writer, "text", cell.Text);
+                Member(writer, "colour", ColourText(cell.Colour));
+                Member(writer, "bold", cell.Bold);
+            });
+        });
+    });
 }
 
-Value DumpRows(Dumping& dump, const ListTable& list) {
-    Value rows = NewArray();
-    for (std::size_t index = 0; index < list.Count(); ++index) {
-        const ListRow& row = list.Row(index);
-        Value cells = NewArray();
-        for (const ListCell& cell : row.Cells) {
-            Value shown = NewObject();
-            dump.AddText(shown, "text", cell.Text);
-            dump.AddText(shown, "colour", ColourText(cell.Colour));
-            dump.AddFlag(shown, "bold", cell.Bold);
-            dump.Append(cells, std::move(shown));
-        }
-        Value shown = NewObject();
-        dump.AddText(shown, "key", row.Key);
-        dump.AddText(shown, "icon", row.Icon);
-        dump.AddFlag(shown, "bold", !row.Cells.empty() && row.Cells.front().Bold);
-        dump.Add(shown, "cells", std::move(cells));
-        dump.Append(rows, std::move(shown));
-    }
-    return rows;
-}
+/// What the progress window shows.
+struct ShownProgress {
+    std::string Caption;
+    std::string Action;
+    std::string Project;
+    std::string ProjectName;
+    std::string File;
+    std::string FileName;
+    std::int32_t ProjectBar = 0;
+    std::int32_t FileBar = 0;
+    std::string Complete;
+    std::string Message;
+    bool Visible = false;
+};
 
-Value DumpBox(Dumping& dump, const ComboBox& box) {
-    Value items = NewArray();
-    for (const ComboItem& item : box.Items()) {
-        Value shown = NewObject();
-        dump.AddText(shown, "key", item.Key);
-        dump.AddText(shown, "tag", item.Tag);
-        dump.AddText(shown, "text", item.Text);
-        dump.AddText(shown, "image", item.Image);
-        dump.Append(items, std::move(shown));
-    }
-    const ComboItem* const selected = box.SelectedItem();
-    Value files = NewObject();
-    dump.Add(files, "items", std::move(items));
-    dump.AddText(files, "selected", selected != nullptr ? selected->Key : std::string());
-    return files;
-}
-
-void DumpTexts(Dumping& dump, const frmProgress& form) {
-    Value& root = dump.Root();
-    dump.AddText(root, "caption", form.Caption.Value());
-    dump.AddText(root, "action", form.lblAction.Value());
-    dump.AddText(root, "project", form.lblProject.Value());
-    dump.AddText(root, "projectName", form.lblProjectData.Value());
-    dump.AddText(root, "file", form.lblSourceFile.Value());
-    dump.AddText(root, "fileName", form.lblSourceFileData.Value());
-    dump.AddNumber(root, "projectBar", form.prgProject.Value());
-    dump.AddNumber(root, "fileBar", form.prgSourceFile.Value());
-    dump.AddText(root, "complete", form.lblComplete.Value());
-    dump.AddText(root, "message", form.lblMessage.Value());
-    dump.AddFlag(root, "visible", form.Visible.Value());
+ShownProgress ShownBy(const frmProgress& form) {
+    return {
+        form.Caption.Value(),
+        form.lblAction.Value(),
+        form.lblProject.Value(),
+        form.lblProjectData.Value(),
+        form.lblSourceFile.Value(),
+        form.lblSourceFileData.Value(),
+        form.prgProject.Value(),
+        form.prgSourceFile.Value(),
+        form.lblComplete.Value(),
+        form.lblMessage.Value(),
+        form.Visible.Value()};
 }
 
 }  // namespace
 
-rapidjson::Document Dump(const frmReviewOptions& form) {
-    Dumping dump("options");
-    Value& root = dump.Root();
-    const bool isFilter = form.CurrentMode() == frmReviewOptions::Mode::Filter;
-    dump.AddText(root, "caption", form.Caption.Value());
-    dump.AddText(root, "mode", isFilter ? "filter" : "review");
-    dump.AddText(root, "rulebase", form.cboRulebase.Value());
-    dump.AddText(root, "title", form.txtTitle.Value());
-    dump.AddFlag(root, "background", form.chkBackground.Value());
-    dump.AddFlag(root, "clear-log", form.chkClearLog.Value());
-    dump.AddFlag(root, "project-results", form.chkResultsFolder.Value());
-    dump.AddText(root, "results", form.txtResultsFolder.Value());
-    dump.AddFlag(root, "project-reports", form.chkReportsFolder.Value());
-    dump.AddText(root, "reports", form.txtReportsFolder.Value());
-    dump.AddNumber(root, "report", form.optReports.Value());
-    DumpProjectFields(dump, form);
-    dump.Add(root, "convention", DumpChecks(dump, form.lvwConventions, ConventionName));
-    dump.Add(root, "category", DumpChecks(dump, form.lvwCategories, CategoryName));
-    dump.Add(root, "severity", DumpChecks(dump, form.lvwSeverities, SeverityName));
-    dump.Add(root, "count", DumpBoxes(dump, form.txtCount));
-    dump.Add(root, "impact", DumpBoxes(dump, form.txtImpact));
-    dump.AddText(root, "comments", form.txtComments.Value());
-    dump.AddText(root, "complexity", form.txtComplexity.Value());
-    dump.Add(root, "tree", DumpNodes(dump, form.tvwProjects.Roots()));
-    return dump.Take();
+std::string Dump(const frmReviewOptions& form) {
+    return modSessionJson::Dump("options", [&](JsonWriter& writer) {
+        const bool isFilter = form.CurrentMode() == frmReviewOptions::Mode::Filter;
+        Member(writer, "caption", form.Caption.Value());
+        Member(writer, "mode", isFilter ? "filter" : "review");
+        Member(writer, "rulebase", form.cboRulebase.Value());
+        Member(writer, "title", form.txtTitle.Value());
+        Member(writer, "background", form.chkBackground.Value());
+        Member(writer, "clear-log", form.chkClearLog.Value());
+        Member(writer, "project-results", form.chkResultsFolder.Value());
+        Member(writer, "results", form.txtResultsFolder.Value());
+        Member(writer, "project-reports", form.chkReportsFolder.Value());
+        Member(writer, "reports", form.txtReportsFolder.Value());
+        Member(writer, "report", form.optReports.Value());
+        WriteProjectFields(writer, form);
+        WriteChecks(writer, "convention", form.lvwConventions, ConventionName);
+        WriteChecks(writer, "category", form.lvwCategories, CategoryName);
+        WriteChecks(writer, "severity", form.lvwSeverities, SeverityName);
+        WriteFields(writer, "count", form.txtCount);
+        WriteFields(writer, "impact", form.txtImpact);
+        Member(writer, "comments", form.txtComments.Value());
+        Member(writer, "complexity", form.txtComplexity.Value());
+        WriteNodes(writer, "tree", form.tvwProjects.Roots());
+    });
 }
 
-rapidjson::Document Dump(const frmReviewSummary& form) {
-    Dumping dump("summary");
-    Value& root = dump.Root();
-    dump.AddText(root, "caption", form.Caption.Value());
-    dump.AddNumber(root, "tab", form.CurrentTab());
-    dump.Add(root, "columns", DumpColumns(dump, form.lvwReview));
-    dump.Add(root, "rows", DumpRows(dump, form.lvwReview));
-    if (form.SourceFilesVisible.Value()) {
-        dump.Add(root, "files", DumpBox(dump, form.cboSourceFiles));
-    }
-    dump.AddFlag(root, "viewLog", form.ViewLogEnabled.Value());
-    dump.AddFlag(root, "viewReport", form.ViewReportEnabled.Value());
-    return dump.Take();
+std::string Dump(const frmReviewSummary& form) {
+    return modSessionJson::Dump("summary", [&](JsonWriter& writer) {
+        Member(writer, "caption", form.Caption.Value());
+        Member(writer, "tab", form.CurrentTab());
+        modControlJson::WriteColumns(writer, form.lvwReview);
+        Array(
+            writer,
+            "rows",
+            std::views::iota(std::size_t{0}, form.lvwReview.Count()),
+            [&](std::size_t row) { WriteRow(writer, form.lvwReview.Row(row)); });
+        if (form.SourceFilesVisible.Value()) {
+            Key(writer, "files");
+            Object(writer, [&] { modControlJson::WriteBox(writer, form.cboSourceFiles); });
+        }
+        Member(writer, "viewLog", form.ViewLogEnabled.Value());
+        Member(writer, "viewReport", form.ViewReportEnabled.Value());
+    });
 }
 
-rapidjson::Document Dump(const frmProgress* form) {
-    Dumping dump("progress");
-    if (form != nullptr) {
-        DumpTexts(dump, *form);
-        return dump.Take();
-    }
-    for (const char* const name :
-         {"caption", "action", "project", "projectName", "file", "fileName"}) {
-        dump.AddText(dump.Root(), name, {});
-    }
-    dump.AddNumber(dump.Root(), "projectBar", 0);
-    dump.AddNumber(dump.Root(), "fileBar", 0);
-    dump.AddText(dump.Root(), "complete", {});
-    dump.AddText(dump.Root(), "message", {});
-    dump.AddFlag(dump.Root(), "visible", false);
-    return dump.Take();
+std::string Dump(const frmProgress* form) {
+    return modSessionJson::Dump("progress", [&](JsonWriter& writer) {
+        const ShownProgress shown = form == nullptr ? ShownProgress() : ShownBy(*form);
+        Member(writer, "caption", shown.Caption);
+        Member(writer, "action", shown.Action);
+        Member(writer, "project", shown.Project);
+        Member(writer, "projectName", shown.ProjectName);
+        Member(writer, "file", shown.File);
+        Member(writer, "fileName", shown.FileName);
+        Member(writer, "projectBar", shown.ProjectBar);
+        Member(writer, "fileBar", shown.FileBar);
+        Member(writer, "complete", shown.Complete);
+        Member(writer, "message", shown.Message);
+        Member(writer, "visible", shown.Visible);
+    });
 }
 
 }  // namespace dorvik::modDialogDump

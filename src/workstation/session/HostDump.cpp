@@ -3,7 +3,10 @@
 #include "base/BasicError.h"
 #include "foundation/log/Trap.h"
 #include "workstation/session/ISessionHost.h"
+#include "workstation/session/SessionJson.h"
 
+#include <array>
+#include <ranges>
 #include <utility>
 
 namespace dorvik {
@@ -46,37 +49,32 @@ Change(ISessionHost& host, std::string_view file, std::int32_t line, Action&& ac
         std::forward<Action>(action));
 }
 
-void WriteModule(ICodeModule& module, JsonWriter& writer) {
-    writer.Key("lines");
-    writer.StartArray();
-    for (std::int32_t line = 1; line <= module.CountOfLines(); ++line) {
-        modSessionJson::Text(writer, module.Lines(line, 1));
-    }
-    writer.EndArray();
-    modSessionJson::Member(writer, "top", module.CodePane().TopLine());
-    const CodeRange selection = module.CodePane().Selection();
-    writer.Key("selection");
-    writer.StartArray();
-    for (const std::int32_t place :
-         {selection.StartLine, selection.StartColumn, selection.EndLine, selection.EndColumn}) {
-        writer.Int(place);
-    }
-    writer.EndArray();
+std::string DumpModule(ICodeModule& module) {
+    return modSessionJson::Dump("code", [&](JsonWriter& writer) {
+        const auto lines = std::views::iota(1, module.CountOfLines() + 1);
+        modSessionJson::Array(writer, "lines", lines, [&](std::int32_t line) {
+            modSessionJson::Text(writer, module.Lines(line, 1));
+        });
+        modSessionJson::Member(writer, "top", module.CodePane().TopLine());
+        const CodeRange selection = module.CodePane().Selection();
+        const std::array places{
+            selection.StartLine, selection.StartColumn, selection.EndLine, selection.EndColumn};
+        modSessionJson::Array(
+            writer, "selection", places, [&](std::int32_t place) { writer.Int(place); });
+    });
 }
 
 }  // namespace
 
-void modHostDump::WriteHost(ISessionHost& host, JsonWriter& writer) {
-    writer.Key("calls");
-    writer.StartArray();
-    for (const std::string& call : host.Calls().Calls()) {
-        modSessionJson::Text(writer, call);
-    }
-    writer.EndArray();
+std::string modHostDump::DumpHost(ISessionHost& host) {
+    return modSessionJson::Dump("host", [&](JsonWriter& writer) {
+        modSessionJson::Array(writer, "calls", host.Calls().Calls(), [&](const std::string& call) {
+            modSessionJson::Text(writer, call);
+        });
+    });
 }
 
-SessionRefusal
-modHostDump::WriteCode(ISessionHost& host, std::string_view file, JsonWriter& writer) {
+SessionRefusal modHostDump::DumpCode(ISessionHost& host, std::string_view file, std::string& json) {
     IHostComponent* const component = host.FindComponent(file);
     if (component == nullptr) {
         return NoFile(file);
@@ -84,7 +82,7 @@ modHostDump::WriteCode(ISessionHost& host, std::string_view file, JsonWriter& wr
     ICodeModule* module = nullptr;
     SessionRefusal refusal = Try(NoFile(file), [&] { module = &component->CodeModule(); });
     if (!refusal) {
-        WriteModule(*module, writer);
+        json = DumpModule(*module);
     }
     return refusal;
 }

@@ -72,6 +72,12 @@ bool IsExpectation(const SessionWords& words) {
 
 // ---- the commands ----
 
+/// A command without words.
+template <SessionRefusal (Session::*Command)()>
+SessionRefusal OnBench(SessionPlayer& player, const SessionWords& /*words*/) {
+    return (player.Bench().*Command)();
+}
+
 SessionRefusal Setting(SessionPlayer& player, const SessionWords& words) {
     player.Bench().SetSetting(words[0], words[1]);
     return {};
@@ -79,18 +85,6 @@ SessionRefusal Setting(SessionPlayer& player, const SessionWords& words) {
 
 SessionRefusal Start(SessionPlayer& player, const SessionWords& words) {
     return player.Bench().Start(words.empty() ? kStartupMode : Number(words[0]));
-}
-
-SessionRefusal StartupComplete(SessionPlayer& player, const SessionWords& /*words*/) {
-    return player.Bench().StartupComplete();
-}
-
-SessionRefusal BeginShutdown(SessionPlayer& player, const SessionWords& /*words*/) {
-    return player.Bench().BeginShutdown();
-}
-
-SessionRefusal Stop(SessionPlayer& player, const SessionWords& /*words*/) {
-    return player.Bench().Stop();
 }
 
 SessionRefusal Answer(SessionPlayer& player, const SessionWords& words) {
@@ -120,21 +114,14 @@ SessionRefusal Tick(SessionPlayer& player, const SessionWords& words) {
     return player.Bench().Tick(words[0] == "all" ? std::nullopt : std::optional(Number(words[0])));
 }
 
-SessionRefusal Cancel(SessionPlayer& player, const SessionWords& /*words*/) {
-    return player.Bench().CancelReview();
-}
-
 SessionRefusal CancelAt(SessionPlayer& player, const SessionWords& words) {
     player.Bench().Screen().CancelAt(Number(words[0]));
     return {};
 }
 
+template <bool Visible>
 SessionRefusal ShowBench(SessionPlayer& player, const SessionWords& /*words*/) {
-    return player.Bench().ShowBench(true);
-}
-
-SessionRefusal HideBench(SessionPlayer& player, const SessionWords& /*words*/) {
-    return player.Bench().ShowBench(false);
+    return player.Bench().ShowBench(Visible);
 }
 
 SessionRefusal Results(SessionPlayer& player, const SessionWords& words) {
@@ -143,10 +130,6 @@ SessionRefusal Results(SessionPlayer& player, const SessionWords& words) {
 
 SessionRefusal View(SessionPlayer& player, const SessionWords& words) {
     return player.Bench().SwitchView(words[0] == "list" ? kViolationList : kHotspotView);
-}
-
-SessionRefusal Goto(SessionPlayer& player, const SessionWords& /*words*/) {
-    return player.Bench().GotoSource();
 }
 
 SessionRefusal Summary(SessionPlayer& player, const SessionWords& words) {
@@ -279,18 +262,18 @@ constexpr Row kRows[] = {
     {"delete", "tn", OnCode<modHostCommands::Delete>},
     {"save", "T", Save},
     {"start", "N", Start},
-    {"startup-complete", "", StartupComplete},
-    {"begin-shutdown", "", BeginShutdown},
-    {"stop", "", Stop},
+    {"startup-complete", "", OnBench<&Session::StartupComplete>},
+    {"begin-shutdown", "", OnBench<&Session::BeginShutdown>},
+    {"stop", "", OnBench<&Session::Stop>},
     {"answer", "t", Answer, IsAnswer},
     {"choose", "t", Choose},
     {"menu", "t", Menu},
     {"dialog", "tTT", Dialog, modDialogDump::IsDialogCommand},
     {"tick", "T", Tick, IsTick},
-    {"cancel", "", Cancel},
+    {"cancel", "", OnBench<&Session::CancelReview>},
     {"cancel-at", "n", CancelAt, IsFileNumber},
-    {"show", "", ShowBench},
-    {"hide", "", HideBench},
+    {"show", "", ShowBench<true>},
+    {"hide", "", ShowBench<false>},
     {"results", "t", Results},
     {"view", "t", View, IsView},
     {"file", "t", File},
@@ -302,7 +285,7 @@ constexpr Row kRows[] = {
     {"ungroup", "t", Ungroup},
     {"header", "n", AtPosition<modResultsViewCommands::ClickHeader>},
     {"item", "n", AtPosition<modResultsViewCommands::ChooseItem>},
-    {"goto", "", Goto},
+    {"goto", "", OnBench<&Session::GotoSource>},
     {"summary", "tT", Summary, modDialogDump::IsSummaryCommand},
     {"dump", "tT", Dump, modSessionDumps::Understands},
     {"expect", "tttT", Expect, IsExpectation},

@@ -15,6 +15,12 @@
 
 namespace dorvik::modSessionDumps {
 
+using modSessionJson::Array;
+using modSessionJson::Dump;
+using modSessionJson::Key;
+using modSessionJson::Member;
+using modSessionJson::Object;
+
 namespace {
 
 std::string_view NameOf(MessageIcon icon) {
@@ -38,68 +44,61 @@ std::string_view NameOf(MessageAnswer answer) {
     return {};
 }
 
-SessionRefusal WriteMessages(Session& session, const SessionWords& /*words*/, JsonWriter& writer) {
-    writer.Key("boxes");
-    writer.StartArray();
-    for (const SessionMessages::Box& box : session.Messages().Boxes()) {
-        writer.StartObject();
-        modSessionJson::Member(writer, "icon", NameOf(box.Message.Icon));
-        modSessionJson::Member(writer, "text", box.Message.Text);
-        modSessionJson::Member(writer, "answer", NameOf(box.Answer));
-        writer.EndObject();
-    }
-    writer.EndArray();
+SessionRefusal GiveMessages(Session& session, const SessionWords& /*words*/, std::string& json) {
+    json = Dump("messages", [&](JsonWriter& writer) {
+        Array(writer, "boxes", session.Messages().Boxes(), [&](const SessionMessages::Box& box) {
+            Object(writer, [&] {
+                Member(writer, "icon", NameOf(box.Message.Icon));
+                Member(writer, "text", box.Message.Text);
+                Member(writer, "answer", NameOf(box.Answer));
+            });
+        });
+    });
     return {};
 }
 
-void WriteItems(std::string_view key, const CommandControl& bar, JsonWriter& writer) {
-    modSessionJson::Key(writer, key);
-    writer.StartArray();
-    for (const auto& item : bar.Items()) {
-        const CommandLook& look = item->Look();
-        writer.StartObject();
-        modSessionJson::Member(writer, "tag", look.Tag);
-        modSessionJson::Member(writer, "caption", look.Caption);
-        modSessionJson::Member(writer, "face", look.Face);
-        modSessionJson::Member(writer, "enabled", look.Enabled);
-        modSessionJson::Member(writer, "checked", look.Checked);
-        if (item->Kind() == CommandKind::Popup) {
-            WriteItems("items", *item, writer);
-        }
-        writer.EndObject();
-    }
-    writer.EndArray();
+void WriteItems(JsonWriter& writer, std::string_view key, const CommandControl& bar) {
+    Array(writer, key, bar.Items(), [&](const auto& item) {
+        Object(writer, [&] {
+            const CommandLook& look = item->Look();
+            Member(writer, "tag", look.Tag);
+            Member(writer, "caption", look.Caption);
+            Member(writer, "face", look.Face);
+            Member(writer, "enabled", look.Enabled);
+            Member(writer, "checked", look.Checked);
+            if (item->Kind() == CommandKind::Popup) {
+                WriteItems(writer, "items", *item);
+            }
+        });
+    });
 }
 
-SessionRefusal WriteMenus(Session& session, const SessionWords& /*words*/, JsonWriter& writer) {
+SessionRefusal GiveMenus(Session& session, const SessionWords& /*words*/, std::string& json) {
     if (!session.IsStarted()) {
         return Session::NotStarted();
     }
     IDEMenus& menus = *session.AddIn().IDEHelper()->DorvikMenus();
     menus.RefreshCheckMarks();
-    WriteItems("menu", *menus.DorvikMenu(), writer);
-    WriteItems("toolbar", *menus.Toolbar(), writer);
-    WriteItems("popup", *menus.ListPopupMenu(), writer);
+    json = Dump("menus", [&](JsonWriter& writer) {
+        WriteItems(writer, "menu", *menus.DorvikMenu());
+        WriteItems(writer, "toolbar", *menus.Toolbar());
+        WriteItems(writer, "popup", *menus.ListPopupMenu());
+    });
     return {};
 }
 
-SessionRefusal WriteSettings(Session& session, const SessionWords& /*words*/, JsonWriter& writer) {
-    writer.Key("values");
-    writer.StartObject();
-    for (const auto& [name, value] : session.Settings().List(kWorkbenchKey)) {
-        if (const std::string* const text = std::get_if<std::string>(&value)) {
-            modSessionJson::Member(writer, name, *text);
-        }
-    }
-    writer.EndObject();
+SessionRefusal GiveSettings(Session& session, const SessionWords& /*words*/, std::string& json) {
+    json = Dump("settings", [&](JsonWriter& writer) {
+        Key(writer, "values");
+        Object(writer, [&] {
+            for (const auto& [name, value] : session.Settings().List(kWorkbenchKey)) {
+                if (const std::string* const text = std::get_if<std::string>(&value)) {
+                    Member(writer, name, *text);
+                }
+            }
+        });
+    });
     return {};
-}
-
-std::string TextOf(const rapidjson::Document& dump) {
-    rapidjson::StringBuffer text;
-    JsonWriter writer(text);
-    dump.Accept(writer);
-    return {text.GetString(), text.GetSize()};
 }
 
 SessionRefusal GiveOptions(Session& session, const SessionWords& /*words*/, std::string& json) {
@@ -116,32 +115,17 @@ SessionRefusal GiveSummary(Session& session, const SessionWords& /*words*/, std:
     if (session.Screen().Summary() == nullptr) {
         return "the summary is not open";
     }
-    json = TextOf(modDialogDump::Dump(*session.Screen().Summary()));
+    json = modDialogDump::Dump(*session.Screen().Summary());
     return {};
 }
 
-/// The members after the first.
-template <SessionRefusal (*WriteMembers)(Session&, const SessionWords&, JsonWriter&)>
-SessionRefusal Give(Session& session, const SessionWords& words, std::string& json) {
-    rapidjson::StringBuffer text;
-    JsonWriter writer(text);
-    writer.StartObject();
-    modSessionJson::Member(writer, "dump", words.front());
-    SessionRefusal refusal = WriteMembers(session, words, writer);
-    if (!refusal) {
-        writer.EndObject();
-        json.assign(text.GetString(), text.GetSize());
-    }
-    return refusal;
-}
-
-SessionRefusal WriteHost(Session& session, const SessionWords& /*words*/, JsonWriter& writer) {
-    modHostDump::WriteHost(session.Host(), writer);
+SessionRefusal GiveHost(Session& session, const SessionWords& /*words*/, std::string& json) {
+    json = modHostDump::DumpHost(session.Host());
     return {};
 }
 
-SessionRefusal WriteCode(Session& session, const SessionWords& words, JsonWriter& writer) {
-    return modHostDump::WriteCode(session.Host(), words[1], writer);
+SessionRefusal GiveCode(Session& session, const SessionWords& words, std::string& json) {
+    return modHostDump::DumpCode(session.Host(), words[1], json);
 }
 
 SessionRefusal GiveState(Session& session, const SessionWords& /*words*/, std::string& json) {
@@ -149,25 +133,24 @@ SessionRefusal GiveState(Session& session, const SessionWords& /*words*/, std::s
         return Session::NotStarted();
     }
     udocDorvik& document = *session.Document();
-    const bool isReviewing = session.BackgroundReview() != nullptr;
-    json =
-        TextOf(modResultsViewDump::DumpState(document.Results(), document.Controls(), isReviewing));
+    json = modResultsViewDump::DumpState(
+        document.Results(), document.Controls(), session.BackgroundReview() != nullptr);
     return {};
 }
 
 /// Of a control of the document.
-template <auto Dump>
+template <auto DumpOf>
 SessionRefusal GiveControl(Session& session, const SessionWords& /*words*/, std::string& json) {
     if (session.Document() == nullptr) {
         return Session::NotStarted();
     }
-    json = TextOf(Dump(session.Document()->Controls()));
+    json = DumpOf(session.Document()->Controls());
     return {};
 }
 
 struct Row {
     std::string_view What;
-    SessionRefusal (*Write)(Session&, const SessionWords&, std::string& json);
+    SessionRefusal (*Give)(Session&, const SessionWords&, std::string& json);
     bool TakesName = false;
 };
 
@@ -179,14 +162,14 @@ constexpr Row kRows[] = {
     {"groups", GiveControl<modResultsViewDump::DumpGroups>},
     {"document", GiveControl<modResultsViewDump::DumpDocument>},
     {"hotspot", GiveControl<modResultsViewDump::DumpHotspot>},
-    {"menus", Give<WriteMenus>},
+    {"menus", GiveMenus},
     {"options", GiveOptions},
     {"summary", GiveSummary},
     {"progress", GiveProgress},
-    {"settings", Give<WriteSettings>},
-    {"messages", Give<WriteMessages>},
-    {"host", Give<WriteHost>},
-    {"code", Give<WriteCode>, /*TakesName=*/true},
+    {"settings", GiveSettings},
+    {"messages", GiveMessages},
+    {"host", GiveHost},
+    {"code", GiveCode, /*TakesName=*/true},
 };
 
 const Row* Find(std::string_view what) {
@@ -203,7 +186,7 @@ bool Understands(const SessionWords& words) {
 }
 
 SessionRefusal Write(Session& session, const SessionWords& words, std::string& json) {
-    return Find(words.front())->Write(session, words, json);
+    return Find(words.front())->Give(session, words, json);
 }
 
 void Forget(Session& session, std::string_view what) {

@@ -99,13 +99,10 @@ std::string SessionPlayer::PlayLine(std::string_view line) {
 }
 
 void SessionPlayer::PrintRefusal(std::int32_t line, std::string_view why) {
-    rapidjson::StringBuffer text;
-    JsonWriter writer(text);
-    writer.StartObject();
-    modSessionJson::Member(writer, "refused", why);
-    modSessionJson::Member(writer, "line", line);
-    writer.EndObject();
-    m_output({text.GetString(), text.GetSize()});
+    m_output(modSessionJson::Line([&](JsonWriter& writer) {
+        modSessionJson::Member(writer, "refused", why);
+        modSessionJson::Member(writer, "line", line);
+    }));
 }
 
 SessionRefusal SessionPlayer::Dump(const SessionWords& words) {
@@ -132,17 +129,14 @@ void SessionPlayer::Expect(const SessionWords& words) {
         return;
     }
     m_expectationsMet = false;
-    rapidjson::StringBuffer text;
-    JsonWriter writer(text);
-    writer.StartObject();
-    modSessionJson::Member(writer, "failed", dump.front());
-    modSessionJson::Member(writer, "path", path);
-    writer.Key("is");
-    const rapidjson::Value absent;
-    (value == nullptr ? absent : *value).Accept(writer);
-    modSessionJson::Member(writer, "line", m_line);
-    writer.EndObject();
-    m_output({text.GetString(), text.GetSize()});
+    m_output(modSessionJson::Line([&](JsonWriter& writer) {
+        modSessionJson::Member(writer, "failed", dump.front());
+        modSessionJson::Member(writer, "path", path);
+        modSessionJson::Key(writer, "is");
+        static const rapidjson::Value kAbsent;
+        (value == nullptr ? kAbsent : *value).Accept(writer);
+        modSessionJson::Member(writer, "line", m_line);
+    }));
 }
 
 }  // namespace dorvik

@@ -7,7 +7,6 @@
 #include "workstation/dialogs/frmReviewOptions.h"
 #include "workstation/dialogs/frmReviewSummary.h"
 #include "workstation/host/HostCallList.h"
-#include "workstation/session/SessionJson.h"
 
 #include <utility>
 
@@ -39,13 +38,6 @@ private:
     std::int32_t m_count = 0;
 };
 
-std::string TextOf(const rapidjson::Document& dump) {
-    rapidjson::StringBuffer text;
-    JsonWriter writer(text);
-    dump.Accept(writer);
-    return {text.GetString(), text.GetSize()};
-}
-
 }  // namespace
 
 template <typename Form>
@@ -74,7 +66,7 @@ void SessionScreen::ShowModal(frmOptions& form) {
 }
 
 void SessionScreen::ShowModal(frmReviewOptions& form) {
-    m_optionsDump = TextOf(modDialogDump::Dump(form));
+    m_optionsDump = modDialogDump::Dump(form);
     Play(form);
 }
 
@@ -82,7 +74,7 @@ void SessionScreen::ShowModal(frmProgress& form) {
     m_progress = &form;
     m_progressEvents.clear();
     m_progressEvents.push_back(form.Closed.Subscribe([this, &form] {
-        m_progressDump = TextOf(modDialogDump::Dump(&form));
+        m_progressDump = modDialogDump::Dump(&form);
         m_progress = nullptr;
     }));
     {
@@ -117,15 +109,14 @@ void SessionScreen::Hide(frmReviewSummary& /*form*/) {
 }
 
 std::string SessionScreen::ProgressDump() const {
-    return m_progress == nullptr && !m_progressDump.empty()
-               ? m_progressDump
-               : TextOf(modDialogDump::Dump(m_progress));
+    return m_progress == nullptr && !m_progressDump.empty() ? m_progressDump
+                                                            : modDialogDump::Dump(m_progress);
 }
 
 void SessionScreen::Forget() {
     if (m_progress != nullptr) {
         m_progress->Visible.Set(false);
-        m_progressDump = TextOf(modDialogDump::Dump(m_progress));
+        m_progressDump = modDialogDump::Dump(m_progress);
     }
     m_progress = nullptr;
     m_summary = nullptr;

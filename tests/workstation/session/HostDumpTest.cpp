@@ -18,13 +18,11 @@ public:
         modHostCommands::Open(Host, m_folder.Write("P.vbp", "Module=m; m.bas\r\nName=\"P\"\r\n"));
     }
 
-    std::string HostText() {
-        return Written([&](JsonWriter& writer) { modHostDump::WriteHost(Host, writer); });
-    }
+    std::string HostText() { return modHostDump::DumpHost(Host); }
     std::string CodeText(std::string_view file = "m.bas") {
-        return Written([&](JsonWriter& writer) {
-            EXPECT_EQ(modHostDump::WriteCode(Host, file, writer), std::nullopt);
-        });
+        std::string json;
+        EXPECT_EQ(modHostDump::DumpCode(Host, file, json), std::nullopt);
+        return json;
     }
     std::string Bytes() const { return m_folder.Read("m.bas"); }
 
@@ -32,16 +30,6 @@ public:
     test::RecordingMessageBox Box;
 
 private:
-    template <typename Write>
-    static std::string Written(const Write& write) {
-        rapidjson::StringBuffer text;
-        JsonWriter writer(text);
-        writer.StartObject();
-        write(writer);
-        writer.EndObject();
-        return {text.GetString(), text.GetSize()};
-    }
-
     test::TemporaryFolder m_folder;
 };
 
@@ -52,15 +40,16 @@ TEST(HostDump, CodeHasLinesTopAndSelection) {
     dumped.Host.FindComponent("m")->CodeModule().CodePane().SetTopLine(2);
     dumped.Host.FindComponent("m")->CodeModule().CodePane().SetSelection({1, 2, 2, -1});
     EXPECT_EQ(
-        dumped.CodeText(), R"({"lines":["Dim a","Dim \"b\""],"top":2,"selection":[1,2,2,8]})");
+        dumped.CodeText(),
+        R"({"dump":"code","lines":["Dim a","Dim \"b\""],"top":2,"selection":[1,2,2,8]})");
 }
 
 TEST(HostDump, HostHasTheCalls) {
     DumpedHost dumped;
-    EXPECT_EQ(dumped.HostText(), R"({"calls":[]})");
+    EXPECT_EQ(dumped.HostText(), R"({"dump":"host","calls":[]})");
     dumped.Host.Environment().ExecuteCommand(942);
     dumped.Host.FindComponent("m")->CodeModule().CodePane().SetTopLine(2);
-    EXPECT_EQ(dumped.HostText(), R"({"calls":["references","show-line P m 2"]})");
+    EXPECT_EQ(dumped.HostText(), R"({"dump":"host","calls":["references","show-line P m 2"]})");
 }
 
 TEST(HostDump, LinesAreEditedInsertedAndDeleted) {
@@ -91,10 +80,9 @@ TEST(HostDump, WhatIsNotThereIsRefused) {
     EXPECT_EQ(modHostCommands::SelectFile(host, "x"), "there is no file 'x'");
     EXPECT_EQ(
         modHostCommands::Open(host, "\\gone\\x.vbp"), "nothing was opened from '\\gone\\x.vbp'");
-    rapidjson::StringBuffer text;
-    JsonWriter writer(text);
-    EXPECT_EQ(modHostDump::WriteCode(host, "x", writer), "there is no file 'x'");
-    EXPECT_EQ(text.GetSize(), 0U);
+    std::string json;
+    EXPECT_EQ(modHostDump::DumpCode(host, "x", json), "there is no file 'x'");
+    EXPECT_EQ(json, "");
     EXPECT_NE(modHostCommands::Rename(host, "P", ""), std::nullopt);
 }
 

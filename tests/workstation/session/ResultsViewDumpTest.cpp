@@ -5,8 +5,6 @@
 #include "workstation/view/WorkbenchFixture.h"
 
 #include <map>
-#include <rapidjson/stringbuffer.h>
-#include <rapidjson/writer.h>
 
 namespace dorvik {
 namespace {
@@ -54,13 +52,6 @@ public:
 class ResultsViewDump : public testing::Test {
 protected:
     ResultsViewDump() { m_view.Initialise(); }
-
-    static std::string Json(const rapidjson::Document& document) {
-        rapidjson::StringBuffer buffer;
-        rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
-        document.Accept(writer);
-        return buffer.GetString();
-    }
 
     void FillFiles() {
         m_controls.Files.Fill(
@@ -118,7 +109,7 @@ TEST_F(ResultsViewDump, TheStateIsThatOfTheBench) {
     auto criteria = std::make_shared<ReviewCriteria>();
     m_view.PopulateResults(criteria, false);
     EXPECT_EQ(
-        Json(modResultsViewDump::DumpState(m_view, m_controls, true)),
+        modResultsViewDump::DumpState(m_view, m_controls, true),
         R"J({"dump":"state","available":false,"view":1,"visible":false,)J"
         R"J("panel":"No projects open.","database":"","project":"","reviewing":true,"filter":""})J");
 }
@@ -127,13 +118,13 @@ TEST_F(ResultsViewDump, BoxesHaveTheirItemsAndTheSelectedKey) {
     FillFiles();
     m_controls.Files.Select(1);
     EXPECT_EQ(
-        Json(modResultsViewDump::DumpFiles(m_controls)),
+        modResultsViewDump::DumpFiles(m_controls),
         R"J({"dump":"files","items":[)J"
         R"J({"key":"~AllItems~","tag":"","text":"(All Source Files)","image":"AllItems"},)J"
         R"J({"key":"2SFKey","tag":"SourceFile","text":"mod\"A\" [5]","image":"Module"}],)J"
         R"J("selected":"2SFKey"})J");
     EXPECT_EQ(
-        Json(modResultsViewDump::DumpProcedures(m_controls)),
+        modResultsViewDump::DumpProcedures(m_controls),
         R"J({"dump":"procedures","items":[],"selected":"","enabled":true})J");
 }
 
@@ -143,7 +134,7 @@ TEST_F(ResultsViewDump, TheListHasItsRowsInTheOrderShown) {
     EXPECT_EQ(modResultsViewCommands::ChooseRow(m_view, m_controls, 3), std::nullopt);
     EXPECT_EQ(modResultsViewCommands::Complete(m_view, m_controls, 3, true), std::nullopt);
     EXPECT_EQ(
-        Json(modResultsViewDump::DumpList(m_controls)),
+        modResultsViewDump::DumpList(m_controls),
         R"J({"dump":"list","sql":"SELECT","placeholder":false,"current":1,"rows":[)J"
         R"J({"Completed":false,"Severity":3,"Title":"Title 3","Impact":300,"SourceFile":"modA",)J"
         R"J("SeverityText":"","Category":"Jumps","ViolationID":3},)J"
@@ -160,7 +151,7 @@ TEST_F(ResultsViewDump, GroupsAreTheGroupRowsThatShow) {
     EXPECT_EQ(modResultsViewCommands::Group(m_view, m_controls, "Title", false), std::nullopt);
     m_controls.List.SetExpanded(0, false);
     EXPECT_EQ(
-        Json(modResultsViewDump::DumpGroups(m_controls)),
+        modResultsViewDump::DumpGroups(m_controls),
         R"J({"dump":"groups","rows":[)J"
         R"J({"column":"Category","level":1,"text":"Jumps (2)","count":2},)J"
         R"J({"column":"Category","level":1,"text":"Unallocated (1)","count":1},)J"
@@ -171,7 +162,7 @@ TEST_F(ResultsViewDump, GroupsAreTheGroupRowsThatShow) {
 TEST_F(ResultsViewDump, TheDocumentIsWhatThePaneHolds) {
     m_controls.Documentation.SetInnerHTML("<P>\r\n</P>");
     EXPECT_EQ(
-        Json(modResultsViewDump::DumpDocument(m_controls)),
+        modResultsViewDump::DumpDocument(m_controls),
         R"J({"dump":"document","html":"<P>\r\n</P>"})J");
 }
 
@@ -181,7 +172,7 @@ TEST_F(ResultsViewDump, HotspotsHaveNoPaddingAndTheirSortOrder) {
     FillHotspots();
     m_controls.Hotspots.Select(0);
     EXPECT_EQ(
-        Json(modResultsViewDump::DumpHotspot(m_controls)),
+        modResultsViewDump::DumpHotspot(m_controls),
         R"J({"dump":"hotspot","columns":[{"text":"Source Files","align":"left","icon":""},)J"
         R"J({"text":"Violations","align":"right","icon":"SortDescending"}],"rows":[)J"
         R"J({"key":"2SFKey","image":"Module","cells":["modA","5","2,380"]},)J"

@@ -2,7 +2,6 @@
 
 #include <deque>
 #include <optional>
-#include <rapidjson/document.h>
 #include <string>
 #include <vector>
 
@@ -21,11 +20,11 @@ using Words = std::vector<std::string>;
 /// Why the bench refuses a command; nothing where the command was done.
 using Refusal = std::optional<std::string>;
 
-/// The dumps "options", "summary" and "progress" as objects with a member "dump".
-rapidjson::Document Dump(const frmReviewOptions& form);
-rapidjson::Document Dump(const frmReviewSummary& form);
-/// Null for a session that has shown no progress yet.
-rapidjson::Document Dump(const frmProgress* form);
+/// The dumps "options", "summary" and "progress", each a line of JSON.
+std::string Dump(const frmReviewOptions& form);
+std::string Dump(const frmReviewSummary& form);
+/// `form` is null for a session that has shown no progress yet.
+std::string Dump(const frmProgress* form);
 
 /// Whether the words make a command, whatever the dialog then says to it.
 bool IsDialogCommand(const Words& words);

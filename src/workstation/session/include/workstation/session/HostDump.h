@@ -1,6 +1,5 @@
 #pragma once
 
-#include "workstation/session/SessionJson.h"
 #include "workstation/session/SessionRefusal.h"
 
 #include <cstdint>
@@ -12,13 +11,13 @@ namespace dorvik {
 
 class ISessionHost;
 
-/// What a session prints of the environment: the members of the dumps "host" and "code".
+/// What a session prints of the environment, each a line of JSON.
 namespace modHostDump {
 
 /// The calls so far. They stay; the caller takes them off the list of the host.
-void WriteHost(ISessionHost& host, JsonWriter& writer);
-/// The module of a component by its name or file. Refused, with nothing written, where there is none.
-SessionRefusal WriteCode(ISessionHost& host, std::string_view file, JsonWriter& writer);
+std::string DumpHost(ISessionHost& host);
+/// The module of a component by its name or file. Refused where there is none.
+SessionRefusal DumpCode(ISessionHost& host, std::string_view file, std::string& json);
 
 }  // namespace modHostDump
 

@@ -1,26 +1,25 @@
 #pragma once
 
-#include <rapidjson/document.h>
+#include <string>
 
 namespace dorvik {
 
 class ResultsView;
 struct WorkbenchControls;
 
-/// What the work bench shows, as the dumps of a session have it. Each is an object whose first member is "dump".
+/// What the work bench shows, as the dumps of a session have it. Each is a line of JSON.
 namespace modResultsViewDump {
 
 /// `reviewing` says whether a review runs.
-rapidjson::Document
-DumpState(const ResultsView& view, const WorkbenchControls& controls, bool reviewing);
-rapidjson::Document DumpFiles(const WorkbenchControls& controls);
-rapidjson::Document DumpProcedures(const WorkbenchControls& controls);
+std::string DumpState(const ResultsView& view, const WorkbenchControls& controls, bool reviewing);
+std::string DumpFiles(const WorkbenchControls& controls);
+std::string DumpProcedures(const WorkbenchControls& controls);
 /// All data rows, also those in groups that are collapsed.
-rapidjson::Document DumpList(WorkbenchControls& controls);
+std::string DumpList(WorkbenchControls& controls);
 /// The group rows that show.
-rapidjson::Document DumpGroups(WorkbenchControls& controls);
-rapidjson::Document DumpDocument(const WorkbenchControls& controls);
-rapidjson::Document DumpHotspot(const WorkbenchControls& controls);
+std::string DumpGroups(WorkbenchControls& controls);
+std::string DumpDocument(const WorkbenchControls& controls);
+std::string DumpHotspot(const WorkbenchControls& controls);
 
 }  // namespace modResultsViewDump
 

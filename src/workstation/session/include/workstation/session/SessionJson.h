@@ -1,23 +1,24 @@
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
+#include <string>
 #include <string_view>
+#include <utility>
 
 namespace dorvik {
 
 using JsonWriter = rapidjson::Writer<rapidjson::StringBuffer>;
 
-/// The members of the objects that a session puts out.
+/// What a session puts out: objects of JSON, each a line of its own.
 namespace modSessionJson {
 
-inline void Text(JsonWriter& writer, std::string_view text) {
-    writer.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
-}
-inline void Key(JsonWriter& writer, std::string_view key) {
-    writer.Key(key.data(), static_cast<rapidjson::SizeType>(key.size()));
-}
+/// U+FFFD stands for every byte that belongs to no character.
+void Text(JsonWriter& writer, std::string_view text);
+void Key(JsonWriter& writer, std::string_view key);
+
 inline void Member(JsonWriter& writer, std::string_view key, std::string_view text) {
     Key(writer, key);
     Text(writer, text);
@@ -25,13 +26,52 @@ inline void Member(JsonWriter& writer, std::string_view key, std::string_view te
 inline void Member(JsonWriter& writer, std::string_view key, const char* text) {
     Member(writer, key, std::string_view(text));
 }
-inline void Member(JsonWriter& writer, std::string_view key, std::int32_t number) {
+/// A number or a boolean.
+template <std::integral Value>
+void Member(JsonWriter& writer, std::string_view key, Value value) {
     Key(writer, key);
-    writer.Int(number);
+    if constexpr (std::same_as<Value, bool>) {
+        writer.Bool(value);
+    } else {
+        writer.Int64(static_cast<std::int64_t>(value));
+    }
 }
-inline void Member(JsonWriter& writer, std::string_view key, bool value) {
+
+/// An object whose members `fill` writes.
+template <typename Fill>
+void Object(JsonWriter& writer, Fill&& fill) {
+    writer.StartObject();
+    fill();
+    writer.EndObject();
+}
+
+/// A member that is an array: `write` writes what it has for each of the items, one value or none.
+template <typename Items, typename Write>
+void Array(JsonWriter& writer, std::string_view key, const Items& items, Write&& write) {
     Key(writer, key);
-    writer.Bool(value);
+    writer.StartArray();
+    for (const auto& item : items) {
+        write(item);
+    }
+    writer.EndArray();
+}
+
+/// A line with one object; `fill` takes its writer.
+template <typename Fill>
+std::string Line(Fill&& fill) {
+    rapidjson::StringBuffer text;
+    JsonWriter writer(text);
+    Object(writer, [&] { fill(writer); });
+    return {text.GetString(), text.GetSize()};
+}
+
+/// The line of a dump: an object whose first member says what it is of.
+template <typename Fill>
+std::string Dump(std::string_view what, Fill&& fill) {
+    return Line([&](JsonWriter& writer) {
+        Member(writer, "dump", what);
+        fill(writer);
+    });
 }
 
 }  // namespace modSessionJson
