@@ -2,12 +2,12 @@
 
 namespace dorvik {
 
-bool ResultsDB::OpenReview(const std::string& filename) {
+bool ResultsDB::OpenReview(const std::string& filename, std::chrono::milliseconds patience) {
     m_reviewOpen = false;
     m_keys = {};
     m_writer.Reset();
     m_store.Trap({ResultsStore::kModule, "OpenReview"}, [&] {
-        if (!m_store.OpenDatabase(filename)) {
+        if (!m_store.OpenDatabase(filename, patience)) {
             return;
         }
         if (const std::optional<ReviewKeys> keys = m_review.GetReviewKeys()) {

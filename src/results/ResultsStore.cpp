@@ -16,12 +16,12 @@ Recordset RequireOpened(std::optional<Recordset> rows) {
 
 }  // namespace
 
-bool ResultsStore::OpenDatabase(const std::string& filename) {
+bool ResultsStore::OpenDatabase(const std::string& filename, std::chrono::milliseconds patience) {
     m_filename = filename;
     m_failures = {};
     m_foundVersion.reset();
     Trap({kModule, "OpenDatabase"}, [&] {
-        m_database.Open(filename);
+        m_database.Open(filename, patience);
         m_isOpen = true;
         if (auto rows = GetReadOnlyRecordset("SELECT Version FROM SystemInfo");
             rows && !rows->EOF_()) {

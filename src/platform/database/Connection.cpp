@@ -55,7 +55,7 @@ void StatementLease::GiveBack() {
     m_connection.reset();
 }
 
-Connection::Connection(const HostPath& file) {
+Connection::Connection(const HostPath& file, std::chrono::milliseconds patience) {
     // Before the engine opens the file: it finds the log by the name, so a file that was deleted and replaced in
     // between would be read, and even repaired, with the log of the new one.
     m_mark = FileInUseMark::Set(file);
@@ -67,7 +67,7 @@ Connection::Connection(const HostPath& file) {
         if (code != SQLITE_OK) {
             RaiseStoreError(m_engine, code, modHostPath::Shown(file));
         }
-        Configure();
+        Configure(patience);
     } catch (...) {  // a constructor that fails has no destructor: the engine must not leak
         CloseEngineUntouched();
         throw;
@@ -78,8 +78,8 @@ Connection::~Connection() {
     Close();
 }
 
-void Connection::Configure() {
-    SetPatience(Database::kPatience);
+void Connection::Configure(std::chrono::milliseconds patience) {
+    SetPatience(patience);
     // Without this a misspelt column in double quotes would count as a text.
     sqlite3_db_config(m_engine, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     modJetFunctions::Register(m_engine);

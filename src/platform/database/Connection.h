@@ -73,7 +73,8 @@ private:
 /// takes all statements away at once.
 class Connection : public std::enable_shared_from_this<Connection> {
 public:
-    explicit Connection(const HostPath& file);
+    /// `patience` holds from the first look into the file on.
+    Connection(const HostPath& file, std::chrono::milliseconds patience);
     ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
@@ -116,7 +117,7 @@ private:
 
     std::shared_ptr<const UnderstoodText>
     TranslateShape(const JetTokens& tokens, std::string_view text);
-    void Configure();
+    void Configure(std::chrono::milliseconds patience);
     void DropStatements();
     void CloseEngineUntouched();
     void TurnLoggingOn();

@@ -85,7 +85,7 @@ Database::~Database() {
     Close();
 }
 
-void Database::Open(std::string_view path) {
+void Database::Open(std::string_view path, std::chrono::milliseconds patience) {
     Close();
     if (!modFiles::FileExists(path)) {
         throw BasicError(
@@ -93,8 +93,7 @@ void Database::Open(std::string_view path) {
     }
     const HostPath file = modHostPath::FromProgram(path);
     RequirePlainCompanions(file);
-    m_connection = std::make_shared<Connection>(file);
-    SetPatience(kPatience);
+    m_connection = std::make_shared<Connection>(file, patience);
 }
 
 bool Database::IsOpen() const {

@@ -15,6 +15,7 @@
 #include "workstation/ide/IDEMenus.h"
 #include "workstation/ide/udocDorvik.h"
 #include "workstation/screen/IScreen.h"
+#include "workstation/view/modBenchDatabase.h"
 
 #include <utility>
 
@@ -186,13 +187,14 @@ void WorkStationApp::m_evtMenu_OpenClick() {
 void WorkStationApp::OpenResults(const std::string& file) {
     Trap({kModule, "OpenResults"}, [&] {
         auto results = std::make_unique<ResultsDB>();
-        if (results->OpenReview(file)) {
+        if (modBenchDatabase::Open(*results, file)) {
             Results().SetResultsDB(std::move(results), file);
         } else {
-            ShowExclamation(
+            ShowExclamation(modBenchDatabase::Objection(
+                *results,
                 "The selected database does not appear to be a valid Dorvik results database or "
                 "is an incorrect version.  Please select a different file or ensure that '" +
-                file + "' is the correct version.");
+                    file + "' is the correct version."));
         }
     });
 }

@@ -3,6 +3,7 @@
 #include "platform/host/modHost.h"
 #include "settings/DVKWorkData.h"
 #include "settings/modGlobal.h"
+#include "workstation/view/modBenchDatabase.h"
 
 #include <utility>
 
@@ -27,9 +28,11 @@ ShownResults::~ShownResults() {
 bool ShownResults::Open(const std::string& file) {
     Close();
     ReadSortFields();
-    if (!m_database->OpenReview(file)) {
+    if (!modBenchDatabase::Open(*m_database, file)) {
         modHost::ShowMessage(
-            {MessageIcon::Exclamation, std::string(kTitle), std::string(kWrongVersion)});
+            {MessageIcon::Exclamation,
+             std::string(kTitle),
+             modBenchDatabase::Objection(*m_database, kWrongVersion)});
         return false;
     }
     m_available = true;

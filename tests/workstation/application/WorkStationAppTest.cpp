@@ -10,6 +10,7 @@
 #include "settings/SettingsSections.h"
 #include "settings/modGlobal.h"
 #include "support/CapturedLog.h"
+#include "support/LockedDatabase.h"
 #include "support/TemporaryFolder.h"
 #include "workstation/application/Connect.h"
 #include "workstation/dialogs/frmOptions.h"
@@ -404,6 +405,20 @@ TEST_F(WorkStationAppTest, AFileThatIsNoResultsDatabaseIsReported) {
             "The selected database does not appear to be a valid Dorvik results database or is an "
             "incorrect version.  Please select a different file or ensure that '" +
             m_folder.Path("Other.mdb") + "' is the correct version."));
+    EXPECT_EQ(m_boxes.Messages.back().Icon, MessageIcon::Exclamation);
+}
+
+TEST_F(WorkStationAppTest, AResultsDatabaseThatAnotherProgramLocksIsReported) {
+    Start();
+    m_screen.ChosenFile = m_folder.Write("Other.mdb", "");
+    const LockedDatabase other(*m_screen.ChosenFile);
+    Click("DORVIK.OPEN");
+    EXPECT_THAT(
+        Texts(),
+        Contains(
+            "The results database '" + *m_screen.ChosenFile +
+            "' is locked by another program.  Please wait until that program has finished, or "
+            "close it, and open the results again."));
     EXPECT_EQ(m_boxes.Messages.back().Icon, MessageIcon::Exclamation);
 }
 

@@ -53,7 +53,9 @@ public:
     // ---- the database ----
 
     /// Opens a database for reading. False where it has no review or another version; it is not changed then.
-    bool OpenReview(const std::string& filename);
+    /// `patience` is how long this and what follows wait for a lock of another program.
+    bool OpenReview(
+        const std::string& filename, std::chrono::milliseconds patience = Database::kPatience);
     /// Also empties `FilterString`.
     void CloseReview();
     bool ReviewOpen() const { return m_reviewOpen; }

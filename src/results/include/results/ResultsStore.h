@@ -32,7 +32,8 @@ public:
 
     /// Starts with no failures. False for a file that is not a results database, or that has another version; it
     /// is not changed then.
-    bool OpenDatabase(const std::string& filename);
+    bool OpenDatabase(
+        const std::string& filename, std::chrono::milliseconds patience = Database::kPatience);
     void CloseDatabase();
     /// Closes and deletes the file that was opened last.
     void DeleteDatabase();

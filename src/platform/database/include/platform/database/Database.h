@@ -46,6 +46,8 @@ inline constexpr std::int32_t kStoreFailed =
 /// one file again. A database that is only read is never changed. Texts compare without regard to case.
 class Database {
 public:
+    static constexpr std::chrono::seconds kPatience{30};  // where nothing else is said
+
     Database();
     ~Database();
     Database(Database&&) noexcept;
@@ -53,8 +55,8 @@ public:
 
     /// Opens an existing file, which no one can `DeleteFile` until `Close`. Raises `kFileNotFound`,
     /// `kNotADatabase`, `runtimeerror::kPermissionDenied` (70) where the system denies access to the file, or an
-    /// `OutputRefusal` where a companion is something that the engine would wait for.
-    void Open(std::string_view path);
+    /// `OutputRefusal` where a companion is something that the engine would wait for. `patience` is as for `SetPatience`.
+    void Open(std::string_view path, std::chrono::milliseconds patience = kPatience);
     bool IsOpen() const;
     /// Makes the file one file again, also one that a killed process left with its log.
     void Close();
@@ -64,7 +66,6 @@ public:
 
     /// How long reading and writing wait for a lock of another process. For the open database.
     void SetPatience(std::chrono::milliseconds patience);
-    static constexpr std::chrono::seconds kPatience{30};  // at first
 
     Recordset OpenRecordset(
         std::string_view sql, RecordsetType type = RecordsetType::Dynaset, SqlValues values = {});
