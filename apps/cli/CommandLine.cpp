@@ -206,7 +206,9 @@ void AddEvents(CLI::App& app, EventsOptions& options, std::function<ExitCode()>&
 /// The work bench of a session takes the process-wide objects itself, when it is started.
 void AddSession(CLI::App& app, std::string& script, std::function<ExitCode()>& chosenBench) {
     CLI::App& session = *app.add_subcommand("session", "Play a work bench session from a script");
-    session.add_option("FILE", script, "The script")->required()->type_name("");
+    session.add_option("FILE", script, "The script; - is standard input")
+        ->required()
+        ->type_name("");
     session.callback([&] {
         chosenBench = [&script] {
             return RunSession(script);

@@ -1,4 +1,4 @@
-#include "cli/CommandLineFixture.h"
+#include "cli/ShellRun.h"
 
 #include <gmock/gmock.h>
 
@@ -9,7 +9,9 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
-class SessionCommand : public CommandLineFixture {
+const std::string kNoCalls = "{\"dump\":\"host\",\"calls\":[]}\n";
+
+class SessionCommand : public ShellFixture {
 protected:
     ProgramResult Play(std::initializer_list<std::string_view> lines) {
         WriteLines("a.session", lines);
@@ -53,6 +55,41 @@ TEST_F(SessionCommand, AScriptThatIsNotThereEndsWithTwo) {
     const ProgramResult result = RunAsTyped({"session", "gone.session"});
     EXPECT_EQ(result.ExitCode, 2);
     EXPECT_THAT(result.Error, HasSubstr("cannot read the script 'gone.session'"));
+}
+
+TEST_F(SessionCommand, AScriptComesFromStandardInput) {
+    for (const std::string name : {"-", "/dev/stdin"}) {
+        const ProgramResult result =
+            Shell("printf 'start\\r\\nexpect state view 2\\n' | $DORVIK session " + name);
+        EXPECT_EQ(result.ExitCode, 1) << name << result.Error;
+        EXPECT_EQ(result.Output, "{\"failed\":\"state\",\"path\":\"view\",\"is\":1,\"line\":2}\n");
+        EXPECT_EQ(Shell("echo dump host | $DORVIK session " + name).Output, kNoCalls) << name;
+        EXPECT_EQ(Shell("$DORVIK session " + name + " < /dev/null").ExitCode, 0) << name;
+    }
+    WriteLines("a.session", {"dump host"});
+    EXPECT_EQ(Shell("$DORVIK session - < a.session").Output, kNoCalls);
+    EXPECT_EQ(Shell("echo fly | $DORVIK session -").Error, "-:1: there is no command 'fly'\n");
+    EXPECT_EQ(Shell("$DORVIK session - <&-").ExitCode, 0);
+}
+
+TEST_F(SessionCommand, AScriptComesFromAPipeOfTheShell) {
+    EXPECT_EQ(Shell("$DORVIK session <(echo dump host)").Output, kNoCalls);
+    EXPECT_EQ(
+        Shell("mkfifo pipe\n(echo dump host; sleep 0.2; echo dump host) > pipe & $DORVIK session "
+              "pipe")
+            .Output,
+        kNoCalls + kNoCalls);
+    // Larger than what a pipe holds at once.
+    EXPECT_EQ(
+        Shell("$DORVIK session <(yes '# nothing' | head -n 100000; echo dump host)").Output,
+        kNoCalls);
+}
+
+TEST_F(SessionCommand, AFolderAndAnEndlessDeviceAreNoScripts) {
+    EXPECT_EQ(Shell("$DORVIK session .").ExitCode, 2);
+    const ProgramResult result = Shell("$DORVIK session /dev/zero");
+    EXPECT_EQ(result.ExitCode, 2);
+    EXPECT_THAT(result.Error, HasSubstr("cannot read the script '/dev/zero'"));
 }
 
 TEST_F(SessionCommand, AScriptIsInUtf8) {

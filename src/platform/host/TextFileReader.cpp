@@ -4,6 +4,7 @@
 #include "platform/host/modFiles.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace dorvik {
 
@@ -43,8 +44,10 @@ UnreadableText::UnreadableText(modTextForm::TextForm form, std::string_view path
       m_form(form) {}
 
 TextFileReader::TextFileReader(std::string_view path, int codePage)
-    : m_text(modFiles::ReadBytes(path, codePage)),
-      m_size(static_cast<std::int64_t>(m_text.size())) {
+    : TextFileReader(modFiles::ReadBytes(path, codePage), path, codePage) {}
+
+TextFileReader::TextFileReader(std::string bytes, std::string_view path, int codePage)
+    : m_text(std::move(bytes)), m_size(static_cast<std::int64_t>(m_text.size())) {
     DecodeFile(m_text, path, codePage);
     m_nextReturn = NextPlace(m_text, '\r', 0);
     m_nextFeed = NextPlace(m_text, '\n', 0);

@@ -8,27 +8,36 @@
 #include "foundation/log/Trap.h"
 #include "platform/host/TextFileReader.h"
 #include "platform/host/modEncoding.h"
-#include "platform/host/modFiles.h"
+#include "platform/host/modHostPath.h"
+#include "platform/host/modHostStream.h"
 #include "workstation/session/FileSessionHost.h"
 #include "workstation/session/Session.h"
 #include "workstation/session/SessionPlayer.h"
 
 #include <optional>
+#include <string_view>
+#include <utility>
 
 namespace dorvik {
 
 namespace {
 
 constexpr int kUtf8 = 65001;  // the number of its code page
+constexpr std::string_view kStandardInput = "-";
 
 /// The text of the script with LF at the end of each line; nothing where it cannot be read, which is printed.
 std::optional<std::string> ReadScript(const std::string& script) {
     std::string text;
     const bool isRead = Handled(
         [&] {
-            const std::string path = modCommandPath::Inner(script);
-            const bool isUtf8 = modUtf8::IsValid(modFiles::ReadBytes(path));
-            TextFileReader reader(path, isUtf8 ? kUtf8 : modEncoding::kDefaultCodePage);
+            const bool isInput = script == kStandardInput;
+            const std::string path = isInput ? script : modCommandPath::Inner(script);
+            // Once, since a pipe gives them once.
+            std::string bytes = isInput
+                                    ? modHostStream::ReadInput()
+                                    : modHostStream::ReadAll(modHostPath::FromProgram(path), path);
+            const int codePage = modUtf8::IsValid(bytes) ? kUtf8 : modEncoding::kDefaultCodePage;
+            TextFileReader reader(std::move(bytes), path, codePage);
             while (!reader.AtEnd()) {
                 text.append(reader.ReadLine()).append("\n");
             }

@@ -1,5 +1,6 @@
 #include "platform/host/HostFile.h"
 
+#include "DescriptorReading.h"
 #include "SystemFailure.h"
 #include "platform/host/HostError.h"
 #include "platform/host/OutputRefusal.h"
@@ -33,14 +34,8 @@ int OpenFlags(FileUse use) {
 /// Lengths of files are 32-bit numbers throughout.
 constexpr off_t kMostBytes = 0x7FFFFFFE;
 
-template <class Call>
-auto Repeated(const Call& call) {
-    auto result = call();
-    while (result < 0 && errno == EINTR) {
-        result = call();
-    }
-    return result;
-}
+using modDescriptor::Reading;
+using modDescriptor::Repeated;
 
 }  // namespace
 
@@ -91,24 +86,13 @@ std::string HostFile::ReadAll() {
     if (status.st_size > kMostBytes) {
         RaiseHostError(HostFailure::TooLong, m_path);
     }
-    // One byte more than the length shows the end of the file without growing the buffer.
-    std::string bytes(static_cast<std::size_t>(status.st_size) + 1, '\0');
-    std::size_t size = 0;
-    for (;;) {
-        const ssize_t count = Repeated(
-            [&] { return ::read(Descriptor(), bytes.data() + size, bytes.size() - size); });
-        if (count < 0) {
-            RaiseLastFailure();
-        }
-        if (count == 0) {
-            break;
-        }
-        size += static_cast<std::size_t>(count);
-        if (size == bytes.size()) {
-            bytes.resize(2 * bytes.size());  // the file has grown meanwhile
-        }
+    std::string bytes;
+    const auto size = static_cast<std::size_t>(status.st_size);
+    switch (modDescriptor::ReadToEnd(Descriptor(), size, kMostBytes, bytes)) {
+        case Reading::Done: break;
+        case Reading::Failed: RaiseLastFailure();
+        case Reading::TooLong: RaiseHostError(HostFailure::TooLong, m_path);
     }
-    bytes.resize(size);
     return bytes;
 }
 

@@ -32,6 +32,9 @@ public:
     /// `UnreadableText` for UTF-32 and for data that is not text.
     TextFileReader(std::string_view path, int codePage);
 
+    /// The same for the bytes of a file that were read already; `path` is what the descriptions of failures name.
+    TextFileReader(std::string bytes, std::string_view path, int codePage);
+
     // Lines handed out point into the reader.
     TextFileReader(const TextFileReader&) = delete;
     TextFileReader& operator=(const TextFileReader&) = delete;

@@ -6,7 +6,7 @@
 
 namespace dorvik {
 
-/// Plays the script of a work bench session, a path of this machine, and prints what it dumps. `Failed` where an
+/// Plays the script of a work bench session, a path of this machine or "-" for standard input, and prints what it dumps. `Failed` where an
 /// expectation is not met, `NothingDone` for a script that cannot be read or understood.
 ///
 /// REQUIRES: the process-wide objects are not in use.
