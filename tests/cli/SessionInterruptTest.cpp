@@ -41,7 +41,8 @@ protected:
         }
         WriteBytes(name + ".bas", module);
         WriteLines(
-            name + ".vbp", {"Type=Exe", "Module=M; " + name + ".bas", "Name=\"" + name + "\""});
+            name + ".vbp",
+            {"Type=Exe", "Module=" + name + "; " + name + ".bas", "Name=\"" + name + "\""});
     }
 
     /// Results of both, of which all is there.
@@ -55,6 +56,15 @@ protected:
         return "setting AlwaysShowSummary 0\nopen " + file + "\nstart\n" +
                "dialog rulebase Rules.dvk\ndialog background " + mode +
                "\ndialog ok\nmenu DORVIK.REVIEW\n";
+    }
+
+    /// Some seconds of commands that print nothing.
+    static std::string ManyCommands() {
+        std::string script;
+        for (int count = 0; count < 200'000; ++count) {
+            script += "expect menus menu.10.tag DORVIK.HELP\n";
+        }
+        return script;
     }
 
     /// Interrupts the session that plays the script as soon as `hasBegun` says so.
@@ -128,15 +138,12 @@ TEST_F(InterruptedSession, OlderResultsOfAProjectThatTheReviewHasNotReachedStayW
         EXPECT_FALSE(Exists("Dorvik/Long_DORVIK.mdb")) << mode;
         EXPECT_EQ(Bytes("Dorvik/Other_DORVIK.mdb"), older) << mode;
         EXPECT_FALSE(Exists("Dorvik/Other_DORVIK.mdb-wal")) << mode;
-        EXPECT_EQ(Query("Dorvik/Other_DORVIK.mdb", "SELECT COUNT(*) FROM Reviews"), "1") << mode;
+        EXPECT_EQ(Query("Dorvik/Other_DORVIK.mdb", "SELECT COUNT(*) FROM Review"), "1") << mode;
     }
 }
 
 TEST_F(InterruptedSession, BetweenCommandsAReviewThatWaitsForItsTimerIsAbandoned) {
-    std::string script = ReviewOf("Long.vbp", "on") + "tick 3\n";
-    for (int count = 0; count < 100'000; ++count) {
-        script += "dump menus\n";
-    }
+    const std::string script = ReviewOf("Long.vbp", "on") + "tick 3\n" + ManyCommands();
     ExpectInterrupted(Interrupted(script + "dump state\n", ReviewOfLongHasBegun()));
     EXPECT_THAT(Left(), ElementsAre("Long_DORVIK.txt"));
 }
@@ -144,11 +151,9 @@ TEST_F(InterruptedSession, BetweenCommandsAReviewThatWaitsForItsTimerIsAbandoned
 TEST_F(InterruptedSession, BetweenCommandsResultsThatAreShownStayWhole) {
     ReviewBothBefore();
     const std::string before = Bytes("Other.bas");
-    std::string script = "open Other.vbp\nstart\nshow\nedit Other 2 \"  End\"\n"
-                         "complete 1 on\nsave\n";
-    for (int count = 0; count < 100'000; ++count) {
-        script += "dump menus\n";
-    }
+    const std::string script = "open Other.vbp\nstart\nshow\nedit Other 2 \"  End\"\n"
+                               "complete 1 on\nsave\n" +
+                               ManyCommands();
     ExpectInterrupted(
         Interrupted(script + "dump state\n", [&] { return Bytes("Other.bas") != before; }));
     EXPECT_EQ(

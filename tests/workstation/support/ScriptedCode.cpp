@@ -112,7 +112,8 @@ void ScriptedModule::DeleteLine(std::int32_t line) {
 
 std::string ScriptedModule::Lines(std::int32_t start, std::int32_t count) const {
     std::string text;
-    for (std::int32_t line = start; line < start + count && line <= CountOfLines(); ++line) {
+    const std::int32_t last = std::min(start + count - 1, CountOfLines());
+    for (std::int32_t line = std::max(start, 1); line <= last; ++line) {
         text.append(line > start ? "\r\n" : "").append(Line(line));
     }
     return text;

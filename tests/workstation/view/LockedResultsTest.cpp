@@ -52,7 +52,7 @@ TEST_F(LockedResults, OpeningThemEndsSoonWithWhatToDo) {
             "close it, and open the results again."));
     EXPECT_THAT(MessageTexts(), Not(Contains(HasSubstr("version"))));
     Unlock();
-    m_view.ProjectSelected("Billing");
+    m_view.PopulateResults(m_criteria, false);
     EXPECT_TRUE(m_view.ResultsAvailable());
 }
 
