@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-/// What is read from begin to end, once, wherever it comes from: an ordinary file, a pipe, a terminal. Reading waits for
-/// whoever writes.
+/// What is read from begin to end, once, wherever it comes from: an ordinary file, a pipe, a terminal. Reading waits until
+/// there is something to read.
 namespace dorvik::modHostStream {
 
 constexpr std::size_t kMostBytes = 64 * 1024 * 1024;
