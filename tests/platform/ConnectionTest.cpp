@@ -10,7 +10,8 @@ class ConnectionTest : public test::DatabaseFixture {
 protected:
     void SetUp() override {
         DatabaseFixture::SetUp();
-        m_connection = std::make_shared<Connection>(modHostPath::FromProgram(m_path));
+        m_connection =
+            std::make_shared<Connection>(modHostPath::FromProgram(m_path), Database::kPatience);
     }
 
     std::shared_ptr<const UnderstoodText> Understood(std::string_view sql) {
@@ -59,7 +60,7 @@ TEST_F(ConnectionTest, ATextOfParametersIsUnderstoodOnceAndItsValuesAreTakenAsTh
 TEST_F(ConnectionTest, AFileThatIsDeletedBeforeItIsOpenedIsNotFound) {
     std::int32_t number = 0;
     try {
-        const Connection late(modHostPath::FromProgram(m_path + "gone"));
+        const Connection late(modHostPath::FromProgram(m_path + "gone"), Database::kPatience);
     } catch (const BasicError& failure) {
         number = failure.Number();
     }

@@ -11,12 +11,12 @@
 #include <cstdint>
 #include <cstdio>
 #include <memory>
-#include <ranges>
 #include <string_view>
 
 namespace dorvik::modDialogDump {
 
 using modSessionJson::Array;
+using modSessionJson::CountedArray;
 using modSessionJson::Key;
 using modSessionJson::Member;
 using modSessionJson::Object;
@@ -187,11 +187,9 @@ std::string Dump(const frmReviewSummary& form) {
         Member(writer, "caption", form.Caption.Value());
         Member(writer, "tab", form.CurrentTab());
         modControlJson::WriteColumns(writer, form.lvwReview);
-        Array(
-            writer,
-            "rows",
-            std::views::iota(std::size_t{0}, form.lvwReview.Count()),
-            [&](std::size_t row) { WriteRow(writer, form.lvwReview.Row(row)); });
+        CountedArray(writer, "rows", form.lvwReview.Count(), [&](std::size_t row) {
+            WriteRow(writer, form.lvwReview.Row(row));
+        });
         if (form.SourceFilesVisible.Value()) {
             Key(writer, "files");
             Object(writer, [&] { modControlJson::WriteBox(writer, form.cboSourceFiles); });

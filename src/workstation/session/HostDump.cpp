@@ -6,7 +6,6 @@
 #include "workstation/session/SessionJson.h"
 
 #include <array>
-#include <ranges>
 #include <utility>
 
 namespace dorvik {
@@ -51,9 +50,9 @@ Change(ISessionHost& host, std::string_view file, std::int32_t line, Action&& ac
 
 std::string DumpModule(ICodeModule& module) {
     return modSessionJson::Dump("code", [&](JsonWriter& writer) {
-        const auto lines = std::views::iota(1, module.CountOfLines() + 1);
-        modSessionJson::Array(writer, "lines", lines, [&](std::int32_t line) {
-            modSessionJson::Text(writer, module.Lines(line, 1));
+        const auto count = static_cast<std::size_t>(module.CountOfLines());
+        modSessionJson::CountedArray(writer, "lines", count, [&](std::size_t index) {
+            modSessionJson::Text(writer, module.Lines(static_cast<std::int32_t>(index) + 1, 1));
         });
         modSessionJson::Member(writer, "top", module.CodePane().TopLine());
         const CodeRange selection = module.CodePane().Selection();

@@ -6,12 +6,13 @@
 #include "workstation/view/ResultsView.h"
 #include "workstation/view/WorkbenchControls.h"
 
-#include <ranges>
 #include <string_view>
+#include <utility>
 
 namespace dorvik::modResultsViewDump {
 
 using modSessionJson::Array;
+using modSessionJson::CountedArray;
 using modSessionJson::Dump;
 using modSessionJson::Member;
 using modSessionJson::Object;
@@ -88,10 +89,6 @@ std::pair<std::size_t, bool> SortOf(const ListTable& list) {
     return sort;
 }
 
-auto Positions(std::size_t count) {
-    return std::views::iota(std::size_t{0}, count);
-}
-
 }  // namespace
 
 std::string DumpState(const ResultsView& view, const WorkbenchControls& controls, bool reviewing) {
@@ -126,7 +123,7 @@ std::string DumpList(WorkbenchControls& controls) {
         Member(writer, "sql", grid.RecordSource());
         Member(writer, "placeholder", controls.Placeholder.Value());
         Member(writer, "current", grid.CurrentKey().value_or(0));
-        Array(writer, "rows", Positions(grid.DataRowCount()), [&](std::size_t row) {
+        CountedArray(writer, "rows", grid.DataRowCount(), [&](std::size_t row) {
             WriteListRow(writer, grid, grid.KeyOfDataRow(row));
         });
         WriteOrder(writer, "groups", grid, grid.Groups());
@@ -137,7 +134,7 @@ std::string DumpList(WorkbenchControls& controls) {
 std::string DumpGroups(WorkbenchControls& controls) {
     return Dump("groups", [&](JsonWriter& writer) {
         Grid& grid = controls.List;
-        Array(writer, "rows", Positions(grid.RowCount()), [&](std::size_t row) {
+        CountedArray(writer, "rows", grid.RowCount(), [&](std::size_t row) {
             if (const std::optional<GridGroupRow> group = grid.GroupRow(row)) {
                 WriteGroupRow(writer, grid, row, *group);
             }
@@ -155,7 +152,7 @@ std::string DumpHotspot(const WorkbenchControls& controls) {
     return Dump("hotspot", [&](JsonWriter& writer) {
         const ListTable& list = controls.Hotspots;
         modControlJson::WriteColumns(writer, list);
-        Array(writer, "rows", Positions(list.Count()), [&](std::size_t row) {
+        CountedArray(writer, "rows", list.Count(), [&](std::size_t row) {
             WriteHotspot(writer, list.Row(row));
         });
         const ListRow* const selected = list.SelectedRow();

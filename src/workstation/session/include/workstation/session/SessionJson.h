@@ -1,6 +1,7 @@
 #pragma once
 
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
@@ -52,6 +53,17 @@ void Array(JsonWriter& writer, std::string_view key, const Items& items, Write&&
     writer.StartArray();
     for (const auto& item : items) {
         write(item);
+    }
+    writer.EndArray();
+}
+
+/// The same for the numbers from 0 to one below `count`.
+template <typename Write>
+void CountedArray(JsonWriter& writer, std::string_view key, std::size_t count, Write&& write) {
+    Key(writer, key);
+    writer.StartArray();
+    for (std::size_t index = 0; index < count; ++index) {
+        write(index);
     }
     writer.EndArray();
 }
