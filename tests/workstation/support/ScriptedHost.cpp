@@ -294,8 +294,9 @@ void ScriptedHost::RemoveCommandBar(CommandControl& bar) {
 }
 
 void ScriptedHost::ExecuteCommand(std::int32_t id) {
-    Calls.push_back("command " + std::to_string(id));
-    Asked.Add(id == 2578 ? "properties" : "references");
+    const std::string call = "command " + std::to_string(id);
+    Calls.push_back(call);
+    Asked.Add(id == 2578 ? "properties" : id == 942 ? "references" : call);
 }
 
 void ScriptedHost::BeginSave(IHostProject& project) {
