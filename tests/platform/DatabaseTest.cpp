@@ -6,6 +6,7 @@
 #include "platform/host/OutputRefusal.h"
 #include "platform/host/modFiles.h"
 #include "support/FilesystemPaths.h"
+#include "support/LockedDatabase.h"
 
 #include <algorithm>
 #include <chrono>
@@ -185,6 +186,16 @@ TEST_F(DatabaseTest, RecordsetsOfAClosedDatabaseAreInvalid) {
     EXPECT_EQ(
         ErrorNumberOf([&] { m_database.OpenRecordset("SELECT * FROM Items"); }),
         databaseerror::kObjectInvalid);
+}
+
+TEST_F(DatabaseTest, AnOpeningWaitsForALockNoLongerThanItIsTold) {
+    using namespace std::chrono_literals;
+    m_database.Close();
+    const test::LockedDatabase other(m_path);
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(ErrorNumberOf([&] { m_database.Open(m_path, 100ms); }), databaseerror::kLocked);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 8s);
+    EXPECT_FALSE(m_database.IsOpen());
 }
 
 TEST_F(DatabaseTest, AWriteThatAnotherConnectionKeepsOutIsToldAsLocked) {
