@@ -17,6 +17,7 @@
 #include "source/VirtualSourceFile.h"
 #include "source/modSource.h"
 #include "source/modVOSource.h"
+#include "workstation/filehost/CodeFile.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -197,16 +198,22 @@ Work ControlsOfALayout(std::size_t size) {
     };
 }
 
-/// A file of such lines, which is removed at the end of the program's work with it.
-Work LinesOfAFile(std::size_t size, std::string_view lineEnd) {
-    const std::shared_ptr<std::filesystem::path> path(
+/// A file that is removed at the end of the program's work with it.
+std::shared_ptr<const std::filesystem::path>
+TemporaryFile(std::size_t size, std::string_view text) {
+    const std::shared_ptr<const std::filesystem::path> path(
         new std::filesystem::path(
             std::filesystem::temp_directory_path() / ("GrowthBenchmark." + std::to_string(size))),
         [](const std::filesystem::path* file) {
             std::filesystem::remove(*file);
             delete file;
         });
-    std::ofstream(*path, std::ios::binary) << Repeated("x" + std::string(lineEnd), size);
+    std::ofstream(*path, std::ios::binary) << text;
+    return path;
+}
+
+Work LinesOfAFile(std::size_t size, std::string_view lineEnd) {
+    const auto path = TemporaryFile(size, Repeated("x" + std::string(lineEnd), size));
     return [path, size] {
         TextFileReader reader(ProgramPath(*path), 1252);
         std::size_t count = 0;
@@ -217,24 +224,26 @@ Work LinesOfAFile(std::size_t size, std::string_view lineEnd) {
     };
 }
 
-/// A group whose projects are nowhere, in a file that is removed at the end of the program's work with it.
+/// A group whose projects are nowhere.
 Work ProjectsOfAGroup(std::size_t size) {
-    const std::shared_ptr<std::filesystem::path> path(
-        new std::filesystem::path(
-            std::filesystem::temp_directory_path() /
-            ("GrowthBenchmark." + std::to_string(size) + ".vbg")),
-        [](const std::filesystem::path* file) {
-            std::filesystem::remove(*file);
-            delete file;
-        });
-    std::ofstream group(*path, std::ios::binary);
+    std::string text;
     for (std::size_t number = 0; number < size; ++number) {
-        group << "Project=p" << number << ".vbp\r\n";
+        text += "Project=p" + std::to_string(number) + ".vbp\r\n";
     }
-    group.close();
+    const auto path = TemporaryFile(size, text);
     return [path, size] {
         const VirtualProjectGroup read(ProgramPath(*path), 1252);
         return read.ProjectFilenames().size() == size;
+    };
+}
+
+/// One line that the environment shows, and attributes of it.
+Work AttributesOfALine(std::size_t size) {
+    const std::string text = "Dim x\r\n" + Repeated("Attribute x.VB_VarHelpID = -1\r\n", size);
+    const auto path = TemporaryFile(size, text);
+    return [path, text] {
+        const CodeFile file(ProgramPath(*path), 1252, FileType::Module);
+        return file.Texts().size() == 1 && file.Encoded().Bytes == text;
     };
 }
 
@@ -291,6 +300,7 @@ const std::vector<Row>& Rows() {
         {"lines of a file, CR", 200'000, std::bind(LinesOfAFile, _1, "\r")},
         {"lines of a file, LF", 200'000, std::bind(LinesOfAFile, _1, "\n")},
         {"projects of a group", 5'000, ProjectsOfAGroup},
+        {"attributes of a shown line", 12'500, AttributesOfALine},
         {"script: calls", 5'000, std::bind(ScriptOf, _1, "x = y + foo(1)\n", false)},
         {"script: If lines", 5'000, std::bind(ScriptOf, _1, "If a Then x Else y\n", false)},
         {"script: wrong expressions", 5'000, std::bind(ScriptOf, _1, "x = )\n", true)},

@@ -105,7 +105,8 @@ private:
     std::string Decode(std::string_view bytes) const;
     void TakeLines(const std::vector<PhysicalLine>& lines, std::optional<FileType> type);
     void TakeShownLine(const PhysicalLine& line, std::string text);
-    void TakeHiddenLine(const PhysicalLine& line, std::string text);
+    /// Attribute lines after the last shown line. REQUIRES: none were kept with it before.
+    void KeepHidden(std::string bytes);
     void TakeHeadLine(const PhysicalLine& line, std::string text);
     void RewriteNameLine(NameLine& line, const std::string& text);
     /// Nothing for a text that the code page lacks.
