@@ -72,6 +72,11 @@ void Grid::Bind(IGridRecords* records) {
 }
 
 void Grid::Rebind() {
+    Rebind(m_groups);
+}
+
+void Grid::Rebind(std::vector<GridOrderKey> groups) {
+    m_groups = KnownKeys(std::move(groups));
     Guarded(Failed, [&] { m_binding.ReadKeys(); });
     m_current.reset();
     Arrange();
@@ -211,13 +216,16 @@ void Grid::KeepCurrentShown() {
 
 // ---- order ----
 
+std::vector<GridOrderKey> Grid::KnownKeys(std::vector<GridOrderKey> keys) const {
+    std::erase_if(keys, [this](const GridOrderKey& key) {
+        return key.Column < 1 || static_cast<std::size_t>(key.Column) > m_columns.size();
+    });
+    return keys;
+}
+
 /// A record stays current, a group does not: the groups are others now.
 void Grid::ChangeOrder(std::vector<GridOrderKey>& keys, std::vector<GridOrderKey> changed) {
-    const auto isUnknown = [this](const GridOrderKey& key) {
-        return key.Column < 1 || static_cast<std::size_t>(key.Column) > m_columns.size();
-    };
-    std::erase_if(changed, isUnknown);
-    keys = std::move(changed);
+    keys = KnownKeys(std::move(changed));
     const bool losesCurrent = m_current && m_current->IsGroup;
     if (losesCurrent) {
         m_current.reset();
@@ -242,10 +250,14 @@ bool Grid::HasGroup(std::int32_t column) const {
     return std::any_of(m_groups.begin(), m_groups.end(), OnColumn(column));
 }
 
-void Grid::RemoveGroup(std::int32_t column) {
+std::vector<GridOrderKey> Grid::GroupsWithout(std::int32_t column) const {
     std::vector<GridOrderKey> groups = m_groups;
     std::erase_if(groups, OnColumn(column));
-    SetGroups(std::move(groups));
+    return groups;
+}
+
+void Grid::RemoveGroup(std::int32_t column) {
+    SetGroups(GroupsWithout(column));
 }
 
 void Grid::SetSortKeys(std::vector<GridOrderKey> sortKeys) {

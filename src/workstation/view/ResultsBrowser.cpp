@@ -112,10 +112,10 @@ void ResultsBrowser::ShowSelectedFile(bool populate) {
     }
     if (isWhole) {
         PopulateViolationsList(item);
+        m_at.List.SelectFirstRow();
     } else {
         PopulateProceduresCombo(id, populate);
     }
-    m_at.List.SelectFirstRow();
 }
 
 void ResultsBrowser::SelectFile(std::string_view name) {

@@ -74,6 +74,8 @@ public:
     }
     /// Reads the keys anew. No row is current then.
     void Rebind();
+    /// The same with other groups.
+    void Rebind(std::vector<GridOrderKey> groups);
 
     // ---- rows ----
 
@@ -104,6 +106,8 @@ public:
 
     const std::vector<GridOrderKey>& Groups() const { return m_groups; }
     void SetGroups(std::vector<GridOrderKey> groups);
+    /// Those of other columns.
+    std::vector<GridOrderKey> GroupsWithout(std::int32_t column) const;
     /// Adds the innermost group.
     void AddGroup(const GridOrderKey& group);
     bool HasGroup(std::int32_t column) const;
@@ -137,6 +141,7 @@ private:
     };
 
     void Arrange();
+    std::vector<GridOrderKey> KnownKeys(std::vector<GridOrderKey> keys) const;
     void ChangeOrder(std::vector<GridOrderKey>& keys, std::vector<GridOrderKey> changed);
     void KeepCurrentShown();
 
