@@ -1,5 +1,6 @@
 #include "workstation/ide/IDEHelper.h"
 
+#include "MenuItems.h"
 #include "base/BasicError.h"
 #include "base/modTextCase.h"
 #include "foundation/log/Trap.h"
@@ -223,7 +224,9 @@ void IDEHelper::ShowVBReferences() {
 CommandControl* IDEHelper::SiteAddInMenu() {
     return Trapped({kModule, "SiteAddInMenu"}, nullptr, [&] {
         CommandControl& bar = Existing(m_VBInstance).MenuBar();
-        CommandLook look{.Caption = "D&orvik", .Tag = "DORVIK"};
+        CommandLook look{
+            .Caption = std::string(menuitems::kMenuCaption),
+            .Tag = std::string(menuitems::kMenuTag)};
         CommandControl* const tools = bar.FindId(kToolsMenu);
         if (tools != nullptr && modGlobal::WorkData().PlaceMenuOnToolsMenu) {
             look.BeginGroup = true;

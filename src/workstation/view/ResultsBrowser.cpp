@@ -184,8 +184,9 @@ void ResultsBrowser::ShowSelectedProcedure() {
 }
 
 void ResultsBrowser::PopulateViolationsList(const ComboItem& item) {
-    m_at.EnableDisableGroupBySrcFiles.Raise(modSourceItems::IsAllFiles(item));
     m_at.List.PopulateViolationsList(item);
+    // The list may have dropped the group, which the menus show.
+    m_at.EnableDisableGroupBySrcFiles.Raise(modSourceItems::IsAllFiles(item));
 }
 
 void ResultsBrowser::RefreshViolationsList() {

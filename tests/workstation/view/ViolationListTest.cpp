@@ -336,8 +336,12 @@ TEST_F(ViolationList, AGroupRowThatBecomesCurrentBlanksThePane) {
 
 TEST_F(ViolationList, OneFileDropsTheSourceFileGroupAndItDoesNotComeBack) {
     std::vector<bool> raised;
-    const Subscription subscription = m_view.EnableDisableGroupBySrcFiles.Subscribe(
-        [&](bool enabled) { raised.push_back(enabled); });
+    std::vector<bool> marks;  // what the menus show by the settings
+    const Subscription subscription =
+        m_view.EnableDisableGroupBySrcFiles.Subscribe([&](bool enabled) {
+            raised.push_back(enabled);
+            marks.push_back(Settings().GroupBySourceFile);
+        });
     Settings().GroupBySourceFile = true;
     m_view.GroupBySourceFile();
     Settings().GroupByCategory = true;
@@ -349,6 +353,7 @@ TEST_F(ViolationList, OneFileDropsTheSourceFileGroupAndItDoesNotComeBack) {
     ChooseFile("~AllItems~");
     EXPECT_THAT(m_controls.List.Groups(), ElementsAre(GridOrderKey{7}));
     EXPECT_THAT(raised, ElementsAre(false, true));
+    EXPECT_THAT(marks, ElementsAre(false, false));
 }
 
 TEST_F(ViolationList, OneFileWithoutItsGroupIsArrangedOnce) {
