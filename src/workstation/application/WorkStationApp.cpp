@@ -52,7 +52,11 @@ WorkStationApp::~WorkStationApp() {
     m_evtIDE.clear();
     m_criteria.reset();
     m_evtProgressEnded.End();
-    m_evtProgress.reset();
+    if (m_evtProgress) {
+        // A review in the foreground is on the stack, and would run on.
+        m_evtProgress->Cancel();
+        m_evtProgress.reset();
+    }
     if (m_IDE) {
         m_IDE->TerminateDorvik();
     }
@@ -151,25 +155,33 @@ ResultsView& WorkStationApp::Results() const {
 
 void WorkStationApp::m_evtMenu_ReviewClick() {
     Trap({kModule, "m_evtMenu_ReviewClick"}, [&] {
+        const Lifetime::Watch life = m_life.Watched();
         // While a review runs in the background the same command cancels it.
         if (!m_backgroundReviewActive &&
             (!PromptToSaveProjectsBeforeReview() || !ChooseReviewOptions())) {
             return;
         }
         ExecuteReview();
-        m_IDE->RefreshMenus(m_backgroundReviewActive);
+        if (!life.IsOver()) {
+            m_IDE->RefreshMenus(m_backgroundReviewActive);
+        }
     });
 }
 
 bool WorkStationApp::PromptToSaveProjectsBeforeReview() {
     return Trapped({kModule, "PromptToSaveProjectsBeforeReview"}, false, [&] {
-        const ObjectKeyedArrayList<VirtualProject>& projects = m_criteria->ProjectList();
+        const Lifetime::Watch life = m_life.Watched();
+        const std::shared_ptr<ReviewCriteria> criteria = m_criteria;
+        const ObjectKeyedArrayList<VirtualProject>& projects = criteria->ProjectList();
         bool mayReview = true;
         // Required: without any project the first one is looked at all the same, which raises.
         std::int32_t index = 1;
         do {
             if (projects.Selected(index)) {
-                mayReview = MayReview(projects.Key(index), mayReview);
+                mayReview = MayReview(std::string(projects.Key(index)), mayReview);
+            }
+            if (life.IsOver()) {
+                return false;
             }
             ++index;
         } while (index <= projects.Count());
@@ -192,12 +204,13 @@ bool WorkStationApp::MayReview(const std::string& project, bool soFar) {
     if (option == kSaveWithoutAsking) {
         return m_IDE->ExecuteVBProjectSave(project);
     }
+    const Lifetime::Watch life = m_life.Watched();
     const MessageAnswer answer = Show(
         MessageIcon::Question,
         "Project '" + project +
             "' has changed.\r\rDo you want to continue the review without saving it?",
         MessageButtons::YesNo);
-    if (answer == MessageAnswer::Yes) {
+    if (life.IsOver() || answer == MessageAnswer::Yes) {
         return true;
     }
     Show(MessageIcon::Information, "Please save the project and restart the review.");
@@ -205,13 +218,15 @@ bool WorkStationApp::MayReview(const std::string& project, bool soFar) {
 }
 
 bool WorkStationApp::ChooseReviewOptions() {
+    const Lifetime::Watch life = m_life.Watched();
     frmReviewOptions form(m_screen);
     form.ReviewOptions(m_criteria);
     m_screen.ShowModal(form);
-    return !form.Cancelled();
+    return !life.IsOver() && !form.Cancelled();
 }
 
 void WorkStationApp::ExecuteReview() {
+    const Lifetime::Watch life = m_life.Watched();
     Trap({kModule, "ExecuteReview"}, [&] {
         if (m_backgroundReviewActive) {
             m_evtProgress->AbortBackgroundReview();
@@ -223,20 +238,20 @@ void WorkStationApp::ExecuteReview() {
             SetBackgroundReviewActive(true);
             m_IDE->SetWorkbenchVisible(false);
         }
-        m_typeLibraries = std::make_unique<TypeLibraryStore>(TypeLibrariesOfThisMachine());
-        // Shared with this frame: the end of the review drops the window.
+        // Shared with this frame: the end of the review drops the window, that of the add-in both.
+        const auto typeLibraries = std::make_shared<TypeLibraryStore>(TypeLibrariesOfThisMachine());
         const auto progress = std::make_shared<frmProgress>(m_screen);
-        progress->SetTypeLibraries(m_typeLibraries.get());
+        progress->SetTypeLibraries(typeLibraries.get());
+        m_typeLibraries = typeLibraries;
         m_evtProgress = progress;
         m_evtProgressEnded = progress->BackgroundReviewEnded.Subscribe(
             [this] { m_evtProgress_BackgroundReviewEnded(); });
         progress->CommenceReview(m_criteria);
-        if (m_backgroundReviewActive) {
-            return;
+        if (!life.IsOver() && !m_backgroundReviewActive) {
+            DropProgress();
         }
-        DropProgress();
     });
-    if (!m_backgroundReviewActive) {
+    if (!life.IsOver() && !m_backgroundReviewActive) {
         ShowResultsOfReview();
     }
 }
@@ -254,22 +269,26 @@ void WorkStationApp::DropProgress() {
 
 void WorkStationApp::m_evtProgress_BackgroundReviewEnded() {
     Trap({kModule, "m_evtProgress_BackgroundReviewEnded"}, [&] {
+        const Lifetime::Watch life = m_life.Watched();
         SetBackgroundReviewActive(false);
         DropProgress();
         ShowResultsOfReview();
-        m_IDE->RefreshMenus(/*reviewRunning=*/false);
+        if (!life.IsOver()) {
+            m_IDE->RefreshMenus(/*reviewRunning=*/false);
+        }
     });
 }
 
 void WorkStationApp::ShowResultsOfReview() {
+    const Lifetime::Watch life = m_life.Watched();
     Results().PopulateResults(m_criteria, /*afterReview=*/true);
-    if (!Results().ResultsAvailable()) {
+    if (life.IsOver() || !Results().ResultsAvailable()) {
         return;
     }
     if (modGlobal::WorkData().AlwaysShowWorkbench) {
         m_IDE->SetWorkbenchVisible(true);
     }
-    if (modGlobal::WorkData().AlwaysShowSummary) {
+    if (!life.IsOver() && modGlobal::WorkData().AlwaysShowSummary) {
         m_evtMenu_ReviewSummary();
     }
 }

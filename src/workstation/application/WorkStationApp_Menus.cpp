@@ -133,9 +133,12 @@ void WorkStationApp::m_evtMenu_AboutClick() {
 
 void WorkStationApp::m_evtMenu_GotoSourceClick() {
     Trap({kModule, "m_evtMenu_GotoSourceClick"}, [&] {
+        const Lifetime::Watch life = m_life.Watched();
         Results().SetIgnoreFileEvents(true);
         m_document->GotoSource();
-        Results().SetIgnoreFileEvents(false);
+        if (!life.IsOver()) {
+            Results().SetIgnoreFileEvents(false);
+        }
     });
 }
 
@@ -175,9 +178,10 @@ void WorkStationApp::m_evtMenu_LaunchRulebaseDocument() {
 
 void WorkStationApp::m_evtMenu_OpenClick() {
     Trap({kModule, "m_evtMenu_OpenClick"}, [&] {
+        const Lifetime::Watch life = m_life.Watched();
         const std::optional<std::string> file = FileDialogs(m_screen).GetOpenFileName(
             FileKind::ResultsDatabase, "Select Results Database");
-        if (file) {
+        if (file && !life.IsOver()) {
             OpenResults(*file);
         }
     });
@@ -199,9 +203,10 @@ void WorkStationApp::OpenResults(const std::string& file) {
 
 void WorkStationApp::m_evtMenu_OptionsClick() {
     Trap({kModule, "m_evtMenu_OptionsClick"}, [&] {
+        const Lifetime::Watch life = m_life.Watched();
         frmOptions form(m_screen);
         m_screen.ShowModal(form);
-        if (!form.Cancelled()) {
+        if (!life.IsOver() && !form.Cancelled()) {
             modGlobal::WorkData().SaveSettings();
             Results().OptionsChanged();
         }
@@ -214,9 +219,12 @@ void WorkStationApp::m_evtMenu_ReviewSummary() {
 
 void WorkStationApp::m_evtMenu_ShowDorvikWindowClick() {
     Trap({kModule, "m_evtMenu_ShowDorvikWindowClick"}, [&] {
+        const Lifetime::Watch life = m_life.Watched();
         m_IDE->SetWorkbenchVisible(true);
         modHost::YieldToInput();
-        m_IDE->RefreshMenus(/*reviewRunning=*/false);
+        if (!life.IsOver()) {
+            m_IDE->RefreshMenus(/*reviewRunning=*/false);
+        }
     });
 }
 

@@ -277,8 +277,11 @@ void IDEHelper::m_evtProjects_ItemActivated(const IHostProject& project) {
 
 void IDEHelper::m_evtProjects_ItemAdded(const IHostProject& project) {
     Trap({kModule, "m_evtProjects_ItemAdded"}, [&] {
+        const Lifetime::Watch life = m_life.Watched();
         ProjectAdded.Raise(project.Name(), project.FileName(), TypeOf(project));
-        RefreshMenus();
+        if (!life.IsOver()) {
+            RefreshMenus();
+        }
     });
 }
 

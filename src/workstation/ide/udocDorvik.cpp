@@ -67,8 +67,9 @@ void udocDorvik::UserDocument_InitProperties() {
 
 void udocDorvik::VisibleChanged(bool visible) {
     Trap({kModule, "VisibleChanged"}, [&] {
+        const Lifetime::Watch life = m_life.Watched();
         m_results.SetWorkbenchVisible(visible);
-        if (visible && m_ideHelper != nullptr) {
+        if (!life.IsOver() && visible && m_ideHelper != nullptr) {
             m_ideHelper->RefreshMenus();
         }
     });
@@ -138,9 +139,12 @@ void udocDorvik::ExpandCollapseGroups(bool expand) {
 
 void udocDorvik::cmdGotoSource_Click() {
     Trap({kModule, "cmdGotoSource_Click"}, [&] {
+        const Lifetime::Watch life = m_life.Watched();
         m_results.SetIgnoreFileEvents(true);
         GotoSource();
-        m_results.SetIgnoreFileEvents(false);
+        if (!life.IsOver()) {
+            m_results.SetIgnoreFileEvents(false);
+        }
     });
 }
 

@@ -189,8 +189,11 @@ void ResultsView::ShowNoResults() {
 
 void ResultsView::OpenDatabase() {
     const std::string file = m_parts->Results.Review.DatabaseFile;
+    const Lifetime::Watch life = m_life.Watched();
     if (!modUtilFunctions::FileExists(file) || !m_parts->Results.Open(file)) {
-        ShowNoResults();
+        if (!life.IsOver()) {
+            ShowNoResults();
+        }
         return;
     }
     m_parts->Controls.Panel.Set("");
@@ -327,8 +330,9 @@ void ResultsView::FilterResults() {
         form.SetCategoryList(lists.Categories);
         form.SetSeverityList(lists.Severities);
         form.FilterOptions(m_parts->Results.DB().Filter());
+        const Lifetime::Watch life = m_life.Watched();
         m_parts->Screen.ShowModal(form);
-        if (!form.Cancelled() && ResultsAvailable()) {
+        if (!life.IsOver() && !form.Cancelled() && ResultsAvailable()) {
             m_parts->Browser.RebuildFiles();
         }
     });
