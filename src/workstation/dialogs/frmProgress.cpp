@@ -1,6 +1,7 @@
 #include "workstation/dialogs/frmProgress.h"
 
 #include "criteria/ProgressInfo.h"
+#include "criteria/ReviewAction.h"
 #include "criteria/ReviewCriteria.h"
 #include "foundation/log/LogFile.h"
 #include "foundation/log/Trap.h"
@@ -12,9 +13,7 @@
 #include "settings/modGlobal.h"
 #include "workstation/screen/IScreen.h"
 
-#include <array>
 #include <chrono>
-#include <cstddef>
 #include <string_view>
 #include <utility>
 
@@ -26,15 +25,20 @@ constexpr std::string_view kModule = "frmProgress";
 constexpr std::string_view kCaption = "Review Progress";
 constexpr std::chrono::milliseconds kTickInterval{10};
 
-/// By action from 1.
-constexpr std::array<std::string_view, 7> kActions{
-    "Loading rulebase...",
-    "Reviewing source code...",
-    "Generating report...",
-    "Extracting global names...",
-    "Loading references...",
-    "Initialising project review...",
-    "Loading components..."};
+struct ActionRow {
+    std::int32_t Action;
+    std::string_view Text;
+};
+
+constexpr ActionRow kActions[] = {
+    {reviewaction::kLoadingRulebase, "Loading rulebase..."},
+    {reviewaction::kReviewing, "Reviewing source code..."},
+    {reviewaction::kGeneratingReport, "Generating report..."},
+    {reviewaction::kExtractingNames, "Extracting global names..."},
+    {reviewaction::kLoadingReferences, "Loading references..."},
+    {reviewaction::kInitialisingReview, "Initialising project review..."},
+    {reviewaction::kLoadingComponents, "Loading components..."},
+};
 
 std::string NumberOfAll(std::string_view label, std::int32_t number, std::int32_t all) {
     return std::string(label) + ": (" + std::to_string(number) + " of " + std::to_string(all) + ")";
@@ -190,8 +194,10 @@ void frmProgress::ShowAction(std::int32_t action) {
         return;
     }
     m_shown.Action = action;
-    if (action >= 1 && static_cast<std::size_t>(action) <= kActions.size()) {
-        lblAction.Set(std::string(kActions[static_cast<std::size_t>(action) - 1]));
+    for (const ActionRow& row : kActions) {
+        if (row.Action == action) {
+            lblAction.Set(std::string(row.Text));
+        }
     }
 }
 
