@@ -127,7 +127,11 @@ void frmOptions::EnableFolders() {
 }
 
 bool frmOptions::Ok() {
-    const bool isTaken = Trap({kModule, "Ok"}, [&] { DataFromScreen(modGlobal::WorkData()); });
+    const bool isTaken = Trap({kModule, "Ok"}, [&] {
+        DVKWorkData settings = modGlobal::WorkData();
+        DataFromScreen(settings);
+        modGlobal::WorkData() = std::move(settings);
+    });
     if (isTaken) {
         m_cancelled = false;
         Close();
