@@ -3,12 +3,12 @@
 #include "base/BasicError.h"
 #include "criteria/ReviewCriteria.h"
 #include "foundation/log/Trap.h"
-#include "platform/host/modHost.h"
 #include "settings/DVKWorkData.h"
 #include "settings/DorvikData.h"
 #include "settings/modGlobal.h"
 #include "source/VirtualProject.h"
 #include "typelib/TypeLibraryStore.h"
+#include "workstation/controls/modWorkstationMessage.h"
 #include "workstation/dialogs/frmProgress.h"
 #include "workstation/dialogs/frmReviewOptions.h"
 #include "workstation/dialogs/modOpenProject.h"
@@ -24,16 +24,10 @@ namespace dorvik {
 namespace {
 
 constexpr std::string_view kModule = "WorkStationApp";
-constexpr std::string_view kTitle = "Dorvik Workstation";
 
 /// The values of the setting `OptionPromptSave`.
 constexpr std::int32_t kSaveWithoutAsking = 1;
 constexpr std::int32_t kLeaveUnsaved = 3;
-
-MessageAnswer
-Show(MessageIcon icon, std::string text, MessageButtons buttons = MessageButtons::Ok) {
-    return modHost::ShowMessage({icon, std::string(kTitle), std::move(text), buttons});
-}
 
 TypeLibraryPlaces TypeLibrariesOfThisMachine() {
     const DorvikData& data = modGlobal::Data();
@@ -192,7 +186,7 @@ bool WorkStationApp::PromptToSaveProjectsBeforeReview() {
 // Required: what a project gives replaces what those before it gave.
 bool WorkStationApp::MayReview(const std::string& project, bool soFar) {
     if (m_IDE->ProjectNeedsForcefulSave(project)) {
-        Show(
+        modWorkstationMessage::Show(
             MessageIcon::Exclamation,
             "'" + project + "' is a new project and must be saved prior to review.");
         return false;
@@ -205,7 +199,7 @@ bool WorkStationApp::MayReview(const std::string& project, bool soFar) {
         return m_IDE->ExecuteVBProjectSave(project);
     }
     const Lifetime::Watch life = m_life.Watched();
-    const MessageAnswer answer = Show(
+    const MessageAnswer answer = modWorkstationMessage::Show(
         MessageIcon::Question,
         "Project '" + project +
             "' has changed.\r\rDo you want to continue the review without saving it?",
@@ -213,7 +207,8 @@ bool WorkStationApp::MayReview(const std::string& project, bool soFar) {
     if (life.IsOver() || answer == MessageAnswer::Yes) {
         return true;
     }
-    Show(MessageIcon::Information, "Please save the project and restart the review.");
+    modWorkstationMessage::Show(
+        MessageIcon::Information, "Please save the project and restart the review.");
     return false;
 }
 

@@ -7,6 +7,7 @@
 #include "settings/modGlobal.h"
 #include "typelib/TypeLibraryStore.h"
 #include "workstation/application/WorkStationApp.h"
+#include "workstation/controls/modWorkstationMessage.h"
 #include "workstation/dialogs/FileDialogs.h"
 #include "workstation/dialogs/frmAbout.h"
 #include "workstation/dialogs/frmOptions.h"
@@ -24,10 +25,6 @@ namespace {
 
 constexpr std::string_view kModule = "WorkStationApp";
 constexpr std::string_view kHelpFile = "Dorvik.chm";
-
-void ShowExclamation(std::string text) {
-    modHost::ShowMessage({MessageIcon::Exclamation, "Dorvik Workstation", std::move(text)});
-}
 
 std::string HelpFile() {
     return modGlobal::Data().LocalAppPath() + std::string(kHelpFile);
@@ -169,9 +166,10 @@ void WorkStationApp::m_evtMenu_LaunchRulebaseDocument() {
         if (settings.RBDocAvailable()) {
             m_screen.OpenWithSystem(settings.RBDocPath);
         } else {
-            ShowExclamation(
+            modWorkstationMessage::Show(
+                MessageIcon::Exclamation,
                 "Cannot display the rulebase document '" + settings.RBDocPath +
-                "' because it cannot be found.");
+                    "' because it cannot be found.");
         }
     });
 }
@@ -193,10 +191,11 @@ void WorkStationApp::OpenResults(const std::string& file) {
         if (results->OpenReview(file)) {
             Results().SetResultsDB(std::move(results), file);
         } else {
-            ShowExclamation(
+            modWorkstationMessage::Show(
+                MessageIcon::Exclamation,
                 "The selected database does not appear to be a valid Dorvik results database or "
                 "is an incorrect version.  Please select a different file or ensure that '" +
-                file + "' is the correct version.");
+                    file + "' is the correct version.");
         }
     });
 }

@@ -25,19 +25,6 @@ std::string_view PlainName(std::string_view name) {
     return name;
 }
 
-ProcedureKind KindOf(std::string_view procedureType) {
-    if (modTextCase::Equal(procedureType, "Property Get")) {
-        return ProcedureKind::PropertyGet;
-    }
-    if (modTextCase::Equal(procedureType, "Property Let")) {
-        return ProcedureKind::PropertyLet;
-    }
-    if (modTextCase::Equal(procedureType, "Property Set")) {
-        return ProcedureKind::PropertySet;
-    }
-    return ProcedureKind::SubOrFunction;
-}
-
 }  // namespace
 
 class ProcedureList::Builder {
@@ -134,7 +121,7 @@ private:
         }
         CodeProcedure procedure;
         procedure.Name = PlainName(modSource::StripInLineComment(definition->Name));
-        procedure.Kind = KindOf(definition->ProcedureType);
+        procedure.Kind = ProcedureKindOf(definition->ProcedureType);
         procedure.StartLine = m_list.m_procedures.empty() ? m_list.m_declarationLines + 1
                                                           : m_list.m_procedures.back().EndLine + 1;
         // Two procedures in one line: the second has no line of its own in front of its definition.

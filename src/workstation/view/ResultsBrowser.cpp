@@ -5,6 +5,7 @@
 #include "modSourceItems.h"
 #include "source/BasicObject.h"
 #include "source/ItemType.h"
+#include "workstation/dialogs/modAllItems.h"
 
 #include <algorithm>
 
@@ -60,7 +61,7 @@ void ResultsBrowser::PopulateSourceFilesCombo() {
     }
     ResultsDB& results = m_at.Results.DB();
     const std::string projectType = results.Items().GetProjectData("Type");
-    std::vector<ComboItem> items{modSourceItems::AllFilesItem()};
+    std::vector<ComboItem> items{modAllItems::AllFiles()};
     for (const BasicObject& file :
          results.Items().GetProjectSourceFileList(/*includeAll=*/!ShowsList(), false)) {
         items.push_back(
@@ -77,7 +78,7 @@ void ResultsBrowser::PopulateSourceFilesCombo() {
 std::string ResultsBrowser::DefaultFileKey() const {
     const ComboBox& files = m_at.Controls.Files;
     const bool showsAll = m_at.ProjectCount() == 1 || files.Count() < 2;
-    return showsAll ? std::string(modSourceItems::kAllItemsKey) : files.Item(1).Key;
+    return showsAll ? std::string(modAllItems::kKey) : files.Item(1).Key;
 }
 
 void ResultsBrowser::SelectSFComboItem(std::string_view key, bool populate) {

@@ -1,8 +1,8 @@
 #include "ShownResults.h"
 
-#include "platform/host/modHost.h"
 #include "settings/DVKWorkData.h"
 #include "settings/modGlobal.h"
+#include "workstation/controls/modWorkstationMessage.h"
 
 #include <utility>
 
@@ -10,7 +10,6 @@ namespace dorvik {
 
 namespace {
 
-constexpr std::string_view kTitle = "Dorvik Workstation";
 constexpr std::string_view kWrongVersion =
     "Incorrect results database version. Please perform a fresh review of this project to ensure "
     "that the results database is correctly updated.";
@@ -28,8 +27,7 @@ bool ShownResults::Open(const std::string& file) {
     Close();
     ReadSortFields();
     if (!m_database->OpenReview(file)) {
-        modHost::ShowMessage(
-            {MessageIcon::Exclamation, std::string(kTitle), std::string(kWrongVersion)});
+        modWorkstationMessage::Show(MessageIcon::Exclamation, std::string(kWrongVersion));
         return false;
     }
     m_available = true;

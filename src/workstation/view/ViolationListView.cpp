@@ -206,9 +206,11 @@ void ViolationListView::PopulateViolationsList(const ComboItem& item) {
 
 void ViolationListView::RebindWithoutSourceFileGroup() {
     constexpr std::int32_t kSourceFile = NumberOf(ViolationColumn::SourceFile);
-    const bool hasGroup = m_controls.List.HasGroup(kSourceFile);
-    m_controls.List.Rebind(m_controls.List.GroupsWithout(kSourceFile));
-    if (hasGroup) {
+    std::vector<GridOrderKey> groups = m_controls.List.Groups();
+    const std::size_t dropped = std::erase_if(
+        groups, [](const GridOrderKey& group) { return group.Column == kSourceFile; });
+    m_controls.List.Rebind(std::move(groups));
+    if (dropped > 0) {
         modGlobal::WorkData().GroupBySourceFile = false;
         StoreGroups();
     }

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-/// How the lines of a source file make logical ones: a line that ends in " _" goes on in the next one.
+/// How the lines of a source file make logical ones: a line that ends in " _" continues in the next one.
 namespace dorvik::modLogicalLine {
 
 /// Whether the line continues in the next one.

@@ -72,10 +72,8 @@ public:
     void SetRecordSource(std::string recordSource) {
         m_binding.SetRecordSource(std::move(recordSource));
     }
-    /// Reads the keys anew. No row is current then.
-    void Rebind();
-    /// The same with other groups.
-    void Rebind(std::vector<GridOrderKey> groups);
+    /// Reads the keys anew. No row is current then. With other groups, if they are given.
+    void Rebind(std::optional<std::vector<GridOrderKey>> groups = std::nullopt);
 
     // ---- rows ----
 
@@ -106,8 +104,6 @@ public:
 
     const std::vector<GridOrderKey>& Groups() const { return m_groups; }
     void SetGroups(std::vector<GridOrderKey> groups);
-    /// Those of other columns.
-    std::vector<GridOrderKey> GroupsWithout(std::int32_t column) const;
     /// Adds the innermost group.
     void AddGroup(const GridOrderKey& group);
     bool HasGroup(std::int32_t column) const;
@@ -141,7 +137,6 @@ private:
     };
 
     void Arrange();
-    std::vector<GridOrderKey> KnownKeys(std::vector<GridOrderKey> keys) const;
     void ChangeOrder(std::vector<GridOrderKey>& keys, std::vector<GridOrderKey> changed);
     void KeepCurrentShown();
 

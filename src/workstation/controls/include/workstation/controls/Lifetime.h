@@ -6,7 +6,7 @@
 namespace dorvik {
 
 /// Says after an object gave way to input whether it is still there: a member of the object, watched by the code that
-/// goes on. All on one thread.
+/// continues. All on one thread.
 class Lifetime {
 public:
     class Watch {

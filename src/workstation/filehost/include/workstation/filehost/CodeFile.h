@@ -63,7 +63,6 @@ public:
     /// type it is a text file that is shown whole.
     CodeFile(std::string_view path, int codePage, std::optional<FileType> type);
 
-    const std::string& Path() const { return m_path; }
     const FileEncoding& Encoding() const { return m_encoding; }
     /// The lines that are not shown up to the first one that is, as text.
     const std::vector<std::string>& HeadLines() const { return m_headLines; }
