@@ -29,9 +29,8 @@
 #include <string>
 #include <vector>
 
+namespace dorvik {
 namespace {
-
-using namespace dorvik;
 
 constexpr std::size_t kFactor = 8;
 /// What is linear takes 8 times as long, a little more where the memory outgrows the caches; a square
@@ -201,7 +200,7 @@ Work ControlsOfALayout(std::size_t size) {
 /// A file that is removed at the end of the program's work with it.
 std::shared_ptr<const std::filesystem::path>
 TemporaryFile(std::size_t size, std::string_view text) {
-    const std::shared_ptr<const std::filesystem::path> path(
+    std::shared_ptr<const std::filesystem::path> path(
         new std::filesystem::path(
             std::filesystem::temp_directory_path() / ("GrowthBenchmark." + std::to_string(size))),
         [](const std::filesystem::path* file) {
@@ -284,7 +283,7 @@ Work NearMisses(std::size_t size, bool ignoresCase) {
 }
 
 const std::vector<Row>& Rows() {
-    using namespace std::placeholders;
+    using std::placeholders::_1;
     static const std::vector<Row> rows{
         {"additions of tested keys", 3'000, KeyedAdditions},
         {"additions of rules", 4'000, RuleAdditions},
@@ -321,9 +320,7 @@ double Milliseconds(const Work& work, bool& isRight) {
     return least;
 }
 
-}  // namespace
-
-int main() {
+bool AllAreLinear() {
     bool allAreLinear = true;
     std::printf("%-32s %10s %12s %12s %8s\n", "", "size", "CPU", "8 x size", "times");
     for (const Row& row : Rows()) {
@@ -344,5 +341,12 @@ int main() {
             : isLinear ? ""
                        : "  NOT LINEAR");
     }
-    return allAreLinear ? 0 : 1;
+    return allAreLinear;
+}
+
+}  // namespace
+}  // namespace dorvik
+
+int main() {
+    return dorvik::AllAreLinear() ? 0 : 1;
 }
