@@ -7,7 +7,6 @@
 #include "workstation/dialogs/modAllItems.h"
 #include "workstation/dialogs/modItemIcons.h"
 
-#include <array>
 #include <utility>
 
 namespace dorvik {

@@ -5,8 +5,6 @@
 #include "results/ResultsDB.h"
 #include "source/Severity.h"
 
-#include <utility>
-
 namespace dorvik {
 
 namespace {

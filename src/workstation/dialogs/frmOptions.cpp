@@ -9,10 +9,8 @@
 #include "workstation/dialogs/FileDialogs.h"
 #include "workstation/screen/IScreen.h"
 
-#include <cstddef>
 #include <limits>
-#include <optional>
-#include <vector>
+#include <utility>
 
 namespace dorvik {
 

@@ -2,7 +2,6 @@
 
 #include "ReviewSummaryPages.h"
 #include "base/modText.h"
-#include "base/modTextCase.h"
 #include "foundation/log/Trap.h"
 #include "foundation/text/modUtilFunctions.h"
 #include "modSummaryLayout.h"
@@ -10,8 +9,6 @@
 #include "settings/modGlobal.h"
 #include "workstation/dialogs/modAllItems.h"
 #include "workstation/screen/IScreen.h"
-
-#include <utility>
 
 namespace dorvik {
 

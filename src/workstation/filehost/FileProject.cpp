@@ -10,7 +10,6 @@
 #include "workstation/filehost/HostCallList.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace dorvik {

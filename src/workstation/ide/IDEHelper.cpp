@@ -2,7 +2,6 @@
 
 #include "MenuItems.h"
 #include "base/BasicError.h"
-#include "base/modTextCase.h"
 #include "foundation/log/Trap.h"
 #include "platform/host/modHost.h"
 #include "settings/DVKWorkData.h"

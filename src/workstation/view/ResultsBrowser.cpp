@@ -1,6 +1,5 @@
 #include "ResultsBrowser.h"
 
-#include "base/modTextCase.h"
 #include "foundation/log/Trap.h"
 #include "modSourceItems.h"
 #include "source/BasicObject.h"
