@@ -119,7 +119,9 @@ void ProjectTree::AddFilesOfKind(const ProjectFiles& files, const modFileKinds::
         }
         const std::string& key = files.Project.SourceFiles().Key(index);
         CheckNode node;
-        node.Key = number + kKeySeparator + key;
+        node.Key = number;
+        node.Key += kKeySeparator;
+        node.Key += key;
         node.Tag = kSourceFileNode;
         node.Text = file->Name();
         node.Image = modItemIcons::IconFromSourceFileType(FileTypeKey(file->FileType()));
