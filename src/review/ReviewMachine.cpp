@@ -2,6 +2,7 @@
 
 #include "TimeSlice.h"
 #include "VB6ProjectReview.h"
+#include "criteria/ReviewAction.h"
 #include "foundation/log/LogFile.h"
 #include "foundation/log/Trap.h"
 #include "foundation/log/modLog.h"
@@ -21,8 +22,6 @@ namespace {
 constexpr std::string_view kModule = "C_ReviewManager";
 
 /// The action codes that the driver sets; the progress window words them.
-constexpr std::int32_t kActionLoadingRulebase = 1;
-constexpr std::int32_t kActionInitialisingReview = 6;
 
 /// While this object exists, a background review writes the texts of message boxes to the log, because a box
 /// would block the program until someone closes it. REQUIRES: no input is processed meanwhile.
@@ -214,7 +213,7 @@ void ReviewMachine::ReportsProgress(ProgressInfo&, std::int32_t /*state*/, bool&
 }
 
 ReviewStatus ReviewMachine::State_ShowLoadingRulebase() {
-    m_progress.SetAction(kActionLoadingRulebase);
+    m_progress.SetAction(reviewaction::kLoadingRulebase);
     return SignalProgress(ReviewStatus::LoadRulebase);
 }
 
@@ -241,7 +240,7 @@ ReviewStatus ReviewMachine::State_InitialiseReports() {
 }
 
 ReviewStatus ReviewMachine::State_BeginProjects() {
-    m_progress.SetAction(kActionInitialisingReview);
+    m_progress.SetAction(reviewaction::kInitialisingReview);
     m_progress.BeginReview(m_criteria->ProjectList().SelectedCount());
     const ReviewStatus status = SignalProgress(ReviewStatus::BeginProjects);
     if (status != ReviewStatus::BeginProjects) {

@@ -6,6 +6,7 @@
 #include "base/modText.h"
 #include "base/modTextCase.h"
 #include "criteria/ProgressInfo.h"
+#include "criteria/ReviewAction.h"
 #include "criteria/ReviewCriteria.h"
 #include "enforcement/AuthorisationEnforcement.h"
 #include "enforcement/EventActions.h"
@@ -35,10 +36,6 @@ namespace {
 constexpr std::string_view kModule = "C_VB6ProjectReview";
 
 /// The action codes that a project review sets; the progress window words them.
-constexpr std::int32_t kActionReviewing = 2;
-constexpr std::int32_t kActionExtractingNames = 4;
-constexpr std::int32_t kActionLoadingReferences = 5;
-constexpr std::int32_t kActionLoadingComponents = 7;
 
 /// The object at that index of a list. The lists of an open project are filled by the caller of the review, and
 /// may contain null.
@@ -115,7 +112,7 @@ bool VB6ProjectReview::OpenProject(std::int32_t projectIndex) {
 }
 
 ProjectReviewStatus VB6ProjectReview::State_BeginLoadReferences() {
-    m_progress->SetAction(kActionLoadingReferences);
+    m_progress->SetAction(reviewaction::kLoadingReferences);
     m_typeLibIndex = 0;
     return State_LoadTypeLib_Reference();
 }
@@ -148,7 +145,7 @@ bool VB6ProjectReview::AddTypeLibrary(
 }
 
 ProjectReviewStatus VB6ProjectReview::State_BeginLoadComponents() {
-    m_progress->SetAction(kActionLoadingComponents);
+    m_progress->SetAction(reviewaction::kLoadingComponents);
     m_typeLibIndex = 0;
     return State_LoadTypeLib_Component();
 }
@@ -175,7 +172,7 @@ ProjectReviewStatus VB6ProjectReview::State_LoadTypeLib_Component() {
 }
 
 ProjectReviewStatus VB6ProjectReview::State_BeginPrescan() {
-    m_progress->SetAction(kActionExtractingNames);
+    m_progress->SetAction(reviewaction::kExtractingNames);
     m_sourceFileIndex = 0;
     return State_PrescanFile();
 }
@@ -202,7 +199,7 @@ ProjectReviewStatus VB6ProjectReview::State_PrescanFile() {
 ProjectReviewStatus VB6ProjectReview::State_BeginProject() {
     return Trapped({kModule, "State_BeginProject"}, ProjectReviewStatus::IsError, [&] {
         modProjectScope::AttachProject(ParserState(), *m_project);
-        m_progress->SetAction(kActionReviewing);
+        m_progress->SetAction(reviewaction::kReviewing);
         m_progress->BeginProject();
         const ProjectReviewStatus signalled =
             SignalProjectProgress(ProjectReviewStatus::BeginProject);

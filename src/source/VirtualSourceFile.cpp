@@ -8,8 +8,8 @@
 #include "foundation/log/LogFile.h"
 #include "foundation/log/Trap.h"
 #include "foundation/log/modLog.h"
-#include "modStatementFront.h"
-#include "source/modSource.h"
+#include "source/modLogicalLine.h"
+#include "source/modStatementFront.h"
 
 #include <algorithm>
 #include <limits>
@@ -18,8 +18,6 @@
 namespace dorvik {
 
 namespace {
-
-constexpr std::string_view kDigits = "0123456789";
 
 struct CaseBlindHash {
     using is_transparent = void;
@@ -32,27 +30,6 @@ struct CaseBlindEqual {
         return modTextCase::Equal(left, right);
     }
 };
-
-/// Whether the line continues in the next one. Most lines are done with by their last character.
-bool IsContinued(std::string_view physicalLine) {
-    const std::size_t last = physicalLine.find_last_not_of(' ');
-    return last != std::string_view::npos && physicalLine[last] == '_' &&
-           modSource::SourceLineType(physicalLine) == LineType::Continued;
-}
-
-std::string_view WithoutContinuation(std::string_view continuedLine) {
-    std::string_view text = modText::TrimRight(continuedLine);
-    text.remove_suffix(1);
-    return modText::TrimRight(text);
-}
-
-void AppendJoined(std::string& logical, std::string_view text) {
-    if (!logical.empty()) {
-        logical += ' ';
-        text = modText::Trim(text);
-    }
-    logical += text;
-}
 
 bool IsAttributeLine(std::string_view raw) {
     return !raw.empty() && (raw.front() == 'A' || raw.front() == 'a') &&
@@ -152,8 +129,8 @@ void VirtualSourceFile::ReadPhysicalLines(SourceLine& line) {
     line.Raw.clear();
     line.PhysicalLines = 0;
     const std::string_view physical = ReadPhysicalLine(line);
-    if (IsContinued(physical)) {
-        line.Logical.assign(WithoutContinuation(physical));
+    if (modLogicalLine::IsContinued(physical)) {
+        line.Logical.assign(modLogicalLine::WithoutContinuation(physical));
         ReadContinuations(line);
     } else {
         line.Logical.assign(physical);
@@ -174,8 +151,9 @@ void VirtualSourceFile::ReadContinuations(SourceLine& line) {
     while (continued && !m_reader->AtEnd()) {
         line.Raw += modText::kLineEnd;
         const std::string_view physical = ReadPhysicalLine(line);
-        continued = IsContinued(physical);
-        AppendJoined(line.Logical, continued ? WithoutContinuation(physical) : physical);
+        continued = modLogicalLine::IsContinued(physical);
+        modLogicalLine::AppendJoined(
+            line.Logical, continued ? modLogicalLine::WithoutContinuation(physical) : physical);
     }
 }
 
@@ -191,10 +169,8 @@ void VirtualSourceFile::ClassifyAttributeOrCode(SourceLine& line) {
     if (m_nameAttributeSeen) {
         m_lineCountingEnabled = true;
     }
-    // Required: only digits at the very first column go; the raw text keeps its number.
-    if (!line.Logical.empty() && kDigits.find(line.Logical.front()) != std::string_view::npos) {
-        line.Logical.erase(0, line.Logical.find_first_not_of(kDigits));
-    }
+    // The raw text keeps its number.
+    modLogicalLine::RemoveLineNumber(line.Logical);
 }
 
 const StringKeyedArrayList& VirtualSourceFile::EventItems() const {

@@ -1,4 +1,4 @@
-#include "modStatementFront.h"
+#include "source/modStatementFront.h"
 
 #include <cstddef>
 

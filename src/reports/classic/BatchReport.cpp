@@ -1,6 +1,7 @@
 #include "BatchReport.h"
 
 #include "criteria/ProgressInfo.h"
+#include "criteria/ReviewAction.h"
 #include "criteria/ReviewCriteria.h"
 #include "foundation/text/modUtilFunctions.h"
 #include "modReportTables.h"
@@ -18,8 +19,6 @@ namespace dorvik {
 
 namespace {
 
-constexpr std::int32_t kActionGeneratingReport = 3;
-
 std::string Sum(std::int64_t sum) {
     return modReportFormat::FormatNumber(static_cast<double>(sum));
 }
@@ -29,7 +28,7 @@ std::string Sum(std::int64_t sum) {
 void BatchReport::Write() {
     ProgressInfo& progress = m_context.Progress.Info();
     progress.BeginBatchReport();
-    progress.SetAction(kActionGeneratingReport);
+    progress.SetAction(reviewaction::kGeneratingReport);
     WriteHead();
     WriteSummary();
     modReportTables::InsertSectionHeading(m_html, "ProjectStatistics", "Project Statistics");

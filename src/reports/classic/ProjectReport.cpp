@@ -2,6 +2,7 @@
 
 #include "SourceFileReport.h"
 #include "criteria/ProgressInfo.h"
+#include "criteria/ReviewAction.h"
 #include "foundation/text/modUtilFunctions.h"
 #include "modReportTables.h"
 #include "reports/format/HtmlTag.h"
@@ -16,7 +17,6 @@ namespace dorvik {
 namespace {
 
 constexpr std::int32_t kWholeDatabase = -1;
-constexpr std::int32_t kActionGeneratingReport = 3;
 constexpr std::string_view kNotAvailable = "N/A";
 
 std::string Figure(std::int32_t value) {
@@ -42,7 +42,7 @@ bool ProjectReport::Write() {
     m_files =
         m_results.Items().GetProjectSourceFileList(/*includeAll=*/true, /*sortByFilename=*/true);
     ProgressInfo& progress = m_context.Progress.Info();
-    progress.SetAction(kActionGeneratingReport);
+    progress.SetAction(reviewaction::kGeneratingReport);
     progress.BeginSourceFiles(static_cast<std::int32_t>(m_files.size()));
     if (m_context.Progress.Update(ReportProgress::kProjectReportState)) {
         return false;

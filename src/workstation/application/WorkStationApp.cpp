@@ -3,12 +3,12 @@
 #include "base/BasicError.h"
 #include "criteria/ReviewCriteria.h"
 #include "foundation/log/Trap.h"
-#include "platform/host/modHost.h"
 #include "settings/DVKWorkData.h"
 #include "settings/DorvikData.h"
 #include "settings/modGlobal.h"
 #include "source/VirtualProject.h"
 #include "typelib/TypeLibraryStore.h"
+#include "workstation/controls/modWorkstationMessage.h"
 #include "workstation/dialogs/frmProgress.h"
 #include "workstation/dialogs/frmReviewOptions.h"
 #include "workstation/dialogs/modOpenProject.h"
@@ -24,16 +24,10 @@ namespace dorvik {
 namespace {
 
 constexpr std::string_view kModule = "WorkStationApp";
-constexpr std::string_view kTitle = "Dorvik Workstation";
 
 /// The values of the setting `OptionPromptSave`.
 constexpr std::int32_t kSaveWithoutAsking = 1;
 constexpr std::int32_t kLeaveUnsaved = 3;
-
-MessageAnswer
-Show(MessageIcon icon, std::string text, MessageButtons buttons = MessageButtons::Ok) {
-    return modHost::ShowMessage({icon, std::string(kTitle), std::move(text), buttons});
-}
 
 TypeLibraryPlaces TypeLibrariesOfThisMachine() {
     const DorvikData& data = modGlobal::Data();
@@ -52,7 +46,11 @@ WorkStationApp::~WorkStationApp() {
     m_evtIDE.clear();
     m_criteria.reset();
     m_evtProgressEnded.End();
-    m_evtProgress.reset();
+    if (m_evtProgress) {
+        // A review in the foreground is on the stack, and would run on.
+        m_evtProgress->Cancel();
+        m_evtProgress.reset();
+    }
     if (m_IDE) {
         m_IDE->TerminateDorvik();
     }
@@ -151,25 +149,33 @@ ResultsView& WorkStationApp::Results() const {
 
 void WorkStationApp::m_evtMenu_ReviewClick() {
     Trap({kModule, "m_evtMenu_ReviewClick"}, [&] {
+        const Lifetime::Watch life = m_life.Watched();
         // While a review runs in the background the same command cancels it.
         if (!m_backgroundReviewActive &&
             (!PromptToSaveProjectsBeforeReview() || !ChooseReviewOptions())) {
             return;
         }
         ExecuteReview();
-        m_IDE->RefreshMenus(m_backgroundReviewActive);
+        if (!life.IsOver()) {
+            m_IDE->RefreshMenus(m_backgroundReviewActive);
+        }
     });
 }
 
 bool WorkStationApp::PromptToSaveProjectsBeforeReview() {
     return Trapped({kModule, "PromptToSaveProjectsBeforeReview"}, false, [&] {
-        const ObjectKeyedArrayList<VirtualProject>& projects = m_criteria->ProjectList();
+        const Lifetime::Watch life = m_life.Watched();
+        const std::shared_ptr<ReviewCriteria> criteria = m_criteria;
+        const ObjectKeyedArrayList<VirtualProject>& projects = criteria->ProjectList();
         bool mayReview = true;
         // Required: without any project the first one is looked at all the same, which raises.
         std::int32_t index = 1;
         do {
             if (projects.Selected(index)) {
-                mayReview = MayReview(projects.Key(index), mayReview);
+                mayReview = MayReview(std::string(projects.Key(index)), mayReview);
+            }
+            if (life.IsOver()) {
+                return false;
             }
             ++index;
         } while (index <= projects.Count());
@@ -180,7 +186,7 @@ bool WorkStationApp::PromptToSaveProjectsBeforeReview() {
 // Required: what a project gives replaces what those before it gave.
 bool WorkStationApp::MayReview(const std::string& project, bool soFar) {
     if (m_IDE->ProjectNeedsForcefulSave(project)) {
-        Show(
+        modWorkstationMessage::Show(
             MessageIcon::Exclamation,
             "'" + project + "' is a new project and must be saved prior to review.");
         return false;
@@ -192,26 +198,30 @@ bool WorkStationApp::MayReview(const std::string& project, bool soFar) {
     if (option == kSaveWithoutAsking) {
         return m_IDE->ExecuteVBProjectSave(project);
     }
-    const MessageAnswer answer = Show(
+    const Lifetime::Watch life = m_life.Watched();
+    const MessageAnswer answer = modWorkstationMessage::Show(
         MessageIcon::Question,
         "Project '" + project +
             "' has changed.\r\rDo you want to continue the review without saving it?",
         MessageButtons::YesNo);
-    if (answer == MessageAnswer::Yes) {
+    if (life.IsOver() || answer == MessageAnswer::Yes) {
         return true;
     }
-    Show(MessageIcon::Information, "Please save the project and restart the review.");
+    modWorkstationMessage::Show(
+        MessageIcon::Information, "Please save the project and restart the review.");
     return false;
 }
 
 bool WorkStationApp::ChooseReviewOptions() {
+    const Lifetime::Watch life = m_life.Watched();
     frmReviewOptions form(m_screen);
     form.ReviewOptions(m_criteria);
     m_screen.ShowModal(form);
-    return !form.Cancelled();
+    return !life.IsOver() && !form.Cancelled();
 }
 
 void WorkStationApp::ExecuteReview() {
+    const Lifetime::Watch life = m_life.Watched();
     Trap({kModule, "ExecuteReview"}, [&] {
         if (m_backgroundReviewActive) {
             m_evtProgress->AbortBackgroundReview();
@@ -223,20 +233,20 @@ void WorkStationApp::ExecuteReview() {
             SetBackgroundReviewActive(true);
             m_IDE->SetWorkbenchVisible(false);
         }
-        m_typeLibraries = std::make_unique<TypeLibraryStore>(TypeLibrariesOfThisMachine());
-        // Shared with this frame: the end of the review drops the window.
+        // Shared with this frame: the end of the review drops the window, that of the add-in both.
+        const auto typeLibraries = std::make_shared<TypeLibraryStore>(TypeLibrariesOfThisMachine());
         const auto progress = std::make_shared<frmProgress>(m_screen);
-        progress->SetTypeLibraries(m_typeLibraries.get());
+        progress->SetTypeLibraries(typeLibraries.get());
+        m_typeLibraries = typeLibraries;
         m_evtProgress = progress;
         m_evtProgressEnded = progress->BackgroundReviewEnded.Subscribe(
             [this] { m_evtProgress_BackgroundReviewEnded(); });
         progress->CommenceReview(m_criteria);
-        if (m_backgroundReviewActive) {
-            return;
+        if (!life.IsOver() && !m_backgroundReviewActive) {
+            DropProgress();
         }
-        DropProgress();
     });
-    if (!m_backgroundReviewActive) {
+    if (!life.IsOver() && !m_backgroundReviewActive) {
         ShowResultsOfReview();
     }
 }
@@ -254,22 +264,26 @@ void WorkStationApp::DropProgress() {
 
 void WorkStationApp::m_evtProgress_BackgroundReviewEnded() {
     Trap({kModule, "m_evtProgress_BackgroundReviewEnded"}, [&] {
+        const Lifetime::Watch life = m_life.Watched();
         SetBackgroundReviewActive(false);
         DropProgress();
         ShowResultsOfReview();
-        m_IDE->RefreshMenus(/*reviewRunning=*/false);
+        if (!life.IsOver()) {
+            m_IDE->RefreshMenus(/*reviewRunning=*/false);
+        }
     });
 }
 
 void WorkStationApp::ShowResultsOfReview() {
+    const Lifetime::Watch life = m_life.Watched();
     Results().PopulateResults(m_criteria, /*afterReview=*/true);
-    if (!Results().ResultsAvailable()) {
+    if (life.IsOver() || !Results().ResultsAvailable()) {
         return;
     }
     if (modGlobal::WorkData().AlwaysShowWorkbench) {
         m_IDE->SetWorkbenchVisible(true);
     }
-    if (modGlobal::WorkData().AlwaysShowSummary) {
+    if (!life.IsOver() && modGlobal::WorkData().AlwaysShowSummary) {
         m_evtMenu_ReviewSummary();
     }
 }

@@ -7,6 +7,7 @@
 #include "settings/modGlobal.h"
 #include "typelib/TypeLibraryStore.h"
 #include "workstation/application/WorkStationApp.h"
+#include "workstation/controls/modWorkstationMessage.h"
 #include "workstation/dialogs/FileDialogs.h"
 #include "workstation/dialogs/frmAbout.h"
 #include "workstation/dialogs/frmOptions.h"
@@ -25,10 +26,6 @@ namespace {
 
 constexpr std::string_view kModule = "WorkStationApp";
 constexpr std::string_view kHelpFile = "Dorvik.chm";
-
-void ShowExclamation(std::string text) {
-    modHost::ShowMessage({MessageIcon::Exclamation, "Dorvik Workstation", std::move(text)});
-}
 
 std::string HelpFile() {
     return modGlobal::Data().LocalAppPath() + std::string(kHelpFile);
@@ -134,9 +131,12 @@ void WorkStationApp::m_evtMenu_AboutClick() {
 
 void WorkStationApp::m_evtMenu_GotoSourceClick() {
     Trap({kModule, "m_evtMenu_GotoSourceClick"}, [&] {
+        const Lifetime::Watch life = m_life.Watched();
         Results().SetIgnoreFileEvents(true);
         m_document->GotoSource();
-        Results().SetIgnoreFileEvents(false);
+        if (!life.IsOver()) {
+            Results().SetIgnoreFileEvents(false);
+        }
     });
 }
 
@@ -167,18 +167,20 @@ void WorkStationApp::m_evtMenu_LaunchRulebaseDocument() {
         if (settings.RBDocAvailable()) {
             m_screen.OpenWithSystem(settings.RBDocPath);
         } else {
-            ShowExclamation(
+            modWorkstationMessage::Show(
+                MessageIcon::Exclamation,
                 "Cannot display the rulebase document '" + settings.RBDocPath +
-                "' because it cannot be found.");
+                    "' because it cannot be found.");
         }
     });
 }
 
 void WorkStationApp::m_evtMenu_OpenClick() {
     Trap({kModule, "m_evtMenu_OpenClick"}, [&] {
+        const Lifetime::Watch life = m_life.Watched();
         const std::optional<std::string> file = FileDialogs(m_screen).GetOpenFileName(
             FileKind::ResultsDatabase, "Select Results Database");
-        if (file) {
+        if (file && !life.IsOver()) {
             OpenResults(*file);
         }
     });
@@ -190,20 +192,24 @@ void WorkStationApp::OpenResults(const std::string& file) {
         if (modBenchDatabase::Open(*results, file)) {
             Results().SetResultsDB(std::move(results), file);
         } else {
-            ShowExclamation(modBenchDatabase::Objection(
-                *results,
-                "The selected database does not appear to be a valid Dorvik results database or "
-                "is an incorrect version.  Please select a different file or ensure that '" +
-                    file + "' is the correct version."));
+            modWorkstationMessage::Show(
+                MessageIcon::Exclamation,
+                modBenchDatabase::Objection(
+                    *results,
+                    "The selected database does not appear to be a valid Dorvik results database "
+                    "or "
+                    "is an incorrect version.  Please select a different file or ensure that '" +
+                        file + "' is the correct version."));
         }
     });
 }
 
 void WorkStationApp::m_evtMenu_OptionsClick() {
     Trap({kModule, "m_evtMenu_OptionsClick"}, [&] {
+        const Lifetime::Watch life = m_life.Watched();
         frmOptions form(m_screen);
         m_screen.ShowModal(form);
-        if (!form.Cancelled()) {
+        if (!life.IsOver() && !form.Cancelled()) {
             modGlobal::WorkData().SaveSettings();
             Results().OptionsChanged();
         }
@@ -216,9 +222,12 @@ void WorkStationApp::m_evtMenu_ReviewSummary() {
 
 void WorkStationApp::m_evtMenu_ShowDorvikWindowClick() {
     Trap({kModule, "m_evtMenu_ShowDorvikWindowClick"}, [&] {
+        const Lifetime::Watch life = m_life.Watched();
         m_IDE->SetWorkbenchVisible(true);
         modHost::YieldToInput();
-        m_IDE->RefreshMenus(/*reviewRunning=*/false);
+        if (!life.IsOver()) {
+            m_IDE->RefreshMenus(/*reviewRunning=*/false);
+        }
     });
 }
 

@@ -1,6 +1,6 @@
 #include "workstation/controls/CheckList.h"
 
-#include "base/modTextCase.h"
+#include "modKeySearch.h"
 
 #include <algorithm>
 #include <utility>
@@ -30,12 +30,7 @@ bool CheckList::AnyChecked() const {
 }
 
 std::optional<std::size_t> CheckList::Find(std::string_view key) const {
-    const auto found = std::find_if(m_items.begin(), m_items.end(), [key](const CheckItem& item) {
-        return modTextCase::Equal(item.Key, key);
-    });
-    return found == m_items.end()
-               ? std::nullopt
-               : std::optional(static_cast<std::size_t>(found - m_items.begin()));
+    return modKeySearch::Find(m_items, key, &CheckItem::Key);
 }
 
 }  // namespace dorvik

@@ -1,8 +1,7 @@
 #include "workstation/controls/ComboBox.h"
 
-#include "base/modTextCase.h"
+#include "modKeySearch.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace dorvik {
@@ -28,12 +27,7 @@ void ComboBox::SetText(std::size_t index, std::string text) {
 }
 
 std::optional<std::size_t> ComboBox::Find(std::string_view key) const {
-    const auto found = std::find_if(m_items.begin(), m_items.end(), [key](const ComboItem& item) {
-        return modTextCase::Equal(item.Key, key);
-    });
-    return found == m_items.end()
-               ? std::nullopt
-               : std::optional(static_cast<std::size_t>(found - m_items.begin()));
+    return modKeySearch::Find(m_items, key, &ComboItem::Key);
 }
 
 const ComboItem* ComboBox::SelectedItem() const {

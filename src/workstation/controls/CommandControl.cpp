@@ -26,33 +26,32 @@ CommandControl* FindControl(CommandControl& control, const Fits& fits) {
 
 }  // namespace
 
+template <typename Value>
+void CommandControl::Change(Value& kept, Value value) {
+    if (!(kept == value)) {
+        kept = std::move(value);
+        Changed.Raise();
+    }
+}
+
 void CommandControl::SetCaption(std::string caption) {
-    m_look.Caption = std::move(caption);
-    Changed.Raise();
+    Change(m_look.Caption, std::move(caption));
 }
 
 void CommandControl::SetFace(std::string face) {
-    m_look.Face = std::move(face);
-    Changed.Raise();
+    Change(m_look.Face, std::move(face));
 }
 
 void CommandControl::SetEnabled(bool enabled) {
-    if (m_look.Enabled != enabled) {
-        m_look.Enabled = enabled;
-        Changed.Raise();
-    }
+    Change(m_look.Enabled, enabled);
 }
 
 void CommandControl::SetChecked(bool checked) {
-    if (m_look.Checked != checked) {
-        m_look.Checked = checked;
-        Changed.Raise();
-    }
+    Change(m_look.Checked, checked);
 }
 
 void CommandControl::SetPlace(const BarPlace& place) {
-    m_place = place;
-    Changed.Raise();
+    Change(m_place, place);
 }
 
 CommandControl& CommandControl::Item(std::int32_t index) const {

@@ -1,8 +1,8 @@
 #include "workstation/controls/Grid.h"
 
 #include "base/BasicError.h"
-#include "base/modTextCase.h"
 #include "foundation/log/Trap.h"
+#include "modKeySearch.h"
 
 #include <algorithm>
 #include <utility>
@@ -29,6 +29,13 @@ auto OnColumn(std::int32_t column) {
     };
 }
 
+std::vector<GridOrderKey> OfKnownColumns(std::vector<GridOrderKey> keys, std::size_t columns) {
+    std::erase_if(keys, [columns](const GridOrderKey& key) {
+        return key.Column < 1 || static_cast<std::size_t>(key.Column) > columns;
+    });
+    return keys;
+}
+
 }  // namespace
 
 Grid::Grid(std::vector<GridColumn> columns)
@@ -41,13 +48,8 @@ const GridColumn& Grid::Column(std::int32_t column) const {
 }
 
 std::optional<std::int32_t> Grid::FindColumn(std::string_view key) const {
-    const auto found =
-        std::find_if(m_columns.begin(), m_columns.end(), [key](const GridColumn& column) {
-            return modTextCase::Equal(column.Key, key);
-        });
-    return found == m_columns.end()
-               ? std::nullopt
-               : std::optional(static_cast<std::int32_t>(found - m_columns.begin()) + 1);
+    const std::optional<std::size_t> place = modKeySearch::Find(m_columns, key, &GridColumn::Key);
+    return place ? std::optional(static_cast<std::int32_t>(*place) + 1) : std::nullopt;
 }
 
 void Grid::SetWidth(std::int32_t column, double width) {
@@ -71,7 +73,10 @@ void Grid::Bind(IGridRecords* records) {
     Rebind();
 }
 
-void Grid::Rebind() {
+void Grid::Rebind(std::optional<std::vector<GridOrderKey>> groups) {
+    if (groups) {
+        m_groups = OfKnownColumns(std::move(*groups), m_columns.size());
+    }
     Guarded(Failed, [&] { m_binding.ReadKeys(); });
     m_current.reset();
     Arrange();
@@ -213,11 +218,7 @@ void Grid::KeepCurrentShown() {
 
 /// A record stays current, a group does not: the groups are others now.
 void Grid::ChangeOrder(std::vector<GridOrderKey>& keys, std::vector<GridOrderKey> changed) {
-    const auto isUnknown = [this](const GridOrderKey& key) {
-        return key.Column < 1 || static_cast<std::size_t>(key.Column) > m_columns.size();
-    };
-    std::erase_if(changed, isUnknown);
-    keys = std::move(changed);
+    keys = OfKnownColumns(std::move(changed), m_columns.size());
     const bool losesCurrent = m_current && m_current->IsGroup;
     if (losesCurrent) {
         m_current.reset();

@@ -1,6 +1,7 @@
 #include "workstation/controls/ListTable.h"
 
 #include "base/modTextCase.h"
+#include "modKeySearch.h"
 
 #include <algorithm>
 #include <numeric>
@@ -27,9 +28,12 @@ void ListTable::SetColumnText(std::size_t column, std::string text) {
     Changed.Raise(ListChange::Columns, column);
 }
 
-void ListTable::SetSortIcon(std::size_t column, std::string icon) {
-    m_columns.at(column).SortIcon = std::move(icon);
-    Changed.Raise(ListChange::Columns, column);
+void ListTable::ShowSortIcon(std::size_t column, bool ascending) {
+    const std::string icon = ascending ? "SortAscending" : "SortDescending";
+    for (std::size_t index = 0; index < m_columns.size(); ++index) {
+        m_columns[index].SortIcon = index == column ? icon : std::string();
+        Changed.Raise(ListChange::Columns, index);
+    }
 }
 
 void ListTable::SetWidth(std::size_t column, double width) {
@@ -56,12 +60,9 @@ void ListTable::SetCell(std::size_t row, std::size_t column, ListCell cell) {
 }
 
 std::optional<std::size_t> ListTable::Find(std::string_view key) const {
-    const auto found = std::find_if(m_order.begin(), m_order.end(), [&](std::size_t position) {
-        return modTextCase::Equal(m_rows[position].Key, key);
+    return modKeySearch::Find(m_order, key, [this](std::size_t position) -> const std::string& {
+        return m_rows[position].Key;
     });
-    return found == m_order.end()
-               ? std::nullopt
-               : std::optional(static_cast<std::size_t>(found - m_order.begin()));
 }
 
 void ListTable::Sort(std::size_t column, bool ascending) {

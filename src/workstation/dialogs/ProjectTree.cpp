@@ -4,6 +4,7 @@
 #include "base/modTextCase.h"
 #include "criteria/ReviewCriteria.h"
 #include "foundation/log/Trap.h"
+#include "modFileKinds.h"
 #include "source/VirtualProject.h"
 #include "source/VirtualSourceFile.h"
 #include "workstation/dialogs/modItemIcons.h"
@@ -13,7 +14,6 @@
 #include <memory>
 #include <string>
 #include <utility>
-#include <vector>
 
 namespace dorvik {
 
@@ -21,36 +21,6 @@ namespace {
 
 constexpr std::string_view kModule = "frmReviewOptions";
 constexpr char kKeySeparator = '_';
-
-struct FileTypeRow {
-    std::string_view Text;
-    FileType Type;
-};
-
-/// In the order of the nodes. MDI forms are among the forms.
-constexpr FileTypeRow kFileTypes[] = {
-    {"Forms", FileType::Form},
-    {"Modules", FileType::Module},
-    {"Class Modules", FileType::Class},
-    {"Designers", FileType::Designer},
-    {"Property Pages", FileType::PropertyPage},
-    {"User Controls", FileType::UserControl},
-    {"User Documents", FileType::UserDocument},
-};
-
-FileType NodeTypeOf(FileType type) {
-    return type == FileType::MDIForm ? FileType::Form : type;
-}
-
-/// The node of a type among those of a project; null for a type that has none.
-CheckNode* FileTypeNodeOf(const CheckNode& projectNode, FileType type) {
-    for (std::size_t index = 0; index < std::size(kFileTypes); ++index) {
-        if (kFileTypes[index].Type == NodeTypeOf(type)) {
-            return projectNode.Children[index].get();
-        }
-    }
-    return nullptr;
-}
 
 bool AnyChildChecked(const CheckNode& node) {
     return std::any_of(node.Children.begin(), node.Children.end(), [](const auto& child) {
@@ -64,8 +34,7 @@ std::string_view KindOf(const CheckNode& node) {
 
 /// The project number at the start of a key.
 std::int32_t ProjectIndexOf(const CheckNode& node) {
-    return modText::RoundToLong(
-        modText::LeadingNumber(std::string_view(node.Key).substr(0, node.Key.find(kKeySeparator))));
+    return modText::LeadingLong(std::string_view(node.Key).substr(0, node.Key.find(kKeySeparator)));
 }
 
 std::string_view FileKeyOf(const CheckNode& node) {
@@ -84,6 +53,14 @@ void ForgetFiles(ReviewCriteria& criteria, const std::string& project, bool hasF
 }
 
 }  // namespace
+
+/// A project whose files are added to the tree.
+struct ProjectTree::ProjectFiles {
+    CheckNode& ProjectNode;
+    VirtualProject& Project;
+    std::int32_t ProjectIndex;
+    const StringKeyedArrayList* Previous;  // the files of the last review; null for a first one
+};
 
 ProjectTree::ProjectTree(CheckTree& tree)
     : m_tree(tree),
@@ -113,50 +90,47 @@ void ProjectTree::PopulateProjectTree(ReviewCriteria& criteria) {
 void ProjectTree::AddSourceFilesToTree(
     CheckNode& projectNode, ReviewCriteria& criteria, std::int32_t projectIndex) {
     Trap({kModule, "AddSourceFilesToTree"}, [&] {
-        const std::string number = std::to_string(projectIndex);
-        for (const FileTypeRow& row : kFileTypes) {
-            CheckNode node;
-            node.Key = number + std::string(row.Text);
-            node.Tag = kFileTypeNode;
-            node.Text = row.Text;
-            node.Image = modItemIcons::IconFromSourceFileType(FileTypeKey(row.Type));
-            m_tree.Add(&projectNode, std::move(node));
-        }
         const auto& project = criteria.ProjectList().Item(projectIndex);
-        const std::shared_ptr<StringKeyedArrayList>* previous =
+        const std::shared_ptr<StringKeyedArrayList>* const found =
             criteria.PreviouslySelectedFiles().Find(criteria.ProjectList().Key(projectIndex));
+        const StringKeyedArrayList* const previous = found != nullptr ? found->get() : nullptr;
         modOpenProject::Read(*project);
-        for (std::int32_t index = 1; index <= project->SourceFiles().Count(); ++index) {
-            const auto& file = project->SourceFiles().Item(index);
-            const std::string& key = project->SourceFiles().Key(index);
-            CheckNode* const typeNode = FileTypeNodeOf(projectNode, file->FileType());
-            if (typeNode != nullptr) {
-                CheckNode node;
-                node.Key = number;
-                node.Key += kKeySeparator;
-                node.Key += key;
-                node.Tag = kSourceFileNode;
-                node.Text = file->Name();
-                node.Image = modItemIcons::IconFromSourceFileType(FileTypeKey(file->FileType()));
-                node.Checked =
-                    previous != nullptr ? (*previous)->Contains(key) : projectNode.Checked;
-                m_tree.Add(typeNode, std::move(node));
-                m_tree.SetChecked(*typeNode, AnyChildChecked(*typeNode));
-            }
+        for (const modFileKinds::FileKindRow& kind : modFileKinds::kKinds) {
+            AddFilesOfKind({projectNode, *project, projectIndex, previous}, kind);
         }
-        RemoveUnusedFileTypeNodes(projectNode);
     });
 }
 
-void ProjectTree::RemoveUnusedFileTypeNodes(CheckNode& projectNode) {
-    std::vector<CheckNode*> unused;
-    for (const auto& node : projectNode.Children) {
-        if (node->Children.empty()) {
-            unused.push_back(node.get());
+void ProjectTree::AddFilesOfKind(const ProjectFiles& files, const modFileKinds::FileKindRow& kind) {
+    const std::string number = std::to_string(files.ProjectIndex);
+    CheckNode* kindNode = nullptr;
+    for (std::int32_t index = 1; index <= files.Project.SourceFiles().Count(); ++index) {
+        const auto& file = files.Project.SourceFiles().Item(index);
+        if (!kind.Has(file->FileType())) {
+            continue;
         }
+        if (kindNode == nullptr) {
+            CheckNode node;
+            node.Key = number + std::string(kind.Text);
+            node.Tag = kFileTypeNode;
+            node.Text = kind.Text;
+            node.Image = modItemIcons::IconFromSourceFileType(FileTypeKey(kind.Type));
+            kindNode = &m_tree.Add(&files.ProjectNode, std::move(node));
+        }
+        const std::string& key = files.Project.SourceFiles().Key(index);
+        CheckNode node;
+        node.Key = number;
+        node.Key += kKeySeparator;
+        node.Key += key;
+        node.Tag = kSourceFileNode;
+        node.Text = file->Name();
+        node.Image = modItemIcons::IconFromSourceFileType(FileTypeKey(file->FileType()));
+        node.Checked =
+            files.Previous != nullptr ? files.Previous->Contains(key) : files.ProjectNode.Checked;
+        m_tree.Add(kindNode, std::move(node));
     }
-    for (CheckNode* const node : unused) {
-        m_tree.Remove(*node);
+    if (kindNode != nullptr) {
+        m_tree.SetChecked(*kindNode, AnyChildChecked(*kindNode));
     }
 }
 

@@ -4,9 +4,9 @@
 #include "foundation/log/Trap.h"
 #include "results/ResultsDB.h"
 #include "source/modMemberStats.h"
+#include "workstation/dialogs/modAllItems.h"
 #include "workstation/dialogs/modItemIcons.h"
 
-#include <array>
 #include <utility>
 
 namespace dorvik {
@@ -123,7 +123,7 @@ void ReviewSummaryPages::PopulateTolerancesSummary() {
 }
 
 std::vector<ComboItem> ReviewSummaryPages::SourceFileItems() {
-    std::vector<ComboItem> items{{std::string(kAllItems), {}, "(All Source Files)", "AllItems"}};
+    std::vector<ComboItem> items{modAllItems::AllFiles()};
     for (const BasicObject& file : SourceFiles()) {
         if (m_results.Items().SourceFileHasProcs(file.ObjectID, /*realProcsOnly=*/true)) {
             items.push_back(

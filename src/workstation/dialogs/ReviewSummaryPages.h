@@ -22,9 +22,6 @@ struct ToleranceSettings;
 /// already. A failure is logged under the module "frmReviewSummary" and leaves the list as far as it had come.
 class ReviewSummaryPages {
 public:
-    /// The key of the entry for all source files.
-    static constexpr std::string_view kAllItems = "~AllItems~";
-
     /// REQUIRES: both outlive this, and the results stay open.
     ReviewSummaryPages(ResultsDB& results, ListTable& list);
 
@@ -44,17 +41,17 @@ public:
 
 private:
     void AddReview();
-    void AddFigures();
+    void AddFigures(const SourceLineStatistics& lines, const ViolationStatistics& violations);
     void AddToleranceFailures();
-    void AddViolationStatistics();
+    void AddViolationStatistics(const ViolationStatistics& violations);
     void AddSeverityFigures(
         const SeverityFigures& figures,
         const CategorySeverityLists& lists,
         std::string_view heading,
         std::string_view icon);
-    void AddLineCountStatistics();
+    void AddLineCountStatistics(const SourceLineStatistics& lines);
     void AddSourceFileStatistics();
-    void AddSourceLineStatistics();
+    void AddSourceLineStatistics(const SourceLineStatistics& lines);
 
     void AddReviewCriteriaRows();
     void AddTolerances(const ToleranceSettings& tolerances, const CategorySeverityLists& lists);

@@ -1,6 +1,7 @@
 #include "ReviewSummaryPages.h"
 #include "foundation/log/Trap.h"
 #include "foundation/text/VersionNumber.h"
+#include "modConventions.h"
 #include "results/ResultsDB.h"
 #include "settings/ComponentVersion.h"
 #include "source/Severity.h"
@@ -10,20 +11,6 @@ namespace dorvik {
 namespace {
 
 constexpr std::string_view kModule = "frmReviewSummary";
-
-struct ConventionRow {
-    std::string_view Text;
-    std::string_view Icon;
-    bool (RulebaseLoadCriteria::*IsTaken)() const;
-};
-
-constexpr ConventionRow kConventions[] = {
-    {"Authorised Components", "AuthorisedComponent", &RulebaseLoadCriteria::AuthorisedComponents},
-    {"Authorised References", "AuthorisedReference", &RulebaseLoadCriteria::AuthorisedReferences},
-    {"Coding Conventions", "CodingConvention", &RulebaseLoadCriteria::CodingConventions},
-    {"Naming Conventions", "NamingConvention", &RulebaseLoadCriteria::NamingConventions},
-    {"Unauthorised Keywords", "UnauthorisedKeyword", &RulebaseLoadCriteria::UnauthorisedKeywords},
-};
 
 std::string Included(bool isIncluded) {
     return isIncluded ? "Included" : "Not Included";
@@ -43,8 +30,8 @@ void ReviewSummaryPages::PopulateReviewCriteria() {
         AddReviewCriteriaRows();
         m_rows.AddBlankRow();
         m_rows.AddHeading("Conventions");
-        for (const ConventionRow& row : kConventions) {
-            m_rows.AddItem(row.Text, Included((criteria.LoadCriteria.*row.IsTaken)()), row.Icon);
+        for (const modConventions::ConventionRow& row : modConventions::kConventions) {
+            m_rows.AddItem(row.Text, Included((criteria.LoadCriteria.*row.Get)()), row.Icon);
         }
         m_rows.AddBlankRow();
         m_rows.AddHeading("Severity Levels", "SeverityList");

@@ -1,10 +1,9 @@
 #include "ReviewSummaryPages.h"
 #include "foundation/log/Trap.h"
+#include "modFileKinds.h"
 #include "reports/format/modReportFormat.h"
 #include "results/ResultsDB.h"
 #include "source/Severity.h"
-
-#include <utility>
 
 namespace dorvik {
 
@@ -12,34 +11,21 @@ namespace {
 
 constexpr std::string_view kModule = "frmReviewSummary";
 
-struct FileKindRow {
-    std::string_view Text;
-    std::string_view Type;
-    std::string_view OtherType = {};  // counted with it
-};
-
-/// The icon of a kind is that of its type.
-constexpr FileKindRow kFileKinds[] = {
-    {"Forms", "Form", "MDIForm"},
-    {"Modules", "Module"},
-    {"Class Modules", "Class"},
-    {"Designers", "Designer"},
-    {"Property Pages", "PropertyPage"},
-    {"User Controls", "UserControl"},
-    {"User Documents", "UserDocument"},
-};
-
 }  // namespace
 
 void ReviewSummaryPages::PopulateReviewSummary() {
     Trap({kModule, "PopulateReviewSummary"}, [&] {
         AddReview();
-        AddFigures();
+        const SourceLineStatistics lines =
+            m_results.Figures().GetLineStats(ItemType::Project, m_projectId);
+        const ViolationStatistics violations =
+            m_results.Figures().GetViolationStats(ItemType::Project, m_projectId);
+        AddFigures(lines, violations);
         AddToleranceFailures();
         m_rows.AddBlankRow();
-        AddViolationStatistics();
+        AddViolationStatistics(violations);
         m_rows.AddBlankRow();
-        AddLineCountStatistics();
+        AddLineCountStatistics(lines);
     });
 }
 
@@ -56,11 +42,8 @@ void ReviewSummaryPages::AddReview() {
     m_rows.AddItem("Review Duration", modReportFormat::FormatDuration(review.Start, review.End));
 }
 
-void ReviewSummaryPages::AddFigures() {
-    const SourceLineStatistics lines =
-        m_results.Figures().GetLineStats(ItemType::Project, m_projectId);
-    const ViolationStatistics violations =
-        m_results.Figures().GetViolationStats(ItemType::Project, m_projectId);
+void ReviewSummaryPages::AddFigures(
+    const SourceLineStatistics& lines, const ViolationStatistics& violations) {
     const double ratio =
         lines.TotalLines() == 0
             ? 0
@@ -94,11 +77,9 @@ void ReviewSummaryPages::AddToleranceFailures() {
     }
 }
 
-void ReviewSummaryPages::AddViolationStatistics() {
+void ReviewSummaryPages::AddViolationStatistics(const ViolationStatistics& violations) {
     Trap({kModule, "AddViolationStatistics"}, [&] {
         const CategorySeverityLists lists = m_results.Review().GetCategorySeverityLists();
-        const ViolationStatistics violations =
-            m_results.Figures().GetViolationStats(ItemType::Project, m_projectId);
         AddSeverityFigures(
             violations.Counts(), lists, "Violation Count Statistics", "ViolationCounts");
         m_rows.AddTotal("Total Violations", SummaryRows::NumberText(violations.TotalViolations()));
@@ -125,33 +106,33 @@ void ReviewSummaryPages::AddSeverityFigures(
     }
 }
 
-void ReviewSummaryPages::AddLineCountStatistics() {
+void ReviewSummaryPages::AddLineCountStatistics(const SourceLineStatistics& lines) {
     Trap({kModule, "AddLineCountStatistics"}, [&] {
         AddSourceFileStatistics();
         m_rows.AddBlankRow();
-        AddSourceLineStatistics();
+        AddSourceLineStatistics(lines);
     });
 }
 
 void ReviewSummaryPages::AddSourceFileStatistics() {
     m_rows.AddHeading("Source File Statistics", "OTHER");
     std::int32_t total = 0;
-    for (const FileKindRow& kind : kFileKinds) {
-        std::int32_t count = m_results.Items().GetSourceFileCount(kind.Type);
-        if (!kind.OtherType.empty()) {
-            count += m_results.Items().GetSourceFileCount(kind.OtherType);
+    for (const modFileKinds::FileKindRow& kind : modFileKinds::kKinds) {
+        // The icon of a kind is that of its type.
+        const std::string_view type = FileTypeKey(kind.Type);
+        std::int32_t count = m_results.Items().GetSourceFileCount(type);
+        if (kind.OtherType != FileType::None) {
+            count += m_results.Items().GetSourceFileCount(FileTypeKey(kind.OtherType));
         }
         if (count > 0) {
-            m_rows.AddItem(kind.Text, SummaryRows::NumberText(count), kind.Type);
+            m_rows.AddItem(kind.Text, SummaryRows::NumberText(count), type);
             total += count;
         }
     }
     m_rows.AddTotal("Total Source Files", SummaryRows::NumberText(total));
 }
 
-void ReviewSummaryPages::AddSourceLineStatistics() {
-    const SourceLineStatistics lines =
-        m_results.Figures().GetLineStats(ItemType::Project, m_projectId);
+void ReviewSummaryPages::AddSourceLineStatistics(const SourceLineStatistics& lines) {
     const double inLinePart =
         lines.TotalLines() == 0
             ? 0

@@ -9,10 +9,8 @@
 #include "workstation/dialogs/FileDialogs.h"
 #include "workstation/screen/IScreen.h"
 
-#include <cstddef>
 #include <limits>
-#include <optional>
-#include <vector>
+#include <utility>
 
 namespace dorvik {
 
@@ -127,7 +125,11 @@ void frmOptions::EnableFolders() {
 }
 
 bool frmOptions::Ok() {
-    const bool isTaken = Trap({kModule, "Ok"}, [&] { DataFromScreen(modGlobal::WorkData()); });
+    const bool isTaken = Trap({kModule, "Ok"}, [&] {
+        DVKWorkData settings = modGlobal::WorkData();
+        DataFromScreen(settings);
+        modGlobal::WorkData() = std::move(settings);
+    });
     if (isTaken) {
         m_cancelled = false;
         Close();

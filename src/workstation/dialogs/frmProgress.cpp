@@ -1,6 +1,7 @@
 #include "workstation/dialogs/frmProgress.h"
 
 #include "criteria/ProgressInfo.h"
+#include "criteria/ReviewAction.h"
 #include "criteria/ReviewCriteria.h"
 #include "foundation/log/LogFile.h"
 #include "foundation/log/Trap.h"
@@ -12,9 +13,7 @@
 #include "settings/modGlobal.h"
 #include "workstation/screen/IScreen.h"
 
-#include <array>
 #include <chrono>
-#include <cstddef>
 #include <string_view>
 #include <utility>
 
@@ -26,15 +25,20 @@ constexpr std::string_view kModule = "frmProgress";
 constexpr std::string_view kCaption = "Review Progress";
 constexpr std::chrono::milliseconds kTickInterval{10};
 
-/// By action from 1.
-constexpr std::array<std::string_view, 7> kActions{
-    "Loading rulebase...",
-    "Reviewing source code...",
-    "Generating report...",
-    "Extracting global names...",
-    "Loading references...",
-    "Initialising project review...",
-    "Loading components..."};
+struct ActionRow {
+    std::int32_t Action;
+    std::string_view Text;
+};
+
+constexpr ActionRow kActions[] = {
+    {reviewaction::kLoadingRulebase, "Loading rulebase..."},
+    {reviewaction::kReviewing, "Reviewing source code..."},
+    {reviewaction::kGeneratingReport, "Generating report..."},
+    {reviewaction::kExtractingNames, "Extracting global names..."},
+    {reviewaction::kLoadingReferences, "Loading references..."},
+    {reviewaction::kInitialisingReview, "Initialising project review..."},
+    {reviewaction::kLoadingComponents, "Loading components..."},
+};
 
 std::string NumberOfAll(std::string_view label, std::int32_t number, std::int32_t all) {
     return std::string(label) + ": (" + std::to_string(number) + " of " + std::to_string(all) + ")";
@@ -68,23 +72,24 @@ frmProgress::frmProgress(IScreen& screen)
     : tmrInterrupt(kTickInterval),
       Caption(std::string(kCaption)),
       m_screen(screen),
-      m_life(std::make_shared<const bool>(true)),
       m_onTick(tmrInterrupt.Ticked.Subscribe([this] { tmrInterrupt_Timer(); })) {}
 
-frmProgress::~frmProgress() = default;
+frmProgress::~frmProgress() {
+    Hide();
+}
 
 void frmProgress::CommenceReview(std::shared_ptr<ReviewCriteria> criteria) {
     Trap({kModule, "CommenceReview"}, [&] {
         m_manager = std::make_unique<ReviewManager>();
         m_manager->SetTypeLibraries(m_typeLibraries);
-        m_manager->SetProgressHandler([this, life = std::weak_ptr<const bool>(m_life)](
-                                          const ProgressInfo& progress, bool& cancel) {
-            if (life.expired()) {
-                cancel = true;
-            } else {
-                ReviewProgress(progress, cancel);
-            }
-        });
+        m_manager->SetProgressHandler(
+            [this, life = m_life.Watched()](const ProgressInfo& progress, bool& cancel) {
+                if (life.IsOver()) {
+                    cancel = true;
+                } else {
+                    ReviewProgress(progress, cancel);
+                }
+            });
         m_criteria = std::move(criteria);
         m_isBackground = m_criteria != nullptr && m_criteria->BackgroundReview();
         m_tickCount = modGlobal::WorkData().BackgroundTickCount;
@@ -113,9 +118,9 @@ void frmProgress::Activate() {
 }
 
 void frmProgress::RunForegroundReview() {
-    const std::weak_ptr<const bool> life = m_life;
+    const Lifetime::Watch life = m_life.Watched();
     RunSlice(kWholeReview);
-    if (!life.expired()) {
+    if (!life.IsOver()) {
         Finish();
     }
 }
@@ -132,22 +137,22 @@ void frmProgress::tmrInterrupt_Timer() {
         return;  // a tick while the slice gives way to input
     }
     Trap({kModule, "tmrInterrupt_Timer"}, [&] {
-        const std::weak_ptr<const bool> life = m_life;
+        const Lifetime::Watch life = m_life.Watched();
         m_isInSlice = true;
         modHost::YieldToInput();
-        if (life.expired()) {
+        if (life.IsOver()) {
             return;
         }
         m_isInSlice = false;
         const bool isUnfinished = !m_cancelled && RunSlice(m_tickCount);
-        if (!isUnfinished && !life.expired()) {
+        if (!isUnfinished && !life.IsOver()) {
             Finish();
         }
     });
 }
 
 bool frmProgress::RunSlice(std::int32_t ticks) {
-    const std::weak_ptr<const bool> life = m_life;
+    const Lifetime::Watch life = m_life.Watched();
     m_isInSlice = true;
     SliceResult result = SliceResult::Failed;
     Trap({kModule, "RunSlice"}, [&] {
@@ -158,14 +163,14 @@ bool frmProgress::RunSlice(std::int32_t ticks) {
             result = m_manager->ReviewTimeSlice(ticks);
         }
     });
-    if (!life.expired()) {
+    if (!life.IsOver()) {
         m_isInSlice = false;
     }
     return result == SliceResult::Continue;
 }
 
 void frmProgress::ReviewProgress(const ProgressInfo& progress, bool& cancel) {
-    const std::weak_ptr<const bool> life = m_life;
+    const Lifetime::Watch life = m_life.Watched();
     Trap({kModule, "ReviewProgress"}, [&] {
         if (progress.Process() != m_shown.Process) {
             m_shown.Process = progress.Process();
@@ -181,7 +186,7 @@ void frmProgress::ReviewProgress(const ProgressInfo& progress, bool& cancel) {
         ProgressShown.Raise(progress);
         modHost::YieldToInput();
     });
-    cancel = life.expired() || m_cancelled;
+    cancel = life.IsOver() || m_cancelled;
 }
 
 void frmProgress::ShowAction(std::int32_t action) {
@@ -189,8 +194,10 @@ void frmProgress::ShowAction(std::int32_t action) {
         return;
     }
     m_shown.Action = action;
-    if (action >= 1 && static_cast<std::size_t>(action) <= kActions.size()) {
-        lblAction.Set(std::string(kActions[static_cast<std::size_t>(action) - 1]));
+    for (const ActionRow& row : kActions) {
+        if (row.Action == action) {
+            lblAction.Set(std::string(row.Text));
+        }
     }
 }
 
@@ -225,20 +232,25 @@ void frmProgress::ShowPercentages(const ProgressInfo& progress) {
 }
 
 void frmProgress::Finish() {
-    const std::weak_ptr<const bool> life = m_life;
+    const Lifetime::Watch life = m_life.Watched();
     const bool wasBackground = m_isBackground;
     tmrInterrupt.Enabled.Set(false);
     m_manager.reset();  // an unfinished review is abandoned by this
     m_criteria.reset();
     m_isClosed = true;
-    if (Visible.Value() && wasBackground) {
+    Hide();
+    Closed.Raise();
+    if (wasBackground && !life.IsOver()) {
+        BackgroundReviewEnded.Raise();
+    }
+}
+
+/// A form that is modal is closed by the screen.
+void frmProgress::Hide() {
+    if (Visible.Value() && m_isBackground) {
         m_screen.Hide(*this);
     }
     Visible.Set(false);
-    Closed.Raise();
-    if (wasBackground && !life.expired()) {
-        BackgroundReviewEnded.Raise();
-    }
 }
 
 }  // namespace dorvik

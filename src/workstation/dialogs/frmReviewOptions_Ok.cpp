@@ -2,7 +2,7 @@
 #include "foundation/log/Trap.h"
 #include "foundation/text/modUtilFunctions.h"
 #include "modReviewOptionsFields.h"
-#include "platform/host/modHost.h"
+#include "workstation/controls/modWorkstationMessage.h"
 #include "workstation/dialogs/frmReviewOptions.h"
 
 namespace dorvik {
@@ -10,19 +10,17 @@ namespace dorvik {
 namespace {
 
 constexpr std::string_view kModule = "frmReviewOptions";
-constexpr std::string_view kTitle = "Dorvik Workstation";
 
 void Warn(std::string text) {
-    modHost::ShowMessage({MessageIcon::Exclamation, std::string(kTitle), std::move(text)});
+    modWorkstationMessage::Show(MessageIcon::Exclamation, std::move(text));
 }
 
 bool AskToCreate(std::string_view word) {
-    const MessageAnswer answer = modHost::ShowMessage(
-        {MessageIcon::Question,
-         std::string(kTitle),
-         "The " + std::string(word) +
-             " folder does not exist, or is not available, would you like to create it?",
-         MessageButtons::YesNo});
+    const MessageAnswer answer = modWorkstationMessage::Show(
+        MessageIcon::Question,
+        "The " + std::string(word) +
+            " folder does not exist, or is not available, would you like to create it?",
+        MessageButtons::YesNo);
     return answer == MessageAnswer::Yes;
 }
 
@@ -117,8 +115,10 @@ bool frmReviewOptions::MoveTo(Page page, std::string_view control) {
 bool frmReviewOptions::DataFromScreen() {
     return Trap({kModule, "DataFromScreen"}, [&] {
         if (m_mode == Mode::Review) {
+            // A text that is no limit raises, in front of all that is taken over.
+            const ToleranceSettings tolerances = TolerancesOnScreen();
             ReviewFromScreen();
-            TolerancesFromScreen();
+            TakeTolerances(tolerances);
         }
         RulebaseLoadCriteria& criteria = LoadCriteria();
         modReviewOptionsFields::TakeConventions(lvwConventions, criteria);
@@ -142,15 +142,26 @@ void frmReviewOptions::ReviewFromScreen() {
     m_criteria->SetReportOption(optReports.Value());
 }
 
-void frmReviewOptions::TolerancesFromScreen() {
+ToleranceSettings frmReviewOptions::TolerancesOnScreen() const {
     using modReviewOptionsFields::LimitOfText;
+    ToleranceSettings tolerances;
     for (std::int32_t index = 1; index <= ToleranceSettings::kPlaces; ++index) {
         const auto place = static_cast<std::size_t>(index) - 1;
-        m_criteria->SetToleranceCount(index, LimitOfText(txtCount[place].Value()));
-        m_criteria->SetToleranceImpact(index, LimitOfText(txtImpact[place].Value()));
+        tolerances.Count.SetItem(index, LimitOfText(txtCount[place].Value()));
+        tolerances.Impact.SetItem(index, LimitOfText(txtImpact[place].Value()));
     }
-    m_criteria->SetTolerancePercentageComments(LimitOfText(txtComments.Value()));
-    m_criteria->SetToleranceCyclomaticComplexity(LimitOfText(txtComplexity.Value()));
+    tolerances.PercentageComments = LimitOfText(txtComments.Value());
+    tolerances.CyclomaticComplexity = LimitOfText(txtComplexity.Value());
+    return tolerances;
+}
+
+void frmReviewOptions::TakeTolerances(const ToleranceSettings& tolerances) {
+    for (std::int32_t index = 1; index <= ToleranceSettings::kPlaces; ++index) {
+        m_criteria->SetToleranceCount(index, tolerances.Count.Item(index));
+        m_criteria->SetToleranceImpact(index, tolerances.Impact.Item(index));
+    }
+    m_criteria->SetTolerancePercentageComments(tolerances.PercentageComments);
+    m_criteria->SetToleranceCyclomaticComplexity(tolerances.CyclomaticComplexity);
 }
 
 }  // namespace dorvik

@@ -2,23 +2,19 @@
 
 #include "ReviewSummaryPages.h"
 #include "base/modText.h"
-#include "base/modTextCase.h"
 #include "foundation/log/Trap.h"
 #include "foundation/text/modUtilFunctions.h"
 #include "modSummaryLayout.h"
 #include "settings/DVKWorkData.h"
 #include "settings/modGlobal.h"
+#include "workstation/dialogs/modAllItems.h"
 #include "workstation/screen/IScreen.h"
-
-#include <utility>
 
 namespace dorvik {
 
 namespace {
 
 constexpr std::string_view kModule = "frmReviewSummary";
-constexpr std::string_view kAscendingIcon = "SortAscending";
-constexpr std::string_view kDescendingIcon = "SortDescending";
 
 }  // namespace
 
@@ -125,7 +121,7 @@ void frmReviewSummary::PopulateSourceFilesCombo() {
 void frmReviewSummary::cboSourceFiles_Click() {
     Trap({kModule, "cboSourceFiles_Click"}, [&] {
         if (const ComboItem* const item = cboSourceFiles.SelectedItem()) {
-            PopulateComplexitySummary(modText::RoundToLong(modText::LeadingNumber(item->Key)));
+            PopulateComplexitySummary(modText::LeadingLong(item->Key));
             if (lvwReview.Count() > 0) {
                 lvwReview.Select(0);
             }
@@ -147,8 +143,8 @@ void frmReviewSummary::lvwReview_DblClick() {
     Trap({kModule, "lvwReview_DblClick"}, [&] {
         const ComboItem* const shown = cboSourceFiles.SelectedItem();
         const ListRow* const row = lvwReview.SelectedRow();
-        const bool isFileList = CurrentTab() == kComplexityTab && shown != nullptr &&
-                                shown->Key == ReviewSummaryPages::kAllItems;
+        const bool isFileList =
+            CurrentTab() == kComplexityTab && shown != nullptr && shown->Key == modAllItems::kKey;
         if (!isFileList || row == nullptr) {
             return;
         }
@@ -185,11 +181,7 @@ void frmReviewSummary::SortFilledRows() {
 }
 
 void frmReviewSummary::ShowSortIcon() {
-    for (std::size_t column = 0; column < lvwReview.Columns().size(); ++column) {
-        const bool isSorted = column == static_cast<std::size_t>(m_sort.Column);
-        const std::string_view icon = m_sort.Ascending ? kAscendingIcon : kDescendingIcon;
-        lvwReview.SetSortIcon(column, isSorted ? std::string(icon) : std::string());
-    }
+    lvwReview.ShowSortIcon(static_cast<std::size_t>(m_sort.Column), m_sort.Ascending);
 }
 
 void frmReviewSummary::SaveListViewColumnData() {

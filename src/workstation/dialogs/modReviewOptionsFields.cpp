@@ -3,6 +3,7 @@
 #include "base/modText.h"
 #include "base/modTextCase.h"
 #include "criteria/ReviewCriteria.h"
+#include "modConventions.h"
 #include "rulebase/model/ToleranceSettings.h"
 #include "workstation/dialogs/frmReviewOptions.h"
 
@@ -13,60 +14,24 @@ namespace dorvik::modReviewOptionsFields {
 
 namespace {
 
-struct ConventionRow {
-    std::string_view Key;
-    std::string_view Text;
-    bool (RulebaseLoadCriteria::*Get)() const;
-    void (RulebaseLoadCriteria::*Set)(bool);
-    bool IsListed = true;
-};
-
-constexpr ConventionRow kConventions[] = {
-    {"AC",
-     "Authorised Components",
-     &RulebaseLoadCriteria::AuthorisedComponents,
-     &RulebaseLoadCriteria::SetAuthorisedComponents},
-    {"AR",
-     "Authorised References",
-     &RulebaseLoadCriteria::AuthorisedReferences,
-     &RulebaseLoadCriteria::SetAuthorisedReferences},
-    {"CC",
-     "Coding Conventions",
-     &RulebaseLoadCriteria::CodingConventions,
-     &RulebaseLoadCriteria::SetCodingConventions},
-    {"DC",
-     "Documentation Conventions",
-     &RulebaseLoadCriteria::DocumentationConventions,
-     &RulebaseLoadCriteria::SetDocumentationConventions,
-     false},
-    {"NC",
-     "Naming Conventions",
-     &RulebaseLoadCriteria::NamingConventions,
-     &RulebaseLoadCriteria::SetNamingConventions},
-    {"UK",
-     "Unauthorised Keywords",
-     &RulebaseLoadCriteria::UnauthorisedKeywords,
-     &RulebaseLoadCriteria::SetUnauthorisedKeywords},
-};
-
+/// No list shows these; a key is taken all the same.
+constexpr std::string_view kDocumentationConventions = "DC";
 constexpr std::string_view kUnallocatedText = "Unallocated";
 constexpr std::string_view kUnallocatedDescription =
     "Conventions which have not yet been allocated to a specific category.";
 
 std::int32_t NumberOfKey(std::string_view key) {
-    return modText::RoundToLong(modText::LeadingNumber(key));
+    return modText::LeadingLong(key);
 }
 
 }  // namespace
 
 void FillConventions(const RulebaseLoadCriteria& criteria, bool all, CheckList& list) {
     std::vector<CheckItem> items;
-    for (const ConventionRow& row : kConventions) {
-        if (row.IsListed) {
-            CheckItem item{std::string(row.Key), std::string(row.Text)};
-            item.Checked = all || (criteria.*row.Get)();
-            items.push_back(std::move(item));
-        }
+    for (const modConventions::ConventionRow& row : modConventions::kConventions) {
+        CheckItem item{std::string(row.Key), std::string(row.Text)};
+        item.Checked = all || (criteria.*row.Get)();
+        items.push_back(std::move(item));
     }
     list.Fill(std::move(items));
 }
@@ -108,10 +73,13 @@ void FillSeverities(
 
 void TakeConventions(const CheckList& list, RulebaseLoadCriteria& criteria) {
     for (const CheckItem& item : list.Items()) {
-        for (const ConventionRow& row : kConventions) {
+        for (const modConventions::ConventionRow& row : modConventions::kConventions) {
             if (modTextCase::Equal(row.Key, item.Key)) {
                 (criteria.*row.Set)(item.Checked);
             }
+        }
+        if (modTextCase::Equal(kDocumentationConventions, item.Key)) {
+            criteria.SetDocumentationConventions(item.Checked);
         }
     }
 }
@@ -142,8 +110,7 @@ std::string TextOfLimit(std::int32_t limit) {
 }
 
 std::int32_t LimitOfText(std::string_view text) {
-    return text.empty() ? ToleranceSettings::kNotSet
-                        : modText::RoundToLong(modText::LeadingNumber(text));
+    return text.empty() ? ToleranceSettings::kNotSet : modText::LeadingLong(text);
 }
 
 }  // namespace dorvik::modReviewOptionsFields

@@ -153,14 +153,19 @@ void CodeFile::TakeLines(const std::vector<PhysicalLine>& lines, std::optional<F
     const std::size_t headCount = type ? modHiddenLines::HeadCount(texts, *type) : 0;
     const std::vector<bool> hidden =
         type ? modHiddenLines::AttributeLines(texts, headCount) : std::vector<bool>(texts.size());
+    std::string pending;  // attributes of the last shown line, which gets them together
     for (std::size_t index = 0; index < lines.size(); ++index) {
         const bool isShown = index >= headCount && !hidden[index - headCount];
         if (isShown) {
+            KeepHidden(std::exchange(pending, {}));
             TakeShownLine(lines[index], std::move(texts[index]));
+        } else if (m_lines.Records.empty()) {
+            TakeHeadLine(lines[index], std::move(texts[index]));
         } else {
-            TakeHiddenLine(lines[index], std::move(texts[index]));
+            pending += lines[index].WithEnd;
         }
     }
+    KeepHidden(std::move(pending));
     if (!lines.empty()) {
         m_endsInLineEnd = lines.back().End != LineEnd::None;
         if (lines.front().End != LineEnd::None) {
@@ -180,14 +185,13 @@ void CodeFile::TakeShownLine(const PhysicalLine& line, std::string text) {
     m_lines.Records.push_back(std::move(record));
 }
 
-void CodeFile::TakeHiddenLine(const PhysicalLine& line, std::string text) {
-    if (m_lines.Records.empty()) {
-        TakeHeadLine(line, std::move(text));
+void CodeFile::KeepHidden(std::string bytes) {
+    if (bytes.empty()) {
         return;
     }
     FileLine& record = m_lines.Records.back();
     FileLine::Kept kept = record.Has == nullptr ? FileLine::Kept() : *record.Has;
-    kept.Hidden += line.WithEnd;
+    kept.Hidden = std::move(bytes);
     record.Has = std::make_shared<FileLine::Kept>(std::move(kept));
 }
 

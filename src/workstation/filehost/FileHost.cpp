@@ -3,10 +3,10 @@
 #include "base/BasicError.h"
 #include "base/modTextCase.h"
 #include "foundation/log/Trap.h"
-#include "modHostMessage.h"
 #include "platform/host/modFiles.h"
 #include "source/VirtualProject.h"
 #include "source/VirtualProjectGroup.h"
+#include "workstation/controls/modWorkstationMessage.h"
 
 #include <algorithm>
 #include <array>
@@ -17,9 +17,6 @@ namespace dorvik {
 
 namespace {
 
-constexpr std::int32_t kProjectProperties = 2578;
-constexpr std::int32_t kReferences = 942;
-
 struct MenuRow {
     std::string_view Caption;
     std::int32_t Id;
@@ -29,8 +26,8 @@ constexpr std::array<MenuRow, 7> kMenus{{
     {"&File", 30002},
     {"&Edit", 30003},
     {"&View", 30004},
-    {"&Project", 30005},
-    {"&Tools", 30007},
+    {"&Project", hostcommand::kProjectMenu},
+    {"&Tools", hostcommand::kToolsMenu},
     {"&Window", 30009},
     {"&Help", 30010},
 }};
@@ -73,10 +70,11 @@ struct FileHost::Report {
     }
     void Show() const {
         if (Count > kMostLines) {
-            modHostMessage::ShowWarning(
+            modWorkstationMessage::Show(
+                MessageIcon::Exclamation,
                 Text + "\r\n... and " + std::to_string(Count - kMostLines) + " more.");
         } else if (Count > 0) {
-            modHostMessage::ShowWarning(Text);
+            modWorkstationMessage::Show(MessageIcon::Exclamation, Text);
         }
     }
 };
@@ -284,8 +282,8 @@ void FileHost::RemoveCommandBar(CommandControl& bar) {
 
 void FileHost::ExecuteCommand(std::int32_t id) {
     switch (id) {
-        case kProjectProperties: m_calls.Add("properties"); break;
-        case kReferences: m_calls.Add("references"); break;
+        case hostcommand::kProjectProperties: m_calls.Add("properties"); break;
+        case hostcommand::kReferences: m_calls.Add("references"); break;
         default: m_calls.Add("command " + std::to_string(id)); break;
     }
 }

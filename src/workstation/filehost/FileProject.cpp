@@ -4,13 +4,12 @@
 #include "base/modTextCase.h"
 #include "foundation/log/Trap.h"
 #include "foundation/text/modUtilFunctions.h"
-#include "modHostMessage.h"
 #include "platform/host/modFiles.h"
 #include "source/VirtualProject.h"
+#include "workstation/controls/modWorkstationMessage.h"
 #include "workstation/host/HostCallList.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace dorvik {
@@ -18,24 +17,6 @@ namespace dorvik {
 namespace {
 
 constexpr std::string_view kModule = "FileProject";
-
-struct TypeName {
-    std::string_view Name;
-    HostProjectType Type;
-};
-
-constexpr std::array<TypeName, 4> kTypeNames{{
-    {"Exe", HostProjectType::StandardExe},
-    {"OleExe", HostProjectType::ActiveXExe},
-    {"OleDll", HostProjectType::ActiveXDll},
-    {"Control", HostProjectType::ActiveXControl},
-}};
-
-HostProjectType TypeOf(std::string_view name) {
-    const auto* row = std::ranges::find_if(
-        kTypeNames, [&](const TypeName& type) { return modTextCase::Equal(type.Name, name); });
-    return row == kTypeNames.end() ? HostProjectType::StandardExe : row->Type;
-}
 
 std::string_view WithoutFolder(std::string_view path) {
     return path.substr(path.find_last_of('\\') + 1);
@@ -108,7 +89,7 @@ struct FileProject::Output {
 FileProject::FileProject(VirtualProject& project, HostCallList& calls)
     : m_name(project.Name()),
       m_fileName(project.Filename()),
-      m_type(TypeOf(project.ProjectType())),
+      m_type(HostProjectTypeOf(project.ProjectType())),
       m_codePage(project.CodePage()) {
     if (m_name.empty()) {
         m_name = Stem(m_fileName);
@@ -214,7 +195,7 @@ bool FileProject::Save() {
             isSaved = true;
         },
         [](const BasicError& failure) {
-            modHostMessage::ShowWarning(failure.what());
+            modWorkstationMessage::Show(MessageIcon::Exclamation, failure.what());
             return true;
         });
     DirtyChanged.Raise();

@@ -2,7 +2,9 @@
 
 #include "base/modText.h"
 #include "base/modTextCase.h"
+#include "source/modLogicalLine.h"
 #include "source/modSource.h"
+#include "source/modStatementFront.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -13,28 +15,14 @@ namespace dorvik {
 namespace {
 
 constexpr std::string_view kTypeCharacters = "!$#%&@";
-constexpr std::string_view kDigits = "0123456789";
 
 std::string_view PlainName(std::string_view name) {
     name = modText::Trim(name);
-    name = name.substr(0, name.find_first_of(" ("));
+    name = name.substr(0, name.find_first_of(" \t("));
     if (!name.empty() && kTypeCharacters.find(name.back()) != std::string_view::npos) {
         name.remove_suffix(1);
     }
     return name;
-}
-
-ProcedureKind KindOf(std::string_view procedureType) {
-    if (modTextCase::Equal(procedureType, "Property Get")) {
-        return ProcedureKind::PropertyGet;
-    }
-    if (modTextCase::Equal(procedureType, "Property Let")) {
-        return ProcedureKind::PropertyLet;
-    }
-    if (modTextCase::Equal(procedureType, "Property Set")) {
-        return ProcedureKind::PropertySet;
-    }
-    return ProcedureKind::SubOrFunction;
 }
 
 }  // namespace
@@ -62,29 +50,34 @@ private:
 
     void TakeLogicalLine(const std::vector<std::string>& lines) {
         m_lastLine = m_firstLine;
-        const std::string& first = lines[static_cast<std::size_t>(m_firstLine) - 1];
-        LineType type = modSource::SourceLineType(first);
+        std::string_view physical = PhysicalLine(lines);
+        const LineType type = modSource::SourceLineType(physical);
         if (type == LineType::Blank || type == LineType::CommentOnly) {
             return;
         }
-        std::string logical = first;
-        while (type == LineType::Continued && static_cast<std::size_t>(m_lastLine) < lines.size()) {
-            logical.erase(logical.find_last_of('_'));
-            const std::string& next = lines[static_cast<std::size_t>(m_lastLine)];
-            type = modSource::SourceLineType(next);
-            logical += ' ';
-            logical += modText::Trim(next);
+        bool isContinued = modLogicalLine::IsContinued(physical);
+        m_logical = isContinued ? modLogicalLine::WithoutContinuation(physical) : physical;
+        while (isContinued && static_cast<std::size_t>(m_lastLine) < lines.size()) {
             ++m_lastLine;
+            physical = PhysicalLine(lines);
+            isContinued = modLogicalLine::IsContinued(physical);
+            modLogicalLine::AppendJoined(
+                m_logical, isContinued ? modLogicalLine::WithoutContinuation(physical) : physical);
         }
-        std::ranges::replace(logical, '\t', ' ');
-        TakeStatements(logical);
+        modLogicalLine::RemoveLineNumber(m_logical);
+        TakeStatements(m_logical);
         if (m_place == Place::Declarations || m_place == Place::InBlock) {
             m_list.m_declarationLines = m_lastLine;
         }
     }
 
+    /// The last line of the logical one so far, valid until the next call.
+    std::string_view PhysicalLine(const std::vector<std::string>& lines) {
+        return modStatementFront::WithBlanks(
+            lines[static_cast<std::size_t>(m_lastLine) - 1], m_blankedLine);
+    }
+
     void TakeStatements(std::string_view logical) {
-        logical.remove_prefix(std::min(logical.find_first_not_of(kDigits), logical.size()));
         if (!modSource::IsMultiStatementLine(logical)) {
             TakeStatement(logical);
             return;
@@ -128,7 +121,7 @@ private:
         }
         CodeProcedure procedure;
         procedure.Name = PlainName(modSource::StripInLineComment(definition->Name));
-        procedure.Kind = KindOf(definition->ProcedureType);
+        procedure.Kind = ProcedureKindOf(definition->ProcedureType);
         procedure.StartLine = m_list.m_procedures.empty() ? m_list.m_declarationLines + 1
                                                           : m_list.m_procedures.back().EndLine + 1;
         // Two procedures in one line: the second has no line of its own in front of its definition.
@@ -144,6 +137,8 @@ private:
     Place m_place = Place::Declarations;
     std::int32_t m_firstLine = 1;  // of the logical line at hand
     std::int32_t m_lastLine = 0;
+    std::string m_logical;
+    std::string m_blankedLine;
 };
 
 ProcedureList::ProcedureList(const std::vector<std::string>& lines) {

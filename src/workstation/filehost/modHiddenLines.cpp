@@ -2,7 +2,9 @@
 
 #include "base/modText.h"
 #include "base/modTextCase.h"
+#include "source/modLogicalLine.h"
 #include "source/modSource.h"
+#include "source/modStatementFront.h"
 
 #include <algorithm>
 #include <string_view>
@@ -12,9 +14,8 @@ namespace dorvik::modHiddenLines {
 namespace {
 
 bool IsContinued(std::string_view line) {
-    const std::size_t last = line.find_last_not_of(' ');
-    return last != std::string_view::npos && line[last] == '_' &&
-           modSource::SourceLineType(line) == LineType::Continued;
+    std::string buffer;
+    return modLogicalLine::IsContinued(modStatementFront::WithBlanks(line, buffer));
 }
 
 /// The line after the logical one that begins at `line`.

@@ -1,21 +1,36 @@
 #include "workstation/host/modViolationSearch.h"
 
 #include "base/modTextCase.h"
+#include "source/Location.h"
 
 namespace dorvik::modViolationSearch {
 
 namespace {
 
-constexpr std::int32_t kDeclarations = 3;
 constexpr std::string_view kContinuation = " _";
 
+bool IsInDeclarations(const StoredPlace& place) {
+    return static_cast<Location>(place.Location) == Location::Declarations;
+}
+
+struct KindRow {
+    Location Place;
+    ProcedureKind Kind;
+};
+
+constexpr KindRow kProperties[] = {
+    {Location::PropertyGet, ProcedureKind::PropertyGet},
+    {Location::PropertyLet, ProcedureKind::PropertyLet},
+    {Location::PropertySet, ProcedureKind::PropertySet},
+};
+
 ProcedureKind KindOf(std::int32_t location) {
-    switch (location) {
-        case 6: return ProcedureKind::PropertyGet;
-        case 7: return ProcedureKind::PropertyLet;
-        case 8: return ProcedureKind::PropertySet;
-        default: return ProcedureKind::SubOrFunction;
+    for (const KindRow& row : kProperties) {
+        if (row.Place == static_cast<Location>(location)) {
+            return row.Kind;
+        }
     }
+    return ProcedureKind::SubOrFunction;
 }
 
 std::string_view FirstPhysicalLine(std::string_view sourceLine) {
@@ -31,7 +46,7 @@ bool HasText(std::string_view line) {
 
 Result FindPlaceWithoutLine(const ICodeModule& module, const StoredPlace& place) {
     const std::int32_t line =
-        place.Location == kDeclarations
+        IsInDeclarations(place)
             ? 1
             : module.ProcStartLine(place.LocationMember, KindOf(place.Location));
     return line > 0 ? Result{line, Failure::None} : Result{0, Failure::ProcedureMissing};
@@ -40,7 +55,7 @@ Result FindPlaceWithoutLine(const ICodeModule& module, const StoredPlace& place)
 /// The lines in which a line that has moved is looked for.
 CodeRange OldScope(const ICodeModule& module, const StoredPlace& place) {
     CodeRange scope{1, 1, 0, -1};
-    if (place.Location == kDeclarations) {
+    if (IsInDeclarations(place)) {
         scope.EndLine = module.CountOfDeclarationLines();
     } else {
         const ProcedureKind kind = KindOf(place.Location);

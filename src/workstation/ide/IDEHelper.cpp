@@ -1,7 +1,7 @@
 #include "workstation/ide/IDEHelper.h"
 
+#include "MenuItems.h"
 #include "base/BasicError.h"
-#include "base/modTextCase.h"
 #include "foundation/log/Trap.h"
 #include "platform/host/modHost.h"
 #include "settings/DVKWorkData.h"
@@ -9,8 +9,6 @@
 #include "workstation/host/IHostEnvironment.h"
 #include "workstation/ide/IDEMenus.h"
 #include "workstation/ide/udocDorvik.h"
-
-#include <array>
 
 namespace dorvik {
 
@@ -22,24 +20,11 @@ constexpr std::string_view kProgrammaticId = "DVKWORK.UDOCDORVIK";
 constexpr std::string_view kCaption = "Dorvik Work Bench";
 constexpr std::string_view kWindowGuid = "{4B82D228-1AF5-4f56-ACB8-AED7997248C4}";
 
-/// Commands and menus of the environment by their numbers.
-constexpr std::int32_t kProjectProperties = 2578;
-constexpr std::int32_t kReferences = 942;
-constexpr std::int32_t kToolsMenu = 30007;
-constexpr std::int32_t kMenuBeforeTools = 30005;
-
-/// By the environment's numbers of the kinds of project.
-constexpr std::array<std::string_view, 4> kProjectTypes = {"Exe", "OleExe", "OleDll", "Control"};
-
 IHostEnvironment& Existing(IHostEnvironment* environment) {
     if (environment == nullptr) {
         RaiseRuntimeError(runtimeerror::kObjectNotSet);
     }
     return *environment;
-}
-
-std::string TypeOf(const IHostProject& project) {
-    return std::string(kProjectTypes.at(static_cast<std::size_t>(project.Type())));
 }
 
 }  // namespace
@@ -148,7 +133,7 @@ std::string IDEHelper::ProjectFileName(std::int32_t index) const {
 
 std::string IDEHelper::ProjectType(std::int32_t index) const {
     return Trapped({kModule, "ProjectType"}, std::string(), [&] {
-        return TypeOf(Existing(m_VBInstance).Project(index));
+        return std::string(NameOf(Existing(m_VBInstance).Project(index).Type()));
     });
 }
 
@@ -211,20 +196,23 @@ void IDEHelper::RefreshMenus(bool reviewRunning) {
 
 void IDEHelper::ShowVBProjectProperties() {
     Trap({kModule, "ShowVBProjectProperties"}, [&] {
-        Existing(m_VBInstance).ExecuteCommand(kProjectProperties);
+        Existing(m_VBInstance).ExecuteCommand(hostcommand::kProjectProperties);
     });
 }
 
 void IDEHelper::ShowVBReferences() {
-    Trap(
-        {kModule, "ShowVBReferences"}, [&] { Existing(m_VBInstance).ExecuteCommand(kReferences); });
+    Trap({kModule, "ShowVBReferences"}, [&] {
+        Existing(m_VBInstance).ExecuteCommand(hostcommand::kReferences);
+    });
 }
 
 CommandControl* IDEHelper::SiteAddInMenu() {
     return Trapped({kModule, "SiteAddInMenu"}, nullptr, [&] {
         CommandControl& bar = Existing(m_VBInstance).MenuBar();
-        CommandLook look{.Caption = "D&orvik", .Tag = "DORVIK"};
-        CommandControl* const tools = bar.FindId(kToolsMenu);
+        CommandLook look{
+            .Caption = std::string(menuitems::kMenuCaption),
+            .Tag = std::string(menuitems::kMenuTag)};
+        CommandControl* const tools = bar.FindId(hostcommand::kToolsMenu);
         if (tools != nullptr && modGlobal::WorkData().PlaceMenuOnToolsMenu) {
             look.BeginGroup = true;
             return &tools->Add(CommandKind::Popup, std::move(look));
@@ -232,7 +220,7 @@ CommandControl* IDEHelper::SiteAddInMenu() {
         if (tools != nullptr) {
             return &bar.Add(CommandKind::Popup, std::move(look), bar.IndexOf(*tools));
         }
-        const CommandControl* const before = bar.FindId(kMenuBeforeTools);
+        const CommandControl* const before = bar.FindId(hostcommand::kProjectMenu);
         const std::int32_t place = before == nullptr ? 0 : bar.IndexOf(*before) + 1;
         return &bar.Add(CommandKind::Popup, std::move(look), place);
     });
@@ -256,7 +244,7 @@ void IDEHelper::DeleteCommandBar(CommandControl* bar) {
             return;
         }
         CommandControl& menuBar = Existing(m_VBInstance).MenuBar();
-        for (CommandControl* const holder : {&menuBar, menuBar.FindId(kToolsMenu)}) {
+        for (CommandControl* const holder : {&menuBar, menuBar.FindId(hostcommand::kToolsMenu)}) {
             if (holder != nullptr && holder->IndexOf(*bar) > 0) {
                 holder->Remove(*bar);
                 return;
@@ -274,8 +262,11 @@ void IDEHelper::m_evtProjects_ItemActivated(const IHostProject& project) {
 
 void IDEHelper::m_evtProjects_ItemAdded(const IHostProject& project) {
     Trap({kModule, "m_evtProjects_ItemAdded"}, [&] {
-        ProjectAdded.Raise(project.Name(), project.FileName(), TypeOf(project));
-        RefreshMenus();
+        const Lifetime::Watch life = m_life.Watched();
+        ProjectAdded.Raise(project.Name(), project.FileName(), std::string(NameOf(project.Type())));
+        if (!life.IsOver()) {
+            RefreshMenus();
+        }
     });
 }
 

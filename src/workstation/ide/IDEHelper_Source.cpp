@@ -1,9 +1,9 @@
 // Finding a violation again in the environment.
 #include "base/BasicError.h"
 #include "base/modText.h"
-#include "base/modTextCase.h"
 #include "foundation/log/Trap.h"
-#include "platform/host/modHost.h"
+#include "source/Location.h"
+#include "workstation/controls/modWorkstationMessage.h"
 #include "workstation/host/IHostEnvironment.h"
 #include "workstation/host/modViolationSearch.h"
 #include "workstation/ide/IDEHelper.h"
@@ -15,7 +15,6 @@ namespace dorvik {
 namespace {
 
 constexpr std::string_view kModule = "IDEHelper";
-constexpr std::int32_t kInControl = 5;
 
 IHostComponent&
 ComponentOf(IHostEnvironment* environment, std::string_view project, std::string_view sourceFile) {
@@ -47,30 +46,12 @@ void SelectControl(IDesigner& form, std::string_view member) {
     std::optional<std::int32_t> index;
     if (bracket != std::string_view::npos) {
         const std::string_view number = member.substr(bracket + 1);
-        index = modText::RoundToLong(modText::LeadingNumber(number.substr(0, number.find(')'))));
+        index = modText::LeadingLong(number.substr(0, number.find(')')));
     }
     IDesignerControl* const control = form.FindControl(member.substr(0, bracket), index);
     if (control != nullptr) {
         control->SetSelected(true);
     }
-}
-
-ProcedureKind KindOf(std::string_view procedureType) {
-    struct KindRow {
-        std::string_view Type;
-        ProcedureKind Kind;
-    };
-    static constexpr KindRow kKinds[] = {
-        {"Property Get", ProcedureKind::PropertyGet},
-        {"Property Let", ProcedureKind::PropertyLet},
-        {"Property Set", ProcedureKind::PropertySet},
-    };
-    for (const KindRow& row : kKinds) {
-        if (modTextCase::Equal(row.Type, procedureType)) {
-            return row.Kind;
-        }
-    }
-    return ProcedureKind::SubOrFunction;
 }
 
 }  // namespace
@@ -89,7 +70,7 @@ void IDEHelper::DisplayDesigner(
         if (designer == nullptr || !designer->IsFormDesigner()) {
             return;
         }
-        if (violation.Location == kInControl) {
+        if (static_cast<Location>(violation.Location) == Location::Control) {
             SelectControl(*designer, violation.LocationMember);
         } else {
             DeselectAll(*designer);
@@ -111,10 +92,8 @@ void IDEHelper::SelectSourceLine(
             ShowCodeLine(component, found.Line);
             return;
         }
-        modHost::ShowMessage(
-            {MessageIcon::Information,
-             "Dorvik Workstation",
-             std::string(modViolationSearch::MessageOf(found.Why))});
+        modWorkstationMessage::Show(
+            MessageIcon::Information, std::string(modViolationSearch::MessageOf(found.Why)));
     });
 }
 
@@ -128,7 +107,7 @@ void IDEHelper::SelectProcedureStartLine(
         const std::int32_t line =
             procedure.empty()
                 ? 1
-                : component.CodeModule().ProcStartLine(procedure, KindOf(procedureType));
+                : component.CodeModule().ProcStartLine(procedure, ProcedureKindOf(procedureType));
         ShowCodeLine(component, line);
     });
 }

@@ -1,13 +1,12 @@
 #include "workstation/ide/IDEMenus.h"
 
 #include "MenuItems.h"
-#include "MenuStates.h"
 #include "foundation/log/Trap.h"
 #include "settings/DVKWorkData.h"
 #include "settings/modGlobal.h"
 #include "workstation/ide/IDEHelper.h"
+#include "workstation/view/ResultsView.h"
 
-#include <array>
 #include <span>
 #include <string>
 
@@ -16,7 +15,6 @@ namespace dorvik {
 namespace {
 
 constexpr std::string_view kModule = "IDEMenus";
-constexpr std::int32_t kViolationList = 1;
 
 void AddItems(CommandControl& bar, std::span<const menuitems::Row> rows) {
     for (const menuitems::Row& row : rows) {
@@ -29,23 +27,11 @@ void AddItems(CommandControl& bar, std::span<const menuitems::Row> rows) {
     }
 }
 
-const menuitems::Row* FindRow(std::string_view tag) {
-    for (const std::span<const menuitems::Row> rows : menuitems::kBars) {
-        for (const menuitems::Row& row : rows) {
-            if (row.Tag == tag) {
-                return &row;
-            }
-        }
-    }
-    return nullptr;
-}
-
-void Check(CommandControl& bar, const menuitems::Row& row, const DVKWorkData& settings) {
-    CommandControl* const item = row.Setting == nullptr ? nullptr : bar.FindTag(row.Tag);
-    if (item != nullptr) {
+void Check(CommandControl& item, const menuitems::Row& row, const DVKWorkData& settings) {
+    if (row.Setting != nullptr) {
         const bool checked = settings.*row.Setting;
-        item->SetChecked(checked);
-        item->SetFace(std::string(checked ? menuitems::kCheckedFace : menuitems::kBlankFace));
+        item.SetChecked(checked);
+        item.SetFace(std::string(checked ? menuitems::kCheckedFace : menuitems::kBlankFace));
     }
 }
 
@@ -57,14 +43,14 @@ struct Situation {
     bool RulebaseDocument = false;
 };
 
-bool IsEnabled(menustates::Idle idle, const Situation& situation) {
+bool IsEnabled(menuitems::Idle idle, const Situation& situation) {
+    using enum menuitems::Idle;
     switch (idle) {
-        case menustates::Idle::ProjectsOpen: return situation.ProjectsOpen;
-        case menustates::Idle::Results: return situation.ResultsAvailable;
-        case menustates::Idle::ResultsInList:
-            return situation.ResultsAvailable && situation.ListShown;
-        case menustates::Idle::RulebaseDocument: return situation.RulebaseDocument;
-        case menustates::Idle::Untouched: break;
+        case ProjectsOpen: return situation.ProjectsOpen;
+        case Results: return situation.ResultsAvailable;
+        case ResultsInList: return situation.ResultsAvailable && situation.ListShown;
+        case RulebaseDocument: return situation.RulebaseDocument;
+        case Kept: break;
     }
     return true;
 }
@@ -84,16 +70,13 @@ void IDEMenus::Initialise(IDEHelper& ideHelper) {
              settings.ToolbarTop,
              settings.ToolbarLeft,
              settings.ToolbarVisible});
-        const std::array bars = {m_menu, m_toolbar, m_listPopup};
-        for (std::size_t bar = 0; bar < bars.size(); ++bar) {
-            AddItems(*bars[bar], menuitems::kBars[bar]);
-            for (const menuitems::Row& row : menuitems::kBars[bar]) {
-                m_evtDorvik.push_back(
-                    m_ide->MenuEventsListener(*bars[bar]->FindTag(row.Tag)).Subscribe([this, &row] {
-                        Clicked(row.Tag);
-                    }));
-            }
+        for (std::size_t bar = 0; bar < Bars().size(); ++bar) {
+            AddItems(*Bars()[bar], menuitems::kBars[bar]);
         }
+        ForEachItem([this](CommandControl& item, const menuitems::Row& row) {
+            m_evtDorvik.push_back(
+                m_ide->MenuEventsListener(item).Subscribe([this, &row] { Clicked(row); }));
+        });
         m_evtDorvik.push_back(
             m_ide->MenuEventsListener(*m_menu).Subscribe([this] { Events.DorvikClick.Raise(); }));
         RefreshCheckMarks();
@@ -114,20 +97,33 @@ void IDEMenus::DestroyMenusAndToolbar() {
     });
 }
 
-void IDEMenus::Clicked(std::string_view tag) {
-    const menuitems::Row* const row = FindRow(tag);
-    if (row->Setting != nullptr) {
-        bool& setting = modGlobal::WorkData().*row->Setting;
+std::array<CommandControl*, 3> IDEMenus::Bars() const {
+    return {m_menu, m_toolbar, m_listPopup};
+}
+
+template <typename Visit>
+void IDEMenus::ForEachItem(const Visit& visit) const {
+    for (std::size_t bar = 0; bar < Bars().size(); ++bar) {
+        for (const menuitems::Row& row : menuitems::kBars[bar]) {
+            visit(*Bars()[bar]->FindTag(row.Tag), row);
+        }
+    }
+}
+
+void IDEMenus::Clicked(const menuitems::Row& row) {
+    if (row.Setting != nullptr) {
+        bool& setting = modGlobal::WorkData().*row.Setting;
         setting = !setting;
+    }
+    const Lifetime::Watch life = m_life.Watched();
+    if (row.Raised != nullptr) {
+        (Events.*row.Raised).Raise();
+    } else if (!row.IsSubmenu) {
+        Events.ExpandCollapseGroups.Raise(row.Tag == menuitems::kExpandAll);
+    }
+    if (!life.IsOver()) {
         RefreshCheckMarks();
     }
-    if (row->Raised != nullptr) {
-        (Events.*row->Raised).Raise();
-    } else if (!row->IsSubmenu) {
-        Events.ExpandCollapseGroups.Raise(tag == menuitems::kExpandAll);
-    }
-    // The command may have ended a grouping.
-    RefreshCheckMarks();
 }
 
 void IDEMenus::RefreshCheckMarks() {
@@ -135,12 +131,10 @@ void IDEMenus::RefreshCheckMarks() {
         if (m_menu == nullptr) {
             return;
         }
-        for (const menuitems::Row& row : menuitems::kMenu) {
-            Check(*m_menu, row, modGlobal::WorkData());
-        }
-        for (const menuitems::Row& row : menuitems::kListPopup) {
-            Check(*m_listPopup, row, modGlobal::WorkData());
-        }
+        const DVKWorkData& settings = modGlobal::WorkData();
+        ForEachItem([&settings](CommandControl& item, const menuitems::Row& row) {
+            Check(item, row, settings);
+        });
     });
 }
 
@@ -150,21 +144,19 @@ void IDEMenus::EnableDisable(
         if (m_menu == nullptr) {
             return;
         }
-        const std::array bars = {m_menu, m_toolbar, m_listPopup};
         const Situation situation{
             .ProjectsOpen = m_ide->ProjectsOpen(),
             .ResultsAvailable = resultsAvailable,
-            .ListShown = viewType == kViolationList,
+            .ListShown = viewType == viewtype::kViolationList,
             .RulebaseDocument = rbDocAvailable};
-        for (const menustates::Row& row : menustates::kStates) {
-            CommandControl& item = bars[static_cast<std::size_t>(row.Bar)]->Item(row.Position);
-            if (reviewRunning && row.Running != menustates::Running::Untouched) {
-                item.SetEnabled(row.Running == menustates::Running::On);
+        ForEachItem([&](CommandControl& item, const menuitems::Row& row) {
+            if (reviewRunning && row.Running != menuitems::Running::Kept) {
+                item.SetEnabled(row.Running == menuitems::Running::On);
             }
-            if (!reviewRunning && row.Idle != menustates::Idle::Untouched) {
+            if (!reviewRunning && row.Idle != menuitems::Idle::Kept) {
                 item.SetEnabled(IsEnabled(row.Idle, situation));
             }
-        }
+        });
         RefreshCheckMarks();
     });
 }
@@ -185,10 +177,9 @@ void IDEMenus::InvertReviewOption(bool reviewRunning) {
         if (m_menu == nullptr) {
             return;
         }
-        const std::array bars = {m_menu, m_toolbar, m_listPopup};
-        for (std::size_t bar = 0; bar < bars.size(); ++bar) {
+        for (std::size_t bar = 0; bar < Bars().size(); ++bar) {
             const menuitems::ReviewRow& row = menuitems::kReviewItems[bar];
-            CommandControl& item = *bars[bar]->FindTag(row.Tag);
+            CommandControl& item = *Bars()[bar]->FindTag(row.Tag);
             item.SetCaption(std::string(reviewRunning ? row.CancelCaption : row.Caption));
             item.SetFace(
                 std::string(reviewRunning ? menuitems::kCancelFace : menuitems::kReviewFace));

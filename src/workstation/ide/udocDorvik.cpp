@@ -2,9 +2,10 @@
 
 #include "base/modTextCase.h"
 #include "foundation/log/Trap.h"
-#include "platform/host/modHost.h"
 #include "settings/DVKWorkData.h"
 #include "settings/modGlobal.h"
+#include "source/Location.h"
+#include "workstation/controls/modWorkstationMessage.h"
 #include "workstation/ide/IDEHelper.h"
 #include "workstation/ide/IDEMenus.h"
 
@@ -14,10 +15,6 @@ namespace {
 
 constexpr std::string_view kModule = "udocDorvik";
 
-/// Where a violation is: the location codes of the parser.
-constexpr std::int32_t kInProject = 1;
-constexpr std::int32_t kInLayout = 2;
-constexpr std::int32_t kInControl = 5;
 constexpr std::string_view kReferenceMember = "(Reference)";
 
 }  // namespace
@@ -67,8 +64,9 @@ void udocDorvik::UserDocument_InitProperties() {
 
 void udocDorvik::VisibleChanged(bool visible) {
     Trap({kModule, "VisibleChanged"}, [&] {
+        const Lifetime::Watch life = m_life.Watched();
         m_results.SetWorkbenchVisible(visible);
-        if (visible && m_ideHelper != nullptr) {
+        if (!life.IsOver() && visible && m_ideHelper != nullptr) {
             m_ideHelper->RefreshMenus();
         }
     });
@@ -90,26 +88,20 @@ void udocDorvik::GotoSource() {
 void udocDorvik::GotoViolation() {
     const auto details = m_results.GetViolationDetails();
     if (!details) {
-        modHost::ShowMessage(
-            {MessageIcon::Information,
-             "Dorvik Workstation",
-             "Please select a violation to goto in the source."});
+        modWorkstationMessage::Show(
+            MessageIcon::Information, "Please select a violation to goto in the source.");
         return;
     }
     const Violation& violation = details->Violation;
-    switch (violation.Location) {
-        case kInProject:
-            if (violation.LocationMember == kReferenceMember) {
-                m_ideHelper->ShowVBReferences();
-            } else {
-                m_ideHelper->ShowVBProjectProperties();
-            }
-            break;
-        case kInLayout:
-        case kInControl:
-            m_ideHelper->DisplayDesigner(details->Project, details->File, violation);
-            break;
-        default: m_ideHelper->SelectSourceLine(details->Project, details->File, violation);
+    const auto location = static_cast<Location>(violation.Location);
+    if (location == Location::Layout || location == Location::Control) {
+        m_ideHelper->DisplayDesigner(details->Project, details->File, violation);
+    } else if (location != Location::File) {
+        m_ideHelper->SelectSourceLine(details->Project, details->File, violation);
+    } else if (violation.LocationMember == kReferenceMember) {
+        m_ideHelper->ShowVBReferences();
+    } else {
+        m_ideHelper->ShowVBProjectProperties();
     }
 }
 
@@ -138,9 +130,12 @@ void udocDorvik::ExpandCollapseGroups(bool expand) {
 
 void udocDorvik::cmdGotoSource_Click() {
     Trap({kModule, "cmdGotoSource_Click"}, [&] {
+        const Lifetime::Watch life = m_life.Watched();
         m_results.SetIgnoreFileEvents(true);
         GotoSource();
-        m_results.SetIgnoreFileEvents(false);
+        if (!life.IsOver()) {
+            m_results.SetIgnoreFileEvents(false);
+        }
     });
 }
 

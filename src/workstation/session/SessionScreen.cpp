@@ -1,6 +1,7 @@
 #include "workstation/session/SessionScreen.h"
 
 #include "criteria/ProgressInfo.h"
+#include "criteria/ReviewAction.h"
 #include "workstation/dialogs/frmAbout.h"
 #include "workstation/dialogs/frmOptions.h"
 #include "workstation/dialogs/frmProgress.h"
@@ -14,15 +15,13 @@ namespace dorvik {
 
 namespace {
 
-constexpr std::int32_t kActionReviewing = 2;
-
 /// Counts the source files that a review begins.
 class FileCounter {
 public:
     /// The number of the file that has begun; 0 where none has.
     std::int32_t Begun(const ProgressInfo& progress) {
         const bool isNew =
-            progress.Action() == kActionReviewing && progress.CurrentSourceFile() > 0 &&
+            progress.Action() == reviewaction::kReviewing && progress.CurrentSourceFile() > 0 &&
             (progress.CurrentProject() != m_project || progress.CurrentSourceFile() != m_file);
         if (!isNew) {
             return 0;

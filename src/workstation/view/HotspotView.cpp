@@ -102,11 +102,7 @@ void HotspotView::lvwHotspots_ColumnClick(std::size_t column) {
 }
 
 void HotspotView::SortRows() {
-    for (std::size_t column = 0; column < m_controls.Hotspots.Columns().size(); ++column) {
-        const std::string_view icon = m_descending ? "SortDescending" : "SortAscending";
-        m_controls.Hotspots.SetSortIcon(
-            column, column == m_sortColumn ? std::string(icon) : std::string());
-    }
+    m_controls.Hotspots.ShowSortIcon(m_sortColumn, !m_descending);
     // Equal rows are in the order of filling, whatever was sorted before.
     m_controls.Hotspots.RestoreOrder();
     m_controls.Hotspots.Sort(m_sortColumn, !m_descending);
@@ -118,50 +114,43 @@ void HotspotView::PopulateSourceFilesHotspotView() {
     m_controls.Hotspots.Clear();
     const std::string projectType = m_results.DB().Items().GetProjectData("Type");
     for (const BasicObject& file : m_results.DB().Items().GetProjectSourceFileList(true, false)) {
-        m_controls.Hotspots.Add(SourceFileRow(file, projectType));
+        ComboItem item = modSourceItems::FileItem(file, m_results.Review.ProjectName, projectType);
+        const bool hasFigures = item.Tag != modSourceItems::kProjectFileTag;
+        const ViolationTally tally = m_results.DB().Figures().GetSourceFileViolationStats(
+            file.ObjectID, /*ignoreFilter=*/true);
+        AddRow(std::move(item), tally, hasFigures ? &file : nullptr, ItemType::File);
     }
     SortRows();
-}
-
-ListRow HotspotView::SourceFileRow(const BasicObject& file, std::string_view projectType) {
-    ComboItem item = modSourceItems::FileItem(file, m_results.Review.ProjectName, projectType);
-    ListRow row{std::move(item.Key), std::move(item.Image), {}};
-    AddCell(row, item.Text);
-    const ViolationTally tally =
-        m_results.DB().Figures().GetSourceFileViolationStats(file.ObjectID, /*ignoreFilter=*/true);
-    AddCell(row, PaddedNumber(tally.Count));
-    AddCell(row, PaddedNumber(tally.Impact));
-    if (item.Tag == modSourceItems::kProjectFileTag) {
-        row.Cells.insert(row.Cells.end(), kFiguresNotAvailable, {std::string(kNotAvailable)});
-    } else {
-        AddFigures(row, file, ItemType::File);
-    }
-    return row;
 }
 
 void HotspotView::PopulateProcsHotspotView(std::int32_t sourceId) {
     m_controls.Hotspots.Clear();
     for (const BasicObject& procedure : m_results.DB().Items().GetSourceFileProcList(
              sourceId, /*includeAll=*/true, /*withStats=*/true)) {
-        m_controls.Hotspots.Add(ProcedureRow(procedure));
+        const bool hasFigures = !modSourceItems::IsSection(procedure);
+        const ViolationTally tally = m_results.DB().Figures().GetProcedureViolationStats(
+            procedure.ObjectID, /*ignoreFilter=*/true);
+        AddRow(
+            modSourceItems::ProcedureItem(procedure),
+            tally,
+            hasFigures ? &procedure : nullptr,
+            ItemType::Procedure);
     }
     SortRows();
 }
 
-ListRow HotspotView::ProcedureRow(const BasicObject& procedure) {
-    ComboItem item = modSourceItems::ProcedureItem(procedure);
+void HotspotView::AddRow(
+    ComboItem item, const ViolationTally& tally, const BasicObject* measured, ItemType itemType) {
     ListRow row{std::move(item.Key), std::move(item.Image), {}};
     AddCell(row, item.Text);
-    const ViolationTally tally = m_results.DB().Figures().GetProcedureViolationStats(
-        procedure.ObjectID, /*ignoreFilter=*/true);
     AddCell(row, PaddedNumber(tally.Count));
     AddCell(row, PaddedNumber(tally.Impact));
-    if (modSourceItems::IsSection(procedure)) {
-        row.Cells.insert(row.Cells.end(), kFiguresNotAvailable, {std::string(kNotAvailable)});
+    if (measured != nullptr) {
+        AddFigures(row, *measured, itemType);
     } else {
-        AddFigures(row, procedure, ItemType::Procedure);
+        row.Cells.insert(row.Cells.end(), kFiguresNotAvailable, {std::string(kNotAvailable)});
     }
-    return row;
+    m_controls.Hotspots.Add(std::move(row));
 }
 
 void HotspotView::AddFigures(ListRow& row, const BasicObject& object, ItemType itemType) {

@@ -24,20 +24,21 @@ public:
     void PopulateSourceFilesHotspotView();
     void PopulateProcsHotspotView(std::int32_t sourceId);
     void Clear() { m_controls.Hotspots.Clear(); }
-    bool SortsDescending() const { return m_descending; }
-    /// From 0.
-    std::size_t SortColumn() const { return m_sortColumn; }
 
 private:
-    ListRow SourceFileRow(const BasicObject& file, std::string_view projectType);
-    ListRow ProcedureRow(const BasicObject& procedure);
+    /// `measured` is null for an item without figures.
+    void AddRow(
+        ComboItem item,
+        const ViolationTally& tally,
+        const BasicObject* measured,
+        ItemType itemType);
     void AddFigures(ListRow& row, const BasicObject& object, ItemType itemType);
     void SortRows();
     void lvwHotspots_ColumnClick(std::size_t column);
 
     WorkbenchControls& m_controls;
     ShownResults& m_results;
-    std::size_t m_sortColumn = 0;
+    std::size_t m_sortColumn = 0;  // from 0
     bool m_descending = false;
     Subscription m_onColumn;
 };

@@ -1,10 +1,10 @@
 #include "ResultsBrowser.h"
 
-#include "base/modTextCase.h"
 #include "foundation/log/Trap.h"
 #include "modSourceItems.h"
 #include "source/BasicObject.h"
 #include "source/ItemType.h"
+#include "workstation/dialogs/modAllItems.h"
 
 #include <algorithm>
 
@@ -60,7 +60,7 @@ void ResultsBrowser::PopulateSourceFilesCombo() {
     }
     ResultsDB& results = m_at.Results.DB();
     const std::string projectType = results.Items().GetProjectData("Type");
-    std::vector<ComboItem> items{modSourceItems::AllFilesItem()};
+    std::vector<ComboItem> items{modAllItems::AllFiles()};
     for (const BasicObject& file :
          results.Items().GetProjectSourceFileList(/*includeAll=*/!ShowsList(), false)) {
         items.push_back(
@@ -77,7 +77,7 @@ void ResultsBrowser::PopulateSourceFilesCombo() {
 std::string ResultsBrowser::DefaultFileKey() const {
     const ComboBox& files = m_at.Controls.Files;
     const bool showsAll = m_at.ProjectCount() == 1 || files.Count() < 2;
-    return showsAll ? std::string(modSourceItems::kAllItemsKey) : files.Item(1).Key;
+    return showsAll ? std::string(modAllItems::kKey) : files.Item(1).Key;
 }
 
 void ResultsBrowser::SelectSFComboItem(std::string_view key, bool populate) {
@@ -112,10 +112,10 @@ void ResultsBrowser::ShowSelectedFile(bool populate) {
     }
     if (isWhole) {
         PopulateViolationsList(item);
+        m_at.List.SelectFirstRow();
     } else {
         PopulateProceduresCombo(id, populate);
     }
-    m_at.List.SelectFirstRow();
 }
 
 void ResultsBrowser::SelectFile(std::string_view name) {
@@ -184,8 +184,9 @@ void ResultsBrowser::ShowSelectedProcedure() {
 }
 
 void ResultsBrowser::PopulateViolationsList(const ComboItem& item) {
-    m_at.EnableDisableGroupBySrcFiles.Raise(modSourceItems::IsAllFiles(item));
     m_at.List.PopulateViolationsList(item);
+    // The list may have dropped the group, which the menus show.
+    m_at.EnableDisableGroupBySrcFiles.Raise(modSourceItems::IsAllFiles(item));
 }
 
 void ResultsBrowser::RefreshViolationsList() {

@@ -13,12 +13,14 @@
 #include "results/modResultsFilename.h"
 #include "settings/DVKWorkData.h"
 #include "settings/modGlobal.h"
+#include "source/Location.h"
 #include "source/modDorvikUtils.h"
 #include "workstation/dialogs/frmReviewOptions.h"
 #include "workstation/dialogs/frmReviewSummary.h"
 #include "workstation/screen/IScreen.h"
 #include "workstation/view/WorkbenchControls.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace dorvik {
@@ -26,7 +28,6 @@ namespace dorvik {
 namespace {
 
 constexpr std::string_view kModule = "ResultsView";
-constexpr std::int32_t kLocationProject = 1;
 
 }  // namespace
 
@@ -147,13 +148,8 @@ void ResultsView::PopulateResults(std::shared_ptr<ReviewCriteria> criteria, bool
 }
 
 std::int32_t ResultsView::FindProject(std::string_view name) const {
-    const std::int32_t count = m_criteria ? m_criteria->ProjectList().Count() : 0;
-    for (std::int32_t index = 1; index <= count; ++index) {
-        if (modTextCase::Equal(m_criteria->ProjectList().Key(index), name)) {
-            return index;
-        }
-    }
-    return 0;
+    const std::int32_t index = m_criteria ? m_criteria->ProjectList().FindIndexByKey(name) : -1;
+    return std::max(index, 0);
 }
 
 void ResultsView::PopulateProjectData(std::int32_t index, bool evenHidden) {
@@ -189,8 +185,11 @@ void ResultsView::ShowNoResults() {
 
 void ResultsView::OpenDatabase() {
     const std::string file = m_parts->Results.Review.DatabaseFile;
+    const Lifetime::Watch life = m_life.Watched();
     if (!modUtilFunctions::FileExists(file) || !m_parts->Results.Open(file)) {
-        ShowNoResults();
+        if (!life.IsOver()) {
+            ShowNoResults();
+        }
         return;
     }
     m_parts->Controls.Panel.Set("");
@@ -327,8 +326,9 @@ void ResultsView::FilterResults() {
         form.SetCategoryList(lists.Categories);
         form.SetSeverityList(lists.Severities);
         form.FilterOptions(m_parts->Results.DB().Filter());
+        const Lifetime::Watch life = m_life.Watched();
         m_parts->Screen.ShowModal(form);
-        if (!form.Cancelled() && ResultsAvailable()) {
+        if (!life.IsOver() && !form.Cancelled() && ResultsAvailable()) {
             m_parts->Browser.RebuildFiles();
         }
     });
@@ -370,7 +370,7 @@ std::optional<ViolationDetails> ResultsView::GetViolationDetails() {
         details.emplace();
         details->Violation = results.Violations().GetViolationDetail(*id);
         details->Project = m_parts->Results.Review.ProjectName;
-        if (details->Violation.Location != kLocationProject) {
+        if (static_cast<Location>(details->Violation.Location) != Location::File) {
             ViolationSourceLocation location =
                 results.Violations().GetViolationSourceLocation(*id, false);
             details->Project = std::move(location.Project);

@@ -1,8 +1,8 @@
 #include "ShownResults.h"
 
-#include "platform/host/modHost.h"
 #include "settings/DVKWorkData.h"
 #include "settings/modGlobal.h"
+#include "workstation/controls/modWorkstationMessage.h"
 #include "workstation/view/modBenchDatabase.h"
 
 #include <utility>
@@ -11,7 +11,6 @@ namespace dorvik {
 
 namespace {
 
-constexpr std::string_view kTitle = "Dorvik Workstation";
 constexpr std::string_view kWrongVersion =
     "Incorrect results database version. Please perform a fresh review of this project to ensure "
     "that the results database is correctly updated.";
@@ -29,10 +28,8 @@ bool ShownResults::Open(const std::string& file) {
     Close();
     ReadSortFields();
     if (!modBenchDatabase::Open(*m_database, file)) {
-        modHost::ShowMessage(
-            {MessageIcon::Exclamation,
-             std::string(kTitle),
-             modBenchDatabase::Objection(*m_database, kWrongVersion)});
+        modWorkstationMessage::Show(
+            MessageIcon::Exclamation, modBenchDatabase::Objection(*m_database, kWrongVersion));
         return false;
     }
     m_available = true;

@@ -190,17 +190,30 @@ void ViolationListView::ResetGridValueLists() {
 }
 
 void ViolationListView::PopulateViolationsList(const ComboItem& item) {
-    if (!modSourceItems::IsAllFiles(item)) {
-        DropSourceFileGroup();
-    }
     const bool hidesCompleted = modGlobal::WorkData().CompletedItemsOption == kHideCompleted;
     m_controls.List.SetRecordSource(modViolationListSql::ViolationListSql(
         ScopeOf(item),
         modSourceItems::IdOfKey(item.Key),
         m_results.DB().FilterString(),
         hidesCompleted));
-    m_controls.List.Rebind();
+    if (modSourceItems::IsAllFiles(item)) {
+        m_controls.List.Rebind();
+    } else {
+        RebindWithoutSourceFileGroup();
+    }
     m_controls.Placeholder.Set(m_controls.List.DataRowCount() == 0);
+}
+
+void ViolationListView::RebindWithoutSourceFileGroup() {
+    constexpr std::int32_t kSourceFile = NumberOf(ViolationColumn::SourceFile);
+    std::vector<GridOrderKey> groups = m_controls.List.Groups();
+    const std::size_t dropped = std::erase_if(
+        groups, [](const GridOrderKey& group) { return group.Column == kSourceFile; });
+    m_controls.List.Rebind(std::move(groups));
+    if (dropped > 0) {
+        modGlobal::WorkData().GroupBySourceFile = false;
+        StoreGroups();
+    }
 }
 
 void ViolationListView::SelectFirstRow() {
@@ -273,15 +286,6 @@ void ViolationListView::GroupByNone() {
     settings.GroupBySeverity = false;
     settings.RVVLGroupsNum = 0;
     m_controls.List.SetGroups({});
-}
-
-void ViolationListView::DropSourceFileGroup() {
-    constexpr std::int32_t kSourceFile = NumberOf(ViolationColumn::SourceFile);
-    if (m_controls.List.HasGroup(kSourceFile)) {
-        modGlobal::WorkData().GroupBySourceFile = false;
-        m_controls.List.RemoveGroup(kSourceFile);
-        StoreGroups();
-    }
 }
 
 void ViolationListView::StoreGroups() const {

@@ -44,7 +44,7 @@ public:
 private:
     void RestoreOrder();
     void ResizeColumns();
-    void DropSourceFileGroup();
+    void RebindWithoutSourceFileGroup();
     void WaitForPane();
 
     void m_grdList_RowColChange();

@@ -2,6 +2,7 @@
 
 #include "base/modTextCase.h"
 #include "source/modDorvikUtils.h"
+#include "workstation/dialogs/modAllItems.h"
 #include "workstation/dialogs/modItemIcons.h"
 
 #include <algorithm>
@@ -14,7 +15,6 @@ namespace {
 
 constexpr std::string_view kFileKeyEnd = "SFKey";
 constexpr std::string_view kProcedureKeyEnd = "PRKey";
-constexpr std::string_view kAllItemsImage = "AllItems";
 constexpr std::string_view kFigureBegin = " [";
 constexpr std::size_t kPropertyKindLength = 3;  // "Let", "Get", "Set"
 
@@ -32,16 +32,12 @@ bool IsProperty(std::string_view type) {
 
 }  // namespace
 
-ComboItem AllFilesItem() {
-    return {std::string(kAllItemsKey), "", "(All Source Files)", std::string(kAllItemsImage)};
-}
-
 ComboItem AllProceduresItem(std::int32_t sourceId) {
     return {
         KeyOf(sourceId, kFileKeyEnd),
         std::string(kBlankItemTag),
         "(All Items)",
-        std::string(kAllItemsImage)};
+        std::string(modAllItems::kImage)};
 }
 
 ComboItem
@@ -106,7 +102,7 @@ std::int32_t IdOfKey(std::string_view key) {
 }
 
 bool IsAllFiles(const ComboItem& item) {
-    return item.Key == kAllItemsKey;
+    return item.Key == modAllItems::kKey;
 }
 
 bool IsWhole(const ComboItem& item) {

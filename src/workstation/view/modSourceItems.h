@@ -11,15 +11,12 @@
 /// How source files and procedures are shown in boxes and lists.
 namespace dorvik::modSourceItems {
 
-inline constexpr std::string_view kAllItemsKey = "~AllItems~";
 inline constexpr std::string_view kProjectFileTag = "VBPFile";
 inline constexpr std::string_view kSourceFileTag = "SourceFile";
 inline constexpr std::string_view kBlankItemTag = "BlankItem";
 inline constexpr std::string_view kProcedureTag = "Procedure";
 
-/// The item that stands for all source files.
-ComboItem AllFilesItem();
-/// That for all procedures of a file, by the key of the file.
+/// The item that stands for all procedures of a file, by the key of the file.
 ComboItem AllProceduresItem(std::int32_t sourceId);
 /// A source file or, under the name of the project, the project file.
 ComboItem

@@ -1,6 +1,7 @@
 #include "modViolationDocument.h"
 
 #include "reports/format/HTMLHelper.h"
+#include "source/Location.h"
 
 #include <cstdint>
 
@@ -10,7 +11,6 @@ namespace {
 
 constexpr std::string_view kFont = "Tahoma";
 constexpr std::int16_t kFontSize = 9;
-constexpr std::int32_t kLocationControl = 5;
 constexpr std::size_t kRuleIdDigits = 4;
 constexpr std::string_view kSmall = "<SMALL STYLE='font: bold 8pt'>";
 constexpr std::string_view kEndSmall = "</SMALL>";
@@ -56,7 +56,7 @@ std::string ViolationDocument(
         AddPart(html, "Source Line:", violation.SourceLine);
         html.AddBreak();
     }
-    if (violation.Location == kLocationControl) {
+    if (static_cast<Location>(violation.Location) == Location::Control) {
         AddPart(html, "Control:", violation.LocationMember);
         html.AddBreak();
     }

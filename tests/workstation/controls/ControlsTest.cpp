@@ -197,5 +197,23 @@ TEST(CommandControl, ItemsAreFoundByTagNumberAndCaption) {
     EXPECT_EQ(bar.FindTag("DORVIK"), nullptr);
 }
 
+TEST(CommandControl, OnlyAnotherLookOrPlaceIsAChange) {
+    CommandControl item(CommandKind::Button, {.Caption = "Review", .Face = "StartReview"});
+    int changes = 0;
+    const Subscription subscription = item.Changed.Subscribe([&] { ++changes; });
+    item.SetCaption("Review");
+    item.SetFace("StartReview");
+    item.SetEnabled(true);
+    item.SetChecked(false);
+    item.SetPlace({});
+    EXPECT_EQ(changes, 0);
+    item.SetCaption("Cancel");
+    item.SetFace("CancelReview");
+    item.SetEnabled(false);
+    item.SetChecked(true);
+    item.SetPlace({.Left = 7});
+    EXPECT_EQ(changes, 5);
+}
+
 }  // namespace
 }  // namespace dorvik

@@ -228,9 +228,12 @@ TEST_F(OptionsForm, AnEmptyTickCountReadsAsZero) {
 
 TEST_F(OptionsForm, ATickCountBeyond16BitsIsLoggedAndKeepsTheFormOpen) {
     frmOptions form(m_screen);
+    form.chkClearLog.Set(!Settings().ClearLog);
+    const bool clearsLog = Settings().ClearLog;
     form.TypeTickCount("32768");
     EXPECT_FALSE(form.Ok());
     EXPECT_FALSE(form.IsClosed());
+    EXPECT_EQ(Settings().ClearLog, clearsLog);
     EXPECT_EQ(Settings().BackgroundTickCount, 100);
     EXPECT_THAT(ErrorLog(), HasSubstr("frmOptions::Ok"));
     form.TypeTickCount("32767");

@@ -192,6 +192,22 @@ TEST_F(ReviewOptionsOk, AnEmptyToleranceIsNotSetAndZeroIsALimit) {
     EXPECT_EQ(m_criteria->ToleranceCyclomaticComplexity(), 0);
 }
 
+TEST_F(ReviewOptionsOk, ATooLargeToleranceKeepsTheFormOpenAndTakesOverNothing) {
+    OpenAndChoose();
+    const std::string rulebase = m_criteria->LoadCriteria().RulebaseFile();
+    const bool clearsLog = m_criteria->ClearLogBeforeReview();
+    m_form->chkClearLog.Set(!clearsLog);
+    m_form->SelectAllOrNone(false);
+    m_form->txtCount[0].Set("7");
+    m_form->txtImpact[5].Set("2147483648");
+    EXPECT_FALSE(m_form->Ok());
+    EXPECT_FALSE(m_form->IsClosed());
+    EXPECT_EQ(m_criteria->LoadCriteria().RulebaseFile(), rulebase);
+    EXPECT_EQ(m_criteria->ClearLogBeforeReview(), clearsLog);
+    EXPECT_EQ(m_criteria->ProjectList().SelectedCount(), 1);
+    EXPECT_EQ(m_criteria->ToleranceCount(1), -1);
+}
+
 TEST_F(ReviewOptionsOk, EachConventionSetsItsFlagAlone) {
     struct Row {
         const char* Key;

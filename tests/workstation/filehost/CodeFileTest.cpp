@@ -119,6 +119,28 @@ TEST(CodeFile, LinesOfUtf16AreThoseOfTheReaderOfAReview) {
     }
 }
 
+TEST(CodeFile, RunsOfAttributesAreKeptWithTheShownLineBeforeThem) {
+    const test::TemporaryFolder folder;
+    std::string attributes;
+    for (int number = 0; number < 100'000; ++number) {
+        attributes += "Attribute x.VB_VarHelpID = " + std::to_string(number) + "\n";
+    }
+    const std::string head = "Attribute VB_Name = \"m\"\n";
+    const std::string bytes = head + "Dim x\n" + attributes + "Dim \xE4\n" + attributes;
+    CodeFile file(folder.Write("m.bas", bytes), 1252, FileType::Module);
+    EXPECT_EQ(file.Texts(), (Texts{"Dim x", "Dim \u00E4"}));
+    EXPECT_TRUE(file.Encoded().Bytes == bytes);
+    file.Exchange(1, 1, {});
+    EXPECT_TRUE(file.Encoded().Bytes == head + "Dim \xE4\n" + attributes);
+}
+
+TEST(CodeFile, CommentAfterAPageBreakIsNotContinued) {
+    const test::TemporaryFolder folder;
+    const std::string path =
+        folder.Write("m.bas", "Attribute VB_Name = \"m\"\n\f' note _\nAttribute x.VB_A = 1\nDim y");
+    EXPECT_EQ(CodeFile(path, 1252, FileType::Module).Texts(), (Texts{"\f' note _", "Dim y"}));
+}
+
 TEST(CodeFile, FileThatIsNotThereRaises) {
     const test::TemporaryFolder folder;
     EXPECT_THROW(CodeFile(folder.Path("gone.bas"), 1252, FileType::Module), BasicError);

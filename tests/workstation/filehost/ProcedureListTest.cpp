@@ -62,6 +62,33 @@ TEST(ProcedureList, DefinitionMayGoOverSeveralLinesAndHaveTabsAndComments) {
         (Texts{"A 0: 1 1 4", "D 0: 5 5 6"}));
 }
 
+TEST(ProcedureList, CharactersThatPrintAsABlankInFrontOfAStatementAreBlanks) {
+    EXPECT_EQ(
+        DescribedAll("\fSub A()\n\fEnd Sub\n12\fSub B(): \fEnd Sub"),
+        (Texts{"A 0: 1 1 2", "B 0: 3 3 3"}));
+    EXPECT_EQ(
+        DescribedAll("\xC2\xA0 Sub A()\nx = 1:\xC2\xA0"
+                     "End Sub"),
+        Texts{"A 0: 1 1 2"});
+    using namespace std::string_view_literals;
+    EXPECT_EQ(DescribedAll("\0Sub A()\n\0End Sub"sv), Texts{"A 0: 1 1 2"});
+}
+
+TEST(ProcedureList, LineOfAPageBreakAndACommentBelongsToTheNextProcedure) {
+    EXPECT_EQ(DescribedAll("Dim x\n\f\n\f' A.\nSub A()\nEnd Sub"), Texts{"A 0: 2 4 5"});
+}
+
+TEST(ProcedureList, TabIsABlankInFrontOfAStatementAlone) {
+    EXPECT_EQ(DescribedAll("\tSub A()\n\tEnd Sub\nSub\tB()\nEnd Sub"), Texts{"A 0: 1 1 2"});
+    EXPECT_EQ(DescribedAll("Sub A\t(b)\nEnd Sub"), Texts{"A 0: 1 1 2"});
+}
+
+TEST(ProcedureList, ContinuedLinesAreJoinedAsInAReview) {
+    EXPECT_EQ(
+        DescribedAll("Sub _\n  A _ \n ()\nEnd _\n\fSub\n_\n Sub B()\nEnd Sub"),
+        (Texts{"A 0: 1 1 5", "B 0: 6 6 8"}));
+}
+
 TEST(ProcedureList, StatementsOfOneLineAreLookedAtOneByOne) {
     EXPECT_EQ(
         DescribedAll(

@@ -315,6 +315,21 @@ TEST_F(IDEMenusTest, AGroupByItemFlipsItsCheckMarkInBothMenusAndItsSetting) {
     EXPECT_EQ(Of("DORVIK.GROUPBYSEVERITY").Look().Face, "Blank");
 }
 
+TEST_F(IDEMenusTest, ACheckMarkIsDrawnOnceForAClick) {
+    Start();
+    int changes = 0;
+    std::vector<Subscription> subscriptions;
+    for (const std::string_view tag :
+         {"DORVIK.GROUPBYCATEGORY", "DORVIK.GROUPBYRULE", "DORVIK.GROUPBYSEVERITY"}) {
+        subscriptions.push_back(Of(tag).Changed.Subscribe([&changes] { ++changes; }));
+    }
+    Of("DORVIK.GROUPBYSEVERITY").Click();
+    EXPECT_EQ(changes, 2);  // the mark and its face
+    Of("DORVIK.HELPABOUT").Click();
+    Menus().EnableDisable(true, 1, true, false);
+    EXPECT_EQ(changes, 2);
+}
+
 TEST_F(IDEMenusTest, TheSettingIsFlippedBeforeTheEvent) {
     Start();
     bool seen = false;

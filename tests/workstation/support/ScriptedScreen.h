@@ -18,6 +18,7 @@ public:
     std::function<void(frmOptions&)> OnOptions;
     std::function<void(frmReviewOptions&)> OnReviewOptions;
     std::function<void(frmProgress&)> OnProgress;
+    std::function<void()> OnChooseFile;  // before the answer
     std::optional<std::string> ChosenFile;
     FileRequest LastRequest;
     frmProgress* ShownProgress = nullptr;
@@ -47,6 +48,9 @@ public:
     }
     std::optional<std::string> ChooseFile(const FileRequest& request) override {
         LastRequest = request;
+        if (OnChooseFile) {
+            OnChooseFile();
+        }
         return ChosenFile;
     }
     std::optional<std::string>

@@ -18,6 +18,15 @@ protected:
     bool IsCompleted(std::int32_t id) {
         return m_controls.List.Value(id, NumberOf(ViolationColumn::Completed)).AsBoolean();
     }
+    /// What becomes current, 0 for nothing.
+    template <typename Action>
+    std::vector<std::int32_t> CurrentKeysDuring(const Action& action) {
+        std::vector<std::int32_t> keys;
+        const Subscription subscription = m_controls.List.CurrentRowChanged.Subscribe(
+            [&] { keys.push_back(m_controls.List.CurrentKey().value_or(0)); });
+        action();
+        return keys;
+    }
     static constexpr const char* kAll =
         "SELECT ItemID & '_' & ItemType As ItemIDType, * FROM Violations";
     static constexpr const char* kOfFile =
@@ -327,8 +336,12 @@ TEST_F(ViolationList, AGroupRowThatBecomesCurrentBlanksThePane) {
 
 TEST_F(ViolationList, OneFileDropsTheSourceFileGroupAndItDoesNotComeBack) {
     std::vector<bool> raised;
-    const Subscription subscription = m_view.EnableDisableGroupBySrcFiles.Subscribe(
-        [&](bool enabled) { raised.push_back(enabled); });
+    std::vector<bool> marks;  // what the menus show by the settings
+    const Subscription subscription =
+        m_view.EnableDisableGroupBySrcFiles.Subscribe([&](bool enabled) {
+            raised.push_back(enabled);
+            marks.push_back(Settings().GroupBySourceFile);
+        });
     Settings().GroupBySourceFile = true;
     m_view.GroupBySourceFile();
     Settings().GroupByCategory = true;
@@ -340,6 +353,31 @@ TEST_F(ViolationList, OneFileDropsTheSourceFileGroupAndItDoesNotComeBack) {
     ChooseFile("~AllItems~");
     EXPECT_THAT(m_controls.List.Groups(), ElementsAre(GridOrderKey{7}));
     EXPECT_THAT(raised, ElementsAre(false, true));
+    EXPECT_THAT(marks, ElementsAre(false, false));
+}
+
+TEST_F(ViolationList, OneFileWithoutItsGroupIsArrangedOnce) {
+    Settings().GroupBySourceFile = true;
+    m_view.GroupBySourceFile();
+    int arranged = 0;
+    const Subscription subscription = m_controls.List.Changed.Subscribe(
+        [&](GridChange change, std::size_t) { arranged += change == GridChange::Rows ? 1 : 0; });
+    ChooseFile("1SFKey");
+    EXPECT_EQ(arranged, 1);
+    EXPECT_THAT(Violations(), ElementsAre(2));
+}
+
+TEST_F(ViolationList, AFileShowsItsFirstViolationOnce) {
+    const std::vector<std::int32_t> shown = CurrentKeysDuring([&] { ChooseFile("2SFKey"); });
+    EXPECT_THAT(shown, ElementsAre(0, 3));
+}
+
+TEST_F(ViolationList, AFileOfTheHotspotsShowsItsFirstViolationOnce) {
+    m_view.SwitchView(viewtype::kHotspots);
+    m_controls.Hotspots.Choose(m_controls.Hotspots.Find("3SFKey").value());
+    const std::vector<std::int32_t> shown =
+        CurrentKeysDuring([&] { m_view.SwitchView(viewtype::kViolationList); });
+    EXPECT_THAT(shown, ElementsAre(0, 8));
 }
 
 TEST_F(ViolationList, RestoresTheStoredGroups) {

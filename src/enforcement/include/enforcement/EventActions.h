@@ -1,8 +1,8 @@
 #pragma once
 
 #include "enforcement/ReviewContext.h"
-#include "parser/Location.h"
 #include "parser/ParserEvent.h"
+#include "source/Location.h"
 
 #include <memory>
 #include <string_view>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "parser/Location.h"
 #include "parser/ParserEvent.h"
 #include "rulebase/model/RuleType.h"
+#include "source/Location.h"
 
 #include <cstdint>
 #include <string_view>

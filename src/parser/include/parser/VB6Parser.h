@@ -1,10 +1,10 @@
 #pragma once
 
 #include "parser/IFileParser.h"
-#include "parser/Location.h"
 #include "parser/ParserEvent.h"
 #include "source/LayoutReader.h"
 #include "source/LineType.h"
+#include "source/Location.h"
 #include "source/VirtualSourceFile.h"
 #include "source/modSource.h"
 #include "source/modVOSource.h"

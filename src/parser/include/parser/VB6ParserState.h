@@ -2,12 +2,12 @@
 
 #include "base/Variant.h"
 #include "parser/CurrentSourceLine.h"
-#include "parser/Location.h"
 #include "parser/NamingTags.h"
 #include "parser/ObjectScope.h"
 #include "parser/ParserEvent.h"
 #include "parser/SourceObject.h"
 #include "source/LineType.h"
+#include "source/Location.h"
 
 #include <cstdint>
 #include <memory>

@@ -12,7 +12,6 @@ class MRUUtils {
 public:
     static constexpr std::int32_t kMostEntries = 4;
 
-    const std::string& AppName() const { return m_appName; }
     /// Whose list it is; loads it.
     void SetAppName(std::string_view name);
 

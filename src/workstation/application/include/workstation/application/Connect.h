@@ -34,6 +34,9 @@ public:
         IHostEnvironment& application, ConnectMode connectMode, IScreen& screen);
     void AddinInstance_OnAddInsUpdate() {}
     void AddinInstance_OnBeginShutdown();
+    /// May come while a command gives way to input, in a dialog, a message, a save or a review: the command ends without
+    /// doing any more, and its review is abandoned. REQUIRES: neither the message of a logged failure is shown nor a page
+    /// of the pane of documentation loads, for which the work bench waits.
     void AddinInstance_OnDisconnection();
     void AddinInstance_OnStartupComplete();
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "workstation/controls/Event.h"
+#include "workstation/controls/Lifetime.h"
 
 #include <cstdint>
 #include <memory>
@@ -84,11 +85,12 @@ private:
     udocDorvik* m_document = nullptr;
     bool m_backgroundReviewActive = false;
     std::shared_ptr<ReviewCriteria> m_criteria;
-    std::unique_ptr<TypeLibraryStore> m_typeLibraries;  // of the last review
+    std::shared_ptr<TypeLibraryStore> m_typeLibraries;  // of the last review
     std::shared_ptr<frmProgress> m_evtProgress;
     Subscription m_evtProgressEnded;
     std::vector<Subscription> m_evtMenu;
     std::vector<Subscription> m_evtIDE;
+    Lifetime m_life;  // the environment may disconnect while a command gives way to input
 };
 
 }  // namespace dorvik

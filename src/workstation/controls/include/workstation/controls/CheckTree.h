@@ -23,7 +23,7 @@ struct CheckNode {
 };
 
 /// What a screen has to draw anew.
-enum class TreeChange : std::int32_t { Nodes, Check, Text };
+enum class TreeChange : std::int32_t { Nodes, Check };
 
 /// A tree with check marks. It holds marks and knows no rule for them: what a mark means for the nodes above and below is
 /// up to the owner, who hears of the user's clicks by `NodeChecked`.

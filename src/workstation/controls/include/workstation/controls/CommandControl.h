@@ -65,9 +65,12 @@ public:
     void Click();
 
     Event<> Clicked;
-    Event<> Changed;  // look or items
+    Event<> Changed;  // look, place or items
 
 private:
+    template <typename Value>
+    void Change(Value& kept, Value value);
+
     CommandKind m_kind;
     std::int32_t m_id;
     CommandLook m_look;

@@ -72,8 +72,8 @@ public:
     void SetRecordSource(std::string recordSource) {
         m_binding.SetRecordSource(std::move(recordSource));
     }
-    /// Reads the keys anew. No row is current then.
-    void Rebind();
+    /// Reads the keys anew. No row is current then. With other groups, if they are given.
+    void Rebind(std::optional<std::vector<GridOrderKey>> groups = std::nullopt);
 
     // ---- rows ----
 

@@ -53,7 +53,8 @@ public:
     const std::vector<ListColumn>& Columns() const { return m_columns; }
     void SetColumns(std::vector<ListColumn> columns);
     void SetColumnText(std::size_t column, std::string text);
-    void SetSortIcon(std::size_t column, std::string icon);
+    /// The icon of the order on that column, and none on the others.
+    void ShowSortIcon(std::size_t column, bool ascending);
     void SetWidth(std::size_t column, double width);
 
     std::size_t Count() const { return m_order.size(); }

@@ -10,6 +10,10 @@ namespace dorvik {
 
 class ReviewCriteria;
 
+namespace modFileKinds {
+struct FileKindRow;
+}
+
 /// The projects of a review in a tree with check marks and, below those that are open in the environment, their source
 /// files by type. A mark that the user sets reaches the nodes below and above.
 class ProjectTree {
@@ -35,9 +39,11 @@ public:
     CheckNode* FindSourceFileNode(std::string_view project, std::string_view file) const;
 
 private:
+    struct ProjectFiles;
+
     void AddSourceFilesToTree(
         CheckNode& projectNode, ReviewCriteria& criteria, std::int32_t projectIndex);
-    void RemoveUnusedFileTypeNodes(CheckNode& projectNode);
+    void AddFilesOfKind(const ProjectFiles& files, const modFileKinds::FileKindRow& kind);
     void EchoCheckedState(CheckNode& node);
     void EchoCheckedStateToChildren(CheckNode& node);
     void EchoCheckedStateToParent(CheckNode& node);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "workstation/controls/Event.h"
+#include "workstation/controls/Lifetime.h"
 #include "workstation/controls/Observable.h"
 #include "workstation/controls/Timer.h"
 
@@ -23,7 +24,7 @@ class frmProgress {
 public:
     /// REQUIRES: `screen` outlives this.
     explicit frmProgress(IScreen& screen);
-    /// A review that is still running is abandoned.
+    /// A review that is still running is abandoned, and a form that is shown is hidden.
     ~frmProgress();
     frmProgress(const frmProgress&) = delete;
     frmProgress& operator=(const frmProgress&) = delete;
@@ -86,6 +87,7 @@ private:
     void ShowSourceFile(const ProgressInfo& progress);
     void ShowPercentages(const ProgressInfo& progress);
     void Finish();
+    void Hide();
 
     IScreen& m_screen;
     ITypeLibrarySource* m_typeLibraries = nullptr;
@@ -98,8 +100,7 @@ private:
     bool m_cancelled = false;
     bool m_isClosed = false;
     Shown m_shown;
-    std::shared_ptr<const bool>
-        m_life;  // gone with this form, which may go while input is processed
+    Lifetime m_life;  // the form may go while input is processed
     Subscription m_onTick;
 };
 

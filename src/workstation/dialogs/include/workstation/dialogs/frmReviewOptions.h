@@ -137,7 +137,8 @@ private:
 
     bool DataFromScreen();
     void ReviewFromScreen();
-    void TolerancesFromScreen();
+    ToleranceSettings TolerancesOnScreen() const;
+    void TakeTolerances(const ToleranceSettings& tolerances);
 
     RulebaseLoadCriteria& LoadCriteria() const;
     void Close();

@@ -63,7 +63,6 @@ public:
     /// type it is a text file that is shown whole.
     CodeFile(std::string_view path, int codePage, std::optional<FileType> type);
 
-    const std::string& Path() const { return m_path; }
     const FileEncoding& Encoding() const { return m_encoding; }
     /// The lines that are not shown up to the first one that is, as text.
     const std::vector<std::string>& HeadLines() const { return m_headLines; }
@@ -105,7 +104,8 @@ private:
     std::string Decode(std::string_view bytes) const;
     void TakeLines(const std::vector<PhysicalLine>& lines, std::optional<FileType> type);
     void TakeShownLine(const PhysicalLine& line, std::string text);
-    void TakeHiddenLine(const PhysicalLine& line, std::string text);
+    /// Attribute lines after the last shown line. REQUIRES: none were kept with it before.
+    void KeepHidden(std::string bytes);
     void TakeHeadLine(const PhysicalLine& line, std::string text);
     void RewriteNameLine(NameLine& line, const std::string& text);
     /// Nothing for a text that the code page lacks.

@@ -14,6 +14,14 @@ namespace dorvik {
 /// The environment's numbers of the kinds of file that are of interest.
 enum class HostFileType : std::int32_t { Form = 0, Module = 1, Class = 2, Project = 3, Other = 4 };
 
+/// Commands and menus of the environment by their numbers.
+namespace hostcommand {
+inline constexpr std::int32_t kProjectProperties = 2578;
+inline constexpr std::int32_t kReferences = 942;
+inline constexpr std::int32_t kProjectMenu = 30005;
+inline constexpr std::int32_t kToolsMenu = 30007;
+}  // namespace hostcommand
+
 /// What a tool window is made with.
 struct ToolWindowRequest {
     std::string ProgrammaticId;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "workstation/host/HostProjectType.h"
 #include "workstation/host/ICodeModule.h"
 #include "workstation/host/IDesigner.h"
 
@@ -21,14 +22,6 @@ public:
     /// Null where the component has no designer, as a module.
     virtual IHostWindow* DesignerWindow() = 0;
     virtual IDesigner* Designer() = 0;
-};
-
-/// The environment's numbers of the kinds of project.
-enum class HostProjectType : std::int32_t {
-    StandardExe = 0,
-    ActiveXExe = 1,
-    ActiveXDll = 2,
-    ActiveXControl = 3
 };
 
 /// A project that is open in the environment. It lives until the project is closed.

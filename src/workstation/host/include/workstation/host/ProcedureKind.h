@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 namespace dorvik {
 
@@ -11,5 +12,8 @@ enum class ProcedureKind : std::int32_t {
     PropertySet = 2,
     PropertyGet = 3
 };
+
+/// By the type as results have it: "Property Get" and the like, without regard to case.
+ProcedureKind ProcedureKindOf(std::string_view procedureType);
 
 }  // namespace dorvik

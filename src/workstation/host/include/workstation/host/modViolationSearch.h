@@ -13,7 +13,7 @@ namespace dorvik::modViolationSearch {
 struct StoredPlace {
     std::string SourceLine;  // all physical lines of the statement; empty without a line
     std::int32_t SourceLineNumber = 0;
-    std::int32_t Location = 0;   // 3 declarations, 4 Sub or Function, 6 to 8 Property Get, Let, Set
+    std::int32_t Location = 0;   // a number of `Location`
     std::string LocationMember;  // the procedure
 };
 

@@ -3,6 +3,7 @@
 #include "results/Violation.h"
 #include "workstation/controls/CommandControl.h"
 #include "workstation/controls/Event.h"
+#include "workstation/controls/Lifetime.h"
 
 #include <cstdint>
 #include <memory>
@@ -108,6 +109,7 @@ private:
     bool m_reviewRunning = false;
     struct EventSources;
     std::unique_ptr<EventSources> m_events;
+    Lifetime m_life;  // the add-in may end while a message is shown
 };
 
 }  // namespace dorvik

@@ -1,15 +1,20 @@
 #pragma once
 
 #include "workstation/controls/CommandControl.h"
+#include "workstation/controls/Lifetime.h"
 #include "workstation/ide/IDEMenuEvents.h"
 
+#include <array>
 #include <cstdint>
-#include <string_view>
 #include <vector>
 
 namespace dorvik {
 
 class IDEHelper;
+
+namespace menuitems {
+struct Row;
+}
 
 /// The add-in's menu on the environment's menu bar, its toolbar and the popup of the violation list: builds them, turns
 /// clicks into `Events`, and keeps what is enabled and checked. The environment owns the controls.
@@ -41,13 +46,19 @@ public:
     IDEMenuEvents Events;
 
 private:
-    void Clicked(std::string_view tag);
+    /// In the order of `menuitems::kBars`. REQUIRES for all of them: the bars are there.
+    std::array<CommandControl*, 3> Bars() const;
+    /// With the control of each row.
+    template <typename Visit>
+    void ForEachItem(const Visit& visit) const;
+    void Clicked(const menuitems::Row& row);
 
     IDEHelper* m_ide = nullptr;
     CommandControl* m_menu = nullptr;
     CommandControl* m_toolbar = nullptr;
     CommandControl* m_listPopup = nullptr;
     std::vector<Subscription> m_evtDorvik;  // the clicks
+    Lifetime m_life;                        // a command may end the add-in
 };
 
 }  // namespace dorvik

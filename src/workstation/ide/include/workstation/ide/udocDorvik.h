@@ -2,6 +2,7 @@
 
 #include "workstation/controls/CommandControl.h"
 #include "workstation/controls/Event.h"
+#include "workstation/controls/Lifetime.h"
 #include "workstation/host/IHostEnvironment.h"
 #include "workstation/view/ResultsView.h"
 #include "workstation/view/WorkbenchControls.h"
@@ -59,6 +60,7 @@ private:
     IDEHelper* m_ideHelper = nullptr;
     IDEMenus* m_menus = nullptr;
     std::vector<Subscription> m_evtResults;
+    Lifetime m_life;  // the add-in may end while a message is shown
 };
 
 }  // namespace dorvik

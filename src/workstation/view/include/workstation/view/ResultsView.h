@@ -2,6 +2,7 @@
 
 #include "results/Violation.h"
 #include "workstation/controls/Event.h"
+#include "workstation/controls/Lifetime.h"
 
 #include <cstdint>
 #include <memory>
@@ -145,6 +146,7 @@ private:
     bool m_openingIsPending = false;
     bool m_visible = false;
     bool m_ignoreFileEvents = false;
+    Lifetime m_life;  // the add-in may end while a message is shown
 };
 
 }  // namespace dorvik
