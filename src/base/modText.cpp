@@ -152,4 +152,8 @@ std::int32_t RoundToLong(double value) {
     return static_cast<std::int32_t>(rounded);
 }
 
+std::int32_t LeadingLong(std::string_view text) {
+    return RoundToLong(LeadingNumber(text));
+}
+
 }  // namespace dorvik::modText

@@ -1,6 +1,5 @@
 #include "results/modTolerances.h"
 
-#include "base/modText.h"
 #include "criteria/ReviewCriteria.h"
 #include "foundation/log/Trap.h"
 #include "source/PropertyName.h"
@@ -56,17 +55,9 @@ void MeasureViolations(VirtualObject& object, const ReviewCriteria& criteria) {
     }
 }
 
-/// In-line comments count as comments here and are in the base a second time, since their lines are
-/// code lines too. Blank lines do not count.
-std::int32_t PercentageOfComments(const SourceLineStatistics& lines) {
-    const std::int32_t comments = lines.CommentOnlyLines() + lines.InLineCommentLines();
-    const std::int32_t base = lines.CodeLines() + comments;
-    return base > 0 ? modText::RoundToLong(static_cast<double>(comments) / base * 100) : 0;
-}
-
 void MeasureSource(VirtualObject& object, const ReviewCriteria& criteria) {
     if (const auto limit = criteria.TolerancePercentageComments(); limit > kNotSet) {
-        const std::int32_t actual = PercentageOfComments(object.LineStats());
+        const std::int32_t actual = object.LineStats().CommentPercentage();
         AddMeasure(object, "PC", {actual, limit, actual >= limit});
     }
     const Variant* const maximum = object.Properties().Find(propertyname::kMaximumCyclomatic);

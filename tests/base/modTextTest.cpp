@@ -66,6 +66,13 @@ TEST(modText, LeadingNumberStopsAtTheFirstForeignCharacter) {
     }
 }
 
+TEST(modText, LeadingLongRoundsTheLeadingNumber) {
+    EXPECT_EQ(modText::LeadingLong("12.5 apples"), 12);
+    EXPECT_EQ(modText::LeadingLong("-7x"), -7);
+    EXPECT_EQ(modText::LeadingLong("none"), 0);
+    EXPECT_EQ(NumberRaisedBy([] { modText::LeadingLong("2147483648"); }), runtimeerror::kOverflow);
+}
+
 TEST(modText, LeadingNumberTooLargeForADoubleOverflows) {
     EXPECT_EQ(NumberRaisedBy([] { LeadingNumber("1e999"); }), runtimeerror::kOverflow);
     EXPECT_EQ(

@@ -28,14 +28,6 @@ std::string ViolationsRatio(std::int32_t violations, std::int32_t lines) {
     return modReportFormat::FormatNumber(ratio, 2, false);
 }
 
-std::string PercentageComments(const SourceLineStatistics& lines) {
-    const auto comments =
-        static_cast<std::int64_t>(lines.CommentOnlyLines()) + lines.InLineCommentLines();
-    const std::int64_t base = comments + lines.CodeLines();
-    return modReportFormat::FormatPercent(
-        base < 1 ? 0 : static_cast<double>(comments) / static_cast<double>(base));
-}
-
 }  // namespace
 
 bool ProjectReport::Write() {
@@ -158,7 +150,7 @@ void ProjectReport::WriteSummary() {
     info.TotalViolations = Figure(m_violations.TotalViolations());
     info.TotalImpact = Figure(m_violations.TotalImpact());
     info.ViolationsRatio = ViolationsRatio(m_violations.TotalViolations(), m_lines.TotalLines());
-    info.PercentageComments = PercentageComments(m_lines);
+    info.PercentageComments = modReportFormat::FormatPercent(m_lines.CommentShare().value_or(0));
     info.LogFile = m_order.LogFile;
     modReportTables::InsertReviewSummaryInfo(m_html, info);
 }

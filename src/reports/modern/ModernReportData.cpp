@@ -168,12 +168,6 @@ void ReadViolations(
 
 }  // namespace
 
-std::optional<double> CommentShareOf(const SourceLineStatistics& lines) {
-    const double comments = lines.CommentOnlyLines() + lines.InLineCommentLines();
-    const double base = lines.CodeLines() + comments;
-    return base < 1 ? std::nullopt : std::optional(comments / base);
-}
-
 ModernReportData ModernReportData::ReadFrom(ResultsDB& results, const ModernReportFacts& facts) {
     ModernReportData data;
     data.ProjectName = results.Items().GetProjectData("Name");

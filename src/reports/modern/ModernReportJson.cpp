@@ -154,7 +154,7 @@ std::string ReasonOf(const ModernFile& file) {
 /// Tenths of a percent, so that the number in the JSON has no decimal point.
 std::int64_t CommentTenths(const SourceLineStatistics& lines) {
     constexpr double kTenthsOfAll = 1000;
-    const std::optional<double> share = CommentShareOf(lines);
+    const std::optional<double> share = lines.CommentShare();
     return share ? std::llround(*share * kTenthsOfAll) : kNone;
 }
 

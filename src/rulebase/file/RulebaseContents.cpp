@@ -45,7 +45,7 @@ std::string LenientValue(std::string_view part) {
     std::string value = "is too large to be read";
     Handled(
         [&] {
-            const std::int32_t number = modText::RoundToLong(modText::LeadingNumber(part));
+            const std::int32_t number = modText::LeadingLong(part);
             value = "would count as " + std::to_string(number);
         },
         [](const BasicError&) { return true; });

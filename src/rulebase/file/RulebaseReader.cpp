@@ -510,9 +510,7 @@ void RulebaseReader::ReadReportSection(const ReadPlace& place) {
         Attempt(
             place,
             schema::kCategoryRuleList,
-            [&] {
-                m_sink.TakeRuleOfSection(part, modText::RoundToLong(modText::LeadingNumber(part)));
-            },
+            [&] { m_sink.TakeRuleOfSection(part, modText::LeadingLong(part)); },
             [&](const BasicError&) { return "'" + std::string(part) + "' is too large a number"; });
     }
 }

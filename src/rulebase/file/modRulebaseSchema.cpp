@@ -16,7 +16,7 @@ void ReadTolerances(LongArrayList& list, const std::string& text) {
     std::int32_t place = 0;
     for (const std::string_view part : modText::Split(text, '|')) {
         ++place;
-        list.SetItem(place, modText::RoundToLong(modText::LeadingNumber(part)));
+        list.SetItem(place, modText::LeadingLong(part));
     }
 }
 

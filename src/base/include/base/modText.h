@@ -27,6 +27,9 @@ std::optional<std::int32_t> WholeNumber(std::string_view text);
 /// Rounds half to even, as the reviewed language does. Raises `kOverflow` outside 32 bits.
 std::int32_t RoundToLong(double value);
 
+/// The leading number of the text, rounded: what the reviewed language has in a Long for a text.
+std::int32_t LeadingLong(std::string_view text);
+
 inline constexpr std::string_view kLineEnd = "\r\n";
 
 }  // namespace dorvik::modText
