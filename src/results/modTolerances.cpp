@@ -46,8 +46,8 @@ void MeasureViolations(VirtualObject& object, const ReviewCriteria& criteria) {
     const std::vector<std::int32_t> figures = FiguresOf(object.ViolationStats());
     for (std::size_t index = 0; index < figures.size(); ++index) {
         const auto position = static_cast<std::int32_t>(index % kCounts) + 1;
-        const std::int32_t limit = index < kCounts ? criteria.ToleranceCount(position)
-                                                   : criteria.ToleranceImpact(position);
+        const std::int32_t limit = index < kCounts ? criteria.Tolerances().Count.Item(position)
+                                                   : criteria.Tolerances().Impact.Item(position);
         if (limit > kNotSet) {
             const std::int32_t actual = figures[index];
             AddMeasure(object, kMeasures[index].Name, {actual, limit, actual <= limit});
@@ -56,12 +56,12 @@ void MeasureViolations(VirtualObject& object, const ReviewCriteria& criteria) {
 }
 
 void MeasureSource(VirtualObject& object, const ReviewCriteria& criteria) {
-    if (const auto limit = criteria.TolerancePercentageComments(); limit > kNotSet) {
+    if (const auto limit = criteria.Tolerances().PercentageComments; limit > kNotSet) {
         const std::int32_t actual = object.LineStats().CommentPercentage();
         AddMeasure(object, "PC", {actual, limit, actual >= limit});
     }
     const Variant* const maximum = object.Properties().Find(propertyname::kMaximumCyclomatic);
-    if (const auto limit = criteria.ToleranceCyclomaticComplexity(); limit > kNotSet && maximum) {
+    if (const auto limit = criteria.Tolerances().CyclomaticComplexity; limit > kNotSet && maximum) {
         const std::int32_t actual = maximum->AsLong();
         AddMeasure(object, "CC", {actual, limit, actual <= limit});
     }

@@ -67,8 +67,7 @@ void ProjectReport::ReadReview() {
     m_violations = m_results.Figures().GetViolationStats(ItemType::Project, m_project.ObjectID);
     m_lines = m_results.Figures().GetLineStats(ItemType::Project, m_project.ObjectID);
     // A review without an end is incomplete and gets no verdict.
-    m_tolerancesSet =
-        !m_review.End.IsZero() && modReportTables::TolerancesSet(m_criteria.Tolerances);
+    m_tolerancesSet = !m_review.End.IsZero() && m_criteria.Tolerances.IsAnySet();
     m_unfinished = UnfinishedFiles::ReadFrom(m_results);
     if (m_tolerancesSet) {
         m_passed = m_results.Verdict().TolerancePass(ItemType::Project, 0, m_failures);
@@ -303,7 +302,8 @@ std::string ProjectReport::PassRate() const {
 }
 
 std::int32_t ProjectReport::FileErrors() const {
-    return m_counts.NotReviewed + (m_order.Project == nullptr ? 0 : m_order.Project->FileErrors());
+    return m_counts.NotReviewed +
+           (m_order.Project == nullptr ? 0 : m_order.Project->Outcome().FileErrors);
 }
 
 }  // namespace dorvik

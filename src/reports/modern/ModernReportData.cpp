@@ -24,18 +24,6 @@ std::string ShownName(const std::string& name, const std::string& type) {
                : name;
 }
 
-bool SetsTolerance(const ToleranceSettings& tolerances) {
-    // The totals count here too: a file can fail on them.
-    for (std::int32_t index = 1; index <= ToleranceSettings::kPlaces; ++index) {
-        if (tolerances.Count.Item(index) != ToleranceSettings::kNotSet ||
-            tolerances.Impact.Item(index) != ToleranceSettings::kNotSet) {
-            return true;
-        }
-    }
-    return tolerances.CyclomaticComplexity != ToleranceSettings::kNotSet ||
-           tolerances.PercentageComments != ToleranceSettings::kNotSet;
-}
-
 std::string ReasonOf(const ModernReportFacts& facts, const std::string& filename) {
     for (const UnreadFile& file : facts.Unreviewed) {
         if (modTextCase::Equal(file.Filename, filename)) {
@@ -178,7 +166,7 @@ ModernReportData ModernReportData::ReadFrom(ResultsDB& results, const ModernRepo
     data.Violations = results.Figures().GetViolationStats(ItemType::Project, results.ProjectID());
     data.Lines = results.Figures().GetLineStats(ItemType::Project, results.ProjectID());
     data.Categories = results.Figures().GetViolationStatsByCategory(-1, /*fileLevel=*/false);
-    data.HasTolerances = SetsTolerance(data.Criteria.Tolerances);
+    data.HasTolerances = data.Criteria.Tolerances.IsAnySet();
     data.Passed =
         results.Verdict().TolerancePass(ItemType::Project, results.ProjectID(), data.Failures);
     data.Unreviewed = facts.Unreviewed;
