@@ -17,7 +17,6 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <set>
 #include <string>
 #include <string_view>
 #include <sys/wait.h>

@@ -8,8 +8,6 @@
 #include "basic/values/LongWork.h"
 #include "basic/values/ScriptContext.h"
 
-#include <algorithm>
-
 namespace dorvik::basic {
 
 namespace {

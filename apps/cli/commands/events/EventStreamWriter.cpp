@@ -11,10 +11,8 @@
 #include "source/VirtualSourceFile.h"
 
 #include <array>
-#include <memory>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
-#include <vector>
 
 namespace dorvik {
 

@@ -66,14 +66,15 @@ bool ReadValues(
     const char* key,
     Values& values,
     std::string& error) {
-    if (!object.HasMember(key)) {
+    const Json* const member = modJson::FindMember(object, key);
+    if (member == nullptr) {
         return true;
     }
-    if (!object[key].IsObject()) {
+    if (!member->IsObject()) {
         error = Quoted(key) + " of " + Quoted(name) + " must be a JSON object";
         return false;
     }
-    for (const auto& [propertyName, json] : object[key].GetObject()) {
+    for (const auto& [propertyName, json] : member->GetObject()) {
         const auto [entry, isNew] =
             values.try_emplace(modTextCase::ToLower(modJson::TextOf(propertyName)));
         const std::string place = Quoted(name + "." + std::string(modJson::TextOf(propertyName)));
@@ -91,18 +92,18 @@ bool ReadValues(
 
 bool ReadNames(
     const Json& facts, const char* key, std::vector<std::string>& names, std::string& error) {
-    if (!facts.HasMember(key)) {
+    const Json* const list = modJson::FindMember(facts, key);
+    if (list == nullptr) {
         return true;
     }
-    const Json& list = facts[key];
     const bool isListOfTexts =
-        list.IsArray() &&
-        std::ranges::all_of(list.GetArray(), [](const Json& name) { return name.IsString(); });
+        list->IsArray() &&
+        std::ranges::all_of(list->GetArray(), [](const Json& name) { return name.IsString(); });
     if (!isListOfTexts) {
         error = Quoted(key) + " must be an array of strings";
         return false;
     }
-    for (const Json& name : list.GetArray()) {
+    for (const Json& name : list->GetArray()) {
         names.emplace_back(modJson::TextOf(name));
     }
     return true;
@@ -158,14 +159,15 @@ bool ScriptFacts::Read(const std::string& json, std::string& error) {
             facts, "the file", {"event", "objects", "classes", "forms", "expect"}, error)) {
         return false;
     }
-    if (facts.HasMember("event")) {
-        if (!facts["event"].IsString()) {
+    if (const Json* const event = modJson::FindMember(facts, "event")) {
+        if (!event->IsString()) {
             error = "'event' must be a string";
             return false;
         }
-        m_event = modJson::TextOf(facts["event"]);
+        m_event = modJson::TextOf(*event);
     }
-    return (!facts.HasMember("objects") || ReadObjects(facts["objects"], error)) &&
+    const Json* const objects = modJson::FindMember(facts, "objects");
+    return (objects == nullptr || ReadObjects(*objects, error)) &&
            ReadNames(facts, "classes", m_classes, error) &&
            ReadNames(facts, "forms", m_forms, error);
 }

@@ -15,6 +15,12 @@ inline std::string_view TextOf(const rapidjson::Value& text) {
     return {text.GetString(), text.GetStringLength()};
 }
 
+/// The member of an object; null where there is none of that name.
+inline const rapidjson::Value* FindMember(const rapidjson::Value& object, const char* name) {
+    const auto member = object.FindMember(name);
+    return member == object.MemberEnd() ? nullptr : &member->value;
+}
+
 /// The value as JSON without blanks.
 inline std::string Written(const rapidjson::Value& value) {
     rapidjson::StringBuffer buffer;
