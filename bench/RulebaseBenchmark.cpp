@@ -76,9 +76,9 @@ std::shared_ptr<dorvik::IRule> RuleOfAKind(int number) {
         auto rule = NewRule<dorvik::NamingConvention>(number);
         rule->SetObjectType(number % 28 + 1);
         rule->SetPropertyName("Name");
-        rule->SetPrefixActive(true);
-        rule->PrefixItems().Item(1)->PSType = 4;
-        rule->PrefixItems().Item(2)->PSType = 3;
+        rule->Prefix().SetActive(true);
+        rule->Prefix().Items().Item(1)->PSType = 4;
+        rule->Prefix().Items().Item(2)->PSType = 3;
         rule->SetBodyActive(true);
         rule->SetBodyPattern("[A-Z][A-Za-z0-9]*");
         return rule;

@@ -173,7 +173,7 @@ std::size_t PrefixSize(std::string_view text, std::string_view prefix) {
     return found.Right == prefix.size() ? found.Left : kNone;
 }
 
-struct Place {
+struct TextMatch {
     std::size_t Start = kNone;
     std::size_t Size = 0;
 };
@@ -274,7 +274,7 @@ private:
 };
 
 /// Finds a place that begins before `end`.
-Place FindAmongAll(
+TextMatch FindAmongAll(
     std::string_view text,
     std::string_view sought,
     const Candidates& candidates,
@@ -300,7 +300,7 @@ Place FindAmongAll(
 }
 
 /// A piece of the text at a time: what is ASCII is searched faster.
-Place FindFromAscii(std::string_view text, std::string_view sought, std::size_t from) {
+TextMatch FindFromAscii(std::string_view text, std::string_view sought, std::size_t from) {
     constexpr std::size_t kPiece = 4096;
     const Candidates candidates(sought);
     const bool isAscii = modUtf8::IsAscii(sought);
@@ -309,9 +309,9 @@ Place FindFromAscii(std::string_view text, std::string_view sought, std::size_t 
         const std::string_view piece = text.substr(from, kPiece + sought.size() - 1);
         if (!isAscii || !modUtf8::IsAscii(piece)) {
             const std::size_t end = std::min(text.size(), from + kPiece);
-            const Place place = FindAmongAll(text, sought, candidates, from, end);
-            if (place.Start != kNone) {
-                return place;
+            const TextMatch match = FindAmongAll(text, sought, candidates, from, end);
+            if (match.Start != kNone) {
+                return match;
             }
         } else if (const std::size_t start = search.FindIn(piece); start != kNone) {
             return {from + start, sought.size()};
@@ -320,7 +320,7 @@ Place FindFromAscii(std::string_view text, std::string_view sought, std::size_t 
     return {};
 }
 
-Place FindByCharacters(std::string_view text, std::string_view sought, std::size_t from) {
+TextMatch FindByCharacters(std::string_view text, std::string_view sought, std::size_t from) {
     while (from < text.size()) {
         if (const std::size_t size = PrefixSize(text.substr(from), sought); size != kNone) {
             return {from, size};
@@ -331,7 +331,7 @@ Place FindByCharacters(std::string_view text, std::string_view sought, std::size
 }
 
 /// REQUIRES: sought is not empty.
-Place FindPlace(std::string_view text, std::string_view sought, std::size_t from) {
+TextMatch FindMatch(std::string_view text, std::string_view sought, std::size_t from) {
     if (from >= text.size()) {
         return {};
     }
@@ -424,7 +424,7 @@ std::size_t Find(std::string_view text, std::string_view sought, std::size_t fro
     if (sought.empty()) {
         return from <= text.size() ? from : kNone;
     }
-    return FindPlace(text, sought, from).Start;
+    return FindMatch(text, sought, from).Start;
 }
 
 std::string
@@ -432,13 +432,13 @@ ReplaceAll(std::string_view text, std::string_view sought, std::string_view repl
     std::string replaced;
     std::size_t from = 0;
     while (!sought.empty()) {
-        const Place place = FindPlace(text, sought, from);
-        if (place.Start == kNone) {
+        const TextMatch match = FindMatch(text, sought, from);
+        if (match.Start == kNone) {
             break;
         }
-        replaced += text.substr(from, place.Start - from);
+        replaced += text.substr(from, match.Start - from);
         replaced += replacement;
-        from = place.Start + place.Size;
+        from = match.Start + match.Size;
     }
     replaced += text.substr(from);
     return replaced;

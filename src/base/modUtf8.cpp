@@ -51,6 +51,10 @@ std::size_t Advance(std::string_view text, std::size_t position, std::size_t cou
 
 }  // namespace
 
+std::string_view WithoutByteOrderMark(std::string_view text) {
+    return text.starts_with(kByteOrderMark) ? text.substr(kByteOrderMark.size()) : text;
+}
+
 bool IsAscii(std::string_view text) {
     const char* bytes = text.data();
     std::size_t left = text.size();
@@ -177,6 +181,19 @@ bool IsValid(std::string_view text) {
         position += character.Size;
     }
     return true;
+}
+
+std::string WithValidCharacters(std::string_view text) {
+    if (IsValid(text)) {
+        return std::string(text);
+    }
+    std::string valid;
+    for (std::size_t position = 0; position < text.size();) {
+        const Character character = Decode(text, position);
+        Append(valid, character.CodePoint);
+        position += character.Size;
+    }
+    return valid;
 }
 
 }  // namespace dorvik::modUtf8

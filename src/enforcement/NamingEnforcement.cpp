@@ -89,30 +89,21 @@ const ViolationDefinition* NamingEnforcement::FailedTest(
         rule.ViolationDefinition().SetAdvice(advice);
         return &std::as_const(rule).ViolationDefinition();
     };
-    std::string prefixMatch;
-    if (rule.PrefixActive()) {
-        const NamingResult result =
-            TestAffix(location, objectName, name, rule, {rule.PrefixItems(), "^", ""}, prefixMatch);
+    Affix prefix{rule.Prefix(), "^", ""};
+    Affix suffix{rule.Suffix(), "", "$"};
+    for (Affix* const affix : {&prefix, &suffix}) {
+        const NamingResult result = TestAffix(location, objectName, name, rule, *affix);
         if (result != NamingResult::Success) {
             return result == NamingResult::UnknownControl ? &unknownControl
-                                                          : failWith(rule.PrefixAdvice());
-        }
-    }
-    std::string suffixMatch;
-    if (rule.SuffixActive()) {
-        const NamingResult result =
-            TestAffix(location, objectName, name, rule, {rule.SuffixItems(), "", "$"}, suffixMatch);
-        if (result != NamingResult::Success) {
-            return result == NamingResult::UnknownControl ? &unknownControl
-                                                          : failWith(rule.SuffixAdvice());
+                                                          : failWith(affix->Required.Advice());
         }
     }
     if (!rule.BodyActive()) {
         return nullptr;
     }
-    std::string_view body = modUtf8::Mid(name, modUtf8::Length(prefixMatch) + 1);
-    if (modUtf8::Length(body) >= modUtf8::Length(suffixMatch)) {
-        body = modUtf8::WithoutLast(body, modUtf8::Length(suffixMatch));
+    std::string_view body = modUtf8::Mid(name, modUtf8::Length(prefix.Match) + 1);
+    if (modUtf8::Length(body) >= modUtf8::Length(suffix.Match)) {
+        body = modUtf8::WithoutLast(body, modUtf8::Length(suffix.Match));
     }
     return BodyPasses(body, rule) ? nullptr : failWith(rule.BodyAdvice());
 }
@@ -122,11 +113,13 @@ NamingResult NamingEnforcement::TestAffix(
     std::string_view objectName,
     std::string_view name,
     const NamingConvention& rule,
-    const Affix& affix,
-    std::string& match) {
+    Affix& affix) {
+    if (!affix.Required.Active()) {
+        return NamingResult::Success;
+    }
     std::string pattern;
-    const NamingResult computed =
-        m_helper.ComputePrefixSuffixPattern(affix.Items, location.Event, objectName, pattern);
+    const NamingResult computed = m_helper.ComputePrefixSuffixPattern(
+        affix.Required.Items(), location.Event, objectName, pattern);
     if (computed == NamingResult::UnknownControl) {
         return computed;
     }
@@ -135,7 +128,7 @@ NamingResult NamingEnforcement::TestAffix(
         return NamingResult::Success;
     }
     pattern.insert(0, affix.Before).append(affix.After);
-    const NamingResult tested = Test(rule, name, pattern, &match);
+    const NamingResult tested = Test(rule, name, pattern, &affix.Match);
     return tested == NamingResult::NoMatch ? tested : NamingResult::Success;
 }
 

@@ -3,9 +3,8 @@
 #include "enforcement/EventLocation.h"
 #include "enforcement/NamingResult.h"
 #include "enforcement/ReviewContext.h"
-#include "foundation/lists/ObjectArrayList.h"
 #include "rulebase/catalogue/ObjectType.h"
-#include "rulebase/model/PrefixSuffixItem.h"
+#include "rulebase/model/NameAffix.h"
 
 #include <string>
 #include <string_view>
@@ -45,11 +44,12 @@ private:
         std::string_view objectName,
         std::string_view name,
         NamingConvention& rule);
-    /// A prefix or a suffix to test, with the text before and after its pattern: its anchor.
+    /// A prefix or a suffix to test, with the text before and after its pattern, its anchor, and what it has matched.
     struct Affix {
-        const ObjectArrayList<PrefixSuffixItem>& Items;
+        const NameAffix& Required;
         std::string_view Before;
         std::string_view After;
+        std::string Match = {};
     };
 
     /// `NoMatch`, `UnknownControl`, or `Success`, also if it cannot be tested.
@@ -58,8 +58,7 @@ private:
         std::string_view objectName,
         std::string_view name,
         const NamingConvention& rule,
-        const Affix& affix,
-        std::string& match);
+        Affix& affix);
     /// Tests a text against a pattern of the rule. `match` may be null.
     NamingResult Test(
         const NamingConvention& rule,

@@ -43,10 +43,8 @@ bool VirtualTypeLibrary::LoadVersion(
     if (parts.size() < 2) {
         RaiseRuntimeError(runtimeerror::kSubscriptOutOfRange);
     }
-    const auto number = [](std::string_view part) {
-        return modText::RoundToLong(modText::LeadingNumber(part));
-    };
-    return LoadTypeLibrary(guid, number(parts[0]), number(parts[1]), lcid);
+    return LoadTypeLibrary(
+        guid, modText::LeadingLong(parts[0]), modText::LeadingLong(parts[1]), lcid);
 }
 
 bool VirtualTypeLibrary::LoadTypeLibrary(

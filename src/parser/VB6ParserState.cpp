@@ -6,6 +6,7 @@
 #include "modNames.h"
 #include "parser/ScopeName.h"
 #include "parser/VBParserEvents.h"
+#include "parser/modMissingValue.h"
 #include "source/VirtualObject.h"
 
 #include <algorithm>
@@ -30,14 +31,6 @@ bool AnswersWithLineStatistics(std::string_view objectName) {
     return std::any_of(kNames.begin(), kNames.end(), [&](std::string_view name) {
         return modNames::Equal(name, objectName);
     });
-}
-
-std::string Concatenate(std::initializer_list<std::string_view> parts) {
-    std::string text;
-    for (const std::string_view part : parts) {
-        text += part;
-    }
-    return text;
 }
 
 /// The value of an entry of the object's lists; null if it has none of that name.
@@ -127,21 +120,18 @@ VB6ParserState::AnswerOf(std::string_view objectName, std::string_view propertyN
         }
         return {
             std::string(),
-            Concatenate({"Invalid NamingConvention property '", propertyName, "' specified."})};
+            modMissingValue::InvalidProperty(scopename::kNamingConvention, propertyName)};
     }
     if (modNames::Equal(objectName, scopename::kSource)) {
         if (auto value = m_source.FindProperty(propertyName)) {
             return {*std::move(value), std::nullopt};
         }
         // Required: this value is empty, where those of other objects are the empty text.
-        return {
-            Variant(), Concatenate({"Invalid Source property '", propertyName, "' specified."})};
+        return {Variant(), modMissingValue::InvalidProperty(scopename::kSource, propertyName)};
     }
     VirtualObject* object = FindVirtualObject(objectName);
     if (object == nullptr) {
-        return {
-            std::string(),
-            Concatenate({"Unknown virtual object '", objectName, "' or object not in scope."})};
+        return {std::string(), modMissingValue::UnknownObject(objectName)};
     }
     if (const Variant* value = FindEntryOf(*object, propertyName)) {
         return {*value, std::nullopt};
@@ -152,16 +142,7 @@ VB6ParserState::AnswerOf(std::string_view objectName, std::string_view propertyN
         object->LineStats().SourceLineStatByName(propertyName, count)) {
         return {count, std::nullopt};
     }
-    return {
-        std::string(),
-        Concatenate(
-            {"Virtual object ",
-             isWorkfield ? "workfield" : "property",
-             " '",
-             objectName,
-             ".",
-             propertyName,
-             "' not found."})};
+    return {std::string(), modMissingValue::NotFound(objectName, propertyName)};
 }
 
 }  // namespace dorvik

@@ -180,7 +180,7 @@ void VB6Parser::FireLayoutEvent(VirtualObject& layoutProperties, VirtualObject& 
     if (m_layoutReader->Extract(1, layoutProperties, found)) {
         layoutProperties.Properties().Add(propertyname::kName, found.Name, false);
     } else {
-        RecordLayoutFault(m_layoutReader->LastFault().Place, m_layoutReader->LastFault().Reason);
+        RecordLayoutFault(m_layoutReader->LastFault().Line, m_layoutReader->LastFault().Reason);
     }
     KeyedArrayList& bag = layout.Properties();
     bag.Add(propertyname::kControlCount, m_objectCount - 1, false);
@@ -205,7 +205,7 @@ FileParserState VB6Parser::State_Layout() {
     modVOSource::LayoutControl found;
     if (!m_layoutReader->Extract(m_controlOrdinal, *properties, found)) {
         // Required: "Control" stays in scope to the end of the file.
-        RecordLayoutFault(m_layoutReader->LastFault().Place, m_layoutReader->LastFault().Reason);
+        RecordLayoutFault(m_layoutReader->LastFault().Line, m_layoutReader->LastFault().Reason);
         return State_EndLayout();
     }
     FireControlEvent(*control, std::move(properties), found);
@@ -218,7 +218,7 @@ void VB6Parser::FireControlEvent(
     const modVOSource::LayoutControl& found) {
     if (found.ControlType.find('.') == std::string::npos) {
         RecordLayoutFault(
-            m_layoutReader->BeginPlace(),
+            m_layoutReader->BeginLine(),
             "the type '" + found.ControlType + "' of '" + found.Name + "' names no library");
     }
     KeyedArrayList& bag = control.Properties();

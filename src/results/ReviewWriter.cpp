@@ -24,11 +24,11 @@ void SetConventions(Recordset& rows, const RulebaseLoadCriteria& criteria) {
 void SetTolerances(Recordset& rows, const ReviewCriteria& criteria) {
     for (std::int32_t index = 1; index <= ToleranceSettings::kPlaces; ++index) {
         const std::string number = std::to_string(index);
-        rows.SetValue("ToleranceCount" + number, criteria.ToleranceCount(index));
-        rows.SetValue("ToleranceImpact" + number, criteria.ToleranceImpact(index));
+        rows.SetValue("ToleranceCount" + number, criteria.Tolerances().Count.Item(index));
+        rows.SetValue("ToleranceImpact" + number, criteria.Tolerances().Impact.Item(index));
     }
-    rows.SetValue("ToleranceCyclomaticComplexity", criteria.ToleranceCyclomaticComplexity());
-    rows.SetValue("TolerancePercentageComments", criteria.TolerancePercentageComments());
+    rows.SetValue("ToleranceCyclomaticComplexity", criteria.Tolerances().CyclomaticComplexity);
+    rows.SetValue("TolerancePercentageComments", criteria.Tolerances().PercentageComments);
 }
 
 bool HasNoSourceFiles(ResultsStore& store) {

@@ -1,6 +1,5 @@
 #include "results/modTolerances.h"
 
-#include "base/modText.h"
 #include "criteria/ReviewCriteria.h"
 #include "foundation/log/Trap.h"
 #include "source/PropertyName.h"
@@ -47,8 +46,8 @@ void MeasureViolations(VirtualObject& object, const ReviewCriteria& criteria) {
     const std::vector<std::int32_t> figures = FiguresOf(object.ViolationStats());
     for (std::size_t index = 0; index < figures.size(); ++index) {
         const auto position = static_cast<std::int32_t>(index % kCounts) + 1;
-        const std::int32_t limit = index < kCounts ? criteria.ToleranceCount(position)
-                                                   : criteria.ToleranceImpact(position);
+        const std::int32_t limit = index < kCounts ? criteria.Tolerances().Count.Item(position)
+                                                   : criteria.Tolerances().Impact.Item(position);
         if (limit > kNotSet) {
             const std::int32_t actual = figures[index];
             AddMeasure(object, kMeasures[index].Name, {actual, limit, actual <= limit});
@@ -56,21 +55,13 @@ void MeasureViolations(VirtualObject& object, const ReviewCriteria& criteria) {
     }
 }
 
-/// In-line comments count as comments here and are in the base a second time, since their lines are
-/// code lines too. Blank lines do not count.
-std::int32_t PercentageOfComments(const SourceLineStatistics& lines) {
-    const std::int32_t comments = lines.CommentOnlyLines() + lines.InLineCommentLines();
-    const std::int32_t base = lines.CodeLines() + comments;
-    return base > 0 ? modText::RoundToLong(static_cast<double>(comments) / base * 100) : 0;
-}
-
 void MeasureSource(VirtualObject& object, const ReviewCriteria& criteria) {
-    if (const auto limit = criteria.TolerancePercentageComments(); limit > kNotSet) {
-        const std::int32_t actual = PercentageOfComments(object.LineStats());
+    if (const auto limit = criteria.Tolerances().PercentageComments; limit > kNotSet) {
+        const std::int32_t actual = object.LineStats().CommentPercentage();
         AddMeasure(object, "PC", {actual, limit, actual >= limit});
     }
     const Variant* const maximum = object.Properties().Find(propertyname::kMaximumCyclomatic);
-    if (const auto limit = criteria.ToleranceCyclomaticComplexity(); limit > kNotSet && maximum) {
+    if (const auto limit = criteria.Tolerances().CyclomaticComplexity; limit > kNotSet && maximum) {
         const std::int32_t actual = maximum->AsLong();
         AddMeasure(object, "CC", {actual, limit, actual <= limit});
     }

@@ -31,7 +31,7 @@ void SourceFileResults::BeginFile(VirtualSourceFile& file) {
 
 void SourceFileResults::NoteSkippedRules() {
     if (m_file == nullptr) {
-        m_project.AddUnreviewedFile(
+        m_project.Outcome().UnreviewedFiles.push_back(
             {m_project.Filename(),
              SourceFileStatus::Good,
              /*IsStored=*/true,
@@ -54,7 +54,7 @@ void SourceFileResults::CloseIncompleteFile(bool isParsed) {
     LogLayoutFault();
     if (m_file->ReadingFailed()) {
         // The file failed, not something in it; as if it could not have been opened.
-        m_project.SetFileErrors(m_project.FileErrors() + 1);
+        ++m_project.Outcome().FileErrors;
         m_file->SetReviewStatus(SourceFileStatus::UnexpectedError);
     }
     modProjectLog::LogLine(
@@ -68,7 +68,7 @@ void SourceFileResults::CloseIncompleteFile(bool isParsed) {
     } else {
         unreviewed.Reason = m_file->Unreadable();
     }
-    m_project.AddUnreviewedFile(std::move(unreviewed));
+    m_project.Outcome().UnreviewedFiles.push_back(std::move(unreviewed));
     m_results.ResultsDB().Writer().SetupVObjectResults(scopename::kFile, *m_file->FileStats());
     LogFileResults();
     modProjectScope::DetachOpenObjects(m_results.ParserState());
@@ -77,11 +77,11 @@ void SourceFileResults::CloseIncompleteFile(bool isParsed) {
 void SourceFileResults::CloseCompleteFile() {
     LogLayoutFault();
     if (m_file->FileStats()->ObjectID() == 0) {
-        m_project.AddUnreviewedFile(
+        m_project.Outcome().UnreviewedFiles.push_back(
             {m_file->Filename(), m_file->ReviewStatus(), /*IsStored=*/false});
     }
     if (m_skippedRulesAt > 0) {
-        m_project.AddUnreviewedFile(
+        m_project.Outcome().UnreviewedFiles.push_back(
             {m_file->Filename(),
              SourceFileStatus::Good,
              /*IsStored=*/true,
@@ -89,7 +89,7 @@ void SourceFileResults::CloseCompleteFile() {
                  kWhySkipped});
     }
     if (const auto& fault = m_file->FoundLayoutFault()) {
-        m_project.AddCutLayout({m_file->Filename(), *fault});
+        m_project.Outcome().CutLayouts.push_back({m_file->Filename(), *fault});
     }
     if (m_criteria.KeepsKnownFaults()) {
         return;

@@ -168,15 +168,15 @@ ProjectReviewStatus VB6ProjectReview::RecoverFromProjectError(ProjectReviewStatu
     switch (state) {
         case ProjectReviewStatus::BeginLoadReferences:
         case ProjectReviewStatus::LoadTypeLibReference:
-            m_project->SetReferenceErrors(m_project->ReferenceErrors() + 1);
+            ++m_project->Outcome().ReferenceErrors;
             return ProjectReviewStatus::LoadTypeLibReference;
         case ProjectReviewStatus::BeginLoadComponents:
         case ProjectReviewStatus::LoadTypeLibComponent:
-            m_project->SetComponentErrors(m_project->ComponentErrors() + 1);
+            ++m_project->Outcome().ComponentErrors;
             return ProjectReviewStatus::LoadTypeLibComponent;
         case ProjectReviewStatus::BeginPrescan:
         case ProjectReviewStatus::PrescanFile:
-            m_project->SetScanErrors(m_project->ScanErrors() + 1);
+            ++m_project->Outcome().ScanErrors;
             return ProjectReviewStatus::PrescanFile;
         case ProjectReviewStatus::IsSourceFileOpened:
         case ProjectReviewStatus::LoadSourceFile:

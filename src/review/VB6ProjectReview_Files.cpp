@@ -59,7 +59,7 @@ ProjectReviewStatus VB6ProjectReview::State_LoadSourceFile() {
 }
 
 ProjectReviewStatus VB6ProjectReview::FailToConnect(SourceFileStatus status) {
-    m_project->SetFileErrors(m_project->FileErrors() + 1);
+    ++m_project->Outcome().FileErrors;
     m_sourceFile->SetReviewStatus(status);
     return State_EndSourceFile(true);
 }

@@ -54,7 +54,7 @@ std::int32_t VB6ProjectReview::LoadProject(std::int32_t projectIndex) {
     bool opened = false;
     const bool ended = Trap({kModule, "LoadProject"}, [&] { opened = OpenProject(projectIndex); });
     if (!ended && m_project) {
-        m_project->SetReviewStatus(1);
+        m_project->Outcome().ReviewStatus = 1;
         m_resultsManager->AbortReview();
     }
     if (opened) {
@@ -77,7 +77,7 @@ bool VB6ProjectReview::OpenProject(std::int32_t projectIndex) {
     if (m_criteria->ReviewType() == ReviewType_Batch) {
         const ProjectLoadStatus status = m_project->LoadProject(filename);
         if (status != ProjectLoadStatus::Good) {
-            m_project->SetReviewStatus(static_cast<std::int32_t>(status));
+            m_project->Outcome().ReviewStatus = static_cast<std::int32_t>(status);
             return false;
         }
         for (std::int32_t index = 1; index <= m_project->SourceFiles().Count(); ++index) {
@@ -85,8 +85,8 @@ bool VB6ProjectReview::OpenProject(std::int32_t projectIndex) {
         }
     }
     if (!m_resultsManager->BeginReview(filename, *m_criteria, *m_rulebase)) {
-        m_project->SetResultsLost({0, m_resultsManager->ResultsDB().Failures().Reason()});
-        m_project->SetReviewStatus(1);
+        m_project->Outcome().ResultsLost = {0, m_resultsManager->ResultsDB().Failures().Reason()};
+        m_project->Outcome().ReviewStatus = 1;
         return false;
     }
     modProjectLog::LogBegin(m_resultsManager->Log(), filename);
@@ -130,7 +130,7 @@ ProjectReviewStatus VB6ProjectReview::State_LoadTypeLib_Reference() {
             const auto library = std::make_shared<VirtualTypeLibrary>(m_typeLibraries.get());
             const bool loaded = library->LoadVirtualReferenceTypeLib(*reference);
             if (!AddTypeLibrary(library, loaded, "reference '" + reference->Description + "'")) {
-                m_project->SetReferenceErrors(m_project->ReferenceErrors() + 1);
+                ++m_project->Outcome().ReferenceErrors;
             }
         }
         return signalled;
@@ -164,7 +164,7 @@ ProjectReviewStatus VB6ProjectReview::State_LoadTypeLib_Component() {
             const auto library = std::make_shared<VirtualTypeLibrary>(m_typeLibraries.get());
             const bool loaded = library->LoadVirtualComponentTypeLib(*component);
             if (!AddTypeLibrary(library, loaded, "component '" + component->Filename + "'")) {
-                m_project->SetComponentErrors(m_project->ComponentErrors() + 1);
+                ++m_project->Outcome().ComponentErrors;
             }
         }
         return signalled;
@@ -234,9 +234,8 @@ ProjectReviewStatus VB6ProjectReview::State_EndProject() {
             modProjectResults::MeasureTolerances(
                 *m_resultsManager, *m_criteria, *projectFile, /*isProjectFile=*/true);
         }
-        if (m_project->ComponentErrors() > 0 || m_project->FileErrors() > 0 ||
-            m_project->ReferenceErrors() > 0 || m_project->ScanErrors() > 0) {
-            m_project->SetReviewStatus(1);
+        if (m_project->Outcome().HasErrors()) {
+            m_project->Outcome().ReviewStatus = 1;
         }
         FireProjectEvent(dorvik::ParserEvent::EndProject);
         modProjectScope::DetachProject(ParserState());

@@ -27,13 +27,14 @@ void LogErrors(const ReviewLog& log, const VirtualProject& project) {
             LogLine(log, std::to_string(count).append(text));
         }
     };
-    logCount(project.ComponentErrors(), " error(s) loading components.");
-    logCount(project.ReferenceErrors(), " error(s) loading references.");
-    logCount(project.ScanErrors(), " error(s) extracting global names.");
-    logCount(project.FileErrors(), " error(s) reviewing source files.");
+    const ProjectOutcome& outcome = project.Outcome();
+    logCount(outcome.ComponentErrors, " error(s) loading components.");
+    logCount(outcome.ReferenceErrors, " error(s) loading references.");
+    logCount(outcome.ScanErrors, " error(s) extracting global names.");
+    logCount(outcome.FileErrors, " error(s) reviewing source files.");
     logCount(
-        project.ResultsLost().Count,
-        " error(s) storing results: " + project.ResultsLost().Reason + ".");
+        outcome.ResultsLost.Count,
+        " error(s) storing results: " + outcome.ResultsLost.Reason + ".");
 }
 
 }  // namespace
@@ -50,7 +51,7 @@ void LogBegin(const ReviewLog& log, std::string_view projectFile) {
 void LogEnd(const ReviewLog& log, const VirtualProject& project) {
     LogLine(log, "Review end date: " + DateAndTime());
     LogLine(log, "Review complete.");
-    if (project.ReviewStatus() == 0) {
+    if (project.Outcome().ReviewStatus == 0) {
         LogLine(log, "Project reviewed successfully.");
         return;
     }

@@ -20,8 +20,8 @@ void MeasureTolerances(
 void RecordLosses(VirtualProject& project, ResultsManager& results) {
     const StoreFailures& failures = results.ResultsDB().Failures();
     if (failures.Count() > 0) {
-        project.SetResultsLost({failures.Count(), failures.Reason()});
-        project.SetReviewStatus(1);
+        project.Outcome().ResultsLost = {failures.Count(), failures.Reason()};
+        project.Outcome().ReviewStatus = 1;
     }
 }
 

@@ -135,17 +135,13 @@ bool DVKWorkData::RBDocAvailable() const {
 }
 
 void DVKWorkData::LoadSettings() {
-    const bool canBeRead = Trap({kModule, "LoadSettings"}, [] {
-        RegistryUtils::HasKey(kWorkbenchKey, RegistryRoot::CurrentUser);
+    const ISettingsStore::Values values = Trapped({kModule, "LoadSettings"}, {}, [] {
+        return RegistryUtils::ListRegValues(kWorkbenchKey, RegistryRoot::CurrentUser);
     });
-    if (!canBeRead) {
-        return;
-    }
-    const auto read = [](std::string_view name, auto& field) {
+    const auto read = [&values](std::string_view name, auto& field) {
         Trap({kModule, "LoadSettings"}, [&] {
             using Field = std::remove_reference_t<decltype(field)>;
-            const std::optional<std::string> text =
-                RegistryUtils::FindRegString(kWorkbenchKey, name, RegistryRoot::CurrentUser);
+            const std::optional<std::string> text = RegistryUtils::FindRegString(values, name);
             if (const auto value = text ? Understood<Field>(*text) : std::nullopt) {
                 field = *value;
             }

@@ -52,9 +52,10 @@ void DorvikData::LoadFacts() {
                 "DorvikData");
             return;
         }
+        const ISettingsStore::Values values =
+            RegistryUtils::ListRegValues(kInstallationKey, RegistryRoot::LocalMachine);
         for (const auto& [name, field] : kFacts) {
-            this->*field = RegistryUtils::GetRegString(
-                kInstallationKey, name, this->*field, RegistryRoot::LocalMachine);
+            this->*field = RegistryUtils::FindRegString(values, name).value_or(this->*field);
         }
     });
 }

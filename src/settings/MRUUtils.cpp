@@ -31,11 +31,12 @@ const std::string& MRUUtils::Item(std::int32_t index) const {
 void MRUUtils::LoadList() {
     m_files.clear();
     Trap({"MRUUtils", "LoadList"}, [this] {
+        const ISettingsStore::Values values =
+            RegistryUtils::ListRegValues(Key(), RegistryRoot::CurrentUser);
         for (std::int32_t number = 1; number <= kMostEntries; ++number) {
-            std::string file = RegistryUtils::GetRegString(
-                Key(), ValueName(number), "", RegistryRoot::CurrentUser);
-            if (!file.empty()) {
-                m_files.push_back(std::move(file));
+            const auto file = RegistryUtils::FindRegString(values, ValueName(number));
+            if (file && !file->empty()) {
+                m_files.push_back(*file);
             }
         }
     });
@@ -67,13 +68,12 @@ void MRUUtils::Take(std::string_view file) {
 
 void MRUUtils::SaveList() const {
     Trap({"MRUUtils", "SaveList"}, [this] {
+        ISettingsStore::Values values;
         for (std::int32_t number = 1; number <= kMostEntries; ++number) {
-            RegistryUtils::SetRegString(
-                Key(),
-                ValueName(number),
-                number <= Count() ? Item(number) : std::string(),
-                RegistryRoot::CurrentUser);
+            values.emplace_back(
+                ValueName(number), number <= Count() ? Item(number) : std::string());
         }
+        RegistryUtils::SetRegStrings(Key(), values, RegistryRoot::CurrentUser);
     });
 }
 

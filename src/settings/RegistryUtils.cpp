@@ -1,6 +1,7 @@
 #include "settings/RegistryUtils.h"
 
 #include "base/modKyErrors.h"
+#include "base/modTextCase.h"
 
 #include <array>
 #include <cstddef>
@@ -21,6 +22,14 @@ ISettingsStore& Store(RegistryRoot root, std::string_view procedure) {
     return *store;
 }
 
+const std::string& TextOf(const StoredSetting& value) {
+    const std::string* const text = std::get_if<std::string>(&value);
+    if (text == nullptr) {
+        modKyErrors::RaiseError(modKyErrors::kyErrRegistryType, "RegistryUtils::GetRegString");
+    }
+    return *text;
+}
+
 }  // namespace
 
 std::string GetRegString(
@@ -28,21 +37,22 @@ std::string GetRegString(
     std::string_view valueName,
     std::string_view otherwise,
     RegistryRoot root) {
-    return FindRegString(key, valueName, root).value_or(std::string(otherwise));
+    const auto value = Store(root, "RegistryUtils::GetRegString").Get(key, valueName);
+    return value ? TextOf(*value) : std::string(otherwise);
+}
+
+ISettingsStore::Values ListRegValues(std::string_view key, RegistryRoot root) {
+    return Store(root, "RegistryUtils::ListRegValues").List(key);
 }
 
 std::optional<std::string>
-FindRegString(std::string_view key, std::string_view valueName, RegistryRoot root) {
-    constexpr std::string_view kProcedure = "RegistryUtils::GetRegString";
-    const std::optional<StoredSetting> value = Store(root, kProcedure).Get(key, valueName);
-    if (!value) {
-        return std::nullopt;
+FindRegString(const ISettingsStore::Values& values, std::string_view valueName) {
+    for (const auto& [name, value] : values) {
+        if (modTextCase::Equal(name, valueName)) {
+            return TextOf(value);
+        }
     }
-    const std::string* const text = std::get_if<std::string>(&*value);
-    if (text == nullptr) {
-        modKyErrors::RaiseError(modKyErrors::kyErrRegistryType, kProcedure);
-    }
-    return *text;
+    return std::nullopt;
 }
 
 void SetRegString(

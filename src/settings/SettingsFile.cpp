@@ -1,5 +1,6 @@
 #include "settings/SettingsFile.h"
 
+#include "base/modUtf8.h"
 #include "foundation/log/LogFile.h"
 #include "foundation/log/Trap.h"
 #include "foundation/log/modLog.h"
@@ -22,7 +23,7 @@ constexpr std::string_view kHead =
     "; The settings of Dorvik. Edit this file only while the program does not run.\n";
 constexpr std::string_view kDamagedSuffix = ".damaged";
 constexpr std::string_view kLockSuffix = ".lock";
-constexpr std::size_t kMostBytes = 4'000'000;  // a file of settings has some thousand
+constexpr std::int64_t kMostBytes = 4'000'000;  // a file of settings has some thousand
 constexpr std::chrono::milliseconds kLockPatience{5000};
 constexpr std::chrono::milliseconds kLockPause{10};
 
@@ -127,10 +128,6 @@ void SettingsFile::Set(std::string_view section, const Values& values) {
     Change([&](SettingsSections& sections) { sections.Set(section, values); });
 }
 
-void SettingsFile::Remove(std::string_view section, std::string_view name) {
-    Change([&](SettingsSections& sections) { sections.Remove(section, name); });
-}
-
 bool SettingsFile::Exists() const {
     return modFiles::FileExists(m_path);
 }
@@ -146,6 +143,9 @@ std::string SettingsFile::MachinePath() {
 SettingsFile::Content SettingsFile::Understood(std::string_view text) {
     Content content;
     std::string section;
+    text = modUtf8::WithoutByteOrderMark(text);
+    std::int32_t damagedLines = 0;
+    std::int32_t firstDamagedLine = 0;
     for (std::int32_t number = 1; !text.empty(); ++number) {
         const std::string_view line = TakeLine(text);
         if (line.empty() || line.starts_with(';')) {
@@ -157,8 +157,14 @@ SettingsFile::Content SettingsFile::Understood(std::string_view text) {
         } else if (const auto setting = TakeSetting(line); setting && !section.empty()) {
             content.Sections.Set(section, {*setting});
         } else {
-            content.DamagedLines.push_back(number);
+            ++damagedLines;
+            firstDamagedLine = firstDamagedLine == 0 ? number : firstDamagedLine;
         }
+    }
+    if (damagedLines > 0) {
+        content.Damage = "has " + std::to_string(damagedLines) +
+                         " line(s) that cannot be understood, the first of them line " +
+                         std::to_string(firstDamagedLine) + "; these settings have their defaults";
     }
     return content;
 }
@@ -181,10 +187,14 @@ SettingsFile::Content SettingsFile::Read() {
     if (!Exists()) {
         return {};
     }
-    if (modFiles::FileSize(m_path) > static_cast<std::int64_t>(kMostBytes)) {
-        return {{}, {1}};
+    Content content;
+    if (const std::int64_t size = modFiles::FileSize(m_path); size > kMostBytes) {
+        content.Damage = "has " + std::to_string(size) + " bytes, more than the " +
+                         std::to_string(kMostBytes) +
+                         " that are read; all settings have their defaults";
+    } else {
+        content = Understood(modFiles::ReadBytes(m_path));
     }
-    Content content = Understood(modFiles::ReadBytes(m_path));
     ReportDamage(content);
     return content;
 }
@@ -194,7 +204,7 @@ void SettingsFile::Change(const Body& body) {
     modUtilFunctions::CreateFullPath(modUtilFunctions::PathFromFilename(m_path));
     const auto lock = Lock(m_path);
     Content content = Read();
-    if (!content.DamagedLines.empty()) {
+    if (!content.Damage.empty()) {
         modFiles::WriteBytesAtomically(
             m_path + std::string(kDamagedSuffix), modFiles::ReadBytes(m_path));
     }
@@ -203,16 +213,13 @@ void SettingsFile::Change(const Body& body) {
 }
 
 void SettingsFile::ReportDamage(const Content& content) {
-    if (content.DamagedLines.empty() || m_damageIsReported) {
+    if (content.Damage.empty() || m_damageIsReported) {
         return;
     }
     m_damageIsReported = true;
     modLog::Log().LogEvent(
-        "The settings file '" + m_path + "' has " + std::to_string(content.DamagedLines.size()) +
-            " line(s) that cannot be understood, the first of them line " +
-            std::to_string(content.DamagedLines.front()) +
-            "; these settings have their defaults. The file is kept as '" + m_path +
-            std::string(kDamagedSuffix) + "' when it is written again.",
+        "The settings file '" + m_path + "' " + content.Damage + ". The file is kept as '" +
+            m_path + std::string(kDamagedSuffix) + "' when it is written again.",
         "Read",
         "SettingsFile");
 }

@@ -50,15 +50,6 @@ void SettingsSections::Set(std::string_view section, const Values& values) {
     }
 }
 
-void SettingsSections::Remove(std::string_view section, std::string_view name) {
-    if (Section* const found = Find(section)) {
-        const auto value = FindValue(found->Settings, name);
-        if (value != found->Settings.end()) {
-            found->Settings.erase(value);
-        }
-    }
-}
-
 SettingsSections::Section* SettingsSections::Find(std::string_view name) {
     const auto found =
         std::find_if(m_sections.begin(), m_sections.end(), [name](const Section& section) {

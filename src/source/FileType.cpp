@@ -42,4 +42,19 @@ std::string_view FileTypeKey(FileType type) {
     return {};
 }
 
+bool HasLayout(FileType type) {
+    switch (type) {
+        case FileType::Form:
+        case FileType::Designer:
+        case FileType::PropertyPage:
+        case FileType::UserDocument:
+        case FileType::UserControl:
+        case FileType::MDIForm: return true;
+        case FileType::None:
+        case FileType::Class:
+        case FileType::Module: return false;
+    }
+    return false;
+}
+
 }  // namespace dorvik

@@ -117,16 +117,16 @@ bool LayoutReader::Extract(
         });
 }
 
-void LayoutReader::Fail(std::int32_t errorNumber, std::size_t place, std::string reason) {
-    m_fault = {place, std::move(reason)};
+void LayoutReader::Fail(std::int32_t errorNumber, std::size_t line, std::string reason) {
+    m_fault = {line, std::move(reason)};
     RaiseRuntimeError(errorNumber);
 }
 
 void LayoutReader::NoteFailedProperty(std::int32_t errorNumber, const std::string& controlName) {
-    m_fault = {m_place, "there is no property of the form 'name = value'"};
+    m_fault = {m_line, "there is no property of the form 'name = value'"};
     if (errorNumber == modKyErrors::kyErrKeyInUse) {
         std::string buffer;
-        const std::string_view line = modText::Trim(m_lines[m_place]);
+        const std::string_view line = modText::Trim(m_lines[m_line]);
         m_fault.Reason = "the property '" + std::string(KeyOf(line, m_propertyPath, buffer)) +
                          "' of '" + controlName + "' is set twice";
     }
@@ -169,8 +169,8 @@ void LayoutReader::ReadProperties(VirtualObject& object, modVOSource::LayoutCont
     m_propertyPath.clear();
     std::string buffer;
     std::int32_t depth = 0;
-    for (m_place = m_next; m_place < m_lines.size(); ++m_place) {
-        const std::string_view line = modText::Trim(m_lines[m_place]);
+    for (m_line = m_next; m_line < m_lines.size(); ++m_line) {
+        const std::string_view line = modText::Trim(m_lines[m_line]);
         if (IsObjectEnd(line)) {
             if (depth == 0) {
                 return;

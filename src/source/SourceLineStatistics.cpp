@@ -1,8 +1,19 @@
 #include "source/SourceLineStatistics.h"
 
+#include "base/modText.h"
 #include "base/modTextCase.h"
 
 namespace dorvik {
+
+std::optional<double> SourceLineStatistics::CommentShare() const {
+    const double comments = static_cast<double>(m_commentOnlyLines) + m_inLineCommentLines;
+    const double base = m_codeLines + comments;
+    return base > 0 ? std::optional(comments / base) : std::nullopt;
+}
+
+std::int32_t SourceLineStatistics::CommentPercentage() const {
+    return modText::RoundToLong(CommentShare().value_or(0) * 100);
+}
 
 void SourceLineStatistics::IncrementCount(LineType lineType) {
     switch (lineType) {

@@ -99,17 +99,10 @@ ProjectLoadStatus VirtualProject::LoadProjectFile(std::string_view filename, boo
 void VirtualProject::BeginAfresh() {
     ClearListProperties();
     m_fileCounts = {};
-    m_referenceErrors = 0;
-    m_componentErrors = 0;
-    m_fileErrors = 0;
-    m_scanErrors = 0;
-    m_reviewStatus = 0;
+    m_outcome = {};
     m_name.clear();
     m_projectType.clear();
     m_unreadable.clear();
-    m_unreviewedFiles.clear();
-    m_cutLayouts.clear();
-    m_resultsLost = {};
 }
 
 ProjectLoadStatus VirtualProject::ReadLines(TextFileReader& reader, bool propertiesOnly) {

@@ -88,21 +88,6 @@ void VirtualSourceFile::Disconnect() {
     m_nameAttributeSeen = false;
 }
 
-bool VirtualSourceFile::HasLayout() const {
-    switch (m_fileType) {
-        case dorvik::FileType::Form:
-        case dorvik::FileType::Designer:
-        case dorvik::FileType::PropertyPage:
-        case dorvik::FileType::UserDocument:
-        case dorvik::FileType::UserControl:
-        case dorvik::FileType::MDIForm: return true;
-        case dorvik::FileType::None:
-        case dorvik::FileType::Class:
-        case dorvik::FileType::Module: return false;
-    }
-    return false;
-}
-
 bool VirtualSourceFile::GetNextSourceLine(SourceLine& line) {
     bool got = false;
     m_readingFailed = !Trap({"VirtualSourceFile", "GetNextSourceLine"}, [&] {

@@ -17,7 +17,7 @@ namespace dorvik {
 namespace {
 
 /// Where in a naming line the name is.
-enum class NamePlace {
+enum class NamePart {
     RestOfLine,
     AfterBrace,     // two characters after the first "}"
     BetweenQuotes,  // between the first two double quotes
@@ -25,20 +25,20 @@ enum class NamePlace {
 
 struct NamingRow {
     std::string_view Prefix;
-    NamePlace Place;
+    NamePart Part;
     std::string_view Key;  // empty: the key of the project file stays
 };
 
 // The order counts for no single line, as no prefix begins another; but the first line of the file
 // that matches any row wins, so that a layout names its form before the name attribute does.
 constexpr NamingRow kNamingRows[] = {
-    {"Begin VB.Form ", NamePlace::RestOfLine, "Form"},
-    {"Begin VB.MDIForm ", NamePlace::RestOfLine, "MDIForm"},
-    {"Begin {", NamePlace::AfterBrace, "Designer"},
-    {"Begin VB.PropertyPage ", NamePlace::RestOfLine, "PropertyPage"},
-    {"Begin VB.UserDocument ", NamePlace::RestOfLine, "UserDocument"},
-    {"Begin VB.UserControl ", NamePlace::RestOfLine, "UserControl"},
-    {"Attribute VB_Name = ", NamePlace::BetweenQuotes, ""},
+    {"Begin VB.Form ", NamePart::RestOfLine, "Form"},
+    {"Begin VB.MDIForm ", NamePart::RestOfLine, "MDIForm"},
+    {"Begin {", NamePart::AfterBrace, "Designer"},
+    {"Begin VB.PropertyPage ", NamePart::RestOfLine, "PropertyPage"},
+    {"Begin VB.UserDocument ", NamePart::RestOfLine, "UserDocument"},
+    {"Begin VB.UserControl ", NamePart::RestOfLine, "UserControl"},
+    {"Attribute VB_Name = ", NamePart::BetweenQuotes, ""},
 };
 
 /// The row whose prefix the line begins with as it is written: an indented line, that of a control
@@ -74,10 +74,10 @@ std::string_view BetweenQuotes(std::string_view line) {
 }
 
 std::string_view NameFromLine(std::string_view line, const NamingRow& row) {
-    switch (row.Place) {
-        case NamePlace::RestOfLine: return line.substr(row.Prefix.size());
-        case NamePlace::AfterBrace: return AfterBrace(line);
-        case NamePlace::BetweenQuotes: return BetweenQuotes(line);
+    switch (row.Part) {
+        case NamePart::RestOfLine: return line.substr(row.Prefix.size());
+        case NamePart::AfterBrace: return AfterBrace(line);
+        case NamePart::BetweenQuotes: return BetweenQuotes(line);
     }
     return {};
 }

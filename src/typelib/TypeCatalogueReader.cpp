@@ -3,6 +3,7 @@
 #include "base/Quoted.h"
 #include "base/modText.h"
 #include "base/modTextCase.h"
+#include "base/modUtf8.h"
 #include "typelib/TypeKinds.h"
 
 #include <algorithm>
@@ -84,10 +85,7 @@ const TypeCatalogueReader::WordRow TypeCatalogueReader::kWords[] = {
 };
 
 void TypeCatalogueReader::Read(std::string_view text) {
-    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-    if (text.starts_with(kByteOrderMark)) {
-        text.remove_prefix(kByteOrderMark.size());
-    }
+    text = modUtf8::WithoutByteOrderMark(text);
     while (!text.empty()) {
         const std::size_t end = std::min(text.find('\n'), text.size());
         std::string_view line = text.substr(0, end);

@@ -103,6 +103,22 @@ TEST(modUtf8, CodePointOfAStrayByteIsTheReplacementCharacter) {
     EXPECT_EQ(modUtf8::CodePoint(kMixed, 1), U'\u00FC');
 }
 
+TEST(modUtf8, AByteOrderMarkIsTakenFromTheFrontOnly) {
+    EXPECT_EQ(modUtf8::WithoutByteOrderMark("\xEF\xBB\xBFtext"), "text");
+    EXPECT_EQ(modUtf8::WithoutByteOrderMark("te\xEF\xBB\xBFxt"), "te\xEF\xBB\xBFxt");
+    EXPECT_EQ(modUtf8::WithoutByteOrderMark("\xEF\xBB"), "\xEF\xBB");
+    EXPECT_EQ(modUtf8::WithoutByteOrderMark(""), "");
+}
+
+TEST(modUtf8, EveryStrayByteBecomesAReplacementCharacter) {
+    EXPECT_EQ(modUtf8::WithValidCharacters("plain"), "plain");
+    EXPECT_EQ(modUtf8::WithValidCharacters(kMixed), kMixed);
+    EXPECT_EQ(
+        modUtf8::WithValidCharacters("a\xE9\xC3\xA9\xE2\x82"),
+        "a\xEF\xBF\xBD\xC3\xA9\xEF\xBF\xBD\xEF\xBF\xBD");
+    EXPECT_EQ(modUtf8::WithValidCharacters(""), "");
+}
+
 TEST(modUtf8, IsValidWantsWholeSequences) {
     EXPECT_TRUE(IsValid(""));
     EXPECT_TRUE(IsValid(kMixed));

@@ -25,13 +25,13 @@ TEST(ReviewCriteria, ANewOneIsABatchReviewOfNothingAndClean) {
 TEST(ReviewCriteria, TolerancesAreNotSetAtFirst) {
     const ReviewCriteria criteria{DVKWorkData()};
     for (std::int32_t place = 1; place <= 6; ++place) {
-        EXPECT_EQ(criteria.ToleranceCount(place), -1);
-        EXPECT_EQ(criteria.ToleranceImpact(place), -1);
+        EXPECT_EQ(criteria.Tolerances().Count.Item(place), -1);
+        EXPECT_EQ(criteria.Tolerances().Impact.Item(place), -1);
     }
-    EXPECT_FALSE(criteria.ToleranceCountObject().Dirty());
-    EXPECT_FALSE(criteria.ToleranceImpactObject().Dirty());
-    EXPECT_EQ(criteria.TolerancePercentageComments(), -1);
-    EXPECT_EQ(criteria.ToleranceCyclomaticComplexity(), -1);
+    EXPECT_FALSE(criteria.Tolerances().Count.Dirty());
+    EXPECT_FALSE(criteria.Tolerances().Impact.Dirty());
+    EXPECT_EQ(criteria.Tolerances().PercentageComments, -1);
+    EXPECT_EQ(criteria.Tolerances().CyclomaticComplexity, -1);
 }
 
 TEST(ReviewCriteria, SomeDefaultsComeFromTheWorkstationSettings) {
@@ -97,8 +97,8 @@ TEST(ReviewCriteria, ATolerancePlaceCanBeWritten) {
     ReviewCriteria criteria{DVKWorkData()};
     criteria.SetToleranceCount(6, 40);
     criteria.SetToleranceImpact(1, 0);
-    EXPECT_EQ(criteria.ToleranceCount(6), 40);
-    EXPECT_EQ(criteria.ToleranceImpactObject().Item(1), 0);
+    EXPECT_EQ(criteria.Tolerances().Count.Item(6), 40);
+    EXPECT_EQ(criteria.Tolerances().Impact.Item(1), 0);
     EXPECT_EQ(criteria.Tolerances().Count.Item(6), 40);
 }
 

@@ -96,7 +96,7 @@ TEST_F(ProjectReportTest, WithoutTolerancesThereIsNoVerdictYetErrorsCount) {
     WriteProjectFile(0);
     WriteModule("modA", 1, 100);
     WriteModule("modB", 0, 0, SourceFileStatus::NotFound);
-    m_project->SetFileErrors(1);
+    m_project->Outcome().FileErrors = 1;
     const std::string page = Report();
     EXPECT_THAT(page, Not(HasSubstr("Verdict: ")));
     EXPECT_THAT(page, Not(HasSubstr("#ToleranceFailures")));
@@ -153,7 +153,7 @@ TEST_F(ProjectReportTest, AllFilesInErrorGiveARateOfZero) {
     WriteProjectFile(1);
     WriteModule("modA", 0, 0, SourceFileStatus::NotFound);
     WriteModule("modB", 0, 0, SourceFileStatus::UnexpectedError);
-    m_project->SetFileErrors(2);
+    m_project->Outcome().FileErrors = 2;
     const std::string page = Report();
     EXPECT_THAT(
         page, HasSubstr("<td align=\"left\">TOTALS</td><td align=\"center\">0.00%</td><td>1</td>"));

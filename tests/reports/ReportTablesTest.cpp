@@ -291,25 +291,5 @@ TEST_F(ReportTables, TheLabelOfATotalCarriesOverFromTheCountsToTheImpacts) {
             Row("Medium Violation Count Violation Impact", "2")));
 }
 
-TEST_F(ReportTables, ToleranceOfTheTotalIsASetTolerance) {
-    EXPECT_FALSE(modReportTables::TolerancesSet(m_tolerances));
-    m_tolerances.Impact.SetItem(6, 0);
-    EXPECT_TRUE(modReportTables::TolerancesSet(m_tolerances));
-}
-
-TEST_F(ReportTables, EachToleranceIsASetTolerance) {
-    for (std::int32_t index = 1; index <= 6; ++index) {
-        ToleranceSettings counts;
-        counts.Count.SetItem(index, 0);
-        EXPECT_TRUE(modReportTables::TolerancesSet(counts)) << index;
-    }
-    ToleranceSettings complexity;
-    complexity.CyclomaticComplexity = 0;
-    EXPECT_TRUE(modReportTables::TolerancesSet(complexity));
-    ToleranceSettings comments;
-    comments.PercentageComments = 0;
-    EXPECT_TRUE(modReportTables::TolerancesSet(comments));
-}
-
 }  // namespace
 }  // namespace dorvik

@@ -68,64 +68,46 @@ private:
         object.ViolationStats().SetTotalImpact(impact);
     }
 
-    void Finish(VirtualObject& object) {
-        m_results.Writer().LogVirtualObjectProperties(object);
-        m_results.Writer().LogVirtualObjectViolationStats(object);
-        if (object.LineStats().TotalLines() > 0) {
-            m_results.Writer().LogVirtualObjectLineStats(object);
-        }
-    }
-
-    std::unique_ptr<VirtualObject>
-    SetUpTypedFile(std::string_view name, std::string_view type, std::string_view ending) {
-        auto object = Named(name);
-        object->Properties().Add("Path", "C:\\Src\\");
-        object->Properties().Add("Filename", std::string(name) + std::string(ending));
-        object->Properties().Add("Type", type);
-        m_results.Writer().SetupVObjectResults("File", *object);
-        return object;
-    }
-
     void SetUpSection(std::string_view kind, std::int32_t violations, std::int32_t impact) {
         VirtualObject section;
         m_results.Writer().SetupVObjectResults(kind, section);
         Count(section, violations, impact);
-        Finish(section);
+        StoreFigures(section);
     }
 
     void WriteObjects() {
         const auto project = SetUpProject();
         Count(*project, 6, 2310);
-        Finish(*project);
-        const auto projectFile = SetUpTypedFile("Billing", "Project", ".vbp");
+        StoreFigures(*project);
+        const auto projectFile = SetUpTypedFile("Billing", "Project", "Billing.vbp");
         projectFile->ViolationStats().IncrementCount(1, 900);
         modTolerances::SetTolerancePassValue(*projectFile, m_criteria, true);
-        Finish(*projectFile);
+        StoreFigures(*projectFile);
         WriteModule();
         WriteForm();
     }
 
     void WriteModule() {
-        const auto file = SetUpTypedFile("modA", "Module", ".bas");
+        const auto file = SetUpTypedFile("modA", "Module", "modA.bas");
         SetUpSection("Declarations", 1, 500);
         const auto procedure = SetUpProcedure("Total", "Function");
         procedure->Properties().Add("CyclomaticComplexity", 9);
         Count(*procedure, 2, 850);
         CountLines(*procedure, 20, 4);
-        Finish(*procedure);
+        StoreFigures(*procedure);
         Count(*file, 4, 1360);
         CountLines(*file, 100, 20);
         file->Properties().Add("AverageCyclomatic", 9);
         modTolerances::SetTolerancePassValue(*file, m_criteria, false);
-        Finish(*file);
+        StoreFigures(*file);
     }
 
     void WriteForm() {
-        const auto file = SetUpTypedFile("frmB", "Form", ".frm");
+        const auto file = SetUpTypedFile("frmB", "Form", "frmB.frm");
         SetUpSection("Layout", 0, 0);
-        Finish(*SetUpProcedure("Total", "Sub", "Private"));
+        StoreFigures(*SetUpProcedure("Total", "Sub", "Private"));
         Count(*file, 0, 0);
-        Finish(*file);
+        StoreFigures(*file);
     }
 
     void Log(std::int32_t itemId, ItemType itemType, Violation violation, std::int32_t ruleType) {

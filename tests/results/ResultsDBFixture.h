@@ -64,12 +64,29 @@ protected:
 
     std::unique_ptr<VirtualObject>
     SetUpFile(std::string_view name, std::string_view kind = "File") {
+        return SetUpTypedFile(name, "Module", std::string(name) + ".bas", kind);
+    }
+
+    std::unique_ptr<VirtualObject> SetUpTypedFile(
+        std::string_view name,
+        std::string_view type,
+        std::string_view filename,
+        std::string_view kind = "File") {
         auto object = Named(name);
         object->Properties().Add("Path", "C:\\Src\\");
-        object->Properties().Add("Filename", std::string(name) + ".bas");
-        object->Properties().Add("Type", "Module");
+        object->Properties().Add("Filename", filename);
+        object->Properties().Add("Type", type);
         m_results.Writer().SetupVObjectResults(kind, *object);
         return object;
+    }
+
+    /// Stores what an object has come to: its properties and figures, its lines only where it has any.
+    void StoreFigures(VirtualObject& object) {
+        m_results.Writer().LogVirtualObjectProperties(object);
+        m_results.Writer().LogVirtualObjectViolationStats(object);
+        if (object.LineStats().TotalLines() > 0) {
+            m_results.Writer().LogVirtualObjectLineStats(object);
+        }
     }
 
     std::unique_ptr<VirtualObject> SetUpProcedure(

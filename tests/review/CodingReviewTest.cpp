@@ -109,9 +109,7 @@ TEST(CodingReview, AtOneEventNamesComeBeforeScriptsAndScriptsBeforeKeywords) {
     RulesInReview review;
     review.AddKeyword("Keyword", "Stop");
     review.AddCoding("Script", {25, 30}, kRaise);
-    NamingConvention& naming = review.AddNaming("Name", ObjectType::Variable);
-    naming.SetBodyActive(true);
-    naming.SetMinBodyLength(20);
+    review.AddLeastLength("Name", ObjectType::Variable, 20);
     review.Run({"modA=Public gCount As Long\nSub Work()\nStop\nEnd Sub\n"});
     EXPECT_THAT(review.Titles(), ElementsAre("Name", "Script", "Script", "Keyword"));
 }

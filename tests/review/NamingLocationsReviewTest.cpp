@@ -9,6 +9,7 @@ namespace dorvik {
 namespace {
 
 using test::AdviceOf;
+using test::Fill;
 using test::Item;
 using test::RulesInReview;
 using test::RunForm;
@@ -23,9 +24,8 @@ using testing::IsEmpty;
 NamingConvention& AddPrefixRule(
     RulesInReview& review, const std::string& title, ObjectType object, PrefixSuffixItem item) {
     NamingConvention& rule = review.AddNaming(title, object);
-    rule.SetPrefixActive(true);
-    *rule.PrefixItems().Item(1) = std::move(item);
-    rule.SetPrefixAdvice("%NamingConvention.ScopeTag%");
+    Fill(rule.Prefix(), {std::move(item)});
+    rule.Prefix().SetAdvice("%NamingConvention.ScopeTag%");
     return rule;
 }
 
@@ -33,8 +33,7 @@ NamingConvention& AddPrefixRule(
 NamingConvention& AddSuffixRule(
     RulesInReview& review, const std::string& title, ObjectType object, PrefixSuffixItem item) {
     NamingConvention& rule = review.AddNaming(title, object);
-    rule.SetSuffixActive(true);
-    *rule.SuffixItems().Item(1) = std::move(item);
+    Fill(rule.Suffix(), {std::move(item)});
     return rule;
 }
 
@@ -89,9 +88,7 @@ TEST(NamingLocations, AnEventAndItsArgumentsRunTheRulesOfTheirKinds) {
           std::pair{"13", ObjectType::DeclareArgument},
           std::pair{"19", ObjectType::EventArgument},
           std::pair{"20", ObjectType::ProcedureArgument}}) {
-        NamingConvention& rule = review.AddNaming(title, object);
-        rule.SetBodyActive(true);
-        rule.SetMinBodyLength(30);
+        review.AddLeastLength(title, object, 30);
     }
     review.Review().AddFile(
         "clsA.cls",
@@ -105,9 +102,7 @@ TEST(NamingLocations, AnEventAndItsArgumentsRunTheRulesOfTheirKinds) {
 
 TEST(NamingLocations, AFormAtTheEndOfItsLayoutIsReportedUnderTheDeclarations) {
     RulesInReview review;
-    NamingConvention& rule = review.AddNaming("49", ObjectType::NonMDIFormFile);
-    rule.SetBodyActive(true);
-    rule.SetMinBodyLength(30);
+    review.AddLeastLength("49", ObjectType::NonMDIFormFile, 30);
     RunForm(review, "VERSION 5.00\nBegin VB.Form frmA\nEnd\nAttribute VB_Name = \"frmA\"\n");
     EXPECT_THAT(review.Titles(), ElementsAre("49"));
     EXPECT_THAT(review.Query("SELECT LocMember FROM Violations"), ElementsAre("(Declarations)"));
@@ -140,10 +135,9 @@ TEST(NamingLocations, ASuffixWhoseTagIsMissingIsNotTestedAndTheBodyIsUncut) {
 TEST(NamingLocations, AFailedPrefixEndsTheTestsBeforeTheSuffix) {
     RulesInReview review;
     NamingConvention& rule = AddPrefixRule(review, "Both", ObjectType::Variable, Item(psText, "x"));
-    rule.SetSuffixActive(true);
-    *rule.SuffixItems().Item(1) = Item(psText, "y");
-    rule.SetPrefixAdvice("Prefix.");
-    rule.SetSuffixAdvice("Suffix.");
+    Fill(rule.Suffix(), {Item(psText, "y")});
+    rule.Prefix().SetAdvice("Prefix.");
+    rule.Suffix().SetAdvice("Suffix.");
     review.Run({"modA=Private a As Long\nPrivate xa As Long\nPrivate xay As Long\n"});
     EXPECT_THAT(AdviceOf(review), ElementsAre("Prefix.", "Suffix."));
 }

@@ -9,6 +9,7 @@ namespace dorvik {
 namespace {
 
 using test::AdviceOf;
+using test::Fill;
 using test::Item;
 using test::RulesInReview;
 using test::RunForm;
@@ -20,19 +21,11 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-void SetItems(
-    ObjectArrayList<PrefixSuffixItem>& items, const std::vector<PrefixSuffixItem>& values) {
-    for (std::size_t index = 0; index < values.size(); ++index) {
-        *items.Item(static_cast<std::int32_t>(index) + 1) = values[index];
-    }
-}
-
 /// The rule of a usual standard: scope tag, array tag, data type tag, then a capital.
 NamingConvention& AddUsualRule(RulesInReview& review) {
     NamingConvention& rule = review.AddNaming("Usual", ObjectType::Variable);
-    rule.SetPrefixActive(true);
-    SetItems(rule.PrefixItems(), {Item(psScopeTag), Item(psArrayTag), Item(psDataTypeTag)});
-    rule.SetPrefixAdvice("Start with the scope and type tags.");
+    Fill(rule.Prefix(), {Item(psScopeTag), Item(psArrayTag), Item(psDataTypeTag)});
+    rule.Prefix().SetAdvice("Start with the scope and type tags.");
     rule.SetBodyActive(true);
     rule.SetBodyPattern("^[A-Z][a-zA-Z0-9]*$");
     rule.SetMinBodyLength(3);
@@ -60,6 +53,13 @@ TEST(NamingReview, AWrongPrefixIsReportedAndTheBodyIsNotTested) {
     EXPECT_THAT(review.Query("SELECT LocMember FROM Violations"), ElementsAre("(Declarations)"));
 }
 
+TEST(NamingReview, AShortBodyAfterARightPrefixIsReportedWithTheAdviceOfTheBody) {
+    RulesInReview review;
+    AddUsualRule(review);
+    review.Run({"modA=Private m_asNo() As String\n"});
+    EXPECT_THAT(AdviceOf(review), ElementsAre("Bad body."));
+}
+
 TEST(NamingReview, AlternativesInATagStayOnePartAndTheLongestOneIsThePrefix) {
     RulesInReview review;
     AddUsualRule(review);
@@ -71,8 +71,7 @@ TEST(NamingReview, AlternativesInATagStayOnePartAndTheLongestOneIsThePrefix) {
 TEST(NamingReview, AnEmptyTagLeavesThePrefixUntested) {
     RulesInReview review;
     NamingConvention& rule = review.AddNaming("Tagged", ObjectType::Variable);
-    rule.SetPrefixActive(true);
-    SetItems(rule.PrefixItems(), {Item(psDataTypeTag)});
+    Fill(rule.Prefix(), {Item(psDataTypeTag)});
     SetTag(review.Rules().DataTypeTags(), "String", "");
     review.Run({"modA=Private anything As String\n"});
     EXPECT_THAT(review.Titles(), IsEmpty());
@@ -80,21 +79,17 @@ TEST(NamingReview, AnEmptyTagLeavesThePrefixUntested) {
 
 TEST(NamingReview, APrefixOfFourUnusedItemsIsNotTested) {
     RulesInReview review;
-    review.AddNaming("Unused", ObjectType::Variable).SetPrefixActive(true);
+    review.AddNaming("Unused", ObjectType::Variable).Prefix().SetActive(true);
     review.Run({"modA=Private anything As String\n"});
     EXPECT_THAT(review.Titles(), IsEmpty());
 }
 
 TEST(NamingReview, ANameOnTheExclusionListIsPassedOverInAnyCaseForThatRuleOnly) {
     RulesInReview review;
-    NamingConvention& first = review.AddNaming("First", ObjectType::Variable);
-    first.SetBodyActive(true);
-    first.SetMinBodyLength(9);
+    NamingConvention& first = review.AddLeastLength("First", ObjectType::Variable, 9);
     first.SetExclusionList("i;J");
     first.SetCaseSensitive(true);
-    NamingConvention& second = review.AddNaming("Second", ObjectType::Variable);
-    second.SetBodyActive(true);
-    second.SetMinBodyLength(9);
+    review.AddLeastLength("Second", ObjectType::Variable, 9);
     review.Run({"modA=Private I As String\nPrivate j As String\n"});
     EXPECT_THAT(review.Titles(), ElementsAre("Second", "Second"));
 }
@@ -102,13 +97,11 @@ TEST(NamingReview, ANameOnTheExclusionListIsPassedOverInAnyCaseForThatRuleOnly) 
 TEST(NamingReview, ANameEqualToItsPrefixHasAnEmptyBodyOfWhichOnlyTheLengthCounts) {
     RulesInReview review;
     NamingConvention& lengthless = review.AddNaming("Pattern", ObjectType::Variable);
-    lengthless.SetPrefixActive(true);
-    SetItems(lengthless.PrefixItems(), {Item(psText, "str")});
+    Fill(lengthless.Prefix(), {Item(psText, "str")});
     lengthless.SetBodyActive(true);
     lengthless.SetBodyPattern("^[A-Z]");
     NamingConvention& length = review.AddNaming("Length", ObjectType::Variable);
-    length.SetPrefixActive(true);
-    SetItems(length.PrefixItems(), {Item(psText, "str")});
+    Fill(length.Prefix(), {Item(psText, "str")});
     length.SetBodyActive(true);
     length.SetMinBodyLength(1);
     review.Run({"modA=Private str As String\n"});
@@ -118,10 +111,8 @@ TEST(NamingReview, ANameEqualToItsPrefixHasAnEmptyBodyOfWhichOnlyTheLengthCounts
 TEST(NamingReview, ASuffixLongerThanTheRestAfterThePrefixLeavesTheBodyUncut) {
     RulesInReview review;
     NamingConvention& rule = review.AddNaming("Both", ObjectType::Variable);
-    rule.SetPrefixActive(true);
-    SetItems(rule.PrefixItems(), {Item(psText, "abc")});
-    rule.SetSuffixActive(true);
-    SetItems(rule.SuffixItems(), {Item(psText, "bcd")});
+    Fill(rule.Prefix(), {Item(psText, "abc")});
+    Fill(rule.Suffix(), {Item(psText, "bcd")});
     rule.SetBodyActive(true);
     rule.SetBodyPattern("^d$");  // what the prefix leaves of "abcd"
     review.Run({"modA=Private abcd As String\n"});
@@ -131,9 +122,8 @@ TEST(NamingReview, ASuffixLongerThanTheRestAfterThePrefixLeavesTheBodyUncut) {
 TEST(NamingReview, ASuffixIsTestedAtTheEndAndReportedWithItsOwnAdvice) {
     RulesInReview review;
     NamingConvention& rule = review.AddNaming("Suffix", ObjectType::Variable);
-    rule.SetSuffixActive(true);
-    SetItems(rule.SuffixItems(), {Item(psText, "_v")});
-    rule.SetSuffixAdvice("End %Variable.Name% in _v.");
+    Fill(rule.Suffix(), {Item(psText, "_v")});
+    rule.Suffix().SetAdvice("End %Variable.Name% in _v.");
     review.Run({"modA=Private one_v As Long\nPrivate _vtwo As Long\nPrivate three As Long\n"});
     EXPECT_THAT(AdviceOf(review), Contains("End three in _v."));
     EXPECT_THAT(AdviceOf(review), Not(Contains("End one_v in _v.")));
@@ -155,9 +145,7 @@ TEST(NamingReview, CaseCountsOnlyIfTheRuleSaysSo) {
 
 TEST(NamingReview, ABodyThatIsTooLongOrTooShortIsReported) {
     RulesInReview review;
-    NamingConvention& rule = review.AddNaming("Length", ObjectType::Variable);
-    rule.SetBodyActive(true);
-    rule.SetMinBodyLength(2);
+    NamingConvention& rule = review.AddLeastLength("Length", ObjectType::Variable, 2);
     rule.SetMaxBodyLength(4);
     review.Run({"modA=Private a As Long\nPrivate ab As Long\nPrivate abcd As Long\n"
                 "Private abcde As Long\n"});
@@ -172,9 +160,7 @@ TEST(NamingReview, APublicWithEventsVariableRunsTheRulesOfThreeKindsInOrder) {
           std::pair{"33", ObjectType::WithEventsVariable},
           std::pair{"43", ObjectType::NoWithEventsVariable},
           std::pair{"28", ObjectType::Variable}}) {
-        NamingConvention& rule = review.AddNaming(title, object);
-        rule.SetBodyActive(true);
-        rule.SetMinBodyLength(30);
+        review.AddLeastLength(title, object, 30);
     }
     review.Run({"modA=Public WithEvents oApp As Thing\n"});
     EXPECT_THAT(review.Titles(), ElementsAre("28", "33", "34"));
@@ -183,10 +169,7 @@ TEST(NamingReview, APublicWithEventsVariableRunsTheRulesOfThreeKindsInOrder) {
 TEST(NamingReview, EachDeclarationRunsTheRulesOfItsKinds) {
     RulesInReview review;
     for (std::int32_t type = kFirstObjectType; type <= kLastObjectType; ++type) {
-        NamingConvention& rule =
-            review.AddNaming(std::to_string(type), static_cast<ObjectType>(type));
-        rule.SetBodyActive(true);
-        rule.SetMinBodyLength(90);
+        review.AddLeastLength(std::to_string(type), static_cast<ObjectType>(type), 90);
     }
     review.Run(
         {"modA=Public Const C = 1\nPrivate Const D = 1\n"
@@ -238,9 +221,7 @@ TEST(NamingReview, EachDeclarationRunsTheRulesOfItsKinds) {
 
 TEST(NamingReview, AConditionDecidesWhetherARuleApplies) {
     RulesInReview review;
-    NamingConvention& rule = review.AddNaming("Conditional", ObjectType::Variable);
-    rule.SetBodyActive(true);
-    rule.SetMinBodyLength(30);
+    NamingConvention& rule = review.AddLeastLength("Conditional", ObjectType::Variable, 30);
     rule.SetCondition(Script("Dim n\r\nDorvik.GetObjectProperty \"Variable\", \"Name\", n\r\n"
                              "If n = \"b\" Then Dorvik.ApplyConvention"));
     review.Run({"modA=Private a As Long\nPrivate b As Long\n"});
@@ -254,13 +235,16 @@ TEST(NamingReview, AMalformedPatternIsLoggedAndTheNamePasses) {
     rule.SetBodyPattern("(");
     review.Run({"modA=Private a As Long\n"});
     EXPECT_THAT(review.Titles(), IsEmpty());
+    EXPECT_THAT(
+        review.Log(),
+        Contains(HasSubstr("Expected ')' in regular expression '(' at position 2 in rule "
+                           "5000#C_NCHelper::TestPattern")));
 }
 
 TEST(NamingReview, ADataTypeWithoutTagIsLoggedAndTheNamePasses) {
     RulesInReview review;
     NamingConvention& rule = review.AddNaming("Tagged", ObjectType::Variable);
-    rule.SetPrefixActive(true);
-    SetItems(rule.PrefixItems(), {Item(psDataTypeTag)});
+    Fill(rule.Prefix(), {Item(psDataTypeTag)});
     review.Run({"modA=Private a As Nowhere\n"});
     EXPECT_THAT(review.Titles(), IsEmpty());
     EXPECT_THAT(review.Log(), Contains(HasSubstr("Data type 'Nowhere' undefined.")));
@@ -269,9 +253,8 @@ TEST(NamingReview, ADataTypeWithoutTagIsLoggedAndTheNamePasses) {
 TEST(NamingReview, TypesOfTheProjectItselfTakeTheTagOfTheirKind) {
     RulesInReview review;
     NamingConvention& rule = review.AddNaming("Tagged", ObjectType::Variable);
-    rule.SetPrefixActive(true);
-    SetItems(rule.PrefixItems(), {Item(psDataTypeTag)});
-    rule.SetPrefixAdvice("%NamingConvention.DataTypeTag%");
+    Fill(rule.Prefix(), {Item(psDataTypeTag)});
+    rule.Prefix().SetAdvice("%NamingConvention.DataTypeTag%");
     SetTag(review.Rules().DataTypeTags(), "(Enumerations)", "en");
     SetTag(review.Rules().DataTypeTags(), "(User-Defined Types)", "ty");
     SetTag(review.Rules().DataTypeTags(), "String", "fx");
@@ -286,8 +269,7 @@ TEST(NamingReview, TypesOfTheProjectItselfTakeTheTagOfTheirKind) {
 TEST(NamingReview, APropertyItemPutsAPropertyIntoThePattern) {
     RulesInReview review;
     NamingConvention& rule = review.AddNaming("By file", ObjectType::Variable);
-    rule.SetPrefixActive(true);
-    SetItems(rule.PrefixItems(), {Item(psProperty, "File.Name"), Item(psText, "_")});
+    Fill(rule.Prefix(), {Item(psProperty, "File.Name"), Item(psText, "_")});
     review.Run({"modA=Private modA_x As Long\nPrivate modB_x As Long\n"});
     EXPECT_THAT(review.Query("SELECT LineNum FROM Violations"), ElementsAre("2"));
 }
@@ -296,9 +278,8 @@ TEST(NamingReview, AFailedPrefixOverwritesTheAdviceOfTheRuleForTheRestOfTheRevie
     RulesInReview review;
     NamingConvention& rule = review.AddNaming("Rule", ObjectType::Variable);
     rule.ViolationDefinition().SetAdvice("Never seen.");
-    rule.SetPrefixActive(true);
-    SetItems(rule.PrefixItems(), {Item(psText, "x")});
-    rule.SetPrefixAdvice("");
+    Fill(rule.Prefix(), {Item(psText, "x")});
+    rule.Prefix().SetAdvice("");
     review.Run({"modA=Private a As Long\n"});
     EXPECT_THAT(AdviceOf(review), ElementsAre(""));
 }
@@ -311,8 +292,7 @@ std::string FormWith(const std::string& programId, const std::string& moreProper
 
 NamingConvention& AddControlRule(RulesInReview& review) {
     NamingConvention& rule = review.AddNaming("Control", ObjectType::Control);
-    rule.SetPrefixActive(true);
-    SetItems(rule.PrefixItems(), {Item(psControlTag)});
+    Fill(rule.Prefix(), {Item(psControlTag)});
     return rule;
 }
 
@@ -347,9 +327,7 @@ TEST(NamingReview, AFormIsOfTheTypeOfItsRoleAmongMdiForms) {
         for (const auto& [title, object] :
              {std::pair{"48", ObjectType::MDIChildFormFile},
               std::pair{"49", ObjectType::NonMDIFormFile}}) {
-            NamingConvention& rule = review.AddNaming(title, object);
-            rule.SetBodyActive(true);
-            rule.SetMinBodyLength(30);
+            review.AddLeastLength(title, object, 30);
         }
         RunForm(review, FormWith("VB.Label", property));
         EXPECT_THAT(review.Titles(), ElementsAre(expected));
@@ -364,9 +342,7 @@ TEST(NamingReview, AnMdiParentGetsItsRulesAtTheEndOfTheFileOnly) {
           std::pair{"47", ObjectType::MDIFormFile},
           std::pair{"48", ObjectType::MDIChildFormFile},
           std::pair{"49", ObjectType::NonMDIFormFile}}) {
-        NamingConvention& rule = review.AddNaming(title, object);
-        rule.SetBodyActive(true);
-        rule.SetMinBodyLength(30);
+        review.AddLeastLength(title, object, 30);
     }
     RunForm(review, "VERSION 5.00\nBegin VB.MDIForm frmA\nEnd\nAttribute VB_Name = \"frmA\"\n");
     EXPECT_THAT(review.Titles(), ElementsAre("12", "36", "47"));

@@ -231,7 +231,7 @@ TEST(ResultsManager, LockedOldDatabaseIsReportedAndTheProjectIsNotReviewed) {
             "Unable to replace the existing results database '" +
             (run.Folder().HostPath() / "Dorvik" / "P_DORVIK.mdb").string() +
             "', because it is locked by another process."));
-    EXPECT_EQ(run.Criteria().ProjectList().Item(1)->ReviewStatus(), 1);
+    EXPECT_EQ(run.Criteria().ProjectList().Item(1)->Outcome().ReviewStatus, 1);
     other.Close();
     EXPECT_EQ(
         run.Query("P", "SELECT Title FROM Violations").size(), 1U);  // the old results are whole
@@ -248,7 +248,7 @@ TEST(ResultsManager, LockedOldDatabaseIsReportedInTheLogOfABackgroundReview) {
     run.Criteria().SetBackgroundReview(true);
     run.Run();
     EXPECT_THAT(box.Texts, IsEmpty());
-    EXPECT_EQ(run.Criteria().ProjectList().Item(1)->ReviewStatus(), 1);
+    EXPECT_EQ(run.Criteria().ProjectList().Item(1)->Outcome().ReviewStatus, 1);
     EXPECT_THAT(
         run.Log("P"), Contains(HasSubstr("Unable to replace the existing results database '")));
 }
@@ -258,7 +258,7 @@ TEST(ResultsManager, MissingTemplateIsASetupErrorAndFailsTheProject) {
     AddOneModule(run);
     modGlobal::Data().SetProjectResultsDB(run.Folder().Path("Nowhere.mdb"));
     run.Run();
-    EXPECT_EQ(run.Criteria().ProjectList().Item(1)->ReviewStatus(), 1);
+    EXPECT_EQ(run.Criteria().ProjectList().Item(1)->Outcome().ReviewStatus, 1);
     EXPECT_THAT(
         run.Log("P"),
         Contains(HasSubstr(

@@ -45,6 +45,14 @@ NamingConvention& RulesInReview::AddNaming(const std::string& title, ObjectType 
     return *rule;
 }
 
+NamingConvention&
+RulesInReview::AddLeastLength(const std::string& title, ObjectType object, std::int16_t length) {
+    NamingConvention& rule = AddNaming(title, object);
+    rule.SetBodyActive(true);
+    rule.SetMinBodyLength(length);
+    return rule;
+}
+
 UnauthorisedKeyword& RulesInReview::AddKeyword(
     const std::string& title, const std::string& pattern, const std::vector<std::int32_t>& events) {
     const auto rule = std::make_shared<UnauthorisedKeyword>();
@@ -83,6 +91,14 @@ std::string Script(const std::string& body) {
 
 PrefixSuffixItem Item(PrefixSuffixType type, std::string value) {
     return {static_cast<std::int32_t>(type), std::move(value)};
+}
+
+void Fill(NameAffix& affix, const std::vector<PrefixSuffixItem>& items) {
+    affix.SetActive(true);
+    std::int32_t slot = 0;
+    for (const PrefixSuffixItem& item : items) {
+        *affix.Items().Item(++slot) = item;
+    }
 }
 
 void SetTag(TagTable& tags, const std::string& row, const std::string& value) {

@@ -28,6 +28,9 @@ public:
         std::int32_t endEvent = -1);
     /// A naming convention on "Name" for that kind of object.
     NamingConvention& AddNaming(const std::string& title, ObjectType object);
+    /// The same with a body of at least so many characters; with enough of them each object of the kind is reported.
+    NamingConvention&
+    AddLeastLength(const std::string& title, ObjectType object, std::int16_t length);
 
     /// An unauthorised keyword.
     UnauthorisedKeyword& AddKeyword(
@@ -54,6 +57,9 @@ std::string Script(const std::string& body);
 
 /// A part of the prefix or suffix of a naming convention.
 PrefixSuffixItem Item(PrefixSuffixType type, std::string value = {});
+
+/// Makes the prefix or suffix active, with these parts.
+void Fill(NameAffix& affix, const std::vector<PrefixSuffixItem>& items);
 
 /// Gives the row of a table of tags its value; a row that is not there is added.
 void SetTag(TagTable& tags, const std::string& row, const std::string& value);

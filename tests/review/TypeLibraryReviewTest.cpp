@@ -12,6 +12,7 @@ namespace dorvik {
 
 namespace {
 
+using test::Fill;
 using test::RulesInReview;
 using test::SetTag;
 using testing::Contains;
@@ -46,8 +47,7 @@ private:
 /// Every variable begins with the tag of its type.
 void AddTypeTagRule(RulesInReview& review) {
     NamingConvention& rule = review.AddNaming("Type tag", ObjectType::Variable);
-    rule.SetPrefixActive(true);
-    *rule.PrefixItems().Item(1) = {static_cast<std::int32_t>(psDataTypeTag), ""};
+    Fill(rule.Prefix(), {{static_cast<std::int32_t>(psDataTypeTag), ""}});
     TagTable& tags = review.Rules().DataTypeTags();
     SetTag(tags, "(Classes)", "c");
     SetTag(tags, "(Controls)", "ctl");
@@ -165,7 +165,7 @@ TEST(TypeLibraryReview, LibraryWhoseNameIsTakenIsCountedAndLogged) {
     EXPECT_THAT(log, Contains("Failed to load component 'Stock.ocx'"));
     EXPECT_THAT(log, Contains("1 error(s) loading components."));
     EXPECT_THAT(log, Contains(HasSubstr("'Stock' is already in use.#C_NCHelper::AddTypeLibrary")));
-    EXPECT_EQ(review.Review().Criteria().ProjectList().Item(1)->ComponentErrors(), 1);
+    EXPECT_EQ(review.Review().Criteria().ProjectList().Item(1)->Outcome().ComponentErrors, 1);
     EXPECT_THAT(BadLines(review), IsEmpty()) << "the library that came first stays";
 }
 

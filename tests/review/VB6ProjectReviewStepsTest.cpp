@@ -141,13 +141,13 @@ TEST_F(ProjectSteps, AFailureAfterTheSignalOfALibraryIsCountedAndTheNextLibraryF
     for (int errors = 1; errors <= 3; ++errors) {  // the references that every project has
         EXPECT_EQ(review.Step(), SliceResult::Continue);
         EXPECT_EQ(review.State(), ProjectState::LoadTypeLibReference);
-        EXPECT_EQ(Project().ReferenceErrors(), errors);
+        EXPECT_EQ(Project().Outcome().ReferenceErrors, errors);
     }
     review.Step();
     EXPECT_EQ(review.State(), ProjectState::BeginLoadComponents);
     review.Step();
     EXPECT_EQ(review.State(), ProjectState::LoadTypeLibComponent);
-    EXPECT_EQ(Project().ComponentErrors(), 1);
+    EXPECT_EQ(Project().Outcome().ComponentErrors, 1);
 }
 
 // ---- recovery ----
@@ -225,9 +225,9 @@ TEST_F(ProjectSteps, AnErrorOfAScanAloneSpoilsTheStatus) {
     modFiles::DeleteFile(m_run.Folder().Path("modA.bas"));
     SteppedReview review(m_run);
     review.StepTo(ProjectState::PrescanFile);
-    EXPECT_EQ(Project().ScanErrors(), 1);
+    EXPECT_EQ(Project().Outcome().ScanErrors, 1);
     EXPECT_EQ(review.Review().ReviewTimeSlice(kWholeReview), SliceResult::Complete);
-    EXPECT_EQ(Project().ReviewStatus(), 1);
+    EXPECT_EQ(Project().Outcome().ReviewStatus, 1);
     const std::vector<std::string> log = m_run.Log("P");
     EXPECT_EQ(log.at(log.size() - 2), "Unexpected error(s) encountered during review.");
     EXPECT_EQ(log.back(), "1 error(s) extracting global names.");
@@ -237,7 +237,7 @@ TEST_F(ProjectSteps, AnErrorOfAReferenceAloneSpoilsTheStatus) {
     Project().Components().Clear();
     SteppedReview review(m_run);
     review.Review().ReviewTimeSlice(kWholeReview);
-    EXPECT_EQ(Project().ReviewStatus(), 1);
+    EXPECT_EQ(Project().Outcome().ReviewStatus, 1);
     EXPECT_EQ(m_run.Log("P").back(), "3 error(s) loading references.");
 }
 
@@ -245,7 +245,7 @@ TEST_F(ProjectSteps, AnErrorOfAComponentAloneSpoilsTheStatus) {
     Project().References().Clear();
     SteppedReview review(m_run);
     review.Review().ReviewTimeSlice(kWholeReview);
-    EXPECT_EQ(Project().ReviewStatus(), 1);
+    EXPECT_EQ(Project().Outcome().ReviewStatus, 1);
     EXPECT_EQ(m_run.Log("P").back(), "1 error(s) loading components.");
 }
 
@@ -254,7 +254,7 @@ TEST_F(ProjectSteps, AnErrorOfAFileAloneSpoilsTheStatus) {
     modFiles::DeleteFile(m_run.Folder().Path("modA.bas"));
     SteppedReview review(m_run);
     review.Review().ReviewTimeSlice(kWholeReview);
-    EXPECT_EQ(Project().ReviewStatus(), 1);
+    EXPECT_EQ(Project().Outcome().ReviewStatus, 1);
     EXPECT_EQ(m_run.Log("P").back(), "1 error(s) reviewing source files.");
 }
 
@@ -358,7 +358,7 @@ TEST_F(ProjectSteps, AFileThatCannotBeScannedGivesWayAllTheSame) {
     review.StepTo(ProjectState::BeginPrescan);
     ScriptedInput input;
     review.Step();
-    EXPECT_EQ(Project().ScanErrors(), 1);
+    EXPECT_EQ(Project().Outcome().ScanErrors, 1);
     EXPECT_EQ(input.Yields, 1);
 }
 

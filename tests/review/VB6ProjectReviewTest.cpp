@@ -66,8 +66,11 @@ TEST(VB6ProjectReview, WithoutNamingConventionsNoTypeLibraryIsTouched) {
             ProjectState::EndSourceFiles,
             ProjectState::EndProject));
     const VirtualProject& project = *run.Criteria().ProjectList().Item(1);
-    EXPECT_EQ(project.ScanErrors() + project.ReferenceErrors() + project.ComponentErrors(), 0);
-    EXPECT_EQ(project.ReviewStatus(), 0);
+    EXPECT_EQ(
+        project.Outcome().ScanErrors + project.Outcome().ReferenceErrors +
+            project.Outcome().ComponentErrors,
+        0);
+    EXPECT_EQ(project.Outcome().ReviewStatus, 0);
 }
 
 TEST(VB6ProjectReview, ProjectWithoutReferencesOrComponentsPassesTheTypeLibrariesInTwoSteps) {
@@ -106,11 +109,11 @@ TEST(VB6ProjectReview, FileThatCannotBeConnectedIsLoggedAndTheNextFileFollows) {
     run.AddFile("modA.bas", ModuleWith("modA", ""));
     EXPECT_EQ(run.Run(), SliceResult::Complete);
     const VirtualProject& project = *run.Criteria().ProjectList().Item(1);
-    EXPECT_EQ(project.FileErrors(), 1);
-    EXPECT_EQ(project.ReviewStatus(), 1);
-    ASSERT_EQ(project.UnreviewedFiles().size(), 1U);
-    EXPECT_THAT(project.UnreviewedFiles().front().Filename, EndsWith("modGone.bas"));
-    EXPECT_EQ(project.UnreviewedFiles().front().Status, SourceFileStatus::NotFound);
+    EXPECT_EQ(project.Outcome().FileErrors, 1);
+    EXPECT_EQ(project.Outcome().ReviewStatus, 1);
+    ASSERT_EQ(project.Outcome().UnreviewedFiles.size(), 1U);
+    EXPECT_THAT(project.Outcome().UnreviewedFiles.front().Filename, EndsWith("modGone.bas"));
+    EXPECT_EQ(project.Outcome().UnreviewedFiles.front().Status, SourceFileStatus::NotFound);
     const std::vector<std::string> log = run.Log("P");
     EXPECT_THAT(log, Contains(EndsWith("modGone.bas review incomplete due to unexpected error.")));
     EXPECT_THAT(log, Contains(EndsWith("modA.bas successfully reviewed.")));
@@ -165,11 +168,11 @@ TEST(VB6ProjectReview, FormWithAPropertyTwiceIsNamedAndTheNextFormIsReviewedWhol
     EXPECT_EQ(run.Run(), SliceResult::Complete);
     EXPECT_EQ(run.Query("P", "SELECT Title FROM Violations").size(), 2U);
     const VirtualProject& project = *run.Criteria().ProjectList().Item(1);
-    EXPECT_TRUE(project.UnreviewedFiles().empty());
-    ASSERT_EQ(project.CutLayouts().size(), 1U);
-    EXPECT_THAT(project.CutLayouts().front().Filename, EndsWith("frmA.frm"));
+    EXPECT_TRUE(project.Outcome().UnreviewedFiles.empty());
+    ASSERT_EQ(project.Outcome().CutLayouts.size(), 1U);
+    EXPECT_THAT(project.Outcome().CutLayouts.front().Filename, EndsWith("frmA.frm"));
     const std::string clause = "in line 5 the property 'Rows' of 'grd' is set twice";
-    EXPECT_EQ(project.CutLayouts().front().Fault.Clause(), clause);
+    EXPECT_EQ(project.Outcome().CutLayouts.front().Fault.Clause(), clause);
     const std::string form = run.Folder().Path("frmA.frm");
     EXPECT_THAT(
         run.Log("P"),
@@ -192,11 +195,11 @@ TEST(VB6ProjectReview, FailureWhileALineIsReadIsAFailureOfTheFile) {
             project.SourceFiles().Item(1)->Disconnect();
         }
     });
-    ASSERT_EQ(project.UnreviewedFiles().size(), 1U);
-    EXPECT_EQ(project.UnreviewedFiles().front().Status, SourceFileStatus::UnexpectedError);
-    EXPECT_GT(project.UnreviewedFiles().front().LastLine, 200);
-    EXPECT_EQ(project.FileErrors(), 1);
-    EXPECT_EQ(project.ReviewStatus(), 1);
+    ASSERT_EQ(project.Outcome().UnreviewedFiles.size(), 1U);
+    EXPECT_EQ(project.Outcome().UnreviewedFiles.front().Status, SourceFileStatus::UnexpectedError);
+    EXPECT_GT(project.Outcome().UnreviewedFiles.front().LastLine, 200);
+    EXPECT_EQ(project.Outcome().FileErrors, 1);
+    EXPECT_EQ(project.Outcome().ReviewStatus, 1);
     EXPECT_THAT(run.Log("P"), Contains("1 error(s) reviewing source files."));
     EXPECT_THAT(
         run.Query("P", "SELECT CyclomaticComplexity FROM SourceFiles WHERE Name = 'modA'"),
@@ -212,7 +215,7 @@ TEST(VB6ProjectReview, SecondReviewThatIsCleanKnowsNothingOfTheErrorsOfTheFirst)
     run.AddFile("modA.bas", ModuleWith("modA", ""));
     EXPECT_EQ(run.Run(), SliceResult::Complete);
     EXPECT_THAT(run.Log("P"), Contains("Project reviewed successfully."));
-    EXPECT_TRUE(run.Criteria().ProjectList().Item(1)->UnreviewedFiles().empty());
+    EXPECT_TRUE(run.Criteria().ProjectList().Item(1)->Outcome().UnreviewedFiles.empty());
 }
 
 TEST(VB6ProjectReview, KnownFaultThatIsKeptCostsTheNextFileThatOpensOneAndNoOther) {
@@ -318,7 +321,7 @@ TEST(VB6ProjectReview, FileThatCannotBeScannedIsCountedAndTheScanContinues) {
     run.AddFile("modA.bas", ModuleWith("modA", ""));
     run.Criteria().LoadCriteria().SetNamingConventions(true);
     run.Run();
-    EXPECT_EQ(run.Criteria().ProjectList().Item(1)->ScanErrors(), 1);
+    EXPECT_EQ(run.Criteria().ProjectList().Item(1)->Outcome().ScanErrors, 1);
     EXPECT_THAT(
         run.Log("P"),
         Contains(
@@ -330,7 +333,7 @@ TEST(VB6ProjectReview, MissingProjectKeepsItsStatusAndLeavesNoResults) {
     run.AddProject("P.vbp", "");
     modFiles::DeleteFile(run.Folder().Path("P.vbp"));
     EXPECT_EQ(run.Run(), SliceResult::Complete);
-    EXPECT_EQ(run.Criteria().ProjectList().Item(1)->ReviewStatus(), 3);
+    EXPECT_EQ(run.Criteria().ProjectList().Item(1)->Outcome().ReviewStatus, 3);
     EXPECT_FALSE(run.HasResults("P"));
 }
 
@@ -405,8 +408,8 @@ TEST(VB6ProjectReview, AllFilesAreScannedNotOnlyTheSelectedOnes) {
     run.Criteria().SetReviewType(ReviewType_IDE);
     run.Criteria().LoadCriteria().SetNamingConventions(true);
     run.Run();
-    EXPECT_EQ(project.ScanErrors(), 1);
-    EXPECT_EQ(project.FileErrors(), 0);
+    EXPECT_EQ(project.Outcome().ScanErrors, 1);
+    EXPECT_EQ(project.Outcome().FileErrors, 0);
 }
 
 TEST(VB6ProjectReview, ListenerThatFailsWhileAFileIsClosedEndsTheProjectOnly) {

@@ -9,16 +9,16 @@ namespace {
 
 TEST(NamingConvention, ANewOneHasFourUnusedItemsOnEachSideAndIsCaseSensitive) {
     const NamingConvention rule;
-    ASSERT_EQ(rule.PrefixItems().Count(), 4);
-    ASSERT_EQ(rule.SuffixItems().Count(), 4);
+    ASSERT_EQ(rule.Prefix().Items().Count(), 4);
+    ASSERT_EQ(rule.Suffix().Items().Count(), 4);
     for (std::int32_t slot = 1; slot <= 4; ++slot) {
-        EXPECT_EQ(rule.PrefixItems().Item(slot)->PSType, 0);
-        EXPECT_EQ(rule.SuffixItems().Item(slot)->PSType, 0);
+        EXPECT_EQ(rule.Prefix().Items().Item(slot)->PSType, 0);
+        EXPECT_EQ(rule.Suffix().Items().Item(slot)->PSType, 0);
     }
     EXPECT_TRUE(rule.CaseSensitive());
-    EXPECT_FALSE(rule.PrefixActive());
+    EXPECT_FALSE(rule.Prefix().Active());
     EXPECT_FALSE(rule.BodyActive());
-    EXPECT_FALSE(rule.SuffixActive());
+    EXPECT_FALSE(rule.Suffix().Active());
     EXPECT_FALSE(rule.Dirty());
     EXPECT_EQ(rule.RuleType(), ruleTypeNaming);
 }
@@ -50,10 +50,10 @@ TEST(NamingConvention, ACloneHasItemsOfItsOwnWithTheSameContent) {
     rule.SetPropertyName("Name");
     rule.SetMaxBodyLength(30);
     rule.SetMinBodyLength(2);
-    rule.SetPrefixActive(true);
-    rule.PrefixItems().Item(1)->PSType = 1;
-    rule.PrefixItems().Item(1)->Value = "txt";
-    rule.SuffixItems().Item(4)->PSType = 6;
+    rule.Prefix().SetActive(true);
+    rule.Prefix().Items().Item(1)->PSType = 1;
+    rule.Prefix().Items().Item(1)->Value = "txt";
+    rule.Suffix().Items().Item(4)->PSType = 6;
     const auto clone = std::dynamic_pointer_cast<NamingConvention>(rule.Clone());
     ASSERT_NE(clone, nullptr);
     EXPECT_EQ(clone->Title(), "Clone of Text boxes");
@@ -61,28 +61,28 @@ TEST(NamingConvention, ACloneHasItemsOfItsOwnWithTheSameContent) {
     EXPECT_EQ(clone->PropertyName(), "Name");
     EXPECT_EQ(clone->MaxBodyLength(), 30);
     EXPECT_EQ(clone->MinBodyLength(), 2);
-    EXPECT_TRUE(clone->PrefixActive());
-    EXPECT_EQ(clone->PrefixItems().Item(1)->PSType, 1);
-    EXPECT_EQ(clone->PrefixItems().Item(1)->Value, "txt");
-    EXPECT_EQ(clone->SuffixItems().Item(4)->PSType, 6);
-    clone->PrefixItems().Item(1)->Value = "lbl";
-    EXPECT_EQ(rule.PrefixItems().Item(1)->Value, "txt");
+    EXPECT_TRUE(clone->Prefix().Active());
+    EXPECT_EQ(clone->Prefix().Items().Item(1)->PSType, 1);
+    EXPECT_EQ(clone->Prefix().Items().Item(1)->Value, "txt");
+    EXPECT_EQ(clone->Suffix().Items().Item(4)->PSType, 6);
+    clone->Prefix().Items().Item(1)->Value = "lbl";
+    EXPECT_EQ(rule.Prefix().Items().Item(1)->Value, "txt");
 }
 
 TEST(NamingConvention, AChangedItemDoesNotByItselfMarkTheRule) {
     NamingConvention rule;
-    rule.PrefixItems().Item(1)->Value = "txt";
+    rule.Prefix().Items().Item(1)->Value = "txt";
     EXPECT_FALSE(rule.Dirty());
 }
 
 TEST(NamingConvention, DirtyIsReadFromAndWrittenToTheItemListsToo) {
     NamingConvention rule;
-    rule.SuffixItems().SetDirty(true);
+    rule.Suffix().Items().SetDirty(true);
     EXPECT_TRUE(rule.Dirty());
     rule.SetDirty(false);
-    EXPECT_FALSE(rule.SuffixItems().Dirty());
+    EXPECT_FALSE(rule.Suffix().Items().Dirty());
     rule.SetDirty(true);
-    EXPECT_TRUE(rule.PrefixItems().Dirty());
+    EXPECT_TRUE(rule.Prefix().Items().Dirty());
     EXPECT_TRUE(rule.ViolationDefinition().Dirty());
 }
 
@@ -93,15 +93,15 @@ TEST(NamingConvention, EachWriteMarksTheRuleDirty) {
         +[](NamingConvention& r) { r.SetPropertyType(1); },
         +[](NamingConvention& r) { r.SetPropertyName("n"); },
         +[](NamingConvention& r) { r.SetExclusionList("e"); },
-        +[](NamingConvention& r) { r.SetPrefixActive(true); },
-        +[](NamingConvention& r) { r.SetPrefixAdvice("a"); },
+        +[](NamingConvention& r) { r.Prefix().SetActive(true); },
+        +[](NamingConvention& r) { r.Prefix().SetAdvice("a"); },
         +[](NamingConvention& r) { r.SetBodyActive(true); },
         +[](NamingConvention& r) { r.SetBodyPattern("p"); },
         +[](NamingConvention& r) { r.SetMaxBodyLength(1); },
         +[](NamingConvention& r) { r.SetMinBodyLength(1); },
         +[](NamingConvention& r) { r.SetBodyAdvice("a"); },
-        +[](NamingConvention& r) { r.SetSuffixActive(true); },
-        +[](NamingConvention& r) { r.SetSuffixAdvice("a"); },
+        +[](NamingConvention& r) { r.Suffix().SetActive(true); },
+        +[](NamingConvention& r) { r.Suffix().SetAdvice("a"); },
     };
     for (const auto write : writes) {
         NamingConvention rule;

@@ -79,8 +79,8 @@ void RandomRulebase::FillProperties(Rulebase& rulebase) {
     rulebase.SetUseCTagsAsDTTags(Flag());
     rulebase.SetArrayTag(Text());
     for (std::int32_t place = 1; place <= ToleranceSettings::kPlaces; ++place) {
-        rulebase.ToleranceCountObject().SetItem(place, Long());
-        rulebase.ToleranceImpactObject().SetItem(place, Long());
+        rulebase.Tolerances().Count.SetItem(place, Long());
+        rulebase.Tolerances().Impact.SetItem(place, Long());
     }
     rulebase.SetTolerancePercentageComments(Long());
     rulebase.SetToleranceCyclomaticComplexity(Long());
@@ -208,7 +208,7 @@ std::shared_ptr<CodingConvention> RandomRulebase::Coding() {
 }
 
 void RandomRulebase::FillNameItems(ObjectArrayList<PrefixSuffixItem>& items) {
-    const std::int32_t used = Number(NamingConvention::kItemCount + 1);
+    const std::int32_t used = Number(NameAffix::kItemCount + 1);
     for (std::int32_t slot = 1; slot <= used; ++slot) {
         const std::int32_t type = Flag() ? 1 + Number(6) : Long();
         items.Item(slot)->PSType = type == 0 ? 1 : type;
@@ -224,20 +224,20 @@ std::shared_ptr<NamingConvention> RandomRulebase::Naming() {
     rule->SetPropertyType(Long());
     rule->SetPropertyName(Text());
     rule->SetExclusionList(Text());
-    rule->SetPrefixActive(Flag());
-    rule->SetPrefixAdvice(Text());
+    rule->Prefix().SetActive(Flag());
+    rule->Prefix().SetAdvice(Text());
     rule->SetBodyActive(Flag());
     rule->SetBodyPattern(Text());
     rule->SetMaxBodyLength(Integer());
     rule->SetMinBodyLength(Integer());
     rule->SetBodyAdvice(Text());
-    rule->SetSuffixActive(Flag());
-    rule->SetSuffixAdvice(Text());
-    if (rule->PrefixActive()) {
-        FillNameItems(rule->PrefixItems());
+    rule->Suffix().SetActive(Flag());
+    rule->Suffix().SetAdvice(Text());
+    if (rule->Prefix().Active()) {
+        FillNameItems(rule->Prefix().Items());
     }
-    if (rule->SuffixActive()) {
-        FillNameItems(rule->SuffixItems());
+    if (rule->Suffix().Active()) {
+        FillNameItems(rule->Suffix().Items());
     }
     return rule;
 }

@@ -62,17 +62,17 @@ void AddNaming(Description& description, const NamingConvention& rule) {
         rule.PropertyType(),
         rule.PropertyName(),
         rule.ExclusionList(),
-        rule.PrefixActive(),
-        rule.PrefixAdvice(),
+        rule.Prefix().Active(),
+        rule.Prefix().Advice(),
         rule.BodyActive(),
         rule.BodyPattern(),
         rule.MaxBodyLength(),
         rule.MinBodyLength(),
         rule.BodyAdvice(),
-        rule.SuffixActive(),
-        rule.SuffixAdvice());
-    AddNameItems(description, "prefix", rule.PrefixItems());
-    AddNameItems(description, "suffix", rule.SuffixItems());
+        rule.Suffix().Active(),
+        rule.Suffix().Advice());
+    AddNameItems(description, "prefix", rule.Prefix().Items());
+    AddNameItems(description, "suffix", rule.Suffix().Items());
 }
 
 void AddRule(Description& description, const IRule& rule) {
@@ -167,13 +167,15 @@ std::string DescriptionOf(const Rulebase& rulebase) {
         rulebase.UnknownControlViolation(),
         rulebase.UseCTagsAsDTTags(),
         rulebase.ArrayTag(),
-        rulebase.TolerancePercentageComments(),
-        rulebase.ToleranceCyclomaticComplexity(),
+        rulebase.Tolerances().PercentageComments,
+        rulebase.Tolerances().CyclomaticComplexity,
         rulebase.CategoryList().LastID(),
         rulebase.RuleLists().LastID());
     for (std::int32_t place = 1; place <= ToleranceSettings::kPlaces; ++place) {
         description.Add(
-            "tolerance", rulebase.ToleranceCount(place), rulebase.ToleranceImpact(place));
+            "tolerance",
+            rulebase.Tolerances().Count.Item(place),
+            rulebase.Tolerances().Impact.Item(place));
     }
     AddTags(description, "control tag", rulebase.ControlTags());
     AddTags(description, "data type tag", rulebase.DataTypeTags());

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 
 namespace dorvik {
@@ -124,9 +123,9 @@ TEST_F(RulebaseLoadTest, ANamingConventionIsReadWithItsItemsAndItsExclusionsAreW
     EXPECT_FALSE(rule.CaseSensitive());
     EXPECT_EQ(rule.MaxBodyLength(), 30);
     EXPECT_EQ(rule.MinBodyLength(), 3);
-    EXPECT_EQ(rule.PrefixItems().Item(1)->PSType, 1);
-    EXPECT_EQ(rule.PrefixItems().Item(1)->Value, "txt");
-    EXPECT_EQ(rule.PrefixItems().Item(2)->PSType, 0);
+    EXPECT_EQ(rule.Prefix().Items().Item(1)->PSType, 1);
+    EXPECT_EQ(rule.Prefix().Items().Item(1)->Value, "txt");
+    EXPECT_EQ(rule.Prefix().Items().Item(2)->PSType, 0);
     EXPECT_EQ(forReview->RuleLists().GetNCObjectRuleCount(6), 1);
     m_criteria.SetLoadForEdit(true);
     const auto forEdit = Load(text);
@@ -147,7 +146,8 @@ TEST_F(RulebaseLoadTest, ThePrefixItemsOfAPrefixThatIsSwitchedOffAreNotRead) {
                   "</NamingConventions>";
     const auto rulebase = Load(text);
     ASSERT_NE(rulebase, nullptr);
-    EXPECT_EQ(rulebase->RuleLists().NamingConventions().Item(1)->PrefixItems().Item(1)->PSType, 0);
+    EXPECT_EQ(
+        rulebase->RuleLists().NamingConventions().Item(1)->Prefix().Items().Item(1)->PSType, 0);
 }
 
 TEST_F(RulebaseLoadTest, BooleansAreWordsInAnyCaseOrNumbers) {
@@ -176,11 +176,11 @@ TEST_F(RulebaseLoadTest, TolerancesAreReadLeniently) {
         text.Properties.find(sought), sought.size(), R"(ToleranceCount="3x|none|2.5|-1|7")");
     const auto rulebase = Load(text);
     ASSERT_NE(rulebase, nullptr);
-    EXPECT_EQ(rulebase->ToleranceCount(1), 3);
-    EXPECT_EQ(rulebase->ToleranceCount(2), 0);
-    EXPECT_EQ(rulebase->ToleranceCount(3), 2) << "half to even";
-    EXPECT_EQ(rulebase->ToleranceCount(5), 7);
-    EXPECT_EQ(rulebase->ToleranceCount(6), -1) << "no part for it";
+    EXPECT_EQ(rulebase->Tolerances().Count.Item(1), 3);
+    EXPECT_EQ(rulebase->Tolerances().Count.Item(2), 0);
+    EXPECT_EQ(rulebase->Tolerances().Count.Item(3), 2) << "half to even";
+    EXPECT_EQ(rulebase->Tolerances().Count.Item(5), 7);
+    EXPECT_EQ(rulebase->Tolerances().Count.Item(6), -1) << "no part for it";
     EXPECT_TRUE(m_log.Entries().empty());
 }
 
@@ -190,7 +190,7 @@ TEST_F(RulebaseLoadTest, AnEmptyListOfTolerancesSetsNone) {
     text.Properties.replace(text.Properties.find(sought), sought.size(), R"(ToleranceCount="")");
     const auto rulebase = Load(text);
     ASSERT_NE(rulebase, nullptr);
-    EXPECT_EQ(rulebase->ToleranceCount(1), -1);
+    EXPECT_EQ(rulebase->Tolerances().Count.Item(1), -1);
 }
 
 TEST_F(RulebaseLoadTest, FourThousandRulesLoadInTheirOrder) {

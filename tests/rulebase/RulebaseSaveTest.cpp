@@ -34,10 +34,10 @@ std::shared_ptr<NamingConvention> NamingWithPrefix(bool active) {
     auto rule = std::make_shared<NamingConvention>();
     rule->SetTitle("Text boxes");
     rule->SetExclusionList("Main");
-    rule->SetPrefixActive(active);
-    rule->PrefixItems().Item(1)->PSType = 1;
-    rule->PrefixItems().Item(1)->Value = "txt";
-    rule->PrefixItems().Item(3)->PSType = 4;
+    rule->Prefix().SetActive(active);
+    rule->Prefix().Items().Item(1)->PSType = 1;
+    rule->Prefix().Items().Item(1)->Value = "txt";
+    rule->Prefix().Items().Item(3)->PSType = 4;
     return rule;
 }
 
@@ -88,7 +88,7 @@ TEST_F(RulebaseSaveTest, ANewRulebaseLoadsAsItWas) {
     rulebase.SetTitle("Äußere \"Regeln\" & more");
     rulebase.SetArrayTag("a");
     rulebase.SetTolerancePercentageComments(12);
-    rulebase.ToleranceCountObject().SetItem(6, 40);
+    rulebase.Tolerances().Count.SetItem(6, 40);
     rulebase.AuthorisedComponents().Add("{1}", "a.ocx", "1.0;1.1", "advice");
     rulebase.AuthorisedReferences().Add("{2}", "Data", "b.dll", "2.8", "ask");
     ASSERT_TRUE(m_manager.Save(rulebase, m_folder.Path("a.dvk")));
@@ -96,8 +96,8 @@ TEST_F(RulebaseSaveTest, ANewRulebaseLoadsAsItWas) {
     ASSERT_NE(loaded, nullptr);
     EXPECT_EQ(loaded->Title(), "Äußere \"Regeln\" & more");
     EXPECT_EQ(loaded->ArrayTag(), "a");
-    EXPECT_EQ(loaded->TolerancePercentageComments(), 12);
-    EXPECT_EQ(loaded->ToleranceCount(6), 40);
+    EXPECT_EQ(loaded->Tolerances().PercentageComments, 12);
+    EXPECT_EQ(loaded->Tolerances().Count.Item(6), 40);
     EXPECT_EQ(loaded->ControlTags().Count(), 23);
     EXPECT_EQ(
         loaded->SeverityList().Item(1)->Description(),
@@ -146,12 +146,12 @@ TEST_F(RulebaseSaveTest, OnlyUsedItemsOfAnActivePrefixAreWritten) {
     const auto loaded = LoadAgain("n.dvk");
     ASSERT_NE(loaded, nullptr);
     const NamingConvention& active = *loaded->RuleLists().NamingConventions().Item(1);
-    EXPECT_EQ(active.PrefixItems().Item(1)->Value, "txt");
-    EXPECT_EQ(active.PrefixItems().Item(2)->PSType, 4)
+    EXPECT_EQ(active.Prefix().Items().Item(1)->Value, "txt");
+    EXPECT_EQ(active.Prefix().Items().Item(2)->PSType, 4)
         << "the unused slot before it is not written";
-    EXPECT_EQ(active.PrefixItems().Item(3)->PSType, 0);
+    EXPECT_EQ(active.Prefix().Items().Item(3)->PSType, 0);
     const NamingConvention& inactive = *loaded->RuleLists().NamingConventions().Item(2);
-    EXPECT_EQ(inactive.PrefixItems().Item(1)->PSType, 0) << "lost by the save";
+    EXPECT_EQ(inactive.Prefix().Items().Item(1)->PSType, 0) << "lost by the save";
 }
 
 TEST_F(RulebaseSaveTest, LineEndsAndTabsAreWrittenOutAndComeBack) {

@@ -46,11 +46,11 @@ TEST(Rulebase, TheDefaultSeverityTextsKeepTheirMisspellings) {
 TEST(Rulebase, TolerancesAreNotSetAtFirst) {
     const Rulebase rulebase;
     for (std::int32_t place = 1; place <= 6; ++place) {
-        EXPECT_EQ(rulebase.ToleranceCount(place), -1);
-        EXPECT_EQ(rulebase.ToleranceImpact(place), -1);
+        EXPECT_EQ(rulebase.Tolerances().Count.Item(place), -1);
+        EXPECT_EQ(rulebase.Tolerances().Impact.Item(place), -1);
     }
-    EXPECT_EQ(rulebase.TolerancePercentageComments(), -1);
-    EXPECT_EQ(rulebase.ToleranceCyclomaticComplexity(), -1);
+    EXPECT_EQ(rulebase.Tolerances().PercentageComments, -1);
+    EXPECT_EQ(rulebase.Tolerances().CyclomaticComplexity, -1);
 }
 
 TEST(Rulebase, AChangedTagMakesItDirtyAndWritingDirtyClearsTheTag) {
@@ -73,8 +73,8 @@ TEST(Rulebase, AnyPartCanMakeItDirty) {
         +[](Rulebase& r) { r.SetArrayTag("a"); },
         +[](Rulebase& r) { r.SetTolerancePercentageComments(1); },
         +[](Rulebase& r) { r.SetToleranceCyclomaticComplexity(1); },
-        +[](Rulebase& r) { r.ToleranceCountObject().SetItem(6, 0); },
-        +[](Rulebase& r) { r.ToleranceImpactObject().SetItem(1, 0); },
+        +[](Rulebase& r) { r.Tolerances().Count.SetItem(6, 0); },
+        +[](Rulebase& r) { r.Tolerances().Impact.SetItem(1, 0); },
         +[](Rulebase& r) { r.AuthorisedComponents().SetDirty(true); },
         +[](Rulebase& r) { r.AuthorisedReferences().SetDirty(true); },
         +[](Rulebase& r) { r.RuleLists().SetLastID(1); },

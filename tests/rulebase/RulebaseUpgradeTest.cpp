@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 
 namespace dorvik {
@@ -92,11 +91,11 @@ TEST_F(RulebaseUpgradeTest, A60FileLoadsWithNoTolerancesSetAndAnEmptyReport) {
     ASSERT_NE(rulebase, nullptr);
     EXPECT_EQ(rulebase->Title(), "Old rules");
     for (std::int32_t place = 1; place <= 6; ++place) {
-        EXPECT_EQ(rulebase->ToleranceCount(place), -1);
-        EXPECT_EQ(rulebase->ToleranceImpact(place), -1);
+        EXPECT_EQ(rulebase->Tolerances().Count.Item(place), -1);
+        EXPECT_EQ(rulebase->Tolerances().Impact.Item(place), -1);
     }
-    EXPECT_EQ(rulebase->TolerancePercentageComments(), -1);
-    EXPECT_EQ(rulebase->ToleranceCyclomaticComplexity(), -1);
+    EXPECT_EQ(rulebase->Tolerances().PercentageComments, -1);
+    EXPECT_EQ(rulebase->Tolerances().CyclomaticComplexity, -1);
     EXPECT_EQ(rulebase->ControlTags().Item("VB.TextBox")->TagValue(), "tb");
     EXPECT_EQ(rulebase->ControlTags().Item("VB.TextBox")->TagDescription(), "");
     EXPECT_EQ(rulebase->ArrayTag(), "");
@@ -112,8 +111,8 @@ TEST_F(RulebaseUpgradeTest, ANamingConventionOfA61FileBecomesCaseSensitive) {
     ASSERT_EQ(rulebase->RuleLists().NamingConventions().Count(), 1);
     EXPECT_TRUE(rulebase->RuleLists().NamingConventions().Item(1)->CaseSensitive());
     EXPECT_EQ(rulebase->RuleLists().NamingConventions().Item(1)->ExclusionList(), "");
-    EXPECT_EQ(rulebase->ToleranceCount(1), 7);
-    EXPECT_EQ(rulebase->TolerancePercentageComments(), 12);
+    EXPECT_EQ(rulebase->Tolerances().Count.Item(1), 7);
+    EXPECT_EQ(rulebase->Tolerances().PercentageComments, 12);
     EXPECT_TRUE(m_log.Entries().empty());
 }
 

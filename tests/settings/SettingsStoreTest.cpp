@@ -17,7 +17,6 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <set>
 #include <string>
 #include <string_view>
 #include <sys/wait.h>
@@ -190,6 +189,27 @@ TEST_F(SettingsStore, ADamagedFileKeepsItsGoodValuesAndIsSavedBesideTheNewOne) {
     EXPECT_EQ(Stored("ToolbarTop"), "12");
 }
 
+TEST_F(SettingsStore, AFileTooLargeForSettingsIsReportedAndSavedBesideTheNewOne) {
+    const std::string section = "[" + std::string(kWorkbenchKey) + "]\n\"ToolbarTop\"=\"12\"\n;";
+    const std::string large = section + std::string(4'000'001 - section.size(), 'x');
+    m_folder.Write("Config\\dorvik\\settings", large);
+    EXPECT_EQ(Loaded().ToolbarTop, 50);
+    EXPECT_TRUE(m_log.Contains(
+        "settings' has 4000001 bytes, more than the 4000000 that are read; all settings have their "
+        "defaults."));
+    Store("ToolbarTop", "3");
+    EXPECT_EQ(m_folder.Read("Config\\dorvik\\settings.damaged"), large);
+    EXPECT_EQ(Stored("ToolbarTop"), "3");
+}
+
+TEST_F(SettingsStore, AByteOrderMarkIsNoPartOfTheFirstLine) {
+    m_folder.Write(
+        "Config\\dorvik\\settings",
+        "\xEF\xBB\xBF[" + std::string(kWorkbenchKey) + "]\r\n\"ToolbarTop\"=\"12\"\r\n");
+    EXPECT_EQ(Loaded().ToolbarTop, 12);
+    EXPECT_FALSE(m_log.Contains("cannot be understood"));
+}
+
 TEST_F(SettingsStore, AHomeThatCannotBeWrittenToIsLoggedAndHarmsNothing) {
     if (geteuid() == 0) {
         // Root writes everywhere: a file where the folder should be stops it as well.
@@ -228,6 +248,56 @@ TEST_F(SettingsStore, TwoProgramsThatWriteAtOnceLoseNothingOfEachOther) {
     }
     EXPECT_EQ(m_file.List(kWorkbenchKey).size(), static_cast<std::size_t>(kWrites * kPrograms));
     EXPECT_FALSE(modFiles::FileExists(m_file.Path() + ".lock"));
+}
+
+/// A store that counts how often it is used.
+class CountedStore final : public ISettingsStore {
+public:
+    bool HasSection(std::string_view section) override {
+        ++m_reads;
+        return m_sections.HasSection(section);
+    }
+    std::optional<StoredSetting> Get(std::string_view section, std::string_view name) override {
+        ++m_reads;
+        return m_sections.Get(section, name);
+    }
+    Values List(std::string_view section) override {
+        ++m_reads;
+        return m_sections.List(section);
+    }
+    void Set(std::string_view section, const Values& values) override {
+        ++m_writes;
+        m_sections.Set(section, values);
+    }
+
+    int Reads() const { return m_reads; }
+    int Writes() const { return m_writes; }
+
+private:
+    SettingsSections m_sections;
+    int m_reads = 0;
+    int m_writes = 0;
+};
+
+TEST_F(SettingsStore, AllSettingsAreReadAtOnceAndWrittenAtOnce) {
+    CountedStore store;
+    const ScopedSettingsStore installed(kUser, store);
+    DVKWorkData settings;
+    settings.ToolbarTop = 12;
+    settings.SaveSettings();
+    EXPECT_EQ(store.Writes(), 1);
+    EXPECT_EQ(Loaded().ToolbarTop, 12);
+    EXPECT_EQ(store.Reads(), 1);
+}
+
+TEST_F(SettingsStore, TheRecentFilesAreReadAtOnceAndWrittenAtOnce) {
+    CountedStore store;
+    const ScopedSettingsStore installed(kUser, store);
+    MRUUtils files;
+    files.SetAppName("DVKWork");
+    EXPECT_EQ(store.Reads(), 1);
+    files.Add("a.dvk");
+    EXPECT_EQ(store.Writes(), 1);
 }
 
 TEST_F(SettingsStore, TheLatestFourFilesAreRemembered) {

@@ -60,6 +60,23 @@ TEST(SourceLineStatistics, CountersAreReadByTheirNamesInRules) {
     }
 }
 
+TEST(SourceLineStatistics, InLineCommentsAreCommentsAndCodeInTheShareOfComments) {
+    SourceLineStatistics lines;
+    lines.SetTotalLines(5);
+    lines.SetBlankLines(5);
+    EXPECT_EQ(lines.CommentShare(), std::nullopt);
+    EXPECT_EQ(lines.CommentPercentage(), 0);
+    lines.SetCodeLines(6);
+    lines.SetCommentOnlyLines(1);
+    lines.SetInLineCommentLines(1);
+    EXPECT_EQ(lines.CommentShare(), 0.25);
+    EXPECT_EQ(lines.CommentPercentage(), 25);
+    lines.SetCodeLines(198);
+    EXPECT_EQ(lines.CommentPercentage(), 1);
+    lines.SetCodeLines(398);
+    EXPECT_EQ(lines.CommentPercentage(), 0);
+}
+
 TEST(SourceLineStatistics, AnUnknownNameGivesFalseAndLeavesTheOutputAlone) {
     std::int32_t value = 7;
     EXPECT_FALSE(SourceLineStatistics().SourceLineStatByName("CodeLines", value));

@@ -44,11 +44,11 @@ TEST_F(VirtualProjectTest, IsEmptyAfterConstruction) {
     EXPECT_EQ(m_project.RelatedDocs().Count(), 0);
     EXPECT_EQ(m_project.SourceFiles().Count(), 0);
     EXPECT_EQ(m_project.Properties().Count(), 0);
-    EXPECT_EQ(m_project.ReviewStatus(), 0);
-    EXPECT_EQ(m_project.ReferenceErrors(), 0);
-    EXPECT_EQ(m_project.ComponentErrors(), 0);
-    EXPECT_EQ(m_project.FileErrors(), 0);
-    EXPECT_EQ(m_project.ScanErrors(), 0);
+    EXPECT_EQ(m_project.Outcome().ReviewStatus, 0);
+    EXPECT_EQ(m_project.Outcome().ReferenceErrors, 0);
+    EXPECT_EQ(m_project.Outcome().ComponentErrors, 0);
+    EXPECT_EQ(m_project.Outcome().FileErrors, 0);
+    EXPECT_EQ(m_project.Outcome().ScanErrors, 0);
     EXPECT_EQ(m_project.FileCount(FileType::Form), 0);
 }
 
@@ -351,7 +351,7 @@ TEST_F(VirtualProjectTest, ClearingTheListsKeepsTheScalarValues) {
         Load("Name=Billing\nModule=modA; a.bas\nObject={A}#1.0#0; a\nRelatedDoc=x\n"),
         ProjectLoadStatus::Good);
     const auto file = m_project.SourceFiles().Item(1);
-    m_project.SetFileErrors(3);
+    m_project.Outcome().FileErrors = 3;
     m_project.ClearListProperties();
     EXPECT_EQ(m_project.References().Count(), 0);
     EXPECT_EQ(m_project.Components().Count(), 0);
@@ -359,7 +359,7 @@ TEST_F(VirtualProjectTest, ClearingTheListsKeepsTheScalarValues) {
     EXPECT_EQ(m_project.SourceFiles().Count(), 0);
     EXPECT_EQ(m_project.Properties().Count(), 0);
     EXPECT_EQ(m_project.Name(), "Billing");
-    EXPECT_EQ(m_project.FileErrors(), 3);
+    EXPECT_EQ(m_project.Outcome().FileErrors, 3);
     EXPECT_EQ(m_project.FileCount(FileType::Module), 1);
     EXPECT_EQ(file->Project(), nullptr);
 }
@@ -446,21 +446,21 @@ TEST_F(VirtualProjectTest, EachReadingBeginsAfreshWhateverTheLastReviewLeft) {
     const std::string text = "Type=Exe\r\nModule=modA; modA.bas\r\nName=\"P\"\r\n" +
                              std::string(kStdole) + "RelatedDoc=x.txt\r\n";
     ASSERT_EQ(Load(text), ProjectLoadStatus::Good);
-    m_project.SetReferenceErrors(1);
-    m_project.SetComponentErrors(2);
-    m_project.SetFileErrors(3);
-    m_project.SetScanErrors(4);
-    m_project.SetReviewStatus(1);
-    m_project.AddUnreviewedFile({"modA.bas", SourceFileStatus::Good});
-    m_project.AddCutLayout({"frmA.frm", {7, "there is something wrong"}});
+    m_project.Outcome().ReferenceErrors = 1;
+    m_project.Outcome().ComponentErrors = 2;
+    m_project.Outcome().FileErrors = 3;
+    m_project.Outcome().ScanErrors = 4;
+    m_project.Outcome().ReviewStatus = 1;
+    m_project.Outcome().UnreviewedFiles.push_back({"modA.bas", SourceFileStatus::Good});
+    m_project.Outcome().CutLayouts.push_back({"frmA.frm", {7, "there is something wrong"}});
     ASSERT_EQ(Load(text), ProjectLoadStatus::Good);
-    EXPECT_EQ(m_project.ReferenceErrors(), 0);
-    EXPECT_EQ(m_project.ComponentErrors(), 0);
-    EXPECT_EQ(m_project.FileErrors(), 0);
-    EXPECT_EQ(m_project.ScanErrors(), 0);
-    EXPECT_EQ(m_project.ReviewStatus(), 0);
-    EXPECT_THAT(m_project.UnreviewedFiles(), IsEmpty());
-    EXPECT_THAT(m_project.CutLayouts(), IsEmpty());
+    EXPECT_EQ(m_project.Outcome().ReferenceErrors, 0);
+    EXPECT_EQ(m_project.Outcome().ComponentErrors, 0);
+    EXPECT_EQ(m_project.Outcome().FileErrors, 0);
+    EXPECT_EQ(m_project.Outcome().ScanErrors, 0);
+    EXPECT_EQ(m_project.Outcome().ReviewStatus, 0);
+    EXPECT_THAT(m_project.Outcome().UnreviewedFiles, IsEmpty());
+    EXPECT_THAT(m_project.Outcome().CutLayouts, IsEmpty());
     EXPECT_EQ(m_project.FileCount(FileType::Module), 1);
     EXPECT_EQ(m_project.SourceFiles().Count(), 1);
     EXPECT_EQ(m_project.RelatedDocs().Count(), 1);

@@ -1,8 +1,8 @@
 #include "cli/output/JsonOutput.h"
 
-#include "base/modUtf8.h"
 #include "cli/output/Console.h"
 #include "cli/output/modTerminalText.h"
+#include "foundation/text/modJson.h"
 
 #include <rapidjson/prettywriter.h>
 #include <rapidjson/stringbuffer.h>
@@ -12,17 +12,6 @@ namespace dorvik {
 namespace {
 
 constexpr unsigned kIndent = 2;
-
-/// The text with U+FFFD for every byte that belongs to no character.
-std::string ValidText(std::string_view text) {
-    std::string result;
-    for (std::size_t position = 0; position < text.size();) {
-        const modUtf8::Character character = modUtf8::Decode(text, position);
-        modUtf8::Append(result, character.CodePoint);
-        position += character.Size;
-    }
-    return result;
-}
 
 }  // namespace
 
@@ -38,7 +27,7 @@ JsonOutput::JsonOutput() : m_parts(std::make_unique<Parts>()) {
 JsonOutput::~JsonOutput() = default;
 
 void JsonOutput::PutKey(std::string_view key) {
-    m_parts->Writer.Key(key.data(), static_cast<rapidjson::SizeType>(key.size()));
+    modJson::Key(m_parts->Writer, key);
 }
 
 void JsonOutput::BeginObject() {
@@ -68,8 +57,7 @@ void JsonOutput::EndArray() {
 }
 
 void JsonOutput::Text(std::string_view value) {
-    const std::string valid = ValidText(value);
-    m_parts->Writer.String(valid.data(), static_cast<rapidjson::SizeType>(valid.size()));
+    modJson::Text(m_parts->Writer, value);
 }
 
 void JsonOutput::Text(std::string_view key, std::string_view value) {

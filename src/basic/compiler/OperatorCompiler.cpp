@@ -191,7 +191,8 @@ std::optional<Operand> OperatorCompiler::TryTyped(
     return std::nullopt;
 }
 
-/// As literals do, they count against no limit. What is long is joined when the script runs, within its limit for texts.
+/// As literals do, they count against no limit. What is long is joined when the script runs, within its limit for
+/// texts.
 std::optional<Operand>
 OperatorCompiler::TryJoin(BinaryOperator which, const Operand& left, const Operand& right) {
     constexpr std::size_t kLongestText = 256;

@@ -170,7 +170,7 @@ std::size_t DictionaryKeys::Append(const Value& key, std::uint32_t hash, bool ma
     const std::size_t place = m_items.size();
     m_items.emplace_back();
     m_keys.push_back({key, hash, true});
-    Place(static_cast<std::uint32_t>(place), hash);
+    FillSlot(static_cast<std::uint32_t>(place), hash);
     ++m_count;
     return place;
 }
@@ -228,7 +228,7 @@ void DictionaryKeys::Rename(std::size_t place, const Value& key, std::uint32_t h
     if (IsFull()) {
         Rebuild(false);
     } else {
-        Place(static_cast<std::uint32_t>(place), hash);
+        FillSlot(static_cast<std::uint32_t>(place), hash);
     }
 }
 
@@ -266,7 +266,7 @@ void DictionaryKeys::Rebuild(bool mayMove) {
     m_used = 0;
     for (std::size_t place = 0; place < m_keys.size(); ++place) {
         if (m_keys[place].IsAlive) {
-            Place(static_cast<std::uint32_t>(place), m_keys[place].Hash);
+            FillSlot(static_cast<std::uint32_t>(place), m_keys[place].Hash);
         }
     }
 }
@@ -288,7 +288,7 @@ void DictionaryKeys::CloseHoles() {
     m_items.resize(kept);
 }
 
-void DictionaryKeys::Place(std::uint32_t place, std::uint32_t hash) {
+void DictionaryKeys::FillSlot(std::uint32_t place, std::uint32_t hash) {
     const std::size_t mask = m_slots.size() - 1;
     std::size_t index = hash & mask;
     while (m_slots[index].Place != kFree) {

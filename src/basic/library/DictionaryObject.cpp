@@ -125,18 +125,22 @@ void DictionaryObject::Add(const Value& key, const Value& item) {
         RaiseError(runtimeerror::kKeyInUse);
     }
     Value stored = StoredValue(item, InvokeKind::Set);
-    m_keys.ItemAt(Append(key, hash)) = std::move(stored);
+    const std::size_t place = m_keys.ContinuesRow(key) ? AppendToRow(key) : AppendHashed(key, hash);
+    m_keys.ItemAt(place) = std::move(stored);
 }
 
 std::size_t DictionaryObject::Append(const Value& key) {
-    return Append(key, m_keys.ContinuesRow(key) ? 0 : m_keys.HashOf(key));
+    return m_keys.ContinuesRow(key) ? AppendToRow(key) : AppendHashed(key, m_keys.HashOf(key));
 }
 
-/// The hash is not read where the key continues a row.
-std::size_t DictionaryObject::Append(const Value& key, std::uint32_t hash) {
+std::size_t DictionaryObject::AppendToRow(const Value& key) {
     ChargeForOneMore();
-    return m_keys.ContinuesRow(key) ? m_keys.AppendToRow(key)
-                                    : m_keys.Append(key, hash, m_walkers == 0);
+    return m_keys.AppendToRow(key);
+}
+
+std::size_t DictionaryObject::AppendHashed(const Value& key, std::uint32_t hash) {
+    ChargeForOneMore();
+    return m_keys.Append(key, hash, m_walkers == 0);
 }
 
 void DictionaryObject::ChargeForOneMore() {

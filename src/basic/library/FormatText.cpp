@@ -10,16 +10,16 @@ namespace dorvik::basic {
 
 namespace {
 
-enum class PlaceKind : std::uint8_t { Literal, Blank, Nothing };  // what "@" and "&" leave
+enum class PartKind : std::uint8_t { Literal, Blank, Nothing };  // what "@" and "&" leave
 
-struct Place {
-    PlaceKind Kind;
+struct PatternPart {
+    PartKind Kind;
     std::string Text;  // of a literal
 };
 
 /// One section of a text pattern, taken apart.
 struct TextPattern {
-    std::vector<Place> Places;
+    std::vector<PatternPart> Parts;
     std::size_t Characters = 0;  // "@" and "&"
     bool FillsFromLeft = false;
     bool IsLower = false;
@@ -31,17 +31,17 @@ TextPattern Read(std::string_view section) {
     for (std::size_t position = 0; position < section.size();) {
         std::string literal;
         if (modFormatPattern::TakeLiteral(section, position, literal)) {
-            pattern.Places.push_back({PlaceKind::Literal, literal});
+            pattern.Parts.push_back({PartKind::Literal, literal});
             continue;
         }
         const char character = section[position++];
         switch (character) {
-            case '@': pattern.Places.push_back({PlaceKind::Blank, {}}); break;
-            case '&': pattern.Places.push_back({PlaceKind::Nothing, {}}); break;
+            case '@': pattern.Parts.push_back({PartKind::Blank, {}}); break;
+            case '&': pattern.Parts.push_back({PartKind::Nothing, {}}); break;
             case '<': pattern.IsLower = true; break;
             case '>': pattern.IsUpper = true; break;
             case '!': pattern.FillsFromLeft = true; break;
-            default: pattern.Places.push_back({PlaceKind::Literal, std::string(1, character)});
+            default: pattern.Parts.push_back({PartKind::Literal, std::string(1, character)});
         }
         pattern.Characters += character == '@' || character == '&' ? 1 : 0;
     }
@@ -62,14 +62,14 @@ std::string Fill(const TextPattern& pattern, std::string_view text) {
         result += text.substr(taken, end - taken);
         taken = end;
     };
-    for (const Place& next : pattern.Places) {
-        if (next.Kind == PlaceKind::Literal) {
+    for (const PatternPart& next : pattern.Parts) {
+        if (next.Kind == PartKind::Literal) {
             result += next.Text;
             continue;
         }
         const bool isUnfilled = pattern.FillsFromLeft ? place >= length : place < unfilled;
         if (isUnfilled) {
-            result += next.Kind == PlaceKind::Blank ? " " : "";
+            result += next.Kind == PartKind::Blank ? " " : "";
         } else {
             take(!pattern.FillsFromLeft && place == 0 ? over + 1 : 1);
         }

@@ -8,8 +8,6 @@
 #include "basic/values/LongWork.h"
 #include "basic/values/ScriptContext.h"
 
-#include <algorithm>
-
 namespace dorvik::basic {
 
 namespace {
@@ -34,16 +32,16 @@ bool ReadsCompare(const Value& argument, bool& ignoresCase) {
 
 /// Looks for a text from `from` on, and counts how far the search has gone. One without regard to case
 /// may have read all that is left.
-TextSearch::Place Searched(
+TextSearch::Match Searched(
     ScriptContext& context,
     std::string_view text,
     std::string_view sought,
     bool ignoresCase,
     std::size_t from) {
-    const auto place = TextSearch::First(context, text, sought, ignoresCase, from);
-    const bool stopsEarly = place.IsFound() && !ignoresCase;
-    context.CountText(sought.size() + (stopsEarly ? place.Start : text.size()) - from);
-    return place;
+    const auto match = TextSearch::First(context, text, sought, ignoresCase, from);
+    const bool stopsEarly = match.IsFound() && !ignoresCase;
+    context.CountText(sought.size() + (stopsEarly ? match.Start : text.size()) - from);
+    return match;
 }
 
 /// The usual question, between two texts. False: it is not that.
@@ -63,9 +61,9 @@ bool AnswersInStr(ScriptContext& context, Arguments arguments, Value& answer) {
     }
     const StringBody& body = *text.TextBody();
     const std::size_t from = body.OffsetOf(static_cast<std::size_t>(start - 1));
-    const auto place = Searched(context, body.Text(), sought.AsText(), ignoresCase, from);
+    const auto match = Searched(context, body.Text(), sought.AsText(), ignoresCase, from);
     answer = Value::Long(
-        place.IsFound() ? static_cast<std::int32_t>(body.CharactersBefore(place.Start)) + 1 : 0);
+        match.IsFound() ? static_cast<std::int32_t>(body.CharactersBefore(match.Start)) + 1 : 0);
     return true;
 }
 
@@ -97,8 +95,8 @@ Value InStr(ScriptContext& context, Arguments arguments) {
     if (sought.View().empty()) {
         return Value::Long(start);
     }
-    const auto place = Searched(context, text.View(), sought.View(), ignoresCase, from);
-    return place.IsFound() ? PositionOf(text, place.Start) : Value::Long(0);
+    const auto match = Searched(context, text.View(), sought.View(), ignoresCase, from);
+    return match.IsFound() ? PositionOf(text, match.Start) : Value::Long(0);
 }
 
 Value InStrRev(ScriptContext& context, Arguments arguments) {
@@ -117,9 +115,9 @@ Value InStrRev(ScriptContext& context, Arguments arguments) {
     if (sought.View().empty()) {
         return Value::Long(static_cast<std::int32_t>(last));
     }
-    const auto place =
+    const auto match =
         TextSearch::Last(context, text.View(), sought.View(), ignoresCase, text.OffsetOf(last));
-    return place.IsFound() ? PositionOf(text, place.Start) : Value::Long(0);
+    return match.IsFound() ? PositionOf(text, match.Start) : Value::Long(0);
 }
 
 Value StrComp(ScriptContext& context, Arguments arguments) {
@@ -149,12 +147,12 @@ std::size_t ReplacedSize(ScriptContext& context, const Replacing& what) {
     std::size_t size = what.Text.size();
     std::size_t from = 0;
     for (std::size_t count = 0; count < what.Most; ++count) {
-        const auto place = search.Next(from);
-        if (!place.IsFound()) {
+        const auto match = search.Next(from);
+        if (!match.IsFound()) {
             break;
         }
-        size = size - place.Size + what.With.size();
-        from = place.Start + place.Size;
+        size = size - match.Size + what.With.size();
+        from = match.Start + match.Size;
         if (count % kWorkBetweenBreaths == 0) {
             context.Breathe();
         }
@@ -168,13 +166,13 @@ std::string Replaced(ScriptContext& context, const Replacing& what, std::size_t 
     result.reserve(size);
     std::size_t from = 0;
     for (std::size_t count = 0; count < what.Most; ++count) {
-        const auto place = search.Next(from);
-        if (!place.IsFound()) {
+        const auto match = search.Next(from);
+        if (!match.IsFound()) {
             break;
         }
-        result += what.Text.substr(from, place.Start - from);
+        result += what.Text.substr(from, match.Start - from);
         result += what.With;
-        from = place.Start + place.Size;
+        from = match.Start + match.Size;
         if (count % kWorkBetweenBreaths == 0) {
             context.Breathe();
         }

@@ -53,7 +53,7 @@ void TextSearch::MakeTable(std::string_view sought) {
     }
 }
 
-TextSearch::Place TextSearch::Next(std::size_t from) {
+TextSearch::Match TextSearch::Next(std::size_t from) {
     if (!m_ignoreCase) {
         const std::size_t start = FindExact(m_text, m_sought, from);
         return {start, m_sought.size()};
@@ -96,7 +96,7 @@ TextSearch::FindExact(std::string_view text, std::string_view sought, std::size_
     return kNone;
 }
 
-TextSearch::Place TextSearch::FindShort(std::size_t from) {
+TextSearch::Match TextSearch::FindShort(std::size_t from) {
     const std::size_t overlap = m_sought.size() * 4;  // no form of a character has more bytes
     while (from < m_text.size()) {
         std::size_t next = std::min(m_text.size(), from + kWindow);
@@ -117,7 +117,7 @@ TextSearch::Place TextSearch::FindShort(std::size_t from) {
     return {};
 }
 
-TextSearch::Place TextSearch::FindLowered(std::size_t from) {
+TextSearch::Match TextSearch::FindLowered(std::size_t from) {
     const auto advance = [this](auto reached) {
         while (!reached()) {
             m_textAt = modCharacters::Skip(m_text, 1, m_textAt);
@@ -134,7 +134,7 @@ TextSearch::Place TextSearch::FindLowered(std::size_t from) {
     return {m_textAt, modCharacters::Skip(m_text, characters, m_textAt) - m_textAt};
 }
 
-TextSearch::Place TextSearch::First(
+TextSearch::Match TextSearch::First(
     ScriptContext& context,
     std::string_view text,
     std::string_view sought,
@@ -147,11 +147,11 @@ TextSearch::Place TextSearch::First(
         return {modByteSearch::Find(text, sought, from), sought.size()};
     }
     const bool hasOneForm = modUtf8::IsAscii(sought) && modUtf8::IsAscii(text.substr(from));
-    return hasOneForm ? Place{modTextCase::Find(text, sought, from), sought.size()}
+    return hasOneForm ? Match{modTextCase::Find(text, sought, from), sought.size()}
                       : TextSearch(context, text, sought, ignoreCase).Next(from);
 }
 
-TextSearch::Place TextSearch::Last(
+TextSearch::Match TextSearch::Last(
     ScriptContext& context,
     std::string_view text,
     std::string_view sought,
@@ -164,12 +164,12 @@ TextSearch::Place TextSearch::Last(
     const std::string backward = Reversed(ignoreCase ? modTextCase::ToLower(text) : text);
     const std::string soughtBackward = Reversed(ignoreCase ? modTextCase::ToLower(sought) : sought);
     TextSearch search(context, backward, soughtBackward, false);
-    const Place place = search.Next(0);
-    if (!place.IsFound()) {
+    const Match match = search.Next(0);
+    if (!match.IsFound()) {
         return {};
     }
-    // The characters after the place are as many as in the text itself.
-    const std::string_view behind = std::string_view(backward).substr(0, place.Start);
+    // The characters after the match are as many as in the text itself.
+    const std::string_view behind = std::string_view(backward).substr(0, match.Start);
     std::size_t start = text.size();
     for (std::size_t left = modCharacters::Count(behind) + modCharacters::Count(sought); left > 0;
          --left) {

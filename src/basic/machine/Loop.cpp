@@ -17,7 +17,8 @@
 
 // An instruction is found by the address of its lines, without the checks of a switch. The compilers that build this
 // know labels as values; the language does not.
-// NOLINTBEGIN(readability-*,google-build-using-namespace,bugprone-*,performance-*): for the reasons above.
+// NOLINTBEGIN(bugprone-macro-parentheses,google-build-using-namespace)
+// NOLINTBEGIN(readability-braces-around-statements,readability-function-size,readability-function-cognitive-complexity)
 #pragma GCC diagnostic ignored "-Wpedantic"
 
 namespace dorvik::basic {
@@ -638,4 +639,5 @@ void RunInstructions(MachineState& state) {
 }
 
 }  // namespace dorvik::basic
-// NOLINTEND(readability-*,google-build-using-namespace,bugprone-*,performance-*)
+// NOLINTEND(readability-braces-around-statements,readability-function-size,readability-function-cognitive-complexity)
+// NOLINTEND(bugprone-macro-parentheses,google-build-using-namespace)

@@ -10,13 +10,10 @@
 namespace dorvik::basic {
 
 ParsedModule ParseModule(std::string_view source) {
-    constexpr std::string_view kMark = "\xEF\xBB\xBF";
-    if (source.starts_with(kMark)) {
-        source.remove_prefix(kMark.size());
-    }
+    source = modUtf8::WithoutByteOrderMark(source);
     std::string valid;
     if (!modUtf8::IsValid(source)) {
-        valid = WithValidCharacters(source);
+        valid = modUtf8::WithValidCharacters(source);
         source = valid;
     }
     ParsedModule parsed;

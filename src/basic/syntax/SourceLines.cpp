@@ -1,7 +1,5 @@
 #include "SourceLines.h"
 
-#include "base/modUtf8.h"
-
 namespace dorvik::basic {
 
 std::vector<std::string_view> SplitLines(std::string_view text) {
@@ -18,17 +16,6 @@ std::vector<std::string_view> SplitLines(std::string_view text) {
         start = end + (isPair ? 2 : 1);
     }
     return lines;
-}
-
-std::string WithValidCharacters(std::string_view text) {
-    std::string valid;
-    valid.reserve(text.size());
-    for (std::size_t i = 0; i < text.size();) {
-        const auto character = modUtf8::Decode(text, i);
-        modUtf8::Append(valid, character.Valid ? character.CodePoint : U'\uFFFD');
-        i += character.Size;
-    }
-    return valid;
 }
 
 }  // namespace dorvik::basic

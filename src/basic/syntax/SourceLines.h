@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -9,8 +8,5 @@ namespace dorvik::basic {
 /// The physical lines of a text without their ends (CR LF, LF or CR, mixed at will). The views point
 /// into `text`. A text that ends with a line end has no empty line after it.
 std::vector<std::string_view> SplitLines(std::string_view text);
-
-/// The text with U+FFFD for every byte that belongs to no valid character of UTF-8.
-std::string WithValidCharacters(std::string_view text);
 
 }  // namespace dorvik::basic

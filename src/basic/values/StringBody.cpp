@@ -148,7 +148,8 @@ void StringBody::Narrow() const {
 }
 
 /// Takes the text in its other form; places in the old one mean nothing then. Raises nothing: a wider form was
-/// compared with the limits before, and a narrower one takes no more than the wide one did, whatever the limits are now.
+/// compared with the limits before, and a narrower one takes no more than the wide one did, whatever the limits are
+/// now.
 void StringBody::Exchange(std::string text) const {
     const std::size_t before = Cost();
     m_text = std::move(text);

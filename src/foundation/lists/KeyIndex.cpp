@@ -29,7 +29,7 @@ std::int32_t KeyIndex::Find(const StringArrayList& keys, std::string_view key) {
     if (m_table == nullptr) {
         return keys.IndexOfValue(key);
     }
-    const std::int32_t position = Place(keys, key);
+    const std::int32_t position = SlotOf(keys, key);
     return position == 0 ? -1 : position;
 }
 
@@ -58,20 +58,20 @@ void KeyIndex::Build(const StringArrayList& keys) {
     }
 }
 
-std::int32_t& KeyIndex::Place(const StringArrayList& keys, std::string_view key) const {
+std::int32_t& KeyIndex::SlotOf(const StringArrayList& keys, std::string_view key) const {
     Table& table = *m_table;
     const std::size_t mask = table.size() - 1;
-    std::size_t place = modTextCase::Hash(key) & mask;
-    while (table[place] != 0 && !SameKey(keys.Item(table[place]), key)) {
-        place = (place + 1) & mask;
+    std::size_t slot = modTextCase::Hash(key) & mask;
+    while (table[slot] != 0 && !SameKey(keys.Item(table[slot]), key)) {
+        slot = (slot + 1) & mask;
     }
-    return table[place];
+    return table[slot];
 }
 
 void KeyIndex::Enter(const StringArrayList& keys, std::int32_t position) const {
-    std::int32_t& place = Place(keys, keys.Item(position));
-    if (place == 0) {
-        place = position;
+    std::int32_t& slot = SlotOf(keys, keys.Item(position));
+    if (slot == 0) {
+        slot = position;
     }
 }
 

@@ -9,14 +9,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <utility>
 
 namespace dorvik::modEncoding {
 
 namespace {
 
 constexpr int kUtf8CodePage = 65001;
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kUtf16LittleMark = "\xFF\xFE";
 constexpr std::string_view kUtf16BigMark = "\xFE\xFF";
 constexpr char32_t kReplacement = 0xFFFD;
@@ -159,7 +157,7 @@ bool IsKnownCodePage(int codePage) {
 }
 
 bool HasMark(std::string_view bytes) {
-    return bytes.starts_with(kUtf8Mark) || bytes.starts_with(kUtf16LittleMark) ||
+    return bytes.starts_with(modUtf8::kByteOrderMark) || bytes.starts_with(kUtf16LittleMark) ||
            bytes.starts_with(kUtf16BigMark);
 }
 
@@ -231,9 +229,9 @@ std::string EncodeUtf16(std::string_view text, bool isBigEndian) {
 }
 
 std::string Decode(std::string_view bytes, int codePage) {
-    if (bytes.starts_with(kUtf8Mark)) {
+    if (bytes.starts_with(modUtf8::kByteOrderMark)) {
         CheckCodePage(codePage);
-        return DecodeUtf8(bytes.substr(kUtf8Mark.size()));
+        return DecodeUtf8(bytes.substr(modUtf8::kByteOrderMark.size()));
     }
     if (HasMark(bytes)) {
         CheckCodePage(codePage);

@@ -1,5 +1,7 @@
 #include "platform/host/modTextForm.h"
 
+#include "base/modUtf8.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -10,7 +12,6 @@ namespace {
 
 using namespace std::string_view_literals;
 
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kUtf16LittleMark = "\xFF\xFE";
 constexpr std::string_view kUtf16BigMark = "\xFE\xFF";
 constexpr std::string_view kUtf32LittleMark = "\xFF\xFE\0\0"sv;
@@ -148,7 +149,7 @@ TextForm RecogniseUnmarked(std::string_view bytes) {
 }  // namespace
 
 TextForm Recognise(std::string_view bytes) {
-    if (bytes.starts_with(kUtf8Mark)) {
+    if (bytes.starts_with(modUtf8::kByteOrderMark)) {
         return IsBinary(WithoutPadding(bytes, 1)) ? TextForm::Binary : TextForm::Bytes;
     }
     if ((bytes.starts_with(kUtf32LittleMark) && AreCharacters(bytes.substr(4), false)) ||

@@ -28,14 +28,6 @@ std::string ViolationsRatio(std::int32_t violations, std::int32_t lines) {
     return modReportFormat::FormatNumber(ratio, 2, false);
 }
 
-std::string PercentageComments(const SourceLineStatistics& lines) {
-    const auto comments =
-        static_cast<std::int64_t>(lines.CommentOnlyLines()) + lines.InLineCommentLines();
-    const std::int64_t base = comments + lines.CodeLines();
-    return modReportFormat::FormatPercent(
-        base < 1 ? 0 : static_cast<double>(comments) / static_cast<double>(base));
-}
-
 }  // namespace
 
 bool ProjectReport::Write() {
@@ -75,8 +67,7 @@ void ProjectReport::ReadReview() {
     m_violations = m_results.Figures().GetViolationStats(ItemType::Project, m_project.ObjectID);
     m_lines = m_results.Figures().GetLineStats(ItemType::Project, m_project.ObjectID);
     // A review without an end is incomplete and gets no verdict.
-    m_tolerancesSet =
-        !m_review.End.IsZero() && modReportTables::TolerancesSet(m_criteria.Tolerances);
+    m_tolerancesSet = !m_review.End.IsZero() && m_criteria.Tolerances.IsAnySet();
     m_unfinished = UnfinishedFiles::ReadFrom(m_results);
     if (m_tolerancesSet) {
         m_passed = m_results.Verdict().TolerancePass(ItemType::Project, 0, m_failures);
@@ -158,7 +149,7 @@ void ProjectReport::WriteSummary() {
     info.TotalViolations = Figure(m_violations.TotalViolations());
     info.TotalImpact = Figure(m_violations.TotalImpact());
     info.ViolationsRatio = ViolationsRatio(m_violations.TotalViolations(), m_lines.TotalLines());
-    info.PercentageComments = PercentageComments(m_lines);
+    info.PercentageComments = modReportFormat::FormatPercent(m_lines.CommentShare().value_or(0));
     info.LogFile = m_order.LogFile;
     modReportTables::InsertReviewSummaryInfo(m_html, info);
 }
@@ -311,7 +302,8 @@ std::string ProjectReport::PassRate() const {
 }
 
 std::int32_t ProjectReport::FileErrors() const {
-    return m_counts.NotReviewed + (m_order.Project == nullptr ? 0 : m_order.Project->FileErrors());
+    return m_counts.NotReviewed +
+           (m_order.Project == nullptr ? 0 : m_order.Project->Outcome().FileErrors);
 }
 
 }  // namespace dorvik

@@ -138,7 +138,7 @@ void InsertLimits(
 void InsertTolerancesGroup(
     HTMLHelper2& html, const ReportLegend& legend, const ToleranceSettings& tolerances) {
     InsertCriteriaGroup(html, "Tolerances");
-    if (!TolerancesSet(tolerances)) {
+    if (!tolerances.IsAnySet()) {
         InsertCriteriaLine(html, "No Tolerances Set");
         return;
     }
@@ -205,12 +205,6 @@ void InsertCategoryRow(HTMLHelper2& html, CategoryStatistics& category, Category
     category.Statistics.SetTotalViolations(static_cast<std::int32_t>(
         std::min<std::int64_t>(sum, std::numeric_limits<std::int32_t>::max())));
     sums.Total += sum;
-}
-
-bool IsAnySet(const LongArrayList& limits) {
-    return std::any_of(limits.begin(), limits.end(), [](std::int32_t limit) {
-        return limit > ToleranceSettings::kNotSet;
-    });
 }
 
 }  // namespace
@@ -371,12 +365,6 @@ void InsertReviewCriteriaTable(
     for (std::int32_t index = 1; index <= info.Categories.Count(); ++index) {
         InsertCriteriaLine(html, info.Categories.Item(index)->Title());
     }
-}
-
-bool TolerancesSet(const ToleranceSettings& tolerances) {
-    return IsAnySet(tolerances.Count) || IsAnySet(tolerances.Impact) ||
-           tolerances.CyclomaticComplexity != ToleranceSettings::kNotSet ||
-           tolerances.PercentageComments != ToleranceSettings::kNotSet;
 }
 
 }  // namespace dorvik::modReportTables

@@ -49,8 +49,4 @@ void InsertReviewCriteriaTable(
 /// The rows of one violation.
 void AddViolation(HTMLHelper2& html, const ReportLegend& legend, const Violation& violation);
 
-/// Whether any tolerance is set.
-// Required: the totals count here, unlike in `VerdictReader::TolerancesSet`.
-bool TolerancesSet(const ToleranceSettings& tolerances);
-
 }  // namespace dorvik::modReportTables

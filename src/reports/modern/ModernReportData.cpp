@@ -24,18 +24,6 @@ std::string ShownName(const std::string& name, const std::string& type) {
                : name;
 }
 
-bool SetsTolerance(const ToleranceSettings& tolerances) {
-    // The totals count here too: a file can fail on them.
-    for (std::int32_t index = 1; index <= ToleranceSettings::kPlaces; ++index) {
-        if (tolerances.Count.Item(index) != ToleranceSettings::kNotSet ||
-            tolerances.Impact.Item(index) != ToleranceSettings::kNotSet) {
-            return true;
-        }
-    }
-    return tolerances.CyclomaticComplexity != ToleranceSettings::kNotSet ||
-           tolerances.PercentageComments != ToleranceSettings::kNotSet;
-}
-
 std::string ReasonOf(const ModernReportFacts& facts, const std::string& filename) {
     for (const UnreadFile& file : facts.Unreviewed) {
         if (modTextCase::Equal(file.Filename, filename)) {
@@ -168,12 +156,6 @@ void ReadViolations(
 
 }  // namespace
 
-std::optional<double> CommentShareOf(const SourceLineStatistics& lines) {
-    const double comments = lines.CommentOnlyLines() + lines.InLineCommentLines();
-    const double base = lines.CodeLines() + comments;
-    return base < 1 ? std::nullopt : std::optional(comments / base);
-}
-
 ModernReportData ModernReportData::ReadFrom(ResultsDB& results, const ModernReportFacts& facts) {
     ModernReportData data;
     data.ProjectName = results.Items().GetProjectData("Name");
@@ -184,7 +166,7 @@ ModernReportData ModernReportData::ReadFrom(ResultsDB& results, const ModernRepo
     data.Violations = results.Figures().GetViolationStats(ItemType::Project, results.ProjectID());
     data.Lines = results.Figures().GetLineStats(ItemType::Project, results.ProjectID());
     data.Categories = results.Figures().GetViolationStatsByCategory(-1, /*fileLevel=*/false);
-    data.HasTolerances = SetsTolerance(data.Criteria.Tolerances);
+    data.HasTolerances = data.Criteria.Tolerances.IsAnySet();
     data.Passed =
         results.Verdict().TolerancePass(ItemType::Project, results.ProjectID(), data.Failures);
     data.Unreviewed = facts.Unreviewed;

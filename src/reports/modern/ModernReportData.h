@@ -85,7 +85,4 @@ struct ModernReportData {
     std::size_t SourceFileCount() const;
 };
 
-/// The share of comment lines in the code and comment lines, from 0 to 1; nothing if there are no such lines.
-std::optional<double> CommentShareOf(const SourceLineStatistics& lines);
-
 }  // namespace dorvik

@@ -2,7 +2,7 @@
 #include "ModernReportData.h"
 #include "ModernReportPage.h"
 #include "ModernReportRules.h"
-#include "base/modUtf8.h"
+#include "foundation/text/modJson.h"
 
 #include <algorithm>
 #include <array>
@@ -18,10 +18,7 @@ namespace {
 /// Compact JSON: a record is an array of its fields.
 class CompactJson {
 public:
-    CompactJson& Key(std::string_view key) {
-        m_writer.Key(key.data(), static_cast<rapidjson::SizeType>(key.size()));
-        return *this;
-    }
+    CompactJson& Key(std::string_view key) { return modJson::Key(m_writer, key), *this; }
     CompactJson& Open() { return m_writer.StartArray(), *this; }
     CompactJson& Close() { return m_writer.EndArray(), *this; }
     CompactJson& OpenObject() { return m_writer.StartObject(), *this; }
@@ -29,21 +26,7 @@ public:
     CompactJson& Number(std::int64_t value) { return m_writer.Int64(value), *this; }
     CompactJson& Index(std::size_t value) { return m_writer.Uint64(value), *this; }
 
-    /// Writes U+FFFD for each byte that is not part of a character.
-    CompactJson& Text(std::string_view text) {
-        if (modUtf8::IsValid(text)) {
-            m_writer.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
-            return *this;
-        }
-        std::string valid;
-        for (std::size_t position = 0; position < text.size();) {
-            const modUtf8::Character character = modUtf8::Decode(text, position);
-            modUtf8::Append(valid, character.CodePoint);
-            position += character.Size;
-        }
-        m_writer.String(valid.data(), static_cast<rapidjson::SizeType>(valid.size()));
-        return *this;
-    }
+    CompactJson& Text(std::string_view text) { return modJson::Text(m_writer, text), *this; }
 
     std::string_view Result() const { return {m_buffer.GetString(), m_buffer.GetSize()}; }
 
@@ -154,7 +137,7 @@ std::string ReasonOf(const ModernFile& file) {
 /// Tenths of a percent, so that the number in the JSON has no decimal point.
 std::int64_t CommentTenths(const SourceLineStatistics& lines) {
     constexpr double kTenthsOfAll = 1000;
-    const std::optional<double> share = CommentShareOf(lines);
+    const std::optional<double> share = lines.CommentShare();
     return share ? std::llround(*share * kTenthsOfAll) : kNone;
 }
 

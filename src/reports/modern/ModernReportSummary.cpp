@@ -135,7 +135,7 @@ std::string ViolationNote(const ModernReportData& data) {
 }
 
 std::string CommentShare(const ModernReportData& data) {
-    return modReportFormat::FormatPercent(CommentShareOf(data.Lines).value_or(0));
+    return modReportFormat::FormatPercent(data.Lines.CommentShare().value_or(0));
 }
 
 std::string Unreviewed(const ModernReportData& data) {

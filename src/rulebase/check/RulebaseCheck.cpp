@@ -6,6 +6,7 @@
 #include "platform/xml/XmlDocument.h"
 #include "rulebase/file/RulebaseManager.h"
 #include "rulebase/file/modRulebaseSchema.h"
+#include "rulebase/model/modRulebaseDefaults.h"
 
 #include <algorithm>
 #include <map>
@@ -40,15 +41,6 @@ constexpr KindRow kKinds[] = {
 constexpr std::int32_t kDefaultViolationEvents[] = {5, 5, 26, 26, 7};
 
 /// The rows that a review looks up by name; a row of such a form with any other name is never used.
-constexpr std::string_view kScopeRows[] = {
-    "Public (Global)",
-    "Friend",
-    "Private (Module level)",
-    "Local",
-    "Local (Static)",
-    "ByVal Argument",
-    "ByRef Argument",
-};
 constexpr std::string_view kDataTypeRows[] = {
     "(Classes)",
     "(Controls)",
@@ -233,7 +225,7 @@ void RulebaseCheck::CheckTags() {
         }
     }
     for (const RulebaseContents::Tag& tag : m_contents.ScopeTags) {
-        if (!Holds(kScopeRows, tag.Content.TagName())) {
+        if (!Holds(modRulebaseDefaults::ScopeTagNames(), tag.Content.TagName())) {
             CheckTagName(tag, "scope");
         }
     }

@@ -251,9 +251,9 @@ void RulebaseCheck::CheckNaming(const Rule& rule, const NamingConvention& naming
     CheckNameItems(rule, naming, false);
     CheckViolationTexts(rule, events);
     for (const auto& [active, text, place] :
-         {std::tuple(naming.PrefixActive(), &naming.PrefixAdvice(), "PrefixAdvice"),
+         {std::tuple(naming.Prefix().Active(), &naming.Prefix().Advice(), "PrefixAdvice"),
           std::tuple(naming.BodyActive(), &naming.BodyAdvice(), "BodyAdvice"),
-          std::tuple(naming.SuffixActive(), &naming.SuffixAdvice(), "SuffixAdvice")}) {
+          std::tuple(naming.Suffix().Active(), &naming.Suffix().Advice(), "SuffixAdvice")}) {
         if (active) {
             CheckText(*text, events, rule.Element, naming.RuleID(), place);
         }
@@ -261,7 +261,7 @@ void RulebaseCheck::CheckNaming(const Rule& rule, const NamingConvention& naming
 }
 
 void RulebaseCheck::CheckNamePattern(const Rule& rule, const NamingConvention& naming) {
-    if (!naming.PrefixActive() && !naming.BodyActive() && !naming.SuffixActive()) {
+    if (!naming.Prefix().Active() && !naming.BodyActive() && !naming.Suffix().Active()) {
         AddFault(
             FaultKind::NeverFires,
             rule,
@@ -286,10 +286,11 @@ void RulebaseCheck::CheckNamePattern(const Rule& rule, const NamingConvention& n
 }
 
 void RulebaseCheck::CheckNameItems(const Rule& rule, const NamingConvention& naming, bool prefix) {
-    if (!(prefix ? naming.PrefixActive() : naming.SuffixActive())) {
+    const NameAffix& affix = prefix ? naming.Prefix() : naming.Suffix();
+    if (!affix.Active()) {
         return;
     }
-    const auto& items = prefix ? naming.PrefixItems() : naming.SuffixItems();
+    const auto& items = affix.Items();
     const std::string element = prefix ? "PrefixItem" : "SuffixItem";
     for (std::int32_t slot = 1; slot <= items.Count(); ++slot) {
         CheckNameItem(rule, naming, *items.Item(slot), element + " " + std::to_string(slot));

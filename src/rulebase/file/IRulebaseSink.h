@@ -15,9 +15,9 @@ namespace dorvik {
 class KyXMLElement;
 
 /// An element that is being read, and how a fault in it is reported.
-struct ReadPlace {
+struct ReadElement {
     std::shared_ptr<KyXMLElement> Source;
-    std::string Element;         // as a fault names it: "CategoryItem 3"
+    std::string Name;            // as a fault names it: "CategoryItem 3"
     std::int32_t Number = 0;     // among its neighbours, from 1
     std::string Part = {};       // of the element, for the attribute of a fault: "PrefixItem 2"
     std::string_view Loss = {};  // what a load leaves out if an attribute cannot be read
@@ -42,25 +42,31 @@ public:
 
     /// Receives the properties of the rulebase.
     virtual Rulebase& Properties() = 0;
-    virtual void TakeProperties(const ReadPlace& place) = 0;
+    virtual void TakeProperties(const ReadElement& element) = 0;
     /// `section` is the name of one of the three tables.
     virtual TagItem&
-    Tag(std::string_view section, const std::string& name, const ReadPlace& place) = 0;
-    /// Raises for a place beyond the last default violation.
-    virtual ViolationDefinition& DefaultViolation(const ReadPlace& place) = 0;
+    Tag(std::string_view section, const std::string& name, const ReadElement& element) = 0;
+    /// Raises for one beyond the last default violation.
+    virtual ViolationDefinition& DefaultViolation(const ReadElement& element) = 0;
     virtual void SetLastCategoryID(std::int32_t id) = 0;
-    virtual void Take(const std::shared_ptr<CategoryItem>& category, const ReadPlace& place) = 0;
+    virtual void
+    Take(const std::shared_ptr<CategoryItem>& category, const ReadElement& element) = 0;
     virtual void EndCategories() = 0;
     /// The level of that number if it is there already; else null, and it is read whole.
     virtual std::shared_ptr<SeverityItem> KnownSeverity(std::int32_t level) = 0;
+    virtual void Take(
+        std::int32_t level,
+        const std::shared_ptr<SeverityItem>& item,
+        const ReadElement& element) = 0;
     virtual void
-    Take(std::int32_t level, const std::shared_ptr<SeverityItem>& item, const ReadPlace& place) = 0;
-    virtual void Take(const std::shared_ptr<AuthorisedComponent>& item, const ReadPlace& place) = 0;
-    virtual void Take(const std::shared_ptr<AuthorisedReference>& item, const ReadPlace& place) = 0;
+    Take(const std::shared_ptr<AuthorisedComponent>& item, const ReadElement& element) = 0;
+    virtual void
+    Take(const std::shared_ptr<AuthorisedReference>& item, const ReadElement& element) = 0;
     virtual void SetLastRuleID(std::int32_t id) = 0;
-    virtual void Take(const std::shared_ptr<BasicRule>& rule, const ReadPlace& place) = 0;
+    virtual void Take(const std::shared_ptr<BasicRule>& rule, const ReadElement& element) = 0;
     /// Begins a section of the report; false if it is left out. There is no ID if it cannot be read.
-    virtual bool BeginSection(std::optional<std::int32_t> categoryID, const ReadPlace& place) = 0;
+    virtual bool
+    BeginSection(std::optional<std::int32_t> categoryID, const ReadElement& element) = 0;
     /// A rule of the section begun last. `part` is the text from which the number was read.
     virtual void TakeRuleOfSection(std::string_view part, std::int32_t number) = 0;
     virtual void Take(const std::shared_ptr<TableItem>& table) = 0;

@@ -33,11 +33,11 @@ std::string Titled(const std::string& element, const std::string& title) {
 }
 
 RulebaseContents::Identified
-Identified(std::string identifier, const ReadPlace& place, const std::string& title) {
+Identified(std::string identifier, const ReadElement& element, const std::string& title) {
     return {
         std::move(identifier),
-        Titled(place.Source->ElementName(), title),
-        place.Source->XMLNode().Line()};
+        Titled(element.Source->ElementName(), title),
+        element.Source->XMLNode().Line()};
 }
 
 /// What a load makes of a part of a list that is no whole number.
@@ -45,7 +45,7 @@ std::string LenientValue(std::string_view part) {
     std::string value = "is too large to be read";
     Handled(
         [&] {
-            const std::int32_t number = modText::RoundToLong(modText::LeadingNumber(part));
+            const std::int32_t number = modText::LeadingLong(part);
             value = "would count as " + std::to_string(number);
         },
         [](const BasicError&) { return true; });
@@ -61,37 +61,37 @@ public:
 
     Rulebase& Properties() override { return m_properties; }
 
-    void TakeProperties(const ReadPlace& place) override {
+    void TakeProperties(const ReadElement& element) override {
         m_contents.ArrayTag = m_properties.ArrayTag();
         for (const char* attribute : {"ToleranceCount", "ToleranceImpact"}) {
-            CheckToleranceList(place, attribute);
+            CheckToleranceList(element, attribute);
         }
     }
 
     TagItem&
-    Tag(std::string_view section, const std::string& name, const ReadPlace& place) override {
+    Tag(std::string_view section, const std::string& name, const ReadElement& element) override {
         std::vector<RulebaseContents::Tag>& tags =
             section == modRulebaseSchema::kControlTags ? m_contents.ControlTags
             : section == modRulebaseSchema::kScopeTags ? m_contents.ScopeTags
                                                        : m_contents.DataTypeTags;
-        tags.push_back({TagItem(), place.Element});
+        tags.push_back({TagItem(), element.Name});
         tags.back().Content.SetTagName(name);
         return tags.back().Content;
     }
 
-    ViolationDefinition& DefaultViolation(const ReadPlace& place) override {
-        if (place.Number > DefaultViolations().Count()) {
+    ViolationDefinition& DefaultViolation(const ReadElement& element) override {
+        if (element.Number > DefaultViolations().Count()) {
             RaiseRuntimeError(runtimeerror::kSubscriptOutOfRange);
         }
-        m_contents.DefaultViolations.push_back({ViolationDefinition(), place.Element});
+        m_contents.DefaultViolations.push_back({ViolationDefinition(), element.Name});
         return m_contents.DefaultViolations.back().Content;
     }
 
     void SetLastCategoryID(std::int32_t id) override { m_contents.LastCategoryID = id; }
 
-    void Take(const std::shared_ptr<CategoryItem>& category, const ReadPlace& place) override {
+    void Take(const std::shared_ptr<CategoryItem>& category, const ReadElement& element) override {
         m_contents.Categories.push_back(
-            Identified(std::to_string(category->ID()), place, category->Title()));
+            Identified(std::to_string(category->ID()), element, category->Title()));
     }
 
     void EndCategories() override {}
@@ -101,35 +101,39 @@ public:
         return isKnown ? std::make_shared<SeverityItem>() : nullptr;
     }
 
-    void Take(std::int32_t level, const std::shared_ptr<SeverityItem>& item, const ReadPlace& place)
-        override {
+    void Take(
+        std::int32_t level,
+        const std::shared_ptr<SeverityItem>& item,
+        const ReadElement& element) override {
         m_properties.SeverityList().Add(SeverityKeyOf(level), item, true, false);
-        m_contents.Severities.push_back(Identified(std::to_string(level), place, item->Title()));
+        m_contents.Severities.push_back(Identified(std::to_string(level), element, item->Title()));
     }
 
-    void Take(const std::shared_ptr<AuthorisedComponent>& item, const ReadPlace& place) override {
-        m_contents.Components.push_back(Identified(item->LibID(), place, item->Title()));
+    void
+    Take(const std::shared_ptr<AuthorisedComponent>& item, const ReadElement& element) override {
+        m_contents.Components.push_back(Identified(item->LibID(), element, item->Title()));
     }
 
-    void Take(const std::shared_ptr<AuthorisedReference>& item, const ReadPlace& place) override {
-        m_contents.References.push_back(Identified(item->LibID(), place, item->Title()));
+    void
+    Take(const std::shared_ptr<AuthorisedReference>& item, const ReadElement& element) override {
+        m_contents.References.push_back(Identified(item->LibID(), element, item->Title()));
     }
 
     void SetLastRuleID(std::int32_t id) override { m_contents.LastRuleID = id; }
 
-    void Take(const std::shared_ptr<BasicRule>& rule, const ReadPlace& place) override {
+    void Take(const std::shared_ptr<BasicRule>& rule, const ReadElement& element) override {
         const std::string numbered =
-            place.Source->ElementName() + " " + std::to_string(rule->RuleID());
+            element.Source->ElementName() + " " + std::to_string(rule->RuleID());
         m_contents.Rules.push_back(
             {rule,
-             Titled(rule->RuleID() == 0 ? place.Element : numbered, rule->Title()),
+             Titled(rule->RuleID() == 0 ? element.Name : numbered, rule->Title()),
              {},
-             place.Source->XMLNode().Line()});
-        NameFaults(place.Element, m_contents.Rules.back());
+             element.Source->XMLNode().Line()});
+        NameFaults(element.Name, m_contents.Rules.back());
     }
 
-    bool BeginSection(std::optional<std::int32_t> categoryID, const ReadPlace& place) override {
-        m_contents.Sections.push_back({categoryID, {}, place.Element});
+    bool BeginSection(std::optional<std::int32_t> categoryID, const ReadElement& element) override {
+        m_contents.Sections.push_back({categoryID, {}, element.Name});
         return true;
     }
 
@@ -142,16 +146,16 @@ public:
     void Take(const std::shared_ptr<TableItem>& /*table*/) override {}
 
 private:
-    void CheckToleranceList(const ReadPlace& place, const char* attribute) {
-        const std::string text = place.Source->XMLNode().Attribute(attribute).value_or("");
+    void CheckToleranceList(const ReadElement& element, const char* attribute) {
+        const std::string text = element.Source->XMLNode().Attribute(attribute).value_or("");
         const std::vector<std::string_view> parts =
             text.empty() ? std::vector<std::string_view>() : modText::Split(text, '|');
         if (parts.size() > ToleranceSettings::kPlaces) {
-            m_faults.push_back(place.Fault(attribute, "the list has more than six parts"));
+            m_faults.push_back(element.Fault(attribute, "the list has more than six parts"));
         }
         for (const std::string_view part : parts) {
             if (!modText::WholeNumber(modText::Trim(part)).has_value()) {
-                m_faults.push_back(place.Fault(
+                m_faults.push_back(element.Fault(
                     attribute,
                     "'" + std::string(part) + "' is not a whole number and " + LenientValue(part)));
             }

@@ -33,8 +33,8 @@ public:
         : m_rulebase(rulebase), m_categories(categories), m_severities(severities) {}
 
     Rulebase& Properties() override { return m_rulebase; }
-    void TakeProperties(const ReadPlace&) override {}
-    TagItem& Tag(std::string_view section, const std::string& name, const ReadPlace&) override {
+    void TakeProperties(const ReadElement&) override {}
+    TagItem& Tag(std::string_view section, const std::string& name, const ReadElement&) override {
         TagTable& table = TableOf(m_rulebase, section);
         const std::shared_ptr<TagItem>* known = table.Find(name);
         if (known != nullptr) {
@@ -46,12 +46,12 @@ public:
         return *item;
     }
 
-    ViolationDefinition& DefaultViolation(const ReadPlace& place) override {
-        return m_rulebase.DefaultViolations().Item(place.Number);
+    ViolationDefinition& DefaultViolation(const ReadElement& element) override {
+        return m_rulebase.DefaultViolations().Item(element.Number);
     }
 
     void SetLastCategoryID(std::int32_t id) override { m_categories.SetLastID(id); }
-    void Take(const std::shared_ptr<CategoryItem>& category, const ReadPlace&) override {
+    void Take(const std::shared_ptr<CategoryItem>& category, const ReadElement&) override {
         m_categories.Add(category, false);
     }
 
@@ -61,30 +61,30 @@ public:
         return known == nullptr ? nullptr : *known;
     }
 
-    void
-    Take(std::int32_t level, const std::shared_ptr<SeverityItem>& item, const ReadPlace&) override {
+    void Take(std::int32_t level, const std::shared_ptr<SeverityItem>& item, const ReadElement&)
+        override {
         if (KnownSeverity(level) == nullptr) {
             item->SetKey(SeverityKeyOf(level));
             m_severities.Add(SeverityKeyOf(level), item, true, false);
         }
     }
 
-    void Take(const std::shared_ptr<AuthorisedComponent>& item, const ReadPlace&) override {
+    void Take(const std::shared_ptr<AuthorisedComponent>& item, const ReadElement&) override {
         m_rulebase.AuthorisedComponents().AddComponent(item);
     }
 
-    void Take(const std::shared_ptr<AuthorisedReference>& item, const ReadPlace&) override {
+    void Take(const std::shared_ptr<AuthorisedReference>& item, const ReadElement&) override {
         m_rulebase.AuthorisedReferences().AddReference(item);
     }
 
     void SetLastRuleID(std::int32_t id) override { m_rulebase.RuleLists().SetLastID(id); }
-    void Take(const std::shared_ptr<BasicRule>& rule, const ReadPlace&) override {
+    void Take(const std::shared_ptr<BasicRule>& rule, const ReadElement&) override {
         m_rulebase.RuleLists().AddConvention(rule, false);
     }
 
     /// Required: a section of a category that is not there is left out, without a word. That is so for
     /// a hidden category that was not loaded.
-    bool BeginSection(std::optional<std::int32_t> categoryID, const ReadPlace&) override {
+    bool BeginSection(std::optional<std::int32_t> categoryID, const ReadElement&) override {
         if (!categoryID || !m_categories.ContainsID(*categoryID)) {
             return false;
         }

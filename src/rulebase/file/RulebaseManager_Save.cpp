@@ -238,13 +238,19 @@ bool RulebaseManager::SaveNamingConventions(
                 const auto element = AddWithAttributes<NamingConvention>(
                     *section, schema::kNamingConvention, schema::Naming(), *rule);
                 // Required: the items of a prefix or suffix that is disabled are lost by a save.
-                if (rule->PrefixActive()) {
+                if (rule->Prefix().Active()) {
                     AddNameItems(
-                        *element, schema::kPrefixItems, schema::kPrefixItem, rule->PrefixItems());
+                        *element,
+                        schema::kPrefixItems,
+                        schema::kPrefixItem,
+                        rule->Prefix().Items());
                 }
-                if (rule->SuffixActive()) {
+                if (rule->Suffix().Active()) {
                     AddNameItems(
-                        *element, schema::kSuffixItems, schema::kSuffixItem, rule->SuffixItems());
+                        *element,
+                        schema::kSuffixItems,
+                        schema::kSuffixItem,
+                        rule->Suffix().Items());
                 }
                 whole =
                     SaveViolationDefintion(*element, rule->ViolationDefinition(), failure) && whole;

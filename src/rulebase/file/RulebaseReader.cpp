@@ -23,8 +23,8 @@ void WrapExclusionList(NamingConvention& rule) {
     rule.SetExclusionList(";" + std::string(modText::Trim(rule.ExclusionList())) + ";");
 }
 
-void RequireSlot(const ReadPlace& item) {
-    if (item.Number > NamingConvention::kItemCount) {
+void RequireSlot(const ReadElement& item) {
+    if (item.Number > NameAffix::kItemCount) {
         throw BasicError(
             runtimeerror::kSubscriptOutOfRange,
             RuntimeErrorText(runtimeerror::kSubscriptOutOfRange) + ": " + item.Source->PlaceText() +
@@ -34,12 +34,12 @@ void RequireSlot(const ReadPlace& item) {
 
 }  // namespace
 
-RulebaseFault ReadPlace::Fault(std::string_view attribute, std::string sentence) const {
+RulebaseFault ReadElement::Fault(std::string_view attribute, std::string sentence) const {
     const std::string gap = Part.empty() || attribute.empty() ? "" : " ";
     return {
         FaultKind::Unreadable,
         0,
-        Element,
+        Name,
         Part + gap + std::string(attribute),
         std::move(sentence),
         Source->XMLNode().Line(),
@@ -81,7 +81,7 @@ void RulebaseReader::ReadOptions(ToleranceSettings* tolerances) {
     LoadCategoryList();
     LoadSeverityList();
     CountLists(m_root, kListsOfRoot);
-    if (const std::optional<ReadPlace> rules = Child(m_root, schema::kRules)) {
+    if (const std::optional<ReadElement> rules = Child(m_root, schema::kRules)) {
         CountLists(*rules, kListsOfRules);
     }
 }
@@ -90,35 +90,35 @@ void RulebaseReader::ReadOptions(ToleranceSettings* tolerances) {
 
 template <class Body, class Sentence>
 bool RulebaseReader::Attempt(
-    const ReadPlace& place, std::string_view attribute, Body body, Sentence sentence) {
+    const ReadElement& element, std::string_view attribute, Body body, Sentence sentence) {
     return Handled(body, [&](const BasicError& failure) {
-        return m_faults.Continues(place.Fault(attribute, sentence(failure)));
+        return m_faults.Continues(element.Fault(attribute, sentence(failure)));
     });
 }
 
 template <class ReadText, class DefaultText>
 void RulebaseReader::ReadAttribute(
-    const ReadPlace& place, std::string_view name, ReadText read, DefaultText defaultText) {
+    const ReadElement& element, std::string_view name, ReadText read, DefaultText defaultText) {
     std::string value;
     Attempt(
-        place,
+        element,
         name,
         [&] {
-            value = place.Source->AttributeValueByName(name);
+            value = element.Source->AttributeValueByName(name);
             Explain(
-                [&] { read(value); }, [&] { return UnreadableText(*place.Source, name, value); });
+                [&] { read(value); }, [&] { return UnreadableText(*element.Source, name, value); });
         },
         [&](const BasicError& failure) {
-            return RefusalText(failure, value, defaultText()) + (place.Loss.empty() ? "" : "; ") +
-                   std::string(place.Loss);
+            return RefusalText(failure, value, defaultText()) + (element.Loss.empty() ? "" : "; ") +
+                   std::string(element.Loss);
         });
 }
 
 template <class Value>
-std::optional<Value> RulebaseReader::ValueOf(const ReadPlace& place, std::string_view name) {
+std::optional<Value> RulebaseReader::ValueOf(const ReadElement& element, std::string_view name) {
     std::optional<Value> value;
     ReadAttribute(
-        place,
+        element,
         name,
         [&](const std::string& text) { value = modAttributeText::Read<Value>(text); },
         [] { return modAttributeText::Write(Value()); });
@@ -127,19 +127,19 @@ std::optional<Value> RulebaseReader::ValueOf(const ReadPlace& place, std::string
 
 template <class Owner>
 void RulebaseReader::ReadRows(
-    const ReadPlace& place,
+    const ReadElement& element,
     std::type_identity_t<std::span<const AttributeRow<Owner>>> rows,
     Owner& owner) {
     for (const AttributeRow<Owner>& row : rows) {
         ReadAttribute(
-            place,
+            element,
             row.Name,
             [&](const std::string& text) { row.Read(owner, text); },
             [&] { return row.Write(Owner()); });
     }
 }
 
-std::optional<ReadPlace> RulebaseReader::Child(const ReadPlace& parent, std::string_view name) {
+std::optional<ReadElement> RulebaseReader::Child(const ReadElement& parent, std::string_view name) {
     std::shared_ptr<KyXMLElement> child;
     const bool isThere = Attempt(
         parent,
@@ -149,36 +149,38 @@ std::optional<ReadPlace> RulebaseReader::Child(const ReadPlace& parent, std::str
     if (!isThere) {
         return std::nullopt;
     }
-    return ReadPlace{child, child->ElementName(), 0, "", "", parent.CostsReview};
+    return ReadElement{child, child->ElementName(), 0, "", "", parent.CostsReview};
 }
 
-std::vector<ReadPlace> RulebaseReader::Elements(const ReadPlace& section, std::string_view loss) {
-    std::vector<ReadPlace> places;
+std::vector<ReadElement>
+RulebaseReader::Elements(const ReadElement& section, std::string_view loss) {
+    std::vector<ReadElement> elements;
     for (const std::shared_ptr<KyXMLElement>& child :
          modSectionReading::Children(*section.Source)) {
-        const auto number = static_cast<std::int32_t>(places.size()) + 1;
-        ReadPlace place{child, section.Element, number, "", loss, section.CostsReview};
+        const auto number = static_cast<std::int32_t>(elements.size()) + 1;
+        ReadElement element{child, section.Name, number, "", loss, section.CostsReview};
         if (child->ElementType() == kTextNode &&
             m_faults.Continues(
-                place.Fault("", "there is text between the elements, where a load ends"))) {
+                element.Fault("", "there is text between the elements, where a load ends"))) {
             continue;
         }
-        place.Element = child->ElementName() + " " + std::to_string(number);
-        places.push_back(std::move(place));
+        element.Name = child->ElementName() + " " + std::to_string(number);
+        elements.push_back(std::move(element));
     }
-    return places;
+    return elements;
 }
 
-std::vector<ReadPlace> RulebaseReader::ElementsOf(std::string_view section, std::string_view loss) {
-    const std::optional<ReadPlace> list = Child(m_root, section);
-    return list ? Elements(*list, loss) : std::vector<ReadPlace>();
+std::vector<ReadElement>
+RulebaseReader::ElementsOf(std::string_view section, std::string_view loss) {
+    const std::optional<ReadElement> list = Child(m_root, section);
+    return list ? Elements(*list, loss) : std::vector<ReadElement>();
 }
 
 // Properties and tables
 
 void RulebaseReader::LoadProperties() {
     Trap({"RulebaseManager", "LoadProperties"}, [&] {
-        std::optional<ReadPlace> section = Child(m_root, schema::kProperties);
+        std::optional<ReadElement> section = Child(m_root, schema::kProperties);
         if (!section) {
             return;
         }
@@ -219,75 +221,75 @@ void RulebaseReader::LoadScopeTags() {
 
 void RulebaseReader::ReadTags(
     std::string_view section, std::span<const AttributeRow<TagItem>> rows) {
-    for (ReadPlace& place : ElementsOf(section, "the tags from here on are not loaded")) {
-        const std::string name = ValueOf<std::string>(place, schema::kTagName).value_or("");
+    for (ReadElement& element : ElementsOf(section, "the tags from here on are not loaded")) {
+        const std::string name = ValueOf<std::string>(element, schema::kTagName).value_or("");
         if (!name.empty()) {
-            place.Element = place.Source->ElementName() + " '" + name + "'";
+            element.Name = element.Source->ElementName() + " '" + name + "'";
         }
-        ReadRows<TagItem>(place, rows, m_sink.Tag(section, name, place));
+        ReadRows<TagItem>(element, rows, m_sink.Tag(section, name, element));
     }
 }
 
 void RulebaseReader::LoadDefaultViolations() {
     Trap({"RulebaseManager", "LoadDefaultViolations"}, [&] {
-        for (const ReadPlace& place : ElementsOf(schema::kDefaultViolations, "")) {
+        for (const ReadElement& element : ElementsOf(schema::kDefaultViolations, "")) {
             ViolationDefinition* violation = nullptr;
             const bool hasPlace = Attempt(
-                place,
+                element,
                 "",
-                [&] { violation = &m_sink.DefaultViolation(place); },
+                [&] { violation = &m_sink.DefaultViolation(element); },
                 [](const BasicError&) { return "there are only five default violations"; });
             if (!hasPlace) {
                 return;
             }
-            ReadRows<ViolationDefinition>(place, schema::ViolationItem(), *violation);
+            ReadRows<ViolationDefinition>(element, schema::ViolationItem(), *violation);
         }
     });
 }
 
 void RulebaseReader::LoadCategoryList() {
     Trap({"RulebaseManager", "LoadCategoryList"}, [&] {
-        const std::optional<ReadPlace> section = Child(m_root, schema::kCategoryList);
+        const std::optional<ReadElement> section = Child(m_root, schema::kCategoryList);
         if (!section) {
             return;
         }
         if (const auto lastID = ValueOf<std::int32_t>(*section, schema::kLastID)) {
             m_sink.SetLastCategoryID(*lastID);
         }
-        for (const ReadPlace& place :
+        for (const ReadElement& element :
              Elements(*section, "the categories from here on are not loaded")) {
-            LoadCategory(place);
+            LoadCategory(element);
         }
         m_sink.EndCategories();
     });
 }
 
-void RulebaseReader::LoadCategory(const ReadPlace& place) {
-    const bool isHidden = ValueOf<bool>(place, schema::kHidden).value_or(false);
-    const std::int32_t id = ValueOf<std::int32_t>(place, schema::kID).value_or(0);
+void RulebaseReader::LoadCategory(const ReadElement& element) {
+    const bool isHidden = ValueOf<bool>(element, schema::kHidden).value_or(false);
+    const std::int32_t id = ValueOf<std::int32_t>(element, schema::kID).value_or(0);
     if (isHidden && !m_showsHidden) {
         m_criteria.AddExcludedCategoryID(id);
         return;
     }
     const auto category = std::make_shared<CategoryItem>();
     category->SetID(id);
-    ReadRows<CategoryItem>(place, schema::CategoryTexts(), *category);
+    ReadRows<CategoryItem>(element, schema::CategoryTexts(), *category);
     category->SetHidden(isHidden);
-    m_sink.Take(category, place);
+    m_sink.Take(category, element);
 }
 
 void RulebaseReader::LoadSeverityList() {
     Trap({"RulebaseManager", "LoadSeverityList"}, [&] {
-        for (const ReadPlace& place :
+        for (const ReadElement& element :
              ElementsOf(schema::kSeverityList, "the severities from here on are not loaded")) {
-            const auto level = ValueOf<std::int32_t>(place, schema::kSeverityLevel);
+            const auto level = ValueOf<std::int32_t>(element, schema::kSeverityLevel);
             const auto known =
                 level ? m_sink.KnownSeverity(*level) : std::make_shared<SeverityItem>();
             const auto item = known != nullptr ? known : std::make_shared<SeverityItem>();
             ReadRows<SeverityItem>(
-                place, known != nullptr ? schema::ExistingSeverity() : schema::Severity(), *item);
+                element, known != nullptr ? schema::ExistingSeverity() : schema::Severity(), *item);
             if (level) {
-                m_sink.Take(*level, item, place);
+                m_sink.Take(*level, item, element);
             }
         }
     });
@@ -321,17 +323,17 @@ const RulebaseReader::ListRow RulebaseReader::kListsOfRules[] = {
      &RulebaseReader::LoadNamingConventions},
 };
 
-void RulebaseReader::CountLists(const ReadPlace& parent, std::span<const ListRow> rows) {
+void RulebaseReader::CountLists(const ReadElement& parent, std::span<const ListRow> rows) {
     for (const ListRow& row : rows) {
-        if (const std::optional<ReadPlace> list = Child(parent, row.Name)) {
+        if (const std::optional<ReadElement> list = Child(parent, row.Name)) {
             m_criteria.*row.Count = list->Source->ElementCount();
         }
     }
 }
 
-void RulebaseReader::LoadLists(const ReadPlace& parent, std::span<const ListRow> rows) {
+void RulebaseReader::LoadLists(const ReadElement& parent, std::span<const ListRow> rows) {
     for (const ListRow& row : rows) {
-        const std::optional<ReadPlace> list = Child(parent, row.Name);
+        const std::optional<ReadElement> list = Child(parent, row.Name);
         if (!list) {
             continue;
         }
@@ -343,7 +345,7 @@ void RulebaseReader::LoadLists(const ReadPlace& parent, std::span<const ListRow>
 }
 
 void RulebaseReader::LoadRules() {
-    const std::optional<ReadPlace> rules = Child(m_root, schema::kRules);
+    const std::optional<ReadElement> rules = Child(m_root, schema::kRules);
     if (!rules) {
         return;
     }
@@ -355,39 +357,39 @@ void RulebaseReader::LoadRules() {
 
 template <class Item>
 void RulebaseReader::ReadItems(
-    const ReadPlace& section, std::type_identity_t<std::span<const AttributeRow<Item>>> rows) {
-    for (const ReadPlace& place : Elements(section, "the items from here on are not loaded")) {
+    const ReadElement& section, std::type_identity_t<std::span<const AttributeRow<Item>>> rows) {
+    for (const ReadElement& element : Elements(section, "the items from here on are not loaded")) {
         const auto item = std::make_shared<Item>();
-        ReadRows<Item>(place, rows, *item);
-        m_sink.Take(item, place);
+        ReadRows<Item>(element, rows, *item);
+        m_sink.Take(item, element);
     }
 }
 
-void RulebaseReader::LoadAuthorisedComponents(const ReadPlace& section) {
+void RulebaseReader::LoadAuthorisedComponents(const ReadElement& section) {
     Trap({"RulebaseManager", "LoadAuthorisedComponents"}, [&] {
         ReadItems<AuthorisedComponent>(section, schema::Component());
     });
 }
 
-void RulebaseReader::LoadAuthorisedReferences(const ReadPlace& section) {
+void RulebaseReader::LoadAuthorisedReferences(const ReadElement& section) {
     Trap({"RulebaseManager", "LoadAuthorisedReferences"}, [&] {
         ReadItems<AuthorisedReference>(section, schema::Reference());
     });
 }
 
-void RulebaseReader::LoadUnauthorisedKeywords(const ReadPlace& section) {
+void RulebaseReader::LoadUnauthorisedKeywords(const ReadElement& section) {
     Trap({"RulebaseManager", "LoadUnauthorisedKeywords"}, [&] {
         ReadRules<UnauthorisedKeyword>(section, schema::Keyword());
     });
 }
 
-void RulebaseReader::LoadCodingConventions(const ReadPlace& section) {
+void RulebaseReader::LoadCodingConventions(const ReadElement& section) {
     Trap({"RulebaseManager", "LoadCodingConventions"}, [&] {
         ReadRules<CodingConvention>(section, schema::Coding());
     });
 }
 
-void RulebaseReader::LoadNamingConventions(const ReadPlace& section) {
+void RulebaseReader::LoadNamingConventions(const ReadElement& section) {
     Trap({"RulebaseManager", "LoadNamingConventions"}, [&] {
         ReadRules<NamingConvention>(section, schema::Naming());
     });
@@ -395,24 +397,24 @@ void RulebaseReader::LoadNamingConventions(const ReadPlace& section) {
 
 template <class Rule>
 void RulebaseReader::ReadRules(
-    const ReadPlace& section, std::type_identity_t<std::span<const AttributeRow<Rule>>> rows) {
-    for (ReadPlace& place : Elements(section, "the rules from here on are not loaded")) {
-        place.Element =
-            place.Source->ElementName() + " at position " + std::to_string(place.Number);
-        if (!IsLoadableRule(place)) {
+    const ReadElement& section, std::type_identity_t<std::span<const AttributeRow<Rule>>> rows) {
+    for (ReadElement& element : Elements(section, "the rules from here on are not loaded")) {
+        element.Name =
+            element.Source->ElementName() + " at position " + std::to_string(element.Number);
+        if (!IsLoadableRule(element)) {
             continue;
         }
         const auto rule = std::make_shared<Rule>();
-        ReadRows<Rule>(place, rows, *rule);
+        ReadRows<Rule>(element, rows, *rule);
         if constexpr (std::is_same_v<Rule, NamingConvention>) {
-            ReadNameParts(place, *rule);
+            ReadNameParts(element, *rule);
         }
-        LoadViolationDefinition(place, rule->ViolationDefinition());
-        m_sink.Take(rule, place);
+        LoadViolationDefinition(element, rule->ViolationDefinition());
+        m_sink.Take(rule, element);
     }
 }
 
-bool RulebaseReader::IsLoadableRule(const ReadPlace& rule) {
+bool RulebaseReader::IsLoadableRule(const ReadElement& rule) {
     if (m_criteria.LoadForEdit()) {
         return true;
     }
@@ -420,7 +422,7 @@ bool RulebaseReader::IsLoadableRule(const ReadPlace& rule) {
         if (!ValueOf<bool>(rule, schema::kRuleActive).value_or(false)) {
             return false;
         }
-        const std::optional<ReadPlace> definition = Child(rule, schema::kViolationDefinition);
+        const std::optional<ReadElement> definition = Child(rule, schema::kViolationDefinition);
         if (!definition ||
             !m_criteria.SeverityLevel(
                 ValueOf<std::int32_t>(*definition, schema::kSeverityLevel).value_or(0))) {
@@ -431,48 +433,48 @@ bool RulebaseReader::IsLoadableRule(const ReadPlace& rule) {
     });
 }
 
-void RulebaseReader::ReadNameParts(const ReadPlace& rule, NamingConvention& naming) {
+void RulebaseReader::ReadNameParts(const ReadElement& rule, NamingConvention& naming) {
     if (!m_criteria.LoadForEdit()) {
         WrapExclusionList(naming);
     }
-    if (naming.PrefixActive()) {
-        ReadNameItems(rule, schema::kPrefixItems, naming.PrefixItems());
+    if (naming.Prefix().Active()) {
+        ReadNameItems(rule, schema::kPrefixItems, naming.Prefix().Items());
     }
-    if (naming.SuffixActive()) {
-        ReadNameItems(rule, schema::kSuffixItems, naming.SuffixItems());
+    if (naming.Suffix().Active()) {
+        ReadNameItems(rule, schema::kSuffixItems, naming.Suffix().Items());
     }
 }
 
 void RulebaseReader::ReadNameItems(
-    const ReadPlace& rule, std::string_view section, ObjectArrayList<PrefixSuffixItem>& items) {
-    std::optional<ReadPlace> list = Child(rule, section);
+    const ReadElement& rule, std::string_view section, ObjectArrayList<PrefixSuffixItem>& items) {
+    std::optional<ReadElement> list = Child(rule, section);
     if (!list) {
         return;
     }
-    list->Element = rule.Element;
-    for (ReadPlace& place : Elements(*list, "")) {
-        place.Part = std::exchange(place.Element, rule.Element);
+    list->Name = rule.Name;
+    for (ReadElement& element : Elements(*list, "")) {
+        element.Part = std::exchange(element.Name, rule.Name);
         const bool hasSlot = Attempt(
-            place,
+            element,
             "",
-            [&] { RequireSlot(place); },
+            [&] { RequireSlot(element); },
             [&](const BasicError&) {
                 return "a prefix or suffix has four items at most; " + std::string(rule.Loss);
             });
         if (!hasSlot) {
             return;
         }
-        ReadRows<PrefixSuffixItem>(place, schema::NameItem(), *items.Item(place.Number));
+        ReadRows<PrefixSuffixItem>(element, schema::NameItem(), *items.Item(element.Number));
     }
 }
 
 void RulebaseReader::LoadViolationDefinition(
-    const ReadPlace& rule, ViolationDefinition& definition) {
+    const ReadElement& rule, ViolationDefinition& definition) {
     Trap({"RulebaseManager", "LoadViolationDefinition"}, [&] {
-        if (std::optional<ReadPlace> place = Child(rule, schema::kViolationDefinition)) {
-            place->Part = std::exchange(place->Element, rule.Element);
-            place->Loss = "a review does not load the rule";
-            ReadRows<ViolationDefinition>(*place, schema::Violation(), definition);
+        if (std::optional<ReadElement> element = Child(rule, schema::kViolationDefinition)) {
+            element->Part = std::exchange(element->Name, rule.Name);
+            element->Loss = "a review does not load the rule";
+            ReadRows<ViolationDefinition>(*element, schema::Violation(), definition);
         }
     });
 }
@@ -481,38 +483,36 @@ void RulebaseReader::LoadViolationDefinition(
 
 void RulebaseReader::LoadReport() {
     Trap({"RulebaseManager", "LoadReport"}, [&] {
-        ReadPlace root = m_root;
+        ReadElement root = m_root;
         root.CostsReview = false;  // a review reads no definition of a report
-        if (const std::optional<ReadPlace> list = Child(root, schema::kReport)) {
-            for (const ReadPlace& place : Elements(*list, "")) {
-                ReadReportSection(place);
+        if (const std::optional<ReadElement> list = Child(root, schema::kReport)) {
+            for (const ReadElement& element : Elements(*list, "")) {
+                ReadReportSection(element);
             }
         }
     });
 }
 
-void RulebaseReader::ReadReportSection(const ReadPlace& place) {
-    const std::string type = ValueOf<std::string>(place, schema::kSectionType).value_or("");
+void RulebaseReader::ReadReportSection(const ReadElement& element) {
+    const std::string type = ValueOf<std::string>(element, schema::kSectionType).value_or("");
     if (!modTextCase::Equal(type, schema::kCategorySection)) {
         const auto table = std::make_shared<TableItem>();
-        ReadRows<TableItem>(place, schema::Table(), *table);
+        ReadRows<TableItem>(element, schema::Table(), *table);
         m_sink.Take(table);
         return;
     }
-    if (!m_sink.BeginSection(ValueOf<std::int32_t>(place, schema::kCategoryID), place)) {
+    if (!m_sink.BeginSection(ValueOf<std::int32_t>(element, schema::kCategoryID), element)) {
         return;
     }
-    const std::string rules = ValueOf<std::string>(place, schema::kCategoryRuleList).value_or("");
+    const std::string rules = ValueOf<std::string>(element, schema::kCategoryRuleList).value_or("");
     if (rules.empty()) {
         return;
     }
     for (const std::string_view part : modText::Split(rules, '|')) {
         Attempt(
-            place,
+            element,
             schema::kCategoryRuleList,
-            [&] {
-                m_sink.TakeRuleOfSection(part, modText::RoundToLong(modText::LeadingNumber(part)));
-            },
+            [&] { m_sink.TakeRuleOfSection(part, modText::LeadingLong(part)); },
             [&](const BasicError&) { return "'" + std::string(part) + "' is too large a number"; });
     }
 }

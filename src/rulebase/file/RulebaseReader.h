@@ -54,7 +54,7 @@ private:
         std::string_view Name;
         std::int32_t RulebaseLoadCriteria::*Count;
         bool (RulebaseLoadCriteria::*IsWanted)() const;
-        void (RulebaseReader::*Load)(const ReadPlace& section);
+        void (RulebaseReader::*Load)(const ReadElement& section);
     };
     static const ListRow kListsOfRoot[3];
     static const ListRow kListsOfRules[2];
@@ -66,52 +66,55 @@ private:
     void LoadScopeTags();
     void LoadDefaultViolations();
     void LoadCategoryList();
-    void LoadCategory(const ReadPlace& place);
+    void LoadCategory(const ReadElement& element);
     void LoadSeverityList();
-    void CountLists(const ReadPlace& parent, std::span<const ListRow> rows);
-    void LoadLists(const ReadPlace& parent, std::span<const ListRow> rows);
+    void CountLists(const ReadElement& parent, std::span<const ListRow> rows);
+    void LoadLists(const ReadElement& parent, std::span<const ListRow> rows);
     void LoadRules();
-    void LoadAuthorisedComponents(const ReadPlace& section);
-    void LoadAuthorisedReferences(const ReadPlace& section);
-    void LoadUnauthorisedKeywords(const ReadPlace& section);
-    void LoadCodingConventions(const ReadPlace& section);
-    void LoadNamingConventions(const ReadPlace& section);
-    bool IsLoadableRule(const ReadPlace& rule);
-    void LoadViolationDefinition(const ReadPlace& rule, ViolationDefinition& definition);
+    void LoadAuthorisedComponents(const ReadElement& section);
+    void LoadAuthorisedReferences(const ReadElement& section);
+    void LoadUnauthorisedKeywords(const ReadElement& section);
+    void LoadCodingConventions(const ReadElement& section);
+    void LoadNamingConventions(const ReadElement& section);
+    bool IsLoadableRule(const ReadElement& rule);
+    void LoadViolationDefinition(const ReadElement& rule, ViolationDefinition& definition);
     void LoadReport();
 
     void ReadTags(std::string_view section, std::span<const AttributeRow<TagItem>> rows);
     template <class Item>
     void ReadItems(
-        const ReadPlace& section, std::type_identity_t<std::span<const AttributeRow<Item>>> rows);
+        const ReadElement& section, std::type_identity_t<std::span<const AttributeRow<Item>>> rows);
     template <class Rule>
     void ReadRules(
-        const ReadPlace& section, std::type_identity_t<std::span<const AttributeRow<Rule>>> rows);
-    void ReadNameParts(const ReadPlace& rule, NamingConvention& naming);
+        const ReadElement& section, std::type_identity_t<std::span<const AttributeRow<Rule>>> rows);
+    void ReadNameParts(const ReadElement& rule, NamingConvention& naming);
     void ReadNameItems(
-        const ReadPlace& rule, std::string_view section, ObjectArrayList<PrefixSuffixItem>& items);
-    void ReadReportSection(const ReadPlace& place);
+        const ReadElement& rule,
+        std::string_view section,
+        ObjectArrayList<PrefixSuffixItem>& items);
+    void ReadReportSection(const ReadElement& element);
 
     /// The child of that name; nothing where it is missing and the faults let the reading go on.
-    std::optional<ReadPlace> Child(const ReadPlace& parent, std::string_view name);
+    std::optional<ReadElement> Child(const ReadElement& parent, std::string_view name);
     /// The elements of a list. A piece of text among them is a fault.
-    std::vector<ReadPlace> Elements(const ReadPlace& section, std::string_view loss);
-    std::vector<ReadPlace> ElementsOf(std::string_view section, std::string_view loss);
+    std::vector<ReadElement> Elements(const ReadElement& section, std::string_view loss);
+    std::vector<ReadElement> ElementsOf(std::string_view section, std::string_view loss);
 
     template <class Value>
-    std::optional<Value> ValueOf(const ReadPlace& place, std::string_view name);
+    std::optional<Value> ValueOf(const ReadElement& element, std::string_view name);
     template <class Owner>
     void ReadRows(
-        const ReadPlace& place,
+        const ReadElement& element,
         std::type_identity_t<std::span<const AttributeRow<Owner>>> rows,
         Owner& owner);
     template <class Body, class Sentence>
-    bool Attempt(const ReadPlace& place, std::string_view attribute, Body body, Sentence sentence);
+    bool
+    Attempt(const ReadElement& element, std::string_view attribute, Body body, Sentence sentence);
     template <class ReadText, class DefaultText>
     void ReadAttribute(
-        const ReadPlace& place, std::string_view name, ReadText read, DefaultText defaultText);
+        const ReadElement& element, std::string_view name, ReadText read, DefaultText defaultText);
 
-    ReadPlace m_root;
+    ReadElement m_root;
     RulebaseLoadCriteria& m_criteria;
     bool m_showsHidden;
     IRulebaseSink& m_sink;

@@ -2,6 +2,8 @@
 
 #include "base/modText.h"
 
+#include <utility>
+
 namespace dorvik::modRulebaseSchema {
 
 namespace {
@@ -16,7 +18,7 @@ void ReadTolerances(LongArrayList& list, const std::string& text) {
     std::int32_t place = 0;
     for (const std::string_view part : modText::Split(text, '|')) {
         ++place;
-        list.SetItem(place, modText::RoundToLong(modText::LeadingNumber(part)));
+        list.SetItem(place, modText::LeadingLong(part));
     }
 }
 
@@ -173,6 +175,28 @@ constexpr AttributeRow<CC> kCodingRows[] = {
 };
 
 using NC = NamingConvention;
+/// The rows of a prefix or a suffix.
+template <const NameAffix& (NC::*affix)() const, NameAffix& (NC::*affixToWrite)()>
+struct AffixRows {
+    static constexpr AttributeRow<NC> Active(const char* name) {
+        return Attribute<
+            NC,
+            [](const NC& rule) { return (rule.*affix)().Active(); },
+            [](NC& rule, bool active) {
+                (rule.*affixToWrite)().SetActive(active);
+            }>(name);
+    }
+    static constexpr AttributeRow<NC> Advice(const char* name) {
+        return Attribute<
+            NC,
+            [](const NC& rule) { return (rule.*affix)().Advice(); },
+            [](NC& rule, std::string advice) {
+                (rule.*affixToWrite)().SetAdvice(std::move(advice));
+            }>(name);
+    }
+};
+using PrefixRows = AffixRows<&NC::Prefix, &NC::Prefix>;
+using SuffixRows = AffixRows<&NC::Suffix, &NC::Suffix>;
 constexpr AttributeRow<NC> kNamingRows[] = {
     kRuleID<NC>,
     kActive<NC>,
@@ -184,15 +208,15 @@ constexpr AttributeRow<NC> kNamingRows[] = {
     Attribute<NC, &NC::PropertyName, &NC::SetPropertyName>("PropertyName"),
     kCondition<NC>,
     Attribute<NC, &NC::ExclusionList, &NC::SetExclusionList>("ExclusionList"),
-    Attribute<NC, &NC::PrefixActive, &NC::SetPrefixActive>("PrefixActive"),
-    Attribute<NC, &NC::PrefixAdvice, &NC::SetPrefixAdvice>("PrefixAdvice"),
+    PrefixRows::Active("PrefixActive"),
+    PrefixRows::Advice("PrefixAdvice"),
     Attribute<NC, &NC::BodyActive, &NC::SetBodyActive>("BodyActive"),
     Attribute<NC, &NC::BodyPattern, &NC::SetBodyPattern>("BodyPattern"),
     Attribute<NC, &NC::MaxBodyLength, &NC::SetMaxBodyLength>("BodyMaxLength"),
     Attribute<NC, &NC::MinBodyLength, &NC::SetMinBodyLength>("BodyMinLength"),
     Attribute<NC, &NC::BodyAdvice, &NC::SetBodyAdvice>("BodyAdvice"),
-    Attribute<NC, &NC::SuffixActive, &NC::SetSuffixActive>("SuffixActive"),
-    Attribute<NC, &NC::SuffixAdvice, &NC::SetSuffixAdvice>("SuffixAdvice"),
+    SuffixRows::Active("SuffixActive"),
+    SuffixRows::Advice("SuffixAdvice"),
 };
 
 using PS = PrefixSuffixItem;

@@ -6,37 +6,14 @@
 
 namespace dorvik {
 
-namespace {
-
-void AddUnusedItems(ObjectArrayList<PrefixSuffixItem>& items) {
-    for (std::int32_t slot = 1; slot <= NamingConvention::kItemCount; ++slot) {
-        items.Add(std::make_shared<PrefixSuffixItem>());
-    }
-    items.SetDirty(false);
-}
-
-void CopyItems(
-    const ObjectArrayList<PrefixSuffixItem>& from, ObjectArrayList<PrefixSuffixItem>& to) {
-    for (std::int32_t slot = 1; slot <= NamingConvention::kItemCount; ++slot) {
-        *to.Item(slot) = *from.Item(slot);
-    }
-}
-
-}  // namespace
-
-NamingConvention::NamingConvention() {
-    AddUnusedItems(m_prefixItems);
-    AddUnusedItems(m_suffixItems);
-}
-
 bool NamingConvention::Dirty() const {
-    return BasicRule::Dirty() || m_prefixItems.Dirty() || m_suffixItems.Dirty();
+    return BasicRule::Dirty() || m_prefix.Dirty() || m_suffix.Dirty();
 }
 
 void NamingConvention::SetDirty(bool dirty) {
     BasicRule::SetDirty(dirty);
-    m_prefixItems.SetDirty(dirty);
-    m_suffixItems.SetDirty(dirty);
+    m_prefix.SetDirty(dirty);
+    m_suffix.SetDirty(dirty);
 }
 
 std::shared_ptr<IRule> NamingConvention::Clone() const {
@@ -52,17 +29,13 @@ void NamingConvention::CopyPatternFields(const NamingConvention& other) {
     SetObjectType(other.m_objectType);
     SetPropertyType(other.m_propertyType);
     SetPropertyName(other.m_propertyName);
-    SetPrefixActive(other.m_prefixActive);
-    CopyItems(other.m_prefixItems, m_prefixItems);
-    SetPrefixAdvice(other.m_prefixAdvice);
+    m_prefix = other.m_prefix;
     SetBodyActive(other.m_bodyActive);
     SetBodyPattern(other.m_bodyPattern);
     SetMaxBodyLength(other.m_maxBodyLength);
     SetMinBodyLength(other.m_minBodyLength);
     SetBodyAdvice(other.m_bodyAdvice);
-    SetSuffixActive(other.m_suffixActive);
-    CopyItems(other.m_suffixItems, m_suffixItems);
-    SetSuffixAdvice(other.m_suffixAdvice);
+    m_suffix = other.m_suffix;
 }
 
 void NamingConvention::SetCaseSensitive(bool caseSensitive) {
@@ -90,16 +63,6 @@ void NamingConvention::SetExclusionList(std::string list) {
     MarkDirty();
 }
 
-void NamingConvention::SetPrefixActive(bool active) {
-    m_prefixActive = active;
-    MarkDirty();
-}
-
-void NamingConvention::SetPrefixAdvice(std::string advice) {
-    m_prefixAdvice = std::move(advice);
-    MarkDirty();
-}
-
 void NamingConvention::SetBodyActive(bool active) {
     m_bodyActive = active;
     MarkDirty();
@@ -122,16 +85,6 @@ void NamingConvention::SetMinBodyLength(std::int16_t length) {
 
 void NamingConvention::SetBodyAdvice(std::string advice) {
     m_bodyAdvice = std::move(advice);
-    MarkDirty();
-}
-
-void NamingConvention::SetSuffixActive(bool active) {
-    m_suffixActive = active;
-    MarkDirty();
-}
-
-void NamingConvention::SetSuffixAdvice(std::string advice) {
-    m_suffixAdvice = std::move(advice);
     MarkDirty();
 }
 

@@ -16,16 +16,12 @@ namespace {
 
 constexpr std::int32_t kAllObjectTypes = -1;
 
-std::int32_t LeadingLong(std::string_view text) {
-    return modText::RoundToLong(modText::LeadingNumber(text));
-}
-
 /// The events of a list joined with "|"; an empty text names none.
 std::vector<std::int32_t> EventsOf(std::string_view eventList) {
     std::vector<std::int32_t> events;
     if (!eventList.empty()) {
         for (const std::string_view part : modText::Split(eventList, '|')) {
-            events.push_back(LeadingLong(part));
+            events.push_back(modText::LeadingLong(part));
         }
     }
     return events;
@@ -202,13 +198,13 @@ void RuleLists::RemoveFromListsOfItsKind(const IRule& rule, std::string_view rul
         case ruleTypeCoding:
             m_codingConventions.Remove(ruleKey);
             for (const std::int32_t event : static_cast<const EventRule&>(rule).ParserEvents()) {
-                RemoveRuleFromPECCList(LeadingLong(ruleKey), event);
+                RemoveRuleFromPECCList(modText::LeadingLong(ruleKey), event);
             }
             break;
         case ruleTypeKeyword:
             m_unauthorisedKeywords.Remove(ruleKey);
             for (const std::int32_t event : static_cast<const EventRule&>(rule).ParserEvents()) {
-                RemoveRuleFromPEUKList(LeadingLong(ruleKey), event);
+                RemoveRuleFromPEUKList(modText::LeadingLong(ruleKey), event);
             }
             break;
         case ruleTypeNaming:
@@ -225,7 +221,7 @@ void RuleLists::RemoveFromListsOfItsKind(const IRule& rule, std::string_view rul
 void RuleLists::RemoveFromAll(std::string_view ruleKey) {
     const std::shared_ptr<IRule> rule = m_allConventions.Item(ruleKey);
     m_allConventions.Remove(ruleKey);
-    m_usedNumbers.erase(LeadingLong(ruleKey));
+    m_usedNumbers.erase(modText::LeadingLong(ruleKey));
     m_heldNumbers->Remove(rule->RuleID());
     rule->SetHeldNumbers(nullptr);
 }

@@ -1,5 +1,7 @@
 #include "rulebase/model/ToleranceSettings.h"
 
+#include <algorithm>
+
 namespace dorvik {
 
 namespace {
@@ -11,11 +13,22 @@ void FillUnset(LongArrayList& list) {
     list.SetDirty(false);
 }
 
+bool IsAnyLimit(const LongArrayList& list) {
+    return std::any_of(list.begin(), list.end(), [](std::int32_t limit) {
+        return limit > ToleranceSettings::kNotSet;
+    });
+}
+
 }  // namespace
 
 ToleranceSettings::ToleranceSettings() {
     FillUnset(Count);
     FillUnset(Impact);
+}
+
+bool ToleranceSettings::IsAnySet() const {
+    return IsAnyLimit(Count) || IsAnyLimit(Impact) || CyclomaticComplexity != kNotSet ||
+           PercentageComments != kNotSet;
 }
 
 }  // namespace dorvik

@@ -103,18 +103,18 @@ void AddNaming(const NamingConvention& rule, Facts& facts) {
     facts.Add("Property", rule.PropertyName());
     facts.Add("Events", EventWords(EventsOf(rule)));
     facts.Add("Letter case", rule.CaseSensitive() ? "counts" : "does not count");
-    if (rule.PrefixActive()) {
-        facts.Add("Prefix", Describe(rule.PrefixItems()));
-        facts.Add("Prefix advice", rule.PrefixAdvice());
+    if (rule.Prefix().Active()) {
+        facts.Add("Prefix", Describe(rule.Prefix().Items()));
+        facts.Add("Prefix advice", rule.Prefix().Advice());
     }
     if (rule.BodyActive()) {
         facts.Add("Body pattern", rule.BodyPattern(), FactForm::Pattern);
         facts.Add("Body length", BodyWords(rule));
         facts.Add("Body advice", rule.BodyAdvice());
     }
-    if (rule.SuffixActive()) {
-        facts.Add("Suffix", Describe(rule.SuffixItems()));
-        facts.Add("Suffix advice", rule.SuffixAdvice());
+    if (rule.Suffix().Active()) {
+        facts.Add("Suffix", Describe(rule.Suffix().Items()));
+        facts.Add("Suffix advice", rule.Suffix().Advice());
     }
     facts.Add("Exempt", rule.ExclusionList());
     facts.Add("Script", rule.Condition(), FactForm::Script);
@@ -222,17 +222,17 @@ std::vector<RuleFact> Of(const IRule& rule, const Rulebase& rulebase) {
 
 std::vector<RuleFact> Tolerances(const Rulebase& rulebase) {
     Facts facts;
-    AddTolerances(facts, rulebase, rulebase.ToleranceCountObject(), "violations");
-    AddTolerances(facts, rulebase, rulebase.ToleranceImpactObject(), "impact");
-    if (rulebase.TolerancePercentageComments() != ToleranceSettings::kNotSet) {
+    AddTolerances(facts, rulebase, rulebase.Tolerances().Count, "violations");
+    AddTolerances(facts, rulebase, rulebase.Tolerances().Impact, "impact");
+    if (rulebase.Tolerances().PercentageComments != ToleranceSettings::kNotSet) {
         facts.Add(
             "Percentage of comments",
-            "at least " + std::to_string(rulebase.TolerancePercentageComments()));
+            "at least " + std::to_string(rulebase.Tolerances().PercentageComments));
     }
-    if (rulebase.ToleranceCyclomaticComplexity() != ToleranceSettings::kNotSet) {
+    if (rulebase.Tolerances().CyclomaticComplexity != ToleranceSettings::kNotSet) {
         facts.Add(
             "Cyclomatic complexity",
-            "at most " + std::to_string(rulebase.ToleranceCyclomaticComplexity()));
+            "at most " + std::to_string(rulebase.Tolerances().CyclomaticComplexity));
     }
     return facts.Take();
 }

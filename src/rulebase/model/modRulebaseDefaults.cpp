@@ -11,9 +11,9 @@ namespace dorvik::modRulebaseDefaults {
 namespace {
 
 struct ControlTagRow {
-    const char* Name;
-    const char* Value;
-    const char* Description;
+    std::string_view Name;
+    std::string_view Value;
+    std::string_view Description;
 };
 
 constexpr ControlTagRow kControlTags[] = {
@@ -42,7 +42,7 @@ constexpr ControlTagRow kControlTags[] = {
     {"VB.VScrollBar", "vsb", "VB Vertical Scroll Bar Control"},
 };
 
-constexpr const char* kDataTypeTags[] = {
+constexpr std::string_view kDataTypeTags[] = {
     "(Classes)",
     "(Controls)",
     "(Designers)",
@@ -70,7 +70,7 @@ constexpr const char* kDataTypeTags[] = {
     "Variant",
 };
 
-constexpr const char* kScopeTags[] = {
+constexpr std::string_view kScopeTags[] = {
     "Public (Global)",
     "Friend",
     "Private (Module level)",
@@ -135,16 +135,16 @@ constexpr SeverityRow kSeverities[] = {
 
 void AddLockedTag(TagTable& table, const ControlTagRow& row) {
     const auto item = std::make_shared<TagItem>();
-    item->SetTagName(row.Name);
-    item->SetTagValue(row.Value);
-    item->SetTagDescription(row.Description);
+    item->SetTagName(std::string(row.Name));
+    item->SetTagValue(std::string(row.Value));
+    item->SetTagDescription(std::string(row.Description));
     item->SetLocked(true);
     item->SetDirty(false);
     table.Add(row.Name, item, false, false);
 }
 
-void AddNamesOnly(TagTable& table, std::span<const char* const> names) {
-    for (const char* const name : names) {
+void AddNamesOnly(TagTable& table, std::span<const std::string_view> names) {
+    for (const std::string_view name : names) {
         AddLockedTag(table, {name, "", ""});
     }
     table.SetDirty(false);
@@ -188,6 +188,10 @@ void DefaultSeverityList(SeverityTable& table) {
         }
         table.SetDirty(false);
     });
+}
+
+std::span<const std::string_view> ScopeTagNames() {
+    return kScopeTags;
 }
 
 }  // namespace dorvik::modRulebaseDefaults

@@ -105,7 +105,8 @@ void ScriptFile::CreateScriptFile() const {
     }
     std::string text = ModuleText();
     if (!modUtf8::IsAscii(text)) {
-        text.insert(0, "\xEF\xBB\xBF");  // the mark informs the engine that the text is UTF-8
+        text.insert(
+            0, modUtf8::kByteOrderMark);  // the mark informs the engine that the text is UTF-8
     }
     modFiles::WriteBytesAtomically(m_fullFilename, text);
 }

@@ -68,9 +68,9 @@ protected:
             category->SetDescription(std::string(title) + " of the code.");
             rulebase.CategoryList().Add(category, true);
         }
-        rulebase.ToleranceCountObject().SetItem(1, 0);
-        rulebase.ToleranceCountObject().SetItem(6, 40);
-        rulebase.ToleranceImpactObject().SetItem(2, 3000);
+        rulebase.Tolerances().Count.SetItem(1, 0);
+        rulebase.Tolerances().Count.SetItem(6, 40);
+        rulebase.Tolerances().Impact.SetItem(2, 3000);
         rulebase.SetTolerancePercentageComments(10);
         const std::string path = m_folder.Path(name);
         RulebaseManager().Save(rulebase, path);

@@ -80,7 +80,7 @@ protected:
         const auto project = SetUpProject();
         CountViolations(*project, {1, 2, 0, 0, 1300}, {900, 1500, 0, 0, 0});
         CountLines(*project, 900, 200, 30, 100);
-        Finish(*project);
+        StoreFigures(*project);
         WriteProjectFile();
         WriteModule();
         WriteForm();
@@ -133,43 +133,25 @@ protected:
         object.ViolationStats().SetTotalImpact(impact);
     }
 
-    void Finish(VirtualObject& object) {
-        m_results.Writer().LogVirtualObjectProperties(object);
-        m_results.Writer().LogVirtualObjectViolationStats(object);
-        if (object.LineStats().TotalLines() > 0) {
-            m_results.Writer().LogVirtualObjectLineStats(object);
-        }
-    }
-
-    std::unique_ptr<VirtualObject>
-    SetUpTypedFile(std::string_view name, std::string_view type, std::string_view filename) {
-        auto object = Named(name);
-        object->Properties().Add("Path", "C:\\Src\\");
-        object->Properties().Add("Filename", filename);
-        object->Properties().Add("Type", type);
-        m_results.Writer().SetupVObjectResults("File", *object);
-        return object;
-    }
-
     void WriteProcedure(
         std::string_view name, std::string_view type, std::string_view scope, int complexity) {
         const auto procedure = SetUpProcedure(name, type, scope);
         procedure->Properties().Add("CyclomaticComplexity", complexity);
-        Finish(*procedure);
+        StoreFigures(*procedure);
     }
 
     void WriteProjectFile() {
         const auto file = SetUpTypedFile("Billing", "Project", "Billing.vbp");
         CountViolations(*file, {1, 0, 0, 0, 0}, {900, 0, 0, 0, 0});
         modTolerances::SetTolerancePassValue(*file, m_criteria, true);
-        Finish(*file);
+        StoreFigures(*file);
     }
 
     void WriteModule() {
         const auto file = SetUpTypedFile("modA", "Module", "modA.bas");
         VirtualObject section;
         m_results.Writer().SetupVObjectResults("Declarations", section);
-        Finish(section);
+        StoreFigures(section);
         WriteProcedure("Total", "Function", "Public", 12);
         WriteProcedure("Value", "Property Get", "Public", 0);
         WriteProcedure("Value", "Property Let", "Private", 3);
@@ -178,16 +160,16 @@ protected:
         CountLines(*file, 900, 200, 30, 100);
         file->Properties().Add("AverageCyclomatic", 12);
         modTolerances::SetTolerancePassValue(*file, m_criteria, false);
-        Finish(*file);
+        StoreFigures(*file);
     }
 
     void WriteForm() {
         const auto file = SetUpTypedFile("frmB", "Form", "frmB.frm");
         VirtualObject section;
         m_results.Writer().SetupVObjectResults("Layout", section);
-        Finish(section);
+        StoreFigures(section);
         modTolerances::SetTolerancePassValue(*file, m_criteria, false);
-        Finish(*file);
+        StoreFigures(*file);
     }
 
     FakeScreen m_screen;

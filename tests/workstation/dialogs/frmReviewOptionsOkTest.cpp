@@ -181,15 +181,15 @@ TEST_F(ReviewOptionsOk, AnEmptyToleranceIsNotSetAndZeroIsALimit) {
     m_form->txtComments.Set("");
     m_form->txtComplexity.Set("0");
     ASSERT_TRUE(m_form->Ok());
-    EXPECT_EQ(m_criteria->ToleranceCount(1), 0);
-    EXPECT_EQ(m_criteria->ToleranceCount(2), 1);
-    EXPECT_EQ(m_criteria->ToleranceCount(4), -1);
-    EXPECT_EQ(m_criteria->ToleranceCount(6), 5);
-    EXPECT_EQ(m_criteria->ToleranceImpact(1), 0);
-    EXPECT_EQ(m_criteria->ToleranceImpact(3), 0);
-    EXPECT_EQ(m_criteria->ToleranceImpact(6), 50);
-    EXPECT_EQ(m_criteria->TolerancePercentageComments(), -1);
-    EXPECT_EQ(m_criteria->ToleranceCyclomaticComplexity(), 0);
+    EXPECT_EQ(m_criteria->Tolerances().Count.Item(1), 0);
+    EXPECT_EQ(m_criteria->Tolerances().Count.Item(2), 1);
+    EXPECT_EQ(m_criteria->Tolerances().Count.Item(4), -1);
+    EXPECT_EQ(m_criteria->Tolerances().Count.Item(6), 5);
+    EXPECT_EQ(m_criteria->Tolerances().Impact.Item(1), 0);
+    EXPECT_EQ(m_criteria->Tolerances().Impact.Item(3), 0);
+    EXPECT_EQ(m_criteria->Tolerances().Impact.Item(6), 50);
+    EXPECT_EQ(m_criteria->Tolerances().PercentageComments, -1);
+    EXPECT_EQ(m_criteria->Tolerances().CyclomaticComplexity, 0);
 }
 
 TEST_F(ReviewOptionsOk, ATooLargeToleranceKeepsTheFormOpenAndTakesOverNothing) {

@@ -119,7 +119,7 @@ TEST_F(SummaryPagesForm, AProjectWithoutLinesHasARatioOf0And0PercentComments) {
     Start();
     const auto project = SetUpProject();
     CountViolations(*project, {3, 0, 0, 0, 0}, {3, 0, 0, 0, 0});
-    Finish(*project);
+    StoreFigures(*project);
     WriteProjectFile();
     m_results.Writer().EndReview(1);
     ASSERT_TRUE(m_results.OpenReview(m_path));
@@ -137,15 +137,15 @@ TEST_F(SummaryPagesForm, AProjectWithoutLinesHasARatioOf0And0PercentComments) {
 TEST_F(SummaryPagesForm, MdiFormsAreCountedAmongTheForms) {
     Start();
     const auto project = SetUpProject();
-    Finish(*project);
+    StoreFigures(*project);
     WriteProjectFile();
     for (const char* const type :
          {"MDIForm", "Form", "Class", "Designer", "PropertyPage", "UserControl", "UserDocument"}) {
         const auto file = SetUpTypedFile(type, type, std::string(type) + ".x");
-        Finish(*file);
+        StoreFigures(*file);
     }
     const auto second = SetUpTypedFile("second", "UserDocument", "second.dob");
-    Finish(*second);
+    StoreFigures(*second);
     m_results.Writer().EndReview(1);
     ASSERT_TRUE(m_results.OpenReview(m_path));
     Open();

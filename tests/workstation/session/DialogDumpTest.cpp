@@ -103,10 +103,10 @@ TEST_F(DialogDumps, EveryFieldOfTheReviewOptionsCanBeSet) {
     EXPECT_TRUE(load.IsExcludedCategoryID(2));
     EXPECT_FALSE(load.IsExcludedCategoryID(1));
     EXPECT_FALSE(load.SeverityLevel(5));
-    EXPECT_EQ(m_criteria->ToleranceCount(6), 9);
-    EXPECT_EQ(m_criteria->ToleranceImpact(1), 100);
-    EXPECT_EQ(m_criteria->TolerancePercentageComments(), 15);
-    EXPECT_EQ(m_criteria->ToleranceCyclomaticComplexity(), 20);
+    EXPECT_EQ(m_criteria->Tolerances().Count.Item(6), 9);
+    EXPECT_EQ(m_criteria->Tolerances().Impact.Item(1), 100);
+    EXPECT_EQ(m_criteria->Tolerances().PercentageComments, 15);
+    EXPECT_EQ(m_criteria->Tolerances().CyclomaticComplexity, 20);
 }
 
 TEST_F(DialogDumps, ADialogWithoutAnEndIsCancelled) {

@@ -3,6 +3,7 @@
 #include "cli/commands/review/ProjectStatusText.h"
 #include "cli/output/Console.h"
 #include "cli/output/modTerminalText.h"
+#include "foundation/text/modJson.h"
 #include "parser/ScopeName.h"
 #include "parser/VBParserEvents.h"
 #include "source/PropertyName.h"
@@ -10,10 +11,8 @@
 #include "source/VirtualSourceFile.h"
 
 #include <array>
-#include <memory>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
-#include <vector>
 
 namespace dorvik {
 
@@ -85,14 +84,6 @@ const AnnouncementRow* FindAnnouncement(ParserEvent event) {
     return nullptr;
 }
 
-void Put(Writer& writer, std::string_view text) {
-    writer.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
-}
-
-void PutKey(Writer& writer, std::string_view key) {
-    writer.Key(key.data(), static_cast<rapidjson::SizeType>(key.size()));
-}
-
 std::string SourceProperty(const VB6ParserState& state, std::string_view property) {
     bool found = false;
     std::string errorText;
@@ -101,21 +92,21 @@ std::string SourceProperty(const VB6ParserState& state, std::string_view propert
 
 void WriteSource(Writer& writer, const VB6ParserState& state) {
     for (const std::string_view property : kSourceProperties) {
-        PutKey(writer, property);
-        Put(writer, SourceProperty(state, property));
+        modJson::Key(writer, property);
+        modJson::Text(writer, SourceProperty(state, property));
     }
 }
 
 void WriteProperties(Writer& writer, const VirtualObject& object) {
     const KeyedArrayList& properties = object.Properties();
     for (std::int32_t index = 1; index <= properties.Count(); ++index) {
-        PutKey(writer, properties.Key(index));
-        Put(writer, properties.Item(index).AsText());
+        modJson::Key(writer, properties.Key(index));
+        modJson::Text(writer, properties.Item(index).AsText());
     }
 }
 
 void WriteObjects(Writer& writer, const AnnouncementRow* row, const VB6ParserState& state) {
-    PutKey(writer, "objects");
+    modJson::Key(writer, "objects");
     writer.StartObject();
     if (row != nullptr) {
         for (const std::string_view name : row->Objects) {
@@ -123,7 +114,7 @@ void WriteObjects(Writer& writer, const AnnouncementRow* row, const VB6ParserSta
             if (object == nullptr && name != scopename::kSource) {
                 continue;
             }
-            PutKey(writer, name);
+            modJson::Key(writer, name);
             writer.StartObject();
             object != nullptr ? WriteProperties(writer, *object) : WriteSource(writer, state);
             writer.EndObject();
@@ -133,39 +124,39 @@ void WriteObjects(Writer& writer, const AnnouncementRow* row, const VB6ParserSta
 }
 
 void WriteLineStats(Writer& writer, const VirtualObject& object) {
-    PutKey(writer, "lineStats");
+    modJson::Key(writer, "lineStats");
     writer.StartObject();
     for (const std::string_view name : kLineStats) {
         std::int32_t count = 0;
         object.LineStats().SourceLineStatByName(name, count);
-        PutKey(writer, name);
+        modJson::Key(writer, name);
         writer.Int(count);
     }
     writer.EndObject();
 }
 
 void WritePosition(Writer& writer, const VB6ParserState& state, const std::string* shownFile) {
-    PutKey(writer, "location");
+    modJson::Key(writer, "location");
     writer.Int(static_cast<int>(state.CurrentLocation()));
-    PutKey(writer, "file");
-    shownFile != nullptr ? Put(writer, *shownFile) : static_cast<void>(writer.Null());
-    PutKey(writer, "line");
+    modJson::Key(writer, "file");
+    shownFile != nullptr ? modJson::Text(writer, *shownFile) : static_cast<void>(writer.Null());
+    modJson::Key(writer, "line");
     writer.Int(state.SourceLineNumber());
-    PutKey(writer, "physicalLines");
+    modJson::Key(writer, "physicalLines");
     bool found = false;
     std::string errorText;
     writer.Int(state
                    .GetObjectProperty(
                        scopename::kSource, propertyname::kPhysicalLineCount, found, errorText)
                    .AsLong());
-    PutKey(writer, "lineType");
+    modJson::Key(writer, "lineType");
     writer.Int(static_cast<int>(state.CurrentLineType()));
-    PutKey(writer, "statement");
-    Put(writer, state.SourceStatement());
-    PutKey(writer, "scope");
+    modJson::Key(writer, "statement");
+    modJson::Text(writer, state.SourceStatement());
+    modJson::Key(writer, "scope");
     writer.StartArray();
     for (const std::string& name : state.ScopeNames()) {
-        Put(writer, name);
+        modJson::Text(writer, name);
     }
     writer.EndArray();
 }
@@ -185,10 +176,10 @@ void EventStreamWriter::EventFired(
     rapidjson::StringBuffer buffer;
     Writer writer(buffer);
     writer.StartObject();
-    PutKey(writer, "event");
+    modJson::Key(writer, "event");
     writer.Int(static_cast<int>(event));
-    PutKey(writer, "name");
-    Put(writer, VBParserEvents::ParserEventText(static_cast<std::int32_t>(event)));
+    modJson::Key(writer, "name");
+    modJson::Text(writer, VBParserEvents::ParserEventText(static_cast<std::int32_t>(event)));
     WritePosition(writer, state, file != nullptr ? &m_shownFile : nullptr);
     const AnnouncementRow* row = FindAnnouncement(event);
     WriteObjects(writer, row, state);

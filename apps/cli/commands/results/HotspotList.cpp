@@ -1,6 +1,5 @@
 #include "HotspotList.h"
 
-#include "base/modText.h"
 #include "base/modTextCase.h"
 #include "cli/commands/results/ResultsItems.h"
 #include "modSortRows.h"
@@ -56,12 +55,7 @@ constexpr std::array<SortRow, 6> kSortRows = {{
 std::optional<std::int32_t>
 PercentageOfComments(ItemType itemType, std::int32_t itemId, ResultsDB& database) {
     const SourceLineStatistics lines = database.Figures().GetLineStats(itemType, itemId);
-    const std::int32_t comments = lines.CommentOnlyLines() + lines.InLineCommentLines();
-    const std::int32_t base = lines.CodeLines() + comments;
-    if (lines.TotalLines() == 0) {
-        return std::nullopt;
-    }
-    return base > 0 ? modText::RoundToLong(static_cast<double>(comments) / base * 100) : 0;
+    return lines.TotalLines() == 0 ? std::nullopt : std::optional(lines.CommentPercentage());
 }
 
 }  // namespace

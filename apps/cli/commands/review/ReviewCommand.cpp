@@ -270,15 +270,15 @@ bool ReportFailures(
             modConsole::PrintError(ProjectStatusText(project->Filename(), *project));
             complete = false;
         }
-        const bool isLossTold = project->ResultsLost().Count > 0;
-        for (const UnreviewedFile& file : project->UnreviewedFiles()) {
+        const bool isLossTold = project->Outcome().ResultsLost.Count > 0;
+        for (const UnreviewedFile& file : project->Outcome().UnreviewedFiles) {
             complete = false;
             if (!file.IsStored && isLossTold) {
                 continue;
             }
             modConsole::PrintError(SourceFileStatusText(file));
         }
-        for (const CutLayout& layout : project->CutLayouts()) {
+        for (const CutLayout& layout : project->Outcome().CutLayouts) {
             modConsole::PrintError(CutLayoutText(layout.Filename, layout.Fault));
             complete = false;
         }

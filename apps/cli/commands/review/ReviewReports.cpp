@@ -80,7 +80,7 @@ std::string ReasonOf(const UnreviewedFile& file) {
 
 std::vector<UnreadFile> UnreadFiles(const VirtualProject& project) {
     std::vector<UnreadFile> files;
-    for (const UnreviewedFile& file : project.UnreviewedFiles()) {
+    for (const UnreviewedFile& file : project.Outcome().UnreviewedFiles) {
         // Nothing after a backslash is the whole name: npos + 1 is 0.
         files.push_back({file.Filename.substr(file.Filename.rfind('\\') + 1), ReasonOf(file)});
     }

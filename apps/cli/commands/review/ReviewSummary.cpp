@@ -17,9 +17,8 @@ namespace {
 /// False where the results file could not be made ready: what is in its place is of an older
 /// review. A review that began and has a status counted an error as well.
 bool HasBegun(const VirtualProject& project) {
-    return project.ReviewStatus() == 0 || project.ComponentErrors() > 0 ||
-           project.ReferenceErrors() > 0 || project.ScanErrors() > 0 || project.FileErrors() > 0 ||
-           project.ResultsLost().Count > 0;
+    const ProjectOutcome& outcome = project.Outcome();
+    return outcome.ReviewStatus == 0 || outcome.HasErrors() || outcome.ResultsLost.Count > 0;
 }
 
 }  // namespace
@@ -40,7 +39,7 @@ ReviewSummary::ReviewSummary(ReviewCriteria& criteria) {
             m_projects.push_back(std::move(results));
         } else {
             m_withoutResults.push_back(
-                {results.Filename, results.ResultsFile, project.ResultsLost().Reason});
+                {results.Filename, results.ResultsFile, project.Outcome().ResultsLost.Reason});
         }
     }
 }
@@ -56,7 +55,7 @@ bool ReviewSummary::Read(ProjectResults& results, const VirtualProject& project)
     const std::string filename = results.Filename;
     results = ProjectResults::ReadFrom(database);
     results.Filename = filename;  // as the user named it
-    if (const LostResults& lost = project.ResultsLost(); lost.Count > 0) {
+    if (const LostResults& lost = project.Outcome().ResultsLost; lost.Count > 0) {
         results.TakeLoss(
             modFigureText::Counted(lost.Count, "result", "results") +
             " could not be stored: " + lost.Reason);

@@ -28,9 +28,9 @@ void WriteNaming(JsonOutput& json, const NamingConvention& rule) {
     json.Text("property", rule.PropertyName());
     json.Flag("caseSensitive", rule.CaseSensitive());
     json.Text("exclusionList", rule.ExclusionList());
-    if (rule.PrefixActive()) {
-        WriteItems(json, "prefix", rule.PrefixItems());
-        json.Text("prefixAdvice", rule.PrefixAdvice());
+    if (rule.Prefix().Active()) {
+        WriteItems(json, "prefix", rule.Prefix().Items());
+        json.Text("prefixAdvice", rule.Prefix().Advice());
     }
     if (rule.BodyActive()) {
         json.Text("bodyPattern", rule.BodyPattern());
@@ -38,9 +38,9 @@ void WriteNaming(JsonOutput& json, const NamingConvention& rule) {
         json.Number("bodyMaxLength", rule.MaxBodyLength());
         json.Text("bodyAdvice", rule.BodyAdvice());
     }
-    if (rule.SuffixActive()) {
-        WriteItems(json, "suffix", rule.SuffixItems());
-        json.Text("suffixAdvice", rule.SuffixAdvice());
+    if (rule.Suffix().Active()) {
+        WriteItems(json, "suffix", rule.Suffix().Items());
+        json.Text("suffixAdvice", rule.Suffix().Advice());
     }
 }
 

@@ -4,7 +4,9 @@
 #include "base/modTextCase.h"
 #include "base/modUtf8.h"
 #include "cli/output/Console.h"
+#include "foundation/text/modJson.h"
 #include "parser/ScopeName.h"
+#include "parser/modMissingValue.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -28,14 +30,10 @@ std::string_view OfTheParser(std::string_view objectName) {
 
 using Json = rapidjson::Value;
 
-std::string_view TextOf(const Json& text) {
-    return {text.GetString(), text.GetStringLength()};
-}
-
 /// A fact's value. False for one of a kind that facts do not have.
 bool ReadValue(const Json& json, basic::Value& value) {
     if (json.IsString()) {
-        value = basic::Value::Text(TextOf(json));
+        value = basic::Value::Text(modJson::TextOf(json));
     } else if (json.IsInt()) {
         value = basic::Value::Long(json.GetInt());
     } else if (json.IsBool()) {
@@ -53,8 +51,8 @@ bool KnowsAllMembers(
     std::initializer_list<std::string_view> known,
     std::string& error) {
     for (const auto& [name, json] : object.GetObject()) {
-        if (std::ranges::find(known, TextOf(name)) == known.end()) {
-            error = "unknown member " + Quoted(TextOf(name)) + " in " + place;
+        if (std::ranges::find(known, modJson::TextOf(name)) == known.end()) {
+            error = "unknown member " + Quoted(modJson::TextOf(name)) + " in " + place;
             return false;
         }
     }
@@ -68,16 +66,18 @@ bool ReadValues(
     const char* key,
     Values& values,
     std::string& error) {
-    if (!object.HasMember(key)) {
+    const Json* const member = modJson::FindMember(object, key);
+    if (member == nullptr) {
         return true;
     }
-    if (!object[key].IsObject()) {
+    if (!member->IsObject()) {
         error = Quoted(key) + " of " + Quoted(name) + " must be a JSON object";
         return false;
     }
-    for (const auto& [propertyName, json] : object[key].GetObject()) {
-        const auto [entry, isNew] = values.try_emplace(modTextCase::ToLower(TextOf(propertyName)));
-        const std::string place = Quoted(name + "." + std::string(TextOf(propertyName)));
+    for (const auto& [propertyName, json] : member->GetObject()) {
+        const auto [entry, isNew] =
+            values.try_emplace(modTextCase::ToLower(modJson::TextOf(propertyName)));
+        const std::string place = Quoted(name + "." + std::string(modJson::TextOf(propertyName)));
         if (!isNew) {
             error = "duplicate " + place + " in " + Quoted(key);
             return false;
@@ -92,19 +92,19 @@ bool ReadValues(
 
 bool ReadNames(
     const Json& facts, const char* key, std::vector<std::string>& names, std::string& error) {
-    if (!facts.HasMember(key)) {
+    const Json* const list = modJson::FindMember(facts, key);
+    if (list == nullptr) {
         return true;
     }
-    const Json& list = facts[key];
     const bool isListOfTexts =
-        list.IsArray() &&
-        std::ranges::all_of(list.GetArray(), [](const Json& name) { return name.IsString(); });
+        list->IsArray() &&
+        std::ranges::all_of(list->GetArray(), [](const Json& name) { return name.IsString(); });
     if (!isListOfTexts) {
         error = Quoted(key) + " must be an array of strings";
         return false;
     }
-    for (const Json& name : list.GetArray()) {
-        names.emplace_back(TextOf(name));
+    for (const Json& name : list->GetArray()) {
+        names.emplace_back(modJson::TextOf(name));
     }
     return true;
 }
@@ -159,14 +159,15 @@ bool ScriptFacts::Read(const std::string& json, std::string& error) {
             facts, "the file", {"event", "objects", "classes", "forms", "expect"}, error)) {
         return false;
     }
-    if (facts.HasMember("event")) {
-        if (!facts["event"].IsString()) {
+    if (const Json* const event = modJson::FindMember(facts, "event")) {
+        if (!event->IsString()) {
             error = "'event' must be a string";
             return false;
         }
-        m_event = TextOf(facts["event"]);
+        m_event = modJson::TextOf(*event);
     }
-    return (!facts.HasMember("objects") || ReadObjects(facts["objects"], error)) &&
+    const Json* const objects = modJson::FindMember(facts, "objects");
+    return (objects == nullptr || ReadObjects(*objects, error)) &&
            ReadNames(facts, "classes", m_classes, error) &&
            ReadNames(facts, "forms", m_forms, error);
 }
@@ -177,7 +178,7 @@ bool ScriptFacts::ReadObjects(const rapidjson::Value& objects, std::string& erro
         return false;
     }
     for (const auto& [name, json] : objects.GetObject()) {
-        const std::string objectName(TextOf(name));
+        const std::string objectName(modJson::TextOf(name));
         const auto [entry, isNew] = m_objects.try_emplace(modTextCase::ToLower(objectName));
         if (!isNew) {
             error = "duplicate " + Quoted(objectName) + " in 'objects'";
@@ -229,15 +230,10 @@ ScriptFacts::Object* ScriptFacts::FindInScope(std::string_view objectName) {
 std::string ScriptFacts::MissingText(
     std::string_view objectName, std::string_view propertyName, bool isObjectKnown) {
     if (const std::string_view name = OfTheParser(objectName); !name.empty()) {
-        return "Invalid " + std::string(name) + " property '" + std::string(propertyName) +
-               "' specified.";
+        return modMissingValue::InvalidProperty(name, propertyName);
     }
-    if (!isObjectKnown) {
-        return "Unknown virtual object '" + std::string(objectName) + "' or object not in scope.";
-    }
-    const bool isWorkfield = modTextCase::StartsWith(propertyName, scopename::kWorkfieldPrefix);
-    return std::string("Virtual object ") + (isWorkfield ? "workfield" : "property") + " '" +
-           std::string(objectName) + "." + std::string(propertyName) + "' not found.";
+    return isObjectKnown ? modMissingValue::NotFound(objectName, propertyName)
+                         : modMissingValue::UnknownObject(objectName);
 }
 
 bool ScriptFacts::GetObjectProperty(

@@ -10,6 +10,12 @@
 /// first and costs no decoding.
 namespace dorvik::modUtf8 {
 
+/// What some programs write at the begin of a text to say that it is UTF-8.
+inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+/// The text after the mark, or all of it where none is.
+std::string_view WithoutByteOrderMark(std::string_view text);
+
 bool IsAscii(std::string_view text);
 
 /// Number of characters.
@@ -44,5 +50,8 @@ void Append(std::string& text, char32_t codePoint);
 
 /// True if every byte belongs to a well-formed sequence (no overlong forms, no surrogates).
 bool IsValid(std::string_view text);
+
+/// The text with U+FFFD for every byte that belongs to no well-formed sequence.
+std::string WithValidCharacters(std::string_view text);
 
 }  // namespace dorvik::modUtf8

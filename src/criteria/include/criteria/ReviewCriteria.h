@@ -66,24 +66,13 @@ public:
     bool Dirty() const;
     void SetDirty(bool dirty);
 
-    /// `index` is 1 to 6; -1 is "not set".
-    std::int32_t ToleranceCount(std::int32_t index) const { return m_tolerances.Count.Item(index); }
-    void SetToleranceCount(std::int32_t index, std::int32_t limit);
-    LongArrayList& ToleranceCountObject() { return m_tolerances.Count; }
-    const LongArrayList& ToleranceCountObject() const { return m_tolerances.Count; }
-    std::int32_t ToleranceImpact(std::int32_t index) const {
-        return m_tolerances.Impact.Item(index);
-    }
-    void SetToleranceImpact(std::int32_t index, std::int32_t limit);
-    LongArrayList& ToleranceImpactObject() { return m_tolerances.Impact; }
-    const LongArrayList& ToleranceImpactObject() const { return m_tolerances.Impact; }
-    std::int32_t TolerancePercentageComments() const { return m_tolerances.PercentageComments; }
-    void SetTolerancePercentageComments(std::int32_t percentage);
-    std::int32_t ToleranceCyclomaticComplexity() const { return m_tolerances.CyclomaticComplexity; }
-    void SetToleranceCyclomaticComplexity(std::int32_t complexity);
-    /// All of them at once, for `RulebaseManager::LoadReviewOptions`.
+    /// What is written in place sets no flag of the criteria.
     ToleranceSettings& Tolerances() { return m_tolerances; }
     const ToleranceSettings& Tolerances() const { return m_tolerances; }
+    void SetToleranceCount(std::int32_t index, std::int32_t limit);
+    void SetToleranceImpact(std::int32_t index, std::int32_t limit);
+    void SetTolerancePercentageComments(std::int32_t percentage);
+    void SetToleranceCyclomaticComplexity(std::int32_t complexity);
 
     const std::string& BatchTitle() const { return m_batchTitle; }
     void SetBatchTitle(std::string title);

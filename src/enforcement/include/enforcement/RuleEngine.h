@@ -49,7 +49,6 @@ public:
 
     void IncrementRuleExecutionCount() { ++m_ruleExecutionCount; }
     std::int32_t RuleExecutionCount() const { return m_ruleExecutionCount; }
-    void SetRuleExecutionCount(std::int32_t count) { m_ruleExecutionCount = count; }
 
     /// The limits of one call of a script.
     void SetLimits(const basic::ScriptLimits& limits) { m_engine.SetLimits(limits); }

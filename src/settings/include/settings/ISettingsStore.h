@@ -1,9 +1,9 @@
 #pragma once
 
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -31,7 +31,6 @@ public:
     virtual Values List(std::string_view section) = 0;
     /// Sets values of a section in one step; the others stay as they are.
     virtual void Set(std::string_view section, const Values& values) = 0;
-    virtual void Remove(std::string_view section, std::string_view name) = 0;
 };
 
 }  // namespace dorvik

@@ -22,11 +22,14 @@ std::string GetRegString(
     std::string_view valueName,
     std::string_view otherwise,
     RegistryRoot root);
-/// The same, with nothing where there is no such value.
-std::optional<std::string>
-FindRegString(std::string_view key, std::string_view valueName, RegistryRoot root);
 void SetRegString(
     std::string_view key, std::string_view valueName, std::string_view value, RegistryRoot root);
+
+/// All values of a key, read in one step; none where the key does not exist.
+ISettingsStore::Values ListRegValues(std::string_view key, RegistryRoot root);
+/// The text of one of them; nothing where there is no such value. Raises `kyErrRegistryType` as `GetRegString` does.
+std::optional<std::string>
+FindRegString(const ISettingsStore::Values& values, std::string_view valueName);
 
 /// Several values of a key in one step.
 void SetRegStrings(std::string_view key, const ISettingsStore::Values& values, RegistryRoot root);

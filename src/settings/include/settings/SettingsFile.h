@@ -3,11 +3,9 @@
 #include "settings/ISettingsStore.h"
 #include "settings/SettingsSections.h"
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace dorvik {
 
@@ -24,8 +22,9 @@ namespace dorvik {
 ///
 /// The file is read at each use, so that programs that run at the same time see each other's settings; each change
 /// is written under a lock and takes the file's place in one step, so that none is lost and no reader sees a part. A
-/// file that does not exist is empty. Lines that cannot be understood are reported in the log, once; before the file is
-/// written again they are saved, with all others, in a copy beside it whose name ends in ".damaged".
+/// file that does not exist is empty. Lines that cannot be understood, and a file too large to be one of settings, are
+/// reported in the log, once; before the file is written again it is saved as a copy beside it whose name ends in
+/// ".damaged".
 class SettingsFile final : public ISettingsStore {
 public:
     /// `path` is the program's own; its folder is created with the first value.
@@ -35,7 +34,6 @@ public:
     std::optional<StoredSetting> Get(std::string_view section, std::string_view name) override;
     Values List(std::string_view section) override;
     void Set(std::string_view section, const Values& values) override;
-    void Remove(std::string_view section, std::string_view name) override;
 
     bool Exists() const;
     const std::string& Path() const { return m_path; }
@@ -48,7 +46,8 @@ public:
 private:
     struct Content {
         SettingsSections Sections;
-        std::vector<std::int32_t> DamagedLines;
+        /// What is wrong with the file, to go after its name; empty where nothing is.
+        std::string Damage;
     };
 
     static Content Understood(std::string_view text);

@@ -17,7 +17,6 @@ public:
     std::optional<StoredSetting> Get(std::string_view section, std::string_view name) override;
     Values List(std::string_view section) override;
     void Set(std::string_view section, const Values& values) override;
-    void Remove(std::string_view section, std::string_view name) override;
 
     struct Section {
         std::string Name;

@@ -25,4 +25,7 @@ FileType FileTypeFromKey(std::string_view key);
 /// The key of a file type, as the project file writes it; empty for `None`.
 std::string_view FileTypeKey(FileType type);
 
+/// Whether files of that type begin with a layout: what forms, designers and controls show.
+bool HasLayout(FileType type);
+
 }  // namespace dorvik

@@ -3,6 +3,7 @@
 #include "source/LineType.h"
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 namespace dorvik {
@@ -20,6 +21,12 @@ public:
     void SetCodeLines(std::int32_t count) { m_codeLines = count; }
     std::int32_t TotalLines() const { return m_totalLines; }
     void SetTotalLines(std::int32_t count) { m_totalLines = count; }
+
+    /// The share of comment lines in the code and comment lines, from 0 to 1; nothing where there are none of either.
+    /// In-line comments count as comments, and are in the whole a second time, since their lines are code lines too.
+    std::optional<double> CommentShare() const;
+    /// The same in per cent, rounded half to even; 0 where there are no such lines.
+    std::int32_t CommentPercentage() const;
 
     /// Counts one line. A line of type `Continued` (the last of a file) or `None` counts nowhere.
     void IncrementCount(LineType lineType);

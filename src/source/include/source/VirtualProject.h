@@ -52,6 +52,27 @@ struct LostResults {
         Reason;  // why the first one was lost; also why a review could not begin. To be read after a colon
 };
 
+/// What a review found wrong with a project. It stays when the lists of the project are dropped, for the messages to
+/// the user afterwards.
+struct ProjectOutcome {
+    std::int32_t ReferenceErrors = 0;  // references whose type library failed to load
+    std::int32_t ComponentErrors = 0;
+    std::int32_t ScanErrors = 0;  // of the global names
+    std::int32_t FileErrors = 0;
+    /// 0 while nothing went wrong.
+    std::int32_t ReviewStatus = 0;
+    /// The source files that could not be taken in to their end, and those whose layouts could be read only in part,
+    /// in the order of the review.
+    std::vector<UnreviewedFile> UnreviewedFiles;
+    std::vector<CutLayout> CutLayouts;
+    /// Without a count all that was found is stored.
+    LostResults ResultsLost;
+
+    bool HasErrors() const {
+        return ReferenceErrors > 0 || ComponentErrors > 0 || ScanErrors > 0 || FileErrors > 0;
+    }
+};
+
 /// A Visual Basic project as its project file describes it, read as text. It owns its lists; each source
 /// file refers back to it without owning it, so a project neither moves nor is copied.
 class VirtualProject {
@@ -99,18 +120,9 @@ public:
 
     const std::shared_ptr<VirtualObject>& ProjectStats() const { return m_projectStats; }
 
-    /// References whose type library failed to load; counted by the project review, as the next three are.
-    std::int32_t ReferenceErrors() const { return m_referenceErrors; }
-    void SetReferenceErrors(std::int32_t count) { m_referenceErrors = count; }
-    std::int32_t ComponentErrors() const { return m_componentErrors; }
-    void SetComponentErrors(std::int32_t count) { m_componentErrors = count; }
-    std::int32_t FileErrors() const { return m_fileErrors; }
-    void SetFileErrors(std::int32_t count) { m_fileErrors = count; }
-    std::int32_t ScanErrors() const { return m_scanErrors; }
-    void SetScanErrors(std::int32_t count) { m_scanErrors = count; }
-    /// Review state of the project: 0 while nothing went wrong.
-    std::int32_t ReviewStatus() const { return m_reviewStatus; }
-    void SetReviewStatus(std::int32_t status) { m_reviewStatus = status; }
+    ProjectOutcome& Outcome() { return m_outcome; }
+    const ProjectOutcome& Outcome() const { return m_outcome; }
+
     /// How the last reading of the project file ended.
     ProjectLoadStatus LoadStatus() const { return m_loadStatus; }
     /// Why an existing project file holds no text that can be read, to be put after its name; empty
@@ -122,16 +134,6 @@ public:
         std::string Text;
     };
     const Line& FailedLine() const { return m_failedLine; }
-    /// The source files that a review could not take in to their end, in the order of the review. They
-    /// stay when the lists are dropped, for the messages to the user afterwards.
-    const std::vector<UnreviewedFile>& UnreviewedFiles() const { return m_unreviewedFiles; }
-    void AddUnreviewedFile(UnreviewedFile file) { m_unreviewedFiles.push_back(std::move(file)); }
-    /// Without a count all that was found is stored. Stays as the list above does.
-    const LostResults& ResultsLost() const { return m_resultsLost; }
-    void SetResultsLost(LostResults lost) { m_resultsLost = std::move(lost); }
-    /// The source files whose layouts a review could read only in part; they stay likewise.
-    const std::vector<CutLayout>& CutLayouts() const { return m_cutLayouts; }
-    void AddCutLayout(CutLayout layout) { m_cutLayouts.push_back(std::move(layout)); }
 
 private:
     /// Lines of the project file that name a source file, by kind.
@@ -183,21 +185,14 @@ private:
     std::unique_ptr<StringKeyedArrayList> m_relatedDocs;
     std::unique_ptr<ObjectKeyedArrayList<VirtualSourceFile>> m_sourceFiles;
     FileCounts m_fileCounts;
-    std::int32_t m_referenceErrors = 0;
-    std::int32_t m_componentErrors = 0;
-    std::int32_t m_fileErrors = 0;
-    std::int32_t m_scanErrors = 0;
     std::string m_name;
     std::string m_path;  // the project file's folder, with its trailing backslash
     std::string m_filename;
     std::string m_projectType;
-    std::int32_t m_reviewStatus = 0;
+    ProjectOutcome m_outcome;
     ProjectLoadStatus m_loadStatus = ProjectLoadStatus::Good;
     std::string m_unreadable;
     Line m_failedLine;
-    std::vector<UnreviewedFile> m_unreviewedFiles;
-    LostResults m_resultsLost;
-    std::vector<CutLayout> m_cutLayouts;
     int m_codePage;
 };
 

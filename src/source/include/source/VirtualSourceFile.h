@@ -103,7 +103,7 @@ public:
 
     /// True for the types that have a layout section. A class has a header in its text too, which is
     /// not treated as one. The two always agree.
-    bool HasLayout() const;
+    bool HasLayout() const { return dorvik::HasLayout(m_fileType); }
     bool HasHeader() const { return HasLayout(); }
 
     const std::shared_ptr<VirtualObject>& FileStats() const { return m_fileStats; }

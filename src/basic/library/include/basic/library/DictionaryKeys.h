@@ -26,7 +26,8 @@ public:
     void SetIgnoresCase(bool ignores) { m_ignoresCase = ignores; }
 
     std::size_t Count() const { return m_count; }
-    /// The same as `Find(key, HashOfKey(key))`, faster for the text that was found last: what is read is often written next.
+    /// The same as `Find(key, HashOfKey(key))`, faster for the text that was found last: what is read is often written
+    /// next.
     std::size_t FindAgain(const Value& key) const {
         if (m_isRow && IsRowType(key.Type())) {
             return FindInRow(key.AsLong());
@@ -108,7 +109,7 @@ private:
     void Rebuild(bool mayMove);
     void CloseHoles();
     void FreeSlotOf(std::size_t place);
-    void Place(std::uint32_t place, std::uint32_t hash);
+    void FillSlot(std::uint32_t place, std::uint32_t hash);
 
     std::vector<Value> m_items;
     std::vector<StoredKey> m_keys;  // of the same places; none in a row

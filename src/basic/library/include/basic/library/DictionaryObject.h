@@ -42,7 +42,8 @@ private:
     }
     void Add(const Value& key, const Value& item);
     std::size_t Append(const Value& key);
-    std::size_t Append(const Value& key, std::uint32_t hash);
+    std::size_t AppendToRow(const Value& key);
+    std::size_t AppendHashed(const Value& key, std::uint32_t hash);
     void ChargeForOneMore();
     void Remove(const Value& key);
     void RemoveAll();

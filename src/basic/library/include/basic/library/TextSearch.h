@@ -15,7 +15,7 @@ class ScriptContext;
 /// REQUIRES: both texts outlive this.
 class TextSearch {
 public:
-    struct Place {
+    struct Match {
         std::size_t Start = std::string_view::npos;  // byte offset; npos: not found
         std::size_t Size = 0;                        // bytes
 
@@ -26,19 +26,19 @@ public:
     TextSearch(
         ScriptContext& context, std::string_view text, std::string_view sought, bool ignoreCase);
 
-    /// The first place at or after `from`. REQUIRES: no call with a smaller `from` came before.
-    Place Next(std::size_t from);
+    /// The first match at or after `from`. REQUIRES: no call with a smaller `from` came before.
+    Match Next(std::size_t from);
 
-    /// The first place at or after `from`, for a single search.
-    static Place First(
+    /// The first match at or after `from`, for a single search.
+    static Match First(
         ScriptContext& context,
         std::string_view text,
         std::string_view sought,
         bool ignoreCase,
         std::size_t from);
 
-    /// The last place that ends at or before `end`.
-    static Place Last(
+    /// The last match that ends at or before `end`.
+    static Match Last(
         ScriptContext& context,
         std::string_view text,
         std::string_view sought,
@@ -49,8 +49,8 @@ private:
     void MakeTable(std::string_view sought);
     std::size_t FindByTable(std::string_view text, std::string_view sought, std::size_t from);
     std::size_t FindExact(std::string_view text, std::string_view sought, std::size_t from);
-    Place FindShort(std::size_t from);
-    Place FindLowered(std::size_t from);
+    Match FindShort(std::size_t from);
+    Match FindLowered(std::size_t from);
 
     ScriptContext& m_context;
     std::string_view m_text;

@@ -37,11 +37,11 @@ public:
     void Forget();
 
 private:
-    using Table = std::vector<std::int32_t>;  // positions, 0 for a free place
+    using Table = std::vector<std::int32_t>;  // positions, 0 for a free slot
 
     void Build(const StringArrayList& keys);
-    /// The place of the key in the table, or the free one where it would be.
-    std::int32_t& Place(const StringArrayList& keys, std::string_view key) const;
+    /// The slot of the key in the table, or the free one where it would be.
+    std::int32_t& SlotOf(const StringArrayList& keys, std::string_view key) const;
     void Enter(const StringArrayList& keys, std::int32_t position) const;
 
     std::unique_ptr<Table> m_table;

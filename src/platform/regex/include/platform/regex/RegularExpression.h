@@ -54,8 +54,9 @@ struct Match {
 ///
 /// Setting a pattern is cheap: it is compiled at its first use and kept for the whole process, so an
 /// object may serve many patterns in turn. A caller that tests the same pattern over and over keeps an
-/// object for it, which saves the lookup as well; one that tests many patterns on each text, a `PatternSet`. A malformed pattern raises one of 5017 to 5020 at
-/// every use, not when it is set. Any bytes may be in the text; those that are not UTF-8 match nothing.
+/// object for it, which saves the lookup as well; one that tests many patterns on each text, a `PatternSet`.
+/// A malformed pattern raises one of 5017 to 5020 at every use, not when it is set. Any bytes may be in the
+/// text; those that are not UTF-8 match nothing.
 ///
 /// One object serves one thread; copies share the compiled pattern.
 class RegularExpression {

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "foundation/lists/ObjectArrayList.h"
 #include "rulebase/model/BasicRule.h"
-#include "rulebase/model/PrefixSuffixItem.h"
+#include "rulebase/model/NameAffix.h"
 
 namespace dorvik {
 
@@ -10,11 +9,6 @@ namespace dorvik {
 /// body with length limits and a pattern, and a suffix.
 class NamingConvention final : public BasicRule {
 public:
-    /// Slots of a prefix and of a suffix. They are filled from the front.
-    static constexpr std::int32_t kItemCount = 4;
-
-    NamingConvention();
-
     dorvik::RuleType RuleType() const override { return ruleTypeNaming; }
     bool Dirty() const override;
     void SetDirty(bool dirty) override;
@@ -43,13 +37,10 @@ public:
     const std::string& ExclusionList() const { return m_exclusionList; }
     void SetExclusionList(std::string list);
 
-    bool PrefixActive() const { return m_prefixActive; }
-    void SetPrefixActive(bool active);
-    /// Always `kItemCount` items, in slot order.
-    const ObjectArrayList<PrefixSuffixItem>& PrefixItems() const { return m_prefixItems; }
-    ObjectArrayList<PrefixSuffixItem>& PrefixItems() { return m_prefixItems; }
-    const std::string& PrefixAdvice() const { return m_prefixAdvice; }
-    void SetPrefixAdvice(std::string advice);
+    const NameAffix& Prefix() const { return m_prefix; }
+    NameAffix& Prefix() { return m_prefix; }
+    const NameAffix& Suffix() const { return m_suffix; }
+    NameAffix& Suffix() { return m_suffix; }
 
     bool BodyActive() const { return m_bodyActive; }
     void SetBodyActive(bool active);
@@ -63,32 +54,21 @@ public:
     const std::string& BodyAdvice() const { return m_bodyAdvice; }
     void SetBodyAdvice(std::string advice);
 
-    bool SuffixActive() const { return m_suffixActive; }
-    void SetSuffixActive(bool active);
-    const ObjectArrayList<PrefixSuffixItem>& SuffixItems() const { return m_suffixItems; }
-    ObjectArrayList<PrefixSuffixItem>& SuffixItems() { return m_suffixItems; }
-    const std::string& SuffixAdvice() const { return m_suffixAdvice; }
-    void SetSuffixAdvice(std::string advice);
-
 private:
     void CopyPatternFields(const NamingConvention& other);
 
     std::string m_propertyName;
     std::string m_exclusionList;
-    std::string m_prefixAdvice;
     std::string m_bodyPattern;
     std::string m_bodyAdvice;
-    std::string m_suffixAdvice;
-    ObjectArrayList<PrefixSuffixItem> m_prefixItems;
-    ObjectArrayList<PrefixSuffixItem> m_suffixItems;
+    NameAffix m_prefix;
+    NameAffix m_suffix;
     std::int32_t m_objectType = 0;
     std::int32_t m_propertyType = 0;
     std::int16_t m_maxBodyLength = 0;
     std::int16_t m_minBodyLength = 0;
     bool m_caseSensitive = true;
-    bool m_prefixActive = false;
     bool m_bodyActive = false;
-    bool m_suffixActive = false;
 };
 
 }  // namespace dorvik

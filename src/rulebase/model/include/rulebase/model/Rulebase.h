@@ -89,22 +89,11 @@ public:
     dorvik::Report& Report() { return m_report; }
     const dorvik::Report& Report() const { return m_report; }
 
-    /// `index` is 1 to 6; -1 is "not set". The lists have dirty flags of their own.
-    std::int32_t ToleranceCount(std::int32_t index) const { return m_tolerances.Count.Item(index); }
-    std::int32_t ToleranceImpact(std::int32_t index) const {
-        return m_tolerances.Impact.Item(index);
-    }
-    LongArrayList& ToleranceCountObject() { return m_tolerances.Count; }
-    const LongArrayList& ToleranceCountObject() const { return m_tolerances.Count; }
-    LongArrayList& ToleranceImpactObject() { return m_tolerances.Impact; }
-    const LongArrayList& ToleranceImpactObject() const { return m_tolerances.Impact; }
-    std::int32_t TolerancePercentageComments() const { return m_tolerances.PercentageComments; }
-    void SetTolerancePercentageComments(std::int32_t percentage);
-    std::int32_t ToleranceCyclomaticComplexity() const { return m_tolerances.CyclomaticComplexity; }
-    void SetToleranceCyclomaticComplexity(std::int32_t complexity);
-    /// All of them at once, for the rulebase file; a write here sets no flag but those of the lists.
+    /// A write of a list, or of a limit in place, sets no flag but that of the list.
     ToleranceSettings& Tolerances() { return m_tolerances; }
     const ToleranceSettings& Tolerances() const { return m_tolerances; }
+    void SetTolerancePercentageComments(std::int32_t percentage);
+    void SetToleranceCyclomaticComplexity(std::int32_t complexity);
 
 private:
     bool TagsDirty() const;

@@ -15,6 +15,10 @@ struct ToleranceSettings {
 
     ToleranceSettings();
 
+    /// Whether there is any limit.
+    // Required: the totals count here, unlike in `VerdictReader::TolerancesSet`.
+    bool IsAnySet() const;
+
     LongArrayList Count;                          // violations
     LongArrayList Impact;                         // points
     std::int32_t PercentageComments = kNotSet;    // least percentage
