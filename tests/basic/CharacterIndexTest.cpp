@@ -120,6 +120,25 @@ TEST(CharacterIndex, FindsCharactersOfATextThatIsOverwritten) {
     }
 }
 
+TEST(CharacterIndex, GivesPartsOfAllLengths) {
+    std::mt19937 random(7);
+    const auto characters = MixedCharacters(300, random);
+    const StringBody body(Joined(characters));
+    for (int question = 0; question < 2000; ++question) {
+        const std::size_t first = random() % 310;
+        const std::size_t count = random() % 140;
+        const std::size_t from = std::min(first, characters.size());
+        const std::size_t end = std::min(first + count, characters.size());
+        std::string buffer;
+        ASSERT_EQ(
+            body.Part(first, count, buffer),
+            Joined(
+                {characters.begin() + static_cast<std::ptrdiff_t>(from),
+                 characters.begin() + static_cast<std::ptrdiff_t>(end)}))
+            << first << ", " << count;
+    }
+}
+
 TEST(CharacterIndex, ATextThatIsOverwrittenAgainAndAgainIsReadRight) {
     std::mt19937 random(6);
     auto characters = MixedCharacters(400, random);

@@ -103,6 +103,10 @@ TEST(Superinstructions, ReplaceTheFirstInstructionOfTheirSequence) {
         {"JumpByLeft", "If Left$(s, 3) = \"abc\" Then t = s"},
         {"InStrOfConstant", "If InStr(s, \"abc\") > 0 Then t = s"},
         {"GetTextProperty", "Dorvik.GetProperty \"Source\", \"Line\", s"},
+        {"ItemOfNew", "t = list(1)"},
+        {"InvokeWithOne", "list.Add s"},
+        {"InvokeWithOne", "list.Remove 1"},
+        {"InvokeWithOne", "list.Add v"},
     };
     for (const auto& [name, line] : kRows) {
         KeepingProperty extension(Value::Text("x"));
@@ -112,8 +116,9 @@ TEST(Superinstructions, ReplaceTheFirstInstructionOfTheirSequence) {
         engine.SetAcceptsModules(true);
         ASSERT_TRUE(engine.LoadText(
             "m.dvs",
-            std::string("Sub Main()\nDim s As String, t As String, n As Long\n") + line +
-                "\nEnd Sub\n"));
+            std::string("Sub Main()\n"
+                        "Dim s As String, t As String, n As Long, v, list As New Collection\n") +
+                line + "\nEnd Sub\n"));
         EXPECT_THAT(engine.Disassemble(), HasSubstr("  " + std::string(name) + " ")) << line;
     }
 }

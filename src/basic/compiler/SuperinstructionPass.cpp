@@ -121,6 +121,20 @@ bool FitsInStr(const CodeTail& code) {
            code.LoadsText(sequence.Sought()) && !code.Module().ComparesText;
 }
 
+/// The variable itself is in the frame.
+bool FitsItemOfNew(const CodeTail& code) {
+    const ItemOfNewSequence sequence(code.First());
+    return sequence.Variable().Flags != 0 && sequence.Item().B == sequence.Variable().A;
+}
+
+bool FitsMemberOfOne(const CodeTail& code) {
+    const MemberOfOneSequence sequence(code.First());
+    const CallSite& site = code.Module().Sites[sequence.Call().Target()];
+    const std::size_t first = sequence.Call().C;
+    return site.Arguments == 1 && site.ArgumentNames.empty() && sequence.Object().A == first &&
+           sequence.Argument().A == first + 1;
+}
+
 /// What must hold of the operands where the shape fits, in the order of `kSuperinstructions`.
 struct Condition {
     Opcode Code;
@@ -131,6 +145,8 @@ constexpr Condition kConditions[] = {
     {Opcode::JumpByLeft, FitsJumpByLeft},
     {Opcode::SelectLeft, FitsSelectLeft},
     {Opcode::InStrOfConstant, FitsInStr},
+    {Opcode::ItemOfNew, FitsItemOfNew},
+    {Opcode::InvokeWithOne, FitsMemberOfOne},
 };
 static_assert(
     std::ranges::equal(

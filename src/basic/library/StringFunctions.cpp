@@ -29,6 +29,9 @@ std::size_t CountAt(Arguments arguments, std::size_t position) {
 }
 
 Value Len(ScriptContext&, Arguments arguments) {
+    if (arguments[0].Type() == ValueType::String && arguments[0].TextBody() != nullptr) {
+        return Value::Long(static_cast<std::int32_t>(arguments[0].TextBody()->Length()));
+    }
     if (IsNullAt(arguments, 0)) {
         return Value::Null();
     }
@@ -71,8 +74,10 @@ bool AnswersMid(Arguments arguments, Value& answer) {
     }
     const StringBody& text = *arguments[0].TextBody();
     const auto first = static_cast<std::size_t>(arguments[1].AsLong()) - 1;
+    const std::size_t left = text.Length() - std::min(first, text.Length());
+    const std::size_t count = std::min(static_cast<std::size_t>(arguments[2].AsLong()), left);
     std::string buffer;
-    answer = Value::Text(text.Part(first, static_cast<std::size_t>(arguments[2].AsLong()), buffer));
+    answer = Value::Text(text.Part(first, count, buffer), count);
     return true;
 }
 

@@ -3,6 +3,7 @@
 #include "Operands.h"
 #include "basic/operations/ErrorRecovery.h"
 #include "basic/operations/Operations.h"
+#include "basic/program/Superinstructions.h"
 #include "basic/values/Coercion.h"
 #include "basic/values/RuntimeErrors.h"
 
@@ -117,6 +118,25 @@ void RunInstructions(MachineState& state) {
             fail(runtimeerror::kOverflow);
         }
         return fits;
+    };
+    // On whole numbers and Doubles; an operation of its own does the rest.
+    const auto arithmetic = [&](const Instruction& in, Value& target, auto operation)
+        __attribute__((always_inline)) {
+        const Value& left = base[in.B];
+        const Value& right = base[in.C];
+        if (AreWhole(left, right) &&
+            PutWhole(
+                target,
+                operation(std::int64_t{left.AsLong()}, std::int64_t{right.AsLong()}),
+                left,
+                right)) [[likely]] {
+            return;
+        }
+        if (HaveDouble(left, right) && !target.HoldsBody()) {
+            putDouble(target, operation(RealOf(left), RealOf(right)));
+        } else {
+            call(&modOperations::SlowOperator, in);
+        }
     };
     const auto leave = [&]() __attribute__((always_inline)) {
         pc = state.Frames.Top().ReturnTo;
@@ -309,42 +329,9 @@ void RunInstructions(MachineState& state) {
             a.PutBoolean(base[in.B].AsBoolean() || base[in.C].AsBoolean());
             continue;
 
-        Add: {
-            const Value& left = base[in.B];
-            const Value& right = base[in.C];
-            if (AreWhole(left, right) &&
-                PutWhole(a, std::int64_t{left.AsLong()} + right.AsLong(), left, right)) [[likely]]
-                continue;
-            if (HaveDouble(left, right) && !a.HoldsBody())
-                putDouble(a, RealOf(left) + RealOf(right));
-            else
-                call(&modOperations::SlowOperator, in);
-            continue;
-        }
-        Subtract: {
-            const Value& left = base[in.B];
-            const Value& right = base[in.C];
-            if (AreWhole(left, right) &&
-                PutWhole(a, std::int64_t{left.AsLong()} - right.AsLong(), left, right)) [[likely]]
-                continue;
-            if (HaveDouble(left, right) && !a.HoldsBody())
-                putDouble(a, RealOf(left) - RealOf(right));
-            else
-                call(&modOperations::SlowOperator, in);
-            continue;
-        }
-        Multiply: {
-            const Value& left = base[in.B];
-            const Value& right = base[in.C];
-            if (AreWhole(left, right) &&
-                PutWhole(a, std::int64_t{left.AsLong()} * right.AsLong(), left, right)) [[likely]]
-                continue;
-            if (HaveDouble(left, right) && !a.HoldsBody())
-                putDouble(a, RealOf(left) * RealOf(right));
-            else
-                call(&modOperations::SlowOperator, in);
-            continue;
-        }
+        Add: arithmetic(in, a, [](auto left, auto right) { return left + right; }); continue;
+        Subtract: arithmetic(in, a, [](auto left, auto right) { return left - right; }); continue;
+        Multiply: arithmetic(in, a, [](auto left, auto right) { return left * right; }); continue;
         Compare: {
             const Value& left = base[in.B];
             const Value& right = base[in.C];
@@ -558,6 +545,16 @@ void RunInstructions(MachineState& state) {
             if (state.Frames.IsEmpty())
                 return;
             continue;
+        ItemOfNew: {
+            const Instruction& get = ItemOfNewSequence(&in).Item();
+            state.At = &get;
+            if (const Value* const item = ItemOf(a, base[get.C]); item != nullptr) [[likely]] {
+                base[get.A] = *item;
+                ++pc;
+                continue;
+            }
+            goto EnsureObject;
+        }
         EnsureObject: {
             const Value& variable = in.Flags != 0 ? a : *TargetOf(a);
             if (variable.Type() != ValueType::Object || variable.AsObject() == nullptr) [[unlikely]]

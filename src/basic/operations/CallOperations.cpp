@@ -79,7 +79,11 @@ void RunBuiltin(MachineState& state, Instruction in, Value* base) {
     }
     const bool isAsDeclared =
         function.Result == DeclaredKind::Variant || result.Type() == ValueTypeOf(function.Result);
-    base[in.A] = isAsDeclared ? std::move(result) : CoerceTo(result, function.Result);
+    if (isAsDeclared) {
+        base[in.A] = std::move(result);
+    } else {
+        base[in.A] = CoerceTo(result, function.Result);
+    }
 }
 
 void RunExtension(MachineState& state, Instruction in, Value* base) {

@@ -4,6 +4,7 @@
 #include "basic/operations/ErrorRecovery.h"
 #include "basic/operations/Operations.h"
 #include "basic/operations/Reference.h"
+#include "basic/program/Superinstructions.h"
 #include "basic/values/ArrayBody.h"
 #include "basic/values/RuntimeErrors.h"
 
@@ -48,6 +49,14 @@ int FindMember(const ScriptObject& object, const CallSite& site) {
     site.SeenClass = which;
     site.SeenMember = member;
     return member;
+}
+
+/// Whether the site has found the member before, in an object of the same class; not for `Err`, since an error that is
+/// raised goes its own way.
+bool IsSeenAgain(const Value& value, const CallSite& site) {
+    return value.Type() == ValueType::Object && value.AsObject() != nullptr &&
+           value.AsObject()->Class() == site.SeenClass && site.SeenClass != ObjectClass::Any &&
+           site.SeenClass != ObjectClass::Err;
 }
 
 /// The arguments in the order of the member's parameters.
@@ -146,6 +155,33 @@ void Invoke(MachineState& state, Instruction in, Value* base) {
     if (in.A != kNoSlot) {
         base[in.A] = std::move(result);
     }
+}
+
+/// The argument is read where it is, and nothing has to be released.
+void InvokeWithOne(MachineState& state, Instruction in, Value* base) {
+    const MemberOfOneSequence sequence(state.At);
+    const Instruction& source = sequence.Argument();
+    const CallSite& site = state.Program->Sites[sequence.Call().Target()];
+    const Value& object = base[in.B];
+    const Value& argument = source.Code == Opcode::LoadConstant
+                                ? state.Program->Constants[static_cast<std::size_t>(source.Wide())]
+                                : base[source.B];
+    const bool isCopiedWhole =
+        argument.Type() == ValueType::Array || argument.Type() == ValueType::Record;
+    if (isCopiedWhole || !IsSeenAgain(object, site)) {
+        base[in.A] = object;
+        return;
+    }
+    if (argument.Type() == ValueType::String) {
+        state.Budget.Spend(CostOf(argument));
+    }
+    Value result = object.AsObject()->Invoke(site.SeenMember, site.Kind, {&argument, 1});
+    state.Budget.Spend(CostOf(result));
+    const Instruction& call = sequence.Call();
+    if (call.A != kNoSlot) {
+        base[call.A] = std::move(result);
+    }
+    state.Next = sequence.End();
 }
 
 void NewObject(MachineState&, Instruction in, Value* base) {

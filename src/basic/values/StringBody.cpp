@@ -55,6 +55,12 @@ Ref<StringBody> StringBody::Of(std::string_view text) {
     return Ref<StringBody>(new StringBody(text.data(), text.size()));
 }
 
+Ref<StringBody> StringBody::Of(std::string_view text, std::size_t characters) {
+    Ref<StringBody> body = Of(text);
+    body->m_length = static_cast<std::int32_t>(characters);
+    return body;
+}
+
 StringBody::~StringBody() {
     MemoryMeter::Current().Refund(Cost());
 }
@@ -94,7 +100,7 @@ void StringBody::GrowTo(std::size_t size) {
 }
 
 std::size_t StringBody::Overwrite(std::size_t first, std::size_t count, std::string_view part) {
-    if (m_isWide && modWideText::Overwrite(m_text, first, part)) {
+    if (m_isWide && modWideText::Overwrite(m_text, first, count, part)) {
         return part.size();
     }
     const std::size_t from = OffsetOf(first);
@@ -168,8 +174,15 @@ std::string_view StringBody::Part(std::size_t first, std::size_t count, std::str
         buffer = modWideText::Narrowed(m_text, from, std::min(count, Length() - from));
         return buffer;
     }
-    const std::size_t from = OffsetOf(first);
-    return std::string_view(m_text).substr(from, OffsetOf(first + count) - from);
+    if (IsAscii()) {
+        return std::string_view(m_text).substr(std::min(first, m_text.size()), count);
+    }
+    // The way through a short part is shorter than to find its end from elsewhere.
+    constexpr std::size_t kShortPart = 64;
+    const std::size_t from = OffsetOfMixed(first);
+    const std::size_t end = count < kShortPart ? modCharacters::Skip(m_text, count, from)
+                                               : OffsetOfMixed(first + count);
+    return std::string_view(m_text).substr(from, end - from);
 }
 
 bool StringBody::IsWorthAnIndex() const {

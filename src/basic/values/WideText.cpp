@@ -2,6 +2,7 @@
 
 #include "basic/values/Characters.h"
 
+#include <cstdint>
 #include <cstring>
 
 namespace dorvik::basic::modWideText {
@@ -25,9 +26,13 @@ std::size_t BytesOf(const char* character) {
     return bytes;
 }
 
+bool BeginsACharacter(std::string_view text) {
+    return modCharacters::Count(text.substr(0, 1)) == 1;
+}
+
 /// Whether the text begins with a character and none of them is too long.
 bool Fits(std::string_view text) {
-    if (modCharacters::Count(text.substr(0, 1)) == 0) {
+    if (!BeginsACharacter(text)) {
         return false;
     }
     for (std::size_t offset = 0, bytes = 0; offset < text.size(); offset += bytes) {
@@ -39,12 +44,19 @@ bool Fits(std::string_view text) {
     return true;
 }
 
+/// REQUIRES: the text is one character that fits.
+void WriteOne(char* target, std::string_view character) {
+    std::uint32_t bytes = 0;
+    static_assert(sizeof(bytes) == kWidth);
+    std::memcpy(&bytes, character.data(), character.size());
+    std::memcpy(target, &bytes, kWidth);
+}
+
 /// REQUIRES: the text fits.
 void Write(char* target, std::string_view text) {
     for (std::size_t offset = 0; offset < text.size(); target += kWidth) {
         const std::size_t bytes = BytesAt(text, offset);
-        std::memset(target, 0, kWidth);
-        std::memcpy(target, text.data() + offset, bytes);
+        WriteOne(target, text.substr(offset, bytes));
         offset += bytes;
     }
 }
@@ -71,7 +83,11 @@ std::string Narrowed(std::string_view wide, std::size_t first, std::size_t count
     return text;
 }
 
-bool Overwrite(std::string& wide, std::size_t first, std::string_view part) {
+bool Overwrite(std::string& wide, std::size_t first, std::size_t count, std::string_view part) {
+    if (count == 1 && part.size() <= kWidth && BeginsACharacter(part)) {
+        WriteOne(wide.data() + first * kWidth, part);
+        return true;
+    }
     const bool fits = Fits(part);
     if (fits) {
         Write(wide.data() + first * kWidth, part);

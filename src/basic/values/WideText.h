@@ -15,7 +15,7 @@ inline constexpr std::size_t kWidth = 4;
 std::string Widened(std::string_view text, std::size_t length);
 /// `count` characters from `first` on in UTF-8.
 std::string Narrowed(std::string_view wide, std::size_t first, std::size_t count);
-/// Overwrites as many characters as `part`, in UTF-8, has. False, with nothing changed, if one does not fit.
-bool Overwrite(std::string& wide, std::size_t first, std::string_view part);
+/// Overwrites the `count` characters that `part`, in UTF-8, has. False, with nothing changed, if one does not fit.
+bool Overwrite(std::string& wide, std::size_t first, std::size_t count, std::string_view part);
 
 }  // namespace dorvik::basic::modWideText

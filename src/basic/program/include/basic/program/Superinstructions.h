@@ -103,9 +103,33 @@ public:
     const Instruction& Call() const { return At<2>(); }
 };
 
-/// Whether an instruction is what a shape has at its position. A comparison may be either of its two forms.
+/// `list(i)`, where `list` was declared with As New.
+class ItemOfNewSequence final : public InstructionSequence<Opcode::EnsureObject, Opcode::ArrayGet> {
+public:
+    using InstructionSequence::InstructionSequence;
+    const Instruction& Variable() const { return At<0>(); }
+    const Instruction& Item() const { return At<1>(); }
+};
+
+/// `list.Add item`, `list.Remove 1`, `words.Exists(key)`: a member of the object in a variable, with one argument that
+/// is a variable or a constant.
+class MemberOfOneSequence final
+    : public InstructionSequence<Opcode::Move, Opcode::DeepCopy, Opcode::Invoke> {
+public:
+    using InstructionSequence::InstructionSequence;
+    const Instruction& Object() const { return At<0>(); }
+    const Instruction& Argument() const { return At<1>(); }
+    const Instruction& Call() const { return At<2>(); }
+};
+
+/// Whether an instruction is what a shape has at its position. A comparison may be either of its two forms, and what
+/// copies a value may be what copies one that is no array, or a constant.
 constexpr bool FitsShape(Opcode shape, Opcode code) {
-    return code == shape || (shape == Opcode::JumpTextEqual && code == Opcode::JumpTextNotEqual);
+    const bool isOtherComparison =
+        shape == Opcode::JumpTextEqual && code == Opcode::JumpTextNotEqual;
+    const bool isOtherCopy =
+        shape == Opcode::DeepCopy && (code == Opcode::Move || code == Opcode::LoadConstant);
+    return code == shape || isOtherComparison || isOtherCopy;
 }
 
 struct Superinstruction {
@@ -119,6 +143,8 @@ inline constexpr Superinstruction kSuperinstructions[] = {
     {Opcode::JumpByLeft, JumpByLeftSequence::kShape, "a jump by Left$ and a constant"},
     {Opcode::SelectLeft, SelectLeftSequence::kShape, "a Select Case of Left$ over constants"},
     {Opcode::InStrOfConstant, InStrSequence::kShape, "InStr of a constant"},
+    {Opcode::ItemOfNew, ItemOfNewSequence::kShape, "an item of an object declared As New"},
+    {Opcode::InvokeWithOne, MemberOfOneSequence::kShape, "a member of an object with one argument"},
 };
 
 }  // namespace dorvik::basic

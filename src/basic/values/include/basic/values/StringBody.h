@@ -23,6 +23,7 @@ public:
 
     /// A body with a text of its own.
     static Ref<StringBody> Of(std::string_view text);
+    static Ref<StringBody> Of(std::string_view text, std::size_t characters);
     /// Both texts, one after the other, with a single allocation.
     static Ref<StringBody> Joined(std::string_view left, std::string_view right);
     /// The body, shared by all who ask, of a text of one ASCII character.
