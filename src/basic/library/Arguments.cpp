@@ -93,6 +93,10 @@ Value TextResult(std::string&& text) {
     return Value::Text(std::move(text));
 }
 
+Value TextResult(std::string_view text, std::size_t characters) {
+    return text.size() <= 1 ? Value::Text(text) : Value::Text(StringBody::Of(text, characters));
+}
+
 void CheckTextSize(std::size_t bytes) {
     MemoryMeter::Current().CheckString(bytes);
 }

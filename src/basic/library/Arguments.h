@@ -55,6 +55,8 @@ private:
 /// A text result. `TextResult` of a view checks nothing that is not new: a part of a text is shorter.
 Value TextResult(std::string_view text);
 Value TextResult(std::string&& text);
+/// The same for a part of so many characters, which no one has to count then.
+Value TextResult(std::string_view text, std::size_t characters);
 /// Raises 14 for a text that would pass the string limit. Called before the text is made.
 void CheckTextSize(std::size_t bytes);
 /// The same for `count` times `bytes`.

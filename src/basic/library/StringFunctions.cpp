@@ -77,7 +77,7 @@ bool AnswersMid(Arguments arguments, Value& answer) {
     const std::size_t left = text.Length() - std::min(first, text.Length());
     const std::size_t count = std::min(static_cast<std::size_t>(arguments[2].AsLong()), left);
     std::string buffer;
-    answer = Value::Text(text.Part(first, count, buffer), count);
+    answer = TextResult(text.Part(first, count, buffer), count);
     return true;
 }
 

@@ -56,10 +56,6 @@ Value Value::Text(std::string_view text) {
     return Text(StringBody::Of(text));
 }
 
-Value Value::Text(std::string_view text, std::size_t characters) {
-    return text.size() <= 1 ? Text(text) : Text(StringBody::Of(text, characters));
-}
-
 Value Value::Text(std::string&& text) {
     return text.size() <= 1 ? Text(std::string_view(text))
                             : Text(MakeRef<StringBody>(std::move(text)));

@@ -74,8 +74,6 @@ public:
         return result;
     }
     static Value Text(std::string_view text);
-    /// The same for a text of so many characters, so that no one has to count them.
-    static Value Text(std::string_view text, std::size_t characters);
     static Value Text(const std::string& text) { return Text(std::string_view(text)); }
     static Value Text(const char* text) { return Text(std::string_view(text)); }
     static Value Text(std::string&& text);
