@@ -205,7 +205,7 @@ TEST_F(ReviewOptionsOk, ATooLargeToleranceKeepsTheFormOpenAndTakesOverNothing) {
     EXPECT_EQ(m_criteria->LoadCriteria().RulebaseFile(), rulebase);
     EXPECT_EQ(m_criteria->ClearLogBeforeReview(), clearsLog);
     EXPECT_EQ(m_criteria->ProjectList().SelectedCount(), 1);
-    EXPECT_EQ(m_criteria->ToleranceCount(1), -1);
+    EXPECT_EQ(m_criteria->Tolerances().Count.Item(1), -1);
 }
 
 TEST_F(ReviewOptionsOk, EachConventionSetsItsFlagAlone) {
