@@ -6,8 +6,11 @@ readonly kBuildPackages=(
     g++ cmake ninja-build pkg-config
     libsqlite3-dev libpcre2-dev libxml2-dev libxslt1-dev rapidjson-dev libcli11-dev
 )
+# What the desktop program needs on top.
+readonly kDesktopPackages=(qt6-base-dev libqscintilla2-qt6-dev)
 # What the tests need on top.
 readonly kTestPackages=(
+    xvfb openbox
     libgtest-dev libgmock-dev ccache mold python3
     clang-format-14 clang-tidy-14 universal-ctags
     chromium chromium-driver python3-selenium
