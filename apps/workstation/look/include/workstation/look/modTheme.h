@@ -31,7 +31,7 @@ struct ThemeColours {
     QColor Margin;  // beside the code: surface and line numbers
     QColor MarginText;
     QColor CurrentLine;
-    QColor FoundText;  // behind what was searched for
+    QColor FoundText;  // the surface under what was searched for
 
     QColor GroupRow;  // of a grid
     QColor Hint;      // texts of less weight
