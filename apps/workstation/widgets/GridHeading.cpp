@@ -10,7 +10,6 @@ namespace dorvik {
 GridHeading::GridHeading(
     const Grid& grid, const GridModel& model, ColumnDrag& drag, QWidget* parent)
     : QHeaderView(Qt::Horizontal, parent), m_grid(grid), m_model(model), m_drag(drag) {
-    setSectionsClickable(true);
     setHighlightSections(false);
     setStretchLastSection(false);
     setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);

@@ -54,6 +54,7 @@ GridView::~GridView() = default;
 void GridView::MakeHeading() {
     auto& heading = modQt::Make<GridHeading>(m_grid, m_model, m_drag, this);
     setHeader(&heading);
+    heading.setSectionsClickable(true);  // the tree takes that away
     m_headingClicked = heading.Clicked.Subscribe([this](int section) {
         modGridOrder::ClickHeading(
             m_grid,

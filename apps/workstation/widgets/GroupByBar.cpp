@@ -79,6 +79,8 @@ void GroupByBar::Rebuild() {
     std::int32_t focused = 0;
     for (GroupChip* const chip : m_chips) {
         focused = chip->isAncestorOf(focusWidget()) ? chip->Column() : focused;
+    }
+    for (GroupChip* const chip : m_chips) {
         // It may be the one whose click is being handled.
         chip->hide();
         m_row.removeWidget(chip);
