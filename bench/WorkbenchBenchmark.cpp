@@ -39,7 +39,7 @@ namespace {
 
 using namespace dorvik;
 
-/// The bench asks for nothing here.
+/// Shows nothing: the bench needs none of its forms here.
 class NoScreen final : public IScreen {
 public:
     void ShowModal(frmAbout&) override {}

@@ -8,10 +8,12 @@
 #include "workstation/controls/ListTableRows.h"
 #include "workstation/look/modPictures.h"
 #include "workstation/look/modQt.h"
+#include "workstation/look/modTheme.h"
 #include "workstation/view/ResultsView.h"
 #include "workstation/widgets/CommandMenu.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QBoxLayout>
 #include <QComboBox>
 #include <QFileDialog>
@@ -26,6 +28,19 @@ namespace {
 
 /// How many characters a box shows at least.
 constexpr int kBoxLength = 12;
+
+/// The button of the shown view has the colours of a selection: that a button is down is hardly seen on a dark surface.
+void ShowPressed(QToolButton& button, bool isPressed) {
+    button.setChecked(isPressed);
+    const QPalette usual = QApplication::palette();
+    QPalette palette;
+    if (isPressed) {
+        // The style makes it lighter, which the text has to be read on.
+        palette.setColor(QPalette::Button, usual.color(QPalette::Highlight).darker(125));
+        palette.setColor(QPalette::ButtonText, usual.color(QPalette::HighlightedText));
+    }
+    button.setPalette(palette);
+}
 
 QBoxLayout& RowIn(QWidget& widget) {
     auto& row = modQt::Make<QHBoxLayout>(&widget);
@@ -77,6 +92,7 @@ WorkbenchView::WorkbenchView(udocDorvik& document, QWidget* parent)
 
     m_bindings.Text(m_panel, m_controls.Panel);
     m_bindings.Show<std::string>(m_controls.Panel, [this](const std::string&) { ShowView(); });
+    m_bindings.Keep(modTheme::Changed().Subscribe([this] { ShowView(); }));
     m_bindings.Keep(m_document.Results().ViewChanged.Subscribe([this] { ShowView(); }));
     m_bindings.Keep(
         m_document.PopupMenu.Subscribe([this](CommandControl& popup) { ShowPopup(popup); }));
@@ -181,8 +197,8 @@ void WorkbenchView::MakeActions() {
 
 void WorkbenchView::ShowView() {
     const bool isList = m_document.Results().ViewType() == viewtype::kViolationList;
-    m_listButton->setChecked(isList);
-    m_hotspotsButton->setChecked(!isList);
+    ShowPressed(*m_listButton, isList);
+    ShowPressed(*m_hotspotsButton, !isList);
     if (!m_controls.Panel.Value().empty()) {
         m_pages.setCurrentIndex(0);
     } else {
