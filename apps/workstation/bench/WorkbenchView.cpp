@@ -22,6 +22,9 @@
 #include <QStackedWidget>
 #include <QToolButton>
 
+#include <functional>
+#include <utility>
+
 namespace dorvik {
 
 namespace {
@@ -47,6 +50,16 @@ QBoxLayout& RowIn(QWidget& widget) {
     row.setContentsMargins(0, 0, 0, 0);
     row.setSpacing(widget.fontMetrics().height() / 3);
     return row;
+}
+
+/// The headings are not reached by the keyboard, this menu is.
+QMenu& SortMenu(QWidget& parent, std::function<void(QMenu&)> fill) {
+    auto& menu = modQt::Make<QMenu>(QStringLiteral("Sort b&y"), &parent);
+    QObject::connect(&menu, &QMenu::aboutToShow, &menu, [&menu, fill = std::move(fill)] {
+        menu.clear();
+        fill(menu);
+    });
+    return menu;
 }
 
 QComboBox& MakeBox(QBoxLayout& row, const QString& caption, QWidget& parent) {
@@ -190,6 +203,8 @@ void WorkbenchView::MakeActions() {
     QObject::connect(
         &source, &QAction::triggered, this, [this] { m_document.cmdGotoSource_Click(); });
     m_hotspots.addAction(&source);
+    m_hotspots.addAction(
+        SortMenu(m_hotspots, [this](QMenu& menu) { m_hotspots.FillSortMenu(menu); }).menuAction());
     m_hotspots.addActions({m_exports[0], m_exports[1], m_exports[2]});
 }
 
@@ -210,6 +225,7 @@ void WorkbenchView::ShowPopup(CommandControl& popup) {
     auto& menu = modQt::Make<CommandMenu>(popup, this);
     menu.setAttribute(Qt::WA_DeleteOnClose);
     menu.addSeparator();
+    menu.addMenu(&SortMenu(menu, [this](QMenu& items) { m_list.FillSortMenu(items); }));
     QAction* const copy = menu.addAction(QStringLiteral("C&opy"));
     copy->setShortcut(QKeySequence::Copy);
     QObject::connect(copy, &QAction::triggered, this, [this] { CopySelection(); });

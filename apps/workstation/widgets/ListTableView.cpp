@@ -6,10 +6,12 @@
 #include "workstation/controls/TableExport.h"
 #include "workstation/look/modQt.h"
 
+#include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QStyledItemDelegate>
@@ -117,6 +119,17 @@ void ListTableView::ApplyColumns() {
     }
     header()->setSortIndicatorShown(sorted >= 0);
     header()->setSortIndicator(sorted, order);
+}
+
+void ListTableView::FillSortMenu(QMenu& menu) {
+    for (std::size_t column = 0; column < m_list.Columns().size(); ++column) {
+        const ListColumn& heading = m_list.Columns()[column];
+        QAction* const action = menu.addAction(modQt::Text(heading.Text));
+        action->setCheckable(true);
+        action->setChecked(!heading.SortIcon.empty());
+        QObject::connect(
+            action, &QAction::triggered, this, [this, column] { m_list.ClickColumn(column); });
+    }
 }
 
 void ListTableView::resizeEvent(QResizeEvent* event) {

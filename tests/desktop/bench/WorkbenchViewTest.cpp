@@ -52,6 +52,14 @@ protected:
         }
         throw std::runtime_error("no such label");
     }
+    static QMenu* MenuOf(const QWidget& widget, const QString& title) {
+        for (const QAction* const action : widget.actions()) {
+            if (action->menu() != nullptr && action->text().remove(QLatin1Char('&')) == title) {
+                return action->menu();
+            }
+        }
+        return nullptr;
+    }
     QPoint Center(int row, int section) {
         return List().visualRect(List().model()->index(row, section)).center();
     }
@@ -224,6 +232,30 @@ TEST_F(WorkbenchViewTest, ThePopupOfTheListIsAMenuOfItsCommands) {
     }
     EXPECT_TRUE(Settings().ShowGroupByBox);
     menu->close();
+}
+
+TEST_F(WorkbenchViewTest, TheKeyboardSortsByAMenu) {
+    OpenResults();
+    const auto sort = [](QMenu& menu, const QString& title) {
+        menu.clear();
+        Q_EMIT menu.aboutToShow();
+        for (QAction* const action : menu.actions()) {
+            if (action->text() == title) {
+                action->trigger();
+                return;
+            }
+        }
+        ADD_FAILURE() << "no such column";
+    };
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(List().viewport(), &event);
+    auto* const popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(popup, nullptr);
+    sort(*MenuOf(*popup, QStringLiteral("Sort by")), QStringLiteral("Title"));
+    EXPECT_EQ(modQt::Utf8(Rows().first()), "goto used");
+    popup->close();
+    sort(*MenuOf(m_bench->Hotspots(), QStringLiteral("Sort by")), QStringLiteral("Lines"));
+    EXPECT_EQ(Controls().Hotspots.Columns()[3].SortIcon, "SortAscending");
 }
 
 TEST_F(WorkbenchViewTest, SelectedRowsAndTheWholeListAreCopied) {
