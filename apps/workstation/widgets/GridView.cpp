@@ -170,6 +170,7 @@ void GridView::ApplyWidths() {
         header()->resizeSection(section, width);
         left -= width;
     }
+    updateGeometries();  // or Qt shows a bar for the widths of before
 }
 
 void GridView::TakeWidth(int section, int pixels) {

@@ -1,6 +1,7 @@
 #include "workstation/widgets/ListTableView.h"
 
 #include "ListTableModel.h"
+#include "SortHeading.h"
 #include "modFractions.h"
 #include "workstation/controls/ListTableRows.h"
 #include "workstation/controls/TableExport.h"
@@ -38,6 +39,7 @@ public:
 ListTableView::ListTableView(ListTable& list, QWidget* parent)
     : QTreeView(parent), m_list(list), m_model(modQt::Make<ListTableModel>(list)) {
     m_model.setParent(this);
+    setHeader(&modQt::Make<SortHeading>(this));
     setModel(&m_model);
     setItemDelegate(&modQt::Make<RoomyRows>(this));
     setUniformRowHeights(true);
@@ -47,11 +49,8 @@ ListTableView::ListTableView(ListTable& list, QWidget* parent)
     setAllColumnsShowFocus(true);
     setSelectionBehavior(SelectRows);
     setEditTriggers(NoEditTriggers);
-    header()->setStretchLastSection(false);
     header()->setSectionsClickable(true);
-    header()->setHighlightSections(false);
     header()->setMinimumSectionSize(fontMetrics().height());
-    header()->setSectionsMovable(false);
     m_changed = m_list.Changed.Subscribe(
         [this](ListChange change, std::size_t index) { Follow(change, index); });
     QObject::connect(header(), &QHeaderView::sectionClicked, this, [this](int section) {

@@ -1,5 +1,6 @@
 #include "workstation/widgets/modSlices.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QProgressDialog>
 
@@ -10,7 +11,7 @@ namespace dorvik::modSlices {
 namespace {
 
 constexpr int kMillisecondsBetweenInput = 40;
-constexpr int kMillisecondsUntilShown = 400;
+constexpr int kMillisecondsUntilShown = 200;
 
 std::unique_ptr<QProgressDialog> MakeBox(QWidget& parent, const QString& text, std::size_t count) {
     auto box = std::make_unique<QProgressDialog>(
@@ -40,6 +41,9 @@ bool Run(
             box = MakeBox(parent, text, count);
         }
         box->setValue(static_cast<int>(number));
+        if (!box->isVisible()) {  // the window would take input that the box keeps from it
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        }
         if (box->wasCanceled()) {
             return false;
         }
