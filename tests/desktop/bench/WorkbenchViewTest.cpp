@@ -18,6 +18,7 @@
 #include <QSplitterHandle>
 #include <QTest>
 #include <QTimer>
+#include <QUrl>
 
 #include <filesystem>
 
@@ -196,6 +197,45 @@ TEST_F(WorkbenchViewTest, TheBarIsMovedByMouseAndKeyboard) {
     drag(-2000);  // as far as it goes
     EXPECT_GE(Controls().Splitter.Left.Value(), Splitter::kLeast);
     EXPECT_NEAR(List().width(), Controls().Splitter.Left.Value() / 15.0, 2);
+}
+
+TEST_F(WorkbenchViewTest, ANarrowBenchHasItsBoxesInARowOfTheirOwn) {
+    OpenResults();
+    const auto bottomOf = [this](QWidget& widget) {
+        return widget.mapTo(m_bench.get(), widget.rect().bottomLeft()).y();
+    };
+    QAbstractButton& button = Button(QStringLiteral("Hotspots"));
+    EXPECT_LT(Files().mapTo(m_bench.get(), QPoint()).y(), bottomOf(button));
+    m_bench->resize(m_bench->minimumSizeHint().width(), 500);
+    QApplication::processEvents();
+    EXPECT_LT(m_bench->width(), 700);
+    EXPECT_GE(Files().mapTo(m_bench.get(), QPoint()).y(), bottomOf(button));
+    EXPECT_GE(List().mapTo(m_bench.get(), QPoint()).y(), bottomOf(Files()));
+    Keep(*m_bench, QStringLiteral("narrow"));
+    m_bench->resize(1100, 500);
+    QApplication::processEvents();
+    EXPECT_LT(Files().mapTo(m_bench.get(), QPoint()).y(), bottomOf(button));
+}
+
+TEST_F(WorkbenchViewTest, ALinkOfTheDocumentationIsReported) {
+    OpenResults();
+    std::string link;
+    const Subscription heard =
+        m_bench->LinkActivated.Subscribe([&](const std::string& address) { link = address; });
+    Q_EMIT m_bench->Documentation().anchorClicked(QUrl(QStringLiteral("https://example.org/r")));
+    EXPECT_EQ(link, "https://example.org/r");
+}
+
+TEST_F(WorkbenchViewTest, AnotherReviewAndClosedResultsAreShown) {
+    OpenResults();
+    QTest::mouseClick(List().viewport(), Qt::LeftButton, {}, Center(3, 2));
+    Document().Results().CloseResults();
+    EXPECT_TRUE(Rows().isEmpty());
+    EXPECT_TRUE(Page().isEmpty());
+    EXPECT_EQ(Files().count(), 0);
+    Document().Results().PopulateResults(m_criteria, /*afterReview=*/true);
+    EXPECT_EQ(Rows().size(), 8);
+    EXPECT_EQ(List().SelectedKeys(), std::vector<std::int32_t>{1});
 }
 
 TEST_F(WorkbenchViewTest, GoToSourceIsTheButtonADoubleClickAndEnter) {
