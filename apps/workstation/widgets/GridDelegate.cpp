@@ -96,7 +96,6 @@ void GridDelegate::DrawMark(
         const int rim = std::min(side / 6, (cell.rect.height() - side) / 2);
         painter.drawEllipse(mark.adjusted(-rim, -rim, rim, rim));
         painter.restore();
-        mark.adjust(1, 1, -1, -1);
     }
     modPictures::DrawSeverity(painter, mark, m_model.SeverityOf(*key, index.column()));
 }

@@ -150,7 +150,9 @@ void GridView::FillSortMenu(QMenu& menu) {
 int GridView::WidthOf(int section) const {
     const GridColumn& column = m_grid.Column(m_model.ColumnOf(section));
     if (column.Width > 0) {
-        return modFractions::Pixels(column.Width, viewport()->width());
+        return std::max(
+            modFractions::Pixels(column.Width, viewport()->width()),
+            header()->sectionSizeHint(section));  // room for the heading
     }
     const int text = fontMetrics().height();
     if (column.IsCheckBox || m_model.ShowsSeverity(section)) {
