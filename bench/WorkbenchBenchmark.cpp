@@ -35,9 +35,9 @@
 #include <unistd.h>
 #include <vector>
 
-namespace {
+namespace dorvik {
 
-using namespace dorvik;
+namespace {
 
 /// Shows nothing: the bench needs none of its forms here.
 class NoScreen final : public IScreen {
@@ -128,8 +128,9 @@ void MeasureAll(const std::shared_ptr<ReviewCriteria>& criteria) {
     bench.grab();
     Grid& grid = document.Controls().List;
     const double before = ResidentMegabytes();
-    const auto group = [&](std::vector<ViolationColumn> columns) {
+    const auto group = [&](const std::vector<ViolationColumn>& columns) {
         std::vector<GridOrderKey> keys;
+        keys.reserve(columns.size());
         for (const ViolationColumn column : columns) {
             keys.push_back({NumberOf(column)});
         }
@@ -176,9 +177,7 @@ void MeasureAll(const std::shared_ptr<ReviewCriteria>& criteria) {
     std::printf("memory: %.0f MB more than before opening\n", ResidentMegabytes() - before);
 }
 
-}  // namespace
-
-int main(int argumentCount, char** arguments) {
+void Run(int argumentCount, char** arguments) {
     constexpr int kViolations = 300000;
     const int violations = argumentCount > 1 ? std::atoi(arguments[1]) : kViolations;
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -199,5 +198,13 @@ int main(int argumentCount, char** arguments) {
     MeasureAll(OneProject(own + "Test.vbp"));
     modGlobal::DestroyGlobalObjects();
     std::filesystem::remove_all(folder);
+}
+
+}  // namespace
+
+}  // namespace dorvik
+
+int main(int argumentCount, char** arguments) {
+    dorvik::Run(argumentCount, arguments);
     return 0;
 }
