@@ -22,6 +22,18 @@ function(dorvik_library path)
     target_link_libraries(dorvik_${name} PUBLIC ${arg_LINKS} PRIVATE dorvik_compiler ${arg_SYSTEM})
 endfunction()
 
+# A library whose public headers include Qt. QT names components besides Widgets. There is no code made by Qt's own
+# compiler: classes tell each other what happens by `Event`, as everywhere.
+function(dorvik_qt_library path)
+    cmake_parse_arguments(arg "" "" "LINKS;QT" ${ARGN})
+    dorvik_library(${path} LINKS ${arg_LINKS})
+    string(REPLACE "/" "_" name "${path}")
+    list(TRANSFORM arg_QT PREPEND Qt6::)
+    target_link_libraries(dorvik_${name} PUBLIC Qt6::Widgets ${arg_QT})
+    target_compile_definitions(dorvik_${name}
+        PUBLIC QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_ASCII QT_NO_FOREACH)
+endfunction()
+
 # tests/<name> is one test program: dorvik_<name>_tests. Tests also see the headers that are a library's own.
 # CTest starts it once, or once for each of the SHARDS, which then take turns with the tests: a process for each
 # test would cost more than the tests do. `dorvik_<name>_tests --gtest_filter=...` runs some of them.

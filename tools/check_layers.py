@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Checks what the compiler alone would let pass: that the links of the libraries make no circle, that a library shows
 others nothing but its public headers, that no two headers include each other, that nothing but the sources for one
-system knows that system, and that the name of a file says what is in it."""
+system knows that system, nor anything but the desktop program Qt, and that the name of a file says what is in it."""
 import re
 import sys
 
@@ -11,7 +11,9 @@ from source_tree import Closure, Includes, Libraries, ROOT, SOURCE_ROOTS, CODE
 SYSTEM_SOURCES = ROOT / "src/platform/host"
 SYSTEMS = ("linux", "windows")
 # Every other header whose name ends in ".h" belongs to a system, or to C.
-LIBRARY_HEADERS = re.compile(r"(CLI|libxml|libxslt|rapidjson)/|(iconv|pcre2|sqlite3)\.h$")
+LIBRARY_HEADERS = re.compile(r"(CLI|libxml|libxslt|rapidjson)/|(iconv|pcre2|sqlite3)\.h$|Q\w+$|Qsci/")
+QT_HEADER = re.compile(r"Q[A-Zts]\w+$|Qsci/")
+QT_FOLDER = ROOT / "apps/workstation"
 SYSTEM_HEADERS = {"cerrno", "csignal", "ctime", "filesystem", "fstream", "iostream"}
 SYSTEM_WORDS = re.compile(
     r"std::filesystem|\berrno\b|\b(?:fopen|getenv|gmtime|gmtime_r|localtime|localtime_r|popen|system)\(")
@@ -96,6 +98,8 @@ def system_faults(libraries):
         for header in ANGLE_INCLUDE.findall(text):
             if header in SYSTEM_HEADERS or (header.endswith(".h") and not LIBRARY_HEADERS.match(header)):
                 yield f"{path}: <{header}> belongs to the system; src/platform/host offers what is needed of it"
+            if QT_HEADER.match(header) and QT_FOLDER not in path.parents:
+                yield f"{path}: <{header}> is of Qt, which only apps/workstation knows"
         for word in sorted(set(SYSTEM_WORDS.findall(text))):
             yield f"{path}: '{word}' is of the system; src/platform/host offers what is needed of it"
 
@@ -104,7 +108,7 @@ def homeless(libraries):
     known = {p for library in libraries.values() for p in library.Files}
     for root in SOURCE_ROOTS:
         for path in sorted((ROOT / root).rglob("*")):
-            is_program = path.parent in (ROOT / "apps/cli",)
+            is_program = path.parent in (ROOT / "apps/cli", ROOT / "apps/workstation")
             if path.suffix in CODE and path not in known and not is_program:
                 yield f"{path}: belongs to no library"
 

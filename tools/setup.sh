@@ -6,8 +6,11 @@ readonly kBuildPackages=(
     g++ cmake ninja-build pkg-config
     libsqlite3-dev libpcre2-dev libxml2-dev libxslt1-dev rapidjson-dev libcli11-dev
 )
+# What the desktop program needs on top.
+readonly kDesktopPackages=(qt6-base-dev libqscintilla2-qt6-dev)
 # What the tests need on top.
 readonly kTestPackages=(
+    xvfb openbox
     libgtest-dev libgmock-dev ccache mold python3
     clang-format-14 clang-tidy-14 universal-ctags
     chromium chromium-driver python3-selenium
@@ -52,6 +55,14 @@ require_packages() {
     tail -n 20 "$log" >&2
     printf 'The packages could not be installed: %s\n' "$*" >&2
     exit 2
+}
+
+# Makes the desktop program part of the preset "release"; needs the packages for it.
+configure_desktop() {
+    require_packages "${kDesktopPackages[@]}"
+    if ! grep -qs '^DORVIK_DESKTOP:BOOL=ON$' build/release/CMakeCache.txt; then
+        cmake --preset release -D DORVIK_DESKTOP=ON >/dev/null
+    fi
 }
 
 # build PRESET TARGET...: configures the preset when that has not been done, and builds the targets.

@@ -7,7 +7,7 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 SOURCE_ROOTS = ("src", "apps")
 CODE = (".h", ".cpp", ".def")
 INCLUDE = re.compile(r'^\s*#\s*include "([^"]+)"', re.MULTILINE)
-LIBRARY = re.compile(r"dorvik_library\((\S+)(?:\s+LINKS\s+([\w ]+?))?(?:\s+SYSTEM\s+[\w: ]+)?\)")
+LIBRARY = re.compile(r"dorvik_(?:qt_)?library\((\S+)(?:\s+LINKS\s+([\w ]+?))?(?:\s+(?:SYSTEM|QT)\s+[\w: ]+)?\)")
 
 
 class Library:

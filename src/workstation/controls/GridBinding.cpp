@@ -38,10 +38,13 @@ GridRanks GridBinding::Ranks(const GridColumn& column, const GridValueList& list
         return {};
     }
     GridRanking ranking(column.Ordering, list, m_keys.size());
+    std::size_t next = 0;  // most record sources give their records in the order of their keys
     m_records->VisitField(
         m_recordSource, column.Field, [&](std::int32_t key, const Variant& value) {
-            if (const std::optional<std::size_t> position = PositionOf(key)) {
+            const bool isNext = next < m_keys.size() && m_keys[next] == key;
+            if (const auto position = isNext ? std::optional(next) : PositionOf(key)) {
                 ranking.Add(*position, value);
+                next = *position + 1;
             }
         });
     ranking.ForEachMissing([&](std::size_t position) {
