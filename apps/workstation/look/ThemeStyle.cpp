@@ -16,7 +16,7 @@ constexpr double kBoxOfLine = 0.75;  // of the height of a line
 /// Fusion's own edges cannot be told from a dark window.
 QPalette WithEdges(const QPalette& palette) {
     QPalette edged(palette);
-    const QColor edge = palette.color(QPalette::Disabled, QPalette::WindowText);
+    const QColor edge = palette.color(QPalette::Active, QPalette::PlaceholderText);
     edged.setColor(QPalette::Window, edge.lighter(kEdgeDarkening));
     return edged;
 }

@@ -3,15 +3,16 @@
 #include "ModalActions.h"
 #include "WindowChecks.h"
 
-#include <QLabel>
+#include <QImage>
 #include <QMessageBox>
 #include <QTest>
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <vector>
+
 namespace dorvik::test {
 namespace {
-
-using testing::ElementsAre;
 
 struct BoxButton {
     QMessageBox::StandardButton Button;
@@ -91,21 +92,35 @@ TEST_F(QtMessageBoxTest, TheTextIsShownAsItIsAndCanBeSelected) {
     });
 }
 
-TEST_F(QtMessageBoxTest, EachIconIsThatOfItsKind) {
-    const std::vector<std::pair<MessageIcon, QMessageBox::Icon>> icons = {
-        {MessageIcon::None, QMessageBox::NoIcon},
-        {MessageIcon::Critical, QMessageBox::Critical},
-        {MessageIcon::Question, QMessageBox::Question},
-        {MessageIcon::Exclamation, QMessageBox::Warning},
-        {MessageIcon::Information, QMessageBox::Information}};
-    for (const auto& [icon, shown] : icons) {
-        m_user.Add([expected = shown](QWidget& window) {
-            EXPECT_EQ(dynamic_cast<QMessageBox&>(window).icon(), expected);
+TEST_F(QtMessageBoxTest, EachKindHasAPictureOfItsOwn) {
+    const std::vector<std::pair<MessageIcon, std::string>> icons = {
+        {MessageIcon::Critical, "Error"},
+        {MessageIcon::Question, "Question"},
+        {MessageIcon::Exclamation, "Warning"},
+        {MessageIcon::Information, "Information"}};
+    std::vector<QImage> pictures;
+    for (const auto& [icon, spoken] : icons) {
+        m_user.Add([&pictures, name = spoken](QWidget& window) {
+            const auto& box = dynamic_cast<QMessageBox&>(window);
+            EXPECT_EQ(box.accessibleDescription().toStdString(), name);
+            const QImage picture = box.iconPixmap().toImage();
+            EXPECT_FALSE(picture.isNull());
+            EXPECT_EQ(std::count(pictures.begin(), pictures.end(), picture), 0);
+            pictures.push_back(picture);
+            SavePicture(window, "message" + name);
             window.close();
         });
-        m_box.Show({icon, "Title", "Text", MessageButtons::Ok});
+        m_box.Show({icon, "Dorvik Workstation", "The text of the message.", MessageButtons::YesNo});
     }
-    EXPECT_TRUE(m_user.AllDone());
+    EXPECT_EQ(pictures.size(), icons.size());
+}
+
+TEST_F(QtMessageBoxTest, AMessageWithoutAnIconHasNoPicture) {
+    m_user.Add([](QWidget& window) {
+        EXPECT_TRUE(dynamic_cast<QMessageBox&>(window).iconPixmap().isNull());
+        window.close();
+    });
+    m_box.Show({MessageIcon::None, "Title", "Text", MessageButtons::Ok});
 }
 
 TEST_F(QtMessageBoxTest, AnOwnerThatGoesTakesTheBoxWithIt) {
