@@ -27,9 +27,9 @@ QLabel& AddLink(
     std::string_view caption,
     const std::string& address,
     const std::function<void(const std::string&)>& open) {
-    QLabel& link = Make<QLabel>(
-        Text("<a href=\"" + modQt::Utf8(Text(address).toHtmlEscaped()) + "\">" +
-             std::string(caption) + "</a>"));
+    QLabel& link = Make<QLabel>(Text(
+        "<a href=\"" + modQt::Utf8(Text(address).toHtmlEscaped()) + "\">" + std::string(caption) +
+        "</a>"));
     modControls::Name(link, name, caption);
     link.setToolTip(Text(address));
     link.setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
@@ -50,8 +50,7 @@ AboutWindow::AboutWindow(
     QGridLayout& grid = Make<QGridLayout>(this);
     QLabel& picture = Make<QLabel>();
     const int size = fontMetrics().lineSpacing() * kLinesOfThePicture;
-    picture.setPixmap(
-        modPictures::Icon("Dorvik").pixmap(QSize(size, size), devicePixelRatioF()));
+    picture.setPixmap(modPictures::Icon("Dorvik").pixmap(QSize(size, size), devicePixelRatioF()));
     QLabel& name = Make<QLabel>(Text(form.ProductName()));
     name.setObjectName(Text("lblProductName"));
     QFont large = name.font();

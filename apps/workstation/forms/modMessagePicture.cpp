@@ -11,8 +11,8 @@ namespace dorvik::modMessagePicture {
 namespace {
 
 constexpr int kLines = 3;
-constexpr double kLetter = 0.55;      // of the picture
-constexpr double kTriangleDrop = 0.1;  // by which a letter stands lower in a triangle
+constexpr double kLetter = 0.55;       // of the picture
+constexpr double kTriangleDrop = 0.1;  // by which a letter is lower in a triangle
 
 struct Row {
     MessageIcon Icon;

@@ -10,10 +10,11 @@ namespace dorvik {
 
 namespace {
 
-constexpr int kEdgeDarkening = 140;  // per cent: Fusion's edges are that much darker than the window
+constexpr int kEdgeDarkening =
+    140;  // per cent: Fusion's edges are that much darker than the window
 constexpr double kBoxOfLine = 0.75;  // of the height of a line
 
-/// Fusion's own edges cannot be told from a dark window.
+/// Fusion's own edges are hardly seen on a dark window.
 QPalette WithEdges(const QPalette& palette) {
     QPalette edged(palette);
     const QColor edge = palette.color(QPalette::Active, QPalette::PlaceholderText);
@@ -68,10 +69,9 @@ void ThemeStyle::drawPrimitive(
     const auto draw = [&](const QStyleOption* drawn) {
         QProxyStyle::drawPrimitive(element, drawn, painter, widget);
     };
-    const bool isDrawn =
-        HasEdge(element) &&
-        (DrawnAs<QStyleOptionViewItem>(option, draw) || DrawnAs<QStyleOptionButton>(option, draw) ||
-         DrawnAs<QStyleOptionFrame>(option, draw));
+    const bool isDrawn = HasEdge(element) && (DrawnAs<QStyleOptionViewItem>(option, draw) ||
+                                              DrawnAs<QStyleOptionButton>(option, draw) ||
+                                              DrawnAs<QStyleOptionFrame>(option, draw));
     if (!isDrawn) {
         draw(option);
     }
@@ -102,10 +102,7 @@ int ThemeStyle::pixelMetric(
 }
 
 QSize ThemeStyle::sizeFromContents(
-    ContentsType type,
-    const QStyleOption* option,
-    const QSize& size,
-    const QWidget* widget) const {
+    ContentsType type, const QStyleOption* option, const QSize& size, const QWidget* widget) const {
     QSize whole = QProxyStyle::sizeFromContents(type, option, size, widget);
     const auto* const button = qstyleoption_cast<const QStyleOptionButton*>(option);
     if (type == CT_PushButton && button != nullptr && !button->text.isEmpty()) {

@@ -15,8 +15,8 @@ namespace {
 class ListTableRows final : public QAbstractTableModel {
 public:
     ListTableRows(ListTable& table, QObject* parent) : QAbstractTableModel(parent), m_table(table) {
-        m_onChanged = table.Changed.Subscribe(
-            [this](ListChange change, std::size_t) { Follow(change); });
+        m_onChanged =
+            table.Changed.Subscribe([this](ListChange change, std::size_t) { Follow(change); });
     }
 
     int rowCount(const QModelIndex& parent) const override {
@@ -83,7 +83,8 @@ private:
 
 }  // namespace
 
-ListTableView::ListTableView(ListTable& table, QWidget* parent) : QTreeView(parent), m_table(table) {
+ListTableView::ListTableView(ListTable& table, QWidget* parent)
+    : QTreeView(parent), m_table(table) {
     setModel(&modQt::Make<ListTableRows>(table, this));
     setRootIsDecorated(false);
     setAllColumnsShowFocus(true);
@@ -96,8 +97,7 @@ ListTableView::ListTableView(ListTable& table, QWidget* parent) : QTreeView(pare
     connect(header(), &QHeaderView::sectionResized, this, [this](int column, int, int width) {
         if (!m_isFollowing && viewport()->width() > 0) {
             const QScopedValueRollback following(m_isFollowing, true);
-            m_table.SetWidth(
-                static_cast<std::size_t>(column), double(width) / viewport()->width());
+            m_table.SetWidth(static_cast<std::size_t>(column), double(width) / viewport()->width());
         }
     });
     connect(

@@ -24,8 +24,8 @@ protected:
     MessageAnswer
     Answer(MessageButtons buttons, const std::function<void(QMessageBox& box)>& action) {
         m_user.Add([action](QWidget& window) { action(dynamic_cast<QMessageBox&>(window)); });
-        const MessageAnswer answer =
-            m_box.Show({MessageIcon::Exclamation, "Dorvik Workstation", "Text & <b>text</b>", buttons});
+        const MessageAnswer answer = m_box.Show(
+            {MessageIcon::Exclamation, "Dorvik Workstation", "Text & <b>text</b>", buttons});
         EXPECT_TRUE(m_user.AllDone());
         return answer;
     }
@@ -40,7 +40,9 @@ protected:
                     }),
                 row.Answer);
         }
-        const auto escape = [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); };
+        const auto escape = [](QMessageBox& box) {
+            QTest::keyClick(&box, Qt::Key_Escape);
+        };
         EXPECT_EQ(Answer(buttons, escape), Refusal(buttons));
         EXPECT_EQ(Answer(buttons, [](QMessageBox& box) { box.close(); }), Refusal(buttons));
     }
@@ -74,7 +76,9 @@ TEST_F(QtMessageBoxTest, YesNoCancelHasThreeAnswers) {
 }
 
 TEST_F(QtMessageBoxTest, EnterPressesTheFirstButton) {
-    const auto enter = [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); };
+    const auto enter = [](QMessageBox& box) {
+        QTest::keyClick(&box, Qt::Key_Return);
+    };
     EXPECT_EQ(Answer(MessageButtons::YesNoCancel, enter), MessageAnswer::Yes);
     EXPECT_EQ(Answer(MessageButtons::OkCancel, enter), MessageAnswer::Ok);
 }

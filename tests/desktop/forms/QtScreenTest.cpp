@@ -114,8 +114,8 @@ TEST_F(QtScreenTest, AboutIsUsableAtEachFontSize) {
             form, nullptr, [&](const std::string& address) { opened.push_back(address); });
         onPage(window);
         SavePicture(window, "about");
-        Q_EMIT Find<QLabel>(window, "lnkHomePage").linkActivated(
-            QString::fromStdString(form.HomePageURL()));
+        Q_EMIT Find<QLabel>(window, "lnkHomePage")
+            .linkActivated(QString::fromStdString(form.HomePageURL()));
     });
     EXPECT_THAT(opened, testing::ElementsAre(frmAbout().HomePageURL(), frmAbout().HomePageURL()));
 }
@@ -166,8 +166,7 @@ TEST_F(QtScreenTest, AFilterIsWrittenAsTheDialogHasIt) {
     EXPECT_EQ(
         modFileChoice::FilterOf("Type Libraries (*.tlb, *.olb)|*.tlb;*.olb").toStdString(),
         "Type Libraries (*.tlb *.olb)");
-    EXPECT_EQ(
-        modFileChoice::FilterOf("All Files (*.*)|*.*").toStdString(), "All Files (*)");
+    EXPECT_EQ(modFileChoice::FilterOf("All Files (*.*)|*.*").toStdString(), "All Files (*)");
 }
 
 TEST(PathTexts, GoBothWays) {
