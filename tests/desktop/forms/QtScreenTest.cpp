@@ -7,6 +7,7 @@
 #include "workstation/dialogs/frmAbout.h"
 #include "workstation/dialogs/frmOptions.h"
 #include "workstation/forms/AboutWindow.h"
+#include "workstation/forms/QtMessageBox.h"
 #include "workstation/forms/modFileChoice.h"
 #include "workstation/forms/modPathText.h"
 
@@ -14,6 +15,8 @@
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 #include <QTextBrowser>
@@ -31,7 +34,7 @@ protected:
         m_user.Add([path, title](QWidget& window) {
             auto& dialog = dynamic_cast<QFileDialog&>(window);
             EXPECT_EQ(dialog.windowTitle().toStdString(), title);
-            dialog.selectFile(QString::fromStdString(path));
+            Find<QLineEdit>(dialog, "fileNameEdit").setText(QString::fromStdString(path));
             static_cast<QDialog&>(dialog).accept();
         });
     }
@@ -92,6 +95,28 @@ TEST_F(QtScreenTest, AnOwnerThatGoesEndsTheDialogsInFrontOfIt) {
     });
     m_desktop.ShowModal(form);
     EXPECT_TRUE(form.IsClosed());
+}
+
+TEST_F(QtScreenTest, AMessageIsInFrontOfTheDialogThatItIsAbout) {
+    QtMessageBox messages;
+    const ScopedInstall<IMessageBox> installed(messages);
+    frmReviewOptions form(m_desktop);
+    form.ReviewOptions(m_criteria);
+    m_user.Add([&](QWidget& window) {
+        m_user.Add([&](QWidget& box) {
+            EXPECT_EQ(box.parentWidget(), &window);
+            EXPECT_EQ(
+                dynamic_cast<QMessageBox&>(box).text().toStdString(),
+                "Please select a rulebase for the review.");
+            QTest::keyClick(&box, Qt::Key_Escape);
+        });
+        Press(window, QDialogButtonBox::Ok);
+        EXPECT_FALSE(form.IsClosed());
+        window.close();
+    });
+    m_desktop.ShowModal(form);
+    EXPECT_TRUE(m_user.AllDone());
+    EXPECT_TRUE(form.Cancelled());
 }
 
 TEST_F(QtScreenTest, AboutShowsTheProductAndItsLinks) {
