@@ -9,8 +9,6 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include <utility>
-
 namespace dorvik {
 
 using modQt::Make;
@@ -53,7 +51,7 @@ void AddPicture(QGridLayout& grid) {
 }  // namespace
 
 AboutWindow::AboutWindow(
-    frmAbout& form, QWidget* parent, std::function<void(const std::string&)> open)
+    frmAbout& form, QWidget* parent, const std::function<void(const std::string&)>& open)
     : FormWindow(parent, [&form] { form.Ok(); }) {
     setWindowTitle(Text(form.Caption()));
     QGridLayout& grid = Make<QGridLayout>(this);

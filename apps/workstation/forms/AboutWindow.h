@@ -11,7 +11,8 @@ namespace dorvik {
 class AboutWindow final : public FormWindow {
 public:
     /// Addresses that the user clicks on go to `open`.
-    AboutWindow(frmAbout& form, QWidget* parent, std::function<void(const std::string&)> open);
+    AboutWindow(
+        frmAbout& form, QWidget* parent, const std::function<void(const std::string&)>& open);
 };
 
 }  // namespace dorvik

@@ -1,12 +1,11 @@
 #include "workstation/look/modTheme.h"
 
 #include "ThemeStyle.h"
+#include "workstation/look/modQt.h"
 
 #include <QApplication>
 #include <QPalette>
 #include <QToolTip>
-
-#include <memory>
 
 namespace dorvik::modTheme {
 
@@ -209,7 +208,7 @@ void Apply(ThemeName theme) {
     const Theme chosen = ThemeOf(theme);
     Applied().Name = theme;
     Applied().Colours = chosen.Colours;
-    QApplication::setStyle(std::make_unique<ThemeStyle>().release());
+    QApplication::setStyle(&modQt::Make<ThemeStyle>());
     QApplication::setPalette(PaletteOf(chosen));
     QToolTip::setPalette(QApplication::palette());
     Applied().Changed.Raise();
