@@ -56,7 +56,7 @@ private:
     static QVariant TextData(const CheckItem& item, int role) {
         switch (role) {
             case Qt::DisplayRole: return modQt::Text(item.Text);
-            case Qt::ToolTipRole: return modQt::Text(item.Description);
+            case Qt::ToolTipRole:
             case Qt::AccessibleDescriptionRole: return modQt::Text(item.Description);
             case Qt::CheckStateRole: return item.Checked ? Qt::Checked : Qt::Unchecked;
             case Qt::DecorationRole: return modPictures::Icon(item.Image);
