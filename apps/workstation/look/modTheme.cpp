@@ -1,10 +1,10 @@
 #include "workstation/look/modTheme.h"
 
+#include "ThemeStyle.h"
+#include "workstation/look/modQt.h"
+
 #include <QApplication>
 #include <QPalette>
-#include <QStyle>
-#include <QStyleFactory>
-#include <QStyleHints>
 #include <QToolTip>
 
 namespace dorvik::modTheme {
@@ -187,6 +187,7 @@ QPalette PaletteOf(const Theme& theme) {
          {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         palette.setColor(QPalette::Disabled, role, QColor(roles.Disabled));
     }
+    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(roles.Window));
     return palette;
 }
 
@@ -207,7 +208,7 @@ void Apply(ThemeName theme) {
     const Theme chosen = ThemeOf(theme);
     Applied().Name = theme;
     Applied().Colours = chosen.Colours;
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(&modQt::Make<ThemeStyle>());
     QApplication::setPalette(PaletteOf(chosen));
     QToolTip::setPalette(QApplication::palette());
     Applied().Changed.Raise();

@@ -46,7 +46,6 @@ struct ResultsView::Parts {
     void CloseSummary() {
         if (Summary != nullptr) {
             SummaryClosed.End();
-            Screen.Hide(*Summary);
             Summary.reset();
         }
     }
