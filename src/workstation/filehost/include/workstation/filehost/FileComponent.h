@@ -53,11 +53,18 @@ public:
     /// Without an event; see `FileHost::RenameComponent`. Raises as `CodeModule` and `CodeFile::Rename`.
     void SetName(std::string_view name);
 
+    /// Reads the file anew, in place of all that was not saved but the name. Raises as `CodeModule`. The designer stays as it
+    /// was read first.
+    void Reload();
+
     Event<> DirtyChanged;
+    /// Its file was read first: `CodeModule` has the module from now on.
+    Event<FileCodeModule&> Loaded;
 
 private:
     class RecordedWindow;
 
+    CodeFile Read() const;
     bool HasDesigner() const;
 
     ComponentFacts m_facts;
