@@ -97,6 +97,17 @@ void FileComponent::SetName(std::string_view name) {
     m_facts.Name = name;
 }
 
+DiskState FileComponent::FollowDisk() {
+    if (m_module == nullptr || !m_module->File().HasChangedOnDisk()) {
+        return DiskState::Same;
+    }
+    if (m_module->IsDirty()) {
+        return DiskState::Conflict;
+    }
+    Reload();
+    return DiskState::Reloaded;
+}
+
 bool FileComponent::IsReadOnly() const {
     const HostPath path = modHostPath::FromProgram(m_facts.FileName);
     return modHostFolder::KindOf(path) == FileKind::File &&

@@ -599,4 +599,19 @@ TEST(FileCodeModule, FileOnDiskIsOverwrittenOnceThatIsAccepted) {
     EXPECT_EQ(member.Bytes(), Dos("Attribute VB_Name = \"m\"\nmine\nDim b\nDim c\n"));
 }
 
+TEST(FileCodeModule, ChangeOnDiskIsTakenUnlessSomethingWouldBeLost) {
+    OpenedMember member(kThree);
+    FileComponent& component = member.Host.Project(1).Component(1);
+    EXPECT_EQ(component.FollowDisk(), DiskState::Same) << "nothing was read yet";
+    FileCodeModule& module = member.Module();
+    EXPECT_EQ(component.FollowDisk(), DiskState::Same);
+    member.Folder.Write(member.Name, "Attribute VB_Name = \"m\"\r\nDim theirs\r\n");
+    EXPECT_EQ(component.FollowDisk(), DiskState::Reloaded);
+    EXPECT_EQ(module.Lines(1, 9), "Dim theirs");
+    module.ReplaceLine(1, "Dim mine");
+    member.Folder.Write(member.Name, "Attribute VB_Name = \"m\"\r\nDim other\r\n");
+    EXPECT_EQ(component.FollowDisk(), DiskState::Conflict);
+    EXPECT_EQ(module.Lines(1, 9), "Dim mine");
+}
+
 }  // namespace dorvik
