@@ -422,7 +422,9 @@ void DrawProgress(QPainter& painter, const DrawnControl& drawn) {
 }
 
 void DrawSlider(QPainter& painter, const DrawnControl& drawn) {
-    Fill(painter, drawn, kFace);
+    if (PropertiesOf(drawn).Find("BackColor") != nullptr) {
+        Fill(painter, drawn, kFace);
+    }
     const QRectF& all = drawn.Bounds;
     const bool isAcross = all.width() >= all.height();
     const double thickness = 4 * Unit(drawn);
