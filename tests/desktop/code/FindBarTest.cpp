@@ -77,6 +77,12 @@ TEST(FindBar, FindsWhileItIsTyped) {
     EXPECT_FALSE(pane.Box("Find").isVisible());
 }
 
+TEST(FindBar, OpensWhereThereIsNothingToLookFor) {
+    FindingPane pane;
+    pane.Key(Qt::Key_F3);
+    EXPECT_TRUE(pane.Box("Find").hasFocus());
+}
+
 TEST(FindBar, OptionsNarrowIt) {
     FindingPane pane;
     pane.Editor().Select({3, 1, 3, 4});
