@@ -244,6 +244,8 @@ TEST(CodePaneView, LinesBecomeCommentsByKeys) {
     EXPECT_EQ(pane.Module().Texts()[3], "'    x = 1");
     EXPECT_EQ(pane.Module().Texts()[4], "'    y = 2 + _");
     EXPECT_EQ(pane.Module().Texts()[5], "        3") << "nothing of it is selected";
+    QCoreApplication::processEvents();
+    EXPECT_EQ(pane.Editor().Range(), (CodeRange{4, 1, 6, 1})) << "the lines stay selected";
     pane.Key(Qt::Key_M, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(pane.Shown(), kShown);
 }

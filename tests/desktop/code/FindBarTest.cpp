@@ -109,6 +109,7 @@ TEST(FindBar, ReplacesOneByOne) {
     pane.Enter("Replace with", "111");
     pane.Press("R&eplace");
     EXPECT_EQ(pane.Module().Texts()[3], "    x = 111");
+    QCoreApplication::processEvents();
     EXPECT_EQ(pane.Editor().Range(), (CodeRange{10, 9, 10, 10})) << "the next one is shown";
     pane.Press("R&eplace");
     EXPECT_EQ(pane.Module().Texts()[9], "    x = 111");
