@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QTabBar>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -305,8 +306,7 @@ bool CodeTabs::RunKey(QEvent& event) {
     if (event.type() == QEvent::KeyPress) {
         if (isClose) {
             // The key is still on its way through the view that goes.
-            QMetaObject::invokeMethod(
-                this, [this] { CloseTab(currentIndex()); }, Qt::QueuedConnection);
+            QTimer::singleShot(0, this, [this] { CloseTab(currentIndex()); });
         } else {
             Step(isNext ? 1 : -1);
         }
