@@ -8,7 +8,6 @@
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QTabBar>
-#include <QTimer>
 
 #include <algorithm>
 
@@ -32,6 +31,8 @@ CodeTabs::CodeTabs(FileHost& host, QWidget* parent) : QTabWidget(parent), m_host
     setUsesScrollButtons(true);
     setElideMode(Qt::ElideNone);
     tabBar()->installEventFilter(this);
+    m_closing.setSingleShot(true);
+    connect(&m_closing, &QTimer::timeout, this, [this] { CloseTab(currentIndex()); });
     connect(this, &QTabWidget::tabCloseRequested, this, [this](int index) { CloseTab(index); });
     connect(this, &QTabWidget::currentChanged, this, [this] { CurrentChanged.Raise(); });
     const auto keep = [this](Subscription subscription) {
@@ -306,7 +307,7 @@ bool CodeTabs::RunKey(QEvent& event) {
     if (event.type() == QEvent::KeyPress) {
         if (isClose) {
             // The key is still on its way through the view that goes.
-            QTimer::singleShot(0, this, [this] { CloseTab(currentIndex()); });
+            m_closing.start();
         } else {
             Step(isNext ? 1 : -1);
         }

@@ -6,7 +6,6 @@
 #include "base/modUtf8.h"
 
 #include <QScopedValueRollback>
-#include <QTimer>
 
 #include <algorithm>
 
@@ -31,6 +30,8 @@ bool IsContinuationByte(char byte) {
 
 ModuleText::ModuleText(CodeEditor& editor, FileCodeModule& module)
     : m_editor(editor), m_module(module) {
+    m_showing.setSingleShot(true);
+    QObject::connect(&m_showing, &QTimer::timeout, &m_showing, [this] { ShowAll(); });
     ShowAll();
     m_changes = module.Changed.Subscribe([this](const LinesChange& change) { Follow(change); });
     m_begins = editor.InputBegins.Subscribe([this] {
@@ -45,7 +46,7 @@ ModuleText::ModuleText(CodeEditor& editor, FileCodeModule& module)
     QObject::connect(
         &editor,
         &QsciScintillaBase::SCN_MODIFIED,
-        &m_context,
+        &m_showing,
         [this](int position, int type, const char*, int length, int added) {
             constexpr int kEdits =
                 QsciScintillaBase::SC_MOD_INSERTTEXT | QsciScintillaBase::SC_MOD_DELETETEXT;
@@ -196,7 +197,7 @@ void ModuleText::ShowAll() {
 }
 
 void ModuleText::ShowAllLater() {
-    QTimer::singleShot(0, &m_context, [this] { ShowAll(); });
+    m_showing.start();
 }
 
 void ModuleText::Undo() {

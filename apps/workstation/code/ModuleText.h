@@ -3,7 +3,7 @@
 #include "workstation/controls/Event.h"
 #include "workstation/filehost/FileCodeModule.h"
 
-#include <QObject>
+#include <QTimer>
 
 #include <optional>
 
@@ -49,7 +49,7 @@ private:
 
     CodeEditor& m_editor;
     FileCodeModule& m_module;
-    QObject m_context;  // of what is done later
+    QTimer m_showing;
     Subscription m_changes;
     Subscription m_begins;
     Subscription m_ends;

@@ -5,7 +5,6 @@
 #include "workstation/filehost/FileCodeModule.h"
 
 #include <QScopedValueRollback>
-#include <QTimer>
 
 #include <utility>
 
@@ -13,6 +12,8 @@ namespace dorvik {
 
 PaneFollower::PaneFollower(CodeEditor& editor, FileCodeModule& module, ModuleText& text)
     : m_editor(editor), m_pane(module.CodePane()), m_text(text) {
+    m_showing.setSingleShot(true);
+    QObject::connect(&m_showing, &QTimer::timeout, &m_showing, [this] { Show(); });
     m_top = m_pane.TopLineChanged.Subscribe([this](std::int32_t) {
         m_hasTop = true;
         ShowLater();
@@ -33,7 +34,7 @@ PaneFollower::PaneFollower(CodeEditor& editor, FileCodeModule& module, ModuleTex
         m_hasSelection = false;
         Take();
     });
-    QObject::connect(&editor, &QsciScintillaBase::SCN_UPDATEUI, &m_context, [this](int) {
+    QObject::connect(&editor, &QsciScintillaBase::SCN_UPDATEUI, &m_showing, [this](int) {
         if (!m_hasTop && !m_hasSelection) {
             Take();
         }
@@ -42,7 +43,7 @@ PaneFollower::PaneFollower(CodeEditor& editor, FileCodeModule& module, ModuleTex
 }
 
 void PaneFollower::ShowLater() {
-    QTimer::singleShot(0, &m_context, [this] { Show(); });
+    m_showing.start();
 }
 
 void PaneFollower::Show() {

@@ -2,7 +2,7 @@
 
 #include "workstation/controls/Event.h"
 
-#include <QObject>
+#include <QTimer>
 
 namespace dorvik {
 
@@ -30,7 +30,7 @@ private:
     CodeEditor& m_editor;
     FileCodePane& m_pane;
     ModuleText& m_text;
-    QObject m_context;
+    QTimer m_showing;
     Subscription m_top;
     Subscription m_selection;
     Subscription m_changes;

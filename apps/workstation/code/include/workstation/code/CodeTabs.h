@@ -6,6 +6,7 @@
 #include "workstation/filehost/FileHost.h"
 
 #include <QTabWidget>
+#include <QTimer>
 
 #include <cstdint>
 #include <memory>
@@ -70,6 +71,7 @@ private:
     FileHost& m_host;
     std::vector<std::unique_ptr<Member>> m_members;
     std::vector<Subscription> m_kept;
+    QTimer m_closing;  // of the tab in front
     int m_zoom = 0;
 };
 
