@@ -19,7 +19,8 @@ constexpr int kLeast = 5;
 constexpr std::int32_t kLongestStatement = 100;  // lines
 
 unsigned long IndicatorOf(std::int32_t severity) {
-    return static_cast<unsigned long>(Base::INDIC_CONTAINER + std::clamp(severity, kWorst, kLeast));
+    const int indicator = Base::INDIC_CONTAINER + std::clamp(severity, kWorst, kLeast);
+    return static_cast<unsigned long>(indicator);
 }
 
 }  // namespace
@@ -81,11 +82,11 @@ void MarkLayer::UnderlineShown() {
 }
 
 std::int32_t MarkLayer::StatementEnd(std::int32_t line) const {
-    using namespace modLineTokens;
+    using modLineTokens::LineStart;
     std::int32_t end = line;
     auto state = LineStart::Statement;
     while (end <= m_editor.LineCount() && end < line + kLongestStatement) {
-        state = Tokenise(m_editor.LineText(end), state).Next;
+        state = modLineTokens::Tokenise(m_editor.LineText(end), state).Next;
         if (state == LineStart::Statement) {
             break;
         }
