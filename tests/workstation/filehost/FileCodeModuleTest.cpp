@@ -4,6 +4,7 @@
 #include "support/RecordingMessageBox.h"
 #include "workstation/filehost/FileHost.h"
 #include "workstation/filehost/HostFolder.h"
+#include "workstation/filehost/OpenedMember.h"
 
 #include <gtest/gtest.h>
 
@@ -16,35 +17,9 @@ namespace {
 
 using test::Dos;
 using test::HostFolder;
+using test::OpenedMember;
 using test::TemporaryFolder;
 using Texts = std::vector<std::string>;
-
-/// A project of one member, opened.
-class OpenedMember {
-public:
-    explicit OpenedMember(
-        const std::string& bytes,
-        int codePage = modEncoding::kDefaultCodePage,
-        const std::string& line = "Module=m; m.bas")
-        : Host(codePage) {
-        const std::string file = line.substr(line.find_first_of("=;") + 1);
-        Name = line.find(';') == std::string::npos ? file : line.substr(line.find(';') + 2);
-        Folder.Write(Name, bytes);
-        Host.Open(Folder.Write("P.vbp", line + "\r\nName=\"P\"\r\n"));
-    }
-
-    FileCodeModule& Module() { return Host.Project(1).Component(1).CodeModule(); }
-    std::string Bytes() const { return Folder.Read(Name); }
-    std::string SaveMessage() {
-        Host.Project(1).Save();
-        return Box.Messages.empty() ? std::string() : Box.Messages.back().Text;
-    }
-
-    TemporaryFolder Folder;
-    test::RecordingMessageBox Box;
-    FileHost Host;
-    std::string Name;
-};
 
 template <typename Action>
 std::int32_t NumberOf(Action action) {
