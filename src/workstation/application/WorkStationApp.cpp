@@ -35,10 +35,12 @@ Show(MessageIcon icon, std::string text, MessageButtons buttons = MessageButtons
     return modHost::ShowMessage({icon, std::string(kTitle), std::move(text), buttons});
 }
 
-TypeLibraryPlaces TypeLibrariesOfThisMachine() {
+TypeLibraryPlaces TypeLibrariesOfThisMachine(std::vector<std::string> folders) {
     const DorvikData& data = modGlobal::Data();
+    const std::vector<std::string>& set = modGlobal::WorkData().TypeLibraryFolders;
+    folders.insert(folders.end(), set.begin(), set.end());
     return {
-        .Folders = modGlobal::WorkData().TypeLibraryFolders,
+        .Folders = std::move(folders),
         .CatalogueFolders = {data.TypeCataloguePath(), data.UserTypeCataloguePath()},
         .IndexFile = data.TypeLibraryIndexFile()};
 }
@@ -208,7 +210,33 @@ bool WorkStationApp::ChooseReviewOptions() {
     frmReviewOptions form(m_screen);
     form.ReviewOptions(m_criteria);
     m_screen.ShowModal(form);
+    m_optionsWereChosen = m_optionsWereChosen || !form.Cancelled();
     return !form.Cancelled();
+}
+
+/// As if the user had left the dialog as it was.
+bool WorkStationApp::TakeLastReviewOptions() {
+    if (!m_optionsWereChosen) {
+        return ChooseReviewOptions();
+    }
+    frmReviewOptions form(m_screen);
+    form.ReviewOptions(m_criteria);
+    if (form.Ok()) {
+        return true;
+    }
+    m_screen.ShowModal(form);
+    return !form.Cancelled();
+}
+
+void WorkStationApp::ReviewAgain() {
+    Trap({kModule, "ReviewAgain"}, [&] {
+        if (m_backgroundReviewActive || !PromptToSaveProjectsBeforeReview() ||
+            !TakeLastReviewOptions()) {
+            return;
+        }
+        ExecuteReview();
+        m_IDE->RefreshMenus(m_backgroundReviewActive);
+    });
 }
 
 void WorkStationApp::ExecuteReview() {
@@ -217,13 +245,15 @@ void WorkStationApp::ExecuteReview() {
             m_evtProgress->AbortBackgroundReview();
             return;
         }
+        ReviewBegins.Raise();
         // The review is about to replace the database.
         Results().CloseResults();
         if (m_criteria->BackgroundReview()) {
             SetBackgroundReviewActive(true);
             m_IDE->SetWorkbenchVisible(false);
         }
-        m_typeLibraries = std::make_unique<TypeLibraryStore>(TypeLibrariesOfThisMachine());
+        m_typeLibraries =
+            std::make_unique<TypeLibraryStore>(TypeLibrariesOfThisMachine(m_typeLibraryFolders));
         // Shared with this frame: the end of the review drops the window.
         const auto progress = std::make_shared<frmProgress>(m_screen);
         progress->SetTypeLibraries(m_typeLibraries.get());
@@ -245,6 +275,7 @@ void WorkStationApp::SetBackgroundReviewActive(bool active) {
     m_backgroundReviewActive = active;
     m_IDE->SetReviewRunning(active);
     m_menus->InvertReviewOption(active);
+    BackgroundReviewChanged.Raise();
 }
 
 void WorkStationApp::DropProgress() {
@@ -263,6 +294,7 @@ void WorkStationApp::m_evtProgress_BackgroundReviewEnded() {
 
 void WorkStationApp::ShowResultsOfReview() {
     Results().PopulateResults(m_criteria, /*afterReview=*/true);
+    ReviewEnded.Raise();
     if (!Results().ResultsAvailable()) {
         return;
     }

@@ -17,9 +17,6 @@ namespace dorvik {
 
 namespace {
 
-constexpr std::int32_t kProjectProperties = 2578;
-constexpr std::int32_t kReferences = 942;
-
 struct MenuRow {
     std::string_view Caption;
     std::int32_t Id;
@@ -284,10 +281,11 @@ void FileHost::RemoveCommandBar(CommandControl& bar) {
 
 void FileHost::ExecuteCommand(std::int32_t id) {
     switch (id) {
-        case kProjectProperties: m_calls.Add("properties"); break;
-        case kReferences: m_calls.Add("references"); break;
+        case hostcommand::kProjectProperties: m_calls.Add("properties"); break;
+        case hostcommand::kReferences: m_calls.Add("references"); break;
         default: m_calls.Add("command " + std::to_string(id)); break;
     }
+    CommandExecuted.Raise(id);
 }
 
 void FileHost::BeginSave(IHostProject& project) {

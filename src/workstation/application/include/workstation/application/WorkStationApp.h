@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace dorvik {
@@ -36,6 +37,14 @@ public:
     /// Cancels a review in the background, so that the environment does not close under it.
     void BeginShutdown();
 
+    /// Reviews once more what was reviewed last, as the dialog was left then; the first review, and one that the dialog
+    /// would refuse, come with the dialog. Nothing happens while a review runs in the background.
+    void ReviewAgain();
+    /// Folders of type libraries for this run, in front of those of the settings. Paths are the program's own.
+    void SetTypeLibraryFolders(std::vector<std::string> folders) {
+        m_typeLibraryFolders = std::move(folders);
+    }
+
     /// Shows the results in a database that the user chose.
     void OpenResults(const std::string& file);
 
@@ -44,6 +53,13 @@ public:
     bool BackgroundReviewActive() const { return m_backgroundReviewActive; }
     /// The progress window of a background review; null while none runs.
     frmProgress* Progress() const { return m_evtProgress.get(); }
+
+    /// A review is about to begin, and the results that are shown are about to be closed.
+    Event<> ReviewBegins;
+    /// A review is over, and the results that there are now are shown.
+    Event<> ReviewEnded;
+    /// A review in the background has begun or ended.
+    Event<> BackgroundReviewChanged;
 
 private:
     void ConnectMenus();
@@ -54,6 +70,7 @@ private:
     bool PromptToSaveProjectsBeforeReview();
     bool MayReview(const std::string& project, bool soFar);
     bool ChooseReviewOptions();
+    bool TakeLastReviewOptions();
     void ExecuteReview();
     void SetBackgroundReviewActive(bool active);
     void DropProgress();
@@ -83,6 +100,8 @@ private:
     IDEMenus* m_menus = nullptr;
     udocDorvik* m_document = nullptr;
     bool m_backgroundReviewActive = false;
+    bool m_optionsWereChosen = false;  // the dialog of a review was left with OK
+    std::vector<std::string> m_typeLibraryFolders;
     std::shared_ptr<ReviewCriteria> m_criteria;
     std::unique_ptr<TypeLibraryStore> m_typeLibraries;  // of the last review
     std::shared_ptr<frmProgress> m_evtProgress;
