@@ -198,8 +198,13 @@ void WorkStationApp::OpenResults(const std::string& file) {
 }
 
 void WorkStationApp::m_evtMenu_OptionsClick() {
-    Trap({kModule, "m_evtMenu_OptionsClick"}, [&] {
+    Trap({kModule, "m_evtMenu_OptionsClick"}, [&] { ShowOptions(frmOptions::Page::General); });
+}
+
+void WorkStationApp::ShowOptions(frmOptions::Page page) {
+    Trap({kModule, "ShowOptions"}, [&] {
         frmOptions form(m_screen);
+        form.tbsOptions.Shown.Set(static_cast<std::int16_t>(page));
         m_screen.ShowModal(form);
         if (!form.Cancelled()) {
             modGlobal::WorkData().SaveSettings();

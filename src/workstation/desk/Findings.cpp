@@ -4,6 +4,7 @@
 #include "foundation/log/Trap.h"
 #include "platform/host/modFiles.h"
 #include "results/ResultsDB.h"
+#include "results/modViolationListSql.h"
 #include "source/ItemType.h"
 
 #include <algorithm>
@@ -104,26 +105,9 @@ FoundViolation ViolationOf(Recordset& row, const ItemNames& names) {
     return found;
 }
 
-std::vector<FoundViolation> ReadWhere(
-    const std::string& database,
-    std::string_view filter,
-    const std::function<bool(const ItemNames&, ItemType, std::int32_t)>& isWanted) {
-    std::vector<FoundViolation> violations;
-    WithDatabase("ReadWhere", database, [&](ResultsDB& results) {
-        const ItemNames names = ReadNames(results);
-        const std::string sql = WithFilter(
-            "SELECT ViolationID, RuleID, Severity, LineNum, Loc, Title, LocMember, SourceLine, "
-            "ItemID, ItemType FROM Violations",
-            filter);
-        VisitRows(results, sql, [&](Recordset& row) {
-            const ItemType type = ItemTypeOf(row.Value("ItemType").AsLong());
-            if (isWanted(names, type, row.Value("ItemID").AsLong())) {
-                violations.push_back(ViolationOf(row, names));
-            }
-        });
-    });
-    return violations;
-}
+constexpr std::string_view kEverywhere =
+    "SELECT ViolationID, RuleID, Severity, LineNum, Loc, Title, LocMember, SourceLine, ItemID, "
+    "ItemType FROM Violations";
 
 void AddCount(
     ProjectFindingCounts& counts,
@@ -164,15 +148,36 @@ const ProjectFindingCounts::File* ProjectFindingCounts::FindFile(std::string_vie
 namespace modFindings {
 
 std::vector<FoundViolation> Read(const std::string& database, std::string_view filter) {
-    return ReadWhere(
-        database, filter, [](const ItemNames&, ItemType, std::int32_t) { return true; });
+    std::vector<FoundViolation> violations;
+    WithDatabase("Read", database, [&](ResultsDB& results) {
+        const ItemNames names = ReadNames(results);
+        VisitRows(results, WithFilter(std::string(kEverywhere), filter), [&](Recordset& row) {
+            violations.push_back(ViolationOf(row, names));
+        });
+    });
+    return violations;
 }
 
 std::vector<FoundViolation>
 ReadFile(const std::string& database, std::string_view filename, std::string_view filter) {
-    return ReadWhere(database, filter, [&](const ItemNames& names, ItemType type, std::int32_t id) {
-        return modTextCase::Equal(names.FilenameOf(type, id), filename);
+    using modViolationListSql::Scope;
+    std::vector<FoundViolation> violations;
+    WithDatabase("ReadFile", database, [&](ResultsDB& results) {
+        const ItemNames names = ReadNames(results);
+        for (const auto& [file, name] : names.Files) {
+            if (!modTextCase::Equal(name, filename)) {
+                continue;
+            }
+            for (const Scope scope : {Scope::ProjectFile, Scope::SourceFile}) {
+                const std::string sql = modViolationListSql::ViolationListSql(
+                    scope, file, filter, /*withoutCompleted=*/false);
+                VisitRows(results, sql, [&](Recordset& row) {
+                    violations.push_back(ViolationOf(row, names));
+                });
+            }
+        }
     });
+    return violations;
 }
 
 std::string ReadAdvice(const std::string& database, std::int32_t violationId) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "workstation/controls/Event.h"
+#include "workstation/dialogs/frmOptions.h"
 
 #include <cstdint>
 #include <memory>
@@ -45,6 +46,8 @@ public:
         m_typeLibraryFolders = std::move(folders);
     }
 
+    /// The options dialog with a page in front.
+    void ShowOptions(frmOptions::Page page);
     /// Shows the results in a database that the user chose.
     void OpenResults(const std::string& file);
 

@@ -35,6 +35,8 @@ public:
     /// each project and group file, and the rest is opened. A project that is open already is left as it is. False where no project
     /// was opened.
     bool Open(std::string_view path);
+    /// Several of them, with one message for what cannot be opened. True where any project was opened.
+    bool Open(const std::vector<std::string>& paths);
     /// Closes a project. Changes that were not saved are lost.
     void CloseProject(std::string_view name);
     void ActivateProject(std::string_view name);
@@ -82,7 +84,7 @@ public:
 private:
     struct Report;
 
-    bool OpenGroup(const std::string& path);
+    bool OpenGroup(const std::string& path, Report& report);
     bool OpenProject(const std::string& path, Report& report);
     bool IsOpen(std::string_view path) const;
     void Add(std::unique_ptr<FileProject> project);
