@@ -94,10 +94,16 @@ ResultsView& Desk::Results() const {
     return Document().Results();
 }
 
-CommandControl* Desk::Command(std::string_view tag) const {
+void Desk::Click(std::string_view tag) const {
     const IDEMenus* const menus = m_connect->IDEHelper()->DorvikMenus();
-    return menus == nullptr || menus->DorvikMenu() == nullptr ? nullptr
-                                                               : menus->DorvikMenu()->FindTag(tag);
+    CommandControl* const menu = menus == nullptr ? nullptr : menus->DorvikMenu();
+    if (menu == nullptr) {
+        return;
+    }
+    menu->Click();  // what is enabled is known once the menu has opened
+    if (CommandControl* const item = menu->FindTag(tag)) {
+        item->Click();
+    }
 }
 
 // ---- projects ----
@@ -175,8 +181,7 @@ bool Desk::MayClose() {
 void Desk::ShowCode(const std::string& project, const std::string& file, std::int32_t line) {
     Shown("ShowCode", [&] {
         m_host.SelectFile(file);
-        FileCodePane& pane =
-            m_host.Project(project).Component(file).CodeModule().CodePane();
+        FileCodePane& pane = m_host.Project(project).Component(file).CodeModule().CodePane();
         pane.Show();
         if (line > 0) {
             pane.SetTopLine(line);
@@ -263,13 +268,16 @@ void Desk::ReviewBegins() {
 
 void Desk::ReviewEnded() {
     const ShownReview shown = Results().Shown();
-    m_comparison.reset();
+    std::unique_ptr<ReviewComparison> comparison;
     if (m_hasBefore && Results().ResultsAvailable() &&
         modTextCase::Equal(shown.DatabaseFile, m_comparedDatabase)) {
-        m_comparison = std::make_unique<ReviewComparison>(
+        comparison = std::make_unique<ReviewComparison>(
             std::exchange(m_before, {}), modFindings::Read(shown.DatabaseFile));
     }
     m_before.clear();
+    // The one before is shown until its successor is.
+    const std::unique_ptr<ReviewComparison> before =
+        std::exchange(m_comparison, std::move(comparison));
     ComparisonChanged.Raise();
     SetState(Results().ResultsAvailable() ? ReviewState::Done : ReviewState::None);
 }

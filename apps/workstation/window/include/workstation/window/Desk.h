@@ -40,13 +40,14 @@ public:
 
     FileHost& Host() { return m_host; }
     ProjectExplorer& Explorer() { return m_explorer; }
+    IScreen& Screen() { return m_screen; }
     Connect& AddIn() { return *m_connect; }
     /// REQUIRES: the add-in is started, for all of these.
     WorkStationApp& App() { return *m_connect->App(); }
     udocDorvik& Document() const;
     ResultsView& Results() const;
-    /// Null where the add-in has no such command.
-    CommandControl* Command(std::string_view tag) const;
+    /// Clicks an item of the add-in's menu; nothing happens where there is none.
+    void Click(std::string_view tag) const;
 
     /// Paths of this machine: projects (.vbp), groups (.vbg), folders, which stand for all projects below them, and results
     /// databases (.mdb). True where anything was opened.
