@@ -187,6 +187,7 @@ QPalette PaletteOf(const Theme& theme) {
          {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         palette.setColor(QPalette::Disabled, role, QColor(roles.Disabled));
     }
+    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(roles.Window));
     return palette;
 }
 

@@ -96,6 +96,10 @@ void Bindings::Combo(QComboBox& box, ComboBox& items) {
 }
 
 void Bindings::Tabs(QTabBar& bar, TabStrip& tabs) {
+    Tabs(bar, tabs, [&tabs](std::int16_t tab) { tabs.Shown.Set(tab); });
+}
+
+void Bindings::Tabs(QTabBar& bar, TabStrip& tabs, std::function<void(std::int16_t)> choose) {
     for (const std::string& caption : tabs.Captions()) {
         bar.addTab(modQt::Text(caption));
     }
@@ -103,9 +107,9 @@ void Bindings::Tabs(QTabBar& bar, TabStrip& tabs) {
         const QSignalBlocker blocked(bar);
         bar.setCurrentIndex(shown - 1);
     });
-    QObject::connect(&bar, &QTabBar::tabBarClicked, &bar, [&tabs](int index) {
+    QObject::connect(&bar, &QTabBar::currentChanged, &bar, [choose = std::move(choose)](int index) {
         if (index >= 0) {
-            tabs.Shown.Set(static_cast<std::int16_t>(index + 1));
+            choose(static_cast<std::int16_t>(index + 1));
         }
     });
 }

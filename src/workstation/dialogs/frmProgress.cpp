@@ -71,7 +71,11 @@ frmProgress::frmProgress(IScreen& screen)
       m_life(std::make_shared<const bool>(true)),
       m_onTick(tmrInterrupt.Ticked.Subscribe([this] { tmrInterrupt_Timer(); })) {}
 
-frmProgress::~frmProgress() = default;
+frmProgress::~frmProgress() {
+    if (Visible.Value()) {
+        Trap({kModule, "~frmProgress"}, [&] { m_screen.Hide(*this); });
+    }
+}
 
 void frmProgress::CommenceReview(std::shared_ptr<ReviewCriteria> criteria) {
     Trap({kModule, "CommenceReview"}, [&] {

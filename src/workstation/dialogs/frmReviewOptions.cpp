@@ -57,7 +57,10 @@ std::string DefaultRulebase() {
 frmReviewOptions::frmReviewOptions(IScreen& screen)
     : tbsOptions({"Projects", "Results", "Conventions", "Categories", "Severities", "Tolerances"}),
       m_screen(screen),
-      m_projectTree(tvwProjects) {}
+      m_projectTree(tvwProjects),
+      m_onResultsFolder(chkResultsFolder.Changed.Subscribe([this](bool) { EnableFolders(); })),
+      m_onReportsFolder(chkReportsFolder.Changed.Subscribe([this](bool) { EnableFolders(); })),
+      m_onReports(optReports.Changed.Subscribe([this](std::int32_t) { EnableFolders(); })) {}
 
 frmReviewOptions::~frmReviewOptions() = default;
 
@@ -129,7 +132,13 @@ void frmReviewOptions::DataToScreen() {
         chkReportsFolder.Set(m_criteria->UseProjectFolderReports());
         txtReportsFolder.Set(m_criteria->FixedFolderReports());
         optReports.Set(m_criteria->ReportOption());
+        EnableFolders();
     });
+}
+
+void frmReviewOptions::EnableFolders() {
+    ResultsFolderEnabled.Set(!chkResultsFolder.Value());
+    ReportsFolderEnabled.Set(optReports.Value() != 0 && !chkReportsFolder.Value());
 }
 
 void frmReviewOptions::FillLists() {

@@ -37,7 +37,11 @@ frmReviewSummary::frmReviewSummary(IScreen& screen)
       m_onColumnClick(lvwReview.ColumnClicked.Subscribe(
           [this](std::size_t column) { lvwReview_ColumnClick(column); })) {}
 
-frmReviewSummary::~frmReviewSummary() = default;
+frmReviewSummary::~frmReviewSummary() {
+    if (!m_isClosed) {
+        Trap({kModule, "~frmReviewSummary"}, [&] { m_screen.Hide(*this); });
+    }
+}
 
 void frmReviewSummary::Initialise(
     ResultsDB& results, const std::string& logFile, const std::string& reportFile) {
@@ -231,8 +235,19 @@ void frmReviewSummary::ShellOpenFile(const std::string& file) {
     });
 }
 
+void frmReviewSummary::SavePosition() const {
+    if (m_pages != nullptr) {
+        DVKWorkData& settings = modGlobal::WorkData();
+        settings.RVDTop = Position.Top;
+        settings.RVDLeft = Position.Left;
+        settings.RVDWidth = Position.Width;
+        settings.RVDHeight = Position.Height;
+    }
+}
+
 void frmReviewSummary::Close() {
     SaveListViewColumnData();
+    SavePosition();
     m_isClosed = true;
     m_screen.Hide(*this);
     Closed.Raise();

@@ -45,7 +45,6 @@ struct ResultsView::Parts {
     void CloseSummary() {
         if (Summary != nullptr) {
             SummaryClosed.End();
-            Screen.Hide(*Summary);
             Summary.reset();
         }
     }

@@ -88,6 +88,30 @@ TEST(Bindings, ATabIsShownByAClick) {
     EXPECT_EQ(bar.currentIndex(), 0);
 }
 
+TEST(Bindings, ATabIsShownByTheKeysOfItsBar) {
+    TabStrip tabs({"One", "Two"});
+    tabs.Shown.Set(1);
+    QTabBar bar;
+    Bindings bindings;
+    bindings.Tabs(bar, tabs);
+    QTest::keyClick(&bar, Qt::Key_Right);
+    EXPECT_EQ(tabs.Shown.Value(), 2);
+    EXPECT_EQ(bar.currentIndex(), 1);
+}
+
+TEST(Bindings, WhoDecidesAboutTabsIsAsked) {
+    TabStrip tabs({"One", "Two"});
+    tabs.Shown.Set(1);
+    std::int16_t chosen = 0;
+    QTabBar bar;
+    Bindings bindings;
+    bindings.Tabs(bar, tabs, [&](std::int16_t tab) { chosen = tab; });
+    bar.show();
+    QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.tabRect(1).center());
+    EXPECT_EQ(chosen, 2);
+    EXPECT_EQ(tabs.Shown.Value(), 1);
+}
+
 }  // namespace
 
 }  // namespace dorvik::test

@@ -3,6 +3,7 @@
 #include "workstation/controls/Event.h"
 #include "workstation/controls/Observable.h"
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <utility>
@@ -35,7 +36,10 @@ public:
     void Enabled(QWidget& widget, Observable<bool>& enabled);
     void Visible(QWidget& widget, Observable<bool>& visible);
     void Combo(QComboBox& box, ComboBox& items);
+    /// A tab is put in front by a click and by the keys of the bar.
     void Tabs(QTabBar& bar, TabStrip& tabs);
+    /// The same where more than `Shown` depends on it: what the user chooses goes to `choose`.
+    void Tabs(QTabBar& bar, TabStrip& tabs, std::function<void(std::int16_t)> choose);
 
     /// Calls `show` at once and after each change.
     template <typename Value>

@@ -99,8 +99,10 @@ public:
     Observable<bool> chkClearLog;
     Observable<bool> chkResultsFolder;  // in the project's folder
     Observable<std::string> txtResultsFolder;
+    Observable<bool> ResultsFolderEnabled;  // the box and its browse button
     Observable<bool> chkReportsFolder;
     Observable<std::string> txtReportsFolder;
+    Observable<bool> ReportsFolderEnabled;  // the same; not without reports
     /// 0 "None", 1 "Summary", 2 "Detailed".
     Observable<std::int32_t> optReports;
 
@@ -127,6 +129,7 @@ private:
     void ShowTolerances(const ToleranceSettings& tolerances);
     void cboRulebase_Change();
     void LoadRulebaseLists();
+    void EnableFolders();
 
     bool ScreenIsValid();
     bool ReviewIsValid();
@@ -154,6 +157,9 @@ private:
     bool m_isClosed = false;
     ProjectTree m_projectTree;
     Subscription m_onRulebase;
+    Subscription m_onResultsFolder;
+    Subscription m_onReportsFolder;
+    Subscription m_onReports;
 };
 
 }  // namespace dorvik

@@ -64,6 +64,7 @@ public:
     /// Puts the columns of the page in front back to the widths of a first run.
     void ResetColumnWidths();
 
+    /// Where the screen shows the form; kept for the next one when the form is closed.
     Bounds Position;
     Observable<std::string> Caption;
     TabStrip tbsReview;
@@ -88,6 +89,7 @@ private:
     void FillPage(std::int16_t tab);
     void FillComplexityPage();
     void SaveListViewColumnData();
+    void SavePosition() const;
     void SortRows();
     void SortFilledRows();
     void ShowSortIcon();

@@ -18,7 +18,7 @@ class frmReviewSummary;
 /// among it: those are `modHost::ShowMessage` and `modHost::YieldToInput`.
 ///
 /// A form is owned by the code that shows it. A modal form is shown until it closes, which its own `Closed` says; input
-/// is processed meanwhile. One that is not modal is shown until `Hide` or until it is destroyed.
+/// is processed meanwhile. One that is not modal is shown until `Hide`, which it calls itself where it is destroyed before.
 class IScreen {
 public:
     virtual ~IScreen() = default;

@@ -1,0 +1,121 @@
+#include "workstation/forms/QtMessageBox.h"
+
+#include "ModalActions.h"
+#include "WindowChecks.h"
+
+#include <QLabel>
+#include <QMessageBox>
+#include <QTest>
+#include <gmock/gmock.h>
+
+namespace dorvik::test {
+namespace {
+
+using testing::ElementsAre;
+
+struct BoxButton {
+    QMessageBox::StandardButton Button;
+    MessageAnswer Answer;
+};
+
+class QtMessageBoxTest : public testing::Test {
+protected:
+    MessageAnswer
+    Answer(MessageButtons buttons, const std::function<void(QMessageBox& box)>& action) {
+        m_user.Add([action](QWidget& window) { action(dynamic_cast<QMessageBox&>(window)); });
+        const MessageAnswer answer =
+            m_box.Show({MessageIcon::Exclamation, "Dorvik Workstation", "Text & <b>text</b>", buttons});
+        EXPECT_TRUE(m_user.AllDone());
+        return answer;
+    }
+    void ExpectAnswers(MessageButtons buttons, const std::vector<BoxButton>& expected) {
+        for (const BoxButton& row : expected) {
+            EXPECT_EQ(
+                Answer(
+                    buttons,
+                    [&](QMessageBox& box) {
+                        EXPECT_EQ(box.buttons().size(), qsizetype(expected.size()));
+                        QTest::mouseClick(box.button(row.Button), Qt::LeftButton);
+                    }),
+                row.Answer);
+        }
+        const auto escape = [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); };
+        EXPECT_EQ(Answer(buttons, escape), Refusal(buttons));
+        EXPECT_EQ(Answer(buttons, [](QMessageBox& box) { box.close(); }), Refusal(buttons));
+    }
+
+    ModalActions m_user;
+    QtMessageBox m_box;
+};
+
+TEST_F(QtMessageBoxTest, OkIsTheOneAnswerOfAMessage) {
+    ExpectAnswers(MessageButtons::Ok, {{QMessageBox::Ok, MessageAnswer::Ok}});
+}
+
+TEST_F(QtMessageBoxTest, OkCancelHasTwoAnswers) {
+    ExpectAnswers(
+        MessageButtons::OkCancel,
+        {{QMessageBox::Ok, MessageAnswer::Ok}, {QMessageBox::Cancel, MessageAnswer::Cancel}});
+}
+
+TEST_F(QtMessageBoxTest, YesNoHasTwoAnswers) {
+    ExpectAnswers(
+        MessageButtons::YesNo,
+        {{QMessageBox::Yes, MessageAnswer::Yes}, {QMessageBox::No, MessageAnswer::No}});
+}
+
+TEST_F(QtMessageBoxTest, YesNoCancelHasThreeAnswers) {
+    ExpectAnswers(
+        MessageButtons::YesNoCancel,
+        {{QMessageBox::Yes, MessageAnswer::Yes},
+         {QMessageBox::No, MessageAnswer::No},
+         {QMessageBox::Cancel, MessageAnswer::Cancel}});
+}
+
+TEST_F(QtMessageBoxTest, EnterPressesTheFirstButton) {
+    const auto enter = [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); };
+    EXPECT_EQ(Answer(MessageButtons::YesNoCancel, enter), MessageAnswer::Yes);
+    EXPECT_EQ(Answer(MessageButtons::OkCancel, enter), MessageAnswer::Ok);
+}
+
+TEST_F(QtMessageBoxTest, TheTextIsShownAsItIsAndCanBeSelected) {
+    Answer(MessageButtons::Ok, [](QMessageBox& box) {
+        EXPECT_EQ(box.windowTitle().toStdString(), "Dorvik Workstation");
+        EXPECT_EQ(box.text().toStdString(), "Text & <b>text</b>");
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        EXPECT_TRUE(box.textInteractionFlags().testFlag(Qt::TextSelectableByMouse));
+        ExpectNamed(box);
+        ExpectNothingCut(box);
+        SavePicture(box, "message");
+        box.accept();
+    });
+}
+
+TEST_F(QtMessageBoxTest, EachIconIsThatOfItsKind) {
+    const std::vector<std::pair<MessageIcon, QMessageBox::Icon>> icons = {
+        {MessageIcon::None, QMessageBox::NoIcon},
+        {MessageIcon::Critical, QMessageBox::Critical},
+        {MessageIcon::Question, QMessageBox::Question},
+        {MessageIcon::Exclamation, QMessageBox::Warning},
+        {MessageIcon::Information, QMessageBox::Information}};
+    for (const auto& [icon, shown] : icons) {
+        m_user.Add([expected = shown](QWidget& window) {
+            EXPECT_EQ(dynamic_cast<QMessageBox&>(window).icon(), expected);
+            window.close();
+        });
+        m_box.Show({icon, "Title", "Text", MessageButtons::Ok});
+    }
+    EXPECT_TRUE(m_user.AllDone());
+}
+
+TEST_F(QtMessageBoxTest, AnOwnerThatGoesTakesTheBoxWithIt) {
+    auto owner = std::make_unique<QWidget>();
+    owner->show();
+    m_box.SetOwner(owner.get());
+    EXPECT_EQ(
+        Answer(MessageButtons::YesNo, [&](QMessageBox&) { owner.reset(); }), MessageAnswer::No);
+    m_box.SetOwner(nullptr);
+}
+
+}  // namespace
+}  // namespace dorvik::test
