@@ -1,11 +1,13 @@
 #include "workstation/window/MainWindow.h"
 
 #include "workstation/application/WorkStationApp.h"
+#include "workstation/bench/WorkbenchView.h"
 #include "workstation/ide/IDEHelper.h"
 #include "workstation/ide/IDEMenus.h"
 #include "workstation/ide/udocDorvik.h"
 #include "workstation/look/modPictures.h"
 #include "workstation/look/modQt.h"
+#include "workstation/screen/IScreen.h"
 #include "workstation/widgets/CommandBars.h"
 #include "workstation/window/ComparisonView.h"
 #include "workstation/window/Desk.h"
@@ -238,8 +240,10 @@ void MainWindow::ShowDesk() {
 }
 
 void MainWindow::ShowWorkbench(FileToolWindow& window) {
-    QWidget& bench = m_parts.MakeWorkbench(m_desk.Document());
-    m_workbenchPane = &Pane(*this, "Work bench", bench, Qt::BottomDockWidgetArea);
+    m_workbench = &modQt::Make<WorkbenchView>(m_desk.Document(), nullptr);
+    m_workbenchPane = &Pane(*this, "Work bench", *m_workbench, Qt::BottomDockWidgetArea);
+    m_events.push_back(m_workbench->LinkActivated.Subscribe(
+        [this](const std::string& link) { m_desk.Screen().OpenWithSystem(link); }));
     m_workbenchPane->setWindowTitle(modQt::Text(window.Request().Caption));
     m_workbenchPane->toggleViewAction()->setText(modQt::Text(window.Request().Caption));
     tabifyDockWidget(m_comparisonPane, m_workbenchPane);

@@ -1,6 +1,7 @@
 // What the window does at its own commands.
 #include "platform/host/modHostPath.h"
 #include "workstation/application/WorkStationApp.h"
+#include "workstation/bench/WorkbenchView.h"
 #include "workstation/look/modPictures.h"
 #include "workstation/look/modQt.h"
 #include "workstation/screen/IScreen.h"
@@ -123,14 +124,8 @@ void MainWindow::Run(WindowAction action) {
          [](MainWindow& window) {
              window.CloseActiveProject();
          }},
-        {ExportCsv,
-         [](MainWindow& window) {
-             window.m_parts.ExportList(window.m_desk, false);
-         }},
-        {ExportHtml,
-         [](MainWindow& window) {
-             window.m_parts.ExportList(window.m_desk, true);
-         }},
+        {ExportCsv, [](MainWindow& window) { window.m_workbench->Export(TableFormat::Csv); }},
+        {ExportHtml, [](MainWindow& window) { window.m_workbench->Export(TableFormat::Html); }},
         {Exit,
          [](MainWindow& window) {
              window.close();

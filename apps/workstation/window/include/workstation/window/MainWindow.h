@@ -27,16 +27,12 @@ class Desk;
 class ExplorerView;
 class FileToolWindow;
 class StartPage;
-class udocDorvik;
+class WorkbenchView;
 struct PaletteEntry;
 
 /// What the window is put together from.
 struct WindowParts {
-    /// The work bench, which takes its place in a pane.
-    std::function<QWidget&(udocDorvik&)> MakeWorkbench;
     std::function<std::unique_ptr<IEditorArea>(Desk&)> MakeEditors;
-    /// Writes the shown list into a file that the user chooses.
-    std::function<void(Desk&, bool asHtml)> ExportList;
 };
 
 /// The program's one window.
@@ -56,6 +52,8 @@ public:
     ExplorerView& Explorer() { return *m_explorer; }
     ComparisonView& Comparison() { return *m_comparison; }
     IEditorArea& Editors() { return *m_editors; }
+    /// Null before `ShowDesk`.
+    WorkbenchView* Workbench() { return m_workbench; }
     EventGaps& Gaps() { return m_gaps; }
     /// Everything that the palette of commands finds.
     std::vector<PaletteEntry> PaletteEntries();
@@ -102,6 +100,7 @@ private:
     StartPage* m_startPage = nullptr;
     ExplorerView* m_explorer = nullptr;
     ComparisonView* m_comparison = nullptr;
+    WorkbenchView* m_workbench = nullptr;
     QDockWidget* m_explorerPane = nullptr;
     QDockWidget* m_comparisonPane = nullptr;
     QDockWidget* m_workbenchPane = nullptr;
