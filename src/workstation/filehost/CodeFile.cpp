@@ -344,6 +344,12 @@ bool CodeFile::HasChangedOnDisk() const {
     return std::hash<std::string_view>()(modFiles::ReadBytes(m_path)) != m_hash;
 }
 
+void CodeFile::AcceptFileOnDisk() {
+    if (modFiles::FileExists(m_path)) {
+        NoteState(modFiles::ReadBytes(m_path));
+    }
+}
+
 void CodeFile::Write(const std::string& bytes) {
     modFiles::WriteBytesAtomically(m_path, bytes);
     NoteState(bytes);

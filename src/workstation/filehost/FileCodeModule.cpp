@@ -3,6 +3,7 @@
 #include "base/BasicError.h"
 #include "workstation/filehost/modCodeLines.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace dorvik {
@@ -74,24 +75,71 @@ void FileCodeModule::Change(
     step.Count = count;
     step.Lines = m_file.ForTexts(start, count, std::move(texts));
     step.Version = ++m_lastVersion;
+    if (m_groupDepth == 0) {
+        ++m_group;
+    }
+    step.Group = m_group;
+    m_isTyping = false;
     m_steps.resize(m_step);
     m_steps.push_back(std::move(step));
-    if (m_steps.size() > kMostSteps) {
-        m_steps.erase(m_steps.begin());
-    }
+    ForgetOldSteps();
     m_step = m_steps.size();
     Take(m_steps.back());
 }
 
+/// Never a part of a group.
+void FileCodeModule::ForgetOldSteps() {
+    const std::int64_t oldest = m_steps.front().Group;
+    if (m_steps.size() <= kMostSteps || oldest == m_group) {
+        return;
+    }
+    const auto kept =
+        std::ranges::find_if(m_steps, [oldest](const Step& step) { return step.Group != oldest; });
+    m_steps.erase(m_steps.begin(), kept);
+}
+
+bool FileCodeModule::JoinsTyping(std::int32_t line) const {
+    return m_isTyping && m_step == m_steps.size() && m_step > 0 && m_version != m_savedVersion &&
+           m_steps.back().Start == line && m_steps.back().Count == 1 &&
+           m_steps.back().Lines.Texts.size() == 1;
+}
+
+void FileCodeModule::TypeLine(std::int32_t line, std::string_view text) {
+    CheckLines(line, 1);
+    if (!JoinsTyping(line)) {
+        Change(line, 1, {std::string(text)});
+        m_isTyping = true;
+        return;
+    }
+    const LinesChange change{line, 1, 1};
+    Exchange(change, m_file.ForTexts(line, 1, {std::string(text)}));
+    SetVersion(++m_lastVersion);
+    Report(change);
+}
+
+void FileCodeModule::BeginGroup() {
+    if (m_groupDepth++ == 0) {
+        ++m_group;
+    }
+}
+
+void FileCodeModule::EndGroup() {
+    --m_groupDepth;
+}
+
 void FileCodeModule::Undo() {
-    if (CanUndo()) {
+    m_isTyping = false;
+    const std::int64_t group = CanUndo() ? m_steps[m_step - 1].Group : 0;
+    while (CanUndo() && m_steps[m_step - 1].Group == group) {
         --m_step;
         Take(m_steps[m_step]);
     }
 }
 
 void FileCodeModule::Redo() {
-    if (CanRedo()) {
+    m_isTyping = false;
+    const std::int64_t group = CanRedo() ? m_steps[m_step].Group : 0;
+    while (CanRedo() && m_steps[m_step].Group == group) {
         ++m_step;
         Take(m_steps[m_step - 1]);
     }
@@ -102,10 +150,18 @@ void FileCodeModule::Take(Step& step) {
     change.Start = step.Start;
     change.Removed = step.Count;
     change.Inserted = static_cast<std::int32_t>(step.Lines.Texts.size());
-    step.Lines = m_file.Exchange(step.Start, step.Count, std::move(step.Lines));
+    step.Lines = Exchange(change, std::move(step.Lines));
     step.Count = change.Inserted;
-    m_procedures.reset();
     SetVersion(std::exchange(step.Version, m_version));
+    Report(change);
+}
+
+FileLines FileCodeModule::Exchange(const LinesChange& change, FileLines lines) {
+    m_procedures.reset();
+    return m_file.Exchange(change.Start, change.Removed, std::move(lines));
+}
+
+void FileCodeModule::Report(const LinesChange& change) {
     m_pane.FollowLines(change.Start, change.Removed, change.Inserted);
     Changed.Raise(change);
 }
@@ -122,6 +178,25 @@ void FileCodeModule::Rename(std::string_view name) {
     m_file.Rename(name);
     m_isRenamed = true;
     DirtyChanged.Raise();
+}
+
+void FileCodeModule::Load(CodeFile file) {
+    const bool wasDirty = IsDirty();
+    const LinesChange change = modCodeLines::Difference(Texts(), file.Texts());
+    m_file = std::move(file);
+    m_procedures.reset();
+    m_steps.clear();
+    m_step = 0;
+    m_isTyping = false;
+    m_version = ++m_lastVersion;
+    m_savedVersion = m_version;
+    m_isRenamed = false;
+    if (change.Removed > 0 || change.Inserted > 0) {
+        Report(change);
+    }
+    if (wasDirty) {
+        DirtyChanged.Raise();
+    }
 }
 
 void FileCodeModule::Write(const std::string& bytes) {

@@ -32,9 +32,13 @@ std::int32_t FileCodePane::Column(std::int32_t line, std::int32_t column) const 
 }
 
 void FileCodePane::SetTopLine(std::int32_t line) {
+    TakeTopLine(line);
+    TopLineChanged.Raise(m_topLine);
+}
+
+void FileCodePane::TakeTopLine(std::int32_t line) {
     CheckLine(line);
     m_topLine = std::min(line, LastLine());
-    TopLineChanged.Raise(m_topLine);
 }
 
 void FileCodePane::SetSelection(const CodeRange& range) {

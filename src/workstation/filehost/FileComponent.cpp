@@ -47,13 +47,26 @@ bool FileComponent::HasDesigner() const {
     return false;
 }
 
+CodeFile FileComponent::Read() const {
+    return {m_facts.FileName, m_facts.CodePage, m_facts.Type};
+}
+
+void FileComponent::Reload() {
+    FileCodeModule& module = CodeModule();
+    const bool isRenamed = module.IsRenamed();
+    module.Load(Read());
+    if (isRenamed) {
+        module.Rename(m_facts.Name);
+    }
+}
+
 FileCodeModule& FileComponent::CodeModule() {
     if (m_module == nullptr) {
-        m_module = std::make_unique<FileCodeModule>(
-            CodeFile(m_facts.FileName, m_facts.CodePage, m_facts.Type));
+        m_module = std::make_unique<FileCodeModule>(Read());
         m_shownLines = m_module->CodePane().TopLineChanged.Subscribe(
             [this](std::int32_t line) { m_record(*this, "show-line", std::to_string(line)); });
         m_dirt = m_module->DirtyChanged.Subscribe([this] { DirtyChanged.Raise(); });
+        Loaded.Raise(*m_module);
     }
     return *m_module;
 }
@@ -82,6 +95,17 @@ FileDesigner* FileComponent::Designer() {
 void FileComponent::SetName(std::string_view name) {
     CodeModule().Rename(name);
     m_facts.Name = name;
+}
+
+DiskState FileComponent::FollowDisk() {
+    if (m_module == nullptr || !m_module->File().HasChangedOnDisk()) {
+        return DiskState::Same;
+    }
+    if (m_module->IsDirty()) {
+        return DiskState::Conflict;
+    }
+    Reload();
+    return DiskState::Reloaded;
 }
 
 bool FileComponent::IsReadOnly() const {

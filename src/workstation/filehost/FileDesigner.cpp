@@ -12,16 +12,8 @@ namespace {
 
 constexpr std::string_view kBegin = "Begin ";
 
-/// The number of a line `Index = 3 'comment`.
-std::optional<std::int32_t> IndexIn(std::string_view line) {
-    const std::size_t equals = line.find('=');
-    if (equals == std::string_view::npos ||
-        !modTextCase::Equal(modText::Trim(line.substr(0, equals)), "Index")) {
-        return std::nullopt;
-    }
-    const std::string_view value = line.substr(equals + 1);
-    return modText::WholeNumber(modText::Trim(value.substr(0, value.find('\''))));
-}
+constexpr std::string_view kBeginProperty = "BeginProperty ";
+constexpr std::size_t kMostBlocks = 16;  // in one another; what is deeper is no layout
 
 }  // namespace
 
@@ -45,19 +37,38 @@ FileDesigner::FileDesigner(const std::vector<std::string>& lines, bool isFormDes
 void FileDesigner::TakeLine(std::string_view line) {
     if (modTextCase::StartsWith(line, kBegin)) {
         TakeBegin(modText::Trim(line.substr(kBegin.size())));
-    } else if (modTextCase::StartsWith(line, "BeginProperty ")) {
-        ++m_propertyDepth;
+    } else if (modTextCase::StartsWith(line, kBeginProperty)) {
+        const std::string_view block = modText::Trim(line.substr(kBeginProperty.size()));
+        m_blocks.emplace_back(block.substr(0, block.find(' ')));
     } else if (modTextCase::Equal(line, "EndProperty")) {
-        m_propertyDepth -= m_propertyDepth > 0 ? 1 : 0;
+        if (!m_blocks.empty()) {
+            m_blocks.pop_back();
+        }
     } else if (modTextCase::Equal(line, "End")) {
-        m_propertyDepth = 0;
+        m_blocks.clear();
         if (!m_open.empty()) {
             m_open.pop_back();
         }
-    } else if (m_propertyDepth == 0 && !m_open.empty() && m_open.back() != 0) {
-        if (const auto index = IndexIn(line)) {
-            Control(m_open.back()).m_index = index;
-        }
+    } else if (!m_open.empty()) {
+        TakeProperty(line);
+    }
+}
+
+void FileDesigner::TakeProperty(std::string_view line) {
+    const std::size_t equals = line.find('=');
+    if (equals == std::string_view::npos || m_blocks.size() > kMostBlocks) {
+        return;
+    }
+    std::string name;
+    for (const std::string& block : m_blocks) {
+        name += block + '.';
+    }
+    name += modText::TrimRight(line.substr(0, equals));
+    const bool isForm = m_open.back() == 0;
+    DesignerProperties& properties = isForm ? m_properties : Control(m_open.back()).m_properties;
+    properties.Add(name, modText::TrimLeft(line.substr(equals + 1)));
+    if (!isForm && m_blocks.empty() && modTextCase::Equal(name, "Index")) {
+        Control(m_open.back()).m_index = modText::WholeNumber(properties.Text("Index"));
     }
 }
 
@@ -68,6 +79,7 @@ void FileDesigner::TakeBegin(std::string_view definition) {
         blank == std::string_view::npos ? "" : modText::Trim(definition.substr(blank)));
     if (m_open.empty()) {
         m_type = std::move(type);
+        m_name = std::move(name);
         m_open.push_back(0);
         return;
     }

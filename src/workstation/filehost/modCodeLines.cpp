@@ -55,4 +55,23 @@ std::optional<CodeRange> Find(
     return std::nullopt;
 }
 
+LinesChange
+Difference(const std::vector<std::string>& before, const std::vector<std::string>& after) {
+    const std::size_t both = std::min(before.size(), after.size());
+    std::size_t front = 0;
+    while (front < both && before[front] == after[front]) {
+        ++front;
+    }
+    std::size_t back = 0;
+    while (back < both - front &&
+           before[before.size() - 1 - back] == after[after.size() - 1 - back]) {
+        ++back;
+    }
+    LinesChange change;
+    change.Start = static_cast<std::int32_t>(front) + 1;
+    change.Removed = static_cast<std::int32_t>(before.size() - front - back);
+    change.Inserted = static_cast<std::int32_t>(after.size() - front - back);
+    return change;
+}
+
 }  // namespace dorvik::modCodeLines

@@ -84,6 +84,8 @@ public:
     /// Whether the file on disk is not the one any more that was read or written last. One that is gone has not changed:
     /// nothing can be lost.
     bool HasChangedOnDisk() const;
+    /// What is on disk now counts as read.
+    void AcceptFileOnDisk();
     /// Replaces the file. Raises where that fails, with the old content left.
     void Write(const std::string& bytes);
 

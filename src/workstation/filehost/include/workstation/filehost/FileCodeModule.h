@@ -4,6 +4,7 @@
 #include "workstation/filehost/CodeFile.h"
 #include "workstation/filehost/FileCodePane.h"
 #include "workstation/filehost/ProcedureList.h"
+#include "workstation/filehost/modCodeLines.h"
 #include "workstation/host/ICodeModule.h"
 
 #include <cstddef>
@@ -15,15 +16,8 @@
 
 namespace dorvik {
 
-/// Lines that were replaced: `Removed` lines from `Start` on by `Inserted` others.
-struct LinesChange {
-    std::int32_t Start = 0;
-    std::int32_t Removed = 0;
-    std::int32_t Inserted = 0;
-};
-
 /// The code of a file, to be read and edited. Each change can be undone; what was saved is known, so that a module that
-/// was brought back to it is not dirty.
+/// was brought back to it is not dirty. What is undone comes back with what the file has besides the text of its lines.
 class FileCodeModule final : public ICodeModule {
 public:
     /// How many changes can be undone; older ones are forgotten.
@@ -54,18 +48,31 @@ public:
     /// In front of `line`; the one after the last is allowed.
     void InsertLines(std::int32_t line, std::string_view text);
     void DeleteLines(std::int32_t start, std::int32_t count);
+    /// Replaces a line as one who types in it: changes of the same line in succession are undone together, until
+    /// `EndTyping` or any other change.
+    void TypeLine(std::int32_t line, std::string_view text);
+    void EndTyping() { m_isTyping = false; }
 
     bool CanUndo() const { return m_step > 0; }
     bool CanRedo() const { return m_step < m_steps.size(); }
     /// Nothing happens where there is nothing to undo or redo.
     void Undo();
     void Redo();
+    /// All changes between these two are undone together. They nest; see `ChangeGroup`.
+    void BeginGroup();
+    void EndGroup();
 
     bool IsDirty() const { return m_isRenamed || m_version != m_savedVersion; }
+    /// Since the file was written.
+    bool IsRenamed() const { return m_isRenamed; }
     /// Cannot be undone. Raises as `CodeFile::Rename`.
     void Rename(std::string_view name);
     /// Raises where the file cannot be written. See `CodeFile`.
     void Write(const std::string& bytes);
+    /// Takes the file as it was read anew. Nothing can be undone then.
+    void Load(CodeFile file);
+    /// The file on disk may be overwritten, whatever another program made of it.
+    void AcceptFileOnDisk() { m_file.AcceptFileOnDisk(); }
 
     Event<const LinesChange&> Changed;
     Event<> DirtyChanged;
@@ -77,10 +84,15 @@ private:
         std::int32_t Count = 0;
         FileLines Lines;
         std::int64_t Version = 0;  // of the text once this step is taken
+        std::int64_t Group = 0;    // those with the same are taken together
     };
 
     void CheckLines(std::int32_t start, std::int32_t count) const;
     void Change(std::int32_t start, std::int32_t count, std::vector<std::string> texts);
+    bool JoinsTyping(std::int32_t line) const;
+    void ForgetOldSteps();
+    FileLines Exchange(const LinesChange& change, FileLines lines);
+    void Report(const LinesChange& change);
     /// Takes a step and makes it the one back.
     void Take(Step& step);
     void SetVersion(std::int64_t version);
@@ -94,7 +106,22 @@ private:
     std::int64_t m_version = 0;
     std::int64_t m_lastVersion = 0;
     std::int64_t m_savedVersion = 0;
-    bool m_isRenamed = false;  // since the file was written
+    bool m_isRenamed = false;
+    bool m_isTyping = false;  // the last step takes what is typed next
+    std::int64_t m_group = 0;
+    std::int32_t m_groupDepth = 0;
+};
+
+/// Changes that are undone together, as long as it lives. REQUIRES: the module outlives it.
+class ChangeGroup {
+public:
+    explicit ChangeGroup(FileCodeModule& module) : m_module(module) { m_module.BeginGroup(); }
+    ChangeGroup(const ChangeGroup&) = delete;
+    ChangeGroup& operator=(const ChangeGroup&) = delete;
+    ~ChangeGroup() { m_module.EndGroup(); }
+
+private:
+    FileCodeModule& m_module;
 };
 
 }  // namespace dorvik

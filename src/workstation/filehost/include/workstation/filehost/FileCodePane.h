@@ -20,6 +20,8 @@ public:
     std::int32_t TopLine() const override { return m_topLine; }
     /// A line after the end is the last one. Raises `kSubscriptOutOfRange` below line 1.
     void SetTopLine(std::int32_t line) override;
+    /// The user scrolled: as `SetTopLine`, but without the event.
+    void TakeTopLine(std::int32_t line);
     /// Lines after the end are the last one, columns after the end of a line the one there. Raises
     /// `kSubscriptOutOfRange` below line 1.
     void SetSelection(const CodeRange& range) override;

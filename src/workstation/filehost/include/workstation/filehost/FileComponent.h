@@ -7,6 +7,7 @@
 #include "workstation/filehost/FileHostWindow.h"
 #include "workstation/host/IHostProject.h"
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -19,6 +20,13 @@ struct ComponentFacts {
     std::string FileName;
     dorvik::FileType Type = dorvik::FileType::None;
     int CodePage = 0;
+};
+
+/// What became of a file since it was read or written.
+enum class DiskState : std::uint8_t {
+    Same,
+    Reloaded,
+    Conflict  // it was changed there and here
 };
 
 /// A member of a project. Its file is read when its code or designer is needed first; until then nothing is known of it
@@ -53,11 +61,21 @@ public:
     /// Without an event; see `FileHost::RenameComponent`. Raises as `CodeModule` and `CodeFile::Rename`.
     void SetName(std::string_view name);
 
+    /// Reads the file anew, in place of all that was not saved but the name. Raises as `CodeModule`. The designer stays as it
+    /// was read first.
+    void Reload();
+    /// Looks whether another program has changed the file, and reads it anew where nothing is lost by that. Raises as
+    /// `CodeModule`.
+    DiskState FollowDisk();
+
     Event<> DirtyChanged;
+    /// Its file was read first: `CodeModule` has the module from now on.
+    Event<FileCodeModule&> Loaded;
 
 private:
     class RecordedWindow;
 
+    CodeFile Read() const;
     bool HasDesigner() const;
 
     ComponentFacts m_facts;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "workstation/controls/Event.h"
+#include "workstation/filehost/DesignerProperties.h"
 #include "workstation/host/IDesigner.h"
 
 #include <cstddef>
@@ -30,6 +31,7 @@ public:
     const std::string& Type() const { return m_type; }
     /// The number of the control that it is in; 0 for one that is on the form itself.
     std::int32_t Container() const { return m_container; }
+    const DesignerProperties& Properties() const { return m_properties; }
 
 private:
     friend class FileDesigner;
@@ -39,6 +41,7 @@ private:
     std::string m_name;
     std::optional<std::int32_t> m_index;
     std::int32_t m_container = 0;
+    DesignerProperties m_properties;
     bool m_selected = false;
 };
 
@@ -61,6 +64,9 @@ public:
 
     /// What the layout is of: "VB.Form". Empty without a layout.
     const std::string& Type() const { return m_type; }
+    /// The name of the form itself, and its properties.
+    const std::string& Name() const { return m_name; }
+    const DesignerProperties& Properties() const { return m_properties; }
 
     /// After a control was selected or deselected.
     Event<FileDesignerControl&> SelectionChanged;
@@ -68,12 +74,15 @@ public:
 private:
     void TakeLine(std::string_view line);
     void TakeBegin(std::string_view definition);
+    void TakeProperty(std::string_view line);
 
     bool m_isFormDesigner;
     std::string m_type;
+    std::string m_name;
+    DesignerProperties m_properties;
     std::vector<std::unique_ptr<FileDesignerControl>> m_controls;
-    std::vector<std::int32_t> m_open;  // the objects around the line at hand; 0 is the form
-    std::size_t m_propertyDepth = 0;   // blocks of properties around it
+    std::vector<std::int32_t> m_open;   // the objects around the line at hand; 0 is the form
+    std::vector<std::string> m_blocks;  // of properties around it
 };
 
 }  // namespace dorvik
