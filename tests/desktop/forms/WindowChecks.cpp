@@ -1,5 +1,7 @@
 #include "WindowChecks.h"
 
+#include "workstation/look/modTheme.h"
+
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
@@ -170,10 +172,16 @@ void ShowActive(QWidget& window) {
 
 void SavePicture(QWidget& window, const std::string& name) {
     const QString folder = qEnvironmentVariable("DORVIK_PICTURES");
-    if (!folder.isEmpty()) {
+    if (folder.isEmpty()) {
+        return;
+    }
+    for (const ThemeName theme : {ThemeName::Dark, ThemeName::HighContrast, ThemeName::Light}) {
+        modTheme::Apply(theme);
         window.show();
         QTest::qWait(1);
-        window.grab().save(folder + QStringLiteral("/") + QString::fromStdString(name + ".png"));
+        window.grab().save(
+            folder + QStringLiteral("/") +
+            QString::fromStdString(name + "-" + std::string(modTheme::NameOf(theme)) + ".png"));
     }
 }
 

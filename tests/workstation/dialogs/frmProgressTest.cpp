@@ -346,5 +346,14 @@ TEST_F(ProgressReview, AHandlerOfTheEndMayDestroyTheForm) {
     EXPECT_TRUE(HasResults());
 }
 
+TEST_F(ProgressReview, AFormThatGoesWhileItIsShownHidesItself) {
+    m_criteria->SetBackgroundReview(true);
+    m_form->CommenceReview(m_criteria);
+    m_form.reset();
+    EXPECT_THAT(
+        m_screen.Calls,
+        ElementsAre("progress as modal", "hide progress", "show progress", "hide progress"));
+}
+
 }  // namespace
 }  // namespace dorvik

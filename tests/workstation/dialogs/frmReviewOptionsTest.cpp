@@ -324,5 +324,20 @@ TEST_F(ReviewOptionsForm, AProjectThatCouldNotBeReadHasNoSelectionToRemember) {
     EXPECT_TRUE(m_form->Projects().FindSourceFileNode("Late", "modA")->Checked);
 }
 
+TEST_F(ReviewOptionsForm, AFolderIsEnabledWhereItIsUsed) {
+    Open();
+    m_form->chkResultsFolder.Set(true);
+    EXPECT_FALSE(m_form->ResultsFolderEnabled.Value());
+    m_form->chkResultsFolder.Set(false);
+    EXPECT_TRUE(m_form->ResultsFolderEnabled.Value());
+    m_form->chkReportsFolder.Set(false);
+    m_form->optReports.Set(0);
+    EXPECT_FALSE(m_form->ReportsFolderEnabled.Value()) << "there are no reports";
+    m_form->optReports.Set(1);
+    EXPECT_TRUE(m_form->ReportsFolderEnabled.Value());
+    m_form->chkReportsFolder.Set(true);
+    EXPECT_FALSE(m_form->ReportsFolderEnabled.Value());
+}
+
 }  // namespace
 }  // namespace dorvik

@@ -314,5 +314,36 @@ TEST_F(ReviewSummaryUse, DisabledButtonsOpenNothing) {
     EXPECT_THAT(m_screen.Calls, IsEmpty());
 }
 
+// ---- position ----
+
+TEST_F(ReviewSummaryUse, ThePositionIsKeptForTheNextForm) {
+    WriteReview();
+    Open();
+    m_form->Position = {100, 200, 3000, 4000};
+    m_form->Close();
+    Open();
+    EXPECT_EQ(m_form->Position.Top, 100);
+    EXPECT_EQ(m_form->Position.Left, 200);
+    EXPECT_EQ(m_form->Position.Width, 3000);
+    EXPECT_EQ(m_form->Position.Height, 4000);
+}
+
+TEST_F(ReviewSummaryUse, AFormThatNeverShowedAPageLeavesThePosition) {
+    const std::int32_t width = Settings().RVDWidth;
+    frmReviewSummary(m_screen).Close();
+    EXPECT_EQ(Settings().RVDWidth, width);
+}
+
+TEST_F(ReviewSummaryUse, AFormThatGoesHidesItself) {
+    WriteReview();
+    Open();
+    m_form.reset();
+    EXPECT_THAT(m_screen.Calls, ElementsAre("hide summary"));
+    Open();
+    m_form->Close();
+    m_form.reset();
+    EXPECT_THAT(m_screen.Calls, testing::SizeIs(2)) << "it is hidden once";
+}
+
 }  // namespace
 }  // namespace dorvik
