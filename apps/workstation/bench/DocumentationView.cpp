@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <vector>
 
 namespace dorvik {
 
@@ -23,6 +24,7 @@ namespace {
 
 constexpr int kLeastZoom = -5;
 constexpr int kMostZoom = 20;
+constexpr double kUsualFontSize = 9;
 
 // The colour that the pages have for titles is meant for white paper.
 constexpr QLatin1String kTitleColour("color: #c33");
@@ -32,18 +34,26 @@ QString Page(const DocumentPane& pane, const QColor& title) {
     return html.replace(kTitleColour, QStringLiteral("color: ") + title.name());
 }
 
-/// Texts have sizes of their own, which Qt's zoom does not reach.
+double PointSize(const QTextCharFormat& format) {
+    return format.hasProperty(QTextFormat::FontPointSize) ? format.fontPointSize()
+                                                          : format.font().pointSizeF();
+}
+
+/// Texts have sizes of their own, which Qt's zoom does not reach, and those of headings would count less than Qt's own.
 void Enlarge(QTextDocument& document, double factor) {
     QTextCursor cursor(&document);
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        std::vector<QTextFragment> parts;
         for (auto part = block.begin(); !part.atEnd(); ++part) {
-            const QTextFragment fragment = part.fragment();
-            const double size = fragment.charFormat().font().pointSizeF();
-            QTextCharFormat format;
-            format.setFontPointSize(size * factor);
-            cursor.setPosition(fragment.position());
-            cursor.setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
-            cursor.mergeCharFormat(format);
+            parts.push_back(part.fragment());
+        }
+        for (const QTextFragment& part : parts) {
+            QTextCharFormat format = part.charFormat();
+            format.setFontPointSize(PointSize(format) * factor);
+            format.clearProperty(QTextFormat::FontSizeAdjustment);
+            cursor.setPosition(part.position());
+            cursor.setPosition(part.position() + part.length(), QTextCursor::KeepAnchor);
+            cursor.setCharFormat(format);
         }
     }
 }
@@ -78,14 +88,19 @@ DocumentationView::DocumentationView(DocumentPane& pane, QWidget* parent)
 void DocumentationView::ShowPage() {
     setHtml(Page(m_pane, modTheme::Colours().Fail));
     SetMargins(*document(), m_pane.BodyMargins());
-    if (m_zoom != 0) {
-        Enlarge(*document(), Zoom());
-        moveCursor(QTextCursor::Start);
-    }
+    // Pages are written for the usual size of fonts.
+    Enlarge(*document(), Zoom() * font().pointSizeF() / kUsualFontSize);
 }
 
 QVariant DocumentationView::loadResource(int, const QUrl&) {
     return {};
+}
+
+void DocumentationView::changeEvent(QEvent* event) {
+    QTextBrowser::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        ShowPage();
+    }
 }
 
 // ---- zoom ----
@@ -105,6 +120,8 @@ void DocumentationView::keyPressEvent(QKeyEvent* event) {
         ZoomBy(1);
     } else if (event->matches(QKeySequence::ZoomOut)) {
         ZoomBy(-1);
+    } else if (event->key() == Qt::Key_0 && event->modifiers() == Qt::ControlModifier) {
+        ResetZoom();
     } else {
         QTextBrowser::keyPressEvent(event);
     }
@@ -127,6 +144,7 @@ void DocumentationView::Print(QPrinter& printer) const {
     paper.setHtml(
         QStringLiteral("<body style='color: black'>") + modQt::Text(m_pane.InnerHTML()) +
         QStringLiteral("</body>"));
+    Enlarge(paper, 1);
     paper.print(&printer);
 }
 

@@ -31,6 +31,11 @@ bool Placeholder::eventFilter(QObject* watched, QEvent* event) {
     return QLabel::eventFilter(watched, event);
 }
 
+void Placeholder::showEvent(QShowEvent* event) {
+    QLabel::showEvent(event);
+    Place();
+}
+
 void Placeholder::Place() {
     const auto pixels = [this](int twips) {
         return twips * logicalDpiX() / kTwipsOfAnInch;

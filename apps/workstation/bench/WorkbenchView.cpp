@@ -1,6 +1,7 @@
 #include "workstation/bench/WorkbenchView.h"
 
 #include "Placeholder.h"
+#include "TopRow.h"
 #include "workstation/bench/BenchSplitter.h"
 #include "workstation/bench/modTableSaving.h"
 #include "workstation/controls/GridTableRows.h"
@@ -24,7 +25,14 @@ namespace dorvik {
 namespace {
 
 /// How many characters a box shows at least.
-constexpr int kBoxLength = 14;
+constexpr int kBoxLength = 12;
+
+QBoxLayout& RowIn(QWidget& widget) {
+    auto& row = modQt::Make<QHBoxLayout>(&widget);
+    row.setContentsMargins(0, 0, 0, 0);
+    row.setSpacing(widget.fontMetrics().height() / 3);
+    return row;
+}
 
 QComboBox& MakeBox(QBoxLayout& row, const QString& caption, QWidget& parent) {
     auto& label = modQt::Make<QLabel>(caption, &parent);
@@ -94,39 +102,44 @@ QToolButton& WorkbenchView::MakeViewButton(const QString& text, std::int32_t vie
 }
 
 void WorkbenchView::MakeTopRow(QBoxLayout& page) {
-    auto& row = modQt::Make<QHBoxLayout>();
-    page.addLayout(&row);
-    const int gap = fontMetrics().height() / 3;
-    row.setContentsMargins(gap, gap, gap, gap);
-    row.setSpacing(gap);
+    auto& top = modQt::Make<TopRow>(this);
+    page.addWidget(&top);
     m_listButton = &MakeViewButton(QStringLiteral("V&iolation list"), viewtype::kViolationList);
     m_hotspotsButton = &MakeViewButton(QStringLiteral("Hotspo&ts"), viewtype::kHotspots);
-    row.addWidget(m_listButton);
-    row.addWidget(m_hotspotsButton);
-    row.addSpacing(gap);
-    m_bindings.Combo(MakeBox(row, QStringLiteral("Source fi&le:"), *this), m_controls.Files);
-    m_bindings.Combo(MakeBox(row, QStringLiteral("&Procedure:"), *this), m_controls.Procedures);
-    row.addSpacing(gap);
+    QBoxLayout& views = RowIn(top.Left());
+    views.addWidget(m_listButton);
+    views.addWidget(m_hotspotsButton);
+    QBoxLayout& boxes = RowIn(top.Middle());
+    m_bindings.Combo(MakeBox(boxes, QStringLiteral("Source fi&le:"), *this), m_controls.Files);
+    boxes.addSpacing(boxes.spacing());
+    m_bindings.Combo(MakeBox(boxes, QStringLiteral("&Procedure:"), *this), m_controls.Procedures);
+    QBoxLayout& commands = RowIn(top.Right());
+    commands.addWidget(&MakeSourceButton());
+    commands.addWidget(&MakeExportButton());
+}
 
-    auto& source = modQt::Make<QToolButton>(this);
-    source.setText(QStringLiteral("&Go To Source"));
-    source.setIcon(modPictures::Icon("GotoSource"));
-    source.setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    source.setFocusPolicy(Qt::StrongFocus);
+QToolButton& WorkbenchView::MakeSourceButton() {
+    auto& button = modQt::Make<QToolButton>(this);
+    button.setText(QStringLiteral("&Go To Source"));
+    button.setIcon(modPictures::Icon("GotoSource"));
+    button.setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button.setFocusPolicy(Qt::StrongFocus);
     QObject::connect(
-        &source, &QToolButton::clicked, this, [this] { m_document.cmdGotoSource_Click(); });
-    row.addWidget(&source);
+        &button, &QToolButton::clicked, this, [this] { m_document.cmdGotoSource_Click(); });
+    return button;
+}
 
-    m_exportButton = &modQt::Make<QToolButton>(this);
-    m_exportButton->setText(QStringLiteral("E&xport"));
-    m_exportButton->setFocusPolicy(Qt::StrongFocus);
-    m_exportButton->setPopupMode(QToolButton::InstantPopup);
-    auto& menu = modQt::Make<QMenu>(m_exportButton);
+QToolButton& WorkbenchView::MakeExportButton() {
+    auto& button = modQt::Make<QToolButton>(this);
+    button.setText(QStringLiteral("E&xport"));
+    button.setFocusPolicy(Qt::StrongFocus);
+    button.setPopupMode(QToolButton::InstantPopup);
+    auto& menu = modQt::Make<QMenu>(&button);
     for (QAction* const action : m_exports) {
         menu.addAction(action);
     }
-    m_exportButton->setMenu(&menu);
-    row.addWidget(m_exportButton);
+    button.setMenu(&menu);
+    return button;
 }
 
 QWidget& WorkbenchView::MakeListPage() {

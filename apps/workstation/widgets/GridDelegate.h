@@ -31,6 +31,8 @@ public:
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
 private:
+    void
+    DrawMark(QPainter& painter, const QStyleOptionViewItem& cell, const QModelIndex& index) const;
     QStyleOptionViewItem
     Indented(const QStyleOptionViewItem& option, const QModelIndex& index) const;
 

@@ -59,6 +59,15 @@ bool GridModel::ShowsSeverity(int section) const {
     return column.HasValueList && column.Ordering == GridOrdering::Number;
 }
 
+bool GridModel::HasText(int section) const {
+    return !m_grid.Column(ColumnOf(section)).IsCheckBox && !ShowsSeverity(section);
+}
+
+Qt::Alignment GridModel::AlignmentOf(int section) const {
+    const bool isNumber = m_grid.Column(ColumnOf(section)).Ordering == GridOrdering::Number;
+    return Qt::AlignVCenter | (HasText(section) && isNumber ? Qt::AlignRight : Qt::AlignLeft);
+}
+
 std::int32_t GridModel::SeverityOf(std::int32_t key, int section) const {
     return m_grid.Value(key, ColumnOf(section)).AsLong();
 }
@@ -106,20 +115,15 @@ QVariant GridModel::GroupData(const GridGroupRow& group, const QModelIndex& inde
 QVariant GridModel::CellData(std::int32_t key, int section, int role) const {
     const std::int32_t number = ColumnOf(section);
     const GridColumn& column = m_grid.Column(number);
-    const bool hasText = !column.IsCheckBox && !ShowsSeverity(section);
     switch (role) {
         case Qt::DisplayRole:
-            return hasText ? modQt::Text(m_grid.Shown(key, number).Text) : QString();
+            return HasText(section) ? modQt::Text(m_grid.Shown(key, number).Text) : QString();
         case Qt::CheckStateRole:
             if (!column.IsCheckBox) {
                 return {};
             }
             return m_grid.Value(key, number).AsLong() != 0 ? Qt::Checked : Qt::Unchecked;
-        case Qt::TextAlignmentRole:
-            return QVariant::fromValue(
-                Qt::AlignVCenter |
-                (hasText && column.Ordering == GridOrdering::Number ? Qt::AlignRight
-                                                                    : Qt::AlignLeft));
+        case Qt::TextAlignmentRole: return QVariant::fromValue(AlignmentOf(section));
         case Qt::ToolTipRole: return column.IsCheckBox ? QString() : DescriptionOf(key, section);
         case Qt::AccessibleTextRole: return DescriptionOf(key, section);
         default: return {};
@@ -153,6 +157,7 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     const GridColumn& column = m_grid.Column(number);
     switch (role) {
         case Qt::DisplayRole: return modQt::Text(column.Caption);
+        case Qt::TextAlignmentRole: return QVariant::fromValue(AlignmentOf(section));
         case Qt::DecorationRole:
             return column.IsCheckBox ? QVariant(modPictures::Icon("Checked")) : QVariant();
         case Qt::ToolTipRole:

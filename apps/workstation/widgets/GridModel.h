@@ -36,6 +36,8 @@ public:
 private:
     QVariant GroupData(const GridGroupRow& group, const QModelIndex& index, int role) const;
     QVariant CellData(std::int32_t key, int section, int role) const;
+    bool HasText(int section) const;
+    Qt::Alignment AlignmentOf(int section) const;
     QString DescriptionOf(std::int32_t key, int section) const;
 
     Grid& m_grid;

@@ -3,6 +3,7 @@
 #include "GridDelegate.h"
 #include "GridHeading.h"
 #include "GridModel.h"
+#include "modFractions.h"
 #include "workstation/controls/modGridOrder.h"
 #include "workstation/look/modQt.h"
 #include "workstation/look/modTheme.h"
@@ -16,7 +17,6 @@
 #include <QScrollBar>
 
 #include <algorithm>
-#include <cmath>
 
 namespace dorvik {
 
@@ -134,7 +134,7 @@ void GridView::ShowOrder() {
 int GridView::WidthOf(int section) const {
     const GridColumn& column = m_grid.Column(m_model.ColumnOf(section));
     if (column.Width > 0) {
-        return static_cast<int>(std::lround(column.Width * viewport()->width()));
+        return modFractions::Pixels(column.Width, viewport()->width());
     }
     const int text = fontMetrics().height();
     if (column.IsCheckBox || m_model.ShowsSeverity(section)) {
@@ -144,10 +144,15 @@ int GridView::WidthOf(int section) const {
     return text * 8;
 }
 
+/// The last column also takes what the others leave.
 void GridView::ApplyWidths() {
     const QScopedValueRollback following(m_following, true);
+    int left = viewport()->width();
     for (int section = 0; section < m_model.columnCount(); ++section) {
-        header()->resizeSection(section, WidthOf(section));
+        const bool isLast = section + 1 == m_model.columnCount();
+        const int width = isLast ? std::max(WidthOf(section), left) : WidthOf(section);
+        header()->resizeSection(section, width);
+        left -= width;
     }
 }
 

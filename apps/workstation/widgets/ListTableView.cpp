@@ -1,6 +1,7 @@
 #include "workstation/widgets/ListTableView.h"
 
 #include "ListTableModel.h"
+#include "modFractions.h"
 #include "workstation/controls/ListTableRows.h"
 #include "workstation/controls/TableExport.h"
 #include "workstation/look/modQt.h"
@@ -11,15 +12,32 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <QStyledItemDelegate>
 
-#include <cmath>
+#include <algorithm>
 
 namespace dorvik {
+
+namespace {
+
+class RoomyRows final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        QSize size = QStyledItemDelegate::sizeHint(option, index);
+        size.setHeight(std::max(size.height(), option.fontMetrics.height() * 3 / 2));
+        return size;
+    }
+};
+
+}  // namespace
 
 ListTableView::ListTableView(ListTable& list, QWidget* parent)
     : QTreeView(parent), m_list(list), m_model(modQt::Make<ListTableModel>(list)) {
     m_model.setParent(this);
     setModel(&m_model);
+    setItemDelegate(&modQt::Make<RoomyRows>(this));
     setUniformRowHeights(true);
     setRootIsDecorated(false);
     setItemsExpandable(false);
@@ -79,14 +97,19 @@ void ListTableView::FollowSelection() {
     scrollTo(index);
 }
 
+/// The last column also takes what the others leave.
 void ListTableView::ApplyColumns() {
     const QScopedValueRollback following(m_following, true);
     int sorted = -1;
     Qt::SortOrder order = Qt::AscendingOrder;
+    int left = viewport()->width();
     for (int section = 0; section < m_model.columnCount(); ++section) {
         const ListColumn& column = m_list.Columns()[static_cast<std::size_t>(section)];
-        header()->resizeSection(
-            section, static_cast<int>(std::lround(column.Width * viewport()->width())));
+        const bool isLast = section + 1 == m_model.columnCount();
+        int width = modFractions::Pixels(column.Width, viewport()->width());
+        width = isLast ? std::max(width, left) : width;
+        header()->resizeSection(section, width);
+        left -= width;
         if (!column.SortIcon.empty()) {
             sorted = section;
             order = column.SortIcon == "SortDescending" ? Qt::DescendingOrder : Qt::AscendingOrder;

@@ -97,9 +97,10 @@ TEST_F(GridViewTest, ShowsRowsTextsAndWidths) {
     EXPECT_EQ(Cell(2, 0).data(Qt::CheckStateRole).toInt(), Qt::Checked);
     EXPECT_EQ(Cell(0, 0).data(Qt::CheckStateRole).toInt(), Qt::Unchecked);
     EXPECT_EQ(modQt::Utf8(Cell(0, 1).data(Qt::AccessibleTextRole).toString()), "3. Low");
-    EXPECT_EQ(m_view.header()->sectionSize(2), std::lround(0.5 * m_view.viewport()->width()));
-    m_grid.SetWidth(kText, 0.25);
-    EXPECT_EQ(m_view.header()->sectionSize(2), std::lround(0.25 * m_view.viewport()->width()));
+    m_grid.SetWidth(kMark, 0.25);
+    EXPECT_EQ(m_view.header()->sectionSize(0), static_cast<int>(0.25 * m_view.viewport()->width()));
+    // The last column also takes what is left.
+    EXPECT_EQ(m_view.header()->length(), m_view.viewport()->width());
 }
 
 TEST_F(GridViewTest, ReadsNoRowThatIsNotSeen) {

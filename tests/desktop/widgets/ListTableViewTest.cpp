@@ -9,8 +9,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 namespace dorvik::test {
 
 namespace {
@@ -50,7 +48,7 @@ TEST_F(ListTableViewTest, ShowsTextsPicturesColoursAndWidths) {
     EXPECT_TRUE(Cell(1, 0).data(Qt::FontRole).value<QFont>().bold());
     EXPECT_TRUE(Cell(0, 0).data(Qt::ForegroundRole).isNull());
     EXPECT_TRUE(Cell(0, 1).data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight);
-    EXPECT_EQ(m_view.header()->sectionSize(0), std::lround(0.5 * m_view.viewport()->width()));
+    EXPECT_EQ(m_view.header()->sectionSize(0), static_cast<int>(0.5 * m_view.viewport()->width()));
     EXPECT_EQ(m_view.header()->sortIndicatorSection(), 1);
     EXPECT_EQ(m_view.header()->sortIndicatorOrder(), Qt::DescendingOrder);
 }

@@ -50,6 +50,8 @@ public:
 private:
     QToolButton& MakeViewButton(const QString& text, std::int32_t viewType);
     void MakeTopRow(QBoxLayout& page);
+    QToolButton& MakeSourceButton();
+    QToolButton& MakeExportButton();
     QWidget& MakeListPage();
     void MakeActions();
     void ShowView();
@@ -68,7 +70,6 @@ private:
     QLabel& m_panel;
     QToolButton* m_listButton = nullptr;
     QToolButton* m_hotspotsButton = nullptr;
-    QToolButton* m_exportButton = nullptr;
     std::vector<QAction*> m_exports;
     Bindings m_bindings;
 };
