@@ -9,7 +9,6 @@
 #include "workstation/look/modTheme.h"
 #include "workstation/window/Desk.h"
 #include "workstation/window/MainWindow.h"
-#include "workstation/window/PlainEditors.h"
 #include "workstation/window/StepPlayer.h"
 #include "workstation/window/modWindowSettings.h"
 
@@ -102,7 +101,7 @@ int main(int argc, char* argv[]) {
 
     dorvik::QtScreen screen;
     dorvik::Desk desk(screen, arguments.CodePage);
-    dorvik::MainWindow window(desk, {.MakeEditors = dorvik::MakePlainEditors});
+    dorvik::MainWindow window(desk);
     messages.SetOwner(&window);
     screen.SetOwner(&window);
     window.SetZoom(dorvik::modWindowSettings::Zoom());

@@ -235,6 +235,35 @@ void Desk::GoTo(const FoundViolation& violation) {
     });
 }
 
+void Desk::SelectViolation(std::int32_t violationId) {
+    Grid& list = Document().Controls().List;
+    for (std::size_t row = 0; row < list.DataRowCount(); ++row) {
+        if (list.KeyOfDataRow(row) == violationId) {
+            list.ChooseDataRow(row);
+            return;
+        }
+    }
+}
+
+FileProject* Desk::OwnerOf(const FileComponent& file) {
+    for (std::int32_t number = 1; number <= m_host.ProjectCount(); ++number) {
+        FileProject& project = m_host.Project(number);
+        for (std::int32_t index = 1; index <= project.ComponentCount(); ++index) {
+            if (&project.Component(index) == &file) {
+                return &project;
+            }
+        }
+    }
+    return nullptr;
+}
+
+void Desk::SaveProjectOf(const FileComponent& file) {
+    FileProject* const project = OwnerOf(file);
+    if (project != nullptr && project->IsDirty()) {
+        project->Save();
+    }
+}
+
 // ---- recent files ----
 
 std::vector<std::string> Desk::RecentFiles() const {
@@ -292,6 +321,10 @@ void Desk::RefreshFindings() {
     m_shownProject = counts.ProjectFile;
     m_explorer.SetCounts(std::move(counts));
     FindingsChanged.Raise();
+}
+
+std::string Desk::AdviceOf(std::int32_t violationId) const {
+    return modFindings::ReadAdvice(m_shown.DatabaseFile, violationId);
 }
 
 std::vector<FoundViolation>

@@ -49,7 +49,9 @@ ExplorerView::ExplorerView(ProjectExplorer& explorer, QWidget* parent)
     setAccessibleName(name);
     setObjectName(name);
     setColumnCount(2);
-    setHeaderLabels({modQt::Text("Projects"), modQt::Text("Violations")});
+    setHeaderLabels({modQt::Text("Projects"), QString()});
+    headerItem()->setIcon(kCountColumn, modPictures::Icon("Warning"));
+    headerItem()->setToolTip(kCountColumn, modQt::Text("Violations"));
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(kNameColumn, QHeaderView::Stretch);
     header()->setSectionResizeMode(kCountColumn, QHeaderView::ResizeToContents);

@@ -37,7 +37,7 @@ namespace {
 
 constexpr int kFirstCharactersWide = 150;
 constexpr int kFirstRowsHigh = 46;
-constexpr int kExplorerCharactersWide = 34;
+constexpr int kExplorerCharactersWide = 44;
 constexpr int kWorkbenchRowsHigh = 16;
 constexpr std::chrono::seconds kGapTip{1};
 
@@ -73,10 +73,10 @@ qreal OriginalTextSize() {
 
 }  // namespace
 
-MainWindow::MainWindow(Desk& desk, WindowParts parts)
+MainWindow::MainWindow(Desk& desk)
     : m_desk(desk),
-      m_parts(std::move(parts)),
-      m_actions(*this, [this](WindowAction action) { Run(action); }) {
+      m_actions(*this, [this](WindowAction action) { Run(action); }),
+      m_editors(desk) {
     OriginalTextSize();
     setAcceptDrops(true);
     setDockNestingEnabled(true);
@@ -100,11 +100,10 @@ MainWindow::~MainWindow() {
 }
 
 void MainWindow::MakePanes() {
-    m_editors = m_parts.MakeEditors(m_desk);
     m_centre = &modQt::Make<QStackedWidget>();
     m_startPage = &modQt::Make<StartPage>(nullptr);
     m_centre->addWidget(m_startPage);
-    m_centre->addWidget(&m_editors->Widget());
+    m_centre->addWidget(&m_editors.Widget());
     setCentralWidget(m_centre);
     m_startPage->SetSamples(SampleProjects());
 
@@ -115,7 +114,7 @@ void MainWindow::MakePanes() {
         &Pane(*this, "Changes since the review before", *m_comparison, Qt::BottomDockWidgetArea);
     m_comparisonPane->hide();
 
-    m_events.push_back(m_editors->PlaceChanged.Subscribe([this] {
+    m_events.push_back(m_editors.PlaceChanged.Subscribe([this] {
         ShowCentre();
         ShowPlace();
     }));
@@ -325,7 +324,7 @@ void MainWindow::ShowState() {
 }
 
 void MainWindow::ShowFindings() {
-    m_editors->ShowFindings();
+    m_editors.ShowFindings();
     std::int32_t violations = 0;
     for (const ExplorerNode& project : m_desk.Explorer().Projects()) {
         violations += project.Findings.Violations;
@@ -342,7 +341,7 @@ void MainWindow::ShowFindings() {
 }
 
 void MainWindow::ShowPlace() {
-    const std::optional<EditorPlace> place = m_editors->Place();
+    const std::optional<EditorPlace> place = m_editors.Place();
     m_placeLabel->setText(
         place && place->Line > 0 ? modQt::Text(
                                        "Line " + std::to_string(place->Line) + ", column " +
@@ -389,7 +388,7 @@ void MainWindow::ShowTitle() {
 }
 
 void MainWindow::ShowCentre() {
-    QWidget* const shown = m_editors->IsEmpty() ? m_startPage : &m_editors->Widget();
+    QWidget* const shown = m_editors.IsEmpty() ? m_startPage : &m_editors.Widget();
     m_centre->setCurrentWidget(shown);
 }
 

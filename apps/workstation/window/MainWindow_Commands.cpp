@@ -124,8 +124,14 @@ void MainWindow::Run(WindowAction action) {
          [](MainWindow& window) {
              window.CloseActiveProject();
          }},
-        {ExportCsv, [](MainWindow& window) { window.m_workbench->Export(TableFormat::Csv); }},
-        {ExportHtml, [](MainWindow& window) { window.m_workbench->Export(TableFormat::Html); }},
+        {ExportCsv,
+         [](MainWindow& window) {
+             window.m_workbench->Export(TableFormat::Csv);
+         }},
+        {ExportHtml,
+         [](MainWindow& window) {
+             window.m_workbench->Export(TableFormat::Html);
+         }},
         {Exit,
          [](MainWindow& window) {
              window.close();
@@ -189,7 +195,7 @@ void MainWindow::Run(WindowAction action) {
     };
     const auto* const editor = std::ranges::find(kEditorRows, action, &EditorRow::Action);
     if (editor != std::end(kEditorRows)) {
-        m_editors->Do(editor->Command);
+        m_editors.Do(editor->Command);
         return;
     }
     std::ranges::find(kRows, action, &Row::Action)->Run(*this);
@@ -234,7 +240,7 @@ void MainWindow::AskForFolder() {
 
 /// The project of the file in front: what was changed in it is written.
 void MainWindow::SaveFile() {
-    const std::optional<EditorPlace> place = m_editors->Place();
+    const std::optional<EditorPlace> place = m_editors.Place();
     FileProject* const project =
         place ? &m_desk.Host().Project(place->Project) : m_desk.Host().ActiveProject();
     if (project != nullptr && project->IsDirty()) {

@@ -106,8 +106,8 @@ void StepPlayer::Run() {
     }
     m_tries = 0;
     if (!outcome.IsDone) {
-        const std::string fault = "step " + std::to_string(number + 1) + " (" +
-                                  modQt::Utf8(line) + "): " + modQt::Utf8(outcome.Fault) + "\n";
+        const std::string fault = "step " + std::to_string(number + 1) + " (" + modQt::Utf8(line) +
+                                  "): " + modQt::Utf8(outcome.Fault) + "\n";
         modHostConsole::Write(HostStream::Error, fault);
         QCoreApplication::exit(1);
         return;
@@ -189,14 +189,16 @@ StepPlayer::Outcome StepPlayer::Menu(const QString& about) {
 
 StepPlayer::Outcome StepPlayer::Button(const QString& about) {
     for (auto* const button : Front().findChildren<QAbstractButton*>()) {
-        const bool isMeant =
-            Plain(button->text()) == about || button->accessibleName() == about;
+        const bool isMeant = Plain(button->text()) == about || button->accessibleName() == about;
         if (isMeant && button->isVisible() && button->isEnabled()) {
             button->click();
             return {};
         }
     }
-    return {false, modQt::Text("there is no such button, or it is disabled")};
+    return {
+        false,
+        modQt::Text("there is no such button, or it is disabled, in '") + Front().windowTitle() +
+            u'\''};
 }
 
 StepPlayer::Outcome StepPlayer::Tab(const QString& about) {
@@ -209,7 +211,7 @@ StepPlayer::Outcome StepPlayer::Tab(const QString& about) {
             }
         }
     }
-    return {false, modQt::Text("there is no such tab")};
+    return {false, modQt::Text("there is no such tab in '") + Front().windowTitle() + u'\''};
 }
 
 StepPlayer::Outcome StepPlayer::Focus(const QString& about) {
@@ -290,8 +292,7 @@ StepPlayer::Outcome StepPlayer::Shot(const QString& about) {
     for (QWidget* const window : QApplication::topLevelWidgets()) {
         if (window != &m_window && window->isVisible()) {
             const QPoint place = window->pos() - m_window.pos();
-            painter.drawPixmap(
-                std::max(place.x(), 0), std::max(place.y(), 0), window->grab());
+            painter.drawPixmap(std::max(place.x(), 0), std::max(place.y(), 0), window->grab());
         }
     }
     painter.end();

@@ -71,6 +71,14 @@ public:
     const ReviewComparison* Comparison() const { return m_comparison.get(); }
     /// The violations of a file among those shown, for marks beside its lines.
     std::vector<FoundViolation> FindingsOf(const FileProject& project, const FileComponent& file);
+    /// What there is to say about a violation that is shown; empty where it is not there.
+    std::string AdviceOf(std::int32_t violationId) const;
+    /// Makes a violation current in the list, if that shows it.
+    void SelectViolation(std::int32_t violationId);
+    /// Null for a component of no open project.
+    FileProject* OwnerOf(const FileComponent& file);
+    /// Saves what has changed in the project of a file.
+    void SaveProjectOf(const FileComponent& file);
     /// Reads the counts of the results that are shown now.
     void RefreshFindings();
 

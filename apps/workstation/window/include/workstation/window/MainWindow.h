@@ -3,14 +3,13 @@
 #include "workstation/controls/Event.h"
 #include "workstation/desk/ProjectExplorer.h"
 #include "workstation/look/modTheme.h"
+#include "workstation/window/EditorArea.h"
 #include "workstation/window/EventGaps.h"
-#include "workstation/window/IEditorArea.h"
 #include "workstation/window/WindowActions.h"
 
 #include <QMainWindow>
 #include <QTimer>
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -30,16 +29,11 @@ class StartPage;
 class WorkbenchView;
 struct PaletteEntry;
 
-/// What the window is put together from.
-struct WindowParts {
-    std::function<std::unique_ptr<IEditorArea>(Desk&)> MakeEditors;
-};
-
 /// The program's one window.
 class MainWindow final : public QMainWindow {
 public:
     /// REQUIRES: the desk outlives this, and is not started yet.
-    MainWindow(Desk& desk, WindowParts parts);
+    explicit MainWindow(Desk& desk);
     ~MainWindow() override;
 
     /// Shows what the add-in has made of the environment. REQUIRES: the desk is started.
@@ -51,7 +45,7 @@ public:
     WindowActions& Actions() { return m_actions; }
     ExplorerView& Explorer() { return *m_explorer; }
     ComparisonView& Comparison() { return *m_comparison; }
-    IEditorArea& Editors() { return *m_editors; }
+    EditorArea& Editors() { return m_editors; }
     /// Null before `ShowDesk`.
     WorkbenchView* Workbench() { return m_workbench; }
     EventGaps& Gaps() { return m_gaps; }
@@ -92,9 +86,8 @@ private:
     void SaveFile();
 
     Desk& m_desk;
-    WindowParts m_parts;
     WindowActions m_actions;
-    std::unique_ptr<IEditorArea> m_editors;
+    EditorArea m_editors;
     std::unique_ptr<CommandMenuBar> m_menuBar;
     QStackedWidget* m_centre = nullptr;
     StartPage* m_startPage = nullptr;
