@@ -52,6 +52,7 @@ CodeEditor::CodeEditor(QWidget* parent) : QsciScintilla(parent) {
     setCaretLineVisible(true);
     setMarginType(kNumberMargin, NumberMargin);
     setMarginWidth(1, 0);
+    SendScintilla(SCI_SETMARGINLEFT, 0UL, static_cast<long>(fontMetrics().height() / 3));
     SendScintilla(SCI_SETUNDOCOLLECTION, 0UL);
     SendScintilla(SCI_EMPTYUNDOBUFFER);
     SendScintilla(SCI_SETENDATLASTLINE, 0UL);

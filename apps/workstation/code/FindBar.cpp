@@ -121,6 +121,7 @@ void FindBar::Connect() {
     m_theme = modTheme::Changed().Subscribe([this] { ShowHits(); });
     connect(&m_editor, &QsciScintilla::selectionChanged, this, [this] {
         if (isVisible() && !m_later.isActive()) {
+            ShowSelected();
             ShowCount({});
         }
     });
@@ -244,8 +245,31 @@ void FindBar::ClearHits() {
         Base::SCI_INDICATORCLEARRANGE, 0UL, m_editor.SendScintilla(Base::SCI_GETLENGTH));
 }
 
+void FindBar::Paint(const CodeRange& hit, bool isShown) {
+    const int start = m_editor.Position(hit.StartLine, hit.StartColumn);
+    const int end = m_editor.Position(hit.EndLine, hit.EndColumn);
+    m_editor.SendScintilla(Base::SCI_SETINDICATORCURRENT, kIndicator);
+    m_editor.SendScintilla(
+        isShown ? Base::SCI_INDICATORFILLRANGE : Base::SCI_INDICATORCLEARRANGE,
+        static_cast<unsigned long>(start),
+        static_cast<long>(end - start));
+}
+
+void FindBar::ShowSelected() {
+    if (m_selected && m_search.NumberOf(*m_selected) > 0) {
+        Paint(*m_selected, true);
+    }
+    m_selected.reset();
+    const CodeRange range = m_editor.Range();
+    if (m_search.NumberOf(range) > 0) {
+        Paint(range, false);
+        m_selected = range;
+    }
+}
+
 void FindBar::ShowHits() {
     ClearHits();
+    m_selected.reset();
     if (!isVisible()) {
         return;
     }
@@ -260,13 +284,9 @@ void FindBar::ShowHits() {
         if (++shown > kMostShown) {
             break;
         }
-        const int start = m_editor.Position(hit.StartLine, hit.StartColumn);
-        const int end = m_editor.Position(hit.EndLine, hit.EndColumn);
-        m_editor.SendScintilla(
-            Base::SCI_INDICATORFILLRANGE,
-            static_cast<unsigned long>(start),
-            static_cast<long>(end - start));
+        Paint(hit, true);
     }
+    ShowSelected();
     ShowCount({});
 }
 

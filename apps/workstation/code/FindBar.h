@@ -45,6 +45,9 @@ private:
     void ShowHits();
     void ShowCount(const QString& message);
     void ClearHits();
+    void Paint(const CodeRange& hit, bool isShown);
+    /// The hit that is selected has the surface of the selection.
+    void ShowSelected();
 
     CodeEditor& m_editor;
     CodeSearch& m_search;
@@ -57,7 +60,8 @@ private:
     QLabel& m_count;
     QWidget& m_replaceRow;
     QTimer m_later;
-    CodeRange m_origin;  // what is typed is looked for from here on
+    std::optional<CodeRange> m_selected;  // without a surface of its own
+    CodeRange m_origin;                   // what is typed is looked for from here on
     Subscription m_changes;
     Subscription m_theme;
 };

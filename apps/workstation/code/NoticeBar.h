@@ -32,7 +32,7 @@ private:
     QPushButton& m_keep;
 };
 
-/// Asks for a line to go to.
+/// Takes the number of a line to go to.
 class LineBar final : public QFrame {
 public:
     LineBar(CodeEditor& editor, QWidget* parent);

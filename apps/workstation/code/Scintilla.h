@@ -2,7 +2,7 @@
 
 #include <QAbstractScrollArea>
 
-// The headers of the editor are written with the two keywords that this program has switched off.
+// The headers of the editor are written with the two keywords that this program has disabled.
 #define signals Q_SIGNALS
 #define slots Q_SLOTS
 #include <Qsci/qscicommandset.h>

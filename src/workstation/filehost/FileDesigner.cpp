@@ -13,7 +13,7 @@ namespace {
 constexpr std::string_view kBegin = "Begin ";
 
 constexpr std::string_view kBeginProperty = "BeginProperty ";
-constexpr std::size_t kMostBlocks = 16;  // in one another; what is deeper is no layout
+constexpr std::size_t kMostBlocks = 16;  // in one another; properties deeper down are ignored
 
 }  // namespace
 

@@ -223,8 +223,11 @@ PlacedControl
 FormLayout::Placed(FileDesigner& designer, std::int32_t number, const Container& container) const {
     const FileDesignerControl& control = designer.Control(number);
     const DesignerProperties& properties = control.Properties();
-    const auto at = [&](const char* name, double unit) {
-        return Limited(properties.Number(name).value_or(0) * unit);
+    // Controls of other libraries are written in twips whatever the scale.
+    const bool isOwn = modTextCase::StartsWith(control.Type(), "VB.");
+    const Scale unit = isOwn ? container.Unit : Scale();
+    const auto at = [&](const char* name, double factor) {
+        return Limited(properties.Number(name).value_or(0) * factor);
     };
     PlacedControl placed;
     placed.Control = number;
@@ -233,10 +236,10 @@ FormLayout::Placed(FileDesigner& designer, std::int32_t number, const Container&
     placed.IsOnTop = container.IsOnTop;
     if (placed.Look == ControlLook::Line) {
         placed.Line = {
-            container.Left + at("X1", container.Unit.X),
-            container.Top + at("Y1", container.Unit.Y),
-            container.Left + at("X2", container.Unit.X),
-            container.Top + at("Y2", container.Unit.Y)};
+            container.Left + at("X1", unit.X),
+            container.Top + at("Y1", unit.Y),
+            container.Left + at("X2", unit.X),
+            container.Top + at("Y2", unit.Y)};
         const TwipLine& line = placed.Line;
         placed.Bounds = {
             std::min(line.X1, line.X2),
@@ -245,13 +248,13 @@ FormLayout::Placed(FileDesigner& designer, std::int32_t number, const Container&
             std::abs(line.Y1 - line.Y2)};
         return placed;
     }
-    const double left = at("Left", container.Unit.X);
+    const double left = at("Left", unit.X);
     placed.IsOnTop = placed.IsOnTop && !(container.HasPages && left < kFarAway);
     placed.Bounds = {
         container.Left + left,
-        container.Top + at("Top", container.Unit.Y),
-        std::max(0.0, at("Width", container.Unit.X)),
-        std::max(0.0, at("Height", container.Unit.Y))};
+        container.Top + at("Top", unit.Y),
+        std::max(0.0, at("Width", unit.X)),
+        std::max(0.0, at("Height", unit.Y))};
     if (properties.Find("Width") == nullptr) {
         // What has no size is a sign, whatever it is.
         placed.Look = placed.Look == ControlLook::Unknown ? ControlLook::Timer : placed.Look;

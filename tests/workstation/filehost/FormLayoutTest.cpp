@@ -67,10 +67,10 @@ constexpr std::string_view kLayout = "VERSION 5.00\n"
                                      "      End\n"
                                      "   End\n"
                                      "   Begin TabDlg.SSTab tab \n"
-                                     "      Height          =   50\n"
-                                     "      Left            =   200\n"
-                                     "      Top             =   100\n"
-                                     "      Width           =   80\n"
+                                     "      Height          =   750\n"
+                                     "      Left            =   3000\n"
+                                     "      Top             =   1500\n"
+                                     "      Width           =   1200\n"
                                      "      Tab             =   1\n"
                                      "      TabCaption(0)   =   \"One\"\n"
                                      "      TabCaption(1)   =   \"T&wo\"\n"
@@ -158,6 +158,8 @@ TEST(FormLayout, EachControlIsInTheScaleOfItsContainer) {
     EXPECT_EQ(BoundsOf(designer, layout, "txtIn"), (TwipRect{300, 600, 9000, 300}));
     EXPECT_EQ(BoundsOf(designer, layout, "tmr"), (TwipRect{150, 1200, 420, 420}));
     EXPECT_EQ(BoundsOf(designer, layout, "linIn"), (TwipRect{3000, 0, 750, 375}));
+    EXPECT_EQ(BoundsOf(designer, layout, "tab"), (TwipRect{3000, 1500, 1200, 750}))
+        << "one of another library is in twips";
 }
 
 TEST(FormLayout, TheControlInFrontIsAtAPlace) {

@@ -24,7 +24,7 @@ class LineBar;
 class MarkLayer;
 class NoticeBar;
 
-/// What a code pane can do: for its keys, its menu, and whoever lists commands.
+/// What a code pane can do: for its keys, its menu, and lists of commands.
 struct PaneCommand {
     QString Text;
     QList<QKeySequence> Keys;  // the first one is shown
@@ -48,9 +48,10 @@ public:
     void SetZoom(int steps);
     int Zoom() const;
     void SetReadOnly(bool isReadOnly);
-    /// Looks whether the file was changed by another program; asks where something would be lost.
+    /// Looks whether the file was changed by another program. Where something would be lost by reading it, the user has to
+    /// choose.
     void FollowDisk();
-    /// Asks for the file to be saved, unless it has to be asked what is to be lost.
+    /// Requests that the file be saved, unless the user has to choose first; see `FollowDisk`.
     void Save();
     void GoToLine(std::int32_t line);
     /// False where there is no mark in that direction.

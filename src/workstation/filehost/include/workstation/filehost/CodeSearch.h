@@ -37,7 +37,7 @@ public:
     /// Looks in a part of the module only, which moves with its lines.
     void SetScope(std::optional<CodeRange> scope);
     const std::optional<CodeRange>& Scope() const { return m_scope; }
-    /// Whether it goes on at the other end; so it is at first.
+    /// Whether it continues at the other end; true at first.
     void SetWraps(bool wraps) { m_wraps = wraps; }
 
     /// All places, from the first line on. They are looked for when they are needed first after a change.

@@ -15,7 +15,7 @@ namespace modCodeEdits {
 std::string_view Indentation(std::string_view line);
 
 /// Makes comments of lines by an apostrophe in front of each, as one step to be undone. Lines outside the module are
-/// passed over.
+/// ignored.
 void Comment(FileCodeModule& module, std::int32_t first, std::int32_t last);
 /// Takes the first apostrophe from each line that is a comment.
 void Uncomment(FileCodeModule& module, std::int32_t first, std::int32_t last);
