@@ -10,7 +10,7 @@
 /// Pictures that are written as texts.
 ///
 /// A picture is 16 units wide and high and consists of shapes, one after the other, divided by ";". A shape begins with the
-/// letter of its colour, a small one for a line and a capital one for a surface, and goes on with its path: "M x y" to
+/// letter of its colour, a small one for a line and a capital one for a surface, and continues with its path: "M x y" to
 /// begin, "L x y" a line to a point, "H x", "V y" a level or upright one, "Z" back to the beginning, "Q x y x y" a curve by
 /// one point to another, "O x y r" a circle. Numbers are absolute.
 namespace dorvik::modDrawnShapes {

@@ -208,8 +208,13 @@ void Desk::GoToViolation(bool forward) {
     std::size_t row = list.CurrentRow().value_or(forward ? rows - 1 : 0);
     for (std::size_t step = 0; step < rows; ++step) {
         row = forward ? (row + 1) % rows : (row + rows - 1) % rows;
-        if (!list.GroupRow(row)) {
-            list.SetCurrentRow(row);
+        if (list.GroupRow(row)) {
+            continue;
+        }
+        list.SetCurrentRow(row);
+        // A violation of the project itself has no place in the source.
+        const std::optional<ViolationDetails> details = Results().GetViolationDetails();
+        if (details && !details->File.empty()) {
             Document().cmdGotoSource_Click();
             return;
         }

@@ -105,7 +105,7 @@ void MainWindow::MakePanes() {
     m_centre->addWidget(m_startPage);
     m_centre->addWidget(&m_editors.Widget());
     setCentralWidget(m_centre);
-    m_startPage->SetSamples(SampleProjects());
+    m_startPage->SetSamples(SampleProjects(modQt::Utf8(QApplication::applicationDirPath())));
 
     m_explorer = &modQt::Make<ExplorerView>(m_desk.Explorer(), nullptr);
     m_explorerPane = &Pane(*this, "Project explorer", *m_explorer, Qt::LeftDockWidgetArea);
@@ -401,9 +401,8 @@ void MainWindow::SetTheme(ThemeName theme) {
 }
 
 void MainWindow::SetZoom(int percent) {
-    constexpr int kWhole = 100;
     QFont font = QApplication::font();
-    font.setPointSizeF(OriginalTextSize() * percent / kWhole);
+    font.setPointSizeF(OriginalTextSize() * percent / modWindowSettings::kWholeSize);
     QApplication::setFont(font);
 }
 

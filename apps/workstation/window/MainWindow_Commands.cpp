@@ -18,6 +18,8 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
+#include <map>
 
 namespace dorvik {
 
@@ -101,104 +103,97 @@ void MainWindow::Run(WindowAction action) {
     using enum WindowAction;
     struct Row {
         WindowAction Action;
-        void (*Run)(MainWindow& window);
+        void (MainWindow::*Run)();
     };
     static constexpr Row kRows[] = {
-        {WindowAction::Open,
-         [](MainWindow& window) {
-             window.AskForFile();
-         }},
-        {OpenFolder,
-         [](MainWindow& window) {
-             window.AskForFolder();
-         }},
-        {Save,
-         [](MainWindow& window) {
-             window.SaveFile();
-         }},
-        {SaveAll,
-         [](MainWindow& window) {
-             window.m_desk.Host().SaveAll();
-         }},
-        {CloseProject,
-         [](MainWindow& window) {
-             window.CloseActiveProject();
-         }},
-        {ExportCsv,
-         [](MainWindow& window) {
-             window.m_workbench->Export(TableFormat::Csv);
-         }},
-        {ExportHtml,
-         [](MainWindow& window) {
-             window.m_workbench->Export(TableFormat::Html);
-         }},
-        {Exit,
-         [](MainWindow& window) {
-             window.close();
-         }},
-        {ZoomIn,
-         [](MainWindow& window) {
-             window.ZoomBy(modWindowSettings::kZoomStep);
-         }},
-        {ZoomOut,
-         [](MainWindow& window) {
-             window.ZoomBy(-modWindowSettings::kZoomStep);
-         }},
-        {ZoomReset,
-         [](MainWindow& window) {
-             window.ZoomBy(100 - modWindowSettings::Zoom());
-         }},
-        {NextViolation,
-         [](MainWindow& window) {
-             window.m_desk.GoToViolation(true);
-         }},
-        {PreviousViolation,
-         [](MainWindow& window) {
-             window.m_desk.GoToViolation(false);
-         }},
-        {StartPage,
-         [](MainWindow& window) {
-             window.m_centre->setCurrentIndex(0);
-         }},
-        {ResetLayout,
-         [](MainWindow& window) {
-             window.restoreState(window.m_firstLayout, kLayoutVersion);
-         }},
-        {ReviewAgain,
-         [](MainWindow& window) {
-             window.m_desk.App().ReviewAgain();
-         }},
-        {Properties,
-         [](MainWindow& window) {
-             window.ShowFacts(hostcommand::kProjectProperties);
-         }},
-        {References,
-         [](MainWindow& window) {
-             window.ShowFacts(hostcommand::kReferences);
-         }},
-        {Palette,
-         [](MainWindow& window) {
-             window.ShowPalette();
-         }},
-        {Shortcuts,
-         [](MainWindow& window) {
-             window.ShowPalette();
-         }},
-        {Options,
-         [](MainWindow& window) {
-             window.m_desk.App().ShowOptions(frmOptions::Page::General);
-         }},
-        {About,
-         [](MainWindow& window) {
-             window.m_desk.Click("DORVIK.HELPABOUT");
-         }},
+        {WindowAction::Open, &MainWindow::AskForFile},
+        {OpenFolder, &MainWindow::AskForFolder},
+        {Save, &MainWindow::SaveFile},
+        {CloseProject, &MainWindow::CloseActiveProject},
+        {Palette, &MainWindow::ShowPalette},
+        {Shortcuts, &MainWindow::ShowPalette},
     };
     const auto* const editor = std::ranges::find(kEditorRows, action, &EditorRow::Action);
+    const auto* const own = std::ranges::find(kRows, action, &Row::Action);
     if (editor != std::end(kEditorRows)) {
         m_editors.Do(editor->Command);
-        return;
+    } else if (own != std::end(kRows)) {
+        (this->*own->Run)();
+    } else {
+        RunSmall(action);
     }
-    std::ranges::find(kRows, action, &Row::Action)->Run(*this);
+}
+
+/// The commands of one step.
+void MainWindow::RunSmall(WindowAction action) {
+    using enum WindowAction;
+    const std::map<WindowAction, std::function<void()>> steps = {
+        {SaveAll,
+         [this] {
+             m_desk.Host().SaveAll();
+         }},
+        {ExportCsv,
+         [this] {
+             m_workbench->Export(TableFormat::Csv);
+         }},
+        {ExportHtml,
+         [this] {
+             m_workbench->Export(TableFormat::Html);
+         }},
+        {Exit,
+         [this] {
+             close();
+         }},
+        {ZoomIn,
+         [this] {
+             ZoomBy(modWindowSettings::kZoomStep);
+         }},
+        {ZoomOut,
+         [this] {
+             ZoomBy(-modWindowSettings::kZoomStep);
+         }},
+        {ZoomReset,
+         [this] {
+             ZoomBy(modWindowSettings::kWholeSize - modWindowSettings::Zoom());
+         }},
+        {NextViolation,
+         [this] {
+             m_desk.GoToViolation(/*forward=*/true);
+         }},
+        {PreviousViolation,
+         [this] {
+             m_desk.GoToViolation(/*forward=*/false);
+         }},
+        {StartPage,
+         [this] {
+             m_centre->setCurrentIndex(0);
+         }},
+        {ResetLayout,
+         [this] {
+             restoreState(m_firstLayout, kLayoutVersion);
+         }},
+        {ReviewAgain,
+         [this] {
+             m_desk.App().ReviewAgain();
+         }},
+        {Properties,
+         [this] {
+             ShowFacts(hostcommand::kProjectProperties);
+         }},
+        {References,
+         [this] {
+             ShowFacts(hostcommand::kReferences);
+         }},
+        {Options,
+         [this] {
+             m_desk.App().ShowOptions(frmOptions::Page::General);
+         }},
+        {About,
+         [this] {
+             m_desk.Click("DORVIK.HELPABOUT");
+         }},
+    };
+    steps.at(action)();
 }
 
 void MainWindow::ZoomBy(int percent) {
@@ -258,7 +253,7 @@ void MainWindow::ShowFacts(std::int32_t command) {
                                        : FactsWindow::Page::Properties;
     auto& window = modQt::Make<FactsWindow>(FactsOf(*active), page, this);
     window.setAttribute(Qt::WA_DeleteOnClose);
-    window.open();
+    window.show();
 }
 
 void MainWindow::OpenNode(const ExplorerNode& node) {

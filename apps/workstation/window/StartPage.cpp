@@ -4,7 +4,6 @@
 #include "workstation/look/modQt.h"
 
 #include <QCommandLinkButton>
-#include <QCoreApplication>
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
@@ -121,8 +120,8 @@ void StartPage::Fill(
     }
 }
 
-std::vector<std::string> SampleProjects() {
-    QDir folder(QCoreApplication::applicationDirPath());
+std::vector<std::string> SampleProjects(const std::string& programFolder) {
+    QDir folder(modQt::Text(programFolder));
     for (int above = 0; above < kFoldersAbove; ++above) {
         for (const char* const name : {"Samples", "samples"}) {
             const QDir samples(folder.filePath(modQt::Text(name)));

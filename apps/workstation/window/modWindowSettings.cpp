@@ -15,7 +15,6 @@ constexpr std::string_view kTheme = "Theme";
 constexpr std::string_view kZoom = "Zoom";
 constexpr std::string_view kGeometry = "Geometry";
 constexpr std::string_view kLayout = "Layout";
-constexpr int kWholeSize = 100;
 
 std::string Read(std::string_view name) {
     return Trapped({kModule, "Read"}, std::string(), [&] {

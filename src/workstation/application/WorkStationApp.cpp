@@ -155,7 +155,7 @@ void WorkStationApp::m_evtMenu_ReviewClick() {
     Trap({kModule, "m_evtMenu_ReviewClick"}, [&] {
         // While a review runs in the background the same command cancels it.
         if (!m_backgroundReviewActive &&
-            (!PromptToSaveProjectsBeforeReview() || !ChooseReviewOptions())) {
+            (!PromptToSaveProjectsBeforeReview() || !ChooseReviewOptions(/*asBefore=*/false))) {
             return;
         }
         ExecuteReview();
@@ -206,32 +206,21 @@ bool WorkStationApp::MayReview(const std::string& project, bool soFar) {
     return false;
 }
 
-bool WorkStationApp::ChooseReviewOptions() {
+/// `asBefore`: as if the user had left the dialog as it was, if that is possible.
+bool WorkStationApp::ChooseReviewOptions(bool asBefore) {
     frmReviewOptions form(m_screen);
     form.ReviewOptions(m_criteria);
-    m_screen.ShowModal(form);
+    if (!asBefore || !m_optionsWereChosen || !form.Ok()) {
+        m_screen.ShowModal(form);
+    }
     m_optionsWereChosen = m_optionsWereChosen || !form.Cancelled();
-    return !form.Cancelled();
-}
-
-/// As if the user had left the dialog as it was.
-bool WorkStationApp::TakeLastReviewOptions() {
-    if (!m_optionsWereChosen) {
-        return ChooseReviewOptions();
-    }
-    frmReviewOptions form(m_screen);
-    form.ReviewOptions(m_criteria);
-    if (form.Ok()) {
-        return true;
-    }
-    m_screen.ShowModal(form);
     return !form.Cancelled();
 }
 
 void WorkStationApp::ReviewAgain() {
     Trap({kModule, "ReviewAgain"}, [&] {
         if (m_backgroundReviewActive || !PromptToSaveProjectsBeforeReview() ||
-            !TakeLastReviewOptions()) {
+            !ChooseReviewOptions(/*asBefore=*/true)) {
             return;
         }
         ExecuteReview();

@@ -46,11 +46,8 @@ void WorkStationApp::ConnectMenus() {
         {&IDEMenuEvents::GotoSourceClick, &App::m_evtMenu_GotoSourceClick},
         {&IDEMenuEvents::GotoHomePage, &App::m_evtMenu_GotoHomePage},
         {&IDEMenuEvents::GotoTechSupportPage, &App::m_evtMenu_GotoTechSupportPage},
-        {&IDEMenuEvents::HelpContents, &App::m_evtMenu_HelpContents},
-        {&IDEMenuEvents::HelpSearch, &App::m_evtMenu_HelpSearch},
         {&IDEMenuEvents::LaunchRulebaseDocument, &App::m_evtMenu_LaunchRulebaseDocument},
         {&IDEMenuEvents::OpenClick, &App::m_evtMenu_OpenClick},
-        {&IDEMenuEvents::OptionsClick, &App::m_evtMenu_OptionsClick},
         {&IDEMenuEvents::ReviewClick, &App::m_evtMenu_ReviewClick},
         {&IDEMenuEvents::ReviewSummary, &App::m_evtMenu_ReviewSummary},
         {&IDEMenuEvents::ShowDorvikWindowClick, &App::m_evtMenu_ShowDorvikWindowClick},
@@ -62,7 +59,7 @@ void WorkStationApp::ConnectMenus() {
     ConnectMenusToDocument();
 }
 
-/// The commands that are the document's, or the results view's, alone.
+/// The commands of one step, most of them the document's or the results view's alone.
 void WorkStationApp::ConnectMenusToDocument() {
     struct PassedOnRow {
         Event<> IDEMenuEvents::*Raised;
@@ -100,6 +97,22 @@ void WorkStationApp::ConnectMenusToDocument() {
          "m_evtMenu_GroupByNoneClick",
          [](App& app) {
              app.Results().GroupByNone();
+         }},
+        {&IDEMenuEvents::HelpContents,
+         "m_evtMenu_HelpContents",
+         [](App& app) {
+             app.m_screen.OpenWithSystem(HelpFile());
+         }},
+        // The program that shows the file has the search.
+        {&IDEMenuEvents::HelpSearch,
+         "m_evtMenu_HelpSearch",
+         [](App& app) {
+             app.m_screen.OpenWithSystem(HelpFile());
+         }},
+        {&IDEMenuEvents::OptionsClick,
+         "m_evtMenu_OptionsClick",
+         [](App& app) {
+             app.ShowOptions(frmOptions::Page::General);
          }},
         {&IDEMenuEvents::ShowGroupByClick,
          "m_evtMenu_ShowGroupByClick",
@@ -151,15 +164,6 @@ void WorkStationApp::m_evtMenu_GotoTechSupportPage() {
     });
 }
 
-void WorkStationApp::m_evtMenu_HelpContents() {
-    Trap({kModule, "m_evtMenu_HelpContents"}, [&] { m_screen.OpenWithSystem(HelpFile()); });
-}
-
-// The program that shows the file has the search.
-void WorkStationApp::m_evtMenu_HelpSearch() {
-    Trap({kModule, "m_evtMenu_HelpSearch"}, [&] { m_screen.OpenWithSystem(HelpFile()); });
-}
-
 void WorkStationApp::m_evtMenu_LaunchRulebaseDocument() {
     Trap({kModule, "m_evtMenu_LaunchRulebaseDocument"}, [&] {
         const DVKWorkData& settings = modGlobal::WorkData();
@@ -195,10 +199,6 @@ void WorkStationApp::OpenResults(const std::string& file) {
                 file + "' is the correct version.");
         }
     });
-}
-
-void WorkStationApp::m_evtMenu_OptionsClick() {
-    Trap({kModule, "m_evtMenu_OptionsClick"}, [&] { ShowOptions(frmOptions::Page::General); });
 }
 
 void WorkStationApp::ShowOptions(frmOptions::Page page) {

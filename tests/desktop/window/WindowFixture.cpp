@@ -67,6 +67,11 @@ void WindowFixture::OpenBilling() {
     Settle();
 }
 
+void WindowFixture::Edit(const char* component) {
+    m_desk->Host().FindComponent(component)->CodeModule().InsertLines(1, "' edited");
+    Settle();
+}
+
 void WindowFixture::Review() {
     m_desk->App().ReviewAgain();
     Settle();

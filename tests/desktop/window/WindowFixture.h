@@ -41,6 +41,8 @@ protected:
     /// A path of this machine.
     std::string Sample(const std::string& name) const;
     void OpenBilling();
+    /// Puts a comment at the top of a component, by its name.
+    void Edit(const char* component);
     /// With the sample rulebase, in the foreground.
     void Review();
     /// Until nothing waits any more.

@@ -20,7 +20,7 @@ namespace dorvik {
 class IScreen;
 class udocDorvik;
 
-/// What is known of a review that goes on or is over.
+/// What is known of the last review.
 enum class ReviewState : std::int32_t { None, Running, Done };
 
 /// Everything that the window is about: the environment over files, the add-in in it, and what a person does with both.
@@ -54,7 +54,7 @@ public:
     bool OpenPaths(const std::vector<std::string>& paths);
     /// Closes a project. False where the user has changes to save and decides against it.
     bool CloseProject(const std::string& name);
-    /// Asks for each project that has changes. False where the user cancels, or where it cannot be saved.
+    /// Lets the user save each project that has changes. False where the user cancels, or where it cannot be saved.
     bool MayClose();
     /// Shows the code of a file at a line; 0 is where it was.
     void ShowCode(const std::string& project, const std::string& file, std::int32_t line);

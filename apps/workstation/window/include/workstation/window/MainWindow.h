@@ -63,6 +63,7 @@ protected:
 private:
     static constexpr int kLayoutVersion = 1;  // of the stored panes
 
+    void RunSmall(WindowAction action);
     void ZoomBy(int percent);
     void CloseActiveProject();
     void MakePanes();

@@ -31,8 +31,8 @@ private:
     QVBoxLayout& m_samples;
 };
 
-/// The projects and groups that come with the program, paths of this machine: in the folder "Samples" of the installation,
-/// or in "samples" above the folder of the program. None where there is no such folder.
-std::vector<std::string> SampleProjects();
+/// The projects and groups that come with the program, paths of this machine: in a folder "Samples" or "samples" beside
+/// the program or in one of the folders above, as in the repository. None where there is no such folder.
+std::vector<std::string> SampleProjects(const std::string& programFolder);
 
 }  // namespace dorvik

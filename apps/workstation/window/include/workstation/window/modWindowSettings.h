@@ -17,6 +17,7 @@ inline constexpr std::string_view kKey = "Software\\Lumbrook\\Dorvik\\6.2\\Deskt
 inline constexpr int kLeastZoom = 50;  // per cent
 inline constexpr int kMostZoom = 300;
 inline constexpr int kZoomStep = 10;
+inline constexpr int kWholeSize = 100;
 
 ThemeName Theme();
 void SetTheme(ThemeName theme);

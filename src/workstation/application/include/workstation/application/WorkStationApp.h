@@ -72,8 +72,7 @@ private:
     void AddProject(const std::string& name, const std::string& filename, const std::string& type);
     bool PromptToSaveProjectsBeforeReview();
     bool MayReview(const std::string& project, bool soFar);
-    bool ChooseReviewOptions();
-    bool TakeLastReviewOptions();
+    bool ChooseReviewOptions(bool asBefore);
     void ExecuteReview();
     void SetBackgroundReviewActive(bool active);
     void DropProgress();
@@ -84,11 +83,8 @@ private:
     void m_evtMenu_GotoSourceClick();
     void m_evtMenu_GotoHomePage();
     void m_evtMenu_GotoTechSupportPage();
-    void m_evtMenu_HelpContents();
-    void m_evtMenu_HelpSearch();
     void m_evtMenu_LaunchRulebaseDocument();
     void m_evtMenu_OpenClick();
-    void m_evtMenu_OptionsClick();
     void m_evtMenu_ReviewClick();
     void m_evtMenu_ReviewSummary();
     void m_evtMenu_ShowDorvikWindowClick();

@@ -78,7 +78,7 @@ public:
     /// For a screen: a window that was made, to be shown when it becomes visible. It lives until the add-in lets go of it.
     Event<FileToolWindow&> ToolWindowCreated;
     Event<> CommandBarsChanged;
-    /// For a screen, which shows what the add-in asks for: a number of `hostcommand`.
+    /// For a screen, which shows what the add-in requests: a number of `hostcommand`.
     Event<std::int32_t> CommandExecuted;
 
 private:
