@@ -15,7 +15,7 @@ namespace dorvik {
 
 namespace {
 
-constexpr int kCharactersWide = 60;
+constexpr int kCharactersWide = 90;
 constexpr int kRowsHigh = 16;
 
 }  // namespace
@@ -39,6 +39,7 @@ CommandPalette::CommandPalette(std::vector<PaletteEntry> entries, QWidget* paren
     m_box.installEventFilter(this);
     m_list.setAccessibleName(modQt::Text("Commands"));
     m_list.setUniformItemSizes(true);
+    m_list.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_list.setFocusPolicy(Qt::NoFocus);
     setMinimumWidth(fontMetrics().averageCharWidth() * kCharactersWide);
     m_list.setMinimumHeight(fontMetrics().height() * kRowsHigh);

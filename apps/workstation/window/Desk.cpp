@@ -179,6 +179,9 @@ bool Desk::MayClose() {
 // ---- places in the source ----
 
 void Desk::ShowCode(const std::string& project, const std::string& file, std::int32_t line) {
+    if (m_host.FindComponent(file) == nullptr) {
+        return;  // a project, or nothing
+    }
     Shown("ShowCode", [&] {
         m_host.SelectFile(file);
         FileCodePane& pane = m_host.Project(project).Component(file).CodeModule().CodePane();
@@ -192,6 +195,9 @@ void Desk::ShowCode(const std::string& project, const std::string& file, std::in
 }
 
 void Desk::ShowDesigner(const std::string& project, const std::string& file) {
+    if (m_host.FindComponent(file) == nullptr) {
+        return;
+    }
     Shown("ShowDesigner", [&] {
         m_host.SelectFile(file);
         if (FileHostWindow* const window =

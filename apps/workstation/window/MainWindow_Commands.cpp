@@ -156,6 +156,16 @@ void MainWindow::RunSmall(WindowAction action) {
          [this] {
              ZoomBy(modWindowSettings::kWholeSize - modWindowSettings::Zoom());
          }},
+        {WindowAction::ShowCode,
+         [this] {
+             const EditorPlace file = FileAtHand();
+             m_desk.ShowCode(file.Project, file.File, 0);
+         }},
+        {WindowAction::ShowDesigner,
+         [this] {
+             const EditorPlace file = FileAtHand();
+             m_desk.ShowDesigner(file.Project, file.File);
+         }},
         {NextViolation,
          [this] {
              m_desk.GoToViolation(/*forward=*/true);
@@ -199,6 +209,16 @@ void MainWindow::RunSmall(WindowAction action) {
 void MainWindow::ZoomBy(int percent) {
     modWindowSettings::SetZoom(modWindowSettings::Zoom() + percent);
     SetZoom(modWindowSettings::Zoom());
+}
+
+/// The file that is selected in the tree, if the tree has the input, otherwise the one in front.
+EditorPlace MainWindow::FileAtHand() const {
+    const std::optional<EditorPlace> place = m_editors.Place();
+    const ExplorerNode* const node = m_explorer->NodeOf(m_explorer->currentItem());
+    if (node != nullptr && (m_explorer->hasFocus() || !place)) {
+        return {node->Project, node->File, node->Line, 0};
+    }
+    return place.value_or(EditorPlace());
 }
 
 void MainWindow::CloseActiveProject() {

@@ -256,6 +256,25 @@ TEST_F(MainWindowTest, AProcedureIsOpenedAtItsLine) {
     EXPECT_EQ(TextOf("Place"), "Line " + std::to_string(node.Line) + ", column 1");
 }
 
+TEST_F(MainWindowTest, CodeAndLayoutAreThoseOfTheSelectedFileOrOfTheOneInFront) {
+    m_window->Run(WindowAction::ShowCode);
+    EXPECT_EQ(TabCount(), 0U);
+    OpenBilling();
+    m_window->Explorer().setCurrentItem(Item("Billing"));
+    m_window->Run(WindowAction::ShowCode);
+    EXPECT_EQ(TabCount(), 0U);
+    m_window->Explorer().setCurrentItem(Item("frmInvoice (frmInvoice.frm)"));
+    m_window->Run(WindowAction::ShowDesigner);
+    Settle();
+    ASSERT_EQ(TabCount(), 1U);
+    EXPECT_EQ(m_window->Editors().Place()->Line, 0);
+    m_window->Run(WindowAction::ShowCode);
+    Settle();
+    ASSERT_EQ(TabCount(), 2U);
+    EXPECT_EQ(m_window->Editors().Place()->File, m_folder.Path("Billing\\Forms\\frmInvoice.frm"));
+    EXPECT_TRUE(m_boxes.Messages.empty());
+}
+
 TEST_F(MainWindowTest, WhatIsOpenInTheTreeStaysOpen) {
     OpenBilling();
     Item("modPricing (modPricing.bas)")->setExpanded(true);

@@ -66,6 +66,7 @@ private:
     void RunSmall(WindowAction action);
     void ZoomBy(int percent);
     void CloseActiveProject();
+    EditorPlace FileAtHand() const;
     void MakePanes();
     void MakeThemeMenu();
     void MakeStatusBar();

@@ -38,6 +38,8 @@ enum class WindowAction : std::int32_t {
     ZoomIn,
     ZoomOut,
     ZoomReset,
+    ShowCode,
+    ShowDesigner,
     NextViolation,
     PreviousViolation,
     ReviewAgain,
