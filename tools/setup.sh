@@ -57,6 +57,14 @@ require_packages() {
     exit 2
 }
 
+# Makes the desktop program part of the preset "release"; needs the packages for it.
+configure_desktop() {
+    require_packages "${kDesktopPackages[@]}"
+    if ! grep -qs '^DORVIK_DESKTOP:BOOL=ON$' build/release/CMakeCache.txt; then
+        cmake --preset release -D DORVIK_DESKTOP=ON >/dev/null
+    fi
+}
+
 # build PRESET TARGET...: configures the preset when that has not been done, and builds the targets.
 build() {
     local preset=$1 log

@@ -122,6 +122,8 @@ void DocumentationView::keyPressEvent(QKeyEvent* event) {
         ZoomBy(-1);
     } else if (event->key() == Qt::Key_0 && event->modifiers() == Qt::ControlModifier) {
         ResetZoom();
+    } else if (event->matches(QKeySequence::Print)) {
+        PreviewPrint();
     } else {
         QTextBrowser::keyPressEvent(event);
     }

@@ -8,10 +8,12 @@
 #include "workstation/controls/ListTableRows.h"
 #include "workstation/look/modPictures.h"
 #include "workstation/look/modQt.h"
+#include "workstation/look/modTheme.h"
 #include "workstation/view/ResultsView.h"
 #include "workstation/widgets/CommandMenu.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QBoxLayout>
 #include <QComboBox>
 #include <QFileDialog>
@@ -20,6 +22,9 @@
 #include <QStackedWidget>
 #include <QToolButton>
 
+#include <functional>
+#include <utility>
+
 namespace dorvik {
 
 namespace {
@@ -27,11 +32,34 @@ namespace {
 /// How many characters a box shows at least.
 constexpr int kBoxLength = 12;
 
+/// The button of the shown view has the colours of a selection: that a button is down is hardly seen on a dark surface.
+void ShowPressed(QToolButton& button, bool isPressed) {
+    button.setChecked(isPressed);
+    const QPalette usual = QApplication::palette();
+    QPalette palette;
+    if (isPressed) {
+        // The style makes it lighter, which the text has to be read on.
+        palette.setColor(QPalette::Button, usual.color(QPalette::Highlight).darker(125));
+        palette.setColor(QPalette::ButtonText, usual.color(QPalette::HighlightedText));
+    }
+    button.setPalette(palette);
+}
+
 QBoxLayout& RowIn(QWidget& widget) {
     auto& row = modQt::Make<QHBoxLayout>(&widget);
     row.setContentsMargins(0, 0, 0, 0);
     row.setSpacing(widget.fontMetrics().height() / 3);
     return row;
+}
+
+/// The headings are not reached by the keyboard, this menu is.
+QMenu& SortMenu(QWidget& parent, std::function<void(QMenu&)> fill) {
+    auto& menu = modQt::Make<QMenu>(QStringLiteral("Sort b&y"), &parent);
+    QObject::connect(&menu, &QMenu::aboutToShow, &menu, [&menu, fill = std::move(fill)] {
+        menu.clear();
+        fill(menu);
+    });
+    return menu;
 }
 
 QComboBox& MakeBox(QBoxLayout& row, const QString& caption, QWidget& parent) {
@@ -77,6 +105,7 @@ WorkbenchView::WorkbenchView(udocDorvik& document, QWidget* parent)
 
     m_bindings.Text(m_panel, m_controls.Panel);
     m_bindings.Show<std::string>(m_controls.Panel, [this](const std::string&) { ShowView(); });
+    m_bindings.Keep(modTheme::Changed().Subscribe([this] { ShowView(); }));
     m_bindings.Keep(m_document.Results().ViewChanged.Subscribe([this] { ShowView(); }));
     m_bindings.Keep(
         m_document.PopupMenu.Subscribe([this](CommandControl& popup) { ShowPopup(popup); }));
@@ -174,6 +203,8 @@ void WorkbenchView::MakeActions() {
     QObject::connect(
         &source, &QAction::triggered, this, [this] { m_document.cmdGotoSource_Click(); });
     m_hotspots.addAction(&source);
+    m_hotspots.addAction(
+        SortMenu(m_hotspots, [this](QMenu& menu) { m_hotspots.FillSortMenu(menu); }).menuAction());
     m_hotspots.addActions({m_exports[0], m_exports[1], m_exports[2]});
 }
 
@@ -181,8 +212,8 @@ void WorkbenchView::MakeActions() {
 
 void WorkbenchView::ShowView() {
     const bool isList = m_document.Results().ViewType() == viewtype::kViolationList;
-    m_listButton->setChecked(isList);
-    m_hotspotsButton->setChecked(!isList);
+    ShowPressed(*m_listButton, isList);
+    ShowPressed(*m_hotspotsButton, !isList);
     if (!m_controls.Panel.Value().empty()) {
         m_pages.setCurrentIndex(0);
     } else {
@@ -194,6 +225,7 @@ void WorkbenchView::ShowPopup(CommandControl& popup) {
     auto& menu = modQt::Make<CommandMenu>(popup, this);
     menu.setAttribute(Qt::WA_DeleteOnClose);
     menu.addSeparator();
+    menu.addMenu(&SortMenu(menu, [this](QMenu& items) { m_list.FillSortMenu(items); }));
     QAction* const copy = menu.addAction(QStringLiteral("C&opy"));
     copy->setShortcut(QKeySequence::Copy);
     QObject::connect(copy, &QAction::triggered, this, [this] { CopySelection(); });

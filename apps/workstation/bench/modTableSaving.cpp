@@ -2,44 +2,24 @@
 
 #include "platform/host/modHost.h"
 #include "workstation/look/modQt.h"
+#include "workstation/widgets/modSlices.h"
 
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QGuiApplication>
-#include <QProgressDialog>
 #include <QSaveFile>
 
 namespace dorvik::modTableSaving {
 
 namespace {
 
-constexpr std::size_t kRowsAtOnce = 100;
-constexpr int kMillisecondsBetweenInput = 40;
-constexpr int kMillisecondsUntilShown = 400;
-
 /// False where the user cancels.
 bool WriteAll(TableExport& table, std::size_t count, QWidget& parent) {
-    QProgressDialog progress(
-        QStringLiteral("Writing rows..."),
-        QStringLiteral("Cancel"),
-        0,
-        static_cast<int>(count),
-        &parent);
-    progress.setWindowTitle(QStringLiteral("Dorvik Workstation"));
-    progress.setWindowModality(Qt::WindowModal);
-    progress.setMinimumDuration(kMillisecondsUntilShown);
-    QElapsedTimer sinceInput;
-    sinceInput.start();
-    while (table.WriteNext(kRowsAtOnce)) {
-        if (sinceInput.elapsed() >= kMillisecondsBetweenInput) {
-            progress.setValue(static_cast<int>(table.Written()));
-            if (progress.wasCanceled()) {
-                return false;
-            }
-            sinceInput.restart();
-        }
-    }
-    return true;
+    const bool isWritten =
+        modSlices::Run(parent, QStringLiteral("Writing rows..."), count, [&table](std::size_t) {
+            table.WriteNext(1);
+        });
+    table.WriteNext(0);  // the end of an empty table
+    return isWritten;
 }
 
 }  // namespace

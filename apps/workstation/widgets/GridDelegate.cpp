@@ -93,9 +93,9 @@ void GridDelegate::DrawMark(
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
         painter.setBrush(cell.palette.base());
-        painter.drawEllipse(mark.adjusted(-1, -1, 1, 1));
+        const int rim = std::min(side / 6, (cell.rect.height() - side) / 2);
+        painter.drawEllipse(mark.adjusted(-rim, -rim, rim, rim));
         painter.restore();
-        mark.adjust(2, 2, -2, -2);
     }
     modPictures::DrawSeverity(painter, mark, m_model.SeverityOf(*key, index.column()));
 }

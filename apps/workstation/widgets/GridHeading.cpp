@@ -9,10 +9,7 @@ namespace dorvik {
 
 GridHeading::GridHeading(
     const Grid& grid, const GridModel& model, ColumnDrag& drag, QWidget* parent)
-    : QHeaderView(Qt::Horizontal, parent), m_grid(grid), m_model(model), m_drag(drag) {
-    setHighlightSections(false);
-    setStretchLastSection(false);
-    setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    : SortHeading(parent), m_grid(grid), m_model(model), m_drag(drag) {
     QObject::connect(this, &QHeaderView::sectionClicked, this, [this](int section) {
         if (!m_dragged) {
             Clicked.Raise(section);

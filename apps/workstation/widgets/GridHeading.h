@@ -1,14 +1,13 @@
 #pragma once
 
 #include "GridModel.h"
+#include "SortHeading.h"
 #include "workstation/widgets/ColumnDrag.h"
-
-#include <QHeaderView>
 
 namespace dorvik {
 
 /// The headings of a grid: they are clicked, and dragged with the mouse.
-class GridHeading final : public QHeaderView {
+class GridHeading final : public SortHeading {
 public:
     /// REQUIRES: all of them outlive this.
     GridHeading(const Grid& grid, const GridModel& model, ColumnDrag& drag, QWidget* parent);

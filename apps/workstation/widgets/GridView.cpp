@@ -7,10 +7,13 @@
 #include "workstation/controls/modGridOrder.h"
 #include "workstation/look/modQt.h"
 #include "workstation/look/modTheme.h"
+#include "workstation/widgets/modSlices.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
@@ -129,12 +132,27 @@ void GridView::ShowOrder() {
     header()->setSortIndicator(section, order);
 }
 
+void GridView::FillSortMenu(QMenu& menu) {
+    for (int section = 0; section < m_model.columnCount(); ++section) {
+        const std::int32_t column = m_model.ColumnOf(section);
+        const std::vector<GridOrderKey>& keys = m_grid.SortKeys();
+        QAction* const action = menu.addAction(modQt::Text(modGridOrder::TitleOf(m_grid, column)));
+        action->setCheckable(true);
+        action->setChecked(!keys.empty() && keys.front().Column == column);
+        QObject::connect(action, &QAction::triggered, this, [this, column] {
+            modGridOrder::ClickHeading(m_grid, column, false);
+        });
+    }
+}
+
 // ---- widths ----
 
 int GridView::WidthOf(int section) const {
     const GridColumn& column = m_grid.Column(m_model.ColumnOf(section));
     if (column.Width > 0) {
-        return modFractions::Pixels(column.Width, viewport()->width());
+        return std::max(
+            modFractions::Pixels(column.Width, viewport()->width()),
+            header()->sectionSizeHint(section));  // room for the heading
     }
     const int text = fontMetrics().height();
     if (column.IsCheckBox || m_model.ShowsSeverity(section)) {
@@ -154,6 +172,7 @@ void GridView::ApplyWidths() {
         header()->resizeSection(section, width);
         left -= width;
     }
+    updateGeometries();  // or Qt shows a bar for the widths of before
 }
 
 void GridView::TakeWidth(int section, int pixels) {
@@ -380,9 +399,10 @@ void GridView::CheckSelected() {
     }
     const auto column = static_cast<std::int32_t>(box - columns.begin()) + 1;
     const bool checked = m_grid.Value(*current, column).AsLong() == 0;
-    for (const std::int32_t key : SelectedKeys()) {
-        m_grid.Check(key, checked);
-    }
+    const std::vector<std::int32_t> keys = SelectedKeys();
+    modSlices::Run(*this, QStringLiteral("Marking rows..."), keys.size(), [&](std::size_t number) {
+        m_grid.Check(keys[number], checked);
+    });
 }
 
 void GridView::contextMenuEvent(QContextMenuEvent* event) {

@@ -81,10 +81,10 @@ GroupChip::GroupChip(
 
 void GroupChip::SetKeys(
     std::function<void(int)> move, std::function<void(int)> focus, std::function<void()> remove) {
-    m_keys = {
-        m_button.MoveRequested.Subscribe(std::move(move)),
-        m_button.FocusRequested.Subscribe(std::move(focus)),
-        m_button.RemoveRequested.Subscribe(std::move(remove))};
+    m_keys.clear();
+    m_keys.push_back(m_button.MoveRequested.Subscribe(std::move(move)));
+    m_keys.push_back(m_button.FocusRequested.Subscribe(std::move(focus)));
+    m_keys.push_back(m_button.RemoveRequested.Subscribe(std::move(remove)));
 }
 
 void GroupChip::paintEvent(QPaintEvent*) {

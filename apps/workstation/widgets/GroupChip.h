@@ -6,9 +6,9 @@
 
 #include <QToolButton>
 
-#include <array>
 #include <cstdint>
 #include <functional>
+#include <vector>
 
 namespace dorvik {
 
@@ -54,7 +54,7 @@ private:
     std::int32_t m_column;
     GroupChipButton& m_button;
     QToolButton& m_cross;
-    std::array<Subscription, 3> m_keys;
+    std::vector<Subscription> m_keys;
 };
 
 }  // namespace dorvik

@@ -1,15 +1,18 @@
 #include "workstation/widgets/ListTableView.h"
 
 #include "ListTableModel.h"
+#include "SortHeading.h"
 #include "modFractions.h"
 #include "workstation/controls/ListTableRows.h"
 #include "workstation/controls/TableExport.h"
 #include "workstation/look/modQt.h"
 
+#include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QStyledItemDelegate>
@@ -36,6 +39,7 @@ public:
 ListTableView::ListTableView(ListTable& list, QWidget* parent)
     : QTreeView(parent), m_list(list), m_model(modQt::Make<ListTableModel>(list)) {
     m_model.setParent(this);
+    setHeader(&modQt::Make<SortHeading>(this));
     setModel(&m_model);
     setItemDelegate(&modQt::Make<RoomyRows>(this));
     setUniformRowHeights(true);
@@ -45,11 +49,8 @@ ListTableView::ListTableView(ListTable& list, QWidget* parent)
     setAllColumnsShowFocus(true);
     setSelectionBehavior(SelectRows);
     setEditTriggers(NoEditTriggers);
-    header()->setStretchLastSection(false);
     header()->setSectionsClickable(true);
-    header()->setHighlightSections(false);
     header()->setMinimumSectionSize(fontMetrics().height());
-    header()->setSectionsMovable(false);
     m_changed = m_list.Changed.Subscribe(
         [this](ListChange change, std::size_t index) { Follow(change, index); });
     QObject::connect(header(), &QHeaderView::sectionClicked, this, [this](int section) {
@@ -117,6 +118,17 @@ void ListTableView::ApplyColumns() {
     }
     header()->setSortIndicatorShown(sorted >= 0);
     header()->setSortIndicator(sorted, order);
+}
+
+void ListTableView::FillSortMenu(QMenu& menu) {
+    for (std::size_t column = 0; column < m_list.Columns().size(); ++column) {
+        const ListColumn& heading = m_list.Columns()[column];
+        QAction* const action = menu.addAction(modQt::Text(heading.Text));
+        action->setCheckable(true);
+        action->setChecked(!heading.SortIcon.empty());
+        QObject::connect(
+            action, &QAction::triggered, this, [this, column] { m_list.ClickColumn(column); });
+    }
 }
 
 void ListTableView::resizeEvent(QResizeEvent* event) {

@@ -5,11 +5,13 @@
 #include "workstation/look/modQt.h"
 #include "workstation/look/modTheme.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QPrinter>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextFrame>
+#include <QTimer>
 #include <QWheelEvent>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -121,6 +123,16 @@ TEST_F(DocumentationViewTest, APageLoadsNothing) {
     EXPECT_FALSE(
         m_view.loadResource(QTextDocument::ImageResource, QUrl(QStringLiteral("file:///etc/hosts")))
             .isValid());
+}
+
+TEST_F(DocumentationViewTest, ThePrintIsSeenBeforeItIsMade) {
+    QString title;
+    QTimer::singleShot(0, &m_view, [&title] {
+        title = QApplication::activeModalWidget()->windowTitle();
+        QApplication::activeModalWidget()->close();
+    });
+    QTest::keyClick(&m_view, Qt::Key_P, Qt::ControlModifier);
+    EXPECT_EQ(modQt::Utf8(title), "Print the documentation");
 }
 
 TEST_F(DocumentationViewTest, IsPrinted) {

@@ -18,6 +18,7 @@
 #include <QSplitterHandle>
 #include <QTest>
 #include <QTimer>
+#include <QUrl>
 
 #include <filesystem>
 
@@ -51,6 +52,14 @@ protected:
             }
         }
         throw std::runtime_error("no such label");
+    }
+    static QMenu* MenuOf(const QWidget& widget, const QString& title) {
+        for (const QAction* const action : widget.actions()) {
+            if (action->menu() != nullptr && action->text().remove(QLatin1Char('&')) == title) {
+                return action->menu();
+            }
+        }
+        return nullptr;
     }
     QPoint Center(int row, int section) {
         return List().visualRect(List().model()->index(row, section)).center();
@@ -190,6 +199,45 @@ TEST_F(WorkbenchViewTest, TheBarIsMovedByMouseAndKeyboard) {
     EXPECT_NEAR(List().width(), Controls().Splitter.Left.Value() / 15.0, 2);
 }
 
+TEST_F(WorkbenchViewTest, ANarrowBenchHasItsBoxesInARowOfTheirOwn) {
+    OpenResults();
+    const auto bottomOf = [this](QWidget& widget) {
+        return widget.mapTo(m_bench.get(), widget.rect().bottomLeft()).y();
+    };
+    QAbstractButton& button = Button(QStringLiteral("Hotspots"));
+    EXPECT_LT(Files().mapTo(m_bench.get(), QPoint()).y(), bottomOf(button));
+    m_bench->resize(m_bench->minimumSizeHint().width(), 500);
+    QApplication::processEvents();
+    EXPECT_LT(m_bench->width(), 700);
+    EXPECT_GE(Files().mapTo(m_bench.get(), QPoint()).y(), bottomOf(button));
+    EXPECT_GE(List().mapTo(m_bench.get(), QPoint()).y(), bottomOf(Files()));
+    Keep(*m_bench, QStringLiteral("narrow"));
+    m_bench->resize(1100, 500);
+    QApplication::processEvents();
+    EXPECT_LT(Files().mapTo(m_bench.get(), QPoint()).y(), bottomOf(button));
+}
+
+TEST_F(WorkbenchViewTest, ALinkOfTheDocumentationIsReported) {
+    OpenResults();
+    std::string link;
+    const Subscription heard =
+        m_bench->LinkActivated.Subscribe([&](const std::string& address) { link = address; });
+    Q_EMIT m_bench->Documentation().anchorClicked(QUrl(QStringLiteral("https://example.org/r")));
+    EXPECT_EQ(link, "https://example.org/r");
+}
+
+TEST_F(WorkbenchViewTest, AnotherReviewAndClosedResultsAreShown) {
+    OpenResults();
+    QTest::mouseClick(List().viewport(), Qt::LeftButton, {}, Center(3, 2));
+    Document().Results().CloseResults();
+    EXPECT_TRUE(Rows().isEmpty());
+    EXPECT_TRUE(Page().isEmpty());
+    EXPECT_EQ(Files().count(), 0);
+    Document().Results().PopulateResults(m_criteria, /*afterReview=*/true);
+    EXPECT_EQ(Rows().size(), 8);
+    EXPECT_EQ(List().SelectedKeys(), std::vector<std::int32_t>{1});
+}
+
 TEST_F(WorkbenchViewTest, GoToSourceIsTheButtonADoubleClickAndEnter) {
     OpenResults();
     m_host.Calls.clear();
@@ -224,6 +272,30 @@ TEST_F(WorkbenchViewTest, ThePopupOfTheListIsAMenuOfItsCommands) {
     }
     EXPECT_TRUE(Settings().ShowGroupByBox);
     menu->close();
+}
+
+TEST_F(WorkbenchViewTest, TheKeyboardSortsByAMenu) {
+    OpenResults();
+    const auto sort = [](QMenu& menu, const QString& title) {
+        menu.clear();
+        Q_EMIT menu.aboutToShow();
+        for (QAction* const action : menu.actions()) {
+            if (action->text() == title) {
+                action->trigger();
+                return;
+            }
+        }
+        ADD_FAILURE() << "no such column";
+    };
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(List().viewport(), &event);
+    auto* const popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(popup, nullptr);
+    sort(*MenuOf(*popup, QStringLiteral("Sort by")), QStringLiteral("Title"));
+    EXPECT_EQ(modQt::Utf8(Rows().first()), "goto used");
+    popup->close();
+    sort(*MenuOf(m_bench->Hotspots(), QStringLiteral("Sort by")), QStringLiteral("Lines"));
+    EXPECT_EQ(Controls().Hotspots.Columns()[3].SortIcon, "SortAscending");
 }
 
 TEST_F(WorkbenchViewTest, SelectedRowsAndTheWholeListAreCopied) {

@@ -31,7 +31,7 @@ public:
     explicit WorkbenchView(udocDorvik& document, QWidget* parent = nullptr);
     ~WorkbenchView() override;
 
-    /// The whole list or table that is shown, as the user asks for it in a menu.
+    /// The whole list or table that is shown: commands of the menu.
     void CopyAsText();
     /// Lets the user choose a file.
     void Export(TableFormat format);

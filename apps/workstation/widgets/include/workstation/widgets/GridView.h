@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <vector>
 
+class QMenu;
+
 namespace dorvik {
 
 class GridModel;
@@ -29,6 +31,9 @@ public:
     QPoint PopupPosition() const { return m_popupPosition; }
     /// Those of the selected data rows, from above.
     std::vector<std::int32_t> SelectedKeys() const;
+
+    /// Adds what clicks on the headings do.
+    void FillSortMenu(QMenu& menu);
 
     /// Ctrl+C.
     Event<> CopyRequested;

@@ -5,6 +5,8 @@
 
 #include <QTreeView>
 
+class QMenu;
+
 namespace dorvik {
 
 class ListTableModel;
@@ -15,6 +17,9 @@ public:
     /// REQUIRES: `list` outlives this.
     explicit ListTableView(ListTable& list, QWidget* parent = nullptr);
     ~ListTableView() override;
+
+    /// Adds what clicks on the headings do.
+    void FillSortMenu(QMenu& menu);
 
 protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
