@@ -19,9 +19,8 @@ std::string InstalledRulebase() {
     return modGlobal::WorkData().LastRulebase;
 }
 
-bool ReviewProject(const std::string& projectFile, const std::string& rulebaseFile) {
-    modGlobal::CreateGlobalObjects();
-    modLog::Log().SetQuiet(true);
+std::shared_ptr<ReviewCriteria>
+CriteriaOf(const std::string& projectFile, const std::string& rulebaseFile) {
     auto criteria = std::make_shared<ReviewCriteria>();
     criteria->SetReportOption(0);
     criteria->SetWritesBatchReport(false);
@@ -37,8 +36,14 @@ bool ReviewProject(const std::string& projectFile, const std::string& rulebaseFi
     const auto project = std::make_shared<VirtualProject>();
     project->SetFilename(projectFile);
     criteria->ProjectList().Add(projectFile, project, true, true);
+    return criteria;
+}
+
+bool ReviewProject(const std::string& projectFile, const std::string& rulebaseFile) {
+    modGlobal::CreateGlobalObjects();
+    modLog::Log().SetQuiet(true);
     ReviewManager manager;
-    manager.InitialiseReview(criteria);
+    manager.InitialiseReview(CriteriaOf(projectFile, rulebaseFile));
     return manager.ReviewTimeSlice(kWholeReview) == SliceResult::Complete;
 }
 

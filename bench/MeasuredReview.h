@@ -1,11 +1,18 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 namespace dorvik {
 
-/// Reviews one project with all kinds of rule that the rulebase has, results beside the project. For
-/// use in a process of its own, since it makes the objects of the process.
+class ReviewCriteria;
+
+/// Of the review of one project with all kinds of rule that the rulebase has, results beside the project. Needs the objects of
+/// `modGlobal`.
+std::shared_ptr<ReviewCriteria>
+CriteriaOf(const std::string& projectFile, const std::string& rulebaseFile);
+
+/// Such a review. For use in a process of its own, since it makes the objects of the process.
 bool ReviewProject(const std::string& projectFile, const std::string& rulebaseFile);
 
 /// The rulebase that is installed with the program.

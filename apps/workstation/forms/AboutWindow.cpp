@@ -1,9 +1,9 @@
 #include "AboutWindow.h"
 
 #include "modControls.h"
-#include "workstation/look/modPictures.h"
 #include "workstation/look/modQt.h"
 
+#include <QApplication>
 #include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QLabel>
@@ -21,15 +21,15 @@ namespace {
 constexpr double kLarge = 1.6;
 constexpr int kLinesOfThePicture = 4;
 
-QLabel& AddLink(
+void AddLink(
     QGridLayout& grid,
     std::string_view name,
     std::string_view caption,
     const std::string& address,
     const std::function<void(const std::string&)>& open) {
-    QLabel& link = Make<QLabel>(
-        Text("<a href=\"" + modQt::Utf8(Text(address).toHtmlEscaped()) + "\">" +
-             std::string(caption) + "</a>"));
+    QLabel& link = Make<QLabel>(Text(
+        "<a href=\"" + modQt::Utf8(Text(address).toHtmlEscaped()) + "\">" + std::string(caption) +
+        "</a>"));
     modControls::Name(link, name, caption);
     link.setToolTip(Text(address));
     link.setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
@@ -38,7 +38,16 @@ QLabel& AddLink(
         open(modQt::Utf8(target));
     });
     grid.addWidget(&link, grid.rowCount(), 1);
-    return link;
+}
+
+/// That of the program, where it has one.
+void AddPicture(QGridLayout& grid) {
+    QLabel& picture = Make<QLabel>();
+    const int size = picture.fontMetrics().lineSpacing() * kLinesOfThePicture;
+    picture.setPixmap(
+        QApplication::windowIcon().pixmap(QSize(size, size), picture.devicePixelRatioF()));
+    grid.addWidget(&picture, 0, 0, grid.rowCount(), 1, Qt::AlignTop);
+    grid.setHorizontalSpacing(picture.fontMetrics().averageCharWidth() * 3);
 }
 
 }  // namespace
@@ -48,10 +57,6 @@ AboutWindow::AboutWindow(
     : FormWindow(parent, [&form] { form.Ok(); }) {
     setWindowTitle(Text(form.Caption()));
     QGridLayout& grid = Make<QGridLayout>(this);
-    QLabel& picture = Make<QLabel>();
-    const int size = fontMetrics().lineSpacing() * kLinesOfThePicture;
-    picture.setPixmap(
-        modPictures::Icon("Dorvik").pixmap(QSize(size, size), devicePixelRatioF()));
     QLabel& name = Make<QLabel>(Text(form.ProductName()));
     name.setObjectName(Text("lblProductName"));
     QFont large = name.font();
@@ -64,8 +69,7 @@ AboutWindow::AboutWindow(
     grid.addWidget(&version, grid.rowCount(), 1);
     AddLink(grid, "lnkHomePage", "Home page", form.HomePageURL(), open);
     AddLink(grid, "lnkTechSupport", "Technical support", form.TechSupportPageURL(), open);
-    grid.addWidget(&picture, 0, 0, grid.rowCount(), 1, Qt::AlignTop);
-    grid.setHorizontalSpacing(fontMetrics().averageCharWidth() * 3);
+    AddPicture(grid);
     QDialogButtonBox& buttons = Make<QDialogButtonBox>(QDialogButtonBox::Ok);
     grid.addWidget(&buttons, grid.rowCount(), 0, 1, 2);
     buttons.button(QDialogButtonBox::Ok)->setDefault(true);

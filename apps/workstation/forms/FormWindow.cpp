@@ -1,10 +1,10 @@
 #include "FormWindow.h"
 
+#include "workstation/look/modQt.h"
+
 #include <QAbstractItemView>
 #include <QKeySequence>
 #include <QShortcut>
-
-#include "workstation/look/modQt.h"
 
 #include <utility>
 
@@ -40,8 +40,7 @@ void FormWindow::reject() {
 }
 
 void FormWindow::OnNextPage(std::function<void()> next) {
-    QShortcut& keys =
-        modQt::Make<QShortcut>(QKeySequence(Qt::CTRL | Qt::Key_Tab), this);
+    QShortcut& keys = modQt::Make<QShortcut>(QKeySequence(Qt::CTRL | Qt::Key_Tab), this);
     connect(&keys, &QShortcut::activated, this, [this, next = std::move(next)] {
         if (!m_isDetached) {
             next();

@@ -29,7 +29,9 @@ constexpr std::int32_t kHideCompleted = 2;
 }  // namespace
 
 OptionsWindow::OptionsWindow(frmOptions& form, QWidget* parent)
-    : FormWindow(parent, [&form] { form.Cancel(); }), m_form(form), m_pages(Make<QTabWidget>(this)) {
+    : FormWindow(parent, [&form] { form.Cancel(); }),
+      m_form(form),
+      m_pages(Make<QTabWidget>(this)) {
     setWindowTitle(Text(form.Caption()));
     QVBoxLayout& layout = Make<QVBoxLayout>(this);
     layout.addWidget(&m_pages);
@@ -66,11 +68,7 @@ void OptionsWindow::AddReviewPage() {
     modControls::AddCheck(
         layout, Bound(), m_form.chkClearLog, "chkClearLog", "&Clear the log before a review");
     modControls::AddCheck(
-        layout,
-        Bound(),
-        m_form.chkBackground,
-        "chkBackground",
-        "Run reviews in the &background");
+        layout, Bound(), m_form.chkBackground, "chkBackground", "Run reviews in the &background");
     QGridLayout& grid = Make<QGridLayout>();
     layout.addLayout(&grid);
     QLineEdit& ticks = Make<QLineEdit>();
@@ -215,7 +213,9 @@ void OptionsWindow::AddResultsFolder(QWidget& page, QBoxLayout& layout) {
          m_form.ResultsFolderEnabled,
          "cmdResultsFolder",
          "Browse for the results folder",
-         [this] { m_form.BrowseResultsFolder(); }});
+         [this] {
+             m_form.BrowseResultsFolder();
+         }});
 }
 
 void OptionsWindow::AddReportsFolder(QWidget& page, QBoxLayout& layout) {
@@ -234,7 +234,9 @@ void OptionsWindow::AddReportsFolder(QWidget& page, QBoxLayout& layout) {
          m_form.ReportsFolderEnabled,
          "cmdReportsFolder",
          "Browse for the reports folder",
-         [this] { m_form.BrowseReportsFolder(); }});
+         [this] {
+             m_form.BrowseReportsFolder();
+         }});
 }
 
 void OptionsWindow::AddButtons(QBoxLayout& layout) {

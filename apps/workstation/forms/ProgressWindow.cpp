@@ -18,18 +18,9 @@ using modQt::Make;
 
 namespace {
 
-constexpr std::chrono::milliseconds kBarInterval{40};
+constexpr std::chrono::milliseconds kRefreshInterval{50};
 constexpr int kLettersWide = 64;
 constexpr std::int32_t kWhole = 100;
-
-ElidedLabel& AddLine(
-    QGridLayout& grid, Bindings& bindings, Observable<std::string>& text, std::string_view name) {
-    ElidedLabel& label = Make<ElidedLabel>();
-    label.setObjectName(modQt::Text(name));
-    bindings.Text(label, text);
-    grid.addWidget(&label, grid.rowCount(), 0);
-    return label;
-}
 
 }  // namespace
 
@@ -37,12 +28,22 @@ ProgressWindow::ProgressWindow(frmProgress& form, QWidget* parent)
     : FormWindow(parent, [this, &form] {
           form.Cancel();
           m_cancel->setEnabled(false);
-      }),
-      m_form(form) {
+      }) {
     Bound().Title(*this, form.Caption);
     setMinimumWidth(fontMetrics().averageCharWidth() * kLettersWide);
     QGridLayout& grid = Make<QGridLayout>(this);
-    AddTexts(grid);
+    AddLine(grid, form.lblAction, "lblAction");
+    QFont heavy = font();
+    heavy.setBold(true);
+    m_lines.front().Label->setFont(heavy);
+    AddLine(grid, form.lblProject, "lblProject");
+    AddLine(grid, form.lblProjectData, "lblProjectData");
+    AddBar(grid, form.prgProject, "prgProject", "Project");
+    AddLine(grid, form.lblSourceFile, "lblSourceFile");
+    AddLine(grid, form.lblSourceFileData, "lblSourceFileData");
+    AddBar(grid, form.prgSourceFile, "prgSourceFile", "Source file");
+    AddLine(grid, form.lblComplete, "lblComplete");
+    AddLine(grid, form.lblMessage, "lblMessage");
     grid.setRowStretch(grid.rowCount(), 1);
     QDialogButtonBox& buttons = Make<QDialogButtonBox>(QDialogButtonBox::Cancel);
     grid.addWidget(&buttons, grid.rowCount(), 0);
@@ -50,56 +51,61 @@ ProgressWindow::ProgressWindow(frmProgress& form, QWidget* parent)
     m_cancel->setAutoDefault(false);
     connect(&buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
 
-    m_barsDue.setSingleShot(true);
-    m_barsDue.setInterval(kBarInterval);
-    connect(&m_barsDue, &QTimer::timeout, this, [this] { ShowBars(); });
-    FollowBar(*m_project, form.prgProject);
-    FollowBar(*m_sourceFile, form.prgSourceFile);
-    ShowBars();
+    m_refreshDue.setSingleShot(true);
+    m_refreshDue.setInterval(kRefreshInterval);
+    connect(&m_refreshDue, &QTimer::timeout, this, [this] { Refresh(); });
+    Refresh();
     m_timer.emplace(form.tmrInterrupt);
 }
 
-void ProgressWindow::AddTexts(QGridLayout& grid) {
-    QFont large = font();
-    large.setBold(true);
-    AddLine(grid, Bound(), m_form.lblAction, "lblAction").setFont(large);
-    AddLine(grid, Bound(), m_form.lblProject, "lblProject");
-    AddLine(grid, Bound(), m_form.lblProjectData, "lblProjectData");
-    m_project = &AddBar(grid, "prgProject", "Project");
-    AddLine(grid, Bound(), m_form.lblSourceFile, "lblSourceFile");
-    AddLine(grid, Bound(), m_form.lblSourceFileData, "lblSourceFileData");
-    m_sourceFile = &AddBar(grid, "prgSourceFile", "Source file");
-    AddLine(grid, Bound(), m_form.lblComplete, "lblComplete");
-    AddLine(grid, Bound(), m_form.lblMessage, "lblMessage");
+void ProgressWindow::AddLine(
+    QGridLayout& grid, Observable<std::string>& text, std::string_view name) {
+    ElidedLabel& label = Make<ElidedLabel>();
+    label.setObjectName(modQt::Text(name));
+    grid.addWidget(&label, grid.rowCount(), 0);
+    m_lines.push_back({&label, &text});
+    Follow(text);
 }
 
-QProgressBar&
-ProgressWindow::AddBar(QGridLayout& grid, std::string_view name, std::string_view spoken) {
+void ProgressWindow::AddBar(
+    QGridLayout& grid,
+    Observable<std::int32_t>& percentage,
+    std::string_view name,
+    std::string_view spoken) {
     QProgressBar& bar = Make<QProgressBar>();
     modControls::Name(bar, name, spoken);
     bar.setRange(0, kWhole);
     grid.addWidget(&bar, grid.rowCount(), 0);
-    return bar;
+    m_bars.push_back({&bar, &percentage});
+    Follow(percentage);
 }
 
-void ProgressWindow::FollowBar(QProgressBar& bar, Observable<std::int32_t>& percentage) {
-    Bound().Show<std::int32_t>(percentage, [this, &bar](const std::int32_t& now) {
-        if (bar.value() != now && !m_barsDue.isActive()) {
-            m_barsDue.start();
+template <typename Value>
+void ProgressWindow::Follow(Observable<Value>& value) {
+    Bound().Keep(value.Changed.Subscribe([this](const Value&) {
+        if (!m_refreshDue.isActive()) {
+            m_refreshDue.start();
         }
-    });
+    }));
 }
 
-/// That of a source file may pass the whole.
-void ProgressWindow::ShowBars() {
-    m_project->setValue(std::min(m_form.prgProject.Value(), kWhole));
-    m_sourceFile->setValue(std::min(m_form.prgSourceFile.Value(), kWhole));
+void ProgressWindow::Refresh() {
+    for (const Line& line : m_lines) {
+        const QString text = modQt::Text(line.Text->Value());
+        if (line.Label->text() != text) {
+            line.Label->setText(text);
+        }
+    }
+    for (const Bar& bar : m_bars) {
+        // That of a source file may pass the whole.
+        bar.Shown->setValue(std::min(bar.Percentage->Value(), kWhole));
+    }
 }
 
 /// What a detached window shows stays as it is.
 void ProgressWindow::Detach() {
     m_timer.reset();
-    m_barsDue.stop();
+    m_refreshDue.stop();
     FormWindow::Detach();
 }
 

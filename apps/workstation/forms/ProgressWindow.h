@@ -8,12 +8,17 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 class QGridLayout;
 class QProgressBar;
 class QPushButton;
 
 namespace dorvik {
+
+class ElidedLabel;
 
 /// Keeps the time of the form's timer as long as it is attached.
 class ProgressWindow final : public FormWindow {
@@ -23,17 +28,30 @@ public:
     void Detach() override;
 
 private:
-    void AddTexts(QGridLayout& grid);
-    QProgressBar& AddBar(QGridLayout& grid, std::string_view name, std::string_view spoken);
-    void FollowBar(QProgressBar& bar, Observable<std::int32_t>& percentage);
-    void ShowBars();
+    struct Line {
+        ElidedLabel* Label;
+        const Observable<std::string>* Text;
+    };
+    struct Bar {
+        QProgressBar* Shown;
+        const Observable<std::int32_t>* Percentage;
+    };
 
-    frmProgress& m_form;
-    QProgressBar* m_project = nullptr;
-    QProgressBar* m_sourceFile = nullptr;
+    void AddLine(QGridLayout& grid, Observable<std::string>& text, std::string_view name);
+    void AddBar(
+        QGridLayout& grid,
+        Observable<std::int32_t>& percentage,
+        std::string_view name,
+        std::string_view spoken);
+    template <typename Value>
+    void Follow(Observable<Value>& value);
+    void Refresh();
+
     QPushButton* m_cancel = nullptr;
-    /// A bar draws itself at once when it moves, which is more often than anyone can see.
-    QTimer m_barsDue;
+    std::vector<Line> m_lines;
+    std::vector<Bar> m_bars;
+    /// A review reports far more than anyone can read: what is shown follows it from time to time.
+    QTimer m_refreshDue;
     std::optional<TimerDriver> m_timer;
 };
 

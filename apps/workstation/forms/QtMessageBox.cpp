@@ -1,5 +1,6 @@
 #include "workstation/forms/QtMessageBox.h"
 
+#include "modMessagePicture.h"
 #include "workstation/look/modQt.h"
 
 #include <QAbstractButton>
@@ -34,17 +35,6 @@ QMessageBox::StandardButtons ButtonsOf(MessageButtons buttons) {
     return QMessageBox::Ok;
 }
 
-QMessageBox::Icon IconOf(MessageIcon icon) {
-    switch (icon) {
-        case MessageIcon::None: return QMessageBox::NoIcon;
-        case MessageIcon::Critical: return QMessageBox::Critical;
-        case MessageIcon::Question: return QMessageBox::Question;
-        case MessageIcon::Exclamation: return QMessageBox::Warning;
-        case MessageIcon::Information: return QMessageBox::Information;
-    }
-    return QMessageBox::NoIcon;
-}
-
 QMessageBox::StandardButton ButtonOf(MessageAnswer answer) {
     for (const ButtonRow& row : kButtons) {
         if (row.Answer == answer) {
@@ -61,7 +51,8 @@ MessageAnswer QtMessageBox::Show(const MessageText& message) {
     QMessageBox& box = modQt::Make<QMessageBox>(modal != nullptr ? modal : m_owner.data());
     // What the box belongs to may go while it is open, and the box with it.
     const QPointer<QMessageBox> kept(&box);
-    box.setIcon(IconOf(message.Icon));
+    box.setIconPixmap(modMessagePicture::Picture(message.Icon, box));
+    box.setAccessibleDescription(modQt::Text(modMessagePicture::Spoken(message.Icon)));
     box.setWindowTitle(modQt::Text(message.Title));
     box.setTextFormat(Qt::PlainText);
     box.setText(modQt::Text(message.Text));

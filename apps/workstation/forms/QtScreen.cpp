@@ -69,10 +69,9 @@ void QtScreen::RunModal(Form& form, FormWindow& window) {
 }
 
 void QtScreen::ShowModal(frmAbout& form) {
-    RunModal(
-        form, Make<AboutWindow>(form, ModalOwner(), [this](const std::string& address) {
-            OpenWithSystem(address);
-        }));
+    RunModal(form, Make<AboutWindow>(form, ModalOwner(), [this](const std::string& address) {
+                 OpenWithSystem(address);
+             }));
 }
 
 void QtScreen::ShowModal(frmOptions& form) {

@@ -37,7 +37,9 @@ constexpr std::string_view kReports[] = {"&None", "&Summary", "&Detailed"};
 }  // namespace
 
 ReviewOptionsWindow::ReviewOptionsWindow(frmReviewOptions& form, QWidget* parent)
-    : FormWindow(parent, [&form] { form.Cancel(); }), m_form(form), m_pages(Make<QTabWidget>(this)) {
+    : FormWindow(parent, [&form] { form.Cancel(); }),
+      m_form(form),
+      m_pages(Make<QTabWidget>(this)) {
     Bound().Title(*this, form.Caption);
     QVBoxLayout& layout = Make<QVBoxLayout>(this);
     layout.addWidget(&m_pages);
@@ -76,6 +78,7 @@ void ReviewOptionsWindow::AddRulebaseBox(QWidget& page, QBoxLayout& layout) {
     Name(title, "txtTitle", "Title of the batch");
     Bound().Text(title, m_form.txtTitle);
     QLabel& label = modControls::AddRow(grid, "T&itle of the batch:", title);
+    grid.addWidget(&title, grid.rowCount() - 1, 1, 1, 2);
     Bound().Visible(label, m_form.TitleIsOffered);
     Bound().Visible(title, m_form.TitleIsOffered);
 
@@ -132,7 +135,9 @@ void ReviewOptionsWindow::AddResultsFolder(QWidget& page, QBoxLayout& layout) {
          m_form.ResultsFolderEnabled,
          "cmdResultsFolder",
          "Browse for the results folder",
-         [this] { m_form.BrowseResultsFolder(); }});
+         [this] {
+             m_form.BrowseResultsFolder();
+         }});
 }
 
 void ReviewOptionsWindow::AddReports(QWidget& page, QBoxLayout& layout) {
@@ -162,7 +167,9 @@ void ReviewOptionsWindow::AddReports(QWidget& page, QBoxLayout& layout) {
          m_form.ReportsFolderEnabled,
          "cmdReportsFolder",
          "Browse for the reports folder",
-         [this] { m_form.BrowseReportsFolder(); }});
+         [this] {
+             m_form.BrowseReportsFolder();
+         }});
 }
 
 void ReviewOptionsWindow::AddListPage(

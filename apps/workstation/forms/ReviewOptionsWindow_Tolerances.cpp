@@ -50,7 +50,8 @@ QLineEdit& NumberBox(
 void ReviewOptionsWindow::AddTolerancesPage() {
     QWidget& page = modControls::AddPage(m_pages, m_form.tbsOptions);
     QVBoxLayout& layout = Make<QVBoxLayout>(&page);
-    QLabel& heading = Make<QLabel>(Text("A review that exceeds a limit fails. An empty box sets none."));
+    QLabel& heading =
+        Make<QLabel>(Text("A review that exceeds a limit fails. An empty box sets none."));
     heading.setWordWrap(true);
     layout.addWidget(&heading);
     QGridLayout& grid = Make<QGridLayout>();
@@ -90,13 +91,11 @@ void ReviewOptionsWindow::AddTolerancesPage() {
     modControls::AddRow(
         grid,
         "&Minimum percentage of comments:",
-        NumberBox(
-            Bound(), m_form.txtComments, "txtComments", "Minimum percentage of comments"));
+        NumberBox(Bound(), m_form.txtComments, "txtComments", "Minimum percentage of comments"));
     modControls::AddRow(
         grid,
         "Maximum &cyclomatic complexity:",
-        NumberBox(
-            Bound(), m_form.txtComplexity, "txtComplexity", "Maximum cyclomatic complexity"));
+        NumberBox(Bound(), m_form.txtComplexity, "txtComplexity", "Maximum cyclomatic complexity"));
     grid.setColumnStretch(kImpactColumn + 1, 1);
     layout.addStretch();
 }

@@ -35,10 +35,10 @@ std::int32_t TwipsOf(int pixels, int dotsPerInch) {
 /// Inside the screen, and not larger than it.
 QRect Reachable(const QRect& wanted, const QRect& available) {
     QRect placed(wanted.topLeft(), wanted.size().boundedTo(available.size()));
-    placed.moveLeft(std::clamp(
-        placed.left(), available.left(), available.right() - placed.width() + 1));
-    placed.moveTop(std::clamp(
-        placed.top(), available.top(), available.bottom() - placed.height() + 1));
+    placed.moveLeft(
+        std::clamp(placed.left(), available.left(), available.right() - placed.width() + 1));
+    placed.moveTop(
+        std::clamp(placed.top(), available.top(), available.bottom() - placed.height() + 1));
     return placed;
 }
 
@@ -86,8 +86,8 @@ void SummaryWindow::AddSourceFiles(QBoxLayout& layout) {
 void SummaryWindow::AddButtons(QBoxLayout& layout) {
     QHBoxLayout& row = Make<QHBoxLayout>();
     layout.addLayout(&row);
-    QPushButton& log = modControls::AddButton(
-        row, "cmdViewLog", "&View Log", [this] { m_form.ViewLog(); });
+    QPushButton& log =
+        modControls::AddButton(row, "cmdViewLog", "&View Log", [this] { m_form.ViewLog(); });
     QPushButton& report = modControls::AddButton(
         row, "cmdViewReport", "View &Report", [this] { m_form.ViewReport(); });
     row.addStretch();

@@ -7,7 +7,7 @@ class QBoxLayout;
 
 namespace dorvik {
 
-/// Stands where the form's position says, and keeps that position up to date.
+/// Shown where the form's position says, which it keeps up to date.
 class SummaryWindow final : public FormWindow {
 public:
     SummaryWindow(frmReviewSummary& form, QWidget* parent);

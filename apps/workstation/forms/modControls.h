@@ -75,7 +75,7 @@ void BindPath(Bindings& bindings, QLineEdit& box, Observable<std::string>& path)
 /// Digits only, in a box as wide as a number.
 void BindNumber(Bindings& bindings, QLineEdit& box, Observable<std::string>& number);
 
-/// A page behind the tab of that number, from 1. Pages are added in the order of the tabs.
+/// The page of the next tab: pages are added in the order of the tabs.
 QWidget& AddPage(QTabWidget& pages, const TabStrip& tabs);
 void BindPages(Bindings& bindings, QTabWidget& pages, TabStrip& tabs);
 

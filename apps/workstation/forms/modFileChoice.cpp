@@ -52,8 +52,7 @@ QString FilterOf(std::string_view filter) {
 
 std::optional<std::string> File(const FileRequest& request, QWidget* owner) {
     QFileDialog& dialog = modQt::Make<QFileDialog>(owner, modQt::Text(request.Title));
-    dialog.setAcceptMode(
-        request.ForSaving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setAcceptMode(request.ForSaving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(request.ForSaving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     QStringList filters;
     for (const std::string& filter : request.Filters) {

@@ -1,11 +1,12 @@
 #include "workstation/look/modTheme.h"
 
+#include "ThemeStyle.h"
+
 #include <QApplication>
 #include <QPalette>
-#include <QStyle>
-#include <QStyleFactory>
-#include <QStyleHints>
 #include <QToolTip>
+
+#include <memory>
 
 namespace dorvik::modTheme {
 
@@ -208,7 +209,7 @@ void Apply(ThemeName theme) {
     const Theme chosen = ThemeOf(theme);
     Applied().Name = theme;
     Applied().Colours = chosen.Colours;
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(std::make_unique<ThemeStyle>().release());
     QApplication::setPalette(PaletteOf(chosen));
     QToolTip::setPalette(QApplication::palette());
     Applied().Changed.Raise();

@@ -47,8 +47,7 @@ public:
     }
     bool setData(const QModelIndex& index, const QVariant& value, int role) override {
         if (role == Qt::CheckStateRole) {
-            m_list.SetChecked(
-                static_cast<std::size_t>(index.row()), value.toInt() == Qt::Checked);
+            m_list.SetChecked(static_cast<std::size_t>(index.row()), value.toInt() == Qt::Checked);
         }
         return role == Qt::CheckStateRole;
     }

@@ -73,7 +73,7 @@ frmProgress::frmProgress(IScreen& screen)
 
 frmProgress::~frmProgress() {
     if (Visible.Value()) {
-        Trap({kModule, "~frmProgress"}, [&] { m_screen.Hide(*this); });
+        Trap({kModule, "frmProgress"}, [&] { m_screen.Hide(*this); });
     }
 }
 

@@ -39,7 +39,7 @@ frmReviewSummary::frmReviewSummary(IScreen& screen)
 
 frmReviewSummary::~frmReviewSummary() {
     if (!m_isClosed) {
-        Trap({kModule, "~frmReviewSummary"}, [&] { m_screen.Hide(*this); });
+        Trap({kModule, "frmReviewSummary"}, [&] { m_screen.Hide(*this); });
     }
 }
 

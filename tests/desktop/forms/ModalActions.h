@@ -30,11 +30,13 @@ private:
         if (modal == nullptr || modal == m_last || !modal->isVisible() || m_actions.empty()) {
             return;
         }
-        m_last = modal;
-        const auto action = std::move(m_actions.front());
+        const QWidget* const before = std::exchange(m_last, modal);
+        // A timer does not tick inside its own tick, and the action may open a further window.
+        QTimer::singleShot(0, modal, [this, modal, before, action = std::move(m_actions.front())] {
+            action(*modal);
+            m_last = before;
+        });
         m_actions.pop_front();
-        action(*modal);
-        m_last = nullptr;
     }
 
     QTimer m_clock;

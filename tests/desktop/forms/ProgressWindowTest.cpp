@@ -69,8 +69,7 @@ TEST_F(ProgressWindowTest, TheTextsAndBarsAreThoseOfTheReview) {
     int farthest = 0;
     const Subscription heard = m_form->ProgressShown.Subscribe([&](const ProgressInfo&) {
         EXPECT_EQ(Shown()->windowTitle().toStdString(), "Review Progress");
-        const std::string file =
-            Find<QLabel>(*Shown(), "lblSourceFileData").text().toStdString();
+        const std::string file = Find<QLabel>(*Shown(), "lblSourceFileData").text().toStdString();
         if (files.empty() || files.back() != file) {
             files.push_back(file);
         }

@@ -3,15 +3,16 @@
 #include "ModalActions.h"
 #include "WindowChecks.h"
 
-#include <QLabel>
+#include <QImage>
 #include <QMessageBox>
 #include <QTest>
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <vector>
+
 namespace dorvik::test {
 namespace {
-
-using testing::ElementsAre;
 
 struct BoxButton {
     QMessageBox::StandardButton Button;
@@ -23,8 +24,8 @@ protected:
     MessageAnswer
     Answer(MessageButtons buttons, const std::function<void(QMessageBox& box)>& action) {
         m_user.Add([action](QWidget& window) { action(dynamic_cast<QMessageBox&>(window)); });
-        const MessageAnswer answer =
-            m_box.Show({MessageIcon::Exclamation, "Dorvik Workstation", "Text & <b>text</b>", buttons});
+        const MessageAnswer answer = m_box.Show(
+            {MessageIcon::Exclamation, "Dorvik Workstation", "Text & <b>text</b>", buttons});
         EXPECT_TRUE(m_user.AllDone());
         return answer;
     }
@@ -39,7 +40,9 @@ protected:
                     }),
                 row.Answer);
         }
-        const auto escape = [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); };
+        const auto escape = [](QMessageBox& box) {
+            QTest::keyClick(&box, Qt::Key_Escape);
+        };
         EXPECT_EQ(Answer(buttons, escape), Refusal(buttons));
         EXPECT_EQ(Answer(buttons, [](QMessageBox& box) { box.close(); }), Refusal(buttons));
     }
@@ -73,7 +76,9 @@ TEST_F(QtMessageBoxTest, YesNoCancelHasThreeAnswers) {
 }
 
 TEST_F(QtMessageBoxTest, EnterPressesTheFirstButton) {
-    const auto enter = [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); };
+    const auto enter = [](QMessageBox& box) {
+        QTest::keyClick(&box, Qt::Key_Return);
+    };
     EXPECT_EQ(Answer(MessageButtons::YesNoCancel, enter), MessageAnswer::Yes);
     EXPECT_EQ(Answer(MessageButtons::OkCancel, enter), MessageAnswer::Ok);
 }
@@ -91,21 +96,35 @@ TEST_F(QtMessageBoxTest, TheTextIsShownAsItIsAndCanBeSelected) {
     });
 }
 
-TEST_F(QtMessageBoxTest, EachIconIsThatOfItsKind) {
-    const std::vector<std::pair<MessageIcon, QMessageBox::Icon>> icons = {
-        {MessageIcon::None, QMessageBox::NoIcon},
-        {MessageIcon::Critical, QMessageBox::Critical},
-        {MessageIcon::Question, QMessageBox::Question},
-        {MessageIcon::Exclamation, QMessageBox::Warning},
-        {MessageIcon::Information, QMessageBox::Information}};
-    for (const auto& [icon, shown] : icons) {
-        m_user.Add([expected = shown](QWidget& window) {
-            EXPECT_EQ(dynamic_cast<QMessageBox&>(window).icon(), expected);
+TEST_F(QtMessageBoxTest, EachKindHasAPictureOfItsOwn) {
+    const std::vector<std::pair<MessageIcon, std::string>> icons = {
+        {MessageIcon::Critical, "Error"},
+        {MessageIcon::Question, "Question"},
+        {MessageIcon::Exclamation, "Warning"},
+        {MessageIcon::Information, "Information"}};
+    std::vector<QImage> pictures;
+    for (const auto& [icon, spoken] : icons) {
+        m_user.Add([&pictures, name = spoken](QWidget& window) {
+            const auto& box = dynamic_cast<QMessageBox&>(window);
+            EXPECT_EQ(box.accessibleDescription().toStdString(), name);
+            const QImage picture = box.iconPixmap().toImage();
+            EXPECT_FALSE(picture.isNull());
+            EXPECT_EQ(std::count(pictures.begin(), pictures.end(), picture), 0);
+            pictures.push_back(picture);
+            SavePicture(window, "message" + name);
             window.close();
         });
-        m_box.Show({icon, "Title", "Text", MessageButtons::Ok});
+        m_box.Show({icon, "Dorvik Workstation", "The text of the message.", MessageButtons::YesNo});
     }
-    EXPECT_TRUE(m_user.AllDone());
+    EXPECT_EQ(pictures.size(), icons.size());
+}
+
+TEST_F(QtMessageBoxTest, AMessageWithoutAnIconHasNoPicture) {
+    m_user.Add([](QWidget& window) {
+        EXPECT_TRUE(dynamic_cast<QMessageBox&>(window).iconPixmap().isNull());
+        window.close();
+    });
+    m_box.Show({MessageIcon::None, "Title", "Text", MessageButtons::Ok});
 }
 
 TEST_F(QtMessageBoxTest, AnOwnerThatGoesTakesTheBoxWithIt) {

@@ -7,6 +7,7 @@
 #include "workstation/dialogs/frmAbout.h"
 #include "workstation/dialogs/frmOptions.h"
 #include "workstation/forms/AboutWindow.h"
+#include "workstation/forms/QtMessageBox.h"
 #include "workstation/forms/modFileChoice.h"
 #include "workstation/forms/modPathText.h"
 
@@ -14,6 +15,8 @@
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 #include <QTextBrowser>
@@ -31,7 +34,7 @@ protected:
         m_user.Add([path, title](QWidget& window) {
             auto& dialog = dynamic_cast<QFileDialog&>(window);
             EXPECT_EQ(dialog.windowTitle().toStdString(), title);
-            dialog.selectFile(QString::fromStdString(path));
+            Find<QLineEdit>(dialog, "fileNameEdit").setText(QString::fromStdString(path));
             static_cast<QDialog&>(dialog).accept();
         });
     }
@@ -94,6 +97,28 @@ TEST_F(QtScreenTest, AnOwnerThatGoesEndsTheDialogsInFrontOfIt) {
     EXPECT_TRUE(form.IsClosed());
 }
 
+TEST_F(QtScreenTest, AMessageIsInFrontOfTheDialogThatItIsAbout) {
+    QtMessageBox messages;
+    const ScopedInstall<IMessageBox> installed(messages);
+    frmReviewOptions form(m_desktop);
+    form.ReviewOptions(m_criteria);
+    m_user.Add([&](QWidget& window) {
+        m_user.Add([&](QWidget& box) {
+            EXPECT_EQ(box.parentWidget(), &window);
+            EXPECT_EQ(
+                dynamic_cast<QMessageBox&>(box).text().toStdString(),
+                "Please select a rulebase for the review.");
+            QTest::keyClick(&box, Qt::Key_Escape);
+        });
+        Press(window, QDialogButtonBox::Ok);
+        EXPECT_FALSE(form.IsClosed());
+        window.close();
+    });
+    m_desktop.ShowModal(form);
+    EXPECT_TRUE(m_user.AllDone());
+    EXPECT_TRUE(form.Cancelled());
+}
+
 TEST_F(QtScreenTest, AboutShowsTheProductAndItsLinks) {
     frmAbout form;
     m_user.Add([&](QWidget& window) {
@@ -114,8 +139,8 @@ TEST_F(QtScreenTest, AboutIsUsableAtEachFontSize) {
             form, nullptr, [&](const std::string& address) { opened.push_back(address); });
         onPage(window);
         SavePicture(window, "about");
-        Q_EMIT Find<QLabel>(window, "lnkHomePage").linkActivated(
-            QString::fromStdString(form.HomePageURL()));
+        Q_EMIT Find<QLabel>(window, "lnkHomePage")
+            .linkActivated(QString::fromStdString(form.HomePageURL()));
     });
     EXPECT_THAT(opened, testing::ElementsAre(frmAbout().HomePageURL(), frmAbout().HomePageURL()));
 }
@@ -166,8 +191,7 @@ TEST_F(QtScreenTest, AFilterIsWrittenAsTheDialogHasIt) {
     EXPECT_EQ(
         modFileChoice::FilterOf("Type Libraries (*.tlb, *.olb)|*.tlb;*.olb").toStdString(),
         "Type Libraries (*.tlb *.olb)");
-    EXPECT_EQ(
-        modFileChoice::FilterOf("All Files (*.*)|*.*").toStdString(), "All Files (*)");
+    EXPECT_EQ(modFileChoice::FilterOf("All Files (*.*)|*.*").toStdString(), "All Files (*)");
 }
 
 TEST(PathTexts, GoBothWays) {

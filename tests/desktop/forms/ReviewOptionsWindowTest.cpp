@@ -127,8 +127,7 @@ TEST_F(ReviewOptionsWindowTest, TheBoxOffersTheInstalledRulebases) {
     ASSERT_EQ(box.count(), 1);
     EXPECT_EQ(m_form->cboRulebase.Value(), "");
     QTest::keyClick(&box, Qt::Key_Down);
-    EXPECT_EQ(
-        m_form->cboRulebase.Value(), m_folder.Path("program\\Settings\\Rulebase\\House.dvk"));
+    EXPECT_EQ(m_form->cboRulebase.Value(), m_folder.Path("program\\Settings\\Rulebase\\House.dvk"));
 }
 
 TEST_F(ReviewOptionsWindowTest, AMarkInTheTreeIsSetByTheKeyboard) {
@@ -139,8 +138,7 @@ TEST_F(ReviewOptionsWindowTest, AMarkInTheTreeIsSetByTheKeyboard) {
     const std::string before = TreeText(m_form->tvwProjects.Roots());
     EXPECT_THAT(before, testing::StartsWith("Demo+"));
     QTest::keyClick(&tree, Qt::Key_Space);
-    EXPECT_EQ(
-        TreeText(m_form->tvwProjects.Roots()), modTextCase::ReplaceAll(before, "+", "-"));
+    EXPECT_EQ(TreeText(m_form->tvwProjects.Roots()), modTextCase::ReplaceAll(before, "+", "-"));
 }
 
 TEST_F(ReviewOptionsWindowTest, SelectAllAndNoneActOnThePageInFront) {

@@ -99,8 +99,7 @@ void ExpectNothingCut(QWidget& window) {
             continue;
         }
         if (label != nullptr && label->wordWrap()) {
-            EXPECT_LE(label->heightForWidth(label->width()), label->height())
-                << Described(*widget);
+            EXPECT_LE(label->heightForWidth(label->width()), label->height()) << Described(*widget);
             continue;
         }
         EXPECT_LE(widget->sizeHint().width(), widget->width()) << Described(*widget);
