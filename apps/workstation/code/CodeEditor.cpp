@@ -9,6 +9,7 @@
 #include <QContextMenuEvent>
 #include <QFontDatabase>
 #include <QKeyEvent>
+#include <QMimeData>
 
 #include <algorithm>
 #include <array>
@@ -237,6 +238,22 @@ void CodeEditor::inputMethodEvent(QInputMethodEvent* event) {
     InputEnds.Raise();
 }
 
+void CodeEditor::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasUrls()) {
+        event->ignore();
+    } else {
+        QsciScintilla::dragEnterEvent(event);
+    }
+}
+
+void CodeEditor::dragMoveEvent(QDragMoveEvent* event) {
+    if (event->mimeData()->hasUrls()) {
+        event->ignore();
+    } else {
+        QsciScintilla::dragMoveEvent(event);
+    }
+}
+
 void CodeEditor::dropEvent(QDropEvent* event) {
     InputBegins.Raise();
     QsciScintilla::dropEvent(event);
@@ -247,6 +264,13 @@ void CodeEditor::mouseReleaseEvent(QMouseEvent* event) {
     InputBegins.Raise();
     QsciScintilla::mouseReleaseEvent(event);
     InputEnds.Raise();
+}
+
+void CodeEditor::changeEvent(QEvent* event) {
+    QsciScintilla::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::ApplicationFontChange) {
+        ShowTheme();
+    }
 }
 
 void CodeEditor::contextMenuEvent(QContextMenuEvent* event) {

@@ -35,7 +35,7 @@ public:
     explicit Parts(CodePaneView& view)
         : Editor(modQt::Make<CodeEditor>(&view)),
           Text(Editor, view.m_module),
-          Follower(Editor, view.m_module.CodePane(), Text),
+          Follower(Editor, view.m_module, Text),
           Marks(Editor, view.m_marks),
           Boxes(modQt::Make<BoxesBar>(view.m_component, &view)),
           Notice(modQt::Make<NoticeBar>(&view)),
@@ -105,7 +105,7 @@ void CodePaneView::Arrange() {
 
 void CodePaneView::Add(
     const char* text, const QList<QKeySequence>& keys, std::function<void()> run) {
-    m_commands.push_back({modQt::Text(text), keys, std::move(run)});
+    m_commands.push_back({modQt::Text(text), keys, std::move(run), false});
 }
 
 void CodePaneView::AddCommands() {
@@ -132,6 +132,9 @@ void CodePaneView::AddCommands() {
             editor.paste();
         }));
     Add("Select &all", key(Qt::CTRL | Qt::Key_A), [&editor] { editor.selectAll(); });
+    for (PaneCommand& command : m_commands) {
+        command.IsOfText = true;
+    }
     Add("&Save", key(Qt::CTRL | Qt::Key_S), [this] { Save(); });
     Add("&Find...", key(Qt::CTRL | Qt::Key_F), [&parts] { parts.Find.Open(false); });
     Add("R&eplace...", key(Qt::CTRL | Qt::Key_H), [&parts] { parts.Find.Open(true); });
@@ -276,12 +279,12 @@ bool CodePaneView::Escape() {
 }
 
 /// A key that the program has elsewhere is the pane's as long as it has the focus.
-bool CodePaneView::RunKey(QEvent& event) {
+bool CodePaneView::RunKey(QEvent& event, bool isOfText) {
     auto& keyEvent = static_cast<QKeyEvent&>(event);
     const QKeySequence keys(keyEvent.keyCombination());
     const auto* found = std::as_const(m_commands).data();
     const auto* end = found + m_commands.size();
-    while (found != end && !found->Keys.contains(keys)) {
+    while (found != end && (!found->Keys.contains(keys) || (found->IsOfText && !isOfText))) {
         ++found;
     }
     const bool isEscape = keyEvent.key() == Qt::Key_Escape && m_parts->Find.isVisible();
@@ -298,7 +301,7 @@ bool CodePaneView::RunKey(QEvent& event) {
 bool CodePaneView::event(QEvent* event) {
     const bool isKey =
         event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
-    if (isKey && RunKey(*event)) {
+    if (isKey && RunKey(*event, false)) {
         return true;
     }
     if (event->type() == QEvent::WindowActivate) {
@@ -310,7 +313,7 @@ bool CodePaneView::event(QEvent* event) {
 bool CodePaneView::eventFilter(QObject* object, QEvent* event) {
     const bool isKey =
         event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
-    if (object == &m_parts->Editor && isKey && RunKey(*event)) {
+    if (object == &m_parts->Editor && isKey && RunKey(*event, true)) {
         return true;
     }
     if (object == m_parts->Editor.viewport() && event->type() == QEvent::ToolTip) {

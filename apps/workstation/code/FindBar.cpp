@@ -179,14 +179,24 @@ void FindBar::TakeScope(bool isWanted) {
     }
 }
 
-void FindBar::FindNext() {
+bool FindBar::HasText() {
+    if (m_text.text().isEmpty()) {
+        Open(m_replaceRow.isVisible());
+    }
     TakeText();
-    Go(m_search.Next(m_editor.Range()));
+    return !m_text.text().isEmpty();
+}
+
+void FindBar::FindNext() {
+    if (HasText()) {
+        Go(m_search.Next(m_editor.Range()));
+    }
 }
 
 void FindBar::FindPrevious() {
-    TakeText();
-    Go(m_search.Previous(m_editor.Range()));
+    if (HasText()) {
+        Go(m_search.Previous(m_editor.Range()));
+    }
 }
 
 void FindBar::Go(const std::optional<CodeSearch::Hit>& hit) {

@@ -40,6 +40,8 @@ private:
     QPushButton& Button(const char* text, void (FindBar::*run)());
     void TakeOptions();
     void TakeScope(bool isWanted);
+    /// False where there is nothing to look for: the bar is opened then.
+    bool HasText();
     void TakeText();
     void Go(const std::optional<CodeSearch::Hit>& hit);
     void ShowHits();

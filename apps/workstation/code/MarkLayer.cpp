@@ -29,6 +29,7 @@ MarkLayer::MarkLayer(CodeEditor& editor, ViolationMarks& marks) : m_editor(edito
     m_later.setInterval(0);
     QObject::connect(&m_later, &QTimer::timeout, &m_later, [this] { Refresh(); });
     m_changes = marks.Changed.Subscribe([this] { m_later.start(); });
+    QObject::connect(&editor, &Base::SCN_UPDATEUI, &m_later, [this] { UnderlineShown(); });
     m_theme = modTheme::Changed().Subscribe([this] { ShowTheme(); });
     ShowTheme();
     Refresh();
@@ -60,10 +61,23 @@ void MarkLayer::Refresh() {
         m_editor.SendScintilla(
             Base::SCI_INDICATORCLEARRANGE, 0UL, m_editor.SendScintilla(Base::SCI_GETLENGTH));
     }
-    for (const auto& [line, severity] : m_lines) {
-        Underline(line, severity);
-    }
+    m_shownTo = 0;
+    UnderlineShown();
     Changed.Raise();
+}
+
+void MarkLayer::UnderlineShown() {
+    const std::int32_t from = std::max(1, m_editor.TopLine() - kLongestStatement);
+    const std::int32_t to = m_editor.TopLine() + m_editor.VisibleLines() + 1;
+    if (from == m_shownFrom && to == m_shownTo) {
+        return;
+    }
+    m_shownFrom = from;
+    m_shownTo = to;
+    for (auto mark = m_lines.lower_bound(from); mark != m_lines.end() && mark->first <= to;
+         ++mark) {
+        Underline(mark->first, mark->second);
+    }
 }
 
 std::int32_t MarkLayer::StatementEnd(std::int32_t line) const {

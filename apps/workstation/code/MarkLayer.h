@@ -39,6 +39,8 @@ public:
     Event<const MarkedViolation&> Chosen;
 
 private:
+    /// Only what is shown: the rest when it is scrolled to.
+    void UnderlineShown();
     void Underline(std::int32_t line, std::int32_t severity);
     std::int32_t StatementEnd(std::int32_t line) const;
 
@@ -46,6 +48,8 @@ private:
     ViolationMarks& m_marks;
     MarkTipSource m_tips;
     QTimer m_later;
+    std::int32_t m_shownFrom = 0;  // the lines that are underlined
+    std::int32_t m_shownTo = 0;
     std::map<std::int32_t, std::int32_t> m_lines;
     Subscription m_changes;
     Subscription m_theme;

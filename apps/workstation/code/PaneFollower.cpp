@@ -2,23 +2,31 @@
 
 #include "CodeEditor.h"
 #include "ModuleText.h"
-#include "workstation/filehost/FileCodePane.h"
+#include "workstation/filehost/FileCodeModule.h"
 
 #include <QScopedValueRollback>
 #include <QTimer>
 
+#include <utility>
+
 namespace dorvik {
 
-PaneFollower::PaneFollower(CodeEditor& editor, FileCodePane& pane, ModuleText& text)
-    : m_editor(editor), m_pane(pane), m_text(text) {
-    m_top = pane.TopLineChanged.Subscribe([this](std::int32_t) {
+PaneFollower::PaneFollower(CodeEditor& editor, FileCodeModule& module, ModuleText& text)
+    : m_editor(editor), m_pane(module.CodePane()), m_text(text) {
+    m_top = m_pane.TopLineChanged.Subscribe([this](std::int32_t) {
         m_hasTop = true;
         ShowLater();
     });
-    m_selection = pane.SelectionChanged.Subscribe([this] {
+    m_selection = m_pane.SelectionChanged.Subscribe([this] {
         if (!m_isTaking && !m_text.IsMirroring()) {
-            m_hasSelection = true;
+            m_hadSelection = std::exchange(m_hasSelection, true);
             ShowLater();
+        }
+    });
+    // The pane has followed the lines just before. So has the editor, and it may have been given another selection since.
+    m_changes = module.Changed.Subscribe([this](const LinesChange&) {
+        if (!m_text.IsMirroring()) {
+            m_hasSelection = m_hadSelection;
         }
     });
     m_undone = text.Undone.Subscribe([this] {

@@ -7,6 +7,7 @@
 namespace dorvik {
 
 class CodeEditor;
+class FileCodeModule;
 class FileCodePane;
 class ModuleText;
 
@@ -14,7 +15,7 @@ class ModuleText;
 /// next. REQUIRES: all outlive it.
 class PaneFollower {
 public:
-    PaneFollower(CodeEditor& editor, FileCodePane& pane, ModuleText& text);
+    PaneFollower(CodeEditor& editor, FileCodeModule& module, ModuleText& text);
     PaneFollower(const PaneFollower&) = delete;
     PaneFollower& operator=(const PaneFollower&) = delete;
 
@@ -32,10 +33,12 @@ private:
     QObject m_context;
     Subscription m_top;
     Subscription m_selection;
+    Subscription m_changes;
     Subscription m_undone;
     bool m_isTaking = false;
     bool m_hasTop = true;  // to be shown
     bool m_hasSelection = true;
+    bool m_hadSelection = false;  // before the pane's selection was set last
 };
 
 }  // namespace dorvik

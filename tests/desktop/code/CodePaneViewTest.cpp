@@ -8,6 +8,9 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QMimeData>
 #include <QPushButton>
 #include <gtest/gtest.h>
 
@@ -241,6 +244,8 @@ TEST(CodePaneView, LinesBecomeCommentsByKeys) {
     EXPECT_EQ(pane.Module().Texts()[3], "'    x = 1");
     EXPECT_EQ(pane.Module().Texts()[4], "'    y = 2 + _");
     EXPECT_EQ(pane.Module().Texts()[5], "        3") << "nothing of it is selected";
+    QCoreApplication::processEvents();
+    EXPECT_EQ(pane.Editor().Range(), (CodeRange{4, 1, 6, 1})) << "the lines stay selected";
     pane.Key(Qt::Key_M, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(pane.Shown(), kShown);
 }
@@ -332,6 +337,49 @@ TEST(CodePaneView, KeysOfAThemeAndZoom) {
     EXPECT_EQ(pane.Editor().lexer()->paper(0), modTheme::Colours().Code);
     modTheme::Apply(ThemeName::Light);
     EXPECT_EQ(pane.Editor().lexer()->paper(0), modTheme::Colours().Code);
+}
+
+TEST(CodePaneView, MenuHasTheCommandsAndTheirKeys) {
+    OpenedPane pane;
+    pane.GoTo(4, 1);
+    QContextMenuEvent request(
+        QContextMenuEvent::Keyboard, QPoint(10, 10), pane.Editor().mapToGlobal(QPoint(10, 10)));
+    QCoreApplication::sendEvent(&pane.Editor(), &request);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    for (QAction* action : menu->actions()) {
+        EXPECT_FALSE(action->shortcut().isEmpty()) << modQt::Utf8(action->text());
+        if (action->text() == QStringLiteral("&Make comments")) {
+            action->trigger();
+        }
+    }
+    menu->close();
+    EXPECT_EQ(pane.Module().Texts()[3], "'    x = 1");
+}
+
+TEST(CodePaneView, FilesThatAreDroppedAreForTheWindow) {
+    OpenedPane pane;
+    QMimeData files;
+    files.setUrls({QUrl(QStringLiteral("file:///P.vbp"))});
+    files.setText(QStringLiteral("file:///P.vbp"));
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(pane.Editor().viewport(), &enter);
+    EXPECT_FALSE(enter.isAccepted());
+}
+
+TEST(CodePaneView, EveryInputHasANameForAScreenReader) {
+    OpenedPane pane;
+    for (const QWidget* widget : pane.View->findChildren<QWidget*>()) {
+        const bool isInput = widget->inherits("QLineEdit") || widget->inherits("QComboBox") ||
+                             widget->inherits("QsciScintilla");
+        if (isInput) {
+            EXPECT_FALSE(widget->accessibleName().isEmpty()) << widget->metaObject()->className();
+        }
+        if (const auto* button = qobject_cast<const QAbstractButton*>(widget);
+            button != nullptr && button->focusPolicy() != Qt::NoFocus) {
+            EXPECT_TRUE(button->text().contains(QLatin1Char('&'))) << modQt::Utf8(button->text());
+        }
+    }
 }
 
 TEST(CodePaneView, LongModuleIsTypedIn) {

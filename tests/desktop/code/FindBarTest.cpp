@@ -77,6 +77,12 @@ TEST(FindBar, FindsWhileItIsTyped) {
     EXPECT_FALSE(pane.Box("Find").isVisible());
 }
 
+TEST(FindBar, OpensWhereThereIsNothingToLookFor) {
+    FindingPane pane;
+    pane.Key(Qt::Key_F3);
+    EXPECT_TRUE(pane.Box("Find").hasFocus());
+}
+
 TEST(FindBar, OptionsNarrowIt) {
     FindingPane pane;
     pane.Editor().Select({3, 1, 3, 4});
@@ -103,6 +109,7 @@ TEST(FindBar, ReplacesOneByOne) {
     pane.Enter("Replace with", "111");
     pane.Press("R&eplace");
     EXPECT_EQ(pane.Module().Texts()[3], "    x = 111");
+    QCoreApplication::processEvents();
     EXPECT_EQ(pane.Editor().Range(), (CodeRange{10, 9, 10, 10})) << "the next one is shown";
     pane.Press("R&eplace");
     EXPECT_EQ(pane.Module().Texts()[9], "    x = 111");

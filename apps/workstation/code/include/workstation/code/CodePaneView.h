@@ -29,6 +29,7 @@ struct PaneCommand {
     QString Text;
     QList<QKeySequence> Keys;  // the first one is shown
     std::function<void()> Run;
+    bool IsOfText = false;  // its keys mean something else to the other boxes of the pane
 };
 
 /// The code of a component on the screen, to be read and edited: with the boxes of objects and procedures, the marks of
@@ -74,7 +75,7 @@ private:
     void Arrange();
     void Connect();
     void Add(const char* text, const QList<QKeySequence>& keys, std::function<void()> run);
-    bool RunKey(QEvent& event);
+    bool RunKey(QEvent& event, bool isOfText);
     bool Escape();
     void ShowTip(const QPoint& place, const QPoint& onScreen);
     void ShowMenu(const QPoint& onScreen);
