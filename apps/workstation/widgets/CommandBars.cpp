@@ -43,8 +43,8 @@ void CommandMenuBar::Fill() {
             continue;
         }
         const auto known = before.find(popup.get());
-        QMenu* const menu = known != before.end() ? known->second
-                                                  : &modQt::Make<CommandMenu>(*popup, &m_bar);
+        QMenu* const menu =
+            known != before.end() ? known->second : &modQt::Make<CommandMenu>(*popup, &m_bar);
         before.erase(popup.get());
         m_added.emplace(popup.get(), menu);
         m_bar.addMenu(menu);

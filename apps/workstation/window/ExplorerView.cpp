@@ -7,6 +7,7 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QScrollBar>
 #include <QTreeWidgetItemIterator>
 
 #include <map>
@@ -86,6 +87,7 @@ std::string ExplorerView::KeyOf(const QTreeWidgetItem& item) const {
 void ExplorerView::Rebuild() {
     const std::string current = currentItem() == nullptr ? std::string() : KeyOf(*currentItem());
     const std::set<std::string> known = std::exchange(m_expanded, {});
+    const int scrolled = verticalScrollBar()->value();
     clear();
     m_nodes.clear();
     AddNodes(*invisibleRootItem(), m_explorer.Projects());
@@ -101,6 +103,7 @@ void ExplorerView::Rebuild() {
             setCurrentItem(&item);
         }
     }
+    verticalScrollBar()->setValue(scrolled);
 }
 
 void ExplorerView::ShowDirt() {

@@ -404,6 +404,9 @@ void MainWindow::SetZoom(int percent) {
     QFont font = QApplication::font();
     font.setPointSizeF(OriginalTextSize() * percent / modWindowSettings::kWholeSize);
     QApplication::setFont(font);
+    const int height = QFontMetrics(font).height();
+    setIconSize(QSize(height, height) * 3 / 2);
+    m_explorer->setIconSize(QSize(height, height));
 }
 
 // ---- events of the screen ----
