@@ -104,9 +104,9 @@ int main(int argc, char* argv[]) {
     dorvik::MainWindow window(desk);
     messages.SetOwner(&window);
     screen.SetOwner(&window);
-    window.SetZoom(dorvik::modWindowSettings::Zoom());
     desk.Start(arguments.TypeLibraries);
     window.ShowDesk();
+    window.SetZoom(dorvik::modWindowSettings::Zoom());
     window.show();
     dorvik::StepPlayer player(desk, window, arguments.Pictures);
     QTimer::singleShot(0, &window, [&] { window.Open(arguments.Paths); });

@@ -65,6 +65,12 @@ std::vector<std::string> DraggedPaths(const QMimeData& data) {
     return paths;
 }
 
+/// A status bar is late to make room for a text that has become longer.
+void SetLabel(QLabel& label, const QString& text) {
+    label.setText(text);
+    label.setMinimumWidth(label.fontMetrics().horizontalAdvance(text + u' '));
+}
+
 /// The size of texts without zoom.
 qreal OriginalTextSize() {
     static const qreal size = QApplication::font().pointSizeF();
@@ -319,7 +325,7 @@ void MainWindow::ShowState() {
             text += ": " + comparison->Summary();
         }
     }
-    m_stateLabel->setText(modQt::Text(text));
+    SetLabel(*m_stateLabel, modQt::Text(text));
     ShowTitle();
 }
 
@@ -330,7 +336,8 @@ void MainWindow::ShowFindings() {
         violations += project.Findings.Violations;
     }
     const bool hasResults = m_desk.Results().ResultsAvailable();
-    m_findingsLabel->setText(
+    SetLabel(
+        *m_findingsLabel,
         !hasResults       ? modQt::Text("No results")
         : violations == 1 ? modQt::Text("1 violation")
                           : QString::number(violations) + modQt::Text(" violations"));
@@ -342,7 +349,8 @@ void MainWindow::ShowFindings() {
 
 void MainWindow::ShowPlace() {
     const std::optional<EditorPlace> place = m_editors.Place();
-    m_placeLabel->setText(
+    SetLabel(
+        *m_placeLabel,
         place && place->Line > 0 ? modQt::Text(
                                        "Line " + std::to_string(place->Line) + ", column " +
                                        std::to_string(place->Column))
@@ -377,7 +385,7 @@ void MainWindow::ShowTitle() {
     if (active != nullptr) {
         setWindowModified(isDirty);
     }
-    m_projectLabel->setText(modQt::Text(active == nullptr ? "No project" : active->Name()));
+    SetLabel(*m_projectLabel, modQt::Text(active == nullptr ? "No project" : active->Name()));
     const bool isFree = m_desk.AddIn().App() == nullptr || !m_desk.App().BackgroundReviewActive();
     m_actions.Action(WindowAction::ReviewAgain).setEnabled(active != nullptr && isFree);
     for (const WindowAction action :
@@ -407,6 +415,9 @@ void MainWindow::SetZoom(int percent) {
     const int height = QFontMetrics(font).height();
     setIconSize(QSize(height, height) * 3 / 2);
     m_explorer->setIconSize(QSize(height, height));
+    for (QDockWidget* const pane : findChildren<QDockWidget*>()) {
+        pane->setFont(font);  // a style has a size of its own for their titles
+    }
 }
 
 // ---- events of the screen ----

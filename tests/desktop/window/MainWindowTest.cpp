@@ -377,8 +377,11 @@ TEST_F(MainWindowTest, TheNextAndThePreviousViolationAreShownInTheSource) {
     OpenBilling();
     Review();
     Grid& list = m_desk->Document().Controls().List;
-    list.ChooseDataRow(0);
+    m_window->Run(WindowAction::NextViolation);
     const auto first = list.CurrentKey();
+    // Those of the project itself have no place in the source.
+    ASSERT_TRUE(m_desk->Results().GetViolationDetails());
+    EXPECT_FALSE(m_desk->Results().GetViolationDetails()->File.empty());
     m_window->Run(WindowAction::NextViolation);
     EXPECT_NE(list.CurrentKey(), first);
     m_window->Run(WindowAction::PreviousViolation);
