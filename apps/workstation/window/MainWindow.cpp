@@ -15,7 +15,6 @@
 #include "workstation/window/StartPage.h"
 #include "workstation/window/modWindowSettings.h"
 
-#include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDockWidget>
@@ -161,7 +160,6 @@ void MainWindow::MakeStatusBar() {
 }
 
 void MainWindow::MakeThemeMenu() {
-    auto& group = modQt::Make<QActionGroup>(this);
     for (const ThemeName theme :
          {ThemeName::System, ThemeName::Light, ThemeName::Dark, ThemeName::HighContrast}) {
         QAction& action = *m_actions.ThemeMenu().addAction(
@@ -170,7 +168,7 @@ void MainWindow::MakeThemeMenu() {
                 modWindowSettings::SetTheme(theme);
             });
         action.setCheckable(true);
-        action.setActionGroup(&group);
+        action.setActionGroup(&m_themeGroup);
         m_events.push_back(modTheme::Changed().Subscribe(
             [&action, theme] { action.setChecked(modTheme::Current() == theme); }));
     }

@@ -7,6 +7,7 @@
 #include "workstation/window/EventGaps.h"
 #include "workstation/window/WindowActions.h"
 
+#include <QActionGroup>
 #include <QMainWindow>
 #include <QTimer>
 
@@ -105,6 +106,7 @@ private:
     QLabel* m_findingsLabel = nullptr;
     QLabel* m_stateLabel = nullptr;
     QByteArray m_firstLayout;
+    QActionGroup m_themeGroup{nullptr};
     QTimer m_refresh;  // the results have changed
     EventGaps m_gaps;
     std::vector<Subscription> m_events;
