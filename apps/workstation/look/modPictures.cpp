@@ -1,5 +1,6 @@
 #include "workstation/look/modPictures.h"
 
+#include "modDrawnShapes.h"
 #include "workstation/look/modTheme.h"
 
 #include <QIconEngine>
@@ -72,7 +73,22 @@ void DrawSheet(QPainter& painter, const QRectF& bounds) {
 }  // namespace
 
 QIcon Icon(std::string_view name) {
-    return name.empty() ? QIcon() : IconOf(DrawSheet);
+    if (name.empty()) {
+        return {};
+    }
+    const std::string_view shapes = modDrawnShapes::ShapesOf(name);
+    return shapes.empty() ? IconOf(DrawSheet)
+                          : IconOf([shapes](QPainter& painter, const QRectF& bounds) {
+                                modDrawnShapes::Draw(painter, bounds, shapes);
+                            });
+}
+
+std::vector<std::string_view> Names() {
+    std::vector<std::string_view> names;
+    for (const modDrawnShapes::Picture& picture : modDrawnShapes::Pictures()) {
+        names.push_back(picture.Name);
+    }
+    return names;
 }
 
 void DrawSeverity(QPainter& painter, const QRectF& bounds, std::int32_t severity) {

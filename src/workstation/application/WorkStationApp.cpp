@@ -29,10 +29,12 @@ constexpr std::string_view kModule = "WorkStationApp";
 constexpr std::int32_t kSaveWithoutAsking = 1;
 constexpr std::int32_t kLeaveUnsaved = 3;
 
-TypeLibraryPlaces TypeLibrariesOfThisMachine() {
+TypeLibraryPlaces TypeLibrariesOfThisMachine(std::vector<std::string> folders) {
     const DorvikData& data = modGlobal::Data();
+    const std::vector<std::string>& set = modGlobal::WorkData().TypeLibraryFolders;
+    folders.insert(folders.end(), set.begin(), set.end());
     return {
-        .Folders = modGlobal::WorkData().TypeLibraryFolders,
+        .Folders = std::move(folders),
         .CatalogueFolders = {data.TypeCataloguePath(), data.UserTypeCataloguePath()},
         .IndexFile = data.TypeLibraryIndexFile()};
 }
@@ -152,7 +154,7 @@ void WorkStationApp::m_evtMenu_ReviewClick() {
         const Lifetime::Watch life = m_life.Watched();
         // While a review runs in the background the same command cancels it.
         if (!m_backgroundReviewActive &&
-            (!PromptToSaveProjectsBeforeReview() || !ChooseReviewOptions())) {
+            (!PromptToSaveProjectsBeforeReview() || !ChooseReviewOptions(/*asBefore=*/false))) {
             return;
         }
         ExecuteReview();
@@ -212,12 +214,33 @@ bool WorkStationApp::MayReview(const std::string& project, bool soFar) {
     return false;
 }
 
-bool WorkStationApp::ChooseReviewOptions() {
+/// `asBefore`: as if the user had left the dialog as it was, if that is possible.
+bool WorkStationApp::ChooseReviewOptions(bool asBefore) {
     const Lifetime::Watch life = m_life.Watched();
     frmReviewOptions form(m_screen);
     form.ReviewOptions(m_criteria);
-    m_screen.ShowModal(form);
-    return !life.IsOver() && !form.Cancelled();
+    if (!asBefore || !m_optionsWereChosen || !form.Ok()) {
+        m_screen.ShowModal(form);
+    }
+    if (life.IsOver()) {
+        return false;
+    }
+    m_optionsWereChosen = m_optionsWereChosen || !form.Cancelled();
+    return !form.Cancelled();
+}
+
+void WorkStationApp::ReviewAgain() {
+    Trap({kModule, "ReviewAgain"}, [&] {
+        const Lifetime::Watch life = m_life.Watched();
+        if (m_backgroundReviewActive || !PromptToSaveProjectsBeforeReview() ||
+            !ChooseReviewOptions(/*asBefore=*/true)) {
+            return;
+        }
+        ExecuteReview();
+        if (!life.IsOver()) {
+            m_IDE->RefreshMenus(m_backgroundReviewActive);
+        }
+    });
 }
 
 void WorkStationApp::ExecuteReview() {
@@ -227,6 +250,7 @@ void WorkStationApp::ExecuteReview() {
             m_evtProgress->AbortBackgroundReview();
             return;
         }
+        ReviewBegins.Raise();
         // The review is about to replace the database.
         Results().CloseResults();
         if (m_criteria->BackgroundReview()) {
@@ -234,7 +258,8 @@ void WorkStationApp::ExecuteReview() {
             m_IDE->SetWorkbenchVisible(false);
         }
         // Shared with this frame: the end of the review drops the window, that of the add-in both.
-        const auto typeLibraries = std::make_shared<TypeLibraryStore>(TypeLibrariesOfThisMachine());
+        const auto typeLibraries =
+            std::make_shared<TypeLibraryStore>(TypeLibrariesOfThisMachine(m_typeLibraryFolders));
         const auto progress = std::make_shared<frmProgress>(m_screen);
         progress->SetTypeLibraries(typeLibraries.get());
         m_typeLibraries = typeLibraries;
@@ -255,6 +280,7 @@ void WorkStationApp::SetBackgroundReviewActive(bool active) {
     m_backgroundReviewActive = active;
     m_IDE->SetReviewRunning(active);
     m_menus->InvertReviewOption(active);
+    BackgroundReviewChanged.Raise();
 }
 
 void WorkStationApp::DropProgress() {
@@ -277,6 +303,10 @@ void WorkStationApp::m_evtProgress_BackgroundReviewEnded() {
 void WorkStationApp::ShowResultsOfReview() {
     const Lifetime::Watch life = m_life.Watched();
     Results().PopulateResults(m_criteria, /*afterReview=*/true);
+    if (life.IsOver()) {
+        return;
+    }
+    ReviewEnded.Raise();
     if (life.IsOver() || !Results().ResultsAvailable()) {
         return;
     }

@@ -44,11 +44,8 @@ void WorkStationApp::ConnectMenus() {
         {&IDEMenuEvents::GotoSourceClick, &App::m_evtMenu_GotoSourceClick},
         {&IDEMenuEvents::GotoHomePage, &App::m_evtMenu_GotoHomePage},
         {&IDEMenuEvents::GotoTechSupportPage, &App::m_evtMenu_GotoTechSupportPage},
-        {&IDEMenuEvents::HelpContents, &App::m_evtMenu_HelpContents},
-        {&IDEMenuEvents::HelpSearch, &App::m_evtMenu_HelpSearch},
         {&IDEMenuEvents::LaunchRulebaseDocument, &App::m_evtMenu_LaunchRulebaseDocument},
         {&IDEMenuEvents::OpenClick, &App::m_evtMenu_OpenClick},
-        {&IDEMenuEvents::OptionsClick, &App::m_evtMenu_OptionsClick},
         {&IDEMenuEvents::ReviewClick, &App::m_evtMenu_ReviewClick},
         {&IDEMenuEvents::ReviewSummary, &App::m_evtMenu_ReviewSummary},
         {&IDEMenuEvents::ShowDorvikWindowClick, &App::m_evtMenu_ShowDorvikWindowClick},
@@ -60,7 +57,7 @@ void WorkStationApp::ConnectMenus() {
     ConnectMenusToDocument();
 }
 
-/// The commands that are the document's, or the results view's, alone.
+/// The commands of one step, most of them the document's or the results view's alone.
 void WorkStationApp::ConnectMenusToDocument() {
     struct PassedOnRow {
         Event<> IDEMenuEvents::*Raised;
@@ -98,6 +95,22 @@ void WorkStationApp::ConnectMenusToDocument() {
          "m_evtMenu_GroupByNoneClick",
          [](App& app) {
              app.Results().GroupByNone();
+         }},
+        {&IDEMenuEvents::HelpContents,
+         "m_evtMenu_HelpContents",
+         [](App& app) {
+             app.m_screen.OpenWithSystem(HelpFile());
+         }},
+        // The program that shows the file has the search.
+        {&IDEMenuEvents::HelpSearch,
+         "m_evtMenu_HelpSearch",
+         [](App& app) {
+             app.m_screen.OpenWithSystem(HelpFile());
+         }},
+        {&IDEMenuEvents::OptionsClick,
+         "m_evtMenu_OptionsClick",
+         [](App& app) {
+             app.ShowOptions(frmOptions::Page::General);
          }},
         {&IDEMenuEvents::ShowGroupByClick,
          "m_evtMenu_ShowGroupByClick",
@@ -152,15 +165,6 @@ void WorkStationApp::m_evtMenu_GotoTechSupportPage() {
     });
 }
 
-void WorkStationApp::m_evtMenu_HelpContents() {
-    Trap({kModule, "m_evtMenu_HelpContents"}, [&] { m_screen.OpenWithSystem(HelpFile()); });
-}
-
-// The program that shows the file has the search.
-void WorkStationApp::m_evtMenu_HelpSearch() {
-    Trap({kModule, "m_evtMenu_HelpSearch"}, [&] { m_screen.OpenWithSystem(HelpFile()); });
-}
-
 void WorkStationApp::m_evtMenu_LaunchRulebaseDocument() {
     Trap({kModule, "m_evtMenu_LaunchRulebaseDocument"}, [&] {
         const DVKWorkData& settings = modGlobal::WorkData();
@@ -197,17 +201,17 @@ void WorkStationApp::OpenResults(const std::string& file) {
                 modBenchDatabase::Objection(
                     *results,
                     "The selected database does not appear to be a valid Dorvik results database "
-                    "or "
-                    "is an incorrect version.  Please select a different file or ensure that '" +
+                    "or is an incorrect version.  Please select a different file or ensure that '" +
                         file + "' is the correct version."));
         }
     });
 }
 
-void WorkStationApp::m_evtMenu_OptionsClick() {
-    Trap({kModule, "m_evtMenu_OptionsClick"}, [&] {
+void WorkStationApp::ShowOptions(frmOptions::Page page) {
+    Trap({kModule, "ShowOptions"}, [&] {
         const Lifetime::Watch life = m_life.Watched();
         frmOptions form(m_screen);
+        form.tbsOptions.Shown.Set(static_cast<std::int16_t>(page));
         m_screen.ShowModal(form);
         if (!life.IsOver() && !form.Cancelled()) {
             modGlobal::WorkData().SaveSettings();

@@ -156,7 +156,7 @@ void frmReviewOptions::LoadRulebaseLists() {
     m_categories.Clear();
     m_severities.Clear();
     const std::string& file = cboRulebase.Value();
-    if (modUtilFunctions::FileExists(file)) {
+    if (modFiles::FileExists(file)) {
         ToleranceSettings tolerances;
         const bool isLoaded = RulebaseManager().LoadReviewOptions(
             file,

@@ -91,20 +91,25 @@ FileHost::FileHost(int codePage)
 FileHost::~FileHost() = default;
 
 bool FileHost::Open(std::string_view path) {
-    const std::string file(path);
-    if (HasExtension(file, ".vbg")) {
-        return OpenGroup(file);
-    }
-    Report report;
-    const bool isOpened = OpenProject(file, report);
-    report.Show();
-    return isOpened;
+    return Open(std::vector<std::string>{std::string(path)});
 }
 
-bool FileHost::OpenGroup(const std::string& path) {
+bool FileHost::Open(const std::vector<std::string>& paths) {
     Report report;
     bool isAnyOpened = false;
+    for (const std::string& path : paths) {
+        const bool isOpened =
+            HasExtension(path, ".vbg") ? OpenGroup(path, report) : OpenProject(path, report);
+        isAnyOpened = isOpened || isAnyOpened;
+    }
+    report.Show();
+    return isAnyOpened;
+}
+
+bool FileHost::OpenGroup(const std::string& path, Report& report) {
+    bool isAnyOpened = false;
     std::vector<std::string> files;
+    const std::size_t reported = report.Count;
     Trap(
         {"FileHost", "OpenGroup"},
         [&] { files = VirtualProjectGroup(path, m_codePage).ProjectFilenames(); },
@@ -115,10 +120,9 @@ bool FileHost::OpenGroup(const std::string& path) {
     for (const std::string& file : files) {
         isAnyOpened = OpenProject(file, report) || isAnyOpened;
     }
-    if (files.empty() && report.Count == 0) {
+    if (files.empty() && report.Count == reported) {
         report.Add("The group file " + Quoted(path) + " names no project.");
     }
-    report.Show();
     return isAnyOpened;
 }
 
@@ -286,6 +290,7 @@ void FileHost::ExecuteCommand(std::int32_t id) {
         case hostcommand::kReferences: m_calls.Add("references"); break;
         default: m_calls.Add("command " + std::to_string(id)); break;
     }
+    CommandExecuted.Raise(id);
 }
 
 void FileHost::BeginSave(IHostProject& project) {

@@ -1,7 +1,6 @@
 #include "cli/commands/events/EventsCommand.h"
 
 #include "EventStreamWriter.h"
-#include "cli/commands/review/ProjectFinder.h"
 #include "cli/commands/review/ProjectStatusText.h"
 #include "cli/output/Console.h"
 #include "cli/output/Interrupt.h"
@@ -10,6 +9,7 @@
 #include "foundation/log/modLog.h"
 #include "platform/host/modHostPath.h"
 #include "review/ProjectTraversal.h"
+#include "source/ProjectFinder.h"
 #include "source/modDorvikUtils.h"
 
 namespace dorvik {

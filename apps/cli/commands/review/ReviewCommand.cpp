@@ -5,7 +5,6 @@
 #include "ReviewSummary.h"
 #include "base/modTextCase.h"
 #include "cli/commands/results/ToleranceLimits.h"
-#include "cli/commands/review/ProjectFinder.h"
 #include "cli/commands/review/ProjectStatusText.h"
 #include "cli/commands/typelib/TypeLibrarySettings.h"
 #include "cli/output/Console.h"
@@ -25,6 +24,7 @@
 #include "settings/DVKWorkData.h"
 #include "settings/DorvikData.h"
 #include "settings/modGlobal.h"
+#include "source/ProjectFinder.h"
 #include "source/Severity.h"
 
 #include <algorithm>

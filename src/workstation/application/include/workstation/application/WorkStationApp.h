@@ -2,10 +2,12 @@
 
 #include "workstation/controls/Event.h"
 #include "workstation/controls/Lifetime.h"
+#include "workstation/dialogs/frmOptions.h"
 
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace dorvik {
@@ -37,6 +39,16 @@ public:
     /// Cancels a review in the background, so that the environment does not close under it.
     void BeginShutdown();
 
+    /// Reviews once more what was reviewed last, as the dialog was left then; the first review, and one that the dialog
+    /// would refuse, come with the dialog. Nothing happens while a review runs in the background.
+    void ReviewAgain();
+    /// Folders of type libraries for this run, in front of those of the settings. Paths are the program's own.
+    void SetTypeLibraryFolders(std::vector<std::string> folders) {
+        m_typeLibraryFolders = std::move(folders);
+    }
+
+    /// The options dialog with a page in front.
+    void ShowOptions(frmOptions::Page page);
     /// Shows the results in a database that the user chose.
     void OpenResults(const std::string& file);
 
@@ -46,6 +58,13 @@ public:
     /// The progress window of a background review; null while none runs.
     frmProgress* Progress() const { return m_evtProgress.get(); }
 
+    /// A review is about to begin, and the results that are shown are about to be closed.
+    Event<> ReviewBegins;
+    /// A review is over, and the results that there are now are shown.
+    Event<> ReviewEnded;
+    /// A review in the background has begun or ended.
+    Event<> BackgroundReviewChanged;
+
 private:
     void ConnectMenus();
     void ConnectMenusToDocument();
@@ -54,7 +73,7 @@ private:
     void AddProject(const std::string& name, const std::string& filename, const std::string& type);
     bool PromptToSaveProjectsBeforeReview();
     bool MayReview(const std::string& project, bool soFar);
-    bool ChooseReviewOptions();
+    bool ChooseReviewOptions(bool asBefore);
     void ExecuteReview();
     void SetBackgroundReviewActive(bool active);
     void DropProgress();
@@ -65,11 +84,8 @@ private:
     void m_evtMenu_GotoSourceClick();
     void m_evtMenu_GotoHomePage();
     void m_evtMenu_GotoTechSupportPage();
-    void m_evtMenu_HelpContents();
-    void m_evtMenu_HelpSearch();
     void m_evtMenu_LaunchRulebaseDocument();
     void m_evtMenu_OpenClick();
-    void m_evtMenu_OptionsClick();
     void m_evtMenu_ReviewClick();
     void m_evtMenu_ReviewSummary();
     void m_evtMenu_ShowDorvikWindowClick();
@@ -84,6 +100,8 @@ private:
     IDEMenus* m_menus = nullptr;
     udocDorvik* m_document = nullptr;
     bool m_backgroundReviewActive = false;
+    bool m_optionsWereChosen = false;  // the dialog of a review was left with OK
+    std::vector<std::string> m_typeLibraryFolders;
     std::shared_ptr<ReviewCriteria> m_criteria;
     std::shared_ptr<TypeLibraryStore> m_typeLibraries;  // of the last review
     std::shared_ptr<frmProgress> m_evtProgress;

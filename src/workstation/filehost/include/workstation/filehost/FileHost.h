@@ -14,6 +14,12 @@
 
 namespace dorvik {
 
+/// The environment's numbers of the commands that an add-in runs.
+namespace hostcommand {
+inline constexpr std::int32_t kProjectProperties = 2578;
+inline constexpr std::int32_t kReferences = 942;
+}  // namespace hostcommand
+
 /// An environment over files on disk: projects and groups are opened from their files, code is edited and saved there.
 ///
 /// The first project that is opened becomes the active one; others only when the user activates them or selects one of
@@ -29,6 +35,8 @@ public:
     /// each project and group file, and the rest is opened. A project that is open already is left as it is. False where no project
     /// was opened.
     bool Open(std::string_view path);
+    /// Several of them, with one message for what cannot be opened. True where any project was opened.
+    bool Open(const std::vector<std::string>& paths);
     /// Closes a project. Changes that were not saved are lost.
     void CloseProject(std::string_view name);
     void ActivateProject(std::string_view name);
@@ -58,7 +66,7 @@ public:
     void RemoveCommandBar(CommandControl& bar) override;
     const std::vector<std::unique_ptr<CommandControl>>& CommandBars() const { return m_bars; }
 
-    /// Nothing is executed; the call is recorded.
+    /// Nothing is executed here; the call is recorded, and `CommandExecuted` raised.
     void ExecuteCommand(std::int32_t id) override;
     /// Saves at once.
     void BeginSave(IHostProject& project) override;
@@ -70,11 +78,13 @@ public:
     /// For a screen: a window that was made, to be shown when it becomes visible. It lives until the add-in lets go of it.
     Event<FileToolWindow&> ToolWindowCreated;
     Event<> CommandBarsChanged;
+    /// For a screen, which shows what the add-in requests: a number of `hostcommand`.
+    Event<std::int32_t> CommandExecuted;
 
 private:
     struct Report;
 
-    bool OpenGroup(const std::string& path);
+    bool OpenGroup(const std::string& path, Report& report);
     bool OpenProject(const std::string& path, Report& report);
     bool IsOpen(std::string_view path) const;
     void Add(std::unique_ptr<FileProject> project);

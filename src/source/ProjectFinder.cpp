@@ -1,4 +1,4 @@
-#include "cli/commands/review/ProjectFinder.h"
+#include "source/ProjectFinder.h"
 
 #include "base/modTextCase.h"
 #include "foundation/log/Trap.h"

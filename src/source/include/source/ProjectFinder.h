@@ -5,7 +5,7 @@
 
 namespace dorvik {
 
-/// The project files that the paths of a command line stand for.
+/// The project files that paths of this machine stand for.
 struct FoundProjects {
     std::vector<std::string> Filenames;  // full paths with backslashes, each once, in order
     std::vector<std::string> Errors;     // a sentence for each path that stands for nothing
