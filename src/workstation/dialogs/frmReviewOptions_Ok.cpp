@@ -49,6 +49,15 @@ bool IsValidFolder(const std::string& path, std::string_view word) {
     });
 }
 
+void TakeTolerances(const ToleranceSettings& tolerances, ReviewCriteria& criteria) {
+    for (std::int32_t index = 1; index <= ToleranceSettings::kPlaces; ++index) {
+        criteria.SetToleranceCount(index, tolerances.Count.Item(index));
+        criteria.SetToleranceImpact(index, tolerances.Impact.Item(index));
+    }
+    criteria.SetTolerancePercentageComments(tolerances.PercentageComments);
+    criteria.SetToleranceCyclomaticComplexity(tolerances.CyclomaticComplexity);
+}
+
 }  // namespace
 
 bool frmReviewOptions::ScreenIsValid() {
@@ -118,7 +127,7 @@ bool frmReviewOptions::DataFromScreen() {
             // A text that is no limit raises, in front of all that is taken over.
             const ToleranceSettings tolerances = TolerancesOnScreen();
             ReviewFromScreen();
-            TakeTolerances(tolerances);
+            TakeTolerances(tolerances, *m_criteria);
         }
         RulebaseLoadCriteria& criteria = LoadCriteria();
         modReviewOptionsFields::TakeConventions(lvwConventions, criteria);
@@ -153,15 +162,6 @@ ToleranceSettings frmReviewOptions::TolerancesOnScreen() const {
     tolerances.PercentageComments = LimitOfText(txtComments.Value());
     tolerances.CyclomaticComplexity = LimitOfText(txtComplexity.Value());
     return tolerances;
-}
-
-void frmReviewOptions::TakeTolerances(const ToleranceSettings& tolerances) {
-    for (std::int32_t index = 1; index <= ToleranceSettings::kPlaces; ++index) {
-        m_criteria->SetToleranceCount(index, tolerances.Count.Item(index));
-        m_criteria->SetToleranceImpact(index, tolerances.Impact.Item(index));
-    }
-    m_criteria->SetTolerancePercentageComments(tolerances.PercentageComments);
-    m_criteria->SetToleranceCyclomaticComplexity(tolerances.CyclomaticComplexity);
 }
 
 }  // namespace dorvik

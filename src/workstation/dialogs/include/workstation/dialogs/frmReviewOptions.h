@@ -141,7 +141,6 @@ private:
     bool DataFromScreen();
     void ReviewFromScreen();
     ToleranceSettings TolerancesOnScreen() const;
-    void TakeTolerances(const ToleranceSettings& tolerances);
 
     RulebaseLoadCriteria& LoadCriteria() const;
     void Close();

@@ -14,12 +14,6 @@
 
 namespace dorvik {
 
-/// The environment's numbers of the commands that an add-in runs.
-namespace hostcommand {
-inline constexpr std::int32_t kProjectProperties = 2578;
-inline constexpr std::int32_t kReferences = 942;
-}  // namespace hostcommand
-
 /// An environment over files on disk: projects and groups are opened from their files, code is edited and saved there.
 ///
 /// The first project that is opened becomes the active one; others only when the user activates them or selects one of
