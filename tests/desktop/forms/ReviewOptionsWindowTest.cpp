@@ -222,10 +222,10 @@ TEST_F(ReviewOptionsWindowTest, WhatIsEnteredReachesTheCriteria) {
     ASSERT_FALSE(m_form->Cancelled());
     EXPECT_EQ(m_criteria->BackgroundReview(), background);
     EXPECT_EQ(m_criteria->ReportOption(), 2);
-    EXPECT_EQ(m_criteria->ToleranceCount(1), 78) << "no key but digits is taken";
-    EXPECT_EQ(m_criteria->ToleranceImpact(6), 9000);
-    EXPECT_EQ(m_criteria->ToleranceCount(6), -1);
-    EXPECT_EQ(m_criteria->ToleranceCyclomaticComplexity(), 12);
+    EXPECT_EQ(m_criteria->Tolerances().Count.Item(1), 78) << "no key but digits is taken";
+    EXPECT_EQ(m_criteria->Tolerances().Impact.Item(6), 9000);
+    EXPECT_EQ(m_criteria->Tolerances().Count.Item(6), -1);
+    EXPECT_EQ(m_criteria->Tolerances().CyclomaticComplexity, 12);
 }
 
 TEST_F(ReviewOptionsWindowTest, ABatchHasATitleAndNoBackground) {

@@ -98,7 +98,7 @@ TEST_F(ListTableViewTest, AHeadingIsClicked) {
         {},
         {header.sectionViewportPosition(1) + 20, header.height() / 2});
     EXPECT_EQ(clicked, 1U);
-    m_list.SetSortIcon(1, "SortAscending");
+    m_list.ShowSortIcon(1, true);
     EXPECT_EQ(header.sortIndicatorOrder(), Qt::AscendingOrder);
 }
 
