@@ -1,4 +1,5 @@
 #include "platform/host/ScopedInstall.h"
+#include "platform/host/modHostConsole.h"
 #include "platform/host/modHostPath.h"
 #include "settings/RegistryUtils.h"
 #include "settings/SettingsFile.h"
@@ -16,6 +17,7 @@
 #include <QCommandLineParser>
 #include <QTimer>
 
+#include <cstdlib>
 #include <optional>
 
 namespace {
@@ -61,6 +63,12 @@ Arguments ReadArguments(const QApplication& application) {
     const int number = parser.value(codePage).toInt();
     if (dorvik::modEncoding::IsKnownCodePage(number)) {
         arguments.CodePage = number;
+    } else if (parser.isSet(codePage)) {
+        dorvik::modHostConsole::Write(
+            dorvik::HostStream::Error,
+            "dorvik-workstation: there is no code page '" +
+                dorvik::modQt::Utf8(parser.value(codePage)) + "'; 1252 is one\n");
+        std::exit(2);
     }
     arguments.Steps = parser.value(play);
     arguments.Pictures = parser.value(pictures);

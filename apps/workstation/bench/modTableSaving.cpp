@@ -1,6 +1,6 @@
 #include "workstation/bench/modTableSaving.h"
 
-#include "platform/host/modHost.h"
+#include "workstation/controls/modWorkstationMessage.h"
 #include "workstation/look/modQt.h"
 #include "workstation/widgets/modSlices.h"
 
@@ -42,11 +42,10 @@ bool SaveAs(
             return true;
         }
     }
-    modHost::ShowMessage(
-        {MessageIcon::Critical,
-         "Dorvik Workstation",
-         modQt::Utf8(QStringLiteral("The file '%1' could not be written: %2")
-                         .arg(file, saved.errorString()))});
+    modWorkstationMessage::Show(
+        MessageIcon::Critical,
+        modQt::Utf8(QStringLiteral("The file '%1' could not be written: %2")
+                        .arg(file, saved.errorString())));
     return false;
 }
 

@@ -57,6 +57,12 @@ bool IsBox(QStyle::PixelMetric metric) {
     return std::find(boxes.begin(), boxes.end(), metric) != boxes.end();
 }
 
+/// Whether a metric is the size of a picture beside a text.
+bool IsPicture(QStyle::PixelMetric metric) {
+    return metric == QStyle::PM_SmallIconSize || metric == QStyle::PM_ButtonIconSize ||
+           metric == QStyle::PM_ListViewIconSize || metric == QStyle::PM_TabBarIconSize;
+}
+
 }  // namespace
 
 ThemeStyle::ThemeStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
@@ -93,12 +99,12 @@ void ThemeStyle::drawComplexControl(
 int ThemeStyle::pixelMetric(
     PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
     const int size = QProxyStyle::pixelMetric(metric, option, widget);
-    if (!IsBox(metric)) {
+    if (!IsBox(metric) && !IsPicture(metric)) {
         return size;
     }
     const QFontMetrics letters =
         widget != nullptr ? widget->fontMetrics() : QFontMetrics(QApplication::font());
-    return std::max(size, int(letters.height() * kBoxOfLine));
+    return std::max(size, IsBox(metric) ? int(letters.height() * kBoxOfLine) : letters.height());
 }
 
 QSize ThemeStyle::sizeFromContents(

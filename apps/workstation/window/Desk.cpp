@@ -4,10 +4,10 @@
 #include "base/modTextCase.h"
 #include "foundation/log/Trap.h"
 #include "platform/host/modFiles.h"
-#include "platform/host/modHost.h"
 #include "platform/host/modHostPath.h"
 #include "source/ProjectFinder.h"
 #include "workstation/application/WorkStationApp.h"
+#include "workstation/controls/modWorkstationMessage.h"
 #include "workstation/host/modViolationSearch.h"
 #include "workstation/ide/IDEHelper.h"
 #include "workstation/ide/IDEMenus.h"
@@ -26,15 +26,10 @@ constexpr std::string_view kModule = "Desk";
 constexpr std::string_view kRecentName = "Desktop";
 constexpr std::size_t kMostSentences = 10;
 
-MessageAnswer
-Show(MessageIcon icon, std::string text, MessageButtons buttons = MessageButtons::Ok) {
-    return modHost::ShowMessage({icon, "Dorvik Workstation", std::move(text), buttons});
-}
-
 /// Runs `body`; what it raises is shown to the user.
 bool Shown(std::string_view operation, const std::function<void()>& body) {
     return Trap({kModule, operation}, body, [](const BasicError& failure) {
-        Show(MessageIcon::Exclamation, failure.what());
+        modWorkstationMessage::Show(MessageIcon::Exclamation, failure.what());
         return true;
     });
 }
@@ -48,7 +43,7 @@ void ShowSentences(const std::vector<std::string>& sentences) {
         text += "\r\n... and " + std::to_string(sentences.size() - kMostSentences) + " more.";
     }
     if (!text.empty()) {
-        Show(MessageIcon::Exclamation, text);
+        modWorkstationMessage::Show(MessageIcon::Exclamation, text);
     }
 }
 
@@ -144,7 +139,7 @@ bool Desk::CloseProject(const std::string& name) {
     Shown("CloseProject", [&] {
         FileProject& project = m_host.Project(name);
         if (project.IsDirty()) {
-            const MessageAnswer answer = Show(
+            const MessageAnswer answer = modWorkstationMessage::Show(
                 MessageIcon::Question,
                 "Project '" + name + "' has changes.\r\rDo you want to save them?",
                 MessageButtons::YesNoCancel);
@@ -165,7 +160,7 @@ bool Desk::MayClose() {
         if (!project.IsDirty()) {
             continue;
         }
-        const MessageAnswer answer = Show(
+        const MessageAnswer answer = modWorkstationMessage::Show(
             MessageIcon::Question,
             "Project '" + project.Name() + "' has changes.\r\rDo you want to save them?",
             MessageButtons::YesNoCancel);

@@ -1,5 +1,6 @@
 #include "workstation/window/MainWindow.h"
 
+#include "PaneTitle.h"
 #include "workstation/application/WorkStationApp.h"
 #include "workstation/bench/WorkbenchView.h"
 #include "workstation/ide/IDEHelper.h"
@@ -36,8 +37,8 @@ namespace {
 
 constexpr int kFirstCharactersWide = 150;
 constexpr int kFirstRowsHigh = 46;
-constexpr int kExplorerCharactersWide = 44;
-constexpr int kWorkbenchRowsHigh = 16;
+constexpr int kExplorerCharactersWide = 52;
+constexpr int kWorkbenchRowsHigh = 22;
 constexpr std::chrono::seconds kGapTip{1};
 
 QDockWidget&
@@ -45,6 +46,7 @@ Pane(QMainWindow& window, const char* title, QWidget& content, Qt::DockWidgetAre
     auto& pane = modQt::Make<QDockWidget>(modQt::Text(title), &window);
     pane.setObjectName(modQt::Text(title));
     pane.setWidget(&content);
+    pane.setTitleBarWidget(&modQt::Make<PaneTitle>(pane));
     window.addDockWidget(area, &pane);
     return pane;
 }
@@ -413,9 +415,6 @@ void MainWindow::SetZoom(int percent) {
     const int height = QFontMetrics(font).height();
     setIconSize(QSize(height, height) * 3 / 2);
     m_explorer->setIconSize(QSize(height, height));
-    for (QDockWidget* const pane : findChildren<QDockWidget*>()) {
-        pane->setFont(font);  // a style has a size of its own for their titles
-    }
 }
 
 // ---- events of the screen ----

@@ -3,15 +3,16 @@
 #include "workstation/look/modPictures.h"
 #include "workstation/look/modQt.h"
 
-#include <QCommandLinkButton>
 #include <QDir>
 #include <QDirIterator>
+#include <QEvent>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLayoutItem>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -24,15 +25,6 @@ namespace {
 constexpr int kFoldersAbove = 4;  // build/PRESET/bin and the repository
 constexpr double kTitleSize = 1.8;
 constexpr double kHeadingSize = 1.2;
-
-QLabel& Heading(const char* text, double size) {
-    auto& label = modQt::Make<QLabel>(modQt::Text(text));
-    QFont font = label.font();
-    font.setPointSizeF(font.pointSizeF() * size);
-    font.setBold(true);
-    label.setFont(font);
-    return label;
-}
 
 }  // namespace
 
@@ -83,6 +75,29 @@ StartPage::StartPage(QWidget* parent)
     SetSamples({});
 }
 
+QLabel& StartPage::Heading(const char* text, double size) {
+    auto& label = modQt::Make<QLabel>(modQt::Text(text), this);
+    m_headings.push_back({&label, size});
+    SizeHeadings();
+    return label;
+}
+
+void StartPage::SizeHeadings() {
+    for (const auto& [label, size] : m_headings) {
+        QFont scaled = font();
+        scaled.setPointSizeF(scaled.pointSizeF() * size);
+        scaled.setBold(true);
+        label->setFont(scaled);
+    }
+}
+
+void StartPage::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        SizeHeadings();
+    }
+}
+
 void StartPage::SetRecentFiles(const std::vector<std::string>& files) {
     Fill(m_recent, files, "Nothing was opened yet.");
 }
@@ -107,16 +122,17 @@ void StartPage::Fill(
     }
     for (const std::string& file : files) {
         const QFileInfo info(modQt::Text(file));
-        QString name = info.fileName();
-        auto& button = modQt::Make<QCommandLinkButton>(
-            name.replace(modQt::Text("&"), modQt::Text("&&")),
-            QDir::toNativeSeparators(info.path()));
+        QString text = info.fileName() + modQt::Text("\n") + QDir::toNativeSeparators(info.path());
+        // A button for links would keep a size of text of its own.
+        auto& button = modQt::Make<QToolButton>();
+        button.setText(text.replace(modQt::Text("&"), modQt::Text("&&")));
+        button.setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+        button.setAutoRaise(true);
+        button.setFocusPolicy(Qt::StrongFocus);
         button.setIcon(modPictures::Icon(info.isDir() ? "Folder" : "Project"));
         button.setAccessibleName(info.fileName());
         list.addWidget(&button);
-        connect(&button, &QCommandLinkButton::clicked, this, [this, file] {
-            FileRequested.Raise(file);
-        });
+        connect(&button, &QToolButton::clicked, this, [this, file] { FileRequested.Raise(file); });
     }
 }
 

@@ -210,7 +210,7 @@ TEST_F(MainWindowTest, TheStartPageOpensARecentFile) {
     page.SetRecentFiles({"/a/One.vbp"});
     page.SetSamples({"/b/Two.vbg"});
     for (auto* const button : page.findChildren<QAbstractButton*>()) {
-        if (button->text() == Text("Two.vbg")) {
+        if (button->accessibleName() == Text("Two.vbg")) {
             button->click();
         }
     }

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+class QLabel;
 class QVBoxLayout;
 
 namespace dorvik {
@@ -24,9 +25,20 @@ public:
     Event<> OpenFolderRequested;
     Event<const std::string&> FileRequested;
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    struct SizedLabel {
+        QLabel* Label;
+        double Size;  // 1 for that of a text
+    };
+
+    QLabel& Heading(const char* text, double size);
+    void SizeHeadings();
     void Fill(QVBoxLayout& list, const std::vector<std::string>& files, const char* placeholder);
 
+    std::vector<SizedLabel> m_headings;
     QVBoxLayout& m_recent;
     QVBoxLayout& m_samples;
 };
