@@ -1,0 +1,77 @@
+// The sessions below tests/workstation/session/cases, played by hand on the widgets: they have to put out what they put
+// out without them.
+#include "WidgetHands.h"
+#include "support/LineText.h"
+#include "support/NamedTests.h"
+#include "workstation/session/FileSessionHost.h"
+#include "workstation/session/SessionFixture.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+
+namespace dorvik::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// What is left to the models, and why no widget is meant.
+const std::map<std::string, std::string> kAllowed{};
+
+std::string BytesOf(const fs::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
+
+void PlayByHand(const fs::path& script) {
+    ASSERT_TRUE(fs::exists(script)) << script;
+    const fs::path expected = fs::path(script).replace_extension(".expected");
+    const SessionFolder folder;
+    std::vector<std::string> output;
+    Fallbacks fallbacks;
+    FileSessionHost host;
+    Session session(host);
+    SessionPlayer player(session, [&](const std::string& json) {
+        output.push_back(folder.WithoutPlaces(json));
+    });
+    {
+        WidgetHands hands(session, fallbacks);
+        player.SetHands(&hands);
+        const SessionPlayer::Outcome outcome = player.Play(BytesOf(script));
+        player.SetHands(nullptr);
+        EXPECT_EQ(outcome.WrongLine, 0) << outcome.Fault;
+        EXPECT_TRUE(outcome.ExpectationsMet);
+    }
+    const std::vector<std::string> wanted = LinesOf(BytesOf(expected));
+    EXPECT_EQ(output.size(), wanted.size());
+    for (std::size_t line = 0; line < std::min(wanted.size(), output.size()); ++line) {
+        EXPECT_EQ(output[line], wanted[line]) << expected << ", line " << line + 1;
+    }
+    for (const auto& [what, count] : fallbacks.Counts()) {
+        EXPECT_TRUE(kAllowed.contains(what)) << what << ", " << count << " times";
+    }
+}
+
+const bool kRegistered = [] {
+    const fs::path cases = fs::path(DORVIK_SESSIONS_FOLDER) / "cases";
+    std::vector<fs::path> scripts;
+    for (const fs::directory_entry& entry : fs::directory_iterator(cases)) {
+        if (entry.path().extension() == ".session") {
+            scripts.push_back(entry.path());
+        }
+    }
+    std::sort(scripts.begin(), scripts.end());
+    for (const fs::path& script : scripts) {
+        RegisterNamedTest(
+            {"SessionsOnWidgets", TestName(script.stem().string()), script, 1, [script] {
+                 PlayByHand(script);
+             }});
+    }
+    return true;
+}();
+
+}  // namespace
+}  // namespace dorvik::test

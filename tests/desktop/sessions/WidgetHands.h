@@ -1,0 +1,101 @@
+#pragma once
+
+#include "Fallbacks.h"
+#include "FormHands.h"
+#include "workstation/bench/WorkbenchView.h"
+#include "workstation/session/ISessionHands.h"
+#include "workstation/widgets/CommandBars.h"
+
+#include <QMainWindow>
+#include <QMenu>
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+
+class QComboBox;
+
+namespace dorvik {
+class Session;
+}
+
+namespace dorvik::test {
+
+/// Plays a session by hand: the bench, its bars and its dialogs are shown by their widgets, and the user's commands are
+/// clicks and keys on them. After each command the widgets have to show what the models have.
+class WidgetHands final : public ISessionHands {
+public:
+    /// REQUIRES: both outlive this.
+    WidgetHands(Session& session, Fallbacks& fallbacks);
+    ~WidgetHands() override;
+
+    bool Do(const std::string& name, const SessionWords& words, SessionRefusal& refusal) override;
+    void Done() override;
+
+    void Shown(frmAbout& form) override { m_forms.Show(form); }
+    void Shown(frmOptions& form) override { m_forms.Show(form); }
+    void Shown(frmReviewOptions& form) override { m_forms.Show(form); }
+    void Shown(frmProgress& form) override { m_forms.Show(form); }
+    void Shown(frmReviewSummary& form) override { m_forms.Show(form); }
+    void Gone(const void* form) override { m_forms.Drop(form); }
+    bool Step(const SessionWords& words, frmAbout& form, SessionRefusal&) override {
+        return m_forms.Step(words, form);
+    }
+    bool Step(const SessionWords& words, frmOptions& form, SessionRefusal&) override {
+        return m_forms.Step(words, form);
+    }
+    bool Step(const SessionWords& words, frmReviewOptions& form, SessionRefusal&) override {
+        return m_forms.Step(words, form);
+    }
+
+private:
+    struct Command;
+    static const Command kCommands[];
+    struct FoundAction;
+
+    bool Stop(const SessionWords& words, SessionRefusal& refusal);
+    bool Menu(const SessionWords& words, SessionRefusal& refusal);
+    bool File(const SessionWords& words, SessionRefusal& refusal);
+    bool Procedure(const SessionWords& words, SessionRefusal& refusal);
+    bool View(const SessionWords& words, SessionRefusal& refusal);
+    bool Row(const SessionWords& words, SessionRefusal& refusal);
+    bool Complete(const SessionWords& words, SessionRefusal& refusal);
+    bool Sort(const SessionWords& words, SessionRefusal& refusal);
+    bool Group(const SessionWords& words, SessionRefusal& refusal);
+    bool Ungroup(const SessionWords& words, SessionRefusal& refusal);
+    bool Header(const SessionWords& words, SessionRefusal& refusal);
+    bool Item(const SessionWords& words, SessionRefusal& refusal);
+    bool GoToSource(const SessionWords& words, SessionRefusal& refusal);
+    bool Summary(const SessionWords& words, SessionRefusal& refusal);
+    bool Cancel(const SessionWords& words, SessionRefusal& refusal);
+
+    void FollowDocument();
+    bool IsList() const;
+    bool IsHotspots() const;
+    WorkbenchControls& Controls() const;
+    QMenu* DorvikMenu() const;
+    QComboBox& Box(std::string_view name) const;
+    bool ChooseIn(std::string_view name, const ComboBox& items, const std::string& key);
+    void ClickButton(std::string_view text) const;
+    int SectionOf(std::int32_t column) const;
+    bool ClickRow(std::size_t row);
+    /// The row among those that show; nothing for one in a closed group.
+    std::optional<std::size_t> ShownRow(std::size_t dataRow) const;
+    bool Trigger(const FoundAction& found, std::string_view tag, SessionRefusal& refusal);
+
+    void CompareBench();
+    void CompareBars();
+
+    Session& m_session;
+    Fallbacks& m_fallbacks;
+    FormHands m_forms;
+    QMainWindow m_window;
+    QMenu m_tools;
+    std::unique_ptr<CommandMenuBar> m_menuBar;
+    std::unique_ptr<CommandToolBar> m_toolBar;
+    std::unique_ptr<WorkbenchView> m_bench;
+    const udocDorvik* m_document = nullptr;
+};
+
+}  // namespace dorvik::test
