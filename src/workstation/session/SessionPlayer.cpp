@@ -106,7 +106,7 @@ std::string SessionPlayer::PlayLine(std::string_view line) {
         PrintRefusal(m_line, *refusal);
     }
     if (m_hands != nullptr) {
-        m_hands->Done();
+        m_hands->Done(refusal);
     }
     return {};
 }

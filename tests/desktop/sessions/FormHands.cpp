@@ -69,8 +69,8 @@ int NumberIn(const std::string& word) {
     return number;
 }
 
-QModelIndex IndexOf(
-    const QAbstractItemModel& model, const QModelIndex& parent, const CheckNode& node) {
+QModelIndex
+IndexOf(const QAbstractItemModel& model, const QModelIndex& parent, const CheckNode& node) {
     for (int row = 0; row < model.rowCount(parent); ++row) {
         const QModelIndex index = model.index(row, 0, parent);
         if (index.internalPointer() == &node) {
@@ -123,16 +123,19 @@ void CompareOptions(const QWidget& window, const frmOptions& form) {
         ExpectChecked(window, name, checked);
     }
     modWidgetComparison::Compare(Find<QComboBox>(window, "cboReports"), form.cboReports);
-    modWidgetComparison::Compare(Find<QComboBox>(window, "lstProjectMember"), form.lstProjectMember);
+    modWidgetComparison::Compare(
+        Find<QComboBox>(window, "lstProjectMember"), form.lstProjectMember);
     modWidgetComparison::Compare(Find<QComboBox>(window, "lstFileMember"), form.lstFileMember);
     ExpectPath(window, "txtResultsFolder", form.txtResultsFolder.Value());
     ExpectPath(window, "txtReportsFolder", form.txtReportsFolder.Value());
     ExpectPath(window, "txtRBDoc", form.txtRBDoc.Value());
     ExpectText(window, "txtTickCount", form.txtTickCount.Value());
     EXPECT_EQ(
-        LineOf(window, "txtResultsFolder")->isEnabledTo(&window), form.ResultsFolderEnabled.Value());
+        LineOf(window, "txtResultsFolder")->isEnabledTo(&window),
+        form.ResultsFolderEnabled.Value());
     EXPECT_EQ(
-        LineOf(window, "txtReportsFolder")->isEnabledTo(&window), form.ReportsFolderEnabled.Value());
+        LineOf(window, "txtReportsFolder")->isEnabledTo(&window),
+        form.ReportsFolderEnabled.Value());
     ExpectPage(window, form.tbsOptions);
 }
 
@@ -224,8 +227,7 @@ void FormHands::Show(frmAbout& form) {
     auto window = std::make_unique<AboutWindow>(form, nullptr, [](const std::string&) {});
     Keep(&form, std::move(window), [this, &form] {
         const QWidget& shown = WindowOf(&form);
-        EXPECT_EQ(
-            modQt::Utf8(Find<QLabel>(shown, "lblProductName").text()), form.ProductName());
+        EXPECT_EQ(modQt::Utf8(Find<QLabel>(shown, "lblProductName").text()), form.ProductName());
         EXPECT_EQ(modQt::Utf8(Find<QLabel>(shown, "lblVersion").text()), form.Version());
     });
 }
@@ -263,8 +265,7 @@ void FormHands::Show(frmReviewSummary& form) {
 // ---- steps ----
 
 bool FormHands::Leave(const SessionWords& words, QWidget& window) {
-    const auto button =
-        words[0] == "ok" ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel;
+    const auto button = words[0] == "ok" ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel;
     modUserHands::Click(*window.findChild<QDialogButtonBox*>()->button(button));
     return true;
 }
@@ -326,7 +327,8 @@ bool FormHands::Step(const SessionWords& words, frmOptions& form) {
     if (name == "optCompleted") {
         isDone = (value == "1" || value == "2") && SetButton(window, name + value, true);
     } else if (name == "optPMOrder" || name == "optFMOrder") {
-        isDone = SetButton(window, name + (NumberIn(value) == 1 ? "Ascending" : "Descending"), true);
+        isDone =
+            SetButton(window, name + (NumberIn(value) == 1 ? "Ascending" : "Descending"), true);
     } else if (name == "txtTickCount") {
         isDone = SetText(window, name, value);
     } else if (name.starts_with("txt")) {
@@ -374,16 +376,19 @@ bool FormHands::SetMarks(const SessionWords& words, frmReviewOptions& form) {
     const CheckList& list = isConvention ? form.lvwConventions
                             : isCategory ? form.lvwCategories
                                          : form.lvwSeverities;
-    const std::string key = isConvention                      ? words[1]
-                            : isCategory && words[1] == "0"   ? "-1K"
-                            : isCategory                      ? words[1] + "K"
-                                                              : words[1] + "Key";
+    const std::string key = isConvention                    ? words[1]
+                            : isCategory && words[1] == "0" ? "-1K"
+                            : isCategory                    ? words[1] + "K"
+                                                            : words[1] + "Key";
     const auto item = list.Find(key);
     if (!item) {
         return m_fallbacks.Leave("item that a list does not have");
     }
     auto& view = Find<QTreeView>(
-        window, isConvention ? "lvwConventions" : isCategory ? "lvwCategories" : "lvwSeverities");
+        window,
+        isConvention ? "lvwConventions"
+        : isCategory ? "lvwCategories"
+                     : "lvwSeverities");
     TurnTo(window, view);
     modUserHands::SetMark(view, view.model()->index(static_cast<int>(*item), 0), isOn);
     return true;
@@ -433,7 +438,7 @@ bool FormHands::Step(const SessionWords& words, frmReviewOptions& form) {
 
 bool FormHands::Summary(const SessionWords& words, SessionRefusal& refusal) {
     if (m_summary == nullptr) {
-        return false;
+        return m_fallbacks.Leave("summary that is not open");
     }
     FormWindow& window = WindowOf(m_summary);
     auto& list = Find<QTreeView>(window, "lvwReview");
@@ -459,8 +464,8 @@ bool FormHands::Summary(const SessionWords& words, SessionRefusal& refusal) {
         }
         modUserHands::ChooseItem(box, static_cast<int>(*item));
     } else if (command == "column" || command == "double") {
-        const int count = command == "column" ? list.model()->columnCount()
-                                              : list.model()->rowCount();
+        const int count =
+            command == "column" ? list.model()->columnCount() : list.model()->rowCount();
         if (number < 1 || number > count) {
             return m_fallbacks.Leave("row that is not there");
         }

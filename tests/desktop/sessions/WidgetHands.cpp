@@ -10,6 +10,7 @@
 #include "workstation/look/modQt.h"
 #include "workstation/session/Session.h"
 #include "workstation/view/ResultsView.h"
+#include "workstation/widgets/CommandMenu.h"
 #include "workstation/widgets/GridModel.h"
 
 #include <QAbstractButton>
@@ -31,6 +32,8 @@
 namespace dorvik::test {
 
 namespace {
+
+constexpr const char* kNotStarted = "bench that is not started";
 
 /// Counted from 1; 0 for a word that is none.
 std::size_t PositionIn(const std::string& word) {
@@ -111,10 +114,13 @@ WidgetHands::WidgetHands(Session& session, Fallbacks& fallbacks)
     : m_session(session),
       m_fallbacks(fallbacks),
       m_forms(fallbacks),
+      m_bar(*m_window.menuBar()),
       m_menuBar(std::make_unique<CommandMenuBar>(
           session.Host().Environment().MenuBar(),
-          *m_window.menuBar(),
+          m_bar,
           CommandMenuBar::OwnMenus{{hostcommand::kToolsMenu, &m_tools}})) {
+    m_stepRefused = session.Screen().Refused.Subscribe(
+        [this](std::int32_t, const std::string&) { m_fallbacks.Refused(); });
     m_window.resize(1200, 700);
     m_window.show();
 }
@@ -123,14 +129,22 @@ WidgetHands::~WidgetHands() {
     modUserHands::Settle();
 }
 
-bool WidgetHands::Do(
-    const std::string& name, const SessionWords& words, SessionRefusal& refusal) {
+bool WidgetHands::Do(const std::string& name, const SessionWords& words, SessionRefusal& refusal) {
     const auto* const command = std::ranges::find_if(
         kCommands, [&](const Command& candidate) { return candidate.Name == name; });
-    return command != std::end(kCommands) && (this->*command->Do)(words, refusal);
+    if (command == std::end(kCommands) || !(this->*command->Do)(words, refusal)) {
+        return false;
+    }
+    ++m_byHand[name];
+    return true;
 }
 
-void WidgetHands::Done() {
+void WidgetHands::Done(const SessionRefusal& refusal) {
+    // Whatever there is has a widget.
+    if (refusal) {
+        m_fallbacks.Refused();
+    }
+    EXPECT_EQ(m_fallbacks.TakeDone(), 0);
     modUserHands::Settle();
     FollowDocument();
     CompareBench();
@@ -184,13 +198,10 @@ bool WidgetHands::IsHotspots() const {
 QMenu* WidgetHands::DorvikMenu() const {
     const IDEMenus* const menus = MenusOf(m_session);
     return menus == nullptr ? nullptr
-                            : FindMenu(
-                                  *const_cast<QMainWindow&>(m_window).menuBar(),
-                                  modQt::Text(menus->DorvikMenu()->Look().Caption));
+                            : FindMenu(m_bar, modQt::Text(menus->DorvikMenu()->Look().Caption));
 }
 
-bool WidgetHands::Trigger(
-    const FoundAction& found, std::string_view tag, SessionRefusal& refusal) {
+bool WidgetHands::Trigger(const FoundAction& found, std::string_view tag, SessionRefusal& refusal) {
     if (!found.IsEnabled) {
         refusal = "the menu item '" + std::string(tag) + "' is disabled";
     } else {
@@ -203,7 +214,7 @@ bool WidgetHands::Trigger(
 bool WidgetHands::Menu(const SessionWords& words, SessionRefusal& refusal) {
     const IDEMenus* const menus = MenusOf(m_session);
     if (menus == nullptr) {
-        return false;
+        return m_fallbacks.Leave(kNotStarted);
     }
     const QString tag = modQt::Text(words[0]);
     QMenu* const menu = DorvikMenu();
@@ -222,7 +233,7 @@ bool WidgetHands::Menu(const SessionWords& words, SessionRefusal& refusal) {
         return Trigger(found, words[0], refusal);
     }
     if (menus->ListPopupMenu()->FindTag(words[0]) == nullptr) {
-        return false;  // there is no such item
+        return m_fallbacks.Leave("menu item that is not there");
     }
     QContextMenuEvent event(
         QContextMenuEvent::Mouse,
@@ -233,6 +244,8 @@ bool WidgetHands::Menu(const SessionWords& words, SessionRefusal& refusal) {
     if (popup == nullptr) {
         return m_fallbacks.Leave("popup of a list that has none");
     }
+    const auto& shown = static_cast<const CommandMenu&>(*popup);
+    modWidgetComparison::Compare(shown.Commands().Actions(), *menus->ListPopupMenu());
     const FoundAction found = FoundAction::In(*popup, tag);
     popup->close();
     return found.Action == nullptr ? m_fallbacks.Leave("item that the popup does not have")
@@ -264,11 +277,13 @@ bool WidgetHands::ChooseIn(std::string_view name, const ComboBox& items, const s
 }
 
 bool WidgetHands::File(const SessionWords& words, SessionRefusal& /*refusal*/) {
-    return m_bench != nullptr && ChooseIn("Source file", Controls().Files, words[0]);
+    return m_bench == nullptr ? m_fallbacks.Leave(kNotStarted)
+                              : ChooseIn("Source file", Controls().Files, words[0]);
 }
 
 bool WidgetHands::Procedure(const SessionWords& words, SessionRefusal& /*refusal*/) {
-    return m_bench != nullptr && ChooseIn("Procedure", Controls().Procedures, words[0]);
+    return m_bench == nullptr ? m_fallbacks.Leave(kNotStarted)
+                              : ChooseIn("Procedure", Controls().Procedures, words[0]);
 }
 
 void WidgetHands::ClickButton(std::string_view text) const {
@@ -284,7 +299,7 @@ void WidgetHands::ClickButton(std::string_view text) const {
 
 bool WidgetHands::View(const SessionWords& words, SessionRefusal& /*refusal*/) {
     if (m_bench == nullptr) {
-        return false;
+        return m_fallbacks.Leave(kNotStarted);
     }
     ClickButton(words[0] == "list" ? "Violation list" : "Hotspots");
     return true;
@@ -292,7 +307,7 @@ bool WidgetHands::View(const SessionWords& words, SessionRefusal& /*refusal*/) {
 
 bool WidgetHands::GoToSource(const SessionWords& /*words*/, SessionRefusal& /*refusal*/) {
     if (m_bench == nullptr) {
-        return false;
+        return m_fallbacks.Leave(kNotStarted);
     }
     ClickButton("Go To Source");
     return true;
@@ -324,8 +339,7 @@ std::optional<std::size_t> WidgetHands::ShownRow(std::size_t dataRow) const {
 bool WidgetHands::ClickRow(std::size_t row) {
     GridView& list = m_bench->List();
     const int section = SectionOf(Controls().List.FindColumn("Title").value());
-    modUserHands::ClickCell(
-        list, list.model()->index(static_cast<int>(row), std::max(0, section)));
+    modUserHands::ClickCell(list, list.model()->index(static_cast<int>(row), std::max(0, section)));
     return true;
 }
 
@@ -452,7 +466,8 @@ bool WidgetHands::Summary(const SessionWords& words, SessionRefusal& refusal) {
 }
 
 bool WidgetHands::Cancel(const SessionWords& /*words*/, SessionRefusal& /*refusal*/) {
-    return m_session.BackgroundReview() != nullptr && m_forms.CancelReview();
+    return m_session.BackgroundReview() == nullptr ? m_fallbacks.Leave("review that does not run")
+                                                   : m_forms.CancelReview();
 }
 
 // ---- widgets and models ----

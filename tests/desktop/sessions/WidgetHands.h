@@ -10,11 +10,13 @@
 #include <QMenu>
 
 #include <cstddef>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
 
 class QComboBox;
+class QMenuBar;
 
 namespace dorvik {
 class Session;
@@ -31,7 +33,10 @@ public:
     ~WidgetHands() override;
 
     bool Do(const std::string& name, const SessionWords& words, SessionRefusal& refusal) override;
-    void Done() override;
+    void Done(const SessionRefusal& refusal) override;
+
+    /// How often a command was done by hand, by its name.
+    const std::map<std::string, int>& ByHand() const { return m_byHand; }
 
     void Shown(frmAbout& form) override { m_forms.Show(form); }
     void Shown(frmOptions& form) override { m_forms.Show(form); }
@@ -91,11 +96,14 @@ private:
     Fallbacks& m_fallbacks;
     FormHands m_forms;
     QMainWindow m_window;
+    QMenuBar& m_bar;
     QMenu m_tools;
     std::unique_ptr<CommandMenuBar> m_menuBar;
     std::unique_ptr<CommandToolBar> m_toolBar;
     std::unique_ptr<WorkbenchView> m_bench;
     const udocDorvik* m_document = nullptr;
+    std::map<std::string, int> m_byHand;
+    Subscription m_stepRefused;
 };
 
 }  // namespace dorvik::test

@@ -124,7 +124,8 @@ void Compare(const QTreeView& view, const ListTable& table) {
     ASSERT_EQ(static_cast<std::size_t>(model.rowCount()), table.Count());
     ASSERT_EQ(static_cast<std::size_t>(model.columnCount()), table.Columns().size());
     for (int column = 0; column < model.columnCount(); ++column) {
-        const std::string heading = modQt::Utf8(model.headerData(column, Qt::Horizontal).toString());
+        const std::string heading =
+            modQt::Utf8(model.headerData(column, Qt::Horizontal).toString());
         EXPECT_EQ(heading, table.Columns()[static_cast<std::size_t>(column)].Text);
     }
     for (std::size_t row = 0; row < table.Count(); ++row) {
@@ -158,12 +159,16 @@ void Compare(const QTreeView& view, const CheckTree& tree) {
 }
 
 void Compare(const QWidget& bar, const CommandControl& items) {
-    std::vector<const QAction*> actions;
-    for (const QAction* const action : bar.actions()) {
+    std::vector<QAction*> actions;
+    for (QAction* const action : bar.actions()) {
         if (!action->isSeparator()) {
             actions.push_back(action);
         }
     }
+    Compare(actions, items);
+}
+
+void Compare(const std::vector<QAction*>& actions, const CommandControl& items) {
     ASSERT_EQ(actions.size(), items.Items().size());
     for (std::size_t place = 0; place < actions.size(); ++place) {
         const QAction& action = *actions[place];
@@ -192,7 +197,8 @@ void Compare(WorkbenchView& bench, const ResultsView& results, WorkbenchControls
     EXPECT_TRUE(panel.empty() || ShowsText(bench, panel)) << panel;
     const bool hasPlaceholder = controls.Placeholder.Value() && bench.List().isVisible();
     EXPECT_EQ(ShowsText(bench, "There are no violations to show."), hasPlaceholder);
-    EXPECT_EQ(bench.Groups().isVisibleTo(bench.Groups().parentWidget()), controls.GroupByBox.Value());
+    EXPECT_EQ(
+        bench.Groups().isVisibleTo(bench.Groups().parentWidget()), controls.GroupByBox.Value());
     const std::vector<QToolButton*> chips = bench.Groups().Chips();
     const std::vector<GridOrderKey>& groups = controls.List.Groups();
     ASSERT_EQ(chips.size(), groups.size());

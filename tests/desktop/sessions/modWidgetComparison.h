@@ -1,14 +1,11 @@
 #pragma once
 
-class QAbstractButton;
+#include <vector>
+
+class QAction;
 class QComboBox;
-class QLineEdit;
 class QTreeView;
 class QWidget;
-
-#include "workstation/controls/Observable.h"
-
-#include <string>
 
 namespace dorvik {
 class CheckList;
@@ -28,6 +25,7 @@ void Compare(const QComboBox& box, const ComboBox& items);
 void Compare(const QTreeView& view, const ListTable& table);
 void Compare(const QTreeView& view, const CheckList& list);
 void Compare(const QTreeView& view, const CheckTree& tree);
+void Compare(const std::vector<QAction*>& actions, const CommandControl& items);
 /// The actions of a menu or bar, and of those below it.
 void Compare(const QWidget& bar, const CommandControl& items);
 /// All of the bench but its boxes.

@@ -49,8 +49,8 @@ struct DialogRefusal {
 
 /// What the user does while the form is shown: takes commands off the queue until the form is closed. Without any left it
 /// is cancelled. `hands` does the commands, where there is one.
-std::vector<DialogRefusal> Play(
-    std::deque<DialogCommand>& queue, frmReviewOptions& form, ISessionHands* hands = nullptr);
+std::vector<DialogRefusal>
+Play(std::deque<DialogCommand>& queue, frmReviewOptions& form, ISessionHands* hands = nullptr);
 std::vector<DialogRefusal>
 Play(std::deque<DialogCommand>& queue, frmOptions& form, ISessionHands* hands = nullptr);
 

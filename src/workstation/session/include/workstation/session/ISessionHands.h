@@ -3,6 +3,8 @@
 #include "workstation/session/SessionRefusal.h"
 #include "workstation/session/modSessionWords.h"
 
+#include <string>
+
 namespace dorvik {
 
 class frmAbout;
@@ -18,9 +20,10 @@ public:
     virtual ~ISessionHands() = default;
 
     /// A command of the script, its name and the words after it. False where the models are to be called.
-    virtual bool Do(const std::string& name, const SessionWords& words, SessionRefusal& refusal) = 0;
-    /// After each command, whoever did it.
-    virtual void Done() = 0;
+    virtual bool
+    Do(const std::string& name, const SessionWords& words, SessionRefusal& refusal) = 0;
+    /// After each command, whoever did it, with why it was refused.
+    virtual void Done(const SessionRefusal& refusal) = 0;
 
     // A form is shown; what shows it may last until `Gone`, which may come while one of its buttons is being clicked.
     virtual void Shown(frmAbout& form) = 0;
