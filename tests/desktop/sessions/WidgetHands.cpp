@@ -65,6 +65,28 @@ QMenu* FindMenu(const QWidget& widget, const QString& title) {
     return nullptr;
 }
 
+/// The column as the view has it; -1 for one that does not show.
+int SectionOf(const GridView& list, std::int32_t column) {
+    const auto& model = static_cast<const GridModel&>(*list.model());
+    for (int section = 0; section < model.columnCount(); ++section) {
+        if (model.ColumnOf(section) == column) {
+            return section;
+        }
+    }
+    return -1;
+}
+
+/// The row among those that show; nothing for one in a closed group.
+std::optional<std::size_t> ShownRow(const Grid& grid, std::size_t dataRow) {
+    const std::int32_t key = grid.KeyOfDataRow(dataRow);
+    for (std::size_t row = 0; row < grid.RowCount(); ++row) {
+        if (grid.KeyOfRow(row) == key) {
+            return row;
+        }
+    }
+    return std::nullopt;
+}
+
 }  // namespace
 
 struct WidgetHands::Command {
@@ -315,30 +337,9 @@ bool WidgetHands::GoToSource(const SessionWords& /*words*/, SessionRefusal& /*re
 
 // ---- the list ----
 
-int WidgetHands::SectionOf(std::int32_t column) const {
-    const auto& model = static_cast<const GridModel&>(*m_bench->List().model());
-    for (int section = 0; section < model.columnCount(); ++section) {
-        if (model.ColumnOf(section) == column) {
-            return section;
-        }
-    }
-    return -1;
-}
-
-std::optional<std::size_t> WidgetHands::ShownRow(std::size_t dataRow) const {
-    const Grid& grid = Controls().List;
-    const std::int32_t key = grid.KeyOfDataRow(dataRow);
-    for (std::size_t row = 0; row < grid.RowCount(); ++row) {
-        if (grid.KeyOfRow(row) == key) {
-            return row;
-        }
-    }
-    return std::nullopt;
-}
-
 bool WidgetHands::ClickRow(std::size_t row) {
     GridView& list = m_bench->List();
-    const int section = SectionOf(Controls().List.FindColumn("Title").value());
+    const int section = SectionOf(list, Controls().List.FindColumn("Title").value());
     modUserHands::ClickCell(list, list.model()->index(static_cast<int>(row), std::max(0, section)));
     return true;
 }
@@ -348,7 +349,7 @@ bool WidgetHands::Row(const SessionWords& words, SessionRefusal& /*refusal*/) {
     if (!IsList() || number < 1 || number > Controls().List.DataRowCount()) {
         return m_fallbacks.Leave("row that is not there");
     }
-    const std::optional<std::size_t> row = ShownRow(number - 1);
+    const std::optional<std::size_t> row = ShownRow(Controls().List, number - 1);
     return row ? ClickRow(*row) : m_fallbacks.Leave("row in a closed group");
 }
 
@@ -364,7 +365,7 @@ bool WidgetHands::Complete(const SessionWords& words, SessionRefusal& /*refusal*
     if ((grid.Value(key, column).AsLong() != 0) == (words[1] == "on")) {
         return m_fallbacks.Leave("mark that is set already");
     }
-    const std::optional<std::size_t> row = ShownRow(number - 1);
+    const std::optional<std::size_t> row = ShownRow(Controls().List, number - 1);
     if (!row) {
         return m_fallbacks.Leave("row in a closed group");
     }
@@ -382,7 +383,7 @@ bool WidgetHands::Sort(const SessionWords& words, SessionRefusal& /*refusal*/) {
     if (!column) {
         return m_fallbacks.Leave("column that is not there");
     }
-    const int section = SectionOf(*column);
+    const int section = SectionOf(m_bench->List(), *column);
     if (section < 0) {
         return m_fallbacks.Leave("heading of a column that does not show");
     }

@@ -83,10 +83,7 @@ private:
     QComboBox& Box(std::string_view name) const;
     bool ChooseIn(std::string_view name, const ComboBox& items, const std::string& key);
     void ClickButton(std::string_view text) const;
-    int SectionOf(std::int32_t column) const;
     bool ClickRow(std::size_t row);
-    /// The row among those that show; nothing for one in a closed group.
-    std::optional<std::size_t> ShownRow(std::size_t dataRow) const;
     bool Trigger(const FoundAction& found, std::string_view tag, SessionRefusal& refusal);
 
     void CompareBench();

@@ -22,7 +22,7 @@ public:
     /// A command of the script, its name and the words after it. False where the models are to be called.
     virtual bool
     Do(const std::string& name, const SessionWords& words, SessionRefusal& refusal) = 0;
-    /// After each command, whoever did it, with why it was refused.
+    /// After each command, done here or by the models, with why it was refused.
     virtual void Done(const SessionRefusal& refusal) = 0;
 
     // A form is shown; what shows it may last until `Gone`, which may come while one of its buttons is being clicked.
