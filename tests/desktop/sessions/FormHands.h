@@ -51,6 +51,7 @@ public:
     /// The progress of a review in the background.
     bool CancelReview();
     void Compare();
+    bool ShowsProgress() const { return m_progress != nullptr; }
 
 private:
     struct Shown {

@@ -136,6 +136,7 @@ WidgetHands::WidgetHands(Session& session, Fallbacks& fallbacks)
     : m_session(session),
       m_fallbacks(fallbacks),
       m_forms(fallbacks),
+      m_messages(session.Messages(), fallbacks, [this] { return m_forms.ShowsProgress(); }),
       m_bar(*m_window.menuBar()),
       m_menuBar(std::make_unique<CommandMenuBar>(
           session.Host().Environment().MenuBar(),

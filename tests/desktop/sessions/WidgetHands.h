@@ -2,6 +2,7 @@
 
 #include "Fallbacks.h"
 #include "FormHands.h"
+#include "MessageHands.h"
 #include "workstation/bench/WorkbenchView.h"
 #include "workstation/session/ISessionHands.h"
 #include "workstation/widgets/CommandBars.h"
@@ -92,6 +93,7 @@ private:
     Session& m_session;
     Fallbacks& m_fallbacks;
     FormHands m_forms;
+    MessageHands m_messages;
     QMainWindow m_window;
     QMenuBar& m_bar;
     QMenu m_tools;
