@@ -354,7 +354,7 @@ bool WidgetHands::Row(const SessionWords& words, SessionRefusal& /*refusal*/) {
     return row ? ClickRow(*row) : m_fallbacks.Leave("row in a closed group");
 }
 
-/// Space marks the row that is current; the user then goes back to where he was.
+/// By a click on the mark, and by Space, back and forth; the user then goes back to where he was.
 bool WidgetHands::Complete(const SessionWords& words, SessionRefusal& /*refusal*/) {
     const std::size_t number = PositionIn(words[0]);
     if (!IsList() || number < 1 || number > Controls().List.DataRowCount()) {
@@ -371,8 +371,17 @@ bool WidgetHands::Complete(const SessionWords& words, SessionRefusal& /*refusal*
         return m_fallbacks.Leave("row in a closed group");
     }
     const std::optional<std::size_t> before = grid.CurrentRow();
-    ClickRow(*row);
-    QTest::keyClick(&m_bench->List(), Qt::Key_Space);
+    GridView& list = m_bench->List();
+    const auto isMarked = [&] {
+        return grid.Value(key, column).AsLong() != 0;
+    };
+    modUserHands::ClickCell(
+        list, list.model()->index(static_cast<int>(*row), SectionOf(list, column)));
+    EXPECT_EQ(isMarked(), words[1] == "on");
+    QTest::keyClick(&list, Qt::Key_Space);
+    EXPECT_EQ(isMarked(), words[1] != "on");
+    QTest::keyClick(&list, Qt::Key_Space);
+    EXPECT_EQ(isMarked(), words[1] == "on");
     if (before && before != row && *before < grid.RowCount()) {
         ClickRow(*before);
     }
