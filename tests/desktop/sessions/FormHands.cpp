@@ -23,6 +23,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTabWidget>
@@ -182,6 +183,22 @@ void CompareSummary(const QWidget& window, const frmReviewSummary& form) {
         Find<QPushButton>(window, "cmdViewReport").isEnabled(), form.ViewReportEnabled.Value());
 }
 
+void CompareProgress(const QWidget& window, const frmProgress& form) {
+    const std::pair<const char*, const Observable<std::string>*> lines[] = {
+        {"lblAction", &form.lblAction},
+        {"lblProject", &form.lblProject},
+        {"lblProjectData", &form.lblProjectData},
+        {"lblSourceFile", &form.lblSourceFile},
+        {"lblSourceFileData", &form.lblSourceFileData},
+        {"lblComplete", &form.lblComplete},
+        {"lblMessage", &form.lblMessage},
+    };
+    for (const auto& [name, text] : lines) {
+        EXPECT_EQ(modQt::Utf8(Find<QLabel>(window, name).text()), text->Value()) << name;
+    }
+    EXPECT_EQ(Find<QProgressBar>(window, "prgProject").value(), form.prgProject.Value());
+}
+
 }  // namespace
 
 FormHands::FormHands(Fallbacks& fallbacks) : m_fallbacks(fallbacks) {}
@@ -244,12 +261,13 @@ void FormHands::Show(frmReviewOptions& form) {
     });
 }
 
-/// Its lines follow the review in an interval of time, which none passes of here.
+/// Its lines follow the review from time to time, and no time passes here: they are compared when it opens.
 void FormHands::Show(frmProgress& form) {
     Keep(&form, std::make_unique<ProgressWindow>(form, nullptr), [this, &form] {
         EXPECT_EQ(modQt::Utf8(WindowOf(&form).windowTitle()), form.Caption.Value());
     });
     m_progress = &form;
+    CompareProgress(WindowOf(&form), form);
 }
 
 void FormHands::Show(frmReviewSummary& form) {
