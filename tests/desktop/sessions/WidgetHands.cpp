@@ -155,11 +155,7 @@ WidgetHands::~WidgetHands() {
 bool WidgetHands::Do(const std::string& name, const SessionWords& words, SessionRefusal& refusal) {
     const auto* const command = std::ranges::find_if(
         kCommands, [&](const Command& candidate) { return candidate.Name == name; });
-    if (command == std::end(kCommands) || !(this->*command->Do)(words, refusal)) {
-        return false;
-    }
-    ++m_byHand[name];
-    return true;
+    return command != std::end(kCommands) && Counted(name, (this->*command->Do)(words, refusal));
 }
 
 void WidgetHands::Done(const SessionRefusal& refusal) {

@@ -36,7 +36,7 @@ public:
     bool Do(const std::string& name, const SessionWords& words, SessionRefusal& refusal) override;
     void Done(const SessionRefusal& refusal) override;
 
-    /// How often a command was done by hand, by its name.
+    /// How often a command was done by hand, by its name. The steps in forms are those of "dialog".
     const std::map<std::string, int>& ByHand() const { return m_byHand; }
 
     void Shown(frmAbout& form) override { m_forms.Show(form); }
@@ -46,13 +46,13 @@ public:
     void Shown(frmReviewSummary& form) override { m_forms.Show(form); }
     void Gone(const void* form) override { m_forms.Drop(form); }
     bool Step(const SessionWords& words, frmAbout& form, SessionRefusal&) override {
-        return m_forms.Step(words, form);
+        return Counted("dialog", m_forms.Step(words, form));
     }
     bool Step(const SessionWords& words, frmOptions& form, SessionRefusal&) override {
-        return m_forms.Step(words, form);
+        return Counted("dialog", m_forms.Step(words, form));
     }
     bool Step(const SessionWords& words, frmReviewOptions& form, SessionRefusal&) override {
-        return m_forms.Step(words, form);
+        return Counted("dialog", m_forms.Step(words, form));
     }
 
 private:
@@ -76,6 +76,10 @@ private:
     bool Summary(const SessionWords& words, SessionRefusal& refusal);
     bool Cancel(const SessionWords& words, SessionRefusal& refusal);
 
+    bool Counted(const std::string& name, bool isDone) {
+        m_byHand[name] += isDone ? 1 : 0;
+        return isDone;
+    }
     void FollowDocument();
     bool IsList() const;
     bool IsHotspots() const;
