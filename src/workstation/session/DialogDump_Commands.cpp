@@ -3,6 +3,7 @@
 #include "workstation/dialogs/frmOptions.h"
 #include "workstation/dialogs/frmReviewOptions.h"
 #include "workstation/session/DialogDump.h"
+#include "workstation/session/ISessionHands.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -312,17 +313,21 @@ bool EndsForm(const Words& words, Form& form) {
 }
 
 template <typename Form>
-std::vector<DialogRefusal> PlayForm(std::deque<DialogCommand>& queue, Form& form) {
+std::vector<DialogRefusal>
+PlayForm(std::deque<DialogCommand>& queue, Form& form, ISessionHands* hands) {
     std::vector<DialogRefusal> refusals;
     while (!form.IsClosed()) {
-        if (queue.empty()) {
-            form.Cancel();
-        } else {
-            const DialogCommand command = std::move(queue.front());
+        DialogCommand command{.Command = {"cancel"}};
+        if (!queue.empty()) {
+            command = std::move(queue.front());
             queue.pop_front();
-            if (const Refusal refusal = Apply(command.Command, form)) {
-                refusals.push_back({command.Line, *refusal});
-            }
+        }
+        Refusal refusal;
+        if (hands == nullptr || !hands->Step(command.Command, form, refusal)) {
+            refusal = Apply(command.Command, form);
+        }
+        if (refusal) {
+            refusals.push_back({command.Line, *refusal});
         }
     }
     return refusals;
@@ -365,12 +370,14 @@ Refusal Apply(const Words& words, frmOptions& form) {
                              : Refusal("The dialog has no field '" + words[0] + "'.");
 }
 
-std::vector<DialogRefusal> Play(std::deque<DialogCommand>& queue, frmReviewOptions& form) {
-    return PlayForm(queue, form);
+std::vector<DialogRefusal>
+Play(std::deque<DialogCommand>& queue, frmReviewOptions& form, ISessionHands* hands) {
+    return PlayForm(queue, form, hands);
 }
 
-std::vector<DialogRefusal> Play(std::deque<DialogCommand>& queue, frmOptions& form) {
-    return PlayForm(queue, form);
+std::vector<DialogRefusal>
+Play(std::deque<DialogCommand>& queue, frmOptions& form, ISessionHands* hands) {
+    return PlayForm(queue, form, hands);
 }
 
 }  // namespace dorvik::modDialogDump

@@ -3,6 +3,7 @@
 #include "SessionCommands.h"
 #include "SessionDumps.h"
 #include "base/modText.h"
+#include "workstation/session/ISessionHands.h"
 #include "workstation/session/Session.h"
 #include "workstation/session/SessionJson.h"
 
@@ -51,6 +52,11 @@ const rapidjson::Value* ValueAt(const rapidjson::Value& dump, std::string_view p
 SessionPlayer::SessionPlayer(Session& session, Output output)
     : m_session(session), m_output(std::move(output)) {}
 
+void SessionPlayer::SetHands(ISessionHands* hands) {
+    m_hands = hands;
+    m_session.Screen().SetHands(hands);
+}
+
 SessionPlayer::Outcome SessionPlayer::Play(std::string_view script) {
     m_line = 0;
     m_expectationsMet = true;
@@ -92,8 +98,15 @@ std::string SessionPlayer::PlayLine(std::string_view line) {
     if (!modSessionCommands::Understands(*command, *words)) {
         return "'" + name + "' does not take these words";
     }
-    if (const SessionRefusal refusal = command->Do(*this, *words)) {
+    SessionRefusal refusal;
+    if (m_hands == nullptr || !m_hands->Do(name, *words, refusal)) {
+        refusal = command->Do(*this, *words);
+    }
+    if (refusal) {
         PrintRefusal(m_line, *refusal);
+    }
+    if (m_hands != nullptr) {
+        m_hands->Done(refusal);
     }
     return {};
 }

@@ -8,6 +8,7 @@
 #include "workstation/dialogs/frmReviewOptions.h"
 #include "workstation/dialogs/frmReviewSummary.h"
 #include "workstation/host/HostCallList.h"
+#include "workstation/session/ISessionHands.h"
 
 #include <utility>
 
@@ -40,14 +41,31 @@ private:
 }  // namespace
 
 template <typename Form>
+void SessionScreen::TellShown(Form& form) {
+    if (m_hands != nullptr) {
+        m_hands->Shown(form);
+    }
+}
+
+void SessionScreen::TellGone(const void* form) {
+    if (m_hands != nullptr && form != nullptr) {
+        m_hands->Gone(form);
+    }
+}
+
+template <typename Form>
 void SessionScreen::Play(Form& form) {
-    for (const modDialogDump::DialogRefusal& refusal : modDialogDump::Play(m_steps, form)) {
+    TellShown(form);
+    for (const modDialogDump::DialogRefusal& refusal :
+         modDialogDump::Play(m_steps, form, m_hands)) {
         Refused.Raise(refusal.Line, refusal.Reason);
     }
+    TellGone(&form);
 }
 
 /// There is nothing in it but its button.
 void SessionScreen::ShowModal(frmAbout& form) {
+    TellShown(form);
     bool isLeft = false;
     while (!isLeft && !m_steps.empty()) {
         const modDialogDump::DialogCommand step = std::move(m_steps.front());
@@ -57,7 +75,11 @@ void SessionScreen::ShowModal(frmAbout& form) {
             Refused.Raise(step.Line, "The dialog has no field '" + step.Command.front() + "'.");
         }
     }
-    form.Ok();
+    SessionRefusal refusal;
+    if (m_hands == nullptr || !m_hands->Step({"ok"}, form, refusal)) {
+        form.Ok();
+    }
+    TellGone(&form);
 }
 
 void SessionScreen::ShowModal(frmOptions& form) {
@@ -75,7 +97,9 @@ void SessionScreen::ShowModal(frmProgress& form) {
     m_progressEvents.push_back(form.Closed.Subscribe([this, &form] {
         m_progressDump = modDialogDump::Dump(&form);
         m_progress = nullptr;
+        TellGone(&form);
     }));
+    TellShown(form);
     {
         FileCounter files;
         const Subscription cancelling =
@@ -94,16 +118,24 @@ void SessionScreen::ShowModal(frmProgress& form) {
 
 void SessionScreen::Show(frmProgress& form) {
     m_progress = &form;
+    TellShown(form);
 }
 
-void SessionScreen::Hide(frmProgress& /*form*/) {}
+void SessionScreen::Hide(frmProgress& form) {
+    TellGone(&form);
+}
 
 void SessionScreen::Show(frmReviewSummary& form) {
     m_summary = &form;
-    m_summaryClosed = form.Closed.Subscribe([this] { m_summary = nullptr; });
+    m_summaryClosed = form.Closed.Subscribe([this] {
+        TellGone(m_summary);
+        m_summary = nullptr;
+    });
+    TellShown(form);
 }
 
-void SessionScreen::Hide(frmReviewSummary& /*form*/) {
+void SessionScreen::Hide(frmReviewSummary& form) {
+    TellGone(&form);
     m_summary = nullptr;
 }
 
@@ -117,6 +149,8 @@ void SessionScreen::Forget() {
         m_progress->Visible.Set(false);
         m_progressDump = modDialogDump::Dump(m_progress);
     }
+    TellGone(m_progress);
+    TellGone(m_summary);
     m_progress = nullptr;
     m_summary = nullptr;
     m_progressEvents.clear();

@@ -11,6 +11,7 @@ class frmOptions;
 class frmProgress;
 class frmReviewOptions;
 class frmReviewSummary;
+class ISessionHands;
 
 /// What a session prints of the dialogs, and what it does to them.
 namespace modDialogDump {
@@ -47,9 +48,11 @@ struct DialogRefusal {
 };
 
 /// What the user does while the form is shown: takes commands off the queue until the form is closed. Without any left it
-/// is cancelled.
-std::vector<DialogRefusal> Play(std::deque<DialogCommand>& queue, frmReviewOptions& form);
-std::vector<DialogRefusal> Play(std::deque<DialogCommand>& queue, frmOptions& form);
+/// is cancelled. `hands` does the commands, where there is one.
+std::vector<DialogRefusal>
+Play(std::deque<DialogCommand>& queue, frmReviewOptions& form, ISessionHands* hands = nullptr);
+std::vector<DialogRefusal>
+Play(std::deque<DialogCommand>& queue, frmOptions& form, ISessionHands* hands = nullptr);
 
 }  // namespace modDialogDump
 

@@ -10,6 +10,7 @@
 
 namespace dorvik {
 
+class ISessionHands;
 class Session;
 
 /// Plays a script on a session, a command a line, and puts out an object of JSON for each dump, each command that the
@@ -29,6 +30,10 @@ public:
     /// REQUIRES: `session` outlives this. `output` is called with one line at a time.
     SessionPlayer(Session& session, Output output);
 
+    /// Who does the commands of the user; null, as at first, for the models. REQUIRES: it outlives this and the session, or
+    /// null is set before it ends.
+    void SetHands(ISessionHands* hands);
+
     Outcome Play(std::string_view script);
 
     // For the commands.
@@ -46,6 +51,7 @@ private:
 
     Session& m_session;
     Output m_output;
+    ISessionHands* m_hands = nullptr;
     std::int32_t m_line = 0;
     bool m_expectationsMet = true;
 };

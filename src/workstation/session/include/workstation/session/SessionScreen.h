@@ -15,6 +15,7 @@
 namespace dorvik {
 
 class HostCallList;
+class ISessionHands;
 
 /// The screen of a session: dialogs are filled and left as the script has it, and nothing is shown.
 class SessionScreen final : public IScreen {
@@ -28,6 +29,8 @@ public:
     void QueueStep(modDialogDump::DialogCommand step) { m_steps.push_back(std::move(step)); }
     /// For the next file or folder dialog, nothing to cancel it; one for which there is none is cancelled.
     void QueueChoice(std::optional<std::string> path) { m_choices.push_back(std::move(path)); }
+    /// Null, as at first, for none: forms are called then. REQUIRES: it outlives this, or null is set before it ends.
+    void SetHands(ISessionHands* hands) { m_hands = hands; }
     /// The next foreground review is cancelled when its source file with that number, from 1, begins.
     void CancelAt(std::int32_t sourceFile) { m_cancelAt = sourceFile; }
 
@@ -60,10 +63,14 @@ public:
 private:
     template <typename Form>
     void Play(Form& form);
+    template <typename Form>
+    void TellShown(Form& form);
+    void TellGone(const void* form);
     std::optional<std::string> NextChoice();
 
     HostCallList& m_calls;
     std::function<bool()> m_isInterrupted;
+    ISessionHands* m_hands = nullptr;
     std::deque<modDialogDump::DialogCommand> m_steps;
     std::deque<std::optional<std::string>> m_choices;
     std::optional<std::int32_t> m_cancelAt;
