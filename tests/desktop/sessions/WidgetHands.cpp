@@ -208,10 +208,6 @@ bool WidgetHands::IsList() const {
            m_session.Document()->Results().ViewType() == viewtype::kViolationList;
 }
 
-bool WidgetHands::IsHotspots() const {
-    return m_bench != nullptr && !IsList();
-}
-
 // ---- menus ----
 
 QMenu* WidgetHands::DorvikMenu() const {
@@ -449,7 +445,8 @@ bool WidgetHands::Ungroup(const SessionWords& words, SessionRefusal& /*refusal*/
 
 bool WidgetHands::Header(const SessionWords& words, SessionRefusal& /*refusal*/) {
     const std::size_t number = PositionIn(words[0]);
-    if (!IsHotspots() || number < 1 || number > Controls().Hotspots.Columns().size()) {
+    if (m_bench == nullptr || IsList() || number < 1 ||
+        number > Controls().Hotspots.Columns().size()) {
         return m_fallbacks.Leave("column that is not there");
     }
     modUserHands::ClickHeading(*m_bench->Hotspots().header(), static_cast<int>(number) - 1);
@@ -458,7 +455,7 @@ bool WidgetHands::Header(const SessionWords& words, SessionRefusal& /*refusal*/)
 
 bool WidgetHands::Item(const SessionWords& words, SessionRefusal& /*refusal*/) {
     const std::size_t number = PositionIn(words[0]);
-    if (!IsHotspots() || number < 1 || number > Controls().Hotspots.Count()) {
+    if (m_bench == nullptr || IsList() || number < 1 || number > Controls().Hotspots.Count()) {
         return m_fallbacks.Leave("row that is not there");
     }
     ListTableView& table = m_bench->Hotspots();

@@ -82,7 +82,6 @@ private:
     }
     void FollowDocument();
     bool IsList() const;
-    bool IsHotspots() const;
     WorkbenchControls& Controls() const;
     QMenu* DorvikMenu() const;
     QComboBox& Box(std::string_view name) const;
