@@ -10,7 +10,7 @@ readonly kBuildPackages=(
 readonly kDesktopPackages=(qt6-base-dev libqscintilla2-qt6-dev)
 # What the tests need on top.
 readonly kTestPackages=(
-    xvfb openbox
+    xvfb openbox fonts-dejavu-core
     libgtest-dev libgmock-dev ccache mold python3
     clang-format-14 clang-tidy-14 universal-ctags
     chromium chromium-driver python3-selenium
