@@ -63,18 +63,27 @@ class LostResults(HostileCase):
         self.assertEqual(self.violations(), expected)
 
     def lock_for(self, seconds, process):
-        """Holds the write lock of the database while the review is writing into it."""
+        """Holds the write lock of the database while the review is writing into it. The review is halted while the lock
+        is tried for, since it could come to its end in the meantime."""
         while process.poll() is None:
+            process.send_signal(signal.SIGSTOP)
+            connection = None
             try:
-                connection = sqlite3.connect(f"file:{self.database()}?mode=rw", uri=True, timeout=5,
+                connection = sqlite3.connect(f"file:{self.database()}?mode=rw", uri=True, timeout=0,
                                              isolation_level=None)
-                if connection.execute("SELECT COUNT(*) FROM Violations").fetchone()[0] > 10:
+                is_locked = connection.execute("SELECT COUNT(*) FROM Violations").fetchone()[0] > 10
+                if is_locked:
                     connection.execute("BEGIN IMMEDIATE")
-                    time.sleep(seconds)
-                    connection.execute("COMMIT")
-                    return process.poll() is None
             except sqlite3.Error:
-                time.sleep(0.005)
+                is_locked = False
+            process.send_signal(signal.SIGCONT)
+            if is_locked:
+                time.sleep(seconds)
+                connection.execute("COMMIT")
+                return process.poll() is None
+            if connection is not None:
+                connection.close()
+            time.sleep(0.001)
         return False
 
 
