@@ -100,6 +100,10 @@ MainWindow::MainWindow(Desk& desk)
     m_refresh.setSingleShot(true);
     m_refresh.setInterval(0);
     connect(&m_refresh, &QTimer::timeout, this, [this] { m_desk.RefreshFindings(); });
+    m_dropped.setSingleShot(true);
+    m_dropped.setInterval(0);
+    connect(
+        &m_dropped, &QTimer::timeout, this, [this] { Open(std::exchange(m_droppedPaths, {})); });
 }
 
 MainWindow::~MainWindow() {
@@ -134,8 +138,7 @@ void MainWindow::MakePanes() {
     m_events.push_back(m_startPage->OpenRequested.Subscribe([this] { AskForFile(); }));
     m_events.push_back(m_startPage->OpenFolderRequested.Subscribe([this] { AskForFolder(); }));
     m_events.push_back(m_startPage->FileRequested.Subscribe([this](const std::string& file) {
-        const std::string opened = file;  // its button goes with the list
-        Open({opened});
+        Open({file});  // a copy: the button that has it goes with the list
     }));
 }
 
@@ -437,9 +440,9 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
 
 void MainWindow::dropEvent(QDropEvent* event) {
     event->acceptProposedAction();
-    const std::vector<std::string> paths = DraggedPaths(*event->mimeData());
     // The program that drags waits until this returns, and there may be a message box.
-    QTimer::singleShot(0, this, [this, paths] { Open(paths); });
+    m_droppedPaths = DraggedPaths(*event->mimeData());
+    m_dropped.start();
 }
 
 }  // namespace dorvik

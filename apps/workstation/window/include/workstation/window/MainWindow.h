@@ -108,6 +108,8 @@ private:
     QByteArray m_firstLayout;
     QActionGroup m_themeGroup{nullptr};
     QTimer m_refresh;  // the results have changed
+    QTimer m_dropped;  // something was dropped onto the window
+    std::vector<std::string> m_droppedPaths;
     EventGaps m_gaps;
     std::vector<Subscription> m_events;
 };
