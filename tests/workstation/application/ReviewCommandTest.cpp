@@ -165,6 +165,9 @@ TEST_F(ReviewCommandTest, ClosingTheEnvironmentCancelsABackgroundReview) {
     Review();
     Progress()->tmrInterrupt.Tick();
     m_connect.AddinInstance_OnBeginShutdown();
+    Progress()->tmrInterrupt.Tick();
+    EXPECT_EQ(Progress(), nullptr);
+    EXPECT_FALSE(m_connect.App()->BackgroundReviewActive());
     m_connect.AddinInstance_OnDisconnection();
     m_log.reset();
     EXPECT_FALSE(HasResults("Shop"));

@@ -97,6 +97,28 @@ TEST_F(ReviewOptionsOk, AFolderThatTheUserDeclinesToCreateKeepsTheDialogOpen) {
     EXPECT_FALSE(modFiles::FolderExists(m_folder.Path("new")));
 }
 
+TEST_F(ReviewOptionsOk, AReportsFolderThatIsDeclinedOrCannotBeCreatedIsAskedForByItsName) {
+    OpenAndChoose();
+    m_form->chkReportsFolder.Set(false);
+    m_form->optReports.Set(1);
+    m_form->txtReportsFolder.Set(m_folder.Path("new\\reports"));
+    m_messages.Answers = {MessageAnswer::No};
+    EXPECT_FALSE(m_form->Ok());
+    ASSERT_THAT(m_messages.Messages, SizeIs(2));
+    EXPECT_EQ(
+        m_messages.Messages[1].Text,
+        "Please create the reports folder manually, or enter an alternative path.");
+    EXPECT_EQ(m_form->tbsOptions.Shown.Value(), static_cast<std::int16_t>(Page::Results));
+    m_form->txtReportsFolder.Set(m_folder.Path("Rules.dvk\\reports"));
+    m_messages.Answers = {MessageAnswer::Yes};
+    EXPECT_FALSE(m_form->Ok());
+    ASSERT_THAT(m_messages.Messages, SizeIs(4));
+    EXPECT_EQ(
+        m_messages.Messages[3].Text,
+        "Unable to create the reports folder, please create it manually, or enter an alternative "
+        "path.");
+}
+
 TEST_F(ReviewOptionsOk, AFolderIsCreatedOnRequest) {
     OpenAndChoose();
     m_form->chkReportsFolder.Set(false);
@@ -178,6 +200,7 @@ TEST_F(ReviewOptionsOk, AnEmptyToleranceIsNotSetAndZeroIsALimit) {
     }
     m_form->txtCount[3].Set("");
     m_form->txtImpact[2].Set("none");
+    m_form->txtImpact[4].Set("");
     m_form->txtComments.Set("");
     m_form->txtComplexity.Set("0");
     ASSERT_TRUE(m_form->Ok());
@@ -187,9 +210,19 @@ TEST_F(ReviewOptionsOk, AnEmptyToleranceIsNotSetAndZeroIsALimit) {
     EXPECT_EQ(m_criteria->Tolerances().Count.Item(6), 5);
     EXPECT_EQ(m_criteria->Tolerances().Impact.Item(1), 0);
     EXPECT_EQ(m_criteria->Tolerances().Impact.Item(3), 0);
+    EXPECT_EQ(m_criteria->Tolerances().Impact.Item(5), -1);
     EXPECT_EQ(m_criteria->Tolerances().Impact.Item(6), 50);
     EXPECT_EQ(m_criteria->Tolerances().PercentageComments, -1);
     EXPECT_EQ(m_criteria->Tolerances().CyclomaticComplexity, 0);
+}
+
+TEST_F(ReviewOptionsOk, NoCommentsAreALimitAndNoComplexityIsNone) {
+    OpenAndChoose();
+    m_form->txtComments.Set("0");
+    m_form->txtComplexity.Set("");
+    ASSERT_TRUE(m_form->Ok());
+    EXPECT_EQ(m_criteria->Tolerances().PercentageComments, 0);
+    EXPECT_EQ(m_criteria->Tolerances().CyclomaticComplexity, -1);
 }
 
 TEST_F(ReviewOptionsOk, ATooLargeToleranceKeepsTheFormOpenAndTakesOverNothing) {

@@ -38,7 +38,11 @@ Result Search(std::string_view text, const StoredPlace& place) {
 
 }  // namespace
 
+// A search would find the first of the two lines.
+constexpr const char* kSameLineTwice = "Sub A()\nx = 1\ny = 2\nX = 1\nEnd Sub\n";
+
 TEST(modViolationSearch, LineThatIsStillThereIsFoundInPlace) {
+    EXPECT_EQ(Search(kSameLineTwice, {"X = 1", 4, 4, "A"}), (Result{4, Failure::None}));
     EXPECT_EQ(Search(kModule, {"    m_total = n", 14, 7, "Total"}), (Result{14, Failure::None}));
 }
 
@@ -61,6 +65,7 @@ TEST(modViolationSearch, LineThatMovedWithItsProcedureIsFoundInItsOwnProcedureOn
 }
 
 TEST(modViolationSearch, LineThatDiffersOnlyInCaseMatchesInPlace) {
+    EXPECT_EQ(Search(kSameLineTwice, {"x = 1", 4, 4, "A"}), (Result{4, Failure::None}));
     EXPECT_EQ(Search(kModule, {"    M_TOTAL = N", 14, 7, "Total"}), (Result{14, Failure::None}));
 }
 
