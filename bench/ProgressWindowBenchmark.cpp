@@ -1,5 +1,6 @@
 // What the progress window costs a foreground review: the review of the project that the command line names, results beside
 // it, with nothing on the screen and with the window, its input processed meanwhile. Each is a process of its own, in turns.
+#include "EmptyScreen.h"
 #include "MeasuredProcess.h"
 #include "MeasuredReview.h"
 #include "criteria/ProgressInfo.h"
@@ -27,25 +28,6 @@ namespace dorvik {
 namespace {
 
 constexpr int kRounds = 5;
-
-/// Shows nothing.
-class EmptyScreen final : public IScreen {
-public:
-    void ShowModal(frmAbout&) override {}
-    void ShowModal(frmOptions&) override {}
-    void ShowModal(frmReviewOptions&) override {}
-    void ShowModal(frmProgress& form) override { form.Activate(); }
-    void Show(frmProgress&) override {}
-    void Hide(frmProgress&) override {}
-    void Show(frmReviewSummary&) override {}
-    void Hide(frmReviewSummary&) override {}
-    std::optional<std::string> ChooseFile(const FileRequest&) override { return std::nullopt; }
-    std::optional<std::string> ChooseFolder(std::string_view, std::string_view) override {
-        return std::nullopt;
-    }
-    bool OpenWithSystem(std::string_view) override { return false; }
-    void OpenWithChoice(std::string_view) override {}
-};
 
 /// The longest time that the event loop was kept waiting.
 class Pulse {

@@ -3,6 +3,7 @@
 //
 // usage: WorkbenchBenchmark [VIOLATIONS]
 
+#include "EmptyScreen.h"
 #include "GeneratedReview.h"
 #include "ProgramPath.h"
 #include "criteria/ReviewCriteria.h"
@@ -15,7 +16,6 @@
 #include "workstation/controls/TableExport.h"
 #include "workstation/ide/udocDorvik.h"
 #include "workstation/look/modTheme.h"
-#include "workstation/screen/IScreen.h"
 #include "workstation/view/ViolationColumn.h"
 
 #include <QApplication>
@@ -38,25 +38,6 @@
 namespace dorvik {
 
 namespace {
-
-/// Shows nothing: the bench needs none of its forms here.
-class NoScreen final : public IScreen {
-public:
-    void ShowModal(frmAbout&) override {}
-    void ShowModal(frmOptions&) override {}
-    void ShowModal(frmReviewOptions&) override {}
-    void ShowModal(frmProgress&) override {}
-    void Show(frmProgress&) override {}
-    void Hide(frmProgress&) override {}
-    void Show(frmReviewSummary&) override {}
-    void Hide(frmReviewSummary&) override {}
-    std::optional<std::string> ChooseFile(const FileRequest&) override { return std::nullopt; }
-    std::optional<std::string> ChooseFolder(std::string_view, std::string_view) override {
-        return std::nullopt;
-    }
-    bool OpenWithSystem(std::string_view) override { return false; }
-    void OpenWithChoice(std::string_view) override {}
-};
 
 double ResidentMegabytes() {
     long size = 0;
@@ -119,7 +100,7 @@ void Open(udocDorvik& document, const std::shared_ptr<ReviewCriteria>& criteria)
 }
 
 void MeasureAll(const std::shared_ptr<ReviewCriteria>& criteria) {
-    NoScreen screen;
+    EmptyScreen screen;
     udocDorvik document(screen);
     WorkbenchView bench(document);
     bench.resize(1400, 800);
