@@ -180,8 +180,10 @@ void OptionsWindow::AddMembers(QWidget& page, QBoxLayout& layout, const MemberLi
 void OptionsWindow::AddFoldersPage() {
     QWidget& page = modControls::AddPage(m_pages, m_form.tbsOptions);
     QVBoxLayout& layout = Make<QVBoxLayout>(&page);
-    AddResultsFolder(page, layout);
-    AddReportsFolder(page, layout);
+    modControls::AddFolder(
+        modControls::AddGroup(layout, "Results"), Bound(), modControls::ResultsFolderOf(m_form));
+    modControls::AddFolder(
+        modControls::AddGroup(layout, "Reports"), Bound(), modControls::ReportsFolderOf(m_form));
     QGridLayout& grid = Make<QGridLayout>();
     layout.addLayout(&grid);
     QLineEdit& document = Make<QLineEdit>();
@@ -195,48 +197,6 @@ void OptionsWindow::AddFoldersPage() {
         "Browse for the rulebase document",
         [this] { m_form.BrowseRulebaseDocument(); });
     layout.addStretch();
-}
-
-void OptionsWindow::AddResultsFolder(QWidget& page, QBoxLayout& layout) {
-    QGroupBox& group = Make<QGroupBox>(Text("Results"), &page);
-    layout.addWidget(&group);
-    QVBoxLayout& inside = Make<QVBoxLayout>(&group);
-    modControls::AddFolder(
-        inside,
-        Bound(),
-        {"chkResultsFolder",
-         "&Put results into the folder of the project",
-         m_form.chkResultsFolder,
-         "txtResultsFolder",
-         "&Results folder:",
-         m_form.txtResultsFolder,
-         m_form.ResultsFolderEnabled,
-         "cmdResultsFolder",
-         "Browse for the results folder",
-         [this] {
-             m_form.BrowseResultsFolder();
-         }});
-}
-
-void OptionsWindow::AddReportsFolder(QWidget& page, QBoxLayout& layout) {
-    QGroupBox& group = Make<QGroupBox>(Text("Reports"), &page);
-    layout.addWidget(&group);
-    QVBoxLayout& inside = Make<QVBoxLayout>(&group);
-    modControls::AddFolder(
-        inside,
-        Bound(),
-        {"chkReportsFolder",
-         "Put reports into the &folder of the project",
-         m_form.chkReportsFolder,
-         "txtReportsFolder",
-         "R&eports folder:",
-         m_form.txtReportsFolder,
-         m_form.ReportsFolderEnabled,
-         "cmdReportsFolder",
-         "Browse for the reports folder",
-         [this] {
-             m_form.BrowseReportsFolder();
-         }});
 }
 
 void OptionsWindow::AddButtons(QBoxLayout& layout) {

@@ -34,8 +34,6 @@ private:
     void AddCompletedItems(QWidget& page, QBoxLayout& layout);
     void AddMembers(QWidget& page, QBoxLayout& layout, const MemberList& members);
     void AddFoldersPage();
-    void AddResultsFolder(QWidget& page, QBoxLayout& layout);
-    void AddReportsFolder(QWidget& page, QBoxLayout& layout);
     void AddButtons(QBoxLayout& layout);
 
     frmOptions& m_form;

@@ -114,36 +114,14 @@ void ReviewOptionsWindow::AddResultsPage() {
     Bound().Enabled(background, m_form.BackgroundEnabled);
     modControls::AddCheck(
         layout, Bound(), m_form.chkClearLog, "chkClearLog", "&Clear the log before the review");
-    AddResultsFolder(page, layout);
-    AddReports(page, layout);
+    modControls::AddFolder(
+        modControls::AddGroup(layout, "Results"), Bound(), modControls::ResultsFolderOf(m_form));
+    AddReports(layout);
     layout.addStretch();
 }
 
-void ReviewOptionsWindow::AddResultsFolder(QWidget& page, QBoxLayout& layout) {
-    QGroupBox& group = Make<QGroupBox>(Text("Results"), &page);
-    layout.addWidget(&group);
-    QVBoxLayout& inside = Make<QVBoxLayout>(&group);
-    modControls::AddFolder(
-        inside,
-        Bound(),
-        {"chkResultsFolder",
-         "&Put results into the folder of the project",
-         m_form.chkResultsFolder,
-         "txtResultsFolder",
-         "&Results folder:",
-         m_form.txtResultsFolder,
-         m_form.ResultsFolderEnabled,
-         "cmdResultsFolder",
-         "Browse for the results folder",
-         [this] {
-             m_form.BrowseResultsFolder();
-         }});
-}
-
-void ReviewOptionsWindow::AddReports(QWidget& page, QBoxLayout& layout) {
-    QGroupBox& group = Make<QGroupBox>(Text("Reports"), &page);
-    layout.addWidget(&group);
-    QVBoxLayout& inside = Make<QVBoxLayout>(&group);
+void ReviewOptionsWindow::AddReports(QBoxLayout& layout) {
+    QBoxLayout& inside = modControls::AddGroup(layout, "Reports");
     QHBoxLayout& options = Make<QHBoxLayout>();
     inside.addLayout(&options);
     std::int32_t report = 0;
@@ -155,21 +133,7 @@ void ReviewOptionsWindow::AddReports(QWidget& page, QBoxLayout& layout) {
         ++report;
     }
     options.addStretch();
-    modControls::AddFolder(
-        inside,
-        Bound(),
-        {"chkReportsFolder",
-         "Put reports into the &folder of the project",
-         m_form.chkReportsFolder,
-         "txtReportsFolder",
-         "R&eports folder:",
-         m_form.txtReportsFolder,
-         m_form.ReportsFolderEnabled,
-         "cmdReportsFolder",
-         "Browse for the reports folder",
-         [this] {
-             m_form.BrowseReportsFolder();
-         }});
+    modControls::AddFolder(inside, Bound(), modControls::ReportsFolderOf(m_form));
 }
 
 void ReviewOptionsWindow::AddListPage(

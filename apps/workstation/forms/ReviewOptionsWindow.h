@@ -21,8 +21,7 @@ private:
     void AddProjectsPage();
     void AddRulebaseBox(QWidget& page, QBoxLayout& layout);
     void AddResultsPage();
-    void AddResultsFolder(QWidget& page, QBoxLayout& layout);
-    void AddReports(QWidget& page, QBoxLayout& layout);
+    void AddReports(QBoxLayout& layout);
     void AddListPage(
         CheckList& list,
         Observable<std::string>& heading,

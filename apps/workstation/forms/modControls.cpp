@@ -8,6 +8,7 @@
 #include <QBoxLayout>
 #include <QCheckBox>
 #include <QGridLayout>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -88,6 +89,12 @@ QPushButton& AddRowWithBrowse(
     QPushButton& button = AddButton(place, browseName, "Browse...", std::move(browse));
     button.setAccessibleName(modQt::Text(spoken));
     return button;
+}
+
+QBoxLayout& AddGroup(QBoxLayout& layout, std::string_view title) {
+    QGroupBox& group = modQt::Make<QGroupBox>(modQt::Text(title));
+    layout.addWidget(&group);
+    return modQt::Make<QVBoxLayout>(&group);
 }
 
 void AddFolder(QBoxLayout& layout, Bindings& bindings, const FolderChoice& choice) {

@@ -69,6 +69,41 @@ struct FolderChoice {
     std::function<void()> Browse;
 };
 void AddFolder(QBoxLayout& layout, Bindings& bindings, const FolderChoice& choice);
+/// The two folders of a review, which the options of a review and those of the user both have.
+template <typename Form>
+FolderChoice ResultsFolderOf(Form& form) {
+    return {
+        "chkResultsFolder",
+        "&Put results into the folder of the project",
+        form.chkResultsFolder,
+        "txtResultsFolder",
+        "&Results folder:",
+        form.txtResultsFolder,
+        form.ResultsFolderEnabled,
+        "cmdResultsFolder",
+        "Browse for the results folder",
+        [&form] {
+            form.BrowseResultsFolder();
+        }};
+}
+template <typename Form>
+FolderChoice ReportsFolderOf(Form& form) {
+    return {
+        "chkReportsFolder",
+        "Put reports into the &folder of the project",
+        form.chkReportsFolder,
+        "txtReportsFolder",
+        "R&eports folder:",
+        form.txtReportsFolder,
+        form.ReportsFolderEnabled,
+        "cmdReportsFolder",
+        "Browse for the reports folder",
+        [&form] {
+            form.BrowseReportsFolder();
+        }};
+}
+/// A box with a title at the end of the layout.
+QBoxLayout& AddGroup(QBoxLayout& layout, std::string_view title);
 
 /// The box shows the path as this machine has it, and takes it so.
 void BindPath(Bindings& bindings, QLineEdit& box, Observable<std::string>& path);
