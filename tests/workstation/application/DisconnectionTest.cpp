@@ -1,14 +1,9 @@
 // The environment disconnects the add-in while one of its commands gives way to input.
 #include "criteria/ReviewCriteria.h"
-#include "platform/host/HostFacts.h"
 #include "platform/host/ScopedInstall.h"
 #include "settings/DVKWorkData.h"
-#include "settings/RegistryUtils.h"
-#include "settings/SettingsSections.h"
 #include "settings/modGlobal.h"
 #include "support/CapturedLog.h"
-#include "support/FilesystemPaths.h"
-#include "support/TemporaryFolder.h"
 #include "workstation/application/Connect.h"
 #include "workstation/application/WorkStationApp.h"
 #include "workstation/dialogs/frmOptions.h"
@@ -18,7 +13,7 @@
 #include "workstation/ide/IDEMenus.h"
 #include "workstation/ide/udocDorvik.h"
 #include "workstation/support/ScriptedHost.h"
-#include "workstation/support/ScriptedScreen.h"
+#include "workstation/support/SessionProjectsTest.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -54,22 +49,9 @@ private:
     ScopedInstall<IHostInput> m_asInput{*this};
 };
 
-class DisconnectionTest : public testing::Test {
+class DisconnectionTest : public SessionProjectsTest {
 protected:
-    DisconnectionTest() : m_store(RegistryRoot::CurrentUser, m_settings) {
-        std::filesystem::copy(
-            DORVIK_SESSION_PROJECTS, m_folder.HostPath(), std::filesystem::copy_options::recursive);
-        std::filesystem::copy_file(DORVIK_SESSION_RULEBASE, m_folder.HostPath() / "Rules.dvk");
-        m_facts.UserDataFolder = m_folder.Path("state\\");
-        m_facts.ProgramFolder = ProgramPath(std::filesystem::path(DORVIK_PROGRAM_FOLDER)) + "\\";
-        m_screen.OnReviewOptions = [this](frmReviewOptions& form) {
-            form.cboRulebase.Set(m_folder.Path("Rules.dvk"));
-            form.chkBackground.Set(m_inBackground);
-            form.Ok();
-        };
-        m_screen.OnProgress = [](frmProgress& form) {
-            form.Activate();
-        };
+    DisconnectionTest() {
         m_project = &m_host.AddProject("Shop", m_folder.Path("Shop\\Shop.vbp"));
         m_connect.AddinInstance_OnConnection(m_host, ConnectMode::Startup, m_screen);
         modGlobal::WorkData().AlwaysShowSummary = false;
@@ -112,18 +94,11 @@ protected:
         m_log->Clear();
     }
 
-    TemporaryFolder m_folder;
-    HostFacts m_facts;
-    ScopedInstall<const HostFacts> m_installedFacts{m_facts};
-    SettingsSections m_settings;
-    ScopedSettingsStore m_store;
     Interruption m_interruption;
     ScriptedHost m_host;
-    ScriptedScreen m_screen;
     Connect m_connect;
     std::optional<CapturedLog> m_log;
     ScriptedProject* m_project = nullptr;
-    bool m_inBackground = false;
     bool m_isDisconnected = false;
 };
 

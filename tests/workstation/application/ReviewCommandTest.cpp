@@ -1,15 +1,9 @@
 // Reviews of projects on disk that are open in an environment which the test writes.
 #include "criteria/ReviewCriteria.h"
-#include "platform/host/HostFacts.h"
-#include "platform/host/ScopedInstall.h"
 #include "settings/DVKWorkData.h"
-#include "settings/RegistryUtils.h"
-#include "settings/SettingsSections.h"
 #include "settings/modGlobal.h"
 #include "support/CapturedLog.h"
-#include "support/FilesystemPaths.h"
 #include "support/RecordingMessageBox.h"
-#include "support/TemporaryFolder.h"
 #include "workstation/application/Connect.h"
 #include "workstation/application/WorkStationApp.h"
 #include "workstation/dialogs/frmProgress.h"
@@ -18,7 +12,7 @@
 #include "workstation/ide/IDEMenus.h"
 #include "workstation/ide/udocDorvik.h"
 #include "workstation/support/ScriptedHost.h"
-#include "workstation/support/ScriptedScreen.h"
+#include "workstation/support/SessionProjectsTest.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -33,23 +27,8 @@ using testing::Contains;
 using testing::IsEmpty;
 using testing::Not;
 
-class ReviewCommandTest : public testing::Test {
+class ReviewCommandTest : public SessionProjectsTest {
 protected:
-    ReviewCommandTest() : m_store(RegistryRoot::CurrentUser, m_settings) {
-        std::filesystem::copy(
-            DORVIK_SESSION_PROJECTS, m_folder.HostPath(), std::filesystem::copy_options::recursive);
-        std::filesystem::copy_file(DORVIK_SESSION_RULEBASE, m_folder.HostPath() / "Rules.dvk");
-        m_facts.UserDataFolder = m_folder.Path("state\\");
-        m_facts.ProgramFolder = ProgramPath(std::filesystem::path(DORVIK_PROGRAM_FOLDER)) + "\\";
-        m_screen.OnReviewOptions = [this](frmReviewOptions& form) {
-            form.cboRulebase.Set(m_folder.Path("Rules.dvk"));
-            form.chkBackground.Set(m_inBackground);
-            form.Ok();
-        };
-        m_screen.OnProgress = [](frmProgress& form) {
-            form.Activate();
-        };
-    }
     void Start() {
         m_host.AddProject("Shop", m_folder.Path("Shop\\Shop.vbp"))
             .AddComponent(
@@ -76,17 +55,10 @@ protected:
             m_folder.HostPath() / name / "Dorvik" / (name + "_DORVIK.mdb"));
     }
 
-    TemporaryFolder m_folder;
-    HostFacts m_facts;
-    ScopedInstall<const HostFacts> m_installedFacts{m_facts};
-    SettingsSections m_settings;
-    ScopedSettingsStore m_store;
     RecordingMessageBox m_boxes;
     ScriptedHost m_host;
-    ScriptedScreen m_screen;
     Connect m_connect;
     std::optional<CapturedLog> m_log;
-    bool m_inBackground = false;
 };
 
 TEST_F(ReviewCommandTest, AForegroundReviewShowsItsResultsAndTheBench) {

@@ -78,7 +78,7 @@ TEST_F(FindingsTest, TheCountsOfFilesAndProceduresAddUp) {
 TEST_F(FindingsTest, TheFirstReviewComesWithTheDialogAndTheNextWithout) {
     App().ReviewAgain();
     App().ReviewAgain();
-    EXPECT_EQ(m_dialogs, 1);
+    EXPECT_EQ(Dialogs(), 1);
     EXPECT_EQ(std::ranges::count(m_screen.Calls, "progress"), 2);
 }
 
@@ -86,7 +86,7 @@ TEST_F(FindingsTest, AReviewThatTheDialogWouldRefuseComesWithIt) {
     App().ReviewAgain();
     std::filesystem::remove(m_folder.HostPath() / "Rules.dvk");
     App().ReviewAgain();
-    EXPECT_EQ(m_dialogs, 2);
+    EXPECT_EQ(Dialogs(), 2);
     EXPECT_FALSE(m_boxes.Messages.empty());
 }
 
