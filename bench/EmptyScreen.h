@@ -1,6 +1,5 @@
 #pragma once
 
-#include "workstation/dialogs/frmProgress.h"
 #include "workstation/screen/IScreen.h"
 
 #include <optional>
@@ -15,7 +14,7 @@ public:
     void ShowModal(frmAbout&) override {}
     void ShowModal(frmOptions&) override {}
     void ShowModal(frmReviewOptions&) override {}
-    void ShowModal(frmProgress& form) override { form.Activate(); }
+    void ShowModal(frmProgress& form) override;
     void Show(frmProgress&) override {}
     void Hide(frmProgress&) override {}
     void Show(frmReviewSummary&) override {}

@@ -130,6 +130,5 @@ int main(int argc, char* argv[]) {
         std::puts("ProgressWindowBenchmark PROJECT.vbp");
         return 2;
     }
-    using namespace dorvik;
-    return Measure(modHostPath::ToProgram(modHostPath::FromUser(argv[1])));
+    return dorvik::Measure(dorvik::modHostPath::ToProgram(dorvik::modHostPath::FromUser(argv[1])));
 }
