@@ -4,15 +4,10 @@
 #include "platform/host/ScopedInstall.h"
 #include "settings/RegistryUtils.h"
 #include "settings/SettingsSections.h"
-#include "support/FilesystemPaths.h"
 #include "support/TemporaryFolder.h"
-#include "workstation/dialogs/frmProgress.h"
-#include "workstation/dialogs/frmReviewOptions.h"
 #include "workstation/support/ScriptedScreen.h"
 
 #include <gtest/gtest.h>
-
-#include <filesystem>
 
 namespace dorvik::test {
 
@@ -20,21 +15,7 @@ namespace dorvik::test {
 /// user's settings, which are empty, and a screen on which the options of a review are left with OK.
 class SessionProjectsTest : public testing::Test {
 protected:
-    SessionProjectsTest() : m_store(RegistryRoot::CurrentUser, m_settings) {
-        std::filesystem::copy(
-            DORVIK_SESSION_PROJECTS, m_folder.HostPath(), std::filesystem::copy_options::recursive);
-        std::filesystem::copy_file(DORVIK_SESSION_RULEBASE, m_folder.HostPath() / "Rules.dvk");
-        m_facts.UserDataFolder = m_folder.Path("state\\");
-        m_facts.ProgramFolder = ProgramPath(std::filesystem::path(DORVIK_PROGRAM_FOLDER)) + "\\";
-        m_screen.OnReviewOptions = [this](frmReviewOptions& form) {
-            form.cboRulebase.Set(m_folder.Path("Rules.dvk"));
-            form.chkBackground.Set(m_inBackground);
-            form.Ok();
-        };
-        m_screen.OnProgress = [](frmProgress& form) {
-            form.Activate();
-        };
-    }
+    SessionProjectsTest();
 
     TemporaryFolder m_folder;
     HostFacts m_facts;
